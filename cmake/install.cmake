@@ -1,0 +1,1 @@
+# filled in below: libraries, headers, package files
