@@ -1,1 +1,28 @@
-# filled in below: libraries, headers, package files
+# Libraries, bundles, headers, the map host, a CMake package and a pkg-config file.
+include(CMakePackageConfigHelpers)
+
+install(TARGETS vxk_platform vxk_lr2d_edit_form EXPORT vxk_lr2d_edit_form_targets
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+get_property(vx_bundles GLOBAL PROPERTY VX_BUNDLES)
+add_custom_target(vxk_bundles)
+if(vx_bundles)
+    add_dependencies(vxk_bundles ${vx_bundles})
+    install(TARGETS ${vx_bundles} LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/vxk_bundles)
+endif()
+if(TARGET vx_map)
+    install(TARGETS vx_map RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+endif()
+install(DIRECTORY ${CMAKE_SOURCE_DIR}/src/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vxk_lr2d_edit_form
+        FILES_MATCHING PATTERN "*.h" PATTERN "*_priv.h" EXCLUDE)
+
+set(vx_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/vxk_lr2d_edit_form)
+install(EXPORT vxk_lr2d_edit_form_targets NAMESPACE vxk:: DESTINATION ${vx_package_dir})
+configure_package_config_file(${CMAKE_SOURCE_DIR}/cmake/vxk_lr2d_edit_form-config.cmake.in
+    ${CMAKE_BINARY_DIR}/vxk_lr2d_edit_form-config.cmake INSTALL_DESTINATION ${vx_package_dir})
+write_basic_package_version_file(${CMAKE_BINARY_DIR}/vxk_lr2d_edit_form-config-version.cmake
+    COMPATIBILITY SameMinorVersion)
+install(FILES ${CMAKE_BINARY_DIR}/vxk_lr2d_edit_form-config.cmake
+              ${CMAKE_BINARY_DIR}/vxk_lr2d_edit_form-config-version.cmake DESTINATION ${vx_package_dir})
+file(RELATIVE_PATH vx_pc_to_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+configure_file(${CMAKE_SOURCE_DIR}/cmake/vxk_lr2d_edit_form.pc.in ${CMAKE_BINARY_DIR}/vxk_lr2d_edit_form.pc @ONLY)
+install(FILES ${CMAKE_BINARY_DIR}/vxk_lr2d_edit_form.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
