@@ -3,7 +3,7 @@
 # Usage: tools/setup.sh [build|test]
 set -euo pipefail
 packages=(g++ cmake ninja-build ccache pkg-config qt6-base-dev libqt6svg6-dev libgl-dev libgdal-dev libsqlite3-dev libshp-dev
-          libpugixml-dev libicu-dev python3-minimal fonts-dejavu-core)
+          libpugixml-dev libicu-dev python3 fonts-dejavu-core)
 [ "${1:-build}" = test ] && packages+=(libgtest-dev libgmock-dev libbenchmark-dev clang-format binutils)
 
 missing=()
