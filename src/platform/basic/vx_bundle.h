@@ -6,9 +6,10 @@
 /// What a bundle and the engine know of each other.
 ///
 /// A bundle is a module that is loaded at run time and never linked: a shared library in the bundle folder
-/// (`vxk_bundles` beside the engine's own library). It exports one C function, `vxk_bundle_entry`, which the engine
-/// calls once, on the thread that loads the bundles. The entry registers what the bundle has to offer: data set
-/// drivers and service factories. A bundle stays loaded until the process ends, so what it registered may be static.
+/// (`vxk_bundles` beside the engine's own library). It exports one C function, `vxk_bundle_entry`, which the
+/// engine calls once, on the thread that loads the bundles. The entry registers what the bundle has to offer:
+/// data set drivers and service factories. A bundle stays loaded until the process ends, so what it
+/// registered may be static.
 ///
 ///     VX_C_API bool vxk_bundle_entry(Tvx_bundle_context const* context)
 ///     {
@@ -28,49 +29,53 @@ inline constexpr char c_vx_bundle_entry_name[] = "vxk_bundle_entry";
 struct Tvx_datasource_driver
 {
     /// Short name for messages and for `vx_datasource_driver_*`; must be unique among the drivers.
-    char const* id;
-    /// The driver of the greatest priority that can open a source is asked first; of equal ones the first added.
+    char const *id;
+    /// The driver of the greatest priority that can open a source is asked first; of equal ones the first
+    /// added.
     int priority;
-    void* context;
-    /// A cheap look at the source text and, at most, at the first bytes of the file. True promises nothing; it only
-    /// says that `open` is worth a try. Null counts as true for every source.
-    bool (*can_open)(void* context, wchar_t const* source);
-    /// Opens `source`, a connection string, and leaves the handle in `result`; on failure a null handle, and the
-    /// reason as one sentence in `error`. `result` is null when the call begins. The caller ends the source with
-    /// its `detach`. A source that is opened read-only leaves no file changed or made.
-    void (*open)(void* context, wchar_t const* source, bool read_only, t_vx_data_source_interface* result,
-                 Ivx_string_adp* error);
-    /// As `open`, for a new data set of the kind `driver_type`. Null when the driver makes none; a driver that does
-    /// not know the kind leaves a null handle without an error, and the next one is asked.
-    void (*create)(void* context, wchar_t const* source, int driver_type, t_vx_data_source_interface* result,
-                   Ivx_string_adp* error);
+    void *context;
+    /// A cheap look at the source text and, at most, at the first bytes of the file. True promises nothing;
+    /// it only says that `open` is worth a try. Null counts as true for every source.
+    bool (*can_open)(void *context, wchar_t const *source);
+    /// Opens `source`, a connection string, and leaves the handle in `result`; on failure a null handle, and
+    /// the reason as one sentence in `error`. `result` is null when the call begins. The caller ends the
+    /// source with its `detach`. A source that is opened read-only leaves no file changed or made.
+    void (*open)(void *context, wchar_t const *source, bool read_only, t_vx_data_source_interface *result,
+                 Ivx_string_adp *error);
+    /// As `open`, for a new data set of the kind `driver_type`. Null when the driver makes none; a driver
+    /// that does not know the kind leaves a null handle without an error, and the next one is asked.
+    void (*create)(void *context, wchar_t const *source, int driver_type, t_vx_data_source_interface *result,
+                   Ivx_string_adp *error);
 };
 
-/// What the engine offers to the entry function. `host` is the first argument of each function. The context is valid
-/// for the life of the process.
+/// What the engine offers to the entry function. `host` is the first argument of each function. The context
+/// is valid for the life of the process.
 struct Tvx_bundle_context
 {
     int version;
-    void* host;
+    void *host;
     /// The driver is kept by pointer. False when its id is taken, or `open` or `id` is null.
-    bool (*add_driver)(void* host, Tvx_datasource_driver const* driver);
-    void (*remove_driver)(void* host, Tvx_datasource_driver const* driver);
-    /// The factory answers under the category, a wide text such as the one of an editor's extension category. A null
-    /// handle is refused; the same factory is kept once for each category.
-    bool (*add_service_factory)(void* host, wchar_t const* category, t_vx_service_factory_interface factory);
-    void (*remove_service_factory)(void* host, wchar_t const* category, t_vx_service_factory_interface factory);
+    bool (*add_driver)(void *host, Tvx_datasource_driver const *driver);
+    void (*remove_driver)(void *host, Tvx_datasource_driver const *driver);
+    /// The factory answers under the category, a wide text such as the one of an editor's extension category.
+    /// A null handle is refused; the same factory is kept once for each category.
+    bool (*add_service_factory)(void *host, wchar_t const *category, t_vx_service_factory_interface factory);
+    void (*remove_service_factory)(void *host, wchar_t const *category,
+                                   t_vx_service_factory_interface factory);
 };
 
 /// The entry function of a bundle: false when it refuses to work; it has then registered nothing.
-using Tvx_bundle_entry = bool (*)(Tvx_bundle_context const* context);
+using Tvx_bundle_entry = bool (*)(Tvx_bundle_context const *context);
 
-/// Loads every bundle of the bundle folder, once in the life of the process; later calls do nothing. Called by
-/// `vx_datasource_open` and `vx_service_registry_with_services` on first use, so a host need not.
+/// Loads every bundle of the bundle folder, once in the life of the process; later calls do nothing. Called
+/// by `vx_datasource_open` and `vx_service_registry_with_services` on first use, so a host need not.
 VX_API void vx_bundles_load();
-/// The folder that is searched. Set before the first use; empty stands for `vxk_bundles` beside the engine's library.
-VX_API void vx_bundles_set_directory(wchar_t const* directory);
-/// Loads one bundle by its file name and runs its entry. False, with the reason in `error` (may be null), when the
-/// file is no bundle or the entry refuses. A bundle that is loaded already counts as success and is not entered again.
-VX_API bool vx_bundle_load(wchar_t const* file_name, Ivx_string_adp* error);
+/// The folder that is searched. Set before the first use; empty stands for `vxk_bundles` beside the engine's
+/// library.
+VX_API void vx_bundles_set_directory(wchar_t const *directory);
+/// Loads one bundle by its file name and runs its entry. False, with the reason in `error` (may be null),
+/// when the file is no bundle or the entry refuses. A bundle that is loaded already counts as success and is
+/// not entered again.
+VX_API bool vx_bundle_load(wchar_t const *file_name, Ivx_string_adp *error);
 /// Number of bundles whose entry succeeded.
 [[nodiscard]] VX_API int vx_bundles_get_count();

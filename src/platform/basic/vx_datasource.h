@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/base/export.h"
+#include "platform/base/string_adp.h"
+
+struct t_vx_data_source_interface;
+struct Tvx_datasource_driver;
+
+/// Data sets over the registered drivers (see platform/basic/vx_bundle.h). Main thread only.
+
+/// Opens the data set that the connection string names and leaves its handle in `result`; a null handle when
+/// no driver can open it (`vx_datasource_get_error` then tells why). A leading virtual mark "*" is not passed
+/// on. The caller ends the source with its `detach`. The bundles are loaded on first use.
+VX_API void vx_datasource_open(wchar_t const *source, bool read_only, t_vx_data_source_interface *result);
+/// Makes a new data set; `driver_type` goes to the drivers unchanged.
+VX_API void vx_datasource_create(wchar_t const *source, int driver_type, t_vx_data_source_interface *result);
+/// The reason of this thread's last failed open or create, one sentence; empty after a success.
+VX_API void vx_datasource_get_error(Ivx_string_adp *error);
+
+/// A connection kept for repeated opening: an owned copy of the source text. Ended by
+/// `vx_datasource_connect_destroy`.
+[[nodiscard]] VX_API void *vx_datasource_connect_create(wchar_t const *source);
+VX_API void vx_datasource_connect_destroy(void *connect);
+/// As `vx_datasource_open`; a null connection leaves a null handle.
+VX_API void vx_datasource_connect_open(void *connect, bool read_only, t_vx_data_source_interface *result);
+VX_API void vx_datasource_connect_get_source(void *connect, Ivx_string_adp *source);
+
+/// Drivers in the order in which they are asked. A driver is kept by pointer and stays its owner's.
+VX_API bool vx_datasource_add_driver(Tvx_datasource_driver const *driver);
+VX_API void vx_datasource_remove_driver(Tvx_datasource_driver const *driver);
+[[nodiscard]] VX_API int vx_datasource_driver_count();
+/// Id of driver `index` from 0; empty when there is none.
+[[nodiscard]] VX_API char const *vx_datasource_driver_id(int index);

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "platform/base/export.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+/// Files by wide path. Paths are UTF-8 on disk; "\" is an ordinary character here (see data/filesystem for
+/// the historical rules).
+
+[[nodiscard]] VX_API std::string vx_path_to_native(std::wstring_view path);
+[[nodiscard]] VX_API std::wstring vx_path_from_native(std::string_view path);
+/// True for anything that stands at the path.
+[[nodiscard]] VX_API bool vx_path_exists(std::wstring const &path);
+[[nodiscard]] VX_API bool vx_is_file(std::wstring const &path);
+[[nodiscard]] VX_API bool vx_is_directory(std::wstring const &path);
+
+/// Largest file that `vx_file_read` takes unless told otherwise.
+inline constexpr std::size_t c_file_read_limit = std::size_t{1} << 30;
+
+/// The whole content of a regular file. Nothing when it cannot be read, is no regular file (a FIFO does not
+/// block) or is longer than `limit`; `error` then holds one sentence.
+[[nodiscard]] VX_API std::optional<std::string> vx_file_read(std::wstring const &path, std::wstring &error,
+                                                             std::size_t limit = c_file_read_limit);
+
+/// The one way to save a file: all of it or nothing.
+///
+/// The bytes go into a new file beside the target, are flushed to the disk, and take the target's place in
+/// one step; the directory is flushed last. At any failure, a full disk or a crash included, the target is
+/// what it was and no other file is left. A symbolic link stays a link: the file that it points to is
+/// replaced. An existing target keeps its permissions. False, with one sentence in `error`, when a step
+/// failed.
+[[nodiscard]] VX_API bool vx_save_atomic(std::wstring const &path, std::string_view bytes,
+                                         std::wstring &error);
+
+/// Makes a directory with all levels above it; true when it exists afterwards.
+[[nodiscard]] VX_API bool vx_make_directories(std::wstring const &path);
+
+/// The system calls of the atomic save, to be replaced one by one in tests of failures. They have the rules
+/// of the functions of the same name: negative or -1 at failure, with `errno`.
+struct Tvx_file_calls
+{
+    int (*open)(char const *path, int flags, unsigned mode);
+    long (*write)(int file, void const *data, std::size_t size);
+    int (*fsync)(int file);
+    int (*close)(int file);
+    int (*rename)(char const *from, char const *to);
+    int (*unlink)(char const *path);
+};
+/// Puts the table in place of the present one, and gives that. Null puts the system's own calls back.
+VX_API Tvx_file_calls vx_set_file_calls(Tvx_file_calls const *calls);
