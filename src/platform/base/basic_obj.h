@@ -7,7 +7,7 @@ class VX_API Tvx_basic_obj
 {
 public:
     Tvx_basic_obj() = default;
-    Tvx_basic_obj(Tvx_basic_obj const&) = default;
-    Tvx_basic_obj& operator=(Tvx_basic_obj const&) = default;
+    Tvx_basic_obj(Tvx_basic_obj const &) = default;
+    Tvx_basic_obj &operator=(Tvx_basic_obj const &) = default;
     virtual ~Tvx_basic_obj();
 };

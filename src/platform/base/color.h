@@ -10,7 +10,7 @@ struct Tvx_color
     std::uint8_t b = 0;
     std::uint8_t a = 0;
 
-    friend constexpr bool operator==(Tvx_color const&, Tvx_color const&) = default;
+    friend constexpr bool operator==(Tvx_color const &, Tvx_color const &) = default;
 };
 static_assert(sizeof(Tvx_color) == 4);
 

@@ -8,7 +8,7 @@ struct Tvx_pnt_d2
 {
     double x = 0;
     double y = 0;
-    friend constexpr bool operator==(Tvx_pnt_d2 const&, Tvx_pnt_d2 const&) = default;
+    friend constexpr bool operator==(Tvx_pnt_d2 const &, Tvx_pnt_d2 const &) = default;
 };
 
 /// A point in space.
@@ -17,10 +17,11 @@ struct Tvx_pnt_d3
     double x = 0;
     double y = 0;
     double z = 0;
-    friend constexpr bool operator==(Tvx_pnt_d3 const&, Tvx_pnt_d3 const&) = default;
+    friend constexpr bool operator==(Tvx_pnt_d3 const &, Tvx_pnt_d3 const &) = default;
 };
 
-/// A box with its edges parallel to the axes, both ends inside. A new box is empty: its lower bounds are above the upper.
+/// A box with its edges parallel to the axes, both ends inside. A new box is empty: its lower bounds are
+/// above the upper.
 struct Tvx_box_d2
 {
     double min_x = std::numeric_limits<double>::infinity();
@@ -40,18 +41,18 @@ struct Tvx_box_d2
         max_x = std::max(max_x, x);
         max_y = std::max(max_y, y);
     }
-    constexpr void add(Tvx_box_d2 const& box)
+    constexpr void add(Tvx_box_d2 const &box)
     {
         if (box.is_empty())
             return;
         add(box.min_x, box.min_y);
         add(box.max_x, box.max_y);
     }
-    [[nodiscard]] constexpr bool intersects(Tvx_box_d2 const& box) const
+    [[nodiscard]] constexpr bool intersects(Tvx_box_d2 const &box) const
     {
         return min_x <= box.max_x && box.min_x <= max_x && min_y <= box.max_y && box.min_y <= max_y;
     }
-    friend constexpr bool operator==(Tvx_box_d2 const&, Tvx_box_d2 const&) = default;
+    friend constexpr bool operator==(Tvx_box_d2 const &, Tvx_box_d2 const &) = default;
 };
 
 /// As `Tvx_box_d2`, in space.
@@ -68,7 +69,7 @@ struct Tvx_box_d3
     {
         return !(min_x <= max_x && min_y <= max_y && min_z <= max_z);
     }
-    friend constexpr bool operator==(Tvx_box_d3 const&, Tvx_box_d3 const&) = default;
+    friend constexpr bool operator==(Tvx_box_d3 const &, Tvx_box_d3 const &) = default;
 };
 
 /// A matrix of homogeneous coordinates of the plane, by rows: x' = m[0][0] x + m[0][1] y + m[0][2].

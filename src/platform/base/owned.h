@@ -2,14 +2,13 @@
 
 #include <memory>
 
-namespace vx
-{
+namespace vx {
 /// Calls a plain destroy function on the pointer, for `std::unique_ptr`.
 template <auto Destroy>
 struct destroyer
 {
     template <class T>
-    void operator()(T* object) const noexcept
+    void operator()(T *object) const noexcept
     {
         Destroy(object);
     }

@@ -1,12 +1,10 @@
 #include "platform/base/text_codec.h"
 
-namespace vx::text
-{
-namespace
-{
+namespace vx::text {
+namespace {
 constexpr wchar_t c_replacement = 0xFFFD;
 
-codec& installed()
+codec &installed()
 {
     static codec c{nullptr, nullptr};
     return c;
@@ -24,7 +22,7 @@ bool is_continuation(unsigned char c)
     return (c & 0xC0) == 0x80;
 }
 
-void append_utf8(std::string& out, char32_t c)
+void append_utf8(std::string &out, char32_t c)
 {
     if (c < 0x80) {
         out += static_cast<char>(c);
@@ -44,7 +42,7 @@ void append_utf8(std::string& out, char32_t c)
 }
 } // namespace
 
-void set_codec(codec const& c)
+void set_codec(codec const &c)
 {
     installed() = c;
 }
@@ -71,7 +69,8 @@ std::wstring utf8_to_wide(std::string_view text)
             ++i;
             continue;
         }
-        // The allowed range of the second byte keeps out over-long forms, surrogates and values above U+10FFFF.
+        // The allowed range of the second byte keeps out over-long forms, surrogates and values above
+        // U+10FFFF.
         int more = 0;
         unsigned char low = 0x80;
         unsigned char high = 0xBF;

@@ -7,10 +7,9 @@
 
 /// Text conversion between the wide form (`wchar_t`, one code point a unit) and 8-bit code pages.
 ///
-/// UTF-8 is built in. Other code pages are answered by a converter that the module `platform/winapi` installs when it
-/// is loaded; without one they are treated as UTF-8.
-namespace vx::text
-{
+/// UTF-8 is built in. Other code pages are answered by a converter that the module `platform/winapi` installs
+/// when it is loaded; without one they are treated as UTF-8.
+namespace vx::text {
 inline constexpr unsigned c_cp_system = 0; ///< the system code page, see `system_code_page`
 inline constexpr unsigned c_cp_utf8 = 65001;
 
@@ -20,7 +19,7 @@ struct codec
     std::wstring (*to_wide)(std::string_view text, unsigned code_page);
     std::string (*to_bytes)(std::wstring_view text, unsigned code_page);
 };
-VX_API void set_codec(codec const& c);
+VX_API void set_codec(codec const &c);
 
 /// What code page 0 stands for; UTF-8 unless the host chose another.
 [[nodiscard]] VX_API unsigned system_code_page();

@@ -1,0 +1,328 @@
+#include "data/filesystem/filesystem.h"
+#include "data/filesystem/strutil.h"
+
+#include "platform/base/text_codec.h"
+
+#include <algorithm>
+#include <dirent.h>
+#include <fcntl.h>
+#include <filesystem>
+#include <pwd.h>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace vx::filesystem {
+namespace {
+namespace fs = std::filesystem;
+
+std::wstring from_system(std::string_view path)
+{
+    return native_path(text::utf8_to_wide(path));
+}
+
+/// Follows links; false when nothing is there.
+bool status_of(std::wstring const &path, struct stat &out)
+{
+    return !path.empty() && ::stat(system_path(path).c_str(), &out) == 0;
+}
+
+bool is_link(std::wstring const &path)
+{
+    struct stat s;
+    return ::lstat(system_path(path).c_str(), &s) == 0 && S_ISLNK(s.st_mode);
+}
+
+bool can_open(std::wstring const &path, int mode)
+{
+    if (is_directory(path))
+        return false;
+    // Without O_NONBLOCK a pipe without a peer would hold us here for ever.
+    int const file = ::open(system_path(path).c_str(), mode | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
+    if (file < 0)
+        return false;
+    ::close(file);
+    return true;
+}
+
+/// `*` any text, `?` one character. Runs in steps of at most |name| times |pattern|.
+bool fits(std::wstring_view name, std::wstring_view pattern)
+{
+    if (pattern == L"*.*")
+        return true;
+    std::size_t n = 0;
+    std::size_t p = 0;
+    std::size_t star = std::wstring_view::npos;
+    std::size_t star_name = 0;
+    while (n < name.size()) {
+        if (p < pattern.size() && pattern[p] == L'*') {
+            star = p++;
+            star_name = n;
+        } else if (p < pattern.size() && (pattern[p] == L'?' || pattern[p] == name[n])) {
+            ++p;
+            ++n;
+        } else if (star != std::wstring_view::npos) {
+            p = star + 1;
+            n = ++star_name;
+        } else {
+            return false;
+        }
+    }
+    while (p < pattern.size() && pattern[p] == L'*')
+        ++p;
+    return p == pattern.size();
+}
+
+std::vector<std::wstring> names_in(std::wstring const &dir)
+{
+    std::vector<std::wstring> names;
+    DIR *const handle = ::opendir(dir.empty() ? "." : system_path(dir).c_str());
+    if (!handle)
+        return names;
+    while (dirent const *entry = ::readdir(handle)) {
+        std::wstring name = text::utf8_to_wide(entry->d_name);
+        if (name != L"." && name != L"..")
+            names.push_back(std::move(name));
+    }
+    ::closedir(handle);
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+void list_directory(std::wstring const &dir, std::wstring const &pattern, int flags,
+                    std::vector<std::wstring> &out)
+{
+    bool const recursive = (flags & c_find_recursive) != 0;
+    for (auto const &name : names_in(dir)) {
+        std::wstring const path = combine(dir, name);
+        if (is_directory(path)) {
+            // A link to a directory above would lead round for ever.
+            if (recursive && !is_link(path))
+                list_directory(path, pattern, flags, out);
+            if ((flags & c_find_directories) && fits(name, pattern))
+                out.push_back(path);
+        } else if ((flags & c_find_files) && fits(name, pattern)) {
+            out.push_back(path);
+        }
+    }
+}
+
+/// Whether `path` is `dir` or lies below it, as the disk has them.
+bool lies_below(std::wstring const &path, std::wstring const &dir)
+{
+    std::error_code error;
+    fs::path const inner = fs::weakly_canonical(system_path(path), error);
+    if (error)
+        return false;
+    fs::path const outer = fs::weakly_canonical(system_path(dir), error);
+    if (error)
+        return false;
+    auto const [in, out] = std::mismatch(inner.begin(), inner.end(), outer.begin(), outer.end());
+    return out == outer.end();
+}
+} // namespace
+
+std::string system_path(std::wstring const &path)
+{
+    std::string out = text::wide_to_utf8(path);
+    std::replace(out.begin(), out.end(), '\\', '/');
+    return out;
+}
+
+std::wstring current_path()
+{
+    std::error_code error;
+    auto const path = fs::current_path(error);
+    return error ? std::wstring() : include_directory_separator(from_system(path.native()));
+}
+
+std::wstring temp_directory()
+{
+    std::error_code error;
+    auto const path = fs::temp_directory_path(error);
+    return error ? std::wstring() : include_directory_separator(from_system(path.native()));
+}
+
+std::wstring temp_filename(std::wstring const &dir, std::wstring const &prefix)
+{
+    std::string name = system_path(combine(dir.empty() ? temp_directory() : dir, prefix + L"XXXXXX.tmp"));
+    int const file = ::mkstemps(name.data(), 4);
+    if (file < 0)
+        return {};
+    ::close(file);
+    return from_system(name);
+}
+
+std::wstring username()
+{
+    char buffer[4096];
+    passwd entry;
+    passwd *found = nullptr;
+    if (::getpwuid_r(::geteuid(), &entry, buffer, sizeof buffer, &found) != 0 || !found)
+        return {};
+    return text::utf8_to_wide(found->pw_name);
+}
+
+std::wstring hostname()
+{
+    char buffer[256] = {};
+    if (::gethostname(buffer, sizeof buffer - 1) != 0)
+        return {};
+    return text::utf8_to_wide(buffer);
+}
+
+bool is_directory(std::wstring const &path)
+{
+    struct stat s;
+    return status_of(path, s) && S_ISDIR(s.st_mode);
+}
+
+bool is_file(std::wstring const &path)
+{
+    struct stat s;
+    return status_of(path, s) && !S_ISDIR(s.st_mode);
+}
+
+bool path_exist(std::wstring const &path)
+{
+    struct stat s;
+    return status_of(path, s);
+}
+
+long long file_mtime(std::wstring const &path)
+{
+    struct stat s;
+    return status_of(path, s) ? static_cast<long long>(s.st_mtime) : 0;
+}
+
+long long file_size(std::wstring const &path)
+{
+    struct stat s;
+    return status_of(path, s) ? static_cast<long long>(s.st_size) : 0;
+}
+
+bool file_readable(std::wstring const &path)
+{
+    return can_open(path, O_RDONLY);
+}
+
+bool file_writable(std::wstring const &path)
+{
+    return can_open(path, O_RDWR);
+}
+
+bool copy_file(std::wstring const &from, std::wstring const &to, bool overwrite)
+{
+    std::error_code error;
+    auto const option = overwrite ? fs::copy_options::overwrite_existing : fs::copy_options::none;
+    return fs::copy_file(system_path(from), system_path(to), option, error);
+}
+
+bool move_file(std::wstring const &from, std::wstring const &to, bool overwrite)
+{
+    std::string const source = system_path(from);
+    std::string const target = system_path(to);
+    unsigned const no_replace = overwrite ? 0 : RENAME_NOREPLACE;
+    if (::renameat2(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(), no_replace) == 0)
+        return true;
+    if (errno != EXDEV && errno != EINVAL)
+        return false;
+    // Another device, or a file system without the no-replace rename.
+    if (!is_file(from) || is_link(from) || (!overwrite && path_exist(to)))
+        return false;
+    return copy_file(from, to, overwrite) && remove_file(from);
+}
+
+bool remove_file(std::wstring const &path)
+{
+    return ::unlink(system_path(path).c_str()) == 0;
+}
+
+bool make_directory(std::wstring const &path)
+{
+    return path_exist(path) || ::mkdir(system_path(path).c_str(), 0777) == 0;
+}
+
+bool make_path(std::wstring const &path)
+{
+    if (path_exist(path))
+        return is_directory(path);
+    std::wstring level;
+    if (!path.empty() && (path[0] == L'\\' || path[0] == L'/'))
+        level = L"\\";
+    for (auto const &piece : strutil::split_any(path, all_directory_separators, strutil::split_skip_empty)) {
+        level += piece + L"\\";
+        if (!path_exist(level) && ::mkdir(system_path(level).c_str(), 0777) != 0)
+            return false;
+    }
+    return is_directory(path);
+}
+
+bool remove_directory(std::wstring const &path)
+{
+    return ::rmdir(system_path(path).c_str()) == 0;
+}
+
+int remove_path(std::wstring const &path)
+{
+    if (is_link(path) || !is_directory(path))
+        return remove_file(path) ? 1 : 0;
+    int removed = 0;
+    auto const entries = find(path, L"*", c_find_directories | c_find_files);
+    for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry)
+        removed += remove_path(*entry);
+    return removed + (remove_directory(path) ? 1 : 0);
+}
+
+bool copy_directory(std::wstring const &from, std::wstring const &to, bool replace, bool overwrite)
+{
+    if (!path_exist(from) || (path_exist(to) && !replace))
+        return false;
+    // The whole list first: `to` may lie below `from`.
+    auto const entries = find(from, L"*", c_find_directories | c_find_files | c_find_recursive);
+    bool done = make_path(to);
+    std::wstring const base = include_directory_separator(from);
+    for (auto const &entry : entries) {
+        std::wstring const target = combine(to, entry.substr(base.size()));
+        if (is_directory(entry))
+            done = make_path(target) && done;
+        else
+            done = make_path(directory(target)) && copy_file(entry, target, overwrite) && done;
+    }
+    return done;
+}
+
+bool move_directory(std::wstring const &from, std::wstring const &to, bool replace, bool overwrite)
+{
+    if (!path_exist(from) || (path_exist(to) && !replace) || lies_below(to, from))
+        return false;
+    if (path_exist(to) && overwrite) {
+        if (lies_below(from, to))
+            return false;
+        (void)remove_path(to);
+        if (path_exist(to))
+            return false;
+    }
+    if (::renameat2(AT_FDCWD, system_path(from).c_str(), AT_FDCWD, system_path(to).c_str(),
+                    RENAME_NOREPLACE) == 0)
+        return true;
+    if (!copy_directory(from, to, true, overwrite))
+        return false;
+    (void)remove_path(from);
+    return !path_exist(from);
+}
+
+std::vector<std::wstring> find(std::wstring const &dir, std::wstring const &pattern, int flags)
+{
+    std::vector<std::wstring> out;
+    std::wstring const top = native_path(dir);
+    list_directory(top, native_path(pattern), flags, out);
+    return out;
+}
+
+std::vector<std::wstring> find(std::wstring const &path, int flags)
+{
+    std::wstring const pattern = filename(path);
+    return find(directory(path), pattern.empty() ? L"*" : pattern, flags);
+}
+} // namespace vx::filesystem
