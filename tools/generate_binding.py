@@ -9,13 +9,15 @@ others' headers lead there. Families without methods share one header a group.
 """
 import argparse, collections, pathlib, re, sys
 
+WIDTH = 110
 DEFAULT_OF = {'bool': 'false', 'double': '0.0', 'float': '0.0f'}
 EXTERNAL = {'Tvx_color': 'platform/base/color.h', 'Tvx_box_d2': 'platform/base/geometry.h',
             'Tvx_box_d3': 'platform/base/geometry.h', 'Tvx_matrix3x3': 'platform/base/geometry.h',
             'Tvx_matrix4x4': 'platform/base/geometry.h', 'Tvx_vtx_d2': 'platform/base/vertex_list.h',
             'Tvx_vtx_d3': 'platform/base/vertex_list.h', 'Tvx_op2d': 'platform/base/vertex_list.h',
             'Tvx_ovtx_d3': 'platform/base/vertex_list.h', 'Ivx_layer': None}
-HEAD = '#pragma once\n\n// Made by tools/generate_binding.py from families.def; not to be edited.\n'
+HEAD = ('#pragma once\n\n// Made by tools/generate_binding.py from families.def; not to be edited.\n'
+        '// clang-format off\n')
 
 
 class Bad(Exception):
@@ -46,6 +48,7 @@ class Family:
         self.name, self.revision, self.group = name, int(revision), group
         self.prefix = 'vxk_datasource_' if 'datasource' in flags else 'vxk_framework_'
         self.passed = 'passed' in flags
+        self.marker = 'marker' in flags
         self.methods, self.defaults, self.header = [], [], None
         self.handle, self.table = f't_vx_{name}_interface', f'vx_{name}_interface_table'
 
@@ -65,7 +68,7 @@ def read(path):
                 groups[group] = ' '.join(rest[1:])
             elif word == 'family':
                 name, revision, *flags = rest
-                if name in families or set(flags) - {'datasource', 'passed'}:
+                if name in families or set(flags) - {'datasource', 'passed', 'marker'}:
                     raise Bad(f'family {name}: listed twice, or flags {flags}')
                 family = families[name] = Family(name, revision, flags, group)
             elif word == 'default':
@@ -105,7 +108,7 @@ def components(families):
         stack.append(v)
         on.add(v)
         for w in needs(families[v], families):
-            if not families[w].methods and families[w].header_is_group:
+            if families[w].header_is_group:
                 continue
             if w not in index:
                 visit(w)
@@ -122,7 +125,7 @@ def components(families):
                     break
             out.append(part)
     for f in families.values():
-        f.header_is_group = not f.methods
+        f.header_is_group = not f.methods and not f.marker
     for name, f in families.items():
         if not f.header_is_group and name not in index:
             visit(name)
@@ -131,7 +134,7 @@ def components(families):
 
 
 def spell(kind, name):
-    return f'{kind}{name}' if kind.endswith('*') else f'{kind} {name}'
+    return f'{kind} {name}'
 
 
 def wire(kind, families):
@@ -140,11 +143,6 @@ def wire(kind, families):
 
 def wrapped(kind, families):
     return f'vx::{kind}' if kind in families else kind
-
-
-def handle_part(f):
-    return (f'struct {f.table};\n'
-            f'struct {f.handle}\n{{\n    {f.table} const* table = nullptr;\n    void* self = nullptr;\n}};\n')
 
 
 def table_part(f, families):
@@ -162,20 +160,14 @@ def table_part(f, families):
 
 def plain_part(f, families):
     n, h = f.name, f.handle
-    out = [f'VX_LOCAL inline constexpr char vx_{n}_interface_name[] = "vx_{n}_interface_{f.revision}";\n'
-           f'[[nodiscard]] VX_LOCAL inline {h} vx_{n}_interface_null() {{ return {{}}; }}\n'
-           f'[[nodiscard]] VX_LOCAL inline int vx_{n}_interface_is_null({h} h) {{ return vx::binding::is_null(h); }}\n'
-           f'[[nodiscard]] VX_LOCAL inline int vx_{n}_interface_compare({h} a, {h} b)\n'
-           f'{{ return vx::binding::compare(a, b); }}\n'
-           f'[[nodiscard]] VX_LOCAL inline t_vx_interface vx_{n}_interface_generalize({h} h)\n'
-           f'{{ return vx::binding::generalize(h); }}\n'
-           f'[[nodiscard]] VX_LOCAL inline {h} vx_{n}_interface_specialize(t_vx_interface g)\n'
-           f'{{ return vx::binding::specialize<{h}>(g, vx_{n}_interface_name); }}\n']
+    out = [f'VX_BINDING_FUNCTIONS({n}, {f.revision})\n']
     for m in f.methods:
         kind = wire(m.result, families)
         params = ''.join(', ' + spell(wire(p.type, families), p.name) for p in m.params)
         args = ''.join(', ' + p.name for p in m.params)
-        out.append(f'VX_LOCAL inline {spell(kind, f.prefix + n + "_" + m.name)}({h} h{params})\n{{\n')
+        head = f'VX_LOCAL inline {spell(kind, f.prefix + n + "_" + m.name)}('
+        gap = '\n    ' if len(head) + len(h) + len(params) + 3 > WIDTH else ''
+        out.append(f'{head}{gap}{h} h{params})\n{{\n')
         if m.result in families:
             out.append(f'    {kind} result;\n    if (h.table && h.self)\n'
                        f'        h.table->{m.name}(&result, h.table, h.self{args});\n    return result;\n')
@@ -225,7 +217,7 @@ def wrapper_part(f, families, apart):
 
 def impl_part(f, families):
     n = f.name
-    out = [f'class VX_API {n}_impl : public binding::implementation<{n}_impl, vx::{n}>\n{{\npublic:\n']
+    out = [f'class VX_API {n}_impl\n    : public binding::implementation<{n}_impl, vx::{n}>\n{{\npublic:\n']
     for m in f.methods:
         kind = wrapped(m.result, families)
         params = ', '.join(spell(wrapped(p.type, families), p.name) for p in m.params)
@@ -235,9 +227,10 @@ def impl_part(f, families):
     out.append(f'    VX_LOCAL static char const* interface_name() {{ return vx_{n}_interface_name; }}\n'
                f'    VX_LOCAL static {f.table} const* family_table();\n'
                f'protected:\n    ~{n}_impl() = default;\n}};\n'
-               f'VX_LOCAL inline constexpr {f.table} {n}_family_table{{&binding::generalize_slot<{n}_impl>')
-    out += [f', &binding::slot<&{n}_impl::{m.name}>::call' for m in f.methods]
-    out.append(f'}};\ninline {f.table} const* {n}_impl::family_table() {{ return &{n}_family_table; }}\n')
+               f'VX_LOCAL inline constexpr {f.table} {n}_family_table{{\n'
+               f'    &binding::generalize_slot<{n}_impl>,\n')
+    out += [f'    &binding::slot<&{n}_impl::{m.name}>::call,\n' for m in f.methods]
+    out.append(f'}};\ninline {f.table} const* {n}_impl::family_table()\n{{ return &{n}_family_table; }}\n')
     return ''.join(out)
 
 
@@ -260,11 +253,14 @@ def header(part, families, note):
     apart = len(fs) > 1 and any(f.methods for f in fs)
     if not apart:
         for f in fs:
+            if not f.methods and not f.defaults:
+                out.append(f'VX_BINDING_BARE{"_PASSED" if f.passed else ""}({f.name}, {f.revision})\n')
+                continue
             wrapper, _ = wrapper_part(f, families, False)
-            out += [handle_part(f), table_part(f, families), plain_part(f, families), 'namespace vx\n{\n', wrapper,
+            out += [f"VX_BINDING_HANDLE({f.name})\n", table_part(f, families), plain_part(f, families), 'namespace vx\n{\n', wrapper,
                     '' if f.passed else impl_part(f, families), '}\n\n']
         return ''.join(out)
-    out += [handle_part(f) for f in fs] + [table_part(f, families) + '\n' for f in fs]
+    out += [f"VX_BINDING_HANDLE({f.name})\n" for f in fs] + [table_part(f, families) + '\n' for f in fs]
     out += [plain_part(f, families) + '\n' for f in fs]
     out += ['namespace vx\n{\n'] + [f'class {f.name};\n' for f in fs] + ['\n']
     parts = [wrapper_part(f, families, True) for f in fs]
@@ -277,11 +273,11 @@ def tidy(text):
     """The layout of the project for the few forms that are written above, lines up to 110 columns."""
     out = []
     for line in text.split('\n'):
-        if len(line) <= 110:
+        if len(line) <= WIDTH:
             out.append(line)
             continue
         indent = re.match(r' *', line).group()
-        rest, limit = line.strip(), 110
+        rest, limit = line.strip(), WIDTH
         lead = indent
         while len(lead) + len(rest) > limit:
             cut = rest.rfind(', ', 0, limit - len(lead))
@@ -308,7 +304,7 @@ def generate(path):
             files[f'{name}.h'] = HEAD + f'\n#include "extension/binding/{part[0]}.h"\n'
     bare = collections.defaultdict(list)
     for f in families.values():
-        if not f.methods:
+        if f.header_is_group:
             bare[f.group].append(f.name)
     for group, names in bare.items():
         note = f'{groups[group]}: families that are known by name only, with slot 0 and no more.'

@@ -1,0 +1,47 @@
+#pragma once
+
+// Made by tools/generate_binding.py from families.def; not to be edited.
+// clang-format off
+
+#include "extension/binding/dtld_editor.h"
+#include "extension/binding/interface.h"
+
+VX_BINDING_HANDLE(dtld_editor_visitor)
+struct vx_dtld_editor_visitor_interface_table
+{
+    t_vx_interface* (*generalize)(t_vx_interface* result, void const* table, void* self);
+    void (*visit)(void const* table, void* self, t_vx_dtld_editor_interface editor);
+};
+VX_BINDING_FUNCTIONS(dtld_editor_visitor, 3)
+VX_LOCAL inline void vxk_framework_dtld_editor_visitor_visit(
+    t_vx_dtld_editor_visitor_interface h, t_vx_dtld_editor_interface editor)
+{
+    if (h.table && h.self)
+        h.table->visit(h.table, h.self, editor);
+}
+namespace vx
+{
+class dtld_editor_visitor : public binding::wrapper<t_vx_dtld_editor_visitor_interface>
+{
+public:
+    using wrapper::wrapper;
+    VX_LOCAL void visit(vx::dtld_editor editor) const
+    { vxk_framework_dtld_editor_visitor_visit(f_handle, editor); }
+};
+class VX_API dtld_editor_visitor_impl
+    : public binding::implementation<dtld_editor_visitor_impl, vx::dtld_editor_visitor>
+{
+public:
+    virtual void visit(vx::dtld_editor editor) {}
+    VX_LOCAL static char const* interface_name() { return vx_dtld_editor_visitor_interface_name; }
+    VX_LOCAL static vx_dtld_editor_visitor_interface_table const* family_table();
+protected:
+    ~dtld_editor_visitor_impl() = default;
+};
+VX_LOCAL inline constexpr vx_dtld_editor_visitor_interface_table dtld_editor_visitor_family_table{
+    &binding::generalize_slot<dtld_editor_visitor_impl>,
+    &binding::slot<&dtld_editor_visitor_impl::visit>::call,
+};
+inline vx_dtld_editor_visitor_interface_table const* dtld_editor_visitor_impl::family_table()
+{ return &dtld_editor_visitor_family_table; }
+}

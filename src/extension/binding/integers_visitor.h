@@ -1,0 +1,46 @@
+#pragma once
+
+// Made by tools/generate_binding.py from families.def; not to be edited.
+// clang-format off
+
+#include "extension/binding/interface.h"
+
+VX_BINDING_HANDLE(integers_visitor)
+struct vx_integers_visitor_interface_table
+{
+    t_vx_interface* (*generalize)(t_vx_interface* result, void const* table, void* self);
+    void (*visit)(void const* table, void* self, unsigned long long count, int* values);
+};
+VX_BINDING_FUNCTIONS(integers_visitor, 1)
+VX_LOCAL inline void vxk_framework_integers_visitor_visit(
+    t_vx_integers_visitor_interface h, unsigned long long count, int* values)
+{
+    if (h.table && h.self)
+        h.table->visit(h.table, h.self, count, values);
+}
+namespace vx
+{
+class integers_visitor : public binding::wrapper<t_vx_integers_visitor_interface>
+{
+public:
+    using wrapper::wrapper;
+    VX_LOCAL void visit(unsigned long long count, int* values) const
+    { vxk_framework_integers_visitor_visit(f_handle, count, values); }
+};
+class VX_API integers_visitor_impl
+    : public binding::implementation<integers_visitor_impl, vx::integers_visitor>
+{
+public:
+    virtual void visit(unsigned long long count, int* values) {}
+    VX_LOCAL static char const* interface_name() { return vx_integers_visitor_interface_name; }
+    VX_LOCAL static vx_integers_visitor_interface_table const* family_table();
+protected:
+    ~integers_visitor_impl() = default;
+};
+VX_LOCAL inline constexpr vx_integers_visitor_interface_table integers_visitor_family_table{
+    &binding::generalize_slot<integers_visitor_impl>,
+    &binding::slot<&integers_visitor_impl::visit>::call,
+};
+inline vx_integers_visitor_interface_table const* integers_visitor_impl::family_table()
+{ return &integers_visitor_family_table; }
+}

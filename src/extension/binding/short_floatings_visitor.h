@@ -1,0 +1,46 @@
+#pragma once
+
+// Made by tools/generate_binding.py from families.def; not to be edited.
+// clang-format off
+
+#include "extension/binding/interface.h"
+
+VX_BINDING_HANDLE(short_floatings_visitor)
+struct vx_short_floatings_visitor_interface_table
+{
+    t_vx_interface* (*generalize)(t_vx_interface* result, void const* table, void* self);
+    void (*visit)(void const* table, void* self, unsigned long long count, float* values);
+};
+VX_BINDING_FUNCTIONS(short_floatings_visitor, 1)
+VX_LOCAL inline void vxk_framework_short_floatings_visitor_visit(
+    t_vx_short_floatings_visitor_interface h, unsigned long long count, float* values)
+{
+    if (h.table && h.self)
+        h.table->visit(h.table, h.self, count, values);
+}
+namespace vx
+{
+class short_floatings_visitor : public binding::wrapper<t_vx_short_floatings_visitor_interface>
+{
+public:
+    using wrapper::wrapper;
+    VX_LOCAL void visit(unsigned long long count, float* values) const
+    { vxk_framework_short_floatings_visitor_visit(f_handle, count, values); }
+};
+class VX_API short_floatings_visitor_impl
+    : public binding::implementation<short_floatings_visitor_impl, vx::short_floatings_visitor>
+{
+public:
+    virtual void visit(unsigned long long count, float* values) {}
+    VX_LOCAL static char const* interface_name() { return vx_short_floatings_visitor_interface_name; }
+    VX_LOCAL static vx_short_floatings_visitor_interface_table const* family_table();
+protected:
+    ~short_floatings_visitor_impl() = default;
+};
+VX_LOCAL inline constexpr vx_short_floatings_visitor_interface_table short_floatings_visitor_family_table{
+    &binding::generalize_slot<short_floatings_visitor_impl>,
+    &binding::slot<&short_floatings_visitor_impl::visit>::call,
+};
+inline vx_short_floatings_visitor_interface_table const* short_floatings_visitor_impl::family_table()
+{ return &short_floatings_visitor_family_table; }
+}
