@@ -1,0 +1,316 @@
+#include "platform/winapi/file.h"
+
+#include "platform/base/text_codec.h"
+
+#include <atomic>
+#include <cerrno>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace {
+constexpr int c_link_limit = 40;
+constexpr int c_temp_tries = 100;
+constexpr std::size_t c_temp_name_limit = 200; ///< bytes of the target's name that the temporary name repeats
+constexpr std::size_t c_read_block = 1 << 20;
+
+constexpr Tvx_file_calls c_system_calls = {
+    [](char const *path, int flags, unsigned mode) { return ::open(path, flags, mode); },
+    [](int file, void const *data, std::size_t size) { return static_cast<long>(::write(file, data, size)); },
+    [](int file) { return ::fsync(file); },
+    [](int file) { return ::close(file); },
+    [](char const *from, char const *to) { return ::rename(from, to); },
+    [](char const *path) { return ::unlink(path); },
+};
+Tvx_file_calls file_calls = c_system_calls;
+
+std::wstring sentence(wchar_t const *what, std::string const &path, int code)
+{
+    return std::wstring(what) + L" \"" + vx::text::utf8_to_wide(path) + L"\": " +
+           vx::text::utf8_to_wide(std::generic_category().message(code)) + L".";
+}
+
+bool native_path(std::wstring const &path, std::string &native, std::wstring &error)
+{
+    native = vx_path_to_native(path);
+    if (native.empty())
+        error = L"There is no file name.";
+    else if (native.find('\0') != std::string::npos)
+        error = L"The file name holds a zero character.";
+    else
+        return true;
+    return false;
+}
+
+/// A file descriptor that is closed on all ways out.
+class open_file
+{
+public:
+    explicit open_file(int number) : f_number(number) {}
+    open_file(open_file const &) = delete;
+    open_file &operator=(open_file const &) = delete;
+    ~open_file()
+    {
+        if (f_number >= 0)
+            file_calls.close(f_number);
+    }
+    [[nodiscard]] int number() const { return f_number; }
+    /// Gives 0 or the error number. An interrupted close has closed.
+    [[nodiscard]] int close()
+    {
+        int const number = f_number;
+        f_number = -1;
+        return file_calls.close(number) == 0 || errno == EINTR ? 0 : errno;
+    }
+
+private:
+    int f_number;
+};
+
+/// The file that a chain of symbolic links ends at, there or not. Empty, with `errno`, when the chain does
+/// not end.
+std::string follow_links(std::string path)
+{
+    for (int i = 0; i < c_link_limit; ++i) {
+        std::error_code code;
+        auto const next = std::filesystem::read_symlink(path, code);
+        if (code)
+            return path;
+        path =
+            next.is_absolute() ? next.string() : (std::filesystem::path(path).parent_path() / next).string();
+    }
+    errno = ELOOP;
+    return {};
+}
+
+int write_all(int file, std::string_view bytes)
+{
+    while (!bytes.empty()) {
+        auto const done = file_calls.write(file, bytes.data(), bytes.size());
+        if (done < 0 && errno == EINTR)
+            continue;
+        if (done < 0)
+            return errno;
+        if (done == 0)
+            return ENOSPC;
+        bytes.remove_prefix(static_cast<std::size_t>(done));
+    }
+    return 0;
+}
+
+int flush(int file)
+{
+    while (file_calls.fsync(file) != 0)
+        if (errno != EINTR)
+            return errno;
+    return 0;
+}
+
+/// One save on its way: owns the temporary file until it has taken the target's place.
+class atomic_save
+{
+public:
+    atomic_save(std::string target, struct stat const *present)
+        : f_target(std::move(target)), f_present(present)
+    {
+    }
+    atomic_save(atomic_save const &) = delete;
+    atomic_save &operator=(atomic_save const &) = delete;
+    ~atomic_save()
+    {
+        if (!f_temp.empty())
+            file_calls.unlink(f_temp.c_str());
+    }
+
+    bool run(std::string_view bytes, std::wstring &error)
+    {
+        open_file file(make_temp());
+        if (file.number() < 0)
+            return failed(error, L"A file cannot be made beside", errno);
+        if (f_present)
+            take_over_rights(file.number());
+        if (int const code = write_all(file.number(), bytes))
+            return failed(error, L"The file cannot be written:", code);
+        if (int const code = flush(file.number()))
+            return failed(error, L"The file cannot be written to the disk:", code);
+        if (int const code = file.close())
+            return failed(error, L"The file cannot be written:", code);
+        if (file_calls.rename(f_temp.c_str(), f_target.c_str()) != 0)
+            return failed(error, L"The file cannot be replaced:", errno);
+        f_temp.clear();
+        return flush_directory(error);
+    }
+
+private:
+    bool failed(std::wstring &error, wchar_t const *what, int code) const
+    {
+        error = sentence(what, f_target, code);
+        return false;
+    }
+
+    [[nodiscard]] std::filesystem::path directory() const
+    {
+        auto const parent = std::filesystem::path(f_target).parent_path();
+        return parent.empty() ? std::filesystem::path(".") : parent;
+    }
+
+    int make_temp()
+    {
+        static std::atomic<unsigned> counter{0};
+        auto const name = std::filesystem::path(f_target).filename().string().substr(0, c_temp_name_limit);
+        unsigned const mode = f_present ? 0600 : 0666;
+        for (int i = 0; i < c_temp_tries; ++i) {
+            auto const path = (directory() / ("." + name + "." + std::to_string(getpid()) + "-" +
+                                              std::to_string(counter.fetch_add(1)) + ".tmp"))
+                                  .string();
+            int const file = file_calls.open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+            if (file >= 0) {
+                f_temp = path;
+                return file;
+            }
+            if (errno != EEXIST)
+                return -1;
+        }
+        return -1;
+    }
+
+    // The owner first, since changing it may clear bits of the mode. Who may not give a file away keeps it.
+    void take_over_rights(int file) const
+    {
+        [[maybe_unused]] int const ignored = fchown(file, f_present->st_uid, f_present->st_gid);
+        fchmod(file, f_present->st_mode & 07777);
+    }
+
+    // Some file systems cannot flush a directory, and a directory may be closed to reading; neither is a
+    // failure.
+    bool flush_directory(std::wstring &error) const
+    {
+        open_file file(file_calls.open(directory().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0));
+        if (file.number() < 0)
+            return true;
+        int const code = flush(file.number());
+        if (code == 0 || code == EINVAL || code == ENOTSUP || code == EROFS)
+            return true;
+        return failed(error, L"The file is written but may not outlast a power failure:", code);
+    }
+
+    std::string f_target;
+    struct stat const *f_present;
+    std::string f_temp;
+};
+} // namespace
+
+std::string vx_path_to_native(std::wstring_view path)
+{
+    return vx::text::wide_to_utf8(path);
+}
+
+std::wstring vx_path_from_native(std::string_view path)
+{
+    return vx::text::utf8_to_wide(path);
+}
+
+bool vx_path_exists(std::wstring const &path)
+{
+    struct stat info
+    {
+    };
+    return stat(vx_path_to_native(path).c_str(), &info) == 0;
+}
+
+bool vx_is_file(std::wstring const &path)
+{
+    struct stat info
+    {
+    };
+    return stat(vx_path_to_native(path).c_str(), &info) == 0 && S_ISREG(info.st_mode);
+}
+
+bool vx_is_directory(std::wstring const &path)
+{
+    struct stat info
+    {
+    };
+    return stat(vx_path_to_native(path).c_str(), &info) == 0 && S_ISDIR(info.st_mode);
+}
+
+std::optional<std::string> vx_file_read(std::wstring const &path, std::wstring &error, std::size_t limit)
+{
+    error.clear();
+    std::string native;
+    if (!native_path(path, native, error))
+        return std::nullopt;
+    // Not to block on a FIFO or a device: what it is shows only once it is open.
+    open_file const file(::open(native.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    struct stat info
+    {
+    };
+    if (file.number() < 0 || fstat(file.number(), &info) != 0) {
+        error = sentence(L"The file cannot be opened:", native, errno);
+        return std::nullopt;
+    }
+    if (!S_ISREG(info.st_mode)) {
+        error = L"This is no file: \"" + path + L"\".";
+        return std::nullopt;
+    }
+    std::string bytes;
+    for (;;) {
+        auto const size = bytes.size();
+        if (size > limit) {
+            error = L"The file is too long: \"" + path + L"\".";
+            return std::nullopt;
+        }
+        // One byte past the limit is enough to see that the file is longer.
+        bytes.resize(size + std::min(c_read_block, limit - size + 1));
+        auto const done = ::read(file.number(), bytes.data() + size, bytes.size() - size);
+        bytes.resize(size + (done > 0 ? static_cast<std::size_t>(done) : 0));
+        if (done == 0)
+            return bytes;
+        if (done < 0 && errno != EINTR) {
+            error = sentence(L"The file cannot be read:", native, errno);
+            return std::nullopt;
+        }
+    }
+}
+
+bool vx_save_atomic(std::wstring const &path, std::string_view bytes, std::wstring &error)
+{
+    error.clear();
+    std::string native;
+    if (!native_path(path, native, error))
+        return false;
+    auto const target = follow_links(native);
+    if (target.empty()) {
+        error = sentence(L"The file cannot be written:", native, errno);
+        return false;
+    }
+    struct stat info
+    {
+    };
+    bool const present = stat(target.c_str(), &info) == 0;
+    if (present && !S_ISREG(info.st_mode)) {
+        error = L"This is no file that can be replaced: \"" + path + L"\".";
+        return false;
+    }
+    if (present && faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) {
+        error = sentence(L"The file cannot be written:", native, errno);
+        return false;
+    }
+    return atomic_save(target, present ? &info : nullptr).run(bytes, error);
+}
+
+bool vx_make_directories(std::wstring const &path)
+{
+    std::error_code code;
+    std::filesystem::create_directories(vx_path_to_native(path), code);
+    return vx_is_directory(path);
+}
+
+Tvx_file_calls vx_set_file_calls(Tvx_file_calls const *calls)
+{
+    auto const before = file_calls;
+    file_calls = calls ? *calls : c_system_calls;
+    return before;
+}
