@@ -18,9 +18,13 @@ struct Ivx_attr_data;
 /// The dynamic text layer of the layer, its own; cloned with it.
 [[nodiscard]] VX_API Ivx_layer *vx_shp_lr2d_get_text_layer_ptr(Ivx_layer *layer);
 
-/// The layer's own style manager: of the style type "pnt_style", "pln_style" or "pgn_style". Each of the
-/// typed functions gives null for a layer of another geometry.
+/// The layer's style managers, a list of the style type "pnt_style", "pln_style" or "pgn_style"; the layer's
+/// own.
+[[nodiscard]] VX_API void *vx_shp_lr2d_get_style_mngr_list_ptr(Ivx_layer *layer);
+/// The active manager of the list. Each of the typed functions gives null for a layer of another geometry.
 [[nodiscard]] VX_API void *vx_shp_lr2d_get_stl_mngr_ptr(Ivx_layer *layer);
 [[nodiscard]] VX_API void *vx_shp_pnt_lr2d_get_stl_mngr_ptr(Ivx_layer *layer);
 [[nodiscard]] VX_API void *vx_shp_pln_lr2d_get_stl_mngr_ptr(Ivx_layer *layer);
 [[nodiscard]] VX_API void *vx_shp_pgn_lr2d_get_stl_mngr_ptr(Ivx_layer *layer);
+/// The text settings, of the text style type of the geometry; the layer's own.
+[[nodiscard]] VX_API void *vx_shp_lr2d_get_txt_settings(Ivx_layer *layer);

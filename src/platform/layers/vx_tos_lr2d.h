@@ -30,13 +30,15 @@ VX_API void vx_tos_slice_lr2d_set_zslice_count(Ivx_layer *layer, int count);
 
 VX_API void vx_tos_grid_1d_lr2d_get_height_prp_name(Ivx_layer const *layer, Ivx_string_adp *name);
 VX_API void vx_tos_grid_1d_lr2d_set_height_prp_name(Ivx_layer *layer, wchar_t const *name);
-/// The manager of the curve, of style type "pln_style"; the layer's own.
+/// The manager of the curve, of style type "grid1d_clr_style"; the layer's own.
 [[nodiscard]] VX_API void *vx_tos_grid_1d_lr2d_get_stl_mngr_ptr(Ivx_layer *layer);
 
 // ---- two coordinates
 
 /// The manager of the points, of style type "pnt_style"; the layer's own.
 [[nodiscard]] VX_API void *vx_tos_2crd_lr2d_get_stl_mngr(Ivx_layer *layer);
+/// The text settings, of style type "txt_pnt_style"; the layer's own.
+[[nodiscard]] VX_API void *vx_tos_2crd_lr2d_get_txt_settings(Ivx_layer *layer);
 /// The dynamic text layer of the layer, its own; cloned with it.
 [[nodiscard]] VX_API Ivx_layer *vx_tos_2crd_lr2d_get_text_layer_ptr(Ivx_layer *layer);
 VX_API void vx_tos_2crd_lr2d_get_wprop_name_x(Ivx_layer const *layer, Ivx_string_adp *name);

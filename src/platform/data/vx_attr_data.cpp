@@ -1,0 +1,254 @@
+#include "platform/data/vx_attr_data.h"
+
+#include "platform/base/text_codec.h"
+#include "platform/data/attr_data.h"
+#include "platform/winapi/collation.h"
+#include "platform/winapi/file.h"
+
+#include <algorithm>
+
+namespace {
+constexpr wchar_t c_virtual_mark = L'*';
+constexpr wchar_t c_option_mark = L'|';
+constexpr wchar_t c_option_join = L'&';
+constexpr std::wstring_view c_driver_path = L"/vsi"; ///< paths that only drivers understand
+
+struct open_table
+{
+    Ivx_attr_data *data;
+    std::shared_ptr<vx::attr::attr_set> set;
+    std::vector<std::string> names;
+    std::string text;  ///< behind `vx_attr_files_get_str`
+    std::wstring wide; ///< behind `vx_attr_files_get_wstr`
+};
+
+void tell(bool *ok, bool value)
+{
+    if (ok)
+        *ok = value;
+}
+} // namespace
+
+struct Ivx_attr_files final : open_table
+{
+};
+
+// ---- data object
+
+std::shared_ptr<vx::attr::attr_set> Ivx_attr_data::opened()
+{
+    if (!set) {
+        set = vx::attr::attr_set::open(source, error);
+        was_file = was_file || (set && vx_path_exists(file_name()));
+    }
+    return set;
+}
+
+std::wstring Ivx_attr_data::file_name() const
+{
+    auto const text = source.starts_with(c_virtual_mark) ? source.substr(1) : source;
+    auto const options = text.find(c_option_mark);
+    if (options != std::wstring::npos)
+        return text.substr(0, options);
+    // "&" begins the options too, but it is also a lawful character of a file name.
+    return vx_path_exists(text) ? text : text.substr(0, text.find(c_option_join));
+}
+
+bool Ivx_attr_data::is_missing() const
+{
+    auto const file = file_name();
+    if (file.empty() || vx_path_exists(file))
+        return false;
+    return was_file || (file[0] == L'/' && !file.starts_with(c_driver_path));
+}
+
+Ivx_attr_data *vx_attr_data_create(wchar_t const *source)
+{
+    return new Ivx_attr_data(source ? source : L"");
+}
+
+Ivx_attr_data *vx_attr_data_retain(Ivx_attr_data *data)
+{
+    if (data)
+        ++data->count;
+    return data;
+}
+
+void vx_attr_data_release(Ivx_attr_data *data)
+{
+    if (data && --data->count == 0)
+        delete data;
+}
+
+Ivx_attr_data *vx_attr_data_safe_downcast(Ivx_entity *entity)
+{
+    return dynamic_cast<Ivx_attr_data *>(entity);
+}
+
+Ivx_entity *vx_attr_data_safe_upcast(Ivx_attr_data *data)
+{
+    return data;
+}
+
+void vx_attr_data_get_wsource(Ivx_attr_data const *data, Ivx_string_adp *source)
+{
+    vx_string_adp_feed(source, data ? data->source.c_str() : nullptr);
+}
+
+void vx_attr_data_get_wfilename(Ivx_attr_data const *data, Ivx_string_adp *file_name)
+{
+    vx_string_adp_feed(file_name, data ? data->file_name().c_str() : nullptr);
+}
+
+void vx_attr_data_get_werror(Ivx_attr_data const *data, Ivx_string_adp *error)
+{
+    vx_string_adp_feed(error, data ? data->error.c_str() : nullptr);
+}
+
+bool vx_attr_data_is_missing(Ivx_attr_data const *data)
+{
+    return data && data->is_missing();
+}
+
+bool vx_attr_data_open(Ivx_attr_data *data)
+{
+    return data && data->opened();
+}
+
+void vx_attr_data_reload(Ivx_attr_data *data)
+{
+    if (!data)
+        return;
+    data->set.reset();
+    data->error.clear();
+}
+
+int vx_attr_data_get_geom_type(Ivx_attr_data *data)
+{
+    auto const set = data ? data->opened() : nullptr;
+    return set && set->has_vector() ? set->geom_type() : 0;
+}
+
+int vx_attr_data_get_grid_count(Ivx_attr_data *data)
+{
+    auto const set = data ? data->opened() : nullptr;
+    return set ? set->grid_count() : 0;
+}
+
+bool vx_attr_data_get_extent(Ivx_attr_data *data, Tvx_box_d2 *box)
+{
+    if (!box)
+        return false;
+    *box = {};
+    auto const set = data ? data->opened() : nullptr;
+    return set && set->extent(*box) && !box->is_empty();
+}
+
+bool vx_attr_data_is_field_unicode(Ivx_attr_data *data, char const *field_name)
+{
+    auto const set = data && field_name ? data->opened() : nullptr;
+    if (!set)
+        return false;
+    auto const name = vx::text::to_wide(field_name);
+    return std::any_of(set->fields().begin(), set->fields().end(),
+                       [&](auto const &f) { return f.name == name && f.type == c_attr_string; });
+}
+
+// ---- table
+
+Ivx_attr_files *vx_attr_files_open(Ivx_attr_data *data, int read_only, int /*flags*/)
+{
+    auto const set = data && read_only ? data->opened() : nullptr;
+    if (!set || !set->has_vector())
+        return nullptr;
+    auto *const files = new Ivx_attr_files{{vx_attr_data_retain(data), set, {}, {}, {}}};
+    for (auto const &field : set->fields())
+        files->names.push_back(vx::text::to_bytes(field.name));
+    return files;
+}
+
+void vx_attr_files_close(Ivx_attr_files *files)
+{
+    if (!files)
+        return;
+    auto *const data = files->data;
+    delete files;
+    vx_attr_data_release(data);
+}
+
+unsigned vx_attr_files_get_np(Ivx_attr_files const *files)
+{
+    return files ? static_cast<unsigned>(files->set->fields().size()) : 0;
+}
+
+unsigned vx_attr_files_get_no(Ivx_attr_files const *files)
+{
+    return files ? static_cast<unsigned>(files->set->record_count()) : 0;
+}
+
+int vx_attr_files_get_field_type(Ivx_attr_files const *files, unsigned field)
+{
+    return field < vx_attr_files_get_np(files) ? files->set->fields()[field].type : c_attr_unknown;
+}
+
+char const *vx_attr_files_get_field_name(Ivx_attr_files const *files, unsigned field)
+{
+    return field < vx_attr_files_get_np(files) ? files->names[field].c_str() : "";
+}
+
+wchar_t const *vx_attr_files_get_field_name_w(Ivx_attr_files const *files, unsigned field)
+{
+    return field < vx_attr_files_get_np(files) ? files->set->fields()[field].name.c_str() : L"";
+}
+
+int vx_attr_files_get_field_index_w(Ivx_attr_files const *files, wchar_t const *name)
+{
+    if (!files || !name)
+        return -1;
+    auto const &fields = files->set->fields();
+    auto at = std::find_if(fields.begin(), fields.end(), [&](auto const &f) { return f.name == name; });
+    if (at == fields.end())
+        at = std::find_if(fields.begin(), fields.end(),
+                          [&](auto const &f) { return vx_compare_text(f.name, name) == 0; });
+    return at == fields.end() ? -1 : static_cast<int>(at - fields.begin());
+}
+
+wchar_t const *vx_attr_files_get_wstr(Ivx_attr_files *files, unsigned field, unsigned record, bool *ok)
+{
+    tell(ok, false);
+    if (field >= vx_attr_files_get_np(files))
+        return L"";
+    auto const &cells = files->set->cells(field);
+    tell(ok, vx::attr::has_value(cells, record));
+    return vx::attr::text_of(cells, record, files->wide);
+}
+
+char const *vx_attr_files_get_str(Ivx_attr_files *files, unsigned field, unsigned record, bool *ok)
+{
+    tell(ok, false);
+    if (field >= vx_attr_files_get_np(files))
+        return "";
+    auto const &cells = files->set->cells(field);
+    tell(ok, vx::attr::has_value(cells, record));
+    std::wstring buffer; // its own, so that the pointer of the wide form stays valid
+    files->text = vx::text::to_bytes(vx::attr::text_of(cells, record, buffer));
+    return files->text.c_str();
+}
+
+double vx_attr_files_get_dbl(Ivx_attr_files *files, unsigned field, unsigned record, bool *ok)
+{
+    double value = 0;
+    bool const defined =
+        field < vx_attr_files_get_np(files) && vx::attr::number_of(files->set->cells(field), record, value);
+    tell(ok, defined);
+    return defined ? value : 0;
+}
+
+int vx_attr_files_get_int(Ivx_attr_files *files, unsigned field, unsigned record, bool *ok)
+{
+    int value = 0;
+    bool const defined =
+        field < vx_attr_files_get_np(files) && vx::attr::integer_of(files->set->cells(field), record, value);
+    tell(ok, defined);
+    return defined ? value : 0;
+}
