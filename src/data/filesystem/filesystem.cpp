@@ -231,9 +231,8 @@ std::wstring clean_path(std::wstring const &path)
             pieces.erase(pieces.begin());
         out = path.substr(0, 2) + L"\\";
     } else {
-        for (std::size_t i = 0; i < 2 && i < path.size(); ++i)
-            if (is_separator(path[i]))
-                out += L'\\';
+        for (std::size_t i = 0; i < 2 && i < path.size() && is_separator(path[i]); ++i)
+            out += L'\\';
     }
     std::vector<std::wstring> kept;
     for (auto &piece : pieces) {

@@ -1,0 +1,211 @@
+#include "data/connection/connection.h"
+#include "data/vector/memory_driver.h"
+#include "data/vector/transacted_feature.h"
+#include "data/vector/vector_datasource.h"
+#include "data/vector/vector_transaction.h"
+
+#include "platform/base/owned.h"
+#include "platform/basic/vx_stat.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+
+using namespace vx::data;
+using memory_driver::cell;
+
+namespace {
+constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+
+/// name, value, one, none: the last two are a field with one value and one without any.
+struct sample : memory_driver::source
+{
+    sample()
+    {
+        fields = {{L"name", field_type::string},
+                  {L"value", field_type::numeric},
+                  {L"one", field_type::numeric},
+                  {L"none", field_type::numeric}};
+        rows = {{cell(L"b"), cell(2.0), cell(7.0), {}},
+                {cell(L"a"), cell(4.0), {}, {}},
+                {cell(L"b"), {}, {}, {}},
+                {{}, cell(nan), {}, {}},
+                {cell(L"c"), cell(4.0), {}, {}},
+                {cell(L"d"), cell(10.0), {}, {}}};
+    }
+};
+} // namespace
+
+TEST(local_roads, each_pass_runs_once)
+{
+    sample s;
+    generic_datasource d;
+    ASSERT_TRUE(d.from_handle(s.handle()));
+    // By hand: 2, 4, 4, 10; mean 5, squares 9 + 1 + 1 + 25 = 36, divided by 3.
+    EXPECT_EQ(d.field_minimum(1), 2);
+    EXPECT_EQ(d.field_maximum(1), 10);
+    EXPECT_EQ(d.field_average(1), 5);
+    EXPECT_EQ(d.field_quantity(1), 4u);
+    EXPECT_EQ(s.walks, 1);
+    EXPECT_DOUBLE_EQ(d.field_stdev(1), std::sqrt(12.0));
+    EXPECT_DOUBLE_EQ(d.field_stdev(1), std::sqrt(12.0));
+    EXPECT_EQ(s.walks, 2);
+    EXPECT_EQ(d.field_distinct(0), 4u);
+    EXPECT_EQ(d.field_distinct(0), 4u);
+    EXPECT_EQ(s.walks, 3);
+
+    EXPECT_EQ(d.field_stdev(2), 0); // one value
+    EXPECT_EQ(d.field_quantity(3), 0u);
+    EXPECT_EQ(d.field_minimum(3), 0);
+    EXPECT_EQ(d.field_maximum(3), 0);
+    EXPECT_EQ(d.field_average(3), 0);
+    EXPECT_EQ(d.field_stdev(3), 0);
+
+    vx::owned<Tvx_stat_data, &vx_stat_destroy> const stat(vx_stat_create());
+    d.field_statistics(1, stat.get());
+    bool known = false;
+    EXPECT_EQ(vx_stat_get_average(stat.get(), &known), 5);
+    EXPECT_TRUE(known && vx_stat_has_statistic(stat.get()));
+    vx_stat_set_histogramm(stat.get(), true);
+    EXPECT_FALSE(d.field_histogram(1, stat.get()));
+    EXPECT_FALSE(vx_stat_has_histogramm(stat.get()));
+    d.close();
+    EXPECT_EQ(s.detached, 0); // a foreign handle
+}
+
+TEST(local_roads, values)
+{
+    sample s;
+    vector_datasource d;
+    ASSERT_TRUE(d.from_handle(s.handle()));
+    std::vector<double> numbers{99};
+    EXPECT_TRUE(d.field_values(1, numbers));
+    EXPECT_EQ(numbers, (std::vector<double>{2, 4, 4, 10}));
+    EXPECT_TRUE(d.field_values(3, numbers));
+    EXPECT_TRUE(numbers.empty());
+    std::set<std::wstring> names;
+    EXPECT_TRUE(d.field_unique_values(0, c_no_limit, names));
+    EXPECT_EQ(names, (std::set<std::wstring>{L"a", L"b", L"c", L"d"}));
+    EXPECT_TRUE(d.field_unique_values(0, 1, names));
+    EXPECT_EQ(names, (std::set<std::wstring>{L"b"}));
+    std::set<double> distinct;
+    EXPECT_TRUE(d.field_unique_values(1, c_no_limit, distinct));
+    EXPECT_EQ(distinct, (std::set<double>{2, 4, 10}));
+    std::map<std::wstring, std::vector<std::wstring>> rows;
+    EXPECT_TRUE(d.field_unique_values(0, {1, 2}, 3, rows));
+    EXPECT_EQ(rows, (std::map<std::wstring, std::vector<std::wstring>>{
+                        {L"b", {L"2", L"7"}}, {L"a", {L"4", L""}}, {L"c", {L"4", L""}}}));
+}
+
+TEST(local_roads, names_of_fields)
+{
+    memory_driver::source s;
+    s.fields = {{L"a1", field_type::string}, {L"a", field_type::string}, {L"Name", field_type::string}};
+    generic_datasource d;
+    d.from_handle(s.handle());
+    EXPECT_EQ(d.make_field_unique_name(L"a"), L"a2");
+    EXPECT_EQ(d.field_unique_name(L"NAME"), L"NAME1");
+    EXPECT_EQ(d.field_unique_name(L"new"), L"new");
+    EXPECT_EQ(d.field_index(L"NAME"), 2u);
+    EXPECT_EQ(d.field_index(L"none"), c_no_field);
+    EXPECT_EQ(d.field_index(L""), c_no_field);
+    EXPECT_EQ(generic_datasource().make_field_unique_name(L"a"), L"a");
+}
+
+TEST(opening, modes_and_ownership)
+{
+    struct opener
+    {
+        sample source;
+        std::vector<bool> asked;
+        bool read_only = false; ///< the set can be opened for reading alone
+    } o;
+    open_callback const open = [](wchar_t const *, bool read_only, void *context,
+                                  t_vx_data_source_interface *result) {
+        auto &self = *static_cast<opener *>(context);
+        self.asked.push_back(read_only);
+        if (read_only || !self.read_only)
+            *result = self.source.handle();
+    };
+    connection const c(L"x", open, &o);
+    {
+        vector_datasource d;
+        EXPECT_TRUE(d.open(c, access_update_or_read));
+        EXPECT_EQ(o.asked, (std::vector<bool>{false}));
+        o.read_only = true;
+        EXPECT_TRUE(d.open(c, access_update_or_read));
+        EXPECT_EQ(o.asked, (std::vector<bool>{false, false, true}));
+        EXPECT_EQ(o.source.detached, 1); // the first opening
+        EXPECT_FALSE(d.open(c, access_update));
+        EXPECT_FALSE(d.is_open());
+        EXPECT_TRUE(d.open(c, access_read));
+    }
+    EXPECT_EQ(o.source.detached, 3);
+    connection closed = c;
+    closed.reset();
+    EXPECT_FALSE(generic_datasource().open(closed, access_read));
+}
+
+TEST(paging, needs_the_field_of_ids)
+{
+    sample s;
+    vector_datasource d;
+    d.from_handle(s.handle());
+    s.filter = L"kept";
+    EXPECT_FALSE(d.set_index_filter(0, 5));
+    EXPECT_EQ(s.filter, L"kept");
+    s.fid_name = L"fid";
+    EXPECT_TRUE(d.set_index_filter(100, 150));
+    EXPECT_EQ(s.filter, L"fid >= 0 LIMIT 50 OFFSET 100");
+    EXPECT_TRUE(d.set_index_filter(0, 0));
+    EXPECT_EQ(s.filter, L"fid >= 0 LIMIT 0 OFFSET 0");
+    vector_feature f;
+    EXPECT_FALSE(d.moveto_feature(0)); // the source has no random access
+    EXPECT_FALSE(d.fetch_feature(0, f));
+}
+
+TEST(transaction, keeps_its_changes_unless_told)
+{
+    sample s;
+    vector_datasource d;
+    d.from_handle(s.handle());
+    {
+        vector_transaction t(d);
+        EXPECT_FALSE(t.acquire(d));
+    }
+    EXPECT_EQ(s.transactions[0], 1);
+    EXPECT_EQ(s.transactions[1], 1);
+    {
+        vector_transaction t(d);
+        EXPECT_TRUE(t.rollback());
+        EXPECT_FALSE(t.rollback());
+        EXPECT_FALSE(t.commit());
+    }
+    EXPECT_EQ(s.transactions[1], 1);
+    EXPECT_EQ(s.transactions[2], 1);
+}
+
+TEST(cells, any_holds_each_kind)
+{
+    sample s;
+    vector_datasource d;
+    d.from_handle(s.handle());
+    vector_feature f;
+    d.reset_reading();
+    ASSERT_TRUE(d.fetch_next_feature(f));
+    any text = f.read_any(0);
+    any const copy = text;
+    text = any();
+    EXPECT_TRUE(text.is_null());
+    EXPECT_STREQ(copy.string(), L"b");
+    EXPECT_EQ(copy.numeric(), 0);
+    EXPECT_EQ(f.read_any(1).numeric(), 2);
+    EXPECT_TRUE(f.read_any(3).is_null());
+    EXPECT_TRUE(f.read_any(99).is_null());
+    EXPECT_TRUE(f.write_any(3, any::from_numeric(1.5)));
+    EXPECT_EQ(f.read_any(3).numeric(), 1.5);
+    EXPECT_TRUE(f.write_any(3, any()));
+    EXPECT_TRUE(f.read_any(3).is_null());
+    EXPECT_FALSE(f.write_string(0, L"x")); // this source cannot
+    EXPECT_EQ(any::from_bigint(1LL << 40).bigint(), 1LL << 40);
+}
