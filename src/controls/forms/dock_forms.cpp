@@ -1,0 +1,51 @@
+#include "controls/forms/dock_forms.h"
+
+#include "controls/forms/form_position_priv.h"
+
+#include "platform/toolkit/application.h"
+
+#include <utility>
+
+namespace {
+TComponent *owner_or_application(TComponent *owner)
+{
+    return owner ? owner : static_cast<TApplication *>(Application);
+}
+} // namespace
+
+Tvx_dock_tool_form::Tvx_dock_tool_form(TComponent *owner) : Tvx_form(owner), DockPanel(new Tvx_panel(this))
+{
+    SetBorderStyle(bsSizeToolWin);
+    SetFormStyle(fsStayOnTop);
+    DockPanel->SetParent(this);
+    DockPanel->SetHeight(0);
+    DockPanel->SetAlign(alBottom);
+    DockPanel->SetAutoSize(true);
+    DockPanel->SetDockSite(true);
+}
+
+void Tvx_dock_tool_form::show_pos(int x, int y)
+{
+    if (!std::exchange(f_placed, true)) {
+        if (x == 0 && y == 0)
+            SetPosition(poScreenCenter);
+        else
+            vx::detail::form_push_into_screen(*this, x, y);
+    }
+    Show();
+}
+
+Tvx_mdi_child_form::Tvx_mdi_child_form(TComponent *owner) : Tvx_form(owner_or_application(owner))
+{
+    SetDockSite(true);
+    SetFormStyle(fsMDIChild);
+}
+
+Tvx_mdi_conjoin_dock_host::Tvx_mdi_conjoin_dock_host(TComponent *owner)
+    : Tvx_form(owner_or_application(owner))
+{
+    SetDockSite(true);
+    SetUseDockManager(true);
+    SetFormStyle(fsMDIChild);
+    SetVisible(false);
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/toolkit/form.h"
+#include "platform/toolkit/screen.h"
+
+/// The rules by which forms are put at a point of the primary screen. Left and upper edge are not guarded.
+namespace vx::detail {
+/// Back to the screen's edge, as far as the form's right and lower edges need.
+inline void form_push_into_screen(TCustomForm &form, int x, int y)
+{
+    int const width = Screen->GetWidth();
+    int const height = Screen->GetHeight();
+    form.SetPosition(poDesigned);
+    form.SetBounds(x + form.GetWidth() > width ? width - form.GetWidth() : x,
+                   y + form.GetHeight() > height ? height - form.GetHeight() : y, form.GetWidth(),
+                   form.GetHeight());
+}
+
+/// To the other side of the point, where the form would not fit on its right or below it.
+inline void form_flip_into_screen(TCustomForm &form, int x, int y)
+{
+    form.SetPosition(poDesigned);
+    form.SetBounds(x + form.GetWidth() > Screen->GetWidth() ? x - form.GetWidth() : x,
+                   y + form.GetHeight() > Screen->GetHeight() ? y - form.GetHeight() : y, form.GetWidth(),
+                   form.GetHeight());
+}
+} // namespace vx::detail

@@ -1,0 +1,13 @@
+#pragma once
+
+/// Numbers of the captions of forms and dialogs.
+enum Tvx_forms_caption : int
+{
+    c_caption_apply = 100,
+    c_caption_cancel = 101,
+    c_caption_help = 102,
+    c_caption_update = 103,
+    c_caption_save = 104,
+    c_caption_load = 105,
+    c_caption_stop = 106,
+};

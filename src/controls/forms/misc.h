@@ -1,0 +1,115 @@
+#pragma once
+
+#include "platform/base/export.h"
+#include "platform/toolkit/bevel.h"
+#include "platform/toolkit/category_panel_group.h"
+#include "platform/toolkit/custom_control.h"
+#include "platform/toolkit/gauge.h"
+#include "platform/toolkit/graphic_control.h"
+#include "platform/toolkit/grid_panel.h"
+#include "platform/toolkit/image.h"
+#include "platform/toolkit/image_list.h"
+#include "platform/toolkit/progress_bar.h"
+#include "platform/toolkit/shape.h"
+#include "platform/toolkit/splitter.h"
+#include "platform/toolkit/status_bar.h"
+#include "platform/toolkit/track_bar.h"
+
+/// The library's names for the toolkit's other controls.
+
+class VX_API Tvx_status_bar : public TStatusBar
+{
+public:
+    using TStatusBar::TStatusBar;
+};
+
+class VX_API Tvx_splitter : public TSplitter
+{
+public:
+    using TSplitter::TSplitter;
+};
+
+class VX_API Tvx_bevel : public TBevel
+{
+public:
+    using TBevel::TBevel;
+};
+
+class VX_API Tvx_shape : public TShape
+{
+public:
+    using TShape::TShape;
+};
+
+class VX_API Tvx_image : public TImage
+{
+public:
+    using TImage::TImage;
+};
+
+class VX_API Tvx_image_list : public TImageList
+{
+public:
+    using TImageList::TImageList;
+};
+
+class VX_API Tvx_track_bar : public TTrackBar
+{
+public:
+    using TTrackBar::TTrackBar;
+};
+
+class VX_API Tvx_vcl_track_bar : public TTrackBar
+{
+public:
+    using TTrackBar::TTrackBar;
+};
+
+class VX_API Tvx_progress_bar : public TProgressBar
+{
+public:
+    using TProgressBar::TProgressBar;
+};
+
+class VX_API Tvx_gauge : public TGauge
+{
+public:
+    using TGauge::TGauge;
+};
+
+class VX_API Tvx_vcl_gauge : public TGauge
+{
+public:
+    using TGauge::TGauge;
+};
+
+class VX_API Tvx_grid_panel : public TGridPanel
+{
+public:
+    using TGridPanel::TGridPanel;
+};
+
+class VX_API Tvx_category_panel_group : public TCategoryPanelGroup
+{
+public:
+    using TCategoryPanelGroup::TCategoryPanelGroup;
+};
+
+class VX_API Tvx_custom_ctrl : public TCustomControl
+{
+public:
+    using TCustomControl::TCustomControl;
+};
+
+class VX_API Tvx_gr_ctrl : public TGraphicControl
+{
+public:
+    using TGraphicControl::TGraphicControl;
+};
+
+/// A windowed control for derived classes; an empty area by itself.
+class VX_API Tvx_win_ctrl : public TCustomControl
+{
+public:
+    using TCustomControl::TCustomControl;
+};

@@ -1,0 +1,27 @@
+#pragma once
+
+// Umbrella header for users of the library; written by tools/make_umbrella_headers.py.
+
+#include "controls/forms/apply_form.h"
+#include "controls/forms/bottom_panel.h"
+#include "controls/forms/buttons.h"
+#include "controls/forms/caption_panels.h"
+#include "controls/forms/dlg_form.h"
+#include "controls/forms/dock_forms.h"
+#include "controls/forms/edits.h"
+#include "controls/forms/event_off.h"
+#include "controls/forms/form.h"
+#include "controls/forms/forms_captions.h"
+#include "controls/forms/grids.h"
+#include "controls/forms/keys.h"
+#include "controls/forms/lists.h"
+#include "controls/forms/menus.h"
+#include "controls/forms/misc.h"
+#include "controls/forms/pages.h"
+#include "controls/forms/panels.h"
+#include "controls/forms/tool_form.h"
+#include "controls/forms/vcl_bottom_buttons.h"
+#include "controls/forms/vcl_caption_panel.h"
+#include "controls/forms/vcl_dialog_form.h"
+#include "controls/forms/vcl_progress_panel.h"
+#include "controls/forms/vcl_select_box.h"
