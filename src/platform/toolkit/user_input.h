@@ -5,6 +5,7 @@
 #include "platform/base/unicode_string.h"
 #include "platform/toolkit/types.h"
 
+#include <memory>
 #include <type_traits>
 #include <utility>
 
@@ -54,7 +55,8 @@ VX_API bool wheel(TControl *control, int notches, TShiftState shift = {});
 
 /// One key press and release for each character; a line feed is Enter, a tab character is Tab.
 VX_API bool type(UnicodeString const &text);
-/// A key by its `VK_` code, with ssShift, ssCtrl, ssAlt held. Gives false without a focused control.
+/// A key by its `VK_` code, with ssShift, ssCtrl, ssAlt held. Gives false while no window of the program is
+/// active.
 VX_API bool press(int key, TShiftState shift = {});
 VX_API bool press_times(int key, int times, TShiftState shift = {});
 /// Clicks the edit, selects its whole text and types over it. Enter and Tab are not pressed.
@@ -102,7 +104,7 @@ VX_API void choose_in_next_menu(UnicodeString const &path);
 class VX_API modal_window
 {
 public:
-    explicit modal_window(void *native) : f_native(native) {}
+    explicit modal_window(vx_native_widget *native);
     /// Null for a dialog that is not a form of the toolkit.
     [[nodiscard]] TCustomForm *form() const;
     [[nodiscard]] UnicodeString title() const;
@@ -115,7 +117,7 @@ public:
     void reject() const;
 
 private:
-    void *f_native;
+    std::shared_ptr<void> f_native; ///< knows when the window is gone; all answers are then empty
 };
 
 using modal_action = closure<void(modal_window const &)>;

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "platform/base/unicode_string.h"
+#include "platform/toolkit/types.h"
+
+class TPageControl;
+
+/// What the parts of the input driver share.
+namespace vx::user_input::detail {
+/// Presses and releases a key by its code in the window system, without and with Shift.
+bool tap(int native_key);
+/// A click at a point of a widget that need not belong to a control.
+bool click_widget(vx_native_widget *widget, TPoint const &at);
+/// A caption as one reads it: without accelerator marks and shortcut.
+[[nodiscard]] UnicodeString plain_caption(UnicodeString const &text);
+} // namespace vx::user_input::detail
