@@ -1,0 +1,8 @@
+#include "host/captions.h"
+
+#include "platform/basic/vx_res.h"
+
+QString vx_host_caption(Tvx_host_caption number)
+{
+    return QString::fromWCharArray(vx_res_get_wstr(number));
+}

@@ -1,0 +1,107 @@
+#include "host/command_line.h"
+
+namespace {
+constexpr char c_help[] = R"(Usage: vx_map [options] [file...]
+
+Shows map files as layers, the first file at the bottom, and edits how the layers are drawn.
+Opens the vector and raster files that GDAL reads; rasters are listed and edited, but not drawn.
+
+Options:
+  --lang en|ru     language of the windows
+  --shot DIR       go through a tour by itself, write its pictures to DIR, end;
+                   the pictures' paths are printed, the exit code is 0 when all went well
+  --headless       needs no display; only with --shot
+  --data DIR       folder of the example data that the tour opens
+  -h, --help       this text
+  --version        the version
+  --               what follows are files
+)";
+
+/// Options of the window system that take a value in the next argument.
+constexpr char const *c_window_options[] = {"-platform",           "-style",           "-display",
+                                            "-geometry",           "-qwindowgeometry", "-stylesheet",
+                                            "-platformpluginpath", "-platformtheme"};
+
+bool is_window_option(std::string const &argument)
+{
+    for (char const *option : c_window_options)
+        if (argument == option || argument == std::string("-") + option)
+            return true;
+    return false;
+}
+
+class reader
+{
+public:
+    explicit reader(std::vector<std::string> const &arguments) : f_arguments(arguments) {}
+
+    Tvx_command_line read()
+    {
+        while (f_at < f_arguments.size() && f_line.error.empty())
+            take(f_arguments[f_at++]);
+        check();
+        return f_line;
+    }
+
+private:
+    void take(std::string const &argument)
+    {
+        if (f_only_files || argument.empty() || argument[0] != '-')
+            f_line.files.push_back(argument);
+        else if (argument == "--")
+            f_only_files = true;
+        else if (argument == "-h" || argument == "--help")
+            f_line.help = true;
+        else if (argument == "--version")
+            f_line.version = true;
+        else if (argument == "--headless")
+            f_line.headless = true;
+        else if (is_window_option(argument))
+            ++f_at;
+        else if (!take_value(argument, "--lang", f_line.language) &&
+                 !take_value(argument, "--shot", f_line.shot_directory) &&
+                 !take_value(argument, "--data", f_line.data_directory))
+            f_line.error = "unknown option " + argument;
+    }
+
+    /// `--name value` or `--name=value`.
+    bool take_value(std::string const &argument, std::string const &name, std::string &value)
+    {
+        if (argument.starts_with(name + "=")) {
+            value = argument.substr(name.size() + 1);
+        } else if (argument == name) {
+            value = f_at < f_arguments.size() ? f_arguments[f_at++] : std::string();
+        } else {
+            return false;
+        }
+        if (value.empty())
+            f_line.error = name + " needs a value";
+        return true;
+    }
+
+    void check()
+    {
+        if (!f_line.error.empty() || f_line.help || f_line.version)
+            return;
+        if (!f_line.language.empty() && f_line.language != "en" && f_line.language != "ru")
+            f_line.error = "unknown language " + f_line.language + ", known are en and ru";
+        else if (f_line.headless && f_line.shot_directory.empty())
+            f_line.error = "--headless needs --shot DIR";
+    }
+
+    std::vector<std::string> const &f_arguments;
+    std::size_t f_at = 0;
+    bool f_only_files = false;
+    Tvx_command_line f_line;
+};
+} // namespace
+
+Tvx_command_line vx_command_line_parse(std::vector<std::string> const &arguments)
+{
+    return reader(arguments).read();
+}
+
+char const *vx_command_line_help()
+{
+    return c_help;
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+/// What the user asked for on the command line.
+struct Tvx_command_line
+{
+    std::vector<std::string> files;
+    /// "en" or "ru"; empty takes the user's language.
+    std::string language;
+    /// Folder of the tour's pictures; empty for ordinary work.
+    std::string shot_directory;
+    /// Folder of the example data for the tour; empty for the one that came with the program.
+    std::string data_directory;
+    bool headless = false;
+    bool help = false;
+    bool version = false;
+    /// What is wrong with the arguments, one line; empty when nothing is.
+    std::string error;
+};
+
+/// Arguments without the program's own name. Arguments that belong to the window system (`-platform`,
+/// `-style` and the like) are left to it.
+[[nodiscard]] Tvx_command_line vx_command_line_parse(std::vector<std::string> const &arguments);
+[[nodiscard]] char const *vx_command_line_help();

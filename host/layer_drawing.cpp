@@ -1,0 +1,41 @@
+#include "host/layer_drawing.h"
+
+#include "platform/base/owned.h"
+#include "platform/basic/vx_options.h"
+#include "platform/layers/vx_shp_lr2d.h"
+#include "platform/render/vx_bmp_dc.h"
+#include "platform/render/vx_render_layer.h"
+
+#include <QImage>
+
+namespace {
+/// Remembers that the drawing was cancelled: the renderer's answer does not tell it from a failure.
+struct cancel_watch
+{
+    closure<bool()> ask;
+    bool cancelled = false;
+
+    bool is_cancelled()
+    {
+        cancelled = cancelled || ask();
+        return cancelled;
+    }
+};
+} // namespace
+
+Tvx_drawing_result vx_layer_draw(Ivx_layer *layer, Tvx_canvas_view const &view, QImage &image,
+                                 closure<bool()> cancelled)
+{
+    if (!vx_lr2d_is_shp(layer))
+        return c_drawing_done;
+    double const ratio = image.devicePixelRatio();
+    Tvx_map_view const picture{view.box(), image.width(), image.height(), vx_options_get_mm2px_x() * ratio,
+                               vx_options_get_mm2px_y() * ratio};
+    vx::owned<void, &vx_bmp_dc_destroy> const device(vx_bmp_dc_create());
+    vx_bmp_dc_set_pixels(device.get(), image.bits(), image.width(), image.height(),
+                         int(image.bytesPerLine()));
+    cancel_watch watch{cancelled};
+    if (vx_render_layer(layer, picture, device.get(), make_closure<&cancel_watch::is_cancelled>(&watch)))
+        return c_drawing_done;
+    return watch.cancelled ? c_drawing_cancelled : c_drawing_failed;
+}

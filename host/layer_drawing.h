@@ -1,0 +1,22 @@
+#pragma once
+
+#include "host/canvas_view.h"
+
+#include "platform/base/closure.h"
+
+class QImage;
+struct Ivx_layer;
+
+enum Tvx_drawing_result
+{
+    c_drawing_done,
+    c_drawing_cancelled,
+    /// The layer's data could not be read to the end; what was read is drawn.
+    c_drawing_failed,
+};
+
+/// Draws the layer with its own styles over what the image holds: as large as the view times its device pixel
+/// ratio, of the premultiplied 32-bit kind. `cancelled` is asked now and then and ends the drawing with true.
+/// Layers of kinds that are not drawn leave the image as it is.
+[[nodiscard]] Tvx_drawing_result vx_layer_draw(Ivx_layer *layer, Tvx_canvas_view const &view, QImage &image,
+                                               closure<bool()> cancelled = {});

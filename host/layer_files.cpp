@@ -1,0 +1,201 @@
+#include "host/layer_files.h"
+
+#include "extension/binding/data_source.h"
+#include "extension/binding/string_visitor.h"
+#include "host/captions.h"
+#include "host/layer_style.h"
+
+#include "platform/base/string_adp.h"
+#include "platform/basic/vx_datasource.h"
+#include "platform/layers/layer_keys.h"
+#include "platform/layers/vx_rtr_lr2d.h"
+#include "platform/layers/vx_shp_lr2d.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <string>
+
+namespace {
+/// At most so many files are named in one message.
+constexpr std::size_t c_named_files = 8;
+
+class text_receiver final : public vx::string_visitor_impl
+{
+public:
+    std::wstring text;
+    void visit(wchar_t const *received) override { text = received ? received : L""; }
+};
+
+/// An open data set, ended with its scope.
+class data_set
+{
+public:
+    explicit data_set(std::wstring const &source)
+    {
+        t_vx_data_source_interface handle;
+        vx_datasource_open(source.c_str(), true, &handle);
+        f_source = vx::data_source(handle);
+    }
+    data_set(data_set const &) = delete;
+    data_set &operator=(data_set const &) = delete;
+    ~data_set() { f_source.detach(); }
+
+    [[nodiscard]] vx::data_source const &operator*() const { return f_source; }
+    [[nodiscard]] vx::data_source const *operator->() const { return &f_source; }
+    [[nodiscard]] explicit operator bool() const { return bool(f_source); }
+
+private:
+    vx::data_source f_source;
+};
+
+/// A connection string that names just this file. A path with "&" in it would be split there, were it not
+/// closed.
+std::wstring source_of(QString const &path)
+{
+    std::wstring source = QDir::toNativeSeparators(path).toStdWString();
+    if (source.find(L'&') != std::wstring::npos)
+        source += L'|';
+    return source;
+}
+
+/// What is wrong with the path itself; null when a driver may have a look.
+QString refuse_path(QString const &path)
+{
+    QFileInfo const info(path);
+    if (!info.exists())
+        return vx_host_caption(c_cap_err_not_found);
+    if (!info.isDir() && !info.isFile())
+        return vx_host_caption(c_cap_err_special_file);
+    if (!info.isReadable())
+        return vx_host_caption(c_cap_err_not_readable);
+    return {};
+}
+
+/// Areas lie below lines, lines below points.
+int height_of(Ivx_layer const *layer)
+{
+    std::string_view const key = vx_lr2d_get_lr_type(layer);
+    if (key == c_lr_key_rtr)
+        return 0;
+    if (key == c_lr_key_shp_pgn)
+        return 1;
+    return key == c_lr_key_shp_pln ? 2 : 3;
+}
+
+void set_name(Ivx_layer *layer, QString const &path, std::wstring const &part, bool one_of_many)
+{
+    std::wstring const base = QFileInfo(path).completeBaseName().toStdWString();
+    vx_lr2d_set_wcaption(layer, one_of_many && !part.empty() ? part.c_str() : base.c_str());
+}
+
+/// The source of one part; the file's own where the driver names none.
+std::wstring part_source(std::wstring const &given, std::wstring const &file)
+{
+    return given.empty() ? file : given;
+}
+
+void add_vectors(data_set const &set, QString const &path, std::wstring const &file, Tvx_opened_file &result)
+{
+    int const count = set->vector_count();
+    for (int i = 0; i < count; ++i) {
+        text_receiver source, name;
+        set->vector_source(i, source);
+        set->vector_name(i, name);
+        std::wstring error;
+        Tvx_layer_list::layer_ptr layer(
+            vx_shp_lr2d_open(part_source(source.text, file).c_str(), Tvx_std_wstring_adapter(error)));
+        if (!layer) {
+            result.error = QString::fromStdWString(error);
+            continue;
+        }
+        set_name(layer.get(), path, name.text, count > 1);
+        vx_layer_set_default_style(layer.get());
+        result.layers.push_back({std::move(layer), {}});
+    }
+}
+
+void add_grids(data_set const &set, QString const &path, std::wstring const &file, Tvx_opened_file &result)
+{
+    int const count = set->grid_count();
+    for (int i = 0; i < count; ++i) {
+        text_receiver source, name;
+        set->grid_source(i, source);
+        set->grid_name(i, name);
+        Tvx_layer_list::layer_ptr layer(vx_rtr_lr2d_create(part_source(source.text, file).c_str()));
+        if (!layer)
+            continue;
+        set_name(layer.get(), path, name.text, count > 1);
+        result.layers.push_back({std::move(layer), {}});
+    }
+}
+
+QString open_error(QString const &path)
+{
+    std::wstring error;
+    vx_datasource_get_error(Tvx_std_wstring_adapter(error));
+    if (!error.empty())
+        return QString::fromStdWString(error);
+    return vx_host_caption(QFileInfo(path).isDir() ? c_cap_err_directory : c_cap_err_no_layers);
+}
+} // namespace
+
+Tvx_opened_file vx_layer_files_open(QString const &path)
+{
+    Tvx_opened_file result;
+    result.error = refuse_path(path);
+    if (!result.error.isEmpty())
+        return result;
+    std::wstring const file = source_of(QFileInfo(path).absoluteFilePath());
+    data_set const set(file);
+    if (!set) {
+        result.error = open_error(path);
+        return result;
+    }
+    text_receiver projection;
+    set->with_proj4(projection);
+    add_grids(set, path, file, result);
+    add_vectors(set, path, file, result);
+    if (result.layers.empty()) {
+        if (result.error.isEmpty())
+            result.error = vx_host_caption(c_cap_err_no_layers);
+        return result;
+    }
+    result.error.clear();
+    for (auto &opened : result.layers)
+        opened.unit = vx_map_unit_from_proj4(projection.text);
+    std::stable_sort(result.layers.begin(), result.layers.end(), [](auto const &a, auto const &b) {
+        return height_of(a.layer.get()) < height_of(b.layer.get());
+    });
+    return result;
+}
+
+QString vx_layer_files_message(std::vector<Tvx_failed_file> const &failed)
+{
+    auto const shown = [](QString const &path) { return QDir::toNativeSeparators(path); };
+    if (failed.size() == 1)
+        return vx_host_caption(c_cap_err_one_file).arg(shown(failed.front().path)) + "\n\n" +
+               failed.front().reason;
+    QString text = vx_host_caption(c_cap_err_many_files) + "\n";
+    for (std::size_t i = 0; i < std::min(failed.size(), c_named_files); ++i)
+        text += "\n" + shown(failed[i].path) + "\n    " + failed[i].reason;
+    if (failed.size() > c_named_files)
+        text += "\n\n" + vx_host_caption(c_cap_err_more_files).arg(failed.size() - c_named_files);
+    return text;
+}
+
+QString vx_layer_files_dialog_filter()
+{
+    QString const vectors =
+        "*.shp *.gpkg *.geojson *.json *.kml *.kmz *.gml *.gpx *.tab *.mif *.dxf *.dgn *.fgb "
+        "*.csv *.sqlite *.db *.e00 *.shz";
+    QString const rasters =
+        "*.tif *.tiff *.img *.asc *.vrt *.nc *.jp2 *.png *.jpg *.jpeg *.dem *.hgt *.grd *.bil";
+    auto const line = [](Tvx_host_caption name, QString const &masks) {
+        return QStringLiteral("%1 (%2)").arg(vx_host_caption(name), masks);
+    };
+    return QStringList{line(c_cap_filter_maps, vectors + " " + rasters), line(c_cap_filter_vectors, vectors),
+                       line(c_cap_filter_rasters, rasters), line(c_cap_filter_all, "*")}
+        .join(";;");
+}

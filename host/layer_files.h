@@ -1,0 +1,35 @@
+#pragma once
+
+#include "host/layer_list.h"
+
+#include <QString>
+
+#include <vector>
+
+/// What opening one file gave: its layers in the order of the file, or one sentence that says why there are
+/// none.
+struct Tvx_opened_file
+{
+    struct layer
+    {
+        Tvx_layer_list::layer_ptr layer;
+        std::optional<Tvx_map_unit> unit;
+    };
+    std::vector<layer> layers;
+    QString error;
+};
+
+/// Opens a vector or raster file, or a folder that is a data set, with every layer in it. Nothing is shown or
+/// printed, and no file is changed.
+[[nodiscard]] Tvx_opened_file vx_layer_files_open(QString const &path);
+
+/// The message for files that could not be opened; `failed` holds paths and reasons and is not empty.
+struct Tvx_failed_file
+{
+    QString path;
+    QString reason;
+};
+[[nodiscard]] QString vx_layer_files_message(std::vector<Tvx_failed_file> const &failed);
+
+/// Filters for the open dialog.
+[[nodiscard]] QString vx_layer_files_dialog_filter();

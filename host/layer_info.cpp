@@ -1,0 +1,162 @@
+#include "host/layer_info.h"
+
+#include "extension/binding/data_source.h"
+#include "host/captions.h"
+#include "host/layer_style.h"
+
+#include "platform/base/string_adp.h"
+#include "platform/basic/vx_datasource.h"
+#include "platform/data/vx_attr_data.h"
+#include "platform/data/vx_shape_files.h"
+#include "platform/layers/layer_keys.h"
+#include "platform/layers/vx_shp_lr2d.h"
+
+#include <QDir>
+#include <QPainter>
+
+#include <string>
+#include <string_view>
+
+namespace {
+constexpr int c_symbol_width = 24;
+constexpr int c_symbol_height = 16;
+
+struct kind_name
+{
+    std::string_view key;
+    Tvx_host_caption caption;
+};
+constexpr kind_name c_kinds[] = {
+    {c_lr_key_shp_pnt, c_cap_kind_points},
+    {c_lr_key_shp_pln, c_cap_kind_lines},
+    {c_lr_key_shp_pgn, c_cap_kind_polygons},
+    {c_lr_key_rtr, c_cap_kind_raster},
+};
+
+std::string_view key_of(Ivx_layer const *layer)
+{
+    char const *key = vx_lr2d_get_lr_type(layer);
+    return key ? key : "";
+}
+
+QString kind_of(Ivx_layer const *layer)
+{
+    for (kind_name const &kind : c_kinds)
+        if (kind.key == key_of(layer))
+            return vx_host_caption(kind.caption);
+    return vx_host_caption(c_cap_kind_other);
+}
+
+QColor color_of(Tvx_color c)
+{
+    return {c.r, c.g, c.b, c.a};
+}
+
+void draw_simple(QPainter &painter, Tvx_layer_colors const &colors)
+{
+    QRectF const box(3, 2, c_symbol_width - 6, c_symbol_height - 4);
+    if (colors.point.a) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(color_of(colors.point));
+        painter.drawEllipse(box.center(), 4, 4);
+    } else if (colors.fill.a || !colors.line.a) {
+        painter.setPen(colors.line.a ? QPen(color_of(colors.line), 1.5) : QPen(Qt::NoPen));
+        painter.setBrush(colors.fill.a ? QBrush(color_of(colors.fill)) : QBrush(Qt::NoBrush));
+        painter.drawRect(box);
+    } else {
+        painter.setPen(QPen(color_of(colors.line), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.drawPolyline(QPolygonF{{2, 12}, {9, 5}, {14, 10}, {22, 3}});
+    }
+}
+
+/// A layer that shows classes: a few of many colours.
+void draw_classes(QPainter &painter)
+{
+    QColor const classes[] = {QColor(0xd9, 0x4a, 0x3d), QColor(0xf2, 0xb1, 0x34), QColor(0x4d, 0x9a, 0x5b),
+                              QColor(0x3f, 0x7f, 0xbf)};
+    painter.setPen(Qt::NoPen);
+    for (int i = 0; i < 4; ++i)
+        painter.fillRect(QRectF(3 + 4.5 * i, 3, 4.5, c_symbol_height - 6.0), classes[i]);
+}
+
+/// A layer of cells, or one that has no style here.
+void draw_cells(QPainter &painter)
+{
+    for (int x = 0; x < 4; ++x)
+        for (int y = 0; y < 2; ++y)
+            painter.fillRect(QRectF(3 + 4.5 * x, 3 + 5.0 * y, 4.5, 5),
+                             (x + y) % 2 ? QColor(0x9a, 0xa3, 0xad) : QColor(0xc9, 0xcf, 0xd6));
+}
+
+/// Rasters have no data object: the data set is asked itself.
+Tvx_box_d2 source_extent(Ivx_layer const *layer)
+{
+    std::wstring source;
+    vx_lr2d_get_wfilename(layer, Tvx_std_wstring_adapter(source));
+    if (source.empty())
+        return {};
+    t_vx_data_source_interface set;
+    vx_datasource_open(source.c_str(), true, &set);
+    Tvx_box_d2 box;
+    bool const known = vxk_datasource_data_source_with_extent(set, &box, true);
+    vxk_datasource_data_source_detach(set);
+    return known ? box : Tvx_box_d2{};
+}
+} // namespace
+
+QString vx_layer_name(Ivx_layer *layer)
+{
+    std::wstring name;
+    vx_lr2d_get_wcaption(layer, Tvx_std_wstring_adapter(name));
+    return QString::fromStdWString(name);
+}
+
+QString vx_layer_tip(Ivx_layer *layer)
+{
+    std::wstring file;
+    vx_lr2d_get_wfilename(layer, Tvx_std_wstring_adapter(file));
+    QString kind = kind_of(layer);
+    if (Ivx_shape_files *shapes = vx_shape_files_open(vx_shp_lr2d_get_attr_data_ptr(layer))) {
+        kind +=
+            QStringLiteral(", ") + vx_host_caption(c_cap_feature_count).arg(vx_shape_files_get_count(shapes));
+        vx_shape_files_close(shapes);
+    }
+    return vx_host_caption(c_cap_layer_tip)
+        .arg(file.empty() ? vx_host_caption(c_cap_no_file)
+                          : QDir::toNativeSeparators(QString::fromStdWString(file)),
+             kind);
+}
+
+QIcon vx_layer_symbol(Ivx_layer *layer)
+{
+    QPixmap pixmap(2 * c_symbol_width, 2 * c_symbol_height);
+    pixmap.setDevicePixelRatio(2);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (!vx_lr2d_is_shp(layer))
+        draw_cells(painter);
+    else if (!vx_layer_is_drawn_simple(layer))
+        draw_classes(painter);
+    else
+        draw_simple(painter, vx_layer_get_colors(layer));
+    painter.end();
+    QIcon icon;
+    // The same in a selected line: the colours are what the symbol is for.
+    for (QIcon::Mode const mode : {QIcon::Normal, QIcon::Selected, QIcon::Active})
+        icon.addPixmap(pixmap, mode);
+    return icon;
+}
+
+Tvx_box_d2 vx_layer_extent(Ivx_layer *layer)
+{
+    if (key_of(layer) == c_lr_key_rtr)
+        return source_extent(layer);
+    Tvx_box_d2 box;
+    return vx_attr_data_get_extent(vx_shp_lr2d_get_attr_data_ptr(layer), &box) ? box : Tvx_box_d2{};
+}
+
+bool vx_layer_is_drawn(Ivx_layer *layer)
+{
+    return vx_lr2d_is_shp(layer);
+}

@@ -1,0 +1,195 @@
+#include "host/layer_list.h"
+
+#include "host/layer_info.h"
+
+#include <algorithm>
+
+Tvx_layer_list::~Tvx_layer_list() = default;
+
+int Tvx_layer_list::add(layer_ptr layer, std::optional<Tvx_map_unit> unit)
+{
+    if (!layer)
+        return -1;
+    beginInsertRows({}, 0, 0);
+    Tvx_box_d2 const extent = vx_layer_extent(layer.get());
+    f_items.insert(f_items.begin(), item{++f_last_id, 0, std::move(layer), extent, unit});
+    endInsertRows();
+    emit picture_changed();
+    return f_last_id;
+}
+
+bool Tvx_layer_list::replace(int id, layer_ptr layer)
+{
+    int const row = row_of(id);
+    if (row < 0 || !layer)
+        return false;
+    vx_lr2d_set_visible(layer.get(), is_visible(row));
+    item &place = f_items[std::size_t(row)];
+    place.extent = vx_layer_extent(layer.get());
+    place.layer = std::move(layer);
+    ++place.revision;
+    emit dataChanged(index(row), index(row));
+    emit layer_replaced(id);
+    emit picture_changed();
+    return true;
+}
+
+bool Tvx_layer_list::remove(int row)
+{
+    return removeRows(row, 1);
+}
+
+bool Tvx_layer_list::move(int from, int to)
+{
+    // The model's own form names the row before which the layer is put.
+    return moveRows({}, from, 1, {}, to > from ? to + 1 : to);
+}
+
+bool Tvx_layer_list::set_layer_visible(int row, bool visible)
+{
+    if (!has_row(row))
+        return false;
+    if (is_visible(row) == visible)
+        return true;
+    vx_lr2d_set_visible(layer_at(row), visible);
+    emit dataChanged(index(row), index(row), {Qt::CheckStateRole});
+    emit picture_changed();
+    return true;
+}
+
+void Tvx_layer_list::set_all_visible(bool visible)
+{
+    for (int row = 0; row < count(); ++row)
+        set_layer_visible(row, visible);
+}
+
+int Tvx_layer_list::row_of(int id) const
+{
+    auto const found =
+        std::find_if(f_items.begin(), f_items.end(), [id](item const &i) { return i.id == id; });
+    return found == f_items.end() ? -1 : int(found - f_items.begin());
+}
+
+int Tvx_layer_list::id_at(int row) const
+{
+    return has_row(row) ? f_items[std::size_t(row)].id : -1;
+}
+
+Ivx_layer *Tvx_layer_list::layer_at(int row) const
+{
+    return has_row(row) ? f_items[std::size_t(row)].layer.get() : nullptr;
+}
+
+QString Tvx_layer_list::name_at(int row) const
+{
+    return has_row(row) ? vx_layer_name(layer_at(row)) : QString();
+}
+
+bool Tvx_layer_list::is_visible(int row) const
+{
+    return has_row(row) && vx_lr2d_get_visible(layer_at(row));
+}
+
+int Tvx_layer_list::revision_at(int row) const
+{
+    return has_row(row) ? f_items[std::size_t(row)].revision : -1;
+}
+
+Tvx_box_d2 Tvx_layer_list::extent_at(int row) const
+{
+    return has_row(row) ? f_items[std::size_t(row)].extent : Tvx_box_d2{};
+}
+
+Tvx_box_d2 Tvx_layer_list::extent() const
+{
+    Tvx_box_d2 box;
+    for (item const &i : f_items)
+        box.add(i.extent);
+    return box;
+}
+
+Tvx_map_unit Tvx_layer_list::map_unit() const
+{
+    for (auto i = f_items.rbegin(); i != f_items.rend(); ++i)
+        if (i->unit)
+            return *i->unit;
+    return vx_map_unit_guess(extent());
+}
+
+int Tvx_layer_list::rowCount(QModelIndex const &parent) const
+{
+    return parent.isValid() ? 0 : count();
+}
+
+QVariant Tvx_layer_list::data(QModelIndex const &index, int role) const
+{
+    if (!index.isValid() || !has_row(index.row()))
+        return {};
+    int const row = index.row();
+    switch (role) {
+    case Qt::DisplayRole:
+        return name_at(row);
+    case Qt::CheckStateRole:
+        return is_visible(row) ? Qt::Checked : Qt::Unchecked;
+    case Qt::DecorationRole:
+        return vx_layer_symbol(layer_at(row));
+    case Qt::ToolTipRole:
+        return vx_layer_tip(layer_at(row));
+    case c_id_role:
+        return id_at(row);
+    default:
+        return {};
+    }
+}
+
+bool Tvx_layer_list::setData(QModelIndex const &index, QVariant const &value, int role)
+{
+    if (!index.isValid() || role != Qt::CheckStateRole)
+        return false;
+    return set_layer_visible(index.row(), value.toInt() == Qt::Checked);
+}
+
+Qt::ItemFlags Tvx_layer_list::flags(QModelIndex const &index) const
+{
+    if (!index.isValid())
+        return Qt::ItemIsDropEnabled;
+    return Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsUserCheckable | Qt::ItemIsDragEnabled |
+           Qt::ItemNeverHasChildren;
+}
+
+bool Tvx_layer_list::moveRows(QModelIndex const &source_parent, int source, int count,
+                              QModelIndex const &target_parent, int target)
+{
+    if (source_parent.isValid() || target_parent.isValid() || count < 1 || source < 0 ||
+        source + count > this->count() || target < 0 || target > this->count())
+        return false;
+    if (target >= source && target <= source + count)
+        return false;
+    if (!beginMoveRows({}, source, source + count - 1, {}, target))
+        return false;
+    auto const begin = f_items.begin();
+    if (target > source)
+        std::rotate(begin + source, begin + source + count, begin + target);
+    else
+        std::rotate(begin + target, begin + source, begin + source + count);
+    endMoveRows();
+    emit picture_changed();
+    return true;
+}
+
+bool Tvx_layer_list::removeRows(int row, int count, QModelIndex const &parent)
+{
+    if (parent.isValid() || count < 1 || row < 0 || row + count > this->count())
+        return false;
+    // The layers live until the listeners have let go of them.
+    std::vector<item> removed;
+    beginRemoveRows({}, row, row + count - 1);
+    auto const first = f_items.begin() + row;
+    removed.assign(std::make_move_iterator(first), std::make_move_iterator(first + count));
+    f_items.erase(first, first + count);
+    endRemoveRows();
+    for (item const &i : removed)
+        emit layer_removed(i.id);
+    emit picture_changed();
+    return true;
+}

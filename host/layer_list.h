@@ -1,0 +1,89 @@
+#pragma once
+
+#include "host/map_unit.h"
+
+#include "platform/base/geometry.h"
+#include "platform/base/owned.h"
+#include "platform/layers/vx_lr2d.h"
+
+#include <QAbstractListModel>
+
+#include <vector>
+
+/// The map's layers, first row on top of the picture: the model of the list in the window and of the picture.
+///
+/// The list owns the layers. A layer keeps its id through moves and replacements, so others remember ids, not
+/// rows or pointers.
+class Tvx_layer_list : public QAbstractListModel
+{
+    Q_OBJECT
+
+public:
+    using layer_ptr = vx::owned<Ivx_layer, &vx_lr2d_destroy>;
+    enum role
+    {
+        c_id_role = Qt::UserRole
+    };
+
+    using QAbstractListModel::QAbstractListModel;
+    ~Tvx_layer_list() override;
+
+    /// Puts the layer on top and gives its id; a null layer is not taken, -1. The unit is that of its
+    /// coordinates, where the data tell.
+    int add(layer_ptr layer, std::optional<Tvx_map_unit> unit = {});
+    /// Puts an edited layer in the place of the one with this id and shows it or not as that was. False, and
+    /// the new layer is gone, when no such layer is left.
+    bool replace(int id, layer_ptr layer);
+    bool remove(int row);
+    /// Moves a layer so that it ends up in row `to`.
+    bool move(int from, int to);
+    bool set_layer_visible(int row, bool visible);
+    void set_all_visible(bool visible);
+
+    [[nodiscard]] int count() const { return int(f_items.size()); }
+    /// -1 when there is none.
+    [[nodiscard]] int row_of(int id) const;
+    /// -1 for a row outside the list.
+    [[nodiscard]] int id_at(int row) const;
+    /// Null for a row outside the list. The layer stays the list's.
+    [[nodiscard]] Ivx_layer *layer_at(int row) const;
+    [[nodiscard]] QString name_at(int row) const;
+    [[nodiscard]] bool is_visible(int row) const;
+    /// Number that changes with each replacement of the layer: what is drawn with an older one is stale.
+    [[nodiscard]] int revision_at(int row) const;
+    /// Empty for a layer without features and for one that has no place.
+    [[nodiscard]] Tvx_box_d2 extent_at(int row) const;
+    /// Extent of all layers.
+    [[nodiscard]] Tvx_box_d2 extent() const;
+    /// Unit of the map: that of the lowest layer that tells, else a guess from the extent.
+    [[nodiscard]] Tvx_map_unit map_unit() const;
+
+    [[nodiscard]] int rowCount(QModelIndex const &parent = {}) const override;
+    [[nodiscard]] QVariant data(QModelIndex const &index, int role) const override;
+    bool setData(QModelIndex const &index, QVariant const &value, int role) override;
+    [[nodiscard]] Qt::ItemFlags flags(QModelIndex const &index) const override;
+    [[nodiscard]] Qt::DropActions supportedDropActions() const override { return Qt::MoveAction; }
+    bool moveRows(QModelIndex const &source_parent, int source, int count, QModelIndex const &target_parent,
+                  int target) override;
+    bool removeRows(int row, int count, QModelIndex const &parent = {}) override;
+
+signals:
+    /// What the map shows has changed: layers came, went, moved, were replaced, shown or hidden.
+    void picture_changed();
+    void layer_removed(int id);
+    void layer_replaced(int id);
+
+private:
+    struct item
+    {
+        int id;
+        int revision;
+        layer_ptr layer;
+        Tvx_box_d2 extent;
+        std::optional<Tvx_map_unit> unit;
+    };
+    [[nodiscard]] bool has_row(int row) const { return row >= 0 && row < count(); }
+
+    std::vector<item> f_items;
+    int f_last_id = 0;
+};

@@ -1,0 +1,106 @@
+#include "host/layer_style.h"
+
+#include "platform/layers/vx_shp_lr2d.h"
+#include "platform/styles/vx_base_style.h"
+#include "platform/styles/vx_stl_mngr.h"
+#include "platform/styles/vx_stl_prm.h"
+#include "platform/styles/vx_style.h"
+
+#include <iterator>
+
+namespace {
+struct color_pair
+{
+    Tvx_color quiet;
+    Tvx_color strong;
+};
+
+/// Hues after Okabe and Ito, which stay apart for most kinds of colour vision; lightened for fills.
+constexpr color_pair c_colors[] = {
+    {vx_clr_init_rgb(0xe9, 0xe4, 0xd4), vx_clr_init_rgb(0x8a, 0x7f, 0x66)},
+    {vx_clr_init_rgb(0xf6, 0xdc, 0xc8), vx_clr_init_rgb(0xc2, 0x50, 0x00)},
+    {vx_clr_init_rgb(0xcf, 0xe3, 0xf1), vx_clr_init_rgb(0x00, 0x72, 0xb2)},
+    {vx_clr_init_rgb(0xcd, 0xe8, 0xdc), vx_clr_init_rgb(0x00, 0x8a, 0x63)},
+    {vx_clr_init_rgb(0xf2, 0xd9, 0xe7), vx_clr_init_rgb(0xa8, 0x48, 0x80)},
+    {vx_clr_init_rgb(0xf7, 0xe8, 0xb8), vx_clr_init_rgb(0xb0, 0x7d, 0x00)},
+};
+constexpr Tvx_color c_clear{};
+constexpr double c_outline_mm = 0.15;
+constexpr double c_line_mm = 0.4;
+constexpr double c_point_mm = 1.8;
+
+unsigned next_color = 0;
+
+void *simple_prm(void *manager)
+{
+    return vx_stl_mngr_get_simple_sp_ptr(manager);
+}
+
+void *point_style(Ivx_layer *layer)
+{
+    return vx_stl_prm_get_pnt_style_ptr(simple_prm(vx_shp_pnt_lr2d_get_stl_mngr_ptr(layer)), false);
+}
+void *line_style(Ivx_layer *layer)
+{
+    return vx_stl_prm_get_pln_style_ptr(simple_prm(vx_shp_pln_lr2d_get_stl_mngr_ptr(layer)), false);
+}
+void *area_style(Ivx_layer *layer)
+{
+    return vx_stl_prm_get_pgn_style_ptr(simple_prm(vx_shp_pgn_lr2d_get_stl_mngr_ptr(layer)), false);
+}
+
+void set_line(void *line, Tvx_color color, double width)
+{
+    vx_bpln_style_set_color(line, color);
+    vx_bpln_style_set_width(line, width);
+}
+} // namespace
+
+Tvx_layer_colors vx_layer_get_colors(Ivx_layer *layer)
+{
+    Tvx_layer_colors colors{c_clear, c_clear, c_clear};
+    if (void *style = point_style(layer)) {
+        if (vx_pnt_style_get_pnt_visible(style))
+            colors.point = vx_bpnt_style_get_color(vx_pnt_style_get_bpnt_style_ptr(style));
+    } else if (void *style = line_style(layer)) {
+        if (vx_pln_style_get_pln_visible(style))
+            colors.line = vx_bpln_style_get_color(vx_pln_style_get_bpln_style_ptr(style));
+    } else if (void *style = area_style(layer)) {
+        if (vx_pgn_style_get_pgn_visible(style))
+            colors.fill = vx_bpgn_style_get_color(vx_pgn_style_get_bpgn_style_ptr(style));
+        if (vx_pgn_style_get_pln_visible(style))
+            colors.line = vx_bpln_style_get_color(vx_pgn_style_get_bpln_style_ptr(style));
+    }
+    return colors;
+}
+
+bool vx_layer_is_drawn_simple(Ivx_layer *layer)
+{
+    return vx_stl_mngr_get_mode(vx_shp_lr2d_get_stl_mngr_ptr(layer)) == c_stl_mngr_mode_simple;
+}
+
+void vx_layer_set_default_style(Ivx_layer *layer)
+{
+    if (!vx_lr2d_is_shp(layer))
+        return;
+    color_pair const &colors = c_colors[next_color++ % std::size(c_colors)];
+    if (void *style = point_style(layer)) {
+        void *point = vx_pnt_style_get_bpnt_style_ptr(style);
+        vx_bpnt_style_set_color(point, colors.strong);
+        vx_bpnt_style_set_size(point, c_point_mm);
+        vx_pnt_style_set_pnt_visible(style, true);
+    } else if (void *style = line_style(layer)) {
+        set_line(vx_pln_style_get_bpln_style_ptr(style), colors.strong, c_line_mm);
+        vx_pln_style_set_pln_visible(style, true);
+    } else if (void *style = area_style(layer)) {
+        vx_bpgn_style_set_color(vx_pgn_style_get_bpgn_style_ptr(style), colors.quiet);
+        set_line(vx_pgn_style_get_bpln_style_ptr(style), colors.strong, c_outline_mm);
+        vx_pgn_style_set_pgn_visible(style, true);
+        vx_pgn_style_set_pln_visible(style, true);
+    }
+}
+
+void vx_layer_restart_default_styles()
+{
+    next_color = 0;
+}

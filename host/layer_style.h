@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/base/color.h"
+
+struct Ivx_layer;
+
+/// The colours of a vector layer's simple style; alpha 0 for what the style does not draw.
+struct Tvx_layer_colors
+{
+    Tvx_color fill;
+    Tvx_color line;
+    Tvx_color point;
+};
+/// All clear for other layers.
+[[nodiscard]] Tvx_layer_colors vx_layer_get_colors(Ivx_layer *layer);
+/// True when the layer's manager draws all objects alike.
+[[nodiscard]] bool vx_layer_is_drawn_simple(Ivx_layer *layer);
+
+/// Gives a newly opened vector layer a simple style of its own: quiet fills with a darker outline, strong
+/// lines and points, the next of a set of colours that are told apart easily, also without full colour
+/// vision. Other layers are left alone.
+void vx_layer_set_default_style(Ivx_layer *layer);
+/// Starts the set of colours anew, so that the same files give the same picture.
+void vx_layer_restart_default_styles();

@@ -1,0 +1,111 @@
+#include "host/map_application.h"
+
+#include "host/map_window.h"
+#include "host/tour.h"
+
+#include "platform/basic/vx_options.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QSettings>
+#include <QTemporaryFile>
+#include <QTimer>
+
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+
+namespace {
+/// The screen of a run without a display.
+constexpr char c_screen[] = R"({
+    "synchronousWindowSystemEvents": false,
+    "windowFrameMargins": false,
+    "screens": [ { "name": "screen", "x": 0, "y": 0, "width": 1920, "height": 1080,
+                   "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1 } ]
+})";
+
+bool is_set(char const *variable)
+{
+    char const *value = std::getenv(variable);
+    return value && *value;
+}
+
+/// Without this the window system would end the process with an abort.
+bool has_display(int argc, char **argv)
+{
+    for (int i = 1; i < argc; ++i)
+        if (QByteArray(argv[i]).endsWith("-platform"))
+            return true;
+    return is_set("DISPLAY") || is_set("WAYLAND_DISPLAY") || is_set("QT_QPA_PLATFORM");
+}
+
+/// The screen's description must stay until the window system has started.
+std::unique_ptr<QTemporaryFile> choose_offscreen()
+{
+    auto file = std::make_unique<QTemporaryFile>(QDir::tempPath() + "/vx_map_XXXXXX.json");
+    QByteArray platform = "offscreen";
+    if (file->open() && file->write(c_screen) > 0 && file->flush())
+        platform += ":configfile=" + QFile::encodeName(file->fileName());
+    qputenv("QT_QPA_PLATFORM", platform);
+    return file;
+}
+
+QStringList file_names(Tvx_command_line const &line)
+{
+    QStringList names;
+    for (std::string const &file : line.files)
+        names.append(QFile::decodeName(file.c_str()));
+    return names;
+}
+
+/// A folder that came with the program: beside it in an install, in the source tree of a build.
+QString find_example_data(Tvx_command_line const &line)
+{
+    if (!line.data_directory.empty())
+        return QFile::decodeName(line.data_directory.c_str());
+    QDir const program(QCoreApplication::applicationDirPath());
+    for (char const *place : {VX_MAP_EXAMPLE_DATA, "../share/vxk_lr2d_edit_form/examples/data"}) {
+        QString const path = program.absoluteFilePath(QLatin1String(place));
+        if (QFile::exists(path + "/nc.shp"))
+            return QDir::cleanPath(path);
+    }
+    return QStringLiteral(VX_MAP_EXAMPLE_DATA);
+}
+
+int run_tour(Tvx_command_line const &line)
+{
+    Tvx_map_window window;
+    Tvx_tour tour(window, find_example_data(line), QFile::decodeName(line.shot_directory.c_str()));
+    return tour.run(file_names(line)) ? 0 : 1;
+}
+
+int run_window(Tvx_command_line const &line)
+{
+    QSettings settings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("vxk"),
+                       QStringLiteral("vx_map"));
+    Tvx_map_window window(&settings);
+    window.show();
+    QStringList const files = file_names(line);
+    if (!files.isEmpty())
+        QTimer::singleShot(0, &window, [&window, files] { window.open_files(files); });
+    return QApplication::exec();
+}
+} // namespace
+
+int vx_map_application_run(int argc, char **argv, Tvx_command_line const &line)
+{
+    std::unique_ptr<QTemporaryFile> screen;
+    if (line.headless)
+        screen = choose_offscreen();
+    else if (!has_display(argc, argv)) {
+        std::fputs("vx_map: there is no display. Use --headless --shot DIR for pictures without one.\n",
+                   stderr);
+        return 1;
+    }
+    QApplication application(argc, argv);
+    screen.reset();
+    QApplication::setApplicationName(QStringLiteral("vx_map"));
+    if (!line.language.empty())
+        vx_options_set_language(line.language.c_str());
+    return line.shot_directory.empty() ? run_window(line) : run_tour(line);
+}

@@ -1,0 +1,127 @@
+#pragma once
+
+#include "host/map_picture.h"
+
+#include <QElapsedTimer>
+#include <QTimer>
+#include <QWidget>
+
+#include <optional>
+#include <vector>
+
+class Tvx_layer_list;
+
+/// The map in the window: shows the layers and lets the user move about.
+///
+/// Painting never waits for drawing: what is there is shown at once, moved and stretched to the view, and
+/// replaced as soon as the layers are drawn, in slices between the user's events. Within a large layer the
+/// events are served too.
+class Tvx_map_canvas : public QWidget
+{
+    Q_OBJECT
+
+public:
+    enum tool
+    {
+        c_tool_pan,
+        c_tool_zoom_box
+    };
+
+    /// The list must outlive the canvas.
+    explicit Tvx_map_canvas(Tvx_layer_list &layers, QWidget *parent = nullptr);
+
+    [[nodiscard]] Tvx_canvas_view const &view() const { return f_view; }
+    /// Goes there as a step that "back" undoes.
+    void go_to(Tvx_canvas_view const &view);
+    /// Shows the box whole, and keeps it so while the window is resized, until the user moves.
+    void show_box(Tvx_box_d2 const &box);
+    void show_all();
+    void zoom_by(double factor);
+    /// Pixel size in map units; the middle stays.
+    void set_units_per_pixel(double units);
+    [[nodiscard]] bool can_go_back() const { return !f_back.empty(); }
+    [[nodiscard]] bool can_go_forward() const { return !f_forward.empty(); }
+    void go_back();
+    void go_forward();
+
+    [[nodiscard]] tool current_tool() const { return f_tool; }
+    void set_tool(tool tool);
+    /// Shown in the middle while there are no layers.
+    void set_empty_text(QString const &text);
+
+    /// The picture shows the view and the layers as they are.
+    [[nodiscard]] bool is_settled() const;
+    /// Draws what is left now. The picture as it is on the screen, without what the pointer draws over it.
+    [[nodiscard]] QImage settled_picture();
+
+    [[nodiscard]] QSize sizeHint() const override { return {900, 600}; }
+    [[nodiscard]] QSize minimumSizeHint() const override { return {200, 150}; }
+
+signals:
+    void view_changed();
+    void history_changed();
+    void pointer_moved(double x, double y);
+    void pointer_left();
+    /// Drawing goes on for longer than a moment, or has ended.
+    void busy_changed(bool busy);
+    void layer_failed(int id);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
+private:
+    enum drag
+    {
+        c_drag_none,
+        c_drag_pan,
+        c_drag_box
+    };
+
+    void apply_view(Tvx_canvas_view const &view);
+    /// Puts the view on the way back; steps that follow each other at once count as one.
+    void remember_view();
+    void move_by_user(Tvx_canvas_view const &view);
+    void end_drag();
+    void zoom_to_drag_box();
+    void start_drawing();
+    void on_layers_changed();
+    void on_draw_timer();
+    void draw_slice();
+    /// Asked while a layer is being drawn: serves the user, then tells whether the drawing is still wanted.
+    [[nodiscard]] bool is_drawing_unwanted();
+    [[nodiscard]] bool is_view_given_up() const;
+    void set_busy(bool busy);
+    void update_cursor();
+    [[nodiscard]] bool key_moves_view(QKeyEvent const &event);
+
+    Tvx_layer_list &f_layers;
+    Tvx_map_picture f_picture;
+    Tvx_canvas_view f_view;
+    std::optional<Tvx_box_d2> f_kept_box;
+    std::vector<Tvx_canvas_view> f_back;
+    std::vector<Tvx_canvas_view> f_forward;
+    QElapsedTimer f_since_step;
+    QTimer f_draw_timer;
+    QElapsedTimer f_drawing_for; ///< since the picture was last right
+    QElapsedTimer f_view_for;    ///< since the view that is being drawn was asked for
+    QElapsedTimer f_slice;
+    bool f_drawing = false;
+    bool f_busy = false;
+    tool f_tool = c_tool_pan;
+    drag f_drag = c_drag_none;
+    Qt::MouseButton f_drag_button = Qt::NoButton;
+    QPoint f_drag_from;
+    QPoint f_drag_to;
+    QString f_empty_text;
+};

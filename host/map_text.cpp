@@ -1,0 +1,61 @@
+#include "host/map_text.h"
+
+#include <QLocale>
+#include <QRegularExpression>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+constexpr int c_most_decimals = 9;
+constexpr double c_most_scale = 1e12;
+
+/// Decimals at which neighbouring pixels differ.
+int decimals(double units_per_pixel)
+{
+    return std::clamp(int(std::ceil(-std::log10(units_per_pixel))), 0, c_most_decimals);
+}
+} // namespace
+
+QString vx_map_text_coordinates(Tvx_pnt_d2 place, Tvx_canvas_view const &view, Tvx_map_unit unit)
+{
+    int const count = decimals(view.units_per_pixel());
+    QString const sign = unit.is_degree ? QStringLiteral("\u00b0") : QString();
+    return QString::number(place.x, 'f', count) + sign + QStringLiteral("   ") +
+           QString::number(place.y, 'f', count) + sign;
+}
+
+QString vx_map_text_scale(double scale)
+{
+    if (!std::isfinite(scale) || scale <= 0 || scale > c_most_scale)
+        return {};
+    if (scale < 10)
+        return QStringLiteral("1 : ") + QString::number(scale, 'f', 2);
+    QString digits = QString::number(std::llround(scale));
+    for (int at = int(digits.size()) - 3; at > 0; at -= 3)
+        digits.insert(at, QChar(0x2009));
+    return QStringLiteral("1 : ") + digits;
+}
+
+std::optional<double> vx_map_text_parse_scale(QString const &text)
+{
+    QString number = text;
+    int const colon = int(text.indexOf(':'));
+    if (colon >= 0) {
+        if (text.left(colon).trimmed() != QStringLiteral("1"))
+            return {};
+        number = text.mid(colon + 1);
+    }
+    // A comma may part thousands; as a decimal sign it would turn 25,000 into 25.
+    static QRegularExpression const grouped(QStringLiteral("^\\s*\\d{1,3}(,\\d{3})+\\s*$"));
+    if (grouped.match(number).hasMatch())
+        number.remove(',');
+    QString digits;
+    for (QChar const c : number)
+        if (!c.isSpace())
+            digits += c;
+    bool ok = false;
+    double const scale = QLocale::c().toDouble(digits, &ok);
+    return ok && std::isfinite(scale) && scale > 0 && scale <= c_most_scale ? std::optional(scale)
+                                                                            : std::nullopt;
+}

@@ -1,0 +1,89 @@
+#pragma once
+
+#include "host/layer_list.h"
+
+#include <QMainWindow>
+#include <QStringList>
+
+class Tvx_layer_editor;
+class Tvx_layer_panel;
+class Tvx_map_canvas;
+class QComboBox;
+class QLabel;
+class QMenu;
+class QSettings;
+
+/// The main window: the map, the list of its layers beside it, and the commands.
+///
+/// Every command is a QAction found by its object name ("open", "properties", "zoom_in", ...), so what a
+/// person does can be done in the person's place.
+class Tvx_map_window : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    /// Keeps its state in `settings` between sessions; null keeps nothing. The settings must outlive the
+    /// window.
+    explicit Tvx_map_window(QSettings *settings = nullptr);
+    ~Tvx_map_window() override;
+
+    /// Opens the files in this order, each on top of the one before. What cannot be opened is told in one
+    /// message at the end. Gives the number of layers that came.
+    int open_files(QStringList const &paths);
+    /// Takes a layer that the caller made; its id.
+    int add_layer(Tvx_layer_list::layer_ptr layer);
+
+    [[nodiscard]] Tvx_layer_list &layers() { return f_layers; }
+    [[nodiscard]] Tvx_map_canvas &canvas() { return *f_canvas; }
+    [[nodiscard]] Tvx_layer_panel &panel() { return *f_panel; }
+    [[nodiscard]] Tvx_layer_editor &editor() { return *f_editor; }
+    /// Null when there is no such command.
+    [[nodiscard]] QAction *command(char const *name) const;
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+
+private:
+    QAction *add_command(char const *name, int caption, int hint, char const *glyph,
+                         QList<QKeySequence> const &keys);
+    void create_commands();
+    void create_menus();
+    void create_tool_bar();
+    void create_layer_dock();
+    void create_status_bar();
+    void connect_canvas();
+    void restore_state();
+    void save_state();
+
+    void on_open();
+    void on_save_picture();
+    void on_properties();
+    void on_move(int by);
+    void on_selection_changed(int id);
+    void on_pointer_moved(double x, double y);
+    void on_scale_entered();
+    void on_about();
+    void on_shortcuts();
+
+    void show_message(QString const &text);
+    /// Where the newest layer is, or why it is not seen.
+    void tell_about_top_layer();
+    void update_commands();
+    void update_scale();
+    void update_title();
+    void remember_file(QString const &path);
+    void fill_recent_menu();
+
+    Tvx_layer_list f_layers;
+    Tvx_layer_editor *f_editor;
+    Tvx_map_canvas *f_canvas;
+    Tvx_layer_panel *f_panel = nullptr;
+    QSettings *f_settings;
+    QMenu *f_recent = nullptr;
+    QLabel *f_coordinates = nullptr;
+    QLabel *f_activity = nullptr;
+    QComboBox *f_scale = nullptr;
+    QString f_last_directory;
+};

@@ -1,0 +1,330 @@
+#include "host/tour.h"
+
+#include "controls/forms/forms_captions.h"
+#include "exports/vxk_lr2d_edit_form_api.h"
+#include "host/captions.h"
+#include "host/layer_editor.h"
+#include "host/layer_info.h"
+#include "host/layer_panel.h"
+#include "host/layer_style.h"
+#include "host/map_canvas.h"
+#include "host/map_window.h"
+#include "host/user_hand.h"
+
+#include "platform/basic/vx_res.h"
+#include "platform/layers/layer_keys.h"
+#include "platform/layers/vx_shp_lr2d.h"
+#include "platform/styles/vx_base_style.h"
+#include "platform/styles/vx_stl_mngr.h"
+#include "platform/styles/vx_stl_prm.h"
+#include "platform/styles/vx_style.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDir>
+#include <QListView>
+#include <QMessageBox>
+#include <QPainter>
+#include <QScreen>
+
+#include <cstdio>
+
+namespace hand = vx::user_hand;
+
+namespace {
+constexpr QSize c_window_size{1360, 860};
+constexpr int c_title_height = 28;
+constexpr int c_message_check_ms = 30;
+
+struct layer_kind
+{
+    char const *key;
+    char const *name;
+    /// Example file with a layer of this kind; null for kinds that no file of the examples has.
+    char const *file;
+};
+constexpr layer_kind c_kinds[] = {
+    {c_lr_key_shp_pnt, "Points", "naturalearth_cities.shp"},
+    {c_lr_key_shp_pln, "Lines", "streets.shp"},
+    {c_lr_key_shp_pgn, "Polygons", "nc.shp"},
+    {c_lr_key_rtr, "Raster", "L7_ETMs.tif"},
+    {c_lr_key_tos_grid, "Property grid", nullptr},
+    {c_lr_key_tos_grid_1d, "Property curve", nullptr},
+    {c_lr_key_tos_slice, "Property slice", nullptr},
+    {c_lr_key_tos_2crd, "Property points", nullptr},
+    {c_lr_key_tld, "Text", nullptr},
+    {c_lr_key_dynamic_tld, "Dynamic text", nullptr},
+    {c_lr_key_shp_pntz_sub, "Points with z", nullptr},
+    {c_lr_key_shp_plnz_sub, "Lines with z", nullptr},
+    {c_lr_key_shp_pgnz_sub, "Polygons with z", nullptr},
+    {"foreign_lr2d", "Of another program", nullptr},
+};
+
+/// A window with a title bar, which the window system would draw.
+void draw_window(QPainter &painter, QWidget &window)
+{
+    QRect const body(window.mapToGlobal(QPoint(0, 0)), window.size());
+    QRect const title(body.left(), body.top() - c_title_height, body.width(), c_title_height);
+    painter.fillRect(body.united(title).adjusted(-1, -1, 1, 1), QColor(0x4a, 0x55, 0x62));
+    painter.setPen(Qt::white);
+    painter.drawText(title.adjusted(10, 0, -10, 0), Qt::AlignVCenter | Qt::AlignLeft, window.windowTitle());
+    painter.drawPixmap(body.topLeft(), window.grab());
+}
+} // namespace
+
+Tvx_tour::Tvx_tour(Tvx_map_window &window, QString data_directory, QString picture_directory)
+    : f_window(window), f_data(std::move(data_directory)), f_pictures(std::move(picture_directory))
+{
+    // Nobody else is there to close a message.
+    QObject::connect(&f_messages, &QTimer::timeout, [this] { close_message(); });
+    f_messages.start(c_message_check_ms);
+}
+
+bool Tvx_tour::run(QStringList const &files)
+{
+    if (!QDir().mkpath(f_pictures)) {
+        check(false, "no folder " + f_pictures);
+        return false;
+    }
+    f_window.resize(c_window_size);
+    f_window.move(40, 60);
+    f_window.show();
+    f_window.activateWindow();
+    QCoreApplication::processEvents();
+    if (!files.isEmpty()) {
+        show_files(files);
+    } else {
+        shoot_map("empty");
+        show_example_maps();
+        show_navigation();
+        show_layer_kinds();
+        show_apply();
+        show_broken_file();
+    }
+    f_window.close();
+    return f_failures == 0;
+}
+
+void Tvx_tour::show_files(QStringList const &files)
+{
+    int const opened = f_window.open_files(files);
+    check(opened > 0, "nothing was opened");
+    shoot_map("map");
+    if (opened == 0)
+        return;
+    open_properties_of(0);
+    shoot_editor("editor");
+}
+
+void Tvx_tour::show_example_maps()
+{
+    if (open_example({"nc.shp"}))
+        shoot_map("map_nc");
+    remove_all_layers();
+    if (open_example({"world.shp", "naturalearth_cities.shp"}))
+        shoot_map("map_world_cities");
+    remove_all_layers();
+    if (open_example({"streets.shp"}))
+        shoot_map("map_streets");
+    remove_all_layers();
+    if (open_example({"world.shp", "nc.shp", "olinda_dem_utm25s.tif"}))
+        shoot_map("map_with_raster");
+    remove_all_layers();
+}
+
+void Tvx_tour::show_navigation()
+{
+    if (!open_example({"world.shp", "naturalearth_cities.shp"}))
+        return;
+    Tvx_map_canvas &canvas = f_window.canvas();
+    QListView *list = f_window.panel().view();
+
+    double const before = canvas.view().units_per_pixel();
+    Tvx_screen_point const europe = canvas.view().to_screen({12, 48});
+    QPoint const place{int(europe.x), int(europe.y)};
+    hand::wheel(&canvas, place, 7);
+    check(canvas.view().units_per_pixel() < before, "the wheel does not zoom");
+    hand::drag(&canvas, place, QPoint(canvas.width() / 2, canvas.height() / 2));
+    hand::move(&canvas, QPoint(canvas.width() / 2, canvas.height() / 2));
+    shoot_map("zoomed_to_europe");
+
+    hand::drag(&canvas, {canvas.width() / 2 - 150, canvas.height() / 2 - 100},
+               {canvas.width() / 2 + 150, canvas.height() / 2 + 100}, Qt::LeftButton, Qt::ShiftModifier);
+    shoot_map("zoomed_to_box");
+
+    hand::click(list->viewport(), hand::check_box_of(list, 0));
+    check(!f_window.layers().is_visible(0), "a click on the check box does not hide the layer");
+    hand::press(&canvas, Qt::Key_Home);
+    shoot_map("cities_hidden");
+    hand::click(list->viewport(), hand::check_box_of(list, 0));
+
+    hand::click(list->viewport(), hand::text_of(list, 0));
+    hand::press(list, Qt::Key_Down, Qt::ControlModifier);
+    check(f_window.layers().name_at(1) == "naturalearth_cities", "Ctrl+Down does not move the layer down");
+    shoot_map("cities_below_world");
+    remove_all_layers();
+}
+
+void Tvx_tour::show_layer_kinds()
+{
+    for (layer_kind const &kind : c_kinds) {
+        if (kind.file) {
+            if (!open_example({kind.file}))
+                continue;
+        } else {
+            Tvx_layer_list::layer_ptr layer(vx_lr2d_create(kind.key));
+            vx_lr2d_set_wcaption(layer.get(), QString(kind.name).toStdWString().c_str());
+            check(f_window.add_layer(std::move(layer)) > 0, QString("no layer of kind ") + kind.key);
+        }
+        // The first opens the window, the others are followed by it.
+        if (f_window.editor().is_showing())
+            hand::click(f_window.panel().view()->viewport(), hand::text_of(f_window.panel().view(), 0));
+        else
+            open_properties_of(0);
+        QString const key = vx_lr2d_get_lr_type(f_window.layers().layer_at(0));
+        check(key == kind.key, QString("%1 instead of %2").arg(key, kind.key));
+        shoot_editor(QString("editor_") + kind.key);
+    }
+    f_window.editor().close();
+    remove_all_layers();
+}
+
+void Tvx_tour::show_apply()
+{
+    if (!open_example({"nc.shp"}))
+        return;
+    Tvx_map_canvas &canvas = f_window.canvas();
+    open_properties_of(0);
+    QImage const before = canvas.settled_picture();
+    shoot_screen("screen_before_apply");
+
+    // What a style page does to the working copy.
+    Ivx_layer *const copy = vx_lr2d_edt_form_get_lr2d_ptr(f_window.editor().handle());
+    void *const prm = vx_stl_mngr_get_simple_sp_ptr(vx_shp_pgn_lr2d_get_stl_mngr_ptr(copy));
+    void *const style = vx_stl_prm_get_pgn_style_ptr(prm, false);
+    vx_bpgn_style_set_color(vx_pgn_style_get_bpgn_style_ptr(style), vx_clr_init_rgb(0x9c, 0xc8, 0xa4));
+    vx_bpln_style_set_color(vx_pgn_style_get_bpln_style_ptr(style), vx_clr_init_rgb(0x1f, 0x5c, 0x2e));
+    check(canvas.settled_picture() == before, "the map changes before Apply");
+
+    QAbstractButton *apply = nullptr;
+    if (QWidget *editor = editor_window())
+        for (auto *button : editor->findChildren<QAbstractButton *>())
+            if (button->isVisible() &&
+                button->text() == QString::fromWCharArray(vx_res_get_wstr(c_caption_apply)))
+                apply = button;
+    check(apply, "the editor has no Apply button");
+    if (!apply)
+        return;
+    hand::click(apply, apply->rect().center());
+    check(canvas.settled_picture() != before, "Apply does not change the map");
+    shoot_screen("screen_after_apply");
+    f_window.editor().close();
+}
+
+void Tvx_tour::show_broken_file()
+{
+    f_expected_messages = 1;
+    check(f_window.open_files({f_data + "/no_such_file.shp"}) == 0, "a missing file was opened");
+    check(f_expected_messages == 0, "no message about a missing file");
+    f_expected_messages = 0;
+}
+
+// ---- steps
+
+void Tvx_tour::close_message()
+{
+    auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+    if (!box || !box->isVisible())
+        return;
+    save(box->grab().toImage(), "message");
+    if (f_expected_messages > 0)
+        --f_expected_messages;
+    else
+        check(false, box->text().replace("\n\n", " "));
+    hand::press(box, Qt::Key_Escape);
+}
+
+bool Tvx_tour::open_example(QStringList const &names)
+{
+    QStringList paths;
+    for (QString const &name : names)
+        paths.append(f_data + "/" + name);
+    vx_layer_restart_default_styles();
+    bool const ok = f_window.open_files(paths) >= int(names.size());
+    check(ok, "not all opened: " + paths.join(", "));
+    return ok;
+}
+
+void Tvx_tour::remove_all_layers()
+{
+    QListView *list = f_window.panel().view();
+    for (int left = f_window.layers().count(); left > 0; --left) {
+        hand::click(list->viewport(), hand::text_of(list, 0));
+        hand::press(list, Qt::Key_Delete);
+    }
+    check(f_window.layers().count() == 0, "Del does not remove the layer");
+}
+
+void Tvx_tour::open_properties_of(int row)
+{
+    QListView *list = f_window.panel().view();
+    hand::double_click(list->viewport(), hand::text_of(list, row));
+    check(f_window.editor().is_showing(), "a double click does not open the properties");
+}
+
+QWidget *Tvx_tour::editor_window()
+{
+    for (QWidget *window : QApplication::topLevelWidgets())
+        if (window->isVisible() && window != &f_window && window->windowType() != Qt::ToolTip &&
+            window->windowType() != Qt::Popup)
+            return window;
+    check(false, "the editor is not on the screen");
+    return nullptr;
+}
+
+bool Tvx_tour::wait_for_map()
+{
+    return hand::wait_until([this] { return f_window.canvas().is_settled(); });
+}
+
+void Tvx_tour::shoot_map(QString const &name)
+{
+    check(wait_for_map(), "the map is not drawn in time: " + name);
+    save(f_window.grab().toImage(), name);
+}
+
+void Tvx_tour::shoot_editor(QString const &name)
+{
+    QCoreApplication::processEvents();
+    if (QWidget *editor = editor_window())
+        save(editor->grab().toImage(), name);
+}
+
+void Tvx_tour::shoot_screen(QString const &name)
+{
+    check(wait_for_map(), "the map is not drawn in time: " + name);
+    QImage picture(f_window.screen()->size(), QImage::Format_RGB32);
+    picture.fill(QColor(0x7d, 0x8b, 0x99));
+    QPainter painter(&picture);
+    draw_window(painter, f_window);
+    if (QWidget *editor = editor_window())
+        draw_window(painter, *editor);
+    painter.end();
+    save(picture, name);
+}
+
+void Tvx_tour::save(QImage const &picture, QString const &name)
+{
+    QString const path =
+        QDir(f_pictures).absoluteFilePath(QString("%1_%2.png").arg(++f_count, 2, 10, QChar('0')).arg(name));
+    check(picture.save(path), "cannot write " + path);
+    std::puts(QFile::encodeName(path).constData());
+}
+
+void Tvx_tour::check(bool ok, QString const &what)
+{
+    if (ok)
+        return;
+    ++f_failures;
+    std::fprintf(stderr, "vx_map: %s\n", what.toLocal8Bit().constData());
+}

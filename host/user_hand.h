@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QPoint>
+#include <QString>
+#include <Qt>
+
+class QWidget;
+class QAbstractItemView;
+
+/// The hand of a person at the host's own Qt windows: sends the events of mouse and keyboard. What is meant
+/// for a toolkit form goes through platform/toolkit/user_input.h. Events that are waiting are worked off
+/// after each.
+namespace vx::user_hand {
+void click(QWidget *widget, QPoint at, Qt::MouseButton button = Qt::LeftButton,
+           Qt::KeyboardModifiers keys = Qt::NoModifier);
+void double_click(QWidget *widget, QPoint at, Qt::KeyboardModifiers keys = Qt::NoModifier);
+/// Press at `from`, some moves on the straight line, release at `to`.
+void drag(QWidget *widget, QPoint from, QPoint to, Qt::MouseButton button = Qt::LeftButton,
+          Qt::KeyboardModifiers keys = Qt::NoModifier);
+void move(QWidget *widget, QPoint at);
+/// Turns the wheel over the point, away from the person (up) when positive.
+void wheel(QWidget *widget, QPoint at, int notches);
+/// One key with its shortcut, into the widget, which gets the focus.
+void press(QWidget *widget, Qt::Key key, Qt::KeyboardModifiers keys = Qt::NoModifier);
+void type(QWidget *widget, QString const &text);
+
+/// The check box and the text of a line of a list.
+[[nodiscard]] QPoint check_box_of(QAbstractItemView *view, int row);
+[[nodiscard]] QPoint text_of(QAbstractItemView *view, int row);
+
+/// Works off events until `done(object)` or the time is over; the last answer.
+bool wait_until(bool (*done)(void *object), void *object, int milliseconds = 10000);
+template <class F>
+bool wait_until(F &&done, int milliseconds = 10000)
+{
+    auto *object = &done;
+    return wait_until([](void *f) -> bool { return (*static_cast<decltype(object)>(f))(); }, object,
+                      milliseconds);
+}
+} // namespace vx::user_hand
