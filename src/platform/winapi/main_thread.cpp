@@ -12,12 +12,14 @@ struct posted_call
 {
     Tvx_main_thread_call call;
     void *data;
+    unsigned long serial; ///< grows with each call
 };
 
 struct call_list
 {
     std::mutex lock;
     std::deque<posted_call> calls;
+    unsigned long next_serial = 0;
     void (*wake)() = nullptr;
 };
 
@@ -55,7 +57,7 @@ void vx_main_thread_post(Tvx_main_thread_call call, void *data)
     void (*wake)() = nullptr;
     {
         std::lock_guard const hold(calls().lock);
-        calls().calls.push_back({call, data});
+        calls().calls.push_back({call, data, calls().next_serial++});
         wake = calls().wake;
     }
     if (wake)
@@ -72,17 +74,17 @@ void vx_main_thread_pump()
 {
     if (!vx_is_main_thread())
         return;
-    // Only what waits now, one by one: a call may post again, cancel what waits, or pump itself.
-    std::size_t count;
+    unsigned long end;
     {
         std::lock_guard const hold(calls().lock);
-        count = calls().calls.size();
+        end = calls().next_serial;
     }
-    for (; count > 0; --count) {
+    // One by one: a call may post again, cancel what waits, or pump itself.
+    for (;;) {
         posted_call next{};
         {
             std::lock_guard const hold(calls().lock);
-            if (calls().calls.empty())
+            if (calls().calls.empty() || calls().calls.front().serial >= end)
                 return;
             next = calls().calls.front();
             calls().calls.pop_front();

@@ -1,0 +1,246 @@
+#include "platform/winapi/file.h"
+
+#include "support/temp_dir.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+std::wstring wide(std::filesystem::path const &path)
+{
+    return vx_path_from_native(path.string());
+}
+
+unsigned mode_of(std::filesystem::path const &path)
+{
+    struct stat info
+    {
+    };
+    EXPECT_EQ(0, stat(path.c_str(), &info));
+    return info.st_mode & 07777;
+}
+
+// ---- calls that fail on demand
+
+enum class call
+{
+    open,
+    write,
+    fsync,
+    close,
+    rename,
+};
+struct fault
+{
+    call where;
+    int at;   ///< which call of its kind fails, from 1
+    int code; ///< errno of the failure
+    int count = 0;
+};
+fault *present_fault = nullptr;
+Tvx_file_calls real_calls;
+
+bool fails(call where)
+{
+    if (!present_fault || present_fault->where != where || ++present_fault->count != present_fault->at)
+        return false;
+    errno = present_fault->code;
+    return true;
+}
+
+/// Puts failing calls in place for one test.
+class faulty_calls
+{
+public:
+    explicit faulty_calls(fault f) : f_fault(f)
+    {
+        present_fault = &f_fault;
+        Tvx_file_calls const calls = {
+            [](char const *path, int flags, unsigned mode) {
+                return fails(call::open) ? -1 : real_calls.open(path, flags, mode);
+            },
+            // Three bytes at a time, so that each save needs several writes.
+            [](int file, void const *data, std::size_t size) {
+                return fails(call::write) ? -1L
+                                          : real_calls.write(file, data, std::min<std::size_t>(size, 3));
+            },
+            [](int file) { return fails(call::fsync) ? -1 : real_calls.fsync(file); },
+            [](int file) {
+                int const done = real_calls.close(file);
+                return fails(call::close) ? -1 : done;
+            },
+            [](char const *from, char const *to) {
+                return fails(call::rename) ? -1 : real_calls.rename(from, to);
+            },
+            [](char const *path) { return real_calls.unlink(path); },
+        };
+        real_calls = vx_set_file_calls(&calls);
+    }
+    faulty_calls(faulty_calls const &) = delete;
+    faulty_calls &operator=(faulty_calls const &) = delete;
+    ~faulty_calls()
+    {
+        vx_set_file_calls(nullptr);
+        present_fault = nullptr;
+    }
+
+private:
+    fault f_fault;
+};
+} // namespace
+
+TEST(file, save_and_read_are_the_same)
+{
+    vx_test::temp_dir const dir;
+    std::wstring error;
+    std::string const contents[] = {"", "one", std::string("a\0b\n", 4), std::string(3'000'000, 'x')};
+    for (auto const &content : contents) {
+        for (auto const *name : {"plain.txt", "имя с пробелами.txt"}) {
+            auto const path = wide(dir / name);
+            ASSERT_TRUE(vx_save_atomic(path, content, error)) << vx_path_to_native(error);
+            auto const back = vx_file_read(path, error);
+            ASSERT_TRUE(back);
+            EXPECT_TRUE(content == *back);
+            EXPECT_TRUE(vx_is_file(path));
+        }
+    }
+    EXPECT_EQ(2, dir.count());
+}
+
+TEST(file, a_failed_save_leaves_the_target_and_no_litter)
+{
+    fault const faults[] = {
+        {call::open, 1, EACCES}, {call::open, 1, EMFILE}, {call::write, 1, ENOSPC}, {call::write, 3, ENOSPC},
+        {call::write, 2, EIO},   {call::fsync, 1, EIO},   {call::close, 1, EDQUOT}, {call::rename, 1, EPERM},
+    };
+    for (auto const &f : faults) {
+        SCOPED_TRACE(testing::Message() << "call " << static_cast<int>(f.where) << " number " << f.at);
+        vx_test::temp_dir const dir;
+        vx_test::write_file(dir / "target", "old content");
+        std::wstring error;
+        {
+            faulty_calls const faulty(f);
+            EXPECT_FALSE(vx_save_atomic(wide(dir / "target"), "new content", error));
+        }
+        EXPECT_EQ("old content", vx_test::read_file(dir / "target"));
+        EXPECT_EQ(1, dir.count());
+    }
+}
+
+TEST(file, a_failure_is_told_in_one_sentence)
+{
+    vx_test::temp_dir const dir;
+    std::wstring error;
+    {
+        faulty_calls const faulty({call::write, 2, ENOSPC});
+        EXPECT_FALSE(vx_save_atomic(wide(dir / "target"), "new content", error));
+    }
+    EXPECT_NE(std::wstring::npos, error.find(L"target"));
+    EXPECT_NE(std::wstring::npos, error.find(L"No space left"));
+    EXPECT_TRUE(vx_save_atomic(wide(dir / "target"), "x", error));
+    EXPECT_EQ(L"", error);
+}
+
+TEST(file, interrupted_calls_are_taken_up_again)
+{
+    for (auto const where : {call::write, call::fsync, call::close}) {
+        vx_test::temp_dir const dir;
+        std::wstring error;
+        faulty_calls const faulty({where, 1, EINTR});
+        EXPECT_TRUE(vx_save_atomic(wide(dir / "target"), "new content", error));
+        EXPECT_EQ("new content", vx_test::read_file(dir / "target"));
+    }
+}
+
+TEST(file, a_directory_that_cannot_be_flushed)
+{
+    vx_test::temp_dir const dir;
+    std::wstring error;
+    {
+        faulty_calls const faulty({call::fsync, 2, EINVAL});
+        EXPECT_TRUE(vx_save_atomic(wide(dir / "target"), "one", error)) << "some file systems cannot";
+    }
+    {
+        faulty_calls const faulty({call::fsync, 2, EIO});
+        EXPECT_FALSE(vx_save_atomic(wide(dir / "target"), "two", error));
+    }
+    EXPECT_EQ("two", vx_test::read_file(dir / "target"));
+    EXPECT_EQ(1, dir.count());
+}
+
+TEST(file, keeps_mode_and_links)
+{
+    vx_test::temp_dir const dir;
+    std::wstring error;
+    vx_test::write_file(dir / "real", "old");
+    ASSERT_EQ(0, chmod((dir / "real").c_str(), 0640));
+    std::filesystem::create_symlink("real", dir / "link");
+    std::filesystem::create_symlink("link", dir / "link of link");
+    ASSERT_TRUE(vx_save_atomic(wide(dir / "link of link"), "new", error));
+    EXPECT_EQ("new", vx_test::read_file(dir / "real"));
+    EXPECT_EQ(0640u, mode_of(dir / "real"));
+    EXPECT_TRUE(std::filesystem::is_symlink(dir / "link"));
+
+    std::filesystem::create_symlink("not there yet", dir / "dangling");
+    ASSERT_TRUE(vx_save_atomic(wide(dir / "dangling"), "made", error));
+    EXPECT_EQ("made", vx_test::read_file(dir / "not there yet"));
+    EXPECT_TRUE(std::filesystem::is_symlink(dir / "dangling"));
+
+    std::filesystem::create_symlink("round", dir / "round");
+    EXPECT_FALSE(vx_save_atomic(wide(dir / "round"), "x", error));
+}
+
+TEST(file, names_at_the_limit_of_the_system)
+{
+    vx_test::temp_dir const dir;
+    std::wstring error;
+    std::string const longest(255, 'n');
+    EXPECT_TRUE(vx_save_atomic(wide(dir / longest), "x", error)) << vx_path_to_native(error);
+    EXPECT_FALSE(vx_save_atomic(wide(dir / (longest + "n")), "x", error));
+    EXPECT_EQ(1, dir.count());
+}
+
+TEST(file, what_is_no_file_is_refused_at_once)
+{
+    vx_test::temp_dir const dir;
+    std::filesystem::create_directory(dir / "directory");
+    ASSERT_EQ(0, mkfifo((dir / "fifo").c_str(), 0600));
+    std::wstring const paths[] = {wide(dir / "directory"),  wide(dir / "fifo"),
+                                  wide(dir / "not there"),  L"",
+                                  std::wstring(L"a\0b", 3), wide(dir / "not there" / "file")};
+    for (auto const &path : paths) {
+        std::wstring error;
+        EXPECT_FALSE(vx_file_read(path, error));
+        EXPECT_NE(L"", error);
+    }
+    for (auto const index : {0, 1, 3, 4, 5}) {
+        std::wstring error;
+        EXPECT_FALSE(vx_save_atomic(paths[index], "x", error));
+        EXPECT_NE(L"", error);
+    }
+    EXPECT_EQ(2, dir.count());
+}
+
+TEST(file, reads_no_more_than_asked)
+{
+    vx_test::temp_dir const dir;
+    vx_test::write_file(dir / "ten", "0123456789");
+    std::wstring error;
+    EXPECT_EQ("0123456789", vx_file_read(wide(dir / "ten"), error, 10).value_or(""));
+    EXPECT_FALSE(vx_file_read(wide(dir / "ten"), error, 9));
+    EXPECT_NE(L"", error);
+}
+
+TEST(file, makes_directories)
+{
+    vx_test::temp_dir const dir;
+    EXPECT_TRUE(vx_make_directories(wide(dir / "a/b/c")));
+    EXPECT_TRUE(vx_is_directory(wide(dir / "a/b/c")));
+    EXPECT_TRUE(vx_make_directories(wide(dir / "a/b")));
+    vx_test::write_file(dir / "file", "x");
+    EXPECT_FALSE(vx_make_directories(wide(dir / "file")));
+    EXPECT_FALSE(vx_make_directories(wide(dir / "file/below")));
+}
