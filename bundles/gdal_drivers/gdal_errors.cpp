@@ -9,6 +9,8 @@ namespace {
 /// Enough for a message with its context; a broken file can raise one error for each of its records.
 constexpr std::size_t c_longest_report = 2000;
 
+thread_local error_guard *t_innermost = nullptr;
+
 void CPL_STDCALL on_gdal_error(CPLErr level, CPLErrorNum, char const *message)
 {
     if (level >= CE_Failure)
@@ -16,8 +18,9 @@ void CPL_STDCALL on_gdal_error(CPLErr level, CPLErrorNum, char const *message)
 }
 } // namespace
 
-error_guard::error_guard(std::wstring &target) : f_target(target)
+error_guard::error_guard(std::wstring &target) : f_target(target), f_outer(t_innermost)
 {
+    t_innermost = this;
     CPLErrorReset();
     CPLPushErrorHandlerEx(&on_gdal_error, this);
 }
@@ -26,6 +29,9 @@ error_guard::~error_guard()
 {
     CPLPopErrorHandler();
     CPLErrorReset();
+    t_innermost = f_outer;
+    if (f_outer)
+        f_outer->add(f_text);
     f_target.swap(f_text);
 }
 

@@ -1,0 +1,261 @@
+#include "dataset.h"
+
+#include "data_types.h"
+
+#include "platform/base/text_codec.h"
+
+#include <cpl_string.h>
+#include <ogrsf_frmts.h>
+
+#include <cerrno>
+#include <cstring>
+#include <sys/stat.h>
+
+namespace vx::gdal {
+namespace {
+enum class path_kind
+{
+    file,
+    folder,
+    special, ///< a pipe, a socket, a device
+    missing, ///< looks like a path and is not there
+    no_path, ///< a database, an address: only the driver can tell
+};
+
+path_kind kind_of(std::wstring const &source)
+{
+    std::string const path = text::wide_to_utf8(source);
+    struct stat info = {};
+    if (stat(path.c_str(), &info) == 0) {
+        if (S_ISREG(info.st_mode))
+            return path_kind::file;
+        return S_ISDIR(info.st_mode) ? path_kind::folder : path_kind::special;
+    }
+    bool const is_address =
+        path.rfind("/vsi", 0) == 0 || path.find(':') != std::string::npos || path.front() == '<';
+    return is_address && errno != EACCES ? path_kind::no_path : path_kind::missing;
+}
+
+/// The grammar takes "&" for the separator in a text without "|". A file whose name holds one is meant all
+/// the same.
+connection_text parse(std::wstring const &text)
+{
+    connection_text parsed(text);
+    if (text.find(L'|') != std::wstring::npos || text.find(L'&') == std::wstring::npos)
+        return parsed;
+    std::wstring const whole = text.front() == L'*' ? text.substr(1) : text;
+    if (kind_of(parsed.source.empty() ? L"?" : parsed.source) == path_kind::missing &&
+        kind_of(whole) == path_kind::file) {
+        connection_text file(L"");
+        file.source = whole;
+        return file;
+    }
+    return parsed;
+}
+
+std::wstring quoted(std::wstring const &source)
+{
+    return L"\u201c" + source + L"\u201d";
+}
+
+/// Options of the driver's own by which it makes no files beside the source.
+CPLStringList open_options(connection_text const &connection, char const *driver, bool read_only)
+{
+    CPLStringList options;
+    for (auto const &[key, value] : connection.options)
+        options.SetNameValue(text::wide_to_utf8(key).c_str(), text::wide_to_utf8(value).c_str());
+    if (!read_only || !driver)
+        return options;
+    if (EQUAL(driver, "GML"))
+        options.SetNameValue("WRITE_GFS", "NO");
+    return options;
+}
+
+/// A database in write-ahead mode would get its side files even from a reader. Without a log there is nothing
+/// to miss, so it can be read as a file that does not change.
+bool is_quiet_database(std::string const &path, char const *driver)
+{
+    struct stat info = {};
+    return driver && EQUAL(driver, "GPKG") && stat((path + "-wal").c_str(), &info) != 0;
+}
+} // namespace
+
+void visit_utf8(vx::string_visitor visitor, char const *text)
+{
+    if (text)
+        visitor.visit(text::utf8_to_wide(text).c_str());
+}
+
+bool dataset::looks_openable(std::wstring const &connection)
+{
+    if (connection.empty())
+        return false;
+    connection_text const parsed = parse(connection);
+    if (parsed.source.empty())
+        return false;
+    path_kind const kind = kind_of(parsed.source);
+    return kind != path_kind::special && kind != path_kind::missing;
+}
+
+std::unique_ptr<dataset> dataset::open(std::wstring const &connection, bool read_only, std::wstring &error)
+{
+    connection_text parsed = connection.empty() ? connection_text(connection) : parse(connection);
+    if (parsed.source.empty()) {
+        error = L"No data set is named.";
+        return nullptr;
+    }
+    path_kind const kind = kind_of(parsed.source);
+    if (kind == path_kind::missing) {
+        error = L"There is no file " + quoted(parsed.source) + L", or it may not be read.";
+        return nullptr;
+    }
+    if (kind == path_kind::special) {
+        error = quoted(parsed.source) + L" is neither a file nor a folder.";
+        return nullptr;
+    }
+
+    std::wstring reason;
+    std::unique_ptr<dataset> result;
+    {
+        error_guard guard(reason);
+        std::string const path = text::wide_to_utf8(parsed.source);
+        GDALDriverH const driver =
+            GDALIdentifyDriverEx(path.c_str(), GDAL_OF_VECTOR | GDAL_OF_RASTER, nullptr, nullptr);
+        char const *const driver_name = driver ? GDALGetDriverShortName(driver) : nullptr;
+        CPLStringList options = open_options(parsed, driver_name, read_only);
+        if (read_only && is_quiet_database(path, driver_name))
+            options.SetNameValue("IMMUTABLE", "YES");
+        char const *const only[] = {driver_name, nullptr};
+        unsigned const flags = GDAL_OF_VECTOR | GDAL_OF_RASTER | GDAL_OF_VERBOSE_ERROR |
+                               (read_only ? GDAL_OF_READONLY : GDAL_OF_UPDATE);
+        GDALDatasetUniquePtr gdal(
+            GDALDataset::Open(path.c_str(), flags, driver_name ? only : nullptr, options.List()));
+        if (gdal)
+            result.reset(new dataset(std::move(gdal), std::move(parsed), read_only));
+        else
+            parsed.source = text::utf8_to_wide(path);
+    }
+    if (!result)
+        error = quoted(parsed.source) + L" cannot be opened" + (reason.empty() ? L"." : L": " + reason);
+    else if (result->vector_count() == 0 && result->grid_count() == 0) {
+        error = quoted(result->f_connection.source) + L" holds neither tables nor grids.";
+        result.reset();
+    }
+    return result;
+}
+
+std::unique_ptr<dataset> dataset::create(std::wstring const &connection, int driver_type, std::wstring &error)
+{
+    char const *const driver_name = driver_name_of(driver_type);
+    if (!driver_name)
+        return nullptr;
+    connection_text parsed(connection);
+    if (driver_type != driver_memory &&
+        kind_of(parsed.source.empty() ? L"." : parsed.source) != path_kind::missing) {
+        error = quoted(parsed.source) + L" exists already, or is no place for a file.";
+        return nullptr;
+    }
+    std::wstring reason;
+    std::unique_ptr<dataset> result;
+    {
+        error_guard guard(reason);
+        if (GDALDriver *const driver = GetGDALDriverManager()->GetDriverByName(driver_name)) {
+            CPLStringList options;
+            for (auto const &[key, value] : parsed.options)
+                options.SetNameValue(text::wide_to_utf8(key).c_str(), text::wide_to_utf8(value).c_str());
+            std::string const path = text::wide_to_utf8(parsed.source);
+            GDALDatasetUniquePtr gdal(driver->Create(path.c_str(), 0, 0, 0, GDT_Unknown, options.List()));
+            if (gdal)
+                result.reset(new dataset(std::move(gdal), parsed, false));
+        }
+    }
+    if (!result)
+        error = quoted(parsed.source) + L" cannot be made" + (reason.empty() ? L"." : L": " + reason);
+    return result;
+}
+
+int dataset::driver_id() const
+{
+    GDALDriver const *const driver = f_gdal->GetDriver();
+    return driver ? driver_id_of(GDALGetDriverShortName(f_gdal->GetDriver())) : driver_other;
+}
+
+bool dataset::is_driver(char const *name) const
+{
+    GDALDriver *const driver = f_gdal->GetDriver();
+    return driver && std::strcmp(GDALGetDriverShortName(driver), name) == 0;
+}
+
+int dataset::vector_count() const
+{
+    return f_gdal->GetLayerCount();
+}
+
+void dataset::vector_source(int index, vx::string_visitor visitor) const
+{
+    OGRLayer *const layer = f_gdal->GetLayer(index);
+    if (layer)
+        visitor.visit(
+            make_connection_text(f_connection.source, text::utf8_to_wide(layer->GetName()), L"").c_str());
+}
+
+void dataset::vector_name(int index, vx::string_visitor visitor) const
+{
+    if (OGRLayer *const layer = f_gdal->GetLayer(index))
+        visit_utf8(visitor, layer->GetName());
+}
+
+char const *dataset::subdataset(int index, char const *what) const
+{
+    char **const list = f_gdal->GetMetadata("SUBDATASETS");
+    return list ? CSLFetchNameValue(list, CPLSPrintf("SUBDATASET_%d_%s", index + 1, what)) : nullptr;
+}
+
+int dataset::grid_count() const
+{
+    if (f_gdal->GetRasterCount() > 0)
+        return 1;
+    int count = 0;
+    while (subdataset(count, "NAME"))
+        ++count;
+    return count;
+}
+
+void dataset::grid_source(int index, vx::string_visitor visitor) const
+{
+    if (f_gdal->GetRasterCount() == 0)
+        visit_utf8(visitor, subdataset(index, "NAME"));
+    else if (index == 0)
+        visitor.visit(f_connection.source.c_str());
+}
+
+void dataset::grid_name(int index, vx::string_visitor visitor) const
+{
+    if (f_gdal->GetRasterCount() == 0)
+        visit_utf8(visitor, subdataset(index, "DESC"));
+    else if (index == 0)
+        with_name(visitor);
+}
+
+void dataset::with_name(vx::string_visitor visitor) const
+{
+    visit_utf8(visitor, CPLGetBasename(f_gdal->GetDescription()));
+}
+
+void dataset::with_description(vx::string_visitor visitor) const
+{
+    char const *text = f_gdal->GetMetadataItem("DESCRIPTION");
+    if (!text)
+        text = f_gdal->GetMetadataItem("TIFFTAG_IMAGEDESCRIPTION");
+    if (!text && f_gdal->GetDriver())
+        text = f_gdal->GetDriver()->GetMetadataItem(GDAL_DMD_LONGNAME);
+    visit_utf8(visitor, text);
+}
+
+void dataset::with_files(vx::string_visitor visitor) const
+{
+    CPLStringList const files(f_gdal->GetFileList());
+    for (int i = 0; i < files.Count(); ++i)
+        visit_utf8(visitor, files[i]);
+}
+} // namespace vx::gdal

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "connection_text.h"
+#include "extension/binding/string_visitor.h"
+#include "gdal_errors.h"
+
+#include "platform/base/string_adp.h"
+
+#include <gdal_priv.h>
+
+#include <memory>
+#include <string>
+
+namespace vx::gdal {
+/// An open GDAL data set with what it was opened by, and the answers that need no table or grid.
+class dataset
+{
+public:
+    /// Null with the reason in `error`. Only regular files, folders that a driver knows, and sources that are
+    /// no path are opened: a pipe or a device would block. Opened read-only, nothing on disk is changed or
+    /// made.
+    [[nodiscard]] static std::unique_ptr<dataset> open(std::wstring const &connection, bool read_only,
+                                                       std::wstring &error);
+    /// A new, empty data set of the kind `driver_type`; a file in the way is an error.
+    [[nodiscard]] static std::unique_ptr<dataset> create(std::wstring const &connection, int driver_type,
+                                                         std::wstring &error);
+    /// Whether an attempt is worth while, by the name alone or a look at the file's kind.
+    [[nodiscard]] static bool looks_openable(std::wstring const &connection);
+
+    [[nodiscard]] GDALDataset &gdal() const { return *f_gdal; }
+    [[nodiscard]] connection_text const &connection() const { return f_connection; }
+    [[nodiscard]] bool read_only() const { return f_read_only; }
+    [[nodiscard]] std::wstring &error() { return f_error; }
+
+    [[nodiscard]] int driver_id() const;
+    [[nodiscard]] bool is_driver(char const *name) const;
+    [[nodiscard]] int vector_count() const;
+    /// Nothing is visited past the end.
+    void vector_source(int index, vx::string_visitor visitor) const;
+    void vector_name(int index, vx::string_visitor visitor) const;
+    [[nodiscard]] int grid_count() const;
+    void grid_source(int index, vx::string_visitor visitor) const;
+    void grid_name(int index, vx::string_visitor visitor) const;
+    void with_name(vx::string_visitor visitor) const;
+    void with_description(vx::string_visitor visitor) const;
+    void with_files(vx::string_visitor visitor) const;
+
+private:
+    dataset(GDALDatasetUniquePtr gdal, connection_text connection, bool read_only)
+        : f_gdal(std::move(gdal)), f_connection(std::move(connection)), f_read_only(read_only)
+    {
+    }
+    [[nodiscard]] char const *subdataset(int index, char const *what) const;
+
+    GDALDatasetUniquePtr f_gdal;
+    connection_text f_connection;
+    bool f_read_only;
+    std::wstring f_error;
+};
+
+/// Visits UTF-8 text; null visits nothing.
+void visit_utf8(vx::string_visitor visitor, char const *text);
+} // namespace vx::gdal

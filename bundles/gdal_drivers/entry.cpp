@@ -1,0 +1,54 @@
+#include "grid_set.h"
+#include "vector_set.h"
+
+#include "platform/basic/vx_bundle.h"
+
+namespace vx::gdal {
+namespace {
+/// Above a driver that takes everything, below one that is made for a single format.
+constexpr int c_priority = 10;
+
+t_vx_data_source_interface serve(std::unique_ptr<dataset> set, std::wstring &error)
+{
+    if (!set)
+        return {};
+    if (set->vector_count() == 0 && set->grid_count() > 0)
+        return *new grid_set(std::move(set));
+    vector_set *const tables = vector_set::make(std::move(set), error);
+    return tables ? static_cast<t_vx_data_source_interface>(*tables) : t_vx_data_source_interface{};
+}
+
+bool can_open(void *, wchar_t const *source)
+{
+    return source && dataset::looks_openable(source);
+}
+
+void open(void *, wchar_t const *source, bool read_only, t_vx_data_source_interface *result,
+          Ivx_string_adp *error)
+{
+    std::wstring reason;
+    *result = serve(dataset::open(source ? source : L"", read_only, reason), reason);
+    if (!reason.empty())
+        vx_string_adp_feed(error, reason.c_str());
+}
+
+void create(void *, wchar_t const *source, int driver_type, t_vx_data_source_interface *result,
+            Ivx_string_adp *error)
+{
+    std::wstring reason;
+    *result = serve(dataset::create(source ? source : L"", driver_type, reason), reason);
+    if (!reason.empty())
+        vx_string_adp_feed(error, reason.c_str());
+}
+
+constexpr Tvx_datasource_driver c_driver{"gdal", c_priority, nullptr, &can_open, &open, &create};
+} // namespace
+} // namespace vx::gdal
+
+VX_C_API bool vxk_bundle_entry(Tvx_bundle_context const *context)
+{
+    if (!context || context->version != c_vx_bundle_version)
+        return false;
+    GDALAllRegister();
+    return context->add_driver(context->host, &vx::gdal::c_driver);
+}

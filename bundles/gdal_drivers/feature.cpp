@@ -1,0 +1,389 @@
+#include "feature.h"
+
+#include "data_types.h"
+#include "dataset.h"
+#include "geometry.h"
+
+#include "platform/base/text_codec.h"
+
+#include <cpl_error.h>
+#include <ogr_geometry.h>
+#include <ogr_spatialref.h>
+
+#include <charconv>
+#include <climits>
+#include <cmath>
+
+namespace vx::gdal {
+namespace {
+/// Drops what GDAL reports, when `is_needed`: setting up a handler costs more than reading a cell.
+class quiet_errors
+{
+public:
+    explicit quiet_errors(bool is_needed = true) : f_is_needed(is_needed)
+    {
+        if (f_is_needed)
+            CPLPushErrorHandler(&CPLQuietErrorHandler);
+    }
+    ~quiet_errors()
+    {
+        if (!f_is_needed)
+            return;
+        CPLPopErrorHandler();
+        CPLErrorReset();
+    }
+    quiet_errors(quiet_errors const &) = delete;
+    quiet_errors &operator=(quiet_errors const &) = delete;
+
+private:
+    bool f_is_needed;
+};
+
+/// True for text that is a number as a whole; blanks round it are accepted.
+bool is_number(std::string_view text)
+{
+    std::size_t const first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos)
+        return false;
+    text.remove_prefix(first);
+    text.remove_suffix(text.size() - 1 - text.find_last_not_of(' '));
+    if (text.front() == '+')
+        text.remove_prefix(1);
+    double value = 0;
+    auto const [end, problem] = std::from_chars(text.data(), text.data() + text.size(), value);
+    return problem == std::errc() && end == text.data() + text.size();
+}
+
+std::string two_digits(int value)
+{
+    return CPLSPrintf("%02d", value);
+}
+
+std::wstring date_text(OGRFeature const &record, int field, OGRFieldType type)
+{
+    int year = 0, month = 0, day = 0, hour = 0, minute = 0, zone = 0;
+    float second = 0;
+    if (!record.GetFieldAsDateTime(field, &year, &month, &day, &hour, &minute, &second, &zone))
+        return {};
+    std::string text;
+    if (type != OFTTime)
+        text += CPLSPrintf("%04d-%02d-%02d", year, month, day);
+    if (type == OFTDateTime)
+        text += 'T';
+    if (type != OFTDate) {
+        text += two_digits(hour) + ":" + two_digits(minute) + ":";
+        // Whole seconds as two digits, parts of a second to the millisecond.
+        text += second == std::floor(second) ? two_digits(static_cast<int>(second))
+                                             : CPLSPrintf("%06.3f", second);
+    }
+    if (type == OFTDateTime && zone == 100)
+        text += 'Z';
+    else if (type == OFTDateTime && zone > 1) {
+        // Quarters of an hour, counted from 100.
+        int const minutes = std::abs(zone - 100) * 15;
+        text += (zone < 100 ? "-" : "+") + two_digits(minutes / 60) + ":" + two_digits(minutes % 60);
+    }
+    return text::utf8_to_wide(text);
+}
+} // namespace
+
+std::wstring cell_text(OGRFeature const &record, int field)
+{
+    OGRFieldType const type = record.GetFieldDefnRef(field)->GetType();
+    if (type == OFTDate || type == OFTTime || type == OFTDateTime)
+        return date_text(record, field, type);
+    return text::utf8_to_wide(record.GetFieldAsString(field));
+}
+
+bool gdal_feature::flush()
+{
+    if (!f_changed || f_is_new || !f_store)
+        return true;
+    f_changed = false;
+    return f_store->store(*f_record);
+}
+
+void gdal_feature::detach()
+{
+    (void)flush();
+    if (f_store)
+        f_store->ended(this);
+    delete this;
+}
+
+long long gdal_feature::fid()
+{
+    return f_record->GetFID();
+}
+
+OGRGeometry const *gdal_feature::geometry() const
+{
+    return f_geom_field < f_record->GetGeomFieldCount() ? f_record->GetGeomFieldRef(f_geom_field) : nullptr;
+}
+
+int gdal_feature::geom_type()
+{
+    return geom_type_of_geometry(geometry());
+}
+
+void gdal_feature::with_proj4(vx::string_visitor visitor)
+{
+    OGRGeometry const *const shape = geometry();
+    OGRSpatialReference const *const system = shape ? shape->getSpatialReference() : nullptr;
+    char *text = nullptr;
+    if (system && system->exportToProj4(&text) == OGRERR_NONE)
+        visit_utf8(visitor, text);
+    CPLFree(text);
+}
+
+bool gdal_feature::with_extent(Tvx_box_d2 *box)
+{
+    OGRGeometry const *const shape = geometry();
+    if (!shape || !box || shape->IsEmpty())
+        return false;
+    OGREnvelope e;
+    shape->getEnvelope(&e);
+    *box = {e.MinX, e.MinY, e.MaxX, e.MaxY};
+    return true;
+}
+
+bool gdal_feature::with_extent_z(Tvx_box_d3 *box)
+{
+    OGRGeometry const *const shape = geometry();
+    if (!shape || !box || shape->IsEmpty())
+        return false;
+    OGREnvelope3D e;
+    shape->getEnvelope(&e);
+    *box = {e.MinX, e.MinY, e.MinZ, e.MaxX, e.MaxY, e.MaxZ};
+    return true;
+}
+
+bool gdal_feature::get_point(Tvx_vtx_d2 *vertex)
+{
+    Tvx_vtx_d3 found;
+    if (!vertex || !gdal::get_point(geometry(), found))
+        return false;
+    *vertex = {found.x, found.y};
+    return true;
+}
+
+bool gdal_feature::get_point_z(Tvx_vtx_d3 *vertex)
+{
+    return vertex && gdal::get_point(geometry(), *vertex);
+}
+
+bool gdal_feature::get_multipoint(Tvx_op2d *list)
+{
+    return list && gdal::get_multipoint(geometry(), list);
+}
+
+bool gdal_feature::get_multipoint_z(Tvx_ovtx_d3 *list)
+{
+    return list && gdal::get_multipoint(geometry(), list);
+}
+
+bool gdal_feature::get_polypoint(Tvx_op2d *list)
+{
+    return list && gdal::get_polypoint(geometry(), list);
+}
+
+bool gdal_feature::get_polypoint_z(Tvx_ovtx_d3 *list)
+{
+    return list && gdal::get_polypoint(geometry(), list);
+}
+
+bool gdal_feature::set_geometry(std::unique_ptr<OGRGeometry> geometry)
+{
+    if (!geometry || !f_store || !f_store->can_store() || f_geom_field >= f_record->GetGeomFieldCount())
+        return false;
+    OGRGeomFieldDefn const *const defn = f_record->GetGeomFieldDefnRef(f_geom_field);
+    geometry->assignSpatialReference(defn->GetSpatialRef());
+    quiet_errors const quiet;
+    // A table of multi geometries takes no single ones in strict formats, and the other way round.
+    OGRwkbGeometryType const wanted = defn->GetType();
+    if (wkbFlatten(wanted) != wkbUnknown)
+        geometry.reset(OGRGeometryFactory::forceTo(geometry.release(), wanted));
+    if (!geometry || f_record->SetGeomFieldDirectly(f_geom_field, geometry.release()) != OGRERR_NONE)
+        return false;
+    f_changed = true;
+    return true;
+}
+
+bool gdal_feature::set_empty()
+{
+    if (!f_store || !f_store->can_store() || f_geom_field >= f_record->GetGeomFieldCount())
+        return false;
+    f_record->SetGeomFieldDirectly(f_geom_field, nullptr);
+    f_changed = true;
+    return true;
+}
+
+bool gdal_feature::set_point(Tvx_vtx_d2 *vertex)
+{
+    return vertex && set_geometry(std::make_unique<OGRPoint>(vertex->x, vertex->y));
+}
+
+bool gdal_feature::set_point_z(Tvx_vtx_d3 *vertex)
+{
+    return vertex && set_geometry(std::make_unique<OGRPoint>(vertex->x, vertex->y, vertex->z));
+}
+
+bool gdal_feature::set_multipoint(Tvx_op2d *list)
+{
+    return set_geometry(make_multipoint(list));
+}
+
+bool gdal_feature::set_multipoint_z(Tvx_ovtx_d3 *list)
+{
+    return set_geometry(make_multipoint(list));
+}
+
+bool gdal_feature::set_polyline(Tvx_op2d *list)
+{
+    return set_geometry(make_polyline(list));
+}
+
+bool gdal_feature::set_polyline_z(Tvx_ovtx_d3 *list)
+{
+    return set_geometry(make_polyline(list));
+}
+
+bool gdal_feature::set_polygon(Tvx_op2d *list)
+{
+    return set_geometry(make_polygon(list));
+}
+
+bool gdal_feature::set_polygon_z(Tvx_ovtx_d3 *list)
+{
+    return set_geometry(make_polygon(list));
+}
+
+int gdal_feature::field_type(int field)
+{
+    if (field < 0 || field >= f_record->GetFieldCount())
+        return field_none;
+    return field_type_of(*f_record->GetFieldDefnRef(field));
+}
+
+int gdal_feature::field_subtype(int field)
+{
+    if (field < 0 || field >= f_record->GetFieldCount())
+        return subtype_none;
+    return field_subtype_of(*f_record->GetFieldDefnRef(field));
+}
+
+bool gdal_feature::has_value(int field, bool *not_null) const
+{
+    bool const has = field >= 0 && field < f_record->GetFieldCount() && f_record->IsFieldSetAndNotNull(field);
+    if (not_null)
+        *not_null = has;
+    return has;
+}
+
+void gdal_feature::get_string(int field, bool *not_null, vx::string_visitor visitor)
+{
+    if (has_value(field, not_null))
+        visitor.visit(cell_text(*f_record, field).c_str());
+}
+
+int gdal_feature::get_integer(int field, bool *not_null)
+{
+    if (!has_value(field, not_null))
+        return 0;
+    // A number out of range is cut to the bounds, which GDAL reports.
+    quiet_errors const quiet(f_record->GetFieldDefnRef(field)->GetType() != OFTInteger);
+    return f_record->GetFieldAsInteger(field);
+}
+
+long long gdal_feature::get_bigint(int field, bool *not_null)
+{
+    return has_value(field, not_null) ? f_record->GetFieldAsInteger64(field) : 0;
+}
+
+double gdal_feature::get_numeric(int field, bool *not_null)
+{
+    return has_value(field, not_null) ? f_record->GetFieldAsDouble(field) : 0.0;
+}
+
+void gdal_feature::get_binary(int field, bool *not_null, vx::bytes_visitor visitor)
+{
+    if (!has_value(field, not_null))
+        return;
+    OGRFieldType const type = f_record->GetFieldDefnRef(field)->GetType();
+    if (type == OFTBinary) {
+        int count = 0;
+        auto const *const bytes = f_record->GetFieldAsBinary(field, &count);
+        visitor.visit(static_cast<unsigned long long>(count), reinterpret_cast<char const *>(bytes));
+        return;
+    }
+    // Of any other cell the bytes of its text, in UTF-8.
+    std::string const bytes = text::wide_to_utf8(cell_text(*f_record, field));
+    visitor.visit(bytes.size(), bytes.data());
+}
+
+bool gdal_feature::can_change(int field)
+{
+    if (!f_store || !f_store->can_store() || field < 0 || field >= f_record->GetFieldCount())
+        return false;
+    f_changed = true;
+    return true;
+}
+
+bool gdal_feature::set_string(int field, wchar_t const *text)
+{
+    if (!text)
+        return set_undef(field);
+    std::string const bytes = text::wide_to_utf8(text);
+    int const type = field_type(field);
+    bool const wants_number = type == field_integer || type == field_bigint || type == field_numeric;
+    if ((wants_number && !is_number(bytes)) || !can_change(field))
+        return false;
+    quiet_errors const quiet;
+    f_record->SetField(field, bytes.c_str());
+    return true;
+}
+
+bool gdal_feature::set_integer(int field, int value)
+{
+    if (!can_change(field))
+        return false;
+    f_record->SetField(field, value);
+    return true;
+}
+
+bool gdal_feature::set_bigint(int field, long long value)
+{
+    // A 32-bit field would keep another number.
+    if (field_type(field) == field_integer && (value < INT_MIN || value > INT_MAX))
+        return false;
+    if (!can_change(field))
+        return false;
+    f_record->SetField(field, static_cast<GIntBig>(value));
+    return true;
+}
+
+bool gdal_feature::set_numeric(int field, double value)
+{
+    if (!can_change(field))
+        return false;
+    quiet_errors const quiet;
+    f_record->SetField(field, value);
+    return true;
+}
+
+bool gdal_feature::set_binary(int field, int size, char *bytes)
+{
+    if (size < 0 || (size > 0 && !bytes) || !can_change(field))
+        return false;
+    f_record->SetField(field, size, static_cast<void const *>(bytes));
+    return true;
+}
+
+bool gdal_feature::set_undef(int field)
+{
+    if (!can_change(field))
+        return false;
+    f_record->SetFieldNull(field);
+    return true;
+}
+} // namespace vx::gdal

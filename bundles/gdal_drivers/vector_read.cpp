@@ -1,0 +1,187 @@
+#include "data_types.h"
+#include "paged_filter.h"
+#include "vector_set.h"
+
+#include "platform/base/text_codec.h"
+
+namespace vx::gdal {
+vector_set::position_keeper::~position_keeper()
+{
+    if (!f_set.f_layer)
+        return;
+    f_set.f_layer->ResetReading();
+    if (f_set.f_position > 0)
+        f_set.f_layer->SetNextByIndex(f_set.f_position);
+}
+
+bool vector_set::has_filter() const
+{
+    return !f_filter.empty() || f_has_box || f_page.limit >= 0 || f_page.offset > 0 ||
+           f_only_type != geom_unknown;
+}
+
+bool vector_set::set_spatial_filter(Tvx_box_d2 *box)
+{
+    if (!geom_field_at(f_geom_field))
+        return box == nullptr;
+    error_guard const guard(f_set->error());
+    f_has_box = box && !box->is_empty();
+    if (f_has_box)
+        f_layer->SetSpatialFilterRect(f_geom_field, box->min_x, box->min_y, box->max_x, box->max_y);
+    else
+        f_layer->SetSpatialFilter(f_geom_field, nullptr);
+    return reset_reading();
+}
+
+/// Some drivers take any text and fail at the first feature, so that one is asked for.
+bool vector_set::install_filter(std::string const &text, error_guard &guard)
+{
+    if (f_layer->SetAttributeFilter(text.empty() ? nullptr : text.c_str()) != OGRERR_NONE) {
+        guard.add(L"The filter is not understood.");
+        return false;
+    }
+    if (text.empty())
+        return true;
+    f_layer->ResetReading();
+    OGRFeatureUniquePtr const first(f_layer->GetNextFeature());
+    return guard.text().empty();
+}
+
+bool vector_set::set_attribute_filter(wchar_t const *text)
+{
+    if (!f_layer)
+        return false;
+    error_guard guard(f_set->error());
+    (void)flush_features();
+    paged_filter const wanted(text ? text : L"");
+    std::string const expression = text::wide_to_utf8(wanted.expression);
+    bool const taken = install_filter(expression, guard);
+    if (taken) {
+        f_filter = expression;
+        f_page = {wanted.limit, wanted.offset};
+    } else
+        f_layer->SetAttributeFilter(f_filter.empty() ? nullptr : f_filter.c_str());
+    f_layer->ResetReading();
+    f_started = false;
+    f_position = f_delivered = 0;
+    return taken;
+}
+
+bool vector_set::reset_reading()
+{
+    f_started = false;
+    f_position = f_delivered = 0;
+    if (!f_layer)
+        return false;
+    f_layer->ResetReading();
+    return true;
+}
+
+bool vector_set::is_wanted(OGRFeature const &record) const
+{
+    if (f_only_type == geom_unknown)
+        return true;
+    OGRGeometry const *const shape =
+        f_geom_field < record.GetGeomFieldCount() ? record.GetGeomFieldRef(f_geom_field) : nullptr;
+    int const type = shape ? geom_type_of(shape->getGeometryType()) : geom_none;
+    // A feature without geometry belongs to every type.
+    return type == geom_none || flat(type) == flat(f_only_type) ||
+           (flat(f_only_type) == geom_multipoint && flat(type) == geom_point);
+}
+
+OGRFeatureUniquePtr vector_set::read_next()
+{
+    while (OGRFeatureUniquePtr record{f_layer->GetNextFeature()}) {
+        ++f_position;
+        if (is_wanted(*record))
+            return record;
+    }
+    return nullptr;
+}
+
+void vector_set::hand_out(OGRFeatureUniquePtr record, vx::feature_visitor visitor)
+{
+    if (!visitor)
+        return;
+    feature_store *const store = f_set->read_only() ? nullptr : this;
+    auto *const outside = new gdal_feature(store, std::move(record), f_geom_field, false);
+    if (store)
+        f_outside.insert(outside);
+    visitor.visit(*outside);
+}
+
+bool vector_set::with_next_feature(vx::feature_visitor visitor)
+{
+    if (!f_layer)
+        return false;
+    OGRFeatureUniquePtr record;
+    {
+        error_guard const guard(f_set->error());
+        (void)flush_features();
+        if (!f_started && !moveto_index(0))
+            return false;
+        if (f_page.limit >= 0 && f_delivered >= f_page.limit)
+            return false;
+        record = read_next();
+    }
+    if (!record)
+        return false;
+    ++f_delivered;
+    hand_out(std::move(record), visitor);
+    return true;
+}
+
+bool vector_set::has_random_read()
+{
+    return f_layer && f_layer->TestCapability(OLCRandomRead);
+}
+
+bool vector_set::with_feature(long long fid, vx::feature_visitor visitor)
+{
+    if (!f_layer)
+        return false;
+    OGRFeatureUniquePtr record;
+    {
+        error_guard const guard(f_set->error());
+        (void)flush_features();
+        // Where reading by identifier is a walk in disguise, it moves the reading position.
+        if (f_layer->TestCapability(OLCRandomRead))
+            record.reset(f_layer->GetFeature(fid));
+        else {
+            position_keeper const keeper(*this);
+            record.reset(f_layer->GetFeature(fid));
+        }
+    }
+    if (!record)
+        return false;
+    hand_out(std::move(record), visitor);
+    return true;
+}
+
+bool vector_set::has_moveto_index()
+{
+    return f_layer && f_layer->TestCapability(OLCFastSetNextByIndex) && f_only_type == geom_unknown;
+}
+
+bool vector_set::moveto_index(long long index)
+{
+    if (!f_layer || index < 0)
+        return false;
+    error_guard const guard(f_set->error());
+    (void)flush_features();
+    reset_reading();
+    f_started = true;
+    long long const target = f_page.offset + index;
+    if (f_only_type != geom_unknown) {
+        for (long long i = 0; i < target; ++i)
+            if (!read_next())
+                return false;
+    } else if (target > 0) {
+        if (f_layer->SetNextByIndex(target) != OGRERR_NONE)
+            return false;
+        f_position = target;
+    }
+    f_delivered = index;
+    return true;
+}
+} // namespace vx::gdal

@@ -1,0 +1,194 @@
+#pragma once
+
+#include "dataset.h"
+#include "extension/binding/data_source.h"
+#include "extension/binding/feature_forward_request.h"
+#include "extension/binding/feature_random_request.h"
+#include "extension/binding/polymorphic.h"
+#include "extension/binding/stat_source.h"
+#include "extension/binding/vector_source.h"
+#include "feature.h"
+
+#include <ogrsf_frmts.h>
+
+#include <map>
+#include <optional>
+#include <unordered_set>
+
+namespace vx::gdal {
+/// A data set with tables: one of them is selected and read, changed and counted. Made by `open_source`,
+/// ended by its `detach`.
+///
+/// The attribute filter takes the language of the driver, with `LIMIT n` and `OFFSET n` at its end as an
+/// addition for every driver: the filtered sequence from feature `OFFSET`, `LIMIT` features long.
+class vector_set final : public polymorphic<data_source_impl, vector_source_impl, stat_source_impl,
+                                            feature_forward_request_impl, feature_random_request_impl>,
+                         private feature_store
+{
+public:
+    /// Null with a reason in `error` when the connection names a table that is not there.
+    [[nodiscard]] static vector_set *make(std::unique_ptr<dataset> set, std::wstring &error);
+
+    // data_source
+    void detach() override;
+    int driver_id() override;
+    bool has_capability(int capability) override;
+    bool with_extent(Tvx_box_d2 *box, bool force) override;
+    bool with_extent_z(Tvx_box_d3 *box, bool force) override;
+    void with_proj4(vx::string_visitor visitor) override;
+    int field_count() override;
+    void field_name(int field, vx::string_visitor visitor) override;
+    void field_alias(int field, vx::string_visitor visitor) override;
+    int field_type(int field) override;
+    int field_subtype(int field) override;
+    bool field_nullable(int field) override;
+    bool field_readonly(int field) override;
+    void field_default(int field, vx::string_visitor visitor) override;
+    bool field_dict(int field, vx::dict_visitor visitor) override;
+    bool field_index(wchar_t const *name, int *index) override;
+    bool make_field_name(wchar_t const *name, vx::string_visitor visitor) override;
+    int vector_count() override { return f_set->vector_count(); }
+    void vector_source(int index, vx::string_visitor visitor) override
+    {
+        f_set->vector_source(index, visitor);
+    }
+    void vector_name(int index, vx::string_visitor visitor) override { f_set->vector_name(index, visitor); }
+    int grid_count() override { return f_set->grid_count(); }
+    void grid_source(int index, vx::string_visitor visitor) override { f_set->grid_source(index, visitor); }
+    void grid_name(int index, vx::string_visitor visitor) override { f_set->grid_name(index, visitor); }
+    void with_name(vx::string_visitor visitor) override;
+    void with_description(vx::string_visitor visitor) override { f_set->with_description(visitor); }
+    void with_files(vx::string_visitor visitor) override { f_set->with_files(visitor); }
+    void with_error(vx::string_visitor visitor) override;
+
+    // vector_source
+    bool create_vector(wchar_t const *name, int geom_type, long long flags,
+                       vx::vector_definition definition) override;
+    bool select_vector(wchar_t const *name) override;
+    bool select_geom_field(wchar_t const *name) override;
+    int geom_type() override;
+    unsigned long long feature_count(bool force) override;
+    void fid_field_name(vx::string_visitor visitor) override;
+    int field_width(int field) override;
+    int field_precision(int field) override;
+    int geom_field_count() override;
+    void geom_field_name(int field, vx::string_visitor visitor) override;
+    int geom_field_type(int field) override;
+    void geom_field_proj4(int field, vx::string_visitor visitor) override;
+    bool create_field(vx::vector_definition definition) override;
+    bool delete_field(int field) override;
+    bool alter_field(int field, vx::vector_definition definition) override;
+    bool reorder_fields(int *order) override;
+    bool create_geom_field(vx::vector_definition definition) override;
+    bool delete_geom_field(int field) override;
+    bool transaction_start() override;
+    bool transaction_commit() override;
+    bool transaction_rollback() override;
+    bool flush_changes() override;
+    bool create_feature(long long fid, vx::feature_visitor visitor) override;
+    bool delete_feature(long long fid) override;
+
+    // stat_source: answers for the whole table; with a filter in force it leaves the question to the caller
+    bool has_stat(int field) override;
+    bool minimum(int field, double *value) override;
+    bool maximum(int field, double *value) override;
+    bool average(int field, double *value) override;
+    bool stdev(int field, double *value) override;
+    bool sum(int field, double *value) override;
+    bool count_nonnull(int field, long long *count) override;
+    bool count_distinct(int field, long long *count) override;
+    bool compute_stats(int field, bool force) override;
+    bool with_unique_numerics(int field, int limit, vx::floatings_visitor visitor) override;
+    bool with_unique_strings(int field, int limit, vx::string_visitor visitor) override;
+    bool has_histogram(int field) override;
+    bool with_custom_histogram(int field, double minimum, double maximum, int count, long long *counts,
+                               bool force) override;
+    bool with_default_histogram(int field, bool force, vx::histogram_visitor visitor) override;
+
+    // feature_forward_request
+    bool set_spatial_filter(Tvx_box_d2 *box) override;
+    bool set_attribute_filter(wchar_t const *text) override;
+    bool reset_reading() override;
+    bool with_next_feature(vx::feature_visitor visitor) override;
+
+    // feature_random_request
+    bool has_random_read() override;
+    bool with_feature(long long fid, vx::feature_visitor visitor) override;
+    bool has_moveto_index() override;
+    bool moveto_index(long long index) override;
+
+private:
+    class position_keeper;
+
+    /// What one pass over a field tells.
+    struct field_stat
+    {
+        double minimum = 0;
+        double maximum = 0;
+        double mean = 0;
+        double sum = 0;
+        double squares = 0; ///< sum of the squared distances from the mean
+        long long count = 0;
+        std::optional<long long> distinct;
+    };
+
+    /// The end of an attribute filter.
+    struct page
+    {
+        long long limit = -1; ///< -1: none
+        long long offset = 0;
+    };
+
+    explicit vector_set(std::unique_ptr<dataset> set) : f_set(std::move(set)) {}
+    ~vector_set();
+
+    // feature_store
+    bool store(OGRFeature &feature) override;
+    bool can_store() const override { return !f_set->read_only(); }
+    void ended(gdal_feature *feature) override { f_outside.erase(feature); }
+
+    void select(OGRLayer *layer);
+    [[nodiscard]] OGRFieldDefn const *field_at(int field) const;
+    [[nodiscard]] OGRGeomFieldDefn const *geom_field_at(int field) const;
+    [[nodiscard]] OGRFeatureUniquePtr read_next();
+    [[nodiscard]] bool is_wanted(OGRFeature const &record) const;
+    [[nodiscard]] bool has_filter() const;
+    void hand_out(OGRFeatureUniquePtr record, vx::feature_visitor visitor);
+    bool install_filter(std::string const &text, error_guard &guard);
+    bool flush_features();
+    [[nodiscard]] bool may_change(error_guard &guard) const;
+    void content_changed();
+    /// Reads one field of all features; `visit` gives false to stop. False when the table cannot be read
+    /// whole.
+    template <class Visit>
+    bool scan(int field, Visit visit);
+    field_stat const *stat_of(int field);
+
+    std::unique_ptr<dataset> f_set;
+    OGRLayer *f_layer = nullptr; ///< null: a new set without tables
+    int f_geom_field = 0;
+    int f_only_type = 100; ///< geometry type that the connection asks for; 100: all
+    std::string f_filter;
+    page f_page;
+    bool f_has_box = false;
+    bool f_started = false;    ///< the offset is passed
+    long long f_position = 0;  ///< features that the layer gave since its start
+    long long f_delivered = 0; ///< features handed out since the start
+    bool f_in_transaction = false;
+    std::map<int, field_stat> f_stats;
+    std::unordered_set<gdal_feature *> f_outside; ///< of a set that can be changed
+};
+
+/// Keeps the reading position over a pass over the whole table.
+class vector_set::position_keeper
+{
+public:
+    explicit position_keeper(vector_set &set) : f_set(set) {}
+    ~position_keeper();
+    position_keeper(position_keeper const &) = delete;
+    position_keeper &operator=(position_keeper const &) = delete;
+
+private:
+    vector_set &f_set;
+};
+} // namespace vx::gdal
