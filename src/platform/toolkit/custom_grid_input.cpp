@@ -209,7 +209,8 @@ void TCustomGrid::KeyPress(wchar_t &key)
 {
     TCustomControl::KeyPress(key);
     if (key == L'\r') {
-        if (f_options.Contains(goAlwaysShowEditor))
+        // Without editing the key is the form's, for its default button.
+        if (f_options.Contains(goAlwaysShowEditor) || !f_options.Contains(goEditing))
             return;
         if (f_editor_mode)
             HideEditor();

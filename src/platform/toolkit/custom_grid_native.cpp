@@ -28,6 +28,9 @@ TCustomGrid::native::native(TCustomGrid *grid) : p(std::make_unique<parts>())
         auto *bar = new QScrollBar(orientation, widget);
         bar->setCursor(Qt::ArrowCursor);
         bar->hide();
+        // The link takes the mouse of all that lies in a control that draws itself; a bar needs it for
+        // itself.
+        bar->removeEventFilter(grid->Link());
         QObject::connect(bar, &QScrollBar::valueChanged, &p->timer, moved);
         return bar;
     };

@@ -1,5 +1,7 @@
 #include "platform/toolkit/inplace_edit.h"
 
+#include "platform/toolkit/form.h"
+
 #include <string>
 
 TInplaceEdit::TInplaceEdit(TComponent *owner) : TEdit(owner)
@@ -92,7 +94,7 @@ bool TInplaceEdit::leads_out(Word key, TShiftState shift) const
     case VK_ESCAPE:
         return true;
     case VK_TAB:
-        return !shift.Contains(ssAlt);
+        return !shift.Contains(ssAlt) && !shift.Contains(ssCtrl);
     case VK_LEFT:
     case VK_HOME:
         return forward && (shift.Contains(ssCtrl) || at_start);
@@ -112,6 +114,13 @@ void TInplaceEdit::KeyDown(Word &key, TShiftState shift)
     }
     if (leads_out(key, shift)) {
         f_grid->KeyDown(key, shift);
+        if (key == VK_TAB && !f_grid->WantsKey(key, shift)) {
+            // Out of the grid, which stands in the tab order for its editor.
+            key = 0;
+            TWinControl *const form = GetParentForm(this);
+            if (form)
+                form->SelectNext(f_grid, !shift.Contains(ssShift), true);
+        }
         return;
     }
     f_grid->OnKeyDown(f_grid, key, shift);
