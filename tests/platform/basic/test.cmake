@@ -1,0 +1,8 @@
+foreach(bundle good refusing without_entry)
+    add_library(vx_test_bundle_${bundle} MODULE ${CMAKE_CURRENT_SOURCE_DIR}/platform/basic/bundles/${bundle}.cpp)
+    target_include_directories(vx_test_bundle_${bundle} PRIVATE ${CMAKE_SOURCE_DIR}/src)
+    target_link_libraries(vx_test_bundle_${bundle} PRIVATE vxk_platform vx_warnings)
+    set_target_properties(vx_test_bundle_${bundle} PROPERTIES LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib/test_bundles)
+    add_dependencies(${test_target} vx_test_bundle_${bundle})
+endforeach()
+target_compile_definitions(${test_target} PRIVATE VX_TEST_BUNDLES="${CMAKE_BINARY_DIR}/lib/test_bundles")
