@@ -100,8 +100,10 @@ struct pln_line_lr
     bool operator==(pln_line_lr const&) const = default;
 };
 
-/// A stroke by a template that repeats along the line. Every element takes room: a dash and the slanted dashes `dash`, the
-/// others `gap`. The pattern starts `shift` behind the line's start and lies `delta` to its left.
+/// A stroke by a template that repeats along the line. A dash goes on by `dash`, a gap by `gap`; points, symbols and the
+/// dashes at an angle, which are `dash` long too, stand where the pattern has got to and take no room. In a template
+/// without dashes and gaps each of them is followed by a gap. The pattern starts `shift` behind the line's start
+/// and lies `delta` to its left.
 struct pln_tplt_lr
 {
     Tvx_color color = vx_clr_init_rgb(0, 0, 0);

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "platform/base/color.h"
+#include "platform/base/geometry.h"
+
+#include <memory>
+
+struct vx_native_painter;
+
+namespace vx::render
+{
+/// What base styles are drawn on: a running painter, the size of a millimetre in pixels, and the pixels that show.
+struct surface
+{
+    vx_native_painter* painter = nullptr;
+    double px_per_mm_x = 1;
+    double px_per_mm_y = 1;
+    Tvx_box_d2 clip;
+
+    [[nodiscard]] double px_per_mm() const { return (px_per_mm_x + px_per_mm_y) / 2; }
+};
+
+/// The object behind `vx_bmp_dc_create`.
+class bmp_dc
+{
+public:
+    bmp_dc();
+    bmp_dc(bmp_dc const&) = delete;
+    bmp_dc& operator=(bmp_dc const&) = delete;
+    ~bmp_dc();
+
+    void set_size(int width, int height);
+    void lend(unsigned char* pixels, int width, int height, int bytes_per_line);
+    void set_transparent(Tvx_color color);
+    void clear(Tvx_color color);
+    [[nodiscard]] int width() const;
+    [[nodiscard]] int height() const;
+    [[nodiscard]] Tvx_color pixel(int x, int y) const;
+
+    /// Running painter with antialiasing, in pixels; null without pixels.
+    [[nodiscard]] vx_native_painter* painter();
+    /// Draws the pixels on another painter.
+    void copy_to(vx_native_painter* target, int x, int y, int width, int height);
+    [[nodiscard]] surface get_surface();
+
+    void set_mapping(Tvx_box_d2 const& mm, Tvx_box_d2 const& pixels);
+    [[nodiscard]] double px_per_mm_x() const;
+    [[nodiscard]] double px_per_mm_y() const;
+    /// From drawing units to pixels.
+    [[nodiscard]] Tvx_box_d2 to_px(Tvx_box_d2 const& box) const;
+    [[nodiscard]] Tvx_pnt_d2 to_px(double x, double y) const;
+
+private:
+    struct state;
+    std::unique_ptr<state> f_state;
+};
+} // namespace vx::render

@@ -1,0 +1,31 @@
+#include "platform/render/vx_map_view.h"
+
+#include <algorithm>
+#include <cmath>
+
+Tvx_map_view vx_map_view_fit(Tvx_box_d2 const& box, int width, int height, int margin_px)
+{
+    Tvx_map_view view;
+    view.width = width;
+    view.height = height;
+    Tvx_box_d2 b = box;
+    if (b.is_empty() || !std::isfinite(b.width()) || !std::isfinite(b.height())) {
+        b = {};
+        b.add(-0.5, -0.5);
+        b.add(0.5, 0.5);
+    }
+    // A single point gets an extent that its coordinates can resolve.
+    double const magnitude = std::max({std::abs(b.min_x), std::abs(b.max_x), std::abs(b.min_y), std::abs(b.max_y)});
+    double const least = std::max(1e-9 * magnitude, 1e-12);
+    double const inner_w = std::max(1, width - 2 * margin_px);
+    double const inner_h = std::max(1, height - 2 * margin_px);
+    double units = std::max(b.width() / inner_w, b.height() / inner_h);
+    if (!(units * std::max(inner_w, inner_h) > least))
+        units = (b.width() > 0 || b.height() > 0 ? least : std::max(least, 1.0)) / std::min(inner_w, inner_h);
+    double const cx = b.min_x + b.width() / 2;
+    double const cy = b.min_y + b.height() / 2;
+    view.world = {};
+    view.world.add(cx - units * width / 2, cy - units * height / 2);
+    view.world.add(cx + units * width / 2, cy + units * height / 2);
+    return view;
+}
