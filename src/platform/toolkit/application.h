@@ -25,6 +25,7 @@ public:
     void HandleMessage();
     /// Shows the main form and handles events until it closes or `Terminate` is called.
     void Run();
+    /// Ends `Run`, and the modal forms in it; in a loop of the host's it does nothing.
     void Terminate();
     [[nodiscard]] bool GetTerminated() const { return f_terminated; }
     [[nodiscard]] bool GetActive() const;
@@ -34,9 +35,6 @@ public:
     [[nodiscard]] bool GetShowHint() const { return f_show_hint; }
     /// Off: no control shows its hint.
     void SetShowHint(bool value) { f_show_hint = value; }
-    /// Milliseconds before a hint is shown.
-    [[nodiscard]] int GetHintPause() const { return f_hint_pause; }
-    void SetHintPause(int value);
 
     /// Gets the context, shows help and tells whether it did.
     closure<bool(THelpContext context)> OnHelp;
@@ -52,7 +50,7 @@ private:
     TApplication();
 
     TCustomForm *f_main_form = nullptr;
-    int f_hint_pause = 500;
+    bool f_running = false;
     bool f_terminated = false;
     bool f_show_hint = true;
 };

@@ -12,6 +12,7 @@ class TPopupMenu;
 class TBasicAction;
 class TDragObject;
 struct vx_control_link;
+struct vx_drag_session;
 struct vx_native_painter;
 
 enum TControlStyleItem
@@ -178,7 +179,7 @@ protected:
     friend class TWinControl;
     friend class TCustomForm;
     friend struct vx_control_link;
-    friend class TBasicAction;
+    friend struct vx_drag_session;
 
     virtual void Click();
     virtual void DblClick();
@@ -205,6 +206,8 @@ protected:
     void RequestAlign();
     /// Paints the control; runs only with `csOwnPaint` in `ControlStyle`.
     virtual void PaintWidget(vx_native_painter *painter);
+    /// Runs after the size has changed, by whatever means: realigns the children, then `Resize`.
+    virtual void SizeChanged();
     virtual void VisibleChanged();
     virtual void EnabledChanged();
     virtual void FontChanged();
@@ -214,13 +217,20 @@ protected:
     TControlStyle ControlStyle;
 
 private:
-    void set_host_dock_site(TWinControl *site);
+    void bounds_moved();
+    void parent_font_changed();
+    void parent_color_changed();
+    void apply_font();
+    void drag_started();
+    void drag_over(TObject *source, int x, int y, TDragState state, bool &accept);
+    void drag_ended(TObject *target, int x, int y);
+    void leave_dock_site(TWinControl *new_site);
     void font_changed(TObject *sender);
     void layout_changed(TObject *sender);
     void update_anchor_rules();
-    void apply_visible();
+    virtual void apply_visible();
+    virtual void apply_bounds(int left, int top, int width, int height);
     void apply_color();
-    void apply_bounds(int left, int top, int width, int height);
 
     std::unique_ptr<vx_control_link> f_link;
     TWinControl *f_parent = nullptr;
@@ -237,6 +247,8 @@ private:
     TRect f_anchor_bounds;
     TSize f_anchor_parent_size;
     TPoint f_explicit_pos;
+    TSize f_known_size;
+    TRect f_float_rect;
     TColor f_color = clBtnFace;
     TCursor f_cursor = crDefault;
     THelpContext f_help_context = 0;

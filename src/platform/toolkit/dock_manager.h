@@ -27,6 +27,8 @@ public:
 private:
     struct zone;
     struct handle;
+    void lay_out(zone &z, TRect const &rect);
+    void move_border(zone &z, int distance);
     std::unique_ptr<zone> f_root;
     TWinControl *f_site;
 };

@@ -30,10 +30,8 @@ public:
     void SetModalResult(TModalResult value);
     [[nodiscard]] bool IsModal() const { return f_modal; }
 
-    void SetVisible(bool value) override;
     void SetParent(TWinControl *parent) override;
     [[nodiscard]] bool GetShowing() const override;
-    void SetBounds(int left, int top, int width, int height) override;
     [[nodiscard]] TRect GetBoundsRect() const override;
     [[nodiscard]] UnicodeString GetText() const override;
     void SetText(UnicodeString const &text) override;
@@ -100,24 +98,36 @@ protected:
     [[nodiscard]] bool IsTopLevel() const override { return true; }
     bool DialogKey(Word key, TShiftState shift) override;
     void AlignControls(TControl *control, TRect &rect) override;
-    [[nodiscard]] TRect GetClientRect() const override;
+    void SizeChanged() override;
+    [[nodiscard]] vx_native_widget *ClientWidget() const override;
     void Notification(TComponent *component, TOperation operation) override;
-    void CreateWnd() override;
 
 private:
+    void apply_visible() override;
+    void apply_bounds(int left, int top, int width, int height) override;
     void apply_flags();
     void apply_position();
     void show_window();
     void hide_window();
     void close_modal();
-    void become_mdi_child();
+    void window_activated();
+    void window_deactivated();
+    bool become_mdi_child();
     void leave_mdi_parent();
-    [[nodiscard]] vx_native_widget *frame() const;
+    void make_mdi_area();
+    void layout_frame();
+    void focus_first();
+    [[nodiscard]] TCustomForm *mdi_parent() const;
 
     std::unique_ptr<TCanvas> f_canvas;
     TMainMenu *f_menu = nullptr;
+    vx_native_widget *f_client_area = nullptr;
     vx_native_widget *f_mdi_area = nullptr;
     vx_native_widget *f_mdi_frame = nullptr;
+    TCustomForm *f_mdi_parent = nullptr;
+    TCustomForm *f_active_mdi_child = nullptr;
+    std::vector<TCustomForm *> f_mdi_children;
+    TWinControl *f_wanted_focus = nullptr;
     TModalResult f_modal_result = mrNone;
     TPosition f_position = poDesigned;
     TFormBorderStyle f_border_style = bsSizeable;
@@ -128,6 +138,17 @@ private:
     bool f_key_preview = false;
     bool f_modal = false;
     bool f_releasing = false;
+    bool f_shown = false;
+};
+
+/// The window in which a floating control that is no form stands; it ends with the control.
+class vx_float_form final : public TCustomForm
+{
+public:
+    explicit vx_float_form(TControl *content);
+
+protected:
+    void ControlListChange(TControl *control, bool inserting) override;
 };
 
 class VX_API TForm : public TCustomForm

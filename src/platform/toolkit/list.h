@@ -2,6 +2,7 @@
 
 #include "platform/toolkit/component.h"
 
+#include <memory>
 #include <vector>
 
 /// A list of plain pointers that owns nothing. Indices start at 0; a bad index throws `std::out_of_range`.
@@ -57,8 +58,9 @@ public:
 
 private:
     class watcher;
+    TComponent *take(int index);
 
     std::vector<TComponent *> f_items;
-    watcher *f_watcher;
+    std::unique_ptr<watcher> f_watcher;
     bool f_owns_objects;
 };

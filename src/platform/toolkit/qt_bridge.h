@@ -12,10 +12,12 @@
 #include <QtCore/QRect>
 #include <QtCore/QString>
 #include <QtGui/QColor>
+#include <QtGui/QCursor>
 #include <QtGui/QFont>
 #include <QtGui/QImage>
 #include <QtWidgets/QWidget>
 
+#include <memory>
 #include <type_traits>
 #include <utility>
 
@@ -23,8 +25,13 @@
 
 class TFont;
 class TBitmap;
+class QContextMenuEvent;
+class QFocusEvent;
+class QInputMethodEvent;
 class QKeyEvent;
+class QMouseEvent;
 class QPainter;
+class QWheelEvent;
 
 /// Makes a `QApplication` if the process has none: on the platform "offscreen" when the environment names
 /// neither a display nor a platform. Called before every widget is made; cheap.
@@ -113,6 +120,9 @@ VX_API void vx_qt_host_widget(TWinControl *control, QWidget *widget);
 [[nodiscard]] VX_API QImage vx_qt_image(TBitmap const &bitmap);
 VX_API void vx_set_image(TBitmap &bitmap, QImage const &image);
 
+/// Cursors of the program's own come from the screen's list.
+[[nodiscard]] VX_API QCursor vx_qt_cursor(TCursor cursor);
+
 [[nodiscard]] VX_API TShiftState vx_shift_state(Qt::KeyboardModifiers modifiers,
                                                 Qt::MouseButtons buttons = {});
 /// The key code of a key event; 0 for keys that have none.
@@ -141,6 +151,9 @@ struct VX_API vx_control_link final : QObject
     ~vx_control_link() override;
     bool eventFilter(QObject *object, QEvent *event) override;
 
+    /// What `vx_qt_host_control` does.
+    static void host(TWinControl *control, QWidget *host);
+
     TControl *control;
     QPointer<QWidget> widget;
 
@@ -148,12 +161,22 @@ private:
     void watch(QObject *object);
     bool filter(QWidget *target, QEvent *event);
     bool filter_own(QEvent *event);
-    bool key_event(QWidget *target, QKeyEvent *event);
-    bool mouse_event(QWidget *target, QEvent *event);
-    [[nodiscard]] QPoint to_client(QWidget *target, QPointF const &position) const;
+    bool key_press(QWidget *target, QKeyEvent &event);
+    bool key_release(QKeyEvent &event);
+    bool input_method(QWidget *target, QInputMethodEvent &event);
+    bool mouse_button(QWidget *target, QMouseEvent &event);
+    bool mouse_move(QWidget *target, QMouseEvent &event);
+    bool wheel(QWheelEvent &event);
+    bool context_menu(QWidget *target, QContextMenuEvent &event);
+    bool window_event(QEvent *event);
+    void focus_in();
+    void focus_out(QFocusEvent &event);
+    void leave_host();
+    [[nodiscard]] TPoint to_client(QWidget *target, QPointF const &position) const;
 
+    QWidget *f_host = nullptr;
+    std::unique_ptr<QObject> f_follower;
     bool f_pressed_here = false;
-    bool f_resending = false;
 };
 
 /// Connects a signal for as long as the control lives; nothing runs once it is being destroyed. `f` takes the
@@ -171,3 +194,18 @@ void vx_connect(TControl *control, Sender *sender, Signal signal, F f)
             f();
     });
 }
+
+/// The drag of a control that is going on, of which there is one at most: of its content onto another
+/// control, or of itself to another dock site.
+struct vx_drag_session
+{
+    /// Begins once the mouse has moved some pixels with its button down.
+    static void prepare(TControl *source, QPoint screen);
+    static void begin(TControl *source);
+    static void end(bool drop);
+    [[nodiscard]] static TControl *source();
+    /// True if the event belongs to the drag.
+    static bool button(QMouseEvent const &event);
+    static bool move(QMouseEvent const &event);
+    static void forget(TControl const *control);
+};

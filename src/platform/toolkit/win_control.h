@@ -27,8 +27,8 @@ public:
     /// The topmost child at a point of the client area; null if there is none.
     [[nodiscard]] TControl *ControlAtPos(TPoint const &pos, bool allow_disabled) const;
     void SetParent(TWinControl *parent) override;
-    void SetBounds(int left, int top, int width, int height) override;
-    void SetVisible(bool value) override;
+    [[nodiscard]] bool GetShowing() const override;
+    [[nodiscard]] TRect GetClientRect() const override;
 
     // ---- window
     [[nodiscard]] bool HandleAllocated() const { return f_handle_allocated; }
@@ -90,6 +90,7 @@ protected:
     friend class TControl;
     friend class TCustomForm;
     friend struct vx_control_link;
+    friend struct vx_drag_session;
     friend class TDockManager;
 
     /// Runs once the window exists, also after `RecreateWnd`; an override calls the base first.
@@ -114,7 +115,7 @@ protected:
     void AlignControl(TControl *control);
     void AdjustSize() override;
     bool CanAutoSize(int &width, int &height) override;
-    void Resize() override;
+    void SizeChanged() override;
     virtual void ControlsAligned() {}
     virtual void ControlListChange(TControl *control, bool inserting);
 
@@ -136,18 +137,25 @@ protected:
     void Destroying() override;
 
 private:
-    struct place;
     void insert_control(TControl *control);
     void remove_control(TControl *control);
+    void set_z_order(TControl *control, bool front);
+    void stack_graphic(TControl *control);
+    void apply_visible() override;
     void update_showing();
     void free_window();
-    void do_align(TAlign align, TControl *control, TRect &rect);
-    void do_place(TControl *control, TAlign align, TRect &rect);
+    [[nodiscard]] std::vector<TControl *> sorted_for(TAlign align, TControl *control) const;
+    void place(TControl *control, TRect &rect);
+    void place_by_anchors(TControl *control);
+    [[nodiscard]] bool stands_before(TControl const *a, TControl const *b, TAlign align) const;
+    void undock(TControl *control);
+    void dock_over(TDragDockObject *source, int x, int y, TDragState state, bool &accept);
     void padding_changed(TObject *sender);
     /// The top of the parent chain: it knows which control below it has the focus.
     [[nodiscard]] TWinControl *root() const;
     void focus_came(TWinControl *control);
     void forget_focus(TControl const *control);
+    [[nodiscard]] bool has_below(TControl const *control) const;
     bool offer_key_down(Word &key, TShiftState shift);
     bool offer_key_press(wchar_t &key);
     bool offer_key_up(Word &key, TShiftState shift);
@@ -167,7 +175,6 @@ private:
     bool f_dock_site = false;
     bool f_use_dock_manager = false;
     bool f_aligning = false;
-    bool f_entering = false;
 };
 
 /// The control whose window it is; null for a window of nobody.
