@@ -1,0 +1,150 @@
+#include "support/memory_source.h"
+
+#include "platform/base/owned.h"
+#include "platform/data/vx_attr_data.h"
+#include "platform/data/vx_shape_files.h"
+
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace {
+using attr_data = vx::owned<Ivx_attr_data, &vx_attr_data_release>;
+using shape_files = vx::owned<Ivx_shape_files, &vx_shape_files_close>;
+using points = std::vector<Tvx_pnt_d2>;
+
+constexpr double c_nan = std::numeric_limits<double>::quiet_NaN();
+constexpr double c_inf = std::numeric_limits<double>::infinity();
+
+struct shape_case
+{
+    int geom_type;
+    std::vector<points> parts;
+    Tvx_shape_kind kind;
+    std::vector<points> expected;
+};
+points const ring = {{0, 0}, {4, 0}, {4, 3}, {0, 0}};
+points const hole = {{1, 0.5}, {2, 0.5}, {2, 1}, {1, 0.5}};
+shape_case const cases[] = {
+    {1, {{{2, 3}}}, c_shape_point, {{{2, 3}}}},
+    {11, {{{-2, 3}}}, c_shape_point, {{{-2, 3}}}},
+    {8, {{{0, 1}}, {{2, 3}}, {{4, 5}}}, c_shape_point, {{{0, 1}, {2, 3}, {4, 5}}}},
+    {3,
+     {{{0, 0}, {1, 1}}, {{5, 5}, {6, 7}, {8, 8}}},
+     c_shape_polyline,
+     {{{0, 0}, {1, 1}}, {{5, 5}, {6, 7}, {8, 8}}}},
+    {5, {ring, hole}, c_shape_polygon, {ring, hole}},
+    {15, {ring}, c_shape_polygon, {ring}},
+    {0, {}, c_shape_none, {}},
+    {31, {ring}, c_shape_none, {}},
+    {100, {ring}, c_shape_none, {}},
+    {3, {}, c_shape_none, {}},
+    {3,
+     {{}, {{1, 1}, {c_nan, 2}, {3, c_inf}, {4, 4}}, {{c_nan, c_nan}}},
+     c_shape_polyline,
+     {{{1, 1}, {4, 4}}}},
+    {1, {{{c_inf, 0}}}, c_shape_none, {}},
+};
+
+std::vector<points> parts_of(Tvx_shape_view const &view)
+{
+    std::vector<points> parts;
+    for (int p = 0; p < view.part_count; ++p)
+        parts.emplace_back(view.points + view.part_starts[p], view.points + view.part_starts[p + 1]);
+    return parts;
+}
+
+class shapes : public testing::Test
+{
+protected:
+    void open() { f_shapes.reset(vx_shape_files_open(f_data.get())); }
+
+    vx_test::memory_table f_table;
+    vx_test::memory_driver f_driver{L"memory:", f_table};
+    attr_data f_data{vx_attr_data_create(L"memory:")};
+    shape_files f_shapes;
+};
+} // namespace
+
+TEST_F(shapes, hold_the_geometry_of_each_record)
+{
+    Tvx_box_d2 whole;
+    for (auto const &c : cases)
+        f_table.features.push_back({{}, c.geom_type, c.parts});
+    open();
+    ASSERT_EQ(std::size(cases), vx_shape_files_get_count(f_shapes.get()));
+    for (unsigned i = 0; i < std::size(cases); ++i) {
+        SCOPED_TRACE(i);
+        Tvx_shape_view view;
+        ASSERT_TRUE(vx_shape_files_get(f_shapes.get(), i, &view));
+        EXPECT_EQ(cases[i].kind, view.kind);
+        EXPECT_EQ(cases[i].expected, parts_of(view));
+        Tvx_box_d2 box;
+        for (auto const &part : cases[i].expected)
+            for (auto const &point : part)
+                box.add(point.x, point.y);
+        EXPECT_EQ(box, view.box);
+        whole.add(box);
+    }
+    EXPECT_EQ(whole, vx_shape_files_get_box(f_shapes.get()));
+    Tvx_shape_view view;
+    EXPECT_FALSE(vx_shape_files_get(f_shapes.get(), std::size(cases), &view));
+    EXPECT_FALSE(vx_shape_files_get(f_shapes.get(), 0, nullptr));
+    EXPECT_EQ(0, f_table.held_features);
+}
+
+TEST_F(shapes, are_visited_by_box_in_order)
+{
+    for (int i = 0; i < 10; ++i)
+        f_table.features.push_back({{}, 1, {{{i * 1.0, 0}}}});
+    f_table.features.push_back({{}, 0, {}});
+    open();
+    struct visit_log
+    {
+        std::vector<unsigned> seen;
+        std::size_t limit;
+    };
+    auto const visit = [&](Tvx_box_d2 const &box, std::size_t limit) {
+        visit_log log{{}, limit};
+        vx_shape_files_visit(
+            f_shapes.get(), &box,
+            [](unsigned index, Tvx_shape_view const *view, void *user) {
+                auto &l = *static_cast<visit_log *>(user);
+                EXPECT_EQ(c_shape_point, view->kind);
+                l.seen.push_back(index);
+                return l.seen.size() < l.limit;
+            },
+            &log);
+        return log.seen;
+    };
+    EXPECT_EQ((std::vector<unsigned>{3, 4, 5}), visit({2.5, -1, 5, 1}, 100)) << "the edge belongs to the box";
+    EXPECT_EQ((std::vector<unsigned>{3, 4}), visit({2.5, -1, 9, 1}, 2)) << "ends when told";
+    EXPECT_EQ(std::vector<unsigned>(), visit({0, 1, 9, 2}, 100));
+    EXPECT_EQ(std::vector<unsigned>(), visit({}, 100));
+    EXPECT_EQ(10u, visit({-100, -100, 100, 100}, 100).size());
+}
+
+TEST_F(shapes, are_read_once_and_outlive_the_data)
+{
+    f_table.features.push_back({{}, 5, {ring}});
+    f_table.missing_features = 1;
+    open();
+    shape_files const again(vx_shape_files_open(f_data.get()));
+    EXPECT_EQ(1, f_table.walks);
+    f_data.reset();
+    EXPECT_EQ(0, f_table.opened);
+    Tvx_shape_view view;
+    ASSERT_TRUE(vx_shape_files_get(again.get(), 0, &view));
+    EXPECT_EQ(std::vector<points>{ring}, parts_of(view));
+    ASSERT_TRUE(vx_shape_files_get(again.get(), 1, &view)) << "counted but not given";
+    EXPECT_EQ(c_shape_none, view.kind);
+}
+
+TEST(shape_files, null_is_harmless)
+{
+    EXPECT_EQ(nullptr, vx_shape_files_open(nullptr));
+    vx_shape_files_close(nullptr);
+    EXPECT_EQ(0u, vx_shape_files_get_count(nullptr));
+    EXPECT_TRUE(vx_shape_files_get_box(nullptr).is_empty());
+    Tvx_box_d2 const box;
+    vx_shape_files_visit(nullptr, &box, nullptr, nullptr);
+}
