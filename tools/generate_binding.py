@@ -195,7 +195,7 @@ def default_of(m):
 
 def wrapper_part(f, families, apart):
     n = f.name
-    out = [f'class {n} : public binding::wrapper<{f.handle}>\n{{\npublic:\n    using wrapper::wrapper;\n']
+    out = [f'class VX_API {n} : public binding::wrapper<{f.handle}>\n{{\npublic:\n    using wrapper::wrapper;\n']
     late = []
     for m in f.methods:
         if m.comment:
@@ -262,7 +262,7 @@ def header(part, families, note):
         return ''.join(out)
     out += [f"VX_BINDING_HANDLE({f.name})\n" for f in fs] + [table_part(f, families) + '\n' for f in fs]
     out += [plain_part(f, families) + '\n' for f in fs]
-    out += ['namespace vx\n{\n'] + [f'class {f.name};\n' for f in fs] + ['\n']
+    out += ['namespace vx\n{\n'] + [f'class VX_API {f.name};\n' for f in fs] + ['\n']
     parts = [wrapper_part(f, families, True) for f in fs]
     out += [w + '\n' for w, _ in parts] + [late + '\n' for _, late in parts]
     out += ['' if f.passed else impl_part(f, families) + '\n' for f in fs]

@@ -194,7 +194,7 @@ VX_LOCAL inline void vxk_datasource_data_source_with_error(
 }
 namespace vx
 {
-class data_source : public binding::wrapper<t_vx_data_source_interface>
+class VX_API data_source : public binding::wrapper<t_vx_data_source_interface>
 {
 public:
     using wrapper::wrapper;

@@ -19,7 +19,7 @@ VX_LOCAL inline void vxk_datasource_datatype_visitor_visit(t_vx_datatype_visitor
 }
 namespace vx
 {
-class datatype_visitor : public binding::wrapper<t_vx_datatype_visitor_interface>
+class VX_API datatype_visitor : public binding::wrapper<t_vx_datatype_visitor_interface>
 {
 public:
     using wrapper::wrapper;

@@ -42,7 +42,7 @@ VX_LOCAL inline bool vxk_datasource_dict_get_value(
 }
 namespace vx
 {
-class dict : public binding::wrapper<t_vx_dict_interface>
+class VX_API dict : public binding::wrapper<t_vx_dict_interface>
 {
 public:
     using wrapper::wrapper;

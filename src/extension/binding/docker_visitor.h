@@ -21,7 +21,7 @@ VX_LOCAL inline void vxk_framework_docker_visitor_visit(
 }
 namespace vx
 {
-class docker_visitor : public binding::wrapper<t_vx_docker_visitor_interface>
+class VX_API docker_visitor : public binding::wrapper<t_vx_docker_visitor_interface>
 {
 public:
     using wrapper::wrapper;

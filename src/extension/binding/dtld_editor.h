@@ -51,7 +51,7 @@ VX_LOCAL inline void vxk_framework_dtld_editor_reattach(
 }
 namespace vx
 {
-class dtld_editor : public binding::wrapper<t_vx_dtld_editor_interface>
+class VX_API dtld_editor : public binding::wrapper<t_vx_dtld_editor_interface>
 {
 public:
     using wrapper::wrapper;

@@ -21,7 +21,7 @@ VX_LOCAL inline void vxk_framework_dtld_editor_visitor_visit(
 }
 namespace vx
 {
-class dtld_editor_visitor : public binding::wrapper<t_vx_dtld_editor_visitor_interface>
+class VX_API dtld_editor_visitor : public binding::wrapper<t_vx_dtld_editor_visitor_interface>
 {
 public:
     using wrapper::wrapper;

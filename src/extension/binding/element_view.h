@@ -37,7 +37,7 @@ VX_LOCAL inline void vxk_framework_element_view_focus(t_vx_element_view_interfac
 }
 namespace vx
 {
-class element_view : public binding::wrapper<t_vx_element_view_interface>
+class VX_API element_view : public binding::wrapper<t_vx_element_view_interface>
 {
 public:
     using wrapper::wrapper;

@@ -23,7 +23,7 @@ VX_BINDING_FUNCTIONS(canvas, 2)
 { return 1.0; }
 namespace vx
 {
-class canvas : public binding::wrapper<t_vx_canvas_interface>
+class VX_API canvas : public binding::wrapper<t_vx_canvas_interface>
 {
 public:
     using wrapper::wrapper;
@@ -60,7 +60,7 @@ VX_BINDING_FUNCTIONS(floating_input, 7)
 { return 1.0; }
 namespace vx
 {
-class floating_input : public binding::wrapper<t_vx_floating_input_interface>
+class VX_API floating_input : public binding::wrapper<t_vx_floating_input_interface>
 {
 public:
     using wrapper::wrapper;
@@ -105,7 +105,7 @@ VX_BINDING_FUNCTIONS(integer_input, 6)
 { return 1; }
 namespace vx
 {
-class integer_input : public binding::wrapper<t_vx_integer_input_interface>
+class VX_API integer_input : public binding::wrapper<t_vx_integer_input_interface>
 {
 public:
     using wrapper::wrapper;
@@ -150,7 +150,7 @@ VX_BINDING_FUNCTIONS(scroll_layout, 37)
 { return true; }
 namespace vx
 {
-class scroll_layout : public binding::wrapper<t_vx_scroll_layout_interface>
+class VX_API scroll_layout : public binding::wrapper<t_vx_scroll_layout_interface>
 {
 public:
     using wrapper::wrapper;
@@ -188,7 +188,7 @@ VX_BINDING_FUNCTIONS(slider, 2)
 { return 10; }
 namespace vx
 {
-class slider : public binding::wrapper<t_vx_slider_interface>
+class VX_API slider : public binding::wrapper<t_vx_slider_interface>
 {
 public:
     using wrapper::wrapper;

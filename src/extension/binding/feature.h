@@ -205,7 +205,7 @@ VX_LOCAL inline bool vxk_datasource_feature_set_undef(t_vx_feature_interface h, 
 }
 namespace vx
 {
-class feature : public binding::wrapper<t_vx_feature_interface>
+class VX_API feature : public binding::wrapper<t_vx_feature_interface>
 {
 public:
     using wrapper::wrapper;

@@ -40,7 +40,7 @@ VX_LOCAL inline bool vxk_datasource_feature_forward_request_with_next_feature(
 }
 namespace vx
 {
-class feature_forward_request : public binding::wrapper<t_vx_feature_forward_request_interface>
+class VX_API feature_forward_request : public binding::wrapper<t_vx_feature_forward_request_interface>
 {
 public:
     using wrapper::wrapper;

@@ -39,7 +39,7 @@ VX_LOCAL inline bool vxk_datasource_feature_random_request_moveto_index(
 }
 namespace vx
 {
-class feature_random_request : public binding::wrapper<t_vx_feature_random_request_interface>
+class VX_API feature_random_request : public binding::wrapper<t_vx_feature_random_request_interface>
 {
 public:
     using wrapper::wrapper;

@@ -20,7 +20,7 @@ VX_LOCAL inline void vxk_framework_floatings_visitor_visit(
 }
 namespace vx
 {
-class floatings_visitor : public binding::wrapper<t_vx_floatings_visitor_interface>
+class VX_API floatings_visitor : public binding::wrapper<t_vx_floatings_visitor_interface>
 {
 public:
     using wrapper::wrapper;

@@ -208,10 +208,10 @@ VX_LOCAL inline void vxk_datasource_grid_block_visitor_visit(
 
 namespace vx
 {
-class grid_block;
-class grid_block_visitor;
+class VX_API grid_block;
+class VX_API grid_block_visitor;
 
-class grid_block : public binding::wrapper<t_vx_grid_block_interface>
+class VX_API grid_block : public binding::wrapper<t_vx_grid_block_interface>
 {
 public:
     using wrapper::wrapper;
@@ -260,7 +260,7 @@ public:
         void const* buffer) const;
 };
 
-class grid_block_visitor : public binding::wrapper<t_vx_grid_block_visitor_interface>
+class VX_API grid_block_visitor : public binding::wrapper<t_vx_grid_block_visitor_interface>
 {
 public:
     using wrapper::wrapper;

@@ -21,7 +21,7 @@ VX_LOCAL inline void vxk_datasource_grid_palette_visitor_visit(
 }
 namespace vx
 {
-class grid_palette_visitor : public binding::wrapper<t_vx_grid_palette_visitor_interface>
+class VX_API grid_palette_visitor : public binding::wrapper<t_vx_grid_palette_visitor_interface>
 {
 public:
     using wrapper::wrapper;

@@ -235,7 +235,7 @@ VX_LOCAL inline bool vxk_datasource_grid_source_with_index(
 }
 namespace vx
 {
-class grid_source : public binding::wrapper<t_vx_grid_source_interface>
+class VX_API grid_source : public binding::wrapper<t_vx_grid_source_interface>
 {
 public:
     using wrapper::wrapper;

@@ -20,7 +20,7 @@ VX_BINDING_FUNCTIONS(assisted_string_outline_column, 7)
 { return true; }
 namespace vx
 {
-class assisted_string_outline_column : public binding::wrapper<t_vx_assisted_string_outline_column_interface>
+class VX_API assisted_string_outline_column : public binding::wrapper<t_vx_assisted_string_outline_column_interface>
 {
 public:
     using wrapper::wrapper;
@@ -58,7 +58,7 @@ VX_BINDING_FUNCTIONS(canvas_outline_column, 5)
 { return true; }
 namespace vx
 {
-class canvas_outline_column : public binding::wrapper<t_vx_canvas_outline_column_interface>
+class VX_API canvas_outline_column : public binding::wrapper<t_vx_canvas_outline_column_interface>
 {
 public:
     using wrapper::wrapper;
@@ -93,7 +93,7 @@ VX_BINDING_FUNCTIONS(enum_outline_column, 6)
 { return true; }
 namespace vx
 {
-class enum_outline_column : public binding::wrapper<t_vx_enum_outline_column_interface>
+class VX_API enum_outline_column : public binding::wrapper<t_vx_enum_outline_column_interface>
 {
 public:
     using wrapper::wrapper;
@@ -130,7 +130,7 @@ VX_BINDING_FUNCTIONS(floating_outline_column, 14)
 { return 1.0; }
 namespace vx
 {
-class floating_outline_column : public binding::wrapper<t_vx_floating_outline_column_interface>
+class VX_API floating_outline_column : public binding::wrapper<t_vx_floating_outline_column_interface>
 {
 public:
     using wrapper::wrapper;
@@ -166,7 +166,7 @@ VX_BINDING_FUNCTIONS(floating_outline_column_variant, 1)
 { return 1.0; }
 namespace vx
 {
-class floating_outline_column_variant : public binding::wrapper<t_vx_floating_outline_column_variant_interface>
+class VX_API floating_outline_column_variant : public binding::wrapper<t_vx_floating_outline_column_variant_interface>
 {
 public:
     using wrapper::wrapper;
@@ -210,7 +210,7 @@ VX_BINDING_FUNCTIONS(grid_floating_cell, 10)
 { return 1.0; }
 namespace vx
 {
-class grid_floating_cell : public binding::wrapper<t_vx_grid_floating_cell_interface>
+class VX_API grid_floating_cell : public binding::wrapper<t_vx_grid_floating_cell_interface>
 {
 public:
     using wrapper::wrapper;
@@ -244,7 +244,7 @@ VX_BINDING_FUNCTIONS(grid_integer_cell, 8)
 { return 1; }
 namespace vx
 {
-class grid_integer_cell : public binding::wrapper<t_vx_grid_integer_cell_interface>
+class VX_API grid_integer_cell : public binding::wrapper<t_vx_grid_integer_cell_interface>
 {
 public:
     using wrapper::wrapper;
@@ -280,7 +280,7 @@ VX_BINDING_FUNCTIONS(grid_layout, 91)
 { return true; }
 namespace vx
 {
-class grid_layout : public binding::wrapper<t_vx_grid_layout_interface>
+class VX_API grid_layout : public binding::wrapper<t_vx_grid_layout_interface>
 {
 public:
     using wrapper::wrapper;
@@ -322,7 +322,7 @@ VX_BINDING_FUNCTIONS(integer_outline_column, 12)
 { return 1; }
 namespace vx
 {
-class integer_outline_column : public binding::wrapper<t_vx_integer_outline_column_interface>
+class VX_API integer_outline_column : public binding::wrapper<t_vx_integer_outline_column_interface>
 {
 public:
     using wrapper::wrapper;
@@ -358,7 +358,7 @@ VX_BINDING_FUNCTIONS(integer_outline_column_variant, 1)
 { return 1; }
 namespace vx
 {
-class integer_outline_column_variant : public binding::wrapper<t_vx_integer_outline_column_variant_interface>
+class VX_API integer_outline_column_variant : public binding::wrapper<t_vx_integer_outline_column_variant_interface>
 {
 public:
     using wrapper::wrapper;
@@ -392,7 +392,7 @@ VX_BINDING_FUNCTIONS(lookup_outline_column, 5)
 { return true; }
 namespace vx
 {
-class lookup_outline_column : public binding::wrapper<t_vx_lookup_outline_column_interface>
+class VX_API lookup_outline_column : public binding::wrapper<t_vx_lookup_outline_column_interface>
 {
 public:
     using wrapper::wrapper;
@@ -428,7 +428,7 @@ VX_BINDING_FUNCTIONS(outline, 32)
 { return 1; }
 namespace vx
 {
-class outline : public binding::wrapper<t_vx_outline_interface>
+class VX_API outline : public binding::wrapper<t_vx_outline_interface>
 {
 public:
     using wrapper::wrapper;
@@ -475,7 +475,7 @@ VX_BINDING_FUNCTIONS(string_outline_column, 10)
 { return true; }
 namespace vx
 {
-class string_outline_column : public binding::wrapper<t_vx_string_outline_column_interface>
+class VX_API string_outline_column : public binding::wrapper<t_vx_string_outline_column_interface>
 {
 public:
     using wrapper::wrapper;
@@ -510,7 +510,7 @@ VX_BINDING_FUNCTIONS(variant_outline_column, 5)
 { return true; }
 namespace vx
 {
-class variant_outline_column : public binding::wrapper<t_vx_variant_outline_column_interface>
+class VX_API variant_outline_column : public binding::wrapper<t_vx_variant_outline_column_interface>
 {
 public:
     using wrapper::wrapper;

@@ -21,7 +21,7 @@ VX_LOCAL inline void vxk_datasource_histogram_visitor_visit(
 }
 namespace vx
 {
-class histogram_visitor : public binding::wrapper<t_vx_histogram_visitor_interface>
+class VX_API histogram_visitor : public binding::wrapper<t_vx_histogram_visitor_interface>
 {
 public:
     using wrapper::wrapper;

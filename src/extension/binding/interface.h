@@ -13,7 +13,7 @@ struct vx_interface_table;
 
 /// The generic handle of an object: from it every interface of the object can be asked for. Null if either
 /// word is.
-struct t_vx_interface
+struct VX_API t_vx_interface
 {
     vx_interface_table const *table = nullptr;
     void *self = nullptr;
@@ -70,7 +70,7 @@ template <class Handle>
 /// Base of the wrappers: one handle, copied freely, and nothing else. A null handle is legal everywhere: its
 /// methods do nothing and give their defaults.
 template <class Handle>
-class wrapper
+class VX_API wrapper
 {
 public:
     using handle_type = Handle;
@@ -112,8 +112,7 @@ template <auto Method>
 struct slot;
 
 template <class Impl, class R, class... Args, R (Impl::*Method)(Args...)>
-    requires(!wrapped<R>)
-struct VX_LOCAL slot<Method>
+requires(!wrapped<R>) struct VX_LOCAL slot<Method>
 {
     static R call(void const *, void *self, wire_t<Args>... args)
     {
@@ -191,10 +190,10 @@ protected:
 /// The parts of a family that have the same form in all of them. `name` is the family's bare name.
 #define VX_BINDING_HANDLE(name)                                                                              \
     struct vx_##name##_interface_table;                                                                      \
-    struct t_vx_##name##_interface                                                                           \
+    struct VX_API t_vx_##name##_interface                                                                    \
     {                                                                                                        \
-        vx_##name##_interface_table const* table = nullptr;                                                  \
-        void* self = nullptr;                                                                                \
+        vx_##name##_interface_table const *table = nullptr;                                                  \
+        void *self = nullptr;                                                                                \
     };
 
 /// The name string, which holds the revision, and the five plain functions.
@@ -226,13 +225,12 @@ protected:
 #define VX_BINDING_BARE_TABLE(name)                                                                          \
     struct vx_##name##_interface_table                                                                       \
     {                                                                                                        \
-        t_vx_interface* (*generalize)(t_vx_interface * result, void const* table, void* self);               \
+        t_vx_interface *(*generalize)(t_vx_interface * result, void const *table, void *self);               \
     };
 
 #define VX_BINDING_BARE_WRAPPER(name)                                                                        \
-    namespace vx                                                                                             \
-    {                                                                                                        \
-    class name : public binding::wrapper<t_vx_##name##_interface>                                            \
+    namespace vx {                                                                                           \
+    class VX_API name : public binding::wrapper<t_vx_##name##_interface>                                     \
     {                                                                                                        \
     public:                                                                                                  \
         using wrapper::wrapper;                                                                              \
@@ -240,20 +238,19 @@ protected:
     }
 
 #define VX_BINDING_BARE_IMPLEMENTATION(name)                                                                 \
-    namespace vx                                                                                             \
-    {                                                                                                        \
+    namespace vx {                                                                                           \
     class VX_API name##_impl : public binding::implementation<name##_impl, vx::name>                         \
     {                                                                                                        \
     public:                                                                                                  \
-        VX_LOCAL static char const* interface_name() { return vx_##name##_interface_name; }                  \
-        VX_LOCAL static vx_##name##_interface_table const* family_table();                                   \
+        VX_LOCAL static char const *interface_name() { return vx_##name##_interface_name; }                  \
+        VX_LOCAL static vx_##name##_interface_table const *family_table();                                   \
                                                                                                              \
     protected:                                                                                               \
         ~name##_impl() = default;                                                                            \
     };                                                                                                       \
     VX_LOCAL inline constexpr vx_##name##_interface_table name##_family_table{                               \
         &binding::generalize_slot<name##_impl>};                                                             \
-    inline vx_##name##_interface_table const* name##_impl::family_table()                                    \
+    inline vx_##name##_interface_table const *name##_impl::family_table()                                    \
     {                                                                                                        \
         return &name##_family_table;                                                                         \
     }                                                                                                        \

@@ -80,7 +80,7 @@ VX_LOCAL inline int vxk_framework_layer_2d_editor_extension_service_priority(
 }
 namespace vx
 {
-class layer_2d_editor_extension_service : public binding::wrapper<t_vx_layer_2d_editor_extension_service_interface>
+class VX_API layer_2d_editor_extension_service : public binding::wrapper<t_vx_layer_2d_editor_extension_service_interface>
 {
 public:
     using wrapper::wrapper;

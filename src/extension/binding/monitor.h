@@ -30,7 +30,7 @@ VX_LOCAL inline bool vxk_datasource_monitor_has_stopped(t_vx_monitor_interface h
 }
 namespace vx
 {
-class monitor : public binding::wrapper<t_vx_monitor_interface>
+class VX_API monitor : public binding::wrapper<t_vx_monitor_interface>
 {
 public:
     using wrapper::wrapper;

@@ -34,7 +34,7 @@ VX_LOCAL inline void vxk_framework_outline_item_data_visitor_visit_tag(
 }
 namespace vx
 {
-class outline_item_data_visitor : public binding::wrapper<t_vx_outline_item_data_visitor_interface>
+class VX_API outline_item_data_visitor : public binding::wrapper<t_vx_outline_item_data_visitor_interface>
 {
 public:
     using wrapper::wrapper;

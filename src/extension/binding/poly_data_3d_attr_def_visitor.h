@@ -41,7 +41,7 @@ VX_LOCAL inline void vxk_framework_poly_data_3d_attr_def_visitor_visit_string_at
 }
 namespace vx
 {
-class poly_data_3d_attr_def_visitor : public binding::wrapper<t_vx_poly_data_3d_attr_def_visitor_interface>
+class VX_API poly_data_3d_attr_def_visitor : public binding::wrapper<t_vx_poly_data_3d_attr_def_visitor_interface>
 {
 public:
     using wrapper::wrapper;

@@ -7,14 +7,14 @@
 namespace vx {
 /// How `ref` gets at the lifetime of what it holds: from any wrapper with the method `as_referent`.
 template <class T>
-struct reftraits
+struct VX_API reftraits
 {
     VX_LOCAL static vx::referent as_referent(T const &held) { return held.as_referent(); }
     VX_LOCAL static T null() { return {}; }
 };
 
 template <class T, bool Owner, class Traits>
-class ref;
+class VX_API ref;
 
 /// A holder that the object held knows of: while attached the object is retained, and when it dies all the
 /// same the handle here becomes null. To change what is held: `detach`, assign, `attach`, in that order;
@@ -23,7 +23,7 @@ class ref;
 /// A copy is a holder of its own and attaches itself. A holder must not move while attached, since the object
 /// knows its address; the containers of nodes keep it in place.
 template <class T, class Traits>
-class ref<T, false, Traits> : public referrer_impl
+class VX_API ref<T, false, Traits> : public referrer_impl
 {
 public:
     ref() = default;

@@ -63,10 +63,10 @@ VX_LOCAL inline bool vxk_framework_referrer_reachable(t_vx_referrer_interface h)
 
 namespace vx
 {
-class referent;
-class referrer;
+class VX_API referent;
+class VX_API referrer;
 
-class referent : public binding::wrapper<t_vx_referent_interface>
+class VX_API referent : public binding::wrapper<t_vx_referent_interface>
 {
 public:
     using wrapper::wrapper;
@@ -78,7 +78,7 @@ public:
     VX_LOCAL vx::referent as_referent() const;
 };
 
-class referrer : public binding::wrapper<t_vx_referrer_interface>
+class VX_API referrer : public binding::wrapper<t_vx_referrer_interface>
 {
 public:
     using wrapper::wrapper;

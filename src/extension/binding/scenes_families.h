@@ -35,7 +35,7 @@ VX_BINDING_FUNCTIONS(layer_3d_editor_extension_service, 86)
 { return 1; }
 namespace vx
 {
-class layer_3d_editor_extension_service : public binding::wrapper<t_vx_layer_3d_editor_extension_service_interface>
+class VX_API layer_3d_editor_extension_service : public binding::wrapper<t_vx_layer_3d_editor_extension_service_interface>
 {
 public:
     using wrapper::wrapper;
@@ -76,7 +76,7 @@ VX_BINDING_FUNCTIONS(project_editor_extension_service, 91)
 { return 1; }
 namespace vx
 {
-class project_editor_extension_service : public binding::wrapper<t_vx_project_editor_extension_service_interface>
+class VX_API project_editor_extension_service : public binding::wrapper<t_vx_project_editor_extension_service_interface>
 {
 public:
     using wrapper::wrapper;
@@ -118,7 +118,7 @@ VX_BINDING_FUNCTIONS(scene_2d_editor_extension_service, 94)
 { return 1; }
 namespace vx
 {
-class scene_2d_editor_extension_service : public binding::wrapper<t_vx_scene_2d_editor_extension_service_interface>
+class VX_API scene_2d_editor_extension_service : public binding::wrapper<t_vx_scene_2d_editor_extension_service_interface>
 {
 public:
     using wrapper::wrapper;
@@ -167,7 +167,7 @@ VX_BINDING_FUNCTIONS(scene_3d_editor_extension_service, 18)
 { return 1; }
 namespace vx
 {
-class scene_3d_editor_extension_service : public binding::wrapper<t_vx_scene_3d_editor_extension_service_interface>
+class VX_API scene_3d_editor_extension_service : public binding::wrapper<t_vx_scene_3d_editor_extension_service_interface>
 {
 public:
     using wrapper::wrapper;

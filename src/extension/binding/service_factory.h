@@ -24,7 +24,7 @@ VX_LOCAL inline void vxk_framework_service_factory_with_services(
 }
 namespace vx
 {
-class service_factory : public binding::wrapper<t_vx_service_factory_interface>
+class VX_API service_factory : public binding::wrapper<t_vx_service_factory_interface>
 {
 public:
     using wrapper::wrapper;

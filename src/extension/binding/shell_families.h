@@ -26,7 +26,7 @@ VX_BINDING_FUNCTIONS(dock_panel_service, 94)
 { return 1; }
 namespace vx
 {
-class dock_panel_service : public binding::wrapper<t_vx_dock_panel_service_interface>
+class VX_API dock_panel_service : public binding::wrapper<t_vx_dock_panel_service_interface>
 {
 public:
     using wrapper::wrapper;
@@ -80,7 +80,7 @@ VX_BINDING_FUNCTIONS(string_status_panel, 0)
 { return true; }
 namespace vx
 {
-class string_status_panel : public binding::wrapper<t_vx_string_status_panel_interface>
+class VX_API string_status_panel : public binding::wrapper<t_vx_string_status_panel_interface>
 {
 public:
     using wrapper::wrapper;

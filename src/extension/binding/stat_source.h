@@ -103,7 +103,7 @@ VX_LOCAL inline bool vxk_datasource_stat_source_with_default_histogram(
 }
 namespace vx
 {
-class stat_source : public binding::wrapper<t_vx_stat_source_interface>
+class VX_API stat_source : public binding::wrapper<t_vx_stat_source_interface>
 {
 public:
     using wrapper::wrapper;

@@ -93,7 +93,7 @@ VX_LOCAL inline bool vxk_framework_style_editor_data_source_property_stats(
 }
 namespace vx
 {
-class style_editor_data_source : public binding::wrapper<t_vx_style_editor_data_source_interface>
+class VX_API style_editor_data_source : public binding::wrapper<t_vx_style_editor_data_source_interface>
 {
 public:
     using wrapper::wrapper;

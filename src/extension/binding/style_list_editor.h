@@ -64,7 +64,7 @@ VX_LOCAL inline void vxk_framework_style_list_editor_reattach(
 }
 namespace vx
 {
-class style_list_editor : public binding::wrapper<t_vx_style_list_editor_interface>
+class VX_API style_list_editor : public binding::wrapper<t_vx_style_list_editor_interface>
 {
 public:
     using wrapper::wrapper;

@@ -20,7 +20,7 @@ VX_BINDING_FUNCTIONS(action_tool, 0)
 { return -1; }
 namespace vx
 {
-class action_tool : public binding::wrapper<t_vx_action_tool_interface>
+class VX_API action_tool : public binding::wrapper<t_vx_action_tool_interface>
 {
 public:
     using wrapper::wrapper;
@@ -59,7 +59,7 @@ VX_BINDING_FUNCTIONS(assisted_string_tool, 0)
 { return -1; }
 namespace vx
 {
-class assisted_string_tool : public binding::wrapper<t_vx_assisted_string_tool_interface>
+class VX_API assisted_string_tool : public binding::wrapper<t_vx_assisted_string_tool_interface>
 {
 public:
     using wrapper::wrapper;
@@ -97,7 +97,7 @@ VX_BINDING_FUNCTIONS(boolean_tool, 0)
 { return -1; }
 namespace vx
 {
-class boolean_tool : public binding::wrapper<t_vx_boolean_tool_interface>
+class VX_API boolean_tool : public binding::wrapper<t_vx_boolean_tool_interface>
 {
 public:
     using wrapper::wrapper;
@@ -136,7 +136,7 @@ VX_BINDING_FUNCTIONS(button_box, 2)
 { return -1; }
 namespace vx
 {
-class button_box : public binding::wrapper<t_vx_button_box_interface>
+class VX_API button_box : public binding::wrapper<t_vx_button_box_interface>
 {
 public:
     using wrapper::wrapper;
@@ -176,7 +176,7 @@ VX_BINDING_FUNCTIONS(category_tool, 0)
 { return -1; }
 namespace vx
 {
-class category_tool : public binding::wrapper<t_vx_category_tool_interface>
+class VX_API category_tool : public binding::wrapper<t_vx_category_tool_interface>
 {
 public:
     using wrapper::wrapper;
@@ -217,7 +217,7 @@ VX_BINDING_FUNCTIONS(enum_tool, 1)
 { return -1; }
 namespace vx
 {
-class enum_tool : public binding::wrapper<t_vx_enum_tool_interface>
+class VX_API enum_tool : public binding::wrapper<t_vx_enum_tool_interface>
 {
 public:
     using wrapper::wrapper;
@@ -257,7 +257,7 @@ VX_BINDING_FUNCTIONS(floating_tool, 1)
 { return -1; }
 namespace vx
 {
-class floating_tool : public binding::wrapper<t_vx_floating_tool_interface>
+class VX_API floating_tool : public binding::wrapper<t_vx_floating_tool_interface>
 {
 public:
     using wrapper::wrapper;
@@ -299,7 +299,7 @@ VX_BINDING_FUNCTIONS(integer_tool, 2)
 { return -1; }
 namespace vx
 {
-class integer_tool : public binding::wrapper<t_vx_integer_tool_interface>
+class VX_API integer_tool : public binding::wrapper<t_vx_integer_tool_interface>
 {
 public:
     using wrapper::wrapper;
@@ -339,7 +339,7 @@ VX_BINDING_FUNCTIONS(list_tool, 0)
 { return -1; }
 namespace vx
 {
-class list_tool : public binding::wrapper<t_vx_list_tool_interface>
+class VX_API list_tool : public binding::wrapper<t_vx_list_tool_interface>
 {
 public:
     using wrapper::wrapper;
@@ -379,7 +379,7 @@ VX_BINDING_FUNCTIONS(mru_multiaction_tool, 0)
 { return -1; }
 namespace vx
 {
-class mru_multiaction_tool : public binding::wrapper<t_vx_mru_multiaction_tool_interface>
+class VX_API mru_multiaction_tool : public binding::wrapper<t_vx_mru_multiaction_tool_interface>
 {
 public:
     using wrapper::wrapper;
@@ -403,7 +403,7 @@ VX_BINDING_FUNCTIONS(multiaction_tool, 0)
 { return -1; }
 namespace vx
 {
-class multiaction_tool : public binding::wrapper<t_vx_multiaction_tool_interface>
+class VX_API multiaction_tool : public binding::wrapper<t_vx_multiaction_tool_interface>
 {
 public:
     using wrapper::wrapper;
@@ -441,7 +441,7 @@ VX_BINDING_FUNCTIONS(multiboolean_tool, 0)
 { return -1; }
 namespace vx
 {
-class multiboolean_tool : public binding::wrapper<t_vx_multiboolean_tool_interface>
+class VX_API multiboolean_tool : public binding::wrapper<t_vx_multiboolean_tool_interface>
 {
 public:
     using wrapper::wrapper;
@@ -483,7 +483,7 @@ VX_BINDING_FUNCTIONS(string_tool, 1)
 { return -1; }
 namespace vx
 {
-class string_tool : public binding::wrapper<t_vx_string_tool_interface>
+class VX_API string_tool : public binding::wrapper<t_vx_string_tool_interface>
 {
 public:
     using wrapper::wrapper;
@@ -519,7 +519,7 @@ VX_BINDING_FUNCTIONS(tool_service, 10)
 { return 1; }
 namespace vx
 {
-class tool_service : public binding::wrapper<t_vx_tool_service_interface>
+class VX_API tool_service : public binding::wrapper<t_vx_tool_service_interface>
 {
 public:
     using wrapper::wrapper;

@@ -101,7 +101,7 @@ VX_LOCAL inline void vxk_datasource_vector_definition_with_proj4(
 }
 namespace vx
 {
-class vector_definition : public binding::wrapper<t_vx_vector_definition_interface>
+class VX_API vector_definition : public binding::wrapper<t_vx_vector_definition_interface>
 {
 public:
     using wrapper::wrapper;

@@ -156,7 +156,7 @@ VX_LOCAL inline bool vxk_datasource_vector_source_delete_feature(
 }
 namespace vx
 {
-class vector_source : public binding::wrapper<t_vx_vector_source_interface>
+class VX_API vector_source : public binding::wrapper<t_vx_vector_source_interface>
 {
 public:
     using wrapper::wrapper;

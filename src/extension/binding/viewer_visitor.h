@@ -35,7 +35,7 @@ VX_LOCAL inline void vxk_framework_viewer_visitor_visit_custom_2d(
 }
 namespace vx
 {
-class viewer_visitor : public binding::wrapper<t_vx_viewer_visitor_interface>
+class VX_API viewer_visitor : public binding::wrapper<t_vx_viewer_visitor_interface>
 {
 public:
     using wrapper::wrapper;

@@ -1,0 +1,212 @@
+#include "extension/binding/layer_2d_editor_extension_service_visitor.h"
+#include "extension/binding/polymorphic.h"
+#include "extension/binding/ref.h"
+#include "extension/binding/referent_object.h"
+#include "extension/binding/service_factory.h"
+#include "extension/binding/service_visitor.h"
+#include "extension/binding/style_editor_data_source.h"
+
+#include <gtest/gtest.h>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace {
+using held_source = vx::ref<vx::style_editor_data_source, false, vx::reftraits<vx::style_editor_data_source>>;
+
+/// Answers as a visitor of services of any kind and as one of editor extensions, as the page set does.
+class pages final : public vx::polymorphic<vx::service_visitor_impl>,
+                    public vx::polymorphic<vx::layer_2d_editor_extension_service_visitor_impl>
+{
+public:
+    std::vector<int> priorities;
+    void visit(vx::layer_2d_editor_extension_service service) override
+    {
+        priorities.push_back(service.priority());
+    }
+};
+
+/// A factory that finds the visitor of its service behind the general one.
+class factory final : public vx::service_factory_impl
+{
+public:
+    class service_42 final : public vx::layer_2d_editor_extension_service_impl
+    {
+        int priority() override { return 42; }
+    } service;
+    void with_services(vx::bundle_context, vx::service_visitor visitor) override
+    {
+        t_vx_interface const general = vx_service_visitor_interface_generalize(visitor);
+        vx::layer_2d_editor_extension_service_visitor const wanted =
+            vx_layer_2d_editor_extension_service_visitor_interface_specialize(general);
+        if (wanted)
+            wanted.visit(service);
+    }
+};
+
+TEST(polymorphic, every_interface_leads_to_every_other)
+{
+    pages object;
+    t_vx_service_visitor_interface const a = object;
+    t_vx_layer_2d_editor_extension_service_visitor_interface const b = object;
+    t_vx_interface const from_a = vx_service_visitor_interface_generalize(a);
+    t_vx_interface const from_b = vx_layer_2d_editor_extension_service_visitor_interface_generalize(b);
+    for (t_vx_interface const g : {from_a, from_b}) {
+        EXPECT_EQ(vx_service_visitor_interface_compare(vx_service_visitor_interface_specialize(g), a), 0);
+        EXPECT_EQ(vx_layer_2d_editor_extension_service_visitor_interface_compare(
+                      vx_layer_2d_editor_extension_service_visitor_interface_specialize(g), b),
+                  0);
+        EXPECT_EQ(vx_referent_interface_is_null(vx_referent_interface_specialize(g)), 1);
+    }
+    auto *const part = static_cast<vx::layer_2d_editor_extension_service_visitor_impl *>(&object);
+    EXPECT_EQ(b.self, part) << "self is the part of the object that has the interface";
+    EXPECT_NE(a.self, b.self);
+    EXPECT_EQ(vx::service_visitor_impl::from_interface(a), &object);
+}
+
+TEST(polymorphic, a_factory_finds_the_visitor_of_its_own_service)
+{
+    factory made;
+    vx::service_factory const handle = made;
+    pages object;
+    handle.with_services({}, object);
+    EXPECT_EQ(object.priorities, std::vector<int>{42});
+    struct other_visitor final : vx::service_visitor_impl
+    {
+    } other;
+    handle.with_services({}, other);
+    handle.with_services({}, {});
+}
+
+/// Notes in one list what is done to it and to its owner.
+class living_source final : public vx::style_editor_data_source_impl, public vx::referent_object
+{
+public:
+    explicit living_source(std::vector<std::string> &log) : f_log(log) {}
+    vx::referent as_referent() override { return static_cast<vx::referent_object &>(*this); }
+    vx::referent owner() override { return f_owner; }
+    void retain(vx::referrer holder) override
+    {
+        f_log.push_back("retain");
+        referent_object::retain(holder);
+    }
+    void release(vx::referrer holder) override
+    {
+        f_log.push_back("release");
+        referent_object::release(holder);
+    }
+    int property_count() override { return 3; }
+    vx::referent f_owner;
+
+private:
+    std::vector<std::string> &f_log;
+};
+
+class noting_owner final : public vx::referent_impl
+{
+public:
+    explicit noting_owner(std::vector<std::string> &log) : f_log(log) {}
+    void retain(vx::referrer holder) override { f_log.push_back(holder ? "owner+" : "owner retain"); }
+    void release(vx::referrer holder) override { f_log.push_back(holder ? "owner-" : "owner release"); }
+
+private:
+    std::vector<std::string> &f_log;
+};
+
+TEST(ref, retains_while_attached_and_holds_the_owner_round_the_release)
+{
+    std::vector<std::string> log;
+    noting_owner owner(log);
+    living_source source(log);
+    source.f_owner = owner;
+    {
+        held_source held{vx::style_editor_data_source(source)};
+        EXPECT_EQ(source.hold_count(), 1u);
+        held.attach();
+        EXPECT_EQ(source.hold_count(), 1u) << "attached already";
+        EXPECT_EQ(held->property_count(), 3);
+    }
+    EXPECT_EQ(source.hold_count(), 0u);
+    EXPECT_EQ(log, (std::vector<std::string>{"retain", "owner retain", "release", "owner release"}));
+}
+
+TEST(ref, changes_what_it_holds_and_takes_null)
+{
+    std::vector<std::string> log;
+    living_source first(log), second(log);
+    held_source held{vx::style_editor_data_source(first)};
+    held.hold(static_cast<vx::style_editor_data_source>(second));
+    EXPECT_EQ(first.hold_count(), 0u);
+    EXPECT_EQ(second.hold_count(), 1u);
+    held_source const copy(held);
+    EXPECT_EQ(second.hold_count(), 2u);
+    held.hold({});
+    EXPECT_TRUE(held.is_null());
+    EXPECT_EQ(second.hold_count(), 1u);
+    held.detach();
+    EXPECT_EQ(held->property_count(), 0);
+    EXPECT_EQ(copy->property_count(), 3);
+}
+
+TEST(ref, of_a_dead_object_holds_null)
+{
+    std::vector<std::string> log;
+    held_source held, other;
+    {
+        living_source source(log);
+        held.hold(static_cast<vx::style_editor_data_source>(source));
+        other.hold(static_cast<vx::style_editor_data_source>(source));
+        vx::referrer const live = held;
+        EXPECT_TRUE(live.reachable());
+    }
+    EXPECT_TRUE(held.is_null() && other.is_null());
+    log.clear();
+    held.detach();
+    EXPECT_TRUE(log.empty());
+}
+
+TEST(ref, in_an_ordered_map_keeps_its_holds)
+{
+    std::vector<std::string> log;
+    living_source a(log), b(log);
+    std::multimap<int, held_source> held;
+    held.emplace(5, static_cast<vx::style_editor_data_source>(a));
+    held.emplace(1, static_cast<vx::style_editor_data_source>(b));
+    held.emplace(5, static_cast<vx::style_editor_data_source>(b));
+    EXPECT_EQ(b.hold_count(), 2u);
+    held.clear();
+    EXPECT_EQ(a.hold_count() + b.hold_count(), 0u);
+}
+
+TEST(referent_object, a_counted_object_may_end_itself_with_the_last_hold)
+{
+    class counted final : public vx::referent_object
+    {
+    public:
+        explicit counted(int &ends) : f_ends(ends) {}
+
+    private:
+        void on_unreferenced() override
+        {
+            ++f_ends;
+            delete this;
+        }
+        int &f_ends;
+    };
+    int ends = 0;
+    auto *const object = new counted(ends);
+    vx::referent const handle = *object;
+    struct plain_holder final : vx::referrer_impl
+    {
+    } holder;
+    handle.retain(holder);
+    handle.retain({});
+    handle.release(holder);
+    EXPECT_EQ(ends, 0);
+    handle.release(holder);
+    EXPECT_EQ(ends, 0) << "a holder that is not known is ignored";
+    handle.release({});
+    EXPECT_EQ(ends, 1);
+}
+} // namespace
