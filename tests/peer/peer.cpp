@@ -1,0 +1,71 @@
+#include "peer.h"
+
+#include "extension/binding/polymorphic.h"
+
+#include <cwchar>
+
+namespace {
+class peer_object final : public vx::polymorphic<vx::monitor_impl, vx::dict_impl>
+{
+public:
+    bool has_stopped() override { return true; }
+    void with_keys(vx::string_visitor visitor) override
+    {
+        visitor.visit(L"one");
+        visitor.visit(L"two");
+    }
+    bool get_value(wchar_t const *key, vx::string_visitor visitor) override
+    {
+        if (std::wcscmp(key, L"one") != 0)
+            return false;
+        visitor.visit(L"1");
+        return true;
+    }
+};
+
+peer_object g_object;
+
+class measure final : public vx::dict_item_visitor_impl
+{
+public:
+    int length = 0;
+    void visit(wchar_t const *key, wchar_t const *value) override
+    {
+        length += static_cast<int>(std::wcslen(key) + std::wcslen(value));
+    }
+};
+} // namespace
+
+extern "C" t_vx_interface peer_object_handle()
+{
+    return vx_dict_interface_generalize(g_object);
+}
+
+extern "C" int peer_consume(t_vx_interface general)
+{
+    vx::dict const values = vx_dict_interface_specialize(general);
+    if (!values)
+        return -1;
+    measure all;
+    values.with_items(all);
+    return all.length;
+}
+
+extern "C" bool peer_report(t_vx_interface general, double done)
+{
+    // As code in the field does: no test of the handle, a mismatch is simply nobody there.
+    vx::monitor const monitor = vx_monitor_interface_specialize(general);
+    monitor.report(done);
+    monitor.message(L"text");
+    return !vx_monitor_interface_is_null(monitor) && monitor.has_stopped();
+}
+
+extern "C" bool peer_is_own(t_vx_dict_interface handle)
+{
+    return vx::dict_impl::from_interface(handle) != nullptr;
+}
+
+extern "C" void const *peer_table()
+{
+    return vx::dict_impl::family_table();
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "extension/binding/dict.h"
+#include "extension/binding/interface.h"
+#include "extension/binding/monitor.h"
+
+/// What a peer module exports, found by `dlsym`.
+struct peer_functions
+{
+    /// An object with the families `monitor` and `dict`, alive as long as the module.
+    t_vx_interface (*object)();
+    /// Uses a foreign dictionary: the length of all its keys and values together; -1 for no dictionary.
+    int (*consume)(t_vx_interface general);
+    /// Reports to a foreign monitor; false when there is none of the revision that the peer knows.
+    bool (*report)(t_vx_interface general, double done);
+    /// Whether the peer takes the handle for that of an object of its own.
+    bool (*is_own)(t_vx_dict_interface handle);
+    /// Address of the peer's own table.
+    void const *(*table)();
+};

@@ -1,0 +1,128 @@
+#include "extension/binding/polymorphic.h"
+#include "extension/binding/string_visitors.h"
+#include "peer.h"
+
+#include <dlfcn.h>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+namespace {
+class own_object final : public vx::polymorphic<vx::dict_impl, vx::monitor_impl>
+{
+public:
+    std::vector<double> reports;
+    std::wstring text;
+    void with_items(vx::dict_item_visitor visitor) override
+    {
+        visitor.visit(L"abc", L"de");
+        visitor.visit(L"f", L"");
+    }
+    void report(double done) override { reports.push_back(done); }
+    void message(wchar_t const *message) override { text = message; }
+    bool has_stopped() override { return true; }
+};
+
+/// One loaded peer module.
+class peer_module
+{
+public:
+    peer_module(char const *name, int mode)
+        : f_library(dlopen((std::string(VX_PEERS "/") + name).c_str(), mode))
+    {
+        if (!f_library)
+            return;
+        find(call.object, "peer_object_handle");
+        find(call.consume, "peer_consume");
+        find(call.report, "peer_report");
+        find(call.is_own, "peer_is_own");
+        find(call.table, "peer_table");
+    }
+    ~peer_module()
+    {
+        if (f_library)
+            dlclose(f_library);
+    }
+    peer_module(peer_module const &) = delete;
+    peer_module &operator=(peer_module const &) = delete;
+
+    [[nodiscard]] bool is_loaded() const { return f_library != nullptr; }
+    peer_functions call{};
+
+private:
+    template <class F>
+    void find(F &target, char const *name)
+    {
+        target = reinterpret_cast<F>(dlsym(f_library, name));
+        EXPECT_TRUE(target) << name;
+    }
+    void *f_library;
+};
+
+class peer : public testing::TestWithParam<int>
+{
+};
+
+TEST_P(peer, is_used_and_uses_us)
+{
+    peer_module module("peer.so", GetParam());
+    ASSERT_TRUE(module.is_loaded()) << dlerror();
+    t_vx_interface const general = module.call.object();
+    vx::dict const dict = vx_dict_interface_specialize(general);
+    vx::monitor const monitor = vx_monitor_interface_specialize(general);
+    ASSERT_TRUE(dict && monitor);
+    std::vector<std::wstring> keys;
+    vx::stdwstring_list_visitor visitor(keys);
+    dict.with_keys(visitor);
+    EXPECT_EQ(keys, (std::vector<std::wstring>{L"one", L"two"}));
+    EXPECT_TRUE(dict.get_value(L"one", visitor));
+    EXPECT_FALSE(dict.get_value(L"two", visitor));
+    EXPECT_TRUE(monitor.has_stopped());
+
+    own_object own;
+    t_vx_interface const ours = vx_monitor_interface_generalize(own);
+    EXPECT_EQ(module.call.consume(ours), 6);
+    EXPECT_TRUE(module.call.report(ours, 0.5));
+    EXPECT_EQ(own.reports, std::vector<double>{0.5});
+    EXPECT_EQ(own.text, L"text");
+}
+
+TEST_P(peer, keeps_tables_of_its_own)
+{
+    peer_module module("peer.so", GetParam());
+    peer_module other("later_peer.so", GetParam());
+    ASSERT_TRUE(module.is_loaded() && other.is_loaded()) << dlerror();
+    EXPECT_NE(module.call.table(), static_cast<void const *>(vx::dict_impl::family_table()));
+    EXPECT_NE(module.call.table(), other.call.table());
+    t_vx_dict_interface const theirs = vx_dict_interface_specialize(module.call.object());
+    own_object own;
+    EXPECT_EQ(vx::dict_impl::from_interface(theirs), nullptr);
+    EXPECT_EQ(vx::dict_impl::from_interface(own), &own);
+    EXPECT_TRUE(module.call.is_own(theirs));
+    EXPECT_FALSE(module.call.is_own(own));
+    EXPECT_FALSE(other.call.is_own(theirs));
+    EXPECT_NE(vx_dict_interface_compare(theirs, own), 0);
+    EXPECT_EQ(vx_dict_interface_compare(theirs, theirs), 0);
+}
+
+TEST_P(peer, of_another_revision_is_not_there)
+{
+    peer_module module("later_peer.so", GetParam());
+    ASSERT_TRUE(module.is_loaded()) << dlerror();
+    t_vx_interface const general = module.call.object();
+    vx::monitor const monitor = vx_monitor_interface_specialize(general);
+    EXPECT_FALSE(monitor);
+    EXPECT_FALSE(monitor.has_stopped());
+    monitor.report(1);
+    EXPECT_TRUE(vx::dict(vx_dict_interface_specialize(general))) << "its other families are as ever";
+
+    own_object own;
+    EXPECT_FALSE(module.call.report(vx_dict_interface_generalize(own), 0.5));
+    EXPECT_TRUE(own.reports.empty());
+    EXPECT_EQ(module.call.consume(vx_dict_interface_generalize(own)), 6);
+    EXPECT_EQ(module.call.consume({}), -1);
+}
+
+INSTANTIATE_TEST_SUITE_P(loaded, peer, testing::Values(RTLD_NOW | RTLD_LOCAL, RTLD_NOW | RTLD_GLOBAL),
+                         [](auto const &info) { return info.param & RTLD_GLOBAL ? "globally" : "locally"; });
+} // namespace
