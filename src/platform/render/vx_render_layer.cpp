@@ -1,5 +1,7 @@
 #include "platform/render/vx_render_layer.h"
 #include "platform/base/owned.h"
+#include "platform/data/vx_attr_data.h"
+#include "platform/data/vx_shape_files.h"
 #include "platform/layers/vx_lr2d.h"
 #include "platform/layers/vx_shp_lr2d.h"
 #include "platform/render/mngr_painter.h"
