@@ -38,9 +38,10 @@ std::map<int, std::string> read_catalogue(std::string const &language)
         auto const [end, code] = std::from_chars(line.data(), line.data() + line.size(), number);
         bool const well_formed = code == std::errc() && *end == '\t' && end[1] != '\0';
         EXPECT_TRUE(well_formed) << language << ": " << line;
-        if (well_formed)
-            EXPECT_TRUE(captions.emplace(number, end + 1).second)
-                << language << ": " << number << " stands twice";
+        if (!well_formed)
+            continue;
+        EXPECT_TRUE(captions.emplace(number, end + 1).second)
+            << language << ": " << number << " stands twice";
     }
     return captions;
 }
