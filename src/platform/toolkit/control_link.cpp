@@ -79,7 +79,10 @@ bool pass_on(QPointer<QWidget> const &target, QEvent &event)
 }
 } // namespace
 
-short GetKeyState(int key)
+// platform/winapi/key_state.h, whose key codes have another type than the toolkit's.
+VX_API void vx_set_key_state_source(bool (*source)(int virtual_key));
+
+static bool key_is_down(int key)
 {
     Qt::KeyboardModifiers const modifiers =
         g_input.depth > 0 ? g_input.modifiers : QGuiApplication::keyboardModifiers();
@@ -93,7 +96,7 @@ short GetKeyState(int key)
         down = modifiers & Qt::AltModifier;
     else if (key == VK_LBUTTON)
         down = buttons & Qt::LeftButton;
-    return static_cast<short>(down ? -128 : 0);
+    return down;
 }
 
 vx_event_scope::vx_event_scope()
@@ -127,6 +130,7 @@ TControl *vx_control_of(QWidget const *widget)
 
 vx_control_link::vx_control_link(TControl *owner, QWidget *w) : control(owner), widget(w)
 {
+    [[maybe_unused]] static bool const told = (vx_set_key_state_source(&key_is_down), true);
     owners().emplace(w, owner);
     QObject::connect(w, &QObject::destroyed, this, [w] { owners().erase(w); });
     watch(w);
