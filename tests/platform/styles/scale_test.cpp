@@ -1,0 +1,414 @@
+#include "platform/basic/vx_ints.h"
+#include "support.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <malloc.h>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace
+{
+struct ints
+{
+    vx::owned<void, &vx_ints_destroy> list{vx_ints_create()};
+    ints(std::initializer_list<int> values)
+    {
+        for (int const v : values)
+            vx_ints_add(list.get(), v);
+    }
+};
+
+std::wstring joined(void const* scale)
+{
+    std::wstring all;
+    for (unsigned i = 0; i < vx_val_scale_get_size(scale); ++i)
+        all += val_text(scale, i);
+    return all;
+}
+
+void fill(void* scale, std::wstring const& letters)
+{
+    vx_val_scale_set_size(scale, 0);
+    for (wchar_t const c : letters) {
+        unsigned const i = vx_val_scale_add(scale) - 1;
+        vx_val_scale_set_text_w(scale, i, std::wstring(1, c).c_str());
+    }
+}
+
+TEST(val_scale, entries_come_go_and_move_and_the_active_one_follows)
+{
+    auto const mngr = make_mngr("pnt_style");
+    void* s = vx_stl_mngr_get_val_scale_ptr(mngr.get());
+    EXPECT_EQ(vx_val_scale_get_active_idx(s), -1);
+    fill(s, L"abcd");
+    vx_val_scale_set_active_idx(s, 2);
+    EXPECT_EQ(vx_val_scale_ins(s, 1), 1u);
+    vx_val_scale_set_text_w(s, 1, L"x");
+    EXPECT_EQ(joined(s), L"axbcd");
+    EXPECT_EQ(vx_val_scale_get_active_idx(s), 3);
+    EXPECT_EQ(vx_val_scale_ins(s, 77), 5u);
+    vx_val_scale_del(s, 5);
+    struct
+    {
+        unsigned from, to;
+        wchar_t const* order;
+        int active;
+    } const moves[] = {{0, 4, L"xbcda", 2}, {4, 1, L"xabcd", 3}, {3, 0, L"cxabd", 0}, {0, 0, L"cxabd", 0},
+                       {0, 9, L"cxabd", 0}, {9, 0, L"cxabd", 0}};
+    for (auto const& m : moves) {
+        vx_val_scale_move(s, m.from, m.to);
+        EXPECT_EQ(joined(s), m.order);
+        EXPECT_EQ(vx_val_scale_get_active_idx(s), m.active);
+    }
+    vx_val_scale_set_marked(s, 1, true);
+    vx_val_scale_set_marked(s, 4, true);
+    vx_val_scale_del_marked(s);
+    EXPECT_EQ(joined(s), L"cab");
+    EXPECT_EQ(vx_val_scale_get_active_idx(s), 0);
+    vx_val_scale_del(s, 0);
+    EXPECT_EQ(vx_val_scale_get_active_idx(s), -1);
+    vx_val_scale_set_size(s, 4);
+    EXPECT_EQ(joined(s), L"ab");
+    vx_val_scale_set_size(s, 1);
+    EXPECT_EQ(joined(s), L"a");
+}
+
+TEST(val_scale, order_is_taken_from_a_permutation_only)
+{
+    auto const mngr = make_mngr("pnt_style");
+    void* s = vx_stl_mngr_get_val_scale_ptr(mngr.get());
+    fill(s, L"abc");
+    void* prm_c = vx_val_scale_get_scale_prm_ptr(s, 2);
+    for (ints const& bad : {ints{}, ints{0, 1}, ints{0, 1, 1}, ints{0, 1, 3}, ints{0, 1, -1}, ints{0, 1, 2, 3}}) {
+        vx_val_scale_set_order(s, bad.list.get());
+        EXPECT_EQ(joined(s), L"abc");
+    }
+    vx_val_scale_set_order(s, nullptr);
+    vx_val_scale_set_active_idx(s, 0);
+    vx_val_scale_set_order(s, ints{2, 0, 1}.list.get());
+    EXPECT_EQ(joined(s), L"cab");
+    EXPECT_EQ(vx_val_scale_get_scale_prm_ptr(s, 0), prm_c);
+    EXPECT_EQ(vx_val_scale_get_active_idx(s), 1);
+}
+
+TEST(val_scale, a_value_is_found_whatever_was_done_before)
+{
+    auto const mngr = make_mngr("pgn_style");
+    void* s = vx_stl_mngr_get_val_scale_ptr(mngr.get());
+    EXPECT_EQ(vx_val_scale_find_w(s, L""), -1);
+    fill(s, L"abab");
+    EXPECT_EQ(vx_val_scale_find_w(s, L"a"), 0);
+    EXPECT_EQ(vx_val_scale_find_w(s, L" b\t"), 1);
+    EXPECT_EQ(vx_val_scale_find_w(s, L"A"), -1);
+    vx_val_scale_set_text_w(s, 0, L" c ");
+    EXPECT_EQ(vx_val_scale_find_w(s, L"c"), 0);
+    EXPECT_EQ(vx_val_scale_find_w(s, L"a"), 2);
+    vx_val_scale_move(s, 2, 0);
+    EXPECT_EQ(vx_val_scale_find_w(s, L"a"), 0);
+    vx_val_scale_del(s, 0);
+    EXPECT_EQ(vx_val_scale_find_w(s, L"a"), -1);
+
+    // Against a plain search, through random commands.
+    std::mt19937 random(7);
+    auto const pick = [&](unsigned n) { return n ? random() % n : 0; };
+    fill(s, L"");
+    for (int step = 0; step < 3000; ++step) {
+        unsigned const n = vx_val_scale_get_size(s);
+        switch (random() % 6) {
+        case 0:
+        case 1:
+            vx_val_scale_set_text_w(s, vx_val_scale_ins(s, pick(n + 1)), std::to_wstring(random() % 40).c_str());
+            break;
+        case 2:
+            vx_val_scale_del(s, pick(n));
+            break;
+        case 3:
+            vx_val_scale_move(s, pick(n), pick(n));
+            break;
+        case 4:
+            vx_val_scale_set_text_w(s, pick(n), std::to_wstring(random() % 40).c_str());
+            break;
+        default:
+            break;
+        }
+        std::wstring const value = std::to_wstring(random() % 40);
+        int expected = -1;
+        for (unsigned i = vx_val_scale_get_size(s); i-- > 0;)
+            if (val_text(s, i) == value)
+                expected = static_cast<int>(i);
+        ASSERT_EQ(vx_val_scale_find_w(s, value.c_str()), expected) << step;
+    }
+}
+
+TEST(val_scale, a_long_scale_at_defaults_is_small)
+{
+    constexpr unsigned c_count = 100000;
+    for (char const* type : {"pnt_style", "pln_style", "pgn_style"}) {
+        auto const mngr = make_mngr(type);
+        void* s = vx_stl_mngr_get_val_scale_ptr(mngr.get());
+        auto const before = mallinfo2().uordblks + mallinfo2().hblkhd;
+        vx_val_scale_set_size(s, c_count);
+        for (unsigned i = 0; i < c_count; ++i) {
+            std::wstring const text = L"municipality " + std::to_wstring(i);
+            vx_val_scale_set_text_w(s, i, text.c_str());
+            vx_val_scale_set_caption_w(s, i, text.c_str());
+        }
+        EXPECT_EQ(vx_val_scale_find_w(s, L"municipality 99999"), 99999);
+        auto const used = mallinfo2().uordblks + mallinfo2().hblkhd - before;
+#if !defined(__SANITIZE_ADDRESS__)
+        EXPECT_LE(static_cast<double>(used) / c_count, 600) << type;
+#endif
+    }
+}
+
+TEST(rng_scale, each_value_has_one_row_and_a_bound_belongs_below)
+{
+    auto const mngr = make_mngr("pgn_style");
+    void* s = vx_stl_mngr_get_rng_scale_ptr(mngr.get());
+    vx_rng_scale_set_size(s, 3);
+    vx_rng_scale_set_min_value(s, 0);
+    vx_rng_scale_set_max_value(s, 30);
+    // 0 to 10, 10 to 20, a gap, 25 to 30.
+    double const bounds[][2] = {{0, 10}, {10, 20}, {25, 30}};
+    for (unsigned i = 0; i < 3; ++i) {
+        vx_rng_scale_set_min(s, i, bounds[i][0]);
+        vx_rng_scale_set_max(s, i, bounds[i][1]);
+    }
+    double const inf = std::numeric_limits<double>::infinity();
+    struct
+    {
+        double value;
+        unsigned row;
+    } const table[] = {{-inf, 0}, {-1, 0},  {0, 0},   {1e-300, 1}, {10, 1},  {10.0001, 2},      {20, 2},
+                       {20.1, 5}, {25, 5},  {25.1, 3}, {30, 3},    {30.1, 4}, {inf, 4}, {std::nan(""), 5}};
+    for (auto const& t : table)
+        EXPECT_EQ(vx_rng_scale_find(s, t.value), t.row) << t.value;
+    // Rows follow the ranges when these change places.
+    vx_rng_scale_move(s, 0, 2);
+    EXPECT_EQ(vx_rng_scale_find(s, 5), 3u);
+    vx_rng_scale_set_order(s, ints{2, 1, 0}.list.get());
+    EXPECT_EQ(vx_rng_scale_find(s, 5), 1u);
+    vx_rng_scale_set_max(s, 0, 12);
+    EXPECT_EQ(vx_rng_scale_find(s, 11), 1u) << "the first of two ranges counts";
+    vx_rng_scale_set_size(s, 0);
+    EXPECT_EQ(vx_rng_scale_find(s, 11), 2u);
+    EXPECT_EQ(vx_rng_scale_find(s, 0), 0u);
+    EXPECT_EQ(vx_rng_scale_find(s, 31), 1u);
+}
+
+TEST(rng_scale, rows_of_random_scales_agree_with_a_plain_search)
+{
+    std::mt19937 random(11);
+    auto const number = [&] { return static_cast<double>(random() % 41) / 2 - 2; };
+    for (int round = 0; round < 300; ++round) {
+        auto const mngr = make_mngr("pnt_style");
+        void* s = vx_stl_mngr_get_rng_scale_ptr(mngr.get());
+        unsigned const n = random() % 9;
+        vx_rng_scale_set_size(s, n);
+        for (unsigned i = 0; i < n; ++i) {
+            vx_rng_scale_set_min(s, i, number());
+            vx_rng_scale_set_max(s, i, number());
+        }
+        vx_rng_scale_set_min_value(s, number() / 4);
+        vx_rng_scale_set_max_value(s, 10 + number());
+        for (double v = -4; v < 22; v += 0.25) {
+            unsigned expected = n + 2;
+            for (unsigned i = n; i-- > 0;)
+                if (v > vx_rng_scale_get_min(s, i) && v <= vx_rng_scale_get_max(s, i))
+                    expected = i + 1;
+            if (v > vx_rng_scale_get_max_value(s))
+                expected = n + 1;
+            if (v <= vx_rng_scale_get_min_value(s))
+                expected = 0;
+            ASSERT_EQ(vx_rng_scale_find(s, v), expected) << round << " " << v;
+        }
+    }
+}
+
+TEST(rng_scale, captions_from_bounds)
+{
+    auto const mngr = make_mngr("clr_style");
+    void* s = vx_stl_mngr_get_rng_scale_ptr(mngr.get());
+    EXPECT_EQ(vx_rng_scale_get_round_digits(s), -2);
+    vx_rng_scale_set_size(s, 1);
+    vx_rng_scale_set_min(s, 0, -1.5);
+    vx_rng_scale_set_max(s, 0, 1234.567);
+    vx_rng_scale_set_default_caption(s, 0);
+    EXPECT_EQ(rng_caption(s, 0), L"-1.50 - 1234.57");
+    vx_rng_scale_set_round_digits(s, 2);
+    vx_rng_scale_set_default_caption(s, 0);
+    EXPECT_EQ(rng_caption(s, 0), L"0 - 1200");
+}
+
+TEST(round_digits, numbers_agree_with_their_rounding)
+{
+    struct
+    {
+        int digits;
+        double value;
+        wchar_t const* text;
+    } const table[] = {{0, 2.5, L"3"},      {0, -2.5, L"-3"},     {0, -0.4, L"0"},          {2, 1234, L"1200"},
+                       {-2, 0.1, L"0.10"},  {-2, 1e6, L"1000000.00"}, {-30, 0.1, L"0.1"},   {-30, -0.0, L"0"},
+                       {-30, 1e21, L"1e+21"}, {10, 6e9, L"10000000000"}, {-10, 0.5, L"0.5000000000"},
+                       {11, 1.006, L"1.01"}, {-3, 1.0005, L"1.001"}, {-1, 1e300, nullptr}};
+    for (auto const& t : table) {
+        std::wstring const text =
+            text_from([&](Ivx_string_adp* adp) { vx_round_digits_format_number(t.digits, t.value, adp); });
+        if (t.text) {
+            EXPECT_EQ(text, t.text) << t.digits << " " << t.value;
+        } else {
+            EXPECT_EQ(text.size(), 303u) << "a number too large to round keeps its digits";
+        }
+    }
+}
+
+// ---- gradients
+void* scale_with_ends(owned_mngr const& mngr, unsigned size, Tvx_color first, Tvx_color last)
+{
+    void* s = vx_stl_mngr_get_val_scale_ptr(mngr.get());
+    vx_val_scale_set_size(s, size);
+    vx_stl_prm_set_color(val_prm(s, 0), false, first);
+    vx_stl_prm_set_color(val_prm(s, size - 1), false, last);
+    return s;
+}
+
+TEST(gradient, colour_runs_in_even_steps_and_keeps_opacity)
+{
+    auto const mngr = make_mngr("pnt_style");
+    void* s = scale_with_ends(mngr, 3, vx_clr_init_rgb(0, 0, 0), vx_clr_init_rgb(255, 255, 255));
+    vx_stl_prm_set_color(val_prm(s, 1), false, vx_clr_init_rgba(1, 2, 3, 40));
+    vx_val_scale_clr_gradient(s, 0, 2, false);
+    // The grey of half the lightness: 0.5 cubed is the linear light, 0.125, which sRGB encodes as 99.
+    EXPECT_EQ(vx_stl_prm_get_color(val_prm(s, 1), false), vx_clr_init_rgba(99, 99, 99, 40));
+    EXPECT_EQ(vx_stl_prm_get_color(val_prm(s, 0), false), vx_clr_init_rgb(0, 0, 0));
+    EXPECT_EQ(vx_stl_prm_get_color(val_prm(s, 2), false), vx_clr_init_rgb(255, 255, 255));
+}
+
+TEST(gradient, hue_takes_the_short_way_and_leaves_greys_alone)
+{
+    auto const mngr = make_mngr("pnt_style");
+    auto const red = vx_clr_init_rgb(255, 0, 0);
+    void* s = scale_with_ends(mngr, 4, red, vx_clr_init_rgb(255, 0, 255));
+    vx_stl_prm_set_color(val_prm(s, 1), false, vx_clr_init_rgb(120, 120, 120));
+    vx_stl_prm_set_color(val_prm(s, 2), false, vx_clr_init_rgb(40, 160, 40));
+    vx_val_scale_hue_gradient(s, 0, 3, false);
+    EXPECT_EQ(vx_stl_prm_get_color(val_prm(s, 1), false), vx_clr_init_rgb(120, 120, 120));
+    Tvx_color const c = vx_stl_prm_get_color(val_prm(s, 2), false);
+    EXPECT_TRUE(c.r > c.g && c.b > c.g) << "between red and magenta, not through green";
+}
+
+TEST(gradient, opacity_and_size_are_linear_in_either_order_of_the_ends)
+{
+    auto const mngr = make_mngr("pln_style");
+    void* s = scale_with_ends(mngr, 5, vx_clr_init_rgba(9, 9, 9, 0), vx_clr_init_rgba(7, 7, 7, 200));
+    vx_stl_prm_set_size(val_prm(s, 0), false, 1);
+    vx_stl_prm_set_size(val_prm(s, 4), false, 3);
+    vx_val_scale_transparency_gradient(s, 4, 0, false);
+    vx_val_scale_size_gradient(s, 4, 0, false);
+    for (unsigned i = 1; i < 4; ++i) {
+        EXPECT_EQ(vx_stl_prm_get_color(val_prm(s, i), false).a, 50 * i);
+        EXPECT_DOUBLE_EQ(vx_stl_prm_get_size(val_prm(s, i), false), 1 + 0.5 * i);
+        EXPECT_EQ(vx_stl_prm_get_size(val_prm(s, i), true), vx_stl_prm_get_size(val_prm(s, 0), true));
+    }
+}
+
+TEST(gradient, ends_outside_and_next_to_each_other_change_nothing)
+{
+    auto const mngr = make_mngr("pgn_style");
+    void* val = vx_stl_mngr_get_val_scale_ptr(mngr.get());
+    void* rng = vx_stl_mngr_get_rng_scale_ptr(mngr.get());
+    using gradient_fn = void (*)(void*, unsigned, unsigned, bool);
+    gradient_fn const val_fns[] = {&vx_val_scale_clr_gradient, &vx_val_scale_hue_gradient,
+                                   &vx_val_scale_transparency_gradient, &vx_val_scale_size_gradient};
+    gradient_fn const rng_fns[] = {&vx_rng_scale_clr_gradient, &vx_rng_scale_hue_gradient,
+                                   &vx_rng_scale_transparency_gradient, &vx_rng_scale_size_gradient};
+    unsigned const none = static_cast<unsigned>(-1);
+    for (unsigned size : {0u, 1u, 3u}) {
+        vx_val_scale_set_size(val, size);
+        vx_rng_scale_set_size(rng, size);
+        for (unsigned i = 0; i < size; ++i)
+            vx_stl_prm_set_color(val_prm(val, i), false, vx_clr_init_rgba(int(50 * i), 3, 4, int(60 * i)));
+        for (unsigned i = 0; i < size + 3; ++i)
+            vx_stl_prm_set_color(rng_row_prm(rng, i), false, vx_clr_init_rgba(int(40 * i), 3, 4, int(50 * i)));
+        owned_mngr const before(vx_stl_mngr_clone(mngr.get()));
+        for (auto const& [a, b] : {std::pair{0u, none}, {none, none}, {0u, size}, {size, size + 1}, {0u, 0u}, {0u, 1u}})
+            for (auto fn : val_fns)
+                fn(val, a, b, false);
+        for (auto const& [a, b] : {std::pair{0u, none}, {0u, size + 2}, {size + 1, size + 1}, {size, size + 1}})
+            for (auto fn : rng_fns)
+                fn(rng, a, b, false);
+        EXPECT_TRUE(vx_stl_mngr_equal(mngr.get(), before.get())) << size;
+    }
+}
+
+TEST(gradient, a_range_put_into_an_empty_scale_lies_between_the_end_entries)
+{
+    auto const mngr = make_mngr("pnt_style");
+    void* s = vx_stl_mngr_get_rng_scale_ptr(mngr.get());
+    vx_stl_prm_set_color(rng_row_prm(s, 0), false, vx_clr_init_rgb(0, 0, 0));
+    vx_stl_prm_set_color(rng_row_prm(s, 1), false, vx_clr_init_rgb(255, 255, 255));
+    vx_stl_prm_set_size(rng_row_prm(s, 0), false, 1);
+    vx_stl_prm_set_size(rng_row_prm(s, 1), false, 2);
+    EXPECT_EQ(vx_rng_scale_ins(s, 0), 0u);
+    vx_rng_scale_clr_gradient(s, 0, 2, false);
+    vx_rng_scale_hue_gradient(s, 0, 2, false);
+    vx_rng_scale_transparency_gradient(s, 0, 2, false);
+    vx_rng_scale_size_gradient(s, 0, 2, false);
+    EXPECT_EQ(vx_stl_prm_get_color(rng_row_prm(s, 1), false), vx_clr_init_rgb(99, 99, 99));
+    EXPECT_DOUBLE_EQ(vx_stl_prm_get_size(rng_row_prm(s, 1), false), 1.5);
+}
+
+TEST(scales, styles_and_visibility_are_copied_by_entry)
+{
+    auto const mngr = make_mngr("pnt_style");
+    void* val = vx_stl_mngr_get_val_scale_ptr(mngr.get());
+    void* rng = vx_stl_mngr_get_rng_scale_ptr(mngr.get());
+    vx_val_scale_set_size(val, 2);
+    vx_rng_scale_set_size(rng, 1);
+    auto const red = vx_clr_init_rgb(255, 0, 0);
+    owned_prm const prm(vx_stl_prm_create("pnt_style"));
+    Tvx_color const plain = vx_stl_prm_get_color(prm.get(), false);
+    vx_stl_prm_set_color(prm.get(), true, red);
+    vx_val_scale_set_stl_prm(val, 1, prm.get(), true);
+    EXPECT_EQ(vx_stl_prm_get_color(val_prm(val, 1), true), red);
+    EXPECT_EQ(vx_stl_prm_get_color(val_prm(val, 1), false), plain);
+    vx_rng_scale_set_min_style_prm(rng, prm.get(), true);
+    EXPECT_EQ(vx_stl_prm_get_color(rng_row_prm(rng, 0), true), red);
+    EXPECT_NE(vx_stl_prm_get_color(rng_row_prm(rng, 2), true), red);
+    vx_scale_prm_set_visible(vx_val_scale_get_scale_prm_ptr(val, 1), false);
+    vx_scale_prm_assign(vx_rng_scale_get_other_prm_ptr(rng), vx_val_scale_get_scale_prm_ptr(val, 1));
+    EXPECT_FALSE(vx_scale_prm_get_visible(vx_rng_scale_get_other_prm_ptr(rng)));
+    EXPECT_EQ(vx_stl_prm_get_color(rng_row_prm(rng, 3), true), red);
+    owned_prm const line(vx_stl_prm_create("pln_style"));
+    vx_val_scale_set_stl_prm(val, 0, line.get(), false);
+    EXPECT_STREQ(vx_stl_prm_get_style_type(val_prm(val, 0)), "pnt_style");
+}
+
+TEST(scales, opacity_points_are_a_curve)
+{
+    auto const mngr = make_mngr("clr_style");
+    void* s = vx_stl_mngr_get_rng_scale_ptr(mngr.get());
+    double const good[] = {0, 0.25, 1};
+    double const opacity[] = {0, 0.5, 1};
+    EXPECT_TRUE(vx_rng_scale_set_opacity_pts(s, good, opacity, 3));
+    double const late[] = {0.1, 0.25, 1};
+    double const back[] = {0, 0, 1};
+    double const wild[] = {0, 1.5, 1};
+    EXPECT_FALSE(vx_rng_scale_set_opacity_pts(s, late, opacity, 3));
+    EXPECT_FALSE(vx_rng_scale_set_opacity_pts(s, back, opacity, 3));
+    EXPECT_FALSE(vx_rng_scale_set_opacity_pts(s, good, wild, 3));
+    EXPECT_FALSE(vx_rng_scale_set_opacity_pts(s, good, opacity, 1));
+    EXPECT_EQ(vx_rng_scale_get_opacity_pts_size(s), 3u);
+    double x = -1;
+    double o = -1;
+    vx_rng_scale_get_opacity_pt(s, 1, &x, &o);
+    EXPECT_EQ(x, 0.25);
+    EXPECT_EQ(o, 0.5);
+    vx_rng_scale_init_opacity_pts(s);
+    EXPECT_EQ(vx_rng_scale_get_opacity_pts_size(s), 2u);
+}
+} // namespace
