@@ -9,6 +9,7 @@
 #include <QtGui/QInputMethodEvent>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>
+#include <QtGui/QPaintEvent>
 #include <QtGui/QPainter>
 #include <QtGui/QWheelEvent>
 #include <QtWidgets/QApplication>
@@ -205,6 +206,8 @@ bool vx_control_link::filter_own(QEvent *event)
     case QEvent::Paint:
         if (control->ControlStyle.Contains(csOwnPaint)) {
             QPainter painter(widget);
+            // So that a control can tell what need not be drawn.
+            painter.setClipRegion(static_cast<QPaintEvent*>(event)->region());
             control->PaintWidget(vx_native(&painter));
             return true;
         }
