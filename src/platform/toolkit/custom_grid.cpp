@@ -549,11 +549,6 @@ int TCustomGrid::GetEditLimit()
     return 0;
 }
 
-TEditStyle TCustomGrid::GetEditStyle(int, int)
-{
-    return esSimple;
-}
-
 bool TCustomGrid::CanEditAcceptKey(wchar_t)
 {
     return true;
@@ -675,7 +670,7 @@ void TCustomGrid::start_text()
 {
     f_inplace = f_current;
     f_inplace_text = GetEditText(f_current.X, f_current.Y);
-    f_editor->update_contents(GetEditLimit(), GetEditStyle(f_current.X, f_current.Y), f_inplace_text);
+    f_editor->update_contents(GetEditLimit(), f_inplace_text);
     f_editor->SelectAll();
 }
 

@@ -53,13 +53,6 @@ struct TGridRect
     friend constexpr bool operator==(TGridRect const &, TGridRect const &) = default;
 };
 
-enum TEditStyle
-{
-    esSimple,
-    esEllipsis,
-    esPickList
-};
-
 /// A table of cells that the derived class draws and answers for: fixed rows and columns at the top and the
 /// left, the others scroll by whole cells. Holds no data but the sizes that differ from the default, so a
 /// million rows are cheap; painting and mouse reach the visible cells only.
@@ -175,8 +168,6 @@ protected:
     virtual void SetEditText(int col, int row, UnicodeString const &text);
     /// Longest text that the editor takes, 0 for any.
     virtual int GetEditLimit();
-    /// What kind of editor the cell has; other than `esSimple` needs a `TInplaceEditList`.
-    virtual TEditStyle GetEditStyle(int col, int row);
     virtual bool CanEditAcceptKey(wchar_t key);
     virtual bool CanEditModify();
     virtual bool CanEditShow();
@@ -225,7 +216,6 @@ protected:
 
 private:
     friend class TInplaceEdit;
-    friend class TInplaceEditList;
     struct native;
     enum class drag
     {

@@ -33,7 +33,6 @@ void TInplaceEdit::Move(TRect const &rect)
         return;
     }
     SetBoundsRect(rect);
-    BoundsChanged();
     if (!GetVisible()) {
         SetVisible(true);
         BringToFront();
@@ -42,16 +41,11 @@ void TInplaceEdit::Move(TRect const &rect)
         SetFocus();
 }
 
-void TInplaceEdit::UpdateContents(TEditStyle)
-{
-}
-
-void TInplaceEdit::update_contents(int limit, TEditStyle style, UnicodeString const &text)
+void TInplaceEdit::update_contents(int limit, UnicodeString const &text)
 {
     SetMaxLength(limit);
     SetReadOnly(!f_grid->CanEditModify());
     show_text(text);
-    UpdateContents(style);
 }
 
 void TInplaceEdit::show_text(UnicodeString const &text)

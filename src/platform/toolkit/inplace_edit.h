@@ -22,11 +22,6 @@ public:
 
 protected:
     friend class TCustomGrid;
-    /// The text of the cell has come; derived classes prepare for its kind.
-    virtual void UpdateContents(TEditStyle style);
-    /// Placed anew; derived classes place what they add.
-    virtual void BoundsChanged() {}
-
     void Change() override;
     void KeyDown(Word &key, TShiftState shift) override;
     void KeyPress(wchar_t &key) override;
@@ -37,7 +32,7 @@ protected:
 
 private:
     void set_grid(TCustomGrid *grid) { f_grid = grid; }
-    void update_contents(int limit, TEditStyle style, UnicodeString const &text);
+    void update_contents(int limit, UnicodeString const &text);
     void show_text(UnicodeString const &text);
     void type_char(wchar_t character);
     [[nodiscard]] bool leads_out(Word key, TShiftState shift) const;
