@@ -11,6 +11,14 @@ bool overlap(TRect const &a, TRect const &b)
 {
     return a.Left < b.Right && b.Left < a.Right && a.Top < b.Bottom && b.Top < a.Bottom;
 }
+/// With the lines at the right and below, the cell looks raised.
+void paint_light_edge(TCanvas *canvas, TRect const &rect)
+{
+    canvas->GetBrush()->SetStyle(bsSolid);
+    canvas->GetBrush()->SetColor(clBtnHighlight);
+    canvas->FillRect(Rect(rect.Left, rect.Top, rect.Right, rect.Top + 1));
+    canvas->FillRect(Rect(rect.Left, rect.Top, rect.Left + 1, rect.Bottom));
+}
 } // namespace
 
 bool TCustomGrid::IsActiveControl() const
@@ -97,7 +105,7 @@ void TCustomGrid::paint_cell(int col, int row, TRect const &rect, bool active)
     if (!f_default_drawing)
         return;
     if (fixed && (f_options.Contains(goFixedVertLine) || f_options.Contains(goFixedHorzLine)))
-        DrawEdge(canvas, rect, esRaised);
+        paint_light_edge(canvas, rect);
     bool const editor_always = f_options.Contains(goEditing) && f_options.Contains(goAlwaysShowEditor);
     if (focused && !editor_always && !f_options.Contains(goRowSelect))
         canvas->DrawFocusRect(rect);

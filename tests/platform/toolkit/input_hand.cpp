@@ -1,10 +1,14 @@
 #include "support/temp_dir.h"
 
 #include "platform/toolkit/button.h"
+#include "platform/toolkit/check_list_box.h"
+#include "platform/toolkit/combo_box.h"
 #include "platform/toolkit/edit.h"
 #include "platform/toolkit/form.h"
 #include "platform/toolkit/menu.h"
+#include "platform/toolkit/page_control.h"
 #include "platform/toolkit/panel.h"
+#include "platform/toolkit/strings.h"
 #include "platform/toolkit/user_input.h"
 
 #include <algorithm>
@@ -232,6 +236,47 @@ TEST_F(input_test, a_shot_is_written)
 }
 
 // ---- compound controls and menus
+
+TEST_F(input_test, tabs_and_lists_are_chosen_by_what_is_read)
+{
+    auto *pages = add<TPageControl>(L"pages", Bounds(10, 160, 300, 120));
+    for (wchar_t const *caption : {L"&One", L"Hidden", L"Three"}) {
+        auto *sheet = new TTabSheet(&form);
+        sheet->SetPageControl(pages);
+        sheet->SetCaption(caption);
+    }
+    pages->GetPages(1)->SetTabVisible(false);
+    EXPECT_TRUE(click_tab(pages, L"Three"));
+    EXPECT_EQ(pages->GetActivePage(), pages->GetPages(2));
+    EXPECT_TRUE(click_tab(pages, L"One"));
+    EXPECT_EQ(pages->GetActivePage(), pages->GetPages(0));
+    EXPECT_TRUE(click_tab(pages, 1));
+    EXPECT_EQ(pages->GetActivePage(), pages->GetPages(2)) << "the second that is seen";
+    EXPECT_FALSE(click_tab(pages, L"Hidden"));
+
+    auto *combo = add<TComboBox>(L"combo", Bounds(220, 40, 120, 25));
+    combo->SetStyle(csDropDownList);
+    for (wchar_t const *text : {L"red", L"green", L"blue"})
+        combo->GetItems()->Add(text);
+    combo->OnChange = make_closure<&recorder::on_click>(&events);
+    EXPECT_TRUE(choose_item(combo, L"blue"));
+    EXPECT_EQ(combo->GetItemIndex(), 2);
+    EXPECT_EQ(events.take(), lines{"click combo"});
+    EXPECT_FALSE(choose_item(combo, L"black"));
+    EXPECT_EQ(combo->GetItemIndex(), 2);
+    EXPECT_TRUE(choose_item(combo, 0));
+    EXPECT_EQ(combo->GetItemIndex(), 0);
+
+    auto *list = add<TCheckListBox>(L"list", Bounds(220, 70, 120, 60));
+    for (int i = 0; i < 20; ++i)
+        list->GetItems()->Add(UnicodeString(i));
+    EXPECT_TRUE(click_item(list, 15)) << "scrolled into sight";
+    EXPECT_EQ(list->GetItemIndex(), 15);
+    EXPECT_FALSE(list->GetChecked(15));
+    EXPECT_TRUE(click_item_check(list, 3));
+    EXPECT_TRUE(list->GetChecked(3));
+    EXPECT_FALSE(click_item(list, 20));
+}
 
 TEST_F(input_test, menu_items_are_chosen_by_their_path)
 {
