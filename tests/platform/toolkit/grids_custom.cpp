@@ -1,5 +1,6 @@
 #include "grids_fixture.h"
 
+#include "platform/toolkit/color_grid.h"
 #include "platform/toolkit/string_grid.h"
 
 #include <algorithm>
@@ -394,6 +395,32 @@ TEST_F(grid_test, scroll_bars_take_room_where_needed)
     EXPECT_EQ(grid->GetClientHeight(), 180);
 }
 
+TEST_F(grid_test, scroll_bars_are_worked_by_the_mouse)
+{
+    grid->SetScrollBars(ssVertical);
+    grid->SetOptions(grid->GetOptions() << goThumbTracking);
+    wait_idle();
+    int const bar = grid->GetClientWidth() + (300 - grid->GetClientWidth()) / 2;
+    take_log();
+    EXPECT_TRUE(click(grid, bar, 120)); // the page below the thumb
+    EXPECT_EQ(take_log(), lines{"top 9"});
+    EXPECT_EQ(current(), cell(1, 1)) << "the current cell stays";
+    EXPECT_TRUE(drag(grid, bar, 70, bar, 400));
+    EXPECT_EQ(grid->GetTopRow(), 32);
+}
+
+TEST_F(grid_test, a_drag_outside_scrolls_on)
+{
+    mouse_down(grid, 60, 50);
+    move(grid, 60, 250);
+    EXPECT_TRUE(wait_until([this] { return grid->GetTopRow() > 2; }));
+    mouse_up(grid, 60, 250);
+    int const top = grid->GetTopRow();
+    EXPECT_EQ(grid->GetSelection().Top, 2);
+    EXPECT_GE(grid->GetSelection().Bottom, top + 6);
+    EXPECT_FALSE(wait_until([&] { return grid->GetTopRow() != top; }, 150)) << "it stops with the button";
+}
+
 TEST(string_grid, keeps_cells_through_moves)
 {
     TForm form(nullptr);
@@ -421,4 +448,32 @@ TEST(string_grid, keeps_cells_through_moves)
     EXPECT_EQ(column(3), L"50341");
     grid.SetRowCount(6);
     EXPECT_EQ(column(3), L"50341") << "the deleted row is empty when it comes back";
+}
+
+TEST(color_grid, is_worked_by_mouse_and_keys)
+{
+    struct counter
+    {
+        int changes = 0;
+        void on_change(TObject *) { ++changes; }
+    } c;
+    TForm form(nullptr);
+    auto *grid = new TColorGrid(&form);
+    grid->SetParent(&form);
+    grid->OnChange = make_closure<&counter::on_change>(&c);
+    grid->SetForegroundIndex(3);
+    form.Show();
+    wait_idle();
+    EXPECT_EQ(c.changes, 0) << "setters are quiet";
+    click(grid, 40, 80);
+    EXPECT_EQ(grid->GetForegroundColor(), clFuchsia);
+    click(grid, 40, 80, mbRight);
+    EXPECT_EQ(grid->GetBackgroundColor(), clFuchsia);
+    click(grid, 40, 80);
+    EXPECT_EQ(c.changes, 2) << "the same again is no change";
+    press(VK_UP);
+    press(VK_RETURN);
+    EXPECT_EQ(grid->GetForegroundColor(), clRed);
+    EXPECT_EQ(TColorGrid::ColorToIndex(clRed), grid->GetForegroundIndex());
+    EXPECT_EQ(TColorGrid::ColorToIndex(0x123456), -1);
 }
