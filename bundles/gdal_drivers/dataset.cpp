@@ -86,17 +86,6 @@ void visit_utf8(vx::string_visitor visitor, char const *text)
         visitor.visit(text::utf8_to_wide(text).c_str());
 }
 
-bool dataset::looks_openable(std::wstring const &connection)
-{
-    if (connection.empty())
-        return false;
-    connection_text const parsed = parse(connection);
-    if (parsed.source.empty())
-        return false;
-    path_kind const kind = kind_of(parsed.source);
-    return kind != path_kind::special && kind != path_kind::missing;
-}
-
 std::unique_ptr<dataset> dataset::open(std::wstring const &connection, bool read_only, std::wstring &error)
 {
     connection_text parsed = connection.empty() ? connection_text(connection) : parse(connection);

@@ -24,8 +24,6 @@ public:
     /// A new, empty data set of the kind `driver_type`; a file in the way is an error.
     [[nodiscard]] static std::unique_ptr<dataset> create(std::wstring const &connection, int driver_type,
                                                          std::wstring &error);
-    /// Whether an attempt is worth while, by the name alone or a look at the file's kind.
-    [[nodiscard]] static bool looks_openable(std::wstring const &connection);
 
     [[nodiscard]] GDALDataset &gdal() const { return *f_gdal; }
     [[nodiscard]] connection_text const &connection() const { return f_connection; }

@@ -18,11 +18,6 @@ t_vx_data_source_interface serve(std::unique_ptr<dataset> set, std::wstring &err
     return tables ? static_cast<t_vx_data_source_interface>(*tables) : t_vx_data_source_interface{};
 }
 
-bool can_open(void *, wchar_t const *source)
-{
-    return source && dataset::looks_openable(source);
-}
-
 void open(void *, wchar_t const *source, bool read_only, t_vx_data_source_interface *result,
           Ivx_string_adp *error)
 {
@@ -41,7 +36,8 @@ void create(void *, wchar_t const *source, int driver_type, t_vx_data_source_int
         vx_string_adp_feed(error, reason.c_str());
 }
 
-constexpr Tvx_datasource_driver c_driver{"gdal", c_priority, nullptr, &can_open, &open, &create};
+/// Every source is worth a try: the refusals of `open` come before anything is read, and say why.
+constexpr Tvx_datasource_driver c_driver{"gdal", c_priority, nullptr, nullptr, &open, &create};
 } // namespace
 } // namespace vx::gdal
 

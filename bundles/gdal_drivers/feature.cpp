@@ -59,6 +59,14 @@ std::string two_digits(int value)
     return CPLSPrintf("%02d", value);
 }
 
+/// Fifteen digits at most and no zeros at the end, whatever width the table keeps its numbers in.
+std::wstring number_text(double value)
+{
+    char text[40];
+    auto const end = std::to_chars(text, text + sizeof text, value, std::chars_format::general, 15).ptr;
+    return {text, end};
+}
+
 std::wstring date_text(OGRFeature const &record, int field, OGRFieldType type)
 {
     int year = 0, month = 0, day = 0, hour = 0, minute = 0, zone = 0;
@@ -92,6 +100,8 @@ std::wstring cell_text(OGRFeature const &record, int field)
     OGRFieldType const type = record.GetFieldDefnRef(field)->GetType();
     if (type == OFTDate || type == OFTTime || type == OFTDateTime)
         return date_text(record, field, type);
+    if (type == OFTReal)
+        return number_text(record.GetFieldAsDouble(field));
     return text::utf8_to_wide(record.GetFieldAsString(field));
 }
 

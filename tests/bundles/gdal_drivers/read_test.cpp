@@ -1,0 +1,381 @@
+#include "source.h"
+
+#include <climits>
+#include <clocale>
+#include <gtest/gtest.h>
+#include <numeric>
+
+using namespace vx_test;
+
+namespace {
+// The expected numbers were counted from the bytes of the files.
+
+struct example_case
+{
+    char const *file;
+    unsigned long long features;
+    int fields;
+    int geom_type;
+    Tvx_box_d2 box;
+};
+constexpr example_case c_examples[] = {
+    {"nc.shp", 100, 14, 5, {-84.3238525390625, 33.88199234008789, -75.45697784423828, 36.58964920043945}},
+    {"streets.shp", 293, 2, 3, {723414.3683108028, 875929.0396895551, 728644.987172764, 881276.8174424708}},
+    {"world.shp", 177, 10, 5, {-180.0, -89.9, 179.99999, 83.64513000000001}},
+    {"naturalearth_cities.shp", 243, 1, 1, {-175.2205645, -41.2920679923151, 179.2166471, 64.14345946317033}},
+};
+
+TEST(gdal_read, tells_what_a_table_is)
+{
+    for (auto const &c : c_examples) {
+        SCOPED_TRACE(c.file);
+        source const s(example(c.file));
+        ASSERT_TRUE(s.is_open()) << vx::text::wide_to_utf8(source::refusal());
+        ASSERT_TRUE(s.table && s.forward && s.random && s.stat);
+        EXPECT_EQ(s.table.feature_count(false), c.features);
+        EXPECT_EQ(s.data.field_count(), c.fields);
+        EXPECT_EQ(s.table.geom_type(), c.geom_type);
+        EXPECT_EQ(s.data.vector_count(), 1);
+        EXPECT_EQ(s.data.grid_count(), 0);
+        Tvx_box_d2 box;
+        EXPECT_TRUE(s.data.with_extent(&box, false));
+        EXPECT_EQ(box, c.box);
+        EXPECT_EQ(rest_of(s).size(), c.features);
+        EXPECT_GE(texts_of([&](vx::string_visitor v) { s.data.with_files(v); }).size(), 3u);
+        EXPECT_TRUE(s.data.has_capability(0)) << "single records are found by their number";
+        EXPECT_FALSE(s.data.has_capability(2)) << "opened for reading";
+        EXPECT_EQ(s.error(), L"");
+    }
+}
+
+TEST(gdal_read, fields)
+{
+    source const s(example("nc.shp"));
+    auto const name = [&](int i) { return text_of([&](vx::string_visitor v) { s.data.field_name(i, v); }); };
+    EXPECT_EQ(name(0), L"AREA");
+    EXPECT_EQ(name(4), L"NAME");
+    EXPECT_EQ(name(14), L"");
+    EXPECT_EQ(name(-1), L"");
+    EXPECT_EQ(s.data.field_type(0), 2);
+    EXPECT_EQ(s.data.field_type(4), 1);
+    EXPECT_EQ(s.data.field_type(7), 3);
+    EXPECT_EQ(s.data.field_type(99), 0);
+    EXPECT_EQ(s.table.field_width(4), 80);
+    EXPECT_EQ(s.table.field_precision(0), 15);
+    EXPECT_TRUE(s.data.field_readonly(0));
+    EXPECT_EQ(s.field(L"SID74"), 9);
+    EXPECT_EQ(s.field(L"no such"), -1);
+    auto const free_name = [&](wchar_t const *wanted) {
+        return text_of([&](vx::string_visitor v) { EXPECT_TRUE(s.data.make_field_name(wanted, v)); });
+    };
+    EXPECT_EQ(free_name(L"sid74"), L"sid741");
+    EXPECT_EQ(free_name(L"a_rather_long_name"), L"a_rather_l") << "the format keeps ten characters";
+}
+
+TEST(gdal_read, cells)
+{
+    source const s(example("nc.shp"));
+    keeper k;
+    ASSERT_TRUE(s.forward.with_next_feature(k));
+    EXPECT_EQ(k.item.fid(), 0);
+    EXPECT_EQ(k.text(4), L"Ashe");
+    EXPECT_EQ(k.text(0), L"0.114");
+    EXPECT_EQ(k.text(8), L"1091");
+    bool not_null = false;
+    EXPECT_EQ(k.item.get_integer(7, &not_null), 5);
+    EXPECT_TRUE(not_null);
+    EXPECT_EQ(k.item.get_numeric(0, &not_null), 0.114);
+    EXPECT_EQ(k.item.get_bigint(8, nullptr), 1091);
+    EXPECT_EQ(k.item.get_integer(77, &not_null), 0);
+    EXPECT_FALSE(not_null);
+    EXPECT_FALSE(k.item.set_integer(7, 6)) << "opened for reading";
+
+    source const world(example("world.shp"));
+    std::vector<std::wstring> without_code;
+    for (keeper w; world.forward.with_next_feature(w);) {
+        world.data.field_name(0, {});
+        w.item.get_string(0, &not_null, {});
+        if (!not_null)
+            without_code.push_back(w.text(1));
+    }
+    EXPECT_EQ(without_code.size(), 2u) << "empty text cells of the format are null";
+}
+
+TEST(gdal_read, geometry)
+{
+    vertex_list const list(vx_ov_d2_create());
+    {
+        source const s(example("nc.shp"));
+        std::size_t parts = 0;
+        keeper k;
+        while (s.forward.with_next_feature(k)) {
+            ASSERT_EQ(k.item.geom_type(), 5);
+            ASSERT_TRUE(k.item.get_polypoint(list.get()));
+            EXPECT_EQ(vx_ov_d2_get_vector_type(list.get()), c_vector_polygon);
+            Tvx_box_d2 box, around;
+            for (std::size_t p = 0; p < vx_ov_d2_get_size(list.get()); ++p, ++parts) {
+                auto const *const part = vx_ov_d2_get_pv_ptr(list.get(), p);
+                auto const *const data = vx_pv_d2_get_data(part);
+                std::size_t const count = vx_pv_d2_get_size(part);
+                ASSERT_GE(count, 4u);
+                EXPECT_EQ(data[0], data[count - 1]);
+                for (std::size_t i = 0; i < count; ++i)
+                    around.add(data[i].x, data[i].y);
+            }
+            ASSERT_TRUE(k.item.with_extent(&box));
+            EXPECT_EQ(box, around);
+        }
+        EXPECT_EQ(parts, 108u) << "five counties have islands";
+        Tvx_vtx_d2 vertex{1, 2};
+        EXPECT_FALSE(k.item.get_point(&vertex));
+        EXPECT_FALSE(k.item.get_multipoint(list.get()));
+        EXPECT_EQ(vx_ov_d2_get_size(list.get()), 0u) << "a wrong kind leaves the list empty";
+    }
+    source const cities(example("naturalearth_cities.shp"));
+    keeper k;
+    ASSERT_TRUE(cities.random.with_feature(0, k));
+    EXPECT_EQ(k.text(0), L"Vatican City");
+    Tvx_vtx_d2 vertex;
+    ASSERT_TRUE(k.item.get_point(&vertex));
+    EXPECT_NEAR(vertex.x, 12.4533865, 1e-6);
+    EXPECT_NEAR(vertex.y, 41.9032822, 1e-6);
+    Tvx_vtx_d3 high{0, 0, 9};
+    ASSERT_TRUE(k.item.get_point_z(&high));
+    EXPECT_EQ(high.z, 0);
+    EXPECT_TRUE(k.item.get_multipoint(list.get())) << "a point is a list of one";
+    EXPECT_EQ(vx_ov_d2_get_vtx_count(list.get()), 1u);
+    EXPECT_NE(text_of([&](vx::string_visitor v) { cities.data.with_proj4(v); }).find(L"+proj=longlat"),
+              std::wstring::npos);
+}
+
+TEST(gdal_read, single_features_and_positions)
+{
+    source const s(example("nc.shp"));
+    ASSERT_TRUE(s.random.has_random_read() && s.random.has_moveto_index());
+    keeper k;
+    ASSERT_TRUE(s.random.with_feature(99, k));
+    EXPECT_EQ(k.item.fid(), 99);
+    EXPECT_FALSE(s.random.with_feature(100, k));
+    EXPECT_FALSE(s.random.with_feature(-1, k));
+    EXPECT_EQ(k.item.fid(), 99) << "nothing was visited";
+    ASSERT_TRUE(s.random.moveto_index(98));
+    EXPECT_EQ(rest_of(s), (std::vector<long long>{98, 99}));
+    EXPECT_FALSE(s.random.moveto_index(-1));
+
+    // Questions in between leave the reading where it is.
+    s.forward.reset_reading();
+    for (int i = 0; i < 10; ++i)
+        s.forward.with_next_feature(k);
+    double value = 0;
+    EXPECT_TRUE(s.stat.maximum(9, &value));
+    EXPECT_EQ(s.table.feature_count(true), 100u);
+    ASSERT_TRUE(s.forward.with_next_feature(k));
+    EXPECT_EQ(k.item.fid(), 10);
+}
+
+TEST(gdal_read, features_outlive_their_source)
+{
+    keeper k;
+    {
+        source const s(example("nc.shp"));
+        ASSERT_TRUE(s.forward.with_next_feature(k));
+    }
+    EXPECT_EQ(k.text(4), L"Ashe");
+    EXPECT_EQ(k.item.geom_type(), 5);
+}
+
+struct filter_case
+{
+    wchar_t const *text;
+    bool is_taken;
+    std::vector<long long> fids; ///< of the features that pass
+};
+
+TEST(gdal_read, attribute_filters)
+{
+    std::vector<filter_case> const cases{
+        {L"NAME = 'Ashe'", true, {0}},
+        {L"CRESS_ID <= 2", true, {}}, // filled in below
+        {L"FID >= 0 LIMIT 3 OFFSET 97", true, {97, 98, 99}},
+        {L"FID >= 0 LIMIT 50 OFFSET 98", true, {98, 99}},
+        {L"FID >= 0 LIMIT 0 OFFSET 0", true, {}},
+        {L"FID >= 0 LIMIT 2 OFFSET 100", true, {}},
+        {L"fid >= 10 limit 2 offset 1", true, {11, 12}},
+        {L"LIMIT 2", true, {0, 1}},
+        {L"NAME = 'x LIMIT 5'", true, {}},
+        {L"FID >= 98 OFFSET 99999999999999999999999", true, {}},
+        {L"no such thing ((", false, {}},
+        {L"NO_FIELD = 3", false, {}},
+    };
+    source const s(example("nc.shp"));
+    for (auto const &c : cases) {
+        SCOPED_TRACE(vx::text::wide_to_utf8(c.text));
+        ASSERT_TRUE(s.forward.set_attribute_filter(nullptr));
+        EXPECT_EQ(s.forward.set_attribute_filter(c.text), c.is_taken);
+        if (!c.is_taken) {
+            EXPECT_NE(s.error(), L"");
+            EXPECT_EQ(s.table.feature_count(true), 100u) << "a refused filter changes nothing";
+            continue;
+        }
+        auto const found = rest_of(s);
+        EXPECT_EQ(s.table.feature_count(true), found.size());
+        if (std::wstring(c.text).find(L"CRESS") != std::wstring::npos)
+            EXPECT_EQ(found.size(), 2u);
+        else
+            EXPECT_EQ(found, c.fids);
+    }
+    EXPECT_EQ(text_of([&](vx::string_visitor v) { s.table.fid_field_name(v); }), L"FID");
+    s.forward.set_attribute_filter(L"FID >= 0 LIMIT 5 OFFSET 10");
+    ASSERT_TRUE(s.random.moveto_index(3));
+    EXPECT_EQ(rest_of(s), (std::vector<long long>{13, 14})) << "positions count within the page";
+}
+
+TEST(gdal_read, box_filter)
+{
+    source const s(example("naturalearth_cities.shp"));
+    Tvx_box_d2 iceland{-25, 63, -13, 67};
+    ASSERT_TRUE(s.forward.set_spatial_filter(&iceland));
+    keeper k;
+    ASSERT_TRUE(s.forward.with_next_feature(k));
+    EXPECT_EQ(k.text(0), L"Reykjav\u00edk");
+    EXPECT_FALSE(s.forward.with_next_feature(k));
+    ASSERT_TRUE(s.forward.set_spatial_filter(nullptr));
+    EXPECT_EQ(rest_of(s).size(), 243u);
+}
+
+TEST(gdal_read, statistics)
+{
+    source const s(example("nc.shp"));
+    double value = 0;
+    long long count = 0;
+    EXPECT_FALSE(s.stat.has_stat(8));
+    EXPECT_TRUE(s.stat.minimum(8, &value));
+    EXPECT_EQ(value, 248);
+    EXPECT_TRUE(s.stat.has_stat(8)) << "one pass answers all";
+    EXPECT_TRUE(s.stat.maximum(8, &value));
+    EXPECT_EQ(value, 21588);
+    EXPECT_TRUE(s.stat.sum(8, &value));
+    EXPECT_EQ(value, 329962);
+    EXPECT_TRUE(s.stat.average(8, &value));
+    EXPECT_NEAR(value, 3299.62, 1e-9);
+    EXPECT_TRUE(s.stat.stdev(8, &value));
+    EXPECT_NEAR(value, 3848.165126919634, 1e-8);
+    EXPECT_TRUE(s.stat.count_nonnull(8, &count));
+    EXPECT_EQ(count, 100);
+    EXPECT_TRUE(s.stat.count_distinct(9, &count));
+    EXPECT_EQ(count, 23);
+    EXPECT_FALSE(s.stat.minimum(4, &value)) << "text has no least number";
+    EXPECT_TRUE(s.stat.count_distinct(4, &count));
+    EXPECT_EQ(count, 100);
+    EXPECT_FALSE(s.stat.minimum(14, &value));
+
+    source const world(example("world.shp"));
+    EXPECT_TRUE(world.stat.count_nonnull(world.field(L"pop"), &count));
+    EXPECT_EQ(count, 167);
+    s.forward.set_attribute_filter(L"FID < 3");
+    EXPECT_FALSE(s.stat.minimum(8, &value)) << "with a filter the caller counts";
+}
+
+TEST(gdal_read, unique_values_and_histograms)
+{
+    source const s(example("world.shp"));
+    int const continent = s.field(L"continent");
+    auto const all =
+        texts_of([&](vx::string_visitor v) { EXPECT_TRUE(s.stat.with_unique_strings(continent, -1, v)); });
+    EXPECT_EQ(all.size(), 8u);
+    EXPECT_TRUE(std::is_sorted(all.begin(), all.end()));
+    EXPECT_EQ(
+        texts_of([&](vx::string_visitor v) { (void)s.stat.with_unique_strings(continent, 3, v); }).size(),
+        3u);
+
+    class number_list final : public vx::floatings_visitor_impl
+    {
+    public:
+        std::vector<double> values;
+        void visit(unsigned long long count, double *numbers) override
+        {
+            values.insert(values.end(), numbers, numbers + count);
+        }
+    } numbers;
+    source const nc(example("nc.shp"));
+    EXPECT_TRUE(nc.stat.with_unique_numerics(9, -1, static_cast<vx::floatings_visitor>(numbers)));
+    EXPECT_EQ(numbers.values.size(), 23u);
+
+    // Births by thousands: the classes are closed below, the last one above too.
+    long long counts[3] = {};
+    ASSERT_TRUE(nc.stat.with_custom_histogram(7, 1, 100, 3, counts, true));
+    EXPECT_EQ(counts[0], 33);
+    EXPECT_EQ(counts[1], 33);
+    EXPECT_EQ(counts[2], 34);
+    class histogram_sum final : public vx::histogram_visitor_impl
+    {
+    public:
+        double low = 0, high = 0;
+        long long sum = 0;
+        void visit(double minimum, double maximum, int count, long long *values) override
+        {
+            low = minimum;
+            high = maximum;
+            sum = std::accumulate(values, values + count, 0LL);
+        }
+    } histogram;
+    ASSERT_TRUE(nc.stat.with_default_histogram(8, true, static_cast<vx::histogram_visitor>(histogram)));
+    EXPECT_EQ(histogram.low, 248);
+    EXPECT_EQ(histogram.high, 21588);
+    EXPECT_EQ(histogram.sum, 100);
+}
+
+TEST(gdal_read, connection_options)
+{
+    std::wstring const folder = vx::text::utf8_to_wide(VX_EXAMPLE_DATA);
+    source const all(folder);
+    ASSERT_TRUE(all.is_open());
+    EXPECT_EQ(all.data.vector_count(), 4);
+    for (int i = 0; i < 4; ++i) {
+        source const one(text_of([&](vx::string_visitor v) { all.data.vector_source(i, v); }));
+        ASSERT_TRUE(one.is_open());
+        EXPECT_EQ(text_of([&](vx::string_visitor v) { one.data.with_name(v); }),
+                  text_of([&](vx::string_visitor v) { all.data.vector_name(i, v); }));
+    }
+    EXPECT_TRUE(all.table.select_vector(L"streets"));
+    EXPECT_EQ(all.table.feature_count(true), 293u);
+    EXPECT_FALSE(all.table.select_vector(L"nowhere"));
+    EXPECT_EQ(all.table.feature_count(true), 293u);
+
+    EXPECT_FALSE(source(example("nc.shp|layer=other")).is_open());
+    EXPECT_NE(source::refusal().find(L"other"), std::wstring::npos);
+    EXPECT_TRUE(source(L"*" + example("nc.shp|geom_type=POLYGON&layer=nc")).is_open());
+    source const points(example("nc.shp|geom_type=point"));
+    EXPECT_EQ(points.table.feature_count(true), 0u);
+    EXPECT_EQ(points.table.feature_count(false), ULLONG_MAX) << "not known without a look";
+    EXPECT_TRUE(rest_of(points).empty());
+}
+
+TEST(gdal_read, a_grid_is_no_table)
+{
+    source const s(example("olinda_dem_utm25s.tif"));
+    ASSERT_TRUE(s.is_open());
+    EXPECT_FALSE(s.table || s.forward);
+    EXPECT_EQ(s.data.grid_count(), 1);
+    EXPECT_EQ(s.data.vector_count(), 0);
+    EXPECT_EQ(s.data.field_count(), 1);
+    Tvx_box_d2 box;
+    EXPECT_TRUE(s.data.with_extent(&box, false));
+    EXPECT_FALSE(box.is_empty());
+}
+
+TEST(gdal_read, numbers_do_not_depend_on_the_locale)
+{
+    char const *const comma = std::setlocale(LC_NUMERIC, "de_DE.UTF-8");
+    if (!comma)
+        GTEST_SKIP() << "this machine has no locale with a decimal comma";
+    source const s(example("nc.shp"));
+    keeper k;
+    s.forward.with_next_feature(k);
+    std::wstring const text = k.text(0);
+    bool const is_taken = s.forward.set_attribute_filter(L"AREA < 0.05");
+    std::setlocale(LC_NUMERIC, "C");
+    EXPECT_EQ(text, L"0.114");
+    EXPECT_TRUE(is_taken);
+}
+} // namespace
