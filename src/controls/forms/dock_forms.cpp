@@ -33,6 +33,7 @@ void Tvx_dock_tool_form::show_pos(int x, int y)
             vx::detail::form_push_into_screen(*this, x, y);
     }
     Show();
+    SetPosition(poDesigned);
 }
 
 Tvx_mdi_child_form::Tvx_mdi_child_form(TComponent *owner) : Tvx_form(owner_or_application(owner))

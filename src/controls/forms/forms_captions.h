@@ -10,4 +10,8 @@ enum Tvx_forms_caption : int
     c_caption_save = 104,
     c_caption_load = 105,
     c_caption_stop = 106,
+    // For buttons of 70 pixels.
+    c_caption_short_apply = 107,
+    c_caption_short_save = 108,
+    c_caption_short_load = 109,
 };

@@ -19,4 +19,5 @@ void Tvx_tool_form::show_pos(int x, int y)
             vx::detail::form_push_into_screen(*this, x, y);
     }
     Show();
+    SetPosition(poDesigned);
 }

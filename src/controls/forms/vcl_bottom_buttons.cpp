@@ -43,7 +43,7 @@ void Tvx_vcl_bottom_buttons::create()
 void Tvx_vcl_bottom_buttons::load_rc()
 {
     static constexpr std::array<int, c_button_count> captions = {
-        c_caption_apply, c_caption_cancel, c_caption_help, c_caption_save, c_caption_load};
+        c_caption_short_apply, c_caption_cancel, c_caption_help, c_caption_short_save, c_caption_short_load};
     for (std::size_t i = 0; i < c_button_count; ++i)
         if (f_buttons[i])
             f_buttons[i]->SetCaption(vx_res_get_wstr(captions[i]));

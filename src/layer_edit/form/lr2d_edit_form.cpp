@@ -11,6 +11,10 @@
 #include <utility>
 
 namespace {
+/// Size of an own form at its first showing: room for a style editor without scrolling.
+constexpr int c_form_width = 480;
+constexpr int c_form_height = 600;
+
 /// `format` with its first "%s" replaced by `name` and "%%" by "%". Other marks stay as they are: the format
 /// is a text of the catalogue, the name one of the user.
 std::wstring format_name(std::wstring const &format, std::wstring const &name)
@@ -61,6 +65,8 @@ Tvx_lr2d_edit_form::Tvx_lr2d_edit_form() : f_watch(std::make_unique<end_watch>(*
     auto form = std::make_unique<Tvx_apply_and_leave_form>(nullptr);
     form->SetDragKind(dkDock);
     form->SetDragMode(dmAutomatic);
+    form->SetWidth(c_form_width);
+    form->SetHeight(c_form_height);
     take_form(form.get());
     f_owns_form = true;
     form.release();

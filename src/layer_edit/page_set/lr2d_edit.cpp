@@ -309,8 +309,10 @@ void Tvx_lr2d_edit::update_style_tab(vx::lr2d_page_row const &row)
     bool const has_plugin =
         vx_lr2d_get_plugin_interface(f_lr2d.get()) || vx_layout_lr2d_get_plugin_interface(f_lr2d.get());
     bool const shown = vx::lr2d_style_tab_shown(row, f_show_style_tab, has_plugin);
-    f_style_ts->SetVisible(shown);
     f_style_ts->SetTabVisible(shown);
+    // Of the sheets that have a tab only the active one is visible, and the page control sees to that.
+    if (!shown)
+        f_style_ts->SetVisible(false);
 }
 
 void Tvx_lr2d_edit::keep_active_tab(TTabSheet *remembered)
