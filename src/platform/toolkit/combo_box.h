@@ -17,7 +17,8 @@ enum TComboBoxStyle
     csOwnerDrawVariable
 };
 
-/// A list that drops down, with an edit in the styles `csDropDown` and `csSimple`; 145 by 23.
+/// A list that drops down, with an edit in the styles `csDropDown` and `csSimple`, which are the same here;
+/// 145 by 23.
 ///
 /// The user's choice of another item runs `OnClick`, then `OnSelect`, or `OnChange` when nobody listens to
 /// `OnSelect`. Typing runs `OnChange`. `SetItemIndex`, `SetText` and changes of `Items` run nothing.
@@ -91,7 +92,11 @@ private:
     friend class delegate;
 
     [[nodiscard]] box *native() const;
-    void user_chose();
+    void user_chose(int index);
+    void user_typed();
+    void remember();
+    [[nodiscard]] bool owner_drawn() const;
+    [[nodiscard]] bool has_edit() const;
     void draw(void *painter, int index, TRect const &rect, TOwnerDrawState const &state);
 
     std::unique_ptr<TStrings> f_items;
@@ -99,7 +104,9 @@ private:
     TComboBoxStyle f_style = csDropDown;
     int f_item_height = 16;
     int f_drop_down_width = 0;
+    /// What the user was last told of.
     int f_last_index = -1;
+    UnicodeString f_last_text;
     bool f_sorted = false;
     bool f_dropped = false;
 };

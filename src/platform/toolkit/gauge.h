@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/toolkit/progress_bar.h"
+#include "platform/toolkit/win_control.h"
 
 enum TGaugeKind
 {

@@ -14,8 +14,8 @@ enum TSizeStyle
 };
 
 /// A panel of cells that hold one control each, 185 by 41, two columns and two rows of 50 percent. A control
-/// that joins the panel goes into the next free cell, by rows; without one a row is added. It fills its cells
-/// unless it has anchors that keep it from that.
+/// that joins the panel goes into the next free cell, by rows; without one a row is added. A control that is
+/// aligned, or anchored to both sides, fills its cell; another keeps its size in the cell's middle.
 class VX_API TCustomGridPanel : public TCustomPanel
 {
 public:

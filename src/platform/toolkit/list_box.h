@@ -80,6 +80,8 @@ private:
 
     [[nodiscard]] view *native() const;
     void apply_mode();
+    [[nodiscard]] bool owner_drawn() const;
+    void draw(void *painter, int index, TRect const &rect, TOwnerDrawState const &state);
 
     std::unique_ptr<TStrings> f_items;
     std::unique_ptr<TCanvas> f_canvas;

@@ -51,7 +51,6 @@ private:
     TPageControl *f_page_control = nullptr;
     int f_image_index = -1;
     bool f_tab_visible = true;
-    bool f_was_shown = false;
 };
 
 /// Pages one over the other with a row of tabs, 289 by 193. Another tab chosen by the user, by mouse, arrow
@@ -85,7 +84,6 @@ public:
     [[nodiscard]] int IndexOfTabAt(int x, int y) const;
     /// The room of the pages.
     [[nodiscard]] TRect GetDisplayRect() const;
-    void SetFocus() override;
 
     closure<void(TObject *sender, bool &allow_change)> OnChanging;
     TNotifyEvent OnChange;
@@ -112,6 +110,7 @@ private:
     void activate(TTabSheet *page);
     void images_changed(TObject *sender);
     [[nodiscard]] TTabSheet *page_of_tab(int tab) const;
+    [[nodiscard]] TTabSheet *nearest_page(int tab) const;
 
     std::vector<TTabSheet *> f_pages;
     TTabSheet *f_active = nullptr;

@@ -102,7 +102,8 @@ protected:
 
 private:
     void images_changed(TObject *sender);
-    [[nodiscard]] int place(int width, bool move);
+    /// Gives the height of all rows; `move` puts the controls there.
+    int place(int width, bool move);
 
     TCustomImageList *f_images = nullptr;
     int f_button_width = 23;
