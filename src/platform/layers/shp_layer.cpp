@@ -2,6 +2,7 @@
 
 #include "platform/base/string_adp.h"
 #include "platform/basic/engine_captions.h"
+#include "platform/data/vx_shape_files.h"
 #include "platform/layers/layer_keys.h"
 #include "platform/layers/vx_shp_lr2d.h"
 #include "platform/styles/vx_style_keys.h"
@@ -39,6 +40,25 @@ char const *key_of_geometry(int geom_type)
     default:
         return nullptr;
     }
+}
+
+/// What the first shape is, as a geometry type; 0 when no record has a geometry that can be drawn.
+int type_of_first_shape(Ivx_attr_data *data)
+{
+    vx::owned<Ivx_shape_files, &vx_shape_files_close> const shapes(vx_shape_files_open(data));
+    Tvx_shape_view view;
+    for (unsigned i = 0; vx_shape_files_get(shapes.get(), i, &view); ++i)
+        if (view.kind != c_shape_none)
+            return view.kind;
+    return 0;
+}
+
+/// Geometry type of the data set; where it allows any, that of its first shape.
+int type_to_draw(Ivx_attr_data *data)
+{
+    constexpr int c_geom_unknown = 100;
+    int const type = vx_attr_data_get_geom_type(data);
+    return type == c_geom_unknown ? type_of_first_shape(data) : type;
 }
 
 void *typed_manager(Ivx_layer *layer, shp_geometry const &geometry)
@@ -106,7 +126,7 @@ Ivx_layer *vx_shp_lr2d_open(wchar_t const *source, Ivx_string_adp *error)
         vx_attr_data_get_werror(data.get(), error);
         return nullptr;
     }
-    auto const *const key = vx::layers::key_of_geometry(vx_attr_data_get_geom_type(data.get()));
+    auto const *const key = vx::layers::key_of_geometry(vx::layers::type_to_draw(data.get()));
     if (!key) {
         vx_string_adp_feed(error, vx_res_format_w(c_capt_no_vector_data, source).c_str());
         return nullptr;

@@ -238,6 +238,12 @@ TEST(layers, of_a_source_by_its_geometry)
             EXPECT_STREQ(c.key, vx_lr2d_get_lr_type(l.get()));
         }
     }
+    vx_test::memory_table mixed;
+    mixed.geom_type = 100;
+    mixed.features = {{{}, 0, {}}, {{}, 13, {{{0, 0}, {1, 1}}}}, {{}, 1, {{{0, 0}}}}};
+    vx_test::memory_driver const driver(L"memory:", mixed);
+    layer const first(vx_shp_lr2d_open(L"memory:", nullptr));
+    EXPECT_STREQ(c_lr_key_shp_pln, vx_lr2d_get_lr_type(first.get())) << "the first shape decides";
     EXPECT_EQ(nullptr, vx_shp_lr2d_open(L"no driver has this", nullptr));
     EXPECT_EQ(nullptr, vx_shp_lr2d_open(nullptr, nullptr));
     EXPECT_EQ(nullptr, vx_shp_lr2d_create(c_lr_key_rtr, L"x"));

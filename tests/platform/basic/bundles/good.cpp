@@ -39,7 +39,7 @@ void create(void *context, wchar_t const *text, int kind, t_vx_data_source_inter
         open(context, text, false, result, error);
 }
 
-Tvx_datasource_driver const driver = {"test_bundle", 1, nullptr, &can_open, &open, &create};
+Tvx_datasource_driver const driver = {"test_bundle", 1000, nullptr, &can_open, &open, &create};
 } // namespace
 
 VX_C_API bool vxk_bundle_entry(Tvx_bundle_context const *context)
