@@ -1,0 +1,99 @@
+#include "core_fixture.h"
+
+#include "platform/toolkit/qt_bridge.h"
+
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QVBoxLayout>
+
+#include <gtest/gtest.h>
+#include <memory>
+
+using namespace vx;
+
+TEST(core_host, a_panel_parked_in_a_foreign_window_follows_it)
+{
+    event_log log;
+    vx_qt_ensure_application();
+    auto host = std::make_unique<QWidget>();
+    host->resize(400, 300);
+    TPanel panel(nullptr);
+    panel.SetBevelOuter(bvNone);
+    auto *const probe = new probe_control(&panel, &panel, "probe", &log);
+    probe->SetAlign(alClient);
+    vx_qt_host_control(&panel, host.get());
+    EXPECT_FALSE(panel.GetShowing());
+    EXPECT_TRUE(log.empty());
+    host->show();
+    user_input::wait_idle();
+    EXPECT_TRUE(probe->GetShowing());
+    EXPECT_EQ(probe->windows, 1);
+    EXPECT_EQ(text_of(probe->GetBoundsRect()), "0,0,400,300");
+    host->resize(500, 350);
+    user_input::wait_idle();
+    EXPECT_EQ(text_of(probe->GetBoundsRect()), "0,0,500,350");
+    probe->SetFocus();
+    EXPECT_TRUE(probe->Focused());
+
+    // The host closes its window for good: the panel lives on.
+    host.reset();
+    EXPECT_NE(vx_qt_widget(&panel), nullptr);
+    EXPECT_FALSE(panel.GetShowing());
+    panel.SetCaption(L"still here");
+    probe->SetBounds(0, 0, 10, 10);
+    QWidget second;
+    vx_qt_host_control(&panel, &second);
+    second.show();
+    user_input::wait_idle();
+    EXPECT_TRUE(probe->GetShowing());
+    vx_qt_host_control(&panel, nullptr);
+    EXPECT_FALSE(panel.GetShowing());
+}
+
+TEST(core_host, leaving_for_a_foreign_widget_is_an_exit)
+{
+    event_log log;
+    vx_qt_ensure_application();
+    QWidget host;
+    auto *const layout = new QVBoxLayout(&host);
+    auto *const line = new QLineEdit;
+    layout->addWidget(line);
+    TPanel panel(nullptr);
+    auto *const probe = new probe_control(&panel, &panel, "probe", &log);
+    vx_qt_host_control(&panel, &host);
+    host.show();
+    user_input::wait_idle();
+    probe->SetFocus();
+    log.clear();
+    line->setFocus();
+    EXPECT_EQ(log, event_log{"probe exit"});
+    vx_qt_host_control(&panel, nullptr);
+}
+
+TEST(core_host, a_host_that_goes_deep_down_takes_nothing_along)
+{
+    vx_qt_ensure_application();
+    TForm form(nullptr);
+    auto *const probe = new probe_control(&form, &form, "probe");
+    form.SetVisible(true);
+    {
+        QWidget outer;
+        auto *const middle = new QWidget(&outer);
+        auto *const inner = new QWidget(middle);
+        vx_qt_host_control(&form, inner);
+        outer.show();
+        user_input::wait_idle();
+        EXPECT_TRUE(probe->GetShowing());
+    }
+    ASSERT_NE(vx_qt_widget(probe), nullptr);
+    EXPECT_EQ(vx_control_of(vx_qt_widget(probe)), probe);
+}
+
+TEST(core_host, values_cross_the_bridge)
+{
+    for (wchar_t const *text : {L"", L"abc", L"Ширина", L"\U0001F30D"})
+        EXPECT_EQ(vx_unicode_string(vx_qt_string(text)), text);
+    EXPECT_EQ(vx_qt_color(RGB(1, 2, 3)), QColor(1, 2, 3));
+    EXPECT_EQ(vx_color(vx_qt_color(clTeal)), clTeal);
+    EXPECT_EQ(vx_qt_color(clNone).alpha(), 0);
+    EXPECT_EQ(vx_color(vx_qt_color(clWindow)), ColorToRGB(clWindow));
+}
