@@ -184,6 +184,24 @@ std::unique_ptr<OGRGeometry> write_polyline(typename Form::list const *list)
     return result;
 }
 
+/// Outer rings against the clock, holes with it: what most formats ask for.
+void turn_rings(OGRGeometry &geometry)
+{
+    if (wkbFlatten(geometry.getGeometryType()) == wkbMultiPolygon) {
+        for (OGRPolygon *polygon : *geometry.toMultiPolygon())
+            turn_rings(*polygon);
+        return;
+    }
+    if (wkbFlatten(geometry.getGeometryType()) != wkbPolygon)
+        return;
+    bool is_outer = true;
+    for (OGRLinearRing *ring : *geometry.toPolygon()) {
+        if (ring->isClockwise() == is_outer)
+            ring->reverseWindingOrder();
+        is_outer = false;
+    }
+}
+
 template <class Form>
 std::unique_ptr<OGRGeometry> write_polygon(typename Form::list const *list)
 {
@@ -207,12 +225,15 @@ std::unique_ptr<OGRGeometry> write_polygon(typename Form::list const *list)
             delete ring;
         return nullptr;
     }
-    if (rings.size() == 1)
-        return std::unique_ptr<OGRGeometry>(rings.front());
     // The call takes the rings over, whatever it makes of them.
     int is_valid = FALSE;
-    return std::unique_ptr<OGRGeometry>(OGRGeometryFactory::organizePolygons(
-        rings.data(), static_cast<int>(rings.size()), &is_valid, nullptr));
+    std::unique_ptr<OGRGeometry> result(
+        rings.size() == 1 ? rings.front()
+                          : OGRGeometryFactory::organizePolygons(rings.data(), static_cast<int>(rings.size()),
+                                                                 &is_valid, nullptr));
+    if (result)
+        turn_rings(*result);
+    return result;
 }
 } // namespace
 

@@ -123,6 +123,9 @@ bool vector_set::create_vector(wchar_t const *name, int geom_type, long long,
     std::string const fid = asked([&](vx::string_visitor v) { definition.with_fid_field(v); });
     if (!fid.empty() && !f_set->is_driver("ESRI Shapefile"))
         options.SetNameValue("FID", fid.c_str());
+    // The format's own default would lose every character outside the West of Europe.
+    if (f_set->is_driver("ESRI Shapefile") && !options.FetchNameValue("ENCODING"))
+        options.SetNameValue("ENCODING", "UTF-8");
     OGRSpatialReference *const system =
         make_system(asked([&](vx::string_visitor v) { definition.with_proj4(v); }));
     OGRLayer *const layer = f_set->gdal().CreateLayer(text::wide_to_utf8(parsed.source).c_str(), system,

@@ -1,0 +1,423 @@
+#include "extension/binding/bytes_visitor.h"
+#include "extension/binding/dict.h"
+#include "source.h"
+#include "support/temp_dir.h"
+
+#include <cmath>
+#include <filesystem>
+#include <functional>
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+using namespace vx_test;
+namespace fs = std::filesystem;
+
+namespace {
+constexpr int c_shapefile = 1;
+constexpr int c_geopackage = 2;
+
+std::wstring wide(fs::path const &path)
+{
+    return vx::text::utf8_to_wide(path.string());
+}
+
+struct field
+{
+    std::wstring name;
+    int type;
+    int subtype = 0;
+    int width = 0;
+    int precision = 0;
+};
+
+class definition final : public vx::vector_definition_impl
+{
+public:
+    definition(std::vector<field> fields, std::wstring proj4 = L"")
+        : f_fields(std::move(fields)), f_proj4(proj4)
+    {
+    }
+    int field_count() override { return static_cast<int>(f_fields.size()); }
+    void field_name(int i, vx::string_visitor v) override { v.visit(at(i).name.c_str()); }
+    int field_type(int i) override { return at(i).type; }
+    int field_subtype(int i) override { return at(i).subtype; }
+    int field_width(int i) override { return at(i).width; }
+    int field_precision(int i) override { return at(i).precision; }
+    bool field_nullable(int) override { return true; }
+    void with_proj4(vx::string_visitor v) override { v.visit(f_proj4.c_str()); }
+
+private:
+    field const &at(int i) const { return f_fields.at(static_cast<std::size_t>(i)); }
+    std::vector<field> f_fields;
+    std::wstring f_proj4;
+};
+
+/// Fills a feature through its handle; keeps it when asked to.
+class filler final : public vx::feature_visitor_impl
+{
+public:
+    explicit filler(std::function<void(vx::feature)> fill) : f_fill(std::move(fill)) {}
+    void visit(vx::feature feature) override
+    {
+        f_fill(feature);
+        feature.detach();
+    }
+
+private:
+    std::function<void(vx::feature)> f_fill;
+};
+
+bool add(source const &to, std::function<void(vx::feature)> fill, long long fid = 0)
+{
+    filler f(std::move(fill));
+    return to.table.create_feature(fid, f);
+}
+
+std::vector<std::wstring> column(source const &from, int field)
+{
+    std::vector<std::wstring> texts;
+    from.forward.reset_reading();
+    for (keeper k; from.forward.with_next_feature(k);) {
+        bool not_null = false;
+        k.item.get_string(field, &not_null, {});
+        texts.push_back(not_null ? k.text(field) : L"null");
+    }
+    return texts;
+}
+
+vertex_list rings(std::vector<std::vector<Tvx_vtx_d2>> const &parts)
+{
+    vertex_list list(vx_ov_d2_create());
+    vx_ov_d2_set_size(list.get(), parts.size());
+    for (std::size_t p = 0; p < parts.size(); ++p) {
+        auto *const part = vx_ov_d2_get_pv_ptr(list.get(), p);
+        vx_pv_d2_set_size(part, parts[p].size());
+        for (std::size_t i = 0; i < parts[p].size(); ++i)
+            vx_pv_d2_set_vtx(part, i, &parts[p][i]);
+    }
+    return list;
+}
+
+class gdal_edit : public testing::TestWithParam<int>
+{
+protected:
+    [[nodiscard]] std::wstring path(char const *stem) const
+    {
+        return wide(f_dir / (std::string(stem) + (GetParam() == c_shapefile ? ".shp" : ".gpkg")));
+    }
+    temp_dir f_dir;
+};
+
+TEST_P(gdal_edit, what_is_written_is_read_again)
+{
+    definition fields({{L"name", 1, 0, 40, 0}, {L"n", 3}, {L"big", 4}, {L"x", 2, 0, 20, 6}, {L"day", 1, 2}},
+                      L"+proj=longlat +datum=WGS84 +no_defs");
+    {
+        source const made(path("towns"), GetParam());
+        ASSERT_TRUE(made.is_open()) << vx::text::wide_to_utf8(source::refusal());
+        ASSERT_TRUE(made.table.create_vector(L"towns", 1, 0, fields)) << vx::text::wide_to_utf8(made.error());
+        EXPECT_TRUE(add(made, [](vx::feature f) {
+            Tvx_vtx_d2 place{30.5, 50.25};
+            EXPECT_TRUE(f.set_point(&place));
+            EXPECT_TRUE(f.set_string(0, L"\u041a\u0438\u0457\u0432"));
+            EXPECT_TRUE(f.set_integer(1, -7));
+            EXPECT_TRUE(f.set_bigint(2, 5000000000LL));
+            EXPECT_TRUE(f.set_numeric(3, 0.125));
+            EXPECT_TRUE(f.set_string(4, L"2021-03-04"));
+            EXPECT_FALSE(f.set_string(1, L"seven")) << "no number";
+            EXPECT_FALSE(f.set_bigint(1, 5000000000LL)) << "out of the field's range";
+            EXPECT_FALSE(f.set_integer(9, 1));
+        }));
+        EXPECT_TRUE(add(made, [](vx::feature f) { EXPECT_TRUE(f.set_string(0, L"empty")); }));
+        EXPECT_EQ(made.table.feature_count(true), 2u);
+    }
+    source const again(path("towns"));
+    ASSERT_TRUE(again.is_open());
+    EXPECT_EQ(again.table.geom_type(), 1);
+    EXPECT_EQ(column(again, 0), (std::vector<std::wstring>{L"\u041a\u0438\u0457\u0432", L"empty"}));
+    EXPECT_EQ(column(again, 1), (std::vector<std::wstring>{L"-7", L"null"}));
+    EXPECT_EQ(column(again, 2), (std::vector<std::wstring>{L"5000000000", L"null"}));
+    EXPECT_EQ(column(again, 3), (std::vector<std::wstring>{L"0.125", L"null"}));
+    EXPECT_EQ(column(again, 4), (std::vector<std::wstring>{L"2021-03-04", L"null"}));
+    EXPECT_EQ(again.data.field_subtype(4), 2);
+    again.forward.reset_reading();
+    keeper k;
+    ASSERT_TRUE(again.forward.with_next_feature(k));
+    Tvx_vtx_d2 place;
+    ASSERT_TRUE(k.item.get_point(&place));
+    EXPECT_EQ(place, (Tvx_vtx_d2{30.5, 50.25}));
+    ASSERT_TRUE(again.forward.with_next_feature(k));
+    EXPECT_EQ(k.item.geom_type(), 0);
+    EXPECT_FALSE(k.item.get_point(&place));
+    EXPECT_NE(text_of([&](vx::string_visitor v) { again.data.with_proj4(v); }).find(L"+proj=longlat"),
+              std::wstring::npos);
+}
+
+TEST_P(gdal_edit, polygons_sort_their_rings)
+{
+    // An island in a lake in a country, given in no order and all in one direction.
+    auto const square = [](double low, double high) {
+        return std::vector<Tvx_vtx_d2>{{low, low}, {high, low}, {high, high}, {low, high}};
+    };
+    auto const list = rings({square(2, 8), square(0, 10), square(4, 6), square(20, 21)});
+    {
+        source const made(path("lands"), GetParam());
+        definition const none({{L"a", 3}});
+        ASSERT_TRUE(made.table.create_vector(L"lands", 5, 0, definition({{L"a", 3}})));
+        EXPECT_TRUE(add(made, [&](vx::feature f) {
+            EXPECT_TRUE(f.set_polygon(list.get()));
+            EXPECT_FALSE(f.set_polygon(rings({{{0, 0}, {1, 1}}}).get())) << "two points make no ring";
+            EXPECT_FALSE(f.set_polygon(rings({}).get()));
+        }));
+    }
+    source const again(path("lands"));
+    keeper k;
+    ASSERT_TRUE(again.forward.with_next_feature(k));
+    EXPECT_EQ(k.item.geom_type(), 5);
+    vertex_list const found(vx_ov_d2_create());
+    ASSERT_TRUE(k.item.get_polypoint(found.get()));
+    ASSERT_EQ(vx_ov_d2_get_size(found.get()), 4u);
+    double area =
+        0; // outer rings and holes turn in opposite directions, so that their areas take off each other
+    for (std::size_t p = 0; p < 4; ++p) {
+        auto const *const part = vx_ov_d2_get_pv_ptr(found.get(), p);
+        auto const *const v = vx_pv_d2_get_data(part);
+        EXPECT_EQ(vx_pv_d2_get_size(part), 5u);
+        for (std::size_t i = 0; i + 1 < vx_pv_d2_get_size(part); ++i)
+            area += (v[i].x * v[i + 1].y - v[i + 1].x * v[i].y) / 2;
+    }
+    EXPECT_NEAR(std::fabs(area), 100 - 36 + 4 + 1, 1e-9);
+}
+
+TEST_P(gdal_edit, changes_are_stored_when_the_feature_ends_or_the_source_is_asked)
+{
+    {
+        source const made(path("t"), GetParam());
+        ASSERT_TRUE(made.table.create_vector(L"t", 1, 0, definition({{L"a", 3}})));
+        for (int i = 0; i < 3; ++i)
+            ASSERT_TRUE(add(made, [&](vx::feature f) { EXPECT_TRUE(f.set_integer(0, i)); }));
+    }
+    {
+        source const s(path("t"), false);
+        ASSERT_TRUE(s.is_open());
+        EXPECT_TRUE(s.data.has_capability(2) && s.data.has_capability(3));
+        keeper k;
+        ASSERT_TRUE(s.forward.with_next_feature(k));
+        double value = 0;
+        EXPECT_TRUE(s.stat.maximum(0, &value));
+        EXPECT_EQ(value, 2);
+        EXPECT_TRUE(k.item.set_integer(0, 10));
+        EXPECT_EQ(column(s, 0), (std::vector<std::wstring>{L"10", L"1", L"2"})) << "reading sees the change";
+        EXPECT_TRUE(s.stat.maximum(0, &value));
+        EXPECT_EQ(value, 10) << "and so does counting";
+        long long const first = k.item.fid();
+        keeper other;
+        ASSERT_TRUE(s.random.with_feature(first + 1, other));
+        EXPECT_TRUE(other.item.set_undef(0));
+        other.end();
+        EXPECT_TRUE(s.table.delete_feature(first + 2));
+        EXPECT_FALSE(s.table.delete_feature(first + 99));
+        EXPECT_TRUE(s.table.flush_changes());
+    }
+    source const again(path("t"));
+    EXPECT_EQ(column(again, 0), (std::vector<std::wstring>{L"10", L"null"}));
+}
+
+TEST_P(gdal_edit, fields_come_go_and_move)
+{
+    {
+        source const made(path("t"), GetParam());
+        ASSERT_TRUE(
+            made.table.create_vector(L"t", 1, 0, definition({{L"a", 3}, {L"b", 1, 0, 10}, {L"c", 2}})));
+        ASSERT_TRUE(add(made, [](vx::feature f) {
+            EXPECT_TRUE(f.set_integer(0, 1) && f.set_string(1, L"two") && f.set_numeric(2, 3));
+        }));
+    }
+    {
+        source const s(path("t"), false);
+        ASSERT_TRUE(s.table.create_field(definition({{L"d", 4}})));
+        EXPECT_FALSE(s.table.create_field(definition({})));
+        int const twice[] = {0, 0, 1, 2};
+        EXPECT_FALSE(s.table.reorder_fields(const_cast<int *>(twice)));
+        EXPECT_NE(s.error(), L"");
+        int order[] = {3, 2, 1, 0};
+        ASSERT_TRUE(s.table.reorder_fields(order)) << vx::text::wide_to_utf8(s.error());
+        ASSERT_TRUE(s.table.alter_field(2, definition({{L"renamed", 1, 0, 20}})));
+        ASSERT_TRUE(s.table.delete_field(s.field(L"c")));
+        EXPECT_FALSE(s.table.delete_field(17));
+    }
+    source const again(path("t"));
+    std::vector<std::wstring> names;
+    for (int i = 0; i < again.data.field_count(); ++i)
+        names.push_back(text_of([&](vx::string_visitor v) { again.data.field_name(i, v); }));
+    EXPECT_EQ(names, (std::vector<std::wstring>{L"d", L"renamed", L"a"}));
+    EXPECT_EQ(column(again, 1), std::vector<std::wstring>{L"two"});
+    EXPECT_EQ(column(again, 2), std::vector<std::wstring>{L"1"});
+}
+
+TEST_P(gdal_edit, a_kept_new_feature_goes_on_as_a_stored_one)
+{
+    source const made(path("t"), GetParam());
+    ASSERT_TRUE(made.table.create_vector(L"t", 1, 0, definition({{L"a", 3}})));
+    keeper k;
+    ASSERT_TRUE(made.table.create_feature(0, k));
+    EXPECT_TRUE(k.item.set_integer(0, 5));
+    EXPECT_EQ(column(made, 0), std::vector<std::wstring>{L"5"});
+    EXPECT_EQ(made.table.feature_count(true), 1u);
+}
+
+INSTANTIATE_TEST_SUITE_P(formats, gdal_edit, testing::Values(c_shapefile, c_geopackage),
+                         [](auto const &info) {
+                             return info.param == c_shapefile ? "shapefile" : "geopackage";
+                         });
+
+TEST(gdal_transaction, rolls_back_and_commits)
+{
+    temp_dir const dir;
+    std::wstring const path = wide(dir / "t.gpkg");
+    {
+        source const s(path, c_geopackage);
+        ASSERT_TRUE(s.table.create_vector(L"t", 1, 0, definition({{L"a", 3}})));
+        ASSERT_TRUE(s.data.has_capability(8));
+        ASSERT_TRUE(s.table.transaction_start());
+        EXPECT_FALSE(s.table.transaction_start()) << "one at a time";
+        ASSERT_TRUE(add(s, [](vx::feature f) { EXPECT_TRUE(f.set_integer(0, 1)); }));
+        ASSERT_TRUE(s.table.transaction_rollback());
+        EXPECT_EQ(s.table.feature_count(true), 0u);
+        ASSERT_TRUE(s.table.transaction_start());
+        ASSERT_TRUE(add(s, [](vx::feature f) { EXPECT_TRUE(f.set_integer(0, 2)); }));
+        keeper k;
+        ASSERT_TRUE(s.forward.with_next_feature(k));
+        EXPECT_TRUE(k.item.set_integer(0, 3));
+        ASSERT_TRUE(s.table.transaction_commit()) << "with what is still outside";
+        ASSERT_TRUE(s.table.transaction_start());
+        EXPECT_TRUE(k.item.set_integer(0, 4));
+        ASSERT_TRUE(s.table.transaction_rollback());
+    }
+    source const again(path);
+    EXPECT_EQ(column(again, 0), std::vector<std::wstring>{L"3"});
+}
+
+TEST(gdal_edit_refusals, a_data_set_in_the_way_stays)
+{
+    temp_dir const dir;
+    write_file(dir / "t.gpkg", "mine");
+    EXPECT_FALSE(source(wide(dir / "t.gpkg"), c_geopackage).is_open());
+    EXPECT_EQ(read_file(dir / "t.gpkg"), "mine");
+    EXPECT_FALSE(source(wide(dir / "u.gpkg"), 12345).is_open());
+    EXPECT_FALSE(source(wide(dir / "no" / "folder.gpkg"), c_geopackage).is_open());
+    EXPECT_NE(source::refusal(), L"");
+
+    fs::copy(VX_EXAMPLE_DATA "/nc.shp", dir / "nc.shp");
+    fs::copy(VX_EXAMPLE_DATA "/nc.shx", dir / "nc.shx");
+    fs::copy(VX_EXAMPLE_DATA "/nc.dbf", dir / "nc.dbf");
+    source const s(wide(dir / "nc.shp"));
+    EXPECT_FALSE(add(s, [](vx::feature) {}));
+    EXPECT_NE(s.error(), L"");
+    EXPECT_FALSE(s.table.delete_feature(0) || s.table.delete_field(0) ||
+                 s.table.create_field(definition({{L"x", 3}})));
+    EXPECT_FALSE(s.table.transaction_start());
+    EXPECT_EQ(read_file(dir / "nc.dbf"), read_file(VX_EXAMPLE_DATA "/nc.dbf"));
+}
+
+TEST(gdal_dict, the_codes_of_a_field)
+{
+    temp_dir const dir;
+    std::wstring const path = wide(dir / "t.gpkg");
+    {
+        source const s(path, c_geopackage);
+        ASSERT_TRUE(s.table.create_vector(L"t", 1, 0, definition({{L"use", 3}, {L"b", 3}})));
+    }
+    sqlite3 *base = nullptr;
+    ASSERT_EQ(sqlite3_open((dir / "t.gpkg").c_str(), &base), SQLITE_OK);
+    char const *const sql = R"(
+        CREATE TABLE gpkg_data_columns (table_name TEXT NOT NULL, column_name TEXT NOT NULL, name TEXT, title TEXT,
+            description TEXT, mime_type TEXT, constraint_name TEXT, PRIMARY KEY (table_name, column_name));
+        CREATE TABLE gpkg_data_column_constraints (constraint_name TEXT NOT NULL, constraint_type TEXT NOT NULL,
+            value TEXT, min NUMERIC, min_is_inclusive BOOLEAN, max NUMERIC, max_is_inclusive BOOLEAN, description TEXT);
+        CREATE TABLE IF NOT EXISTS gpkg_extensions (table_name TEXT, column_name TEXT, extension_name TEXT NOT NULL,
+            definition TEXT NOT NULL, scope TEXT NOT NULL);
+        INSERT INTO gpkg_extensions VALUES ('gpkg_data_columns', NULL, 'gpkg_schema', 'x', 'read-write');
+        INSERT INTO gpkg_extensions VALUES ('gpkg_data_column_constraints', NULL, 'gpkg_schema', 'x', 'read-write');
+        INSERT INTO gpkg_data_columns VALUES ('t', 'use', 'Land use', NULL, NULL, NULL, 'uses');
+        INSERT INTO gpkg_data_column_constraints VALUES ('uses', 'enum', '1', NULL, NULL, NULL, NULL, 'forest');
+        INSERT INTO gpkg_data_column_constraints VALUES ('uses', 'enum', '2', NULL, NULL, NULL, NULL, 'field');
+    )";
+    char *message = nullptr;
+    ASSERT_EQ(sqlite3_exec(base, sql, nullptr, nullptr, &message), SQLITE_OK) << message;
+    sqlite3_close(base);
+
+    class dict_keeper final : public vx::dict_visitor_impl
+    {
+    public:
+        ~dict_keeper() { dict.detach(); }
+        void visit(vx::dict values) override { dict = values; }
+        vx::dict dict;
+    };
+    class item_list final : public vx::dict_item_visitor_impl
+    {
+    public:
+        std::vector<std::pair<std::wstring, std::wstring>> items;
+        void visit(wchar_t const *key, wchar_t const *value) override { items.emplace_back(key, value); }
+    };
+    dict_keeper codes;
+    {
+        source const s(path);
+        ASSERT_TRUE(s.is_open());
+        ASSERT_TRUE(s.data.field_dict(0, codes));
+        dict_keeper none;
+        EXPECT_FALSE(s.data.field_dict(1, none));
+        EXPECT_FALSE(s.data.field_dict(5, none));
+    }
+    item_list list;
+    codes.dict.with_items(list);
+    EXPECT_EQ(list.items,
+              (std::vector<std::pair<std::wstring, std::wstring>>{{L"1", L"forest"}, {L"2", L"field"}}));
+    EXPECT_EQ(texts_of([&](vx::string_visitor v) { codes.dict.with_keys(v); }),
+              (std::vector<std::wstring>{L"1", L"2"}));
+    EXPECT_EQ(text_of([&](vx::string_visitor v) { EXPECT_TRUE(codes.dict.get_value(L"2", v)); }), L"field");
+    EXPECT_FALSE(codes.dict.get_value(L"3", {}));
+}
+
+/// A receiver of bytes made by hand, from the table alone, as a module built otherwise would make it.
+struct byte_receiver
+{
+    std::string bytes;
+
+    static void visit(void const *, void *self, unsigned long long count, char const *data)
+    {
+        static_cast<byte_receiver *>(self)->bytes.assign(data, count);
+    }
+    static t_vx_interface *generalize(t_vx_interface *result, void const *, void *)
+    {
+        *result = {};
+        return result;
+    }
+    static constexpr vx_bytes_visitor_interface_table c_table{&generalize, &visit};
+    operator vx::bytes_visitor() { return t_vx_bytes_visitor_interface{&c_table, this}; }
+};
+
+TEST(gdal_binary, bytes_go_through_unchanged)
+{
+    temp_dir const dir;
+    source const s(wide(dir / "t.gpkg"), c_geopackage);
+    ASSERT_TRUE(s.table.create_vector(L"t", 0, 0, definition({{L"raw", 0, 5}, {L"text", 1}})));
+    std::string raw("\0\x01\xff\0z", 5);
+    ASSERT_TRUE(add(s, [&](vx::feature f) {
+        EXPECT_TRUE(f.set_binary(0, 5, raw.data()));
+        EXPECT_FALSE(f.set_binary(0, -1, raw.data()));
+        EXPECT_TRUE(f.set_string(1, L"\u00e9"));
+    }));
+    EXPECT_EQ(s.data.field_type(0), 0);
+    EXPECT_EQ(s.data.field_subtype(0), 5);
+    keeper k;
+    ASSERT_TRUE(s.forward.with_next_feature(k));
+    byte_receiver receiver;
+    bool not_null = false;
+    k.item.get_binary(0, &not_null, receiver);
+    EXPECT_TRUE(not_null);
+    EXPECT_EQ(receiver.bytes, raw);
+    k.item.get_binary(1, &not_null, receiver);
+    EXPECT_EQ(receiver.bytes, "\xc3\xa9");
+}
+} // namespace
