@@ -1,0 +1,283 @@
+#include "support/memory_source.h"
+
+#include "platform/base/owned.h"
+#include "platform/layers/layer_keys.h"
+#include "platform/layers/vx_lr2d.h"
+#include "platform/layers/vx_shp_lr2d.h"
+#include "platform/render/vx_bmp_dc.h"
+#include "platform/render/vx_map_view.h"
+#include "platform/render/vx_render_layer.h"
+#include "platform/styles/vxk_styles.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <set>
+#include <string>
+
+namespace
+{
+using namespace vx_test;
+using owned_layer = vx::owned<Ivx_layer, &vx_lr2d_destroy>;
+
+constexpr Tvx_color c_white = vx_clr_init_rgb(255, 255, 255);
+constexpr Tvx_color c_red = vx_clr_init_rgb(255, 0, 0);
+constexpr Tvx_color c_green = vx_clr_init_rgb(0, 128, 0);
+constexpr Tvx_color c_blue = vx_clr_init_rgb(0, 0, 255);
+constexpr Tvx_color c_grey = vx_clr_init_grey(90);
+constexpr Tvx_color c_black = vx_clr_init_grey(0);
+
+/// Ten squares of 10 units in a row, square i from 10 i to 10 i + 10, with a name, a number and a mark of nothing.
+struct squares
+{
+    memory_table table;
+    memory_driver driver{L"squares:", table};
+    owned_layer layer;
+    vx::owned<void, &vx_bmp_dc_destroy> dc{vx_bmp_dc_create()};
+
+    squares()
+    {
+        table.geom_type = 5;
+        table.fields = {{L"NAME", 1}, {L"VALUE", 2}};
+        for (int i = 0; i < 10; ++i) {
+            double const x = 10.0 * i;
+            memory_feature f;
+            f.geom_type = 5;
+            f.parts = {{{x, 0}, {x, 10}, {x + 10, 10}, {x + 10, 0}, {x, 0}}};
+            f.cells = {cell(std::wstring(1, static_cast<wchar_t>(L'a' + i))), cell(static_cast<double>(i))};
+            table.features.push_back(f);
+        }
+        table.features[9].cells = {cell(), cell()};
+        layer.reset(vx_shp_lr2d_create(c_lr_key_shp_pgn, L"squares:"));
+        void* simple = vx_stl_mngr_get_simple_sp_ptr(mngr());
+        plain(simple, c_grey);
+    }
+    [[nodiscard]] void* mngr() const { return vx_shp_pgn_lr2d_get_stl_mngr_ptr(layer.get()); }
+
+    /// A fill of the colour without an outline.
+    static void plain(void* stl_prm, Tvx_color color)
+    {
+        for (bool const sel : {false, true})
+            vx_pgn_style_set_pln_visible(vx_stl_prm_get_pgn_style_ptr(stl_prm, sel), false);
+        vx_stl_prm_set_color(stl_prm, false, color);
+        vx_stl_prm_set_color(stl_prm, true, c_black);
+    }
+    static Tvx_map_view view()
+    {
+        Tvx_map_view v;
+        v.world.add(0, 0);
+        v.world.add(100, 10);
+        v.width = 200;
+        v.height = 20;
+        return v;
+    }
+    void start()
+    {
+        vx_bmp_dc_set_nxy(dc.get(), 200, 20);
+        vx_bmp_dc_clear(dc.get(), c_white);
+    }
+    /// Colour in the middle of square i after drawing.
+    [[nodiscard]] Tvx_color at(int i) const { return vx_bmp_dc_get_pixel(dc.get(), 20 * i + 10, 10); }
+    void expect(std::initializer_list<Tvx_color> colors)
+    {
+        start();
+        ASSERT_TRUE(vx_render_layer(layer.get(), view(), dc.get()));
+        int i = 0;
+        for (Tvx_color const c : colors) {
+            EXPECT_EQ(at(i), c) << "square " << i;
+            ++i;
+        }
+    }
+};
+
+TEST(render_layer, simple_style_covers_the_shapes_to_the_pixel)
+{
+    squares s;
+    s.table.features[4].parts = {{{40, 0}, {40, 5}, {50, 5}, {50, 0}, {40, 0}}};
+    s.expect({c_grey, c_grey, c_grey, c_grey, c_grey, c_grey, c_grey, c_grey, c_grey, c_grey});
+    for (int y = 0; y < 20; ++y)
+        EXPECT_EQ(vx_bmp_dc_get_pixel(s.dc.get(), 90, y), y < 10 ? c_white : c_grey) << "north is up, row " << y;
+    vx_lr2d_set_visible(s.layer.get(), false);
+    s.start();
+    EXPECT_TRUE(vx_render_layer(s.layer.get(), squares::view(), s.dc.get()));
+    EXPECT_EQ(s.at(0), c_white);
+}
+
+TEST(render_layer, value_scale_with_other_row_and_hidden_entries)
+{
+    squares s;
+    void* scale = vx_stl_mngr_get_val_scale_ptr(s.mngr());
+    vx_stl_mngr_set_mode(s.mngr(), c_stl_mngr_mode_value);
+    vx_val_scale_set_size(scale, 3);
+    wchar_t const* const texts[] = {L"b", L"c", L"a"};
+    Tvx_color const colors[] = {c_red, c_green, c_blue};
+    for (unsigned i = 0; i < 3; ++i) {
+        vx_val_scale_set_text_w(scale, i, texts[i]);
+        squares::plain(vx_scale_prm_get_stl_prm_ptr(vx_val_scale_get_scale_prm_ptr(scale, i)), colors[i]);
+    }
+    squares::plain(vx_scale_prm_get_stl_prm_ptr(vx_val_scale_get_other_prm_ptr(scale)), c_grey);
+    s.expect({c_grey, c_grey, c_grey, c_grey}); // no property yet
+    vx_stl_mngr_set_val_prop_name_w(s.mngr(), L"NAME");
+    s.expect({c_blue, c_red, c_green, c_grey, c_grey, c_grey, c_grey, c_grey, c_grey, c_grey});
+    vx_scale_prm_set_visible(vx_val_scale_get_scale_prm_ptr(scale, 0), false);
+    vx_scale_prm_set_visible(vx_val_scale_get_other_prm_ptr(scale), false);
+    s.expect({c_blue, c_white, c_green, c_white, c_white, c_white, c_white, c_white, c_white, c_white});
+    // Numbers are matched as text.
+    vx_stl_mngr_set_val_prop_name_w(s.mngr(), L"VALUE");
+    vx_val_scale_set_text_w(scale, 1, L"7");
+    s.expect({c_white, c_white, c_white, c_white, c_white, c_white, c_white, c_green, c_white, c_white});
+}
+
+TEST(render_layer, range_scale_with_min_max_and_other_rows)
+{
+    squares s;
+    void* scale = vx_stl_mngr_get_rng_scale_ptr(s.mngr());
+    vx_stl_mngr_set_mode(s.mngr(), c_stl_mngr_mode_range);
+    vx_stl_mngr_set_rng_prop_name_w(s.mngr(), L"VALUE");
+    vx_rng_scale_set_size(scale, 2);
+    vx_rng_scale_set_min_value(scale, 1);
+    vx_rng_scale_set_max_value(scale, 7);
+    double const bounds[] = {1, 4, 7};
+    for (unsigned i = 0; i < 2; ++i) {
+        vx_rng_scale_set_min(scale, i, bounds[i]);
+        vx_rng_scale_set_max(scale, i, bounds[i + 1]);
+    }
+    void* const prms[] = {vx_rng_scale_get_min_prm_ptr(scale), vx_rng_scale_get_scale_prm_ptr(scale, 0),
+                          vx_rng_scale_get_scale_prm_ptr(scale, 1), vx_rng_scale_get_max_prm_ptr(scale),
+                          vx_rng_scale_get_other_prm_ptr(scale)};
+    Tvx_color const colors[] = {c_blue, c_red, c_green, c_black, c_grey};
+    for (int i = 0; i < 5; ++i)
+        squares::plain(vx_scale_prm_get_stl_prm_ptr(prms[i]), colors[i]);
+    s.expect({c_blue, c_blue, c_red, c_red, c_red, c_green, c_green, c_green, c_black, c_grey});
+    vx_scale_prm_set_visible(prms[4], false);
+    vx_scale_prm_set_visible(prms[0], false);
+    s.expect({c_white, c_white, c_red, c_red, c_red, c_green, c_green, c_green, c_black, c_white});
+}
+
+TEST(render_layer, each_manager_of_the_list_draws_in_turn)
+{
+    squares s;
+    void* list = vx_shp_lr2d_get_style_mngr_list_ptr(s.layer.get());
+    void* second = vx_stl_mngr_list_add(list);
+    vx_stl_mngr_set_mode(second, c_stl_mngr_mode_value);
+    vx_stl_mngr_set_val_prop_name_w(second, L"NAME");
+    void* scale = vx_stl_mngr_get_val_scale_ptr(second);
+    vx_scale_prm_set_visible(vx_val_scale_get_other_prm_ptr(scale), false);
+    vx_val_scale_set_text_w(scale, vx_val_scale_add(scale) - 1, L"b");
+    squares::plain(vx_scale_prm_get_stl_prm_ptr(vx_val_scale_get_scale_prm_ptr(scale, 0)), c_red);
+    s.expect({c_grey, c_red, c_grey});
+}
+
+struct chosen
+{
+    std::set<unsigned long long> ids;
+    int asked = 0;
+    bool has(unsigned long long id) { return ids.contains(id); }
+    bool stop()
+    {
+        ++asked;
+        return true;
+    }
+};
+
+TEST(render_layer, selection_and_cancelling)
+{
+    squares s;
+    chosen c{{2, 5}};
+    s.start();
+    EXPECT_TRUE(vx_render_layer_selection(s.layer.get(), squares::view(), s.dc.get(), make_closure<&chosen::has>(&c)));
+    EXPECT_EQ(s.at(2), c_black);
+    EXPECT_EQ(s.at(5), c_black);
+    EXPECT_EQ(s.at(3), c_white);
+    EXPECT_TRUE(vx_render_layer_selection(s.layer.get(), squares::view(), s.dc.get(), {}));
+    for (int i = 0; i < 5000; ++i)
+        s.table.features.push_back(s.table.features[0]);
+    owned_layer const big(vx_shp_lr2d_create(c_lr_key_shp_pgn, L"squares:"));
+    EXPECT_FALSE(vx_render_layer(big.get(), squares::view(), s.dc.get(), make_closure<&chosen::stop>(&c)));
+    EXPECT_EQ(c.asked, 1);
+}
+
+TEST(render_layer, what_cannot_be_drawn_says_so)
+{
+    squares s;
+    s.start();
+    EXPECT_FALSE(vx_render_layer(nullptr, squares::view(), s.dc.get()));
+    EXPECT_FALSE(vx_render_layer(s.layer.get(), squares::view(), nullptr));
+    EXPECT_FALSE(vx_render_layer(s.layer.get(), {}, s.dc.get()));
+    owned_layer const lost(vx_shp_lr2d_create(c_lr_key_shp_pgn, L"/no/such/file.shp"));
+    EXPECT_FALSE(vx_render_layer(lost.get(), squares::view(), s.dc.get()));
+    owned_layer const raster(vx_lr2d_create(c_lr_key_rtr));
+    EXPECT_TRUE(vx_render_layer(raster.get(), squares::view(), s.dc.get()));
+    EXPECT_EQ(s.at(0), c_white);
+}
+
+TEST(render_layer, symbols_turn_with_a_property)
+{
+    memory_table table;
+    memory_driver driver(L"points:", table);
+    table.geom_type = 1;
+    table.fields = {{L"AZIMUTH", 2}};
+    for (int i = 0; i < 4; ++i)
+        table.features.push_back({{cell(90.0 * i)}, 1, {{{10.0 + 20 * i, 10}}}});
+    owned_layer const layer(vx_shp_lr2d_create(c_lr_key_shp_pnt, L"points:"));
+    void* mngr = vx_shp_pnt_lr2d_get_stl_mngr_ptr(layer.get());
+    void* pnt = vx_stl_prm_get_pnt_style_ptr(vx_stl_mngr_get_simple_sp_ptr(mngr), false);
+    void* bpnt = vx_pnt_style_get_bpnt_style_ptr(pnt);
+    vx_bpnt_style_set_figure(bpnt, 19); // an arrow up
+    vx_bpnt_style_set_size(bpnt, 8);
+    vx_stl_mngr_set_rotate_flag(mngr, true);
+    vx_stl_mngr_set_rotate_prop_name(mngr, "AZIMUTH");
+    vx_stl_mngr_set_rotate_start(mngr, 1); // north
+    vx_stl_mngr_set_rotate_dir(mngr, 1);   // clockwise
+    Tvx_map_view view;
+    view.world.add(0, 0);
+    view.world.add(80, 20);
+    view.width = 160;
+    view.height = 40;
+    view.mm2px_x = view.mm2px_y = 4;
+    vx::owned<void, &vx_bmp_dc_destroy> const dc(vx_bmp_dc_create());
+    vx_bmp_dc_set_nxy(dc.get(), 160, 40);
+    vx_bmp_dc_clear(dc.get(), c_white);
+    ASSERT_TRUE(vx_render_layer(layer.get(), view, dc.get()));
+    // The head is broad 10 pixels from the anchor on the side to which the arrow points, the shaft is not.
+    auto const broad = [&](int i, int dx, int dy) {
+        return vx_bmp_dc_get_pixel(dc.get(), 20 + 40 * i + dx, 20 + dy) != c_white;
+    };
+    EXPECT_TRUE(broad(0, -6, -4) && broad(0, 6, -4) && !broad(0, -6, 6)) << "0 is north";
+    EXPECT_TRUE(broad(1, 4, -6) && broad(1, 4, 6) && !broad(1, -6, 6)) << "90 is east";
+    EXPECT_TRUE(broad(2, -6, 4) && broad(2, 6, 4) && !broad(2, -6, -6)) << "180 is south";
+    EXPECT_TRUE(broad(3, -4, -6) && broad(3, -4, 6) && !broad(3, 6, 6)) << "270 is west";
+}
+
+TEST(map_view, fits_boxes_of_every_shape)
+{
+    double const inf = std::numeric_limits<double>::infinity();
+    struct
+    {
+        double x0, y0, x1, y1;
+    } const boxes[] = {{0, 0, 100, 10}, {0, 0, 10, 100}, {5, 5, 5, 5},           {1e9, 1e9, 1e9, 1e9},
+                       {5, 0, 5, 10},   {-inf, 0, inf, 1}, {1e-15, 0, 2e-15, 0}, {0, 0, 0, 0}};
+    for (auto const& b : boxes) {
+        Tvx_box_d2 box;
+        box.add(b.x0, b.y0);
+        box.add(b.x1, b.y1);
+        Tvx_map_view const v = vx_map_view_fit(box, 400, 300, 10);
+        ASSERT_TRUE(v.is_valid());
+        EXPECT_NEAR(v.world.width() / v.world.height(), 4.0 / 3, 1e-5);
+        if (std::isinf(b.x0))
+            continue;
+        for (double const x : {b.x0, b.x1}) {
+            EXPECT_GE(v.world_to_px_x(x), 9.9);
+            EXPECT_LE(v.world_to_px_x(x), 390.1);
+            EXPECT_NEAR(v.px_to_world_x(v.world_to_px_x(x)), x, v.world.width() / 400 / 10);
+        }
+        for (double const y : {b.y0, b.y1}) {
+            EXPECT_GE(v.world_to_px_y(y), 9.9);
+            EXPECT_LE(v.world_to_px_y(y), 290.1);
+        }
+    }
+    EXPECT_TRUE(vx_map_view_fit({}, 10, 10).is_valid());
+    EXPECT_FALSE(vx_map_view_fit({}, 0, 10).is_valid());
+}
+} // namespace
