@@ -2,6 +2,7 @@
 
 #include "platform/toolkit/form.h"
 #include "platform/toolkit/qt_bridge.h"
+#include "platform/winapi/main_thread.h"
 
 #include <QtCore/QAbstractEventDispatcher>
 #include <QtCore/QEventLoop>
@@ -10,6 +11,12 @@
 TApplication::TApplication() : TComponent(nullptr)
 {
     vx_qt_ensure_application();
+    vx_set_main_thread();
+    vx_set_main_thread_wake([] {
+        if (qApp)
+            QMetaObject::invokeMethod(
+                qApp, [] { vx_main_thread_pump(); }, Qt::QueuedConnection);
+    });
     QObject::connect(qApp, &QGuiApplication::applicationStateChanged, qApp,
                      [this](Qt::ApplicationState state) {
                          vx_event_scope const scope;

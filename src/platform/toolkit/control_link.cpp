@@ -4,6 +4,7 @@
 #include "platform/toolkit/qt_bridge.h"
 #include "platform/toolkit/screen.h"
 #include "platform/toolkit/win_control.h"
+#include "platform/winapi/key_state.h"
 
 #include <QtGui/QContextMenuEvent>
 #include <QtGui/QInputMethodEvent>
@@ -79,9 +80,6 @@ bool pass_on(QPointer<QWidget> const &target, QEvent &event)
     return event.isAccepted();
 }
 } // namespace
-
-// platform/winapi/key_state.h, whose key codes have another type than the toolkit's.
-VX_API void vx_set_key_state_source(bool (*source)(int virtual_key));
 
 static bool key_is_down(int key)
 {
@@ -207,7 +205,7 @@ bool vx_control_link::filter_own(QEvent *event)
         if (control->ControlStyle.Contains(csOwnPaint)) {
             QPainter painter(widget);
             // So that a control can tell what need not be drawn.
-            painter.setClipRegion(static_cast<QPaintEvent*>(event)->region());
+            painter.setClipRegion(static_cast<QPaintEvent *>(event)->region());
             control->PaintWidget(vx_native(&painter));
             return true;
         }

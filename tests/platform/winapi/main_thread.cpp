@@ -7,6 +7,9 @@
 #include <thread>
 
 namespace {
+constexpr int VK_SHIFT = 0x10;
+constexpr int VK_CONTROL = 0x11;
+
 std::string calls;
 
 template <char Name>
