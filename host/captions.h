@@ -101,6 +101,7 @@ enum Tvx_host_caption : int
     c_cap_status_applied,
     c_cap_status_saved,
     c_cap_status_opened,
+    c_cap_status_other_unit,
 
     c_cap_shortcuts_text = 530,
     c_cap_ok,

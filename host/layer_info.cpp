@@ -54,18 +54,18 @@ QColor color_of(Tvx_color c)
 
 void draw_simple(QPainter &painter, Tvx_layer_colors const &colors)
 {
-    QRectF const box(3, 2, c_symbol_width - 6, c_symbol_height - 4);
+    QRectF const box(3.5, 3, c_symbol_width - 7, c_symbol_height - 6);
     if (colors.point.a) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(color_of(colors.point));
-        painter.drawEllipse(box.center(), 4, 4);
+        painter.drawEllipse(box.center(), 3.5, 3.5);
     } else if (colors.fill.a || !colors.line.a) {
         painter.setPen(colors.line.a ? QPen(color_of(colors.line), 1.5) : QPen(Qt::NoPen));
         painter.setBrush(colors.fill.a ? QBrush(color_of(colors.fill)) : QBrush(Qt::NoBrush));
         painter.drawRect(box);
     } else {
         painter.setPen(QPen(color_of(colors.line), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-        painter.drawPolyline(QPolygonF{{2, 12}, {9, 5}, {14, 10}, {22, 3}});
+        painter.drawPolyline(QPolygonF{{3.5, 11}, {9, 5.5}, {14, 9.5}, {20.5, 4}});
     }
 }
 
@@ -134,6 +134,10 @@ QIcon vx_layer_symbol(Ivx_layer *layer)
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
     painter.setRenderHint(QPainter::Antialiasing);
+    // On white as on the map, also in a dark list or a selected line.
+    painter.setPen(QPen(QColor(0xb8, 0xbe, 0xc6), 1));
+    painter.setBrush(Qt::white);
+    painter.drawRoundedRect(QRectF(0.5, 0.5, c_symbol_width - 1, c_symbol_height - 1), 2, 2);
     if (!vx_lr2d_is_shp(layer))
         draw_cells(painter);
     else if (!vx_layer_is_drawn_simple(layer))

@@ -100,7 +100,7 @@ Tvx_box_d2 Tvx_layer_list::extent_at(int row) const
     return has_row(row) ? f_items[std::size_t(row)].extent : Tvx_box_d2{};
 }
 
-Tvx_box_d2 Tvx_layer_list::extent() const
+Tvx_box_d2 Tvx_layer_list::extent_of_all() const
 {
     Tvx_box_d2 box;
     for (item const &i : f_items)
@@ -108,12 +108,32 @@ Tvx_box_d2 Tvx_layer_list::extent() const
     return box;
 }
 
+Tvx_box_d2 Tvx_layer_list::extent() const
+{
+    Tvx_box_d2 box;
+    for (int row = 0; row < count(); ++row)
+        if (vx_layer_is_drawn(layer_at(row)) && !is_of_other_unit(row))
+            box.add(extent_at(row));
+    return box.is_empty() ? extent_of_all() : box;
+}
+
 Tvx_map_unit Tvx_layer_list::map_unit() const
 {
     for (auto i = f_items.rbegin(); i != f_items.rend(); ++i)
+        if (i->unit && vx_layer_is_drawn(i->layer.get()))
+            return *i->unit;
+    for (auto i = f_items.rbegin(); i != f_items.rend(); ++i)
         if (i->unit)
             return *i->unit;
-    return vx_map_unit_guess(extent());
+    return vx_map_unit_guess(extent_of_all());
+}
+
+bool Tvx_layer_list::is_of_other_unit(int row) const
+{
+    if (!has_row(row))
+        return false;
+    std::optional<Tvx_map_unit> const &unit = f_items[std::size_t(row)].unit;
+    return unit && *unit != map_unit();
 }
 
 int Tvx_layer_list::rowCount(QModelIndex const &parent) const

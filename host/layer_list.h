@@ -53,10 +53,13 @@ public:
     [[nodiscard]] int revision_at(int row) const;
     /// Empty for a layer without features and for one that has no place.
     [[nodiscard]] Tvx_box_d2 extent_at(int row) const;
-    /// Extent of all layers.
+    /// Extent of the map: of the drawn layers whose coordinates are in the map's unit or whose unit is not
+    /// known; of all layers where there is none of these.
     [[nodiscard]] Tvx_box_d2 extent() const;
-    /// Unit of the map: that of the lowest layer that tells, else a guess from the extent.
+    /// Unit of the map: that of the lowest drawn layer that tells, else of any, else a guess from the extent.
     [[nodiscard]] Tvx_map_unit map_unit() const;
+    /// The layer's coordinates are known to be in another unit than the map's, so it does not fit in.
+    [[nodiscard]] bool is_of_other_unit(int row) const;
 
     [[nodiscard]] int rowCount(QModelIndex const &parent = {}) const override;
     [[nodiscard]] QVariant data(QModelIndex const &index, int role) const override;
@@ -82,6 +85,7 @@ private:
         Tvx_box_d2 extent;
         std::optional<Tvx_map_unit> unit;
     };
+    [[nodiscard]] Tvx_box_d2 extent_of_all() const;
     [[nodiscard]] bool has_row(int row) const { return row >= 0 && row < count(); }
 
     std::vector<item> f_items;

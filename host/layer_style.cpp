@@ -9,20 +9,29 @@
 #include <iterator>
 
 namespace {
-struct color_pair
+struct fill_colors
 {
-    Tvx_color quiet;
-    Tvx_color strong;
+    Tvx_color fill;
+    Tvx_color outline;
 };
 
-/// Hues after Okabe and Ito, which stay apart for most kinds of colour vision; lightened for fills.
-constexpr color_pair c_colors[] = {
+// Hues after Okabe and Ito, which stay apart for most kinds of colour vision; lightened for fills. The n-th
+// layer takes the n-th colours of its geometry, and no two of one place in the tables are alike.
+constexpr fill_colors c_fills[] = {
     {vx_clr_init_rgb(0xe9, 0xe4, 0xd4), vx_clr_init_rgb(0x8a, 0x7f, 0x66)},
     {vx_clr_init_rgb(0xf6, 0xdc, 0xc8), vx_clr_init_rgb(0xc2, 0x50, 0x00)},
     {vx_clr_init_rgb(0xcf, 0xe3, 0xf1), vx_clr_init_rgb(0x00, 0x72, 0xb2)},
     {vx_clr_init_rgb(0xcd, 0xe8, 0xdc), vx_clr_init_rgb(0x00, 0x8a, 0x63)},
     {vx_clr_init_rgb(0xf2, 0xd9, 0xe7), vx_clr_init_rgb(0xa8, 0x48, 0x80)},
     {vx_clr_init_rgb(0xf7, 0xe8, 0xb8), vx_clr_init_rgb(0xb0, 0x7d, 0x00)},
+};
+constexpr Tvx_color c_lines[] = {
+    vx_clr_init_rgb(0x3d, 0x6a, 0x99), vx_clr_init_rgb(0x00, 0x72, 0xb2), vx_clr_init_rgb(0xc2, 0x50, 0x00),
+    vx_clr_init_rgb(0xa8, 0x48, 0x80), vx_clr_init_rgb(0x00, 0x8a, 0x63), vx_clr_init_rgb(0x6b, 0x4c, 0x9a),
+};
+constexpr Tvx_color c_points[] = {
+    vx_clr_init_rgb(0xc2, 0x50, 0x00), vx_clr_init_rgb(0xb3, 0x2b, 0x4e), vx_clr_init_rgb(0x00, 0x8a, 0x63),
+    vx_clr_init_rgb(0x00, 0x72, 0xb2), vx_clr_init_rgb(0xb0, 0x7d, 0x00), vx_clr_init_rgb(0x6b, 0x4c, 0x9a),
 };
 constexpr Tvx_color c_clear{};
 constexpr double c_outline_mm = 0.15;
@@ -83,18 +92,19 @@ void vx_layer_set_default_style(Ivx_layer *layer)
 {
     if (!vx_lr2d_is_shp(layer))
         return;
-    color_pair const &colors = c_colors[next_color++ % std::size(c_colors)];
+    unsigned const turn = next_color++;
     if (void *style = point_style(layer)) {
         void *point = vx_pnt_style_get_bpnt_style_ptr(style);
-        vx_bpnt_style_set_color(point, colors.strong);
+        vx_bpnt_style_set_color(point, c_points[turn % std::size(c_points)]);
         vx_bpnt_style_set_size(point, c_point_mm);
         vx_pnt_style_set_pnt_visible(style, true);
     } else if (void *style = line_style(layer)) {
-        set_line(vx_pln_style_get_bpln_style_ptr(style), colors.strong, c_line_mm);
+        set_line(vx_pln_style_get_bpln_style_ptr(style), c_lines[turn % std::size(c_lines)], c_line_mm);
         vx_pln_style_set_pln_visible(style, true);
     } else if (void *style = area_style(layer)) {
-        vx_bpgn_style_set_color(vx_pgn_style_get_bpgn_style_ptr(style), colors.quiet);
-        set_line(vx_pgn_style_get_bpln_style_ptr(style), colors.strong, c_outline_mm);
+        fill_colors const &colors = c_fills[turn % std::size(c_fills)];
+        vx_bpgn_style_set_color(vx_pgn_style_get_bpgn_style_ptr(style), colors.fill);
+        set_line(vx_pgn_style_get_bpln_style_ptr(style), colors.outline, c_outline_mm);
         vx_pgn_style_set_pgn_visible(style, true);
         vx_pgn_style_set_pln_visible(style, true);
     }

@@ -24,6 +24,17 @@ constexpr char c_screen[] = R"({
                    "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1 } ]
 })";
 
+/// Passes messages on, save those of the window system that say what a screen of nobody cannot do.
+void write_message(QtMsgType type, QMessageLogContext const &, QString const &text)
+{
+    bool const of_no_display = text.startsWith("This plugin does not support") ||
+                               text.startsWith("QStandardPaths: XDG_RUNTIME_DIR not set");
+    if (!of_no_display)
+        std::fprintf(stderr, "vx_map: %s\n", text.toLocal8Bit().constData());
+    if (type == QtFatalMsg)
+        std::abort();
+}
+
 bool is_set(char const *variable)
 {
     char const *value = std::getenv(variable);
@@ -95,9 +106,10 @@ int run_window(Tvx_command_line const &line)
 int vx_map_application_run(int argc, char **argv, Tvx_command_line const &line)
 {
     std::unique_ptr<QTemporaryFile> screen;
-    if (line.headless)
+    if (line.headless) {
+        qInstallMessageHandler(&write_message);
         screen = choose_offscreen();
-    else if (!has_display(argc, argv)) {
+    } else if (!has_display(argc, argv)) {
         std::fputs("vx_map: there is no display. Use --headless --shot DIR for pictures without one.\n",
                    stderr);
         return 1;

@@ -38,8 +38,7 @@ namespace {
 constexpr int c_recent_files = 10;
 constexpr int c_message_ms = 8000;
 constexpr double c_button_factor = 1.5;
-/// Gap between the editor's window and the map's edge.
-constexpr int c_editor_gap = 24;
+constexpr int c_editor_gap = 12;
 constexpr int c_scales[] = {500,    1000,   2500,    5000,    10000,   25000,    50000,    100000,
                             250000, 500000, 1000000, 2500000, 5000000, 10000000, 50000000, 100000000};
 
@@ -87,6 +86,8 @@ Tvx_map_window::Tvx_map_window(QSettings *settings)
 
 Tvx_map_window::~Tvx_map_window()
 {
+    // A text that loses the focus reports it, which must come while there is somebody to report to.
+    hide();
     // The parts look at the list while they end, so they end before it does.
     delete f_editor;
     delete f_panel;
@@ -258,6 +259,7 @@ void Tvx_map_window::create_status_bar()
     f_coordinates = new QLabel;
     f_coordinates->setObjectName(QStringLiteral("coordinates"));
     f_coordinates->setToolTip(vx_host_caption(c_cap_hint_coordinates));
+    f_coordinates->setContentsMargins(0, 0, 12, 0);
     f_coordinates->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     f_coordinates->setMinimumWidth(
         fontMetrics().horizontalAdvance(QStringLiteral("-000000000.000   -000000000.000")));
@@ -391,6 +393,8 @@ void Tvx_map_window::tell_about_top_layer()
     Tvx_host_caption text = c_cap_status_opened;
     if (!vx_layer_is_drawn(f_layers.layer_at(0)))
         text = c_cap_status_raster;
+    else if (f_layers.is_of_other_unit(0))
+        text = c_cap_status_other_unit;
     else if (!extent.is_empty() && !extent.intersects(f_canvas->view().box()))
         text = c_cap_status_outside;
     show_message(vx_host_caption(text).arg(name));
@@ -450,8 +454,9 @@ void Tvx_map_window::on_save_picture()
 
 void Tvx_map_window::on_properties()
 {
-    QRect const screen_part(f_canvas->mapToGlobal(QPoint(0, 0)), f_canvas->size());
-    f_editor->open(f_panel->selected_id(), screen_part.topLeft() + QPoint(c_editor_gap, c_editor_gap));
+    // Beside the map where the screen has room for it; the editor itself keeps inside the screen's right
+    // edge.
+    f_editor->open(f_panel->selected_id(), frameGeometry().topRight() + QPoint(c_editor_gap, 0));
 }
 
 void Tvx_map_window::on_move(int by)

@@ -26,6 +26,7 @@
 #include <QMessageBox>
 #include <QPainter>
 #include <QScreen>
+#include <QTabBar>
 
 #include <cstdio>
 
@@ -296,8 +297,13 @@ void Tvx_tour::shoot_map(QString const &name)
 void Tvx_tour::shoot_editor(QString const &name)
 {
     QCoreApplication::processEvents();
-    if (QWidget *editor = editor_window())
-        save(editor->grab().toImage(), name);
+    QWidget *editor = editor_window();
+    if (!editor)
+        return;
+    for (QTabBar const *bar : editor->findChildren<QTabBar *>())
+        for (int i = 0; i < bar->count(); ++i)
+            check(!bar->isTabVisible(i) || !bar->tabText(i).isEmpty(), "a tab has no caption: " + name);
+    save(editor->grab().toImage(), name);
 }
 
 void Tvx_tour::shoot_screen(QString const &name)

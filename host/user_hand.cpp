@@ -25,6 +25,13 @@ void work_off()
     QCoreApplication::processEvents();
 }
 
+/// A window that is clicked or typed into is the active one from then on.
+void activate(QWidget *widget)
+{
+    if (!widget->isActiveWindow())
+        QApplication::setActiveWindow(widget->window());
+}
+
 void send_mouse(QWidget *widget, QEvent::Type type, QPoint at, Qt::MouseButton button,
                 Qt::MouseButtons buttons, Qt::KeyboardModifiers keys)
 {
@@ -61,6 +68,7 @@ void move(QWidget *widget, QPoint at)
 void click(QWidget *widget, QPoint at, Qt::MouseButton button, Qt::KeyboardModifiers keys)
 {
     QPointer<QWidget> const guard(widget);
+    activate(widget);
     if (widget->focusPolicy() & Qt::ClickFocus)
         widget->setFocus(Qt::MouseFocusReason);
     send_mouse(widget, QEvent::MouseButtonPress, at, button, button, keys);
@@ -104,12 +112,14 @@ void wheel(QWidget *widget, QPoint at, int notches)
 
 void press(QWidget *widget, Qt::Key key, Qt::KeyboardModifiers keys)
 {
+    activate(widget);
     widget->setFocus(Qt::OtherFocusReason);
     send_key(widget, key, keys, {});
 }
 
 void type(QWidget *widget, QString const &text)
 {
+    activate(widget);
     widget->setFocus(Qt::OtherFocusReason);
     for (QChar const c : text)
         send_key(widget, c == '\n' ? int(Qt::Key_Return) : int(c.toUpper().unicode()), Qt::NoModifier,
