@@ -1,0 +1,326 @@
+#include "controls/forms/caption_panels.h"
+#include "controls/forms/grids.h"
+#include "controls/forms/keys.h"
+#include "controls/forms/menus.h"
+#include "controls/forms/misc.h"
+#include "controls/forms/pages.h"
+#include "controls/forms/vcl_bottom_buttons.h"
+#include "controls/forms/vcl_progress_panel.h"
+#include "controls/forms/vcl_select_box.h"
+
+#include "platform/toolkit/form.h"
+#include "platform/toolkit/user_input.h"
+
+#include <gtest/gtest.h>
+
+namespace input = vx::user_input;
+
+namespace {
+/// A shown form to put controls on.
+class panels : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        form.SetBounds(100, 100, 500, 400);
+        form.Show();
+        input::wait_idle();
+    }
+    template <class T>
+    T *add(TWinControl *parent = nullptr)
+    {
+        auto *control = new T(&form);
+        control->SetParent(parent ? parent : &form);
+        return control;
+    }
+    void on_event(TObject *sender)
+    {
+        ++events;
+        last_sender = sender;
+    }
+    closure<void(TObject *)> recorder() { return make_closure<&panels::on_event>(this); }
+
+    TForm form{nullptr};
+    int events = 0;
+    TObject *last_sender = nullptr;
+};
+
+class sized_grid : public Tvx_custom_grid
+{
+public:
+    using Tvx_custom_grid::Tvx_custom_grid;
+
+protected:
+    void DrawCell(int, int, TRect const &, TGridDrawState) override {}
+};
+} // namespace
+
+TEST_F(panels, every_thin_class_stands_on_a_form)
+{
+    auto const stand = [&]<class... T>() { (static_cast<void>(add<T>()), ...); };
+    stand.
+    operator()<Tvx_panel, Tvx_vcl_panel, Tvx_children_enabled_panel, Tvx_basic_pnl, Tvx_line_separator>();
+    stand.operator()<sized_grid, Tvx_string_grid, Tvx_vcl_string_grid, Tvx_draw_grid, Tvx_color_grid>();
+    stand.operator()<Tvx_combo_box, Tvx_vcl_combo_box, Tvx_edit, Tvx_vcl_edit, Tvx_label, Tvx_vcl_label>();
+    stand.operator()<Tvx_bitbtn, Tvx_vcl_bit_button, Tvx_button, Tvx_vcl_button, Tvx_speed_btn,
+                     Tvx_vcl_speed_button, Tvx_tool_btn, Tvx_check_box, Tvx_vcl_check_box, Tvx_radio_button,
+                     Tvx_radio_group, Tvx_vcl_radio_group, Tvx_group_box, Tvx_vcl_group_box>();
+    stand.operator()<Tvx_list_box, Tvx_vcl_list_box, Tvx_check_list_box, Tvx_vcl_check_list_box,
+                     Tvx_list_view, Tvx_tree_view, Tvx_page_control, Tvx_vcl_page_control>();
+    stand.operator()<Tvx_status_bar, Tvx_splitter, Tvx_bevel, Tvx_shape, Tvx_image, Tvx_memo, Tvx_rich_edit,
+                     Tvx_track_bar, Tvx_vcl_track_bar, Tvx_progress_bar, Tvx_gauge, Tvx_vcl_gauge, Tvx_updown,
+                     Tvx_up_down, Tvx_spin_edit, Tvx_grid_panel, Tvx_category_panel_group, Tvx_custom_ctrl,
+                     Tvx_win_ctrl>();
+    auto *actions = new Tvx_action_list(&form);
+    EXPECT_EQ((new Tvx_action(actions))->GetOwner(), actions);
+    new Tvx_main_menu(&form);
+    auto *popup = new Tvx_popup_menu(&form);
+    new Tvx_menu_item(popup);
+    new Tvx_image_list(&form);
+    input::wait_idle();
+    EXPECT_TRUE(form.GetShowing());
+}
+
+TEST_F(panels, sizes_at_the_start)
+{
+    EXPECT_EQ(add<Tvx_panel>()->GetHeight(), 26);
+    EXPECT_EQ(add<Tvx_panel>()->GetWidth(), 200);
+    EXPECT_EQ(add<Tvx_panel>()->GetBevelOuter(), bvNone);
+    EXPECT_EQ(add<Tvx_vcl_panel>()->GetHeight(), 22);
+    EXPECT_EQ(add<Tvx_vcl_panel>()->GetWidth(), 200);
+    EXPECT_EQ(add<Tvx_vcl_bottom_buttons>()->GetHeight(), 30);
+    EXPECT_EQ(add<Tvx_vcl_progress_panel>()->GetHeight(), 50);
+}
+
+TEST_F(panels, enables_everything_windowed_below)
+{
+    auto *panel = add<Tvx_children_enabled_panel>();
+    auto *label = add<Tvx_label>(panel);
+    auto *inner = add<Tvx_panel>(panel);
+    auto *innermost = add<Tvx_children_enabled_panel>(inner);
+    auto *edit = add<Tvx_edit>(innermost);
+    for (bool const enabled : {false, true}) {
+        panel->set_enabled(enabled);
+        for (TControl const *control : {static_cast<TControl *>(label), static_cast<TControl *>(inner),
+                                        static_cast<TControl *>(innermost), static_cast<TControl *>(edit)})
+            EXPECT_EQ(control->GetEnabled(), enabled);
+        EXPECT_TRUE(panel->GetEnabled());
+    }
+}
+
+TEST_F(panels, bottom_buttons_close_up)
+{
+    struct
+    {
+        bool cancel, apply, help, save, load;
+        int cancel_left, apply_left, help_left, save_left, load_left; // -1: not to be seen
+    } const cases[] = {
+        {true, true, true, true, true, 156, 84, 228, 2, 74},
+        {true, true, false, true, false, 228, 156, -1, 2, -1},
+        {true, true, false, false, true, 228, 156, -1, -1, 2},
+        {false, true, false, false, false, -1, 228, -1, -1, -1},
+        {false, true, true, false, false, -1, 156, 228, -1, -1},
+        {false, false, true, true, true, -1, -1, 228, 2, 74},
+    };
+    auto *buttons = add<Tvx_vcl_bottom_buttons>();
+    buttons->SetBounds(0, 0, 300, 30);
+    buttons->create();
+    EXPECT_TRUE(buttons->get_cancel_visible());
+    EXPECT_TRUE(buttons->get_apply_visible());
+    EXPECT_FALSE(buttons->get_help_visible() || buttons->get_save_visible() || buttons->get_load_visible());
+    EXPECT_EQ(buttons->get_load_btn()->GetCaption(), L"Load");
+    for (auto const &c : cases) {
+        SCOPED_TRACE(&c - cases);
+        buttons->set_cancel_visible(c.cancel);
+        buttons->set_apply_visible(c.apply);
+        buttons->set_help_visible(c.help);
+        buttons->set_save_visible(c.save);
+        buttons->set_load_visible(c.load);
+        auto const expect = [](Tvx_vcl_button const *button, int left) {
+            if (left < 0)
+                return;
+            EXPECT_EQ(button->GetBoundsRect(), Bounds(left, 2, 70, 26));
+        };
+        expect(buttons->get_cancel_btn(), c.cancel_left);
+        expect(buttons->get_apply_btn(), c.apply_left);
+        expect(buttons->get_help_btn(), c.help_left);
+        expect(buttons->get_save_btn(), c.save_left);
+        expect(buttons->get_load_btn(), c.load_left);
+    }
+    buttons->SetBounds(0, 0, 400, 40);
+    EXPECT_EQ(buttons->get_help_btn()->GetLeft(), 328);
+    EXPECT_EQ(buttons->get_help_btn()->GetTop(), 12);
+
+    buttons->set_apply_visible(true);
+    buttons->set_apply_focused(true);
+    EXPECT_TRUE(buttons->get_apply_focused());
+    buttons->set_apply_enabled(false);
+    EXPECT_FALSE(buttons->get_apply_enabled());
+    buttons->set_apply_focused(true);
+    EXPECT_FALSE(buttons->get_apply_focused());
+}
+
+TEST_F(panels, select_box_goes_by_id)
+{
+    auto *box = add<Tvx_vcl_select_box_panel>();
+    box->create();
+    box->set_on_change(recorder());
+    EXPECT_EQ(box->get_active_idx(), 0u);
+    EXPECT_EQ(box->get_active_caption(), L"");
+    box->add_item(L"nine", 9);
+    EXPECT_EQ(box->get_active_idx(), 9u);
+    box->add_item(L"four", 4);
+    box->add_item(L"huge", 0xFFFFFFFFu);
+    EXPECT_EQ(box->get_active_idx(), 9u) << "only the first item selects itself";
+
+    unsigned id = 5;
+    EXPECT_TRUE(box->find_str(L"huge", id));
+    EXPECT_EQ(id, 0xFFFFFFFFu);
+    EXPECT_FALSE(box->find_str(L"HUGE", id));
+    EXPECT_EQ(id, 0xFFFFFFFFu);
+
+    box->set_active_idx(4);
+    EXPECT_EQ(box->get_active_caption(), L"four");
+    box->set_item_captions(1, L"fourth");
+    box->set_item_captions(0, L"ninth");
+    box->set_item_captions(3, L"outside");
+    EXPECT_EQ(box->get_active_idx(), 4u);
+    EXPECT_EQ(box->get_active_caption(), L"fourth");
+    EXPECT_EQ(box->get_item_captions(0), L"ninth");
+    EXPECT_EQ(box->get_item_captions(3), L"");
+    box->set_active_caption(L"ninth");
+    EXPECT_EQ(box->get_active_idx(), 9u);
+    box->set_active_idx(1);
+    EXPECT_EQ(box->get_active_idx(), 0u) << "no item has this id";
+    EXPECT_EQ(box->get_active_caption(), L"");
+    EXPECT_EQ(events, 0);
+
+    EXPECT_TRUE(input::choose_item(box->get_select_box(), L"huge"));
+    EXPECT_EQ(box->get_active_idx(), 0xFFFFFFFFu);
+    EXPECT_EQ(events, 1);
+    EXPECT_EQ(last_sender, box);
+    box->clear();
+    EXPECT_EQ(box->get_active_idx(), 0u);
+    box->add_item(L"new", 3);
+    EXPECT_EQ(box->get_active_idx(), 3u);
+}
+
+TEST_F(panels, string_panel_is_quiet_but_to_the_user)
+{
+    auto *panel = add<Tvx_string_panel>();
+    panel->on_changed = recorder();
+    panel->set_caption(L"Name");
+    panel->set_string(L"wide \x416");
+    EXPECT_EQ(panel->get_wstring(), L"wide \x416");
+    EXPECT_EQ(panel->get_string(), "wide \xD0\x96");
+    panel->set_string("narrow");
+    panel->set_string(static_cast<char const *>(nullptr));
+    EXPECT_EQ(panel->get_wstring(), L"");
+    EXPECT_EQ(events, 0);
+    EXPECT_TRUE(input::enter_text(panel->get_edit(), L"x"));
+    EXPECT_EQ(events, 1);
+    EXPECT_EQ(last_sender, panel);
+    EXPECT_EQ(panel->get_wstring(), L"x");
+    panel->set_read_only(true);
+    EXPECT_TRUE(panel->get_read_only());
+    input::type(L"y");
+    EXPECT_EQ(panel->get_wstring(), L"x");
+}
+
+TEST_F(panels, one_width_is_fixed_and_the_other_takes_the_rest)
+{
+    auto *text = add<Tvx_string_panel>();
+    auto *combo = add<Tvx_combo_box_panel>();
+    auto *value = add<Tvx_vcl_select_box_panel>();
+    value->create();
+    for (TControl *control :
+         {static_cast<TControl *>(text), static_cast<TControl *>(combo), static_cast<TControl *>(value)})
+        control->SetWidth(300);
+    EXPECT_EQ(value->get_data_width(), 70);
+
+    text->set_caption_width(120);
+    combo->set_caption_width(120);
+    value->set_caption_width(120);
+    EXPECT_EQ(text->get_edit_width(), 180);
+    EXPECT_EQ(combo->get_box_width(), 180);
+    EXPECT_EQ(value->get_data_width(), 180);
+    text->set_edit_width(50);
+    combo->set_box_width(50);
+    value->set_data_width(50);
+    EXPECT_EQ(text->get_caption_width(), 250);
+    EXPECT_EQ(combo->get_caption_width(), 250);
+    EXPECT_EQ(value->get_caption_width(), 250);
+    value->set_end_caption_visible(true);
+    EXPECT_EQ(value->get_end_caption_width(), 30);
+    EXPECT_EQ(value->get_select_box()->GetWidth(), 20);
+
+    auto *vertical = add<Tvx_combo_box_vert_panel>();
+    vertical->set_caption(L"Above");
+    EXPECT_EQ(vertical->get_caption(), L"Above");
+    EXPECT_EQ(vertical->get_box_width(), 200);
+    EXPECT_EQ(vertical->get_caption_width(), 200);
+}
+
+TEST_F(panels, progress_is_held_between_its_ends)
+{
+    auto *panel = add<Tvx_vcl_progress_panel>();
+    panel->create();
+    panel->load_rc();
+    struct
+    {
+        int set, shown;
+    } const cases[] = {{150, 100}, {-1, 0}, {100, 100}, {42, 42}, {0, 0}};
+    for (auto const &c : cases) {
+        panel->set_progress(c.set);
+        EXPECT_EQ(panel->get_progress(), c.shown);
+    }
+    EXPECT_FALSE(panel->get_stop());
+    EXPECT_TRUE(input::click(panel->get_stop_btn()));
+    EXPECT_TRUE(panel->get_stop());
+    panel->set_all_visible(false);
+    EXPECT_FALSE(panel->get_all_visible());
+}
+
+TEST_F(panels, wheel_moves_a_grid_by_one_row)
+{
+    auto const walk = [&](TCustomGrid &grid) {
+        grid.SetBounds(0, 0, 200, 105);
+        grid.SetRowCount(8);
+        grid.SetFixedRows(2);
+        int const last = 8 - grid.GetVisibleRowCount();
+        ASSERT_GT(last, 3);
+        EXPECT_EQ(grid.GetTopRow(), 2);
+        input::wheel(&grid, 1);
+        EXPECT_EQ(grid.GetTopRow(), 2);
+        input::wheel(&grid, -1);
+        EXPECT_EQ(grid.GetTopRow(), 3);
+        for (int i = 0; i < 9; ++i)
+            input::wheel(&grid, -1);
+        EXPECT_EQ(grid.GetTopRow(), last);
+        input::wheel(&grid, 1);
+        EXPECT_EQ(grid.GetTopRow(), last - 1);
+        EXPECT_EQ(grid.GetRow(), 2) << "the current cell moved";
+    };
+    auto *custom = add<sized_grid>();
+    EXPECT_TRUE(custom->GetShowHint());
+    walk(*custom);
+    custom->SetVisible(false);
+    walk(*add<Tvx_string_grid>());
+}
+
+TEST_F(panels, modifier_keys_are_seen_in_events)
+{
+    auto *panel = add<Tvx_panel>();
+    static std::string held;
+    panel->OnClick = {[](void *, TObject *) {
+                          held = std::string(vx_control_pressed() ? "c" : "") +
+                                 (vx_alt_pressed() ? "a" : "") + (vx_shift_pressed() ? "s" : "");
+                      },
+                      nullptr};
+    EXPECT_TRUE(input::click(panel, mbLeft, TShiftState{ssCtrl}));
+    EXPECT_EQ(held, "c");
+    EXPECT_TRUE(input::click(panel, mbLeft, TShiftState{ssShift, ssAlt}));
+    EXPECT_EQ(held, "as");
+    EXPECT_TRUE(input::click(panel));
+    EXPECT_EQ(held, "");
+}
