@@ -4,7 +4,6 @@
 #include "platform/toolkit/qt_bridge.h"
 #include "platform/winapi/main_thread.h"
 
-#include <QtCore/QAbstractEventDispatcher>
 #include <QtCore/QEventLoop>
 #include <QtWidgets/QApplication>
 
@@ -75,14 +74,17 @@ void TApplication::ProcessMessages()
 
 void TApplication::HandleMessage()
 {
-    if (QCoreApplication::eventDispatcher() && OnIdle) {
-        QCoreApplication::processEvents();
+    QEventLoop loop;
+    // Whoever waits for something looks after each event whether it has come.
+    if (loop.processEvents())
+        return;
+    if (OnIdle) {
+        vx_event_scope const scope;
         bool done = true;
         OnIdle(this, done);
         if (!done)
             return;
     }
-    QEventLoop loop;
     loop.processEvents(QEventLoop::WaitForMoreEvents);
 }
 

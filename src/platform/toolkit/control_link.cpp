@@ -168,6 +168,10 @@ bool vx_control_link::eventFilter(QObject *object, QEvent *event)
 
 bool vx_control_link::filter(QWidget *target, QEvent *event)
 {
+    // Input over a disabled control is its parent's.
+    bool const input = event->isInputEvent() || event->type() == QEvent::InputMethod;
+    if (input && !target->isEnabled())
+        return false;
     switch (event->type()) {
     case QEvent::KeyPress:
         return key_press(target, *static_cast<QKeyEvent *>(event));

@@ -306,8 +306,11 @@ void TWinControl::SetFocus()
     widget->setFocus(Qt::OtherFocusReason);
     if (window->isVisible() && !window->isActiveWindow())
         window->activateWindow();
-    // In a window that is not active Qt only remembers the widget.
-    root()->focus_came(this);
+    // In a window that is not active Qt only remembers the widget; in an active one a handler may have moved
+    // on.
+    QWidget const *const remembered = window->focusWidget();
+    if (remembered && vx_control_of(remembered) == this)
+        root()->focus_came(this);
 }
 
 bool TWinControl::Focused() const
