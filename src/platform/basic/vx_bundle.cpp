@@ -26,7 +26,7 @@ struct bundle_set
 
 bundle_set &bundles()
 {
-    static bundle_set b;
+    static auto &b = *new bundle_set;
     return b;
 }
 

@@ -15,7 +15,8 @@ constexpr wchar_t c_virtual_mark = L'*';
 
 std::vector<Tvx_datasource_driver const *> &drivers()
 {
-    static std::vector<Tvx_datasource_driver const *> all;
+    static auto &all =
+        *new std::vector<Tvx_datasource_driver const *>; // never destroyed, as drivers leave late
     return all;
 }
 

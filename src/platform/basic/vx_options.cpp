@@ -155,7 +155,7 @@ private:
 
 options &current()
 {
-    static options o;
+    static auto &o = *new options; // never destroyed: objects that end late may still ask
     return o;
 }
 

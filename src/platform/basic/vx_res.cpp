@@ -68,7 +68,8 @@ catalogue read_catalogue(std::string_view language)
 
 catalogue &catalogue_of(std::string const &language)
 {
-    static std::map<std::string, catalogue> all;
+    // Never destroyed, as what is handed out is valid to the very end.
+    static auto &all = *new std::map<std::string, catalogue>;
     auto const at = all.find(language);
     return at != all.end() ? at->second : all.emplace(language, read_catalogue(language)).first->second;
 }
@@ -87,7 +88,7 @@ caption &find_caption(int number)
 {
     if (auto *const known = find_known(number))
         return *known;
-    static catalogue unknown;
+    static auto &unknown = *new catalogue;
 #ifdef NDEBUG
     constexpr int c_all = 0;
     return unknown[c_all];

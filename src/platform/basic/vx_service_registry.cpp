@@ -24,7 +24,7 @@ struct registry
 
 registry &all()
 {
-    static registry r;
+    static auto &r = *new registry; // never destroyed: modules leave it as late as they like
     return r;
 }
 

@@ -11,6 +11,7 @@ struct Ivx_attr_data final : Ivx_entity
 {
     explicit Ivx_attr_data(std::wstring source_text) : source(std::move(source_text)) {}
     [[nodiscard]] char const *entity_type() const override { return "attr_data"; }
+    [[nodiscard]] std::wstring display_name() const override { return vx::data::source_base_name(source); }
 
     /// The open data set; opens it if need be. Null, with the reason in `error`, when that fails.
     std::shared_ptr<vx::attr::attr_set> opened();

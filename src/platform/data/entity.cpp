@@ -1,10 +1,54 @@
 #include "platform/data/entity.h"
 
+#include "platform/base/text_codec.h"
 #include "platform/data/vx_entity.h"
 
+namespace {
+constexpr wchar_t c_virtual_mark = L'*';
+constexpr wchar_t c_option_mark = L'|';
+constexpr std::wstring_view c_separators = L"/\\";
+} // namespace
+
 Ivx_entity::~Ivx_entity() = default;
+Ivx_entities::~Ivx_entities() = default;
+
+std::wstring vx::data::source_base_name(std::wstring source)
+{
+    if (source.starts_with(c_virtual_mark))
+        source.erase(0, 1);
+    source = source.substr(0, source.find(c_option_mark));
+    if (auto const at = source.find_last_of(c_separators); at != std::wstring::npos)
+        source.erase(0, at + 1);
+    // A dot at the start of the name begins no extension.
+    if (auto const dot = source.rfind(L'.'); dot != std::wstring::npos && dot > 0)
+        source.erase(dot);
+    return source;
+}
 
 char const *vx_entity_get_type(Ivx_entity const *entity)
 {
     return entity ? entity->entity_type() : "";
+}
+
+char const *vx_entity_get_caption(Ivx_entity const *entity)
+{
+    if (!entity)
+        return "";
+    entity->caption_bytes = vx::text::to_bytes(entity->display_name());
+    return entity->caption_bytes.c_str();
+}
+
+void vx_entity_get_wcaption(Ivx_entity const *entity, Ivx_string_adp *caption)
+{
+    vx_string_adp_feed(caption, entity ? entity->display_name().c_str() : nullptr);
+}
+
+int vx_entities_get_count(Ivx_entities const *list)
+{
+    return list ? list->entity_count() : 0;
+}
+
+Ivx_entity *vx_entities_get_entity(Ivx_entities const *list, int index)
+{
+    return index >= 0 && index < vx_entities_get_count(list) ? list->entity_at(index) : nullptr;
 }

@@ -26,7 +26,7 @@ struct Ivx_layer : Ivx_entity
     virtual void file_name_changed() {}
 
     [[nodiscard]] char const *entity_type() const override { return key.c_str(); }
-    [[nodiscard]] std::wstring display_name() const;
+    [[nodiscard]] std::wstring display_name() const override;
 
     std::string const key;
     std::wstring caption;

@@ -89,11 +89,11 @@ std::unique_ptr<Ivx_layer> shp_layer::clone() const
     copy->styles.reset(vx_stl_mngr_list_clone(styles.get()));
     copy->texts.reset(vx_txt_settings_clone(texts.get()));
     copy->text_layer = text_layer->clone_into(copy.get());
-    copy->attr_data.reset(vx_attr_data_retain(attr_data.get()));
+    copy->attr_data.reset(vx_attr_data_retain(attributes()));
     return copy;
 }
 
-Ivx_attr_data *shp_layer::attributes()
+Ivx_attr_data *shp_layer::attributes() const
 {
     if (!attr_data && !file_name.empty())
         attr_data.reset(vx_attr_data_create(file_name.c_str()));

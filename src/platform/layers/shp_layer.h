@@ -22,12 +22,12 @@ struct shp_layer final : Ivx_layer
     [[nodiscard]] Ivx_entity *data() override;
     void file_name_changed() override { attr_data.reset(); }
 
-    [[nodiscard]] Ivx_attr_data *attributes();
+    [[nodiscard]] Ivx_attr_data *attributes() const;
 
     shp_geometry const &geometry;
     stl_mngr_list styles;
     txt_settings texts;
     std::unique_ptr<dtld_layer> text_layer;
-    vx::owned<Ivx_attr_data, &vx_attr_data_release> attr_data;
+    mutable vx::owned<Ivx_attr_data, &vx_attr_data_release> attr_data; ///< made on first use
 };
 } // namespace vx::layers

@@ -5,6 +5,7 @@
 #include "platform/base/owned.h"
 #include "platform/data/vx_attr_data.h"
 #include "platform/data/vx_entity.h"
+#include "platform/data/vx_table.h"
 #include "platform/winapi/codepage.h"
 #include "platform/winapi/file.h"
 
@@ -109,6 +110,33 @@ TEST_F(attr_table, gives_cells_as_text_and_number)
         EXPECT_EQ(c.integer.has_value(), ok);
         (void)vx_attr_files_get_dbl(f_files.get(), c.field, c.record, nullptr);
     }
+}
+
+TEST_F(attr_table, is_the_table_of_its_entity)
+{
+    vx::owned<Ivx_table_files, &vx_table_files_close> const table(
+        vx_table_files_open(vx_attr_data_safe_upcast(f_data.get()), 1));
+    ASSERT_TRUE(table);
+    EXPECT_EQ(6, vx_table_files_get_columns_count(table.get()));
+    EXPECT_EQ(4u, vx_table_files_get_rows_count(table.get()));
+    std::wstring text = L"untouched";
+    vx_table_files_get_column_name_w(table.get(), -1, Tvx_std_wstring_adapter(text));
+    EXPECT_EQ(L"", text);
+    vx_table_files_get_column_name_w(table.get(), c_bigint, Tvx_std_wstring_adapter(text));
+    EXPECT_EQ(L"Big", text);
+    EXPECT_EQ(static_cast<int>(c_bigint), vx_table_files_get_column_index_w(table.get(), L"big"));
+    EXPECT_EQ(-1, vx_table_files_get_column_index_w(table.get(), L"none"));
+    bool ok = false;
+    vx_table_files_get_wstring(table.get(), c_text, 0, &ok, Tvx_std_wstring_adapter(text), 0);
+    EXPECT_TRUE(ok);
+    EXPECT_EQ(L"один", text);
+    EXPECT_EQ(7, vx_table_files_get_int(table.get(), c_integer, 0, &ok));
+    EXPECT_EQ(1.5, vx_table_files_get_dbl(table.get(), c_number, 0, &ok));
+    EXPECT_TRUE(ok);
+    EXPECT_EQ(0, vx_table_files_get_dbl(table.get(), -1, 0, &ok));
+    EXPECT_FALSE(ok);
+    EXPECT_EQ(nullptr, vx_table_files_open(nullptr, 1));
+    EXPECT_EQ(0u, vx_table_files_get_rows_count(nullptr));
 }
 
 TEST_F(attr_table, reads_a_column_once)

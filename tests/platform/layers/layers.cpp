@@ -216,6 +216,14 @@ TEST(layers, share_their_data_object)
     EXPECT_EQ(0, table.opened);
 }
 
+TEST(layers, share_a_data_object_that_was_not_asked_for_yet)
+{
+    layer const l(vx_shp_lr2d_create(c_lr_key_shp_pnt, L"/d/a.shp"));
+    layer const copy(vx_lr2d_clone(l.get()));
+    EXPECT_EQ(vx_lr2d_get_data_ptr(l.get()), vx_lr2d_get_data_ptr(copy.get()));
+    EXPECT_TRUE(vx_attr_data_is_missing(vx_shp_lr2d_get_attr_data_ptr(copy.get())));
+}
+
 TEST(layers, of_a_source_by_its_geometry)
 {
     struct
