@@ -17,6 +17,9 @@ TWinControl::TWinControl(TComponent *owner, vx_native_widget *widget) : TControl
 TWinControl::~TWinControl()
 {
     TWinControl::Destroying();
+    // While this still is a windowed control the parent finds it in all its lists.
+    if (GetParent())
+        GetParent()->remove_control(this);
     free_window();
     f_dock_manager.reset();
     // What is docked here belongs to others: it comes loose, hidden.
