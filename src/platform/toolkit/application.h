@@ -35,6 +35,12 @@ public:
     [[nodiscard]] bool GetShowHint() const { return f_show_hint; }
     /// Off: no control shows its hint.
     void SetShowHint(bool value) { f_show_hint = value; }
+    /// Shows at once the hint of the control under a point of the screen, the part before a bar; takes the
+    /// shown one away if that control has none or shows none.
+    void ActivateHint(TPoint const &cursor_pos);
+    void CancelHint();
+    /// The text of the last `ActivateHint`; empty after `CancelHint`.
+    [[nodiscard]] UnicodeString const &GetHint() const { return f_hint; }
 
     /// Gets the context, shows help and tells whether it did.
     closure<bool(THelpContext context)> OnHelp;
@@ -50,6 +56,7 @@ private:
     TApplication();
 
     TCustomForm *f_main_form = nullptr;
+    UnicodeString f_hint;
     bool f_running = false;
     bool f_terminated = false;
     bool f_show_hint = true;

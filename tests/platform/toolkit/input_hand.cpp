@@ -1,5 +1,6 @@
 #include "support/temp_dir.h"
 
+#include "platform/toolkit/application.h"
 #include "platform/toolkit/button.h"
 #include "platform/toolkit/check_list_box.h"
 #include "platform/toolkit/combo_box.h"
@@ -276,6 +277,22 @@ TEST_F(input_test, tabs_and_lists_are_chosen_by_what_is_read)
     EXPECT_TRUE(click_item_check(list, 3));
     EXPECT_TRUE(list->GetChecked(3));
     EXPECT_FALSE(click_item(list, 20));
+}
+
+TEST_F(input_test, a_hint_is_shown_at_once_when_asked_for)
+{
+    panel->SetHint(L"short|long");
+    TPoint const inside = panel->ClientToScreen({5, 5});
+    Application->ActivateHint(inside);
+    EXPECT_EQ(Application->GetHint(), L"") << "the panel shows no hints";
+    panel->SetShowHint(true);
+    Application->ActivateHint(inside);
+    EXPECT_EQ(Application->GetHint(), L"short");
+    panel->SetHint(L"other");
+    Application->ActivateHint(inside);
+    EXPECT_EQ(Application->GetHint(), L"other");
+    Application->ActivateHint(form.ClientToScreen({300, 250}));
+    EXPECT_EQ(Application->GetHint(), L"") << "nothing there";
 }
 
 TEST_F(input_test, menu_items_are_chosen_by_their_path)
