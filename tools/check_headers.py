@@ -26,7 +26,7 @@ def check(args, root, header):
     if fresh(stamp, header):
         return rel, True, ''
     probe = f'#include "{rel}"\n#include "{rel}"\n'
-    run = subprocess.run([args.compiler, '-std=c++20', '-fsyntax-only', '-Wall', '-Wextra', '-Werror', '-I', str(root),
+    run = subprocess.run([args.compiler, '-std=c++20', '-fsyntax-only', '-Wall', '-Wextra', '-Wno-unused-parameter', '-Werror', '-I', str(root),
                           '-MD', '-MF', str(stamp) + '.d', '-x', 'c++', '-'], input=probe, text=True, capture_output=True)
     if run.returncode:
         return rel, False, run.stderr

@@ -1,0 +1,30 @@
+# Installs the build into a folder of its own, builds the consumer project against it and runs its programs.
+function(run)
+    execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
+    if(NOT result EQUAL 0)
+        message(FATAL_ERROR "${ARGN}\nended with ${result}:\n${output}")
+    endif()
+    message(STATUS "${output}")
+endfunction()
+
+set(prefix ${WORK_DIR}/prefix)
+file(REMOVE_RECURSE ${prefix} ${WORK_DIR}/build)
+set(flags "")
+if(SANITIZE)
+    set(flags "-fsanitize=${SANITIZE}")
+endif()
+run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${prefix})
+run(${CMAKE_COMMAND} -S ${SOURCE_DIR} -B ${WORK_DIR}/build -G Ninja -DCMAKE_PREFIX_PATH=${prefix}
+    "-DCMAKE_C_FLAGS=${flags}" "-DCMAKE_CXX_FLAGS=${flags}")
+run(${CMAKE_COMMAND} --build ${WORK_DIR}/build)
+
+file(GLOB library ${prefix}/lib*/libvxk_lr2d_edit_form.so ${prefix}/lib/*/libvxk_lr2d_edit_form.so)
+run(${WORK_DIR}/build/by_name ${library} ${DATA_DIR}/nc.shp)
+run(${WORK_DIR}/build/linked ${DATA_DIR}/nc.shp)
+
+find_program(pkg_config pkg-config)
+if(pkg_config)
+    file(GLOB_RECURSE pc ${prefix}/*.pc)
+    get_filename_component(pc_dir ${pc} DIRECTORY)
+    run(${CMAKE_COMMAND} -E env PKG_CONFIG_PATH=${pc_dir} ${pkg_config} --cflags --libs vxk_lr2d_edit_form)
+endif()
