@@ -65,10 +65,11 @@ struct TGridRect
 ///
 /// Keys: arrows, Home and End in the row, with Ctrl to the first and last cell; Page Up and Down, with Ctrl
 /// to the edge of what is seen; Ctrl with Up and Down scrolls; Shift extends the selection. Tab goes from
-/// cell to cell with `goTabs`, else to the next control. What the mouse does to fixed cells Alt with Ctrl
-/// does by keyboard: with `goRowMoving` and `goColMoving` an arrow moves the current row or column by one
-/// place; with `goColSizing` and `goRowSizing` and Shift it makes the current column or row wider or smaller
-/// by 8 pixels.
+/// cell to cell with `goTabs`, else to the next control. In a cell that is not edited Space does what a click
+/// there does, and F2 what a double click does. What the mouse does to fixed cells Ctrl with Alt does by
+/// keyboard: Space clicks the header of the current column and Enter the fixed cell of the current row; with
+/// `goRowMoving` and `goColMoving` an arrow moves the current row or column by one place; with `goRowSizing`
+/// and `goColSizing` and Shift it makes the current row or column wider or smaller by 8 pixels.
 ///
 /// A count below 1 becomes 1, and there is always one cell that is not fixed: more fixed rows or columns are
 /// cut down.
@@ -254,12 +255,13 @@ private:
     void paint_mark();
     void timed_scroll();
     void end_drag();
-    bool move_or_size_by_key(Word key, TShiftState shift);
+    bool use_fixed_by_key(Word key, TShiftState shift);
     [[nodiscard]] bool go_with_ctrl(Word key, TGridCoord &current, TGridCoord &top_left) const;
     [[nodiscard]] bool go_by_key(Word key, TShiftState shift, TGridCoord &current,
                                  TGridCoord &top_left) const;
     [[nodiscard]] TGridCoord tab_target(bool back) const;
     void set_drag_cursor(int x, int y);
+    void click_by_key(TGridCoord cell, TShiftState shift);
     void press(TShiftState shift, int x, int y);
     void press_cell(TGridCoord cell, TShiftState shift);
     void drag_to(int x, int y);

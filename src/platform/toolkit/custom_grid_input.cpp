@@ -49,7 +49,7 @@ void TCustomGrid::KeyDown(Word &key, TShiftState shift)
         return;
     }
     if (shift.Contains(ssAlt)) {
-        if (shift.Contains(ssCtrl) && move_or_size_by_key(key, shift))
+        if (shift.Contains(ssCtrl) && use_fixed_by_key(key, shift))
             key = 0;
         return;
     }
@@ -62,8 +62,16 @@ void TCustomGrid::KeyDown(Word &key, TShiftState shift)
         return;
     }
     if (key == VK_F2) {
-        SetEditorMode(true);
+        if (f_options.Contains(goEditing))
+            SetEditorMode(true);
+        else
+            DblClick();
         key = 0;
+        return;
+    }
+    if (key == VK_SPACE && !f_options.Contains(goEditing)) {
+        key = 0;
+        click_by_key(f_current, shift);
         return;
     }
     TGridCoord current = f_current;
@@ -173,9 +181,30 @@ TGridCoord TCustomGrid::tab_target(bool back) const
     return cell;
 }
 
-/// What the mouse does at the fixed cells, done to the current row or column.
-bool TCustomGrid::move_or_size_by_key(Word key, TShiftState shift)
+/// A press and release of the mouse in the cell's middle.
+void TCustomGrid::click_by_key(TGridCoord cell, TShiftState shift)
 {
+    clamp_in_view(f_current);
+    TRect const rect = CellRect(cell.X, cell.Y);
+    if (rect.IsEmpty())
+        return;
+    TPoint const at = rect.CenterPoint();
+    MouseDown(mbLeft, shift << ssLeft, at.X, at.Y);
+    MouseUp(mbLeft, shift, at.X, at.Y);
+}
+
+/// What the mouse does at the fixed cells, done to the current row or column.
+bool TCustomGrid::use_fixed_by_key(Word key, TShiftState shift)
+{
+    TShiftState const held = shift >> ssCtrl >> ssAlt;
+    if (key == VK_SPACE && f_fixed_rows > 0) {
+        click_by_key({f_current.X, f_fixed_rows - 1}, held);
+        return true;
+    }
+    if (key == VK_RETURN && f_fixed_cols > 0) {
+        click_by_key({f_fixed_cols - 1, f_current.Y}, held);
+        return true;
+    }
     bool const rows = key == VK_UP || key == VK_DOWN;
     if (!rows && key != VK_LEFT && key != VK_RIGHT)
         return false;

@@ -143,6 +143,40 @@ TEST_F(grid_test, a_refused_cell_becomes_current_by_no_means)
     EXPECT_EQ(grid->selected, (std::vector<cell>{{2, 1}, {2, 4}, {2, 1}}));
 }
 
+TEST_F(grid_test, keys_do_what_the_mouse_does)
+{
+    struct mouse_log
+    {
+        lines log;
+        probe_grid *grid = nullptr;
+        void on_mouse_up(TObject *, TMouseButton, TShiftState shift, int x, int y)
+        {
+            TGridCoord const at = grid->MouseCoord(x, y);
+            log.push_back((shift.Contains(ssShift) ? "S " : "") + std::to_string(at.X) + "," +
+                          std::to_string(at.Y));
+        }
+        void on_double_click(TObject *) { log.push_back("double"); }
+    } m;
+    m.grid = grid;
+    grid->OnMouseUp = make_closure<&mouse_log::on_mouse_up>(&m);
+    grid->OnDblClick = make_closure<&mouse_log::on_double_click>(&m);
+    grid->SetCol(3);
+    grid->SetRow(4);
+    press(VK_SPACE);
+    press(VK_SPACE, {ssShift});
+    press(VK_SPACE, {ssCtrl, ssAlt});
+    press(VK_RETURN, {ssCtrl, ssAlt, ssShift});
+    press(VK_F2);
+    EXPECT_EQ(m.log, (lines{"3,4", "S 3,4", "3,0", "S 0,4", "double"}));
+    EXPECT_EQ(current(), cell(3, 4));
+
+    m.log.clear();
+    grid->SetOptions(grid->GetOptions() << goEditing);
+    press(VK_SPACE);
+    EXPECT_EQ(m.log, lines{}) << "a character of the text";
+    EXPECT_EQ(grid->texts[cell(3, 4)], L" ");
+}
+
 // ---- mouse
 
 TEST_F(grid_test, mouse_selects_cells)
