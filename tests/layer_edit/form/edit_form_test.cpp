@@ -320,3 +320,59 @@ TEST(edit_form, texts_follow_the_language)
     vx_lr2d_edt_form_update(form.get());
     EXPECT_EQ(title(form), L"Layer properties: ");
 }
+
+TEST(edit_form, is_worked_by_keyboard)
+{
+    handle form(vx_lr2d_edt_form_create());
+    vx_lr2d_edt_form_create_all(form.get());
+    host listener(form.get());
+    vx_lr2d_edt_form_set_lr2d(form.get(), named_layer(L"layer").get());
+    vx_lr2d_edt_form_show_pos(form.get(), 100, 100);
+    input::wait_idle();
+    auto *pages = form->get_lr2d_edit()->get_pages();
+    ASSERT_TRUE(input::tab_to(pages));
+    EXPECT_EQ(pages->GetActivePage()->GetName(), L"f_style_ts");
+    EXPECT_TRUE(input::press(VK_RIGHT));
+    EXPECT_EQ(pages->GetActivePage()->GetName(), L"f_text_mngr");
+    ASSERT_TRUE(input::tab_to(form->get_form()->get_apply_btn()));
+    EXPECT_TRUE(input::press(VK_SPACE));
+    EXPECT_EQ(listener.calls, 1);
+    EXPECT_TRUE(input::press(L'A', TShiftState{ssAlt}));
+    EXPECT_TRUE(input::wait_until([&] { return listener.calls == 2; }));
+    EXPECT_EQ(pages->GetActivePage()->GetName(), L"f_text_mngr") << "the tab stays across Apply";
+    input::press(VK_ESCAPE);
+    EXPECT_TRUE(vx_lr2d_edt_form_get_showing(form.get())) << "there is no Cancel";
+}
+
+TEST(edit_form, the_host_may_hand_in_another_layer_from_its_callback)
+{
+    static test_layer const other = named_layer(L"other", "rtr_lr2d");
+    handle form(vx_lr2d_edt_form_create());
+    vx_lr2d_edt_form_create_all(form.get());
+    vx_lr2d_edt_form_set_lr2d(form.get(), named_layer(L"layer").get());
+    vx_lr2d_edt_form_set_callback(form.get(), form.get(), [](void *data) {
+        vx_lr2d_edt_form_set_lr2d(static_cast<Tvx_lr2d_edit_form *>(data), other.get());
+    });
+    vx_lr2d_edt_form_show_pos(form.get(), 100, 100);
+    EXPECT_TRUE(input::click(form->get_form()->get_apply_btn()));
+    EXPECT_EQ(title(form), L"Layer properties: other");
+    EXPECT_STREQ(vx_lr2d_get_lr_type(vx_lr2d_edt_form_get_lr2d_ptr(form.get())), "rtr_lr2d");
+}
+
+TEST(edit_form, ends_while_it_is_docked)
+{
+    TForm window(nullptr);
+    window.SetBounds(0, 0, 800, 600);
+    window.SetDockSite(true);
+    window.Show();
+    {
+        handle form(vx_lr2d_edt_form_create());
+        vx_lr2d_edt_form_create_all(form.get());
+        vx_lr2d_edt_form_dock(form.get(), &window);
+        vx_lr2d_edt_form_show(form.get());
+        EXPECT_EQ(window.GetDockClientCount(), 1);
+    }
+    input::wait_idle();
+    EXPECT_EQ(window.GetDockClientCount(), 0);
+    EXPECT_EQ(window.GetControlCount(), 0);
+}
