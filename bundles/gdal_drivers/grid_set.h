@@ -2,17 +2,30 @@
 
 #include "dataset.h"
 #include "extension/binding/data_source.h"
+#include "extension/binding/grid_source.h"
+#include "extension/binding/polymorphic.h"
+#include "extension/binding/stat_source.h"
+#include "grid_types.h"
+
+#include <functional>
+#include <map>
+#include <optional>
 
 namespace vx::gdal {
-/// A data set with grids and no tables, as far as every data set answers: what it is, where it lies, its
-/// fields (the channels). Made by `open_source`, ended by its `detach`.
-class grid_set final : public data_source_impl
+/// A data set with a grid: its bands are the fields. Made by `open_source`, ended by its `detach`; blocks
+/// that are still outside keep the file open.
+///
+/// Statistics that the data set brings along are answered at once; all others come from one pass over the
+/// cells, which leaves nothing on disk.
+class grid_set final : public polymorphic<data_source_impl, grid_source_impl, stat_source_impl>
 {
 public:
     explicit grid_set(std::unique_ptr<dataset> set) : f_set(std::move(set)) {}
 
+    // data_source
     void detach() override;
     int driver_id() override { return f_set->driver_id(); }
+    bool has_capability(int) override { return false; }
     bool with_extent(Tvx_box_d2 *box, bool force) override;
     void with_proj4(vx::string_visitor visitor) override;
     int field_count() override { return f_set->gdal().GetRasterCount(); }
@@ -28,9 +41,63 @@ public:
     void with_files(vx::string_visitor visitor) override { f_set->with_files(visitor); }
     void with_error(vx::string_visitor visitor) override;
 
-private:
-    ~grid_set() = default;
+    // grid_source: origin and spacing are those of the cells' centres, rows count downwards
+    bool select_grid(wchar_t const *name) override;
+    bool with_dimensions(int *counts) override;
+    bool with_geotransform(Tvx_matrix3x3 *matrix) override;
+    bool set_geotransform(Tvx_matrix3x3 *matrix) override;
+    bool with_origin(double *xyz) override;
+    bool set_origin(double *xyz) override;
+    bool with_spacing(double *xyz) override;
+    bool set_spacing(double *xyz) override;
+    double azimuth() override;
+    bool create_overviews(int resampling, int *levels, int level_count, int *fields, int field_count,
+                          vx::monitor progress) override;
+    bool rename_field(int field, wchar_t const *name) override;
+    int field_datatype(int field) override;
+    int field_color(int field) override;
+    bool set_field_color(int field, int color) override;
+    int field_kind(int field) override;
+    bool field_palette(int field, vx::grid_palette_visitor visitor) override;
+    bool with_block(int field, vx::grid_block_visitor visitor) override;
 
-    std::unique_ptr<dataset> f_set;
+    // stat_source
+    bool has_stat(int field) override;
+    bool minimum(int field, double *value) override;
+    bool maximum(int field, double *value) override;
+    bool average(int field, double *value) override;
+    bool stdev(int field, double *value) override;
+    bool sum(int field, double *value) override;
+    bool count_nonnull(int field, long long *count) override;
+    bool compute_stats(int field, bool force) override;
+    bool with_unique_numerics(int field, int limit, vx::floatings_visitor visitor) override;
+    bool has_histogram(int field) override;
+    bool with_custom_histogram(int field, double minimum, double maximum, int count, long long *counts,
+                               bool force) override;
+    bool with_default_histogram(int field, bool force, vx::histogram_visitor visitor) override;
+
+private:
+    struct band_stat
+    {
+        double minimum = 0;
+        double maximum = 0;
+        double mean = 0;
+        double sum = 0;
+        double squares = 0; ///< sum of the squared distances from the mean
+        long long count = 0;
+    };
+
+    ~grid_set() = default;
+    [[nodiscard]] GDALRasterBand *band(int field) const;
+    /// All cells that have a value, in pieces of bounded size; `visit` gives false to stop. False when a
+    /// piece cannot be read.
+    bool scan(int field, std::function<bool(double const *cells, std::size_t count)> const &visit);
+    band_stat const *stat_of(int field);
+    /// What the data set itself says.
+    [[nodiscard]] std::optional<band_stat> stored_stat(int field) const;
+    bool change_place(std::function<void(double *matrix)> const &change);
+
+    std::shared_ptr<dataset> f_set;
+    std::map<int, band_stat> f_stats;
 };
 } // namespace vx::gdal
