@@ -1,8 +1,8 @@
-#include "platform/toolkit/application.h"
 #include "platform/winapi/main_thread.h"
 
-#include <gtest/gtest.h>
+#include "platform/toolkit/application.h"
 
+#include <gtest/gtest.h>
 #include <thread>
 
 TEST(main_thread, posted_calls_run_in_the_event_loop)
