@@ -4,6 +4,8 @@
 
 /// 2-D layers of every kind.
 
+// Plain functions in the full sense: hosts in other languages find them by name.
+extern "C" {
 /// A new layer of the type key, without file and with empty caption; null for a null or empty key. A key that
 /// is not one of layer_keys.h gives a layer that has only what all layers have: keys of plug-ins and of page
 /// layouts.
@@ -30,3 +32,4 @@ VX_API void vx_lr2d_set_visible(Ivx_layer *layer, bool visible);
 /// The data object behind the layer, made on first use from the file name; stays the layer's. Null for kinds
 /// without one and for an empty file name.
 [[nodiscard]] VX_API Ivx_entity *vx_lr2d_get_data_ptr(Ivx_layer *layer);
+} // extern "C"

@@ -7,6 +7,8 @@ struct Ivx_attr_data;
 /// Vector layers: keys "shp_pnt_lr2d", "shp_pln_lr2d", "shp_pgn_lr2d" and their sub-layers with z. On other
 /// layers the getters give null.
 
+// Plain functions in the full sense: hosts in other languages find them by name.
+extern "C" {
 /// A layer of one of the three keys over a connection string; null for another key. The file is not opened.
 [[nodiscard]] VX_API Ivx_layer *vx_shp_lr2d_create(char const *key, wchar_t const *source);
 /// Opens the source and makes a layer of the kind that its geometry calls for, with the file's base name as
@@ -28,3 +30,4 @@ struct Ivx_attr_data;
 [[nodiscard]] VX_API void *vx_shp_pgn_lr2d_get_stl_mngr_ptr(Ivx_layer *layer);
 /// The text settings, of the text style type of the geometry; the layer's own.
 [[nodiscard]] VX_API void *vx_shp_lr2d_get_txt_settings(Ivx_layer *layer);
+} // extern "C"

@@ -39,7 +39,7 @@ int main(int argc, char **argv)
     vx_lr2d_edt_form_show(record);
     check(vx_lr2d_edt_form_get_showing(record), "showing");
     check(form->GetCaption() == L"Mine", "a host's form keeps its title");
-    vx::user_input::click(form->get_apply_button());
+    vx::user_input::click(form->get_apply_btn());
     check(applied == 1, "Apply runs the callback once");
     vx_lr2d_edt_form_destroy(record);
     check(form->GetShowing(), "a host's form outlives the record");
