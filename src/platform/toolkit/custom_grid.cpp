@@ -258,6 +258,14 @@ void TCustomGrid::SetFixedColor(TColor color)
     InvalidateGrid();
 }
 
+void TCustomGrid::SetBorderStyle(TBorderStyle style)
+{
+    if (style == f_border_style)
+        return;
+    f_border_style = style;
+    InvalidateGrid();
+}
+
 void TCustomGrid::SetDefaultDrawing(bool value)
 {
     if (value == f_default_drawing)

@@ -130,6 +130,9 @@ public:
     void SetScrollBars(TScrollStyle style);
     [[nodiscard]] TColor GetFixedColor() const { return f_fixed_color; }
     void SetFixedColor(TColor color);
+    /// `bsSingle` or `bsNone`. The frame is one pixel wide and lies over the edge of the client area.
+    [[nodiscard]] TBorderStyle GetBorderStyle() const { return f_border_style; }
+    void SetBorderStyle(TBorderStyle style);
     [[nodiscard]] bool GetDefaultDrawing() const { return f_default_drawing; }
     /// True fills the cells, draws the edges of fixed ones and the frame of the focus; false leaves all but
     /// the grid lines to `DrawCell`.
@@ -253,6 +256,7 @@ private:
     void paint_cell(int col, int row, TRect const &rect, bool active);
     void paint_lines(TRect const &rect, bool fixed);
     void paint_mark();
+    void paint_frame();
     void timed_scroll();
     void end_drag();
     bool use_fixed_by_key(Word key, TShiftState shift);
@@ -278,6 +282,7 @@ private:
     TGridOptions f_options{goFixedVertLine, goFixedHorzLine, goVertLine, goHorzLine, goRangeSelect};
     TScrollStyle f_scroll_bars = ssBoth;
     TColor f_fixed_color = clBtnFace;
+    TBorderStyle f_border_style = bsSingle;
     bool f_default_drawing = true;
     bool f_editor_mode = false;
     bool f_can_edit_modify = true;

@@ -66,6 +66,7 @@ void TCustomGrid::Paint()
         canvas->FillRect(Rect(client.Right, client.Bottom, whole.Right, whole.Bottom));
     }
     paint_mark();
+    paint_frame();
 }
 
 void TCustomGrid::paint_cell(int col, int row, TRect const &rect, bool active)
@@ -157,4 +158,13 @@ void TCustomGrid::paint_mark()
     GetCanvas()->GetBrush()->SetStyle(bsSolid);
     GetCanvas()->GetBrush()->SetColor(clWindowText);
     GetCanvas()->FillRect(mark);
+}
+
+void TCustomGrid::paint_frame()
+{
+    if (f_border_style == bsNone)
+        return;
+    GetCanvas()->GetBrush()->SetStyle(bsSolid);
+    GetCanvas()->GetBrush()->SetColor(clBtnShadow);
+    GetCanvas()->FrameRect(TCustomControl::GetClientRect());
 }
