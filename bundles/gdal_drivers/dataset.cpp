@@ -9,6 +9,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <fstream>
 #include <sys/stat.h>
 
 namespace vx::gdal {
@@ -71,12 +72,19 @@ CPLStringList open_options(connection_text const &connection, char const *driver
     return options;
 }
 
-/// A database in write-ahead mode would get its side files even from a reader. Without a log there is nothing
-/// to miss, so it can be read as a file that does not change.
-bool is_quiet_database(std::string const &path, char const *driver)
+/// A database in write-ahead mode would get its side files even from a reader. While no writer has it open
+/// there is no log, and it can be read as a file that does not change.
+bool is_idle_write_ahead_database(std::string const &path, char const *driver)
 {
     struct stat info = {};
-    return driver && EQUAL(driver, "GPKG") && stat((path + "-wal").c_str(), &info) != 0;
+    if (!driver || !EQUAL(driver, "GPKG") || stat((path + "-wal").c_str(), &info) == 0)
+        return false;
+    // The versions of the format that readers and writers need: 2 is the write-ahead one.
+    constexpr std::streamoff c_versions = 18;
+    char versions[2] = {};
+    std::ifstream file(path, std::ios::binary);
+    file.seekg(c_versions).read(versions, sizeof versions);
+    return file && versions[0] == 2 && versions[1] == 2;
 }
 } // namespace
 
@@ -112,7 +120,7 @@ std::unique_ptr<dataset> dataset::open(std::wstring const &connection, bool read
             GDALIdentifyDriverEx(path.c_str(), GDAL_OF_VECTOR | GDAL_OF_RASTER, nullptr, nullptr);
         char const *const driver_name = driver ? GDALGetDriverShortName(driver) : nullptr;
         CPLStringList options = open_options(parsed, driver_name, read_only);
-        if (read_only && is_quiet_database(path, driver_name))
+        if (read_only && is_idle_write_ahead_database(path, driver_name))
             options.SetNameValue("IMMUTABLE", "YES");
         char const *const only[] = {driver_name, nullptr};
         unsigned const flags = GDAL_OF_VECTOR | GDAL_OF_RASTER | GDAL_OF_VERBOSE_ERROR |

@@ -60,14 +60,14 @@ std::string two_digits(int value)
 }
 
 /// Fifteen digits at most and no zeros at the end, whatever width the table keeps its numbers in.
-std::wstring number_text(double value)
+std::string number_text(double value)
 {
     char text[40];
     auto const end = std::to_chars(text, text + sizeof text, value, std::chars_format::general, 15).ptr;
     return {text, end};
 }
 
-std::wstring date_text(OGRFeature const &record, int field, OGRFieldType type)
+std::string date_text(OGRFeature const &record, int field, OGRFieldType type)
 {
     int year = 0, month = 0, day = 0, hour = 0, minute = 0, zone = 0;
     float second = 0;
@@ -91,18 +91,18 @@ std::wstring date_text(OGRFeature const &record, int field, OGRFieldType type)
         int const minutes = std::abs(zone - 100) * 15;
         text += (zone < 100 ? "-" : "+") + two_digits(minutes / 60) + ":" + two_digits(minutes % 60);
     }
-    return text::utf8_to_wide(text);
+    return text;
 }
 } // namespace
 
-std::wstring cell_text(OGRFeature const &record, int field)
+std::string cell_bytes(OGRFeature const &record, int field)
 {
     OGRFieldType const type = record.GetFieldDefnRef(field)->GetType();
     if (type == OFTDate || type == OFTTime || type == OFTDateTime)
         return date_text(record, field, type);
     if (type == OFTReal)
         return number_text(record.GetFieldAsDouble(field));
-    return text::utf8_to_wide(record.GetFieldAsString(field));
+    return record.GetFieldAsString(field);
 }
 
 bool gdal_feature::flush()
@@ -293,7 +293,7 @@ bool gdal_feature::has_value(int field, bool *not_null) const
 void gdal_feature::get_string(int field, bool *not_null, vx::string_visitor visitor)
 {
     if (has_value(field, not_null))
-        visitor.visit(cell_text(*f_record, field).c_str());
+        visit_utf8(visitor, cell_bytes(*f_record, field).c_str());
 }
 
 int gdal_feature::get_integer(int field, bool *not_null)
@@ -327,7 +327,7 @@ void gdal_feature::get_binary(int field, bool *not_null, vx::bytes_visitor visit
         return;
     }
     // Of any other cell the bytes of its text, in UTF-8.
-    std::string const bytes = text::wide_to_utf8(cell_text(*f_record, field));
+    std::string const bytes = cell_bytes(*f_record, field);
     visitor.visit(bytes.size(), bytes.data());
 }
 

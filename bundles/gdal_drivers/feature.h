@@ -95,6 +95,6 @@ private:
     bool f_changed = false;
 };
 
-/// The text of a cell: dates and times in the form of ISO 8601, numbers with a decimal point.
-[[nodiscard]] std::wstring cell_text(OGRFeature const &record, int field);
+/// The text of a cell in UTF-8: dates and times in the form of ISO 8601, numbers with a decimal point.
+[[nodiscard]] std::string cell_bytes(OGRFeature const &record, int field);
 } // namespace vx::gdal

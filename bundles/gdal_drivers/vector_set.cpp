@@ -96,11 +96,14 @@ bool vector_set::has_capability(int capability)
 {
     if (!f_layer)
         return capability == can_create_vectors && !f_set->read_only();
+    error_guard const guard(f_set->error());
     auto const layer_can = [&](char const *what) { return f_layer->TestCapability(what) != FALSE; };
     bool const writable = !f_set->read_only();
     switch (capability) {
     case can_read_by_index:
-        return layer_can(OLCRandomRead) && layer_can(OLCFastSetNextByIndex);
+        // Some formats find single features fast, but count them from 1.
+        return layer_can(OLCRandomRead) && layer_can(OLCFastSetNextByIndex) &&
+               OGRFeatureUniquePtr(f_layer->GetFeature(0));
     case can_create_features:
         return writable && layer_can(OLCSequentialWrite);
     case can_change_features:

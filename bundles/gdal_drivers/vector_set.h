@@ -11,8 +11,10 @@
 
 #include <ogrsf_frmts.h>
 
+#include <functional>
 #include <map>
 #include <optional>
+#include <string_view>
 #include <unordered_set>
 
 namespace vx::gdal {
@@ -119,6 +121,7 @@ public:
 
 private:
     class position_keeper;
+    class narrowed_layer;
 
     /// What one pass over a field tells.
     struct field_stat
@@ -158,10 +161,10 @@ private:
     bool flush_features();
     [[nodiscard]] bool may_change(error_guard &guard) const;
     void content_changed();
-    /// Reads one field of all features; `visit` gives false to stop. False when the table cannot be read
-    /// whole.
-    template <class Visit>
-    bool scan(int field, Visit visit);
+    /// Read one field of all features, without its null cells; `visit` gives false to stop. False when the
+    /// table cannot be read whole, and with a filter in force.
+    bool scan_numbers(int field, std::function<bool(double const *values, std::size_t count)> const &visit);
+    bool scan_texts(int field, std::function<bool(std::string_view text)> const &visit);
     field_stat const *stat_of(int field);
 
     std::unique_ptr<dataset> f_set;

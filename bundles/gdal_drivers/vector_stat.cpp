@@ -1,10 +1,12 @@
+#include "arrow_column.h"
 #include "data_types.h"
 #include "vector_set.h"
 
-#include "platform/base/text_codec.h"
-
 #include <cmath>
+#include <functional>
 #include <set>
+#include <string>
+#include <string_view>
 #include <unordered_set>
 #include <vector>
 
@@ -19,28 +21,79 @@ bool is_number(int type)
 }
 } // namespace
 
-template <class Visit>
-bool vector_set::scan(int field, Visit visit)
+/// Reading only one column spares the drivers that can do so the geometry and all other fields.
+class vector_set::narrowed_layer
 {
-    if (!field_at(field) || has_filter())
+public:
+    narrowed_layer(OGRLayer &layer, int field) : f_layer(layer)
+    {
+        std::vector<char const *> ignored{"OGR_GEOMETRY", "OGR_STYLE"};
+        OGRFeatureDefn *const fields = layer.GetLayerDefn();
+        for (int i = 0; i < fields->GetFieldCount(); ++i)
+            if (i != field)
+                ignored.push_back(fields->GetFieldDefn(i)->GetNameRef());
+        ignored.push_back(nullptr);
+        f_is_narrow =
+            layer.TestCapability(OLCIgnoreFields) && layer.SetIgnoredFields(ignored.data()) == OGRERR_NONE;
+        layer.ResetReading();
+    }
+    ~narrowed_layer()
+    {
+        if (f_is_narrow)
+            f_layer.SetIgnoredFields(nullptr);
+    }
+    narrowed_layer(narrowed_layer const &) = delete;
+    narrowed_layer &operator=(narrowed_layer const &) = delete;
+
+private:
+    OGRLayer &f_layer;
+    bool f_is_narrow = false;
+};
+
+bool vector_set::scan_numbers(int field,
+                              std::function<bool(double const *values, std::size_t count)> const &visit)
+{
+    auto const *const defn = field_at(field);
+    if (!defn || has_filter())
         return false;
     error_guard const guard(f_set->error());
     (void)flush_features();
     position_keeper const keeper(*this);
-    // Reading only the column spares the drivers that can do so the geometry and all other fields.
-    std::vector<char const *> ignored{"OGR_GEOMETRY", "OGR_STYLE"};
-    for (int i = 0; i < field_count(); ++i)
-        if (i != field)
-            ignored.push_back(field_at(i)->GetNameRef());
-    ignored.push_back(nullptr);
-    bool const narrowed =
-        f_layer->TestCapability(OLCIgnoreFields) && f_layer->SetIgnoredFields(ignored.data()) == OGRERR_NONE;
+    narrowed_layer const narrowed(*f_layer, field);
+    column_result const columns = is_number(field_type_of(*defn)) && field_subtype_of(*defn) == subtype_none
+                                      ? read_numbers(*f_layer, defn->GetNameRef(), visit)
+                                      : column_result::not_offered;
+    if (columns != column_result::not_offered)
+        return columns == column_result::done && guard.text().empty();
+    f_layer->ResetReading();
+    while (OGRFeatureUniquePtr const record{f_layer->GetNextFeature()}) {
+        if (!record->IsFieldSetAndNotNull(field))
+            continue;
+        double const value = record->GetFieldAsDouble(field);
+        if (!visit(&value, 1))
+            break;
+    }
+    return guard.text().empty();
+}
+
+bool vector_set::scan_texts(int field, std::function<bool(std::string_view text)> const &visit)
+{
+    auto const *const defn = field_at(field);
+    if (!defn || has_filter())
+        return false;
+    error_guard const guard(f_set->error());
+    (void)flush_features();
+    position_keeper const keeper(*this);
+    narrowed_layer const narrowed(*f_layer, field);
+    column_result const columns = defn->GetType() == OFTString
+                                      ? read_texts(*f_layer, defn->GetNameRef(), visit)
+                                      : column_result::not_offered;
+    if (columns != column_result::not_offered)
+        return columns == column_result::done && guard.text().empty();
     f_layer->ResetReading();
     while (OGRFeatureUniquePtr const record{f_layer->GetNextFeature()})
-        if (record->IsFieldSetAndNotNull(field) && !visit(*record))
+        if (record->IsFieldSetAndNotNull(field) && !visit(cell_bytes(*record, field)))
             break;
-    if (narrowed)
-        f_layer->SetIgnoredFields(nullptr);
     return guard.text().empty();
 }
 
@@ -52,23 +105,25 @@ vector_set::field_stat const *vector_set::stat_of(int field)
     if (known != f_stats.end())
         return &known->second;
     field_stat stat;
-    bool const numeric = is_number(field_type(field));
-    bool const good = scan(field, [&](OGRFeature const &record) {
-        ++stat.count;
-        if (!numeric)
-            return true;
-        double const value = record.GetFieldAsDouble(field);
-        if (stat.count == 1)
-            stat.minimum = stat.maximum = value;
-        stat.minimum = std::fmin(stat.minimum, value);
-        stat.maximum = std::fmax(stat.maximum, value);
-        stat.sum += value;
-        // Welford's recurrence: no loss of digits where the spread is small beside the mean.
-        double const away = value - stat.mean;
-        stat.mean += away / static_cast<double>(stat.count);
-        stat.squares += away * (value - stat.mean);
+    auto const add = [&](double const *values, std::size_t count) {
+        for (std::size_t i = 0; i < count; ++i) {
+            double const value = values[i];
+            if (++stat.count == 1)
+                stat.minimum = stat.maximum = value;
+            stat.minimum = std::fmin(stat.minimum, value);
+            stat.maximum = std::fmax(stat.maximum, value);
+            stat.sum += value;
+            // Welford's recurrence: no loss of digits where the spread is small beside the mean.
+            double const away = value - stat.mean;
+            stat.mean += away / static_cast<double>(stat.count);
+            stat.squares += away * (value - stat.mean);
+        }
         return true;
-    });
+    };
+    // Of text only the number of cells is of use.
+    bool const good = is_number(field_type(field))
+                          ? scan_numbers(field, add)
+                          : scan_texts(field, [&](std::string_view) { return ++stat.count, true; });
     return good ? &f_stats.emplace(field, stat).first->second : nullptr;
 }
 
@@ -127,17 +182,21 @@ bool vector_set::count_nonnull(int field, long long *count)
 
 bool vector_set::count_distinct(int field, long long *count)
 {
-    if (!count || !stat_of(field))
+    if (!count || has_filter() || !field_at(field))
         return false;
-    field_stat &stat = f_stats.at(field);
-    if (!stat.distinct) {
-        std::unordered_set<std::wstring> seen;
-        if (!scan(field,
-                  [&](OGRFeature const &record) { return seen.insert(cell_text(record, field)), true; }))
+    auto const known = f_stats.find(field);
+    if (known == f_stats.end() || !known->second.distinct) {
+        std::unordered_set<std::string> seen;
+        long long cells = 0;
+        if (!scan_texts(field, [&](std::string_view text) { return ++cells, seen.emplace(text), true; }))
             return false;
+        if (is_number(field_type(field)) && !stat_of(field))
+            return false;
+        field_stat &stat = f_stats[field];
+        stat.count = cells;
         stat.distinct = static_cast<long long>(seen.size());
     }
-    *count = *stat.distinct;
+    *count = *f_stats.at(field).distinct;
     return true;
 }
 
@@ -150,13 +209,16 @@ bool vector_set::with_unique_numerics(int field, int limit, vx::floatings_visito
 {
     std::set<double> values;
     bool has_nan = false;
-    bool const good = scan(field, [&](OGRFeature const &record) {
-        double const value = record.GetFieldAsDouble(field);
-        if (std::isnan(value))
-            has_nan = true;
-        else
-            values.insert(value);
-        return limit < 0 || values.size() + has_nan < static_cast<std::size_t>(limit);
+    bool const good = scan_numbers(field, [&](double const *cells, std::size_t count) {
+        for (std::size_t i = 0; i < count; ++i) {
+            if (std::isnan(cells[i]))
+                has_nan = true;
+            else
+                values.insert(cells[i]);
+            if (limit >= 0 && values.size() + has_nan >= static_cast<std::size_t>(limit))
+                return false;
+        }
+        return true;
     });
     if (!good)
         return false;
@@ -170,15 +232,16 @@ bool vector_set::with_unique_numerics(int field, int limit, vx::floatings_visito
 
 bool vector_set::with_unique_strings(int field, int limit, vx::string_visitor visitor)
 {
-    std::set<std::wstring> values;
-    bool const good = scan(field, [&](OGRFeature const &record) {
-        values.insert(cell_text(record, field));
+    std::set<std::string, std::less<>> values;
+    bool const good = scan_texts(field, [&](std::string_view text) {
+        if (values.find(text) == values.end())
+            values.emplace(text);
         return limit < 0 || values.size() < static_cast<std::size_t>(limit);
     });
     if (!good)
         return false;
-    for (std::wstring const &value : values)
-        visitor.visit(value.c_str());
+    for (std::string const &value : values)
+        visit_utf8(visitor, value.c_str());
     return true;
 }
 
@@ -194,13 +257,14 @@ bool vector_set::with_custom_histogram(int field, double minimum, double maximum
         return false;
     std::fill(counts, counts + count, 0);
     double const width = (maximum - minimum) / count;
-    return scan(field, [&](OGRFeature const &record) {
-        double const value = record.GetFieldAsDouble(field);
-        if (!(value >= minimum && value <= maximum))
-            return true;
-        double const place = width > 0 ? (value - minimum) / width : 0;
-        // The upper bound belongs to the last class.
-        ++counts[std::min(count - 1, static_cast<int>(place))];
+    return scan_numbers(field, [&](double const *cells, std::size_t number) {
+        for (std::size_t i = 0; i < number; ++i) {
+            if (!(cells[i] >= minimum && cells[i] <= maximum))
+                continue;
+            double const place = width > 0 ? (cells[i] - minimum) / width : 0;
+            // The upper bound belongs to the last class.
+            ++counts[std::min(count - 1, static_cast<int>(place))];
+        }
         return true;
     });
 }

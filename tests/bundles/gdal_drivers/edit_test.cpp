@@ -266,6 +266,57 @@ TEST_P(gdal_edit, a_kept_new_feature_goes_on_as_a_stored_one)
     EXPECT_EQ(made.table.feature_count(true), 1u);
 }
 
+TEST_P(gdal_edit, columns_are_counted_without_their_nulls)
+{
+    // More rows than a batch of columns holds; every third cell is null.
+    constexpr int c_rows = 70000;
+    {
+        source const made(path("t"), GetParam());
+        ASSERT_TRUE(made.table.create_vector(
+            L"t", 1, 0, definition({{L"n", 3}, {L"big", 4}, {L"x", 2}, {L"s", 1, 0, 10}, {L"flag", 3, 1}})));
+        (void)made.table.transaction_start();
+        for (int i = 0; i < c_rows; ++i)
+            ASSERT_TRUE(add(made, [&](vx::feature f) {
+                if (i % 3 == 0)
+                    return;
+                EXPECT_TRUE(f.set_integer(0, i % 10) && f.set_bigint(1, 4000000000LL + i) &&
+                            f.set_numeric(2, i * 0.5) && f.set_integer(4, i % 2));
+                EXPECT_TRUE(f.set_string(3, (L"s" + std::to_wstring(i % 7)).c_str()));
+            }));
+        EXPECT_TRUE(made.table.transaction_commit());
+    }
+    source const s(path("t"));
+    long long cells = 0;
+    double sum = 0;
+    for (int i = 0; i < c_rows; ++i)
+        if (i % 3 != 0) {
+            ++cells;
+            sum += i * 0.5;
+        }
+    for (int field = 0; field < 5; ++field) {
+        long long count = 0;
+        EXPECT_TRUE(s.stat.count_nonnull(field, &count));
+        EXPECT_EQ(count, cells) << field;
+    }
+    double value = 0;
+    EXPECT_TRUE(s.stat.sum(2, &value));
+    EXPECT_NEAR(value, sum, 1e-3);
+    EXPECT_TRUE(s.stat.minimum(1, &value));
+    EXPECT_EQ(value, 4000000001.0);
+    EXPECT_TRUE(s.stat.maximum(1, &value));
+    EXPECT_EQ(value, 4000069998.0);
+    EXPECT_TRUE(s.stat.average(4, &value));
+    EXPECT_NEAR(value, 0.5, 1e-4);
+    long long count = 0;
+    EXPECT_TRUE(s.stat.count_distinct(3, &count));
+    EXPECT_EQ(count, 7);
+    EXPECT_TRUE(s.stat.count_distinct(0, &count));
+    EXPECT_EQ(count, 10);
+    EXPECT_EQ(texts_of([&](vx::string_visitor v) { (void)s.stat.with_unique_strings(3, -1, v); }),
+              (std::vector<std::wstring>{L"s0", L"s1", L"s2", L"s3", L"s4", L"s5", L"s6"}));
+    EXPECT_EQ(rest_of(s).size(), static_cast<std::size_t>(c_rows)) << "counting leaves the reading alone";
+}
+
 INSTANTIATE_TEST_SUITE_P(formats, gdal_edit, testing::Values(c_shapefile, c_geopackage),
                          [](auto const &info) {
                              return info.param == c_shapefile ? "shapefile" : "geopackage";
