@@ -84,6 +84,7 @@ VX_API void vx_lr2d_edt_form_set_width(Tvx_lr2d_edit_form *handle, int value);
 VX_API void vx_lr2d_edt_form_set_height(Tvx_lr2d_edit_form *handle, int value);
 
 /// Ends the record, its pages, the working copy, and the window if it is the record's own. Null is accepted.
+/// Not to be called from inside the callback.
 VX_API void vx_lr2d_edt_form_destroy(Tvx_lr2d_edit_form *handle);
 
 #ifdef __cplusplus

@@ -76,6 +76,7 @@ void Tvx_lr2d_edit::load_res()
 {
     if (!f_pages)
         return;
+    f_pages->SetAccessibleName(vx_res_get_wstr(c_caption_pages));
     f_2crd_prop_caption = vx_res_get_wstr(c_caption_2crd_prop_tab);
     f_slice_prop_caption = vx_res_get_wstr(c_caption_slice_prop_tab);
     f_style_ts->SetCaption(vx_res_get_wstr(c_caption_style_tab));
