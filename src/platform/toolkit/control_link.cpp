@@ -172,6 +172,10 @@ bool vx_control_link::filter(QWidget *target, QEvent *event)
     bool const input = event->isInputEvent() || event->type() == QEvent::InputMethod;
     if (input && !target->isEnabled())
         return false;
+    // What lies in a control that draws itself is a widget in its own right: a menu bar, a scroll bar, a
+    // host's widget.
+    if (input && target != widget && control->ControlStyle.Contains(csOwnPaint))
+        return false;
     switch (event->type()) {
     case QEvent::KeyPress:
         return key_press(target, *static_cast<QKeyEvent *>(event));

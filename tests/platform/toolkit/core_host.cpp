@@ -97,3 +97,24 @@ TEST(core_host, values_cross_the_bridge)
     EXPECT_EQ(vx_qt_color(clNone).alpha(), 0);
     EXPECT_EQ(vx_color(vx_qt_color(clWindow)), ColorToRGB(clWindow));
 }
+
+TEST(core_host, a_foreign_widget_inside_a_control_keeps_its_input)
+{
+    TForm form(nullptr);
+    form.SetKeyPreview(true);
+    auto *const probe = new probe_control(&form, &form, "probe");
+    probe->SetBounds(10, 10, 200, 60);
+    auto *const line = new QLineEdit;
+    vx_qt_host_widget(probe, line);
+    form.Show();
+    user_input::wait_idle();
+    EXPECT_EQ(line->size(), QSize(200, 60));
+    probe->SetBounds(10, 10, 150, 40);
+    user_input::wait_idle();
+    EXPECT_EQ(line->size(), QSize(150, 40));
+    user_input::click(probe);
+    EXPECT_TRUE(line->hasFocus());
+    EXPECT_EQ(form.GetActiveControl(), probe);
+    user_input::type(L"abc");
+    EXPECT_EQ(line->text(), "abc");
+}

@@ -1,5 +1,6 @@
 #include "core_fixture.h"
 
+#include "platform/toolkit/button.h"
 #include "platform/toolkit/edit.h"
 #include "platform/toolkit/list.h"
 
@@ -104,6 +105,38 @@ TEST(core_keys, preview_comes_before_the_control)
     user_input::press('6');
     EXPECT_EQ(at_edit.log.size(), 2U);
     EXPECT_EQ(form.edits[0]->GetText(), L"55");
+}
+
+TEST(core_keys, enter_and_escape_go_to_the_buttons_of_the_form)
+{
+    struct row
+    {
+        int key;
+        TModalResult result;
+    };
+    for (row const r : {row{VK_RETURN, mrOk}, row{VK_ESCAPE, mrCancel}}) {
+        edit_form form;
+        form.Hide();
+        auto *const ok = new TButton(&form);
+        ok->SetParent(&form);
+        ok->SetDefault(true);
+        ok->SetModalResult(mrOk);
+        auto *const cancel = new TButton(&form);
+        cancel->SetParent(&form);
+        cancel->SetCancel(true);
+        cancel->SetModalResult(mrCancel);
+        key_probe probe;
+        form.edits[0]->OnKeyDown = make_closure<&key_probe::on_down>(&probe);
+        user_input::on_next_modal([&](user_input::modal_window const &) {
+            form.edits[0]->SetFocus();
+            probe.swallow_down = static_cast<Word>(r.key);
+            user_input::press(r.key);
+            EXPECT_EQ(form.GetModalResult(), mrNone) << "the control kept the key to itself";
+            probe.swallow_down = 0;
+            user_input::press(r.key);
+        });
+        EXPECT_EQ(form.ShowModal(), r.result);
+    }
 }
 
 TEST(core_focus, enter_and_exit_go_along_the_chain)

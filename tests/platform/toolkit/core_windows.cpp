@@ -1,6 +1,7 @@
 #include "core_fixture.h"
 
 #include "platform/toolkit/dock_manager.h"
+#include "platform/toolkit/font.h"
 #include "platform/toolkit/list.h"
 
 #include <gtest/gtest.h>
@@ -77,6 +78,42 @@ TEST(core_window, enabled_and_visible_are_each_controls_own)
     EXPECT_EQ(inner->GetColor(), clRed);
     inner->SetCaption(L"&Size && more");
     EXPECT_EQ(inner->GetAccessibleName(), L"Size & more");
+}
+
+TEST(core_window, fonts_come_from_the_parent_until_there_is_one_of_ones_own)
+{
+    TForm form(nullptr);
+    TPanel panel(nullptr);
+    TPanel child(nullptr);
+    panel.SetParent(&form);
+    child.SetParent(&panel);
+    form.GetFont()->SetHeight(-20);
+    EXPECT_EQ(child.GetFont()->GetHeight(), -20);
+    form.GetFont()->SetHeight(-24);
+    EXPECT_EQ(child.GetFont()->GetHeight(), -24) << "also after it was asked for";
+    EXPECT_TRUE(child.GetParentFont());
+    panel.GetFont()->SetStyle({fsBold});
+    EXPECT_FALSE(panel.GetParentFont());
+    EXPECT_TRUE(child.GetFont()->GetStyle().Contains(fsBold));
+    form.GetFont()->SetHeight(-30);
+    EXPECT_EQ(child.GetFont()->GetHeight(), -24) << "the panel stands in between";
+    panel.SetParentFont(true);
+    EXPECT_EQ(child.GetFont()->GetHeight(), -30);
+}
+
+TEST(core_window, hints_are_shown_as_the_nearest_answer_says)
+{
+    TForm form(nullptr);
+    TPanel panel(nullptr);
+    panel.SetParent(&form);
+    panel.SetHint(L"short|long");
+    EXPECT_FALSE(panel.GetShowHint());
+    form.SetShowHint(true);
+    EXPECT_TRUE(panel.GetShowHint());
+    panel.SetShowHint(false);
+    EXPECT_FALSE(panel.GetShowHint());
+    panel.SetParentShowHint(true);
+    EXPECT_TRUE(panel.GetShowHint());
 }
 
 TEST(core_form, position_centre_and_designed)
