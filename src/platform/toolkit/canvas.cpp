@@ -142,11 +142,13 @@ QBrush to_brush(TBrush const &brush)
     return QBrush(vx_qt_color(brush.GetColor()), to_brush_style(brush.GetStyle()));
 }
 
-/// A painter's state for one call: set at the start, restored at the end.
+/// A painter's state for one call: set at the start, restored at the end. Then, when nothing of the painter
+/// is in use any more, the canvas tells of the change.
 class painting
 {
 public:
-    explicit painting(vx_native_painter *painter) : f_painter(reinterpret_cast<QPainter *>(painter))
+    explicit painting(TCanvas &canvas)
+        : f_canvas(canvas), f_painter(reinterpret_cast<QPainter *>(canvas.NativePainter()))
     {
         if (f_painter)
             f_painter->save();
@@ -155,6 +157,8 @@ public:
     {
         if (f_painter)
             f_painter->restore();
+        if (f_done)
+            f_canvas.OnChange(&f_canvas);
     }
     painting(painting const &) = delete;
     painting &operator=(painting const &) = delete;
@@ -162,6 +166,8 @@ public:
     explicit operator bool() const { return f_painter != nullptr; }
     QPainter *operator->() const { return f_painter; }
     QPainter *get() const { return f_painter; }
+    /// Something was drawn.
+    void done() { f_done = true; }
 
     void set_up(TCanvas const &canvas)
     {
@@ -179,7 +185,9 @@ public:
     }
 
 private:
+    TCanvas &f_canvas;
     QPainter *f_painter;
+    bool f_done = false;
 };
 
 /// Whether a straight line along an axis covers whole pixels, so that it can be filled instead of stroked: a
@@ -242,11 +250,6 @@ void TCanvas::on_font_change(TObject *)
     f_state->metrics.reset();
 }
 
-void TCanvas::drawn()
-{
-    OnChange(this);
-}
-
 vx_native_painter *TCanvas::NativePainter()
 {
     if (!f_state->attached.empty())
@@ -297,7 +300,7 @@ void TCanvas::LineTo(int x, int y)
 {
     TPoint const from = f_pen_pos;
     f_pen_pos = {x, y};
-    painting p(NativePainter());
+    painting p(*this);
     if (!p || (from.X == x && from.Y == y) || f_pen->GetStyle() == psClear)
         return;
     p.set_up(*this);
@@ -307,33 +310,33 @@ void TCanvas::LineTo(int x, int y)
         p->fillRect(x, y > from.Y ? from.Y : y + 1, 1, std::abs(y - from.Y), p->pen().color());
     else
         p->drawLine(QPointF(from.X + 0.5, from.Y + 0.5), QPointF(x + 0.5, y + 0.5));
-    drawn();
+    p.done();
 }
 
 void TCanvas::Polyline(std::span<TPoint const> points)
 {
-    painting p(NativePainter());
+    painting p(*this);
     if (!p || points.size() < 2)
         return;
     p.set_up(*this);
     p->setBrush(Qt::NoBrush);
     p->drawPolyline(to_polygon(points, 0.5));
-    drawn();
+    p.done();
 }
 
 void TCanvas::Polygon(std::span<TPoint const> points)
 {
-    painting p(NativePainter());
+    painting p(*this);
     if (!p || points.size() < 2)
         return;
     p.set_up(*this);
     p->drawPolygon(to_polygon(points, 0.5));
-    drawn();
+    p.done();
 }
 
 void TCanvas::Rectangle(int left, int top, int right, int bottom)
 {
-    painting p(NativePainter());
+    painting p(*this);
     if (!p || right <= left || bottom <= top)
         return;
     p.set_up(*this);
@@ -355,12 +358,13 @@ void TCanvas::Rectangle(int left, int top, int right, int bottom)
                     p->fillRect(right - 1, top + 1, 1, height - 2, color);
             }
         }
-        return drawn();
+        p.done();
+        return;
     }
     double const inset = f_pen->GetStyle() == psInsideFrame ? f_pen->GetWidth() / 2.0 : 0.5;
     p->drawRect(QRectF(left + inset, top + inset, std::max(width - 2 * inset, 0.0),
                        std::max(height - 2 * inset, 0.0)));
-    drawn();
+    p.done();
 }
 
 void TCanvas::Rectangle(TRect const &rect)
@@ -370,23 +374,23 @@ void TCanvas::Rectangle(TRect const &rect)
 
 void TCanvas::RoundRect(int left, int top, int right, int bottom, int ellipse_width, int ellipse_height)
 {
-    painting p(NativePainter());
+    painting p(*this);
     if (!p || right <= left || bottom <= top)
         return;
     p.set_up(*this);
     p->drawRoundedRect(QRectF(left + 0.5, top + 0.5, right - left - 1, bottom - top - 1), ellipse_width / 2.0,
                        ellipse_height / 2.0);
-    drawn();
+    p.done();
 }
 
 void TCanvas::Ellipse(int left, int top, int right, int bottom)
 {
-    painting p(NativePainter());
+    painting p(*this);
     if (!p || right <= left || bottom <= top)
         return;
     p.set_up(*this);
     p->drawEllipse(QRectF(left + 0.5, top + 0.5, right - left - 1, bottom - top - 1));
-    drawn();
+    p.done();
 }
 
 void TCanvas::Ellipse(TRect const &rect)
@@ -421,40 +425,40 @@ arc_span span_between(QRectF const &box, QPointF const &from, QPointF const &to)
 
 void TCanvas::Arc(int left, int top, int right, int bottom, int x3, int y3, int x4, int y4)
 {
-    painting p(NativePainter());
+    painting p(*this);
     if (!p || right <= left || bottom <= top)
         return;
     p.set_up(*this);
     QRectF const box(left + 0.5, top + 0.5, right - left - 1, bottom - top - 1);
     arc_span const span = span_between(box, QPointF(x3, y3), QPointF(x4, y4));
     p->drawArc(box, span.start, span.length);
-    drawn();
+    p.done();
 }
 
 void TCanvas::Pie(int left, int top, int right, int bottom, int x3, int y3, int x4, int y4)
 {
-    painting p(NativePainter());
+    painting p(*this);
     if (!p || right <= left || bottom <= top)
         return;
     p.set_up(*this);
     QRectF const box(left + 0.5, top + 0.5, right - left - 1, bottom - top - 1);
     arc_span const span = span_between(box, QPointF(x3, y3), QPointF(x4, y4));
     p->drawPie(box, span.start, span.length);
-    drawn();
+    p.done();
 }
 
 void TCanvas::FillRect(TRect const &rect)
 {
-    painting p(NativePainter());
+    painting p(*this);
     if (!p || f_brush->GetStyle() == bsClear)
         return;
     p->fillRect(vx_qt_rect(rect), to_brush(*f_brush));
-    drawn();
+    p.done();
 }
 
 void TCanvas::FrameRect(TRect const &rect)
 {
-    painting p(NativePainter());
+    painting p(*this);
     QRect const box = vx_qt_rect(rect);
     if (!p || box.isEmpty())
         return;
@@ -463,12 +467,12 @@ void TCanvas::FrameRect(TRect const &rect)
     p->fillRect(box.left(), box.bottom(), box.width(), 1, color);
     p->fillRect(box.left(), box.top(), 1, box.height(), color);
     p->fillRect(box.right(), box.top(), 1, box.height(), color);
-    drawn();
+    p.done();
 }
 
 void TCanvas::DrawFocusRect(TRect const &rect)
 {
-    painting p(NativePainter());
+    painting p(*this);
     QRect const box = vx_qt_rect(rect);
     if (!p || box.width() < 2 || box.height() < 2)
         return;
@@ -478,7 +482,7 @@ void TCanvas::DrawFocusRect(TRect const &rect)
     p->fillRect(box.left(), box.bottom(), box.width(), 1, dots);
     p->fillRect(box.left(), box.top() + 1, 1, box.height() - 2, dots);
     p->fillRect(box.right(), box.top() + 1, 1, box.height() - 2, dots);
-    drawn();
+    p.done();
 }
 
 namespace {
@@ -511,7 +515,7 @@ void TCanvas::TextOut(int x, int y, UnicodeString const &text)
 {
     TSize const extent = TextExtent(text);
     f_pen_pos = {x + extent.cx, y};
-    painting p(NativePainter());
+    painting p(*this);
     if (!p)
         return;
     p.set_up_text(*this);
@@ -524,12 +528,12 @@ void TCanvas::TextOut(int x, int y, UnicodeString const &text)
     if (f_brush->GetStyle() != bsClear)
         p->fillRect(x, y, extent.cx, extent.cy, vx_qt_color(f_brush->GetColor()));
     p->drawText(x, y + ascent, vx_qt_string(text));
-    drawn();
+    p.done();
 }
 
 void TCanvas::TextRect(TRect const &rect, int x, int y, UnicodeString const &text)
 {
-    painting p(NativePainter());
+    painting p(*this);
     if (!p)
         return;
     p.set_up_text(*this);
@@ -537,7 +541,7 @@ void TCanvas::TextRect(TRect const &rect, int x, int y, UnicodeString const &tex
     if (f_brush->GetStyle() != bsClear)
         p->fillRect(vx_qt_rect(rect), to_brush(*f_brush));
     p->drawText(x, y + metrics_of(f_state->metrics, *f_font).ascent(), vx_qt_string(text));
-    drawn();
+    p.done();
 }
 
 void TCanvas::TextRect(TRect &rect, UnicodeString const &text, TTextFormat format)
@@ -554,7 +558,7 @@ void TCanvas::TextRect(TRect &rect, UnicodeString const &text, TTextFormat forma
         rect.Bottom = rect.Top + room.height();
         return;
     }
-    painting p(NativePainter());
+    painting p(*this);
     if (!p)
         return;
     if (format.Contains(tfEndEllipsis) || format.Contains(tfWordEllipsis))
@@ -565,7 +569,7 @@ void TCanvas::TextRect(TRect &rect, UnicodeString const &text, TTextFormat forma
     if (f_brush->GetStyle() != bsClear)
         p->fillRect(box, to_brush(*f_brush));
     p->drawText(box, flags, shown);
-    drawn();
+    p.done();
 }
 
 void TCanvas::Draw(int x, int y, TGraphic *graphic)
@@ -575,31 +579,34 @@ void TCanvas::Draw(int x, int y, TGraphic *graphic)
 
 void TCanvas::Draw(int x, int y, TGraphic *graphic, unsigned char opacity)
 {
-    if (!graphic || graphic->GetEmpty())
-        return;
-    painting p(NativePainter());
-    if (!p)
-        return;
-    p->setOpacity(p->opacity() * opacity / 255);
-    StretchDraw(Bounds(x, y, graphic->GetWidth(), graphic->GetHeight()), graphic);
+    if (graphic)
+        stretch(Bounds(x, y, graphic->GetWidth(), graphic->GetHeight()), graphic, opacity);
 }
 
 void TCanvas::StretchDraw(TRect const &rect, TGraphic *graphic)
 {
-    if (!graphic || graphic->GetEmpty())
+    if (graphic)
+        stretch(rect, graphic, 255);
+}
+
+void TCanvas::stretch(TRect const &rect, TGraphic *graphic, unsigned char opacity)
+{
+    if (graphic->GetEmpty())
         return;
     auto const *bitmap = dynamic_cast<TBitmap const *>(graphic);
     if (!bitmap)
         return graphic->Draw(this, rect);
+    // Taken before the own painter runs: the bitmap may be the one that is drawn on.
     QImage const image = drawable_image(*bitmap);
-    painting p(NativePainter());
+    painting p(*this);
     if (!p)
         return;
     QRect const box = vx_qt_rect(rect);
+    p->setOpacity(p->opacity() * opacity / 255);
     p->setRenderHint(QPainter::SmoothPixmapTransform, box.size() != image.size());
     p->setCompositionMode(to_composition(f_copy_mode));
     p->drawImage(box, image);
-    drawn();
+    p.done();
 }
 
 void TCanvas::CopyRect(TRect const &dest, TCanvas *canvas, TRect const &source)
@@ -609,7 +616,7 @@ void TCanvas::CopyRect(TRect const &dest, TCanvas *canvas, TRect const &source)
     // Taken before the own painter runs: source and target may be one bitmap.
     QImage const image = reinterpret_cast<QImage const *>(std::as_const(*canvas->f_bitmap).NativeImage())
                              ->copy(vx_qt_rect(source));
-    painting p(NativePainter());
+    painting p(*this);
     if (!p)
         return;
     QRect const box = vx_qt_rect(dest);
@@ -617,7 +624,7 @@ void TCanvas::CopyRect(TRect const &dest, TCanvas *canvas, TRect const &source)
     p->setCompositionMode(f_copy_mode == cmSrcCopy ? QPainter::CompositionMode_Source
                                                    : to_composition(f_copy_mode));
     p->drawImage(box, image);
-    drawn();
+    p.done();
 }
 
 TColor TCanvas::GetPixel(int x, int y) const
@@ -634,11 +641,11 @@ TColor TCanvas::GetPixel(int x, int y) const
 
 void TCanvas::SetPixel(int x, int y, TColor color)
 {
-    painting p(NativePainter());
+    painting p(*this);
     if (!p)
         return;
     p->fillRect(x, y, 1, 1, vx_qt_color(color));
-    drawn();
+    p.done();
 }
 
 TRect TCanvas::GetClipRect() const
@@ -691,7 +698,7 @@ void TCanvas::MoveOrigin(int dx, int dy)
 
 void DrawFrameControl(TCanvas *canvas, TRect const &rect, TFrameControl kind, TFrameStates state)
 {
-    painting p(canvas->NativePainter());
+    painting p(*canvas);
     if (!p)
         return;
     QStyle const *style = QApplication::style();
@@ -738,7 +745,7 @@ void DrawEdge(TCanvas *canvas, TRect const &rect, TEdgeStyle edge)
 {
     if (edge == esNone)
         return;
-    painting p(canvas->NativePainter());
+    painting p(*canvas);
     QRect const box = vx_qt_rect(rect);
     if (!p || box.isEmpty())
         return;

@@ -109,7 +109,7 @@ public:
     [[nodiscard]] TSize TextExtent(UnicodeString const &text) const;
 
     void Draw(int x, int y, TGraphic *graphic);
-    /// `opacity` from 0, nothing, to 255.
+    /// `opacity` from 0, nothing, to 255, for bitmaps.
     void Draw(int x, int y, TGraphic *graphic, unsigned char opacity);
     void StretchDraw(TRect const &rect, TGraphic *graphic);
     /// Copies `source` of another canvas's bitmap into `dest`, stretched where the sizes differ. A canvas
@@ -149,7 +149,7 @@ private:
     struct state;
 
     void on_font_change(TObject *sender);
-    void drawn();
+    void stretch(TRect const &rect, TGraphic *graphic, unsigned char opacity);
 
     std::unique_ptr<state> f_state;
     std::unique_ptr<TPen> f_pen;

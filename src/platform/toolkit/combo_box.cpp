@@ -427,7 +427,7 @@ int TCustomComboBox::GetSelStart() const
 void TCustomComboBox::SetSelStart(int position)
 {
     if (has_edit())
-        native()->lineEdit()->setSelection(position, 0);
+        native()->lineEdit()->setSelection(std::clamp(position, 0, GetText().Length()), 0);
 }
 
 int TCustomComboBox::GetSelLength() const
@@ -438,7 +438,8 @@ int TCustomComboBox::GetSelLength() const
 void TCustomComboBox::SetSelLength(int length)
 {
     if (has_edit())
-        native()->lineEdit()->setSelection(GetSelStart(), length);
+        native()->lineEdit()->setSelection(GetSelStart(),
+                                           std::clamp(length, 0, GetText().Length() - GetSelStart()));
 }
 
 void TCustomComboBox::SelectAll()

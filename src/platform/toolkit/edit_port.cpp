@@ -8,7 +8,7 @@
 #include <QTextBlock>
 #include <QTextEdit>
 
-#include <limits>
+#include <algorithm>
 
 namespace {
 Qt::Alignment to_alignment(TAlignment alignment)
@@ -44,22 +44,28 @@ public:
     void connect(TControl *control, closure<void()> changed) override
     {
         vx_connect(control, f_edit, &QLineEdit::textChanged, [changed](QString const &) { changed(); });
+        vx_connect(control, f_edit, &QLineEdit::textEdited, [this](QString const &) { hold_limit(); });
     }
     UnicodeString text() const override { return vx_unicode_string(f_edit->text()); }
     void set_text(UnicodeString const &text) override
     {
-        int const limit = f_edit->maxLength();
-        f_edit->setMaxLength(c_no_limit);
+        // The limit is the user's: a longer text of the program is not cut, it can only become shorter.
+        if (f_limit > 0 && text.Length() > f_edit->maxLength())
+            f_edit->setMaxLength(text.Length());
         f_edit->setText(vx_qt_string(text));
-        // A limit below the text's length would cut it: it holds for what is typed from now on.
-        f_edit->setMaxLength(limit);
+        hold_limit();
     }
     int sel_start() const override
     {
         return f_edit->hasSelectedText() ? f_edit->selectionStart() : f_edit->cursorPosition();
     }
     int sel_length() const override { return static_cast<int>(f_edit->selectedText().size()); }
-    void select(int start, int length) override { f_edit->setSelection(start, length); }
+    void select(int start, int length) override
+    {
+        int const end = static_cast<int>(f_edit->text().size());
+        start = std::clamp(start, 0, end);
+        f_edit->setSelection(start, std::clamp(length, 0, end - start));
+    }
     UnicodeString sel_text() const override { return vx_unicode_string(f_edit->selectedText()); }
     void replace_selection(UnicodeString const &text) override { f_edit->insert(vx_qt_string(text)); }
     void copy() override { f_edit->copy(); }
@@ -69,7 +75,11 @@ public:
     bool can_undo() const override { return f_edit->isUndoAvailable(); }
     bool read_only() const override { return f_edit->isReadOnly(); }
     void set_read_only(bool value) override { f_edit->setReadOnly(value); }
-    void set_max_length(int length) override { f_edit->setMaxLength(length > 0 ? length : c_no_limit); }
+    void set_max_length(int length) override
+    {
+        f_limit = length;
+        hold_limit();
+    }
     void set_password(bool hidden, wchar_t character) override
     {
         f_edit->setEchoMode(hidden ? QLineEdit::Password : QLineEdit::Normal);
@@ -94,6 +104,18 @@ protected:
     }
 
     QLineEdit *f_edit;
+
+private:
+    void hold_limit()
+    {
+        int const length = static_cast<int>(f_edit->text().size());
+        int const limit = f_limit > 0 ? std::max(f_limit, length) : c_no_limit;
+        // Setting the same again would move the caret.
+        if (limit != f_edit->maxLength())
+            f_edit->setMaxLength(limit);
+    }
+
+    int f_limit = 0;
 };
 
 /// A spin box whose line the program reaches.
@@ -115,6 +137,19 @@ public:
     spin_port() : spin_port(make_spin_box()) {}
 
     vx_native_widget *widget() const override { return vx_native(static_cast<QWidget *>(f_box)); }
+    void connect(TControl *control, closure<void()> changed) override
+    {
+        // What is typed is told by the line, a step by the box alone; some changes by both.
+        auto const tell = [this, changed](QString const &text) {
+            if (f_told == text)
+                return;
+            f_told = text;
+            changed();
+        };
+        f_told = f_edit->text();
+        vx_connect(control, f_edit, &QLineEdit::textChanged, tell);
+        vx_connect(control, f_box, &QSpinBox::textChanged, tell);
+    }
     void set_read_only(bool value) override { f_box->setReadOnly(value); }
     void set_alignment(TAlignment alignment) override { f_box->setAlignment(to_alignment(alignment)); }
     void set_frame(bool frame) override { f_box->setFrame(frame); }
@@ -123,6 +158,7 @@ private:
     explicit spin_port(spin_box *box) : line_port(box->lineEdit()), f_box(box) {}
 
     QSpinBox *f_box;
+    QString f_told;
 };
 
 /// Plain and rich text offer the same operations without a common class.

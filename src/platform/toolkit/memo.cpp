@@ -62,7 +62,8 @@ public:
             return;
         }
         cursor.setPosition(native()->findBlockByNumber(index).position());
-        bool const last = index == native()->blockCount() - 1;
+        // Only the empty last line is no line yet.
+        bool const last = index == GetCount();
         cursor.insertText(last ? vx_qt_string(text) : vx_qt_string(text) + u'\n');
     }
     void Delete(int index) override

@@ -229,8 +229,8 @@ TCustomTreeView::TCustomTreeView(TComponent *owner) : TWinControl(owner, vx_make
     QTreeWidget *tree = tree_of(this);
     tree->setHeaderHidden(true);
     tree->setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::SelectedClicked);
-    vx_connect(this, tree, &QTreeWidget::currentItemChanged,
-               [this](QTreeWidgetItem *now, QTreeWidgetItem *) { OnChange(this, node_of(now)); });
+    // The item that the focus lies on may be one that nobody selected.
+    vx_connect(this, tree, &QTreeWidget::itemSelectionChanged, [this] { OnChange(this, GetSelected()); });
     vx_connect(this, tree, &QTreeWidget::itemExpanded, [this](QTreeWidgetItem *item) {
         bool allow = true;
         OnExpanding(this, node_of(item), allow);
@@ -266,8 +266,8 @@ std::vector<std::unique_ptr<TTreeNode>> &TCustomTreeView::level(TTreeNode *paren
 
 TTreeNode *TCustomTreeView::GetSelected() const
 {
-    QTreeWidgetItem const *item = tree_of(this)->currentItem();
-    return item && item->isSelected() ? node_of(item) : nullptr;
+    auto const items = tree_of(this)->selectedItems();
+    return items.isEmpty() ? nullptr : node_of(items.front());
 }
 
 void TCustomTreeView::SetSelected(TTreeNode *node)
