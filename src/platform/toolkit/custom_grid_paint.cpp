@@ -166,5 +166,5 @@ void TCustomGrid::paint_frame()
         return;
     GetCanvas()->GetBrush()->SetStyle(bsSolid);
     GetCanvas()->GetBrush()->SetColor(clBtnShadow);
-    GetCanvas()->FrameRect(TCustomControl::GetClientRect());
+    GetCanvas()->FrameRect(GetClientRect());
 }
