@@ -471,3 +471,33 @@ TEST(core_dock, a_floating_panel_gets_a_window_that_goes_with_it)
     panel.reset();
     EXPECT_EQ(host.GetDockClientCount(), 0);
 }
+
+TEST(core_dock, the_mouse_takes_a_form_into_a_site_and_out_again)
+{
+    TForm host(nullptr);
+    host.SetBounds(0, 0, 500, 400);
+    host.SetDockSite(true);
+    TForm elsewhere(nullptr);
+    elsewhere.SetBounds(900, 600, 300, 200);
+    TForm tool(nullptr);
+    tool.SetBounds(600, 100, 200, 150);
+    tool.SetDragKind(dkDock);
+    tool.SetDragMode(dmAutomatic);
+    host.Show();
+    elsewhere.Show();
+    tool.Show();
+    user_input::wait_idle();
+
+    user_input::drag(&tool, 50, 50, &host, 490, 200);
+    user_input::wait_idle();
+    ASSERT_EQ(tool.GetHostDockSite(), &host);
+    EXPECT_EQ(text_of(tool.GetBoundsRect()), "300,0,200,400") << "the side that the mouse was nearest to";
+
+    user_input::drag(&tool, 50, 50, &elsewhere, 100, 100);
+    user_input::wait_idle();
+    EXPECT_EQ(tool.GetHostDockSite(), nullptr);
+    EXPECT_TRUE(tool.GetFloating());
+    EXPECT_TRUE(tool.GetShowing());
+    EXPECT_EQ(tool.GetWidth(), 200);
+    EXPECT_EQ(tool.GetHeight(), 150);
+}
