@@ -215,6 +215,7 @@ private:
         put<TLabel>(page, 296, 200, 100, 17, L"Right click me")->SetPopupMenu(popup);
         auto *wrapped = put<TLabel>(page, 296, 230, 180, 60);
         wrapped->SetAutoSize(false);
+        wrapped->SetBounds(296, 230, 180, 60);
         wrapped->SetWordWrap(true);
         wrapped->SetAlignment(taCenter);
         wrapped->SetCaption(L"A longer text that goes on in the next lines of the same label");
@@ -333,6 +334,11 @@ private:
         group->GetPanels(1)->SetCollapsed(true);
         auto *splitter = put<TSplitter>(page, 181, 0, 5, 100);
         splitter->SetAlign(alLeft);
+        // Bars at the top come before those at the left: they go into what the left ones leave.
+        auto *rest = put<TPanel>(page, 190, 0, 300, 300);
+        rest->SetBevelOuter(bvNone);
+        rest->SetAlign(alClient);
+        page = rest;
         auto *scroll = put<TScrollBox>(page, 0, 0, 100, 130);
         scroll->SetAlign(alTop);
         for (int i = 0; i < 8; ++i)

@@ -332,10 +332,10 @@ void TCustomComboBox::SetStyle(TComboBoxStyle style)
         int const index = widget->currentIndex();
         widget->setEditable(edit);
         widget->setCurrentIndex(index);
+        if (edit)
+            vx_connect(this, widget->lineEdit(), &QLineEdit::textEdited,
+                       [this](QString const &) { user_typed(); });
     }
-    if (edit)
-        vx_connect(this, widget->lineEdit(), &QLineEdit::textEdited,
-                   [this](QString const &) { user_typed(); });
     remember();
     Invalidate();
 }
