@@ -162,7 +162,7 @@ void Tvx_map_canvas::start_drawing()
 void Tvx_map_canvas::on_draw_timer()
 {
     // The timer may run out while a large layer serves events; that drawing goes on by itself.
-    if (f_drawing)
+    if (f_drawing || !isVisible())
         return;
     if (f_picture.is_complete() || is_view_given_up()) {
         f_picture.request(f_view, devicePixelRatioF());
@@ -202,7 +202,7 @@ bool Tvx_map_canvas::is_drawing_unwanted()
         set_busy(true);
     QCoreApplication::processEvents();
     f_slice.restart();
-    return is_view_given_up();
+    return !isVisible() || is_view_given_up();
 }
 
 bool Tvx_map_canvas::is_view_given_up() const
@@ -220,9 +220,8 @@ QImage Tvx_map_canvas::settled_picture()
     f_picture.request(f_view, devicePixelRatioF());
     if (f_picture.image().isNull())
         f_picture.invalidate();
-    if (!f_drawing)
-        while (f_picture.step()) {
-        }
+    while (f_picture.step()) {
+    }
     update();
     return f_picture.image();
 }
@@ -258,6 +257,13 @@ void Tvx_map_canvas::paintEvent(QPaintEvent *)
         painter.setPen(QPen(palette().color(QPalette::Highlight), 1));
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
     }
+}
+
+void Tvx_map_canvas::showEvent(QShowEvent *)
+{
+    // Nothing is drawn for a window that is not seen.
+    if (!is_settled())
+        start_drawing();
 }
 
 void Tvx_map_canvas::resizeEvent(QResizeEvent *)

@@ -23,6 +23,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QListView>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QPainter>
 #include <QScreen>
@@ -163,7 +164,21 @@ void Tvx_tour::show_navigation()
     hand::press(list, Qt::Key_Down, Qt::ControlModifier);
     check(f_window.layers().name_at(1) == "naturalearth_cities", "Ctrl+Down does not move the layer down");
     shoot_map("cities_below_world");
+    show_menu(2);
     remove_all_layers();
+}
+
+void Tvx_tour::show_menu(int place)
+{
+    QMenuBar *bar = f_window.menuBar();
+    QAction *title = bar->actions().at(place);
+    hand::click(bar, bar->actionGeometry(title).center());
+    QWidget *menu = QApplication::activePopupWidget();
+    check(menu, "a click does not open the menu");
+    if (!menu)
+        return;
+    save(menu->grab().toImage(), "menu");
+    hand::press(menu, Qt::Key_Escape);
 }
 
 void Tvx_tour::show_layer_kinds()
@@ -303,7 +318,12 @@ void Tvx_tour::shoot_editor(QString const &name)
     for (QTabBar const *bar : editor->findChildren<QTabBar *>())
         for (int i = 0; i < bar->count(); ++i)
             check(!bar->isTabVisible(i) || !bar->tabText(i).isEmpty(), "a tab has no caption: " + name);
-    save(editor->grab().toImage(), name);
+    QImage picture(editor->size() + QSize(2, c_title_height + 2), QImage::Format_RGB32);
+    QPainter painter(&picture);
+    painter.translate(QPoint(1, c_title_height + 1) - editor->mapToGlobal(QPoint(0, 0)));
+    draw_window(painter, *editor);
+    painter.end();
+    save(picture, name);
 }
 
 void Tvx_tour::shoot_screen(QString const &name)

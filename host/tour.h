@@ -22,6 +22,7 @@ private:
     void show_files(QStringList const &files);
     void show_example_maps();
     void show_navigation();
+    void show_menu(int place);
     void show_layer_kinds();
     void show_apply();
     void show_broken_file();
