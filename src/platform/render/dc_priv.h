@@ -9,10 +9,19 @@ struct vx_native_painter;
 
 namespace vx::render
 {
+class mask_cache;
+
 /// What base styles are drawn on: a running painter, the size of a millimetre in pixels, and the pixels that show.
 struct surface
 {
     vx_native_painter* painter = nullptr;
+    /// The pixels under the painter, 32 bits each, premultiplied.
+    unsigned char* pixels = nullptr;
+    int bytes_per_line = 0;
+    int width = 0;
+    int height = 0;
+    /// Symbols drawn before, for painters of many styles; may be null.
+    mask_cache* masks = nullptr;
     double px_per_mm_x = 1;
     double px_per_mm_y = 1;
     Tvx_box_d2 clip;

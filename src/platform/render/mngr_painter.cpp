@@ -107,6 +107,7 @@ mngr_painter::mngr_painter(surface const& target, Tvx_map_view const& view, stl_
     : f_target(target), f_view(view), f_mngr(mngr), f_rows(mngr, files), f_variant(variant),
       f_prepared(f_rows.row_count())
 {
+    f_target.masks = &f_masks;
 }
 
 mngr_painter::~mngr_painter() = default;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/render/point_mask.h"
 #include "platform/render/style_painter.h"
 #include "platform/render/vx_map_view.h"
 #include "platform/styles/mngr_model.h"
@@ -42,6 +43,8 @@ class mngr_painter
 public:
     mngr_painter(surface const& target, Tvx_map_view const& view, styles::stl_mngr const& mngr,
                  Ivx_attr_files* files, styles::variant_of_style variant);
+    mngr_painter(mngr_painter const&) = delete;
+    mngr_painter& operator=(mngr_painter const&) = delete;
     ~mngr_painter();
 
     void draw(unsigned record, Tvx_shape_view const& shape);
@@ -56,6 +59,7 @@ private:
     void load_parts(Tvx_shape_view const& shape);
 
     surface f_target;
+    mask_cache f_masks;
     Tvx_map_view f_view;
     styles::stl_mngr const& f_mngr;
     row_source f_rows;

@@ -1,5 +1,6 @@
 #include "platform/render/style_painter.h"
 #include "platform/render/figures.h"
+#include "platform/render/point_mask.h"
 #include "platform/render/text_path.h"
 #include "platform/toolkit/qt_bridge.h"
 
@@ -153,52 +154,123 @@ void paint(QPainter& p, item const& it)
 // ---- points
 struct point_painter::impl
 {
-    surface target;
+    surface const* target = nullptr;
+    std::optional<mask_key> plain; ///< of a style without layers, whose items are made when they are needed
+    Tvx_color color{};
     std::vector<item> items;
-    QRectF bounds;
+    std::shared_ptr<point_mask const> mask;
     QImage stamp;
     QPoint stamp_at; ///< of the stamp's corner, from the anchor
+    double reach = 0;
 
-    explicit impl(surface const& s) : target(s) {}
-
-    void finish()
+    void make_items()
     {
+        if (!items.empty() || !plain)
+            return;
+        if (plain->use_figure)
+            items.push_back(
+                shape_item(*target, get_figure(plain->figure), plain->size, plain->size, color, c_figure_line_mm));
+        else
+            items.push_back(text_item(*target, symbol_text(plain->symbol), plain->font, plain->size, color));
+    }
+
+    /// Room for all items, and one pixel round them for the smooth edges.
+    [[nodiscard]] QRectF bounds() const
+    {
+        QRectF all;
         for (item const& it : items) {
             double const by = it.pen / 2 * 1.5 + 1;
-            bounds |= it.path.boundingRect().adjusted(-by, -by, by, by);
+            all |= it.path.boundingRect().adjusted(-by, -by, by, by);
         }
-        if (bounds.isEmpty() || bounds.width() > c_max_stamp_px || bounds.height() > c_max_stamp_px)
-            return;
-        QRect const box = bounds.toAlignedRect();
-        stamp = QImage(box.size(), QImage::Format_ARGB32_Premultiplied);
-        stamp.fill(Qt::transparent);
-        stamp_at = box.topLeft();
-        QPainter p(&stamp);
+        return all;
+    }
+
+    void set_reach(QRectF const& b)
+    {
+        reach = std::hypot(std::max(-b.left(), b.right()), std::max(-b.top(), b.bottom()));
+    }
+
+    /// The items drawn on a picture that just holds them; null for none and for large ones.
+    [[nodiscard]] QImage picture(QRectF const& room, QPoint& corner) const
+    {
+        if (room.isEmpty() || room.width() > c_max_stamp_px || room.height() > c_max_stamp_px)
+            return {};
+        QRect const box = room.toAlignedRect();
+        QImage image(box.size(), QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        corner = box.topLeft();
+        QPainter p(&image);
         p.setRenderHint(QPainter::Antialiasing);
-        p.translate(-stamp_at);
+        p.translate(-corner);
         for (item const& it : items)
             paint(p, it);
+        return image;
+    }
+
+    void finish_plain(bpnt_style const& style)
+    {
+        plain = mask_key{style.use_figure, style.figure, style.symbol, style.size, style.font};
+        color = style.color;
+        if (target->pixels && target->masks)
+            mask = target->masks->find(*plain);
+        if (mask) {
+            set_reach(QRectF(mask->left, mask->top, mask->width, mask->height));
+            return;
+        }
+        make_items();
+        QRectF const room = bounds();
+        set_reach(room);
+        if (target->pixels)
+            make_mask(room);
+        else
+            stamp = picture(room, stamp_at);
+    }
+
+    void make_mask(QRectF const& room)
+    {
+        items.front().color = Qt::black; // coverage only
+        QPoint corner;
+        QImage const image = picture(room, corner);
+        items.front().color = qt_color(color);
+        if (image.isNull())
+            return;
+        auto made = std::make_shared<point_mask>();
+        made->left = corner.x();
+        made->top = corner.y();
+        made->width = image.width();
+        made->height = image.height();
+        made->coverage.reserve(static_cast<std::size_t>(image.width()) * static_cast<std::size_t>(image.height()));
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                made->coverage.push_back(static_cast<std::uint8_t>(qAlpha(image.pixel(x, y))));
+        mask = made;
+        if (target->masks)
+            target->masks->add(*plain, mask);
+    }
+
+    void finish_complex(cpx_style const& style)
+    {
+        add_items(items, *target, style);
+        QRectF const room = bounds();
+        set_reach(room);
+        stamp = picture(room, stamp_at);
     }
 };
 
-point_painter::point_painter(surface const& target, bpnt_style const& style) : f_impl(std::make_unique<impl>(target))
+point_painter::point_painter(surface const& target, bpnt_style const& style) : f_impl(std::make_unique<impl>())
 {
-    if (style.use_complex) {
-        if (cpx_style const* cpx = style.complex.find())
-            add_items(f_impl->items, target, *cpx);
-    } else if (style.use_figure) {
-        f_impl->items.push_back(
-            shape_item(target, get_figure(style.figure), style.size, style.size, style.color, c_figure_line_mm));
-    } else {
-        f_impl->items.push_back(text_item(target, symbol_text(style.symbol), style.font, style.size, style.color));
+    f_impl->target = &target;
+    if (!style.use_complex) {
+        f_impl->finish_plain(style);
+    } else if (cpx_style const* cpx = style.complex.find()) {
+        f_impl->finish_complex(*cpx);
     }
-    f_impl->finish();
 }
 
-point_painter::point_painter(surface const& target, cpx_style const& style) : f_impl(std::make_unique<impl>(target))
+point_painter::point_painter(surface const& target, cpx_style const& style) : f_impl(std::make_unique<impl>())
 {
-    add_items(f_impl->items, target, style);
-    f_impl->finish();
+    f_impl->target = &target;
+    f_impl->finish_complex(style);
 }
 
 point_painter::point_painter(point_painter&&) noexcept = default;
@@ -206,26 +278,33 @@ point_painter::~point_painter() = default;
 
 double point_painter::reach() const
 {
-    QRectF const& b = f_impl->bounds;
-    return std::hypot(std::max(-b.left(), b.right()), std::max(-b.top(), b.bottom()));
+    return f_impl->reach;
 }
 
 void point_painter::draw(Tvx_pnt_d2 at, double angle)
 {
-    impl const& d = *f_impl;
-    Tvx_box_d2 const clip = grown(d.target.clip, reach());
-    if (!(at.x >= clip.min_x && at.x <= clip.max_x && at.y >= clip.min_y && at.y <= clip.max_y))
+    impl& d = *f_impl;
+    Tvx_box_d2 const& clip = d.target->clip;
+    double const by = d.reach;
+    if (!(at.x >= clip.min_x - by && at.x <= clip.max_x + by && at.y >= clip.min_y - by && at.y <= clip.max_y + by))
         return;
-    QPainter& p = *vx_qt_painter(d.target.painter);
-    if (angle == 0 && !d.stamp.isNull()) {
-        p.drawImage(QPoint(static_cast<int>(std::lround(at.x)), static_cast<int>(std::lround(at.y))) + d.stamp_at,
-                    d.stamp);
-        return;
-    }
+    QPoint const px(static_cast<int>(std::lround(at.x)), static_cast<int>(std::lround(at.y)));
+    if (angle == 0 && d.mask)
+        d.mask->blend(*d.target, px.x(), px.y(), d.color);
+    else if (angle == 0 && !d.stamp.isNull())
+        vx_qt_painter(d.target->painter)->drawImage(px + d.stamp_at, d.stamp);
+    else
+        draw_items(at, angle);
+}
+
+void point_painter::draw_items(Tvx_pnt_d2 at, double angle)
+{
+    f_impl->make_items();
+    QPainter& p = *vx_qt_painter(f_impl->target->painter);
     QTransform const before = p.transform();
     p.translate(at.x, at.y);
     p.rotate(-angle);
-    for (item const& it : d.items)
+    for (item const& it : f_impl->items)
         paint(p, it);
     p.setTransform(before);
 }
@@ -670,6 +749,7 @@ fill_painter::fill_painter(surface const& target, bpgn_style const& style) : f_i
 {
     impl& d = *f_impl;
     d.target = target;
+    d.target.pixels = nullptr; // patterns are clipped to the area: they go through the painter
     if (!style.use_complex) {
         d.items.emplace_back(qt_color(style.color));
         return;
@@ -681,9 +761,9 @@ fill_painter::fill_painter(surface const& target, bpgn_style const& style) : f_i
         if (auto const* fill = std::get_if<pgn_fill_lr>(&lr->data))
             d.items.emplace_back(qt_color(fill->color));
         else if (auto const* htch = std::get_if<pgn_htch_lr>(&lr->data))
-            d.items.emplace_back(make_hatch(target, *htch));
+            d.items.emplace_back(make_hatch(d.target, *htch));
         else if (auto const* spot = std::get_if<pgn_spot_lr>(&lr->data))
-            d.items.emplace_back(make_spots(target, *spot));
+            d.items.emplace_back(make_spots(d.target, *spot));
         d.patterns |= !std::holds_alternative<QColor>(d.items.back());
     }
 }

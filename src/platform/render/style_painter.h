@@ -7,8 +7,8 @@
 #include <memory>
 #include <span>
 
-/// Base styles made ready to draw many objects on one surface. Coordinates are pixels, y downwards. The styles must outlive
-/// their painters.
+/// Base styles made ready to draw many objects on one surface. Coordinates are pixels, y downwards. Style and surface
+/// must outlive their painter.
 namespace vx::render
 {
 class point_painter
@@ -25,6 +25,8 @@ public:
     [[nodiscard]] double reach() const;
 
 private:
+    void draw_items(Tvx_pnt_d2 at, double angle);
+
     struct impl;
     std::unique_ptr<impl> f_impl;
 };

@@ -134,6 +134,13 @@ surface bmp_dc::get_surface()
 {
     surface s;
     s.painter = painter();
+    if (s.painter) {
+        // Not `bits()`, which would copy an image that is being painted on.
+        s.pixels = const_cast<unsigned char*>(f_state->image.constBits());
+        s.bytes_per_line = static_cast<int>(f_state->image.bytesPerLine());
+    }
+    s.width = width();
+    s.height = height();
     s.px_per_mm_x = px_per_mm_x();
     s.px_per_mm_y = px_per_mm_y();
     s.clip.add(0, 0);

@@ -67,7 +67,8 @@ void vx_render_cr_bpnt(void* render, Tvx_op2d const* geometry, void const* style
     renderer const* r = ready_renderer(render, geometry, style);
     if (!r)
         return;
-    point_painter painter(r->dc->get_surface(), *static_cast<vx::styles::bpnt_style const*>(style));
+    surface const target = r->dc->get_surface();
+    point_painter painter(target, *static_cast<vx::styles::bpnt_style const*>(style));
     for (px_line const& part : parts_of(*r, geometry))
         for (Tvx_pnt_d2 const& at : part)
             painter.draw(at);
@@ -78,7 +79,8 @@ void vx_render_cr_bpln(void* render, Tvx_op2d const* geometry, void const* style
     renderer const* r = ready_renderer(render, geometry, style);
     if (!r)
         return;
-    line_painter painter(r->dc->get_surface(), *static_cast<vx::styles::bpln_style const*>(style));
+    surface const target = r->dc->get_surface();
+    line_painter painter(target, *static_cast<vx::styles::bpln_style const*>(style));
     for (px_line const& part : parts_of(*r, geometry))
         painter.draw(part);
 }
@@ -88,6 +90,7 @@ void vx_render_cr_bpgn(void* render, Tvx_op2d const* geometry, void const* style
     renderer const* r = ready_renderer(render, geometry, style);
     if (!r)
         return;
-    fill_painter painter(r->dc->get_surface(), *static_cast<vx::styles::bpgn_style const*>(style));
+    surface const target = r->dc->get_surface();
+    fill_painter painter(target, *static_cast<vx::styles::bpgn_style const*>(style));
     painter.draw(parts_of(*r, geometry));
 }

@@ -37,6 +37,21 @@ void move_item(std::vector<T>& items, unsigned from, unsigned to)
         std::rotate(at(to), at(from), at(from + 1));
 }
 
+/// Mixes two characters at a time.
+std::uint32_t hash_of(std::wstring_view text)
+{
+    std::uint64_t h = text.size() * 0x9E3779B97F4A7C15u;
+    std::size_t i = 0;
+    for (; i + 1 < text.size(); i += 2) {
+        std::uint64_t const pair = static_cast<std::uint64_t>(text[i]) << 32 | static_cast<std::uint32_t>(text[i + 1]);
+        h = (h ^ pair) * 0xBF58476D1CE4E5B9u;
+        h ^= h >> 32;
+    }
+    if (i < text.size())
+        h = (h ^ static_cast<std::uint32_t>(text[i])) * 0x94D049BB133111EBu;
+    return static_cast<std::uint32_t>(h ^ (h >> 29));
+}
+
 /// Doubles that are the same setting: a NaN equals a NaN.
 bool same(double a, double b)
 {
@@ -207,19 +222,31 @@ void val_scale::set_text(unsigned index, std::wstring_view text)
     f_entries[index]->text = text;
 }
 
+val_scale::slot& val_scale::slot_of(std::wstring_view text, std::uint32_t hash) const
+{
+    std::size_t const mask = f_index.size() - 1;
+    for (std::size_t i = hash & mask;; i = (i + 1) & mask) {
+        slot& s = f_index[i];
+        if (!s.entry || (s.hash == hash && std::wstring_view(f_texts).substr(s.start, s.length) == text))
+            return s;
+    }
+}
+
 void val_scale::build_index() const
 {
     std::size_t buckets = 16;
     while (buckets < f_entries.size() * 2)
         buckets *= 2;
-    f_index.assign(buckets, 0);
+    f_index.assign(buckets, {});
+    f_texts.clear();
     for (std::uint32_t i = 0; i < f_entries.size(); ++i) {
         auto const text = trimmed(f_entries[i]->text);
-        std::size_t slot = std::hash<std::wstring_view>()(text) & (buckets - 1);
-        while (f_index[slot] && trimmed(f_entries[f_index[slot] - 1]->text) != text)
-            slot = (slot + 1) & (buckets - 1);
-        if (!f_index[slot]) // the first of equal texts stays
-            f_index[slot] = i + 1;
+        std::uint32_t const hash = hash_of(text);
+        slot& s = slot_of(text, hash);
+        if (s.entry) // the first of equal texts stays
+            continue;
+        s = {i + 1, hash, static_cast<std::uint32_t>(f_texts.size()), static_cast<std::uint32_t>(text.size())};
+        f_texts += text;
     }
 }
 
@@ -230,11 +257,7 @@ int val_scale::find(std::wstring_view text) const
     if (f_index.empty())
         build_index();
     text = trimmed(text);
-    std::size_t const mask = f_index.size() - 1;
-    for (std::size_t slot = std::hash<std::wstring_view>()(text) & mask; f_index[slot]; slot = (slot + 1) & mask)
-        if (trimmed(f_entries[f_index[slot] - 1]->text) == text)
-            return static_cast<int>(f_index[slot] - 1);
-    return -1;
+    return static_cast<int>(slot_of(text, hash_of(text)).entry) - 1;
 }
 
 bool operator==(val_scale const& a, val_scale const& b)

@@ -93,11 +93,21 @@ public:
 private:
     std::vector<std::unique_ptr<val_entry>> f_entries;
     int f_active = -1;
-    /// Open hash of entry indexes plus 1, of a power of two; empty while it has to be built.
-    mutable std::vector<std::uint32_t> f_index;
+    /// Place of the open hash: the texts lie in a block of their own, so that a look-up touches two lines of memory.
+    struct slot
+    {
+        std::uint32_t entry = 0; ///< index plus 1; 0 is a free slot
+        std::uint32_t hash = 0;
+        std::uint32_t start = 0;
+        std::uint32_t length = 0;
+    };
+    /// A power of two of slots; empty while it has to be built.
+    mutable std::vector<slot> f_index;
+    mutable std::wstring f_texts;
     style_kind f_kind;
 
     void build_index() const;
+    [[nodiscard]] slot& slot_of(std::wstring_view text, std::uint32_t hash) const;
     void set_entry_list(std::vector<std::unique_ptr<val_entry>> entries, int active);
 };
 

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "platform/base/color.h"
+#include "platform/basic/vx_fnt_type.h"
+#include "platform/render/dc_priv.h"
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+/// Symbols of one colour, kept as how much of each pixel they cover: whatever the colour, one mask serves.
+namespace vx::render
+{
+struct point_mask
+{
+    int left = 0; ///< of the mask's corner from the anchor
+    int top = 0;
+    int width = 0;
+    int height = 0;
+    std::vector<std::uint8_t> coverage; ///< by rows
+
+    /// Lays the colour through the mask on the pixels round the anchor.
+    void blend(surface const& target, int x, int y, Tvx_color color) const;
+};
+
+/// What tells the masks of plain point styles apart.
+struct mask_key
+{
+    bool use_figure = true;
+    int figure = 0;
+    unsigned symbol = 0;
+    double size = 0;
+    vx_fnt_type font;
+    bool operator==(mask_key const&) const = default;
+};
+
+/// A few masks, for the styles of a scale, which mostly differ by colour alone.
+class mask_cache
+{
+public:
+    [[nodiscard]] std::shared_ptr<point_mask const> find(mask_key const& key) const;
+    void add(mask_key key, std::shared_ptr<point_mask const> mask);
+
+private:
+    struct entry
+    {
+        mask_key key;
+        std::shared_ptr<point_mask const> mask;
+    };
+    std::vector<entry> f_entries;
+    std::size_t f_next = 0;
+};
+} // namespace vx::render
