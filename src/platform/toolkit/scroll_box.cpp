@@ -19,6 +19,16 @@ public:
         viewport()->setAutoFillBackground(false);
         widget()->setAutoFillBackground(false);
     }
+
+    closure<void()> resized;
+
+protected:
+    /// The visible room changes with the size, and when a scroll bar comes or goes.
+    void resizeEvent(QResizeEvent *event) override
+    {
+        QScrollArea::resizeEvent(event);
+        resized();
+    }
 };
 
 bool stands_free(TControl const *control)
@@ -29,7 +39,14 @@ bool stands_free(TControl const *control)
 
 TScrollBox::TScrollBox(TComponent *owner) : TWinControl(owner, vx_make_widget<scroll_widget>())
 {
+    vx_qt_as<scroll_widget>(this)->resized = closure<void()>::bind<&TScrollBox::room_changed>(this);
     SetBounds(0, 0, 185, 41);
+}
+
+TScrollBox::~TScrollBox()
+{
+    if (auto *area = vx_qt_as<scroll_widget>(this))
+        area->resized = nullptr;
 }
 
 vx_native_widget *TScrollBox::ClientWidget() const
@@ -57,10 +74,10 @@ void TScrollBox::ControlsAligned()
     update_range();
 }
 
-void TScrollBox::Resize()
+void TScrollBox::room_changed()
 {
-    TWinControl::Resize();
-    update_range();
+    if (!IsDestroying())
+        Realign();
 }
 
 void TScrollBox::update_range()

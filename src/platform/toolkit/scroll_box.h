@@ -8,6 +8,7 @@ class VX_API TScrollBox : public TWinControl
 {
 public:
     explicit TScrollBox(TComponent *owner);
+    ~TScrollBox() override;
 
     [[nodiscard]] TBorderStyle GetBorderStyle() const { return f_border_style; }
     void SetBorderStyle(TBorderStyle style);
@@ -22,10 +23,10 @@ public:
 protected:
     [[nodiscard]] vx_native_widget *ClientWidget() const override;
     void ControlsAligned() override;
-    void Resize() override;
 
 private:
     void update_range();
+    void room_changed();
 
     TBorderStyle f_border_style = bsSingle;
 };
