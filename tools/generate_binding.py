@@ -220,7 +220,7 @@ def impl_part(f, families):
     out = [f'class VX_API {n}_impl\n    : public binding::implementation<{n}_impl, vx::{n}>\n{{\npublic:\n']
     for m in f.methods:
         kind = wrapped(m.result, families)
-        params = ', '.join(spell(wrapped(p.type, families), p.name) for p in m.params)
+        params = ', '.join(wrapped(p.type, families) for p in m.params)
         body = '{}' if m.result == 'void' else '{ return {}; }' if m.result in families else \
             f'{{ return {default_of(m)}; }}'
         out.append(f'    virtual {spell(kind, m.name)}({params}) {body}\n')

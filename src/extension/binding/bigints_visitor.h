@@ -31,7 +31,7 @@ class VX_API bigints_visitor_impl
     : public binding::implementation<bigints_visitor_impl, vx::bigints_visitor>
 {
 public:
-    virtual void visit(unsigned long long count, long long* values) {}
+    virtual void visit(unsigned long long, long long*) {}
     VX_LOCAL static char const* interface_name() { return vx_bigints_visitor_interface_name; }
     VX_LOCAL static vx_bigints_visitor_interface_table const* family_table();
 protected:

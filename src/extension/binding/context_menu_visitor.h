@@ -41,8 +41,8 @@ class VX_API context_menu_visitor_impl
     : public binding::implementation<context_menu_visitor_impl, vx::context_menu_visitor>
 {
 public:
-    virtual void visit(vx::context_menu menu) {}
-    virtual void visit_popup(vx::context_popup_menu menu) {}
+    virtual void visit(vx::context_menu) {}
+    virtual void visit_popup(vx::context_popup_menu) {}
     VX_LOCAL static char const* interface_name() { return vx_context_menu_visitor_interface_name; }
     VX_LOCAL static vx_context_menu_visitor_interface_table const* family_table();
 protected:

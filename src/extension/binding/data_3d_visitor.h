@@ -41,8 +41,8 @@ class VX_API data_3d_visitor_impl
     : public binding::implementation<data_3d_visitor_impl, vx::data_3d_visitor>
 {
 public:
-    virtual void visit_poly_data(vx::poly_data_3d data) {}
-    virtual void visit_poly_data_ex(vx::poly_data_3d data) {}
+    virtual void visit_poly_data(vx::poly_data_3d) {}
+    virtual void visit_poly_data_ex(vx::poly_data_3d) {}
     VX_LOCAL static char const* interface_name() { return vx_data_3d_visitor_interface_name; }
     VX_LOCAL static vx_data_3d_visitor_interface_table const* family_table();
 protected:

@@ -275,33 +275,33 @@ class VX_API data_source_impl
 public:
     virtual void detach() {}
     virtual int driver_id() { return 0; }
-    virtual bool has_capability(int capability) { return false; }
-    virtual bool with_extent(Tvx_box_d2* box, bool force) { return false; }
-    virtual bool with_extent_z(Tvx_box_d3* box, bool force) { return false; }
-    virtual void with_proj4(vx::string_visitor visitor) {}
-    virtual bool set_proj4(wchar_t const* text) { return false; }
+    virtual bool has_capability(int) { return false; }
+    virtual bool with_extent(Tvx_box_d2*, bool) { return false; }
+    virtual bool with_extent_z(Tvx_box_d3*, bool) { return false; }
+    virtual void with_proj4(vx::string_visitor) {}
+    virtual bool set_proj4(wchar_t const*) { return false; }
     virtual int field_count() { return 0; }
-    virtual void field_name(int field, vx::string_visitor visitor) {}
-    virtual void field_alias(int field, vx::string_visitor visitor) {}
-    virtual bool set_field_alias(int field, wchar_t const* alias) { return false; }
-    virtual int field_type(int field) { return 0; }
-    virtual int field_subtype(int field) { return 0; }
-    virtual bool field_nullable(int field) { return false; }
-    virtual bool field_readonly(int field) { return false; }
-    virtual void field_default(int field, vx::string_visitor visitor) {}
-    virtual bool field_dict(int field, vx::dict_visitor visitor) { return false; }
-    virtual bool field_index(wchar_t const* name, int* index) { return false; }
-    virtual bool make_field_name(wchar_t const* name, vx::string_visitor visitor) { return false; }
+    virtual void field_name(int, vx::string_visitor) {}
+    virtual void field_alias(int, vx::string_visitor) {}
+    virtual bool set_field_alias(int, wchar_t const*) { return false; }
+    virtual int field_type(int) { return 0; }
+    virtual int field_subtype(int) { return 0; }
+    virtual bool field_nullable(int) { return false; }
+    virtual bool field_readonly(int) { return false; }
+    virtual void field_default(int, vx::string_visitor) {}
+    virtual bool field_dict(int, vx::dict_visitor) { return false; }
+    virtual bool field_index(wchar_t const*, int*) { return false; }
+    virtual bool make_field_name(wchar_t const*, vx::string_visitor) { return false; }
     virtual int vector_count() { return 0; }
-    virtual void vector_source(int index, vx::string_visitor visitor) {}
-    virtual void vector_name(int index, vx::string_visitor visitor) {}
+    virtual void vector_source(int, vx::string_visitor) {}
+    virtual void vector_name(int, vx::string_visitor) {}
     virtual int grid_count() { return 0; }
-    virtual void grid_source(int index, vx::string_visitor visitor) {}
-    virtual void grid_name(int index, vx::string_visitor visitor) {}
-    virtual void with_name(vx::string_visitor visitor) {}
-    virtual void with_description(vx::string_visitor visitor) {}
-    virtual void with_files(vx::string_visitor visitor) {}
-    virtual void with_error(vx::string_visitor visitor) {}
+    virtual void grid_source(int, vx::string_visitor) {}
+    virtual void grid_name(int, vx::string_visitor) {}
+    virtual void with_name(vx::string_visitor) {}
+    virtual void with_description(vx::string_visitor) {}
+    virtual void with_files(vx::string_visitor) {}
+    virtual void with_error(vx::string_visitor) {}
     VX_LOCAL static char const* interface_name() { return vx_data_source_interface_name; }
     VX_LOCAL static vx_data_source_interface_table const* family_table();
 protected:

@@ -30,7 +30,7 @@ class VX_API datatype_visitor_impl
     : public binding::implementation<datatype_visitor_impl, vx::datatype_visitor>
 {
 public:
-    virtual void visit(int type) {}
+    virtual void visit(int) {}
     VX_LOCAL static char const* interface_name() { return vx_datatype_visitor_interface_name; }
     VX_LOCAL static vx_datatype_visitor_interface_table const* family_table();
 protected:

@@ -62,9 +62,9 @@ class VX_API dict_impl
 {
 public:
     virtual void detach() {}
-    virtual void with_keys(vx::string_visitor visitor) {}
-    virtual void with_items(vx::dict_item_visitor visitor) {}
-    virtual bool get_value(wchar_t const* key, vx::string_visitor visitor) { return false; }
+    virtual void with_keys(vx::string_visitor) {}
+    virtual void with_items(vx::dict_item_visitor) {}
+    virtual bool get_value(wchar_t const*, vx::string_visitor) { return false; }
     VX_LOCAL static char const* interface_name() { return vx_dict_interface_name; }
     VX_LOCAL static vx_dict_interface_table const* family_table();
 protected:

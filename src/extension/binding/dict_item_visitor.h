@@ -31,7 +31,7 @@ class VX_API dict_item_visitor_impl
     : public binding::implementation<dict_item_visitor_impl, vx::dict_item_visitor>
 {
 public:
-    virtual void visit(wchar_t const* key, wchar_t const* value) {}
+    virtual void visit(wchar_t const*, wchar_t const*) {}
     VX_LOCAL static char const* interface_name() { return vx_dict_item_visitor_interface_name; }
     VX_LOCAL static vx_dict_item_visitor_interface_table const* family_table();
 protected:

@@ -32,7 +32,7 @@ class VX_API dict_visitor_impl
     : public binding::implementation<dict_visitor_impl, vx::dict_visitor>
 {
 public:
-    virtual void visit(vx::dict values) {}
+    virtual void visit(vx::dict) {}
     VX_LOCAL static char const* interface_name() { return vx_dict_visitor_interface_name; }
     VX_LOCAL static vx_dict_visitor_interface_table const* family_table();
 protected:

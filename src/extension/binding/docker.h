@@ -76,12 +76,12 @@ class VX_API docker_impl
     : public binding::implementation<docker_impl, vx::docker>
 {
 public:
-    virtual void with_icon(vx::bitmap_visitor visitor) {}
-    virtual void with_caption(vx::string_visitor visitor) {}
-    virtual void with_element(vx::element_visitor visitor) {}
+    virtual void with_icon(vx::bitmap_visitor) {}
+    virtual void with_caption(vx::string_visitor) {}
+    virtual void with_element(vx::element_visitor) {}
     virtual bool visible() { return true; }
     virtual int help_context() { return -1; }
-    virtual void reattach(vx::element_view view) {}
+    virtual void reattach(vx::element_view) {}
     VX_LOCAL static char const* interface_name() { return vx_docker_interface_name; }
     VX_LOCAL static vx_docker_interface_table const* family_table();
 protected:

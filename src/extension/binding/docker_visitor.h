@@ -32,7 +32,7 @@ class VX_API docker_visitor_impl
     : public binding::implementation<docker_visitor_impl, vx::docker_visitor>
 {
 public:
-    virtual void visit(wchar_t const* name, vx::docker panel) {}
+    virtual void visit(wchar_t const*, vx::docker) {}
     VX_LOCAL static char const* interface_name() { return vx_docker_visitor_interface_name; }
     VX_LOCAL static vx_docker_visitor_interface_table const* family_table();
 protected:

@@ -70,11 +70,11 @@ class VX_API dtld_editor_impl
     : public binding::implementation<dtld_editor_impl, vx::dtld_editor>
 {
 public:
-    virtual void with_caption(vx::string_visitor visitor) {}
+    virtual void with_caption(vx::string_visitor) {}
     virtual Ivx_layer* dtld_layer() { return nullptr; }
-    virtual void with_data_source(vx::style_editor_data_source_visitor visitor) {}
+    virtual void with_data_source(vx::style_editor_data_source_visitor) {}
     virtual void commit() {}
-    virtual void reattach(vx::element_view view) {}
+    virtual void reattach(vx::element_view) {}
     VX_LOCAL static char const* interface_name() { return vx_dtld_editor_interface_name; }
     VX_LOCAL static vx_dtld_editor_interface_table const* family_table();
 protected:

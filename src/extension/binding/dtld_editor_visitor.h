@@ -32,7 +32,7 @@ class VX_API dtld_editor_visitor_impl
     : public binding::implementation<dtld_editor_visitor_impl, vx::dtld_editor_visitor>
 {
 public:
-    virtual void visit(vx::dtld_editor editor) {}
+    virtual void visit(vx::dtld_editor) {}
     VX_LOCAL static char const* interface_name() { return vx_dtld_editor_visitor_interface_name; }
     VX_LOCAL static vx_dtld_editor_visitor_interface_table const* family_table();
 protected:

@@ -341,41 +341,41 @@ class VX_API element_visitor_impl
     : public binding::implementation<element_visitor_impl, vx::element_visitor>
 {
 public:
-    virtual void visit_grid_layout(vx::grid_layout element) {}
-    virtual void visit_tab_layout(vx::tab_layout element) {}
-    virtual void visit_split_layout(vx::split_layout element) {}
-    virtual void visit_stack_layout(vx::stack_layout element) {}
-    virtual void visit_v_scroll_layout(vx::scroll_layout element) {}
-    virtual void visit_h_scroll_layout(vx::scroll_layout element) {}
-    virtual void visit_input(vx::input element) {}
-    virtual void visit_multiline_input(vx::multiline_input element) {}
-    virtual void visit_rich_input(vx::rich_input element) {}
-    virtual void visit_integer_input(vx::integer_input element) {}
-    virtual void visit_integer_output(vx::integer_output element) {}
-    virtual void visit_floating_input(vx::floating_input element) {}
-    virtual void visit_floating_output(vx::floating_output element) {}
-    virtual void visit_output(vx::output element) {}
-    virtual void visit_multiline_output(vx::multiline_output element) {}
-    virtual void visit_assisted_input(vx::assisted_input element) {}
-    virtual void visit_button(vx::button element) {}
-    virtual void visit_label(vx::label element) {}
-    virtual void visit_outline(vx::outline element) {}
-    virtual void visit_list(vx::list element) {}
-    virtual void visit_grid(vx::grid element) {}
-    virtual void visit_checkbox(vx::checkbox element) {}
-    virtual void visit_radiobutton(vx::radiobutton element) {}
-    virtual void visit_dropdown(vx::dropdown element) {}
-    virtual void visit_groupbox(vx::groupbox element) {}
-    virtual void visit_toolbar(vx::toolbar element) {}
-    virtual void visit_statusbar(vx::statusbar element) {}
-    virtual void visit_buttoned_output(vx::buttoned_output element) {}
-    virtual void visit_checkbox_list(vx::checkbox_list element) {}
-    virtual void visit_slider(vx::slider element) {}
-    virtual void visit_canvas(vx::canvas element) {}
-    virtual void visit_image(vx::image element) {}
-    virtual void visit_histogram(vx::histogram element) {}
-    virtual void visit_gauge(vx::gauge element) {}
-    virtual void visit_viewer_2d_panel(vx::viewer_2d_panel element) {}
+    virtual void visit_grid_layout(vx::grid_layout) {}
+    virtual void visit_tab_layout(vx::tab_layout) {}
+    virtual void visit_split_layout(vx::split_layout) {}
+    virtual void visit_stack_layout(vx::stack_layout) {}
+    virtual void visit_v_scroll_layout(vx::scroll_layout) {}
+    virtual void visit_h_scroll_layout(vx::scroll_layout) {}
+    virtual void visit_input(vx::input) {}
+    virtual void visit_multiline_input(vx::multiline_input) {}
+    virtual void visit_rich_input(vx::rich_input) {}
+    virtual void visit_integer_input(vx::integer_input) {}
+    virtual void visit_integer_output(vx::integer_output) {}
+    virtual void visit_floating_input(vx::floating_input) {}
+    virtual void visit_floating_output(vx::floating_output) {}
+    virtual void visit_output(vx::output) {}
+    virtual void visit_multiline_output(vx::multiline_output) {}
+    virtual void visit_assisted_input(vx::assisted_input) {}
+    virtual void visit_button(vx::button) {}
+    virtual void visit_label(vx::label) {}
+    virtual void visit_outline(vx::outline) {}
+    virtual void visit_list(vx::list) {}
+    virtual void visit_grid(vx::grid) {}
+    virtual void visit_checkbox(vx::checkbox) {}
+    virtual void visit_radiobutton(vx::radiobutton) {}
+    virtual void visit_dropdown(vx::dropdown) {}
+    virtual void visit_groupbox(vx::groupbox) {}
+    virtual void visit_toolbar(vx::toolbar) {}
+    virtual void visit_statusbar(vx::statusbar) {}
+    virtual void visit_buttoned_output(vx::buttoned_output) {}
+    virtual void visit_checkbox_list(vx::checkbox_list) {}
+    virtual void visit_slider(vx::slider) {}
+    virtual void visit_canvas(vx::canvas) {}
+    virtual void visit_image(vx::image) {}
+    virtual void visit_histogram(vx::histogram) {}
+    virtual void visit_gauge(vx::gauge) {}
+    virtual void visit_viewer_2d_panel(vx::viewer_2d_panel) {}
     VX_LOCAL static char const* interface_name() { return vx_element_visitor_interface_name; }
     VX_LOCAL static vx_element_visitor_interface_table const* family_table();
 protected:

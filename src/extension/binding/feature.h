@@ -298,38 +298,38 @@ public:
     virtual void detach() {}
     virtual long long fid() { return 0; }
     virtual int geom_type() { return 0; }
-    virtual void with_proj4(vx::string_visitor visitor) {}
-    virtual bool with_extent(Tvx_box_d2* box) { return false; }
-    virtual bool with_extent_z(Tvx_box_d3* box) { return false; }
-    virtual bool get_point(Tvx_vtx_d2* vertex) { return false; }
-    virtual bool get_point_z(Tvx_vtx_d3* vertex) { return false; }
-    virtual bool get_multipoint(Tvx_op2d* list) { return false; }
-    virtual bool get_multipoint_z(Tvx_ovtx_d3* list) { return false; }
-    virtual bool get_polypoint(Tvx_op2d* list) { return false; }
-    virtual bool get_polypoint_z(Tvx_ovtx_d3* list) { return false; }
+    virtual void with_proj4(vx::string_visitor) {}
+    virtual bool with_extent(Tvx_box_d2*) { return false; }
+    virtual bool with_extent_z(Tvx_box_d3*) { return false; }
+    virtual bool get_point(Tvx_vtx_d2*) { return false; }
+    virtual bool get_point_z(Tvx_vtx_d3*) { return false; }
+    virtual bool get_multipoint(Tvx_op2d*) { return false; }
+    virtual bool get_multipoint_z(Tvx_ovtx_d3*) { return false; }
+    virtual bool get_polypoint(Tvx_op2d*) { return false; }
+    virtual bool get_polypoint_z(Tvx_ovtx_d3*) { return false; }
     virtual bool set_empty() { return false; }
-    virtual bool set_point(Tvx_vtx_d2* vertex) { return false; }
-    virtual bool set_point_z(Tvx_vtx_d3* vertex) { return false; }
-    virtual bool set_multipoint(Tvx_op2d* list) { return false; }
-    virtual bool set_multipoint_z(Tvx_ovtx_d3* list) { return false; }
-    virtual bool set_polyline(Tvx_op2d* list) { return false; }
-    virtual bool set_polyline_z(Tvx_ovtx_d3* list) { return false; }
-    virtual bool set_polygon(Tvx_op2d* list) { return false; }
-    virtual bool set_polygon_z(Tvx_ovtx_d3* list) { return false; }
-    virtual bool get_style(void* style) { return false; }
-    virtual int field_type(int field) { return 0; }
-    virtual int field_subtype(int field) { return 0; }
-    virtual void get_string(int field, bool* not_null, vx::string_visitor visitor) {}
-    virtual int get_integer(int field, bool* not_null) { return 0; }
-    virtual long long get_bigint(int field, bool* not_null) { return 0; }
-    virtual double get_numeric(int field, bool* not_null) { return 0.0; }
-    virtual void get_binary(int field, bool* not_null, vx::bytes_visitor visitor) {}
-    virtual bool set_string(int field, wchar_t const* text) { return false; }
-    virtual bool set_integer(int field, int value) { return false; }
-    virtual bool set_bigint(int field, long long value) { return false; }
-    virtual bool set_numeric(int field, double value) { return false; }
-    virtual bool set_binary(int field, int size, char* bytes) { return false; }
-    virtual bool set_undef(int field) { return false; }
+    virtual bool set_point(Tvx_vtx_d2*) { return false; }
+    virtual bool set_point_z(Tvx_vtx_d3*) { return false; }
+    virtual bool set_multipoint(Tvx_op2d*) { return false; }
+    virtual bool set_multipoint_z(Tvx_ovtx_d3*) { return false; }
+    virtual bool set_polyline(Tvx_op2d*) { return false; }
+    virtual bool set_polyline_z(Tvx_ovtx_d3*) { return false; }
+    virtual bool set_polygon(Tvx_op2d*) { return false; }
+    virtual bool set_polygon_z(Tvx_ovtx_d3*) { return false; }
+    virtual bool get_style(void*) { return false; }
+    virtual int field_type(int) { return 0; }
+    virtual int field_subtype(int) { return 0; }
+    virtual void get_string(int, bool*, vx::string_visitor) {}
+    virtual int get_integer(int, bool*) { return 0; }
+    virtual long long get_bigint(int, bool*) { return 0; }
+    virtual double get_numeric(int, bool*) { return 0.0; }
+    virtual void get_binary(int, bool*, vx::bytes_visitor) {}
+    virtual bool set_string(int, wchar_t const*) { return false; }
+    virtual bool set_integer(int, int) { return false; }
+    virtual bool set_bigint(int, long long) { return false; }
+    virtual bool set_numeric(int, double) { return false; }
+    virtual bool set_binary(int, int, char*) { return false; }
+    virtual bool set_undef(int) { return false; }
     VX_LOCAL static char const* interface_name() { return vx_feature_interface_name; }
     VX_LOCAL static vx_feature_interface_table const* family_table();
 protected:

@@ -60,10 +60,10 @@ class VX_API feature_forward_request_impl
     : public binding::implementation<feature_forward_request_impl, vx::feature_forward_request>
 {
 public:
-    virtual bool set_spatial_filter(Tvx_box_d2* box) { return false; }
-    virtual bool set_attribute_filter(wchar_t const* text) { return false; }
+    virtual bool set_spatial_filter(Tvx_box_d2*) { return false; }
+    virtual bool set_attribute_filter(wchar_t const*) { return false; }
     virtual bool reset_reading() { return false; }
-    virtual bool with_next_feature(vx::feature_visitor visitor) { return false; }
+    virtual bool with_next_feature(vx::feature_visitor) { return false; }
     VX_LOCAL static char const* interface_name() { return vx_feature_forward_request_interface_name; }
     VX_LOCAL static vx_feature_forward_request_interface_table const* family_table();
 protected:

@@ -59,9 +59,9 @@ class VX_API feature_random_request_impl
 {
 public:
     virtual bool has_random_read() { return false; }
-    virtual bool with_feature(long long fid, vx::feature_visitor visitor) { return false; }
+    virtual bool with_feature(long long, vx::feature_visitor) { return false; }
     virtual bool has_moveto_index() { return false; }
-    virtual bool moveto_index(long long index) { return false; }
+    virtual bool moveto_index(long long) { return false; }
     VX_LOCAL static char const* interface_name() { return vx_feature_random_request_interface_name; }
     VX_LOCAL static vx_feature_random_request_interface_table const* family_table();
 protected:

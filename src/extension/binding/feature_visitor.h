@@ -33,7 +33,7 @@ class VX_API feature_visitor_impl
     : public binding::implementation<feature_visitor_impl, vx::feature_visitor>
 {
 public:
-    virtual void visit(vx::feature item) {}
+    virtual void visit(vx::feature) {}
     VX_LOCAL static char const* interface_name() { return vx_feature_visitor_interface_name; }
     VX_LOCAL static vx_feature_visitor_interface_table const* family_table();
 protected:

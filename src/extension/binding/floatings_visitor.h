@@ -31,7 +31,7 @@ class VX_API floatings_visitor_impl
     : public binding::implementation<floatings_visitor_impl, vx::floatings_visitor>
 {
 public:
-    virtual void visit(unsigned long long count, double* values) {}
+    virtual void visit(unsigned long long, double*) {}
     VX_LOCAL static char const* interface_name() { return vx_floatings_visitor_interface_name; }
     VX_LOCAL static vx_floatings_visitor_interface_table const* family_table();
 protected:

@@ -347,44 +347,35 @@ public:
     virtual void detach() {}
     virtual int datatype() { return 0; }
     virtual int kind() { return 0; }
-    virtual bool block_size(unsigned long long* counts) { return false; }
-    virtual bool with_nodata(int datatype, double* value) { return false; }
-    virtual bool set_nodata(int datatype, double value) { return false; }
+    virtual bool block_size(unsigned long long*) { return false; }
+    virtual bool with_nodata(int, double*) { return false; }
+    virtual bool set_nodata(int, double) { return false; }
     virtual int resampling() { return 0; }
-    virtual bool set_resampling(int method) { return false; }
+    virtual bool set_resampling(int) { return false; }
     virtual int overview_count() { return 0; }
-    virtual bool with_overview(int index, vx::grid_block_visitor visitor) { return false; }
-    virtual int read(unsigned long long offset, unsigned long long count, void* buffer, int datatype,
-        unsigned long long* done) { return 0; }
-    virtual int write(unsigned long long offset, unsigned long long count, void const* buffer, int datatype,
-        unsigned long long* done) { return 0; }
-    virtual int read1d(unsigned long long offset, unsigned long long count, void* buffer,
-        unsigned long long buffer_count, int datatype, long long space,
-        unsigned long long* done) { return 0; }
-    virtual int write1d(unsigned long long offset, unsigned long long count, void const* buffer,
-        unsigned long long buffer_count, int datatype, long long space,
-        unsigned long long* done) { return 0; }
-    virtual int read2d(unsigned long long const* offset, unsigned long long const* size, void* buffer,
-        unsigned long long const* buffer_size, int datatype, long long const* space,
-        unsigned long long* done) { return 0; }
-    virtual int write2d(unsigned long long const* offset, unsigned long long const* size, void const* buffer,
-        unsigned long long const* buffer_size, int datatype, long long const* space,
-        unsigned long long* done) { return 0; }
-    virtual int read3d(unsigned long long const* offset, unsigned long long const* size, void* buffer,
-        unsigned long long const* buffer_size, int datatype, long long const* space,
-        unsigned long long* done) { return 0; }
-    virtual int write3d(unsigned long long const* offset, unsigned long long const* size, void const* buffer,
-        unsigned long long const* buffer_size, int datatype, long long const* space,
-        unsigned long long* done) { return 0; }
-    virtual int read_block1d(unsigned long long block, void* buffer) { return 0; }
-    virtual int write_block1d(unsigned long long block, void const* buffer) { return 0; }
-    virtual int read_block2d(unsigned long long column, unsigned long long row, void* buffer) { return 0; }
-    virtual int write_block2d(unsigned long long column, unsigned long long row,
-        void const* buffer) { return 0; }
-    virtual int read_block3d(unsigned long long column, unsigned long long row, unsigned long long level,
-        void* buffer) { return 0; }
-    virtual int write_block3d(unsigned long long column, unsigned long long row, unsigned long long level,
-        void const* buffer) { return 0; }
+    virtual bool with_overview(int, vx::grid_block_visitor) { return false; }
+    virtual int read(unsigned long long, unsigned long long, void*, int, unsigned long long*) { return 0; }
+    virtual int write(unsigned long long, unsigned long long, void const*, int,
+        unsigned long long*) { return 0; }
+    virtual int read1d(unsigned long long, unsigned long long, void*, unsigned long long, int, long long,
+        unsigned long long*) { return 0; }
+    virtual int write1d(unsigned long long, unsigned long long, void const*, unsigned long long, int,
+        long long, unsigned long long*) { return 0; }
+    virtual int read2d(unsigned long long const*, unsigned long long const*, void*,
+        unsigned long long const*, int, long long const*, unsigned long long*) { return 0; }
+    virtual int write2d(unsigned long long const*, unsigned long long const*, void const*,
+        unsigned long long const*, int, long long const*, unsigned long long*) { return 0; }
+    virtual int read3d(unsigned long long const*, unsigned long long const*, void*,
+        unsigned long long const*, int, long long const*, unsigned long long*) { return 0; }
+    virtual int write3d(unsigned long long const*, unsigned long long const*, void const*,
+        unsigned long long const*, int, long long const*, unsigned long long*) { return 0; }
+    virtual int read_block1d(unsigned long long, void*) { return 0; }
+    virtual int write_block1d(unsigned long long, void const*) { return 0; }
+    virtual int read_block2d(unsigned long long, unsigned long long, void*) { return 0; }
+    virtual int write_block2d(unsigned long long, unsigned long long, void const*) { return 0; }
+    virtual int read_block3d(unsigned long long, unsigned long long, unsigned long long, void*) { return 0; }
+    virtual int write_block3d(unsigned long long, unsigned long long, unsigned long long,
+        void const*) { return 0; }
     VX_LOCAL static char const* interface_name() { return vx_grid_block_interface_name; }
     VX_LOCAL static vx_grid_block_interface_table const* family_table();
 protected:
@@ -424,7 +415,7 @@ class VX_API grid_block_visitor_impl
     : public binding::implementation<grid_block_visitor_impl, vx::grid_block_visitor>
 {
 public:
-    virtual void visit(vx::grid_block block) {}
+    virtual void visit(vx::grid_block) {}
     VX_LOCAL static char const* interface_name() { return vx_grid_block_visitor_interface_name; }
     VX_LOCAL static vx_grid_block_visitor_interface_table const* family_table();
 protected:

@@ -114,16 +114,16 @@ class VX_API grid_cell_visitor_impl
     : public binding::implementation<grid_cell_visitor_impl, vx::grid_cell_visitor>
 {
 public:
-    virtual void visit_action_cell(vx::grid_action_cell cell) {}
-    virtual void visit_boolean_cell(vx::grid_boolean_cell cell) {}
-    virtual void visit_enum_cell(vx::grid_enum_cell cell) {}
-    virtual void visit_integer_cell(vx::grid_integer_cell cell) {}
-    virtual void visit_floating_cell(vx::grid_floating_cell cell) {}
-    virtual void visit_string_cell(vx::grid_string_cell cell) {}
-    virtual void visit_assisted_string_cell(vx::grid_assisted_string_cell cell) {}
-    virtual void visit_bitmap_cell(vx::grid_bitmap_cell cell) {}
-    virtual void visit_canvas_cell(vx::grid_canvas_cell cell) {}
-    virtual void visit_check_cell(vx::grid_check_cell cell) {}
+    virtual void visit_action_cell(vx::grid_action_cell) {}
+    virtual void visit_boolean_cell(vx::grid_boolean_cell) {}
+    virtual void visit_enum_cell(vx::grid_enum_cell) {}
+    virtual void visit_integer_cell(vx::grid_integer_cell) {}
+    virtual void visit_floating_cell(vx::grid_floating_cell) {}
+    virtual void visit_string_cell(vx::grid_string_cell) {}
+    virtual void visit_assisted_string_cell(vx::grid_assisted_string_cell) {}
+    virtual void visit_bitmap_cell(vx::grid_bitmap_cell) {}
+    virtual void visit_canvas_cell(vx::grid_canvas_cell) {}
+    virtual void visit_check_cell(vx::grid_check_cell) {}
     VX_LOCAL static char const* interface_name() { return vx_grid_cell_visitor_interface_name; }
     VX_LOCAL static vx_grid_cell_visitor_interface_table const* family_table();
 protected:

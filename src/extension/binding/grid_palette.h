@@ -49,7 +49,7 @@ class VX_API grid_palette_impl
 public:
     virtual void detach() {}
     virtual int color_count() { return 0; }
-    virtual bool with_color(int index, Tvx_color* color) { return false; }
+    virtual bool with_color(int, Tvx_color*) { return false; }
     VX_LOCAL static char const* interface_name() { return vx_grid_palette_interface_name; }
     VX_LOCAL static vx_grid_palette_interface_table const* family_table();
 protected:

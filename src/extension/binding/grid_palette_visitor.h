@@ -32,7 +32,7 @@ class VX_API grid_palette_visitor_impl
     : public binding::implementation<grid_palette_visitor_impl, vx::grid_palette_visitor>
 {
 public:
-    virtual void visit(vx::grid_palette palette) {}
+    virtual void visit(vx::grid_palette) {}
     VX_LOCAL static char const* interface_name() { return vx_grid_palette_visitor_interface_name; }
     VX_LOCAL static vx_grid_palette_visitor_interface_table const* family_table();
 protected:

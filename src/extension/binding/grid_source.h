@@ -324,46 +324,43 @@ class VX_API grid_source_impl
     : public binding::implementation<grid_source_impl, vx::grid_source>
 {
 public:
-    virtual bool create_grid(wchar_t const* name, int grid_type, int* dimensions, int field_count,
-        int datatype) { return false; }
-    virtual bool create_copy(wchar_t const* name, vx::grid_source source,
-        vx::monitor progress) { return false; }
-    virtual bool select_grid(wchar_t const* name) { return false; }
+    virtual bool create_grid(wchar_t const*, int, int*, int, int) { return false; }
+    virtual bool create_copy(wchar_t const*, vx::grid_source, vx::monitor) { return false; }
+    virtual bool select_grid(wchar_t const*) { return false; }
     virtual int grid_type() { return 0; }
-    virtual bool set_grid_type(int type) { return false; }
-    virtual bool with_dimensions(int* counts) { return false; }
-    virtual bool with_geotransform(Tvx_matrix3x3* matrix) { return false; }
-    virtual bool set_geotransform(Tvx_matrix3x3* matrix) { return false; }
-    virtual bool with_geotransform_z(Tvx_matrix4x4* matrix) { return false; }
-    virtual bool set_geotransform_z(Tvx_matrix4x4* matrix) { return false; }
-    virtual bool with_origin(double* xyz) { return false; }
-    virtual bool set_origin(double* xyz) { return false; }
-    virtual bool with_spacing(double* xyz) { return false; }
-    virtual bool set_spacing(double* xyz) { return false; }
+    virtual bool set_grid_type(int) { return false; }
+    virtual bool with_dimensions(int*) { return false; }
+    virtual bool with_geotransform(Tvx_matrix3x3*) { return false; }
+    virtual bool set_geotransform(Tvx_matrix3x3*) { return false; }
+    virtual bool with_geotransform_z(Tvx_matrix4x4*) { return false; }
+    virtual bool set_geotransform_z(Tvx_matrix4x4*) { return false; }
+    virtual bool with_origin(double*) { return false; }
+    virtual bool set_origin(double*) { return false; }
+    virtual bool with_spacing(double*) { return false; }
+    virtual bool set_spacing(double*) { return false; }
     virtual double azimuth() { return 0.0; }
-    virtual bool set_azimuth(double angle) { return false; }
-    virtual void coord_x(vx::string_visitor visitor) {}
-    virtual bool set_coord_x(wchar_t const* name) { return false; }
-    virtual void coord_y(vx::string_visitor visitor) {}
-    virtual bool set_coord_y(wchar_t const* name) { return false; }
-    virtual void coord_z(vx::string_visitor visitor) {}
-    virtual bool set_coord_z(wchar_t const* name) { return false; }
-    virtual bool create_overviews(int resampling, int* levels, int level_count, int* fields, int field_count,
-        vx::monitor progress) { return false; }
-    virtual bool delete_overviews(int* fields, int field_count) { return false; }
-    virtual int create_field(wchar_t const* name, int datatype) { return 0; }
-    virtual bool delete_field(int field) { return false; }
-    virtual bool rename_field(int field, wchar_t const* name) { return false; }
-    virtual bool reorder_fields(int* order) { return false; }
-    virtual int field_datatype(int field) { return 0; }
-    virtual bool set_field_datatype(int field, int datatype) { return false; }
-    virtual int field_color(int field) { return 0; }
-    virtual bool set_field_color(int field, int color) { return false; }
-    virtual int field_kind(int field) { return 0; }
-    virtual bool set_field_kind(int field, int kind) { return false; }
-    virtual bool field_palette(int field, vx::grid_palette_visitor visitor) { return false; }
-    virtual bool with_block(int field, vx::grid_block_visitor visitor) { return false; }
-    virtual bool with_index(vx::grid_block_visitor visitor) { return false; }
+    virtual bool set_azimuth(double) { return false; }
+    virtual void coord_x(vx::string_visitor) {}
+    virtual bool set_coord_x(wchar_t const*) { return false; }
+    virtual void coord_y(vx::string_visitor) {}
+    virtual bool set_coord_y(wchar_t const*) { return false; }
+    virtual void coord_z(vx::string_visitor) {}
+    virtual bool set_coord_z(wchar_t const*) { return false; }
+    virtual bool create_overviews(int, int*, int, int*, int, vx::monitor) { return false; }
+    virtual bool delete_overviews(int*, int) { return false; }
+    virtual int create_field(wchar_t const*, int) { return 0; }
+    virtual bool delete_field(int) { return false; }
+    virtual bool rename_field(int, wchar_t const*) { return false; }
+    virtual bool reorder_fields(int*) { return false; }
+    virtual int field_datatype(int) { return 0; }
+    virtual bool set_field_datatype(int, int) { return false; }
+    virtual int field_color(int) { return 0; }
+    virtual bool set_field_color(int, int) { return false; }
+    virtual int field_kind(int) { return 0; }
+    virtual bool set_field_kind(int, int) { return false; }
+    virtual bool field_palette(int, vx::grid_palette_visitor) { return false; }
+    virtual bool with_block(int, vx::grid_block_visitor) { return false; }
+    virtual bool with_index(vx::grid_block_visitor) { return false; }
     VX_LOCAL static char const* interface_name() { return vx_grid_source_interface_name; }
     VX_LOCAL static vx_grid_source_interface_table const* family_table();
 protected:

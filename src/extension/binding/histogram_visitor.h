@@ -32,7 +32,7 @@ class VX_API histogram_visitor_impl
     : public binding::implementation<histogram_visitor_impl, vx::histogram_visitor>
 {
 public:
-    virtual void visit(double minimum, double maximum, int count, long long* counts) {}
+    virtual void visit(double, double, int, long long*) {}
     VX_LOCAL static char const* interface_name() { return vx_histogram_visitor_interface_name; }
     VX_LOCAL static vx_histogram_visitor_interface_table const* family_table();
 protected:

@@ -31,7 +31,7 @@ class VX_API integers_visitor_impl
     : public binding::implementation<integers_visitor_impl, vx::integers_visitor>
 {
 public:
-    virtual void visit(unsigned long long count, int* values) {}
+    virtual void visit(unsigned long long, int*) {}
     VX_LOCAL static char const* interface_name() { return vx_integers_visitor_interface_name; }
     VX_LOCAL static vx_integers_visitor_interface_table const* family_table();
 protected:

@@ -108,12 +108,12 @@ class VX_API layer_2d_editor_extension_service_impl
 {
 public:
     virtual vx::referent as_referent() { return {}; }
-    virtual void with_docker(vx::docker_visitor visitor) {}
-    virtual void set_layer(Ivx_layer* layer) {}
-    virtual void with_style_editor(vx::style_editor_visitor visitor) {}
-    virtual void with_dtld_editor(vx::dtld_editor_visitor visitor) {}
-    virtual void with_style_list_editor(vx::style_list_editor_visitor visitor) {}
-    virtual void with_text_settings_editor(vx::text_settings_editor_visitor visitor) {}
+    virtual void with_docker(vx::docker_visitor) {}
+    virtual void set_layer(Ivx_layer*) {}
+    virtual void with_style_editor(vx::style_editor_visitor) {}
+    virtual void with_dtld_editor(vx::dtld_editor_visitor) {}
+    virtual void with_style_list_editor(vx::style_list_editor_visitor) {}
+    virtual void with_text_settings_editor(vx::text_settings_editor_visitor) {}
     virtual int priority() { return 1; }
     VX_LOCAL static char const* interface_name() { return vx_layer_2d_editor_extension_service_interface_name; }
     VX_LOCAL static vx_layer_2d_editor_extension_service_interface_table const* family_table();

@@ -34,7 +34,7 @@ class VX_API layer_2d_editor_extension_service_visitor_impl
         vx::layer_2d_editor_extension_service_visitor>
 {
 public:
-    virtual void visit(vx::layer_2d_editor_extension_service service) {}
+    virtual void visit(vx::layer_2d_editor_extension_service) {}
     VX_LOCAL static char const* interface_name() { return vx_layer_2d_editor_extension_service_visitor_interface_name; }
     VX_LOCAL static vx_layer_2d_editor_extension_service_visitor_interface_table const* family_table();
 protected:

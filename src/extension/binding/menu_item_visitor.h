@@ -41,8 +41,8 @@ class VX_API menu_item_visitor_impl
     : public binding::implementation<menu_item_visitor_impl, vx::menu_item_visitor>
 {
 public:
-    virtual void visit_tool(vx::action_tool tool) {}
-    virtual void visit_menu(vx::menu_item_set menu) {}
+    virtual void visit_tool(vx::action_tool) {}
+    virtual void visit_menu(vx::menu_item_set) {}
     VX_LOCAL static char const* interface_name() { return vx_menu_item_visitor_interface_name; }
     VX_LOCAL static vx_menu_item_visitor_interface_table const* family_table();
 protected:

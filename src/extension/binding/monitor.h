@@ -47,8 +47,8 @@ class VX_API monitor_impl
     : public binding::implementation<monitor_impl, vx::monitor>
 {
 public:
-    virtual void message(wchar_t const* text) {}
-    virtual void report(double done) {}
+    virtual void message(wchar_t const*) {}
+    virtual void report(double) {}
     virtual bool has_stopped() { return false; }
     VX_LOCAL static char const* interface_name() { return vx_monitor_interface_name; }
     VX_LOCAL static vx_monitor_interface_table const* family_table();

@@ -103,14 +103,14 @@ class VX_API outline_column_variant_visitor_impl
     : public binding::implementation<outline_column_variant_visitor_impl, vx::outline_column_variant_visitor>
 {
 public:
-    virtual void visit_action_column_variant(vx::action_outline_column_variant variant) {}
-    virtual void visit_boolean_column_variant(vx::boolean_outline_column_variant variant) {}
-    virtual void visit_enum_column_variant(vx::enum_outline_column_variant variant) {}
-    virtual void visit_integer_column_variant(vx::integer_outline_column_variant variant) {}
-    virtual void visit_floating_column_variant(vx::floating_outline_column_variant variant) {}
-    virtual void visit_string_column_variant(vx::string_outline_column_variant variant) {}
-    virtual void visit_bitmap_column_variant(vx::bitmap_outline_column_variant variant) {}
-    virtual void visit_render_column_variant(vx::canvas_outline_column_variant variant) {}
+    virtual void visit_action_column_variant(vx::action_outline_column_variant) {}
+    virtual void visit_boolean_column_variant(vx::boolean_outline_column_variant) {}
+    virtual void visit_enum_column_variant(vx::enum_outline_column_variant) {}
+    virtual void visit_integer_column_variant(vx::integer_outline_column_variant) {}
+    virtual void visit_floating_column_variant(vx::floating_outline_column_variant) {}
+    virtual void visit_string_column_variant(vx::string_outline_column_variant) {}
+    virtual void visit_bitmap_column_variant(vx::bitmap_outline_column_variant) {}
+    virtual void visit_render_column_variant(vx::canvas_outline_column_variant) {}
     VX_LOCAL static char const* interface_name() { return vx_outline_column_variant_visitor_interface_name; }
     VX_LOCAL static vx_outline_column_variant_visitor_interface_table const* family_table();
 protected:

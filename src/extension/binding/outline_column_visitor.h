@@ -124,17 +124,17 @@ class VX_API outline_column_visitor_impl
     : public binding::implementation<outline_column_visitor_impl, vx::outline_column_visitor>
 {
 public:
-    virtual void visit_action_column(vx::action_outline_column column) {}
-    virtual void visit_boolean_column(vx::boolean_outline_column column) {}
-    virtual void visit_enum_column(vx::enum_outline_column column) {}
-    virtual void visit_integer_column(vx::integer_outline_column column) {}
-    virtual void visit_floating_column(vx::floating_outline_column column) {}
-    virtual void visit_string_column(vx::string_outline_column column) {}
-    virtual void visit_assisted_string_column(vx::assisted_string_outline_column column) {}
-    virtual void visit_lookup_column(vx::lookup_outline_column column) {}
-    virtual void visit_bitmap_column(vx::bitmap_outline_column column) {}
-    virtual void visit_canvas_column(vx::canvas_outline_column column) {}
-    virtual void visit_variant_column(vx::variant_outline_column column) {}
+    virtual void visit_action_column(vx::action_outline_column) {}
+    virtual void visit_boolean_column(vx::boolean_outline_column) {}
+    virtual void visit_enum_column(vx::enum_outline_column) {}
+    virtual void visit_integer_column(vx::integer_outline_column) {}
+    virtual void visit_floating_column(vx::floating_outline_column) {}
+    virtual void visit_string_column(vx::string_outline_column) {}
+    virtual void visit_assisted_string_column(vx::assisted_string_outline_column) {}
+    virtual void visit_lookup_column(vx::lookup_outline_column) {}
+    virtual void visit_bitmap_column(vx::bitmap_outline_column) {}
+    virtual void visit_canvas_column(vx::canvas_outline_column) {}
+    virtual void visit_variant_column(vx::variant_outline_column) {}
     VX_LOCAL static char const* interface_name() { return vx_outline_column_visitor_interface_name; }
     VX_LOCAL static vx_outline_column_visitor_interface_table const* family_table();
 protected:

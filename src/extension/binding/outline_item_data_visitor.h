@@ -49,9 +49,9 @@ class VX_API outline_item_data_visitor_impl
     : public binding::implementation<outline_item_data_visitor_impl, vx::outline_item_data_visitor>
 {
 public:
-    virtual void visit_integer(int value) {}
-    virtual void visit_string(wchar_t const* value) {}
-    virtual void visit_tag(void* tag) {}
+    virtual void visit_integer(int) {}
+    virtual void visit_string(wchar_t const*) {}
+    virtual void visit_tag(void*) {}
     VX_LOCAL static char const* interface_name() { return vx_outline_item_data_visitor_interface_name; }
     VX_LOCAL static vx_outline_item_data_visitor_interface_table const* family_table();
 protected:

@@ -58,10 +58,10 @@ class VX_API poly_data_3d_attr_def_visitor_impl
     : public binding::implementation<poly_data_3d_attr_def_visitor_impl, vx::poly_data_3d_attr_def_visitor>
 {
 public:
-    virtual void visit_integer_attr(wchar_t const* name) {}
-    virtual void visit_floating_attr(wchar_t const* name) {}
-    virtual void visit_short_floating_attr(wchar_t const* name) {}
-    virtual void visit_string_attr(wchar_t const* name) {}
+    virtual void visit_integer_attr(wchar_t const*) {}
+    virtual void visit_floating_attr(wchar_t const*) {}
+    virtual void visit_short_floating_attr(wchar_t const*) {}
+    virtual void visit_string_attr(wchar_t const*) {}
     VX_LOCAL static char const* interface_name() { return vx_poly_data_3d_attr_def_visitor_interface_name; }
     VX_LOCAL static vx_poly_data_3d_attr_def_visitor_interface_table const* family_table();
 protected:

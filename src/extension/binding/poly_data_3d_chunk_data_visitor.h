@@ -42,8 +42,8 @@ class VX_API poly_data_3d_chunk_data_visitor_impl
         vx::poly_data_3d_chunk_data_visitor>
 {
 public:
-    virtual void visit(vx::poly_data_3d_attr_buffer data) {}
-    virtual void visit_ex(vx::poly_data_3d_attr_buffers data) {}
+    virtual void visit(vx::poly_data_3d_attr_buffer) {}
+    virtual void visit_ex(vx::poly_data_3d_attr_buffers) {}
     VX_LOCAL static char const* interface_name() { return vx_poly_data_3d_chunk_data_visitor_interface_name; }
     VX_LOCAL static vx_poly_data_3d_chunk_data_visitor_interface_table const* family_table();
 protected:

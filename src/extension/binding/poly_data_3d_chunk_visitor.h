@@ -59,10 +59,10 @@ class VX_API poly_data_3d_chunk_visitor_impl
     : public binding::implementation<poly_data_3d_chunk_visitor_impl, vx::poly_data_3d_chunk_visitor>
 {
 public:
-    virtual void visit_coords(vx::poly_data_3d_points points) {}
-    virtual void visit_vertices(vx::poly_data_3d_cells cells) {}
-    virtual void visit_lines(vx::poly_data_3d_cells cells) {}
-    virtual void visit_polygons(vx::poly_data_3d_cells cells) {}
+    virtual void visit_coords(vx::poly_data_3d_points) {}
+    virtual void visit_vertices(vx::poly_data_3d_cells) {}
+    virtual void visit_lines(vx::poly_data_3d_cells) {}
+    virtual void visit_polygons(vx::poly_data_3d_cells) {}
     VX_LOCAL static char const* interface_name() { return vx_poly_data_3d_chunk_visitor_interface_name; }
     VX_LOCAL static vx_poly_data_3d_chunk_visitor_interface_table const* family_table();
 protected:

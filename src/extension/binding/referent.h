@@ -106,8 +106,8 @@ class VX_API referent_impl
     : public binding::implementation<referent_impl, vx::referent>
 {
 public:
-    virtual void retain(vx::referrer holder) {}
-    virtual void release(vx::referrer holder) {}
+    virtual void retain(vx::referrer) {}
+    virtual void release(vx::referrer) {}
     virtual vx::referent owner() { return {}; }
     virtual vx::referent as_referent() { return {}; }
     VX_LOCAL static char const* interface_name() { return vx_referent_interface_name; }
@@ -129,7 +129,7 @@ class VX_API referrer_impl
     : public binding::implementation<referrer_impl, vx::referrer>
 {
 public:
-    virtual void invalidate(vx::referent object) {}
+    virtual void invalidate(vx::referent) {}
     virtual bool reachable() { return false; }
     VX_LOCAL static char const* interface_name() { return vx_referrer_interface_name; }
     VX_LOCAL static vx_referrer_interface_table const* family_table();

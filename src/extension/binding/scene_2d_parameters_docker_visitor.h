@@ -33,7 +33,7 @@ class VX_API scene_2d_parameters_docker_visitor_impl
         vx::scene_2d_parameters_docker_visitor>
 {
 public:
-    virtual void visit_docker(vx::docker panel) {}
+    virtual void visit_docker(vx::docker) {}
     VX_LOCAL static char const* interface_name() { return vx_scene_2d_parameters_docker_visitor_interface_name; }
     VX_LOCAL static vx_scene_2d_parameters_docker_visitor_interface_table const* family_table();
 protected:

@@ -35,7 +35,7 @@ class VX_API service_factory_impl
     : public binding::implementation<service_factory_impl, vx::service_factory>
 {
 public:
-    virtual void with_services(vx::bundle_context context, vx::service_visitor visitor) {}
+    virtual void with_services(vx::bundle_context, vx::service_visitor) {}
     VX_LOCAL static char const* interface_name() { return vx_service_factory_interface_name; }
     VX_LOCAL static vx_service_factory_interface_table const* family_table();
 protected:

@@ -33,7 +33,7 @@ class VX_API service_registry_impl
     : public binding::implementation<service_registry_impl, vx::service_registry>
 {
 public:
-    virtual void with_services(wchar_t const* category, vx::service_visitor visitor) {}
+    virtual void with_services(wchar_t const*, vx::service_visitor) {}
     VX_LOCAL static char const* interface_name() { return vx_service_registry_interface_name; }
     VX_LOCAL static vx_service_registry_interface_table const* family_table();
 protected:

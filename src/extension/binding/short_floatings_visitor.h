@@ -31,7 +31,7 @@ class VX_API short_floatings_visitor_impl
     : public binding::implementation<short_floatings_visitor_impl, vx::short_floatings_visitor>
 {
 public:
-    virtual void visit(unsigned long long count, float* values) {}
+    virtual void visit(unsigned long long, float*) {}
     VX_LOCAL static char const* interface_name() { return vx_short_floatings_visitor_interface_name; }
     VX_LOCAL static vx_short_floatings_visitor_interface_table const* family_table();
 protected:

@@ -144,22 +144,20 @@ class VX_API stat_source_impl
     : public binding::implementation<stat_source_impl, vx::stat_source>
 {
 public:
-    virtual bool has_stat(int field) { return false; }
-    virtual bool minimum(int field, double* value) { return false; }
-    virtual bool maximum(int field, double* value) { return false; }
-    virtual bool average(int field, double* value) { return false; }
-    virtual bool stdev(int field, double* value) { return false; }
-    virtual bool sum(int field, double* value) { return false; }
-    virtual bool count_nonnull(int field, long long* count) { return false; }
-    virtual bool count_distinct(int field, long long* count) { return false; }
-    virtual bool compute_stats(int field, bool force) { return false; }
-    virtual bool with_unique_numerics(int field, int limit, vx::floatings_visitor visitor) { return false; }
-    virtual bool with_unique_strings(int field, int limit, vx::string_visitor visitor) { return false; }
-    virtual bool has_histogram(int field) { return false; }
-    virtual bool with_custom_histogram(int field, double minimum, double maximum, int count,
-        long long* counts, bool force) { return false; }
-    virtual bool with_default_histogram(int field, bool force,
-        vx::histogram_visitor visitor) { return false; }
+    virtual bool has_stat(int) { return false; }
+    virtual bool minimum(int, double*) { return false; }
+    virtual bool maximum(int, double*) { return false; }
+    virtual bool average(int, double*) { return false; }
+    virtual bool stdev(int, double*) { return false; }
+    virtual bool sum(int, double*) { return false; }
+    virtual bool count_nonnull(int, long long*) { return false; }
+    virtual bool count_distinct(int, long long*) { return false; }
+    virtual bool compute_stats(int, bool) { return false; }
+    virtual bool with_unique_numerics(int, int, vx::floatings_visitor) { return false; }
+    virtual bool with_unique_strings(int, int, vx::string_visitor) { return false; }
+    virtual bool has_histogram(int) { return false; }
+    virtual bool with_custom_histogram(int, double, double, int, long long*, bool) { return false; }
+    virtual bool with_default_histogram(int, bool, vx::histogram_visitor) { return false; }
     VX_LOCAL static char const* interface_name() { return vx_stat_source_interface_name; }
     VX_LOCAL static vx_stat_source_interface_table const* family_table();
 protected:

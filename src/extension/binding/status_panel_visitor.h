@@ -32,7 +32,7 @@ class VX_API status_panel_visitor_impl
     : public binding::implementation<status_panel_visitor_impl, vx::status_panel_visitor>
 {
 public:
-    virtual void visit_string_panel(vx::string_status_panel panel) {}
+    virtual void visit_string_panel(vx::string_status_panel) {}
     VX_LOCAL static char const* interface_name() { return vx_status_panel_visitor_interface_name; }
     VX_LOCAL static vx_status_panel_visitor_interface_table const* family_table();
 protected:

@@ -30,7 +30,7 @@ class VX_API string_visitor_impl
     : public binding::implementation<string_visitor_impl, vx::string_visitor>
 {
 public:
-    virtual void visit(wchar_t const* text) {}
+    virtual void visit(wchar_t const*) {}
     VX_LOCAL static char const* interface_name() { return vx_string_visitor_interface_name; }
     VX_LOCAL static vx_string_visitor_interface_table const* family_table();
 protected:

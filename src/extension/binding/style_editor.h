@@ -91,14 +91,14 @@ class VX_API style_editor_impl
     : public binding::implementation<style_editor_impl, vx::style_editor>
 {
 public:
-    virtual void with_caption(vx::string_visitor visitor) {}
+    virtual void with_caption(vx::string_visitor) {}
     virtual void* style_manager() { return nullptr; }
     virtual void* table_data() { return nullptr; }
     virtual bool use_selection_styles() { return false; }
     virtual bool use_rules() { return false; }
-    virtual void with_data_source(vx::style_editor_data_source_visitor visitor) {}
+    virtual void with_data_source(vx::style_editor_data_source_visitor) {}
     virtual void commit() {}
-    virtual void reattach(vx::element_view view) {}
+    virtual void reattach(vx::element_view) {}
     VX_LOCAL static char const* interface_name() { return vx_style_editor_interface_name; }
     VX_LOCAL static vx_style_editor_interface_table const* family_table();
 protected:

@@ -130,15 +130,14 @@ public:
     virtual vx::referent as_referent() { return {}; }
     virtual int property_count() { return 0; }
     virtual int item_count() { return 0; }
-    virtual bool property_used(int property) { return false; }
-    virtual bool property_floating(int property) { return false; }
-    virtual void with_property_name(int property, vx::string_visitor visitor) {}
-    virtual void with_property_caption(int property, vx::string_visitor visitor) {}
-    virtual bool item_property_defined(int item, int property) { return false; }
-    virtual void with_item_property_text(int item, int property, vx::string_visitor visitor) {}
-    virtual double item_property_value(int item, int property) { return 0.0; }
-    virtual bool property_stats(int property, double* first, double* second, double* third,
-        double* fourth) { return false; }
+    virtual bool property_used(int) { return false; }
+    virtual bool property_floating(int) { return false; }
+    virtual void with_property_name(int, vx::string_visitor) {}
+    virtual void with_property_caption(int, vx::string_visitor) {}
+    virtual bool item_property_defined(int, int) { return false; }
+    virtual void with_item_property_text(int, int, vx::string_visitor) {}
+    virtual double item_property_value(int, int) { return 0.0; }
+    virtual bool property_stats(int, double*, double*, double*, double*) { return false; }
     VX_LOCAL static char const* interface_name() { return vx_style_editor_data_source_interface_name; }
     VX_LOCAL static vx_style_editor_data_source_interface_table const* family_table();
 protected:

@@ -33,7 +33,7 @@ class VX_API style_editor_data_source_visitor_impl
         vx::style_editor_data_source_visitor>
 {
 public:
-    virtual void visit(vx::style_editor_data_source source) {}
+    virtual void visit(vx::style_editor_data_source) {}
     VX_LOCAL static char const* interface_name() { return vx_style_editor_data_source_visitor_interface_name; }
     VX_LOCAL static vx_style_editor_data_source_visitor_interface_table const* family_table();
 protected:

@@ -32,7 +32,7 @@ class VX_API style_editor_visitor_impl
     : public binding::implementation<style_editor_visitor_impl, vx::style_editor_visitor>
 {
 public:
-    virtual void visit(vx::style_editor editor) {}
+    virtual void visit(vx::style_editor) {}
     VX_LOCAL static char const* interface_name() { return vx_style_editor_visitor_interface_name; }
     VX_LOCAL static vx_style_editor_visitor_interface_table const* family_table();
 protected:

@@ -76,12 +76,12 @@ class VX_API text_settings_editor_impl
     : public binding::implementation<text_settings_editor_impl, vx::text_settings_editor>
 {
 public:
-    virtual void with_caption(vx::string_visitor visitor) {}
+    virtual void with_caption(vx::string_visitor) {}
     virtual void* text_settings() { return nullptr; }
     virtual bool use_selection_styles() { return false; }
-    virtual void with_data_source(vx::style_editor_data_source_visitor visitor) {}
+    virtual void with_data_source(vx::style_editor_data_source_visitor) {}
     virtual void commit() {}
-    virtual void reattach(vx::element_view view) {}
+    virtual void reattach(vx::element_view) {}
     VX_LOCAL static char const* interface_name() { return vx_text_settings_editor_interface_name; }
     VX_LOCAL static vx_text_settings_editor_interface_table const* family_table();
 protected:

@@ -32,7 +32,7 @@ class VX_API text_settings_editor_visitor_impl
     : public binding::implementation<text_settings_editor_visitor_impl, vx::text_settings_editor_visitor>
 {
 public:
-    virtual void visit(vx::text_settings_editor editor) {}
+    virtual void visit(vx::text_settings_editor) {}
     VX_LOCAL static char const* interface_name() { return vx_text_settings_editor_visitor_interface_name; }
     VX_LOCAL static vx_text_settings_editor_visitor_interface_table const* family_table();
 protected:

@@ -123,17 +123,17 @@ class VX_API tool_visitor_impl
     : public binding::implementation<tool_visitor_impl, vx::tool_visitor>
 {
 public:
-    virtual void visit_string_tool(vx::string_tool tool) {}
-    virtual void visit_assisted_string_tool(vx::assisted_string_tool tool) {}
-    virtual void visit_floating_tool(vx::floating_tool tool) {}
-    virtual void visit_integer_tool(vx::integer_tool tool) {}
-    virtual void visit_enum_tool(vx::enum_tool tool) {}
-    virtual void visit_boolean_tool(vx::boolean_tool tool) {}
-    virtual void visit_action_tool(vx::action_tool tool) {}
-    virtual void visit_multiaction_tool(vx::multiaction_tool tool) {}
-    virtual void visit_multiboolean_tool(vx::multiboolean_tool tool) {}
-    virtual void visit_category_tool(vx::category_tool tool) {}
-    virtual void visit_list_tool(vx::list_tool tool) {}
+    virtual void visit_string_tool(vx::string_tool) {}
+    virtual void visit_assisted_string_tool(vx::assisted_string_tool) {}
+    virtual void visit_floating_tool(vx::floating_tool) {}
+    virtual void visit_integer_tool(vx::integer_tool) {}
+    virtual void visit_enum_tool(vx::enum_tool) {}
+    virtual void visit_boolean_tool(vx::boolean_tool) {}
+    virtual void visit_action_tool(vx::action_tool) {}
+    virtual void visit_multiaction_tool(vx::multiaction_tool) {}
+    virtual void visit_multiboolean_tool(vx::multiboolean_tool) {}
+    virtual void visit_category_tool(vx::category_tool) {}
+    virtual void visit_list_tool(vx::list_tool) {}
     VX_LOCAL static char const* interface_name() { return vx_tool_visitor_interface_name; }
     VX_LOCAL static vx_tool_visitor_interface_table const* family_table();
 protected:

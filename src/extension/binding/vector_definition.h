@@ -139,19 +139,19 @@ class VX_API vector_definition_impl
 {
 public:
     virtual int field_count() { return 0; }
-    virtual void field_name(int field, vx::string_visitor visitor) {}
-    virtual int field_type(int field) { return 0; }
-    virtual int field_subtype(int field) { return 0; }
-    virtual int field_width(int field) { return 0; }
-    virtual int field_precision(int field) { return 0; }
-    virtual bool field_nullable(int field) { return false; }
-    virtual void field_default(int field, vx::string_visitor visitor) {}
+    virtual void field_name(int, vx::string_visitor) {}
+    virtual int field_type(int) { return 0; }
+    virtual int field_subtype(int) { return 0; }
+    virtual int field_width(int) { return 0; }
+    virtual int field_precision(int) { return 0; }
+    virtual bool field_nullable(int) { return false; }
+    virtual void field_default(int, vx::string_visitor) {}
     virtual int geom_field_count() { return 0; }
-    virtual void geom_field_name(int field, vx::string_visitor visitor) {}
-    virtual int geom_field_type(int field) { return 0; }
-    virtual void geom_field_proj4(int field, vx::string_visitor visitor) {}
-    virtual void with_fid_field(vx::string_visitor visitor) {}
-    virtual void with_proj4(vx::string_visitor visitor) {}
+    virtual void geom_field_name(int, vx::string_visitor) {}
+    virtual int geom_field_type(int) { return 0; }
+    virtual void geom_field_proj4(int, vx::string_visitor) {}
+    virtual void with_fid_field(vx::string_visitor) {}
+    virtual void with_proj4(vx::string_visitor) {}
     VX_LOCAL static char const* interface_name() { return vx_vector_definition_interface_name; }
     VX_LOCAL static vx_vector_definition_interface_table const* family_table();
 protected:

@@ -218,31 +218,30 @@ class VX_API vector_source_impl
     : public binding::implementation<vector_source_impl, vx::vector_source>
 {
 public:
-    virtual bool create_vector(wchar_t const* name, int geom_type, long long flags,
-        vx::vector_definition definition) { return false; }
-    virtual bool select_vector(wchar_t const* name) { return false; }
-    virtual bool select_geom_field(wchar_t const* name) { return false; }
+    virtual bool create_vector(wchar_t const*, int, long long, vx::vector_definition) { return false; }
+    virtual bool select_vector(wchar_t const*) { return false; }
+    virtual bool select_geom_field(wchar_t const*) { return false; }
     virtual int geom_type() { return 0; }
-    virtual unsigned long long feature_count(bool force) { return 0; }
-    virtual void fid_field_name(vx::string_visitor visitor) {}
-    virtual int field_width(int field) { return 0; }
-    virtual int field_precision(int field) { return 0; }
+    virtual unsigned long long feature_count(bool) { return 0; }
+    virtual void fid_field_name(vx::string_visitor) {}
+    virtual int field_width(int) { return 0; }
+    virtual int field_precision(int) { return 0; }
     virtual int geom_field_count() { return 0; }
-    virtual void geom_field_name(int field, vx::string_visitor visitor) {}
-    virtual int geom_field_type(int field) { return 0; }
-    virtual void geom_field_proj4(int field, vx::string_visitor visitor) {}
-    virtual bool create_field(vx::vector_definition definition) { return false; }
-    virtual bool delete_field(int field) { return false; }
-    virtual bool alter_field(int field, vx::vector_definition definition) { return false; }
-    virtual bool reorder_fields(int* order) { return false; }
-    virtual bool create_geom_field(vx::vector_definition definition) { return false; }
-    virtual bool delete_geom_field(int field) { return false; }
+    virtual void geom_field_name(int, vx::string_visitor) {}
+    virtual int geom_field_type(int) { return 0; }
+    virtual void geom_field_proj4(int, vx::string_visitor) {}
+    virtual bool create_field(vx::vector_definition) { return false; }
+    virtual bool delete_field(int) { return false; }
+    virtual bool alter_field(int, vx::vector_definition) { return false; }
+    virtual bool reorder_fields(int*) { return false; }
+    virtual bool create_geom_field(vx::vector_definition) { return false; }
+    virtual bool delete_geom_field(int) { return false; }
     virtual bool transaction_start() { return false; }
     virtual bool transaction_commit() { return false; }
     virtual bool transaction_rollback() { return false; }
     virtual bool flush_changes() { return false; }
-    virtual bool create_feature(long long fid, vx::feature_visitor visitor) { return false; }
-    virtual bool delete_feature(long long fid) { return false; }
+    virtual bool create_feature(long long, vx::feature_visitor) { return false; }
+    virtual bool delete_feature(long long) { return false; }
     VX_LOCAL static char const* interface_name() { return vx_vector_source_interface_name; }
     VX_LOCAL static vx_vector_source_interface_table const* family_table();
 protected:

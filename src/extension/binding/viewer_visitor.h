@@ -50,9 +50,9 @@ class VX_API viewer_visitor_impl
     : public binding::implementation<viewer_visitor_impl, vx::viewer_visitor>
 {
 public:
-    virtual void visit(vx::viewer any) {}
-    virtual void visit_2d(vx::viewer_2d flat) {}
-    virtual void visit_custom_2d(vx::viewer_2d custom) {}
+    virtual void visit(vx::viewer) {}
+    virtual void visit_2d(vx::viewer_2d) {}
+    virtual void visit_custom_2d(vx::viewer_2d) {}
     VX_LOCAL static char const* interface_name() { return vx_viewer_visitor_interface_name; }
     VX_LOCAL static vx_viewer_visitor_interface_table const* family_table();
 protected:
