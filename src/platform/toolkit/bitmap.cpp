@@ -2,6 +2,7 @@
 
 #include "platform/toolkit/canvas.h"
 #include "platform/toolkit/qt_bridge.h"
+#include "platform/winapi/file.h"
 
 #include <QBuffer>
 #include <QFile>
@@ -10,7 +11,6 @@
 #include <QImageReader>
 #include <QImageWriter>
 #include <QPainter>
-#include <QSaveFile>
 
 #include <algorithm>
 
@@ -190,8 +190,9 @@ bool TBitmap::SaveToFile(UnicodeString const &file_name) const
     QImageWriter writer(&buffer, suffix.isEmpty() ? QByteArray("bmp") : suffix);
     if (!writer.write(f_state->image))
         return false;
-    QSaveFile file(name);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+    std::wstring error;
+    std::string_view const content(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+    return vx_save_atomic(file_name, content, error);
 }
 
 TPixelFormat TBitmap::GetPixelFormat() const

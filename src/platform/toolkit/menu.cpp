@@ -97,7 +97,6 @@ void TMenuItem::Insert(int index, TMenuItem *item)
     index = std::clamp(index, 0, GetCount());
     if (!f_native->holder()) {
         f_native->menu = std::make_unique<QMenu>();
-        f_native->menu->setToolTipsVisible(true);
         f_native->action.setMenu(f_native->menu.get());
         QObject::connect(f_native->menu.get(), &QMenu::aboutToShow, &f_native->action, [this] {
             vx_event_scope const scope;
@@ -169,6 +168,9 @@ void TMenuItem::apply()
     action.setSeparator(line);
     action.setText(line ? QString() : vx_qt_string(f_caption));
     action.setToolTip(vx_qt_string(f_hint));
+    // Without a hint Qt would show the caption again.
+    if (!f_hint.IsEmpty() && f_parent && f_parent->f_native->menu)
+        f_parent->f_native->menu->setToolTipsVisible(true);
     action.setEnabled(f_enabled);
     action.setVisible(f_visible);
     if (f_radio_item != (f_native->radio != nullptr)) {
