@@ -16,6 +16,20 @@ namespace {
 constexpr int c_width = 320;
 constexpr int c_height = 240;
 
+/// The window system does not tell again of a window that it took for the active one all the time, although
+/// its widget was hidden or docked away meanwhile.
+void settle_activation()
+{
+    QWindow const *const focused = QGuiApplication::focusWindow();
+    if (!focused || QApplication::activeWindow())
+        return;
+    for (QWidget *const window : QApplication::topLevelWidgets())
+        if (window->windowHandle() == focused && window->isVisible()) {
+            QApplication::setActiveWindow(window);
+            return;
+        }
+}
+
 bool is_fixed(TFormBorderStyle style)
 {
     return style == bsSingle || style == bsDialog || style == bsToolWindow;
@@ -100,6 +114,7 @@ void TCustomForm::show_window()
         focus_first();
         vx_qt_widget(this)->show();
     }
+    settle_activation();
     layout_frame();
 }
 
@@ -213,7 +228,8 @@ int TCustomForm::ShowModal()
         Hide();
     QPointer<vx_control_link> const alive(Link());
     QPointer<QWidget> const widget(vx_qt_widget(this));
-    QPointer<QWidget> const former(QApplication::activeWindow());
+    QWidget *const active = QApplication::activeWindow();
+    QPointer<QWidget> const former(active != widget && active && active->isVisible() ? active : nullptr);
     f_modal = true;
     f_modal_result = mrNone;
     widget->setWindowModality(Qt::ApplicationModal);
@@ -323,8 +339,10 @@ void TCustomForm::SetParent(TWinControl *parent)
     if (parent)
         leave_mdi_parent();
     TWinControl::SetParent(parent);
-    if (parent)
+    if (parent) {
+        settle_activation();
         return;
+    }
     apply_flags();
     if (f_visible)
         apply_visible();
