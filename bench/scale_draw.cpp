@@ -1,5 +1,5 @@
-// Draws a million points in one style and through a value scale of ten thousand entries, and prints how much the look-up
-// adds. The data set is made for the run with the raw driver and removed at the end.
+// Draws a million points in one style and through a value scale of ten thousand entries, and prints how much
+// the look-up adds. The data set is made for the run with the raw driver and removed at the end.
 
 #include "platform/base/owned.h"
 #include "platform/basic/vx_bundle.h"
@@ -10,31 +10,31 @@
 #include "platform/render/vx_render_layer.h"
 #include "platform/styles/vxk_styles.h"
 
+#include <gdal_priv.h>
+#include <ogrsf_frmts.h>
+
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
-#include <gdal_priv.h>
-#include <ogrsf_frmts.h>
 #include <random>
 #include <string>
 #include <unistd.h>
 
-namespace
-{
+namespace {
 constexpr int c_points = 1'000'000;
 constexpr int c_entries = 10'000;
 constexpr int c_runs = 5;
 
-bool make_points(std::string const& file)
+bool make_points(std::string const &file)
 {
     GDALAllRegister();
-    GDALDriver* driver = GetGDALDriverManager()->GetDriverByName("FlatGeobuf");
-    GDALDataset* set = driver ? driver->Create(file.c_str(), 0, 0, 0, GDT_Unknown, nullptr) : nullptr;
+    GDALDriver *driver = GetGDALDriverManager()->GetDriverByName("FlatGeobuf");
+    GDALDataset *set = driver ? driver->Create(file.c_str(), 0, 0, 0, GDT_Unknown, nullptr) : nullptr;
     if (!set)
         return false;
-    char* options[] = {const_cast<char*>("SPATIAL_INDEX=NO"), nullptr};
-    OGRLayer* layer = set->CreateLayer("points", nullptr, wkbPoint, options);
+    char *options[] = {const_cast<char *>("SPATIAL_INDEX=NO"), nullptr};
+    OGRLayer *layer = set->CreateLayer("points", nullptr, wkbPoint, options);
     OGRFieldDefn name("NAME", OFTString);
     OGRFieldDefn value("VALUE", OFTReal);
     bool ok = layer && layer->CreateField(&name) == OGRERR_NONE && layer->CreateField(&value) == OGRERR_NONE;
@@ -53,7 +53,7 @@ bool make_points(std::string const& file)
 }
 
 /// The best of some runs, in milliseconds.
-double draw_time(Ivx_layer* layer, Tvx_map_view const& view, void* dc)
+double draw_time(Ivx_layer *layer, Tvx_map_view const &view, void *dc)
 {
     double best = 1e300;
     for (int i = 0; i < c_runs; ++i) {
@@ -69,7 +69,8 @@ double draw_time(Ivx_layer* layer, Tvx_map_view const& view, void* dc)
 
 int main()
 {
-    auto const folder = std::filesystem::temp_directory_path() / ("vx_scale_draw_" + std::to_string(getpid()));
+    auto const folder =
+        std::filesystem::temp_directory_path() / ("vx_scale_draw_" + std::to_string(getpid()));
     std::filesystem::create_directories(folder);
     auto const file = folder / "points.fgb";
     int result = 1;
@@ -85,10 +86,10 @@ int main()
             view.width = view.height = 1000;
             vx::owned<void, &vx_bmp_dc_destroy> const dc(vx_bmp_dc_create());
             vx_bmp_dc_set_nxy(dc.get(), 1000, 1000);
-            void* mngr = vx_shp_pnt_lr2d_get_stl_mngr_ptr(layer.get());
-            void* values = vx_stl_mngr_get_val_scale_ptr(mngr);
+            void *mngr = vx_shp_pnt_lr2d_get_stl_mngr_ptr(layer.get());
+            void *values = vx_stl_mngr_get_val_scale_ptr(mngr);
             vx_val_scale_set_size(values, c_entries);
-            void* ranges = vx_stl_mngr_get_rng_scale_ptr(mngr);
+            void *ranges = vx_stl_mngr_get_rng_scale_ptr(mngr);
             vx_rng_scale_set_size(ranges, c_entries);
             vx_rng_scale_set_max_value(ranges, c_entries);
             for (unsigned i = 0; i < c_entries; ++i) {
@@ -104,8 +105,10 @@ int main()
             vx_stl_mngr_set_mode(mngr, c_stl_mngr_mode_range);
             double const by_range = draw_time(layer.get(), view, dc.get());
             std::printf("%d points, one style:        %8.1f ms\n", c_points, simple);
-            std::printf("value scale of %d entries:    %8.1f ms, %.2f times\n", c_entries, by_value, by_value / simple);
-            std::printf("range scale of %d ranges:     %8.1f ms, %.2f times\n", c_entries, by_range, by_range / simple);
+            std::printf("value scale of %d entries:    %8.1f ms, %.2f times\n", c_entries, by_value,
+                        by_value / simple);
+            std::printf("range scale of %d ranges:     %8.1f ms, %.2f times\n", c_entries, by_range,
+                        by_range / simple);
             result = simple > 0 && by_value > 0 && by_range > 0 ? 0 : 1;
         } else {
             std::printf("%ls\n", error.c_str());

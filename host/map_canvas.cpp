@@ -140,6 +140,7 @@ void Tvx_map_canvas::apply_view(Tvx_canvas_view const &view)
     start_drawing();
     update();
     emit view_changed();
+    tell_pointer();
 }
 
 // ---- drawing
@@ -336,8 +337,7 @@ void Tvx_map_canvas::mousePressEvent(QMouseEvent *event)
 
 void Tvx_map_canvas::mouseMoveEvent(QMouseEvent *event)
 {
-    Tvx_pnt_d2 const place = f_view.to_map({event->position().x(), event->position().y()});
-    emit pointer_moved(place.x, place.y);
+    f_pointer = Tvx_screen_point{event->position().x(), event->position().y()};
     if (f_drag == c_drag_pan) {
         QPoint const by = event->pos() - f_drag_to;
         f_drag_to = event->pos();
@@ -352,6 +352,15 @@ void Tvx_map_canvas::mouseMoveEvent(QMouseEvent *event)
         f_drag_to = event->pos();
         update();
     }
+    tell_pointer();
+}
+
+void Tvx_map_canvas::tell_pointer()
+{
+    if (!f_pointer)
+        return;
+    Tvx_pnt_d2 const place = f_view.to_map(*f_pointer);
+    emit pointer_moved(place.x, place.y);
 }
 
 void Tvx_map_canvas::mouseReleaseEvent(QMouseEvent *event)
@@ -449,6 +458,7 @@ void Tvx_map_canvas::keyPressEvent(QKeyEvent *event)
 
 void Tvx_map_canvas::leaveEvent(QEvent *)
 {
+    f_pointer.reset();
     emit pointer_left();
 }
 

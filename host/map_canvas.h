@@ -60,6 +60,7 @@ public:
 signals:
     void view_changed();
     void history_changed();
+    /// The place of the map under the pointer is another one: the pointer or the map moved.
     void pointer_moved(double x, double y);
     void pointer_left();
     /// Drawing goes on for longer than a moment, or has ended.
@@ -93,6 +94,7 @@ private:
     /// Puts the view on the way back; steps that follow each other at once count as one.
     void remember_view();
     void move_by_user(Tvx_canvas_view const &view);
+    void tell_pointer();
     void end_drag();
     void zoom_to_drag_box();
     void start_drawing();
@@ -124,5 +126,7 @@ private:
     Qt::MouseButton f_drag_button = Qt::NoButton;
     QPoint f_drag_from;
     QPoint f_drag_to;
+    /// Where the pointer is while it is over the map.
+    std::optional<Tvx_screen_point> f_pointer;
     QString f_empty_text;
 };

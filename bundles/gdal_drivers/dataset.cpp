@@ -59,12 +59,25 @@ std::wstring quoted(std::wstring const &source)
     return L"\u201c" + source + L"\u201d";
 }
 
-/// Options of the driver's own by which it makes no files beside the source.
-CPLStringList open_options(connection_text const &connection, char const *driver, bool read_only)
+/// Nothing stands at the place of a new data set.
+bool is_free(std::wstring const &source)
+{
+    path_kind const kind = kind_of(source.empty() ? L"." : source);
+    return kind == path_kind::missing || kind == path_kind::no_path;
+}
+
+CPLStringList options_of(connection_text const &connection)
 {
     CPLStringList options;
     for (auto const &[key, value] : connection.options)
         options.SetNameValue(text::wide_to_utf8(key).c_str(), text::wide_to_utf8(value).c_str());
+    return options;
+}
+
+/// Options of the driver's own by which it makes no files beside the source.
+CPLStringList open_options(connection_text const &connection, char const *driver, bool read_only)
+{
+    CPLStringList options = options_of(connection);
     if (!read_only || !driver)
         return options;
     if (EQUAL(driver, "GML"))
@@ -147,8 +160,7 @@ std::unique_ptr<dataset> dataset::create(std::wstring const &connection, int dri
     if (!driver_name)
         return nullptr;
     connection_text parsed(connection);
-    if (driver_type != driver_memory &&
-        kind_of(parsed.source.empty() ? L"." : parsed.source) != path_kind::missing) {
+    if (driver_type != driver_memory && !is_free(parsed.source)) {
         error = quoted(parsed.source) + L" exists already, or is no place for a file.";
         return nullptr;
     }
@@ -156,14 +168,16 @@ std::unique_ptr<dataset> dataset::create(std::wstring const &connection, int dri
     std::unique_ptr<dataset> result;
     {
         error_guard guard(reason);
-        if (GDALDriver *const driver = GetGDALDriverManager()->GetDriverByName(driver_name)) {
-            CPLStringList options;
-            for (auto const &[key, value] : parsed.options)
-                options.SetNameValue(text::wide_to_utf8(key).c_str(), text::wide_to_utf8(value).c_str());
+        bool const is_grid = driver_type == driver_geotiff;
+        auto *const driver = GetGDALDriverManager()->GetDriverByName(is_grid ? "Memory" : driver_name);
+        if (driver) {
             std::string const path = text::wide_to_utf8(parsed.source);
-            GDALDatasetUniquePtr gdal(driver->Create(path.c_str(), 0, 0, 0, GDT_Unknown, options.List()));
+            GDALDatasetUniquePtr gdal(driver->Create(is_grid ? "" : path.c_str(), 0, 0, 0, GDT_Unknown,
+                                                     is_grid ? nullptr : options_of(parsed).List()));
             if (gdal)
                 result.reset(new dataset(std::move(gdal), parsed, false));
+            if (result && is_grid)
+                result->f_grid_driver = driver_name;
         }
     }
     if (!result)
@@ -171,8 +185,25 @@ std::unique_ptr<dataset> dataset::create(std::wstring const &connection, int dri
     return result;
 }
 
+bool dataset::make_grid(int width, int height, int bands, GDALDataType type)
+{
+    auto *const driver = f_grid_driver ? GetGDALDriverManager()->GetDriverByName(f_grid_driver) : nullptr;
+    if (!driver || !is_free(f_connection.source))
+        return false;
+    std::string const path = text::wide_to_utf8(f_connection.source);
+    GDALDatasetUniquePtr gdal(
+        driver->Create(path.c_str(), width, height, bands, type, options_of(f_connection).List()));
+    if (!gdal)
+        return false;
+    f_gdal = std::move(gdal);
+    f_grid_driver = nullptr;
+    return true;
+}
+
 int dataset::driver_id() const
 {
+    if (f_grid_driver)
+        return driver_id_of(f_grid_driver);
     GDALDriver const *const driver = f_gdal->GetDriver();
     return driver ? driver_id_of(GDALGetDriverShortName(f_gdal->GetDriver())) : driver_other;
 }
@@ -183,13 +214,19 @@ bool dataset::is_driver(char const *name) const
     return driver && std::strcmp(GDALGetDriverShortName(driver), name) == 0;
 }
 
+// The tables of a folder are opened only when they are counted or asked for: a broken one is left out in
+// silence.
 int dataset::vector_count() const
 {
+    std::wstring ignored;
+    error_guard const guard(ignored);
     return f_gdal->GetLayerCount();
 }
 
 void dataset::vector_source(int index, vx::string_visitor visitor) const
 {
+    std::wstring ignored;
+    error_guard const guard(ignored);
     OGRLayer *const layer = f_gdal->GetLayer(index);
     if (layer)
         visitor.visit(
@@ -198,6 +235,8 @@ void dataset::vector_source(int index, vx::string_visitor visitor) const
 
 void dataset::vector_name(int index, vx::string_visitor visitor) const
 {
+    std::wstring ignored;
+    error_guard const guard(ignored);
     if (OGRLayer *const layer = f_gdal->GetLayer(index))
         visit_utf8(visitor, layer->GetName());
 }

@@ -21,7 +21,8 @@ public:
     /// made.
     [[nodiscard]] static std::unique_ptr<dataset> open(std::wstring const &connection, bool read_only,
                                                        std::wstring &error);
-    /// A new, empty data set of the kind `driver_type`; a file in the way is an error.
+    /// A new, empty data set of the kind `driver_type`; a file in the way is an error. A set for a grid is a
+    /// promise until `make_grid`: its size has to be known to make the file.
     [[nodiscard]] static std::unique_ptr<dataset> create(std::wstring const &connection, int driver_type,
                                                          std::wstring &error);
 
@@ -29,6 +30,11 @@ public:
     [[nodiscard]] connection_text const &connection() const { return f_connection; }
     [[nodiscard]] bool read_only() const { return f_read_only; }
     [[nodiscard]] std::wstring &error() { return f_error; }
+
+    /// True between `create` of a set for a grid and `make_grid`.
+    [[nodiscard]] bool awaits_grid() const { return f_grid_driver != nullptr; }
+    /// Makes the file of an awaited grid, all cells 0. Errors are GDAL's.
+    [[nodiscard]] bool make_grid(int width, int height, int bands, GDALDataType type);
 
     [[nodiscard]] int driver_id() const;
     [[nodiscard]] bool is_driver(char const *name) const;
@@ -53,6 +59,7 @@ private:
     GDALDatasetUniquePtr f_gdal;
     connection_text f_connection;
     bool f_read_only;
+    char const *f_grid_driver = nullptr;
     std::wstring f_error;
 };
 

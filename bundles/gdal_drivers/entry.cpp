@@ -12,7 +12,7 @@ t_vx_data_source_interface serve(std::unique_ptr<dataset> set, std::wstring &err
 {
     if (!set)
         return {};
-    if (set->vector_count() == 0 && set->grid_count() > 0)
+    if (set->awaits_grid() || (set->vector_count() == 0 && set->grid_count() > 0))
         return static_cast<t_vx_data_source_interface>(*new grid_set(std::move(set)));
     vector_set *const tables = vector_set::make(std::move(set), error);
     return tables ? static_cast<t_vx_data_source_interface>(*tables) : t_vx_data_source_interface{};

@@ -106,6 +106,21 @@ GDALRasterBand *grid_set::band(int field) const
     return field >= 0 && field < gdal.GetRasterCount() ? gdal.GetRasterBand(field + 1) : nullptr;
 }
 
+bool grid_set::create_grid(wchar_t const *, int, int *dimensions, int fields, int datatype)
+{
+    error_guard guard(f_set->error());
+    GDALDataType const type = gdal_type_of(datatype);
+    if (!f_set->awaits_grid())
+        guard.add(L"The data set has its grid already.");
+    else if (!dimensions || dimensions[0] <= 0 || dimensions[1] <= 0 || dimensions[2] > 1 || fields <= 0)
+        guard.add(L"A grid needs columns, rows and a channel, and has one level.");
+    else if (type == GDT_Unknown)
+        guard.add(L"Cells of this type cannot be stored.");
+    else
+        return f_set->make_grid(dimensions[0], dimensions[1], fields, type);
+    return false;
+}
+
 bool grid_set::select_grid(wchar_t const *name)
 {
     if (!name)

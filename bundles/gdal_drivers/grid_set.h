@@ -42,6 +42,8 @@ public:
     void with_error(vx::string_visitor visitor) override;
 
     // grid_source: origin and spacing are those of the cells' centres, rows count downwards
+    bool create_grid(wchar_t const *name, int grid_type, int *dimensions, int field_count,
+                     int datatype) override;
     bool select_grid(wchar_t const *name) override;
     bool with_dimensions(int *counts) override;
     bool with_geotransform(Tvx_matrix3x3 *matrix) override;

@@ -63,4 +63,13 @@ paged_filter::paged_filter(std::wstring const &text)
     take_tail(rest, L"LIMIT", limit);
     expression = rest;
 }
+
+bool selects_all_identifiers(std::wstring const &expression)
+{
+    std::wstring bare;
+    for (wchar_t c : expression)
+        if (!is_blank(c))
+            bare += c;
+    return same_word(bare, L"FID>=0");
+}
 } // namespace vx::gdal

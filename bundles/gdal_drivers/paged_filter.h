@@ -12,4 +12,7 @@ struct paged_filter
 
     explicit paged_filter(std::wstring const &text);
 };
+
+/// True for `FID >= 0`, in any case and with any blanks.
+[[nodiscard]] bool selects_all_identifiers(std::wstring const &expression);
 } // namespace vx::gdal

@@ -54,7 +54,9 @@ bool vector_set::set_attribute_filter(wchar_t const *text)
     error_guard guard(f_set->error());
     (void)flush_features();
     paged_filter const wanted(text ? text : L"");
-    std::string const expression = text::wide_to_utf8(wanted.expression);
+    // Formats that only have numbers of records for identifiers find a page by its number, without a filter.
+    bool const is_everything = !*f_layer->GetFIDColumn() && selects_all_identifiers(wanted.expression);
+    std::string const expression = is_everything ? std::string() : text::wide_to_utf8(wanted.expression);
     bool const taken = install_filter(expression, guard);
     if (taken) {
         f_filter = expression;

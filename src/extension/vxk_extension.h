@@ -1,5 +1,7 @@
 #pragma once
 
+// Umbrella header for users of the library; written by tools/make_umbrella_headers.py.
+
 #include "extension/binding/bigints_visitor.h"
 #include "extension/binding/bytes_visitor.h"
 #include "extension/binding/context_menu_visitor.h"
@@ -44,7 +46,10 @@
 #include "extension/binding/poly_data_3d_attr_def_visitor.h"
 #include "extension/binding/poly_data_3d_chunk_data_visitor.h"
 #include "extension/binding/poly_data_3d_chunk_visitor.h"
+#include "extension/binding/polymorphic.h"
+#include "extension/binding/ref.h"
 #include "extension/binding/referent.h"
+#include "extension/binding/referent_object.h"
 #include "extension/binding/referrer.h"
 #include "extension/binding/scene_2d_parameters_docker_visitor.h"
 #include "extension/binding/scenes_families.h"
@@ -56,6 +61,7 @@
 #include "extension/binding/stat_source.h"
 #include "extension/binding/status_panel_visitor.h"
 #include "extension/binding/string_visitor.h"
+#include "extension/binding/string_visitors.h"
 #include "extension/binding/style_editor.h"
 #include "extension/binding/style_editor_data_source.h"
 #include "extension/binding/style_editor_data_source_visitor.h"
@@ -66,6 +72,7 @@
 #include "extension/binding/text_settings_editor_visitor.h"
 #include "extension/binding/tool_visitor.h"
 #include "extension/binding/tools_families.h"
+#include "extension/binding/tstring.h"
 #include "extension/binding/values_families.h"
 #include "extension/binding/vector_definition.h"
 #include "extension/binding/vector_source.h"

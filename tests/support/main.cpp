@@ -18,7 +18,8 @@ std::vector<std::string> g_warnings;
 void keep_warning(QtMsgType type, QMessageLogContext const &, QString const &text)
 {
     // The screen nobody sees has no window manager to ask, and the machine may have no session.
-    if ((type != QtWarningMsg && type != QtCriticalMsg) || text.startsWith(u"This plugin does not support ") ||
+    if ((type != QtWarningMsg && type != QtCriticalMsg) ||
+        text.startsWith(u"This plugin does not support ") ||
         text.startsWith(u"QStandardPaths: XDG_RUNTIME_DIR"))
         return;
     std::lock_guard const lock(g_guard);

@@ -4,10 +4,8 @@
 #include <cmath>
 #include <numbers>
 
-namespace vx::color
-{
-namespace
-{
+namespace vx::color {
+namespace {
 struct linear_rgb
 {
     double r;
@@ -28,7 +26,7 @@ int encode(double c)
     return static_cast<int>(std::lround(v * 255));
 }
 
-linear_rgb to_linear(oklab const& c)
+linear_rgb to_linear(oklab const &c)
 {
     double l = c.l + 0.3963377774 * c.a + 0.2158037573 * c.b;
     double m = c.l - 0.1055613458 * c.a - 0.0638541728 * c.b;
@@ -41,7 +39,7 @@ linear_rgb to_linear(oklab const& c)
             -0.0041960863 * l - 0.7034186147 * m + 1.7076147010 * s};
 }
 
-bool in_gamut(linear_rgb const& c)
+bool in_gamut(linear_rgb const &c)
 {
     constexpr double slack = 1e-4;
     auto const inside = [](double v) { return v >= -slack && v <= 1 + slack; };
@@ -62,7 +60,7 @@ oklab to_oklab(Tvx_color color)
             0.0259040371 * l + 0.7827717662 * m - 0.8086757660 * s};
 }
 
-Tvx_color from_oklab(oklab const& lab, unsigned char alpha)
+Tvx_color from_oklab(oklab const &lab, unsigned char alpha)
 {
     oklab c = lab;
     c.l = std::clamp(c.l, 0.0, 1.0);
@@ -82,12 +80,12 @@ Tvx_color from_oklab(oklab const& lab, unsigned char alpha)
     return vx_clr_init_rgba(encode(rgb.r), encode(rgb.g), encode(rgb.b), alpha);
 }
 
-oklch to_oklch(oklab const& lab)
+oklch to_oklch(oklab const &lab)
 {
     return {lab.l, std::hypot(lab.a, lab.b), std::atan2(lab.b, lab.a)};
 }
 
-oklab to_oklab(oklch const& lch)
+oklab to_oklab(oklch const &lch)
 {
     return {lch.l, lch.chroma * std::cos(lch.hue), lch.chroma * std::sin(lch.hue)};
 }

@@ -1,4 +1,5 @@
 #include "platform/basic/vx_palette.h"
+
 #include "platform/basic/vx_oklab.h"
 
 #include <algorithm>
@@ -10,8 +11,7 @@
 #include <string>
 #include <vector>
 
-namespace
-{
+namespace {
 using colors_t = std::vector<Tvx_color>;
 
 struct palette
@@ -25,10 +25,22 @@ struct palettes
     std::vector<std::unique_ptr<palette>> items;
 };
 
-palette* palette_of(void* p) { return static_cast<palette*>(p); }
-palette const* palette_of(void const* p) { return static_cast<palette const*>(p); }
-palettes* list_of(void* p) { return static_cast<palettes*>(p); }
-palettes const* list_of(void const* p) { return static_cast<palettes const*>(p); }
+palette *palette_of(void *p)
+{
+    return static_cast<palette *>(p);
+}
+palette const *palette_of(void const *p)
+{
+    return static_cast<palette const *>(p);
+}
+palettes *list_of(void *p)
+{
+    return static_cast<palettes *>(p);
+}
+palettes const *list_of(void const *p)
+{
+    return static_cast<palettes const *>(p);
+}
 
 constexpr Tvx_color rgb(std::uint32_t hex)
 {
@@ -42,7 +54,7 @@ struct built_in
     std::vector<std::uint32_t> stops;
 };
 
-std::vector<built_in> const& built_ins()
+std::vector<built_in> const &built_ins()
 {
     static std::vector<built_in> const all = {
         {c_palette_white_gray, {0xFFFFFF, 0x404040}},
@@ -67,12 +79,13 @@ std::vector<built_in> const& built_ins()
         {c_palette_orange_yellow, {0xFCF4B8, 0xFCC840, 0xE07818}},
         {c_palette_violet, {0xECE0F8, 0xA070D0, 0x48207C}},
         {c_palette_red_black, {0xF03020, 0x801010, 0x000000}},
-        {c_palette_height_depth_2, {0x000C40, 0x1050A8, 0x60B8E8, 0xE0F4F8, 0x50A058, 0xE8DC80, 0xA86C38, 0xFFFFFF}},
+        {c_palette_height_depth_2,
+         {0x000C40, 0x1050A8, 0x60B8E8, 0xE0F4F8, 0x50A058, 0xE8DC80, 0xA86C38, 0xFFFFFF}},
     };
     return all;
 }
 
-void along(std::span<Tvx_color const> stops, unsigned count, Tvx_color* colors)
+void along(std::span<Tvx_color const> stops, unsigned count, Tvx_color *colors)
 {
     for (unsigned i = 0; i < count; ++i) {
         double const t = count > 1 ? static_cast<double>(i) / (count - 1) : 0.5;
@@ -87,7 +100,7 @@ void along(std::span<Tvx_color const> stops, unsigned count, Tvx_color* colors)
 }
 
 /// Hues spread evenly round the circle, neighbours of different lightness.
-void different(unsigned count, Tvx_color* colors)
+void different(unsigned count, Tvx_color *colors)
 {
     constexpr double lightness[] = {0.70, 0.52, 0.82, 0.61};
     for (unsigned i = 0; i < count; ++i) {
@@ -97,7 +110,7 @@ void different(unsigned count, Tvx_color* colors)
 }
 
 /// Fisher and Yates, with a generator of its own: the same everywhere for a seed.
-void shuffle(unsigned count, Tvx_color* colors, std::uint64_t seed)
+void shuffle(unsigned count, Tvx_color *colors, std::uint64_t seed)
 {
     auto const next = [&seed] {
         seed += 0x9E3779B97F4A7C15u;
@@ -111,7 +124,7 @@ void shuffle(unsigned count, Tvx_color* colors, std::uint64_t seed)
 }
 } // namespace
 
-void vx_clr_arrays_generate(int number, unsigned count, Tvx_color* colors)
+void vx_clr_arrays_generate(int number, unsigned count, Tvx_color *colors)
 {
     if (!colors || count == 0)
         return;
@@ -128,7 +141,7 @@ void vx_clr_arrays_generate(int number, unsigned count, Tvx_color* colors)
     along(stops, count, colors);
 }
 
-void vx_clr_arrays_generate_ex(int number, unsigned count, Tvx_color* colors, bool random)
+void vx_clr_arrays_generate_ex(int number, unsigned count, Tvx_color *colors, bool random)
 {
     vx_clr_arrays_generate(number, count, colors);
     bool const known = number == c_palette_different ||
@@ -137,7 +150,7 @@ void vx_clr_arrays_generate_ex(int number, unsigned count, Tvx_color* colors, bo
         shuffle(count, colors, static_cast<std::uint64_t>(number) << 32 | count);
 }
 
-void vx_clr_arrays_generate_palette_ex(void const* object, unsigned count, Tvx_color* colors, bool random)
+void vx_clr_arrays_generate_palette_ex(void const *object, unsigned count, Tvx_color *colors, bool random)
 {
     if (!object || !colors || palette_of(object)->colors.empty())
         return;
@@ -147,133 +160,132 @@ void vx_clr_arrays_generate_palette_ex(void const* object, unsigned count, Tvx_c
 }
 
 // ---- palette objects
-void* vx_clr_palette_create()
+void *vx_clr_palette_create()
 {
     return new palette;
 }
 
-void vx_clr_palette_destroy(void* object)
+void vx_clr_palette_destroy(void *object)
 {
     delete palette_of(object);
 }
 
-void vx_clr_palette_assign(void* target, void const* source)
+void vx_clr_palette_assign(void *target, void const *source)
 {
     if (target && source)
         *palette_of(target) = *palette_of(source);
 }
 
-void vx_clr_palette_get_wcaption(void const* object, Ivx_string_adp* adp)
+void vx_clr_palette_get_wcaption(void const *object, Ivx_string_adp *adp)
 {
     vx_string_adp_feed(adp, object ? palette_of(object)->caption.c_str() : L"");
 }
 
-void vx_clr_palette_set_wcaption(void* object, wchar_t const* caption)
+void vx_clr_palette_set_wcaption(void *object, wchar_t const *caption)
 {
     if (object)
         palette_of(object)->caption = caption ? caption : L"";
 }
 
-unsigned vx_clr_palette_get_size(void const* object)
+unsigned vx_clr_palette_get_size(void const *object)
 {
     return object ? static_cast<unsigned>(palette_of(object)->colors.size()) : 0;
 }
 
-void vx_clr_palette_set_size(void* object, unsigned size)
+void vx_clr_palette_set_size(void *object, unsigned size)
 {
     if (object)
         palette_of(object)->colors.resize(size, vx_clr_init_rgb(255, 255, 255));
 }
 
-Tvx_color vx_clr_palette_get_color(void const* object, unsigned index)
+Tvx_color vx_clr_palette_get_color(void const *object, unsigned index)
 {
     return index < vx_clr_palette_get_size(object) ? palette_of(object)->colors[index] : Tvx_color{};
 }
 
-void vx_clr_palette_set_color(void* object, unsigned index, Tvx_color color)
+void vx_clr_palette_set_color(void *object, unsigned index, Tvx_color color)
 {
     if (index < vx_clr_palette_get_size(object))
         palette_of(object)->colors[index] = color;
 }
 
 // ---- lists
-void* vx_clr_palettes_create()
+void *vx_clr_palettes_create()
 {
     return new palettes;
 }
 
-void vx_clr_palettes_destroy(void* list)
+void vx_clr_palettes_destroy(void *list)
 {
     delete list_of(list);
 }
 
-void vx_clr_palettes_assign(void* target, void const* source)
+void vx_clr_palettes_assign(void *target, void const *source)
 {
     if (!target || !source || target == source)
         return;
     std::vector<std::unique_ptr<palette>> copies;
-    for (auto const& item : list_of(source)->items)
+    for (auto const &item : list_of(source)->items)
         copies.push_back(std::make_unique<palette>(*item));
     list_of(target)->items = std::move(copies);
 }
 
-void vx_clr_palettes_clear(void* list)
+void vx_clr_palettes_clear(void *list)
 {
     if (list)
         list_of(list)->items.clear();
 }
 
-unsigned vx_clr_palettes_get_size(void const* list)
+unsigned vx_clr_palettes_get_size(void const *list)
 {
     return list ? static_cast<unsigned>(list_of(list)->items.size()) : 0;
 }
 
-void* vx_clr_palettes_get_palette(void* list, unsigned index)
+void *vx_clr_palettes_get_palette(void *list, unsigned index)
 {
     return index < vx_clr_palettes_get_size(list) ? list_of(list)->items[index].get() : nullptr;
 }
 
-void* vx_clr_palettes_add(void* list)
+void *vx_clr_palettes_add(void *list)
 {
     return list ? list_of(list)->items.emplace_back(std::make_unique<palette>()).get() : nullptr;
 }
 
-void vx_clr_palettes_del(void* list, unsigned index)
+void vx_clr_palettes_del(void *list, unsigned index)
 {
     if (index < vx_clr_palettes_get_size(list))
         list_of(list)->items.erase(list_of(list)->items.begin() + index);
 }
 
-void vx_clr_palettes_move(void* list, unsigned from, unsigned to)
+void vx_clr_palettes_move(void *list, unsigned from, unsigned to)
 {
     unsigned const size = vx_clr_palettes_get_size(list);
     if (from >= size || to >= size)
         return;
-    auto& items = list_of(list)->items;
+    auto &items = list_of(list)->items;
     auto item = std::move(items[from]);
     items.erase(items.begin() + from);
     items.insert(items.begin() + to, std::move(item));
 }
 
 // ---- the user's
-namespace
-{
+namespace {
 struct user_palettes
 {
     palettes list;
-    void (*loader)(void*) = nullptr;
+    void (*loader)(void *) = nullptr;
     bool loaded = false;
 };
-user_palettes& users()
+user_palettes &users()
 {
     static user_palettes u;
     return u;
 }
 } // namespace
 
-void* vx_get_user_palettes()
+void *vx_get_user_palettes()
 {
-    user_palettes& u = users();
+    user_palettes &u = users();
     if (!u.loaded && u.loader) {
         u.loaded = true; // before the call: the loader may ask for the list
         u.loader(&u.list);
@@ -281,7 +293,7 @@ void* vx_get_user_palettes()
     return &u.list;
 }
 
-void vx_user_palettes_set_loader(void (*loader)(void* palettes))
+void vx_user_palettes_set_loader(void (*loader)(void *palettes))
 {
     users().loader = loader;
     users().loaded = false;

@@ -4,8 +4,8 @@
 #include "platform/base/export.h"
 #include "platform/base/string_adp.h"
 
-/// Numbers of the built-in palettes. Every one but `c_palette_different` is a row of colours, between which the way runs
-/// straight in OKLab.
+/// Numbers of the built-in palettes. Every one but `c_palette_different` is a row of colours, between which
+/// the way runs straight in OKLab.
 enum Tvx_clr_palette_idx : int
 {
     c_palette_white_gray = 0,
@@ -34,38 +34,40 @@ enum Tvx_clr_palette_idx : int
     c_palette_height_depth_2 = 27,
 };
 
-/// Fills `count` colours, opaque, along the palette from its first colour to its last; a single one comes from the middle.
-/// A number without palette leaves the array as it is.
-VX_API void vx_clr_arrays_generate(int palette, unsigned count, Tvx_color* colors);
+/// Fills `count` colours, opaque, along the palette from its first colour to its last; a single one comes
+/// from the middle. A number without palette leaves the array as it is.
+VX_API void vx_clr_arrays_generate(int palette, unsigned count, Tvx_color *colors);
 /// The same; with `random` in an order by chance, which is the same each time for a palette and a count.
-VX_API void vx_clr_arrays_generate_ex(int palette, unsigned count, Tvx_color* colors, bool random);
+VX_API void vx_clr_arrays_generate_ex(int palette, unsigned count, Tvx_color *colors, bool random);
 /// The same from a palette object; null and an empty one leave the array as it is.
-VX_API void vx_clr_arrays_generate_palette_ex(void const* palette, unsigned count, Tvx_color* colors, bool random);
+VX_API void vx_clr_arrays_generate_palette_ex(void const *palette, unsigned count, Tvx_color *colors,
+                                              bool random);
 
 /// A palette object: a caption and a row of colours. All functions accept null and places outside the row.
-[[nodiscard]] VX_API void* vx_clr_palette_create();
-VX_API void vx_clr_palette_destroy(void* palette);
-VX_API void vx_clr_palette_assign(void* target, void const* source);
-VX_API void vx_clr_palette_get_wcaption(void const* palette, Ivx_string_adp* adp);
-VX_API void vx_clr_palette_set_wcaption(void* palette, wchar_t const* caption);
-[[nodiscard]] VX_API unsigned vx_clr_palette_get_size(void const* palette);
+[[nodiscard]] VX_API void *vx_clr_palette_create();
+VX_API void vx_clr_palette_destroy(void *palette);
+VX_API void vx_clr_palette_assign(void *target, void const *source);
+VX_API void vx_clr_palette_get_wcaption(void const *palette, Ivx_string_adp *adp);
+VX_API void vx_clr_palette_set_wcaption(void *palette, wchar_t const *caption);
+[[nodiscard]] VX_API unsigned vx_clr_palette_get_size(void const *palette);
 /// New colours are white.
-VX_API void vx_clr_palette_set_size(void* palette, unsigned size);
-[[nodiscard]] VX_API Tvx_color vx_clr_palette_get_color(void const* palette, unsigned index);
-VX_API void vx_clr_palette_set_color(void* palette, unsigned index, Tvx_color color);
+VX_API void vx_clr_palette_set_size(void *palette, unsigned size);
+[[nodiscard]] VX_API Tvx_color vx_clr_palette_get_color(void const *palette, unsigned index);
+VX_API void vx_clr_palette_set_color(void *palette, unsigned index, Tvx_color color);
 
 /// A list of palettes, which it owns; a palette keeps its address while it is in the list.
-[[nodiscard]] VX_API void* vx_clr_palettes_create();
-VX_API void vx_clr_palettes_destroy(void* palettes);
-VX_API void vx_clr_palettes_assign(void* target, void const* source);
-VX_API void vx_clr_palettes_clear(void* palettes);
-[[nodiscard]] VX_API unsigned vx_clr_palettes_get_size(void const* palettes);
-[[nodiscard]] VX_API void* vx_clr_palettes_get_palette(void* palettes, unsigned index);
+[[nodiscard]] VX_API void *vx_clr_palettes_create();
+VX_API void vx_clr_palettes_destroy(void *palettes);
+VX_API void vx_clr_palettes_assign(void *target, void const *source);
+VX_API void vx_clr_palettes_clear(void *palettes);
+[[nodiscard]] VX_API unsigned vx_clr_palettes_get_size(void const *palettes);
+[[nodiscard]] VX_API void *vx_clr_palettes_get_palette(void *palettes, unsigned index);
 /// Appends an empty palette and returns it.
-VX_API void* vx_clr_palettes_add(void* palettes);
-VX_API void vx_clr_palettes_del(void* palettes, unsigned index);
-VX_API void vx_clr_palettes_move(void* palettes, unsigned from, unsigned to);
+VX_API void *vx_clr_palettes_add(void *palettes);
+VX_API void vx_clr_palettes_del(void *palettes, unsigned index);
+VX_API void vx_clr_palettes_move(void *palettes, unsigned from, unsigned to);
 
-/// The user's palettes, one list for the process. The first call has it filled by the loader, which the storage sets.
-[[nodiscard]] VX_API void* vx_get_user_palettes();
-VX_API void vx_user_palettes_set_loader(void (*loader)(void* palettes));
+/// The user's palettes, one list for the process. The first call has it filled by the loader, which the
+/// storage sets.
+[[nodiscard]] VX_API void *vx_get_user_palettes();
+VX_API void vx_user_palettes_set_loader(void (*loader)(void *palettes));

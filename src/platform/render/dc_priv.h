@@ -7,21 +7,21 @@
 
 struct vx_native_painter;
 
-namespace vx::render
-{
+namespace vx::render {
 class mask_cache;
 
-/// What base styles are drawn on: a running painter, the size of a millimetre in pixels, and the pixels that show.
+/// What base styles are drawn on: a running painter, the size of a millimetre in pixels, and the pixels that
+/// show.
 struct surface
 {
-    vx_native_painter* painter = nullptr;
+    vx_native_painter *painter = nullptr;
     /// The pixels under the painter, 32 bits each, premultiplied.
-    unsigned char* pixels = nullptr;
+    unsigned char *pixels = nullptr;
     int bytes_per_line = 0;
     int width = 0;
     int height = 0;
     /// Symbols drawn before, for painters of many styles; may be null.
-    mask_cache* masks = nullptr;
+    mask_cache *masks = nullptr;
     double px_per_mm_x = 1;
     double px_per_mm_y = 1;
     Tvx_box_d2 clip;
@@ -34,12 +34,12 @@ class bmp_dc
 {
 public:
     bmp_dc();
-    bmp_dc(bmp_dc const&) = delete;
-    bmp_dc& operator=(bmp_dc const&) = delete;
+    bmp_dc(bmp_dc const &) = delete;
+    bmp_dc &operator=(bmp_dc const &) = delete;
     ~bmp_dc();
 
     void set_size(int width, int height);
-    void lend(unsigned char* pixels, int width, int height, int bytes_per_line);
+    void lend(unsigned char *pixels, int width, int height, int bytes_per_line);
     void set_transparent(Tvx_color color);
     void clear(Tvx_color color);
     [[nodiscard]] int width() const;
@@ -47,16 +47,16 @@ public:
     [[nodiscard]] Tvx_color pixel(int x, int y) const;
 
     /// Running painter with antialiasing, in pixels; null without pixels.
-    [[nodiscard]] vx_native_painter* painter();
+    [[nodiscard]] vx_native_painter *painter();
     /// Draws the pixels on another painter.
-    void copy_to(vx_native_painter* target, int x, int y, int width, int height);
+    void copy_to(vx_native_painter *target, int x, int y, int width, int height);
     [[nodiscard]] surface get_surface();
 
-    void set_mapping(Tvx_box_d2 const& mm, Tvx_box_d2 const& pixels);
+    void set_mapping(Tvx_box_d2 const &mm, Tvx_box_d2 const &pixels);
     [[nodiscard]] double px_per_mm_x() const;
     [[nodiscard]] double px_per_mm_y() const;
     /// From drawing units to pixels.
-    [[nodiscard]] Tvx_box_d2 to_px(Tvx_box_d2 const& box) const;
+    [[nodiscard]] Tvx_box_d2 to_px(Tvx_box_d2 const &box) const;
     [[nodiscard]] Tvx_pnt_d2 to_px(double x, double y) const;
 
 private:

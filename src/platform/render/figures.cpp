@@ -4,10 +4,8 @@
 #include <cmath>
 #include <numbers>
 
-namespace vx::render
-{
-namespace
-{
+namespace vx::render {
+namespace {
 using ring = std::vector<Tvx_pnt_d2>;
 
 /// Corners on circles of radius 0.5 and `inner`, in turn, the first one on top.
@@ -41,7 +39,7 @@ ring square()
 ring half_disc()
 {
     ring r = disc(25, 0.5);
-    for (auto& p : r)
+    for (auto &p : r)
         p.y -= 0.25;
     return r;
 }
@@ -53,7 +51,7 @@ ring triangle()
 
 ring upside_down(ring r)
 {
-    for (auto& p : r)
+    for (auto &p : r)
         p.y = -p.y;
     return r;
 }
@@ -67,13 +65,14 @@ ring broad_cross()
 {
     constexpr double a = 0.17;
     constexpr double b = 0.5;
-    return {{-a, b}, {a, b}, {a, a}, {b, a}, {b, -a}, {a, -a}, {a, -b}, {-a, -b}, {-a, -a}, {-b, -a}, {-b, a}, {-a, a}};
+    return {{-a, b}, {a, b},   {a, a},   {b, a},   {b, -a}, {a, -a},
+            {a, -b}, {-a, -b}, {-a, -a}, {-b, -a}, {-b, a}, {-a, a}};
 }
 
 std::array<figure, c_figure_count> make_figures()
 {
     std::array<figure, c_figure_count> f;
-    auto const pair = [&f](std::size_t number, ring const& r) {
+    auto const pair = [&f](std::size_t number, ring const &r) {
         f[number] = {{r}, true, true};
         f[number + 1] = {{r}, false, true};
     };
@@ -95,7 +94,7 @@ std::array<figure, c_figure_count> make_figures()
 }
 } // namespace
 
-figure const& get_figure(int number)
+figure const &get_figure(int number)
 {
     static std::array<figure, c_figure_count> const figures = make_figures();
     return figures[number >= 0 && number < c_figure_count ? static_cast<std::size_t>(number) : 0];

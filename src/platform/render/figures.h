@@ -4,8 +4,7 @@
 
 #include <vector>
 
-namespace vx::render
-{
+namespace vx::render {
 inline constexpr int c_figure_count = 26;
 
 /// A point figure in the square from (-0.5, -0.5) to (0.5, 0.5), x to the right, y up.
@@ -16,8 +15,9 @@ struct figure
     bool closed = true; ///< parts are rings
 };
 
-/// 0 disc, 1 circle, 2 and 3 square, 4 and 5 triangle, 6 upright cross of lines, 7 and 8 star of five, 9 and 10 diamond,
-/// 11 and 12 pentagon, 13 and 14 hexagon, 15 and 16 triangle upside down, 17 and 18 half disc, 19 and 20 arrow, 21 and 22
-/// broad cross, 23 and 24 star of four, 25 slanted cross of lines; of two, the first is filled. Another number gives figure 0.
-[[nodiscard]] figure const& get_figure(int number);
+/// 0 disc, 1 circle, 2 and 3 square, 4 and 5 triangle, 6 upright cross of lines, 7 and 8 star of five, 9 and
+/// 10 diamond, 11 and 12 pentagon, 13 and 14 hexagon, 15 and 16 triangle upside down, 17 and 18 half disc, 19
+/// and 20 arrow, 21 and 22 broad cross, 23 and 24 star of four, 25 slanted cross of lines; of two, the first
+/// is filled. Another number gives figure 0.
+[[nodiscard]] figure const &get_figure(int number);
 } // namespace vx::render

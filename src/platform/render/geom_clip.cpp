@@ -3,12 +3,11 @@
 #include <algorithm>
 #include <cmath>
 
-namespace vx::render
-{
-namespace
-{
-/// The span of parameters of the segment a-b inside the box; false if it passes outside. (Liang, Barsky 1984.)
-bool segment_span(Tvx_pnt_d2 a, Tvx_pnt_d2 b, Tvx_box_d2 const& box, double& t0, double& t1)
+namespace vx::render {
+namespace {
+/// The span of parameters of the segment a-b inside the box; false if it passes outside. (Liang, Barsky
+/// 1984.)
+bool segment_span(Tvx_pnt_d2 a, Tvx_pnt_d2 b, Tvx_box_d2 const &box, double &t0, double &t1)
 {
     t0 = 0;
     t1 = 1;
@@ -35,7 +34,7 @@ Tvx_pnt_d2 between(Tvx_pnt_d2 a, Tvx_pnt_d2 b, double t)
 
 /// One pass of the polygon clipping of Sutherland and Hodgman, 1974.
 template <class Inside, class Cross>
-px_line clip_side(px_line const& ring, Inside inside, Cross cross)
+px_line clip_side(px_line const &ring, Inside inside, Cross cross)
 {
     px_line out;
     for (std::size_t i = 0; i < ring.size(); ++i) {
@@ -50,7 +49,7 @@ px_line clip_side(px_line const& ring, Inside inside, Cross cross)
 }
 } // namespace
 
-std::vector<line_piece> clip_line(std::span<Tvx_pnt_d2 const> line, Tvx_box_d2 const& box)
+std::vector<line_piece> clip_line(std::span<Tvx_pnt_d2 const> line, Tvx_box_d2 const &box)
 {
     std::vector<line_piece> pieces;
     bool open = false;
@@ -77,7 +76,7 @@ std::vector<line_piece> clip_line(std::span<Tvx_pnt_d2 const> line, Tvx_box_d2 c
     return pieces;
 }
 
-px_line clip_ring(std::span<Tvx_pnt_d2 const> ring, Tvx_box_d2 const& box)
+px_line clip_ring(std::span<Tvx_pnt_d2 const> ring, Tvx_box_d2 const &box)
 {
     px_line out(ring.begin(), ring.end());
     auto const at_x = [](double x) {
@@ -90,10 +89,14 @@ px_line clip_ring(std::span<Tvx_pnt_d2 const> ring, Tvx_box_d2 const& box)
             return Tvx_pnt_d2{std::lerp(a.x, b.x, (y - a.y) / (b.y - a.y)), y};
         };
     };
-    out = clip_side(out, [&](Tvx_pnt_d2 p) { return p.x >= box.min_x; }, at_x(box.min_x));
-    out = clip_side(out, [&](Tvx_pnt_d2 p) { return p.x <= box.max_x; }, at_x(box.max_x));
-    out = clip_side(out, [&](Tvx_pnt_d2 p) { return p.y >= box.min_y; }, at_y(box.min_y));
-    return clip_side(out, [&](Tvx_pnt_d2 p) { return p.y <= box.max_y; }, at_y(box.max_y));
+    out = clip_side(
+        out, [&](Tvx_pnt_d2 p) { return p.x >= box.min_x; }, at_x(box.min_x));
+    out = clip_side(
+        out, [&](Tvx_pnt_d2 p) { return p.x <= box.max_x; }, at_x(box.max_x));
+    out = clip_side(
+        out, [&](Tvx_pnt_d2 p) { return p.y >= box.min_y; }, at_y(box.min_y));
+    return clip_side(
+        out, [&](Tvx_pnt_d2 p) { return p.y <= box.max_y; }, at_y(box.max_y));
 }
 
 px_line offset_line(std::span<Tvx_pnt_d2 const> line, double distance)
@@ -121,7 +124,8 @@ px_line offset_line(std::span<Tvx_pnt_d2 const> line, double distance)
         // |sum| is twice the cosine of half the turn; the mitre is as long as one over that cosine.
         double const square = sum.x * sum.x + sum.y * sum.y;
         if (square > 4 / (c_mitre_limit * c_mitre_limit)) {
-            out.push_back({clean[i].x + sum.x * 2 / square * distance, clean[i].y + sum.y * 2 / square * distance});
+            out.push_back(
+                {clean[i].x + sum.x * 2 / square * distance, clean[i].y + sum.y * 2 / square * distance});
         } else {
             out.push_back({clean[i].x + a.x * distance, clean[i].y + a.y * distance});
             out.push_back({clean[i].x + b.x * distance, clean[i].y + b.y * distance});
@@ -133,7 +137,7 @@ px_line offset_line(std::span<Tvx_pnt_d2 const> line, double distance)
 Tvx_box_d2 box_of(std::span<Tvx_pnt_d2 const> points)
 {
     Tvx_box_d2 box;
-    for (Tvx_pnt_d2 const& p : points)
+    for (Tvx_pnt_d2 const &p : points)
         box.add(p.x, p.y);
     return box;
 }
@@ -147,7 +151,7 @@ Tvx_box_d2 grown(Tvx_box_d2 box, double by)
     return box;
 }
 
-bool holds(Tvx_box_d2 const& outer, Tvx_box_d2 const& inner)
+bool holds(Tvx_box_d2 const &outer, Tvx_box_d2 const &inner)
 {
     return inner.min_x >= outer.min_x && inner.max_x <= outer.max_x && inner.min_y >= outer.min_y &&
            inner.max_y <= outer.max_y;

@@ -1,4 +1,5 @@
 #include "platform/render/mngr_painter.h"
+
 #include "platform/data/vx_attr_data.h"
 #include "platform/data/vx_shape_files.h"
 #include "platform/styles/vx_stl_mngr.h"
@@ -6,23 +7,21 @@
 #include <cmath>
 #include <optional>
 
-namespace vx::render
-{
-namespace
-{
+namespace vx::render {
+namespace {
 using namespace vx::styles;
 
 /// Vertices nearer than this to the one before do not show.
 constexpr double c_vertex_px = 0.3;
 
-int field_index(Ivx_attr_files* files, std::wstring const& name)
+int field_index(Ivx_attr_files *files, std::wstring const &name)
 {
     return files && !name.empty() ? vx_attr_files_get_field_index_w(files, name.c_str()) : -1;
 }
 } // namespace
 
 // ---- rows
-row_source::row_source(stl_mngr const& mngr, Ivx_attr_files* files) : f_mngr(mngr), f_files(files)
+row_source::row_source(stl_mngr const &mngr, Ivx_attr_files *files) : f_mngr(mngr), f_files(files)
 {
     if (mngr.mode == c_stl_mngr_mode_value)
         f_field = field_index(files, mngr.val_prop_name);
@@ -44,7 +43,8 @@ unsigned row_source::row_of(unsigned record) const
     if (f_mngr.mode == c_stl_mngr_mode_value) {
         if (f_field < 0)
             return f_mngr.values.size();
-        wchar_t const* text = vx_attr_files_get_wstr(f_files, static_cast<unsigned>(f_field), record, nullptr);
+        wchar_t const *text =
+            vx_attr_files_get_wstr(f_files, static_cast<unsigned>(f_field), record, nullptr);
         int const row = f_mngr.values.find(text ? text : L"");
         return row < 0 ? f_mngr.values.size() : static_cast<unsigned>(row);
     }
@@ -58,24 +58,24 @@ unsigned row_source::row_of(unsigned record) const
     return 0;
 }
 
-scale_prm const* row_source::entry(unsigned row) const
+scale_prm const *row_source::entry(unsigned row) const
 {
     if (f_mngr.mode == c_stl_mngr_mode_value) {
-        val_entry const* e = f_mngr.values.at(row);
+        val_entry const *e = f_mngr.values.at(row);
         return e ? &e->prm : &f_mngr.values.other.prm;
     }
     return f_mngr.mode == c_stl_mngr_mode_range ? f_mngr.ranges.row(row) : nullptr;
 }
 
-stl_prm const& row_source::style(unsigned row) const
+stl_prm const &row_source::style(unsigned row) const
 {
-    scale_prm const* e = entry(row);
+    scale_prm const *e = entry(row);
     return e ? e->prm : f_mngr.simple;
 }
 
 bool row_source::visible(unsigned row) const
 {
-    scale_prm const* e = entry(row);
+    scale_prm const *e = entry(row);
     return !e || e->visible;
 }
 
@@ -84,7 +84,8 @@ double row_source::angle_of(unsigned record) const
     if (f_rotate_field < 0)
         return 0;
     bool known = false;
-    double const value = vx_attr_files_get_dbl(f_files, static_cast<unsigned>(f_rotate_field), record, &known);
+    double const value =
+        vx_attr_files_get_dbl(f_files, static_cast<unsigned>(f_rotate_field), record, &known);
     if (!known || !std::isfinite(value))
         return 0;
     // A symbol that is not turned points north.
@@ -102,31 +103,31 @@ struct mngr_painter::prepared
     std::optional<point_painter> beg;
 };
 
-mngr_painter::mngr_painter(surface const& target, Tvx_map_view const& view, stl_mngr const& mngr,
-                           Ivx_attr_files* files, variant_of_style variant)
+mngr_painter::mngr_painter(surface const &target, Tvx_map_view const &view, stl_mngr const &mngr,
+                           Ivx_attr_files *files, variant_of_style variant)
     : f_target(target), f_view(view), f_mngr(mngr), f_rows(mngr, files), f_variant(variant),
-      f_prepared(f_rows.row_count())
+      f_prepared(f_rows.row_count()), f_symbols(f_prepared.size())
 {
     f_target.masks = &f_masks;
 }
 
 mngr_painter::~mngr_painter() = default;
 
-mngr_painter::prepared& mngr_painter::row_painter(unsigned row)
+mngr_painter::prepared &mngr_painter::row_painter(unsigned row)
 {
-    auto& slot = f_prepared[row];
+    auto &slot = f_prepared[row];
     if (slot)
         return *slot;
     slot = std::make_unique<prepared>();
-    prepared& p = *slot;
+    prepared &p = *slot;
     p.visible = f_rows.visible(row);
     if (!p.visible)
         return p;
-    stl_prm const& prm = f_rows.style(row);
-    if (auto const* pnt = prm.as<pnt_style>(f_variant)) {
+    stl_prm const &prm = f_rows.style(row);
+    if (auto const *pnt = prm.as<pnt_style>(f_variant)) {
         if (pnt->pnt_visible)
             p.point.emplace(f_target, pnt->bpnt);
-    } else if (auto const* pln = prm.as<pln_style>(f_variant)) {
+    } else if (auto const *pln = prm.as<pln_style>(f_variant)) {
         if (pln->pln_visible)
             p.line.emplace(f_target, pln->bpln);
         if (pln->pnt_visible)
@@ -135,7 +136,7 @@ mngr_painter::prepared& mngr_painter::row_painter(unsigned row)
             p.end.emplace(f_target, pln->bend);
         if (pln->beg_visible)
             p.beg.emplace(f_target, pln->bbeg);
-    } else if (auto const* pgn = prm.as<pgn_style>(f_variant)) {
+    } else if (auto const *pgn = prm.as<pgn_style>(f_variant)) {
         if (pgn->pgn_visible)
             p.fill.emplace(f_target, pgn->bpgn);
         if (pgn->pln_visible)
@@ -143,18 +144,21 @@ mngr_painter::prepared& mngr_painter::row_painter(unsigned row)
         if (pgn->pnt_visible)
             p.point.emplace(f_target, pgn->bpnt);
     }
+    if (p.point)
+        f_symbols[row] = {p.point->mask(), p.point->color()};
     return p;
 }
 
-void mngr_painter::load_parts(Tvx_shape_view const& shape)
+void mngr_painter::load_parts(Tvx_shape_view const &shape)
 {
     f_parts.resize(static_cast<std::size_t>(shape.part_count));
     for (int i = 0; i < shape.part_count; ++i) {
-        px_line& part = f_parts[static_cast<std::size_t>(i)];
+        px_line &part = f_parts[static_cast<std::size_t>(i)];
         part.clear();
         unsigned const end = shape.part_starts[i + 1];
         for (unsigned k = shape.part_starts[i]; k < end; ++k) {
-            Tvx_pnt_d2 const p{f_view.world_to_px_x(shape.points[k].x), f_view.world_to_px_y(shape.points[k].y)};
+            Tvx_pnt_d2 const p{f_view.world_to_px_x(shape.points[k].x),
+                               f_view.world_to_px_y(shape.points[k].y)};
             bool const last = k + 1 == end;
             if (last || part.empty() || std::abs(p.x - part.back().x) > c_vertex_px ||
                 std::abs(p.y - part.back().y) > c_vertex_px)
@@ -163,14 +167,19 @@ void mngr_painter::load_parts(Tvx_shape_view const& shape)
     }
 }
 
-void mngr_painter::draw(unsigned record, Tvx_shape_view const& shape)
+void mngr_painter::draw(unsigned record, Tvx_shape_view const &shape)
 {
     if (shape.part_count <= 0)
         return;
-    prepared& with = row_painter(f_rows.row_of(record));
+    unsigned const row = f_rows.row_of(record);
+    double const angle = f_rows.angle_of(record);
+    if (shape.kind == c_shape_point && angle == 0 && f_symbols[row].mask) {
+        draw_symbols(f_symbols[row], shape);
+        return;
+    }
+    prepared &with = row_painter(row);
     if (!with.visible)
         return;
-    double const angle = f_rows.angle_of(record);
     switch (shape.kind) {
     case c_shape_point:
         return draw_points(with, shape, angle);
@@ -185,27 +194,41 @@ void mngr_painter::draw(unsigned record, Tvx_shape_view const& shape)
     }
 }
 
-void mngr_painter::draw_points(prepared& with, Tvx_shape_view const& shape, double angle)
+void mngr_painter::draw_symbols(plain_symbol const &symbol, Tvx_shape_view const &shape)
+{
+    constexpr double c_far = 1e6; // off every picture, and safe to turn into an int
+    unsigned const end = shape.part_starts[shape.part_count];
+    for (unsigned k = shape.part_starts[0]; k < end; ++k) {
+        double const x = f_view.world_to_px_x(shape.points[k].x);
+        double const y = f_view.world_to_px_y(shape.points[k].y);
+        if (std::abs(x) < c_far && std::abs(y) < c_far)
+            symbol.mask->blend(f_target, static_cast<int>(std::lround(x)), static_cast<int>(std::lround(y)),
+                               symbol.color);
+    }
+}
+
+void mngr_painter::draw_points(prepared &with, Tvx_shape_view const &shape, double angle)
 {
     if (!with.point)
         return;
     double const turn = f_mngr.rotate_flag ? angle : 0;
     unsigned const end = shape.part_starts[shape.part_count];
     for (unsigned k = shape.part_starts[0]; k < end; ++k)
-        with.point->draw({f_view.world_to_px_x(shape.points[k].x), f_view.world_to_px_y(shape.points[k].y)}, turn);
+        with.point->draw({f_view.world_to_px_x(shape.points[k].x), f_view.world_to_px_y(shape.points[k].y)},
+                         turn);
 }
 
-void mngr_painter::draw_lines(prepared& with, Tvx_shape_view const& shape, double angle)
+void mngr_painter::draw_lines(prepared &with, Tvx_shape_view const &shape, double angle)
 {
     double const turn = f_mngr.rotate_flag ? angle : 0;
     if (with.line)
-        for (px_line const& part : f_parts)
+        for (px_line const &part : f_parts)
             with.line->draw(part);
-    for (px_line const& part : f_parts) {
+    for (px_line const &part : f_parts) {
         if (part.empty())
             continue;
         if (with.point)
-            for (Tvx_pnt_d2 const& at : part)
+            for (Tvx_pnt_d2 const &at : part)
                 with.point->draw(at, turn);
         if (with.end)
             with.end->draw(part.back(), turn);
@@ -214,12 +237,12 @@ void mngr_painter::draw_lines(prepared& with, Tvx_shape_view const& shape, doubl
     }
 }
 
-void mngr_painter::draw_areas(prepared& with, Tvx_shape_view const& shape, double angle)
+void mngr_painter::draw_areas(prepared &with, Tvx_shape_view const &shape, double angle)
 {
     if (with.fill)
         with.fill->draw(f_parts, f_mngr.rotate_hatch_flag ? angle : 0, f_mngr.rotate_spot_flag ? angle : 0);
     // Rings may come without their first vertex at the end.
-    for (px_line& ring : f_parts)
+    for (px_line &ring : f_parts)
         if (ring.size() > 2 && ring.front() != ring.back())
             ring.push_back(ring.front());
     draw_lines(with, shape, angle);

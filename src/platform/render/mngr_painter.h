@@ -11,28 +11,28 @@
 struct Ivx_attr_files;
 struct Tvx_shape_view;
 
-namespace vx::render
-{
-/// Which row of a manager's scale in force draws a record, and with what. Row 0 of a simple style is the style; the rows of
-/// scales are those of `val_scale` entries with the other entry behind them, and of `rng_scale`.
+namespace vx::render {
+/// Which row of a manager's scale in force draws a record, and with what. Row 0 of a simple style is the
+/// style; the rows of scales are those of `val_scale` entries with the other entry behind them, and of
+/// `rng_scale`.
 class row_source
 {
 public:
     /// `files` may be null: every record then falls in the other row. Both must outlive the object.
-    row_source(styles::stl_mngr const& mngr, Ivx_attr_files* files);
+    row_source(styles::stl_mngr const &mngr, Ivx_attr_files *files);
 
     [[nodiscard]] unsigned row_count() const;
     [[nodiscard]] unsigned row_of(unsigned record) const;
-    [[nodiscard]] styles::stl_prm const& style(unsigned row) const;
+    [[nodiscard]] styles::stl_prm const &style(unsigned row) const;
     [[nodiscard]] bool visible(unsigned row) const;
     /// Rotation of the record's symbol in degrees, counter-clockwise; 0 when the manager does not rotate.
     [[nodiscard]] double angle_of(unsigned record) const;
 
 private:
-    [[nodiscard]] styles::scale_prm const* entry(unsigned row) const;
+    [[nodiscard]] styles::scale_prm const *entry(unsigned row) const;
 
-    styles::stl_mngr const& f_mngr;
-    Ivx_attr_files* f_files;
+    styles::stl_mngr const &f_mngr;
+    Ivx_attr_files *f_files;
     int f_field = -1;
     int f_rotate_field = -1;
 };
@@ -41,30 +41,38 @@ private:
 class mngr_painter
 {
 public:
-    mngr_painter(surface const& target, Tvx_map_view const& view, styles::stl_mngr const& mngr,
-                 Ivx_attr_files* files, styles::variant_of_style variant);
-    mngr_painter(mngr_painter const&) = delete;
-    mngr_painter& operator=(mngr_painter const&) = delete;
+    mngr_painter(surface const &target, Tvx_map_view const &view, styles::stl_mngr const &mngr,
+                 Ivx_attr_files *files, styles::variant_of_style variant);
+    mngr_painter(mngr_painter const &) = delete;
+    mngr_painter &operator=(mngr_painter const &) = delete;
     ~mngr_painter();
 
-    void draw(unsigned record, Tvx_shape_view const& shape);
+    void draw(unsigned record, Tvx_shape_view const &shape);
 
 private:
     struct prepared;
-    [[nodiscard]] prepared& row_painter(unsigned row);
-    void draw_points(prepared& with, Tvx_shape_view const& shape, double angle);
-    void draw_lines(prepared& with, Tvx_shape_view const& shape, double angle);
-    void draw_areas(prepared& with, Tvx_shape_view const& shape, double angle);
+    /// What a row of plain symbols needs, close together: a scale may have very many rows.
+    struct plain_symbol
+    {
+        point_mask const *mask = nullptr;
+        Tvx_color color;
+    };
+    [[nodiscard]] prepared &row_painter(unsigned row);
+    void draw_symbols(plain_symbol const &symbol, Tvx_shape_view const &shape);
+    void draw_points(prepared &with, Tvx_shape_view const &shape, double angle);
+    void draw_lines(prepared &with, Tvx_shape_view const &shape, double angle);
+    void draw_areas(prepared &with, Tvx_shape_view const &shape, double angle);
     /// The parts in pixels, less vertices that fall on the one before.
-    void load_parts(Tvx_shape_view const& shape);
+    void load_parts(Tvx_shape_view const &shape);
 
     surface f_target;
     mask_cache f_masks;
     Tvx_map_view f_view;
-    styles::stl_mngr const& f_mngr;
+    styles::stl_mngr const &f_mngr;
     row_source f_rows;
     styles::variant_of_style f_variant;
     std::vector<std::unique_ptr<prepared>> f_prepared;
+    std::vector<plain_symbol> f_symbols;
     std::vector<px_line> f_parts;
 };
 } // namespace vx::render

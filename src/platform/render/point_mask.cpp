@@ -3,10 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
-namespace vx::render
-{
-namespace
-{
+namespace vx::render {
+namespace {
 constexpr std::size_t c_max_masks = 16;
 
 /// a * b / 255, rounded, for bytes.
@@ -27,7 +25,7 @@ constexpr std::uint32_t scaled(std::uint32_t pixel, std::uint32_t by)
 }
 } // namespace
 
-void point_mask::blend(surface const& target, int x, int y, Tvx_color color) const
+void point_mask::blend(surface const &target, int x, int y, Tvx_color color) const
 {
     int const x0 = std::max(0, x + left);
     int const x1 = std::min(target.width, x + left + width);
@@ -39,8 +37,10 @@ void point_mask::blend(surface const& target, int x, int y, Tvx_color color) con
     std::uint32_t const ink =
         a << 24 | byte_product(color.r, a) << 16 | byte_product(color.g, a) << 8 | byte_product(color.b, a);
     for (int row = y0; row < y1; ++row) {
-        std::uint8_t const* cover = coverage.data() + static_cast<std::ptrdiff_t>(row - y - top) * width + (x0 - x - left);
-        unsigned char* pixel = target.pixels + static_cast<std::ptrdiff_t>(row) * target.bytes_per_line + x0 * 4;
+        std::uint8_t const *cover =
+            coverage.data() + static_cast<std::ptrdiff_t>(row - y - top) * width + (x0 - x - left);
+        unsigned char *pixel =
+            target.pixels + static_cast<std::ptrdiff_t>(row) * target.bytes_per_line + x0 * 4;
         for (int i = x0; i < x1; ++i, ++cover, pixel += 4) {
             if (!*cover)
                 continue;
@@ -53,7 +53,7 @@ void point_mask::blend(surface const& target, int x, int y, Tvx_color color) con
     }
 }
 
-std::shared_ptr<point_mask const> mask_cache::find(mask_key const& key) const
+std::shared_ptr<point_mask const> mask_cache::find(mask_key const &key) const
 {
     auto const found = std::ranges::find(f_entries, key, &entry::key);
     return found != f_entries.end() ? found->mask : nullptr;

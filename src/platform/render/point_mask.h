@@ -9,8 +9,7 @@
 #include <vector>
 
 /// Symbols of one colour, kept as how much of each pixel they cover: whatever the colour, one mask serves.
-namespace vx::render
-{
+namespace vx::render {
 struct point_mask
 {
     int left = 0; ///< of the mask's corner from the anchor
@@ -20,7 +19,7 @@ struct point_mask
     std::vector<std::uint8_t> coverage; ///< by rows
 
     /// Lays the colour through the mask on the pixels round the anchor.
-    void blend(surface const& target, int x, int y, Tvx_color color) const;
+    void blend(surface const &target, int x, int y, Tvx_color color) const;
 };
 
 /// What tells the masks of plain point styles apart.
@@ -31,14 +30,14 @@ struct mask_key
     unsigned symbol = 0;
     double size = 0;
     vx_fnt_type font;
-    bool operator==(mask_key const&) const = default;
+    bool operator==(mask_key const &) const = default;
 };
 
 /// A few masks, for the styles of a scale, which mostly differ by colour alone.
 class mask_cache
 {
 public:
-    [[nodiscard]] std::shared_ptr<point_mask const> find(mask_key const& key) const;
+    [[nodiscard]] std::shared_ptr<point_mask const> find(mask_key const &key) const;
     void add(mask_key key, std::shared_ptr<point_mask const> mask);
 
 private:

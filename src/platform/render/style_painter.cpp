@@ -1,4 +1,5 @@
 #include "platform/render/style_painter.h"
+
 #include "platform/render/figures.h"
 #include "platform/render/point_mask.h"
 #include "platform/render/text_path.h"
@@ -16,10 +17,8 @@
 #include <variant>
 #include <vector>
 
-namespace vx::render
-{
-namespace
-{
+namespace vx::render {
+namespace {
 using namespace vx::styles;
 
 /// Symbols up to this size are kept as a picture.
@@ -48,7 +47,7 @@ QPainterPath path_of(std::span<Tvx_pnt_d2 const> line)
     return path;
 }
 
-double pen_px(surface const& s, double width_mm)
+double pen_px(surface const &s, double width_mm)
 {
     return std::max(1.0, width_mm * s.px_per_mm());
 }
@@ -61,7 +60,7 @@ struct item
     double pen = 0; ///< width of the line; 0 for an area
 };
 
-QTransform placement(surface const& s, double dx, double dy, double angle)
+QTransform placement(surface const &s, double dx, double dy, double angle)
 {
     QTransform t;
     t.translate(dx * s.px_per_mm_x, -dy * s.px_per_mm_y);
@@ -69,7 +68,8 @@ QTransform placement(surface const& s, double dx, double dy, double angle)
     return t;
 }
 
-item shape_item(surface const& s, figure const& shape, double size_x, double size_y, Tvx_color color, double line_mm)
+item shape_item(surface const &s, figure const &shape, double size_x, double size_y, Tvx_color color,
+                double line_mm)
 {
     item it;
     it.color = qt_color(color);
@@ -81,9 +81,9 @@ item shape_item(surface const& s, figure const& shape, double size_x, double siz
     double const in_x = std::max(0.0, kx - it.pen);
     double const in_y = std::max(0.0, ky - it.pen);
     it.path.setFillRule(Qt::OddEvenFill);
-    for (auto const& part : shape.parts) {
+    for (auto const &part : shape.parts) {
         px_line scaled;
-        for (Tvx_pnt_d2 const& p : part)
+        for (Tvx_pnt_d2 const &p : part)
             scaled.push_back({p.x * in_x, -p.y * in_y});
         it.path.addPath(path_of(scaled));
         if (shape.closed)
@@ -92,12 +92,13 @@ item shape_item(surface const& s, figure const& shape, double size_x, double siz
     return it;
 }
 
-item text_item(surface const& s, std::wstring_view text, vx_fnt_type const& font, double size, Tvx_color color)
+item text_item(surface const &s, std::wstring_view text, vx_fnt_type const &font, double size,
+               Tvx_color color)
 {
     item it;
     it.color = qt_color(color);
     it.path.setFillRule(Qt::WindingFill);
-    for (px_line const& ring : text_outlines(text, font, size * s.px_per_mm())) {
+    for (px_line const &ring : text_outlines(text, font, size * s.px_per_mm())) {
         it.path.addPath(path_of(ring));
         it.path.closeSubpath();
     }
@@ -112,23 +113,24 @@ std::wstring symbol_text(unsigned code)
     return scalar ? std::wstring(1, static_cast<wchar_t>(code)) : std::wstring();
 }
 
-void add_items(std::vector<item>& items, surface const& s, cpx_style const& style)
+void add_items(std::vector<item> &items, surface const &s, cpx_style const &style)
 {
-    for (auto const& lr : style.lrs) {
+    for (auto const &lr : style.lrs) {
         std::optional<item> it;
         QTransform place;
-        auto const placed = [&](auto const& l) { place = placement(s, l.dx, l.dy, l.angle); };
-        if (auto const* figr = std::get_if<pnt_figr_lr>(&lr->data)) {
-            it = shape_item(s, get_figure(figr->figure), figr->size_x, figr->size_y, figr->color, figr->line_width);
+        auto const placed = [&](auto const &l) { place = placement(s, l.dx, l.dy, l.angle); };
+        if (auto const *figr = std::get_if<pnt_figr_lr>(&lr->data)) {
+            it = shape_item(s, get_figure(figr->figure), figr->size_x, figr->size_y, figr->color,
+                            figr->line_width);
             placed(*figr);
-        } else if (auto const* geom = std::get_if<pnt_geom_lr>(&lr->data)) {
+        } else if (auto const *geom = std::get_if<pnt_geom_lr>(&lr->data)) {
             figure shape{geom->parts, geom->fill, geom->fill};
             it = shape_item(s, shape, geom->size, geom->size, geom->color, geom->line_width);
             placed(*geom);
-        } else if (auto const* symb = std::get_if<pnt_symb_lr>(&lr->data)) {
+        } else if (auto const *symb = std::get_if<pnt_symb_lr>(&lr->data)) {
             it = text_item(s, symbol_text(symb->symbol), symb->font, symb->size, symb->color);
             placed(*symb);
-        } else if (auto const* text = std::get_if<pnt_text_lr>(&lr->data)) {
+        } else if (auto const *text = std::get_if<pnt_text_lr>(&lr->data)) {
             it = text_item(s, text->text, text->font, text->size, text->color);
             placed(*text);
         }
@@ -139,7 +141,7 @@ void add_items(std::vector<item>& items, surface const& s, cpx_style const& styl
     }
 }
 
-void paint(QPainter& p, item const& it)
+void paint(QPainter &p, item const &it)
 {
     if (it.pen > 0) {
         QPen pen(it.color, it.pen);
@@ -154,7 +156,7 @@ void paint(QPainter& p, item const& it)
 // ---- points
 struct point_painter::impl
 {
-    surface const* target = nullptr;
+    surface const *target = nullptr;
     std::optional<mask_key> plain; ///< of a style without layers, whose items are made when they are needed
     Tvx_color color{};
     std::vector<item> items;
@@ -168,8 +170,8 @@ struct point_painter::impl
         if (!items.empty() || !plain)
             return;
         if (plain->use_figure)
-            items.push_back(
-                shape_item(*target, get_figure(plain->figure), plain->size, plain->size, color, c_figure_line_mm));
+            items.push_back(shape_item(*target, get_figure(plain->figure), plain->size, plain->size, color,
+                                       c_figure_line_mm));
         else
             items.push_back(text_item(*target, symbol_text(plain->symbol), plain->font, plain->size, color));
     }
@@ -178,20 +180,20 @@ struct point_painter::impl
     [[nodiscard]] QRectF bounds() const
     {
         QRectF all;
-        for (item const& it : items) {
+        for (item const &it : items) {
             double const by = it.pen / 2 * 1.5 + 1;
             all |= it.path.boundingRect().adjusted(-by, -by, by, by);
         }
         return all;
     }
 
-    void set_reach(QRectF const& b)
+    void set_reach(QRectF const &b)
     {
         reach = std::hypot(std::max(-b.left(), b.right()), std::max(-b.top(), b.bottom()));
     }
 
     /// The items drawn on a picture that just holds them; null for none and for large ones.
-    [[nodiscard]] QImage picture(QRectF const& room, QPoint& corner) const
+    [[nodiscard]] QImage picture(QRectF const &room, QPoint &corner) const
     {
         if (room.isEmpty() || room.width() > c_max_stamp_px || room.height() > c_max_stamp_px)
             return {};
@@ -202,12 +204,12 @@ struct point_painter::impl
         QPainter p(&image);
         p.setRenderHint(QPainter::Antialiasing);
         p.translate(-corner);
-        for (item const& it : items)
+        for (item const &it : items)
             paint(p, it);
         return image;
     }
 
-    void finish_plain(bpnt_style const& style)
+    void finish_plain(bpnt_style const &style)
     {
         plain = mask_key{style.use_figure, style.figure, style.symbol, style.size, style.font};
         color = style.color;
@@ -226,7 +228,7 @@ struct point_painter::impl
             stamp = picture(room, stamp_at);
     }
 
-    void make_mask(QRectF const& room)
+    void make_mask(QRectF const &room)
     {
         items.front().color = Qt::black; // coverage only
         QPoint corner;
@@ -239,7 +241,8 @@ struct point_painter::impl
         made->top = corner.y();
         made->width = image.width();
         made->height = image.height();
-        made->coverage.reserve(static_cast<std::size_t>(image.width()) * static_cast<std::size_t>(image.height()));
+        made->coverage.reserve(static_cast<std::size_t>(image.width()) *
+                               static_cast<std::size_t>(image.height()));
         for (int y = 0; y < image.height(); ++y)
             for (int x = 0; x < image.width(); ++x)
                 made->coverage.push_back(static_cast<std::uint8_t>(qAlpha(image.pixel(x, y))));
@@ -248,7 +251,7 @@ struct point_painter::impl
             target->masks->add(*plain, mask);
     }
 
-    void finish_complex(cpx_style const& style)
+    void finish_complex(cpx_style const &style)
     {
         add_items(items, *target, style);
         QRectF const room = bounds();
@@ -257,23 +260,24 @@ struct point_painter::impl
     }
 };
 
-point_painter::point_painter(surface const& target, bpnt_style const& style) : f_impl(std::make_unique<impl>())
+point_painter::point_painter(surface const &target, bpnt_style const &style)
+    : f_impl(std::make_unique<impl>())
 {
     f_impl->target = &target;
     if (!style.use_complex) {
         f_impl->finish_plain(style);
-    } else if (cpx_style const* cpx = style.complex.find()) {
+    } else if (cpx_style const *cpx = style.complex.find()) {
         f_impl->finish_complex(*cpx);
     }
 }
 
-point_painter::point_painter(surface const& target, cpx_style const& style) : f_impl(std::make_unique<impl>())
+point_painter::point_painter(surface const &target, cpx_style const &style) : f_impl(std::make_unique<impl>())
 {
     f_impl->target = &target;
     f_impl->finish_complex(style);
 }
 
-point_painter::point_painter(point_painter&&) noexcept = default;
+point_painter::point_painter(point_painter &&) noexcept = default;
 point_painter::~point_painter() = default;
 
 double point_painter::reach() const
@@ -281,12 +285,23 @@ double point_painter::reach() const
     return f_impl->reach;
 }
 
+point_mask const *point_painter::mask() const
+{
+    return f_impl->mask.get();
+}
+
+Tvx_color point_painter::color() const
+{
+    return f_impl->color;
+}
+
 void point_painter::draw(Tvx_pnt_d2 at, double angle)
 {
-    impl& d = *f_impl;
-    Tvx_box_d2 const& clip = d.target->clip;
+    impl &d = *f_impl;
+    Tvx_box_d2 const &clip = d.target->clip;
     double const by = d.reach;
-    if (!(at.x >= clip.min_x - by && at.x <= clip.max_x + by && at.y >= clip.min_y - by && at.y <= clip.max_y + by))
+    if (!(at.x >= clip.min_x - by && at.x <= clip.max_x + by && at.y >= clip.min_y - by &&
+          at.y <= clip.max_y + by))
         return;
     QPoint const px(static_cast<int>(std::lround(at.x)), static_cast<int>(std::lround(at.y)));
     if (angle == 0 && d.mask)
@@ -300,19 +315,19 @@ void point_painter::draw(Tvx_pnt_d2 at, double angle)
 void point_painter::draw_items(Tvx_pnt_d2 at, double angle)
 {
     f_impl->make_items();
-    QPainter& p = *vx_qt_painter(f_impl->target->painter);
+    QPainter &p = *vx_qt_painter(f_impl->target->painter);
     QTransform const before = p.transform();
     p.translate(at.x, at.y);
     p.rotate(-angle);
-    for (item const& it : f_impl->items)
+    for (item const &it : f_impl->items)
         paint(p, it);
     p.setTransform(before);
 }
 
 // ---- lines
-namespace
-{
-/// The place at `distance` along the line; `segment` and `passed`, where that segment begins, go forward only.
+namespace {
+/// The place at `distance` along the line; `segment` and `passed`, where that segment begins, go forward
+/// only.
 class line_walk
 {
 public:
@@ -389,7 +404,7 @@ struct pattern
 
 using stroke_item = std::variant<stroke, pattern>;
 
-QPen plain_pen(surface const& s, Tvx_color color, double width)
+QPen plain_pen(surface const &s, Tvx_color color, double width)
 {
     QPen pen(qt_color(color), pen_px(s, width));
     pen.setCapStyle(Qt::FlatCap);
@@ -402,7 +417,7 @@ bool moves(char c)
     return c == '0' || c == '1';
 }
 
-double advance(pattern const& p, char c, bool marks_only)
+double advance(pattern const &p, char c, bool marks_only)
 {
     if (c == '1')
         return p.dash;
@@ -414,12 +429,18 @@ bool is_marks_only(std::string_view tplt)
     return std::none_of(tplt.begin(), tplt.end(), moves);
 }
 
-pattern make_pattern(surface const& s, pln_tplt_lr const& l)
+pattern make_pattern(surface const &s, pln_tplt_lr const &l)
 {
     static cpx_style const empty(style_kind::pnt);
     double const k = s.px_per_mm();
-    cpx_style const* symbol = l.cpx_pnt.find();
-    pattern p{plain_pen(s, l.color, l.width), l.dash * k, l.gap * k, l.shift * k, l.delta * k, l.tplt, 0,
+    cpx_style const *symbol = l.cpx_pnt.find();
+    pattern p{plain_pen(s, l.color, l.width),
+              l.dash * k,
+              l.gap * k,
+              l.shift * k,
+              l.delta * k,
+              l.tplt,
+              0,
               point_painter(s, symbol ? *symbol : empty)};
     p.dash = std::max(0.0, p.dash);
     p.gap = std::max(0.0, p.gap);
@@ -429,7 +450,7 @@ pattern make_pattern(surface const& s, pln_tplt_lr const& l)
     return p;
 }
 
-void add_cart(std::vector<stroke_item>& items, surface const& s, pln_cart_lr const& l)
+void add_cart(std::vector<stroke_item> &items, surface const &s, pln_cart_lr const &l)
 {
     double const k = s.px_per_mm();
     QPen pen = plain_pen(s, l.color, l.width);
@@ -455,35 +476,37 @@ void add_cart(std::vector<stroke_item>& items, surface const& s, pln_cart_lr con
     items.push_back(stroke{pen, l.delta * k, dashed});
 }
 
-std::vector<stroke_item> stroke_items(surface const& s, cpx_style const& style)
+std::vector<stroke_item> stroke_items(surface const &s, cpx_style const &style)
 {
     std::vector<stroke_item> items;
-    for (auto const& lr : style.lrs) {
-        if (auto const* line = std::get_if<pln_line_lr>(&lr->data))
-            items.push_back(stroke{plain_pen(s, line->color, line->width), line->delta * s.px_per_mm(), false});
-        else if (auto const* tplt = std::get_if<pln_tplt_lr>(&lr->data))
+    for (auto const &lr : style.lrs) {
+        if (auto const *line = std::get_if<pln_line_lr>(&lr->data))
+            items.push_back(
+                stroke{plain_pen(s, line->color, line->width), line->delta * s.px_per_mm(), false});
+        else if (auto const *tplt = std::get_if<pln_tplt_lr>(&lr->data))
             items.push_back(make_pattern(s, *tplt));
-        else if (auto const* cart = std::get_if<pln_cart_lr>(&lr->data))
+        else if (auto const *cart = std::get_if<pln_cart_lr>(&lr->data))
             add_cart(items, s, *cart);
     }
     return items;
 }
 
-double reach_of(stroke_item const& it)
+double reach_of(stroke_item const &it)
 {
-    if (auto const* p = std::get_if<pattern>(&it))
+    if (auto const *p = std::get_if<pattern>(&it))
         return std::abs(p->delta) + std::max({p->pen.widthF(), p->dash, p->symbol.reach()});
-    auto const& s = std::get<stroke>(it);
+    auto const &s = std::get<stroke>(it);
     return std::abs(s.delta) * 4 + s.pen.widthF() * 2;
 }
 
-void draw_mark(QPainter& painter, pattern& p, char c, line_walk::place const& place)
+void draw_mark(QPainter &painter, pattern &p, char c, line_walk::place const &place)
 {
     auto const slanted = [&](double turn) {
         double const a = (place.angle + turn) * std::numbers::pi / 180;
         double const dx = std::cos(a) * p.dash / 2;
         double const dy = -std::sin(a) * p.dash / 2;
-        painter.drawLine(QPointF(place.at.x - dx, place.at.y - dy), QPointF(place.at.x + dx, place.at.y + dy));
+        painter.drawLine(QPointF(place.at.x - dx, place.at.y - dy),
+                         QPointF(place.at.x + dx, place.at.y + dy));
     };
     switch (c) {
     case '2': {
@@ -507,7 +530,7 @@ void draw_mark(QPainter& painter, pattern& p, char c, line_walk::place const& pl
 }
 
 /// `start` is where the piece begins along its line, so that the pattern does not move when the view does.
-void draw_pattern(QPainter& painter, pattern& p, std::span<Tvx_pnt_d2 const> piece, double start)
+void draw_pattern(QPainter &painter, pattern &p, std::span<Tvx_pnt_d2 const> piece, double start)
 {
     if (p.tplt.empty() || p.period < c_min_pattern_px)
         return;
@@ -537,7 +560,7 @@ void draw_pattern(QPainter& painter, pattern& p, std::span<Tvx_pnt_d2 const> pie
     }
 }
 
-void draw_stroke(QPainter& painter, stroke const& s, std::span<Tvx_pnt_d2 const> piece, double start)
+void draw_stroke(QPainter &painter, stroke const &s, std::span<Tvx_pnt_d2 const> piece, double start)
 {
     px_line moved;
     if (s.delta != 0) {
@@ -563,29 +586,29 @@ struct line_painter::impl
     std::vector<stroke_item> items;
     double reach = 0;
 
-    impl(surface const& s, std::vector<stroke_item> strokes) : target(s), items(std::move(strokes))
+    impl(surface const &s, std::vector<stroke_item> strokes) : target(s), items(std::move(strokes))
     {
-        for (auto const& it : items)
+        for (auto const &it : items)
             reach = std::max(reach, reach_of(it));
     }
 };
 
-line_painter::line_painter(surface const& target, bpln_style const& style)
+line_painter::line_painter(surface const &target, bpln_style const &style)
 {
     std::vector<stroke_item> items;
     if (!style.use_complex)
         items.push_back(stroke{plain_pen(target, style.color, style.width), 0, false});
-    else if (cpx_style const* cpx = style.complex.find())
+    else if (cpx_style const *cpx = style.complex.find())
         items = stroke_items(target, *cpx);
     f_impl = std::make_unique<impl>(target, std::move(items));
 }
 
-line_painter::line_painter(surface const& target, cpx_style const& style)
+line_painter::line_painter(surface const &target, cpx_style const &style)
     : f_impl(std::make_unique<impl>(target, stroke_items(target, style)))
 {
 }
 
-line_painter::line_painter(line_painter&&) noexcept = default;
+line_painter::line_painter(line_painter &&) noexcept = default;
 line_painter::~line_painter() = default;
 
 double line_painter::reach() const
@@ -595,13 +618,13 @@ double line_painter::reach() const
 
 void line_painter::draw(std::span<Tvx_pnt_d2 const> line)
 {
-    impl& d = *f_impl;
+    impl &d = *f_impl;
     if (line.size() < 2)
         return;
-    QPainter& painter = *vx_qt_painter(d.target.painter);
+    QPainter &painter = *vx_qt_painter(d.target.painter);
     auto const draw_piece = [&](std::span<Tvx_pnt_d2 const> piece, double start) {
-        for (auto& it : d.items) {
-            if (auto* p = std::get_if<pattern>(&it))
+        for (auto &it : d.items) {
+            if (auto *p = std::get_if<pattern>(&it))
                 draw_pattern(painter, *p, piece, start);
             else
                 draw_stroke(painter, std::get<stroke>(it), piece, start);
@@ -615,13 +638,12 @@ void line_painter::draw(std::span<Tvx_pnt_d2 const> line)
         draw_piece(line, 0);
         return;
     }
-    for (line_piece const& piece : clip_line(line, clip))
+    for (line_piece const &piece : clip_line(line, clip))
         draw_piece(piece.points, piece.start);
 }
 
 // ---- areas
-namespace
-{
+namespace {
 struct hatch
 {
     double step;
@@ -632,7 +654,7 @@ struct hatch
 
 struct spots
 {
-    pgn_spot_lr const* layer;
+    pgn_spot_lr const *layer;
     double dx;
     double dy;
     double x0;
@@ -642,7 +664,7 @@ struct spots
 
 using fill_item = std::variant<QColor, hatch, spots>;
 
-bpln_style const& default_hatch_line()
+bpln_style const &default_hatch_line()
 {
     static bpln_style const line = [] {
         bpln_style s;
@@ -653,22 +675,22 @@ bpln_style const& default_hatch_line()
     return line;
 }
 
-hatch make_hatch(surface const& s, pgn_htch_lr const& l)
+hatch make_hatch(surface const &s, pgn_htch_lr const &l)
 {
     double const k = s.px_per_mm();
-    cpx_style const* line = l.cpx_pln.find();
+    cpx_style const *line = l.cpx_pln.find();
     bool const own = line && !line->lrs.empty();
     return hatch{std::max(c_min_hatch_step_px, std::abs(l.delta) * k), l.angle, l.shift * k,
                  own ? line_painter(s, *line) : line_painter(s, default_hatch_line())};
 }
 
-spots make_spots(surface const& s, pgn_spot_lr const& l)
+spots make_spots(surface const &s, pgn_spot_lr const &l)
 {
     static cpx_style const empty(style_kind::pnt);
     bpnt_style plain;
     plain.color = l.point_clr;
     plain.size = l.point_size;
-    cpx_style const* symbol = l.cpx_pnt.find();
+    cpx_style const *symbol = l.cpx_pnt.find();
     return spots{&l,
                  std::max(c_min_spot_step_px, std::abs(l.dx) * s.px_per_mm_x),
                  std::max(c_min_spot_step_px, std::abs(l.dy) * s.px_per_mm_y),
@@ -688,15 +710,17 @@ double cell_random(long long column, long long row, unsigned salt)
     return static_cast<double>(h >> 11) / 9007199254740992.0;
 }
 
-void draw_hatch(QPainter&, hatch& h, Tvx_box_d2 const& box, double turn)
+void draw_hatch(QPainter &, hatch &h, Tvx_box_d2 const &box, double turn)
 {
     // Lines by their distance from the origin along the normal of their direction.
     double const a = (h.angle + turn) * std::numbers::pi / 180;
     Tvx_pnt_d2 const dir{std::cos(a), -std::sin(a)};
     Tvx_pnt_d2 const normal{-dir.y, dir.x};
-    auto const span = [&](Tvx_pnt_d2 axis, double& low, double& high) {
-        low = std::min(axis.x * box.min_x, axis.x * box.max_x) + std::min(axis.y * box.min_y, axis.y * box.max_y);
-        high = std::max(axis.x * box.min_x, axis.x * box.max_x) + std::max(axis.y * box.min_y, axis.y * box.max_y);
+    auto const span = [&](Tvx_pnt_d2 axis, double &low, double &high) {
+        low = std::min(axis.x * box.min_x, axis.x * box.max_x) +
+              std::min(axis.y * box.min_y, axis.y * box.max_y);
+        high = std::max(axis.x * box.min_x, axis.x * box.max_x) +
+               std::max(axis.y * box.min_y, axis.y * box.max_y);
     };
     double n0;
     double n1;
@@ -713,7 +737,7 @@ void draw_hatch(QPainter&, hatch& h, Tvx_box_d2 const& box, double turn)
     }
 }
 
-void draw_spots(spots& s, Tvx_box_d2 const& box, double turn)
+void draw_spots(spots &s, Tvx_box_d2 const &box, double turn)
 {
     double const reach = s.point.reach();
     auto const first = [&](double low, double origin, double step) {
@@ -745,40 +769,40 @@ struct fill_painter::impl
     bool patterns = false;
 };
 
-fill_painter::fill_painter(surface const& target, bpgn_style const& style) : f_impl(std::make_unique<impl>())
+fill_painter::fill_painter(surface const &target, bpgn_style const &style) : f_impl(std::make_unique<impl>())
 {
-    impl& d = *f_impl;
+    impl &d = *f_impl;
     d.target = target;
     d.target.pixels = nullptr; // patterns are clipped to the area: they go through the painter
     if (!style.use_complex) {
         d.items.emplace_back(qt_color(style.color));
         return;
     }
-    cpx_style const* cpx = style.complex.find();
+    cpx_style const *cpx = style.complex.find();
     if (!cpx)
         return;
-    for (auto const& lr : cpx->lrs) {
-        if (auto const* fill = std::get_if<pgn_fill_lr>(&lr->data))
+    for (auto const &lr : cpx->lrs) {
+        if (auto const *fill = std::get_if<pgn_fill_lr>(&lr->data))
             d.items.emplace_back(qt_color(fill->color));
-        else if (auto const* htch = std::get_if<pgn_htch_lr>(&lr->data))
+        else if (auto const *htch = std::get_if<pgn_htch_lr>(&lr->data))
             d.items.emplace_back(make_hatch(d.target, *htch));
-        else if (auto const* spot = std::get_if<pgn_spot_lr>(&lr->data))
+        else if (auto const *spot = std::get_if<pgn_spot_lr>(&lr->data))
             d.items.emplace_back(make_spots(d.target, *spot));
         d.patterns |= !std::holds_alternative<QColor>(d.items.back());
     }
 }
 
-fill_painter::fill_painter(fill_painter&&) noexcept = default;
+fill_painter::fill_painter(fill_painter &&) noexcept = default;
 fill_painter::~fill_painter() = default;
 
 void fill_painter::draw(std::span<px_line const> rings, double hatch_angle, double spot_angle)
 {
-    impl& d = *f_impl;
+    impl &d = *f_impl;
     Tvx_box_d2 const clip = grown(d.target.clip, 2);
     QPainterPath path;
     path.setFillRule(Qt::OddEvenFill);
     Tvx_box_d2 box;
-    for (px_line const& ring : rings) {
+    for (px_line const &ring : rings) {
         Tvx_box_d2 const ring_box = box_of(ring);
         if (!clip.intersects(ring_box))
             continue;
@@ -796,15 +820,15 @@ void fill_painter::draw(std::span<px_line const> rings, double hatch_angle, doub
     }
     if (path.isEmpty())
         return;
-    QPainter& painter = *vx_qt_painter(d.target.painter);
-    for (auto& it : d.items) {
-        if (auto const* color = std::get_if<QColor>(&it)) {
+    QPainter &painter = *vx_qt_painter(d.target.painter);
+    for (auto &it : d.items) {
+        if (auto const *color = std::get_if<QColor>(&it)) {
             painter.fillPath(path, *color);
             continue;
         }
         painter.save();
         painter.setClipPath(path, Qt::IntersectClip);
-        if (auto* h = std::get_if<hatch>(&it))
+        if (auto *h = std::get_if<hatch>(&it))
             draw_hatch(painter, *h, box, hatch_angle);
         else
             draw_spots(std::get<spots>(it), box, spot_angle);

@@ -7,22 +7,26 @@
 #include <memory>
 #include <span>
 
-/// Base styles made ready to draw many objects on one surface. Coordinates are pixels, y downwards. Style and surface
-/// must outlive their painter.
-namespace vx::render
-{
+/// Base styles made ready to draw many objects on one surface. Coordinates are pixels, y downwards. Style and
+/// surface must outlive their painter.
+namespace vx::render {
+struct point_mask;
+
 class point_painter
 {
 public:
-    point_painter(surface const& target, styles::bpnt_style const& style);
-    point_painter(surface const& target, styles::cpx_style const& style);
-    point_painter(point_painter&&) noexcept;
+    point_painter(surface const &target, styles::bpnt_style const &style);
+    point_painter(surface const &target, styles::cpx_style const &style);
+    point_painter(point_painter &&) noexcept;
     ~point_painter();
 
     /// `angle` in degrees, counter-clockwise.
     void draw(Tvx_pnt_d2 at, double angle = 0);
     /// How far from its anchor the symbol reaches, in pixels.
     [[nodiscard]] double reach() const;
+    /// The mask that stands for the whole symbol in its colour while it is not turned, or null.
+    [[nodiscard]] point_mask const *mask() const;
+    [[nodiscard]] Tvx_color color() const;
 
 private:
     void draw_items(Tvx_pnt_d2 at, double angle);
@@ -34,9 +38,9 @@ private:
 class line_painter
 {
 public:
-    line_painter(surface const& target, styles::bpln_style const& style);
-    line_painter(surface const& target, styles::cpx_style const& style);
-    line_painter(line_painter&&) noexcept;
+    line_painter(surface const &target, styles::bpln_style const &style);
+    line_painter(surface const &target, styles::cpx_style const &style);
+    line_painter(line_painter &&) noexcept;
     ~line_painter();
 
     /// A ring comes with its first vertex repeated at the end.
@@ -51,8 +55,8 @@ private:
 class fill_painter
 {
 public:
-    fill_painter(surface const& target, styles::bpgn_style const& style);
-    fill_painter(fill_painter&&) noexcept;
+    fill_painter(surface const &target, styles::bpgn_style const &style);
+    fill_painter(fill_painter &&) noexcept;
     ~fill_painter();
 
     /// The area that lies in an odd number of rings; the angles turn hatches and spots.

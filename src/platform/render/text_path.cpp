@@ -1,4 +1,5 @@
 #include "platform/render/text_path.h"
+
 #include "platform/basic/vx_fnt_type.h"
 #include "platform/toolkit/qt_bridge.h"
 
@@ -6,14 +7,13 @@
 #include <QtGui/QFontMetricsF>
 #include <QtGui/QPainterPath>
 
-namespace vx::render
-{
-namespace
-{
-/// Text is laid out at this size and scaled, so that sizes need not be whole pixels and hinting does not change widths.
+namespace vx::render {
+namespace {
+/// Text is laid out at this size and scaled, so that sizes need not be whole pixels and hinting does not
+/// change widths.
 constexpr int c_layout_px = 128;
 
-QFont qt_font(vx_fnt_type const& font)
+QFont qt_font(vx_fnt_type const &font)
 {
     vx_qt_ensure_application();
     QFont f(QString::fromWCharArray(font.wname()));
@@ -32,7 +32,7 @@ QString qt_text(std::wstring_view text)
 }
 } // namespace
 
-std::vector<px_line> text_outlines(std::wstring_view text, vx_fnt_type const& font, double size_px)
+std::vector<px_line> text_outlines(std::wstring_view text, vx_fnt_type const &font, double size_px)
 {
     std::vector<px_line> outlines;
     if (text.empty() || !(size_px > 0))
@@ -51,16 +51,16 @@ std::vector<px_line> text_outlines(std::wstring_view text, vx_fnt_type const& fo
             path.addRect(0, -metrics.strikeOutPos(), width, thick);
     }
     double const k = size_px / c_layout_px;
-    for (QPolygonF const& polygon : path.toSubpathPolygons()) {
-        px_line& ring = outlines.emplace_back();
+    for (QPolygonF const &polygon : path.toSubpathPolygons()) {
+        px_line &ring = outlines.emplace_back();
         ring.reserve(static_cast<std::size_t>(polygon.size()));
-        for (QPointF const& p : polygon)
+        for (QPointF const &p : polygon)
             ring.push_back({p.x() * k, p.y() * k});
     }
     return outlines;
 }
 
-text_extent measure_text(std::wstring_view text, vx_fnt_type const& font, double size_px)
+text_extent measure_text(std::wstring_view text, vx_fnt_type const &font, double size_px)
 {
     if (!(size_px > 0))
         return {};

@@ -1,4 +1,5 @@
 #include "platform/render/vx_bmp_dc.h"
+
 #include "platform/basic/vx_options.h"
 #include "platform/render/dc_priv.h"
 #include "platform/toolkit/canvas.h"
@@ -9,10 +10,8 @@
 
 #include <new>
 
-namespace vx::render
-{
-namespace
-{
+namespace vx::render {
+namespace {
 QColor qt_color(Tvx_color c)
 {
     return QColor(c.r, c.g, c.b, c.a);
@@ -38,7 +37,9 @@ struct bmp_dc::state
     }
 };
 
-bmp_dc::bmp_dc() : f_state(std::make_unique<state>()) {}
+bmp_dc::bmp_dc() : f_state(std::make_unique<state>())
+{
+}
 
 bmp_dc::~bmp_dc()
 {
@@ -48,7 +49,7 @@ bmp_dc::~bmp_dc()
 
 void bmp_dc::set_size(int width, int height)
 {
-    state& s = *f_state;
+    state &s = *f_state;
     if (s.painter.isActive())
         s.painter.end();
     s.lent = false;
@@ -58,9 +59,9 @@ void bmp_dc::set_size(int width, int height)
         s.fill(s.transparent);
 }
 
-void bmp_dc::lend(unsigned char* pixels, int width, int height, int bytes_per_line)
+void bmp_dc::lend(unsigned char *pixels, int width, int height, int bytes_per_line)
 {
-    state& s = *f_state;
+    state &s = *f_state;
     if (s.painter.isActive())
         s.painter.end();
     s.lent = true;
@@ -72,7 +73,7 @@ void bmp_dc::lend(unsigned char* pixels, int width, int height, int bytes_per_li
 
 void bmp_dc::set_transparent(Tvx_color color)
 {
-    state& s = *f_state;
+    state &s = *f_state;
     s.transparent = color;
     if (!s.image.isNull() && !s.touched)
         s.fill(color);
@@ -103,9 +104,9 @@ Tvx_color bmp_dc::pixel(int x, int y) const
     return vx_clr_init_rgba(c.red(), c.green(), c.blue(), c.alpha());
 }
 
-vx_native_painter* bmp_dc::painter()
+vx_native_painter *bmp_dc::painter()
 {
-    state& s = *f_state;
+    state &s = *f_state;
     if (s.image.isNull())
         return nullptr;
     s.touched = true;
@@ -116,14 +117,14 @@ vx_native_painter* bmp_dc::painter()
     return vx_native(&s.painter);
 }
 
-void bmp_dc::copy_to(vx_native_painter* target, int x, int y, int width, int height)
+void bmp_dc::copy_to(vx_native_painter *target, int x, int y, int width, int height)
 {
-    state& s = *f_state;
+    state &s = *f_state;
     if (!target || s.image.isNull())
         return;
     if (s.painter.isActive())
         s.painter.end();
-    QPainter* p = vx_qt_painter(target);
+    QPainter *p = vx_qt_painter(target);
     p->save();
     p->setOpacity(1);
     p->drawImage(x, y, s.image, 0, 0, width, height);
@@ -136,7 +137,7 @@ surface bmp_dc::get_surface()
     s.painter = painter();
     if (s.painter) {
         // Not `bits()`, which would copy an image that is being painted on.
-        s.pixels = const_cast<unsigned char*>(f_state->image.constBits());
+        s.pixels = const_cast<unsigned char *>(f_state->image.constBits());
         s.bytes_per_line = static_cast<int>(f_state->image.bytesPerLine());
     }
     s.width = width();
@@ -148,7 +149,7 @@ surface bmp_dc::get_surface()
     return s;
 }
 
-void bmp_dc::set_mapping(Tvx_box_d2 const& mm, Tvx_box_d2 const& pixels)
+void bmp_dc::set_mapping(Tvx_box_d2 const &mm, Tvx_box_d2 const &pixels)
 {
     if (!(mm.width() > 0 && mm.height() > 0 && pixels.width() > 0 && pixels.height() > 0))
         return;
@@ -159,25 +160,25 @@ void bmp_dc::set_mapping(Tvx_box_d2 const& mm, Tvx_box_d2 const& pixels)
 
 double bmp_dc::px_per_mm_x() const
 {
-    state const& s = *f_state;
+    state const &s = *f_state;
     return s.mapped ? s.px.width() / s.mm.width() : vx_options_get_mm2px_x();
 }
 
 double bmp_dc::px_per_mm_y() const
 {
-    state const& s = *f_state;
+    state const &s = *f_state;
     return s.mapped ? s.px.height() / s.mm.height() : vx_options_get_mm2px_y();
 }
 
 Tvx_pnt_d2 bmp_dc::to_px(double x, double y) const
 {
-    state const& s = *f_state;
+    state const &s = *f_state;
     if (!s.mapped)
         return {x, y};
     return {s.px.min_x + (x - s.mm.min_x) * px_per_mm_x(), s.px.min_y + (y - s.mm.min_y) * px_per_mm_y()};
 }
 
-Tvx_box_d2 bmp_dc::to_px(Tvx_box_d2 const& box) const
+Tvx_box_d2 bmp_dc::to_px(Tvx_box_d2 const &box) const
 {
     Tvx_pnt_d2 const a = to_px(box.min_x, box.min_y);
     Tvx_pnt_d2 const b = to_px(box.max_x, box.max_y);
@@ -190,78 +191,83 @@ Tvx_box_d2 bmp_dc::to_px(Tvx_box_d2 const& box) const
 
 using vx::render::bmp_dc;
 
-namespace
+namespace {
+bmp_dc *dc_of(void *dc)
 {
-bmp_dc* dc_of(void* dc) { return static_cast<bmp_dc*>(dc); }
-bmp_dc const* dc_of(void const* dc) { return static_cast<bmp_dc const*>(dc); }
+    return static_cast<bmp_dc *>(dc);
+}
+bmp_dc const *dc_of(void const *dc)
+{
+    return static_cast<bmp_dc const *>(dc);
+}
 } // namespace
 
-void* vx_bmp_dc_create()
+void *vx_bmp_dc_create()
 {
     return new bmp_dc;
 }
 
-void vx_bmp_dc_destroy(void* dc)
+void vx_bmp_dc_destroy(void *dc)
 {
     delete dc_of(dc);
 }
 
-void vx_bmp_dc_set_nxy(void* dc, int width, int height)
+void vx_bmp_dc_set_nxy(void *dc, int width, int height)
 {
     if (dc)
         dc_of(dc)->set_size(width, height);
 }
 
-void vx_bmp_dc_set_pixels(void* dc, unsigned char* pixels, int width, int height, int bytes_per_line)
+void vx_bmp_dc_set_pixels(void *dc, unsigned char *pixels, int width, int height, int bytes_per_line)
 {
     if (dc)
         dc_of(dc)->lend(pixels, width, height, bytes_per_line);
 }
 
-int vx_bmp_dc_get_width(void const* dc)
+int vx_bmp_dc_get_width(void const *dc)
 {
     return dc ? dc_of(dc)->width() : 0;
 }
 
-int vx_bmp_dc_get_height(void const* dc)
+int vx_bmp_dc_get_height(void const *dc)
 {
     return dc ? dc_of(dc)->height() : 0;
 }
 
-Tvx_color vx_bmp_dc_get_pixel(void const* dc, int x, int y)
+Tvx_color vx_bmp_dc_get_pixel(void const *dc, int x, int y)
 {
     return dc ? dc_of(dc)->pixel(x, y) : Tvx_color{};
 }
 
-void vx_bmp_dc_set_transparent_clr(void* dc, Tvx_color color)
+void vx_bmp_dc_set_transparent_clr(void *dc, Tvx_color color)
 {
     if (dc)
         dc_of(dc)->set_transparent(color);
 }
 
-void vx_bmp_dc_clear(void* dc, Tvx_color color)
+void vx_bmp_dc_clear(void *dc, Tvx_color color)
 {
     if (dc)
         dc_of(dc)->clear(color);
 }
 
-void vx_bmp_dc_set_mm2pxl(void* dc, Tvx_box_d2 const& mm, Tvx_box_d2 const& pixels)
+void vx_bmp_dc_set_mm2pxl(void *dc, Tvx_box_d2 const &mm, Tvx_box_d2 const &pixels)
 {
     if (dc)
         dc_of(dc)->set_mapping(mm, pixels);
 }
 
-double vx_bmp_dc_get_px_per_mm_x(void const* dc)
+double vx_bmp_dc_get_px_per_mm_x(void const *dc)
 {
     return dc ? dc_of(dc)->px_per_mm_x() : 0;
 }
 
-double vx_bmp_dc_get_px_per_mm_y(void const* dc)
+double vx_bmp_dc_get_px_per_mm_y(void const *dc)
 {
     return dc ? dc_of(dc)->px_per_mm_y() : 0;
 }
 
-void vx_bmp_dc_draw_on_hdc(void* dc, TCanvas* canvas, int x, int y, int width, int height)
+void vx_bmp_dc_draw_on_hdc(void *dc, TCanvas *canvas, int x, int y, int width, int height)
 {
     if (dc && canvas)
         dc_of(dc)->copy_to(canvas->NativePainter(), x, y, width, height);

@@ -1,4 +1,5 @@
 #include "platform/render/vx_drwc.h"
+
 #include "platform/basic/vx_fnt_type.h"
 #include "platform/render/dc_priv.h"
 #include "platform/render/text_path.h"
@@ -14,14 +15,13 @@
 
 using namespace vx::render;
 
-namespace
-{
+namespace {
 /// Side of a check in pixels.
 constexpr int c_check_px = 4;
 
-QPainter* painter_of(void* dc)
+QPainter *painter_of(void *dc)
 {
-    auto* native = dc ? static_cast<bmp_dc*>(dc)->painter() : nullptr;
+    auto *native = dc ? static_cast<bmp_dc *>(dc)->painter() : nullptr;
     return native ? vx_qt_painter(native) : nullptr;
 }
 
@@ -30,13 +30,13 @@ QColor qt_color(Tvx_color c)
     return QColor(c.r, c.g, c.b, c.a);
 }
 
-QRectF px_rect(void* dc, Tvx_box_d2 const& box)
+QRectF px_rect(void *dc, Tvx_box_d2 const &box)
 {
-    Tvx_box_d2 const px = static_cast<bmp_dc*>(dc)->to_px(box);
+    Tvx_box_d2 const px = static_cast<bmp_dc *>(dc)->to_px(box);
     return {px.min_x, px.min_y, px.width(), px.height()};
 }
 
-std::vector<std::wstring_view> lines_of(wchar_t const* text, int length)
+std::vector<std::wstring_view> lines_of(wchar_t const *text, int length)
 {
     std::wstring_view rest = text ? std::wstring_view(text) : std::wstring_view();
     if (length >= 0)
@@ -51,13 +51,13 @@ std::vector<std::wstring_view> lines_of(wchar_t const* text, int length)
     }
 }
 
-vx_fnt_type const& font_of(Tvx_txt_params const& params)
+vx_fnt_type const &font_of(Tvx_txt_params const &params)
 {
     static vx_fnt_type const fallback;
     return params.font ? *params.font : fallback;
 }
 
-Tvx_pnt_d2 extent_of(std::vector<std::wstring_view> const& lines, Tvx_txt_params const& params)
+Tvx_pnt_d2 extent_of(std::vector<std::wstring_view> const &lines, Tvx_txt_params const &params)
 {
     Tvx_pnt_d2 size;
     for (auto const line : lines) {
@@ -69,9 +69,9 @@ Tvx_pnt_d2 extent_of(std::vector<std::wstring_view> const& lines, Tvx_txt_params
 }
 } // namespace
 
-void vx_drwc_fill_pgn_rect(void* dc, Tvx_fill const& fill, Tvx_box_d2 const& box)
+void vx_drwc_fill_pgn_rect(void *dc, Tvx_fill const &fill, Tvx_box_d2 const &box)
 {
-    QPainter* p = painter_of(dc);
+    QPainter *p = painter_of(dc);
     if (!p || box.is_empty())
         return;
     QRectF const rect = px_rect(dc, box);
@@ -85,7 +85,8 @@ void vx_drwc_fill_pgn_rect(void* dc, Tvx_fill const& fill, Tvx_box_d2 const& box
     tile.fill(qt_color(fill.color2));
     QPainter t(&tile);
     t.setCompositionMode(QPainter::CompositionMode_Source);
-    int const part = std::clamp(static_cast<int>(std::lround(c_check_px * std::sqrt(fill.density / 50.0))), 1, side);
+    int const part =
+        std::clamp(static_cast<int>(std::lround(c_check_px * std::sqrt(fill.density / 50.0))), 1, side);
     t.fillRect(0, 0, part, part, qt_color(fill.color1));
     t.fillRect(c_check_px, c_check_px, part, part, qt_color(fill.color1));
     t.end();
@@ -95,16 +96,16 @@ void vx_drwc_fill_pgn_rect(void* dc, Tvx_fill const& fill, Tvx_box_d2 const& box
     p->restore();
 }
 
-void vx_drwc_draw_pgn_rect(void* dc, Tvx_color color, Tvx_box_d2 const& box)
+void vx_drwc_draw_pgn_rect(void *dc, Tvx_color color, Tvx_box_d2 const &box)
 {
-    QPainter* p = painter_of(dc);
+    QPainter *p = painter_of(dc);
     if (p && !box.is_empty())
         p->fillRect(px_rect(dc, box), qt_color(color));
 }
 
-void vx_drwc_draw_pln_rect(void* dc, Tvx_pen const& pen, Tvx_box_d2 const& box)
+void vx_drwc_draw_pln_rect(void *dc, Tvx_pen const &pen, Tvx_box_d2 const &box)
 {
-    QPainter* p = painter_of(dc);
+    QPainter *p = painter_of(dc);
     if (!p || box.is_empty() || !(pen.width > 0))
         return;
     QPen qpen(qt_color(pen.color), pen.width);
@@ -119,16 +120,16 @@ void vx_drwc_draw_pln_rect(void* dc, Tvx_pen const& pen, Tvx_box_d2 const& box)
     p->restore();
 }
 
-void vx_drwc_get_txt_extent_w(Tvx_pnt_d2* result, void* dc, Tvx_txt_params const& params, wchar_t const* text,
+void vx_drwc_get_txt_extent_w(Tvx_pnt_d2 *result, void *dc, Tvx_txt_params const &params, wchar_t const *text,
                               int length, int flags)
 {
     if (result)
         *result = extent_of(lines_of(text, length), params);
 }
 
-void vx_drwc_draw_txt_w(void* dc, Tvx_txt_params const& params, wchar_t const* text, int length, int flags)
+void vx_drwc_draw_txt_w(void *dc, Tvx_txt_params const &params, wchar_t const *text, int length, int flags)
 {
-    QPainter* p = painter_of(dc);
+    QPainter *p = painter_of(dc);
     if (!p)
         return;
     auto const lines = lines_of(text, length);
@@ -141,21 +142,22 @@ void vx_drwc_draw_txt_w(void* dc, Tvx_txt_params const& params, wchar_t const* t
         text_extent const e = measure_text(line, font_of(params), params.size);
         // Short lines are centred in the block.
         double const x = left + (size.x - e.width) / 2;
-        for (px_line const& ring : text_outlines(line, font_of(params), params.size)) {
+        for (px_line const &ring : text_outlines(line, font_of(params), params.size)) {
             QPolygonF polygon;
-            for (Tvx_pnt_d2 const& v : ring)
+            for (Tvx_pnt_d2 const &v : ring)
                 polygon << QPointF(v.x + x, v.y + y + e.ascent);
             path.addPolygon(polygon);
             path.closeSubpath();
         }
         y += e.ascent + e.descent;
     }
-    Tvx_pnt_d2 const at = static_cast<bmp_dc*>(dc)->to_px(params.center.x, params.center.y);
+    Tvx_pnt_d2 const at = static_cast<bmp_dc *>(dc)->to_px(params.center.x, params.center.y);
     p->save();
     p->translate(at.x, at.y);
     p->rotate(-params.angle);
     if (params.outline.on && params.outline.size > 0) {
-        QPen pen(qt_color(params.outline.color), params.outline.size * 2); // half of it lies under the letters
+        QPen pen(qt_color(params.outline.color),
+                 params.outline.size * 2); // half of it lies under the letters
         pen.setJoinStyle(Qt::RoundJoin);
         p->strokePath(path, pen);
     }

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-Tvx_map_view vx_map_view_fit(Tvx_box_d2 const& box, int width, int height, int margin_px)
+Tvx_map_view vx_map_view_fit(Tvx_box_d2 const &box, int width, int height, int margin_px)
 {
     Tvx_map_view view;
     view.width = width;
@@ -15,7 +15,8 @@ Tvx_map_view vx_map_view_fit(Tvx_box_d2 const& box, int width, int height, int m
         b.add(0.5, 0.5);
     }
     // A single point gets an extent that its coordinates can resolve.
-    double const magnitude = std::max({std::abs(b.min_x), std::abs(b.max_x), std::abs(b.min_y), std::abs(b.max_y)});
+    double const magnitude =
+        std::max({std::abs(b.min_x), std::abs(b.max_x), std::abs(b.min_y), std::abs(b.max_y)});
     double const least = std::max(1e-9 * magnitude, 1e-12);
     double const inner_w = std::max(1, width - 2 * margin_px);
     double const inner_h = std::max(1, height - 2 * margin_px);

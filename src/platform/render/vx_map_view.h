@@ -7,7 +7,7 @@
 struct Tvx_map_view
 {
     Tvx_box_d2 world;
-    int width = 0;  ///< of the picture, in pixels
+    int width = 0; ///< of the picture, in pixels
     int height = 0;
     double mm2px_x = 0; ///< pixels per millimetre; 0 takes the screen's from the options
     double mm2px_y = 0;
@@ -22,7 +22,8 @@ struct Tvx_map_view
     [[nodiscard]] double px_to_world_y(double y) const { return world.max_y - y * world.height() / height; }
 };
 
-/// The view of `width` by `height` pixels that shows all of `box`, centred, with square pixels and `margin_px` free pixels
-/// on each side. A box without extent in a direction, or an empty one, gets an extent of its own, so the view is
-/// valid whenever the picture has pixels.
-[[nodiscard]] VX_API Tvx_map_view vx_map_view_fit(Tvx_box_d2 const& box, int width, int height, int margin_px = 0);
+/// The view of `width` by `height` pixels that shows all of `box`, centred, with square pixels and
+/// `margin_px` free pixels on each side. A box without extent in a direction, or an empty one, gets an extent
+/// of its own, so the view is valid whenever the picture has pixels.
+[[nodiscard]] VX_API Tvx_map_view vx_map_view_fit(Tvx_box_d2 const &box, int width, int height,
+                                                  int margin_px = 0);

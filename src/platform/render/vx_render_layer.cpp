@@ -1,4 +1,5 @@
 #include "platform/render/vx_render_layer.h"
+
 #include "platform/base/owned.h"
 #include "platform/data/vx_attr_data.h"
 #include "platform/data/vx_shape_files.h"
@@ -9,8 +10,7 @@
 
 using namespace vx::render;
 
-namespace
-{
+namespace {
 using vx::styles::variant_of_style;
 
 /// Objects drawn between two questions whether to go on.
@@ -18,13 +18,13 @@ constexpr unsigned c_cancel_step = 2048;
 
 struct pass
 {
-    mngr_painter& painter;
+    mngr_painter &painter;
     closure<bool(unsigned long long)> selected;
     closure<bool()> cancelled;
     unsigned drawn = 0;
     bool stopped = false;
 
-    bool draw(unsigned index, Tvx_shape_view const& shape)
+    bool draw(unsigned index, Tvx_shape_view const &shape)
     {
         if (++drawn % c_cancel_step == 0 && cancelled())
             stopped = true;
@@ -34,14 +34,14 @@ struct pass
             painter.draw(index, shape);
         return true;
     }
-    static bool visit(unsigned index, Tvx_shape_view const* shape, void* self)
+    static bool visit(unsigned index, Tvx_shape_view const *shape, void *self)
     {
-        return static_cast<pass*>(self)->draw(index, *shape);
+        return static_cast<pass *>(self)->draw(index, *shape);
     }
 };
 
 /// The part of the world whose objects may reach into the picture: symbols stand out of their objects' boxes.
-Tvx_box_d2 search_box(Tvx_map_view const& view, surface const& s)
+Tvx_box_d2 search_box(Tvx_map_view const &view, surface const &s)
 {
     constexpr double c_reach_mm = 30;
     double const dx = c_reach_mm * s.px_per_mm_x * view.world.width() / view.width;
@@ -54,31 +54,31 @@ Tvx_box_d2 search_box(Tvx_map_view const& view, surface const& s)
     return box;
 }
 
-bool draw_layer(Ivx_layer* layer, Tvx_map_view const& view, void* dc, variant_of_style variant,
+bool draw_layer(Ivx_layer *layer, Tvx_map_view const &view, void *dc, variant_of_style variant,
                 closure<bool(unsigned long long)> selected, closure<bool()> cancelled)
 {
     if (!layer || !dc || !view.is_valid())
         return false;
     if (!vx_lr2d_get_visible(layer) || !vx_lr2d_is_shp(layer))
         return true;
-    surface target = static_cast<bmp_dc*>(dc)->get_surface();
+    surface target = static_cast<bmp_dc *>(dc)->get_surface();
     if (!target.painter)
         return false;
     if (view.mm2px_x > 0)
         target.px_per_mm_x = view.mm2px_x;
     if (view.mm2px_y > 0)
         target.px_per_mm_y = view.mm2px_y;
-    Ivx_attr_data* data = vx_shp_lr2d_get_attr_data_ptr(layer);
+    Ivx_attr_data *data = vx_shp_lr2d_get_attr_data_ptr(layer);
     vx::owned<Ivx_shape_files, &vx_shape_files_close> shapes(vx_shape_files_open(data));
     if (!shapes)
         return false;
     vx::owned<Ivx_attr_files, &vx_attr_files_close> files(vx_attr_files_open(data, 1, 0));
     Tvx_box_d2 const box = search_box(view, target);
-    void* list = vx_shp_lr2d_get_style_mngr_list_ptr(layer);
+    void *list = vx_shp_lr2d_get_style_mngr_list_ptr(layer);
     if (!vx_stl_mngr_list_get_visible(list))
         return true;
     for (unsigned i = 0; i < vx_stl_mngr_list_get_count(list); ++i) {
-        auto const& mngr = *static_cast<vx::styles::stl_mngr const*>(vx_stl_mngr_list_get_mngr(list, i));
+        auto const &mngr = *static_cast<vx::styles::stl_mngr const *>(vx_stl_mngr_list_get_mngr(list, i));
         mngr_painter painter(target, view, mngr, files.get(), variant);
         pass p{painter, selected, cancelled};
         vx_shape_files_visit(shapes.get(), &box, &pass::visit, &p);
@@ -89,12 +89,12 @@ bool draw_layer(Ivx_layer* layer, Tvx_map_view const& view, void* dc, variant_of
 }
 } // namespace
 
-bool vx_render_layer(Ivx_layer* layer, Tvx_map_view const& view, void* dc, closure<bool()> cancelled)
+bool vx_render_layer(Ivx_layer *layer, Tvx_map_view const &view, void *dc, closure<bool()> cancelled)
 {
     return draw_layer(layer, view, dc, variant_of_style::base, {}, cancelled);
 }
 
-bool vx_render_layer_selection(Ivx_layer* layer, Tvx_map_view const& view, void* dc,
+bool vx_render_layer_selection(Ivx_layer *layer, Tvx_map_view const &view, void *dc,
                                closure<bool(unsigned long long)> selected, closure<bool()> cancelled)
 {
     if (!selected)

@@ -6,19 +6,22 @@
 
 struct Ivx_layer;
 
-/// Draws a vector layer on a device (`vx_bmp_dc.h`) as its style managers say, through `view`: simple style, value scale,
-/// range scale by the manager's mode. The device has the size of the view, and keeps what it shows around the
-/// layer's objects. Layers of other kinds and layers switched off draw nothing.
+/// Draws a vector layer on a device (`vx_bmp_dc.h`) as its style managers say, through `view`: simple style,
+/// value scale, range scale by the manager's mode. The device has the size of the view, and keeps what it
+/// shows around the layer's objects. Layers of other kinds and layers switched off draw nothing.
 ///
-/// `cancelled` is asked every few thousand objects; true ends the drawing. The result is false if the layer's data cannot
-/// be read, the view is not valid, or the drawing was cancelled.
+/// `cancelled` is asked every few thousand objects; true ends the drawing. The result is false if the layer's
+/// data cannot be read, the view is not valid, or the drawing was cancelled.
 ///
 ///     QImage image(w, h, QImage::Format_ARGB32_Premultiplied);
 ///     vx::owned<void, &vx_bmp_dc_destroy> dc(vx_bmp_dc_create());
 ///     vx_bmp_dc_set_pixels(dc.get(), image.bits(), w, h, int(image.bytesPerLine()));
 ///     vx_render_layer(layer, vx_map_view_fit(extent, w, h), dc.get());
-VX_API bool vx_render_layer(Ivx_layer* layer, Tvx_map_view const& view, void* dc, closure<bool()> cancelled = {});
+VX_API bool vx_render_layer(Ivx_layer *layer, Tvx_map_view const &view, void *dc,
+                            closure<bool()> cancelled = {});
 
-/// The objects that stand out: as `vx_render_layer`, but only those that `selected` names, with the selection styles.
-VX_API bool vx_render_layer_selection(Ivx_layer* layer, Tvx_map_view const& view, void* dc,
-                                      closure<bool(unsigned long long)> selected, closure<bool()> cancelled = {});
+/// The objects that stand out: as `vx_render_layer`, but only those that `selected` names, with the selection
+/// styles.
+VX_API bool vx_render_layer_selection(Ivx_layer *layer, Tvx_map_view const &view, void *dc,
+                                      closure<bool(unsigned long long)> selected,
+                                      closure<bool()> cancelled = {});

@@ -7,8 +7,7 @@
 #include <vector>
 
 /// Style managers, their lists and text settings behind the opaque pointers.
-namespace vx::styles
-{
+namespace vx::styles {
 struct stl_mngr
 {
     explicit stl_mngr(style_kind kind) : simple(kind), values(kind), ranges(kind), rules(kind) {}
@@ -34,14 +33,14 @@ struct stl_mngr
     mutable std::string narrow_val_prop_name;
     mutable std::string narrow_rng_prop_name;
 
-    friend bool operator==(stl_mngr const& a, stl_mngr const& b);
+    friend bool operator==(stl_mngr const &a, stl_mngr const &b);
 };
 
 struct stl_mngr_list
 {
     explicit stl_mngr_list(style_kind k) : kind(k) { mngrs.push_back(std::make_unique<stl_mngr>(k)); }
-    stl_mngr_list(stl_mngr_list const& source) { *this = source; }
-    stl_mngr_list& operator=(stl_mngr_list const& source);
+    stl_mngr_list(stl_mngr_list const &source) { *this = source; }
+    stl_mngr_list &operator=(stl_mngr_list const &source);
     ~stl_mngr_list() = default;
 
     style_kind kind = style_kind::pnt;

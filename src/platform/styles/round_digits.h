@@ -2,12 +2,12 @@
 
 #include <string>
 
-namespace vx::styles
-{
+namespace vx::styles {
 /// Rounds nothing.
 inline constexpr int c_no_rounding = -30;
 
-/// The value rounded to a multiple of 10^digits, halves away from zero; the value itself where that is out of range.
+/// The value rounded to a multiple of 10^digits, halves away from zero; the value itself where that is out of
+/// range.
 [[nodiscard]] double round_to(int digits, double value);
 /// See `vx_round_digits_format_number`.
 [[nodiscard]] std::wstring format_number(int digits, double value);

@@ -1,34 +1,34 @@
 #include "platform/styles/scale_model.h"
+
 #include "platform/basic/vx_oklab.h"
+
+#include <queue>
 
 #include <algorithm>
 #include <cmath>
 #include <cwctype>
 #include <functional>
 #include <limits>
-#include <queue>
 
-namespace vx::styles
-{
-namespace
-{
+namespace vx::styles {
+namespace {
 bool is_space(wchar_t c)
 {
     return c == L' ' || (c >= L'\t' && c <= L'\r') || c == 0xA0;
 }
 
 template <class T>
-std::vector<std::unique_ptr<T>> clone_all(std::vector<std::unique_ptr<T>> const& source)
+std::vector<std::unique_ptr<T>> clone_all(std::vector<std::unique_ptr<T>> const &source)
 {
     std::vector<std::unique_ptr<T>> copy;
     copy.reserve(source.size());
-    for (auto const& item : source)
+    for (auto const &item : source)
         copy.push_back(std::make_unique<T>(*item));
     return copy;
 }
 
 template <class T>
-void move_item(std::vector<T>& items, unsigned from, unsigned to)
+void move_item(std::vector<T> &items, unsigned from, unsigned to)
 {
     auto const at = [&](unsigned i) { return items.begin() + static_cast<std::ptrdiff_t>(i); };
     if (from < to)
@@ -43,7 +43,8 @@ std::uint32_t hash_of(std::wstring_view text)
     std::uint64_t h = text.size() * 0x9E3779B97F4A7C15u;
     std::size_t i = 0;
     for (; i + 1 < text.size(); i += 2) {
-        std::uint64_t const pair = static_cast<std::uint64_t>(text[i]) << 32 | static_cast<std::uint32_t>(text[i + 1]);
+        std::uint64_t const pair =
+            static_cast<std::uint64_t>(text[i]) << 32 | static_cast<std::uint32_t>(text[i + 1]);
         h = (h ^ pair) * 0xBF58476D1CE4E5B9u;
         h ^= h >> 32;
     }
@@ -58,7 +59,7 @@ bool same(double a, double b)
     return a == b || (std::isnan(a) && std::isnan(b));
 }
 
-bool operator==(rng_end const& a, rng_end const& b)
+bool operator==(rng_end const &a, rng_end const &b)
 {
     return same(a.value, b.value) && a.caption == b.caption && a.prm == b.prm;
 }
@@ -78,7 +79,7 @@ opacity_curve default_opacity_curve()
     return {{0, 1}, {1, 1}};
 }
 
-opacity_curve make_opacity_curve(double const* positions, double const* opacities, unsigned count)
+opacity_curve make_opacity_curve(double const *positions, double const *opacities, unsigned count)
 {
     if (!positions || !opacities || count < 2 || positions[0] != 0 || positions[count - 1] != 1)
         return {};
@@ -92,7 +93,7 @@ opacity_curve make_opacity_curve(double const* positions, double const* opacitie
     return curve;
 }
 
-void blend_row(gradient kind, any_style& target, any_style const& first, any_style const& last, double t)
+void blend_row(gradient kind, any_style &target, any_style const &first, any_style const &last, double t)
 {
     Tvx_color const own = target.color();
     switch (kind) {
@@ -118,13 +119,13 @@ void blend_row(gradient kind, any_style& target, any_style const& first, any_sty
 }
 
 // ---- value scale
-val_scale::val_scale(val_scale const& source)
+val_scale::val_scale(val_scale const &source)
     : other(source.other), opacity(source.opacity), f_entries(clone_all(source.f_entries)),
       f_active(source.f_active), f_kind(source.f_kind)
 {
 }
 
-val_scale& val_scale::operator=(val_scale const& source)
+val_scale &val_scale::operator=(val_scale const &source)
 {
     if (this == &source)
         return *this;
@@ -176,11 +177,11 @@ void val_scale::erase(unsigned index)
 
 void val_scale::erase_marked()
 {
-    val_entry const* active = f_active >= 0 ? at(static_cast<unsigned>(f_active)) : nullptr;
+    val_entry const *active = f_active >= 0 ? at(static_cast<unsigned>(f_active)) : nullptr;
     if (active && active->marked)
         active = nullptr;
     f_index.clear();
-    std::erase_if(f_entries, [](auto const& entry) { return entry->marked; });
+    std::erase_if(f_entries, [](auto const &entry) { return entry->marked; });
     f_active = -1;
     for (unsigned i = 0; active && i < size(); ++i)
         if (f_entries[i].get() == active)
@@ -204,7 +205,7 @@ void val_scale::move(unsigned from, unsigned to)
         ++f_active;
 }
 
-void val_scale::set_order(int const* order, unsigned count)
+void val_scale::set_order(int const *order, unsigned count)
 {
     std::vector<unsigned> place;
     if (!reorder(f_entries, order, count, &place))
@@ -222,11 +223,11 @@ void val_scale::set_text(unsigned index, std::wstring_view text)
     f_entries[index]->text = text;
 }
 
-val_scale::slot& val_scale::slot_of(std::wstring_view text, std::uint32_t hash) const
+val_scale::slot &val_scale::slot_of(std::wstring_view text, std::uint32_t hash) const
 {
     std::size_t const mask = f_index.size() - 1;
     for (std::size_t i = hash & mask;; i = (i + 1) & mask) {
-        slot& s = f_index[i];
+        slot &s = f_index[i];
         if (!s.entry || (s.hash == hash && std::wstring_view(f_texts).substr(s.start, s.length) == text))
             return s;
     }
@@ -242,10 +243,11 @@ void val_scale::build_index() const
     for (std::uint32_t i = 0; i < f_entries.size(); ++i) {
         auto const text = trimmed(f_entries[i]->text);
         std::uint32_t const hash = hash_of(text);
-        slot& s = slot_of(text, hash);
+        slot &s = slot_of(text, hash);
         if (s.entry) // the first of equal texts stays
             continue;
-        s = {i + 1, hash, static_cast<std::uint32_t>(f_texts.size()), static_cast<std::uint32_t>(text.size())};
+        s = {i + 1, hash, static_cast<std::uint32_t>(f_texts.size()),
+             static_cast<std::uint32_t>(text.size())};
         f_texts += text;
     }
 }
@@ -260,23 +262,23 @@ int val_scale::find(std::wstring_view text) const
     return static_cast<int>(slot_of(text, hash_of(text)).entry) - 1;
 }
 
-bool operator==(val_scale const& a, val_scale const& b)
+bool operator==(val_scale const &a, val_scale const &b)
 {
     return a.f_kind == b.f_kind && a.other == b.other && a.opacity == b.opacity &&
-           std::ranges::equal(a.f_entries, b.f_entries, [](auto const& x, auto const& y) {
+           std::ranges::equal(a.f_entries, b.f_entries, [](auto const &x, auto const &y) {
                return x->text == y->text && x->caption == y->caption && x->prm == y->prm;
            });
 }
 
 // ---- range scale
-rng_scale::rng_scale(rng_scale const& source)
+rng_scale::rng_scale(rng_scale const &source)
     : min(source.min), max(source.max), other(source.other), rng_type(source.rng_type),
       round_digits(source.round_digits), deviation_coeff(source.deviation_coeff), opacity(source.opacity),
       f_entries(clone_all(source.f_entries)), f_kind(source.f_kind)
 {
 }
 
-rng_scale& rng_scale::operator=(rng_scale const& source)
+rng_scale &rng_scale::operator=(rng_scale const &source)
 {
     if (this == &source)
         return *this;
@@ -321,7 +323,7 @@ void rng_scale::erase(unsigned index)
 void rng_scale::erase_marked()
 {
     f_steps_valid = false;
-    std::erase_if(f_entries, [](auto const& entry) { return entry->marked; });
+    std::erase_if(f_entries, [](auto const &entry) { return entry->marked; });
 }
 
 void rng_scale::move(unsigned from, unsigned to)
@@ -332,7 +334,7 @@ void rng_scale::move(unsigned from, unsigned to)
     move_item(f_entries, from, to);
 }
 
-void rng_scale::set_order(int const* order, unsigned count)
+void rng_scale::set_order(int const *order, unsigned count)
 {
     if (reorder(f_entries, order, count))
         f_steps_valid = false;
@@ -354,7 +356,7 @@ void rng_scale::set_span(double min_value, double max_value)
     max.value = max_value;
 }
 
-scale_prm* rng_scale::row(unsigned index)
+scale_prm *rng_scale::row(unsigned index)
 {
     if (index == 0)
         return &min.prm;
@@ -368,12 +370,13 @@ scale_prm* rng_scale::row(unsigned index)
 void rng_scale::build_steps() const
 {
     // Sweep over the bounds from low to high; between two of them the row is the lowest open range.
-    f_steps.clear();
+    f_uppers.clear();
+    f_rows.clear();
     f_steps_valid = true;
     std::vector<double> bounds;
     std::vector<unsigned> by_min;
     for (unsigned i = 0; i < size(); ++i) {
-        rng_entry const& r = *f_entries[i];
+        rng_entry const &r = *f_entries[i];
         if (!(r.min < r.max))
             continue;
         bounds.push_back(r.min);
@@ -392,10 +395,12 @@ void rng_scale::build_steps() const
         while (!open.empty() && f_entries[open.top()]->max < bounds[b])
             open.pop();
         unsigned const row = open.empty() ? other_row() : open.top() + 1;
-        if (!f_steps.empty() && f_steps.back().row == row)
-            f_steps.back().upper = bounds[b];
-        else
-            f_steps.push_back({bounds[b], row});
+        if (!f_rows.empty() && f_rows.back() == row) {
+            f_uppers.back() = bounds[b];
+        } else {
+            f_uppers.push_back(bounds[b]);
+            f_rows.push_back(row);
+        }
     }
 }
 
@@ -409,17 +414,26 @@ unsigned rng_scale::find(double value) const
         return size() + 1;
     if (!f_steps_valid)
         build_steps();
-    auto const it = std::ranges::lower_bound(f_steps, value, {}, &step::upper);
-    return it == f_steps.end() ? other_row() : it->row;
+    // Binary search in which nothing depends on a guess: values come in no order.
+    double const *first = f_uppers.data();
+    for (std::size_t left = f_uppers.size(); left > 0;) {
+        std::size_t const half = left / 2;
+        bool const above = first[half] < value;
+        first += above ? half + 1 : 0;
+        left = above ? left - half - 1 : half;
+    }
+    auto const step = static_cast<std::size_t>(first - f_uppers.data());
+    return step == f_uppers.size() ? other_row() : f_rows[step];
 }
 
-bool operator==(rng_scale const& a, rng_scale const& b)
+bool operator==(rng_scale const &a, rng_scale const &b)
 {
     return a.f_kind == b.f_kind && a.min == b.min && a.max == b.max && a.other == b.other &&
            a.rng_type == b.rng_type && a.round_digits == b.round_digits &&
            same(a.deviation_coeff, b.deviation_coeff) && a.opacity == b.opacity &&
-           std::ranges::equal(a.f_entries, b.f_entries, [](auto const& x, auto const& y) {
-               return same(x->min, y->min) && same(x->max, y->max) && x->caption == y->caption && x->prm == y->prm;
+           std::ranges::equal(a.f_entries, b.f_entries, [](auto const &x, auto const &y) {
+               return same(x->min, y->min) && same(x->max, y->max) && x->caption == y->caption &&
+                      x->prm == y->prm;
            });
 }
 } // namespace vx::styles

@@ -1,17 +1,16 @@
 #include "platform/styles/style_kind.h"
+
 #include "platform/styles/vx_style_keys.h"
 
 #include <algorithm>
 #include <array>
 
-namespace vx::styles
-{
-namespace
-{
+namespace vx::styles {
+namespace {
 struct kind_keys
 {
-    char const* style;
-    char const* mngr;
+    char const *style;
+    char const *mngr;
 };
 
 constexpr std::array<kind_keys, c_style_kinds> c_keys{{
@@ -39,7 +38,7 @@ bool same_key(std::string_view a, std::string_view b)
     return std::ranges::equal(a, b, {}, lower, lower);
 }
 
-std::optional<style_kind> style_kind_of(char const* key)
+std::optional<style_kind> style_kind_of(char const *key)
 {
     if (!key)
         return std::nullopt;
@@ -49,12 +48,12 @@ std::optional<style_kind> style_kind_of(char const* key)
     return std::nullopt;
 }
 
-char const* style_key(style_kind kind)
+char const *style_key(style_kind kind)
 {
     return c_keys[static_cast<std::size_t>(kind)].style;
 }
 
-char const* mngr_key(style_kind kind)
+char const *mngr_key(style_kind kind)
 {
     return c_keys[static_cast<std::size_t>(kind)].mngr;
 }

@@ -3,8 +3,7 @@
 #include <optional>
 #include <string_view>
 
-namespace vx::styles
-{
+namespace vx::styles {
 /// What a composed style, and a manager of such styles, is for.
 enum class style_kind : unsigned char
 {
@@ -23,10 +22,10 @@ enum class style_kind : unsigned char
 inline constexpr int c_style_kinds = 11;
 
 /// The kind of a plain key or a manager key, in any case.
-[[nodiscard]] std::optional<style_kind> style_kind_of(char const* key);
+[[nodiscard]] std::optional<style_kind> style_kind_of(char const *key);
 /// Static text.
-[[nodiscard]] char const* style_key(style_kind kind);
-[[nodiscard]] char const* mngr_key(style_kind kind);
+[[nodiscard]] char const *style_key(style_kind kind);
+[[nodiscard]] char const *mngr_key(style_kind kind);
 /// Equal without regard to the case of ASCII letters.
 [[nodiscard]] bool same_key(std::string_view a, std::string_view b);
 } // namespace vx::styles

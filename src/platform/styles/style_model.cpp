@@ -2,20 +2,18 @@
 
 #include <utility>
 
-namespace vx::styles
-{
-namespace
-{
+namespace vx::styles {
+namespace {
 /// Colour of the default selection styles.
 constexpr Tvx_color c_selection = vx_clr_init_rgb(230, 30, 30);
 
 // ---- base styles: one colour, one size, or those of the complex style
 template <class T>
-Tvx_color color_of(T const& s)
+Tvx_color color_of(T const &s)
 {
     if constexpr (requires { s.complex; }) {
         if (s.use_complex) {
-            cpx_style const* cpx = s.complex.find();
+            cpx_style const *cpx = s.complex.find();
             if (auto color = cpx ? leading_color(*cpx) : std::nullopt)
                 return *color;
         }
@@ -24,7 +22,7 @@ Tvx_color color_of(T const& s)
 }
 
 template <class T>
-void put_color(T& s, Tvx_color color)
+void put_color(T &s, Tvx_color color)
 {
     if constexpr (requires { s.complex; }) {
         if (s.use_complex && s.complex.find() && leading_color(*s.complex.find())) {
@@ -36,7 +34,7 @@ void put_color(T& s, Tvx_color color)
 }
 
 template <class T>
-void put_all_colors(T& s, Tvx_color color)
+void put_all_colors(T &s, Tvx_color color)
 {
     s.color = color;
     if constexpr (requires { s.complex; }) {
@@ -46,7 +44,7 @@ void put_all_colors(T& s, Tvx_color color)
 }
 
 template <class T>
-auto& own_size(T& s)
+auto &own_size(T &s)
 {
     if constexpr (requires { s.size; })
         return s.size;
@@ -55,11 +53,11 @@ auto& own_size(T& s)
 }
 
 template <class T>
-double size_of(T const& s)
+double size_of(T const &s)
 {
     if constexpr (requires { s.complex; }) {
         if (s.use_complex) {
-            cpx_style const* cpx = s.complex.find();
+            cpx_style const *cpx = s.complex.find();
             if (auto size = cpx ? leading_size(*cpx) : std::nullopt)
                 return *size;
         }
@@ -68,7 +66,7 @@ double size_of(T const& s)
 }
 
 template <class T>
-void put_size(T& s, double size)
+void put_size(T &s, double size)
 {
     if constexpr (requires { s.complex; }) {
         if (s.use_complex && s.complex.find() && leading_size(*s.complex.find())) {
@@ -82,7 +80,7 @@ void put_size(T& s, double size)
 // ---- composed styles
 /// Runs `f` on the component that leads the style, for its colour.
 template <class S, class F>
-decltype(auto) with_leader(S& s, F f)
+decltype(auto) with_leader(S &s, F f)
 {
     if constexpr (requires { s.bpgn; }) {
         if (s.pgn_visible || (!s.pln_visible && !s.pnt_visible))
@@ -105,7 +103,7 @@ decltype(auto) with_leader(S& s, F f)
 
 /// The same for its size: a fill has none, so the line leads.
 template <class S, class F>
-decltype(auto) with_size_leader(S& s, F f)
+decltype(auto) with_size_leader(S &s, F f)
 {
     if constexpr (requires { s.bpln; })
         return s.pln_visible || !s.pnt_visible ? f(s.bpln) : f(s.bpnt);
@@ -118,7 +116,7 @@ decltype(auto) with_size_leader(S& s, F f)
 }
 
 template <class S, class F>
-void for_each_component(S& s, F f)
+void for_each_component(S &s, F f)
 {
     if constexpr (requires { s.bpgn; })
         f(s.bpgn);
@@ -148,40 +146,40 @@ public:
     {
         return std::unique_ptr<any_style>(new style_holder(*this));
     }
-    void assign(any_style const& other) override { style = static_cast<style_holder const&>(other).style; }
-    [[nodiscard]] bool equals(any_style const& other) const override
+    void assign(any_style const &other) override { style = static_cast<style_holder const &>(other).style; }
+    [[nodiscard]] bool equals(any_style const &other) const override
     {
-        return style == static_cast<style_holder const&>(other).style;
+        return style == static_cast<style_holder const &>(other).style;
     }
-    [[nodiscard]] void* value() override
+    [[nodiscard]] void *value() override
     {
         if constexpr (std::is_same_v<S, clr_style>)
             return &style.color;
         else
             return &style;
     }
-    [[nodiscard]] void const* value() const override { return const_cast<style_holder*>(this)->value(); }
+    [[nodiscard]] void const *value() const override { return const_cast<style_holder *>(this)->value(); }
 
     [[nodiscard]] Tvx_color color() const override
     {
         if constexpr (c_plain)
             return style.color;
         else
-            return with_leader(style, [](auto const& part) { return color_of(part); });
+            return with_leader(style, [](auto const &part) { return color_of(part); });
     }
     void set_color(Tvx_color color) override
     {
         if constexpr (c_plain)
             style.color = color;
         else
-            with_leader(style, [&](auto& part) { put_color(part, color); });
+            with_leader(style, [&](auto &part) { put_color(part, color); });
     }
     void set_all_colors(Tvx_color color) override
     {
         if constexpr (c_plain)
             style.color = color;
         else
-            for_each_component(style, [&](auto& part) { put_all_colors(part, color); });
+            for_each_component(style, [&](auto &part) { put_all_colors(part, color); });
     }
     [[nodiscard]] double size() const override
     {
@@ -190,7 +188,7 @@ public:
         else if constexpr (c_plain)
             return style.font_size;
         else
-            return with_size_leader(style, [](auto const& part) { return size_of(part); });
+            return with_size_leader(style, [](auto const &part) { return size_of(part); });
     }
     void set_size(double size) override
     {
@@ -199,7 +197,7 @@ public:
         else if constexpr (c_plain)
             style.font_size = size;
         else
-            with_size_leader(style, [&](auto& part) { put_size(part, size); });
+            with_size_leader(style, [&](auto &part) { put_size(part, size); });
     }
 
 private:
@@ -243,7 +241,7 @@ std::unique_ptr<any_style> make_default_style(style_kind kind, variant_of_style 
     auto style = make_style(kind);
     // Labels beside a point; on lines and in polygons in the middle.
     if (kind == style_kind::txt_pln || kind == style_kind::txt_pgn) {
-        auto* text = static_cast<txt_style*>(style->value());
+        auto *text = static_cast<txt_style *>(style->value());
         text->pos_x = 0;
         text->pos_y = 0;
     }
@@ -252,7 +250,7 @@ std::unique_ptr<any_style> make_default_style(style_kind kind, variant_of_style 
     return style;
 }
 
-any_style const& default_style(style_kind kind, variant_of_style variant)
+any_style const &default_style(style_kind kind, variant_of_style variant)
 {
     static auto const styles = [] {
         std::array<std::array<std::unique_ptr<any_style>, 2>, c_style_kinds> all;
@@ -265,19 +263,19 @@ any_style const& default_style(style_kind kind, variant_of_style variant)
     return *styles[static_cast<std::size_t>(kind)][index_of(variant)];
 }
 
-stl_prm::stl_prm(stl_prm const& other) : f_kind(other.f_kind)
+stl_prm::stl_prm(stl_prm const &other) : f_kind(other.f_kind)
 {
     for (std::size_t i = 0; i < f_styles.size(); ++i)
         if (other.f_styles[i])
             f_styles[i] = other.f_styles[i]->clone();
 }
 
-stl_prm& stl_prm::operator=(stl_prm const& other)
+stl_prm &stl_prm::operator=(stl_prm const &other)
 {
     if (this == &other)
         return *this;
     if (f_kind != other.f_kind) {
-        for (auto& style : f_styles)
+        for (auto &style : f_styles)
             style.reset();
         f_kind = other.f_kind;
     }
@@ -286,33 +284,33 @@ stl_prm& stl_prm::operator=(stl_prm const& other)
     return *this;
 }
 
-any_style& stl_prm::get(variant_of_style variant)
+any_style &stl_prm::get(variant_of_style variant)
 {
-    auto& style = f_styles[index_of(variant)];
+    auto &style = f_styles[index_of(variant)];
     if (!style)
         style = make_default_style(f_kind, variant);
     return *style;
 }
 
-any_style const& stl_prm::read(variant_of_style variant) const
+any_style const &stl_prm::read(variant_of_style variant) const
 {
-    auto const& style = f_styles[index_of(variant)];
+    auto const &style = f_styles[index_of(variant)];
     return style ? *style : default_style(f_kind, variant);
 }
 
-void stl_prm::assign_variant(stl_prm const& source, variant_of_style variant)
+void stl_prm::assign_variant(stl_prm const &source, variant_of_style variant)
 {
     if (this == &source || f_kind != source.f_kind)
         return;
-    auto& mine = f_styles[index_of(variant)];
-    auto const& theirs = source.f_styles[index_of(variant)];
+    auto &mine = f_styles[index_of(variant)];
+    auto const &theirs = source.f_styles[index_of(variant)];
     if (mine)
         mine->assign(source.read(variant)); // pointers handed out stay good
     else if (theirs)
         mine = theirs->clone();
 }
 
-bool operator==(stl_prm const& a, stl_prm const& b)
+bool operator==(stl_prm const &a, stl_prm const &b)
 {
     if (a.f_kind != b.f_kind)
         return false;

@@ -11,8 +11,7 @@
 #include <vector>
 
 /// The styles behind the opaque pointers, as ordinary values. Sizes are in millimetres, angles in degrees.
-namespace vx::styles
-{
+namespace vx::styles {
 /// Whether a style is the one of an object at rest or of a selected one.
 enum class variant_of_style : unsigned char
 {
@@ -34,7 +33,7 @@ struct bpnt_style
     double size = 2;
     vx_fnt_type font;
     cpx_slot complex{style_kind::pnt};
-    bool operator==(bpnt_style const&) const = default;
+    bool operator==(bpnt_style const &) const = default;
 };
 
 struct bpln_style
@@ -43,7 +42,7 @@ struct bpln_style
     Tvx_color color = vx_clr_init_rgb(72, 72, 72);
     double width = 0.25;
     cpx_slot complex{style_kind::pln};
-    bool operator==(bpln_style const&) const = default;
+    bool operator==(bpln_style const &) const = default;
 };
 
 struct bpgn_style
@@ -51,14 +50,14 @@ struct bpgn_style
     bool use_complex = false;
     Tvx_color color = vx_clr_init_rgb(208, 220, 236);
     cpx_slot complex{style_kind::pgn};
-    bool operator==(bpgn_style const&) const = default;
+    bool operator==(bpgn_style const &) const = default;
 };
 
 struct pnt_style
 {
     bpnt_style bpnt;
     bool pnt_visible = true;
-    bool operator==(pnt_style const&) const = default;
+    bool operator==(pnt_style const &) const = default;
 };
 
 struct pln_style
@@ -71,7 +70,7 @@ struct pln_style
     bool pnt_visible = false;
     bool end_visible = false;
     bool beg_visible = false;
-    bool operator==(pln_style const&) const = default;
+    bool operator==(pln_style const &) const = default;
 };
 
 struct pgn_style
@@ -82,20 +81,20 @@ struct pgn_style
     bool pgn_visible = true;
     bool pln_visible = true;
     bool pnt_visible = false;
-    bool operator==(pgn_style const&) const = default;
+    bool operator==(pgn_style const &) const = default;
 };
 
 struct clr_style
 {
     Tvx_color color = vx_clr_init_rgb(128, 128, 128);
-    bool operator==(clr_style const&) const = default;
+    bool operator==(clr_style const &) const = default;
 };
 
 struct bpnt3d_style
 {
     Tvx_color color = vx_clr_init_rgb(56, 96, 152);
     double size = 2;
-    bool operator==(bpnt3d_style const&) const = default;
+    bool operator==(bpnt3d_style const &) const = default;
 };
 
 /// The width of a line in space counts four times that of a line in the plane.
@@ -103,20 +102,20 @@ struct bpln3d_style
 {
     Tvx_color color = vx_clr_init_rgb(72, 72, 72);
     double width = 1;
-    bool operator==(bpln3d_style const&) const = default;
+    bool operator==(bpln3d_style const &) const = default;
 };
 
 struct bpgn3d_style
 {
     Tvx_color color = vx_clr_init_rgb(208, 220, 236);
-    bool operator==(bpgn3d_style const&) const = default;
+    bool operator==(bpgn3d_style const &) const = default;
 };
 
 struct pnt3d_style
 {
     bpnt3d_style bpnt3d;
     bool pnt_visible = true;
-    bool operator==(pnt3d_style const&) const = default;
+    bool operator==(pnt3d_style const &) const = default;
 };
 
 struct pln3d_style
@@ -125,7 +124,7 @@ struct pln3d_style
     bpnt3d_style bpnt3d;
     bool pln_visible = true;
     bool pnt_visible = false;
-    bool operator==(pln3d_style const&) const = default;
+    bool operator==(pln3d_style const &) const = default;
 };
 
 struct pgn3d_style
@@ -136,14 +135,15 @@ struct pgn3d_style
     bool pgn_visible = true;
     bool pln_visible = true;
     bool pnt_visible = false;
-    bool operator==(pgn3d_style const&) const = default;
+    bool operator==(pgn3d_style const &) const = default;
 };
 
-/// The lines of a label. A line that names a property is replaced by its value, any other text is written as it is.
+/// The lines of a label. A line that names a property is replaced by its value, any other text is written as
+/// it is.
 struct txt_stl_line
 {
     std::vector<std::wstring> lines;
-    bool operator==(txt_stl_line const&) const = default;
+    bool operator==(txt_stl_line const &) const = default;
 };
 
 /// How a label is written: at a point, along a line, inside a polygon.
@@ -168,7 +168,7 @@ struct txt_style
     double delta_x = 0;
     double delta_y = 0;
     txt_stl_line lines;
-    bool operator==(txt_style const&) const = default;
+    bool operator==(txt_style const &) const = default;
 };
 
 /// A composed style of any kind, on the heap and at one address.
@@ -176,68 +176,69 @@ class any_style
 {
 public:
     any_style() = default;
-    any_style& operator=(any_style const&) = delete;
+    any_style &operator=(any_style const &) = delete;
     virtual ~any_style() = default;
 
     [[nodiscard]] virtual std::unique_ptr<any_style> clone() const = 0;
     /// `other` is of the same kind. The components keep their addresses.
-    virtual void assign(any_style const& other) = 0;
-    [[nodiscard]] virtual bool equals(any_style const& other) const = 0;
+    virtual void assign(any_style const &other) = 0;
+    [[nodiscard]] virtual bool equals(any_style const &other) const = 0;
     /// The style itself: `pnt_style` and so on by the kind; for colours the `Tvx_color`.
-    [[nodiscard]] virtual void* value() = 0;
-    [[nodiscard]] virtual void const* value() const = 0;
+    [[nodiscard]] virtual void *value() = 0;
+    [[nodiscard]] virtual void const *value() const = 0;
 
-    /// The leading colour: that of the first visible component in the order fill, line, point; of the first component
-    /// if none is visible. With a complex style, that of its first layer with a colour.
+    /// The leading colour: that of the first visible component in the order fill, line, point; of the first
+    /// component if none is visible. With a complex style, that of its first layer with a colour.
     [[nodiscard]] virtual Tvx_color color() const = 0;
     virtual void set_color(Tvx_color color) = 0;
     /// In all components and layers; of a text the letters alone.
     virtual void set_all_colors(Tvx_color color) = 0;
-    /// The leading size: of a point its size, of a line its width, of a polygon its outline's width, of a text its
-    /// font's size. A colour has none, and reads 0.
+    /// The leading size: of a point its size, of a line its width, of a polygon its outline's width, of a
+    /// text its font's size. A colour has none, and reads 0.
     [[nodiscard]] virtual double size() const = 0;
     virtual void set_size(double size) = 0;
 
 protected:
-    any_style(any_style const&) = default;
+    any_style(any_style const &) = default;
 };
 
-/// A style with the defaults of its kind. The default selection style is the base style in the selection colour.
+/// A style with the defaults of its kind. The default selection style is the base style in the selection
+/// colour.
 [[nodiscard]] std::unique_ptr<any_style> make_default_style(style_kind kind, variant_of_style variant);
 /// The same as one shared object.
-[[nodiscard]] any_style const& default_style(style_kind kind, variant_of_style variant);
+[[nodiscard]] any_style const &default_style(style_kind kind, variant_of_style variant);
 
-/// Style parameters of one entry: a base and a selection style of one kind. A style that was never asked for to be
-/// written is not stored and equals the default.
+/// Style parameters of one entry: a base and a selection style of one kind. A style that was never asked for
+/// to be written is not stored and equals the default.
 class stl_prm
 {
 public:
     explicit stl_prm(style_kind kind) : f_kind(kind) {}
-    stl_prm(stl_prm const& other);
-    stl_prm(stl_prm&&) noexcept = default;
+    stl_prm(stl_prm const &other);
+    stl_prm(stl_prm &&) noexcept = default;
     /// Takes over kind and both styles.
-    stl_prm& operator=(stl_prm const& other);
-    stl_prm& operator=(stl_prm&&) noexcept = delete;
+    stl_prm &operator=(stl_prm const &other);
+    stl_prm &operator=(stl_prm &&) noexcept = delete;
     ~stl_prm() = default;
 
     [[nodiscard]] style_kind kind() const { return f_kind; }
-    [[nodiscard]] any_style& get(variant_of_style variant);
-    [[nodiscard]] any_style const& read(variant_of_style variant) const;
+    [[nodiscard]] any_style &get(variant_of_style variant);
+    [[nodiscard]] any_style const &read(variant_of_style variant) const;
     /// Copies one of the two styles of `source`; nothing if the kinds differ.
-    void assign_variant(stl_prm const& source, variant_of_style variant);
-    friend bool operator==(stl_prm const& a, stl_prm const& b);
+    void assign_variant(stl_prm const &source, variant_of_style variant);
+    friend bool operator==(stl_prm const &a, stl_prm const &b);
 
     /// The style of the kind's own type to write to, or null if this kind has none of it.
     template <class T>
-    [[nodiscard]] T* edit(variant_of_style variant)
+    [[nodiscard]] T *edit(variant_of_style variant)
     {
-        return holds<T>() ? static_cast<T*>(get(variant).value()) : nullptr;
+        return holds<T>() ? static_cast<T *>(get(variant).value()) : nullptr;
     }
     /// The same to read.
     template <class T>
-    [[nodiscard]] T const* as(variant_of_style variant) const
+    [[nodiscard]] T const *as(variant_of_style variant) const
     {
-        return holds<T>() ? static_cast<T const*>(read(variant).value()) : nullptr;
+        return holds<T>() ? static_cast<T const *>(read(variant).value()) : nullptr;
     }
 
 private:
@@ -270,7 +271,7 @@ struct scale_prm
     explicit scale_prm(style_kind kind) : prm(kind) {}
     stl_prm prm;
     bool visible = true;
-    friend bool operator==(scale_prm const& a, scale_prm const& b)
+    friend bool operator==(scale_prm const &a, scale_prm const &b)
     {
         return a.visible == b.visible && a.prm == b.prm;
     }

@@ -1,4 +1,5 @@
 #include "platform/styles/vx_rng_scale.h"
+
 #include "platform/base/text_codec.h"
 #include "platform/basic/vx_ints.h"
 #include "platform/styles/round_digits.h"
@@ -6,318 +7,324 @@
 
 using namespace vx::styles;
 
-namespace
+namespace {
+rng_scale *scale_of(void *scale)
 {
-rng_scale* scale_of(void* scale) { return static_cast<rng_scale*>(scale); }
-rng_scale const* scale_of(void const* scale) { return static_cast<rng_scale const*>(scale); }
+    return static_cast<rng_scale *>(scale);
+}
+rng_scale const *scale_of(void const *scale)
+{
+    return static_cast<rng_scale const *>(scale);
+}
 
-rng_entry* entry_of(void* scale, unsigned index)
+rng_entry *entry_of(void *scale, unsigned index)
 {
     return scale ? scale_of(scale)->at(index) : nullptr;
 }
-rng_entry const* entry_of(void const* scale, unsigned index)
+rng_entry const *entry_of(void const *scale, unsigned index)
 {
     return scale ? scale_of(scale)->at(index) : nullptr;
 }
 
-std::wstring wide(char const* text)
+std::wstring wide(char const *text)
 {
     return text ? vx::text::to_wide(text) : std::wstring();
 }
 
-void assign_style(scale_prm* target, void const* prm, bool sel)
+void assign_style(scale_prm *target, void const *prm, bool sel)
 {
     if (target && prm)
-        target->prm.assign_variant(*static_cast<stl_prm const*>(prm), variant_of(sel));
+        target->prm.assign_variant(*static_cast<stl_prm const *>(prm), variant_of(sel));
 }
 
-void run(gradient kind, void* scale, unsigned first, unsigned last, bool sel)
+void run(gradient kind, void *scale, unsigned first, unsigned last, bool sel)
 {
-    if (auto* s = scale_of(scale))
+    if (auto *s = scale_of(scale))
         run_gradient(kind, first, last, s->size() + 2, variant_of(sel),
-                     [s](unsigned i) -> stl_prm& { return s->row(i)->prm; });
+                     [s](unsigned i) -> stl_prm & { return s->row(i)->prm; });
 }
 } // namespace
 
-unsigned vx_rng_scale_get_size(void const* scale)
+unsigned vx_rng_scale_get_size(void const *scale)
 {
     return scale ? scale_of(scale)->size() : 0;
 }
 
-void vx_rng_scale_set_size(void* scale, unsigned size)
+void vx_rng_scale_set_size(void *scale, unsigned size)
 {
     if (scale)
         scale_of(scale)->resize(size);
 }
 
-unsigned vx_rng_scale_ins(void* scale, unsigned index)
+unsigned vx_rng_scale_ins(void *scale, unsigned index)
 {
     return scale ? scale_of(scale)->insert(index) : 0;
 }
 
-void vx_rng_scale_del(void* scale, unsigned index)
+void vx_rng_scale_del(void *scale, unsigned index)
 {
     if (scale)
         scale_of(scale)->erase(index);
 }
 
-void vx_rng_scale_del_marked(void* scale)
+void vx_rng_scale_del_marked(void *scale)
 {
     if (scale)
         scale_of(scale)->erase_marked();
 }
 
-void vx_rng_scale_move(void* scale, unsigned from, unsigned to)
+void vx_rng_scale_move(void *scale, unsigned from, unsigned to)
 {
     if (scale)
         scale_of(scale)->move(from, to);
 }
 
-void vx_rng_scale_set_order(void* scale, void const* ints)
+void vx_rng_scale_set_order(void *scale, void const *ints)
 {
     if (scale && ints)
         scale_of(scale)->set_order(vx_ints_get_data(ints), vx_ints_get_size(ints));
 }
 
-void vx_rng_scale_assign(void* target, void const* source)
+void vx_rng_scale_assign(void *target, void const *source)
 {
     if (target && source && scale_of(target)->kind() == scale_of(source)->kind())
         *scale_of(target) = *scale_of(source);
 }
 
-bool vx_rng_scale_equal(void const* a, void const* b)
+bool vx_rng_scale_equal(void const *a, void const *b)
 {
     return a == b || (a && b && *scale_of(a) == *scale_of(b));
 }
 
-char const* vx_rng_scale_get_style_type(void const* scale)
+char const *vx_rng_scale_get_style_type(void const *scale)
 {
     return scale ? style_key(scale_of(scale)->kind()) : nullptr;
 }
 
-double vx_rng_scale_get_min(void const* scale, unsigned index)
+double vx_rng_scale_get_min(void const *scale, unsigned index)
 {
-    auto const* entry = entry_of(scale, index);
+    auto const *entry = entry_of(scale, index);
     return entry ? entry->min : 0;
 }
 
-double vx_rng_scale_get_max(void const* scale, unsigned index)
+double vx_rng_scale_get_max(void const *scale, unsigned index)
 {
-    auto const* entry = entry_of(scale, index);
+    auto const *entry = entry_of(scale, index);
     return entry ? entry->max : 0;
 }
 
-void vx_rng_scale_set_min(void* scale, unsigned index, double value)
+void vx_rng_scale_set_min(void *scale, unsigned index, double value)
 {
-    if (auto const* entry = entry_of(scale, index))
+    if (auto const *entry = entry_of(scale, index))
         scale_of(scale)->set_bounds(index, value, entry->max);
 }
 
-void vx_rng_scale_set_max(void* scale, unsigned index, double value)
+void vx_rng_scale_set_max(void *scale, unsigned index, double value)
 {
-    if (auto const* entry = entry_of(scale, index))
+    if (auto const *entry = entry_of(scale, index))
         scale_of(scale)->set_bounds(index, entry->min, value);
 }
 
-double vx_rng_scale_get_min_value(void const* scale)
+double vx_rng_scale_get_min_value(void const *scale)
 {
     return scale ? scale_of(scale)->min.value : 0;
 }
 
-double vx_rng_scale_get_max_value(void const* scale)
+double vx_rng_scale_get_max_value(void const *scale)
 {
     return scale ? scale_of(scale)->max.value : 0;
 }
 
-void vx_rng_scale_set_min_value(void* scale, double value)
+void vx_rng_scale_set_min_value(void *scale, double value)
 {
     if (scale)
         scale_of(scale)->set_span(value, scale_of(scale)->max.value);
 }
 
-void vx_rng_scale_set_max_value(void* scale, double value)
+void vx_rng_scale_set_max_value(void *scale, double value)
 {
     if (scale)
         scale_of(scale)->set_span(scale_of(scale)->min.value, value);
 }
 
-void vx_rng_scale_get_caption_w(void const* scale, unsigned index, Ivx_string_adp* adp)
+void vx_rng_scale_get_caption_w(void const *scale, unsigned index, Ivx_string_adp *adp)
 {
-    auto const* entry = entry_of(scale, index);
+    auto const *entry = entry_of(scale, index);
     vx_string_adp_feed(adp, entry ? entry->caption.c_str() : L"");
 }
 
-void vx_rng_scale_set_caption_w(void* scale, unsigned index, wchar_t const* text)
+void vx_rng_scale_set_caption_w(void *scale, unsigned index, wchar_t const *text)
 {
-    if (auto* entry = entry_of(scale, index))
+    if (auto *entry = entry_of(scale, index))
         entry->caption = text ? text : L"";
 }
 
-void vx_rng_scale_set_caption(void* scale, unsigned index, char const* text)
+void vx_rng_scale_set_caption(void *scale, unsigned index, char const *text)
 {
     vx_rng_scale_set_caption_w(scale, index, wide(text).c_str());
 }
 
-void vx_rng_scale_set_default_caption(void* scale, unsigned index)
+void vx_rng_scale_set_default_caption(void *scale, unsigned index)
 {
-    auto* entry = entry_of(scale, index);
+    auto *entry = entry_of(scale, index);
     if (!entry)
         return;
     int const digits = scale_of(scale)->round_digits;
     entry->caption = format_number(digits, entry->min) + L" - " + format_number(digits, entry->max);
 }
 
-#define VX_END_TEXT(name, field)                                                                              \
-    void vx_rng_scale_get_##name##_w(void const* scale, Ivx_string_adp* adp)                                  \
-    {                                                                                                         \
-        vx_string_adp_feed(adp, scale ? scale_of(scale)->field.c_str() : L"");                                \
-    }                                                                                                         \
-    void vx_rng_scale_set_##name##_w(void* scale, wchar_t const* text)                                        \
-    {                                                                                                         \
-        if (scale)                                                                                            \
-            scale_of(scale)->field = text ? text : L"";                                                       \
-    }                                                                                                         \
-    void vx_rng_scale_set_##name(void* scale, char const* text)                                               \
-    {                                                                                                         \
-        vx_rng_scale_set_##name##_w(scale, wide(text).c_str());                                               \
+#define VX_END_TEXT(name, field)                                                                             \
+    void vx_rng_scale_get_##name##_w(void const *scale, Ivx_string_adp *adp)                                 \
+    {                                                                                                        \
+        vx_string_adp_feed(adp, scale ? scale_of(scale)->field.c_str() : L"");                               \
+    }                                                                                                        \
+    void vx_rng_scale_set_##name##_w(void *scale, wchar_t const *text)                                       \
+    {                                                                                                        \
+        if (scale)                                                                                           \
+            scale_of(scale)->field = text ? text : L"";                                                      \
+    }                                                                                                        \
+    void vx_rng_scale_set_##name(void *scale, char const *text)                                              \
+    {                                                                                                        \
+        vx_rng_scale_set_##name##_w(scale, wide(text).c_str());                                              \
     }
 VX_END_TEXT(min_caption, min.caption)
 VX_END_TEXT(max_caption, max.caption)
 VX_END_TEXT(other_caption, other.caption)
 #undef VX_END_TEXT
 
-bool vx_rng_scale_get_marked(void const* scale, unsigned index)
+bool vx_rng_scale_get_marked(void const *scale, unsigned index)
 {
-    auto const* entry = entry_of(scale, index);
+    auto const *entry = entry_of(scale, index);
     return entry && entry->marked;
 }
 
-void vx_rng_scale_set_marked(void* scale, unsigned index, bool marked)
+void vx_rng_scale_set_marked(void *scale, unsigned index, bool marked)
 {
-    if (auto* entry = entry_of(scale, index))
+    if (auto *entry = entry_of(scale, index))
         entry->marked = marked;
 }
 
-bool vx_rng_scale_get_min_marked(void const* scale)
+bool vx_rng_scale_get_min_marked(void const *scale)
 {
     return scale && scale_of(scale)->min.marked;
 }
 
-void vx_rng_scale_set_min_marked(void* scale, bool marked)
+void vx_rng_scale_set_min_marked(void *scale, bool marked)
 {
     if (scale)
         scale_of(scale)->min.marked = marked;
 }
 
-bool vx_rng_scale_get_max_marked(void const* scale)
+bool vx_rng_scale_get_max_marked(void const *scale)
 {
     return scale && scale_of(scale)->max.marked;
 }
 
-void vx_rng_scale_set_max_marked(void* scale, bool marked)
+void vx_rng_scale_set_max_marked(void *scale, bool marked)
 {
     if (scale)
         scale_of(scale)->max.marked = marked;
 }
 
-void* vx_rng_scale_get_scale_prm_ptr(void* scale, unsigned index)
+void *vx_rng_scale_get_scale_prm_ptr(void *scale, unsigned index)
 {
-    auto* entry = entry_of(scale, index);
+    auto *entry = entry_of(scale, index);
     return entry ? &entry->prm : nullptr;
 }
 
-void* vx_rng_scale_get_min_prm_ptr(void* scale)
+void *vx_rng_scale_get_min_prm_ptr(void *scale)
 {
     return scale ? &scale_of(scale)->min.prm : nullptr;
 }
 
-void* vx_rng_scale_get_max_prm_ptr(void* scale)
+void *vx_rng_scale_get_max_prm_ptr(void *scale)
 {
     return scale ? &scale_of(scale)->max.prm : nullptr;
 }
 
-void* vx_rng_scale_get_other_prm_ptr(void* scale)
+void *vx_rng_scale_get_other_prm_ptr(void *scale)
 {
     return scale ? &scale_of(scale)->other.prm : nullptr;
 }
 
-void vx_rng_scale_set_stl_prm(void* scale, unsigned index, void const* prm, bool sel)
+void vx_rng_scale_set_stl_prm(void *scale, unsigned index, void const *prm, bool sel)
 {
-    auto* entry = entry_of(scale, index);
+    auto *entry = entry_of(scale, index);
     assign_style(entry ? &entry->prm : nullptr, prm, sel);
 }
 
-void vx_rng_scale_set_min_style_prm(void* scale, void const* prm, bool sel)
+void vx_rng_scale_set_min_style_prm(void *scale, void const *prm, bool sel)
 {
     assign_style(scale ? &scale_of(scale)->min.prm : nullptr, prm, sel);
 }
 
-void vx_rng_scale_set_max_style_prm(void* scale, void const* prm, bool sel)
+void vx_rng_scale_set_max_style_prm(void *scale, void const *prm, bool sel)
 {
     assign_style(scale ? &scale_of(scale)->max.prm : nullptr, prm, sel);
 }
 
-int vx_rng_scale_get_rng_type(void const* scale)
+int vx_rng_scale_get_rng_type(void const *scale)
 {
     return scale ? scale_of(scale)->rng_type : 0;
 }
 
-void vx_rng_scale_set_rng_type(void* scale, int type)
+void vx_rng_scale_set_rng_type(void *scale, int type)
 {
     if (scale)
         scale_of(scale)->rng_type = type;
 }
 
-int vx_rng_scale_get_round_digits(void const* scale)
+int vx_rng_scale_get_round_digits(void const *scale)
 {
     return scale ? scale_of(scale)->round_digits : 0;
 }
 
-void vx_rng_scale_set_round_digits(void* scale, int digits)
+void vx_rng_scale_set_round_digits(void *scale, int digits)
 {
     if (scale)
         scale_of(scale)->round_digits = digits;
 }
 
-double vx_rng_scale_get_deviation_coeff(void const* scale)
+double vx_rng_scale_get_deviation_coeff(void const *scale)
 {
     return scale ? scale_of(scale)->deviation_coeff : 0;
 }
 
-void vx_rng_scale_set_deviation_coeff(void* scale, double coeff)
+void vx_rng_scale_set_deviation_coeff(void *scale, double coeff)
 {
     if (scale)
         scale_of(scale)->deviation_coeff = coeff;
 }
 
-unsigned vx_rng_scale_find(void const* scale, double value)
+unsigned vx_rng_scale_find(void const *scale, double value)
 {
     return scale ? scale_of(scale)->find(value) : 0;
 }
 
-void vx_rng_scale_init_opacity_pts(void* scale)
+void vx_rng_scale_init_opacity_pts(void *scale)
 {
     if (scale)
         scale_of(scale)->opacity = default_opacity_curve();
 }
 
-unsigned vx_rng_scale_get_opacity_pts_size(void const* scale)
+unsigned vx_rng_scale_get_opacity_pts_size(void const *scale)
 {
     return scale ? static_cast<unsigned>(scale_of(scale)->opacity.size()) : 0;
 }
 
-void vx_rng_scale_get_opacity_pt(void const* scale, unsigned index, double* position, double* opacity)
+void vx_rng_scale_get_opacity_pt(void const *scale, unsigned index, double *position, double *opacity)
 {
     if (index >= vx_rng_scale_get_opacity_pts_size(scale))
         return;
-    auto const& pt = scale_of(scale)->opacity[index];
+    auto const &pt = scale_of(scale)->opacity[index];
     if (position)
         *position = pt.position;
     if (opacity)
         *opacity = pt.opacity;
 }
 
-bool vx_rng_scale_set_opacity_pts(void* scale, double const* positions, double const* opacities, unsigned count)
+bool vx_rng_scale_set_opacity_pts(void *scale, double const *positions, double const *opacities,
+                                  unsigned count)
 {
     auto curve = make_opacity_curve(positions, opacities, count);
     if (!scale || curve.empty())
@@ -326,22 +333,22 @@ bool vx_rng_scale_set_opacity_pts(void* scale, double const* positions, double c
     return true;
 }
 
-void vx_rng_scale_clr_gradient(void* scale, unsigned first, unsigned last, bool sel)
+void vx_rng_scale_clr_gradient(void *scale, unsigned first, unsigned last, bool sel)
 {
     run(gradient::color, scale, first, last, sel);
 }
 
-void vx_rng_scale_hue_gradient(void* scale, unsigned first, unsigned last, bool sel)
+void vx_rng_scale_hue_gradient(void *scale, unsigned first, unsigned last, bool sel)
 {
     run(gradient::hue, scale, first, last, sel);
 }
 
-void vx_rng_scale_transparency_gradient(void* scale, unsigned first, unsigned last, bool sel)
+void vx_rng_scale_transparency_gradient(void *scale, unsigned first, unsigned last, bool sel)
 {
     run(gradient::transparency, scale, first, last, sel);
 }
 
-void vx_rng_scale_size_gradient(void* scale, unsigned first, unsigned last, bool sel)
+void vx_rng_scale_size_gradient(void *scale, unsigned first, unsigned last, bool sel)
 {
     run(gradient::size, scale, first, last, sel);
 }

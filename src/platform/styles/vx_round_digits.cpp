@@ -1,12 +1,12 @@
 #include "platform/styles/vx_round_digits.h"
+
 #include "platform/styles/round_digits.h"
 
 #include <array>
 #include <charconv>
 #include <cmath>
 
-namespace vx::styles
-{
+namespace vx::styles {
 double round_to(int digits, double value)
 {
     // Powers of ten up to 22 are exact; dividing by one keeps what multiplying by its inverse would lose.
@@ -34,7 +34,7 @@ std::wstring format_number(int digits, double value)
 }
 } // namespace vx::styles
 
-void vx_round_digits_format_number(int digits, double value, Ivx_string_adp* adp)
+void vx_round_digits_format_number(int digits, double value, Ivx_string_adp *adp)
 {
     vx_string_adp_feed(adp, vx::styles::format_number(digits, value).c_str());
 }

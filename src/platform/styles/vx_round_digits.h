@@ -3,7 +3,8 @@
 #include "platform/base/export.h"
 #include "platform/base/string_adp.h"
 
-/// Hands out the text of a number under round digits, with "." as the decimal separator: rounded to a multiple of 10^digits,
-/// halves away from zero, with -digits decimals below 0 and none otherwise. Digits of -30 round nothing and give the shortest
-/// text that reads back as the number; other digits outside -10 to 10 count as -2. A negative zero has no sign.
-VX_API void vx_round_digits_format_number(int digits, double value, Ivx_string_adp* adp);
+/// Hands out the text of a number under round digits, with "." as the decimal separator: rounded to a
+/// multiple of 10^digits, halves away from zero, with -digits decimals below 0 and none otherwise. Digits of
+/// -30 round nothing and give the shortest text that reads back as the number; other digits outside -10 to 10
+/// count as -2. A negative zero has no sign.
+VX_API void vx_round_digits_format_number(int digits, double value, Ivx_string_adp *adp);

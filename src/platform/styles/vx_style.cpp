@@ -1,4 +1,5 @@
 #include "platform/styles/vx_style.h"
+
 #include "platform/styles/fields.h"
 #include "platform/styles/style_model.h"
 

@@ -1,4 +1,5 @@
 #include "platform/styles/vx_txt_style.h"
+
 #include "platform/styles/fields.h"
 #include "platform/styles/style_model.h"
 
@@ -21,76 +22,76 @@ VX_FIELD(vx_txt_style, txt_style, shadow_gap_y, double)
 VX_FIELD(vx_txt_style, txt_style, delta_x, double)
 VX_FIELD(vx_txt_style, txt_style, delta_y, double)
 
-int vx_txt_style_get_pos_x(void const* style)
+int vx_txt_style_get_pos_x(void const *style)
 {
-    return style ? static_cast<txt_style const*>(style)->pos_x : 0;
+    return style ? static_cast<txt_style const *>(style)->pos_x : 0;
 }
 
-void vx_txt_style_set_pos_x(void* style, int value)
-{
-    if (style && value >= -1 && value <= 1)
-        static_cast<txt_style*>(style)->pos_x = value;
-}
-
-int vx_txt_style_get_pos_y(void const* style)
-{
-    return style ? static_cast<txt_style const*>(style)->pos_y : 0;
-}
-
-void vx_txt_style_set_pos_y(void* style, int value)
+void vx_txt_style_set_pos_x(void *style, int value)
 {
     if (style && value >= -1 && value <= 1)
-        static_cast<txt_style*>(style)->pos_y = value;
+        static_cast<txt_style *>(style)->pos_x = value;
 }
 
-vx_fnt_type* vx_txt_style_get_font_ptr(void* style)
+int vx_txt_style_get_pos_y(void const *style)
 {
-    return style ? &static_cast<txt_style*>(style)->font : nullptr;
+    return style ? static_cast<txt_style const *>(style)->pos_y : 0;
 }
 
-void vx_txt_style_set_font(void* style, vx_fnt_type const* font)
+void vx_txt_style_set_pos_y(void *style, int value)
+{
+    if (style && value >= -1 && value <= 1)
+        static_cast<txt_style *>(style)->pos_y = value;
+}
+
+vx_fnt_type *vx_txt_style_get_font_ptr(void *style)
+{
+    return style ? &static_cast<txt_style *>(style)->font : nullptr;
+}
+
+void vx_txt_style_set_font(void *style, vx_fnt_type const *font)
 {
     vx_fnt_type_assign(vx_txt_style_get_font_ptr(style), font);
 }
 
-void* vx_txt_style_get_txt_stl_line(void* style)
+void *vx_txt_style_get_txt_stl_line(void *style)
 {
-    return style ? &static_cast<txt_style*>(style)->lines : nullptr;
+    return style ? &static_cast<txt_style *>(style)->lines : nullptr;
 }
 
-unsigned vx_txt_stl_line_count(void const* line)
+unsigned vx_txt_stl_line_count(void const *line)
 {
-    return line ? static_cast<unsigned>(static_cast<txt_stl_line const*>(line)->lines.size()) : 0;
+    return line ? static_cast<unsigned>(static_cast<txt_stl_line const *>(line)->lines.size()) : 0;
 }
 
-void vx_txt_stl_line_add(void* line, unsigned count)
+void vx_txt_stl_line_add(void *line, unsigned count)
 {
     if (line)
-        static_cast<txt_stl_line*>(line)->lines.resize(vx_txt_stl_line_count(line) + count);
+        static_cast<txt_stl_line *>(line)->lines.resize(vx_txt_stl_line_count(line) + count);
 }
 
-void vx_txt_stl_line_del(void* line, unsigned index)
+void vx_txt_stl_line_del(void *line, unsigned index)
 {
     if (index >= vx_txt_stl_line_count(line))
         return;
-    auto& lines = static_cast<txt_stl_line*>(line)->lines;
+    auto &lines = static_cast<txt_stl_line *>(line)->lines;
     lines.erase(lines.begin() + index);
 }
 
-void vx_txt_stl_line_clear(void* line)
+void vx_txt_stl_line_clear(void *line)
 {
     if (line)
-        static_cast<txt_stl_line*>(line)->lines.clear();
+        static_cast<txt_stl_line *>(line)->lines.clear();
 }
 
-void vx_txt_stl_line_set_str(void* line, wchar_t const* text, unsigned index)
+void vx_txt_stl_line_set_str(void *line, wchar_t const *text, unsigned index)
 {
     if (index < vx_txt_stl_line_count(line))
-        static_cast<txt_stl_line*>(line)->lines[index] = text ? text : L"";
+        static_cast<txt_stl_line *>(line)->lines[index] = text ? text : L"";
 }
 
-void vx_txt_stl_line_get_str(void const* line, Ivx_string_adp* adp, unsigned index)
+void vx_txt_stl_line_get_str(void const *line, Ivx_string_adp *adp, unsigned index)
 {
     bool const there = index < vx_txt_stl_line_count(line);
-    vx_string_adp_feed(adp, there ? static_cast<txt_stl_line const*>(line)->lines[index].c_str() : L"");
+    vx_string_adp_feed(adp, there ? static_cast<txt_stl_line const *>(line)->lines[index].c_str() : L"");
 }

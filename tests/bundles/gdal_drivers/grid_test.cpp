@@ -218,6 +218,46 @@ TEST_F(gdal_grid, the_examples)
     EXPECT_EQ(histogram.sum, cells);
 }
 
+TEST_F(gdal_grid, a_new_grid_is_written_and_read_again)
+{
+    std::wstring const path = put("x", "") + L".tif";
+    constexpr int c_float32 = 9;
+    {
+        source const made(path, 10);
+        ASSERT_TRUE(made.is_open());
+        vx::grid_source const grid = grid_of(made);
+        int counts[3] = {4, 3, 1};
+        EXPECT_EQ(made.data.field_count(), 0);
+        EXPECT_FALSE(grid.create_grid(L"x", 0, counts, 2, 0)) << "no such type";
+        int none[3] = {0, 3, 1};
+        EXPECT_FALSE(grid.create_grid(L"x", 0, none, 2, c_float32));
+        EXPECT_EQ(f_dir.count(), 1) << "no file yet";
+        ASSERT_TRUE(grid.create_grid(L"x", 0, counts, 2, c_float32)) << vx::text::wide_to_utf8(made.error());
+        EXPECT_FALSE(grid.create_grid(L"x", 0, counts, 2, c_float32)) << "one is enough";
+        double spacing[3] = {2, -2, 1}, origin[3] = {11, 39, 0};
+        EXPECT_TRUE(grid.set_spacing(spacing) && grid.set_origin(origin));
+        block_keeper k;
+        ASSERT_TRUE(grid.with_block(1, k));
+        std::vector<double> cells(12);
+        std::iota(cells.begin(), cells.end(), 0.5);
+        unsigned long long done = 0;
+        EXPECT_EQ(k.block.write(0, 12, cells.data(), 10, &done), 1);
+        EXPECT_EQ(done, 12u);
+        EXPECT_TRUE(k.block.set_nodata(10, 3.5));
+        EXPECT_FALSE(source(path, 10).is_open()) << "a file in the way stays";
+    }
+    source const again(path);
+    Tvx_box_d2 box;
+    ASSERT_TRUE(again.data.with_extent(&box, false));
+    EXPECT_EQ(box, (Tvx_box_d2{10, 34, 18, 40}));
+    EXPECT_EQ(grid_of(again).field_datatype(1), c_float32);
+    double sum = 0;
+    long long count = 0;
+    EXPECT_TRUE(again.stat.sum(1, &sum) && again.stat.count_nonnull(1, &count));
+    EXPECT_EQ(count, 11);
+    EXPECT_EQ(sum, 12 * 0.5 + 66 - 3.5);
+}
+
 TEST_F(gdal_grid, broken_files_give_failures)
 {
     std::string const whole = read_file(VX_EXAMPLE_DATA "/L7_ETMs.tif");

@@ -416,6 +416,11 @@ TEST_F(map_window, the_status_bar_tells_place_and_scale)
     EXPECT_TRUE(coordinates->text().startsWith(QString::number(qint64(place.x)).left(5)))
         << coordinates->text().toStdString();
 
+    // The map moving under a pointer that rests is another place too.
+    QString const before = coordinates->text();
+    hand::press(&canvas(), Qt::Key_Left);
+    EXPECT_NE(coordinates->text(), before);
+
     auto *scale = window->findChild<QComboBox *>("scale");
     scale->lineEdit()->selectAll();
     hand::type(scale->lineEdit(), "1:5000\n");

@@ -1,23 +1,21 @@
+#include "platform/base/owned.h"
 #include "platform/basic/vx_clr_channel.h"
 #include "platform/basic/vx_fnt_type.h"
 #include "platform/basic/vx_ints.h"
 #include "platform/basic/vx_palette.h"
 #include "platform/basic/vx_wstrings.h"
 
-#include "platform/base/owned.h"
-
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <cmath>
+#include <gtest/gtest.h>
 #include <set>
 #include <string>
 #include <tuple>
 #include <vector>
 
-namespace
-{
-constexpr int c_numbers[] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 13, 14, 15, 16, 17, 18, 19, 20, 21, 22, 23, 24, 25, 27};
+namespace {
+constexpr int c_numbers[] = {0,  1,  2,  3,  4,  5,  6,  7,  8,  9,  13, 14,
+                             15, 16, 17, 18, 19, 20, 21, 22, 23, 24, 25, 27};
 
 std::vector<Tvx_color> generate(int palette, unsigned count, bool random)
 {
@@ -84,13 +82,14 @@ TEST(palettes, different_colours_differ)
 TEST(palettes, a_palette_object_is_met_at_its_own_colours)
 {
     vx::owned<void, &vx_clr_palettes_destroy> const list(vx_clr_palettes_create());
-    void* p = vx_clr_palettes_add(list.get());
+    void *p = vx_clr_palettes_add(list.get());
     std::vector<Tvx_color> out(3, vx_clr_init_grey(9));
     vx_clr_arrays_generate_palette_ex(p, 3, out.data(), false);
     vx_clr_arrays_generate_palette_ex(nullptr, 3, out.data(), true);
     EXPECT_EQ(out, std::vector(3, vx_clr_init_grey(9))) << "an empty palette has nothing to give";
     vx_clr_palette_set_size(p, 3);
-    Tvx_color const own[] = {vx_clr_init_rgb(1, 200, 3), vx_clr_init_rgb(40, 5, 6), vx_clr_init_rgb(7, 8, 90)};
+    Tvx_color const own[] = {vx_clr_init_rgb(1, 200, 3), vx_clr_init_rgb(40, 5, 6),
+                             vx_clr_init_rgb(7, 8, 90)};
     for (unsigned i = 0; i < 3; ++i)
         vx_clr_palette_set_color(p, i, own[i]);
     vx_clr_arrays_generate_palette_ex(p, 3, out.data(), false);
@@ -112,7 +111,7 @@ TEST(palettes, a_palette_object_is_met_at_its_own_colours)
 int loads = 0;
 TEST(palettes, the_users_list_is_loaded_once)
 {
-    vx_user_palettes_set_loader([](void* palettes) {
+    vx_user_palettes_set_loader([](void *palettes) {
         ++loads;
         vx_clr_palettes_add(palettes);
         EXPECT_EQ(vx_get_user_palettes(), palettes);
@@ -140,10 +139,10 @@ TEST(lists, ints_sets_and_strings)
 
     struct
     {
-        wchar_t const* text;
+        wchar_t const *text;
         std::vector<std::wstring> parts;
     } const table[] = {{L"", {}}, {L"a", {L"a"}}, {L"*.a;*.b", {L"*.a", L"*.b"}}, {L";x;", {L"", L"x", L""}}};
-    for (auto const& t : table) {
+    for (auto const &t : table) {
         vx::owned<void, &vx_wstrings_destroy> const strings(vx_wstrings_create());
         vx_wstrings_split_str(strings.get(), t.text, L';');
         ASSERT_EQ(vx_wstrings_get_size(strings.get()), t.parts.size());
@@ -166,7 +165,7 @@ TEST(fonts, are_values_and_the_current_one_is_a_copy)
     vx_fnt_type_set_current_font(font.get());
     vx_fnt_type_set_wname(font.get(), nullptr);
     EXPECT_EQ(vx_fnt_type_get_wname_ptr(font.get()), fallback);
-    vx_fnt_type const* current = vx_fnt_type_get_current_font_ptr();
+    vx_fnt_type const *current = vx_fnt_type_get_current_font_ptr();
     EXPECT_STREQ(vx_fnt_type_get_wname_ptr(current), L"Liberation Serif");
     EXPECT_EQ(vx_fnt_type_get_charset(current), 204);
     EXPECT_TRUE(vx_fnt_type_get_strikeout(current));
@@ -177,13 +176,13 @@ TEST(fonts, are_values_and_the_current_one_is_a_copy)
 TEST(channels, copies_keep_their_records_apart)
 {
     vx::owned<void, &vx_rgb_channels_destroy> const a(vx_rgb_channels_create());
-    void* red = vx_rgb_channels_get_red(a.get());
+    void *red = vx_rgb_channels_get_red(a.get());
     vx_clr_channel_set_min(red, 5);
     vx_clr_channel_set_max(red, std::nan(""));
     EXPECT_EQ(vx_clr_channel_get_max(red), 255);
     vx_stat_set_minimum(vx_clr_channel_get_stat(red), -1);
     vx::owned<void, &vx_rgb_channels_destroy> const b(vx_rgb_channels_clone(a.get()));
-    void* copy = vx_rgb_channels_get_red(b.get());
+    void *copy = vx_rgb_channels_get_red(b.get());
     EXPECT_EQ(vx_clr_channel_get_min(copy), 5);
     bool known = false;
     EXPECT_EQ(vx_stat_get_minimum(vx_clr_channel_get_stat(copy), &known), -1);

@@ -6,15 +6,13 @@
 #include "platform/toolkit/bitmap.h"
 #include "platform/toolkit/canvas.h"
 
-#include <gtest/gtest.h>
-
 #include <cmath>
 #include <functional>
+#include <gtest/gtest.h>
 #include <limits>
 #include <vector>
 
-namespace
-{
+namespace {
 constexpr Tvx_color c_white = vx_clr_init_rgb(255, 255, 255);
 constexpr Tvx_color c_red = vx_clr_init_rgb(255, 0, 0);
 
@@ -57,11 +55,11 @@ struct page
 struct geometry
 {
     vx::owned<Tvx_op2d, &vx_ov_d2_destroy> list{vx_ov_d2_create()};
-    explicit geometry(std::vector<std::vector<Tvx_vtx_d2>> const& parts)
+    explicit geometry(std::vector<std::vector<Tvx_vtx_d2>> const &parts)
     {
         vx_ov_d2_set_size(list.get(), parts.size());
         for (std::size_t i = 0; i < parts.size(); ++i) {
-            Tvx_pv_d2* part = vx_ov_d2_get_pv_ptr(list.get(), i);
+            Tvx_pv_d2 *part = vx_ov_d2_get_pv_ptr(list.get(), i);
             vx_pv_d2_set_size(part, parts[i].size());
             for (std::size_t k = 0; k < parts[i].size(); ++k)
                 vx_pv_d2_set_vtx(part, k, &parts[i][k]);
@@ -139,10 +137,11 @@ TEST(render, holes_stay_open_and_far_vertices_do_no_harm)
     vx_bpgn_style_set_color(style.get(), c_red);
     {
         page p;
-        vx_render_cr_bpgn(p.render.get(),
-                          geometry({{{10, 10}, {10, 90}, {90, 90}, {90, 10}}, {{40, 40}, {60, 40}, {60, 60}, {40, 60}}})
-                              .list.get(),
-                          style.get());
+        vx_render_cr_bpgn(
+            p.render.get(),
+            geometry({{{10, 10}, {10, 90}, {90, 90}, {90, 10}}, {{40, 40}, {60, 40}, {60, 60}, {40, 60}}})
+                .list.get(),
+            style.get());
         EXPECT_EQ(p.at(20, 20), c_red);
         EXPECT_EQ(p.at(50, 50), c_white);
         EXPECT_EQ(p.at(5, 5), c_white);
@@ -150,8 +149,8 @@ TEST(render, holes_stay_open_and_far_vertices_do_no_harm)
     }
     page p;
     double const far = 1e12;
-    vx_render_cr_bpgn(p.render.get(), geometry({{{-far, -far}, {-far, far}, {50, far}, {50, -far}}}).list.get(),
-                      style.get());
+    vx_render_cr_bpgn(p.render.get(),
+                      geometry({{{-far, -far}, {-far, far}, {50, far}, {50, -far}}}).list.get(), style.get());
     EXPECT_EQ(p.at(25, 50), c_red);
     EXPECT_EQ(p.at(75, 50), c_white);
     owned_bpln line(vx_bpln_style_create());
@@ -167,7 +166,7 @@ TEST(render, bad_geometry_and_missing_parts_draw_nothing)
     owned_bpln line(vx_bpln_style_create());
     owned_bpgn fill(vx_bpgn_style_create());
     page p;
-    for (auto const& parts : {std::vector<std::vector<Tvx_vtx_d2>>{}, {{}}, {{{50, 50}}}, {{{nan, 50}}}}) {
+    for (auto const &parts : {std::vector<std::vector<Tvx_vtx_d2>>{}, {{}}, {{{50, 50}}}, {{{nan, 50}}}}) {
         geometry g(parts);
         vx_render_cr_bpln(p.render.get(), g.list.get(), line.get());
         vx_render_cr_bpgn(p.render.get(), g.list.get(), fill.get());
@@ -183,7 +182,7 @@ TEST(render, bad_geometry_and_missing_parts_draw_nothing)
 struct complex_line
 {
     owned_bpln style{vx_bpln_style_create()};
-    void* lrs;
+    void *lrs;
     complex_line()
     {
         vx_bpln_style_set_use_complex(style.get(), true);
@@ -194,14 +193,15 @@ struct complex_line
 TEST(render, a_template_repeats_dashes_and_gaps)
 {
     complex_line line;
-    void* tplt = vx_style_lrs_add_lr(line.lrs, "pln_tplt_slr");
+    void *tplt = vx_style_lrs_add_lr(line.lrs, "pln_tplt_slr");
     vx_pln_tplt_lr_set_template(tplt, "10");
     vx_pln_tplt_lr_set_dash(tplt, 2.5); // 10 pixels
     vx_pln_tplt_lr_set_gap(tplt, 5);    // 20 pixels
     vx_pln_tplt_lr_set_width(tplt, 1);
     vx_pln_tplt_lr_set_color(tplt, c_red);
     page p;
-    vx_render_cr_bpln(p.render.get(), geometry({{{0, 50}, {40, 50}, {100, 50}}}).list.get(), line.style.get());
+    vx_render_cr_bpln(p.render.get(), geometry({{{0, 50}, {40, 50}, {100, 50}}}).list.get(),
+                      line.style.get());
     for (int const x : {1, 8, 31, 38, 61, 68, 91})
         EXPECT_EQ(p.at(x, 50), c_red) << x;
     for (int const x : {12, 28, 42, 58, 72, 88})
@@ -212,7 +212,8 @@ TEST(render, a_template_repeats_dashes_and_gaps)
     box.add(35, 0);
     box.add(135, 100);
     vx_render_init(moved.render.get(), box, moved.dc.get());
-    vx_render_cr_bpln(moved.render.get(), geometry({{{-3000, 50}, {40, 50}, {3000, 50}}}).list.get(), line.style.get());
+    vx_render_cr_bpln(moved.render.get(), geometry({{{-3000, 50}, {40, 50}, {3000, 50}}}).list.get(),
+                      line.style.get());
     EXPECT_EQ(moved.at(62 - 35, 50), moved.at(92 - 35, 50));
     EXPECT_EQ(moved.at(65 - 35, 50), c_red);
     EXPECT_EQ(moved.at(75 - 35, 50), c_white);
@@ -222,19 +223,19 @@ TEST(render, template_marks_stand_across_the_line)
 {
     struct
     {
-        char const* tplt;
+        char const *tplt;
         Tvx_pnt_d2 drawn;
         Tvx_pnt_d2 blank;
     } const table[] = {{"03", {50, 56}, {56, 56}}, {"05", {54, 54}, {54, 46}}, {"06", {46, 54}, {54, 54}},
                        {"04", {50, 53}, {50, 60}}, {"02", {50, 50}, {50, 54}}, {"4", {50, 53}, {25, 53}}};
-    for (auto const& t : table) {
+    for (auto const &t : table) {
         complex_line line;
-        void* tplt = vx_style_lrs_add_lr(line.lrs, "pln_tplt_slr");
+        void *tplt = vx_style_lrs_add_lr(line.lrs, "pln_tplt_slr");
         vx_pln_tplt_lr_set_template(tplt, t.tplt);
         vx_pln_tplt_lr_set_gap(tplt, 12.5); // 50 pixels
         vx_pln_tplt_lr_set_dash(tplt, 4);   // 16 pixels
         vx_pln_tplt_lr_set_width(tplt, 1);
-        void* figr = vx_style_lrs_add_lr(
+        void *figr = vx_style_lrs_add_lr(
             vx_cpx_style_get_style_lrs_ptr(vx_pln_tplt_lr_get_cpx_pnt_style_ptr(tplt)), "pnt_figr_slr");
         vx_pnt_figr_lr_set_size_x(figr, 2);
         vx_pnt_figr_lr_set_size_y(figr, 2);
@@ -248,7 +249,7 @@ TEST(render, template_marks_stand_across_the_line)
 TEST(render, a_shifted_stroke_lies_left_of_its_line)
 {
     complex_line line;
-    void* lr = vx_style_lrs_add_lr(line.lrs, "pln_line_slr");
+    void *lr = vx_style_lrs_add_lr(line.lrs, "pln_line_slr");
     vx_pln_line_lr_set_delta(lr, 5); // 20 pixels
     vx_pln_line_lr_set_width(lr, 1);
     vx_pln_line_lr_set_color(lr, c_red);
@@ -261,22 +262,23 @@ TEST(render, a_shifted_stroke_lies_left_of_its_line)
 struct complex_fill
 {
     owned_bpgn style{vx_bpgn_style_create()};
-    void* lrs;
+    void *lrs;
     complex_fill()
     {
         vx_bpgn_style_set_use_complex(style.get(), true);
         lrs = vx_cpx_style_get_style_lrs_ptr(vx_bpgn_style_get_complex_style(style.get()));
     }
-    void draw(page& p) const
+    void draw(page &p) const
     {
-        vx_render_cr_bpgn(p.render.get(), geometry({{{20, 20}, {20, 80}, {80, 80}, {80, 20}}}).list.get(), style.get());
+        vx_render_cr_bpgn(p.render.get(), geometry({{{20, 20}, {20, 80}, {80, 80}, {80, 20}}}).list.get(),
+                          style.get());
     }
 };
 
 TEST(render, hatches_and_spots_stay_inside_and_keep_their_steps)
 {
     complex_fill hatched;
-    void* htch = vx_style_lrs_add_lr(hatched.lrs, "pgn_htch_slr");
+    void *htch = vx_style_lrs_add_lr(hatched.lrs, "pgn_htch_slr");
     vx_pgn_htch_lr_set_angle(htch, 0);
     vx_pgn_htch_lr_set_delta(htch, 2.5); // 10 pixels
     page p;
@@ -288,7 +290,7 @@ TEST(render, hatches_and_spots_stay_inside_and_keep_their_steps)
     EXPECT_NEAR(lines, 6, 1);
 
     complex_fill spotted;
-    void* spot = vx_style_lrs_add_lr(spotted.lrs, "pgn_spot_slr");
+    void *spot = vx_style_lrs_add_lr(spotted.lrs, "pgn_spot_slr");
     vx_pgn_spot_lr_set_dx(spot, 5);
     vx_pgn_spot_lr_set_dy(spot, 5);
     vx_pgn_spot_lr_set_point_size(spot, 1);
@@ -309,14 +311,14 @@ TEST(render, hatches_and_spots_stay_inside_and_keep_their_steps)
 TEST(render, patterns_without_steps_end)
 {
     complex_fill fill;
-    void* htch = vx_style_lrs_add_lr(fill.lrs, "pgn_htch_slr");
+    void *htch = vx_style_lrs_add_lr(fill.lrs, "pgn_htch_slr");
     vx_pgn_htch_lr_set_delta(htch, 0);
-    void* spot = vx_style_lrs_add_lr(fill.lrs, "pgn_spot_slr");
+    void *spot = vx_style_lrs_add_lr(fill.lrs, "pgn_spot_slr");
     vx_pgn_spot_lr_set_dx(spot, 0);
     vx_pgn_spot_lr_set_dy(spot, -1e-9);
     complex_line line;
-    for (char const* text : {"", "1", "0", "234", "x"}) {
-        void* tplt = vx_style_lrs_add_lr(line.lrs, "pln_tplt_slr");
+    for (char const *text : {"", "1", "0", "234", "x"}) {
+        void *tplt = vx_style_lrs_add_lr(line.lrs, "pln_tplt_slr");
         vx_pln_tplt_lr_set_template(tplt, text);
         vx_pln_tplt_lr_set_dash(tplt, 0);
         vx_pln_tplt_lr_set_gap(tplt, -1);
@@ -334,11 +336,11 @@ TEST(bmp_dc, lent_pixels_are_drawn_on_and_bad_ones_refused)
 {
     std::vector<unsigned> pixels(64 * 32, 0xFFFFFFFF);
     page p;
-    vx_bmp_dc_set_pixels(p.dc.get(), reinterpret_cast<unsigned char*>(pixels.data()), 64, 32, 64 * 4);
+    vx_bmp_dc_set_pixels(p.dc.get(), reinterpret_cast<unsigned char *>(pixels.data()), 64, 32, 64 * 4);
     vx_bmp_dc_set_transparent_clr(p.dc.get(), c_red);
     EXPECT_EQ(pixels[0], 0xFFFFFFFF) << "lent pixels keep what they hold";
     vx_render_cr_bpnt(p.render.get(), geometry({{{50, 50}}}).list.get(), point(2, 2).get());
-    vx_bmp_dc_set_pixels(p.dc.get(), reinterpret_cast<unsigned char*>(pixels.data()), 64, 32, 63 * 4);
+    vx_bmp_dc_set_pixels(p.dc.get(), reinterpret_cast<unsigned char *>(pixels.data()), 64, 32, 63 * 4);
     EXPECT_EQ(vx_bmp_dc_get_width(p.dc.get()), 0);
     EXPECT_EQ(pixels[16 * 64 + 32], 0xFFFF0000);
     vx_render_cr_bpnt(p.render.get(), geometry({{{50, 50}}}).list.get(), point(2, 2).get());

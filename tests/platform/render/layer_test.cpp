@@ -9,15 +9,13 @@
 #include "platform/render/vx_render_layer.h"
 #include "platform/styles/vxk_styles.h"
 
-#include <gtest/gtest.h>
-
 #include <cmath>
+#include <gtest/gtest.h>
 #include <limits>
 #include <set>
 #include <string>
 
-namespace
-{
+namespace {
 using namespace vx_test;
 using owned_layer = vx::owned<Ivx_layer, &vx_lr2d_destroy>;
 
@@ -28,7 +26,8 @@ constexpr Tvx_color c_blue = vx_clr_init_rgb(0, 0, 255);
 constexpr Tvx_color c_grey = vx_clr_init_grey(90);
 constexpr Tvx_color c_black = vx_clr_init_grey(0);
 
-/// Ten squares of 10 units in a row, square i from 10 i to 10 i + 10, with a name, a number and a mark of nothing.
+/// Ten squares of 10 units in a row, square i from 10 i to 10 i + 10, with a name, a number and a mark of
+/// nothing.
 struct squares
 {
     memory_table table;
@@ -50,13 +49,13 @@ struct squares
         }
         table.features[9].cells = {cell(), cell()};
         layer.reset(vx_shp_lr2d_create(c_lr_key_shp_pgn, L"squares:"));
-        void* simple = vx_stl_mngr_get_simple_sp_ptr(mngr());
+        void *simple = vx_stl_mngr_get_simple_sp_ptr(mngr());
         plain(simple, c_grey);
     }
-    [[nodiscard]] void* mngr() const { return vx_shp_pgn_lr2d_get_stl_mngr_ptr(layer.get()); }
+    [[nodiscard]] void *mngr() const { return vx_shp_pgn_lr2d_get_stl_mngr_ptr(layer.get()); }
 
     /// A fill of the colour without an outline.
-    static void plain(void* stl_prm, Tvx_color color)
+    static void plain(void *stl_prm, Tvx_color color)
     {
         for (bool const sel : {false, true})
             vx_pgn_style_set_pln_visible(vx_stl_prm_get_pgn_style_ptr(stl_prm, sel), false);
@@ -97,7 +96,8 @@ TEST(render_layer, simple_style_covers_the_shapes_to_the_pixel)
     s.table.features[4].parts = {{{40, 0}, {40, 5}, {50, 5}, {50, 0}, {40, 0}}};
     s.expect({c_grey, c_grey, c_grey, c_grey, c_grey, c_grey, c_grey, c_grey, c_grey, c_grey});
     for (int y = 0; y < 20; ++y)
-        EXPECT_EQ(vx_bmp_dc_get_pixel(s.dc.get(), 90, y), y < 10 ? c_white : c_grey) << "north is up, row " << y;
+        EXPECT_EQ(vx_bmp_dc_get_pixel(s.dc.get(), 90, y), y < 10 ? c_white : c_grey)
+            << "north is up, row " << y;
     vx_lr2d_set_visible(s.layer.get(), false);
     s.start();
     EXPECT_TRUE(vx_render_layer(s.layer.get(), squares::view(), s.dc.get()));
@@ -107,10 +107,10 @@ TEST(render_layer, simple_style_covers_the_shapes_to_the_pixel)
 TEST(render_layer, value_scale_with_other_row_and_hidden_entries)
 {
     squares s;
-    void* scale = vx_stl_mngr_get_val_scale_ptr(s.mngr());
+    void *scale = vx_stl_mngr_get_val_scale_ptr(s.mngr());
     vx_stl_mngr_set_mode(s.mngr(), c_stl_mngr_mode_value);
     vx_val_scale_set_size(scale, 3);
-    wchar_t const* const texts[] = {L"b", L"c", L"a"};
+    wchar_t const *const texts[] = {L"b", L"c", L"a"};
     Tvx_color const colors[] = {c_red, c_green, c_blue};
     for (unsigned i = 0; i < 3; ++i) {
         vx_val_scale_set_text_w(scale, i, texts[i]);
@@ -132,7 +132,7 @@ TEST(render_layer, value_scale_with_other_row_and_hidden_entries)
 TEST(render_layer, range_scale_with_min_max_and_other_rows)
 {
     squares s;
-    void* scale = vx_stl_mngr_get_rng_scale_ptr(s.mngr());
+    void *scale = vx_stl_mngr_get_rng_scale_ptr(s.mngr());
     vx_stl_mngr_set_mode(s.mngr(), c_stl_mngr_mode_range);
     vx_stl_mngr_set_rng_prop_name_w(s.mngr(), L"VALUE");
     vx_rng_scale_set_size(scale, 2);
@@ -143,7 +143,7 @@ TEST(render_layer, range_scale_with_min_max_and_other_rows)
         vx_rng_scale_set_min(scale, i, bounds[i]);
         vx_rng_scale_set_max(scale, i, bounds[i + 1]);
     }
-    void* const prms[] = {vx_rng_scale_get_min_prm_ptr(scale), vx_rng_scale_get_scale_prm_ptr(scale, 0),
+    void *const prms[] = {vx_rng_scale_get_min_prm_ptr(scale), vx_rng_scale_get_scale_prm_ptr(scale, 0),
                           vx_rng_scale_get_scale_prm_ptr(scale, 1), vx_rng_scale_get_max_prm_ptr(scale),
                           vx_rng_scale_get_other_prm_ptr(scale)};
     Tvx_color const colors[] = {c_blue, c_red, c_green, c_black, c_grey};
@@ -158,11 +158,11 @@ TEST(render_layer, range_scale_with_min_max_and_other_rows)
 TEST(render_layer, each_manager_of_the_list_draws_in_turn)
 {
     squares s;
-    void* list = vx_shp_lr2d_get_style_mngr_list_ptr(s.layer.get());
-    void* second = vx_stl_mngr_list_add(list);
+    void *list = vx_shp_lr2d_get_style_mngr_list_ptr(s.layer.get());
+    void *second = vx_stl_mngr_list_add(list);
     vx_stl_mngr_set_mode(second, c_stl_mngr_mode_value);
     vx_stl_mngr_set_val_prop_name_w(second, L"NAME");
-    void* scale = vx_stl_mngr_get_val_scale_ptr(second);
+    void *scale = vx_stl_mngr_get_val_scale_ptr(second);
     vx_scale_prm_set_visible(vx_val_scale_get_other_prm_ptr(scale), false);
     vx_val_scale_set_text_w(scale, vx_val_scale_add(scale) - 1, L"b");
     squares::plain(vx_scale_prm_get_stl_prm_ptr(vx_val_scale_get_scale_prm_ptr(scale, 0)), c_red);
@@ -186,7 +186,8 @@ TEST(render_layer, selection_and_cancelling)
     squares s;
     chosen c{{2, 5}};
     s.start();
-    EXPECT_TRUE(vx_render_layer_selection(s.layer.get(), squares::view(), s.dc.get(), make_closure<&chosen::has>(&c)));
+    EXPECT_TRUE(vx_render_layer_selection(s.layer.get(), squares::view(), s.dc.get(),
+                                          make_closure<&chosen::has>(&c)));
     EXPECT_EQ(s.at(2), c_black);
     EXPECT_EQ(s.at(5), c_black);
     EXPECT_EQ(s.at(3), c_white);
@@ -221,9 +222,9 @@ TEST(render_layer, symbols_turn_with_a_property)
     for (int i = 0; i < 4; ++i)
         table.features.push_back({{cell(90.0 * i)}, 1, {{{10.0 + 20 * i, 10}}}});
     owned_layer const layer(vx_shp_lr2d_create(c_lr_key_shp_pnt, L"points:"));
-    void* mngr = vx_shp_pnt_lr2d_get_stl_mngr_ptr(layer.get());
-    void* pnt = vx_stl_prm_get_pnt_style_ptr(vx_stl_mngr_get_simple_sp_ptr(mngr), false);
-    void* bpnt = vx_pnt_style_get_bpnt_style_ptr(pnt);
+    void *mngr = vx_shp_pnt_lr2d_get_stl_mngr_ptr(layer.get());
+    void *pnt = vx_stl_prm_get_pnt_style_ptr(vx_stl_mngr_get_simple_sp_ptr(mngr), false);
+    void *bpnt = vx_pnt_style_get_bpnt_style_ptr(pnt);
     vx_bpnt_style_set_figure(bpnt, 19); // an arrow up
     vx_bpnt_style_set_size(bpnt, 8);
     vx_stl_mngr_set_rotate_flag(mngr, true);
@@ -256,9 +257,9 @@ TEST(map_view, fits_boxes_of_every_shape)
     struct
     {
         double x0, y0, x1, y1;
-    } const boxes[] = {{0, 0, 100, 10}, {0, 0, 10, 100}, {5, 5, 5, 5},           {1e9, 1e9, 1e9, 1e9},
+    } const boxes[] = {{0, 0, 100, 10}, {0, 0, 10, 100},   {5, 5, 5, 5},         {1e9, 1e9, 1e9, 1e9},
                        {5, 0, 5, 10},   {-inf, 0, inf, 1}, {1e-15, 0, 2e-15, 0}, {0, 0, 0, 0}};
-    for (auto const& b : boxes) {
+    for (auto const &b : boxes) {
         Tvx_box_d2 box;
         box.add(b.x0, b.y0);
         box.add(b.x1, b.y1);

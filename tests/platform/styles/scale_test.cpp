@@ -1,17 +1,16 @@
-#include "platform/basic/vx_ints.h"
 #include "support.h"
 
-#include <gtest/gtest.h>
+#include "platform/basic/vx_ints.h"
 
 #include <cmath>
+#include <gtest/gtest.h>
 #include <limits>
 #include <malloc.h>
 #include <random>
 #include <string>
 #include <vector>
 
-namespace
-{
+namespace {
 struct ints
 {
     vx::owned<void, &vx_ints_destroy> list{vx_ints_create()};
@@ -22,7 +21,7 @@ struct ints
     }
 };
 
-std::wstring joined(void const* scale)
+std::wstring joined(void const *scale)
 {
     std::wstring all;
     for (unsigned i = 0; i < vx_val_scale_get_size(scale); ++i)
@@ -30,7 +29,7 @@ std::wstring joined(void const* scale)
     return all;
 }
 
-void fill(void* scale, std::wstring const& letters)
+void fill(void *scale, std::wstring const &letters)
 {
     vx_val_scale_set_size(scale, 0);
     for (wchar_t const c : letters) {
@@ -42,7 +41,7 @@ void fill(void* scale, std::wstring const& letters)
 TEST(val_scale, entries_come_go_and_move_and_the_active_one_follows)
 {
     auto const mngr = make_mngr("pnt_style");
-    void* s = vx_stl_mngr_get_val_scale_ptr(mngr.get());
+    void *s = vx_stl_mngr_get_val_scale_ptr(mngr.get());
     EXPECT_EQ(vx_val_scale_get_active_idx(s), -1);
     fill(s, L"abcd");
     vx_val_scale_set_active_idx(s, 2);
@@ -55,11 +54,11 @@ TEST(val_scale, entries_come_go_and_move_and_the_active_one_follows)
     struct
     {
         unsigned from, to;
-        wchar_t const* order;
+        wchar_t const *order;
         int active;
-    } const moves[] = {{0, 4, L"xbcda", 2}, {4, 1, L"xabcd", 3}, {3, 0, L"cxabd", 0}, {0, 0, L"cxabd", 0},
-                       {0, 9, L"cxabd", 0}, {9, 0, L"cxabd", 0}};
-    for (auto const& m : moves) {
+    } const moves[] = {{0, 4, L"xbcda", 2}, {4, 1, L"xabcd", 3}, {3, 0, L"cxabd", 0},
+                       {0, 0, L"cxabd", 0}, {0, 9, L"cxabd", 0}, {9, 0, L"cxabd", 0}};
+    for (auto const &m : moves) {
         vx_val_scale_move(s, m.from, m.to);
         EXPECT_EQ(joined(s), m.order);
         EXPECT_EQ(vx_val_scale_get_active_idx(s), m.active);
@@ -80,10 +79,11 @@ TEST(val_scale, entries_come_go_and_move_and_the_active_one_follows)
 TEST(val_scale, order_is_taken_from_a_permutation_only)
 {
     auto const mngr = make_mngr("pnt_style");
-    void* s = vx_stl_mngr_get_val_scale_ptr(mngr.get());
+    void *s = vx_stl_mngr_get_val_scale_ptr(mngr.get());
     fill(s, L"abc");
-    void* prm_c = vx_val_scale_get_scale_prm_ptr(s, 2);
-    for (ints const& bad : {ints{}, ints{0, 1}, ints{0, 1, 1}, ints{0, 1, 3}, ints{0, 1, -1}, ints{0, 1, 2, 3}}) {
+    void *prm_c = vx_val_scale_get_scale_prm_ptr(s, 2);
+    for (ints const &bad :
+         {ints{}, ints{0, 1}, ints{0, 1, 1}, ints{0, 1, 3}, ints{0, 1, -1}, ints{0, 1, 2, 3}}) {
         vx_val_scale_set_order(s, bad.list.get());
         EXPECT_EQ(joined(s), L"abc");
     }
@@ -98,7 +98,7 @@ TEST(val_scale, order_is_taken_from_a_permutation_only)
 TEST(val_scale, a_value_is_found_whatever_was_done_before)
 {
     auto const mngr = make_mngr("pgn_style");
-    void* s = vx_stl_mngr_get_val_scale_ptr(mngr.get());
+    void *s = vx_stl_mngr_get_val_scale_ptr(mngr.get());
     EXPECT_EQ(vx_val_scale_find_w(s, L""), -1);
     fill(s, L"abab");
     EXPECT_EQ(vx_val_scale_find_w(s, L"a"), 0);
@@ -121,7 +121,8 @@ TEST(val_scale, a_value_is_found_whatever_was_done_before)
         switch (random() % 6) {
         case 0:
         case 1:
-            vx_val_scale_set_text_w(s, vx_val_scale_ins(s, pick(n + 1)), std::to_wstring(random() % 40).c_str());
+            vx_val_scale_set_text_w(s, vx_val_scale_ins(s, pick(n + 1)),
+                                    std::to_wstring(random() % 40).c_str());
             break;
         case 2:
             vx_val_scale_del(s, pick(n));
@@ -147,9 +148,9 @@ TEST(val_scale, a_value_is_found_whatever_was_done_before)
 TEST(val_scale, a_long_scale_at_defaults_is_small)
 {
     constexpr unsigned c_count = 100000;
-    for (char const* type : {"pnt_style", "pln_style", "pgn_style"}) {
+    for (char const *type : {"pnt_style", "pln_style", "pgn_style"}) {
         auto const mngr = make_mngr(type);
-        void* s = vx_stl_mngr_get_val_scale_ptr(mngr.get());
+        void *s = vx_stl_mngr_get_val_scale_ptr(mngr.get());
         auto const before = mallinfo2().uordblks + mallinfo2().hblkhd;
         vx_val_scale_set_size(s, c_count);
         for (unsigned i = 0; i < c_count; ++i) {
@@ -168,7 +169,7 @@ TEST(val_scale, a_long_scale_at_defaults_is_small)
 TEST(rng_scale, each_value_has_one_row_and_a_bound_belongs_below)
 {
     auto const mngr = make_mngr("pgn_style");
-    void* s = vx_stl_mngr_get_rng_scale_ptr(mngr.get());
+    void *s = vx_stl_mngr_get_rng_scale_ptr(mngr.get());
     vx_rng_scale_set_size(s, 3);
     vx_rng_scale_set_min_value(s, 0);
     vx_rng_scale_set_max_value(s, 30);
@@ -183,9 +184,10 @@ TEST(rng_scale, each_value_has_one_row_and_a_bound_belongs_below)
     {
         double value;
         unsigned row;
-    } const table[] = {{-inf, 0}, {-1, 0},  {0, 0},   {1e-300, 1}, {10, 1},  {10.0001, 2},      {20, 2},
-                       {20.1, 5}, {25, 5},  {25.1, 3}, {30, 3},    {30.1, 4}, {inf, 4}, {std::nan(""), 5}};
-    for (auto const& t : table)
+    } const table[] = {{-inf, 0},    {-1, 0},   {0, 0},    {1e-300, 1},      {10, 1},
+                       {10.0001, 2}, {20, 2},   {20.1, 5}, {25, 5},          {25.1, 3},
+                       {30, 3},      {30.1, 4}, {inf, 4},  {std::nan(""), 5}};
+    for (auto const &t : table)
         EXPECT_EQ(vx_rng_scale_find(s, t.value), t.row) << t.value;
     // Rows follow the ranges when these change places.
     vx_rng_scale_move(s, 0, 2);
@@ -206,7 +208,7 @@ TEST(rng_scale, rows_of_random_scales_agree_with_a_plain_search)
     auto const number = [&] { return static_cast<double>(random() % 41) / 2 - 2; };
     for (int round = 0; round < 300; ++round) {
         auto const mngr = make_mngr("pnt_style");
-        void* s = vx_stl_mngr_get_rng_scale_ptr(mngr.get());
+        void *s = vx_stl_mngr_get_rng_scale_ptr(mngr.get());
         unsigned const n = random() % 9;
         vx_rng_scale_set_size(s, n);
         for (unsigned i = 0; i < n; ++i) {
@@ -232,7 +234,7 @@ TEST(rng_scale, rows_of_random_scales_agree_with_a_plain_search)
 TEST(rng_scale, captions_from_bounds)
 {
     auto const mngr = make_mngr("clr_style");
-    void* s = vx_stl_mngr_get_rng_scale_ptr(mngr.get());
+    void *s = vx_stl_mngr_get_rng_scale_ptr(mngr.get());
     EXPECT_EQ(vx_rng_scale_get_round_digits(s), -2);
     vx_rng_scale_set_size(s, 1);
     vx_rng_scale_set_min(s, 0, -1.5);
@@ -250,14 +252,24 @@ TEST(round_digits, numbers_agree_with_their_rounding)
     {
         int digits;
         double value;
-        wchar_t const* text;
-    } const table[] = {{0, 2.5, L"3"},      {0, -2.5, L"-3"},     {0, -0.4, L"0"},          {2, 1234, L"1200"},
-                       {-2, 0.1, L"0.10"},  {-2, 1e6, L"1000000.00"}, {-30, 0.1, L"0.1"},   {-30, -0.0, L"0"},
-                       {-30, 1e21, L"1e+21"}, {10, 6e9, L"10000000000"}, {-10, 0.5, L"0.5000000000"},
-                       {11, 1.006, L"1.01"}, {-3, 1.0005, L"1.001"}, {-1, 1e300, nullptr}};
-    for (auto const& t : table) {
+        wchar_t const *text;
+    } const table[] = {{0, 2.5, L"3"},
+                       {0, -2.5, L"-3"},
+                       {0, -0.4, L"0"},
+                       {2, 1234, L"1200"},
+                       {-2, 0.1, L"0.10"},
+                       {-2, 1e6, L"1000000.00"},
+                       {-30, 0.1, L"0.1"},
+                       {-30, -0.0, L"0"},
+                       {-30, 1e21, L"1e+21"},
+                       {10, 6e9, L"10000000000"},
+                       {-10, 0.5, L"0.5000000000"},
+                       {11, 1.006, L"1.01"},
+                       {-3, 1.0005, L"1.001"},
+                       {-1, 1e300, nullptr}};
+    for (auto const &t : table) {
         std::wstring const text =
-            text_from([&](Ivx_string_adp* adp) { vx_round_digits_format_number(t.digits, t.value, adp); });
+            text_from([&](Ivx_string_adp *adp) { vx_round_digits_format_number(t.digits, t.value, adp); });
         if (t.text) {
             EXPECT_EQ(text, t.text) << t.digits << " " << t.value;
         } else {
@@ -267,9 +279,9 @@ TEST(round_digits, numbers_agree_with_their_rounding)
 }
 
 // ---- gradients
-void* scale_with_ends(owned_mngr const& mngr, unsigned size, Tvx_color first, Tvx_color last)
+void *scale_with_ends(owned_mngr const &mngr, unsigned size, Tvx_color first, Tvx_color last)
 {
-    void* s = vx_stl_mngr_get_val_scale_ptr(mngr.get());
+    void *s = vx_stl_mngr_get_val_scale_ptr(mngr.get());
     vx_val_scale_set_size(s, size);
     vx_stl_prm_set_color(val_prm(s, 0), false, first);
     vx_stl_prm_set_color(val_prm(s, size - 1), false, last);
@@ -279,7 +291,7 @@ void* scale_with_ends(owned_mngr const& mngr, unsigned size, Tvx_color first, Tv
 TEST(gradient, colour_runs_in_even_steps_and_keeps_opacity)
 {
     auto const mngr = make_mngr("pnt_style");
-    void* s = scale_with_ends(mngr, 3, vx_clr_init_rgb(0, 0, 0), vx_clr_init_rgb(255, 255, 255));
+    void *s = scale_with_ends(mngr, 3, vx_clr_init_rgb(0, 0, 0), vx_clr_init_rgb(255, 255, 255));
     vx_stl_prm_set_color(val_prm(s, 1), false, vx_clr_init_rgba(1, 2, 3, 40));
     vx_val_scale_clr_gradient(s, 0, 2, false);
     // The grey of half the lightness: 0.5 cubed is the linear light, 0.125, which sRGB encodes as 99.
@@ -292,7 +304,7 @@ TEST(gradient, hue_takes_the_short_way_and_leaves_greys_alone)
 {
     auto const mngr = make_mngr("pnt_style");
     auto const red = vx_clr_init_rgb(255, 0, 0);
-    void* s = scale_with_ends(mngr, 4, red, vx_clr_init_rgb(255, 0, 255));
+    void *s = scale_with_ends(mngr, 4, red, vx_clr_init_rgb(255, 0, 255));
     vx_stl_prm_set_color(val_prm(s, 1), false, vx_clr_init_rgb(120, 120, 120));
     vx_stl_prm_set_color(val_prm(s, 2), false, vx_clr_init_rgb(40, 160, 40));
     vx_val_scale_hue_gradient(s, 0, 3, false);
@@ -304,7 +316,7 @@ TEST(gradient, hue_takes_the_short_way_and_leaves_greys_alone)
 TEST(gradient, opacity_and_size_are_linear_in_either_order_of_the_ends)
 {
     auto const mngr = make_mngr("pln_style");
-    void* s = scale_with_ends(mngr, 5, vx_clr_init_rgba(9, 9, 9, 0), vx_clr_init_rgba(7, 7, 7, 200));
+    void *s = scale_with_ends(mngr, 5, vx_clr_init_rgba(9, 9, 9, 0), vx_clr_init_rgba(7, 7, 7, 200));
     vx_stl_prm_set_size(val_prm(s, 0), false, 1);
     vx_stl_prm_set_size(val_prm(s, 4), false, 3);
     vx_val_scale_transparency_gradient(s, 4, 0, false);
@@ -319,9 +331,9 @@ TEST(gradient, opacity_and_size_are_linear_in_either_order_of_the_ends)
 TEST(gradient, ends_outside_and_next_to_each_other_change_nothing)
 {
     auto const mngr = make_mngr("pgn_style");
-    void* val = vx_stl_mngr_get_val_scale_ptr(mngr.get());
-    void* rng = vx_stl_mngr_get_rng_scale_ptr(mngr.get());
-    using gradient_fn = void (*)(void*, unsigned, unsigned, bool);
+    void *val = vx_stl_mngr_get_val_scale_ptr(mngr.get());
+    void *rng = vx_stl_mngr_get_rng_scale_ptr(mngr.get());
+    using gradient_fn = void (*)(void *, unsigned, unsigned, bool);
     gradient_fn const val_fns[] = {&vx_val_scale_clr_gradient, &vx_val_scale_hue_gradient,
                                    &vx_val_scale_transparency_gradient, &vx_val_scale_size_gradient};
     gradient_fn const rng_fns[] = {&vx_rng_scale_clr_gradient, &vx_rng_scale_hue_gradient,
@@ -333,12 +345,15 @@ TEST(gradient, ends_outside_and_next_to_each_other_change_nothing)
         for (unsigned i = 0; i < size; ++i)
             vx_stl_prm_set_color(val_prm(val, i), false, vx_clr_init_rgba(int(50 * i), 3, 4, int(60 * i)));
         for (unsigned i = 0; i < size + 3; ++i)
-            vx_stl_prm_set_color(rng_row_prm(rng, i), false, vx_clr_init_rgba(int(40 * i), 3, 4, int(50 * i)));
+            vx_stl_prm_set_color(rng_row_prm(rng, i), false,
+                                 vx_clr_init_rgba(int(40 * i), 3, 4, int(50 * i)));
         owned_mngr const before(vx_stl_mngr_clone(mngr.get()));
-        for (auto const& [a, b] : {std::pair{0u, none}, {none, none}, {0u, size}, {size, size + 1}, {0u, 0u}, {0u, 1u}})
+        for (auto const &[a, b] :
+             {std::pair{0u, none}, {none, none}, {0u, size}, {size, size + 1}, {0u, 0u}, {0u, 1u}})
             for (auto fn : val_fns)
                 fn(val, a, b, false);
-        for (auto const& [a, b] : {std::pair{0u, none}, {0u, size + 2}, {size + 1, size + 1}, {size, size + 1}})
+        for (auto const &[a, b] :
+             {std::pair{0u, none}, {0u, size + 2}, {size + 1, size + 1}, {size, size + 1}})
             for (auto fn : rng_fns)
                 fn(rng, a, b, false);
         EXPECT_TRUE(vx_stl_mngr_equal(mngr.get(), before.get())) << size;
@@ -348,7 +363,7 @@ TEST(gradient, ends_outside_and_next_to_each_other_change_nothing)
 TEST(gradient, a_range_put_into_an_empty_scale_lies_between_the_end_entries)
 {
     auto const mngr = make_mngr("pnt_style");
-    void* s = vx_stl_mngr_get_rng_scale_ptr(mngr.get());
+    void *s = vx_stl_mngr_get_rng_scale_ptr(mngr.get());
     vx_stl_prm_set_color(rng_row_prm(s, 0), false, vx_clr_init_rgb(0, 0, 0));
     vx_stl_prm_set_color(rng_row_prm(s, 1), false, vx_clr_init_rgb(255, 255, 255));
     vx_stl_prm_set_size(rng_row_prm(s, 0), false, 1);
@@ -365,8 +380,8 @@ TEST(gradient, a_range_put_into_an_empty_scale_lies_between_the_end_entries)
 TEST(scales, styles_and_visibility_are_copied_by_entry)
 {
     auto const mngr = make_mngr("pnt_style");
-    void* val = vx_stl_mngr_get_val_scale_ptr(mngr.get());
-    void* rng = vx_stl_mngr_get_rng_scale_ptr(mngr.get());
+    void *val = vx_stl_mngr_get_val_scale_ptr(mngr.get());
+    void *rng = vx_stl_mngr_get_rng_scale_ptr(mngr.get());
     vx_val_scale_set_size(val, 2);
     vx_rng_scale_set_size(rng, 1);
     auto const red = vx_clr_init_rgb(255, 0, 0);
@@ -391,7 +406,7 @@ TEST(scales, styles_and_visibility_are_copied_by_entry)
 TEST(scales, opacity_points_are_a_curve)
 {
     auto const mngr = make_mngr("clr_style");
-    void* s = vx_stl_mngr_get_rng_scale_ptr(mngr.get());
+    void *s = vx_stl_mngr_get_rng_scale_ptr(mngr.get());
     double const good[] = {0, 0.25, 1};
     double const opacity[] = {0, 0.5, 1};
     EXPECT_TRUE(vx_rng_scale_set_opacity_pts(s, good, opacity, 3));
