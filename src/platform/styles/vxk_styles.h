@@ -3,6 +3,7 @@
 // All of the style module, for its users.
 #include "platform/styles/vx_base_style.h"
 #include "platform/styles/vx_cpx_style.h"
+#include "platform/styles/vx_global_lib_styles.h"
 #include "platform/styles/vx_rng_scale.h"
 #include "platform/styles/vx_round_digits.h"
 #include "platform/styles/vx_scale_prm.h"
@@ -12,6 +13,7 @@
 #include "platform/styles/vx_style.h"
 #include "platform/styles/vx_style3d.h"
 #include "platform/styles/vx_style_keys.h"
+#include "platform/styles/vx_style_lib.h"
 #include "platform/styles/vx_txt_settings.h"
 #include "platform/styles/vx_txt_style.h"
 #include "platform/styles/vx_val_scale.h"

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/base/export.h"
+
+/// The style libraries of the process, one list (vx_style_lib.h). They are read once, by the loader that the
+/// storage sets, when something first asks for them, and stay until the loader is set again: pointers into
+/// them stay good. Main thread only.
+
+/// Reads the libraries unless they are there; true if there is at least one. A failed reading is tried again.
+[[nodiscard]] VX_API bool vx_global_lib_styles_load();
+/// Whether there is a library. A reading that failed before is not tried again.
+[[nodiscard]] VX_API bool vx_global_lib_styles_exists();
+/// The list of libraries; never null.
+[[nodiscard]] VX_API void *vx_global_lib_styles_get_libs();
+/// The names of the libraries as a list of wide strings, which the caller ends with `vx_wstrings_destroy`.
+[[nodiscard]] VX_API void *vx_global_lib_styles_create_name_list();
+
+/// Copy the first style of the index `code` in library `lib` into `style`, a composed style of the kind that
+/// the name says; false and no change if there is none.
+[[nodiscard]] VX_API bool vx_global_lib_styles_get_spec_pnt(int lib, int code, void *style);
+[[nodiscard]] VX_API bool vx_global_lib_styles_get_spec_pln(int lib, int code, void *style);
+[[nodiscard]] VX_API bool vx_global_lib_styles_get_spec_pgn(int lib, int code, void *style);
+/// The same as step `position`, from 0, of a gradient of `count` steps: its leading colour runs through a
+/// perceptually even space from a pale tint to the style's own colour, or from that to a deep shade if it is
+/// light itself, so that the steps go from light to dark. A position past the end is the last step; with less
+/// than two steps the style comes as it is.
+[[nodiscard]] VX_API bool vx_global_lib_styles_get_spec_pnt_gradient(int lib, int code, unsigned position,
+                                                                     unsigned count, void *style);
+[[nodiscard]] VX_API bool vx_global_lib_styles_get_spec_pln_gradient(int lib, int code, unsigned position,
+                                                                     unsigned count, void *style);
+[[nodiscard]] VX_API bool vx_global_lib_styles_get_spec_pgn_gradient(int lib, int code, unsigned position,
+                                                                     unsigned count, void *style);
+/// The first item of the library's tree that names a style of this index, null if there is none.
+[[nodiscard]] VX_API void *vx_global_lib_styles_get_spec_style_item(int lib, int code);
+
+/// `loader` fills an empty list; false if it cannot, whatever it has put there then counts as not read. Ends
+/// the libraries read so far.
+VX_API void vx_global_lib_styles_set_loader(bool (*loader)(void *libs));
