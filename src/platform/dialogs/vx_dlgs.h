@@ -1,0 +1,37 @@
+#pragma once
+
+#include "platform/base/color.h"
+#include "platform/base/color_format.h"
+#include "platform/base/export.h"
+#include "platform/base/unicode_string.h"
+#include "platform/toolkit/types.h"
+
+class vx_fnt_type;
+
+/// The common dialogs. All are modal and run on the main thread.
+///
+/// `parent` is the window that a dialog belongs to; null stands for the application's window. (`x`, `y`) is
+/// the point of the screen where the dialog's upper left corner comes; where it does not fit it stands to the
+/// left of the point, or above it. (0, 0) is the middle of the screen. The result is true when the user
+/// accepted, and only then is the value behind the pointer changed; a null pointer gives false at once. A
+/// host may put its own dialogs in their place, see `vx_dlg_table.h`.
+
+/// `format` is a `Tvx_color_format`; any number other than 0 offers opacity.
+[[nodiscard]] VX_API bool vx_color_dialog(HWND parent, int x, int y, Tvx_color *color, int format);
+/// Family and style. The chosen font becomes the current one (`vx_fnt_type_set_current_font`). A character
+/// set stays while its family does; a new family has the default one.
+[[nodiscard]] VX_API bool vx_font_dialog(HWND parent, int x, int y, vx_fnt_type *font);
+/// A character of a font, found by sight, by its Unicode name or by its code point ("U+2302", "2302",
+/// "0x2302") or itself. The family of the font can be changed too. `symbol` is a code point; of a symbol font
+/// it may be given as a byte, and then stands for U+F000 and up if the font has its characters there.
+[[nodiscard]] VX_API bool vx_charmap_dialog(HWND parent, int x, int y, vx_fnt_type *font, int *symbol);
+
+/// The short forms, for files of one kind. `suffix` is an extension without its point, L"dbf", or all that
+/// the names end in, with the point, L".dbf" or L"_.sn"; null or "" offers all files. A null title is the
+/// usual one; `file_name` is what the dialog starts with, null for none. They give the chosen name with its
+/// path, empty when the user cancelled. The save dialog adds the suffix to a name that lacks it and asks
+/// before an existing file is taken.
+[[nodiscard]] VX_API UnicodeString vx_open_file_dialog(HWND parent, int x, int y, wchar_t const *suffix,
+                                                       wchar_t const *title, wchar_t const *file_name);
+[[nodiscard]] VX_API UnicodeString vx_save_file_dialog(HWND parent, int x, int y, wchar_t const *suffix,
+                                                       wchar_t const *title, wchar_t const *file_name);

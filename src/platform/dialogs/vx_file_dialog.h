@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/base/closure.h"
+#include "platform/base/export.h"
+#include "platform/base/unicode_string.h"
+#include "platform/toolkit/types.h"
+
+/// Question to and answer of the file dialog.
+struct Tvx_file_dialog_prm
+{
+    /// True: the name of a file to be written, which need not exist. False: a file that exists.
+    bool save = false;
+    /// With `save`: the user is asked before the name of an existing file is taken.
+    bool overwrite_prompt = true;
+    /// Number of the pair of `filter`, from 1; 0 or one that is not there is the first. Holds the user's
+    /// choice afterwards.
+    int filter_index = 1;
+    /// Pairs of caption and masks, parted by bars; masks are parted by semicolons: L"Text|*.txt;*.log".
+    /// Empty: all files.
+    UnicodeString filter;
+    /// Added to a name without extension, with or without its point; only with `save`.
+    UnicodeString default_ext;
+    /// Empty: the usual title.
+    UnicodeString title;
+    /// Name to begin with; its directory, where it has one that exists, is the one shown. Without one the
+    /// directory is where the last dialog ended. Holds the chosen name, with its path, afterwards.
+    UnicodeString file_name;
+    /// The user chose another pair of the filter while the dialog is open. `name` is the text of the name
+    /// box; a changed one is put back into it.
+    closure<void(int filter_index, UnicodeString &name)> on_filter_changed;
+};
+
+/// Runs the dialog, by the rules of the common dialogs in `vx_dlgs.h`. True when a name was chosen; else
+/// nothing in `prm` is changed.
+[[nodiscard]] VX_API bool vx_file_dialog(HWND parent, int x, int y, Tvx_file_dialog_prm *prm);
