@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/base/color.h"
-#include "platform/base/geometry.h"
+#include "platform/render/vx_box.h"
 
 #include <memory>
 
@@ -52,7 +52,7 @@ public:
     void copy_to(vx_native_painter *target, int x, int y, int width, int height);
     [[nodiscard]] surface get_surface();
 
-    void set_mapping(Tvx_box_d2 const &mm, Tvx_box_d2 const &pixels);
+    void set_mapping(Tvx_box_d2 const &mm, Tvx_box_i2 const &pixels);
     [[nodiscard]] double px_per_mm_x() const;
     [[nodiscard]] double px_per_mm_y() const;
     /// From drawing units to pixels.

@@ -27,7 +27,7 @@ struct bmp_dc::state
     bool touched = false;
     bool mapped = false;
     Tvx_box_d2 mm;
-    Tvx_box_d2 px;
+    Tvx_box_i2 px;
 
     void fill(Tvx_color color)
     {
@@ -149,7 +149,7 @@ surface bmp_dc::get_surface()
     return s;
 }
 
-void bmp_dc::set_mapping(Tvx_box_d2 const &mm, Tvx_box_d2 const &pixels)
+void bmp_dc::set_mapping(Tvx_box_d2 const &mm, Tvx_box_i2 const &pixels)
 {
     if (!(mm.width() > 0 && mm.height() > 0 && pixels.width() > 0 && pixels.height() > 0))
         return;
@@ -251,7 +251,7 @@ void vx_bmp_dc_clear(void *dc, Tvx_color color)
         dc_of(dc)->clear(color);
 }
 
-void vx_bmp_dc_set_mm2pxl(void *dc, Tvx_box_d2 const &mm, Tvx_box_d2 const &pixels)
+void vx_bmp_dc_set_mm2pxl(void *dc, Tvx_box_d2 const &mm, Tvx_box_i2 const &pixels)
 {
     if (dc)
         dc_of(dc)->set_mapping(mm, pixels);

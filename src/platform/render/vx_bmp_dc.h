@@ -2,7 +2,7 @@
 
 #include "platform/base/color.h"
 #include "platform/base/export.h"
-#include "platform/base/geometry.h"
+#include "platform/render/vx_box.h"
 
 class TCanvas;
 
@@ -34,7 +34,7 @@ VX_API void vx_bmp_dc_clear(void *dc, Tvx_color color);
 
 /// The box in millimetres lies on the box in pixels: drawing calls take millimetres from now on. Boxes
 /// without extent are ignored.
-VX_API void vx_bmp_dc_set_mm2pxl(void *dc, Tvx_box_d2 const &mm, Tvx_box_d2 const &pixels);
+VX_API void vx_bmp_dc_set_mm2pxl(void *dc, Tvx_box_d2 const &mm, Tvx_box_i2 const &pixels);
 [[nodiscard]] VX_API double vx_bmp_dc_get_px_per_mm_x(void const *dc);
 [[nodiscard]] VX_API double vx_bmp_dc_get_px_per_mm_y(void const *dc);
 

@@ -26,7 +26,7 @@ struct page
     {
         vx_bmp_dc_set_nxy(dc.get(), 100, 100);
         vx_bmp_dc_set_transparent_clr(dc.get(), c_white);
-        vx_bmp_dc_set_mm2pxl(dc.get(), box(25), box(100));
+        vx_bmp_dc_set_mm2pxl(dc.get(), box(25), {0, 0, 100, 100});
         vx_render_init(render.get(), box(100), dc.get());
     }
     static Tvx_box_d2 box(double side)
