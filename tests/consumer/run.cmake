@@ -14,7 +14,18 @@ if(SANITIZE)
     set(flags "-fsanitize=${SANITIZE}")
 endif()
 run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${prefix})
+
+# The program of the README is built as it stands there.
+file(READ ${README} readme)
+string(FIND "${readme}" "```cpp" first)
+string(SUBSTRING "${readme}" ${first} -1 program)
+string(REGEX REPLACE "^```cpp" "" program "${program}")
+string(FIND "${program}" "```" last)
+string(SUBSTRING "${program}" 0 ${last} program)
+file(WRITE ${WORK_DIR}/readme_host.cpp "${program}")
+
 run(${CMAKE_COMMAND} -S ${SOURCE_DIR} -B ${WORK_DIR}/build -G Ninja -DCMAKE_PREFIX_PATH=${prefix}
+    -DREADME_HOST=${WORK_DIR}/readme_host.cpp
     "-DCMAKE_C_FLAGS=${flags}" "-DCMAKE_CXX_FLAGS=${flags}")
 run(${CMAKE_COMMAND} --build ${WORK_DIR}/build)
 
