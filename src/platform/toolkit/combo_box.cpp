@@ -238,7 +238,7 @@ void TCustomComboBox::user_chose(int index)
         has_edit() ? !(text == f_last_text) && text == f_items->GetStrings(index) : index != f_last_index;
     remember();
     if (!changed)
-        return;
+        return Reselect();
     Click();
     Select();
 }

@@ -78,6 +78,8 @@ public:
 protected:
     virtual void Change();
     virtual void Select();
+    /// The user chose the item from the list that was chosen already. The base does nothing.
+    virtual void Reselect() {}
     virtual void DropDown();
     virtual void CloseUp();
     /// Without a handler the item's text is drawn.

@@ -34,6 +34,12 @@ public:
     /// Puts a picture into the list of cursors under a number above 0; the hot spot is in its pixels.
     void SetCursors(TCursor index, TBitmap const &picture, int hot_x, int hot_y);
     [[nodiscard]] TPoint GetCursorPos() const;
+    /// Moves the pointer, where the system lets programs do so.
+    void SetCursorPos(TPoint const &point);
+    /// Takes a picture of all screens, `GetDesktopRect` in size or larger where pixels are finer. Where the
+    /// system does not give it, the windows of this program are painted on black. The bitmap is empty if
+    /// there is no screen.
+    void Grab(TBitmap &picture) const;
 
     TNotifyEvent OnActiveFormChange;
     TNotifyEvent OnActiveControlChange;
