@@ -1,0 +1,287 @@
+#include "platform/styles/vx_style_lib.h"
+
+#include "platform/base/text_codec.h"
+#include "platform/styles/lib_model.h"
+#include "platform/winapi/case_map.h"
+
+#include <algorithm>
+
+using namespace vx::styles;
+
+namespace {
+using items_t = std::vector<std::unique_ptr<style_item>>;
+
+style_libs *libs_of(void *libs)
+{
+    return static_cast<style_libs *>(libs);
+}
+style_libs const *libs_of(void const *libs)
+{
+    return static_cast<style_libs const *>(libs);
+}
+style_lib *lib_of(void *lib)
+{
+    return static_cast<style_lib *>(lib);
+}
+style_list *list_of(void *list)
+{
+    return static_cast<style_list *>(list);
+}
+style_list const *list_of(void const *list)
+{
+    return static_cast<style_list const *>(list);
+}
+idx_style const *idx_of(void const *style)
+{
+    return static_cast<idx_style const *>(style);
+}
+style_item const *item_of(void const *item)
+{
+    return static_cast<style_item const *>(item);
+}
+
+void *style_of(void *style, style_kind kind)
+{
+    auto *s = static_cast<idx_style *>(style);
+    return s && s->kind == kind ? s->style->value() : nullptr;
+}
+
+template <class Matches>
+bool find_place(void const *list, unsigned *position, Matches matches)
+{
+    if (!list)
+        return false;
+    auto const &styles = list_of(list)->styles;
+    auto const it = std::ranges::find_if(styles, [&](auto const &s) { return matches(*s); });
+    if (it == styles.end())
+        return false;
+    if (position)
+        *position = static_cast<unsigned>(it - styles.begin());
+    return true;
+}
+
+struct text_search
+{
+    std::vector<style_item *> found;
+    std::size_t next = 0;
+
+    void collect(style_item &item, std::wstring const &text)
+    {
+        if (vx_lower_w(item.caption).find(text) != std::wstring::npos)
+            found.push_back(&item);
+        for (auto const &child : item.items)
+            collect(*child, text);
+    }
+    [[nodiscard]] style_item *take() { return next < found.size() ? found[next++] : nullptr; }
+};
+} // namespace
+
+// ---- lists of libraries
+void *vx_style_libs_create()
+{
+    return new style_libs;
+}
+
+void vx_style_libs_destroy(void *libs)
+{
+    delete libs_of(libs);
+}
+
+void vx_style_libs_clear(void *libs)
+{
+    if (libs)
+        libs_of(libs)->libs.clear();
+}
+
+unsigned vx_style_libs_get_size(void const *libs)
+{
+    return libs ? static_cast<unsigned>(libs_of(libs)->libs.size()) : 0;
+}
+
+void *vx_style_libs_get_lib_ptr(void *libs, unsigned index)
+{
+    return index < vx_style_libs_get_size(libs) ? libs_of(libs)->libs[index].get() : nullptr;
+}
+
+void *vx_style_libs_add_lib(void *libs, wchar_t const *name)
+{
+    if (!libs)
+        return nullptr;
+    auto &lib = *libs_of(libs)->libs.emplace_back(std::make_unique<style_lib>());
+    lib.name = name ? name : L"";
+    lib.root.caption = lib.name;
+    return &lib;
+}
+
+// ---- libraries
+wchar_t const *vx_style_lib_get_name_w(void const *lib)
+{
+    return lib ? static_cast<style_lib const *>(lib)->name.c_str() : L"";
+}
+
+void *vx_style_lib_get_root_item_ptr(void *lib)
+{
+    return lib ? &lib_of(lib)->root : nullptr;
+}
+
+void *vx_style_lib_get_pnt_list_ptr(void *lib)
+{
+    return lib ? &lib_of(lib)->pnt : nullptr;
+}
+
+void *vx_style_lib_get_pln_list_ptr(void *lib)
+{
+    return lib ? &lib_of(lib)->pln : nullptr;
+}
+
+void *vx_style_lib_get_pgn_list_ptr(void *lib)
+{
+    return lib ? &lib_of(lib)->pgn : nullptr;
+}
+
+// ---- lists of styles
+unsigned vx_style_list_get_size(void const *list)
+{
+    return list ? static_cast<unsigned>(list_of(list)->styles.size()) : 0;
+}
+
+void *vx_style_list_get_idx_style(void *list, unsigned position)
+{
+    return position < vx_style_list_get_size(list) ? list_of(list)->styles[position].get() : nullptr;
+}
+
+void *vx_style_list_add_idx_style(void *list, int index, int version)
+{
+    if (!list)
+        return nullptr;
+    auto *l = list_of(list);
+    auto &style = *l->styles.emplace_back(std::make_unique<idx_style>(l->kind));
+    style.index = index;
+    style.version = version;
+    return &style;
+}
+
+bool vx_style_list_find_idx(void const *list, int index, unsigned *position)
+{
+    return find_place(list, position, [&](idx_style const &s) { return s.index == index; });
+}
+
+bool vx_style_list_find_idx_ver(void const *list, int index, int version, unsigned *position)
+{
+    return find_place(list, position,
+                      [&](idx_style const &s) { return s.index == index && s.version == version; });
+}
+
+// ---- indexed styles
+char const *vx_idx_style_get_type(void const *style)
+{
+    return style ? style_key(idx_of(style)->kind) : nullptr;
+}
+
+int vx_idx_style_get_index(void const *style)
+{
+    return style ? idx_of(style)->index : 0;
+}
+
+int vx_idx_style_get_version(void const *style)
+{
+    return style ? idx_of(style)->version : 0;
+}
+
+void *vx_idx_pnt_style_get_pnt_style_ptr(void *style)
+{
+    return style_of(style, style_kind::pnt);
+}
+
+void *vx_idx_pln_style_get_pln_style_ptr(void *style)
+{
+    return style_of(style, style_kind::pln);
+}
+
+void *vx_idx_pgn_style_get_pgn_style_ptr(void *style)
+{
+    return style_of(style, style_kind::pgn);
+}
+
+// ---- items
+char const *vx_style_item_get_caption(void const *item)
+{
+    if (!item)
+        return "";
+    auto const *i = item_of(item);
+    i->narrow_caption = vx::text::to_bytes(i->caption);
+    return i->narrow_caption.c_str();
+}
+
+wchar_t const *vx_style_item_get_caption_w(void const *item)
+{
+    return item ? item_of(item)->caption.c_str() : L"";
+}
+
+void vx_style_item_get_caption_adp(void const *item, Ivx_string_adp *adp)
+{
+    vx_string_adp_feed(adp, vx_style_item_get_caption_w(item));
+}
+
+int vx_style_item_get_index(void const *item)
+{
+    return item ? item_of(item)->index : -1;
+}
+
+int vx_style_item_get_version(void const *item)
+{
+    return item ? item_of(item)->version : -1;
+}
+
+void *vx_style_item_get_style_items_ptr(void *item)
+{
+    return item ? &static_cast<style_item *>(item)->items : nullptr;
+}
+
+unsigned vx_style_items_get_size(void const *items)
+{
+    return items ? static_cast<unsigned>(static_cast<items_t const *>(items)->size()) : 0;
+}
+
+void *vx_style_items_get_style_item_ptr(void *items, unsigned index)
+{
+    return index < vx_style_items_get_size(items) ? (*static_cast<items_t *>(items))[index].get() : nullptr;
+}
+
+void *vx_style_items_add(void *items, wchar_t const *caption, int index, int version)
+{
+    if (!items)
+        return nullptr;
+    auto &item = *static_cast<items_t *>(items)->emplace_back(std::make_unique<style_item>());
+    item.caption = caption ? caption : L"";
+    item.index = index;
+    item.version = version;
+    return &item;
+}
+
+// ---- search
+void *vx_style_item_search_str_create()
+{
+    return new text_search;
+}
+
+void vx_style_item_search_str_destroy(void *search)
+{
+    delete static_cast<text_search *>(search);
+}
+
+void *vx_style_item_search_str_get_first(void *search, void *root, wchar_t const *text)
+{
+    if (!search)
+        return nullptr;
+    auto *s = static_cast<text_search *>(search);
+    *s = {};
+    if (root && text && *text)
+        s->collect(*static_cast<style_item *>(root), vx_lower_w(text));
+    return s->take();
+}
+
+void *vx_style_item_search_str_get_next(void *search)
+{
+    return search ? static_cast<text_search *>(search)->take() : nullptr;
+}

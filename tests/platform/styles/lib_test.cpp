@@ -1,0 +1,181 @@
+#include "support.h"
+
+#include "platform/basic/vx_wstrings.h"
+#include "platform/styles/vx_global_lib_styles.h"
+#include "platform/styles/vx_style_lib.h"
+
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+namespace {
+constexpr Tvx_color c_navy = vx_clr_init_rgba(0, 0, 128, 200);
+constexpr Tvx_color c_lemon = vx_clr_init_rgb(255, 250, 160);
+
+int loads = 0;
+bool loader_result = true;
+
+/// Two libraries. The first has the point styles 7 in two versions and 9, the polygon style 7, and a tree.
+bool fill_libs(void *libs)
+{
+    ++loads;
+    void *city = vx_style_libs_add_lib(libs, L"City");
+    vx_style_libs_add_lib(libs, L"Länder");
+    struct
+    {
+        int index, version;
+        double size;
+    } const points[] = {{7, 2, 4}, {7, 1, 3}, {9, 1, 5}};
+    for (auto const &p : points) {
+        void *idx = vx_style_list_add_idx_style(vx_style_lib_get_pnt_list_ptr(city), p.index, p.version);
+        void *bpnt = vx_pnt_style_get_bpnt_style_ptr(vx_idx_pnt_style_get_pnt_style_ptr(idx));
+        vx_bpnt_style_set_size(bpnt, p.size);
+        vx_bpnt_style_set_color(bpnt, p.index == 7 ? c_navy : c_lemon);
+    }
+    vx_style_list_add_idx_style(vx_style_lib_get_pgn_list_ptr(city), 7, 1);
+    void *root = vx_style_item_get_style_items_ptr(vx_style_lib_get_root_item_ptr(city));
+    void *water = vx_style_item_get_style_items_ptr(vx_style_items_add(root, L"Water", -1, -1));
+    vx_style_items_add(water, L"ÜBERLAUF 7", 7, 1);
+    vx_style_items_add(root, L"Waterfall", 9, 1);
+    return loader_result;
+}
+
+struct with_libs
+{
+    with_libs(bool result = true)
+    {
+        loads = 0;
+        loader_result = result;
+        vx_global_lib_styles_set_loader(&fill_libs);
+    }
+    ~with_libs() { vx_global_lib_styles_set_loader(nullptr); }
+};
+
+void *first_lib()
+{
+    return vx_style_libs_get_lib_ptr(vx_global_lib_styles_get_libs(), 0);
+}
+
+double size_of(void *pnt_style)
+{
+    return vx_bpnt_style_get_size(vx_pnt_style_get_bpnt_style_ptr(pnt_style));
+}
+
+TEST(style_lib, is_read_once_when_first_asked_for_and_tried_again_only_by_load)
+{
+    {
+        with_libs const libs;
+        EXPECT_EQ(loads, 0);
+        EXPECT_TRUE(vx_global_lib_styles_exists());
+        void *const city = first_lib();
+        EXPECT_TRUE(vx_global_lib_styles_load());
+        EXPECT_EQ(first_lib(), city);
+        EXPECT_EQ(loads, 1);
+        vx::owned<void, &vx_wstrings_destroy> const names(vx_global_lib_styles_create_name_list());
+        ASSERT_EQ(vx_wstrings_get_size(names.get()), 2u);
+        EXPECT_STREQ(vx_wstrings_get_str(names.get(), 1), L"Länder");
+    }
+    with_libs const failing(false);
+    EXPECT_FALSE(vx_global_lib_styles_exists());
+    EXPECT_FALSE(vx_global_lib_styles_exists());
+    EXPECT_EQ(vx_style_libs_get_size(vx_global_lib_styles_get_libs()), 0u) << "a half-read list is no list";
+    EXPECT_EQ(loads, 1);
+    EXPECT_FALSE(vx_global_lib_styles_load());
+    loader_result = true;
+    EXPECT_TRUE(vx_global_lib_styles_load());
+    EXPECT_EQ(loads, 3);
+}
+
+TEST(style_lib, lists_find_by_index_and_version)
+{
+    with_libs const libs;
+    void *points = vx_style_lib_get_pnt_list_ptr(first_lib());
+    struct
+    {
+        int index, version;
+        int by_index, by_both;
+    } const table[] = {{7, 1, 0, 1}, {7, 2, 0, 0}, {7, 3, 0, -1}, {9, 1, 2, 2}, {8, 1, -1, -1}};
+    for (auto const &t : table) {
+        unsigned place = 77;
+        EXPECT_EQ(vx_style_list_find_idx(points, t.index, &place), t.by_index >= 0);
+        EXPECT_EQ(place, t.by_index >= 0 ? static_cast<unsigned>(t.by_index) : 77u);
+        place = 77;
+        EXPECT_EQ(vx_style_list_find_idx_ver(points, t.index, t.version, &place), t.by_both >= 0);
+        EXPECT_EQ(place, t.by_both >= 0 ? static_cast<unsigned>(t.by_both) : 77u);
+    }
+    void *idx = vx_style_list_get_idx_style(points, 1);
+    EXPECT_STREQ(vx_idx_style_get_type(idx), "pnt_style");
+    EXPECT_EQ(vx_idx_style_get_version(idx), 1);
+    EXPECT_EQ(vx_idx_pgn_style_get_pgn_style_ptr(idx), nullptr);
+    EXPECT_EQ(vx_style_list_get_idx_style(points, 3), nullptr);
+}
+
+TEST(style_lib, codes_give_copies_of_the_first_version_of_the_right_kind)
+{
+    with_libs const libs;
+    vx::owned<void, &vx_pnt_style_destroy> const pnt(vx_pnt_style_create());
+    vx::owned<void, &vx_pln_style_destroy> const pln(vx_pln_style_create());
+    EXPECT_FALSE(vx_global_lib_styles_get_spec_pnt(0, 8, pnt.get()));
+    EXPECT_FALSE(vx_global_lib_styles_get_spec_pnt(1, 7, pnt.get()));
+    EXPECT_FALSE(vx_global_lib_styles_get_spec_pnt(-1, 7, pnt.get()));
+    EXPECT_FALSE(vx_global_lib_styles_get_spec_pln(0, 7, pln.get()));
+    EXPECT_EQ(size_of(pnt.get()), 2);
+    ASSERT_TRUE(vx_global_lib_styles_get_spec_pnt(0, 7, pnt.get()));
+    EXPECT_EQ(size_of(pnt.get()), 4);
+    vx_bpnt_style_set_size(vx_pnt_style_get_bpnt_style_ptr(pnt.get()), 1);
+    ASSERT_TRUE(vx_global_lib_styles_get_spec_pnt(0, 7, pnt.get()));
+    EXPECT_EQ(size_of(pnt.get()), 4) << "the library keeps its own";
+    EXPECT_STREQ(vx_style_item_get_caption_w(vx_global_lib_styles_get_spec_style_item(0, 7)), L"ÜBERLAUF 7");
+    EXPECT_EQ(vx_global_lib_styles_get_spec_style_item(0, -1), nullptr);
+}
+
+TEST(style_lib, steps_of_a_gradient_run_from_light_to_dark_and_keep_the_rest)
+{
+    with_libs const libs;
+    vx::owned<void, &vx_pnt_style_destroy> const pnt(vx_pnt_style_create());
+    auto const step = [&](int code, unsigned position, unsigned count) {
+        EXPECT_TRUE(vx_global_lib_styles_get_spec_pnt_gradient(0, code, position, count, pnt.get()));
+        return vx_bpnt_style_get_color(vx_pnt_style_get_bpnt_style_ptr(pnt.get()));
+    };
+    EXPECT_EQ(step(7, 0, 1), c_navy);
+    EXPECT_EQ(step(7, 4, 5), c_navy) << "a dark colour ends as it is";
+    EXPECT_EQ(step(9, 0, 5), c_lemon) << "a light one begins so";
+    EXPECT_EQ(step(7, 9, 5), step(7, 4, 5));
+    for (int const code : {7, 9}) {
+        int last = 1000;
+        for (unsigned i = 0; i < 5; ++i) {
+            Tvx_color const c = step(code, i, 5);
+            EXPECT_LT(c.r + c.g, last) << code << " " << i;
+            last = c.r + c.g;
+            EXPECT_EQ(c.a, code == 7 ? 200 : 255);
+        }
+    }
+    EXPECT_EQ(size_of(pnt.get()), 5);
+}
+
+TEST(style_lib, text_search_walks_the_tree_without_regard_to_case)
+{
+    with_libs const libs;
+    vx::owned<void, &vx_style_item_search_str_destroy> const search(vx_style_item_search_str_create());
+    void *root = vx_style_lib_get_root_item_ptr(first_lib());
+    struct
+    {
+        wchar_t const *text;
+        std::vector<std::wstring> found;
+    } const table[] = {{L"WATER", {L"Water", L"Waterfall"}},
+                       {L"überl", {L"ÜBERLAUF 7"}},
+                       {L"city", {L"City"}},
+                       {L"", {}},
+                       {L"sea", {}},
+                       {L"t", {L"City", L"Water", L"Waterfall"}}};
+    for (auto const &t : table) {
+        std::vector<std::wstring> found;
+        for (void *item = vx_style_item_search_str_get_first(search.get(), root, t.text); item;
+             item = vx_style_item_search_str_get_next(search.get()))
+            found.emplace_back(vx_style_item_get_caption_w(item));
+        EXPECT_EQ(found, t.found);
+    }
+    EXPECT_EQ(vx_style_item_search_str_get_first(search.get(), nullptr, L"t"), nullptr);
+    EXPECT_EQ(vx_style_item_search_str_get_next(search.get()), nullptr);
+}
+} // namespace
