@@ -1,0 +1,75 @@
+#pragma once
+
+#include "platform/toolkit/edit.h"
+#include "platform/toolkit/key_codes.h"
+
+#include <string>
+
+/// What the number edits have in common in their handling of keys.
+namespace vx::edit_keys {
+inline constexpr wchar_t c_backspace = 8;
+inline constexpr wchar_t c_tab = 9;
+inline constexpr wchar_t c_enter = 13;
+/// Is never part of a text: it is left to the dialog.
+inline constexpr wchar_t c_escape = 27;
+
+enum class command
+{
+    none,
+    copy,
+    paste
+};
+
+[[nodiscard]] inline bool is_digit(wchar_t key)
+{
+    return key >= L'0' && key <= L'9';
+}
+
+/// Of the letters of the keys, Latin and as the same keys give them in a Cyrillic layout.
+[[nodiscard]] inline command command_of_letter(unsigned letter)
+{
+    switch (letter) {
+    case 'C':
+    case 'c':
+    case 1057:
+    case 1089:
+        return command::copy;
+    case 'V':
+    case 'v':
+    case 1052:
+    case 1084:
+        return command::paste;
+    default:
+        return command::none;
+    }
+}
+
+[[nodiscard]] inline command command_of_key(Word key, TShiftState shift)
+{
+    bool const control = shift.Contains(ssCtrl) && !shift.Contains(ssAlt);
+    return control ? command_of_letter(key) : command::none;
+}
+
+/// Layouts without Latin letters may give the character of the command, or their letter, and no key.
+[[nodiscard]] inline command command_of_character(wchar_t character)
+{
+    constexpr wchar_t c_copy = 3;
+    constexpr wchar_t c_paste = 22;
+    if (character == c_copy)
+        return command::copy;
+    if (character == c_paste)
+        return command::paste;
+    bool const control = GetKeyState(VK_CONTROL) < 0 && GetKeyState(VK_MENU) >= 0;
+    return control ? command_of_letter(static_cast<unsigned>(character)) : command::none;
+}
+
+/// The text without the selection, which a typed character replaces.
+[[nodiscard]] inline std::wstring text_left(TCustomEdit const &edit)
+{
+    std::wstring text = edit.GetText().str();
+    auto const start = static_cast<std::size_t>(edit.GetSelStart());
+    if (start < text.size())
+        text.erase(start, static_cast<std::size_t>(edit.GetSelLength()));
+    return text;
+}
+} // namespace vx::edit_keys

@@ -1,0 +1,63 @@
+#include "controls/numeric/vcl_spin_edit.h"
+
+#include "controls/numeric/edit_keys_priv.h"
+#include "controls/numeric/number_text.h"
+
+void Tvx_vcl_spin_edit::set_value(int value)
+{
+    if (value == f_value)
+        return;
+    f_quiet = true;
+    SetValue(value);
+    take_value();
+    f_quiet = false;
+}
+
+void Tvx_vcl_spin_edit::set_min(int min)
+{
+    f_quiet = true;
+    SetMinValue(min);
+    take_value();
+    f_quiet = false;
+}
+
+void Tvx_vcl_spin_edit::set_max(int max)
+{
+    f_quiet = true;
+    SetMaxValue(max);
+    take_value();
+    f_quiet = false;
+}
+
+void Tvx_vcl_spin_edit::take_value()
+{
+    static_cast<void>(vx::str_to_int(GetText().str(), f_value));
+}
+
+void Tvx_vcl_spin_edit::Change()
+{
+    TSpinEdit::Change();
+    if (!f_quiet)
+        on_edit_change();
+}
+
+void Tvx_vcl_spin_edit::on_edit_change()
+{
+    int const former = f_value;
+    take_value();
+    if (f_value != former)
+        on_changed(this);
+}
+
+void Tvx_vcl_spin_edit::KeyPress(wchar_t &key)
+{
+    TSpinEdit::KeyPress(key);
+    if (key == vx::edit_keys::c_enter)
+        on_changed(this);
+}
+
+void Tvx_vcl_spin_edit::DoExit()
+{
+    on_changed(this);
+    TSpinEdit::DoExit();
+}
