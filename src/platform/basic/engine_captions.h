@@ -15,6 +15,12 @@ enum Tvx_engine_caption : int
     c_capt_no_vector_data = 5,
     c_capt_no_driver_makes = 6,
     c_capt_too_many_records = 7,
+    c_capt_file_damaged = 20,
+    c_capt_file_newer = 21,
+    c_capt_file_other = 22,
+    c_capt_name_has_separator = 23,
+    c_capt_too_large_to_save = 24,
+    c_capt_no_bounds_to_save = 25,
 };
 
 /// The caption with "%1" replaced by `argument`.

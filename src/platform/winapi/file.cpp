@@ -2,6 +2,7 @@
 
 #include "platform/base/text_codec.h"
 
+#include <algorithm>
 #include <atomic>
 #include <cerrno>
 #include <fcntl.h>
@@ -204,7 +205,9 @@ private:
 
 std::string vx_path_to_native(std::wstring_view path)
 {
-    return vx::text::wide_to_utf8(path);
+    auto native = vx::text::wide_to_utf8(path);
+    std::ranges::replace(native, '\\', '/');
+    return native;
 }
 
 std::wstring vx_path_from_native(std::string_view path)

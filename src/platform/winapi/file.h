@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 
-/// Files by wide path. Paths are UTF-8 on disk; "\" is an ordinary character here (see data/filesystem for
-/// the historical rules).
+/// Files by wide path. Paths are UTF-8 on disk. "\" separates like "/", since that is what the path rules of
+/// data/filesystem put between the parts of a path.
 
 [[nodiscard]] VX_API std::string vx_path_to_native(std::wstring_view path);
 [[nodiscard]] VX_API std::wstring vx_path_from_native(std::string_view path);

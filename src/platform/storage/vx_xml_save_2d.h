@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/storage/vx_xml_data.h"
+
+/// The storage functions of the editors. Scale files are the same as those of vx_xml_data.h, arguments and
+/// results too.
+[[nodiscard]] VX_API Ivx_xml_data *vx_xml_save_2d_create();
+VX_API void vx_xml_save_2d_destroy(Ivx_xml_data *xml);
+
+[[nodiscard]] VX_API bool vx_xml_data_load_val_scale_w(Ivx_xml_data *xml, wchar_t const *file, void *mngr,
+                                                       char const *type);
+[[nodiscard]] VX_API bool vx_xml_data_load_rng_scale_w(Ivx_xml_data *xml, wchar_t const *file, void *mngr,
+                                                       char const *type);
+[[nodiscard]] VX_API bool vx_xml_data_load_rule_scale_w(Ivx_xml_data *xml, wchar_t const *file, void *mngr,
+                                                        char const *type);
+VX_API bool vx_xml_data_save_val_scale_w(Ivx_xml_data *xml, wchar_t const *file, void const *mngr,
+                                         char const *type);
+VX_API bool vx_xml_data_save_rng_scale_w(Ivx_xml_data *xml, wchar_t const *file, void const *mngr,
+                                         char const *type);
+VX_API bool vx_xml_data_save_rule_scale_w(Ivx_xml_data *xml, wchar_t const *file, void const *mngr,
+                                          char const *type);
+
+/// A list of palettes (vx_palette.h) with captions and colours. A load replaces the list, or leaves it as it
+/// was.
+[[nodiscard]] VX_API bool vx_xml_data_load_clr_palettes(Ivx_xml_data *xml, wchar_t const *file,
+                                                        void *palettes);
+VX_API bool vx_xml_data_save_clr_palettes(Ivx_xml_data *xml, wchar_t const *file, void const *palettes);
