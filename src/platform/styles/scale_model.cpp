@@ -9,6 +9,7 @@
 #include <cwctype>
 #include <functional>
 #include <limits>
+#include <random>
 
 namespace vx::styles {
 namespace {
@@ -38,9 +39,9 @@ void move_item(std::vector<T> &items, unsigned from, unsigned to)
 }
 
 /// Mixes two characters at a time.
-std::uint32_t hash_of(std::wstring_view text)
+std::uint32_t hash_of(std::wstring_view text, std::uint64_t seed)
 {
-    std::uint64_t h = text.size() * 0x9E3779B97F4A7C15u;
+    std::uint64_t h = seed ^ text.size() * 0x9E3779B97F4A7C15u;
     std::size_t i = 0;
     for (; i + 1 < text.size(); i += 2) {
         std::uint64_t const pair =
@@ -240,9 +241,11 @@ void val_scale::build_index() const
         buckets *= 2;
     f_index.assign(buckets, {});
     f_texts.clear();
+    std::random_device chance;
+    f_seed = static_cast<std::uint64_t>(chance()) << 32 | chance();
     for (std::uint32_t i = 0; i < f_entries.size(); ++i) {
         auto const text = trimmed(f_entries[i]->text);
-        std::uint32_t const hash = hash_of(text);
+        std::uint32_t const hash = hash_of(text, f_seed);
         slot &s = slot_of(text, hash);
         if (s.entry) // the first of equal texts stays
             continue;
@@ -259,7 +262,7 @@ int val_scale::find(std::wstring_view text) const
     if (f_index.empty())
         build_index();
     text = trimmed(text);
-    return static_cast<int>(slot_of(text, hash_of(text)).entry) - 1;
+    return static_cast<int>(slot_of(text, hash_of(text, f_seed)).entry) - 1;
 }
 
 bool operator==(val_scale const &a, val_scale const &b)

@@ -107,6 +107,7 @@ private:
     /// A power of two of slots; empty while it has to be built.
     mutable std::vector<slot> f_index;
     mutable std::wstring f_texts;
+    mutable std::uint64_t f_seed = 0; ///< by chance, so that no file can be made whose texts all collide
     style_kind f_kind;
 
     void build_index() const;
