@@ -1,8 +1,6 @@
 #include "platform/render/mngr_painter.h"
 
-#include "platform/data/vx_attr_data.h"
 #include "platform/data/vx_shape_files.h"
-#include "platform/styles/vx_stl_mngr.h"
 
 #include <cmath>
 #include <optional>
@@ -13,86 +11,8 @@ using namespace vx::styles;
 
 /// Vertices nearer than this to the one before do not show.
 constexpr double c_vertex_px = 0.3;
-
-int field_index(Ivx_attr_files *files, std::wstring const &name)
-{
-    return files && !name.empty() ? vx_attr_files_get_field_index_w(files, name.c_str()) : -1;
-}
 } // namespace
 
-// ---- rows
-row_source::row_source(stl_mngr const &mngr, Ivx_attr_files *files) : f_mngr(mngr), f_files(files)
-{
-    if (mngr.mode == c_stl_mngr_mode_value)
-        f_field = field_index(files, mngr.val_prop_name);
-    else if (mngr.mode == c_stl_mngr_mode_range)
-        f_field = field_index(files, mngr.rng_prop_name);
-    if (mngr.rotate_flag || mngr.rotate_spot_flag || mngr.rotate_hatch_flag)
-        f_rotate_field = field_index(files, mngr.rotate_prop_name);
-}
-
-unsigned row_source::row_count() const
-{
-    if (f_mngr.mode == c_stl_mngr_mode_value)
-        return f_mngr.values.size() + 1;
-    return f_mngr.mode == c_stl_mngr_mode_range ? f_mngr.ranges.other_row() + 1 : 1;
-}
-
-unsigned row_source::row_of(unsigned record) const
-{
-    if (f_mngr.mode == c_stl_mngr_mode_value) {
-        if (f_field < 0)
-            return f_mngr.values.size();
-        wchar_t const *text =
-            vx_attr_files_get_wstr(f_files, static_cast<unsigned>(f_field), record, nullptr);
-        int const row = f_mngr.values.find(text ? text : L"");
-        return row < 0 ? f_mngr.values.size() : static_cast<unsigned>(row);
-    }
-    if (f_mngr.mode == c_stl_mngr_mode_range) {
-        if (f_field < 0)
-            return f_mngr.ranges.other_row();
-        bool known = false;
-        double const value = vx_attr_files_get_dbl(f_files, static_cast<unsigned>(f_field), record, &known);
-        return known ? f_mngr.ranges.find(value) : f_mngr.ranges.other_row();
-    }
-    return 0;
-}
-
-scale_prm const *row_source::entry(unsigned row) const
-{
-    if (f_mngr.mode == c_stl_mngr_mode_value) {
-        val_entry const *e = f_mngr.values.at(row);
-        return e ? &e->prm : &f_mngr.values.other.prm;
-    }
-    return f_mngr.mode == c_stl_mngr_mode_range ? f_mngr.ranges.row(row) : nullptr;
-}
-
-stl_prm const &row_source::style(unsigned row) const
-{
-    scale_prm const *e = entry(row);
-    return e ? e->prm : f_mngr.simple;
-}
-
-bool row_source::visible(unsigned row) const
-{
-    scale_prm const *e = entry(row);
-    return !e || e->visible;
-}
-
-double row_source::angle_of(unsigned record) const
-{
-    if (f_rotate_field < 0)
-        return 0;
-    bool known = false;
-    double const value =
-        vx_attr_files_get_dbl(f_files, static_cast<unsigned>(f_rotate_field), record, &known);
-    if (!known || !std::isfinite(value))
-        return 0;
-    // A symbol that is not turned points north.
-    return std::remainder(f_mngr.rotate_start * 90.0 - 90 + (f_mngr.rotate_dir ? -value : value), 360.0);
-}
-
-// ---- drawing
 struct mngr_painter::prepared
 {
     bool visible = false;
@@ -185,10 +105,10 @@ void mngr_painter::draw(unsigned record, Tvx_shape_view const &shape)
         return draw_points(with, shape, angle);
     case c_shape_polyline:
         load_parts(shape);
-        return draw_lines(with, shape, angle);
+        return draw_lines(with, angle);
     case c_shape_polygon:
         load_parts(shape);
-        return draw_areas(with, shape, angle);
+        return draw_areas(with, angle);
     case c_shape_none:
         return;
     }
@@ -218,7 +138,7 @@ void mngr_painter::draw_points(prepared &with, Tvx_shape_view const &shape, doub
                          turn);
 }
 
-void mngr_painter::draw_lines(prepared &with, Tvx_shape_view const &shape, double angle)
+void mngr_painter::draw_lines(prepared &with, double angle)
 {
     double const turn = f_mngr.rotate_flag ? angle : 0;
     if (with.line)
@@ -237,7 +157,7 @@ void mngr_painter::draw_lines(prepared &with, Tvx_shape_view const &shape, doubl
     }
 }
 
-void mngr_painter::draw_areas(prepared &with, Tvx_shape_view const &shape, double angle)
+void mngr_painter::draw_areas(prepared &with, double angle)
 {
     if (with.fill)
         with.fill->draw(f_parts, f_mngr.rotate_hatch_flag ? angle : 0, f_mngr.rotate_spot_flag ? angle : 0);
@@ -245,6 +165,6 @@ void mngr_painter::draw_areas(prepared &with, Tvx_shape_view const &shape, doubl
     for (px_line &ring : f_parts)
         if (ring.size() > 2 && ring.front() != ring.back())
             ring.push_back(ring.front());
-    draw_lines(with, shape, angle);
+    draw_lines(with, angle);
 }
 } // namespace vx::render

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/render/point_mask.h"
+#include "platform/render/scale_rows.h"
 #include "platform/render/style_painter.h"
 #include "platform/render/vx_map_view.h"
 #include "platform/styles/mngr_model.h"
@@ -12,31 +13,6 @@ struct Ivx_attr_files;
 struct Tvx_shape_view;
 
 namespace vx::render {
-/// Which row of a manager's scale in force draws a record, and with what. Row 0 of a simple style is the
-/// style; the rows of scales are those of `val_scale` entries with the other entry behind them, and of
-/// `rng_scale`.
-class row_source
-{
-public:
-    /// `files` may be null: every record then falls in the other row. Both must outlive the object.
-    row_source(styles::stl_mngr const &mngr, Ivx_attr_files *files);
-
-    [[nodiscard]] unsigned row_count() const;
-    [[nodiscard]] unsigned row_of(unsigned record) const;
-    [[nodiscard]] styles::stl_prm const &style(unsigned row) const;
-    [[nodiscard]] bool visible(unsigned row) const;
-    /// Rotation of the record's symbol in degrees, counter-clockwise; 0 when the manager does not rotate.
-    [[nodiscard]] double angle_of(unsigned record) const;
-
-private:
-    [[nodiscard]] styles::scale_prm const *entry(unsigned row) const;
-
-    styles::stl_mngr const &f_mngr;
-    Ivx_attr_files *f_files;
-    int f_field = -1;
-    int f_rotate_field = -1;
-};
-
 /// Draws shapes on a surface with one style manager.
 class mngr_painter
 {
@@ -60,8 +36,8 @@ private:
     [[nodiscard]] prepared &row_painter(unsigned row);
     void draw_symbols(plain_symbol const &symbol, Tvx_shape_view const &shape);
     void draw_points(prepared &with, Tvx_shape_view const &shape, double angle);
-    void draw_lines(prepared &with, Tvx_shape_view const &shape, double angle);
-    void draw_areas(prepared &with, Tvx_shape_view const &shape, double angle);
+    void draw_lines(prepared &with, double angle);
+    void draw_areas(prepared &with, double angle);
     /// The parts in pixels, less vertices that fall on the one before.
     void load_parts(Tvx_shape_view const &shape);
 

@@ -1,12 +1,14 @@
 #include "support/memory_source.h"
 
 #include "platform/base/owned.h"
+#include "platform/data/vx_attr_data.h"
 #include "platform/layers/layer_keys.h"
 #include "platform/layers/vx_lr2d.h"
 #include "platform/layers/vx_shp_lr2d.h"
 #include "platform/render/vx_bmp_dc.h"
 #include "platform/render/vx_map_view.h"
 #include "platform/render/vx_render_layer.h"
+#include "platform/render/vx_scale_rows.h"
 #include "platform/styles/vxk_styles.h"
 
 #include <cmath>
@@ -14,6 +16,7 @@
 #include <limits>
 #include <set>
 #include <string>
+#include <vector>
 
 namespace {
 using namespace vx_test;
@@ -153,6 +156,73 @@ TEST(render_layer, range_scale_with_min_max_and_other_rows)
     vx_scale_prm_set_visible(prms[4], false);
     vx_scale_prm_set_visible(prms[0], false);
     s.expect({c_white, c_white, c_red, c_red, c_red, c_green, c_green, c_green, c_black, c_white});
+}
+
+TEST(render_layer, rule_scale_takes_the_first_rule_that_matches)
+{
+    squares s;
+    void *scale = vx_stl_mngr_get_rule_scale_ptr(s.mngr());
+    vx_stl_mngr_set_mode(s.mngr(), c_stl_mngr_mode_rule);
+    wchar_t const *const filters[] = {L"no filter \"", L"VALUE GREATER 4 AND VALUE LESS EQUAL 6",
+                                      L"VALUE GREATER EQUAL 6 OR NAME EQUAL b", L"VALUE NULL",
+                                      L"LOST EQUAL 1"};
+    Tvx_color const colors[] = {c_black, c_red, c_green, c_blue, c_black};
+    for (unsigned i = 0; i < 5; ++i) {
+        vx_val_scale_set_text_w(scale, vx_val_scale_add(scale) - 1, filters[i]);
+        squares::plain(vx_scale_prm_get_stl_prm_ptr(vx_val_scale_get_scale_prm_ptr(scale, i)), colors[i]);
+    }
+    void *other = vx_val_scale_get_other_prm_ptr(scale);
+    squares::plain(vx_scale_prm_get_stl_prm_ptr(other), c_grey);
+    s.expect({c_grey, c_green, c_grey, c_grey, c_grey, c_red, c_red, c_green, c_green, c_blue});
+    vx_scale_prm_set_visible(vx_val_scale_get_scale_prm_ptr(scale, 1), false);
+    vx_scale_prm_set_visible(other, false);
+    s.expect({c_white, c_green, c_white, c_white, c_white, c_white, c_white, c_green, c_green, c_blue});
+}
+
+TEST(scale_rows, every_object_counts_once_and_as_it_is_drawn)
+{
+    squares s;
+    Ivx_attr_data *data = vx_shp_lr2d_get_attr_data_ptr(s.layer.get());
+    void *mngr = s.mngr();
+    auto const counts = [&](unsigned mode) {
+        vx_stl_mngr_set_mode(mngr, mode);
+        std::vector<unsigned> n(vx_scale_rows_get_count(mngr));
+        EXPECT_TRUE(vx_scale_rows_count_objects(mngr, data, n.data(), static_cast<unsigned>(n.size())));
+        return n;
+    };
+    using list = std::vector<unsigned>;
+    EXPECT_EQ(counts(c_stl_mngr_mode_simple), (list{10}));
+    vx_stl_mngr_set_val_prop_name_w(mngr, L"name");
+    void *values = vx_stl_mngr_get_val_scale_ptr(mngr);
+    for (wchar_t const *text : {L"c", L"c", L"", L"C"})
+        vx_val_scale_set_text_w(values, vx_val_scale_add(values) - 1, text);
+    EXPECT_EQ(counts(c_stl_mngr_mode_value), (list{1, 0, 1, 0, 8})) << "no value is the empty text";
+
+    vx_stl_mngr_set_rng_prop_name_w(mngr, L"VALUE");
+    void *ranges = vx_stl_mngr_get_rng_scale_ptr(mngr);
+    void *rules = vx_stl_mngr_get_rule_scale_ptr(mngr);
+    vx_rng_scale_set_size(ranges, 2);
+    vx_rng_scale_set_min_value(ranges, 2);
+    vx_rng_scale_set_max_value(ranges, 7);
+    double const bounds[] = {2, 4, 7};
+    wchar_t const *const filters[] = {L"VALUE LESS EQUAL 2", L"VALUE GREATER 2 AND VALUE LESS EQUAL 4",
+                                      L"VALUE GREATER 4 AND VALUE LESS EQUAL 7", L"VALUE GREATER 7"};
+    for (unsigned i = 0; i < 2; ++i) {
+        vx_rng_scale_set_min(ranges, i, bounds[i]);
+        vx_rng_scale_set_max(ranges, i, bounds[i + 1]);
+    }
+    for (wchar_t const *filter : filters)
+        vx_val_scale_set_text_w(rules, vx_val_scale_add(rules) - 1, filter);
+    EXPECT_EQ(counts(c_stl_mngr_mode_range), (list{3, 2, 3, 1, 1}));
+    EXPECT_EQ(counts(c_stl_mngr_mode_rule), counts(c_stl_mngr_mode_range)) << "rules of the same bounds";
+    vx_stl_mngr_set_rng_prop_name_w(mngr, L"LOST");
+    EXPECT_EQ(counts(c_stl_mngr_mode_range), (list{0, 0, 0, 0, 10}));
+
+    unsigned one[] = {77, 77};
+    EXPECT_TRUE(vx_scale_rows_count_objects(mngr, data, one, 1));
+    EXPECT_EQ(one[0], 0u);
+    EXPECT_FALSE(vx_scale_rows_count_objects(mngr, nullptr, one, 2));
+    EXPECT_EQ(one[1], 77u);
 }
 
 TEST(render_layer, each_manager_of_the_list_draws_in_turn)

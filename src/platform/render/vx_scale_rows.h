@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/base/export.h"
+
+struct Ivx_attr_data;
+
+/// Rows of the scale that a style manager has in force, and how many objects fall in each. They are the rows
+/// by which a layer is drawn: one row for a simple style; the entries and, last, the other entry for value
+/// and rule scales; the min entry, the ranges, the max entry and, last, the other entry for range scales.
+
+/// Number of rows; 0 for null.
+[[nodiscard]] VX_API unsigned vx_scale_rows_get_count(void const *stl_mngr);
+/// Writes the number of objects of each row, `size` of them at most; rows past the last one get 0. Every
+/// object counts in exactly one row, whether the row is visible or not. False, with the counts as they were,
+/// if the table cannot be read.
+VX_API bool vx_scale_rows_count_objects(void const *stl_mngr, Ivx_attr_data *data, unsigned *counts,
+                                        unsigned size);
