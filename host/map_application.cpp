@@ -1,6 +1,7 @@
 #include "host/map_application.h"
 
 #include "host/map_window.h"
+#include "host/offscreen.h"
 #include "host/tour.h"
 
 #include "platform/basic/vx_options.h"
@@ -8,33 +9,13 @@
 #include <QApplication>
 #include <QDir>
 #include <QSettings>
-#include <QTemporaryFile>
 #include <QTimer>
 
 #include <cstdio>
 #include <cstdlib>
-#include <memory>
+#include <optional>
 
 namespace {
-/// The screen of a run without a display.
-constexpr char c_screen[] = R"({
-    "synchronousWindowSystemEvents": false,
-    "windowFrameMargins": false,
-    "screens": [ { "name": "screen", "x": 0, "y": 0, "width": 1920, "height": 1080,
-                   "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1 } ]
-})";
-
-/// Passes messages on, save those of the window system that say what a screen of nobody cannot do.
-void write_message(QtMsgType type, QMessageLogContext const &, QString const &text)
-{
-    bool const of_no_display = text.startsWith("This plugin does not support") ||
-                               text.startsWith("QStandardPaths: XDG_RUNTIME_DIR not set");
-    if (!of_no_display)
-        std::fprintf(stderr, "vx_map: %s\n", text.toLocal8Bit().constData());
-    if (type == QtFatalMsg)
-        std::abort();
-}
-
 bool is_set(char const *variable)
 {
     char const *value = std::getenv(variable);
@@ -48,17 +29,6 @@ bool has_display(int argc, char **argv)
         if (QByteArray(argv[i]).endsWith("-platform"))
             return true;
     return is_set("DISPLAY") || is_set("WAYLAND_DISPLAY") || is_set("QT_QPA_PLATFORM");
-}
-
-/// The screen's description must stay until the window system has started.
-std::unique_ptr<QTemporaryFile> choose_offscreen()
-{
-    auto file = std::make_unique<QTemporaryFile>(QDir::tempPath() + "/vx_map_XXXXXX.json");
-    QByteArray platform = "offscreen";
-    if (file->open() && file->write(c_screen) > 0 && file->flush())
-        platform += ":configfile=" + QFile::encodeName(file->fileName());
-    qputenv("QT_QPA_PLATFORM", platform);
-    return file;
 }
 
 QStringList file_names(Tvx_command_line const &line)
@@ -105,10 +75,9 @@ int run_window(Tvx_command_line const &line)
 
 int vx_map_application_run(int argc, char **argv, Tvx_command_line const &line)
 {
-    std::unique_ptr<QTemporaryFile> screen;
+    std::optional<Tvx_offscreen> screen;
     if (line.headless) {
-        qInstallMessageHandler(&write_message);
-        screen = choose_offscreen();
+        screen.emplace("vx_map");
     } else if (!has_display(argc, argv)) {
         std::fputs("vx_map: there is no display. Use --headless --shot DIR for pictures without one.\n",
                    stderr);

@@ -1,3 +1,6 @@
+#include "host/gallery/gallery_page.h"
+#include "host/offscreen.h"
+
 #include "platform/toolkit/action.h"
 #include "platform/toolkit/application.h"
 #include "platform/toolkit/bevel.h"
@@ -46,11 +49,12 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <unistd.h>
 
-// Every control of the toolkit on the pages of one form. `--shot DIR` writes a picture of each page, at the
-// usual and at the double resolution, and ends.
+// Every control of the toolkit and of the library on the pages of one form. `--shot DIR` writes a picture of
+// each page, at the usual and at the double resolution, and ends; `--headless` before it needs no display.
 
 namespace {
 constexpr int c_picture_size = 16;
@@ -87,6 +91,8 @@ public:
         make_layout(add_page(L"Layout"));
         make_drawing(add_page(L"Drawing"));
         make_grids(add_page(L"Grids"));
+        for (gallery_page const *page : gallery_page::all())
+            page->fill(add_page(page->caption()));
     }
 
     TPageControl *pages = nullptr;
@@ -453,7 +459,7 @@ bool take_pictures(std::filesystem::path const &directory, std::string const &su
 }
 
 /// The resolution holds for a whole process: a second one takes the pictures at the double resolution.
-int shoot(char const *program, std::filesystem::path const &directory)
+int shoot(char **arguments, std::filesystem::path const &directory)
 {
     std::error_code error;
     std::filesystem::create_directories(directory, error);
@@ -464,18 +470,23 @@ int shoot(char const *program, std::filesystem::path const &directory)
         return EXIT_SUCCESS;
     std::fflush(stdout);
     setenv("QT_SCALE_FACTOR", "2", 1);
-    std::string const name = directory.string();
-    execlp(program, program, "--shot", name.c_str(), static_cast<char *>(nullptr));
+    execvp(arguments[0], arguments);
     return EXIT_FAILURE;
 }
 } // namespace
 
 int main(int argc, char **argv)
 {
-    if (argc == 3 && std::strcmp(argv[1], "--shot") == 0)
-        return shoot(argv[0], argv[2]);
-    if (argc != 1) {
-        std::fprintf(stderr, "usage: vx_gallery [--shot DIR]\n");
+    std::optional<Tvx_offscreen> screen;
+    int first = 1;
+    if (argc > 1 && std::strcmp(argv[1], "--headless") == 0) {
+        screen.emplace("vx_gallery");
+        ++first;
+    }
+    if (argc == first + 2 && std::strcmp(argv[first], "--shot") == 0)
+        return shoot(argv, argv[first + 1]);
+    if (argc != first || screen) {
+        std::fprintf(stderr, "usage: vx_gallery [[--headless] --shot DIR]\n");
         return EXIT_FAILURE;
     }
     gallery_form form;
