@@ -1,0 +1,231 @@
+#include "platform/dialogs/vx_file_dialog.h"
+
+#include "platform/basic/vx_res.h"
+#include "platform/dialogs/common_form.h"
+#include "platform/dialogs/dlg_captions.h"
+#include "platform/dialogs/dlg_table_priv.h"
+#include "platform/dialogs/vx_dlgs.h"
+#include "platform/dialogs/vx_msgs.h"
+#include "platform/toolkit/qt_bridge.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QStringList>
+
+#include <string>
+#include <vector>
+
+namespace {
+QString caption(int number)
+{
+    return QString::fromWCharArray(vx_res_get_wstr(number));
+}
+
+/// A pair of the filter.
+struct file_kind
+{
+    QString caption;
+    QStringList masks;
+
+    /// As the dialog has it. Brackets in the caption would be taken for masks.
+    [[nodiscard]] QString text() const
+    {
+        QString plain = caption;
+        if (auto const bracket = plain.lastIndexOf(u'('); bracket > 0)
+            plain.truncate(bracket);
+        return QStringLiteral("%1 (%2)").arg(plain.trimmed(), masks.join(u' '));
+    }
+};
+
+std::vector<file_kind> kinds_of(UnicodeString const &filter)
+{
+    std::vector<file_kind> kinds;
+    QStringList const parts = vx_qt_string(filter).split(u'|');
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        file_kind kind{parts[i], {}};
+        for (auto const &mask : parts[i + 1].split(u';', Qt::SkipEmptyParts)) {
+            QString const trimmed = mask.trimmed();
+            kind.masks.push_back(trimmed == u"*.*" ? QStringLiteral("*") : trimmed);
+        }
+        if (!kind.masks.isEmpty())
+            kinds.push_back(kind);
+    }
+    if (kinds.empty())
+        kinds.push_back({caption(c_dlg_all_files), {QStringLiteral("*")}});
+    return kinds;
+}
+
+class file_dialog final : public QFileDialog
+{
+public:
+    /// `ending`: what every chosen name ends in; empty for any.
+    file_dialog(QWidget *parent, Tvx_file_dialog_prm const &prm, std::wstring const &ending)
+        : QFileDialog(parent), f_prm(prm), f_kinds(kinds_of(prm.filter)),
+          f_ending(QString::fromStdWString(ending))
+    {
+        setAcceptMode(prm.save ? AcceptSave : AcceptOpen);
+        setFileMode(prm.save ? AnyFile : ExistingFile);
+        setOption(DontUseCustomDirectoryIcons);
+        setWindowTitle(prm.title.IsEmpty() ? caption(prm.save ? c_dlg_save : c_dlg_open)
+                                           : vx_qt_string(prm.title));
+        setLabelText(Accept, caption(prm.save ? c_dlg_save_button : c_dlg_open_button));
+        setLabelText(Reject, caption(c_dlg_cancel));
+        QStringList filters;
+        for (auto const &kind : f_kinds)
+            filters.push_back(kind.text());
+        setNameFilters(filters);
+        int const index = prm.filter_index;
+        if (index >= 1 && index <= static_cast<int>(f_kinds.size()))
+            selectNameFilter(filters[index - 1]);
+        if (prm.save)
+            setDefaultSuffix(vx_qt_string(prm.default_ext));
+        // The name box is there when the window is ours, not the platform's.
+        f_name_box = findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+        if (!prm.overwrite_prompt || f_name_box)
+            setOption(DontConfirmOverwrite); // our own window asks in the user's language
+        go_to_start();
+        connect(this, &QFileDialog::filterSelected, this, &file_dialog::filter_selected);
+    }
+
+    [[nodiscard]] int filter_index() const
+    {
+        auto const index = nameFilters().indexOf(selectedNameFilter());
+        return index < 0 ? 1 : static_cast<int>(index) + 1;
+    }
+    [[nodiscard]] QString chosen() const { return selectedFiles().value(0); }
+
+private:
+    void go_to_start()
+    {
+        QFileInfo const start(vx_qt_string(f_prm.file_name));
+        if (f_prm.file_name.IsEmpty()) {
+            if (!fs_last_directory.isEmpty())
+                setDirectory(fs_last_directory);
+            return;
+        }
+        bool const has_directory = vx_qt_string(f_prm.file_name).contains(u'/');
+        if (has_directory && start.dir().exists())
+            setDirectory(start.absolutePath());
+        else if (!fs_last_directory.isEmpty())
+            setDirectory(fs_last_directory);
+        selectFile(start.fileName());
+    }
+    void filter_selected()
+    {
+        if (!f_prm.on_filter_changed)
+            return;
+        UnicodeString const former =
+            vx_unicode_string(f_name_box ? f_name_box->text() : QFileInfo(chosen()).fileName());
+        UnicodeString name = former;
+        f_prm.on_filter_changed(filter_index(), name);
+        if (name == former)
+            return;
+        if (f_name_box)
+            f_name_box->setText(vx_qt_string(name));
+        else
+            selectFile(vx_qt_string(name));
+    }
+    /// In our own window: everything that there is to say about the name, before the window closes.
+    void accept() override
+    {
+        QFileInfo const file(chosen());
+        if (f_name_box && !file.isDir() && !(f_prm.save ? complete_name() : find_file(file)))
+            return;
+        QFileDialog::accept();
+    }
+    bool complete_name()
+    {
+        if (!chosen().endsWith(f_ending))
+            f_name_box->setText(chosen() + f_ending);
+        QFileInfo const file(chosen());
+        return !f_prm.overwrite_prompt || !file.exists() ||
+               vx_yesno(caption(c_dlg_replace).arg(file.fileName()).toStdWString().c_str());
+    }
+    static bool find_file(QFileInfo const &file)
+    {
+        if (file.exists())
+            return true;
+        vx_show_wwarning(caption(c_dlg_no_file).arg(file.fileName()).toStdWString().c_str());
+        return false;
+    }
+    void done(int result) override
+    {
+        if (result == QDialog::Accepted)
+            fs_last_directory = QFileInfo(chosen()).absolutePath();
+        QFileDialog::done(result);
+    }
+
+    static QString fs_last_directory;
+
+    Tvx_file_dialog_prm const &f_prm;
+    std::vector<file_kind> f_kinds;
+    QString f_ending;
+    QLineEdit *f_name_box = nullptr;
+};
+QString file_dialog::fs_last_directory;
+
+bool run(HWND parent, int x, int y, Tvx_file_dialog_prm *prm, std::wstring const &ending)
+{
+    auto *owner = vx::dialogs::owner_window(parent);
+    if (auto const &table = vx::dialogs::table(); table.file)
+        return table.file(table.user, owner, x, y, prm);
+    file_dialog dialog(vx_qt_widget(owner), *prm, ending);
+    if (x != 0 || y != 0)
+        dialog.move(vx_qt_point(vx::dialogs::place_at({x, y}, {dialog.width(), dialog.height()})));
+    if (dialog.exec() != QDialog::Accepted || dialog.chosen().isEmpty())
+        return false;
+    prm->filter_index = dialog.filter_index();
+    prm->file_name = vx_unicode_string(dialog.chosen());
+    return true;
+}
+
+/// What the names of a suffix end in.
+std::wstring ending_of(wchar_t const *suffix)
+{
+    std::wstring ending = suffix ? suffix : L"";
+    if (!ending.empty() && ending.find(L'.') == std::wstring::npos)
+        ending.insert(0, 1, L'.');
+    return ending;
+}
+
+UnicodeString ask_for_suffix(HWND parent, int x, int y, wchar_t const *suffix, wchar_t const *title,
+                             wchar_t const *file_name, bool save)
+{
+    auto const ending = ending_of(suffix);
+    Tvx_file_dialog_prm prm;
+    prm.save = save;
+    prm.title = title ? title : L"";
+    prm.file_name = file_name ? file_name : L"";
+    if (!ending.empty()) {
+        QString const files = caption(c_dlg_files_of).arg(QString::fromStdWString(ending));
+        prm.filter = files.toStdWString() + L"|*" + ending;
+        if (!save)
+            prm.filter += L"|" + UnicodeString(vx_res_get_wstr(c_dlg_all_files)) + L"|*";
+    }
+    if (!run(parent, x, y, &prm, save ? ending : std::wstring()))
+        return {};
+    // A window of the platform's or the host's knows nothing of the ending.
+    if (save && !prm.file_name.str().ends_with(ending))
+        prm.file_name += ending;
+    return prm.file_name;
+}
+} // namespace
+
+bool vx_file_dialog(HWND parent, int x, int y, Tvx_file_dialog_prm *prm)
+{
+    return prm && run(parent, x, y, prm, {});
+}
+
+UnicodeString vx_open_file_dialog(HWND parent, int x, int y, wchar_t const *suffix, wchar_t const *title,
+                                  wchar_t const *file_name)
+{
+    return ask_for_suffix(parent, x, y, suffix, title, file_name, false);
+}
+
+UnicodeString vx_save_file_dialog(HWND parent, int x, int y, wchar_t const *suffix, wchar_t const *title,
+                                  wchar_t const *file_name)
+{
+    return ask_for_suffix(parent, x, y, suffix, title, file_name, true);
+}

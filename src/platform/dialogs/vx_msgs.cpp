@@ -1,0 +1,189 @@
+#include "platform/dialogs/vx_msgs.h"
+
+#include "platform/base/text_codec.h"
+#include "platform/basic/vx_res.h"
+#include "platform/dialogs/common_form.h"
+#include "platform/dialogs/dlg_captions.h"
+#include "platform/dialogs/dlg_table_priv.h"
+#include "platform/toolkit/application.h"
+#include "platform/toolkit/qt_bridge.h"
+#include "platform/winapi/main_thread.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+
+#include <algorithm>
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace {
+struct message
+{
+    Tvx_msg_kind kind;
+    std::wstring text;
+    friend bool operator==(message const &, message const &) = default;
+};
+
+/// The messages that are on the screen.
+std::vector<message> &shown_messages()
+{
+    static std::vector<message> list;
+    return list;
+}
+
+QMessageBox::Icon icon_of(Tvx_msg_kind kind)
+{
+    return kind == c_msg_error     ? QMessageBox::Critical
+           : kind == c_msg_warning ? QMessageBox::Warning
+                                   : QMessageBox::Information;
+}
+
+QString caption(int number)
+{
+    return QString::fromWCharArray(vx_res_get_wstr(number));
+}
+
+/// Plain text: what a message quotes is not markup.
+std::unique_ptr<QMessageBox> make_box(QMessageBox::Icon icon, std::wstring const &text, HWND owner)
+{
+    auto box = std::make_unique<QMessageBox>(vx_qt_widget(owner));
+    box->setIcon(icon);
+    box->setTextFormat(Qt::PlainText);
+    box->setText(QString::fromStdWString(text));
+    box->setWindowTitle(vx_qt_string(Application->GetTitle()));
+    return box;
+}
+
+void show_now(message const &what)
+{
+    auto &list = shown_messages();
+    if (std::find(list.begin(), list.end(), what) != list.end())
+        return;
+    list.push_back(what);
+    auto *owner = vx::dialogs::owner_window(nullptr);
+    if (auto const &table = vx::dialogs::table(); table.message) {
+        table.message(table.user, owner, what.kind, what.text.c_str());
+    } else {
+        auto const box = make_box(icon_of(what.kind), what.text, owner);
+        box->addButton(caption(c_dlg_ok), QMessageBox::AcceptRole);
+        box->exec();
+    }
+    list.erase(std::find(list.begin(), list.end(), what));
+}
+
+bool ask_now(std::wstring const &text)
+{
+    auto *owner = vx::dialogs::owner_window(nullptr);
+    if (auto const &table = vx::dialogs::table(); table.yesno)
+        return table.yesno(table.user, owner, text.c_str());
+    auto const box = make_box(QMessageBox::Question, text, owner);
+    auto *yes = box->addButton(caption(c_dlg_yes), QMessageBox::YesRole);
+    auto *no = box->addButton(caption(c_dlg_no), QMessageBox::NoRole);
+    box->setDefaultButton(yes);
+    box->setEscapeButton(no);
+    box->exec();
+    return box->clickedButton() == yes;
+}
+
+void show(Tvx_msg_kind kind, std::wstring text)
+{
+    if (vx_is_main_thread())
+        return show_now({kind, std::move(text)});
+    vx_main_thread_post(
+        [](void *data) {
+            std::unique_ptr<message> const what(static_cast<message *>(data));
+            show_now(*what);
+        },
+        new message{kind, std::move(text)});
+}
+
+void show_bytes(Tvx_msg_kind kind, char const *text)
+{
+    show(kind, vx::text::to_wide(text ? text : ""));
+}
+
+void show_wide(Tvx_msg_kind kind, wchar_t const *text)
+{
+    show(kind, text ? text : L"");
+}
+
+/// A question of another thread, which waits for its answer.
+struct question
+{
+    std::wstring text;
+    std::mutex guard;
+    std::condition_variable answered;
+    bool done = false;
+    bool answer = false;
+};
+
+bool ask(std::wstring text)
+{
+    if (vx_is_main_thread())
+        return ask_now(text);
+    question asked;
+    asked.text = std::move(text);
+    vx_main_thread_post(
+        [](void *data) {
+            auto &q = *static_cast<question *>(data);
+            bool const answer = ask_now(q.text);
+            std::lock_guard const lock(q.guard);
+            q.answer = answer;
+            q.done = true;
+            q.answered.notify_one();
+        },
+        &asked);
+    std::unique_lock lock(asked.guard);
+    asked.answered.wait(lock, [&asked] { return asked.done; });
+    return asked.answer;
+}
+} // namespace
+
+void vx_show_message(char const *text)
+{
+    show_bytes(c_msg_message, text);
+}
+
+void vx_show_warning(char const *text)
+{
+    show_bytes(c_msg_warning, text);
+}
+
+void vx_show_error(char const *text)
+{
+    show_bytes(c_msg_error, text);
+}
+
+void vx_show_wmessage(wchar_t const *text)
+{
+    show_wide(c_msg_message, text);
+}
+
+void vx_show_wwarning(wchar_t const *text)
+{
+    show_wide(c_msg_warning, text);
+}
+
+void vx_show_werror(wchar_t const *text)
+{
+    show_wide(c_msg_error, text);
+}
+
+void ShowMessage(UnicodeString const &text)
+{
+    show(c_msg_message, text);
+}
+
+bool vx_yesno(wchar_t const *text)
+{
+    return ask(text ? text : L"");
+}
+
+bool vx_yesno_res(int number)
+{
+    return ask(vx_res_get_wstr(number));
+}

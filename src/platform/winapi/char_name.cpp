@@ -1,0 +1,23 @@
+#include "platform/winapi/char_name.h"
+
+#include <algorithm>
+#include <array>
+#include <unicode/uchar.h>
+
+std::string vx_char_name(char32_t character)
+{
+    std::array<char, 128> name;
+    UErrorCode status = U_ZERO_ERROR;
+    auto const length = u_charName(static_cast<UChar32>(character), U_EXTENDED_CHAR_NAME, name.data(),
+                                   static_cast<int>(name.size()), &status);
+    if (U_FAILURE(status) || length <= 0)
+        return {};
+    // A stand-in comes as "<private use-E000>".
+    std::string text(name.data(), static_cast<std::size_t>(length));
+    if (text.starts_with('<') && text.ends_with('>')) {
+        text = text.substr(1, text.size() - 2);
+        std::transform(text.begin(), text.end(), text.begin(),
+                       [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
+    }
+    return text;
+}
