@@ -1,115 +1,146 @@
-#include "extension/binding/data_source.h"
-#include "extension/binding/feature_forward_request.h"
-#include "extension/binding/stat_source.h"
+// Statistics and unique values of one field of 1,000,000 features through the data source class, against the
+// plain ways of GDAL: one pass over its Arrow stream where the format has columns, the loop over features
+// where it has none. The other fields are ignored. Opening is part of both.
 
+#include "arrow_pass.h"
+#include "data/vector/vector_datasource.h"
+
+#include "platform/base/owned.h"
 #include "platform/base/text_codec.h"
-#include "platform/basic/vx_datasource.h"
+#include "platform/basic/vx_stat.h"
 
-#include <ogrsf_frmts.h>
-
-#include <chrono>
-#include <cstdio>
-#include <cstdlib>
-#include <filesystem>
-#include <random>
+#include <cmath>
+#include <set>
 #include <string>
 
-/// One pass over a numeric field of all features: through GDAL feature by feature, through the handles of the
-/// component interface feature by feature, and by the driver's own counting. Prints the times and what they
-/// are of the first one: in an optimised build
-/// the walk is to stay below twice, the counting below once.
+using namespace vx_bench;
+
 namespace {
-constexpr int c_records = 300'000;
-
-std::string make_file(std::filesystem::path const &directory, char const *driver_name, char const *file_name)
+struct unique_case
 {
-    auto const file = (directory / file_name).string();
-    auto *const driver = GetGDALDriverManager()->GetDriverByName(driver_name);
-    std::unique_ptr<GDALDataset> const set(driver->Create(file.c_str(), 0, 0, 0, GDT_Unknown, nullptr));
-    auto *const layer = set->CreateLayer("points", nullptr, wkbPoint);
-    OGRFieldDefn value("value", OFTReal);
-    OGRFieldDefn text("text", OFTString);
-    layer->CreateField(&value);
-    layer->CreateField(&text);
-    set->StartTransaction();
-    for (int i = 0; i < c_records; ++i) {
-        OGRFeature feature(layer->GetLayerDefn());
-        OGRPoint const point(i % 250, i / 250);
-        feature.SetGeometry(&point);
-        feature.SetField(0, i * 0.25);
-        feature.SetField(1, "some attribute text");
-        if (layer->CreateFeature(&feature) != OGRERR_NONE)
-            return {};
-    }
-    set->CommitTransaction();
-    return file;
-}
-
-template <class Work>
-double seconds(Work work)
-{
-    auto const start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-class adder final : public vx::feature_visitor_impl
-{
-public:
-    double sum = 0;
-    void visit(vx::feature feature) override
-    {
-        sum += feature.get_numeric(0, nullptr);
-        feature.detach();
-    }
+    char const *name;
+    int field;
+    bool is_text;
+    std::size_t values;
+};
+constexpr unique_case c_unique[] = {
+    {"unique texts, 200", c_text_200, true, 200},
+    {"unique texts, 2,000", c_text_2000, true, 2000},
+    {"unique texts, 1,000,000", c_text_1000000, true, 1'000'000},
+    {"unique whole numbers, 200", c_whole_200, false, 200},
+    {"unique whole numbers, 2,000", c_whole_2000, false, 2000},
+    {"unique whole numbers, 1,000,000", c_whole_1000000, false, 1'000'000},
+    {"unique real numbers, 1,000,000", c_number_1000000, false, 1'000'000},
 };
 
-void compare(std::string const &file)
+/// One pass that only receives the column.
+void plain_pass(std::string const &file, int field)
 {
-    std::wstring const source = vx::text::utf8_to_wide(file);
-    double plain_sum = 0;
-    double const plain = seconds([&] {
-        std::unique_ptr<GDALDataset> const set(GDALDataset::Open(file.c_str(), GDAL_OF_VECTOR));
-        for (auto const &feature : *set->GetLayer(0))
-            plain_sum += feature->GetFieldAsDouble(0);
-    });
-    adder walk_sum;
-    double const walk = seconds([&] {
-        t_vx_data_source_interface handle;
-        vx_datasource_open(source.c_str(), true, &handle);
-        vx::feature_forward_request const request =
-            vx_feature_forward_request_interface_specialize(vx_data_source_interface_generalize(handle));
-        while (request.with_next_feature(walk_sum)) {
-        }
-        vx::data_source(handle).detach();
-    });
-    double counted_sum = 0;
-    double const counted = seconds([&] {
-        t_vx_data_source_interface handle;
-        vx_datasource_open(source.c_str(), true, &handle);
-        vx::stat_source const stat =
-            vx_stat_source_interface_specialize(vx_data_source_interface_generalize(handle));
-        (void)stat.sum(0, &counted_sum);
-        vx::data_source(handle).detach();
-    });
-    if (plain_sum != walk_sum.sum || plain_sum != counted_sum)
+    long long cells = 0;
+    arrow_pass(file, field, [&](ArrowArray const &column) { cells += column.length; });
+    if (cells != c_records)
         std::abort();
-    std::printf("%s: plain %.3f s, handles %.3f s (%.2f), counted %.3f s (%.2f)\n",
-                std::filesystem::path(file).filename().c_str(), plain, walk, walk / plain, counted,
-                counted / plain);
+}
+
+void plain_loop(std::string const &file, int field, bool is_text)
+{
+    std::unique_ptr<GDALDataset> const set(GDALDataset::Open(file.c_str(), GDAL_OF_VECTOR));
+    auto *const layer = set->GetLayer(0);
+    keep_only(*layer, field);
+    double sum = 0;
+    for (auto const &feature : *layer)
+        if (feature->IsFieldSetAndNotNull(field))
+            sum += is_text ? feature->GetFieldAsString(field)[0] : feature->GetFieldAsDouble(field);
+    if (!std::isfinite(sum))
+        std::abort();
+}
+
+/// The pass with what has to be done with the values, done plainly.
+void plain_unique(std::string const &file, unique_case const &c)
+{
+    std::size_t found = 0;
+    if (c.is_text) {
+        std::set<std::wstring> values;
+        arrow_pass(file, c.field, [&](ArrowArray const &column) {
+            for_texts(column, [&](std::string_view text) { values.insert(vx::text::utf8_to_wide(text)); });
+        });
+        found = values.size();
+    } else {
+        std::set<double> values;
+        arrow_pass(file, c.field, [&](ArrowArray const &column) {
+            if (c.field == c_number_1000000)
+                for_numbers<double>(column, [&](double value) { values.insert(value); });
+            else
+                for_numbers<std::int32_t>(column, [&](std::int32_t value) { values.insert(value); });
+        });
+        found = values.size();
+    }
+    if (found != c.values)
+        std::abort();
+}
+
+void own_statistics(std::wstring const &source, int field)
+{
+    vx::data::generic_datasource data;
+    vx::owned<Tvx_stat_data, &vx_stat_destroy> const stat(vx_stat_create());
+    if (!data.open(source, vx::data::access_read))
+        std::abort();
+    data.field_statistics(static_cast<vx::data::field_index_type>(field), stat.get());
+    bool known = false;
+    if (!(vx_stat_get_average(stat.get(), &known) < 1e12) || !known)
+        std::abort();
+}
+
+void own_unique(std::wstring const &source, unique_case const &c)
+{
+    vx::data::generic_datasource data;
+    if (!data.open(source, vx::data::access_read))
+        std::abort();
+    auto const field = static_cast<vx::data::field_index_type>(c.field);
+    std::set<std::wstring> texts;
+    std::set<double> numbers;
+    bool const good = c.is_text ? data.field_unique_values(field, vx::data::c_no_limit, texts)
+                                : data.field_unique_values(field, vx::data::c_no_limit, numbers);
+    if (!good || texts.size() + numbers.size() != c.values)
+        std::abort();
+}
+
+void compare_format(char const *driver, char const *file_name, bool has_columns)
+{
+    auto const file = sample_file(driver, file_name);
+    auto const source = vx::text::utf8_to_wide(file);
+    double const bound = has_columns ? 1.3 : 0.35;
+    std::printf("%s, against %s\n", driver, has_columns ? "one Arrow pass" : "the loop over features");
+    auto const plain = [&](int field, bool is_text) {
+        return [&file, field, is_text, has_columns] {
+            if (has_columns)
+                plain_pass(file, field);
+            else
+                plain_loop(file, field, is_text);
+        };
+    };
+    for (int const field : {c_whole, c_number, c_big})
+        print(field == c_whole    ? "statistics, whole numbers"
+              : field == c_number ? "statistics, real numbers"
+                                  : "statistics, large numbers",
+              compare(plain(field, false), [&] { own_statistics(source, field); }), bound);
+    for (auto const &c : c_unique)
+        print(c.name, compare(plain(c.field, c.is_text), [&] { own_unique(source, c); }), bound);
+    if (!has_columns)
+        return;
+    std::printf("%s, against one Arrow pass that files the values in a set\n", driver);
+    for (auto const &c : c_unique)
+        print(c.name, compare([&] { plain_unique(file, c); }, [&] { own_unique(source, c); }, 3), bound);
 }
 } // namespace
 
 int main()
 {
     GDALAllRegister();
-    auto const directory =
-        std::filesystem::temp_directory_path() / ("vx_bench_" + std::to_string(std::random_device()()));
-    std::filesystem::create_directories(directory);
-    // The bundle is loaded and the disk is warm before the clock runs.
-    t_vx_data_source_interface none;
-    vx_datasource_open(L"", true, &none);
-    compare(make_file(directory, "ESRI Shapefile", "points.shp"));
-    compare(make_file(directory, "GPKG", "points.gpkg"));
-    std::filesystem::remove_all(directory);
+    // The bundle is loaded before the clock runs.
+    vx::data::generic_datasource none;
+    (void)none.open(L"", vx::data::access_read);
+    compare_format("GPKG", "points.gpkg", true);
+    compare_format("FlatGeobuf", "points.fgb", true);
+    compare_format("ESRI Shapefile", "points.shp", false);
 }

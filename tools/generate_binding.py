@@ -7,7 +7,7 @@ Exit status: 0 done (or, with --check, the headers on disk are what would be mad
 A family with methods has a header of its own; families that need each other share the header of the first one, and the
 others' headers lead there. Families without methods share one header a group.
 """
-import argparse, collections, pathlib, re, sys
+import argparse, collections, pathlib, re, sys, textwrap
 
 WIDTH = 110
 DEFAULT_OF = {'bool': 'false', 'double': '0.0', 'float': '0.0f'}
@@ -278,6 +278,10 @@ def tidy(text):
             continue
         indent = re.match(r' *', line).group()
         rest, limit = line.strip(), WIDTH
+        if rest.startswith('/// '):
+            lead = indent + '/// '
+            out += textwrap.wrap(rest[4:], WIDTH, initial_indent=lead, subsequent_indent=lead)
+            continue
         lead = indent
         while len(lead) + len(rest) > limit:
             cut = rest.rfind(', ', 0, limit - len(lead))

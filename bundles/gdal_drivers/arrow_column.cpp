@@ -3,9 +3,7 @@
 #include <ogr_recordbatch.h>
 #include <ogrsf_frmts.h>
 
-#include <cstdint>
 #include <cstring>
-#include <vector>
 
 namespace vx::gdal {
 namespace {
@@ -24,54 +22,101 @@ public:
     released &operator=(released const &) = delete;
     T *get() { return &f_value; }
     T *operator->() { return &f_value; }
+    T &operator*() { return f_value; }
 
 private:
     T f_value{};
 };
 
-bool is_set(ArrowArray const &column, std::int64_t row)
+/// One format of a column and how its batches go on.
+class column_taker
 {
-    auto const *const bits = static_cast<std::uint8_t const *>(column.buffers[0]);
-    std::int64_t const at = row + column.offset;
-    return column.null_count == 0 || !bits || (bits[at / 8] >> (at % 8) & 1);
+public:
+    /// False for a format that is not read here.
+    [[nodiscard]] bool accept(char const *format);
+    [[nodiscard]] bool take(ArrowArray const &column, column_sink const &sink);
+
+private:
+    template <class From, class To>
+    To const *widened(ArrowArray const &column, std::vector<To> &target);
+    std::uint8_t const *bits(ArrowArray const &column);
+
+    char f_format = 0;
+    std::vector<std::int32_t> f_integers;
+    std::vector<double> f_floatings;
+    std::vector<std::uint8_t> f_bits;
+};
+
+bool column_taker::accept(char const *format)
+{
+    f_format = *format;
+    return std::strlen(format) == 1 && std::strchr("silfgu", f_format);
 }
 
-template <class T>
-void take_numbers(ArrowArray const &column, std::vector<double> &values)
+template <class From, class To>
+To const *column_taker::widened(ArrowArray const &column, std::vector<To> &target)
 {
-    auto const *const data = static_cast<T const *>(column.buffers[1]) + column.offset;
-    for (std::int64_t row = 0; row < column.length; ++row)
-        if (is_set(column, row))
-            values.push_back(static_cast<double>(data[row]));
+    auto const *const data = static_cast<From const *>(column.buffers[1]) + column.offset;
+    target.assign(data, data + column.length);
+    return target.data();
 }
 
-using number_taker = void (*)(ArrowArray const &column, std::vector<double> &values);
-
-/// Null for a format that holds no plain numbers.
-number_taker taker_of(char const *format)
+/// The validity bits from the first cell of the batch on.
+std::uint8_t const *column_taker::bits(ArrowArray const &column)
 {
-    if (std::strlen(format) != 1)
+    auto const *const all = static_cast<std::uint8_t const *>(column.buffers[0]);
+    if (!all || column.null_count == 0)
         return nullptr;
-    switch (*format) {
-    case 's':
-        return &take_numbers<std::int16_t>;
-    case 'i':
-        return &take_numbers<std::int32_t>;
-    case 'l':
-        return &take_numbers<std::int64_t>;
-    case 'f':
-        return &take_numbers<float>;
-    case 'g':
-        return &take_numbers<double>;
-    default:
-        return nullptr;
+    if (column.offset % 8 == 0)
+        return all + column.offset / 8;
+    f_bits.assign(static_cast<std::size_t>(column.length) / 8 + 1, 0);
+    for (std::int64_t i = 0; i < column.length; ++i) {
+        std::int64_t const at = i + column.offset;
+        if (all[at / 8] >> (at % 8) & 1)
+            f_bits[static_cast<std::size_t>(i / 8)] |= static_cast<std::uint8_t>(1u << (i % 8));
     }
+    return f_bits.data();
 }
 
-/// Opens the stream and hands each batch of the column `field` to `visit`. `accept` looks at the column's
-/// format first.
-template <class Accept, class Visit>
-column_result read_column(OGRLayer &layer, char const *field, Accept accept, Visit visit)
+bool column_taker::take(ArrowArray const &column, column_sink const &sink)
+{
+    column_batch batch;
+    batch.count = static_cast<std::size_t>(column.length);
+    if (batch.count == 0)
+        return true;
+    batch.defined = bits(column);
+    switch (f_format) {
+    case 's':
+        batch.kind = column_batch::integers;
+        batch.values = widened<std::int16_t>(column, f_integers);
+        break;
+    case 'i':
+        batch.kind = column_batch::integers;
+        batch.values = static_cast<std::int32_t const *>(column.buffers[1]) + column.offset;
+        break;
+    case 'l':
+        batch.kind = column_batch::bigints;
+        batch.values = static_cast<long long const *>(column.buffers[1]) + column.offset;
+        break;
+    case 'f':
+        batch.kind = column_batch::floatings;
+        batch.values = widened<float>(column, f_floatings);
+        break;
+    case 'g':
+        batch.kind = column_batch::floatings;
+        batch.values = static_cast<double const *>(column.buffers[1]) + column.offset;
+        break;
+    default:
+        batch.kind = column_batch::texts;
+        batch.starts = static_cast<std::int32_t const *>(column.buffers[1]) + column.offset;
+        batch.bytes = static_cast<char const *>(column.buffers[2]);
+        break;
+    }
+    return sink(batch);
+}
+} // namespace
+
+column_result read_arrow_column(OGRLayer &layer, char const *field, column_sink const &sink)
 {
     if (!layer.TestCapability(OLCFastGetArrowStream))
         return column_result::not_offered;
@@ -86,48 +131,16 @@ column_result read_column(OGRLayer &layer, char const *field, Accept accept, Vis
     std::int64_t place = 0;
     while (place < schema->n_children && std::strcmp(schema->children[place]->name, field) != 0)
         ++place;
+    column_taker taker;
     if (place == schema->n_children || schema->children[place]->dictionary ||
-        !accept(schema->children[place]->format))
+        !taker.accept(schema->children[place]->format))
         return column_result::not_offered;
     for (;;) {
         released<ArrowArray> batch;
         if (stream->get_next(stream.get(), batch.get()) != 0)
             return column_result::failed;
-        if (!batch->release)
-            return column_result::done;
-        if (!visit(*batch->children[place]))
+        if (!batch->release || !taker.take(*batch->children[place], sink))
             return column_result::done;
     }
-}
-} // namespace
-
-column_result read_numbers(OGRLayer &layer, char const *field,
-                           std::function<bool(double const *values, std::size_t count)> const &visit)
-{
-    number_taker take = nullptr;
-    std::vector<double> values;
-    return read_column(
-        layer, field, [&](char const *format) { return (take = taker_of(format)) != nullptr; },
-        [&](ArrowArray const &column) {
-            values.clear();
-            take(column, values);
-            return visit(values.data(), values.size());
-        });
-}
-
-column_result read_texts(OGRLayer &layer, char const *field,
-                         std::function<bool(std::string_view text)> const &visit)
-{
-    return read_column(
-        layer, field, [](char const *format) { return std::strcmp(format, "u") == 0; },
-        [&](ArrowArray const &column) {
-            auto const *const ends = static_cast<std::int32_t const *>(column.buffers[1]) + column.offset;
-            auto const *const text = static_cast<char const *>(column.buffers[2]);
-            for (std::int64_t row = 0; row < column.length; ++row)
-                if (is_set(column, row) &&
-                    !visit({text + ends[row], static_cast<std::size_t>(ends[row + 1] - ends[row])}))
-                    return false;
-            return true;
-        });
 }
 } // namespace vx::gdal

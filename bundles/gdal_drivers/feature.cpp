@@ -59,14 +59,6 @@ std::string two_digits(int value)
     return CPLSPrintf("%02d", value);
 }
 
-/// Fifteen digits at most and no zeros at the end, whatever width the table keeps its numbers in.
-std::string number_text(double value)
-{
-    char text[40];
-    auto const end = std::to_chars(text, text + sizeof text, value, std::chars_format::general, 15).ptr;
-    return {text, end};
-}
-
 std::string date_text(OGRFeature const &record, int field, OGRFieldType type)
 {
     int year = 0, month = 0, day = 0, hour = 0, minute = 0, zone = 0;
@@ -94,6 +86,13 @@ std::string date_text(OGRFeature const &record, int field, OGRFieldType type)
     return text;
 }
 } // namespace
+
+std::string number_text(double value)
+{
+    char text[40];
+    auto const end = std::to_chars(text, text + sizeof text, value, std::chars_format::general, 15).ptr;
+    return {text, end};
+}
 
 std::string cell_bytes(OGRFeature const &record, int field)
 {

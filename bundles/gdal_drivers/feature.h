@@ -95,6 +95,9 @@ private:
     bool f_changed = false;
 };
 
+/// A real number as text: fifteen digits at most and no zeros at the end, whatever width the table keeps its
+/// numbers in.
+[[nodiscard]] std::string number_text(double value);
 /// The text of a cell in UTF-8: dates and times in the form of ISO 8601, numbers with a decimal point.
 [[nodiscard]] std::string cell_bytes(OGRFeature const &record, int field);
 } // namespace vx::gdal

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "column.h"
 #include "dataset.h"
+#include "distinct.h"
+#include "extension/binding/column_source.h"
 #include "extension/binding/data_source.h"
 #include "extension/binding/feature_forward_request.h"
 #include "extension/binding/feature_random_request.h"
@@ -14,7 +17,6 @@
 #include <functional>
 #include <map>
 #include <optional>
-#include <string_view>
 #include <unordered_set>
 
 namespace vx::gdal {
@@ -23,9 +25,10 @@ namespace vx::gdal {
 ///
 /// The attribute filter takes the language of the driver, with `LIMIT n` and `OFFSET n` at its end as an
 /// addition for every driver: the filtered sequence from feature `OFFSET`, `LIMIT` features long.
-class vector_set final : public polymorphic<data_source_impl, vector_source_impl, stat_source_impl,
-                                            feature_forward_request_impl, feature_random_request_impl>,
-                         private feature_store
+class vector_set final
+    : public polymorphic<data_source_impl, vector_source_impl, stat_source_impl, feature_forward_request_impl,
+                         feature_random_request_impl, column_source_impl>,
+      private feature_store
 {
 public:
     /// Null with a reason in `error` when the connection names a table that is not there.
@@ -119,9 +122,11 @@ public:
     bool has_moveto_index() override;
     bool moveto_index(long long index) override;
 
+    // column_source: the whole table; with a filter in force columns are not offered
+    bool with_column(int field, vx::column_visitor visitor) override;
+
 private:
     class position_keeper;
-    class narrowed_layer;
 
     /// What one pass over a field tells.
     struct field_stat
@@ -161,10 +166,15 @@ private:
     bool flush_features();
     [[nodiscard]] bool may_change(error_guard &guard) const;
     void content_changed();
-    /// Read one field of all features, without its null cells; `visit` gives false to stop. False when the
-    /// table cannot be read whole, and with a filter in force.
-    bool scan_numbers(int field, std::function<bool(double const *values, std::size_t count)> const &visit);
-    bool scan_texts(int field, std::function<bool(std::string_view text)> const &visit);
+    /// Reads one field of all features, by columns where that is faster. False when the table cannot be read
+    /// whole, and with a filter in force.
+    bool scan(int field, column_sink const &sink);
+    column_result walk_column(int field, column_sink const &sink);
+    /// Lets the database count; false where there is none, or it refuses.
+    bool ask_database(int field, field_stat &stat);
+    bool distinct_in_database(int field, int limit, std::function<bool(OGRFeature const &row)> const &visit);
+    /// The texts of the cells; stops when there are `limit` of them, with -1 never.
+    bool collect_texts(int field, long long limit, distinct_texts &texts);
     field_stat const *stat_of(int field);
 
     std::unique_ptr<dataset> f_set;

@@ -1,100 +1,298 @@
-#include "arrow_column.h"
 #include "data_types.h"
 #include "vector_set.h"
+#include "wide_text.h"
 
+#include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
-#include <functional>
-#include <set>
 #include <string>
-#include <string_view>
-#include <unordered_set>
-#include <vector>
 
 namespace vx::gdal {
 namespace {
 /// Number of classes of the histogram that nobody gave bounds for.
 constexpr int c_default_classes = 256;
+/// Values whose places in a table are fetched ahead of their turn.
+constexpr std::size_t c_ahead = 16;
 
 bool is_number(int type)
 {
     return type == field_integer || type == field_bigint || type == field_numeric;
 }
-} // namespace
 
-/// Reading only one column spares the drivers that can do so the geometry and all other fields.
-class vector_set::narrowed_layer
+/// Calls `visit` with each number of a batch that is one: neither null nor NaN. False when `visit` gave
+/// false.
+template <class T, class Visit>
+bool for_each_number(column_batch const &batch, Visit visit)
 {
-public:
-    narrowed_layer(OGRLayer &layer, int field) : f_layer(layer)
-    {
-        std::vector<char const *> ignored{"OGR_GEOMETRY", "OGR_STYLE"};
-        OGRFeatureDefn *const fields = layer.GetLayerDefn();
-        for (int i = 0; i < fields->GetFieldCount(); ++i)
-            if (i != field)
-                ignored.push_back(fields->GetFieldDefn(i)->GetNameRef());
-        ignored.push_back(nullptr);
-        f_is_narrow =
-            layer.TestCapability(OLCIgnoreFields) && layer.SetIgnoredFields(ignored.data()) == OGRERR_NONE;
-        layer.ResetReading();
-    }
-    ~narrowed_layer()
-    {
-        if (f_is_narrow)
-            f_layer.SetIgnoredFields(nullptr);
-    }
-    narrowed_layer(narrowed_layer const &) = delete;
-    narrowed_layer &operator=(narrowed_layer const &) = delete;
-
-private:
-    OGRLayer &f_layer;
-    bool f_is_narrow = false;
-};
-
-bool vector_set::scan_numbers(int field,
-                              std::function<bool(double const *values, std::size_t count)> const &visit)
-{
-    auto const *const defn = field_at(field);
-    if (!defn || has_filter())
-        return false;
-    error_guard const guard(f_set->error());
-    (void)flush_features();
-    position_keeper const keeper(*this);
-    narrowed_layer const narrowed(*f_layer, field);
-    column_result const columns = is_number(field_type_of(*defn)) && field_subtype_of(*defn) == subtype_none
-                                      ? read_numbers(*f_layer, defn->GetNameRef(), visit)
-                                      : column_result::not_offered;
-    if (columns != column_result::not_offered)
-        return columns == column_result::done && guard.text().empty();
-    f_layer->ResetReading();
-    while (OGRFeatureUniquePtr const record{f_layer->GetNextFeature()}) {
-        if (!record->IsFieldSetAndNotNull(field))
+    T const *const values = batch.numbers<T>();
+    for (std::size_t i = 0; i < batch.count; ++i) {
+        if (!batch.is_defined(i))
             continue;
-        double const value = record->GetFieldAsDouble(field);
-        if (!visit(&value, 1))
-            break;
+        if constexpr (std::is_floating_point_v<T>)
+            if (std::isnan(values[i]))
+                continue;
+        if (!visit(values[i]))
+            return false;
     }
-    return guard.text().empty();
+    return true;
 }
 
-bool vector_set::scan_texts(int field, std::function<bool(std::string_view text)> const &visit)
+/// `visit` takes numbers of any type.
+template <class Visit>
+bool for_each_number(column_batch const &batch, Visit visit)
 {
-    auto const *const defn = field_at(field);
-    if (!defn || has_filter())
+    switch (batch.kind) {
+    case column_batch::integers:
+        return for_each_number<int>(batch, visit);
+    case column_batch::bigints:
+        return for_each_number<long long>(batch, visit);
+    case column_batch::floatings:
+        return for_each_number<double>(batch, visit);
+    default:
+        return true;
+    }
+}
+
+/// Statistics of one batch.
+struct batch_stat
+{
+    double minimum = HUGE_VAL;
+    double maximum = -HUGE_VAL;
+    double sum = 0;
+    double mean = 0;
+    double squares = 0;
+    long long count = 0;
+
+    explicit batch_stat(column_batch const &batch)
+    {
+        for_each_number(batch, [&](auto number) {
+            auto const value = static_cast<double>(number);
+            minimum = std::min(minimum, value);
+            maximum = std::max(maximum, value);
+            sum += value;
+            ++count;
+            return true;
+        });
+        if (count == 0)
+            return;
+        mean = sum / static_cast<double>(count);
+        for_each_number(batch, [&](auto number) {
+            double const away = static_cast<double>(number) - mean;
+            squares += away * away;
+            return true;
+        });
+    }
+};
+
+template <class T>
+std::string whole_text(T value)
+{
+    std::array<char, 24> text;
+    return {text.data(), std::to_chars(text.data(), text.data() + text.size(), value).ptr};
+}
+
+/// Different numbers of a field, of whole or of real ones.
+class number_set
+{
+public:
+    /// Calls `is_new` with each number that is new; false when that gave false.
+    template <class IsNew>
+    bool add(column_batch const &batch, IsNew is_new)
+    {
+        switch (batch.kind) {
+        case column_batch::floatings:
+            f_is_floating = true;
+            return add_floatings(batch, is_new);
+        case column_batch::integers:
+            return add_whole<int>(batch, is_new);
+        case column_batch::bigints:
+            return add_whole<long long>(batch, is_new);
+        default:
+            return true;
+        }
+    }
+    [[nodiscard]] std::size_t size() const { return f_keys.size(); }
+    /// Ascending.
+    [[nodiscard]] std::vector<double> take()
+    {
+        std::vector<std::uint64_t> keys = f_keys.take();
+        if (!f_is_floating)
+            for (std::uint64_t &key : keys)
+                key = key_of(static_cast<double>(static_cast<long long>(key)));
+        sort_keys(keys);
+        std::vector<double> numbers(keys.size());
+        std::transform(keys.begin(), keys.end(), numbers.begin(), &number_of_key);
+        // Large whole numbers may fall together.
+        numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
+        return numbers;
+    }
+
+private:
+    template <class IsNew>
+    bool add_floatings(column_batch const &batch, IsNew is_new)
+    {
+        auto const *const values = batch.numbers<double>();
+        auto const key_at = [&](std::size_t i) { return key_of(values[i] == 0 ? 0.0 : values[i]); };
+        for (std::size_t i = 0; i < batch.count; ++i) {
+            if (i + c_ahead < batch.count)
+                f_keys.prefetch(key_at(i + c_ahead));
+            if (batch.is_defined(i) && !std::isnan(values[i]) && f_keys.insert(key_at(i)) &&
+                !is_new(values[i]))
+                return false;
+        }
+        return true;
+    }
+    template <class T, class IsNew>
+    bool add_whole(column_batch const &batch, IsNew is_new)
+    {
+        return for_each_number<T>(batch, [&](T v) { return !f_keys.insert_whole(v) || is_new(v); });
+    }
+
+    distinct_keys f_keys;
+    bool f_is_floating = false;
+};
+
+/// False when there are `limit` of them; a negative limit is none.
+bool add_texts(column_batch const &batch, long long limit, distinct_texts &texts)
+{
+    std::array<std::uint64_t, c_ahead> hashes;
+    for (std::size_t start = 0; start < batch.count; start += c_ahead) {
+        std::size_t const count = std::min(c_ahead, batch.count - start);
+        for (std::size_t i = 0; i < count; ++i) {
+            hashes[i] = distinct_texts::hash(batch.text(start + i));
+            texts.prefetch(hashes[i]);
+        }
+        for (std::size_t i = 0; i < count; ++i)
+            if (batch.is_defined(start + i) && texts.insert(batch.text(start + i), hashes[i]) &&
+                static_cast<long long>(texts.size()) == limit)
+                return false;
+    }
+    return true;
+}
+
+std::string quoted_name(char const *name)
+{
+    std::string text = "\"";
+    for (; *name; ++name) {
+        if (*name == '"')
+            text += '"';
+        text += *name;
+    }
+    return text + '"';
+}
+
+/// The rows of one question to a database, let go in time.
+class database_answer
+{
+public:
+    database_answer(GDALDataset &set, std::string const &question)
+        : f_set(set), f_rows(set.ExecuteSQL(question.c_str(), nullptr, nullptr))
+    {
+    }
+    ~database_answer()
+    {
+        if (f_rows)
+            f_set.ReleaseResultSet(f_rows);
+    }
+    database_answer(database_answer const &) = delete;
+    database_answer &operator=(database_answer const &) = delete;
+    [[nodiscard]] OGRFeatureUniquePtr next()
+    {
+        return OGRFeatureUniquePtr(f_rows ? f_rows->GetNextFeature() : nullptr);
+    }
+
+private:
+    GDALDataset &f_set;
+    OGRLayer *f_rows;
+};
+
+/// What is asked of a number field, in the way of the database. Cells without a number are passed over.
+struct field_question
+{
+    std::string number; ///< the field as a real number
+    std::string rows;   ///< table and condition
+
+    field_question(OGRLayer &layer, OGRFieldDefn const &field, bool is_server)
+    {
+        std::string const name = quoted_name(field.GetNameRef());
+        number = "CAST(" + name + " AS DOUBLE PRECISION)";
+        rows = " FROM " + table_name(layer) + " WHERE " + name + " IS NOT NULL";
+        if (is_server && field.GetType() == OFTReal)
+            rows += " AND " + name + " <> 'NaN'";
+        // A column of this database takes text as well, which GDAL reads as a number.
+        if (!is_server)
+            rows += " AND typeof(" + name + ") IN ('integer', 'real')";
+    }
+
+    /// Of a table in a schema the layer's name is "schema.table".
+    static std::string table_name(OGRLayer &layer)
+    {
+        std::string const name = layer.GetName();
+        std::size_t const point = name.find('.');
+        if (point == std::string::npos || !layer.GetMetadataItem("OLMD_FID64"))
+            return quoted_name(name.c_str());
+        return quoted_name(name.substr(0, point).c_str()) + "." + quoted_name(name.substr(point + 1).c_str());
+    }
+};
+} // namespace
+
+/// One pass gives all: the squares are summed from a value near the others, as far as the first one is near.
+/// If it is far off, so that digits were lost, a second pass sums them from the mean.
+bool vector_set::ask_database(int field, field_stat &stat)
+{
+    constexpr double c_far = 1e6; ///< squared distance of the first value from the mean, in variances
+    bool const is_server = f_set->is_driver("PostgreSQL");
+    if (!is_server && !f_set->is_driver("SQLite"))
         return false;
-    error_guard const guard(f_set->error());
+    std::wstring ignored;
+    error_guard const guard(ignored);
     (void)flush_features();
-    position_keeper const keeper(*this);
-    narrowed_layer const narrowed(*f_layer, field);
-    column_result const columns = defn->GetType() == OFTString
-                                      ? read_texts(*f_layer, defn->GetNameRef(), visit)
-                                      : column_result::not_offered;
-    if (columns != column_result::not_offered)
-        return columns == column_result::done && guard.text().empty();
-    f_layer->ResetReading();
-    while (OGRFeatureUniquePtr const record{f_layer->GetNextFeature()})
-        if (record->IsFieldSetAndNotNull(field) && !visit(cell_bytes(*record, field)))
-            break;
-    return guard.text().empty();
+    GDALDataset &base = f_set->gdal();
+    field_question const asked(*f_layer, *field_at(field), is_server);
+    auto const first = database_answer(base, "SELECT " + asked.number + asked.rows + " LIMIT 1").next();
+    if (!guard.text().empty())
+        return false;
+    if (!first) {
+        // Nothing but nulls, or nothing that the database calls a number.
+        auto const any = database_answer(base, "SELECT COUNT(" + quoted_name(field_at(field)->GetNameRef()) +
+                                                   ") FROM " + field_question::table_name(*f_layer))
+                             .next();
+        return any && any->GetFieldAsInteger64(0) == 0;
+    }
+    auto const squares_from = [&](double value) {
+        std::string const away = "(" + asked.number + " - (" + whole_text(value) + "))";
+        return "SUM(" + away + " * " + away + ")";
+    };
+    double const start = first->GetFieldAsDouble(0);
+    if (!std::isfinite(start))
+        return false;
+    auto const all =
+        database_answer(base, "SELECT COUNT(*), MIN(" + asked.number + "), MAX(" + asked.number + "), SUM(" +
+                                  asked.number + "), " + squares_from(start) + ", (SELECT COUNT(" +
+                                  quoted_name(field_at(field)->GetNameRef()) + ") FROM " +
+                                  field_question::table_name(*f_layer) + ")" + asked.rows)
+            .next();
+    if (!all || !guard.text().empty())
+        return false;
+    stat.count = all->GetFieldAsInteger64(0);
+    // A text among the numbers: GDAL's reading of it counts.
+    if (!is_server && all->GetFieldAsInteger64(5) != stat.count)
+        return false;
+    stat.minimum = all->GetFieldAsDouble(1);
+    stat.maximum = all->GetFieldAsDouble(2);
+    stat.sum = all->GetFieldAsDouble(3);
+    stat.mean = stat.sum / static_cast<double>(stat.count);
+    double const shift = stat.mean - start;
+    double const shifted = static_cast<double>(stat.count) * shift * shift;
+    stat.squares = all->GetFieldAsDouble(4) - shifted;
+    if (shifted > c_far * stat.squares) {
+        auto const again = database_answer(base, "SELECT " + squares_from(stat.mean) + asked.rows).next();
+        if (!again || !guard.text().empty())
+            return false;
+        stat.squares = again->GetFieldAsDouble(0);
+    }
+    return std::isfinite(stat.sum);
 }
 
 vector_set::field_stat const *vector_set::stat_of(int field)
@@ -105,25 +303,32 @@ vector_set::field_stat const *vector_set::stat_of(int field)
     if (known != f_stats.end())
         return &known->second;
     field_stat stat;
-    auto const add = [&](double const *values, std::size_t count) {
-        for (std::size_t i = 0; i < count; ++i) {
-            double const value = values[i];
-            if (++stat.count == 1)
-                stat.minimum = stat.maximum = value;
-            stat.minimum = std::fmin(stat.minimum, value);
-            stat.maximum = std::fmax(stat.maximum, value);
-            stat.sum += value;
-            // Welford's recurrence: no loss of digits where the spread is small beside the mean.
-            double const away = value - stat.mean;
-            stat.mean += away / static_cast<double>(stat.count);
-            stat.squares += away * (value - stat.mean);
-        }
+    // Of text only the number of cells is of use.
+    auto const count = [&](column_batch const &batch) {
+        for (std::size_t i = 0; i < batch.count; ++i)
+            stat.count += batch.is_defined(i);
         return true;
     };
-    // Of text only the number of cells is of use.
-    bool const good = is_number(field_type(field))
-                          ? scan_numbers(field, add)
-                          : scan_texts(field, [&](std::string_view) { return ++stat.count, true; });
+    auto const add = [&](column_batch const &batch) {
+        batch_stat const part(batch);
+        if (part.count == 0)
+            return true;
+        stat.minimum = stat.count == 0 ? part.minimum : std::min(stat.minimum, part.minimum);
+        stat.maximum = stat.count == 0 ? part.maximum : std::max(stat.maximum, part.maximum);
+        stat.sum += part.sum;
+        // Two sets of values joined, by Chan, Golub and LeVeque: no loss of digits where the spread is small
+        // beside the mean.
+        auto const before = static_cast<double>(stat.count);
+        auto const more = static_cast<double>(part.count);
+        double const away = part.mean - stat.mean;
+        stat.squares += part.squares + away * away * before * more / (before + more);
+        stat.mean += away * more / (before + more);
+        stat.count += part.count;
+        return true;
+    };
+    bool const wants_numbers = is_number(field_type(field));
+    bool const good =
+        wants_numbers ? ask_database(field, stat) || (stat = {}, scan(field, add)) : scan(field, count);
     return good ? &f_stats.emplace(field, stat).first->second : nullptr;
 }
 
@@ -180,21 +385,62 @@ bool vector_set::count_nonnull(int field, long long *count)
     return stat && count;
 }
 
+/// Different numbers may have one text, since a text has fifteen digits.
+bool vector_set::collect_texts(int field, long long limit, distinct_texts &texts)
+{
+    if (limit == 0)
+        return field_at(field) && !has_filter();
+    number_set numbers;
+    auto const add_number = [&](auto number) {
+        if constexpr (std::is_floating_point_v<decltype(number)>)
+            texts.insert(number_text(number));
+        else
+            texts.insert(whole_text(number));
+        return static_cast<long long>(texts.size()) != limit;
+    };
+    auto const add = [&](column_batch const &batch) {
+        return batch.kind == column_batch::texts ? add_texts(batch, limit, texts)
+                                                 : numbers.add(batch, add_number);
+    };
+    auto const add_row = [&](OGRFeature const &row) {
+        texts.insert(cell_bytes(row, 0));
+        return static_cast<long long>(texts.size()) != limit;
+    };
+    return (!has_filter() && distinct_in_database(field, static_cast<int>(limit), add_row)) ||
+           scan(field, add);
+}
+
+/// Only of a server, which sends no more than the different values; a file is read faster by itself.
+bool vector_set::distinct_in_database(int field, int limit,
+                                      std::function<bool(OGRFeature const &row)> const &visit)
+{
+    if (!field_at(field) || !f_set->is_driver("PostgreSQL"))
+        return false;
+    std::wstring ignored;
+    error_guard const guard(ignored);
+    (void)flush_features();
+    std::string const name = quoted_name(field_at(field)->GetNameRef());
+    std::string question = "SELECT DISTINCT " + name + " FROM " + field_question::table_name(*f_layer) +
+                           " WHERE " + name + " IS NOT NULL";
+    if (limit > 0)
+        question += " LIMIT " + std::to_string(limit);
+    database_answer answer(f_set->gdal(), question);
+    while (OGRFeatureUniquePtr const row = answer.next())
+        if (!visit(*row))
+            break;
+    return guard.text().empty();
+}
+
 bool vector_set::count_distinct(int field, long long *count)
 {
     if (!count || has_filter() || !field_at(field))
         return false;
-    auto const known = f_stats.find(field);
+    auto known = f_stats.find(field);
     if (known == f_stats.end() || !known->second.distinct) {
-        std::unordered_set<std::string> seen;
-        long long cells = 0;
-        if (!scan_texts(field, [&](std::string_view text) { return ++cells, seen.emplace(text), true; }))
+        distinct_texts texts;
+        if (!stat_of(field) || !collect_texts(field, -1, texts))
             return false;
-        if (is_number(field_type(field)) && !stat_of(field))
-            return false;
-        field_stat &stat = f_stats[field];
-        stat.count = cells;
-        stat.distinct = static_cast<long long>(seen.size());
+        f_stats.at(field).distinct = static_cast<long long>(texts.size());
     }
     *count = *f_stats.at(field).distinct;
     return true;
@@ -207,24 +453,14 @@ bool vector_set::compute_stats(int field, bool force)
 
 bool vector_set::with_unique_numerics(int field, int limit, vx::floatings_visitor visitor)
 {
-    std::set<double> values;
-    bool has_nan = false;
-    bool const good = scan_numbers(field, [&](double const *cells, std::size_t count) {
-        for (std::size_t i = 0; i < count; ++i) {
-            if (std::isnan(cells[i]))
-                has_nan = true;
-            else
-                values.insert(cells[i]);
-            if (limit >= 0 && values.size() + has_nan >= static_cast<std::size_t>(limit))
-                return false;
-        }
-        return true;
-    });
-    if (!good)
+    // Of other fields the caller reads the cells as numbers.
+    if (has_filter() || !is_number(field_type(field)))
         return false;
-    std::vector<double> list(values.begin(), values.end());
-    if (has_nan)
-        list.push_back(std::nan(""));
+    number_set numbers;
+    auto const is_below = [&](auto) { return static_cast<long long>(numbers.size()) != limit; };
+    if (limit != 0 && !scan(field, [&](column_batch const &batch) { return numbers.add(batch, is_below); }))
+        return false;
+    std::vector<double> list = numbers.take();
     if (!list.empty())
         visitor.visit(list.size(), list.data());
     return true;
@@ -232,16 +468,12 @@ bool vector_set::with_unique_numerics(int field, int limit, vx::floatings_visito
 
 bool vector_set::with_unique_strings(int field, int limit, vx::string_visitor visitor)
 {
-    std::set<std::string, std::less<>> values;
-    bool const good = scan_texts(field, [&](std::string_view text) {
-        if (values.find(text) == values.end())
-            values.emplace(text);
-        return limit < 0 || values.size() < static_cast<std::size_t>(limit);
-    });
-    if (!good)
+    distinct_texts texts;
+    if (!collect_texts(field, limit, texts))
         return false;
-    for (std::string const &value : values)
-        visit_utf8(visitor, value.c_str());
+    wide_text wide;
+    for (std::uint32_t const place : texts.sorted())
+        visitor.visit(wide.of(texts.at(place)));
     return true;
 }
 
@@ -257,15 +489,16 @@ bool vector_set::with_custom_histogram(int field, double minimum, double maximum
         return false;
     std::fill(counts, counts + count, 0);
     double const width = (maximum - minimum) / count;
-    return scan_numbers(field, [&](double const *cells, std::size_t number) {
-        for (std::size_t i = 0; i < number; ++i) {
-            if (!(cells[i] >= minimum && cells[i] <= maximum))
-                continue;
-            double const place = width > 0 ? (cells[i] - minimum) / width : 0;
+    return scan(field, [&](column_batch const &batch) {
+        return for_each_number(batch, [&](auto number) {
+            auto const value = static_cast<double>(number);
+            if (!(value >= minimum && value <= maximum))
+                return true;
+            double const place = width > 0 ? (value - minimum) / width : 0;
             // The upper bound belongs to the last class.
-            ++counts[std::min(count - 1, static_cast<int>(place))];
-        }
-        return true;
+            ++counts[place < count ? static_cast<int>(place) : count - 1];
+            return true;
+        });
     });
 }
 
@@ -274,7 +507,7 @@ bool vector_set::with_default_histogram(int field, bool force, vx::histogram_vis
     if (!has_histogram(field) || !(force || has_stat(field)))
         return false;
     auto const *const stat = stat_of(field);
-    if (!stat || stat->count == 0)
+    if (!stat || stat->count == 0 || !std::isfinite(stat->maximum - stat->minimum))
         return false;
     double const low = stat->minimum;
     double const high = stat->maximum;

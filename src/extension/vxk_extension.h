@@ -4,6 +4,8 @@
 
 #include "extension/binding/bigints_visitor.h"
 #include "extension/binding/bytes_visitor.h"
+#include "extension/binding/column_source.h"
+#include "extension/binding/column_visitor.h"
 #include "extension/binding/context_menu_visitor.h"
 #include "extension/binding/core_families.h"
 #include "extension/binding/data_3d_visitor.h"

@@ -21,8 +21,8 @@ public:
     void visit(unsigned long long count, double *values) override
     {
         for (unsigned long long i = 0; values && i < count; ++i)
-            if (!std::isnan(values[i])) // has no place in an order
-                f_target.insert(values[i]);
+            if (!std::isnan(values[i]))                     // has no place in an order
+                f_target.insert(f_target.end(), values[i]); // drivers mostly give them in ascending order
     }
 
 private:

@@ -10,7 +10,40 @@
 VX_BINDING_BARE(assisted_input, 3)
 VX_BINDING_BARE(bitmap, 0)
 VX_BINDING_BARE(bitmap_visitor, 0)
-VX_BINDING_BARE(button, 4)
+VX_BINDING_HANDLE(button)
+struct vx_button_interface_table
+{
+    t_vx_interface* (*generalize)(t_vx_interface* result, void const* table, void* self);
+};
+VX_BINDING_FUNCTIONS(button, 4)
+// The slots of these are not known here: whatever the handle, they give the default.
+[[nodiscard]] VX_LOCAL inline int vxk_framework_button_default_button(t_vx_button_interface)
+{ return 0; }
+namespace vx
+{
+class VX_API button : public binding::wrapper<t_vx_button_interface>
+{
+public:
+    using wrapper::wrapper;
+    [[nodiscard]] VX_LOCAL int default_button() const
+    { return vxk_framework_button_default_button(f_handle); }
+};
+class VX_API button_impl
+    : public binding::implementation<button_impl, vx::button>
+{
+public:
+    VX_LOCAL static char const* interface_name() { return vx_button_interface_name; }
+    VX_LOCAL static vx_button_interface_table const* family_table();
+protected:
+    ~button_impl() = default;
+};
+VX_LOCAL inline constexpr vx_button_interface_table button_family_table{
+    &binding::generalize_slot<button_impl>,
+};
+inline vx_button_interface_table const* button_impl::family_table()
+{ return &button_family_table; }
+}
+
 VX_BINDING_BARE(buttoned_output, 1)
 VX_BINDING_HANDLE(canvas)
 struct vx_canvas_interface_table
@@ -47,7 +80,40 @@ inline vx_canvas_interface_table const* canvas_impl::family_table()
 }
 
 VX_BINDING_BARE(checkbox, 2)
-VX_BINDING_BARE(checkbox_list, 3)
+VX_BINDING_HANDLE(checkbox_list)
+struct vx_checkbox_list_interface_table
+{
+    t_vx_interface* (*generalize)(t_vx_interface* result, void const* table, void* self);
+};
+VX_BINDING_FUNCTIONS(checkbox_list, 3)
+// The slots of these are not known here: whatever the handle, they give the default.
+[[nodiscard]] VX_LOCAL inline bool vxk_framework_checkbox_list_item_enabled(t_vx_checkbox_list_interface)
+{ return false; }
+namespace vx
+{
+class VX_API checkbox_list : public binding::wrapper<t_vx_checkbox_list_interface>
+{
+public:
+    using wrapper::wrapper;
+    [[nodiscard]] VX_LOCAL bool item_enabled() const
+    { return vxk_framework_checkbox_list_item_enabled(f_handle); }
+};
+class VX_API checkbox_list_impl
+    : public binding::implementation<checkbox_list_impl, vx::checkbox_list>
+{
+public:
+    VX_LOCAL static char const* interface_name() { return vx_checkbox_list_interface_name; }
+    VX_LOCAL static vx_checkbox_list_interface_table const* family_table();
+protected:
+    ~checkbox_list_impl() = default;
+};
+VX_LOCAL inline constexpr vx_checkbox_list_interface_table checkbox_list_family_table{
+    &binding::generalize_slot<checkbox_list_impl>,
+};
+inline vx_checkbox_list_interface_table const* checkbox_list_impl::family_table()
+{ return &checkbox_list_family_table; }
+}
+
 VX_BINDING_BARE(dropdown, 3)
 VX_BINDING_HANDLE(floating_input)
 struct vx_floating_input_interface_table

@@ -190,7 +190,40 @@ inline vx_floating_outline_column_variant_interface_table const* floating_outlin
 { return &floating_outline_column_variant_family_table; }
 }
 
-VX_BINDING_BARE(grid, 32)
+VX_BINDING_HANDLE(grid)
+struct vx_grid_interface_table
+{
+    t_vx_interface* (*generalize)(t_vx_interface* result, void const* table, void* self);
+};
+VX_BINDING_FUNCTIONS(grid, 32)
+// The slots of these are not known here: whatever the handle, they give the default.
+[[nodiscard]] VX_LOCAL inline int vxk_framework_grid_fixed_column_count(t_vx_grid_interface)
+{ return 0; }
+namespace vx
+{
+class VX_API grid : public binding::wrapper<t_vx_grid_interface>
+{
+public:
+    using wrapper::wrapper;
+    [[nodiscard]] VX_LOCAL int fixed_column_count() const
+    { return vxk_framework_grid_fixed_column_count(f_handle); }
+};
+class VX_API grid_impl
+    : public binding::implementation<grid_impl, vx::grid>
+{
+public:
+    VX_LOCAL static char const* interface_name() { return vx_grid_interface_name; }
+    VX_LOCAL static vx_grid_interface_table const* family_table();
+protected:
+    ~grid_impl() = default;
+};
+VX_LOCAL inline constexpr vx_grid_interface_table grid_family_table{
+    &binding::generalize_slot<grid_impl>,
+};
+inline vx_grid_interface_table const* grid_impl::family_table()
+{ return &grid_family_table; }
+}
+
 VX_BINDING_BARE(grid_action_cell, 4)
 VX_BINDING_BARE(grid_assisted_string_cell, 5)
 VX_BINDING_BARE(grid_bitmap_cell, 4)
@@ -278,6 +311,10 @@ VX_BINDING_FUNCTIONS(grid_layout, 91)
 { return true; }
 [[nodiscard]] VX_LOCAL inline bool vxk_framework_grid_layout_row_visible(t_vx_grid_layout_interface)
 { return true; }
+[[nodiscard]] VX_LOCAL inline bool vxk_framework_grid_layout_column_avid(t_vx_grid_layout_interface)
+{ return false; }
+[[nodiscard]] VX_LOCAL inline bool vxk_framework_grid_layout_row_avid(t_vx_grid_layout_interface)
+{ return false; }
 namespace vx
 {
 class VX_API grid_layout : public binding::wrapper<t_vx_grid_layout_interface>
@@ -288,6 +325,10 @@ public:
     { return vxk_framework_grid_layout_column_visible(f_handle); }
     [[nodiscard]] VX_LOCAL bool row_visible() const
     { return vxk_framework_grid_layout_row_visible(f_handle); }
+    [[nodiscard]] VX_LOCAL bool column_avid() const
+    { return vxk_framework_grid_layout_column_avid(f_handle); }
+    [[nodiscard]] VX_LOCAL bool row_avid() const
+    { return vxk_framework_grid_layout_row_avid(f_handle); }
 };
 class VX_API grid_layout_impl
     : public binding::implementation<grid_layout_impl, vx::grid_layout>

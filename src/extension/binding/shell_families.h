@@ -62,7 +62,40 @@ VX_BINDING_BARE(modal_dialog_service, 102)
 VX_BINDING_BARE(modal_dialog_service_visitor, 102)
 VX_BINDING_BARE(modal_dialog_view, 101)
 VX_BINDING_BARE(modal_dialog_visitor, 101)
-VX_BINDING_BARE(modeless_dialog, 72)
+VX_BINDING_HANDLE(modeless_dialog)
+struct vx_modeless_dialog_interface_table
+{
+    t_vx_interface* (*generalize)(t_vx_interface* result, void const* table, void* self);
+};
+VX_BINDING_FUNCTIONS(modeless_dialog, 72)
+// The slots of these are not known here: whatever the handle, they give the default.
+[[nodiscard]] VX_LOCAL inline bool vxk_framework_modeless_dialog_visible(t_vx_modeless_dialog_interface)
+{ return false; }
+namespace vx
+{
+class VX_API modeless_dialog : public binding::wrapper<t_vx_modeless_dialog_interface>
+{
+public:
+    using wrapper::wrapper;
+    [[nodiscard]] VX_LOCAL bool visible() const
+    { return vxk_framework_modeless_dialog_visible(f_handle); }
+};
+class VX_API modeless_dialog_impl
+    : public binding::implementation<modeless_dialog_impl, vx::modeless_dialog>
+{
+public:
+    VX_LOCAL static char const* interface_name() { return vx_modeless_dialog_interface_name; }
+    VX_LOCAL static vx_modeless_dialog_interface_table const* family_table();
+protected:
+    ~modeless_dialog_impl() = default;
+};
+VX_LOCAL inline constexpr vx_modeless_dialog_interface_table modeless_dialog_family_table{
+    &binding::generalize_slot<modeless_dialog_impl>,
+};
+inline vx_modeless_dialog_interface_table const* modeless_dialog_impl::family_table()
+{ return &modeless_dialog_family_table; }
+}
+
 VX_BINDING_BARE(modeless_dialog_service, 72)
 VX_BINDING_BARE(modeless_dialog_service_visitor, 72)
 VX_BINDING_BARE(modeless_dialog_view, 2)

@@ -1,49 +1,64 @@
 #include "platform/data/attr_column.h"
 
+#include "platform/base/text_codec.h"
+
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <limits>
 
 namespace vx::attr {
 namespace {
-// Past this many different texts equal ones are rare, and looking for them costs more than it saves.
-constexpr std::size_t c_known_limit = 1 << 16;
+// Past this many different texts a number for each is no gain over the texts themselves.
+constexpr std::size_t c_most_texts = 1 << 16;
+constexpr std::size_t c_first_look = 4096; ///< records after which repetition is judged
 constexpr int c_number_digits = 15;
-constexpr std::wstring_view c_blanks = L" \t\n\r\v\f";
+constexpr std::string_view c_blanks = " \t\n\r\v\f";
 
 template <class T>
-std::wstring number_text(T value)
+std::string_view number_text(T value, std::array<char, 40> &buffer)
 {
-    char buffer[40];
-    char *end = nullptr;
+    auto *const begin = buffer.data();
+    auto *const bound = begin + buffer.size();
+    char const *end = nullptr;
     if constexpr (std::is_floating_point_v<T>)
-        end =
-            std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::general, c_number_digits)
-                .ptr;
+        end = std::to_chars(begin, bound, value, std::chars_format::general, c_number_digits).ptr;
     else
-        end = std::to_chars(buffer, buffer + sizeof buffer, value).ptr;
-    return {buffer, end};
+        end = std::to_chars(begin, bound, value).ptr;
+    return {begin, end};
 }
 
-bool parse_number(std::wstring_view text, double &value)
+bool parse_number(std::string_view text, double &value)
 {
     auto const first = text.find_first_not_of(c_blanks);
-    if (first == std::wstring_view::npos)
+    if (first == std::string_view::npos)
         return false;
     text = text.substr(first, text.find_last_not_of(c_blanks) - first + 1);
-    std::string narrow;
-    for (auto const c : text) {
-        if (c > 0x7F)
-            return false;
-        narrow.push_back(static_cast<char>(c));
-    }
-    char const *begin = narrow.data();
-    char const *const end = begin + narrow.size();
+    char const *begin = text.data();
+    char const *const end = begin + text.size();
     if (*begin == '+' && end - begin > 1 && begin[1] != '-')
         ++begin;
     auto const [stop, code] = std::from_chars(begin, end, value);
     return code == std::errc() && stop == end && std::isfinite(value);
+}
+
+void assign(std::string &buffer, std::string_view utf8)
+{
+    buffer.assign(utf8);
+}
+
+void assign(std::wstring &buffer, std::string_view utf8)
+{
+    buffer.resize(utf8.size());
+    unsigned all_bits = 0;
+    for (std::size_t i = 0; i < utf8.size(); ++i) {
+        auto const byte = static_cast<unsigned char>(utf8[i]);
+        all_bits |= byte;
+        buffer[i] = static_cast<wchar_t>(byte);
+    }
+    if (all_bits & 0x80)
+        buffer = vx::text::utf8_to_wide(utf8);
 }
 
 int cut_to_int(double value)
@@ -70,31 +85,77 @@ template <class... F>
 overloaded(F...) -> overloaded<F...>;
 } // namespace
 
-void text_cells::append(std::wstring_view text)
+void defined_bits::append_bit(bool is_defined)
 {
-    if (auto const zero = text.find(L'\0'); zero != std::wstring_view::npos)
-        text = text.substr(0, zero);
-    if (f_known.size() < c_known_limit) {
-        auto const [at, is_new] = f_known.try_emplace(std::wstring(text), f_text.size());
-        f_starts.push_back(at->second);
-        if (!is_new)
-            return;
-    } else
-        f_starts.push_back(f_text.size());
-    f_text.insert(f_text.end(), text.begin(), text.end());
-    f_text.push_back(L'\0');
+    f_bits.resize(f_size, true); // so far all had one
+    f_bits.push_back(is_defined);
+    ++f_size;
+}
+
+void text_cells::append(std::string_view text)
+{
+    text = text.substr(0, text.find('\0'));
+    f_defined.append(true);
+    if (f_is_plain)
+        return append_plain(text);
+    auto at = f_known.find(text);
+    if (at == f_known.end()) {
+        f_texts.emplace_back(text);
+        at = f_known.emplace(f_texts.back(), static_cast<std::uint32_t>(f_texts.size() - 1)).first;
+    }
+    f_numbers.push_back(at->second);
+    if (is_better_plain())
+        make_plain();
 }
 
 void text_cells::append_none()
 {
-    f_starts.push_back(c_none);
+    f_defined.append(false);
+    if (f_is_plain)
+        return append_plain({});
+    if (f_texts.empty())
+        f_texts.emplace_back(); // so that every record has a place to point to
+    f_numbers.push_back(0);
+}
+
+bool text_cells::is_better_plain() const
+{
+    return f_texts.size() > c_most_texts ||
+           (f_numbers.size() == c_first_look && f_texts.size() > c_first_look / 2);
+}
+
+void text_cells::append_plain(std::string_view text)
+{
+    if (f_numbers.size() % c_block == 0)
+        f_blocks.push_back(f_bytes.size());
+    f_numbers.push_back(static_cast<std::uint32_t>(f_bytes.size() - f_blocks.back()));
+    f_bytes.insert(f_bytes.end(), text.begin(), text.end());
+}
+
+void text_cells::make_plain()
+{
+    std::vector<std::uint32_t> const places = std::move(f_numbers);
+    f_numbers = {};
+    f_numbers.reserve(std::max(f_records, places.size()));
+    std::size_t bytes = 0;
+    for (auto const place : places)
+        bytes += f_texts[place].size();
+    // The texts to come are taken to be as long as those that came, and a little longer.
+    std::size_t const expected = bytes / places.size() * f_records;
+    f_bytes.reserve(expected + expected / 16);
+    f_is_plain = true;
+    for (auto const place : places)
+        append_plain(f_texts[place]);
+    f_texts = {};
+    f_known = {};
 }
 
 void text_cells::finish()
 {
     f_known = {};
-    f_text.shrink_to_fit();
-    f_starts.shrink_to_fit();
+    if (f_bytes.capacity() > f_bytes.size() + f_bytes.size() / 8)
+        f_bytes.shrink_to_fit();
+    f_numbers.shrink_to_fit();
 }
 
 bool has_value(column const &cells, std::size_t record)
@@ -106,26 +167,44 @@ bool has_value(column const &cells, std::size_t record)
         cells);
 }
 
-wchar_t const *text_of(column const &cells, std::size_t record, std::wstring &buffer)
+namespace {
+template <class Buffer>
+bool make_text(column const &cells, std::size_t record, Buffer &buffer)
 {
-    if (!has_value(cells, record))
-        return L"";
-    return std::visit(overloaded{[](std::monostate) { return L""; },
+    if (!has_value(cells, record)) {
+        buffer.clear();
+        return false;
+    }
+    std::array<char, 40> digits;
+    assign(buffer,
+           std::visit(overloaded{[](std::monostate) { return std::string_view(); },
                                  [&](text_cells const &c) { return c.get(record); },
-                                 [&](auto const &c) {
-                                     buffer = number_text(c.values[record]);
-                                     return buffer.c_str();
-                                 }},
-                      cells);
+                                 [&](auto const &c) { return number_text(c.values[record], digits); }},
+                      cells));
+    return true;
+}
+} // namespace
+
+bool text_of(column const &cells, std::size_t record, std::string &buffer)
+{
+    return make_text(cells, record, buffer);
+}
+
+bool text_of(column const &cells, std::size_t record, std::wstring &buffer)
+{
+    return make_text(cells, record, buffer);
 }
 
 bool number_of(column const &cells, std::size_t record, double &value)
 {
-    if (!has_value(cells, record))
-        return false;
     return std::visit(overloaded{[](std::monostate) { return false; },
-                                 [&](text_cells const &c) { return parse_number(c.get(record), value); },
+                                 [&](text_cells const &c) {
+                                     return record < c.size() && c.has(record) &&
+                                            parse_number(c.get(record), value);
+                                 },
                                  [&](auto const &c) {
+                                     if (record >= c.values.size() || !c.defined[record])
+                                         return false;
                                      value = static_cast<double>(c.values[record]);
                                      return true;
                                  }},
@@ -134,9 +213,9 @@ bool number_of(column const &cells, std::size_t record, double &value)
 
 bool integer_of(column const &cells, std::size_t record, int &value)
 {
-    if (!has_value(cells, record))
-        return false;
     if (auto const *const whole = std::get_if<number_cells<std::int64_t>>(&cells)) {
+        if (!has_value(cells, record))
+            return false;
         value = cut_to_int(whole->values[record]);
         return true;
     }

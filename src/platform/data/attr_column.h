@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -9,36 +10,86 @@
 
 /// One column of an attribute table, read whole: a value or none for each record.
 namespace vx::attr {
-/// Texts in one block, each with its zero; equal ones once, as long as they are few.
+/// Which records have a value. Takes no room while all have one.
+class defined_bits
+{
+public:
+    void append(bool is_defined)
+    {
+        if (is_defined && f_bits.empty())
+            ++f_size;
+        else
+            append_bit(is_defined);
+    }
+    [[nodiscard]] bool operator[](std::size_t record) const { return f_bits.empty() || f_bits[record]; }
+    [[nodiscard]] std::size_t size() const { return f_size; }
+
+private:
+    void append_bit(bool is_defined);
+
+    std::size_t f_size = 0;
+    std::vector<bool> f_bits;
+};
+
+/// Texts in UTF-8, one after the other. Where they repeat, each is kept once and the records hold its number.
 class text_cells
 {
 public:
-    void append(std::wstring_view text);
+    /// `records` is the number of texts that will come, as far as it is known.
+    explicit text_cells(std::size_t records) : f_records(records) {}
+    text_cells(text_cells &&) = default;
+    text_cells &operator=(text_cells &&) = default;
+
+    /// A text with a zero in it ends there.
+    void append(std::string_view text);
     void append_none();
-    [[nodiscard]] std::size_t size() const { return f_starts.size(); }
-    [[nodiscard]] bool has(std::size_t record) const { return f_starts[record] != c_none; }
-    [[nodiscard]] wchar_t const *get(std::size_t record) const { return f_text.data() + f_starts[record]; }
     /// Frees what only appending needs.
     void finish();
 
-private:
-    static constexpr std::size_t c_none = static_cast<std::size_t>(-1);
+    [[nodiscard]] std::size_t size() const { return f_defined.size(); }
+    [[nodiscard]] bool has(std::size_t record) const { return f_defined[record]; }
+    [[nodiscard]] std::string_view get(std::size_t record) const
+    {
+        return f_is_plain ? plain_text(record) : std::string_view(f_texts[f_numbers[record]]);
+    }
 
-    std::vector<wchar_t> f_text;
-    std::vector<std::size_t> f_starts;
-    std::unordered_map<std::wstring, std::size_t> f_known;
+private:
+    // A start is a distance from the start of its block, so that it needs no 64 bits.
+    static constexpr std::size_t c_block = 1024;
+
+    [[nodiscard]] std::string_view plain_text(std::size_t record) const
+    {
+        std::size_t const start = f_blocks[record / c_block] + f_numbers[record];
+        std::size_t const next = record + 1;
+        std::size_t const end =
+            next < f_numbers.size() ? f_blocks[next / c_block] + f_numbers[next] : f_bytes.size();
+        return {f_bytes.data() + start, end - start};
+    }
+    void append_plain(std::string_view text);
+    [[nodiscard]] bool is_better_plain() const;
+    void make_plain();
+
+    std::size_t f_records;
+    defined_bits f_defined;
+    bool f_is_plain = false;
+    std::vector<std::uint32_t> f_numbers; ///< plain: starts in the block; else: places in `f_texts`
+    std::vector<std::size_t> f_blocks;    ///< plain: where each block starts
+    std::vector<char> f_bytes;            ///< plain: all texts
+    std::deque<std::string> f_texts;      ///< not plain: the different texts, which never move
+    std::unordered_map<std::string_view, std::uint32_t> f_known;
 };
 
 template <class T>
 struct number_cells
 {
     std::vector<T> values; ///< 0 where there is none
-    std::vector<bool> defined;
+    defined_bits defined;
 
+    explicit number_cells(std::size_t records) { values.reserve(records); }
     void append(T value, bool is_defined)
     {
         values.push_back(is_defined ? value : T{});
-        defined.push_back(is_defined);
+        defined.append(is_defined);
     }
 };
 
@@ -48,8 +99,10 @@ using column = std::variant<std::monostate, text_cells, number_cells<std::int32_
 
 /// Past the end and in a column without cells there is no value.
 [[nodiscard]] bool has_value(column const &cells, std::size_t record);
-/// The cell as text; numbers with "." and at most 15 digits. Writes into `buffer` when the text is made here.
-[[nodiscard]] wchar_t const *text_of(column const &cells, std::size_t record, std::wstring &buffer);
+/// The cell as text, in UTF-8 or wide; numbers with "." and at most 15 digits. The text is made in `buffer`.
+/// False, and an empty text, when there is none.
+bool text_of(column const &cells, std::size_t record, std::string &buffer);
+bool text_of(column const &cells, std::size_t record, std::wstring &buffer);
 /// The cell as number; false when it has none, or its text spells none.
 [[nodiscard]] bool number_of(column const &cells, std::size_t record, double &value);
 /// As `number_of`, cut to whole numbers of the type without a detour through `double`.

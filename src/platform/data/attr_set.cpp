@@ -1,16 +1,21 @@
 #include "platform/data/attr_set.h"
 
+#include "extension/binding/column_source.h"
 #include "extension/binding/feature_forward_request.h"
 #include "extension/binding/string_visitor.h"
 
 #include "platform/base/owned.h"
 #include "platform/base/string_adp.h"
+#include "platform/base/text_codec.h"
 #include "platform/base/vertex_list.h"
 #include "platform/basic/engine_captions.h"
 #include "platform/basic/vx_datasource.h"
 #include "platform/data/vx_attr_data.h"
 
+#include <algorithm>
 #include <limits>
+#include <type_traits>
+#include <utility>
 
 namespace vx::attr {
 namespace {
@@ -107,7 +112,7 @@ template <class T>
 class number_reader final : public feature_reader
 {
 public:
-    explicit number_reader(int field) : f_field(field) {}
+    number_reader(int field, std::size_t records) : f_cells(records), f_field(field) {}
     number_cells<T> f_cells;
 
 private:
@@ -123,7 +128,7 @@ private:
 class text_reader final : public feature_reader
 {
 public:
-    explicit text_reader(int field) : f_field(field) {}
+    text_reader(int field, std::size_t records) : f_cells(records), f_field(field) {}
     text_cells f_cells;
 
 private:
@@ -133,12 +138,70 @@ private:
         f_receiver.f_text.clear();
         item.get_string(f_field, &defined, f_receiver);
         if (defined)
-            f_cells.append(f_receiver.f_text);
+            f_cells.append(vx::text::wide_to_utf8(f_receiver.f_text));
         else
             f_cells.append_none();
     }
     int f_field;
     text_receiver f_receiver;
+};
+
+/// Receives the runs of a whole column of one kind; another kind, and what is past the records, is refused.
+template <class Cells>
+class column_reader final : public vx::column_visitor_impl
+{
+public:
+    explicit column_reader(std::size_t records) : f_cells(records), f_left(records) {}
+    Cells f_cells;
+    bool f_is_good = true;
+
+    bool visit_integers(unsigned long long count, int const *values, unsigned char const *defined) override
+    {
+        return take<number_cells<std::int32_t>>(count, values, defined);
+    }
+    bool visit_bigints(unsigned long long count, long long const *values,
+                       unsigned char const *defined) override
+    {
+        return take<number_cells<std::int64_t>>(count, values, defined);
+    }
+    bool visit_floatings(unsigned long long count, double const *values,
+                         unsigned char const *defined) override
+    {
+        return take<number_cells<double>>(count, values, defined);
+    }
+    bool visit_texts(unsigned long long count, char const *bytes, int const *starts,
+                     unsigned char const *defined) override
+    {
+        if constexpr (std::is_same_v<Cells, text_cells>)
+            return for_each(count, defined, [&](std::size_t i, bool is_defined) {
+                if (is_defined)
+                    f_cells.append({bytes + starts[i], static_cast<std::size_t>(starts[i + 1] - starts[i])});
+                else
+                    f_cells.append_none();
+            });
+        return f_is_good = false;
+    }
+
+private:
+    template <class Wanted, class T>
+    bool take(unsigned long long count, T const *values, unsigned char const *defined)
+    {
+        if constexpr (std::is_same_v<Cells, Wanted>)
+            return for_each(count, defined,
+                            [&](std::size_t i, bool is_defined) { f_cells.append(values[i], is_defined); });
+        return f_is_good = false;
+    }
+    template <class Append>
+    bool for_each(unsigned long long count, unsigned char const *defined, Append append)
+    {
+        auto const taken = std::min<std::size_t>(count, f_left);
+        for (std::size_t i = 0; i < taken; ++i)
+            append(i, !defined || (defined[i / 8] >> (i % 8) & 1) != 0);
+        f_left -= taken;
+        return f_left > 0;
+    }
+
+    std::size_t f_left;
 };
 
 class shape_reader final : public feature_reader
@@ -246,35 +309,45 @@ void attr_set::walk(vx::feature_visitor visitor) const
             return;
 }
 
+template <class Cells, class Reader>
+Cells attr_set::read_column(int field) const
+{
+    vx::column_source const columns(
+        vx_column_source_interface_specialize(vx_data_source_interface_generalize(f_source)));
+    if (columns) {
+        column_reader<Cells> reader(f_record_count);
+        if (columns.with_column(field, reader) && reader.f_is_good)
+            return std::move(reader.f_cells);
+    }
+    Reader reader(field, f_record_count);
+    walk(reader);
+    return std::move(reader.f_cells);
+}
+
 column const &attr_set::cells(std::size_t index)
 {
     auto &held = f_columns[index];
     if (held)
         return *held;
     auto const field = static_cast<int>(index);
-    auto const read_numbers = [&]<class T>(number_reader<T> reader) {
-        walk(reader);
-        held = std::move(reader.f_cells);
-    };
     switch (f_fields[index].type) {
     case c_attr_string:
     case c_attr_date:
     case c_attr_time:
     case c_attr_date_time: {
-        text_reader reader(field);
-        walk(reader);
-        reader.f_cells.finish();
-        held = std::move(reader.f_cells);
+        auto texts = read_column<text_cells, text_reader>(field);
+        texts.finish();
+        held = std::move(texts);
         break;
     }
     case c_attr_integer:
-        read_numbers(number_reader<std::int32_t>(field));
+        held = read_column<number_cells<std::int32_t>, number_reader<std::int32_t>>(field);
         break;
     case c_attr_bigint:
-        read_numbers(number_reader<std::int64_t>(field));
+        held = read_column<number_cells<std::int64_t>, number_reader<std::int64_t>>(field);
         break;
     case c_attr_numeric:
-        read_numbers(number_reader<double>(field));
+        held = read_column<number_cells<double>, number_reader<double>>(field);
         break;
     default:
         held.emplace();

@@ -46,6 +46,9 @@ private:
     void read_fields();
     /// Hands each feature to `visitor`, in record order, not more than there are records.
     void walk(vx::feature_visitor visitor) const;
+    /// All cells of a field: by the driver's columns if it offers them, else by a walk with a `Reader`.
+    template <class Cells, class Reader>
+    [[nodiscard]] Cells read_column(int field) const;
 
     vx::data_source f_source;
     vx::vector_source f_vector;

@@ -218,9 +218,8 @@ wchar_t const *vx_attr_files_get_wstr(Ivx_attr_files *files, unsigned field, uns
     tell(ok, false);
     if (field >= vx_attr_files_get_np(files))
         return L"";
-    auto const &cells = files->set->cells(field);
-    tell(ok, vx::attr::has_value(cells, record));
-    return vx::attr::text_of(cells, record, files->wide);
+    tell(ok, vx::attr::text_of(files->set->cells(field), record, files->wide));
+    return files->wide.c_str();
 }
 
 char const *vx_attr_files_get_str(Ivx_attr_files *files, unsigned field, unsigned record, bool *ok)
@@ -228,10 +227,9 @@ char const *vx_attr_files_get_str(Ivx_attr_files *files, unsigned field, unsigne
     tell(ok, false);
     if (field >= vx_attr_files_get_np(files))
         return "";
-    auto const &cells = files->set->cells(field);
-    tell(ok, vx::attr::has_value(cells, record));
-    std::wstring buffer; // its own, so that the pointer of the wide form stays valid
-    files->text = vx::text::to_bytes(vx::attr::text_of(cells, record, buffer));
+    tell(ok, vx::attr::text_of(files->set->cells(field), record, files->text));
+    if (vx::text::system_code_page() != vx::text::c_cp_utf8)
+        files->text = vx::text::to_bytes(vx::text::utf8_to_wide(files->text));
     return files->text.c_str();
 }
 

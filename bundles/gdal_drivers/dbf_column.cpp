@@ -1,0 +1,287 @@
+#include "dbf_column.h"
+
+#include "data_types.h"
+
+#include <cpl_string.h>
+#include <cpl_vsi.h>
+#include <ogrsf_frmts.h>
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <unordered_map>
+
+namespace vx::gdal {
+namespace {
+constexpr std::size_t c_head = 32;             ///< bytes of the file's head, and of each field's description
+constexpr std::size_t c_block = 256 * 1024;    ///< bytes that are read at once; stays in the cache
+constexpr std::size_t c_known_texts = 1 << 14; ///< converted texts that are kept
+constexpr char c_deleted = '*';
+
+struct file_closer
+{
+    void operator()(VSILFILE *file) const { VSIFCloseL(file); }
+};
+using file_holder = std::unique_ptr<VSILFILE, file_closer>;
+
+unsigned number_at(std::uint8_t const *bytes, int count)
+{
+    unsigned value = 0;
+    for (int i = count - 1; i >= 0; --i)
+        value = value << 8 | bytes[i];
+    return value;
+}
+
+/// Where the cells of one field lie in the file.
+struct cell_place
+{
+    std::size_t records = 0;
+    std::size_t record_size = 0;
+    vsi_l_offset first_record = 0;
+    std::size_t cell = 0; ///< within the record
+    std::size_t width = 0;
+    char type = 0; ///< of dBase: C, N, F, ...
+};
+
+/// False for a table that does not fit its file or the layer.
+bool find_cells(VSILFILE *file, OGRLayer &layer, int field, cell_place &place)
+{
+    std::array<std::uint8_t, c_head> head;
+    if (VSIFReadL(head.data(), 1, c_head, file) != c_head)
+        return false;
+    place.records = number_at(&head[4], 4);
+    place.first_record = number_at(&head[8], 2);
+    place.record_size = number_at(&head[10], 2);
+    auto const fields = static_cast<std::size_t>(layer.GetLayerDefn()->GetFieldCount());
+    if (place.first_record < c_head * (fields + 1) || place.record_size < 2)
+        return false;
+    std::size_t end = 1; // the mark of a deleted record comes first
+    for (std::size_t i = 0; i < fields; ++i) {
+        std::array<std::uint8_t, c_head> description;
+        if (VSIFReadL(description.data(), 1, c_head, file) != c_head || description[0] == '\r')
+            return false;
+        if (i == static_cast<std::size_t>(field)) {
+            place.cell = end;
+            place.width = description[16];
+            place.type = static_cast<char>(description[11]);
+        }
+        end += description[16];
+    }
+    if (end != place.record_size || place.width == 0)
+        return false;
+    VSIFSeekL(file, 0, SEEK_END);
+    vsi_l_offset const size = VSIFTellL(file);
+    auto const needed = place.first_record + static_cast<vsi_l_offset>(place.records) * place.record_size;
+    return size >= needed && layer.GetFeatureCount(FALSE) == static_cast<GIntBig>(place.records);
+}
+
+file_holder open_table(std::string const &path, OGRLayer &layer)
+{
+    VSIStatBufL info;
+    if (VSIStatL(path.c_str(), &info) != 0)
+        return nullptr;
+    bool const is_folder = VSI_ISDIR(info.st_mode);
+    for (char const *const ending : {"dbf", "DBF"}) {
+        std::string const name = is_folder ? CPLFormFilename(path.c_str(), layer.GetName(), ending)
+                                           : CPLResetExtension(path.c_str(), ending);
+        if (VSIStatL(name.c_str(), &info) == 0 && VSI_ISREG(info.st_mode))
+            return file_holder(VSIFOpenL(name.c_str(), "rb"));
+    }
+    return nullptr;
+}
+
+/// The cell as far as its text goes: up to a zero byte, without the blanks at both ends.
+std::string_view trimmed(char const *cell, std::size_t width)
+{
+    while (width > 0 && *cell == ' ') {
+        ++cell;
+        --width;
+    }
+    while (width > 0 && cell[width - 1] == ' ')
+        --width;
+    std::string_view const text(cell, width);
+    std::size_t const zero = text.find('\0');
+    if (zero == std::string_view::npos)
+        return text;
+    return trimmed(cell, zero);
+}
+
+/// What the plain forms of a number spell; everything unusual is left to GDAL.
+bool plain_whole(std::string_view text, std::size_t most_digits, long long &value)
+{
+    bool const is_negative = text.front() == '-';
+    if (is_negative)
+        text.remove_prefix(1);
+    if (text.empty() || text.size() > most_digits)
+        return false;
+    value = 0;
+    for (char const c : text) {
+        if (c < '0' || c > '9')
+            return false;
+        value = value * 10 + (c - '0');
+    }
+    if (is_negative)
+        value = -value;
+    return true;
+}
+
+bool plain_floating(std::string_view text, double &value)
+{
+    // A quotient of two numbers that are stored exactly is rounded right.
+    static constexpr double c_powers[] = {1,   1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                          1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    constexpr std::size_t c_exact_digits = 15;
+    bool const is_negative = text.front() == '-';
+    if (is_negative)
+        text.remove_prefix(1);
+    long long digits = 0;
+    std::size_t count = 0;
+    std::size_t behind_point = 0;
+    bool has_point = false;
+    for (char const c : text) {
+        if (c == '.' && !has_point) {
+            has_point = true;
+            continue;
+        }
+        if (c < '0' || c > '9')
+            return false;
+        digits = digits * 10 + (c - '0');
+        behind_point += has_point;
+        if (++count > c_exact_digits)
+            return false;
+    }
+    if (count == 0)
+        return false;
+    value = static_cast<double>(digits) / c_powers[behind_point];
+    if (is_negative)
+        value = -value;
+    return true;
+}
+
+bool is_ascii(std::string_view text)
+{
+    return std::none_of(text.begin(), text.end(), [](char c) { return (c & 0x80) != 0; });
+}
+
+/// Brings the trimmed text of a cell into the form of its column.
+class cell_reader
+{
+public:
+    cell_reader(OGRLayer &layer, int field, column_builder &target)
+        : f_field(field), f_type(layer.GetLayerDefn()->GetFieldDefn(field)->GetType()), f_target(target),
+          f_scratch(OGRFeature::CreateFeature(layer.GetLayerDefn()))
+    {
+        char const *const encoding = layer.GetMetadataItem("SOURCE_ENCODING", "SHAPEFILE");
+        if (encoding && !EQUAL(encoding, CPL_ENC_UTF8))
+            f_encoding = encoding;
+    }
+
+    bool read(std::string_view text)
+    {
+        if (f_type == OFTString)
+            return text.empty() ? f_target.add_null() : read_text(text);
+        // A number that did not fit was stored as asterisks.
+        if (text.empty() || text.front() == '*')
+            return f_target.add_null();
+        return f_type == OFTReal ? read_floating(text) : read_whole(text);
+    }
+
+private:
+    bool read_text(std::string_view text)
+    {
+        if (f_encoding.empty() || is_ascii(text))
+            return f_target.add_text(text);
+        std::string const bytes(text);
+        auto const known = f_converted.find(bytes);
+        if (known != f_converted.end())
+            return f_target.add_text(known->second);
+        char *const converted = CPLRecode(bytes.c_str(), f_encoding.c_str(), CPL_ENC_UTF8);
+        std::string const utf8 = converted;
+        CPLFree(converted);
+        if (f_converted.size() < c_known_texts)
+            f_converted.emplace(bytes, utf8);
+        return f_target.add_text(utf8);
+    }
+
+    bool read_whole(std::string_view text)
+    {
+        constexpr std::size_t c_digits_32 = 9;
+        constexpr std::size_t c_digits_64 = 18;
+        long long value = 0;
+        if (plain_whole(text, f_type == OFTInteger ? c_digits_32 : c_digits_64, value))
+            return f_target.add_whole(value);
+        f_scratch->SetField(f_field, std::string(text).c_str());
+        return f_target.add_whole(f_scratch->GetFieldAsInteger64(f_field));
+    }
+
+    bool read_floating(std::string_view text)
+    {
+        double value = 0;
+        if (plain_floating(text, value))
+            return f_target.add_floating(value);
+        f_scratch->SetField(f_field, std::string(text).c_str());
+        return f_target.add_floating(f_scratch->GetFieldAsDouble(f_field));
+    }
+
+    int f_field;
+    OGRFieldType f_type;
+    column_builder &f_target;
+    OGRFeatureUniquePtr f_scratch; ///< reads what is no plain number, as GDAL would
+    std::string f_encoding;        ///< empty: UTF-8, or unknown and taken for it
+    std::unordered_map<std::string, std::string> f_converted;
+};
+
+bool is_read_here(char dbf_type, OGRFieldType type, column_batch::cell_kind &kind)
+{
+    bool const is_number = dbf_type == 'N' || dbf_type == 'F';
+    switch (type) {
+    case OFTString:
+        kind = column_batch::texts;
+        return dbf_type == 'C';
+    case OFTInteger:
+        kind = column_batch::integers;
+        return is_number;
+    case OFTInteger64:
+        kind = column_batch::bigints;
+        return is_number;
+    case OFTReal:
+        kind = column_batch::floatings;
+        return is_number;
+    default:
+        return false;
+    }
+}
+} // namespace
+
+column_result read_dbf_column(std::string const &path, OGRLayer &layer, int field, column_sink const &sink)
+{
+    file_holder const file = open_table(path, layer);
+    cell_place place;
+    column_batch::cell_kind kind = column_batch::texts;
+    OGRFieldDefn const *const defn = layer.GetLayerDefn()->GetFieldDefn(field);
+    if (!file || !find_cells(file.get(), layer, field, place) || defn->GetSubType() != OFSTNone ||
+        !is_read_here(place.type, defn->GetType(), kind))
+        return column_result::not_offered;
+    VSIFSeekL(file.get(), place.first_record, SEEK_SET);
+
+    column_builder builder(kind, sink);
+    cell_reader reader(layer, field, builder);
+    std::size_t const records_at_once = std::max<std::size_t>(1, c_block / place.record_size);
+    std::vector<char> block(records_at_once * place.record_size);
+    for (std::size_t left = place.records; left > 0;) {
+        std::size_t const count = std::min(left, records_at_once);
+        if (VSIFReadL(block.data(), place.record_size, count, file.get()) != count)
+            return column_result::failed;
+        left -= count;
+        for (std::size_t i = 0; i < count; ++i) {
+            char const *const record = &block[i * place.record_size];
+            if (*record == c_deleted)
+                continue;
+            if (!reader.read(trimmed(record + place.cell, place.width)))
+                return column_result::done;
+        }
+    }
+    builder.finish();
+    return column_result::done;
+}
+} // namespace vx::gdal

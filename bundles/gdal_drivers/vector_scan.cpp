@@ -1,0 +1,131 @@
+#include "arrow_column.h"
+#include "data_types.h"
+#include "dbf_column.h"
+#include "vector_set.h"
+
+#include <string>
+
+namespace vx::gdal {
+namespace {
+column_batch::cell_kind kind_of(OGRFieldDefn const &field)
+{
+    switch (field_type_of(field)) {
+    case field_integer:
+        return column_batch::integers;
+    case field_bigint:
+        return column_batch::bigints;
+    case field_numeric:
+        return column_batch::floatings;
+    default:
+        return column_batch::texts;
+    }
+}
+
+/// Columns come in the form in which cells are read: dates and lists do not.
+bool has_plain_cells(OGRFieldDefn const &field)
+{
+    switch (field.GetType()) {
+    case OFTInteger:
+    case OFTInteger64:
+    case OFTReal:
+    case OFTString:
+        return field.GetSubType() != OFSTBoolean;
+    default:
+        return false;
+    }
+}
+
+/// Reading only one column spares the drivers that can do so the geometry and all other fields.
+class narrowed_layer
+{
+public:
+    narrowed_layer(OGRLayer &layer, int field) : f_layer(layer)
+    {
+        std::vector<char const *> ignored{"OGR_GEOMETRY", "OGR_STYLE"};
+        OGRFeatureDefn *const fields = layer.GetLayerDefn();
+        for (int i = 0; i < fields->GetFieldCount(); ++i)
+            if (i != field)
+                ignored.push_back(fields->GetFieldDefn(i)->GetNameRef());
+        ignored.push_back(nullptr);
+        f_is_narrow =
+            layer.TestCapability(OLCIgnoreFields) && layer.SetIgnoredFields(ignored.data()) == OGRERR_NONE;
+        layer.ResetReading();
+    }
+    ~narrowed_layer()
+    {
+        if (f_is_narrow)
+            f_layer.SetIgnoredFields(nullptr);
+    }
+    narrowed_layer(narrowed_layer const &) = delete;
+    narrowed_layer &operator=(narrowed_layer const &) = delete;
+
+private:
+    OGRLayer &f_layer;
+    bool f_is_narrow = false;
+};
+} // namespace
+
+column_result vector_set::walk_column(int field, column_sink const &sink)
+{
+    column_batch::cell_kind const kind = kind_of(*field_at(field));
+    column_builder builder(kind, sink);
+    f_layer->ResetReading();
+    bool goes_on = true;
+    while (goes_on) {
+        OGRFeatureUniquePtr const record(f_layer->GetNextFeature());
+        if (!record) {
+            builder.finish();
+            break;
+        }
+        if (!record->IsFieldSetAndNotNull(field))
+            goes_on = builder.add_null();
+        else if (kind == column_batch::texts)
+            goes_on = builder.add_text(cell_bytes(*record, field));
+        else if (kind == column_batch::floatings)
+            goes_on = builder.add_floating(record->GetFieldAsDouble(field));
+        else
+            goes_on = builder.add_whole(record->GetFieldAsInteger64(field));
+    }
+    return column_result::done;
+}
+
+bool vector_set::scan(int field, column_sink const &sink)
+{
+    auto const *const defn = field_at(field);
+    if (!defn || has_filter())
+        return false;
+    error_guard const guard(f_set->error());
+    (void)flush_features();
+    position_keeper const keeper(*this);
+    column_result columns = column_result::not_offered;
+    // In a table that is being changed GDAL may hold records that are not in the file yet.
+    if (f_set->read_only() && f_set->is_driver("ESRI Shapefile"))
+        columns = read_dbf_column(f_set->gdal().GetDescription(), *f_layer, field, sink);
+    if (columns == column_result::not_offered) {
+        narrowed_layer const narrowed(*f_layer, field);
+        if (has_plain_cells(*defn))
+            columns = read_arrow_column(*f_layer, defn->GetNameRef(), sink);
+        if (columns == column_result::not_offered)
+            columns = walk_column(field, sink);
+    }
+    return columns == column_result::done && guard.text().empty();
+}
+
+bool vector_set::with_column(int field, vx::column_visitor visitor)
+{
+    if (!visitor)
+        return false;
+    return scan(field, [&](column_batch const &batch) {
+        switch (batch.kind) {
+        case column_batch::integers:
+            return visitor.visit_integers(batch.count, batch.numbers<int>(), batch.defined);
+        case column_batch::bigints:
+            return visitor.visit_bigints(batch.count, batch.numbers<long long>(), batch.defined);
+        case column_batch::floatings:
+            return visitor.visit_floatings(batch.count, batch.numbers<double>(), batch.defined);
+        default:
+            return visitor.visit_texts(batch.count, batch.bytes, batch.starts, batch.defined);
+        }
+    });
+}
+} // namespace vx::gdal
