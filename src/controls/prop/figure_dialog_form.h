@@ -68,5 +68,4 @@ protected:
 
 private:
     std::unique_ptr<void, void (*)(void *)> f_style;
-    void *f_layer; ///< the figure layer of the style
 };

@@ -97,6 +97,7 @@ private:
     void on_button_click(TObject *sender);
     void ask_open();
     void ask_save();
+    void on_filter_changed(int filter_index, UnicodeString &name);
     void take(UnicodeString const &name);
     void place_name();
 

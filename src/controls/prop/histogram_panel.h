@@ -61,6 +61,8 @@ private:
     void on_menu1_click(TObject *sender);
     void on_menu2_click(TObject *sender);
     void on_menu3_click(TObject *sender);
+    /// 1 or 2 for the mark at a pixel column, 0 for none; where both are, the first.
+    [[nodiscard]] int mark_at(int x) const;
     void move_mark(int number, double value);
     void repaint();
 

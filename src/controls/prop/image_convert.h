@@ -22,6 +22,10 @@ VX_API void icon_2_dib_transparent(TGraphic *icon, Ivx_dib *dib, TColor color);
 /// Sets every pixel.
 VX_API void vx_bmp_fill_color(TBitmap *bitmap, TColor color);
 
+/// Makes a picture of a number the content of a glyph, as sharp as the screen shows it. An unknown number
+/// gives an empty one.
+VX_API void vx_glyph_get_res(TBitmap *glyph, int number);
+
 /// Draws the picture of a number in the middle of `rect`, in greys if it is not enabled. An unknown number
 /// draws nothing.
 VX_API void canvas_draw_rsrc(TCanvas *canvas, int number, TRect const &rect, bool enabled);

@@ -11,8 +11,8 @@ class VX_API TChartAxis
 {
 public:
     /// The interval that is seen; after a zoom a part of the whole.
-    [[nodiscard]] double GetMinimum() const { return f_minimum; }
-    [[nodiscard]] double GetMaximum() const { return f_maximum; }
+    [[nodiscard]] double GetMinimum() const;
+    [[nodiscard]] double GetMaximum() const;
     /// Shows this interval until the chart is zoomed back or its series change. An empty or reversed interval
     /// and numbers that are not finite are ignored.
     void SetMinMax(double minimum, double maximum);
@@ -78,7 +78,7 @@ public:
     /// The series belongs to the chart.
     [[nodiscard]] TBarSeries *GetSeries() { return &f_series; }
     /// The area between the axes, in the client area.
-    [[nodiscard]] TRect GetChartRect() const { return f_chart_rect; }
+    [[nodiscard]] TRect GetChartRect();
     [[nodiscard]] bool GetAllowZoom() const { return f_allow_zoom; }
     /// Whether the mouse zooms; it does at first. False gives up a zoom that is being drawn.
     void SetAllowZoom(bool value);
@@ -111,10 +111,9 @@ private:
     friend class TBarSeries;
 
     void series_changed();
+    void settle();
     void fit_axes();
     void place_area();
-    void axes_changed();
-    [[nodiscard]] double bar_width() const;
     [[nodiscard]] bool has_labels() const;
     void paint_bars();
     void paint_left_scale();
@@ -125,7 +124,10 @@ private:
     TChartAxis f_bottom_axis{this, true};
     TChartAxis f_left_axis{this, false};
     TRect f_chart_rect;
-    TRect f_zoom_rect; ///< from the press to the pointer
+    TRect f_zoom_rect;        ///< from the press to the pointer
+    double f_bar_width = 1.0; ///< in values of the bottom axis
+    bool f_settled = false;   ///< axes and area follow the series and the size
+    bool f_fitted = false;    ///< the axes follow the series
     bool f_zooming = false;
     bool f_zoomed = false;
     bool f_allow_zoom = true;

@@ -35,7 +35,7 @@ void vx::glyph::set_button(void *abstract_button, TBitmap const &glyph, int coun
     if (count > 1)
         icon.addPixmap(QPixmap::fromImage(image.copy(width, 0, width, image.height())), QIcon::Disabled);
     button->setIcon(icon);
-    button->setIconSize(QSize(width, image.height()));
+    button->setIconSize(QSize(width, image.height()) / image.devicePixelRatio());
 }
 
 void vx::glyph::set_button(void *abstract_button, TCustomImageList const *images, int index)

@@ -4,6 +4,7 @@
 #include "platform/toolkit/form.h"
 #include "platform/toolkit/qt_bridge.h"
 
+#include <QtGui/QPainter>
 #include <QtGui/QPixmap>
 #include <QtGui/QScreen>
 #include <QtWidgets/QApplication>
@@ -138,6 +139,46 @@ void TScreen::SetCursors(TCursor index, TBitmap const &picture, int hot_x, int h
 TPoint TScreen::GetCursorPos() const
 {
     return vx_point(QCursor::pos());
+}
+
+void TScreen::SetCursorPos(TPoint const &point)
+{
+    QCursor::setPos(vx_qt_point(point));
+}
+
+void TScreen::Grab(TBitmap &picture) const
+{
+    QScreen const *const primary = QGuiApplication::primaryScreen();
+    if (!primary)
+        return picture.SetSize(0, 0);
+    QRect const desktop = primary->virtualGeometry();
+    qreal ratio = 1;
+    for (QScreen const *screen : QGuiApplication::screens())
+        ratio = std::max(ratio, screen->devicePixelRatio());
+    QImage image(desktop.size() * ratio, QImage::Format_RGB32);
+    image.setDevicePixelRatio(ratio);
+    image.fill(Qt::black);
+    QPainter painter(&image);
+    bool seen = false;
+    for (QScreen *screen : QGuiApplication::screens()) {
+        QPixmap const part = screen->grabWindow(0);
+        if (part.isNull())
+            continue;
+        seen = true;
+        painter.drawPixmap(screen->geometry().translated(-desktop.topLeft()), part);
+    }
+    if (!seen) {
+        // From the first shown to the last one, which is the one on top as far as is known here.
+        for (auto form = f_forms.rbegin(); form != f_forms.rend(); ++form) {
+            QWidget *const widget = vx_qt_widget(*form);
+            if (!widget->isWindow() || !widget->isVisible())
+                continue;
+            painter.drawPixmap(widget->geometry().topLeft() - desktop.topLeft(), widget->grab());
+        }
+    }
+    painter.end();
+    image.setDevicePixelRatio(1);
+    vx_set_image(picture, image);
 }
 
 void TScreen::add_form(TCustomForm *form)

@@ -1,0 +1,210 @@
+#include "controls/prop/histogram_panel.h"
+
+#include "controls/prop/prop_captions.h"
+
+#include "platform/basic/vx_histogram.h"
+#include "platform/basic/vx_res.h"
+#include "platform/toolkit/canvas.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+
+namespace {
+constexpr int c_grip = 3; // pixels on either side of a mark
+constexpr int c_mark_width = 3;
+constexpr TColor c_bar_color = 0x00FF0000;
+constexpr TColor c_mark_color = 0x000000FF;
+constexpr double c_no_total = 1e-6;
+constexpr double c_key_part = 0.01; // of the axis, for one press of an arrow key
+} // namespace
+
+Tvx_histogram_panel::Tvx_histogram_panel(TComponent *owner) : Tvx_panel(owner)
+{
+}
+
+void Tvx_histogram_panel::create()
+{
+    f_menu = new Tvx_popup_menu(this);
+    TNotifyEvent const clicks[] = {make_closure<&Tvx_histogram_panel::on_menu1_click>(this),
+                                   make_closure<&Tvx_histogram_panel::on_menu2_click>(this),
+                                   make_closure<&Tvx_histogram_panel::on_menu3_click>(this)};
+    for (TNotifyEvent const &click : clicks) {
+        auto *item = new Tvx_menu_item(this);
+        item->OnClick = click;
+        f_menu->GetItems()->Add(item);
+    }
+    f_chart = new TChart(this);
+    f_chart->SetParent(this);
+    f_chart->SetAlign(alClient);
+    f_chart->SetSideMargins(true);
+    f_chart->SetPopupMenu(f_menu);
+    f_chart->OnAfterDraw = make_closure<&Tvx_histogram_panel::on_chart_after_draw>(this);
+    f_chart->OnMouseDown = make_closure<&Tvx_histogram_panel::on_chart_mouse_down>(this);
+    f_chart->OnMouseMove = make_closure<&Tvx_histogram_panel::on_chart_mouse_move>(this);
+    f_chart->OnMouseUp = make_closure<&Tvx_histogram_panel::on_chart_mouse_up>(this);
+    f_chart->OnKeyDown = make_closure<&Tvx_histogram_panel::on_chart_key_down>(this);
+    f_series = f_chart->GetSeries();
+    load_res();
+}
+
+void Tvx_histogram_panel::load_res()
+{
+    if (!f_chart)
+        return;
+    for (int i = 0; i < f_menu->GetItems()->GetCount(); ++i)
+        f_menu->GetItems()->GetItems(i)->SetCaption(vx_res_get_wstr(c_caption_histogram_menu_1 + i));
+    f_chart->SetAccessibleName(vx_res_get_wstr(c_caption_histogram));
+}
+
+void Tvx_histogram_panel::update_controls()
+{
+    f_series->Clear();
+    unsigned const size = vx_histogramm_get_size(f_histogramm);
+    double total = 0.0;
+    for (unsigned i = 0; i < size; ++i)
+        total += vx_histogramm_get(f_histogramm, i);
+    if (size > 0) {
+        double const min0 = vx_histogramm_get_bnd_min(f_histogramm, 0);
+        double const max0 = vx_histogramm_get_bnd_max(f_histogramm, 0);
+        // One bin has no second one; it counts as a bin of the same width.
+        double const max1 = size > 1 ? vx_histogramm_get_bnd_max(f_histogramm, 1) : max0 + (max0 - min0);
+        f_series->AddXY(0.5 * (max0 + min0 + max0 - max1), 0.0, {}, c_bar_color);
+    }
+    for (unsigned i = 0; i < size; ++i) {
+        double const middle =
+            (vx_histogramm_get_bnd_min(f_histogramm, i) + vx_histogramm_get_bnd_max(f_histogramm, i)) * 0.5;
+        double const count = vx_histogramm_get(f_histogramm, i);
+        f_series->AddXY(middle, std::abs(total) > c_no_total ? count / total : count, {}, c_bar_color);
+    }
+    repaint();
+}
+
+void Tvx_histogram_panel::repaint()
+{
+    if (f_chart)
+        f_chart->Invalidate();
+}
+
+void Tvx_histogram_panel::set_val1(double value)
+{
+    f_val1 = value;
+    repaint();
+}
+
+void Tvx_histogram_panel::set_val2(double value)
+{
+    f_val2 = value;
+    repaint();
+}
+
+void Tvx_histogram_panel::on_chart_after_draw(TObject * /*sender*/)
+{
+    TChartAxis const &axis = *f_chart->GetBottomAxis();
+    TRect const area = f_chart->GetChartRect();
+    TCanvas *const canvas = f_chart->GetCanvas();
+    canvas->GetPen()->SetColor(c_mark_color);
+    canvas->GetPen()->SetWidth(c_mark_width);
+    canvas->GetPen()->SetStyle(psSolid);
+    auto const draw = [&](mark &line, double value) {
+        line.shown = value >= axis.GetMinimum() && value <= axis.GetMaximum();
+        if (!line.shown)
+            return;
+        line.x = axis.CalcPosValue(value);
+        canvas->MoveTo(line.x, area.Top);
+        canvas->LineTo(line.x, area.Bottom);
+    };
+    draw(f_mark1, f_val1);
+    draw(f_mark2, f_val2);
+    canvas->GetPen()->SetWidth(1);
+}
+
+int Tvx_histogram_panel::mark_at(int x) const
+{
+    if (f_mark1.shown && std::abs(x - f_mark1.x) <= c_grip)
+        return 1;
+    return f_mark2.shown && std::abs(x - f_mark2.x) <= c_grip ? 2 : 0;
+}
+
+void Tvx_histogram_panel::on_chart_mouse_down(TObject * /*sender*/, TMouseButton button,
+                                              TShiftState /*shift*/, int x, int /*y*/)
+{
+    if (button != mbLeft)
+        return;
+    f_drag = mark_at(x);
+    if (f_drag != 0)
+        f_key_mark = f_drag;
+    f_chart->SetAllowZoom(f_drag == 0);
+}
+
+void Tvx_histogram_panel::on_chart_mouse_move(TObject * /*sender*/, TShiftState /*shift*/, int x, int /*y*/)
+{
+    if (f_drag == 0) {
+        f_chart->SetCursor(mark_at(x) != 0 ? crSizeWE : crDefault);
+        return;
+    }
+    // A mark that left the axis could not be taken again.
+    TRect const area = f_chart->GetChartRect();
+    int const column = std::clamp(x, area.Left, std::max(area.Left, area.Right - 1));
+    move_mark(f_drag, f_chart->GetBottomAxis()->CalcPosPoint(column));
+}
+
+void Tvx_histogram_panel::on_chart_mouse_up(TObject * /*sender*/, TMouseButton button, TShiftState /*shift*/,
+                                            int /*x*/, int /*y*/)
+{
+    if (button != mbLeft)
+        return;
+    f_drag = 0;
+    repaint();
+}
+
+void Tvx_histogram_panel::on_chart_key_down(TObject * /*sender*/, Word &key, TShiftState shift)
+{
+    if (key == VK_UP || key == VK_DOWN) {
+        f_key_mark = key == VK_UP ? 1 : 2;
+        key = 0;
+        return;
+    }
+    if (key != VK_LEFT && key != VK_RIGHT)
+        return;
+    TChartAxis const &axis = *f_chart->GetBottomAxis();
+    double const span = axis.GetMaximum() - axis.GetMinimum();
+    double const step =
+        shift.Contains(ssCtrl) ? span / std::max(f_chart->GetChartRect().Width() - 1, 1) : span * c_key_part;
+    double const value = f_key_mark == 1 ? f_val1 : f_val2;
+    double const moved =
+        std::clamp(key == VK_LEFT ? value - step : value + step, axis.GetMinimum(), axis.GetMaximum());
+    key = 0;
+    if (moved != value && !std::isnan(moved))
+        move_mark(f_key_mark, moved);
+}
+
+void Tvx_histogram_panel::move_mark(int number, double value)
+{
+    if (number == 1) {
+        f_val1 = value;
+        on_val1_changed(this, value);
+    } else {
+        f_val2 = value;
+        on_val2_changed(this, value);
+    }
+    repaint();
+}
+
+void Tvx_histogram_panel::on_menu1_click(TObject * /*sender*/)
+{
+    on_menu1(this);
+    repaint();
+}
+
+void Tvx_histogram_panel::on_menu2_click(TObject * /*sender*/)
+{
+    on_menu2(this);
+    repaint();
+}
+
+void Tvx_histogram_panel::on_menu3_click(TObject * /*sender*/)
+{
+    on_menu3(this);
+    repaint();
+}

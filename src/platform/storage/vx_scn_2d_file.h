@@ -1,0 +1,15 @@
+#pragma once
+
+#include "platform/storage/vx_xml_data.h"
+
+struct Ivx_scn_2d;
+
+/// Scenes in files: caption, scale rule, and the layers from the lowest with type, caption, source and
+/// visibility. Styles are not part of a scene's file; they stay in those of the layers.
+///
+/// A load puts the layers of the file in place of the scene's own, and takes its caption unless that is
+/// empty. False when the file cannot be read, is damaged, newer or no scene; the scene is then as it was.
+/// `xml` may be null.
+[[nodiscard]] VX_API bool vx_xml_data_load_scn2d_w(Ivx_xml_data *xml, wchar_t const *file, Ivx_scn_2d *scene);
+/// All of the file or nothing; the same scene makes the same bytes.
+VX_API bool vx_xml_data_save_scn2d_w(Ivx_xml_data *xml, wchar_t const *file, Ivx_scn_2d const *scene);
