@@ -10,9 +10,11 @@
 #include "host/map_text.h"
 
 #include "platform/basic/vx_options.h"
+#include "platform/winapi/file.h"
 
 #include <QActionGroup>
 #include <QApplication>
+#include <QBuffer>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QDir>
@@ -20,14 +22,12 @@
 #include <QDropEvent>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QImageWriter>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
-#include <QSaveFile>
 #include <QScreen>
 #include <QSettings>
 #include <QStatusBar>
@@ -442,14 +442,18 @@ void Tvx_map_window::on_save_picture()
         return;
     if (QFileInfo(path).suffix().isEmpty())
         path += ".png";
-    QSaveFile file(path);
-    QImageWriter writer(&file, "png");
-    bool const written = file.open(QIODevice::WriteOnly) && writer.write(f_canvas->settled_picture());
-    if (written && file.commit())
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    std::wstring reason;
+    bool const written =
+        buffer.open(QIODevice::WriteOnly) && f_canvas->settled_picture().save(&buffer, "png");
+    if (written &&
+        vx_save_atomic(path.toStdWString(), {bytes.constData(), std::size_t(bytes.size())}, reason))
         show_message(vx_host_caption(c_cap_status_saved).arg(QDir::toNativeSeparators(path)));
     else
         say(this, QMessageBox::Warning,
-            vx_host_caption(c_cap_err_save_picture).arg(QDir::toNativeSeparators(path), file.errorString()));
+            vx_host_caption(c_cap_err_save_picture)
+                .arg(QDir::toNativeSeparators(path), QString::fromStdWString(reason)));
 }
 
 void Tvx_map_window::on_properties()

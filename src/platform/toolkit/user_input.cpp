@@ -5,11 +5,12 @@
 #include "platform/toolkit/page_control.h"
 #include "platform/toolkit/qt_bridge.h"
 #include "platform/toolkit/user_input_priv.h"
+#include "platform/winapi/file.h"
 
 #include <QtCore/QAbstractEventDispatcher>
+#include <QtCore/QBuffer>
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDeadlineTimer>
-#include <QtCore/QSaveFile>
 #include <QtCore/QThread>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QStyleHints>
@@ -652,7 +653,10 @@ bool save_shot(TControl *control, UnicodeString const &path)
     if (!widget)
         return false;
     wait_idle();
-    QSaveFile file(vx_qt_string(path));
-    return file.open(QIODevice::WriteOnly) && widget->grab().save(&file, "PNG") && file.commit();
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    std::wstring error;
+    return buffer.open(QIODevice::WriteOnly) && widget->grab().save(&buffer, "PNG") &&
+           vx_save_atomic(path, {bytes.constData(), std::size_t(bytes.size())}, error);
 }
 } // namespace vx::user_input
