@@ -233,6 +233,21 @@ char const *vx_attr_files_get_str(Ivx_attr_files *files, unsigned field, unsigne
     return files->text.c_str();
 }
 
+std::string_view vx_attr_files_get_utf8(Ivx_attr_files *files, unsigned field, unsigned record, bool *ok)
+{
+    tell(ok, false);
+    if (field >= vx_attr_files_get_np(files))
+        return {};
+    vx::attr::column const &cells = files->set->cells(field);
+    if (auto const *texts = std::get_if<vx::attr::text_cells>(&cells)) {
+        bool const has = record < texts->size() && texts->has(record);
+        tell(ok, has);
+        return has ? texts->get(record) : std::string_view();
+    }
+    tell(ok, vx::attr::text_of(cells, record, files->text));
+    return files->text;
+}
+
 double vx_attr_files_get_dbl(Ivx_attr_files *files, unsigned field, unsigned record, bool *ok)
 {
     double value = 0;

@@ -4,6 +4,8 @@
 #include "platform/base/geometry.h"
 #include "platform/base/string_adp.h"
 
+#include <string_view>
+
 struct Ivx_entity;
 
 /// A vector data set behind a layer: a connection string and what has been read of it. Counted: clones of a
@@ -83,6 +85,9 @@ VX_API void vx_attr_files_close(Ivx_attr_files *files);
                                                        bool *ok);
 [[nodiscard]] VX_API wchar_t const *vx_attr_files_get_wstr(Ivx_attr_files *files, unsigned field,
                                                            unsigned record, bool *ok);
+/// The same in UTF-8, whatever the system code page; the cell of a text field is not copied.
+[[nodiscard]] VX_API std::string_view vx_attr_files_get_utf8(Ivx_attr_files *files, unsigned field,
+                                                             unsigned record, bool *ok);
 /// A cell as number; a text cell counts as the number that its whole text spells, with "." as decimal
 /// separator, else as no value.
 [[nodiscard]] VX_API double vx_attr_files_get_dbl(Ivx_attr_files *files, unsigned field, unsigned record,

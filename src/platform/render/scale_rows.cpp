@@ -112,9 +112,8 @@ unsigned row_source::row_of(unsigned record) const
     case c_stl_mngr_mode_value: {
         if (f_field < 0)
             return f_mngr.values.size();
-        wchar_t const *text =
-            vx_attr_files_get_wstr(f_files, static_cast<unsigned>(f_field), record, nullptr);
-        int const row = f_mngr.values.find(text ? text : L"");
+        int const row = f_mngr.values.find(
+            vx_attr_files_get_utf8(f_files, static_cast<unsigned>(f_field), record, nullptr));
         return row < 0 ? f_mngr.values.size() : static_cast<unsigned>(row);
     }
     case c_stl_mngr_mode_range: {

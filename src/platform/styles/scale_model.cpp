@@ -1,11 +1,13 @@
 #include "platform/styles/scale_model.h"
 
+#include "platform/base/text_codec.h"
 #include "platform/basic/vx_oklab.h"
 
 #include <queue>
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <cwctype>
 #include <functional>
 #include <limits>
@@ -38,19 +40,19 @@ void move_item(std::vector<T> &items, unsigned from, unsigned to)
         std::rotate(at(to), at(from), at(from + 1));
 }
 
-/// Mixes two characters at a time.
-std::uint32_t hash_of(std::wstring_view text, std::uint64_t seed)
+/// Mixes eight bytes at a time.
+std::uint32_t hash_of(std::string_view text, std::uint64_t seed)
 {
     std::uint64_t h = seed ^ text.size() * 0x9E3779B97F4A7C15u;
-    std::size_t i = 0;
-    for (; i + 1 < text.size(); i += 2) {
-        std::uint64_t const pair =
-            static_cast<std::uint64_t>(text[i]) << 32 | static_cast<std::uint32_t>(text[i + 1]);
-        h = (h ^ pair) * 0xBF58476D1CE4E5B9u;
+    std::uint64_t word = 0;
+    for (; text.size() >= sizeof word; text.remove_prefix(sizeof word)) {
+        std::memcpy(&word, text.data(), sizeof word);
+        h = (h ^ word) * 0xBF58476D1CE4E5B9u;
         h ^= h >> 32;
     }
-    if (i < text.size())
-        h = (h ^ static_cast<std::uint32_t>(text[i])) * 0x94D049BB133111EBu;
+    word = 0;
+    std::memcpy(&word, text.data(), text.size());
+    h = (h ^ word) * 0x94D049BB133111EBu;
     return static_cast<std::uint32_t>(h ^ (h >> 29));
 }
 
@@ -73,6 +75,28 @@ std::wstring_view trimmed(std::wstring_view text)
     while (!text.empty() && is_space(text.back()))
         text.remove_suffix(1);
     return text;
+}
+
+std::string_view trimmed(std::string_view utf8)
+{
+    constexpr std::string_view no_break = "\xC2\xA0";
+    auto const plain_space = [](char c) { return is_space(static_cast<unsigned char>(c)) && c != '\xA0'; };
+    for (;;) {
+        if (utf8.starts_with(no_break))
+            utf8.remove_prefix(no_break.size());
+        else if (!utf8.empty() && plain_space(utf8.front()))
+            utf8.remove_prefix(1);
+        else
+            break;
+    }
+    for (;;) {
+        if (utf8.ends_with(no_break))
+            utf8.remove_suffix(no_break.size());
+        else if (!utf8.empty() && plain_space(utf8.back()))
+            utf8.remove_suffix(1);
+        else
+            return utf8;
+    }
 }
 
 opacity_curve default_opacity_curve()
@@ -224,12 +248,12 @@ void val_scale::set_text(unsigned index, std::wstring_view text)
     f_entries[index]->text = text;
 }
 
-val_scale::slot &val_scale::slot_of(std::wstring_view text, std::uint32_t hash) const
+val_scale::slot &val_scale::slot_of(std::string_view text, std::uint32_t hash) const
 {
     std::size_t const mask = f_index.size() - 1;
     for (std::size_t i = hash & mask;; i = (i + 1) & mask) {
         slot &s = f_index[i];
-        if (!s.entry || (s.hash == hash && std::wstring_view(f_texts).substr(s.start, s.length) == text))
+        if (!s.entry || (s.hash == hash && std::string_view(f_texts).substr(s.start, s.length) == text))
             return s;
     }
 }
@@ -244,7 +268,7 @@ void val_scale::build_index() const
     std::random_device chance;
     f_seed = static_cast<std::uint64_t>(chance()) << 32 | chance();
     for (std::uint32_t i = 0; i < f_entries.size(); ++i) {
-        auto const text = trimmed(f_entries[i]->text);
+        std::string const text = text::wide_to_utf8(trimmed(f_entries[i]->text));
         std::uint32_t const hash = hash_of(text, f_seed);
         slot &s = slot_of(text, hash);
         if (s.entry) // the first of equal texts stays
@@ -257,12 +281,17 @@ void val_scale::build_index() const
 
 int val_scale::find(std::wstring_view text) const
 {
+    return f_entries.empty() ? -1 : find(text::wide_to_utf8(text));
+}
+
+int val_scale::find(std::string_view utf8) const
+{
     if (f_entries.empty())
         return -1;
     if (f_index.empty())
         build_index();
-    text = trimmed(text);
-    return static_cast<int>(slot_of(text, hash_of(text, f_seed)).entry) - 1;
+    utf8 = trimmed(utf8);
+    return static_cast<int>(slot_of(utf8, hash_of(utf8, f_seed)).entry) - 1;
 }
 
 bool operator==(val_scale const &a, val_scale const &b)

@@ -87,8 +87,9 @@ public:
     void set_active(int index) { f_active = index >= 0 && index < static_cast<int>(size()) ? index : -1; }
 
     /// The first entry whose text equals `text`, both less their outer white space; -1 if there is none.
-    /// O(1).
+    /// O(1). Tables hold their texts in UTF-8, so that is how they are looked up.
     [[nodiscard]] int find(std::wstring_view text) const;
+    [[nodiscard]] int find(std::string_view utf8) const;
 
     friend bool operator==(val_scale const &a, val_scale const &b);
 
@@ -106,12 +107,12 @@ private:
     };
     /// A power of two of slots; empty while it has to be built.
     mutable std::vector<slot> f_index;
-    mutable std::wstring f_texts;
+    mutable std::string f_texts;      ///< UTF-8
     mutable std::uint64_t f_seed = 0; ///< by chance, so that no file can be made whose texts all collide
     style_kind f_kind;
 
     void build_index() const;
-    [[nodiscard]] slot &slot_of(std::wstring_view text, std::uint32_t hash) const;
+    [[nodiscard]] slot &slot_of(std::string_view text, std::uint32_t hash) const;
     void set_entry_list(std::vector<std::unique_ptr<val_entry>> entries, int active);
 };
 
@@ -219,6 +220,7 @@ void run_gradient(gradient kind, unsigned first, unsigned last, unsigned count, 
 
 /// Text without white space at its ends.
 [[nodiscard]] std::wstring_view trimmed(std::wstring_view text);
+[[nodiscard]] std::string_view trimmed(std::string_view utf8);
 /// Puts `items` into the order `order[k]` = old index; false and no change unless `order` is a permutation.
 template <class T>
 bool reorder(std::vector<T> &items, int const *order, unsigned count,

@@ -195,7 +195,7 @@ void vx_val_scale_set_stl_prm(void *scale, unsigned index, void const *prm, bool
 
 int vx_val_scale_find_w(void const *scale, wchar_t const *value)
 {
-    return scale ? scale_of(scale)->find(value ? value : L"") : -1;
+    return scale ? scale_of(scale)->find(std::wstring_view(value ? value : L"")) : -1;
 }
 
 void vx_val_scale_init_opacity_pts(void *scale)
