@@ -1,0 +1,66 @@
+#include "styles/simple/composed_style_edit.h"
+
+#include "data/filesystem/filesystem.h"
+#include "styles/simple/simple_captions.h"
+
+#include "platform/basic/engine_captions.h"
+#include "platform/basic/vx_res.h"
+#include "platform/dialogs/dlg_captions.h"
+#include "platform/dialogs/file_dialogs.h"
+#include "platform/dialogs/vx_msgs.h"
+#include "platform/winapi/file.h"
+
+Tvx_composed_style_edit::Tvx_composed_style_edit(TComponent *owner, style_files files)
+    : Tvx_style_edit(owner), f_files(files), f_lib_panel(new Tvx_lib_stl_panel(this)),
+      f_open_dialog(new TOpenDialog(this)), f_save_dialog(new TSaveDialog(this))
+{
+    f_lib_panel->SetParent(this);
+    f_lib_panel->SetAlign(alBottom);
+    f_lib_panel->set_on_click(make_closure<&Tvx_composed_style_edit::on_lib_click>(this));
+    f_lib_panel->set_on_load_click(make_closure<&Tvx_composed_style_edit::on_load_click>(this));
+    f_lib_panel->set_on_save_click(make_closure<&Tvx_composed_style_edit::on_save_click>(this));
+    f_open_dialog->SetDefaultExt(files.suffix);
+    f_save_dialog->SetDefaultExt(files.suffix);
+    f_save_dialog->SetOptions({ofOverwritePrompt});
+}
+
+void Tvx_composed_style_edit::load_res()
+{
+    f_lib_panel->load_res();
+    UnicodeString const filter = vx_res_get_wstr(f_files.filter);
+    f_open_dialog->SetFilter(filter);
+    f_save_dialog->SetFilter(filter);
+}
+
+void Tvx_composed_style_edit::on_lib_click(TObject * /*sender*/)
+{
+    if (!f_files.choose(style()))
+        return;
+    update_controls();
+    call_changed();
+}
+
+void Tvx_composed_style_edit::on_load_click(TObject * /*sender*/)
+{
+    if (!f_open_dialog->Execute(GetHandle()))
+        return;
+    std::wstring const file =
+        vx::filesystem::change_extension(f_open_dialog->GetFileName().str(), f_files.suffix);
+    if (f_files.load(file.c_str(), style()))
+        update_controls();
+    else
+        vx_show_werror(vx_res_format_w(c_smp_file_unreadable, file).c_str());
+}
+
+void Tvx_composed_style_edit::on_save_click(TObject * /*sender*/)
+{
+    if (!f_save_dialog->Execute(GetHandle()))
+        return;
+    std::wstring const chosen = f_save_dialog->GetFileName().str();
+    std::wstring const file = vx::filesystem::change_extension(chosen, f_files.suffix);
+    // The dialog has asked about the name that was typed, not about the one that is written.
+    if (file != chosen && vx_path_exists(file) && !vx_yesno(vx_res_format_w(c_dlg_replace, file).c_str()))
+        return;
+    // The storage itself tells the user what goes wrong.
+    static_cast<void>(f_files.save(file.c_str(), style()));
+}

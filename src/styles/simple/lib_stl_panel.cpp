@@ -1,0 +1,53 @@
+#include "styles/simple/lib_stl_panel.h"
+
+#include "controls/prop/image_convert.h"
+#include "styles/simple/simple_captions.h"
+
+#include "platform/basic/vx_res.h"
+#include "platform/styles/vx_global_lib_styles.h"
+
+namespace {
+void load_button(Tvx_bitbtn *button, int picture, int caption)
+{
+    vx_glyph_get_res(button->GetGlyph(), picture);
+    UnicodeString const text = vx_res_get_wstr(caption);
+    button->SetHint(text);
+    button->SetAccessibleName(text);
+}
+} // namespace
+
+Tvx_lib_stl_panel::Tvx_lib_stl_panel(TComponent *owner)
+    : Tvx_panel(owner), f_save_btn(new Tvx_bitbtn(this)), f_load_btn(new Tvx_bitbtn(this)),
+      f_main_btn(new Tvx_button(this))
+{
+    int const side = GetHeight();
+    int left = 0;
+    for (Tvx_bitbtn *button : {f_save_btn, f_load_btn}) {
+        button->SetParent(this);
+        button->SetBounds(left, 0, side, side);
+        button->SetAlign(alLeft);
+        button->SetShowHint(true);
+        left += side;
+    }
+    f_main_btn->SetParent(this);
+    f_main_btn->SetAlign(alClient);
+}
+
+void Tvx_lib_stl_panel::update_controls()
+{
+    f_main_btn->SetVisible(vx_global_lib_styles_exists());
+}
+
+void Tvx_lib_stl_panel::load_res()
+{
+    load_button(f_save_btn, c_smp_picture_save, c_smp_save_file);
+    load_button(f_load_btn, c_smp_picture_load, c_smp_load_file);
+    f_main_btn->SetCaption(vx_res_get_wstr(c_smp_library));
+}
+
+void Tvx_lib_stl_panel::Resize()
+{
+    Tvx_panel::Resize();
+    f_save_btn->SetWidth(GetClientHeight());
+    f_load_btn->SetWidth(GetClientHeight());
+}

@@ -1,0 +1,111 @@
+#include "styles/simple/style_btns.h"
+
+#include "styles/preview/style_example.h"
+#include "styles/simple/simple_captions.h"
+#include "styles/simple/style_dialog.h"
+
+#include "platform/basic/vx_res.h"
+#include "platform/toolkit/bitmap.h"
+
+namespace {
+constexpr int c_sample_size = 20;
+}
+
+Tvx_basic_style_btn::Tvx_basic_style_btn(TComponent *owner) : Tvx_bitbtn(owner)
+{
+    SetShowHint(true);
+    OnClick = make_closure<&Tvx_basic_style_btn::on_self_click>(this);
+}
+
+void Tvx_basic_style_btn::update_controls()
+{
+    TBitmap sample(c_sample_size, c_sample_size);
+    sample.Dormant();
+    sample.SetTransparent(false);
+    sample.SetTransparentMode(tmFixed);
+    draw(&sample);
+    SetGlyph(&sample);
+    Repaint();
+}
+
+void Tvx_basic_style_btn::load_res()
+{
+    UnicodeString const action = vx_res_get_wstr(c_smp_edit_style);
+    SetHint(action);
+    SetAccessibleName(action);
+}
+
+void Tvx_basic_style_btn::on_self_click(TObject * /*sender*/)
+{
+    TPoint const corner = ClientToScreen({0, GetHeight()});
+    if (!edit(corner.X, corner.Y))
+        return;
+    update_controls();
+    call_changed();
+}
+
+Tvx_pnt_style_btn::Tvx_pnt_style_btn(TComponent *owner)
+    : Tvx_basic_style_btn(owner), f_style(vx_pnt_style_create())
+{
+}
+
+void Tvx_pnt_style_btn::draw(TBitmap *bitmap)
+{
+    vx_pnt_style_example_bmp(f_style.get(), bitmap);
+}
+
+bool Tvx_pnt_style_btn::edit(int x, int y)
+{
+    return vx_pnt_style_dialog(x, y, f_style.get());
+}
+
+Tvx_pln_style_btn::Tvx_pln_style_btn(TComponent *owner)
+    : Tvx_basic_style_btn(owner), f_style(vx_pln_style_create())
+{
+}
+
+void Tvx_pln_style_btn::draw(TBitmap *bitmap)
+{
+    vx_pln_style_example_bmp(f_style.get(), bitmap);
+}
+
+bool Tvx_pln_style_btn::edit(int x, int y)
+{
+    return vx_pln_style_dialog(x, y, f_style.get());
+}
+
+Tvx_pgn_style_btn::Tvx_pgn_style_btn(TComponent *owner)
+    : Tvx_basic_style_btn(owner), f_style(vx_pgn_style_create())
+{
+}
+
+void Tvx_pgn_style_btn::draw(TBitmap *bitmap)
+{
+    vx_pgn_style_example_bmp(f_style.get(), bitmap);
+}
+
+bool Tvx_pgn_style_btn::edit(int x, int y)
+{
+    return vx_pgn_style_dialog(x, y, f_style.get());
+}
+
+Tvx_clr_style_btn::Tvx_clr_style_btn(TComponent *owner) : Tvx_basic_style_btn(owner)
+{
+}
+
+void Tvx_clr_style_btn::load_res()
+{
+    UnicodeString const action = vx_res_get_wstr(c_smp_edit_color);
+    SetHint(action);
+    SetAccessibleName(action);
+}
+
+void Tvx_clr_style_btn::draw(TBitmap *bitmap)
+{
+    vx_clr_style_example_bmp(&f_color, bitmap);
+}
+
+bool Tvx_clr_style_btn::edit(int x, int y)
+{
+    return vx_clr_style_dialog(x, y, &f_color);
+}

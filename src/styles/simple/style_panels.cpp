@@ -1,0 +1,76 @@
+#include "styles/simple/style_panels.h"
+
+namespace {
+constexpr int c_height = 26;
+}
+
+Tvx_basic_style_panel::Tvx_basic_style_panel(TComponent *owner)
+    : Tvx_basic_pnl(owner), f_label(new Tvx_label(this))
+{
+    SetHeight(c_height);
+    f_label->SetParent(this);
+    f_label->SetAutoSize(false);
+    f_label->SetLayout(tlCenter);
+    f_label->SetAlign(alClient);
+}
+
+void Tvx_basic_style_panel::place_btn(Tvx_basic_style_btn *button)
+{
+    f_style_btn = button;
+    button->SetParent(this);
+    button->SetWidth(c_height);
+    button->SetAlign(alRight);
+    button->on_changed = make_closure<&Tvx_basic_style_panel::on_btn_changed>(this);
+}
+
+void Tvx_basic_style_panel::load_res()
+{
+    f_style_btn->load_res();
+    name_btn();
+}
+
+UnicodeString Tvx_basic_style_panel::get_caption() const
+{
+    return f_label->GetCaption();
+}
+
+void Tvx_basic_style_panel::set_caption(UnicodeString const &caption)
+{
+    f_label->SetCaption(caption);
+    name_btn();
+}
+
+/// Of several style buttons on a form the caption tells which is which.
+void Tvx_basic_style_panel::name_btn()
+{
+    UnicodeString const caption = f_label->GetCaption();
+    UnicodeString const &action = f_style_btn->GetHint();
+    f_style_btn->SetAccessibleName(caption.IsEmpty()  ? action
+                                   : action.IsEmpty() ? caption
+                                                      : caption + L": " + action);
+}
+
+void Tvx_basic_style_panel::on_btn_changed(TObject * /*sender*/)
+{
+    call_changed();
+}
+
+Tvx_pnt_style_panel::Tvx_pnt_style_panel(TComponent *owner)
+    : Tvx_basic_style_panel(owner), f_btn(add_btn<Tvx_pnt_style_btn>())
+{
+}
+
+Tvx_pln_style_panel::Tvx_pln_style_panel(TComponent *owner)
+    : Tvx_basic_style_panel(owner), f_btn(add_btn<Tvx_pln_style_btn>())
+{
+}
+
+Tvx_pgn_style_panel::Tvx_pgn_style_panel(TComponent *owner)
+    : Tvx_basic_style_panel(owner), f_btn(add_btn<Tvx_pgn_style_btn>())
+{
+}
+
+Tvx_clr_style_panel::Tvx_clr_style_panel(TComponent *owner)
+    : Tvx_basic_style_panel(owner), f_btn(add_btn<Tvx_clr_style_btn>())
+{
+}
