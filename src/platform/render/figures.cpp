@@ -21,27 +21,10 @@ ring star(int corners, double inner)
     return r;
 }
 
-ring disc(int steps, double share)
+/// The box with its corners at (-x, -y) and (x, y).
+ring box(double x, double y)
 {
-    ring r;
-    for (int i = 0; i < steps; ++i) {
-        double const angle = 2 * std::numbers::pi * share * i / (share < 1 ? steps - 1 : steps);
-        r.push_back({0.5 * std::cos(angle), 0.5 * std::sin(angle)});
-    }
-    return r;
-}
-
-ring square()
-{
-    return {{-0.44, -0.44}, {-0.44, 0.44}, {0.44, 0.44}, {0.44, -0.44}};
-}
-
-ring half_disc()
-{
-    ring r = disc(25, 0.5);
-    for (auto &p : r)
-        p.y -= 0.25;
-    return r;
+    return {{-x, -y}, {-x, y}, {x, y}, {x, -y}};
 }
 
 ring triangle()
@@ -63,7 +46,7 @@ ring arrow()
 
 ring broad_cross()
 {
-    constexpr double a = 0.17;
+    constexpr double a = 0.2;
     constexpr double b = 0.5;
     return {{-a, b}, {a, b},   {a, a},   {b, a},   {b, -a}, {a, -a},
             {a, -b}, {-a, -b}, {-a, -a}, {-b, -a}, {-b, a}, {-a, a}};
@@ -72,24 +55,24 @@ ring broad_cross()
 std::array<figure, c_figure_count> make_figures()
 {
     std::array<figure, c_figure_count> f;
-    auto const pair = [&f](std::size_t number, ring const &r) {
-        f[number] = {{r}, true, true};
-        f[number + 1] = {{r}, false, true};
+    auto const pair = [&f](std::size_t number, ring const &r, figure_curve curve = figure_curve::none) {
+        f[number] = {{r}, true, true, curve};
+        f[number + 1] = {{r}, false, true, curve};
     };
-    pair(0, disc(48, 1));
-    pair(2, square());
+    pair(0, box(0.5, 0.5), figure_curve::disc);
+    pair(2, box(0.44, 0.44));
     pair(4, triangle());
-    f[6] = {{{{-0.5, 0}, {0.5, 0}}, {{0, -0.5}, {0, 0.5}}}, false, false};
+    f[6] = {{{{-0.5, 0}, {0.5, 0}}, {{0, -0.5}, {0, 0.5}}}, false, false, figure_curve::none};
     pair(7, star(5, 0.2));
     pair(9, star(4, 0));
     pair(11, star(5, 0));
     pair(13, star(6, 0));
     pair(15, upside_down(triangle()));
-    pair(17, half_disc());
+    pair(17, box(0.5, 0.25), figure_curve::half_disc);
     pair(19, arrow());
     pair(21, broad_cross());
     pair(23, star(4, 0.16));
-    f[25] = {{{{-0.4, -0.4}, {0.4, 0.4}}, {{-0.4, 0.4}, {0.4, -0.4}}}, false, false};
+    f[25] = {{{{-0.4, -0.4}, {0.4, 0.4}}, {{-0.4, 0.4}, {0.4, -0.4}}}, false, false, figure_curve::none};
     return f;
 }
 } // namespace

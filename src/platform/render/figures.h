@@ -7,12 +7,21 @@
 namespace vx::render {
 inline constexpr int c_figure_count = 26;
 
+/// Which curve a figure is that is not made of straight strokes alone.
+enum class figure_curve : unsigned char
+{
+    none,
+    disc,      ///< the ellipse in the figure's box
+    half_disc, ///< the upper half of an ellipse, which fills the box, and its diameter
+};
+
 /// A point figure in the square from (-0.5, -0.5) to (0.5, 0.5), x to the right, y up.
 struct figure
 {
-    std::vector<std::vector<Tvx_pnt_d2>> parts;
-    bool filled = true; ///< the area within the parts; else their outline
-    bool closed = true; ///< parts are rings
+    std::vector<std::vector<Tvx_pnt_d2>> parts; ///< of a curve, the corners of its box
+    bool filled = true;                         ///< the area within the parts; else their outline
+    bool closed = true;                         ///< parts are rings
+    figure_curve curve = figure_curve::none;
 };
 
 /// 0 disc, 1 circle, 2 and 3 square, 4 and 5 triangle, 6 upright cross of lines, 7 and 8 star of five, 9 and

@@ -108,6 +108,8 @@ px_line offset_line(std::span<Tvx_pnt_d2 const> line, double distance)
             clean.push_back(p);
     if (clean.size() < 2 || distance == 0)
         return clean;
+    std::size_t const strokes = clean.size() - 1;
+    bool const ring = strokes > 2 && clean.front() == clean.back();
     // Left of the direction of travel, with y downwards: (dy, -dx).
     auto const normal = [&](std::size_t i) {
         double const dx = clean[i + 1].x - clean[i].x;
@@ -115,11 +117,14 @@ px_line offset_line(std::span<Tvx_pnt_d2 const> line, double distance)
         double const length = std::hypot(dx, dy);
         return Tvx_pnt_d2{dy / length, -dx / length};
     };
+    // The strokes before and behind a vertex.
+    auto const before = [&](std::size_t i) { return i ? i - 1 : ring ? strokes - 1 : 0; };
+    auto const behind = [&](std::size_t i) { return i < strokes ? i : ring ? 0 : strokes - 1; };
     px_line out;
     out.reserve(clean.size());
     for (std::size_t i = 0; i < clean.size(); ++i) {
-        Tvx_pnt_d2 const a = normal(i ? i - 1 : 0);
-        Tvx_pnt_d2 const b = normal(i + 1 < clean.size() ? i : i - 1);
+        Tvx_pnt_d2 const a = normal(before(i));
+        Tvx_pnt_d2 const b = normal(behind(i));
         Tvx_pnt_d2 const sum{a.x + b.x, a.y + b.y};
         // |sum| is twice the cosine of half the turn; the mitre is as long as one over that cosine.
         double const square = sum.x * sum.x + sum.y * sum.y;
@@ -131,6 +136,8 @@ px_line offset_line(std::span<Tvx_pnt_d2 const> line, double distance)
             out.push_back({clean[i].x + b.x * distance, clean[i].y + b.y * distance});
         }
     }
+    if (ring)
+        out.back() = out.front(); // also when the corner in which it closes was cut off
     return out;
 }
 

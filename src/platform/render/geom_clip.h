@@ -22,7 +22,7 @@ struct line_piece
 /// none.
 [[nodiscard]] px_line clip_ring(std::span<Tvx_pnt_d2 const> ring, Tvx_box_d2 const &box);
 /// The line moved by `distance` to the left of its direction (y grows downwards). A corner whose mitre is
-/// longer than four distances is cut off.
+/// longer than four distances is cut off. A line that ends where it begins is moved as a ring.
 [[nodiscard]] px_line offset_line(std::span<Tvx_pnt_d2 const> line, double distance);
 [[nodiscard]] Tvx_box_d2 box_of(std::span<Tvx_pnt_d2 const> points);
 [[nodiscard]] Tvx_box_d2 grown(Tvx_box_d2 box, double by);

@@ -122,8 +122,7 @@ void mngr_painter::draw_symbols(plain_symbol const &symbol, Tvx_shape_view const
         double const x = f_view.world_to_px_x(shape.points[k].x);
         double const y = f_view.world_to_px_y(shape.points[k].y);
         if (std::abs(x) < c_far && std::abs(y) < c_far)
-            symbol.mask->blend(f_target, static_cast<int>(std::lround(x)), static_cast<int>(std::lround(y)),
-                               symbol.color);
+            symbol.mask->blend(f_target, {x, y}, symbol.color);
     }
 }
 

@@ -25,7 +25,7 @@ constexpr std::uint32_t scaled(std::uint32_t pixel, std::uint32_t by)
 }
 } // namespace
 
-void point_mask::blend(surface const &target, int x, int y, Tvx_color color) const
+void point_mask::blend_pixels(surface const &target, int x, int y, Tvx_color color) const
 {
     int const x0 = std::max(0, x + left);
     int const x1 = std::min(target.width, x + left + width);

@@ -4,6 +4,7 @@
 #include "platform/basic/vx_fnt_type.h"
 #include "platform/render/dc_priv.h"
 
+#include <cmath>
 #include <cstdint>
 #include <memory>
 #include <vector>
@@ -16,10 +17,19 @@ struct point_mask
     int top = 0;
     int width = 0;
     int height = 0;
+    Tvx_pnt_d2 shift;                   ///< where in its pixel the anchor lies, 0 or 0.5
     std::vector<std::uint8_t> coverage; ///< by rows
 
-    /// Lays the colour through the mask on the pixels round the anchor.
-    void blend(surface const &target, int x, int y, Tvx_color color) const;
+    /// Lays the colour through the mask, with the anchor as near to `at` as the grid of pixels allows.
+    void blend(surface const &target, Tvx_pnt_d2 at, Tvx_color color) const
+    {
+        // Halves go to the right and down, as everywhere where points are put on the grid.
+        blend_pixels(target, static_cast<int>(std::floor(at.x - shift.x + 0.5)),
+                     static_cast<int>(std::floor(at.y - shift.y + 0.5)), color);
+    }
+
+private:
+    void blend_pixels(surface const &target, int x, int y, Tvx_color color) const;
 };
 
 /// What tells the masks of plain point styles apart.

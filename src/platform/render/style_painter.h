@@ -12,15 +12,24 @@
 namespace vx::render {
 struct point_mask;
 
+/// How often a painter is going to draw: preparing a picture of a symbol pays for many.
+enum class use_of_painter : unsigned char
+{
+    few,
+    many
+};
+
 class point_painter
 {
 public:
-    point_painter(surface const &target, styles::bpnt_style const &style);
-    point_painter(surface const &target, styles::cpx_style const &style);
+    point_painter(surface const &target, styles::bpnt_style const &style,
+                  use_of_painter use = use_of_painter::many);
+    point_painter(surface const &target, styles::cpx_style const &style,
+                  use_of_painter use = use_of_painter::many);
     point_painter(point_painter &&) noexcept;
     ~point_painter();
 
-    /// `angle` in degrees, counter-clockwise.
+    /// `angle` in degrees, counter-clockwise. A symbol that is not turned is put on the grid of pixels.
     void draw(Tvx_pnt_d2 at, double angle = 0);
     /// How far from its anchor the symbol reaches, in pixels.
     [[nodiscard]] double reach() const;
@@ -29,8 +38,6 @@ public:
     [[nodiscard]] Tvx_color color() const;
 
 private:
-    void draw_items(Tvx_pnt_d2 at, double angle);
-
     struct impl;
     std::unique_ptr<impl> f_impl;
 };

@@ -8,13 +8,32 @@
 #include <QtGui/QImage>
 #include <QtGui/QPainter>
 
-#include <new>
+#include <utility>
 
 namespace vx::render {
 namespace {
+/// Pictures up to this many bytes are kept for the next device.
+constexpr qsizetype c_max_spare_bytes = 256 * 1024;
+
 QColor qt_color(Tvx_color c)
 {
     return QColor(c.r, c.g, c.b, c.a);
+}
+
+/// The picture of the last small device: the next one is mostly of the same size, and a picture that was
+/// painted on has all that painting needs.
+QImage &spare_picture()
+{
+    thread_local QImage spare;
+    return spare;
+}
+
+QImage make_picture(QSize const &size)
+{
+    QImage image = std::exchange(spare_picture(), QImage());
+    if (image.size() == size && image.isDetached())
+        return image;
+    return QImage(size, QImage::Format_ARGB32_Premultiplied);
 }
 } // namespace
 
@@ -29,11 +48,22 @@ struct bmp_dc::state
     Tvx_box_d2 mm;
     Tvx_box_i2 px;
 
-    void fill(Tvx_color color)
+    void end_painting()
     {
         if (painter.isActive())
             painter.end();
+    }
+    void fill(Tvx_color color)
+    {
+        end_painting();
         image.fill(qt_color(color));
+    }
+    void let_go()
+    {
+        end_painting();
+        if (!lent && !image.isNull() && image.sizeInBytes() <= c_max_spare_bytes)
+            spare_picture() = std::move(image);
+        image = QImage();
     }
 };
 
@@ -43,18 +73,17 @@ bmp_dc::bmp_dc() : f_state(std::make_unique<state>())
 
 bmp_dc::~bmp_dc()
 {
-    if (f_state->painter.isActive())
-        f_state->painter.end();
+    f_state->let_go();
 }
 
 void bmp_dc::set_size(int width, int height)
 {
     state &s = *f_state;
-    if (s.painter.isActive())
-        s.painter.end();
+    s.let_go();
     s.lent = false;
     s.touched = false;
-    s.image = width > 0 && height > 0 ? QImage(width, height, QImage::Format_ARGB32_Premultiplied) : QImage();
+    if (width > 0 && height > 0)
+        s.image = make_picture(QSize(width, height));
     if (!s.image.isNull())
         s.fill(s.transparent);
 }
@@ -62,8 +91,7 @@ void bmp_dc::set_size(int width, int height)
 void bmp_dc::lend(unsigned char *pixels, int width, int height, int bytes_per_line)
 {
     state &s = *f_state;
-    if (s.painter.isActive())
-        s.painter.end();
+    s.let_go();
     s.lent = true;
     s.touched = true;
     bool const usable = pixels && width > 0 && height > 0 && bytes_per_line / 4 >= width;
@@ -122,13 +150,12 @@ void bmp_dc::copy_to(vx_native_painter *target, int x, int y, int width, int hei
     state &s = *f_state;
     if (!target || s.image.isNull())
         return;
-    if (s.painter.isActive())
-        s.painter.end();
+    s.end_painting();
     QPainter *p = vx_qt_painter(target);
-    p->save();
+    double const opacity = p->opacity();
     p->setOpacity(1);
     p->drawImage(x, y, s.image, 0, 0, width, height);
-    p->restore();
+    p->setOpacity(opacity);
 }
 
 surface bmp_dc::get_surface()

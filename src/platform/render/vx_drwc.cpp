@@ -36,6 +36,27 @@ QRectF px_rect(void *dc, Tvx_box_d2 const &box)
     return {px.min_x, px.min_y, px.width(), px.height()};
 }
 
+/// Two checks by two. The density makes the checks of the first colour larger or smaller.
+QImage check_tile(Tvx_fill const &fill)
+{
+    constexpr int side = 2 * c_check_px;
+    QRgb const color1 = qPremultiply(qt_color(fill.color1).rgba());
+    QRgb const color2 = qPremultiply(qt_color(fill.color2).rgba());
+    int const part =
+        std::clamp(static_cast<int>(std::lround(c_check_px * std::sqrt(fill.density / 50.0))), 1, side);
+    QImage tile(side, side, QImage::Format_ARGB32_Premultiplied);
+    for (int y = 0; y < side; ++y) {
+        auto *row = reinterpret_cast<QRgb *>(tile.scanLine(y));
+        for (int x = 0; x < side; ++x) {
+            bool const upper = x < part && y < part;
+            bool const lower =
+                x >= c_check_px && y >= c_check_px && x - c_check_px < part && y - c_check_px < part;
+            row[x] = upper || lower ? color1 : color2;
+        }
+    }
+    return tile;
+}
+
 std::vector<std::wstring_view> lines_of(wchar_t const *text, int length)
 {
     std::wstring_view rest = text ? std::wstring_view(text) : std::wstring_view();
@@ -79,20 +100,10 @@ void vx_drwc_fill_pgn_rect(void *dc, Tvx_fill const &fill, Tvx_box_d2 const &box
         p->fillRect(rect, qt_color(fill.density <= 0 ? fill.color2 : fill.color1));
         return;
     }
-    // Two checks by two; the density is the share of the first colour in a check.
-    int const side = 2 * c_check_px;
-    QImage tile(side, side, QImage::Format_ARGB32_Premultiplied);
-    tile.fill(qt_color(fill.color2));
-    QPainter t(&tile);
-    t.setCompositionMode(QPainter::CompositionMode_Source);
-    int const part =
-        std::clamp(static_cast<int>(std::lround(c_check_px * std::sqrt(fill.density / 50.0))), 1, side);
-    t.fillRect(0, 0, part, part, qt_color(fill.color1));
-    t.fillRect(c_check_px, c_check_px, part, part, qt_color(fill.color1));
-    t.end();
+    QBrush const brush(check_tile(fill));
     p->save();
     p->setBrushOrigin(rect.topLeft());
-    p->fillRect(rect, QBrush(tile));
+    p->fillRect(rect, brush);
     p->restore();
 }
 

@@ -67,8 +67,12 @@ void vx_render_cr_bpnt(void *render, Tvx_op2d const *geometry, void const *style
     renderer const *r = ready_renderer(render, geometry, style);
     if (!r)
         return;
+    // A picture of the symbol pays from about this many points.
+    constexpr std::size_t c_many = 8;
     surface const target = r->dc->get_surface();
-    point_painter painter(target, *static_cast<vx::styles::bpnt_style const *>(style));
+    point_painter painter(target, *static_cast<vx::styles::bpnt_style const *>(style),
+                          vx_ov_d2_get_vtx_count(geometry) < c_many ? use_of_painter::few
+                                                                    : use_of_painter::many);
     for (px_line const &part : parts_of(*r, geometry))
         for (Tvx_pnt_d2 const &at : part)
             painter.draw(at);

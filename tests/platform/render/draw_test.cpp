@@ -1,8 +1,6 @@
-#include "platform/base/owned.h"
-#include "platform/render/vx_bmp_dc.h"
+#include "tests/platform/render/page.h"
+
 #include "platform/render/vx_drwc.h"
-#include "platform/render/vx_render.h"
-#include "platform/styles/vxk_styles.h"
 #include "platform/toolkit/bitmap.h"
 #include "platform/toolkit/canvas.h"
 
@@ -13,72 +11,7 @@
 #include <vector>
 
 namespace {
-constexpr Tvx_color c_white = vx_clr_init_rgb(255, 255, 255);
-constexpr Tvx_color c_red = vx_clr_init_rgb(255, 0, 0);
-
-/// 100 by 100 pixels on the box (0, 0) to (100, 100), 4 pixels to the millimetre, white.
-struct page
-{
-    vx::owned<void, &vx_bmp_dc_destroy> dc{vx_bmp_dc_create()};
-    vx::owned<void, &vx_render_destroy> render{vx_render_create()};
-
-    page()
-    {
-        vx_bmp_dc_set_nxy(dc.get(), 100, 100);
-        vx_bmp_dc_set_transparent_clr(dc.get(), c_white);
-        vx_bmp_dc_set_mm2pxl(dc.get(), box(25), {0, 0, 100, 100});
-        vx_render_init(render.get(), box(100), dc.get());
-    }
-    static Tvx_box_d2 box(double side)
-    {
-        Tvx_box_d2 b;
-        b.add(0, 0);
-        b.add(side, side);
-        return b;
-    }
-    /// Pixel at the box's coordinates, y up.
-    [[nodiscard]] Tvx_color at(double x, double y) const
-    {
-        return vx_bmp_dc_get_pixel(dc.get(), static_cast<int>(x), static_cast<int>(99 - y));
-    }
-    /// Pixels that are not white in the rows and columns given.
-    [[nodiscard]] int count(int x0 = 0, int y0 = 0, int x1 = 100, int y1 = 100) const
-    {
-        int n = 0;
-        for (int y = y0; y < y1; ++y)
-            for (int x = x0; x < x1; ++x)
-                n += vx_bmp_dc_get_pixel(dc.get(), x, y) != c_white;
-        return n;
-    }
-};
-
-struct geometry
-{
-    vx::owned<Tvx_op2d, &vx_ov_d2_destroy> list{vx_ov_d2_create()};
-    explicit geometry(std::vector<std::vector<Tvx_vtx_d2>> const &parts)
-    {
-        vx_ov_d2_set_size(list.get(), parts.size());
-        for (std::size_t i = 0; i < parts.size(); ++i) {
-            Tvx_pv_d2 *part = vx_ov_d2_get_pv_ptr(list.get(), i);
-            vx_pv_d2_set_size(part, parts[i].size());
-            for (std::size_t k = 0; k < parts[i].size(); ++k)
-                vx_pv_d2_set_vtx(part, k, &parts[i][k]);
-        }
-    }
-};
-
-using owned_bpnt = vx::owned<void, &vx_bpnt_style_destroy>;
-using owned_bpln = vx::owned<void, &vx_bpln_style_destroy>;
-using owned_bpgn = vx::owned<void, &vx_bpgn_style_destroy>;
-
-owned_bpnt point(int figure, double size)
-{
-    owned_bpnt style(vx_bpnt_style_create());
-    vx_bpnt_style_set_figure(style.get(), figure);
-    vx_bpnt_style_set_size(style.get(), size);
-    vx_bpnt_style_set_color(style.get(), c_red);
-    return style;
-}
+using namespace vx_test;
 
 TEST(render, a_point_has_its_size_in_millimetres)
 {
@@ -90,29 +23,6 @@ TEST(render, a_point_has_its_size_in_millimetres)
     EXPECT_EQ(p.at(50, 62), c_white);
     // A disc of 20 pixels across.
     EXPECT_NEAR(p.count(), 3.14159 * 10 * 10, 40);
-}
-
-TEST(render, each_figure_draws_within_its_size_and_outlines_are_hollow_or_thin)
-{
-    int const filled[] = {0, 2, 4, 7, 9, 11, 13, 15, 17, 19, 21, 23};
-    std::vector<int> sums;
-    for (int figure = 0; figure < 26; ++figure) {
-        page p;
-        vx_render_cr_bpnt(p.render.get(), geometry({{{50, 50}}}).list.get(), point(figure, 15).get());
-        int const all = p.count();
-        EXPECT_GT(all, 100) << figure;
-        EXPECT_EQ(all, p.count(19, 19, 81, 81)) << figure << " leaves its size";
-        bool const solid = std::find(std::begin(filled), std::end(filled), figure) != std::end(filled);
-        EXPECT_EQ(p.at(50, 49) != c_white, solid || figure == 6 || figure == 25) << figure;
-        int sum = 0;
-        for (int y = 0; y < 100; ++y)
-            for (int x = 0; x < 100; ++x)
-                if (p.at(x, y) != c_white)
-                    sum = static_cast<int>((sum * 31u + unsigned(x * 101 + y)) & 0x7FFFFFFF);
-        for (int const other : sums)
-            EXPECT_NE(sum, other) << figure << " looks like another";
-        sums.push_back(sum);
-    }
 }
 
 TEST(render, a_line_is_as_wide_as_told_and_y_grows_upwards)

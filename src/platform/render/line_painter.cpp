@@ -1,0 +1,443 @@
+#include "platform/render/style_painter.h"
+#include "platform/toolkit/qt_bridge.h"
+
+#include <QtCore/QVarLengthArray>
+#include <QtGui/QPainter>
+#include <QtGui/QPainterPath>
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace vx::render {
+namespace {
+using namespace vx::styles;
+
+/// Styles of strangers may hold any number: lengths end here, far outside of every picture.
+constexpr double c_max_length_px = 1e5;
+/// Patterns that are finer than this do not show; they are drawn as a full stroke, or not at all.
+constexpr double c_min_pattern_px = 1;
+constexpr double c_max_elements_per_px = 16;
+
+QColor qt_color(Tvx_color c)
+{
+    return QColor(c.r, c.g, c.b, c.a);
+}
+
+double to_px(surface const &s, double mm)
+{
+    return std::clamp(mm * s.px_per_mm(), -c_max_length_px, c_max_length_px);
+}
+
+/// A line is `width` millimetres wide, and at least one pixel.
+QPen plain_pen(surface const &s, Tvx_color color, double width)
+{
+    QPen pen(qt_color(color), std::max(1.0, to_px(s, width)));
+    pen.setCapStyle(Qt::FlatCap);
+    pen.setJoinStyle(Qt::RoundJoin);
+    return pen;
+}
+
+bool is_ring(std::span<Tvx_pnt_d2 const> line)
+{
+    return line.size() > 3 && line.front() == line.back();
+}
+
+/// Strokes the line with the painter's pen; a ring gets a join where it closes.
+void stroke_line(QPainter &painter, std::span<Tvx_pnt_d2 const> line)
+{
+    bool const ring = is_ring(line);
+    if (ring)
+        line = line.first(line.size() - 1);
+    QVarLengthArray<QPointF, 64> points;
+    points.reserve(static_cast<qsizetype>(line.size()));
+    for (Tvx_pnt_d2 const &p : line)
+        points.append(QPointF(p.x, p.y));
+    if (ring)
+        painter.drawPolygon(points.constData(), static_cast<int>(points.size()));
+    else
+        painter.drawPolyline(points.constData(), static_cast<int>(points.size()));
+}
+
+/// Places along a line, asked for in rising order.
+class line_walk
+{
+public:
+    explicit line_walk(std::span<Tvx_pnt_d2 const> line) : f_line(line)
+    {
+        for (std::size_t i = 1; i < line.size(); ++i)
+            f_length += distance(i);
+    }
+    [[nodiscard]] double length() const { return f_length; }
+
+    struct place
+    {
+        Tvx_pnt_d2 at;
+        double angle; ///< of the direction, degrees counter-clockwise
+    };
+    [[nodiscard]] place at(double d)
+    {
+        while (f_segment + 1 < f_line.size() && f_passed + distance(f_segment) < d) {
+            f_passed += distance(f_segment);
+            ++f_segment;
+        }
+        Tvx_pnt_d2 const a = f_line[f_segment - 1];
+        Tvx_pnt_d2 const b = f_line[f_segment];
+        double const own = distance(f_segment);
+        double const t = own > 0 ? std::clamp((d - f_passed) / own, 0.0, 1.0) : 0;
+        return {{std::lerp(a.x, b.x, t), std::lerp(a.y, b.y, t)},
+                std::atan2(a.y - b.y, b.x - a.x) * 180 / std::numbers::pi};
+    }
+    /// The line from `from` to `to`.
+    [[nodiscard]] px_line cut(double from, double to)
+    {
+        px_line out{at(from).at};
+        while (f_segment + 1 < f_line.size() && f_passed + distance(f_segment) < to) {
+            f_passed += distance(f_segment);
+            out.push_back(f_line[f_segment]);
+            ++f_segment;
+        }
+        out.push_back(at(to).at);
+        return out;
+    }
+
+private:
+    [[nodiscard]] double distance(std::size_t i) const
+    {
+        return std::hypot(f_line[i].x - f_line[i - 1].x, f_line[i].y - f_line[i - 1].y);
+    }
+    std::span<Tvx_pnt_d2 const> f_line;
+    double f_length = 0;
+    double f_passed = 0;
+    std::size_t f_segment = 1;
+};
+
+// ---- full strokes and strokes with dashes of any lengths
+struct stroke
+{
+    QPen pen;
+    /// Dashes go by the length along the whole line.
+    bool dashed = false;
+
+    /// `start` is where the piece begins along its line, so that dashes do not move when the view does.
+    void draw(QPainter &painter, std::span<Tvx_pnt_d2 const> piece, double start)
+    {
+        if (dashed)
+            pen.setDashOffset(start / pen.widthF());
+        painter.setPen(pen);
+        stroke_line(painter, piece);
+    }
+    [[nodiscard]] double reach() const { return pen.widthF() * 2; }
+};
+
+// ---- strokes by a template
+/// What a template draws in one period, with its places in pixels from the period's begin.
+struct pattern_elements
+{
+    struct dash
+    {
+        double from;
+        double to;
+    };
+    struct mark
+    {
+        double at;
+        char what;
+    };
+    std::vector<dash> dashes;
+    std::vector<mark> marks;
+    double period = 0;
+    bool full = false; ///< one dash without end
+
+    /// A dash ("1") goes on by `dash_px`, a gap ("0") by `gap_px`. All else stands where the pattern has got
+    /// to and takes no room; in a template without dashes and gaps each of them is followed by a gap.
+    pattern_elements(std::string_view tplt, double dash_px, double gap_px)
+    {
+        auto const moves = [](char c) { return c == '0' || c == '1'; };
+        bool const marks_only = std::none_of(tplt.begin(), tplt.end(), moves);
+        for (char const c : tplt) {
+            if (c == '1')
+                add_dash(dash_px);
+            else if (c != '0')
+                add_mark(c);
+            if (c == '0' || (marks_only && c != '1'))
+                period += gap_px;
+        }
+        join_ends();
+    }
+
+private:
+    void add_dash(double length)
+    {
+        if (!(length > 0))
+            return;
+        // Dashes without a gap between them are one.
+        if (!dashes.empty() && dashes.back().to == period)
+            dashes.back().to += length;
+        else
+            dashes.push_back({period, period + length});
+        period += length;
+    }
+    void add_mark(char what)
+    {
+        // The same thing twice at one place is drawn once.
+        for (auto it = marks.rbegin(); it != marks.rend() && it->at == period; ++it)
+            if (it->what == what)
+                return;
+        marks.push_back({period, what});
+    }
+    /// The dash at the end of a period goes on in the next one.
+    void join_ends()
+    {
+        if (dashes.empty() || dashes.front().from > 0 || dashes.back().to < period)
+            return;
+        full = dashes.size() == 1;
+        if (full)
+            return;
+        dashes.back().to += dashes.front().to;
+        dashes.erase(dashes.begin());
+    }
+};
+
+struct pattern
+{
+    QPen pen; ///< `width` and colour, of dashes and of points
+    double mark_px;
+    double shift_px;
+    pattern_elements elements;
+    point_painter symbol;
+
+    [[nodiscard]] bool too_fine() const
+    {
+        std::size_t const count = elements.dashes.size() + elements.marks.size();
+        return elements.period < c_min_pattern_px ||
+               static_cast<double>(count) > elements.period * c_max_elements_per_px;
+    }
+    [[nodiscard]] double reach() const { return std::max({pen.widthF(), mark_px, symbol.reach()}); }
+
+    /// `start` as for a stroke.
+    void draw(QPainter &painter, std::span<Tvx_pnt_d2 const> piece, double start)
+    {
+        painter.setPen(pen);
+        bool const fine = too_fine();
+        if (elements.full || (fine && !elements.dashes.empty()))
+            stroke_line(painter, piece);
+        if (fine)
+            return;
+        // The pattern begins `shift` along the line and repeats both ways: a dash may come into the first
+        // period from the one before.
+        double const first = std::fmod(shift_px - start, elements.period) - 2 * elements.period;
+        if (!elements.full)
+            draw_dashes(painter, piece, first);
+        draw_marks(painter, piece, first);
+    }
+
+private:
+    void draw_dashes(QPainter &painter, std::span<Tvx_pnt_d2 const> piece, double first) const
+    {
+        if (elements.dashes.empty())
+            return;
+        line_walk walk(piece);
+        for (double at = first; at < walk.length(); at += elements.period)
+            for (auto const &dash : elements.dashes) {
+                double const from = std::max(at + dash.from, 0.0);
+                double const to = std::min(at + dash.to, walk.length());
+                if (from < to)
+                    stroke_line(painter, walk.cut(from, to));
+            }
+    }
+    void draw_marks(QPainter &painter, std::span<Tvx_pnt_d2 const> piece, double first)
+    {
+        if (elements.marks.empty())
+            return;
+        line_walk walk(piece);
+        // Where a ring closes, the mark of its beginning is enough.
+        double const last = is_ring(piece) ? std::nextafter(walk.length(), 0.0) : walk.length();
+        for (double at = first; at <= last; at += elements.period)
+            for (auto const &mark : elements.marks)
+                if (double const place = at + mark.at; place >= 0 && place <= last)
+                    draw_mark(painter, mark.what, walk.at(place));
+    }
+    /// A point ("2") is as large as the stroke is wide. Dashes at 90 ("3"), 45 ("5") and 135 degrees ("6") to
+    /// the line are as long as a dash and stand with their middle on it. A symbol ("4") is turned with the
+    /// line.
+    void draw_mark(QPainter &painter, char what, line_walk::place const &place)
+    {
+        switch (what) {
+        case '2': {
+            double const r = pen.widthF() / 2;
+            QPainterPath dot;
+            dot.addEllipse(QPointF(place.at.x, place.at.y), r, r);
+            return painter.fillPath(dot, pen.color());
+        }
+        case '3':
+            return draw_dash(painter, place, 90);
+        case '4':
+            return symbol.draw(place.at, place.angle);
+        case '5':
+            return draw_dash(painter, place, 45);
+        case '6':
+            return draw_dash(painter, place, 135);
+        default: // an unknown element draws nothing
+            return;
+        }
+    }
+    void draw_dash(QPainter &painter, line_walk::place const &place, double turn) const
+    {
+        double const a = (place.angle + turn) * std::numbers::pi / 180;
+        double const dx = std::cos(a) * mark_px / 2;
+        double const dy = -std::sin(a) * mark_px / 2;
+        painter.drawLine(QPointF(place.at.x - dx, place.at.y - dy),
+                         QPointF(place.at.x + dx, place.at.y + dy));
+    }
+};
+
+/// A style layer made ready: what it draws, `delta` pixels to the left of the line.
+struct stroke_item
+{
+    double delta = 0;
+    std::variant<stroke, pattern> what;
+
+    void draw(QPainter &painter, std::span<Tvx_pnt_d2 const> piece, double start)
+    {
+        std::visit([&](auto &w) { w.draw(painter, piece, start); }, what);
+    }
+    [[nodiscard]] double reach() const
+    {
+        return std::visit([](auto const &w) { return w.reach(); }, what);
+    }
+};
+
+pattern make_pattern(surface const &s, pln_tplt_lr const &l)
+{
+    static cpx_style const empty(style_kind::pnt);
+    double const dash = std::max(0.0, to_px(s, l.dash));
+    double const gap = std::max(0.0, to_px(s, l.gap));
+    cpx_style const *symbol = l.cpx_pnt.find();
+    return pattern{plain_pen(s, l.color, l.width), dash, to_px(s, l.shift),
+                   pattern_elements(l.tplt, dash, gap), point_painter(s, symbol ? *symbol : empty)};
+}
+
+/// A casing is drawn first, `casing_width` wider on both sides and without dashes.
+void add_cart(std::vector<stroke_item> &items, surface const &s, pln_cart_lr const &l)
+{
+    QPen pen = plain_pen(s, l.color, l.width);
+    pen.setCapStyle(l.cap == 1 ? Qt::SquareCap : l.cap == 2 ? Qt::RoundCap : Qt::FlatCap);
+    pen.setJoinStyle(l.join == 0 ? Qt::MiterJoin : l.join == 2 ? Qt::BevelJoin : Qt::RoundJoin);
+    double const delta = to_px(s, l.delta);
+    if (l.casing_width > 0) {
+        QPen casing = pen;
+        casing.setColor(qt_color(l.casing_color));
+        casing.setWidthF(pen.widthF() + 2 * to_px(s, l.casing_width));
+        items.push_back({delta, stroke{casing, false}});
+    }
+    QList<qreal> dashes;
+    double sum = 0;
+    for (double const mm : l.dashes) {
+        double const px = std::max(0.0, to_px(s, mm));
+        dashes.push_back(px / pen.widthF()); // in units of the pen's width
+        sum += px;
+    }
+    if (dashes.size() % 2)
+        dashes.push_back(dashes.back());
+    bool const dashed =
+        sum >= c_min_pattern_px && static_cast<double>(dashes.size()) <= sum * c_max_elements_per_px;
+    if (dashed)
+        pen.setDashPattern(dashes);
+    items.push_back({delta, stroke{pen, dashed}});
+}
+
+std::vector<stroke_item> stroke_items(surface const &s, cpx_style const &style)
+{
+    std::vector<stroke_item> items;
+    for (auto const &lr : style.lrs) {
+        if (auto const *line = std::get_if<pln_line_lr>(&lr->data))
+            items.push_back({to_px(s, line->delta), stroke{plain_pen(s, line->color, line->width), false}});
+        else if (auto const *tplt = std::get_if<pln_tplt_lr>(&lr->data))
+            items.push_back({to_px(s, tplt->delta), make_pattern(s, *tplt)});
+        else if (auto const *cart = std::get_if<pln_cart_lr>(&lr->data))
+            add_cart(items, s, *cart);
+    }
+    return items;
+}
+} // namespace
+
+struct line_painter::impl
+{
+    surface target;
+    std::vector<stroke_item> items;
+    double reach = 0;
+
+    explicit impl(surface const &s) : target(s) {}
+
+    void measure()
+    {
+        constexpr double c_mitre = 4; // what a moved line may stick out at its corners
+        for (stroke_item const &it : items)
+            reach = std::max(reach, std::abs(it.delta) * c_mitre + it.reach());
+    }
+    /// The whole line, or the pieces of it that show.
+    void draw_item(QPainter &painter, stroke_item &it, std::span<Tvx_pnt_d2 const> line,
+                   Tvx_box_d2 const &box) const
+    {
+        Tvx_box_d2 const clip = grown(target.clip, it.reach() + 2);
+        if (holds(clip, box)) {
+            it.draw(painter, line, 0);
+            return;
+        }
+        for (line_piece const &piece : clip_line(line, clip))
+            if (piece.points.size() > 1)
+                it.draw(painter, piece.points, piece.start);
+    }
+};
+
+line_painter::line_painter(surface const &target, bpln_style const &style)
+    : f_impl(std::make_unique<impl>(target))
+{
+    if (!style.use_complex)
+        f_impl->items.push_back({0, stroke{plain_pen(target, style.color, style.width), false}});
+    else if (cpx_style const *cpx = style.complex.find())
+        f_impl->items = stroke_items(target, *cpx);
+    f_impl->measure();
+}
+
+line_painter::line_painter(surface const &target, cpx_style const &style)
+    : f_impl(std::make_unique<impl>(target))
+{
+    f_impl->items = stroke_items(target, style);
+    f_impl->measure();
+}
+
+line_painter::line_painter(line_painter &&) noexcept = default;
+line_painter::~line_painter() = default;
+
+double line_painter::reach() const
+{
+    return f_impl->reach;
+}
+
+void line_painter::draw(std::span<Tvx_pnt_d2 const> line)
+{
+    impl &d = *f_impl;
+    if (line.size() < 2)
+        return;
+    Tvx_box_d2 const box = box_of(line);
+    if (!grown(d.target.clip, d.reach + 2).intersects(box))
+        return;
+    QPainter &painter = *vx_qt_painter(d.target.painter);
+    painter.setBrush(Qt::NoBrush);
+    for (stroke_item &it : d.items) {
+        if (it.delta == 0) {
+            d.draw_item(painter, it, line, box);
+            continue;
+        }
+        // Moved before it is cut, so that the pattern stays when the view moves.
+        px_line const moved = offset_line(line, it.delta);
+        if (moved.size() > 1)
+            d.draw_item(painter, it, moved, box_of(moved));
+    }
+}
+} // namespace vx::render

@@ -1,0 +1,396 @@
+#include "platform/render/figure_fit.h"
+#include "platform/render/point_mask.h"
+#include "platform/render/style_painter.h"
+#include "platform/render/text_path.h"
+#include "platform/toolkit/qt_bridge.h"
+
+#include <QtGui/QImage>
+#include <QtGui/QPainter>
+#include <QtGui/QPainterPath>
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+#include <variant>
+#include <vector>
+
+namespace vx::render {
+namespace {
+using namespace vx::styles;
+
+/// Symbols up to this size are kept as a picture.
+constexpr double c_max_stamp_px = 256;
+/// Styles of strangers may hold any number: lengths end here, far outside of every picture.
+constexpr double c_max_length_px = 1e5;
+/// Outline of figures that have no line width of their own.
+constexpr double c_figure_line_mm = 0.25;
+
+QColor qt_color(Tvx_color c)
+{
+    return QColor(c.r, c.g, c.b, c.a);
+}
+
+double limited(double px)
+{
+    return std::clamp(px, -c_max_length_px, c_max_length_px);
+}
+
+/// An area of a symbol, in pixels round its anchor.
+struct item
+{
+    QPainterPath path;
+    QColor color;
+};
+
+/// Where a layer puts its drawing: `dx` to the right and `dy` up from the anchor, turned by `angle` about its
+/// own middle.
+QTransform placement(surface const &s, double dx, double dy, double angle)
+{
+    QTransform t;
+    t.translate(limited(dx * s.px_per_mm_x), limited(-dy * s.px_per_mm_y));
+    t.rotate(-angle);
+    return t;
+}
+
+QPainterPath strokes_of(placed_figure const &placed, figure const &shape)
+{
+    Tvx_box_d2 const &b = placed.box;
+    QPainterPath path;
+    path.setFillRule(Qt::OddEvenFill);
+    if (shape.curve == figure_curve::disc) {
+        path.addEllipse(b.min_x, b.min_y, b.width(), b.height());
+        return path;
+    }
+    if (shape.curve == figure_curve::half_disc) {
+        path.moveTo(b.max_x, b.max_y);
+        path.arcTo(b.min_x, b.min_y, b.width(), 2 * b.height(), 0, 180);
+        path.closeSubpath();
+        return path;
+    }
+    for (px_line const &part : placed.parts) {
+        for (std::size_t i = 0; i < part.size(); ++i) {
+            if (i)
+                path.lineTo(part[i].x, part[i].y);
+            else
+                path.moveTo(part[i].x, part[i].y);
+        }
+        if (shape.closed)
+            path.closeSubpath();
+    }
+    return path;
+}
+
+/// The area of the figure, or that of its outline, `pen` pixels wide. A stroker makes better corners of thin
+/// lines than a pen does.
+QPainterPath area_of(placed_figure const &placed, figure const &shape, double pen)
+{
+    QPainterPath const path = strokes_of(placed, shape);
+    if (pen <= 0)
+        return path;
+    QPainterPathStroker stroker;
+    stroker.setWidth(pen);
+    stroker.setCapStyle(Qt::FlatCap);
+    stroker.setJoinStyle(Qt::SvgMiterJoin);
+    stroker.setMiterLimit(1.5); // right angles; sharp corners would stick out of the figure
+    return stroker.createStroke(path);
+}
+
+/// Width of the outline: at least a pixel, and never more than half the figure.
+double outline_px(surface const &s, double line_mm, double size_x, double size_y)
+{
+    return std::min(std::max(1.0, line_mm * s.px_per_mm()), std::max(1.0, std::max(size_x, size_y) / 2));
+}
+
+/// A figure of a style layer, as large as told: layers are put together to more than one figure, so each
+/// keeps its exact place.
+item layer_figure(surface const &s, figure const &shape, double size_x, double size_y, Tvx_color color,
+                  double line_mm)
+{
+    double const kx = limited(size_x * s.px_per_mm_x);
+    double const ky = limited(size_y * s.px_per_mm_y);
+    item it;
+    it.color = qt_color(color);
+    double const pen = shape.filled ? 0 : outline_px(s, line_mm, kx, ky);
+    it.path = area_of(scale_figure(shape, kx, ky, pen), shape, pen);
+    return it;
+}
+
+/// The figure of a plain style, crisp at any size. `shift` becomes where in its pixel the anchor lies.
+item plain_figure(surface const &s, figure const &shape, double size, Tvx_color color, Tvx_pnt_d2 &shift)
+{
+    double const kx = limited(size * s.px_per_mm_x);
+    double const ky = limited(size * s.px_per_mm_y);
+    item it;
+    it.color = qt_color(color);
+    if (!(kx > 0 && ky > 0))
+        return it;
+    // What is hardly a pixel large has no room for an outline.
+    bool const filled = shape.filled || (shape.closed && std::min(kx, ky) < 1.5);
+    double const pen = filled ? 0 : std::floor(outline_px(s, c_figure_line_mm, kx, ky) + 0.5);
+    placed_figure const fitted = fit_figure(shape, kx, ky, pen);
+    shift = fitted.shift;
+    it.path = area_of(fitted, shape, pen);
+    return it;
+}
+
+/// A text or symbol, `size` millimetres high, with the middle of its ink on the anchor.
+item text_item(surface const &s, std::wstring_view text, vx_fnt_type const &font, double size,
+               Tvx_color color)
+{
+    item it;
+    it.color = qt_color(color);
+    it.path.setFillRule(Qt::WindingFill);
+    for (px_line const &ring : text_outlines(text, font, limited(size * s.px_per_mm()))) {
+        for (std::size_t i = 0; i < ring.size(); ++i) {
+            if (i)
+                it.path.lineTo(ring[i].x, ring[i].y);
+            else
+                it.path.moveTo(ring[i].x, ring[i].y);
+        }
+        it.path.closeSubpath();
+    }
+    QRectF const box = it.path.boundingRect();
+    it.path.translate(-box.center());
+    return it;
+}
+
+std::wstring symbol_text(unsigned code)
+{
+    bool const scalar = code > 0 && code <= 0x10FFFF && !(code >= 0xD800 && code <= 0xDFFF);
+    return scalar ? std::wstring(1, static_cast<wchar_t>(code)) : std::wstring();
+}
+
+/// The layers of a complex style, lowest first.
+std::vector<item> layer_items(surface const &s, cpx_style const &style)
+{
+    std::vector<item> items;
+    auto const add = [&](item it, auto const &lr) {
+        if (it.path.isEmpty())
+            return;
+        it.path = placement(s, lr.dx, lr.dy, lr.angle).map(it.path);
+        items.push_back(std::move(it));
+    };
+    for (auto const &lr : style.lrs) {
+        if (auto const *figr = std::get_if<pnt_figr_lr>(&lr->data)) {
+            add(layer_figure(s, get_figure(figr->figure), figr->size_x, figr->size_y, figr->color,
+                             figr->line_width),
+                *figr);
+        } else if (auto const *geom = std::get_if<pnt_geom_lr>(&lr->data)) {
+            figure const shape{geom->parts, geom->fill, geom->fill, figure_curve::none};
+            add(layer_figure(s, shape, geom->size, geom->size, geom->color, geom->line_width), *geom);
+        } else if (auto const *symb = std::get_if<pnt_symb_lr>(&lr->data)) {
+            add(text_item(s, symbol_text(symb->symbol), symb->font, symb->size, symb->color), *symb);
+        } else if (auto const *text = std::get_if<pnt_text_lr>(&lr->data)) {
+            add(text_item(s, text->text, text->font, text->size, text->color), *text);
+        }
+    }
+    return items;
+}
+
+/// Room for all items, and one pixel round them for the smooth edges.
+QRectF bounds(std::vector<item> const &items)
+{
+    QRectF all;
+    for (item const &it : items)
+        if (!it.path.isEmpty())
+            all |= it.path.boundingRect().adjusted(-1, -1, 1, 1);
+    return all;
+}
+
+double reach_of(QRectF const &b)
+{
+    return std::hypot(std::max(-b.left(), b.right()), std::max(-b.top(), b.bottom()));
+}
+
+/// The items drawn on a picture that just holds them, whose corner is `corner` from the anchor; null for none
+/// and for large ones.
+QImage picture(std::vector<item> const &items, QRectF const &room, QImage::Format format, QPoint &corner)
+{
+    if (room.isEmpty() || room.width() > c_max_stamp_px || room.height() > c_max_stamp_px)
+        return {};
+    QRect const box = room.toAlignedRect();
+    QImage image(box.size(), format);
+    image.fill(Qt::transparent);
+    corner = box.topLeft();
+    QPainter p(&image);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.translate(-corner);
+    for (item const &it : items)
+        p.fillPath(it.path, it.color);
+    return image;
+}
+} // namespace
+
+struct point_painter::impl
+{
+    surface const &target;
+    Tvx_color color{};
+    std::optional<mask_key> plain; ///< a style without layers, which is fitted to the grid
+    Tvx_pnt_d2 shift;              ///< of that style
+    std::vector<item> items;       ///< as drawn while it is not turned; may come late
+    std::vector<item> turned;      ///< those of a plain style as exact as numbers are; come late
+    std::shared_ptr<point_mask const> mask;
+    QImage stamp;
+    QPoint stamp_at; ///< of the stamp's corner, from the anchor
+    double reach = 0;
+
+    explicit impl(surface const &s) : target(s) {}
+
+    void prepare_plain(bpnt_style const &style, use_of_painter use)
+    {
+        plain = mask_key{style.use_figure, style.figure, style.symbol, style.size, style.font};
+        color = style.color;
+        if (target.masks)
+            mask = target.masks->find(*plain);
+        if (mask) {
+            shift = mask->shift;
+            reach = reach_of(QRectF(mask->left, mask->top, mask->width, mask->height));
+            return;
+        }
+        make_items();
+        QRectF const room = bounds(items);
+        reach = reach_of(room);
+        if (use == use_of_painter::few)
+            return;
+        if (!target.pixels) {
+            stamp = picture(items, room, QImage::Format_ARGB32_Premultiplied, stamp_at);
+            return;
+        }
+        mask = make_mask(room);
+        if (mask && target.masks)
+            target.masks->add(*plain, mask);
+    }
+
+    void make_items()
+    {
+        if (!items.empty() || !plain)
+            return;
+        if (plain->use_figure)
+            items.push_back(plain_figure(target, get_figure(plain->figure), plain->size, color, shift));
+        else
+            items.push_back(text_item(target, symbol_text(plain->symbol), plain->font, plain->size, color));
+    }
+
+    /// What a turned symbol is drawn with.
+    [[nodiscard]] std::vector<item> const &turned_items()
+    {
+        if (!plain || !plain->use_figure) {
+            make_items();
+            return items;
+        }
+        if (turned.empty())
+            turned.push_back(layer_figure(target, get_figure(plain->figure), plain->size, plain->size, color,
+                                          c_figure_line_mm));
+        return turned;
+    }
+
+    [[nodiscard]] std::shared_ptr<point_mask const> make_mask(QRectF const &room)
+    {
+        std::vector<item> ink = items;
+        for (item &it : ink)
+            it.color = Qt::black; // coverage only
+        QPoint corner;
+        QImage const image = picture(ink, room, QImage::Format_ARGB32_Premultiplied, corner);
+        if (image.isNull())
+            return nullptr;
+        auto made = std::make_shared<point_mask>();
+        made->left = corner.x();
+        made->top = corner.y();
+        made->width = image.width();
+        made->height = image.height();
+        made->shift = shift;
+        made->coverage.reserve(static_cast<std::size_t>(image.width()) *
+                               static_cast<std::size_t>(image.height()));
+        for (int y = 0; y < image.height(); ++y) {
+            auto const *row = reinterpret_cast<QRgb const *>(image.constScanLine(y));
+            for (int x = 0; x < image.width(); ++x)
+                made->coverage.push_back(static_cast<std::uint8_t>(qAlpha(row[x])));
+        }
+        return made;
+    }
+
+    void prepare_layers(cpx_style const &style, use_of_painter use)
+    {
+        items = layer_items(target, style);
+        QRectF const room = bounds(items);
+        reach = reach_of(room);
+        if (use == use_of_painter::many)
+            stamp = picture(items, room, QImage::Format_ARGB32_Premultiplied, stamp_at);
+    }
+
+    void draw_turned(Tvx_pnt_d2 at, double angle)
+    {
+        QPainter &p = *vx_qt_painter(target.painter);
+        QTransform const before = p.transform();
+        p.translate(at.x, at.y);
+        p.rotate(-angle);
+        for (item const &it : turned_items())
+            p.fillPath(it.path, it.color);
+        p.setTransform(before);
+    }
+
+    void draw_upright(QPoint at)
+    {
+        QPainter &p = *vx_qt_painter(target.painter);
+        if (!stamp.isNull()) {
+            p.drawImage(at + stamp_at, stamp);
+            return;
+        }
+        make_items();
+        p.translate(at);
+        for (item const &it : items)
+            p.fillPath(it.path, it.color);
+        p.translate(-at);
+    }
+};
+
+point_painter::point_painter(surface const &target, bpnt_style const &style, use_of_painter use)
+    : f_impl(std::make_unique<impl>(target))
+{
+    if (!style.use_complex)
+        f_impl->prepare_plain(style, use);
+    else if (cpx_style const *cpx = style.complex.find())
+        f_impl->prepare_layers(*cpx, use);
+}
+
+point_painter::point_painter(surface const &target, cpx_style const &style, use_of_painter use)
+    : f_impl(std::make_unique<impl>(target))
+{
+    f_impl->prepare_layers(style, use);
+}
+
+point_painter::point_painter(point_painter &&) noexcept = default;
+point_painter::~point_painter() = default;
+
+double point_painter::reach() const
+{
+    return f_impl->reach;
+}
+
+point_mask const *point_painter::mask() const
+{
+    return f_impl->mask.get();
+}
+
+Tvx_color point_painter::color() const
+{
+    return f_impl->color;
+}
+
+void point_painter::draw(Tvx_pnt_d2 at, double angle)
+{
+    impl &d = *f_impl;
+    Tvx_box_d2 const &clip = d.target.clip;
+    double const by = d.reach;
+    if (!(at.x >= clip.min_x - by && at.x <= clip.max_x + by && at.y >= clip.min_y - by &&
+          at.y <= clip.max_y + by))
+        return;
+    if (angle != 0)
+        d.draw_turned(at, angle);
+    else if (d.mask)
+        d.mask->blend(d.target, at, d.color);
+    else
+        d.draw_upright(QPoint(static_cast<int>(std::floor(at.x - d.shift.x + 0.5)),
+                              static_cast<int>(std::floor(at.y - d.shift.y + 0.5))));
+}
+} // namespace vx::render
