@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <limits>
+#include <cstddef>
 #include <string_view>
 #include <utility>
 
@@ -186,12 +186,17 @@ void TChart::fit_axes()
         low = std::min(low, bar.y);
     }
     std::ranges::sort(places);
-    double distance = std::numeric_limits<double>::infinity();
+    // The usual distance: one bar that stands closer does not make all of them thin.
+    std::vector<double> distances;
     for (std::size_t i = 1; i < places.size(); ++i)
         if (places[i] > places[i - 1])
-            distance = std::min(distance, places[i] - places[i - 1]);
-    if (!std::isfinite(distance))
-        distance = 1.0;
+            distances.push_back(places[i] - places[i - 1]);
+    double distance = 1.0;
+    if (!distances.empty()) {
+        auto const middle = distances.begin() + static_cast<std::ptrdiff_t>(distances.size() / 2);
+        std::ranges::nth_element(distances, middle);
+        distance = *middle;
+    }
     f_bar_width = distance * c_bar_part;
     double const margin =
         f_side_margins || places.empty() || places.front() == places.back() ? distance / 2 : 0;

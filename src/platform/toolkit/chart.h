@@ -32,8 +32,8 @@ private:
     double f_maximum = 1.0;
 };
 
-/// Bars that stand on zero, each at its x value. All bars have one width: 7 tenths of the smallest distance
-/// between two of them.
+/// Bars that stand on zero, each at its x value. All bars have one width: 7 tenths of the usual distance (the
+/// median) between two of them.
 class VX_API TBarSeries
 {
 public:

@@ -144,6 +144,9 @@ vx_control_link::~vx_control_link()
 void vx_control_link::watch(QObject *object)
 {
     object->installEventFilter(this);
+    // Controls hear of the mouse while no button is down too.
+    if (object->isWidgetType())
+        static_cast<QWidget *>(object)->setMouseTracking(true);
     for (QObject *const child : object->children())
         if (child->isWidgetType() && !owners().contains(child))
             watch(child);

@@ -1,0 +1,261 @@
+#include "controls/prop/bool_panel.h"
+#include "controls/prop/clr_picker.h"
+#include "controls/prop/clr_vsb_panel.h"
+#include "controls/prop/color_convert.h"
+#include "controls/prop/image_convert.h"
+#include "prop_form.h"
+
+#include "platform/base/owned.h"
+#include "platform/toolkit/bitmap.h"
+#include "platform/toolkit/canvas.h"
+#include "platform/toolkit/image_list.h"
+#include "platform/toolkit/screen.h"
+#include "platform/toolkit/shape.h"
+
+namespace input = vx::user_input;
+
+namespace {
+class colors : public prop_form
+{
+protected:
+    /// A square of one colour on the form, to be picked.
+    TShape *add_square(TColor color)
+    {
+        auto *square = add<TShape>(40);
+        square->GetPen()->SetColor(color);
+        square->GetBrush()->SetColor(color);
+        input::wait_idle();
+        return square;
+    }
+    static TPoint middle(TControl *control)
+    {
+        return control->ClientToScreen({control->GetWidth() / 2, control->GetHeight() / 2});
+    }
+    void pick_at(TPoint at)
+    {
+        input::on_next_modal([at](input::modal_window const &window) {
+            TPoint const point = window.form()->ScreenToClient(at);
+            input::click(window.form(), point.X, point.Y);
+        });
+    }
+};
+
+using dib = vx::owned<Ivx_dib, &vx_dib_destroy>;
+} // namespace
+
+TEST_F(colors, a_flag_with_its_caption)
+{
+    auto *panel = add<Tvx_bool_panel>();
+    panel->set_caption(L"Complex style");
+    panel->set_on_changed(recorder());
+    panel->set_flag(true);
+    EXPECT_TRUE(panel->get_flag());
+    EXPECT_EQ(taken_events(), 0);
+    EXPECT_EQ(panel->get_check_box()->GetAccessibleName(), L"Complex style");
+    ASSERT_TRUE(input::tab_to(panel->get_check_box()));
+    input::press(VK_SPACE);
+    EXPECT_FALSE(panel->get_flag());
+    EXPECT_EQ(taken_events(), 1);
+    EXPECT_EQ(last_sender, panel);
+    panel->set_enabled(false);
+    input::click(panel->get_check_box());
+    EXPECT_EQ(taken_events(), 0);
+}
+
+TEST_F(colors, the_dialog_opens_below_the_sample)
+{
+    auto *panel = add<Tvx_clr_vsb_panel>(20);
+    panel->set_text(L"Fill");
+    panel->on_changed = recorder();
+    Tvx_clr_panel &color = *panel->get_clr_panel();
+    EXPECT_EQ(color.get_color(), Tvx_color{});
+    EXPECT_EQ(color.get_format(), c_color_format_rgba);
+    EXPECT_EQ(color.GetWidth(), 40);
+    panel->set_color(vx_clr_init_rgb(9, 9, 9));
+    EXPECT_EQ(taken_events(), 0);
+
+    ASSERT_TRUE(input::click(color.get_button()));
+    EXPECT_EQ(taken_events(), 1);
+    EXPECT_EQ(last_sender, panel);
+    EXPECT_EQ(panel->get_color(), next_color);
+    EXPECT_EQ(asked_format, 1);
+    TControl const *const sample = color.get_sample();
+    EXPECT_EQ(asked_at, sample->ClientToScreen({0, sample->GetHeight()}));
+
+    accepts = false;
+    panel->set_format(c_color_format_rgb);
+    ASSERT_TRUE(input::click(color.get_sample()));
+    EXPECT_EQ(asked_format, 0);
+    EXPECT_EQ(taken_dialogs(), 2);
+    EXPECT_EQ(taken_events(), 0);
+    EXPECT_EQ(panel->get_color(), next_color);
+    ASSERT_TRUE(input::click(color.get_sample(), mbRight));
+    EXPECT_EQ(taken_dialogs(), 0);
+    ASSERT_TRUE(input::tab_to(color.get_button()));
+    input::press(VK_SPACE);
+    EXPECT_EQ(taken_dialogs(), 1);
+    EXPECT_TRUE(color.get_button()->GetAccessibleName().Pos(L"Fill") > 0);
+}
+
+TEST_F(colors, the_eye_turns)
+{
+    auto *panel = add<Tvx_clr_vsb_panel>(20);
+    panel->on_changed = recorder();
+    Tvx_visible_ctrl &eye = *panel->get_visible_ctrl();
+    EXPECT_TRUE(panel->get_visible());
+    EXPECT_FALSE(eye.GetGlyph()->GetEmpty());
+    UnicodeString const name = eye.GetAccessibleName();
+    ASSERT_TRUE(input::click(&eye));
+    EXPECT_FALSE(panel->get_visible());
+    EXPECT_FALSE(name == eye.GetAccessibleName());
+    EXPECT_EQ(taken_events(), 1);
+    ASSERT_TRUE(input::tab_to(&eye));
+    input::press(VK_SPACE);
+    EXPECT_TRUE(panel->get_visible());
+    EXPECT_EQ(taken_events(), 1);
+    panel->set_visible(false);
+    EXPECT_FALSE(panel->get_visible());
+    int const right = panel->get_clr_panel()->GetLeft();
+    EXPECT_LT(eye.GetLeft(), right);
+    panel->set_can_visible(false);
+    EXPECT_FALSE(eye.GetShowing());
+    EXPECT_EQ(panel->get_clr_panel()->GetLeft(), right);
+    EXPECT_EQ(taken_events(), 0);
+}
+
+TEST_F(colors, taken_from_the_screen)
+{
+    TShape *square = add_square(RGB(12, 130, 240));
+    Tvx_color color = vx_clr_init_rgba(5, 6, 7, 8);
+    pick_at(middle(square));
+    EXPECT_TRUE(vx_color_pick(color));
+    EXPECT_EQ(color, vx_clr_init_rgb(12, 130, 240));
+
+    color = vx_clr_init_rgba(5, 6, 7, 8);
+    input::on_next_modal([](input::modal_window const &) { input::press(VK_ESCAPE); });
+    EXPECT_FALSE(vx_color_pick(color));
+    EXPECT_EQ(color, vx_clr_init_rgba(5, 6, 7, 8));
+
+    auto *panel = add<Tvx_clr_vsb_pick_panel>(20);
+    panel->on_changed = recorder();
+    EXPECT_EQ(panel->get_picker_btn()->GetWidth(), 20);
+    EXPECT_GT(panel->get_picker_btn()->GetLeft(), panel->get_clr_panel()->GetLeft());
+    pick_at(middle(square));
+    ASSERT_TRUE(input::click(panel->get_picker_btn()));
+    EXPECT_EQ(panel->get_color(), vx_clr_init_rgb(12, 130, 240));
+    EXPECT_EQ(taken_events(), 1);
+    EXPECT_EQ(last_sender, panel);
+    input::on_next_modal([](input::modal_window const &) { input::press(VK_ESCAPE); });
+    ASSERT_TRUE(input::click(panel->get_picker_btn()));
+    EXPECT_EQ(taken_events(), 0);
+}
+
+TEST_F(colors, taken_from_the_screen_by_keys)
+{
+    TShape *square = add_square(RGB(200, 100, 50));
+    TPoint const at = middle(square);
+    Tvx_color color;
+    input::on_next_modal([at](input::modal_window const &) {
+        Screen->SetCursorPos({at.X - 11, at.Y + 2});
+        input::press(VK_RIGHT, {ssCtrl});
+        input::press(VK_RIGHT);
+        input::press_times(VK_UP, 2);
+        EXPECT_EQ(Screen->GetCursorPos(), at);
+        input::press(VK_RETURN);
+    });
+    EXPECT_TRUE(vx_color_pick(color));
+    EXPECT_EQ(color, vx_clr_init_rgb(200, 100, 50));
+}
+
+TEST(color_convert, bytes_and_numbers)
+{
+    unsigned char r = 0;
+    unsigned char g = 0;
+    unsigned char b = 0;
+    clr_2_rgb(0x00332211, r, g, b);
+    EXPECT_EQ(r, 0x11);
+    EXPECT_EQ(g, 0x22);
+    EXPECT_EQ(b, 0x33);
+    TColor color = 0;
+    rgb_2_clr(0x11, 0x22, 0x33, color);
+    EXPECT_EQ(color, 0x00332211);
+    EXPECT_EQ(clr2rgb(0x00332211), vx_clr_init_rgba(0x11, 0x22, 0x33, 255));
+    EXPECT_EQ(rgb2clr(vx_clr_init_rgba(0x11, 0x22, 0x33, 9)), 0x00332211);
+    EXPECT_EQ(mouse_btn_2_vx(mbLeft), 0);
+    EXPECT_EQ(mouse_btn_2_vx(mbRight), 1);
+    EXPECT_EQ(mouse_btn_2_vx(mbMiddle), 2);
+    EXPECT_EQ(shift_state_2_vx({}), 0);
+    EXPECT_EQ(shift_state_2_vx({ssShift, ssCtrl, ssDouble}), 1 + 4 + 64);
+    vx_fnt_type font;
+    font.set_wname(L"DejaVu Serif");
+    font.charset = RUSSIAN_CHARSET;
+    font.bold = font.strikeout = true;
+    TFont target;
+    int const size = target.GetSize();
+    fnt_type_2_font(&font, &target, 0);
+    EXPECT_EQ(target.GetName(), L"DejaVu Serif");
+    EXPECT_EQ(target.GetCharset(), RUSSIAN_CHARSET);
+    EXPECT_EQ(target.GetStyle(), (TFontStyles{fsBold, fsStrikeOut}));
+    EXPECT_EQ(target.GetSize(), size);
+    fnt_type_2_font(&font, &target, 20);
+    EXPECT_EQ(target.GetSize(), 20);
+}
+
+TEST(image_convert, pictures_go_there_and_back)
+{
+    TBitmap bitmap(3, 2);
+    vx_bmp_fill_color(&bitmap, clFuchsia);
+    bitmap.GetCanvas()->SetPixel(1, 0, RGB(1, 2, 3));
+    dib const picture(vx_dib_create(9, 9));
+    bmp_2_dib(&bitmap, picture.get());
+    EXPECT_EQ(vx_dib_get_width(picture.get()), 3);
+    EXPECT_EQ(vx_dib_get_height(picture.get()), 2);
+    EXPECT_EQ(vx_dib_get_pixel(picture.get(), 1, 0), vx_clr_init_rgb(1, 2, 3));
+    EXPECT_EQ(vx_dib_get_pixel(picture.get(), 2, 1), vx_clr_init_rgb(255, 0, 255));
+    bmp_2_dib_transparent(&bitmap, picture.get(), clFuchsia);
+    EXPECT_EQ(vx_dib_get_pixel(picture.get(), 2, 1), Tvx_color{});
+    vx_dib_set_pixel(picture.get(), 0, 0, vx_clr_init_rgba(200, 100, 50, 128));
+
+    TBitmap back;
+    dib_2_bmp(picture.get(), &back);
+    dib const again(vx_dib_create(1, 1));
+    bmp_2_dib(&back, again.get());
+    EXPECT_EQ(vx_dib_get_pixel(again.get(), 1, 0), vx_clr_init_rgb(1, 2, 3));
+    EXPECT_EQ(vx_dib_get_pixel(again.get(), 2, 1), Tvx_color{});
+    Tvx_color const half = vx_dib_get_pixel(again.get(), 0, 0);
+    EXPECT_EQ(half.a, 128);
+    EXPECT_NEAR(half.r, 200, 2);
+    EXPECT_NEAR(half.b, 50, 2);
+
+    icon_2_dib_transparent(&back, again.get(), clLime);
+    EXPECT_EQ(vx_dib_get_pixel(again.get(), 2, 1), Tvx_color{}) << "nothing but the ground was there";
+    EXPECT_EQ(vx_dib_get_pixel(again.get(), 1, 0), vx_clr_init_rgb(1, 2, 3));
+    dib_2_bmp(nullptr, &back);
+    EXPECT_TRUE(back.GetEmpty());
+}
+
+TEST(image_convert, pictures_by_number)
+{
+    TImageList list(nullptr);
+    EXPECT_EQ(vx_image_list_get_res(&list, 130), 0);
+    EXPECT_EQ(vx_image_list_get_res(&list, 131), 1);
+    EXPECT_EQ(vx_image_list_get_res(&list, 99999), -1);
+    TBitmap ground(40, 30);
+    vx_bmp_fill_color(&ground, clWhite);
+    auto const painted = [&](TRect const &rect) {
+        for (int y = rect.Top; y < rect.Bottom; ++y)
+            for (int x = rect.Left; x < rect.Right; ++x)
+                if (ground.GetCanvas()->GetPixel(x, y) != clWhite)
+                    return true;
+        return false;
+    };
+    canvas_draw_rsrc(ground.GetCanvas(), 99999, Rect(0, 0, 40, 30), true);
+    EXPECT_FALSE(painted(Rect(0, 0, 40, 30)));
+    canvas_draw_rsrc(ground.GetCanvas(), 130, Rect(0, 0, 40, 30), false);
+    EXPECT_TRUE(painted(Rect(12, 7, 28, 23))) << "16 by 16 in the middle";
+    EXPECT_FALSE(painted(Rect(0, 0, 12, 30)));
+    EXPECT_FALSE(painted(Rect(28, 0, 40, 30)));
+    ground.GetCanvas()->GetBrush()->SetColor(clYellow);
+    canvas_draw_rsrc_opaque(ground.GetCanvas(), 130, Rect(0, 0, 40, 30), true);
+    EXPECT_EQ(ground.GetCanvas()->GetPixel(0, 0), clYellow);
+}
