@@ -1,3 +1,4 @@
+#include "host/gallery/gallery_dialog.h"
 #include "host/gallery/gallery_page.h"
 #include "host/offscreen.h"
 
@@ -54,7 +55,8 @@
 #include <unistd.h>
 
 // Every control of the toolkit and of the library on the pages of one form. `--shot DIR` writes a picture of
-// each page, at the usual and at the double resolution, and ends; `--headless` before it needs no display.
+// each page and dialog, at the usual and at the double resolution, and ends; `--headless` before it needs no
+// display.
 
 namespace {
 constexpr int c_picture_size = 16;
@@ -442,7 +444,22 @@ private:
     TStatusBar *status = nullptr;
 };
 
-/// The pictures of all pages; false if one could not be written.
+bool take_dialog_pictures(std::filesystem::path const &directory, std::string const &suffix)
+{
+    bool written = true;
+    for (auto const *dialog : gallery_dialog::all()) {
+        std::string const name = "Dialog " + UnicodeString(dialog->caption()).to_utf8() + suffix + ".png";
+        vx::user_input::on_next_modal([&](vx::user_input::modal_window const &window) {
+            written = window.save_shot(UnicodeString((directory / name).string())) && written;
+            window.reject();
+        });
+        dialog->open();
+        std::printf("%s\n", (directory / name).c_str());
+    }
+    return written;
+}
+
+/// The pictures of all pages and dialogs; false if one could not be written.
 bool take_pictures(std::filesystem::path const &directory, std::string const &suffix)
 {
     gallery_form form;
@@ -455,7 +472,7 @@ bool take_pictures(std::filesystem::path const &directory, std::string const &su
             return false;
         std::printf("%s\n", (directory / name).c_str());
     }
-    return true;
+    return take_dialog_pictures(directory, suffix);
 }
 
 /// The resolution holds for a whole process: a second one takes the pictures at the double resolution.

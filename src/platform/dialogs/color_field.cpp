@@ -18,7 +18,9 @@ constexpr int c_dark = 192;
 
 int to_byte(double value)
 {
-    return static_cast<int>(std::lround(std::clamp(value, 0.0, 1.0) * 255.0));
+    // Halves go up although the calculation before may have missed them by a hair.
+    constexpr double hair = 1e-9;
+    return static_cast<int>(std::floor(std::clamp(value, 0.0, 1.0) * 255.0 + 0.5 + hair));
 }
 
 /// One channel of a pure hue, 0 to 1; `shift` turns the circle: 0 for red, 1/3 for green, 2/3 for blue.
@@ -119,14 +121,21 @@ void pick_area::MouseDown(TMouseButton button, TShiftState shift, int x, int y)
     if (button != mbLeft)
         return;
     SetFocus();
+    f_picking = true;
     pick_at(x, y);
 }
 
 void pick_area::MouseMove(TShiftState shift, int x, int y)
 {
     TCustomControl::MouseMove(shift, x, y);
-    if (shift.Contains(ssLeft) && GetMouseCapture())
+    if (f_picking)
         pick_at(x, y);
+}
+
+void pick_area::MouseUp(TMouseButton button, TShiftState shift, int x, int y)
+{
+    f_picking = f_picking && button != mbLeft;
+    TCustomControl::MouseUp(button, shift, x, y);
 }
 
 void pick_area::KeyDown(Word &key, TShiftState shift)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/base/color.h"
+#include "platform/base/export.h"
 #include "platform/toolkit/bitmap.h"
 #include "platform/toolkit/custom_control.h"
 
@@ -15,9 +16,9 @@ struct hsv
     double v = 0.0;
 };
 /// Opaque. The hue circle begins and ends with red.
-[[nodiscard]] Tvx_color to_color(hsv const &value);
+[[nodiscard]] VX_API Tvx_color to_color(hsv const &value);
 /// `former` gives what the colour itself does not tell.
-[[nodiscard]] hsv to_hsv(Tvx_color color, hsv const &former);
+[[nodiscard]] VX_API hsv to_hsv(Tvx_color color, hsv const &former);
 
 /// `color` over the check pattern that stands for what lies behind it, in cells of 6 pixels.
 void fill_checked(TCanvas *canvas, TRect const &rect, Tvx_color color);
@@ -39,11 +40,15 @@ protected:
     virtual void step(int x, int y) = 0;
     void MouseDown(TMouseButton button, TShiftState shift, int x, int y) override;
     void MouseMove(TShiftState shift, int x, int y) override;
+    void MouseUp(TMouseButton button, TShiftState shift, int x, int y) override;
     void KeyDown(Word &key, TShiftState shift) override;
     [[nodiscard]] bool WantsKey(Word key, TShiftState shift) const override;
     void DoEnter() override;
     void DoExit() override;
     void paint_frame();
+
+private:
+    bool f_picking = false;
 };
 
 /// All colours of a hue: saturation to the right, value upwards.

@@ -47,9 +47,9 @@ UnicodeString code_of(Tvx_color color, bool alpha)
     return text.substr(0, alpha ? 9 : 7);
 }
 
-/// Three, six or eight hexadecimal digits, with or without "#"; the last two of eight are taken only where
-/// opacity counts. Three stand for six: each twice.
-bool read_code(UnicodeString const &text, bool alpha, Tvx_color &color)
+/// Three, six or eight hexadecimal digits, with or without "#". Three stand for six: each twice. The last two
+/// of eight are the opacity.
+bool read_code(UnicodeString const &text, Tvx_color &color)
 {
     std::string code = text.to_utf8();
     std::erase(code, ' ');
@@ -57,13 +57,13 @@ bool read_code(UnicodeString const &text, bool alpha, Tvx_color &color)
         code.erase(0, 1);
     if (code.size() == 3)
         code = {code[0], code[0], code[1], code[1], code[2], code[2]};
-    if (code.size() != 6 && !(alpha && code.size() == 8))
+    bool const with_alpha = code.size() == 8;
+    if (code.size() != 6 && !with_alpha)
         return false;
     unsigned value = 0;
     auto const result = std::from_chars(code.data(), code.data() + code.size(), value, 16);
     if (result.ec != std::errc() || result.ptr != code.data() + code.size())
         return false;
-    bool const with_alpha = code.size() == 8;
     unsigned const rgb = with_alpha ? value >> 8 : value;
     color =
         vx_clr_init_rgba(static_cast<int>(rgb >> 16 & 255), static_cast<int>(rgb >> 8 & 255),
@@ -88,6 +88,7 @@ private:
     void on_rgb_change(TObject *sender);
     void on_opacity_change(TObject *sender);
     void on_code_change(TObject *sender);
+    void on_code_exit(TObject *sender);
     void on_sample_paint(TObject *sender);
 
     void set_hsv(hsv const &value, TObject *from);
@@ -174,6 +175,7 @@ color_form::color_form(Tvx_color color, bool alpha)
     put(f_code_edit, right - code_width, top, code_width, c_edit_height, c_dlg_code);
     add_label(c_dlg_code, right - c_column_width, top + 4, f_code_edit);
     f_code_edit->OnChange = make_closure<&color_form::on_code_change>(this);
+    f_code_edit->OnExit = make_closure<&color_form::on_code_exit>(this);
     add_buttons();
     show(nullptr);
 }
@@ -251,10 +253,18 @@ void color_form::on_opacity_change(TObject *sender)
 void color_form::on_code_change(TObject *sender)
 {
     Tvx_color color = f_color;
-    if (!f_showing && read_code(f_code_edit->GetText(), f_alpha, color)) {
-        f_opacity_touched = f_opacity_touched || color.a != f_color.a;
-        set_color(color, sender);
-    }
+    if (f_showing || !read_code(f_code_edit->GetText(), color))
+        return;
+    if (!f_alpha)
+        color.a = 255;
+    f_opacity_touched = f_opacity_touched || color.a != f_color.a;
+    set_color(color, sender);
+}
+
+/// What is left there in the end is the code of the colour.
+void color_form::on_code_exit(TObject *)
+{
+    show(nullptr);
 }
 
 void color_form::on_sample_paint(TObject *)

@@ -43,11 +43,13 @@ private:
     void on_family_dbl_click(TObject *sender);
     void on_style_click(TObject *sender);
     void fill_list();
+    void take_family(std::wstring const &name);
     void choose(int index);
     void show_sample();
 
     vx_fnt_type f_font;
     vx_fnt_type f_former;
+    std::wstring f_chosen; ///< family that the user chose, not the one that a search has come to
     std::vector<std::pair<std::wstring, std::wstring>> f_families; ///< name, and in lower case
     TEdit *f_find;
     TListBox *f_list;
@@ -59,7 +61,7 @@ private:
 };
 
 font_form::font_form(vx_fnt_type const &font)
-    : common_form(c_dlg_font, c_width, c_height), f_font(font), f_former(font)
+    : common_form(c_dlg_font, c_width, c_height), f_font(font), f_former(font), f_chosen(font.wname())
 {
     for (auto &family : font_families()) {
         auto lower = vx_lower_w(family);
@@ -138,23 +140,31 @@ void font_form::fill_list()
         f_list->SetTopIndex(index);
 }
 
-void font_form::choose(int index)
+void font_form::take_family(std::wstring const &name)
 {
-    if (index < 0 || index >= f_list->GetItems()->GetCount())
-        return;
-    f_font.set_wname(f_list->GetItems()->GetStrings(index).c_str());
-    bool const same = vx_lower_w(f_font.wname()) == vx_lower_w(f_former.wname());
+    f_font.set_wname(name.c_str());
+    bool const same = vx_lower_w(name) == vx_lower_w(f_former.wname());
     f_font.charset = same ? f_former.charset : c_default_charset;
     show_sample();
 }
 
+void font_form::choose(int index)
+{
+    if (index < 0 || index >= f_list->GetItems()->GetCount())
+        return;
+    f_chosen = f_list->GetItems()->GetStrings(index);
+    take_family(f_chosen);
+}
+
+/// While the chosen family is not among those found, the first one found stands for it.
 void font_form::on_find_change(TObject *)
 {
+    take_family(f_chosen);
     fill_list();
     if (f_list->GetItemIndex() >= 0 || f_list->GetItems()->GetCount() == 0)
         return;
     f_list->SetItemIndex(0);
-    choose(0);
+    take_family(f_list->GetItems()->GetStrings(0));
 }
 
 /// Up and down go through the list while the caret stays where the user types.

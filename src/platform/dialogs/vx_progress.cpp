@@ -200,6 +200,8 @@ Ivx_progress *vx_progress_start(wchar_t const *caption)
     else if (w.levels.empty())
         w.begun = w.refreshed = clock_type::now();
     w.levels.push_back(std::move(started));
+    if (w.form)
+        fill_form(w);
     return w.levels.back().get();
 }
 

@@ -115,6 +115,8 @@ public:
     /// Enter, Esc.
     void accept() const;
     void reject() const;
+    /// Writes the picture of the window as PNG. False if it is gone or the file could not be written.
+    [[nodiscard]] bool save_shot(UnicodeString const &path) const;
 
 private:
     std::shared_ptr<void> f_native; ///< knows when the window is gone; all answers are then empty

@@ -5,6 +5,7 @@
 #include "platform/toolkit/user_input.h"
 #include "platform/toolkit/user_input_priv.h"
 
+#include <QtCore/QSaveFile>
 #include <QtCore/QTimer>
 #include <QtGui/QAction>
 #include <QtWidgets/QAbstractButton>
@@ -280,6 +281,16 @@ void modal_window::reject() const
 {
     if (widget_of(f_native))
         detail::tap(Qt::Key_Escape);
+}
+
+bool modal_window::save_shot(UnicodeString const &path) const
+{
+    QPointer<QWidget> const window = widget_of(f_native);
+    wait_idle();
+    if (!window)
+        return false;
+    QSaveFile file(vx_qt_string(path));
+    return file.open(QIODevice::WriteOnly) && window->grab().save(&file, "PNG") && file.commit();
 }
 
 void on_next_modal(modal_action action)

@@ -1,0 +1,80 @@
+#include "host/gallery/gallery_dialog.h"
+
+#include "platform/basic/vx_fnt_type.h"
+#include "platform/dialogs/vx_dlgs.h"
+#include "platform/dialogs/vx_file_dialog.h"
+#include "platform/dialogs/vx_msgs.h"
+#include "platform/dialogs/vx_progress.h"
+
+#include <chrono>
+#include <thread>
+
+namespace {
+void choose_color(int format)
+{
+    static Tvx_color color = {51, 102, 153, 140};
+    (void)vx_color_dialog(nullptr, 0, 0, &color, format);
+}
+
+vx_fnt_type &current_font()
+{
+    static vx_fnt_type font = [] {
+        vx_fnt_type made;
+        made.set_wname(L"DejaVu Serif");
+        made.italic = true;
+        return made;
+    }();
+    return font;
+}
+
+void choose_font()
+{
+    (void)vx_font_dialog(nullptr, 0, 0, &current_font());
+}
+
+void choose_character()
+{
+    static int symbol = 0x2302;
+    static vx_fnt_type font = [] {
+        vx_fnt_type made;
+        made.set_wname(L"DejaVu Sans");
+        return made;
+    }();
+    (void)vx_charmap_dialog(nullptr, 0, 0, &font, &symbol);
+}
+
+void choose_file(bool save)
+{
+    Tvx_file_dialog_prm prm;
+    prm.save = save;
+    prm.filter = L"dBase|*.dbf|*.*|*.*";
+    prm.file_name = L"/usr/share/";
+    (void)vx_file_dialog(nullptr, 0, 0, &prm);
+}
+
+/// Ten seconds of work in two levels.
+void show_progress()
+{
+    Tvx_progress files(L"roads.shp, rivers.shp, lakes.shp");
+    for (int file = 0; file < 5 && !files.is_stopped(); ++file) {
+        files.set(file * 20);
+        Tvx_progress records(L"rivers.shp");
+        for (int i = 0; i < 200 && !records.is_stopped(); ++i) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+            records.set(i / 2);
+        }
+    }
+}
+
+gallery_dialog const g_color(10, L"Colour", [] { choose_color(c_color_format_rgba); });
+gallery_dialog const g_plain_color(11, L"Colour without opacity", [] { choose_color(c_color_format_rgb); });
+gallery_dialog const g_font(12, L"Font", choose_font);
+gallery_dialog const g_character(13, L"Character", choose_character);
+gallery_dialog const g_open(14, L"Open", [] { choose_file(false); });
+gallery_dialog const g_save(15, L"Save", [] { choose_file(true); });
+gallery_dialog const g_message(16, L"Message", [] { vx_show_wmessage(L"lakes.shp"); });
+gallery_dialog const g_warning(17, L"Warning", [] { vx_show_wwarning(L"lakes.shp"); });
+gallery_dialog const g_error(18, L"Error", [] { vx_show_werror(L"lakes.shp"); });
+gallery_dialog const g_question(19, L"Question", [] { (void)vx_yesno_res(2); });
+gallery_dialog const g_progress(20, L"Progress", show_progress);
+} // namespace
