@@ -173,7 +173,7 @@ void fill_views(TWinControl *page)
     column right{page, c_right + 80};
     auto *table = right.add<Tvx_dbf_show_panel>(300);
     table->SetWidth(240);
-    table->show(L"" VX_EXAMPLE_DATA "/world.dbf", false);
+    table->show(L"" VX_EXAMPLE_DATA "/nc.dbf", false);
 }
 
 gallery_page const g_page(30, L"Properties", &fill_page);

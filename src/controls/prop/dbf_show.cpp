@@ -15,6 +15,7 @@ constexpr int c_form_width = 600;
 constexpr int c_form_height = 400;
 constexpr int c_min_width = 50;
 constexpr int c_max_width = 240;
+constexpr int c_max_characters = 24; // of a field, for the width of its column
 
 std::wstring name_without_path(std::wstring const &path)
 {
@@ -71,7 +72,7 @@ void Tvx_dbf_show_grid::fit_columns(Ivx_dbf const *table)
     SetColWidths(0, std::max(c_number_width, canvas->TextWidth(UnicodeString(GetRowCount())) + inset));
     for (int field = 0; field < vx_dbf_get_nf(table); ++field) {
         int const name = canvas->TextWidth(vx_dbf_get_field_wname(table, field));
-        int const content = std::min(vx_dbf_get_field_width(table, field), c_max_width) * digit;
+        int const content = std::min(vx_dbf_get_field_width(table, field), c_max_characters) * digit;
         SetColWidths(field + 1, std::clamp(std::max(name, content) + inset, c_min_width, c_max_width));
     }
 }

@@ -8,6 +8,7 @@
 #include "platform/basic/vx_res.h"
 #include "platform/toolkit/bitmap.h"
 #include "platform/toolkit/canvas.h"
+#include "platform/toolkit/pixel_ratio.h"
 
 #include <algorithm>
 
@@ -131,10 +132,14 @@ void Tvx_basic_figure_dialog_form::on_grid_draw_cell(TObject * /*sender*/, int c
     canvas->FillRect(rect);
     int const code = get_code(row * c_col_count + col);
     if (code >= 0) {
-        TBitmap bitmap(rect.Width() - 2 * c_bitmap_inset, rect.Height() - 2 * c_bitmap_inset);
+        // In the screen's own pixels, as many of them as the inner part of the cell has.
+        TRect place = rect;
+        place.Inflate(-c_bitmap_inset, -c_bitmap_inset);
+        int const scale = vx_screen_pixel_scale();
+        TBitmap bitmap(place.Width() * scale, place.Height() * scale);
         vx_bmp_fill_color(&bitmap, clWhite);
         vx_pnt_style_example_bmp(get_sample_style(code), &bitmap);
-        canvas->Draw(rect.Left + c_bitmap_inset, rect.Top + c_bitmap_inset, &bitmap);
+        canvas->StretchDraw(place, &bitmap);
     }
     if (!state.Contains(gdFocused) && !state.Contains(gdSelected))
         return;
@@ -149,7 +154,8 @@ void Tvx_basic_figure_dialog_form::on_grid_draw_cell(TObject * /*sender*/, int c
 }
 
 Tvx_figure_dialog_form::Tvx_figure_dialog_form(TComponent *owner)
-    : Tvx_basic_figure_dialog_form(owner), f_style(vx::detail::make_figure_style(c_sample_size))
+    : Tvx_basic_figure_dialog_form(owner),
+      f_style(vx::detail::make_figure_style(c_sample_size * vx_screen_pixel_scale()))
 {
 }
 
@@ -160,7 +166,8 @@ void *Tvx_figure_dialog_form::get_sample_style(int code)
 }
 
 Tvx_lr_figure_dialog_form::Tvx_lr_figure_dialog_form(TComponent *owner)
-    : Tvx_basic_figure_dialog_form(owner), f_style(vx::detail::make_lr_figure_style(c_sample_size))
+    : Tvx_basic_figure_dialog_form(owner),
+      f_style(vx::detail::make_lr_figure_style(c_sample_size * vx_screen_pixel_scale()))
 {
 }
 

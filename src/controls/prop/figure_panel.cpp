@@ -9,6 +9,7 @@
 #include "platform/basic/vx_res.h"
 #include "platform/toolkit/bitmap.h"
 #include "platform/toolkit/picture.h"
+#include "platform/toolkit/pixel_ratio.h"
 
 namespace {
 constexpr int c_height = 20;
@@ -34,7 +35,7 @@ Tvx_basic_figure_panel::Tvx_basic_figure_panel(TComponent *owner)
     f_frame->SetBounds(GetWidth() - c_button_width - c_sample_width, 0, c_sample_width, c_height);
     f_frame->SetAlign(alRight);
     f_image->SetParent(f_frame);
-    f_image->SetCenter(true);
+    f_image->SetStretch(true);
     f_image->SetAlign(alClient);
     f_image->OnClick = make_closure<&Tvx_basic_figure_panel::on_button_click>(this);
     f_label->SetParent(this);
@@ -55,7 +56,8 @@ void Tvx_basic_figure_panel::load_res()
 
 void Tvx_basic_figure_panel::update_controls()
 {
-    TBitmap sample(c_sample_width - 2 * c_frame, c_height - 2 * c_frame);
+    int const scale = vx_screen_pixel_scale();
+    TBitmap sample((c_sample_width - 2 * c_frame) * scale, (c_height - 2 * c_frame) * scale);
     vx_bmp_fill_color(&sample, clWhite);
     draw(f_code, &sample);
     f_image->GetPicture()->SetBitmap(&sample);
@@ -101,7 +103,7 @@ bool Tvx_figure_panel::ask(int x, int y, int *figure)
 
 void Tvx_figure_panel::draw(int figure, TBitmap *bitmap)
 {
-    auto const style = vx::detail::make_figure_style(c_sample_size);
+    auto const style = vx::detail::make_figure_style(c_sample_size * vx_screen_pixel_scale());
     vx::detail::set_style_figure(style.get(), figure);
     vx_pnt_style_example_bmp(style.get(), bitmap);
 }
@@ -124,7 +126,7 @@ bool Tvx_lr_figure_panel::ask(int x, int y, int *figure)
 
 void Tvx_lr_figure_panel::draw(int figure, TBitmap *bitmap)
 {
-    auto const style = vx::detail::make_lr_figure_style(c_sample_size);
+    auto const style = vx::detail::make_lr_figure_style(c_sample_size * vx_screen_pixel_scale());
     vx::detail::set_style_lr_figure(style.get(), figure);
     vx_pnt_style_example_bmp(style.get(), bitmap);
 }

@@ -1,5 +1,6 @@
 #include "controls/prop/file_panel.h"
 
+#include "controls/forms/misc.h"
 #include "controls/prop/prop_captions.h"
 
 #include "platform/base/owned.h"
@@ -8,6 +9,7 @@
 #include "platform/basic/vx_wstrings.h"
 #include "platform/dialogs/vx_dlgs.h"
 #include "platform/dialogs/vx_file_dialog.h"
+#include "platform/toolkit/canvas.h"
 #include "platform/toolkit/clipboard.h"
 #include "platform/toolkit/strings.h"
 
@@ -109,9 +111,39 @@ void Tvx_menu_file_panel_item::on_item_click(TObject *sender)
     }
 }
 
+/// Leaves out the middle of a path that is too long.
+class Tvx_file_panel::name_view final : public Tvx_gr_ctrl
+{
+public:
+    using Tvx_gr_ctrl::Tvx_gr_ctrl;
+
+    void SetText(UnicodeString const &text) override
+    {
+        Tvx_gr_ctrl::SetText(text);
+        Invalidate();
+    }
+
+protected:
+    void Paint() override
+    {
+        TRect rect = GetClientRect();
+        GetCanvas()->SetFont(GetFont());
+        GetCanvas()->GetBrush()->SetStyle(bsClear);
+        if (!GetEnabled())
+            GetCanvas()->GetFont()->SetColor(clGrayText);
+        GetCanvas()->TextRect(rect, GetText(),
+                              {tfSingleLine, tfVerticalCenter, tfLeft, tfNoPrefix, tfPathEllipsis});
+    }
+    void EnabledChanged() override
+    {
+        Tvx_gr_ctrl::EnabledChanged();
+        Invalidate();
+    }
+};
+
 Tvx_file_panel::Tvx_file_panel(TComponent *owner)
     : Tvx_children_enabled_panel(owner), f_caption_panel(new Tvx_panel(this)), f_label(new Tvx_label(this)),
-      f_name_panel(new Tvx_panel(this)), f_name(new Tvx_label(this)), f_button(new Tvx_button(this))
+      f_name_panel(new Tvx_panel(this)), f_name(new name_view(this)), f_button(new Tvx_button(this))
 {
     SetHeight(c_height);
     f_caption_panel->SetParent(this);
@@ -127,9 +159,6 @@ Tvx_file_panel::Tvx_file_panel(TComponent *owner)
     f_name_panel->SetAlign(alClient);
     f_name_panel->GetPadding()->SetBounds(c_text_inset, 0, c_text_inset, 0);
     f_name->SetParent(f_name_panel);
-    f_name->SetAutoSize(false);
-    f_name->SetShowAccelChar(false);
-    f_name->SetLayout(tlCenter);
     f_name->SetAlign(alClient);
     f_button->SetParent(f_name_panel);
     f_button->SetWidth(c_button_width);
@@ -138,6 +167,11 @@ Tvx_file_panel::Tvx_file_panel(TComponent *owner)
     f_button->OnClick = make_closure<&Tvx_file_panel::on_button_click>(this);
     f_label->SetFocusControl(f_button);
     load_res();
+}
+
+TControl *Tvx_file_panel::get_name_view() const
+{
+    return f_name;
 }
 
 void Tvx_file_panel::load_res()

@@ -84,7 +84,8 @@ public:
     [[nodiscard]] UnicodeString pretty_filename(UnicodeString const &name, int index) const;
 
     [[nodiscard]] Tvx_button *get_button() const { return f_button; }
-    [[nodiscard]] Tvx_label *get_name_label() const { return f_name; }
+    /// What shows the name; its text is the whole of `make_text`.
+    [[nodiscard]] TControl *get_name_view() const;
     [[nodiscard]] Tvx_menu_file_panel_item *get_menu() const { return f_menu; }
 
     /// The user chose a file of another name; names that differ in case alone are the same one.
@@ -94,6 +95,8 @@ protected:
     void Resize() override;
 
 private:
+    class name_view;
+
     void on_button_click(TObject *sender);
     void ask_open();
     void ask_save();
@@ -104,7 +107,7 @@ private:
     Tvx_panel *f_caption_panel;
     Tvx_label *f_label;
     Tvx_panel *f_name_panel;
-    Tvx_label *f_name;
+    name_view *f_name;
     Tvx_button *f_button;
     Tvx_menu_file_panel_item *f_menu = nullptr;
     std::wstring f_filename;

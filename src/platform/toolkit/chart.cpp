@@ -14,7 +14,7 @@ constexpr int c_far = 10000;          // pixels: as far outside as a position is
 constexpr int c_edge = 8;             // free room round the chart
 constexpr int c_tick = 4;             // length of a mark at an axis
 constexpr int c_gap = 3;              // between a mark and its number
-constexpr int c_tick_distance_x = 70; // between two numbers, at least
+constexpr int c_tick_distance_x = 48; // between two numbers, at least
 constexpr int c_tick_distance_y = 28;
 constexpr int c_min_zoom = 4; // a smaller rectangle is a click
 constexpr double c_bar_part = 0.7;
@@ -257,8 +257,6 @@ void TChart::Paint()
     TCanvas *const canvas = GetCanvas();
     canvas->SetFont(GetFont());
     canvas->GetBrush()->SetStyle(bsSolid);
-    canvas->GetBrush()->SetColor(GetColor());
-    canvas->FillRect(GetClientRect());
     canvas->GetBrush()->SetColor(clWindow);
     canvas->FillRect(f_chart_rect);
     canvas->GetPen()->SetWidth(1);

@@ -3,6 +3,8 @@
 #include "platform/toolkit/qt_bridge.h"
 
 #include <QCheckBox>
+#include <QStyleOptionButton>
+#include <QStylePainter>
 
 namespace {
 Qt::CheckState to_qt(TCheckBoxState state)
@@ -10,7 +12,9 @@ Qt::CheckState to_qt(TCheckBoxState state)
     return state == cbChecked ? Qt::Checked : state == cbGrayed ? Qt::PartiallyChecked : Qt::Unchecked;
 }
 
-/// A person's click leaves the grey state out unless it is allowed, also while the box shows it.
+/// A person's click leaves the grey state out unless it is allowed, also while the box shows it. With the
+/// text left of the box, text and box stand at the two edges of the control, so that boxes below one another
+/// are in line and so are their texts.
 class check_widget final : public QCheckBox
 {
 public:
@@ -23,6 +27,31 @@ protected:
             QCheckBox::nextCheckState();
         else
             setCheckState(checkState() == Qt::Checked ? Qt::Unchecked : Qt::Checked);
+    }
+    bool hitButton(QPoint const &point) const override
+    {
+        return layoutDirection() == Qt::RightToLeft ? rect().contains(point) : QCheckBox::hitButton(point);
+    }
+    void paintEvent(QPaintEvent *event) override
+    {
+        if (layoutDirection() == Qt::LeftToRight)
+            return QCheckBox::paintEvent(event);
+        QStylePainter painter(this);
+        QStyleOptionButton option;
+        initStyleOption(&option);
+        QRect const text_area = rect().adjusted(
+            0, 0, -style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, this).width(), 0);
+        QStyleOptionButton box = option;
+        box.rect = style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, this);
+        painter.drawPrimitive(QStyle::PE_IndicatorCheckBox, box);
+        int const alignment = Qt::AlignLeft | Qt::AlignAbsolute | Qt::AlignVCenter | Qt::TextShowMnemonic;
+        painter.drawItemText(text_area, alignment, palette(), isEnabled(), text(), QPalette::WindowText);
+        if (!option.state.testFlag(QStyle::State_HasFocus))
+            return;
+        QStyleOptionFocusRect focus;
+        focus.QStyleOption::operator=(option);
+        focus.rect = style()->itemTextRect(fontMetrics(), text_area, alignment, isEnabled(), text());
+        painter.drawPrimitive(QStyle::PE_FrameFocusRect, focus);
     }
 };
 } // namespace

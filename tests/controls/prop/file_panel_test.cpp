@@ -64,7 +64,7 @@ TEST_F(file_panel, gives_a_name_the_extension_of_the_pair)
 TEST_F(file_panel, opens_a_file)
 {
     panel->set_wfilename(L"/maps/Карта.txt");
-    EXPECT_EQ(panel->get_name_label()->GetCaption(), L"/maps/Карта.txt");
+    EXPECT_EQ(panel->get_name_view()->GetCaption(), L"/maps/Карта.txt");
     panel->set_default_ext(L"txt");
     next_file = L"/other/New.txt";
     ASSERT_TRUE(input::click(panel->get_button()));
@@ -111,14 +111,14 @@ TEST_F(file_panel, menu_shows_and_copies_names)
     panel->set_pop_menu(true);
     ASSERT_TRUE(input::choose(panel->get_menu(), L"Show the name without path"));
     EXPECT_EQ(panel->make_text(), L"rivers & lakes.dbf");
-    EXPECT_EQ(panel->get_name_label()->GetCaption(), L"rivers & lakes.dbf");
+    EXPECT_EQ(panel->get_name_view()->GetCaption(), L"rivers & lakes.dbf");
     EXPECT_EQ(panel->get_wfilename(), L"/maps/rivers & lakes.dbf");
     ASSERT_TRUE(input::choose(panel->get_menu(), L"Copy the full name"));
     EXPECT_EQ(Clipboard()->GetAsText(), L"/maps/rivers & lakes.dbf");
     ASSERT_TRUE(input::choose(panel->get_menu(), L"Copy the name without path"));
     EXPECT_EQ(Clipboard()->GetAsText(), L"rivers & lakes.dbf");
     input::choose_in_next_menu(L"Show the full name");
-    ASSERT_TRUE(input::click(panel->get_name_label(), mbRight));
+    ASSERT_TRUE(input::click(panel->get_name_view(), mbRight));
     EXPECT_TRUE(input::menu_choice_done());
     EXPECT_EQ(panel->make_text(), L"/maps/rivers & lakes.dbf");
     EXPECT_EQ(taken_events(), 0);
@@ -129,15 +129,15 @@ TEST_F(file_panel, menu_shows_and_copies_names)
 TEST_F(file_panel, enables_all_or_the_button_alone)
 {
     panel->set_enabled_select(false);
-    EXPECT_TRUE(panel->get_name_label()->GetEnabled());
+    EXPECT_TRUE(panel->get_name_view()->GetEnabled());
     EXPECT_FALSE(panel->get_button()->GetEnabled());
     panel->set_enabled(false);
-    EXPECT_FALSE(panel->get_name_label()->GetEnabled());
+    EXPECT_FALSE(panel->get_name_view()->GetEnabled());
     panel->set_enabled(true);
     EXPECT_TRUE(panel->get_button()->GetEnabled());
     panel->SetHeight(40);
     panel->set_top_location(1);
-    TPoint const name = form.ScreenToClient(panel->get_name_label()->ClientToScreen({0, 0}));
+    TPoint const name = form.ScreenToClient(panel->get_name_view()->ClientToScreen({0, 0}));
     EXPECT_GE(name.Y - panel->GetTop(), 18);
     EXPECT_GE(name.X - panel->GetLeft(), 10);
     EXPECT_TRUE(panel->get_button()->GetAccessibleName().Pos(L"Source") > 0);
