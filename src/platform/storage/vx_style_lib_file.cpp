@@ -1,0 +1,155 @@
+#include "platform/storage/vx_style_lib_file.h"
+
+#include "platform/base/owned.h"
+#include "platform/storage/file_names.h"
+#include "platform/storage/storage_state.h"
+#include "platform/storage/style_xml.h"
+#include "platform/storage/vx_ini_data.h"
+#include "platform/styles/lib_model.h"
+#include "platform/styles/vx_global_lib_styles.h"
+#include "platform/winapi/file.h"
+#include "platform/winapi/library.h"
+
+#include <algorithm>
+#include <filesystem>
+
+using namespace vx::storage;
+using namespace vx::styles;
+
+namespace {
+constexpr char const *c_lib_root = "vx_style_library";
+constexpr wchar_t const *c_lib_folder = L"style_libs";
+constexpr wchar_t const *c_shared_folder = L"../share/vxk/style_libs";
+constexpr int c_depth_limit = 64; ///< levels of the tree
+
+struct list_name
+{
+    char const *name;
+    style_list style_lib::*list;
+};
+constexpr list_name c_lists[] = {
+    {"points", &style_lib::pnt}, {"lines", &style_lib::pln}, {"polygons", &style_lib::pgn}};
+
+/// What writing and reading of an item and of an indexed style share.
+template <class Io, class T>
+void number_fields(Io &io, T &object)
+{
+    io.field("index", object.index);
+    io.field("version", object.version);
+}
+
+void write_item(xml_out element, style_item const &item, int depth)
+{
+    element.field("caption", item.caption);
+    number_fields(element, item);
+    if (depth < c_depth_limit)
+        for (auto const &child : item.items)
+            write_item(element.child("item"), *child, depth + 1);
+}
+
+void read_item(xml_in element, style_item &item, int depth)
+{
+    element.field("caption", item.caption);
+    number_fields(element, item);
+    while (element.good() && element.at("item")) {
+        if (depth == c_depth_limit)
+            return element.fail();
+        read_item(element.child("item"), *item.items.emplace_back(std::make_unique<style_item>()), depth + 1);
+    }
+    element.finish();
+}
+
+std::string lib_bytes(style_lib const &lib)
+{
+    xml_file file;
+    auto root = file.make(c_lib_root);
+    root.field("name", lib.name);
+    for (auto const &[name, list] : c_lists) {
+        auto styles = root.child(name);
+        for (auto const &style : (lib.*list).styles) {
+            auto element = styles.child("style");
+            number_fields(element, *style);
+            write_style(element, style->kind, *style->style);
+        }
+    }
+    write_item(root.child("item"), lib.root, 1);
+    return file.bytes();
+}
+
+void read_list(xml_in styles, style_list &list)
+{
+    while (styles.good() && styles.at("style")) {
+        auto element = styles.child("style");
+        auto style = std::make_unique<idx_style>(list.kind);
+        number_fields(element, *style);
+        style->style = read_style(element, list.kind);
+        element.finish();
+        list.styles.push_back(std::move(style));
+    }
+    styles.finish();
+}
+
+xml_fault read_lib(std::string_view bytes, style_lib &lib)
+{
+    xml_file file;
+    if (auto const fault = file.parse(bytes, c_lib_root); fault != xml_fault::none)
+        return fault;
+    reading state;
+    auto root = file.root(state);
+    root.field("name", lib.name);
+    for (auto const &[name, list] : c_lists)
+        read_list(root.child(name), lib.*list);
+    read_item(root.child("item"), lib.root, 1);
+    root.finish();
+    return state.good ? xml_fault::none : xml_fault::damaged;
+}
+
+// By name, so that the libraries stand in the same order on every machine.
+std::vector<std::wstring> lib_files(std::wstring const &directory)
+{
+    std::vector<std::wstring> files;
+    std::error_code code;
+    for (auto const &entry : std::filesystem::directory_iterator(vx_path_to_native(directory), code))
+        if (entry.path().extension() == vx_path_to_native(c_style_lib_ext))
+            files.push_back(vx_path_from_native(entry.path().string()));
+    std::ranges::sort(files);
+    return files;
+}
+
+bool load_global_libs(void *libs)
+{
+    vx::owned<Ivx_ini_data, &vx_ini_data_destroy> const ini(vx_ini_data_create());
+    std::wstring users;
+    Tvx_std_wstring_adapter adapter(users);
+    vx_ini_data_get_storage_path(ini.get(), c_lib_folder, adapter);
+    bool any = false;
+    for (auto const &directory : {users, vx_library_get_own_directory() + std::wstring(c_shared_folder)})
+        if (!directory.empty())
+            for (auto const &file : lib_files(directory))
+                any = vx_xml_data_load_style_lib(nullptr, file.c_str(), libs) || any;
+    return any;
+}
+
+[[maybe_unused]] bool const registered = [] {
+    vx_global_lib_styles_set_loader(&load_global_libs);
+    return true;
+}();
+} // namespace
+
+bool vx_xml_data_load_style_lib(Ivx_xml_data *xml, wchar_t const *file, void *libs)
+{
+    std::wstring error;
+    auto const bytes = libs ? file_bytes(file, error) : std::nullopt;
+    if (!bytes)
+        return done(xml, libs ? error : fault_text(xml_fault::other, file ? file : L""));
+    auto lib = std::make_unique<style_lib>();
+    auto const fault = read_lib(*bytes, *lib);
+    if (fault == xml_fault::none)
+        static_cast<style_libs *>(libs)->libs.push_back(std::move(lib));
+    return done(xml, fault_text(fault, file));
+}
+
+bool vx_xml_data_save_style_lib(Ivx_xml_data *xml, wchar_t const *file, void const *lib)
+{
+    return lib && saved(xml, save_bytes(file, lib_bytes(*static_cast<style_lib const *>(lib))));
+}
