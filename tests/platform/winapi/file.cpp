@@ -3,10 +3,15 @@
 #include "support/temp_dir.h"
 
 #include <cerrno>
+#include <csignal>
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <random>
+#include <sys/mount.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
+#include <vector>
 
 namespace {
 std::wstring wide(std::filesystem::path const &path)
@@ -110,24 +115,136 @@ TEST(file, save_and_read_are_the_same)
     EXPECT_EQ(2, dir.count());
 }
 
-TEST(file, a_failed_save_leaves_the_target_and_no_litter)
+TEST(file, whichever_call_fails_the_target_stays_and_there_is_no_litter)
 {
-    fault const faults[] = {
-        {call::open, 1, EACCES}, {call::open, 1, EMFILE}, {call::write, 1, ENOSPC}, {call::write, 3, ENOSPC},
-        {call::write, 2, EIO},   {call::fsync, 1, EIO},   {call::close, 1, EDQUOT}, {call::rename, 1, EPERM},
-    };
-    for (auto const &f : faults) {
-        SCOPED_TRACE(testing::Message() << "call " << static_cast<int>(f.where) << " number " << f.at);
-        vx_test::temp_dir const dir;
-        vx_test::write_file(dir / "target", "old content");
+    struct
+    {
+        call where;
+        std::vector<int> codes;
+    } const kinds[] = {{call::open, {EACCES, EMFILE, ENOSPC, EROFS}},
+                       {call::write, {ENOSPC, EIO, EDQUOT, EFBIG}},
+                       {call::fsync, {EIO, ENOSPC}},
+                       {call::close, {EDQUOT, EIO}},
+                       {call::rename, {EPERM, EIO, ENOSPC}}};
+    for (auto const &kind : kinds)
+        for (int const code : kind.codes)
+            for (int n = 1;; ++n) {
+                SCOPED_TRACE(testing::Message() << "call " << static_cast<int>(kind.where) << " number " << n
+                                                << " fails with " << code);
+                ASSERT_LT(n, 100);
+                vx_test::temp_dir const dir;
+                vx_test::write_file(dir / "target", "old content");
+                std::wstring error;
+                bool saved = false;
+                int calls = 0;
+                {
+                    faulty_calls const faulty({kind.where, n, code});
+                    saved = vx_save_atomic(wide(dir / "target"), "new content", error);
+                    calls = present_fault->count;
+                }
+                EXPECT_EQ(1, dir.count());
+                EXPECT_EQ(saved, error.empty());
+                // Once the new file has the name, only its directory is left to be flushed.
+                auto const content = vx_test::read_file(dir / "target");
+                bool const of_directory = kind.where != call::write && kind.where != call::rename && n > 1;
+                EXPECT_EQ(saved || of_directory ? "new content" : "old content", content);
+                if (calls < n)
+                    break; // there is no n-th call
+            }
+}
+
+TEST(file, a_full_disk_leaves_the_old_file)
+{
+    vx_test::temp_dir const dir;
+    if (mount("tmpfs", dir.path().c_str(), "tmpfs", 0, "size=64k") != 0)
+        GTEST_SKIP() << "only the super user mounts a small disk";
+    std::wstring error;
+    bool const first = vx_save_atomic(wide(dir / "target"), "old content", error);
+    bool const second = vx_save_atomic(wide(dir / "target"), std::string(1 << 20, 'x'), error);
+    auto const content = vx_test::read_file(dir / "target");
+    int const count = dir.count();
+    bool const third = vx_save_atomic(wide(dir / "target"), "small", error);
+    EXPECT_EQ(0, umount(dir.path().c_str()));
+    EXPECT_TRUE(first);
+    EXPECT_FALSE(second);
+    EXPECT_EQ("old content", content);
+    EXPECT_EQ(1, count);
+    EXPECT_TRUE(third) << "room was given back";
+}
+
+TEST(file, folders_and_files_that_are_read_only)
+{
+    vx_test::temp_dir const dir;
+    std::filesystem::create_directory(dir / "folder");
+    vx_test::write_file(dir / "folder/target", "old content");
+    vx_test::write_file(dir / "file", "old content");
+    ASSERT_EQ(0, chmod(dir.path().c_str(), 0777));
+    ASSERT_EQ(0, chmod((dir / "folder").c_str(), 0555));
+    ASSERT_EQ(0, chmod((dir / "folder/target").c_str(), 0666));
+    ASSERT_EQ(0, chmod((dir / "file").c_str(), 0444));
+    // The super user may write everywhere, so somebody else tries.
+    pid_t const child = fork();
+    if (child == 0) {
+        constexpr uid_t c_nobody = 65534;
+        if (getuid() == 0 && setuid(c_nobody) != 0)
+            _exit(100);
         std::wstring error;
-        {
-            faulty_calls const faulty(f);
-            EXPECT_FALSE(vx_save_atomic(wide(dir / "target"), "new content", error));
-        }
-        EXPECT_EQ("old content", vx_test::read_file(dir / "target"));
-        EXPECT_EQ(1, dir.count());
+        int failed = 0;
+        for (auto const &path : {dir / "folder/target", dir / "folder/new", dir / "file"})
+            failed += !vx_save_atomic(wide(path), "new content", error) && !error.empty();
+        _exit(failed);
     }
+    int status = 0;
+    ASSERT_EQ(child, waitpid(child, &status, 0));
+    EXPECT_EQ(3, WEXITSTATUS(status));
+    EXPECT_EQ("old content", vx_test::read_file(dir / "folder/target"));
+    EXPECT_EQ("old content", vx_test::read_file(dir / "file"));
+    EXPECT_EQ(2, dir.count());
+    ASSERT_EQ(0, chmod((dir / "folder").c_str(), 0755));
+    EXPECT_FALSE(std::filesystem::exists(dir / "folder/new"));
+}
+
+TEST(file, a_save_that_is_killed_leaves_the_old_file_or_the_new_one)
+{
+    constexpr int c_kills = 500;
+    vx_test::temp_dir const dir;
+    std::string const contents[] = {std::string(100'000, 'a'), std::string(250'000, 'b')};
+    vx_test::write_file(dir / "target", contents[0]);
+    std::minstd_rand random(1);
+    int seen[2] = {};
+    for (int i = 0; i < c_kills; ++i) {
+        pid_t const child = fork();
+        if (child == 0) {
+            std::wstring error;
+            for (int n = i;; ++n)
+                if (!vx_save_atomic(wide(dir / "target"), contents[n % 2], error))
+                    _exit(1);
+        }
+        usleep(random() % 12'000);
+        kill(child, SIGKILL);
+        int status = 0;
+        ASSERT_EQ(child, waitpid(child, &status, 0));
+        ASSERT_TRUE(WIFSIGNALED(status)) << "a save failed";
+        auto const content = vx_test::read_file(dir / "target");
+        ASSERT_TRUE(content == contents[0] || content == contents[1]) << "kill " << i;
+        ++seen[content == contents[1]];
+    }
+    EXPECT_GT(seen[0], 0);
+    EXPECT_GT(seen[1], 0);
+}
+
+TEST(file, both_separators_lead_to_the_same_file)
+{
+    vx_test::temp_dir const dir;
+    std::filesystem::create_directory(dir / "folder");
+    std::wstring error;
+    auto const path = wide(dir.path()) + L"\\folder\\name";
+    ASSERT_TRUE(vx_save_atomic(path, "content", error));
+    EXPECT_EQ("content", vx_test::read_file(dir / "folder/name"));
+    EXPECT_EQ("content", vx_file_read(path, error).value_or(""));
+    EXPECT_TRUE(vx_is_file(path));
+    EXPECT_TRUE(vx_make_directories(wide(dir.path()) + L"\\x\\y"));
+    EXPECT_TRUE(std::filesystem::is_directory(dir / "x/y"));
 }
 
 TEST(file, a_failure_is_told_in_one_sentence)
