@@ -8,6 +8,7 @@ namespace {
 constexpr int c_row_height = 20;
 constexpr int c_side_margin = 6;
 constexpr int c_row_margin = 3;
+constexpr int c_unit_width = 28;
 
 void set_margins(TControl *control)
 {
@@ -28,6 +29,12 @@ void Tvx_base_style_edit::place_row(TControl *control)
     set_margins(windowed);
     windowed->SetAlign(alTop);
     f_rows_bottom += c_row_height + 2 * c_row_margin;
+}
+
+void Tvx_base_style_edit::show_unit(Tvx_size_panel *panel)
+{
+    panel->set_end_caption_width(c_unit_width);
+    panel->set_end_caption_visible(true);
 }
 
 void Tvx_base_style_edit::add_cpx_rows()

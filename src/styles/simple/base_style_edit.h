@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/numeric/size_panel.h"
 #include "controls/prop/bool_panel.h"
 #include "styles/simple/cpx_stl_panel.h"
 #include "styles/simple/style_edit.h"
@@ -27,6 +28,8 @@ protected:
         place_row(row);
         return row;
     }
+    /// Room behind the number for the unit, as wide as that of the widest language needs.
+    static void show_unit(Tvx_size_panel *panel);
     /// The last rows; at the end of the derived constructor.
     void add_cpx_rows();
 

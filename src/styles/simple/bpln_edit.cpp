@@ -17,7 +17,7 @@ Tvx_bpln_edit::Tvx_bpln_edit(TComponent *owner)
     f_color->set_can_visible(false);
     f_width->set_precision(c_width_decimals);
     f_width->set_min(0);
-    f_width->set_end_caption_visible(true);
+    show_unit(f_width);
     f_color->on_changed = make_closure<&Tvx_bpln_edit::on_clr_changed>(this);
     f_width->on_changed = make_closure<&Tvx_bpln_edit::on_width_changed>(this);
 }

@@ -7,7 +7,6 @@
 
 namespace {
 constexpr int c_size_decimals = 1;
-constexpr int c_unit_width = 20;
 } // namespace
 
 Tvx_bpnt_edit::Tvx_bpnt_edit(TComponent *owner)
@@ -19,8 +18,7 @@ Tvx_bpnt_edit::Tvx_bpnt_edit(TComponent *owner)
     f_color->set_can_visible(false);
     f_size->set_precision(c_size_decimals);
     f_size->set_min(0);
-    f_size->set_end_caption_width(c_unit_width);
-    f_size->set_end_caption_visible(true);
+    show_unit(f_size);
     f_use_symbol->on_changed = make_closure<&Tvx_bpnt_edit::on_use_symbol_changed>(this);
     f_figure->on_change = make_closure<&Tvx_bpnt_edit::on_figure_changed>(this);
     f_symbol->on_changed = make_closure<&Tvx_bpnt_edit::on_symb_changed>(this);

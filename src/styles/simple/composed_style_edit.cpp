@@ -10,11 +10,18 @@
 #include "platform/dialogs/vx_msgs.h"
 #include "platform/winapi/file.h"
 
+namespace {
+constexpr int c_side_margin = 6;
+constexpr int c_lib_margin = 3;
+} // namespace
+
 Tvx_composed_style_edit::Tvx_composed_style_edit(TComponent *owner, style_files files)
     : Tvx_style_edit(owner), f_files(files), f_lib_panel(new Tvx_lib_stl_panel(this)),
       f_open_dialog(new TOpenDialog(this)), f_save_dialog(new TSaveDialog(this))
 {
     f_lib_panel->SetParent(this);
+    f_lib_panel->SetAlignWithMargins(true);
+    f_lib_panel->GetMargins()->SetBounds(c_side_margin, c_lib_margin, c_side_margin, 0);
     f_lib_panel->SetAlign(alBottom);
     f_lib_panel->set_on_click(make_closure<&Tvx_composed_style_edit::on_lib_click>(this));
     f_lib_panel->set_on_load_click(make_closure<&Tvx_composed_style_edit::on_load_click>(this));
