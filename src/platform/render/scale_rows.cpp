@@ -106,16 +106,31 @@ unsigned row_source::row_count() const
     return f_mngr.mode == c_stl_mngr_mode_range ? f_mngr.ranges.other_row() + 1 : 1;
 }
 
+unsigned row_source::row_of_text(unsigned record) const
+{
+    auto const field = static_cast<unsigned>(f_field);
+    auto const find = [&] {
+        int const row = f_mngr.values.find(vx_attr_files_get_utf8(f_files, field, record, nullptr));
+        return row < 0 ? static_cast<int>(f_mngr.values.size()) : row;
+    };
+    // A text that comes again is looked up once.
+    int const number = vx_attr_files_get_text_number(f_files, field, record);
+    if (number < 0)
+        return static_cast<unsigned>(find());
+    auto const place = static_cast<std::size_t>(number);
+    if (place >= f_known_rows.size())
+        f_known_rows.resize(place + place / 2 + 16, -1);
+    int &row = f_known_rows[place];
+    if (row < 0)
+        row = find();
+    return static_cast<unsigned>(row);
+}
+
 unsigned row_source::row_of(unsigned record) const
 {
     switch (f_mngr.mode) {
-    case c_stl_mngr_mode_value: {
-        if (f_field < 0)
-            return f_mngr.values.size();
-        int const row = f_mngr.values.find(
-            vx_attr_files_get_utf8(f_files, static_cast<unsigned>(f_field), record, nullptr));
-        return row < 0 ? f_mngr.values.size() : static_cast<unsigned>(row);
-    }
+    case c_stl_mngr_mode_value:
+        return f_field < 0 ? f_mngr.values.size() : row_of_text(record);
     case c_stl_mngr_mode_range: {
         if (f_field < 0)
             return f_mngr.ranges.other_row();

@@ -35,6 +35,7 @@ public:
 
 private:
     struct rules;
+    [[nodiscard]] unsigned row_of_text(unsigned record) const;
     [[nodiscard]] styles::scale_prm const *entry(unsigned row) const;
     /// The scale in force if it is one of entries.
     [[nodiscard]] styles::val_scale const *entries() const;
@@ -42,6 +43,7 @@ private:
     styles::stl_mngr const &f_mngr;
     Ivx_attr_files *f_files;
     std::unique_ptr<rules> f_rules;
+    mutable std::vector<int> f_known_rows; ///< by the numbers of texts; -1 is not asked for yet
     int f_field = -1;
     int f_rotate_field = -1;
 };

@@ -119,15 +119,24 @@ void vx_drwc_draw_pln_rect(void *dc, Tvx_pen const &pen, Tvx_box_d2 const &box)
     QPainter *p = painter_of(dc);
     if (!p || box.is_empty() || !(pen.width > 0))
         return;
-    QPen qpen(qt_color(pen.color), pen.width);
-    qpen.setJoinStyle(Qt::MiterJoin);
-    constexpr Qt::PenStyle styles[] = {Qt::SolidLine, Qt::DashLine, Qt::DotLine, Qt::DashDotLine};
-    qpen.setStyle(styles[pen.style >= 0 && pen.style < 4 ? pen.style : 0]);
+    QRectF const outer = px_rect(dc, box);
+    if (pen.style < 1 || pen.style > 3) {
+        // Without a pen, which would cut the corners of thin lines off.
+        QRectF const inner = outer.adjusted(pen.width, pen.width, -pen.width, -pen.width);
+        QPainterPath border;
+        border.addRect(outer);
+        if (inner.width() > 0 && inner.height() > 0)
+            border.addRect(inner);
+        p->fillPath(border, qt_color(pen.color));
+        return;
+    }
+    constexpr Qt::PenStyle styles[] = {Qt::DashLine, Qt::DotLine, Qt::DashDotLine};
+    QPen const dashes(qt_color(pen.color), pen.width, styles[pen.style - 1], Qt::FlatCap, Qt::MiterJoin);
     double const half = pen.width / 2;
     p->save();
-    p->setPen(qpen);
+    p->setPen(dashes);
     p->setBrush(Qt::NoBrush);
-    p->drawRect(px_rect(dc, box).adjusted(half, half, -half, -half));
+    p->drawRect(outer.adjusted(half, half, -half, -half));
     p->restore();
 }
 
