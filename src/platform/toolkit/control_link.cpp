@@ -250,6 +250,14 @@ TPoint vx_control_link::to_client(QWidget *target, QPointF const &position) cons
 
 // ---- mouse
 
+static bool focus_refused(QWidget const &target, TControl const *control)
+{
+    if ((target.focusPolicy() & Qt::ClickFocus) == 0)
+        return false;
+    QWidget const *const focused = target.window()->focusWidget();
+    return focused && vx_control_of(focused) != control;
+}
+
 bool vx_control_link::mouse_button(QWidget *target, QMouseEvent &event)
 {
     if (g_input.passing == &event)
@@ -258,6 +266,13 @@ bool vx_control_link::mouse_button(QWidget *target, QMouseEvent &event)
     input_scope const state(event);
     if (vx_drag_session::button(event))
         return true;
+
+    // The press has brought the focus here. If a handler sent it back, as an edit does that refuses its text,
+    // the press is void too: its release may have gone to a message meanwhile.
+    if (event.type() == QEvent::MouseButtonPress && event.spontaneous() && focus_refused(*target, control)) {
+        event.accept();
+        return true;
+    }
 
     // The widget first, so that a handler sees the selection that the click makes.
     QPointer<vx_control_link> const alive(this);

@@ -429,9 +429,13 @@ TWinControl *TWinControl::FindNextControl(TWinControl *current, bool forward, bo
 void TWinControl::SelectNext(TWinControl *current, bool forward, bool check_tab_stop)
 {
     if (TWinControl *const next = FindNextControl(current, forward, check_tab_stop, !check_tab_stop)) {
-        QWidget *const widget = vx_qt_widget(next);
-        if (widget)
+        if (QWidget *const widget = vx_qt_widget(next)) {
             widget->setFocus(forward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+            // A handler may have moved the focus on, or back.
+            QWidget const *const remembered = widget->window()->focusWidget();
+            if (remembered && vx_control_of(remembered) != next)
+                return;
+        }
         next->SetFocus();
     }
 }
