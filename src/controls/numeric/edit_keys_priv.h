@@ -10,8 +10,15 @@ namespace vx::edit_keys {
 inline constexpr wchar_t c_backspace = 8;
 inline constexpr wchar_t c_tab = 9;
 inline constexpr wchar_t c_enter = 13;
-/// Is never part of a text: it is left to the dialog.
-inline constexpr wchar_t c_escape = 27;
+
+/// Keys that come as characters and pass every filter: corrections, what leaves the text as it is (Tab, Ctrl
+/// with A) and Esc, which is the dialog's.
+[[nodiscard]] inline bool is_edit_key(wchar_t key)
+{
+    constexpr wchar_t c_select_all = 1;
+    constexpr wchar_t c_escape = 27;
+    return key == c_backspace || key == c_tab || key == c_select_all || key == c_escape;
+}
 
 enum class command
 {

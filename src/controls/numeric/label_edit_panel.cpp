@@ -93,6 +93,7 @@ void Tvx_label_edit_panel::set_label_width(int width)
 void Tvx_label_edit_panel::set_label_text(UnicodeString const &text)
 {
     f_label->SetCaption(text);
+    f_edit->SetAccessibleName(text);
 }
 
 UnicodeString Tvx_label_edit_panel::get_end_caption() const

@@ -146,7 +146,7 @@ void Tvx_size_panel::copy_or_paste(bool paste)
 
 wchar_t Tvx_size_panel::filtered(wchar_t key) const
 {
-    if (key == keys::c_backspace || key == keys::c_tab || key == keys::c_escape)
+    if (keys::is_edit_key(key))
         return key;
     std::wstring const text = keys::text_left(*get_edit());
     bool const has_exponent = text.find_first_of(L"eE") != std::wstring::npos;

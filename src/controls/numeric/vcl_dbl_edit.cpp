@@ -75,10 +75,13 @@ void Tvx_vcl_dbl_edit::KeyPress(wchar_t &key)
         return;
     keys::command const command = keys::command_of_character(typed);
     bool const enter = typed == keys::c_enter;
-    bool const passes = enter                     ? f_exponent_keys
-                        : typed == keys::c_escape ? true
-                        : f_exponent_keys         ? exponent_key_passes(typed)
-                                                  : plain_key_passes(typed);
+    bool passes = false;
+    if (enter)
+        passes = f_exponent_keys;
+    else if (keys::is_digit(typed) || keys::is_edit_key(typed))
+        passes = true;
+    else
+        passes = f_exponent_keys ? exponent_key_passes(typed) : plain_key_passes(typed);
     if (!passes)
         key = 0;
     if (enter)
@@ -91,8 +94,6 @@ void Tvx_vcl_dbl_edit::KeyPress(wchar_t &key)
 
 bool Tvx_vcl_dbl_edit::plain_key_passes(wchar_t key) const
 {
-    if (keys::is_digit(key) || key == keys::c_backspace || key == keys::c_tab)
-        return true;
     if (f_precision != 0)
         return key == L'-' || key == L'.';
     return key == L'-' && f_min < 0;
@@ -100,8 +101,6 @@ bool Tvx_vcl_dbl_edit::plain_key_passes(wchar_t key) const
 
 bool Tvx_vcl_dbl_edit::exponent_key_passes(wchar_t key) const
 {
-    if (keys::is_digit(key) || key == keys::c_backspace || key == keys::c_tab)
-        return true;
     if (f_precision == 0)
         return key == L'-' && f_min < 0;
     std::wstring const text = keys::text_left(*this);

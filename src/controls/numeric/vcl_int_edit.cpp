@@ -35,9 +35,7 @@ void Tvx_vcl_int_edit::KeyPress(wchar_t &key)
 {
     Tvx_vcl_edit::KeyPress(key);
     wchar_t const typed = key;
-    bool const passes = vx::edit_keys::is_digit(typed) || typed == L'-' ||
-                        typed == vx::edit_keys::c_backspace || typed == vx::edit_keys::c_tab ||
-                        typed == vx::edit_keys::c_escape;
+    bool const passes = vx::edit_keys::is_digit(typed) || typed == L'-' || vx::edit_keys::is_edit_key(typed);
     if (!passes)
         key = 0;
     if (typed == vx::edit_keys::c_enter)
