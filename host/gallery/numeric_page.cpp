@@ -52,6 +52,7 @@ void fill_edits(column c)
     count->set_value(10);
     auto *step = c.add_vcl<Tvx_vcl_dbl_edit_panel>(L"Step");
     step->set_value(0.125);
+    step->set_data_width(100);
     step->set_end_caption(L"km");
     step->set_end_caption_visible(true);
     auto *wide = c.add_vcl<Tvx_vcl_dbl_edit_panel>(L"Minimum");
@@ -85,7 +86,6 @@ void fill_sizes(column c)
     size->set_precision(1);
     size->set_size(2.5);
     size->set_end_caption(L"mm");
-    size->set_end_caption_width(26);
     size->set_end_caption_visible(true);
     auto *scale = c.add<Tvx_size_panel>();
     scale->set_text(L"Scale, to hundreds");

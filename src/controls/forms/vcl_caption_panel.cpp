@@ -3,6 +3,7 @@
 namespace {
 constexpr int c_data_width = 70;
 constexpr int c_end_caption_width = 30;
+constexpr int c_end_caption_gap = 3;
 } // namespace
 
 void Tvx_vcl_label_panel::create()
@@ -44,6 +45,8 @@ void Tvx_vcl_caption_panel::create()
     f_end_caption->SetVisible(false);
     f_end_caption->SetWidth(c_end_caption_width);
     f_end_caption->SetAlign(alRight);
+    f_end_caption->get_label()->GetMargins()->SetBounds(c_end_caption_gap, 0, 0, 0);
+    f_end_caption->get_label()->SetAlignWithMargins(true);
     set_data_width(c_data_width);
 }
 

@@ -16,7 +16,7 @@ constexpr int c_gap = 3;
 
 Tvx_label_edit_panel::Tvx_label_edit_panel(TComponent *owner)
     : Tvx_children_enabled_panel(owner), f_label(new Tvx_label(this)), f_edit(new Tvx_edit(this)),
-      f_end_caption(new Tvx_caption_panel(this)), f_fixed_width(c_edit_width), f_end_width(c_end_width)
+      f_end_caption(new Tvx_label(this)), f_fixed_width(c_edit_width), f_end_width(c_end_width)
 {
     f_label->SetParent(this);
     f_label->SetAutoSize(false);
@@ -24,6 +24,9 @@ Tvx_label_edit_panel::Tvx_label_edit_panel(TComponent *owner)
     f_label->SetFocusControl(f_edit);
     f_edit->SetParent(this);
     f_end_caption->SetParent(this);
+    f_end_caption->SetAutoSize(false);
+    f_end_caption->SetLayout(tlCenter);
+    f_end_caption->SetShowAccelChar(false);
     f_end_caption->SetVisible(false);
     SetHeight(c_row_height);
     place();
@@ -39,9 +42,10 @@ void Tvx_label_edit_panel::place()
 {
     int const width = GetClientWidth();
     int const height = GetClientHeight();
-    int const end_width = f_end_caption->GetVisible() ? f_end_width : 0;
+    int const end_width = std::max(f_end_width, f_end_text_width + c_gap);
+    int const end_room = f_end_caption->GetVisible() ? end_width : 0;
     // What stands behind the edit goes with it.
-    int const room = std::max(width - end_width - f_side_width, 0);
+    int const room = std::max(width - end_room - f_side_width, 0);
     bool const above = f_has_label && f_top_location == 1;
     int const top = above ? std::min(c_row_height, height) : 0;
     int left = 0;
@@ -62,8 +66,7 @@ void Tvx_label_edit_panel::place()
         f_side->SetBounds(right, top, f_side_width, height - top);
         right += f_side_width;
     }
-    int const gap = std::min(c_gap, f_end_width);
-    f_end_caption->SetBounds(right + gap, top, f_end_width - gap, height - top);
+    f_end_caption->SetBounds(right + c_gap, top, end_width - c_gap, height - top);
 }
 
 int Tvx_label_edit_panel::get_edt_ctrl_width() const
@@ -98,12 +101,16 @@ void Tvx_label_edit_panel::set_label_text(UnicodeString const &text)
 
 UnicodeString Tvx_label_edit_panel::get_end_caption() const
 {
-    return f_end_caption->get_caption();
+    return f_end_caption->GetCaption();
 }
 
 void Tvx_label_edit_panel::set_end_caption(UnicodeString const &caption)
 {
-    f_end_caption->set_caption(caption);
+    f_end_caption->SetCaption(caption);
+    f_end_caption->SetAutoSize(true);
+    f_end_text_width = caption.IsEmpty() ? 0 : f_end_caption->GetWidth();
+    f_end_caption->SetAutoSize(false);
+    place();
 }
 
 bool Tvx_label_edit_panel::get_end_caption_visible() const

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "controls/forms/caption_panels.h"
 #include "controls/forms/edits.h"
 #include "controls/forms/panels.h"
 
@@ -8,7 +7,7 @@
 ///
 /// The label stands at the left and takes the room that the edit leaves; `set_text_width` turns this round.
 /// Behind the edit there is room for a small control of a derived class and for an end caption of width 20,
-/// hidden at first.
+/// hidden at first. A longer end caption takes the room that it needs.
 class VX_API Tvx_label_edit_panel : public Tvx_children_enabled_panel
 {
 public:
@@ -53,11 +52,12 @@ protected:
 private:
     Tvx_label *f_label;
     Tvx_edit *f_edit;
-    Tvx_caption_panel *f_end_caption;
+    Tvx_label *f_end_caption;
     TWinControl *f_side = nullptr;
     /// The fixed width of the edit, or of the label if `f_label_fixed`; below 0 neither is.
     int f_fixed_width;
     int f_end_width;
+    int f_end_text_width = 0;
     int f_side_width = 0;
     int f_top_location = 0;
     bool f_label_fixed = false;

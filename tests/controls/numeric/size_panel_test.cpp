@@ -231,6 +231,10 @@ TEST_F(size_panel, layout)
     EXPECT_EQ(at(edit), Rect(180, 0, 300, 20));
     panel->set_end_caption_visible(true);
     EXPECT_EQ(at(edit), Rect(160, 0, 280, 20)) << "the end caption's room is 20";
+    panel->set_end_caption(L"a longer text");
+    EXPECT_LT(at(edit).Right, 250) << "it is not cut off";
+    EXPECT_EQ(panel->get_end_caption_width(), 20);
+    panel->set_end_caption({});
     panel->set_text_width(80);
     EXPECT_EQ(at(edit), Rect(80, 0, 280, 20));
     panel->SetWidth(200);
