@@ -29,7 +29,10 @@ constexpr int c_grid_width = c_columns * (c_cell + 1) + c_scroll_bar;
 constexpr int c_grid_height = c_rows * (c_cell + 1) + 3;
 constexpr int c_width = c_grid_width + 3 * common_form::c_edge + c_preview;
 constexpr int c_grid_top = common_form::c_edge + 2 * (common_form::c_edit_height + common_form::c_gap);
-constexpr int c_height = c_grid_top + c_grid_height + 94;
+constexpr int c_name_height = 34; ///< two lines, beside the buttons
+constexpr int c_name_width = c_width - 3 * common_form::c_edge - 180;
+constexpr int c_height =
+    c_grid_top + c_grid_height + common_form::c_edge + c_name_height + common_form::c_gap;
 constexpr int c_caption_width = 76;
 constexpr int c_char_height = -20; ///< pixels
 constexpr char32_t c_symbol_base = 0xF000;
@@ -111,7 +114,7 @@ charmap_form::charmap_form(vx_fnt_type const &font, char32_t symbol)
     f_name->SetAutoSize(false);
     f_name->SetShowAccelChar(false);
     f_name->SetWordWrap(true);
-    f_name->SetBounds(c_edge, c_grid_top + c_grid_height + c_gap, c_grid_width, 36);
+    f_name->SetBounds(c_edge, c_grid_top + c_grid_height + c_edge, c_name_width, c_name_height);
     add_buttons();
     take_family();
 

@@ -4,6 +4,7 @@
 #include "platform/dialogs/common_form.h"
 #include "platform/dialogs/dlg_captions.h"
 #include "platform/dialogs/dlg_table_priv.h"
+#include "platform/dialogs/file_dialog_texts.h"
 #include "platform/dialogs/vx_dlgs.h"
 #include "platform/dialogs/vx_msgs.h"
 #include "platform/toolkit/qt_bridge.h"
@@ -11,8 +12,11 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QLineEdit>
+#include <QSplitter>
 #include <QStringList>
+#include <QTreeView>
 
 #include <string>
 #include <vector>
@@ -86,6 +90,8 @@ public:
         if (!prm.overwrite_prompt || f_name_box)
             setOption(DontConfirmOverwrite); // our own window asks in the user's language
         go_to_start();
+        if (f_name_box)
+            make_room();
         connect(this, &QFileDialog::filterSelected, this, &file_dialog::filter_selected);
     }
 
@@ -111,6 +117,15 @@ private:
         else if (!fs_last_directory.isEmpty())
             setDirectory(fs_last_directory);
         selectFile(start.fileName());
+    }
+    /// Enough for the places, and for times that are not cut.
+    void make_room()
+    {
+        resize(c_width, c_height);
+        if (auto *splitter = findChild<QSplitter *>(QStringLiteral("splitter")))
+            splitter->setSizes({c_places_width, c_width - c_places_width});
+        if (auto *files = findChild<QTreeView *>(QStringLiteral("treeView")))
+            files->header()->resizeSection(c_date_column, c_date_width);
     }
     void filter_selected()
     {
@@ -157,6 +172,11 @@ private:
         QFileDialog::done(result);
     }
 
+    static constexpr int c_width = 740;
+    static constexpr int c_height = 480;
+    static constexpr int c_places_width = 140;
+    static constexpr int c_date_column = 3;
+    static constexpr int c_date_width = 130;
     static QString fs_last_directory;
 
     Tvx_file_dialog_prm const &f_prm;
@@ -171,6 +191,7 @@ bool run(HWND parent, int x, int y, Tvx_file_dialog_prm *prm, std::wstring const
     auto *owner = vx::dialogs::owner_window(parent);
     if (auto const &table = vx::dialogs::table(); table.file)
         return table.file(table.user, owner, x, y, prm);
+    vx::dialogs::translate_file_dialog();
     file_dialog dialog(vx_qt_widget(owner), *prm, ending);
     if (x != 0 || y != 0)
         dialog.move(vx_qt_point(vx::dialogs::place_at({x, y}, {dialog.width(), dialog.height()})));
