@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 #include <string_view>
+#include <sys/mman.h>
+#include <unistd.h>
 
 using namespace vx_test;
 
@@ -211,15 +213,19 @@ protected:
         maker(10).scales(f_mngr.get(), 2);
         maker(22).scales(f_target.get(), 1);
         f_before.reset(vx_stl_mngr_clone(f_target.get()));
-        EXPECT_TRUE(kind().save(nullptr, wide(file()).c_str(), f_mngr.get(), nullptr));
-        f_bytes = read_file(file());
+        temp_dir const dir;
+        EXPECT_TRUE(kind().save(nullptr, wide(dir / "file").c_str(), f_mngr.get(), nullptr));
+        f_bytes = read_file(dir / "file");
     }
-    [[nodiscard]] std::filesystem::path file() const { return f_dir / "file"; }
+    ~hostile() override { close(f_memory); }
     [[nodiscard]] std::string const &bytes() const { return f_bytes; }
     [[nodiscard]] bool loads(std::string_view content)
     {
-        write_file(file(), content);
-        bool const loaded = kind().load(nullptr, wide(file()).c_str(), f_target.get(), nullptr);
+        auto const size = static_cast<ssize_t>(content.size());
+        EXPECT_EQ(0, ftruncate(f_memory, size));
+        EXPECT_EQ(size, pwrite(f_memory, content.data(), content.size(), 0));
+        auto const file = L"/proc/self/fd/" + std::to_wstring(f_memory);
+        bool const loaded = kind().load(nullptr, file.c_str(), f_target.get(), nullptr);
         if (!loaded)
             EXPECT_TRUE(kind().equal(kind().scale(f_before.get()), kind().scale(f_target.get())));
         else
@@ -242,7 +248,7 @@ protected:
     }
 
 private:
-    temp_dir f_dir;
+    int f_memory = memfd_create("file", MFD_CLOEXEC); ///< thousands of files are read: not from the disk
     owned_mngr f_mngr;
     owned_mngr f_target;
     owned_mngr f_before;
