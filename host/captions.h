@@ -42,6 +42,7 @@ enum Tvx_host_caption : int
     c_cap_show_layers,
     c_cap_show_tools,
     c_cap_shortcuts,
+    c_cap_style,
 
     c_cap_hint_open = 450,
     c_cap_hint_pan_tool,
@@ -58,6 +59,7 @@ enum Tvx_host_caption : int
     c_cap_hint_remove,
     c_cap_hint_coordinates,
     c_cap_hint_scale,
+    c_cap_hint_style,
 
     c_cap_layers = 470,
     c_cap_layers_empty,

@@ -31,6 +31,12 @@ void Tvx_layer_editor::follow(int id)
         show_layer(id);
 }
 
+void Tvx_layer_editor::refresh(int id)
+{
+    if (f_form && id == f_layer_id)
+        show_layer(id);
+}
+
 void Tvx_layer_editor::close()
 {
     // The handle is forgotten first: ending the window runs events that may ask about it.

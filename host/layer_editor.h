@@ -25,6 +25,8 @@ public:
     void open(int id, QPoint where);
     /// While the window is seen, it shows this layer from now on; none for -1.
     void follow(int id);
+    /// Shows the layer anew if it is the one in the window; changes that were not applied are given up.
+    void refresh(int id);
     /// Ends the window. `open` makes a new one.
     void close();
 

@@ -10,6 +10,8 @@
 #include "platform/data/vx_shape_files.h"
 #include "platform/layers/layer_keys.h"
 #include "platform/layers/vx_shp_lr2d.h"
+#include "platform/toolkit/bitmap.h"
+#include "platform/toolkit/qt_bridge.h"
 
 #include <QDir>
 #include <QPainter>
@@ -18,8 +20,8 @@
 #include <string_view>
 
 namespace {
-constexpr int c_symbol_width = 24;
-constexpr int c_symbol_height = 16;
+constexpr int c_symbol_width = 32;
+constexpr int c_symbol_height = 20;
 
 struct kind_name
 {
@@ -47,26 +49,14 @@ QString kind_of(Ivx_layer const *layer)
     return vx_host_caption(c_cap_kind_other);
 }
 
-QColor color_of(Tvx_color c)
+/// How the map draws all objects of the layer, in true size.
+bool draw_simple(QPainter &painter, Ivx_layer *layer)
 {
-    return {c.r, c.g, c.b, c.a};
-}
-
-void draw_simple(QPainter &painter, Tvx_layer_colors const &colors)
-{
-    QRectF const box(3.5, 3, c_symbol_width - 7, c_symbol_height - 6);
-    if (colors.point.a) {
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(color_of(colors.point));
-        painter.drawEllipse(box.center(), 3.5, 3.5);
-    } else if (colors.fill.a || !colors.line.a) {
-        painter.setPen(colors.line.a ? QPen(color_of(colors.line), 1.5) : QPen(Qt::NoPen));
-        painter.setBrush(colors.fill.a ? QBrush(color_of(colors.fill)) : QBrush(Qt::NoBrush));
-        painter.drawRect(box);
-    } else {
-        painter.setPen(QPen(color_of(colors.line), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-        painter.drawPolyline(QPolygonF{{3.5, 11}, {9, 5.5}, {14, 9.5}, {20.5, 4}});
-    }
+    TBitmap sample(c_symbol_width, c_symbol_height);
+    if (!vx_layer_draw_sample(layer, &sample))
+        return false;
+    painter.drawImage(0, 0, vx_qt_image(sample));
+    return true;
 }
 
 /// A layer that shows classes: a few of many colours.
@@ -138,12 +128,11 @@ QIcon vx_layer_symbol(Ivx_layer *layer)
     painter.setPen(QPen(QColor(0xb8, 0xbe, 0xc6), 1));
     painter.setBrush(Qt::white);
     painter.drawRoundedRect(QRectF(0.5, 0.5, c_symbol_width - 1, c_symbol_height - 1), 2, 2);
+    painter.setClipRect(1, 1, c_symbol_width - 2, c_symbol_height - 2);
     if (!vx_lr2d_is_shp(layer))
         draw_cells(painter);
-    else if (!vx_layer_is_drawn_simple(layer))
+    else if (!draw_simple(painter, layer))
         draw_classes(painter);
-    else
-        draw_simple(painter, vx_layer_get_colors(layer));
     painter.end();
     QIcon icon;
     // The same in a selected line: the colours are what the symbol is for.

@@ -13,11 +13,21 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include <functional>
+
 /// The list; says what to do while it is empty, and takes a quick second click on a check box for what it is.
 class Tvx_layer_list_view : public QListView
 {
 public:
     using QListView::QListView;
+
+    [[nodiscard]] QRect sample_rect(QModelIndex const &index) const
+    {
+        return part_rect(index, QStyle::SE_ItemViewItemDecoration);
+    }
+
+    /// Gets what a double click on a sample is about.
+    std::function<void(QModelIndex const &)> on_sample_double_click;
 
 protected:
     void keyPressEvent(QKeyEvent *event) override
@@ -34,6 +44,9 @@ protected:
         QModelIndex const index = indexAt(event->pos());
         if (index.isValid() && check_box_rect(index).contains(event->pos()))
             QListView::mousePressEvent(event);
+        else if (index.isValid() && event->button() == Qt::LeftButton &&
+                 sample_rect(index).contains(event->pos()))
+            on_sample_double_click(index);
         else
             QListView::mouseDoubleClickEvent(event);
     }
@@ -52,11 +65,16 @@ protected:
 private:
     [[nodiscard]] QRect check_box_rect(QModelIndex const &index) const
     {
+        return part_rect(index, QStyle::SE_ItemViewItemCheckIndicator);
+    }
+
+    [[nodiscard]] QRect part_rect(QModelIndex const &index, QStyle::SubElement part) const
+    {
         QStyleOptionViewItem option;
         initViewItemOption(&option);
         option.rect = visualRect(index);
         option.features |= QStyleOptionViewItem::HasCheckIndicator | QStyleOptionViewItem::HasDecoration;
-        return style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, this);
+        return style()->subElementRect(part, &option, this);
     }
 };
 
@@ -70,7 +88,7 @@ Tvx_layer_panel::Tvx_layer_panel(Tvx_layer_list &layers, QWidget *parent)
     f_view->setDragDropMode(QAbstractItemView::InternalMove);
     f_view->setDefaultDropAction(Qt::MoveAction);
     f_view->setDropIndicatorShown(true);
-    f_view->setIconSize({24, 16});
+    f_view->setIconSize({32, 20});
     f_view->setSpacing(1);
     f_view->setTextElideMode(Qt::ElideMiddle);
     f_view->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -91,6 +109,9 @@ Tvx_layer_panel::Tvx_layer_panel(Tvx_layer_list &layers, QWidget *parent)
             [this] { emit selection_changed(selected_id()); });
     connect(f_view, &QListView::doubleClicked, this,
             [this](QModelIndex const &index) { emit activated(f_layers.id_at(index.row())); });
+    f_view->on_sample_double_click = [this](QModelIndex const &index) {
+        emit sample_activated(f_layers.id_at(index.row()));
+    };
 }
 
 void Tvx_layer_panel::set_commands(QList<QAction *> const &menu, QList<QAction *> const &buttons)
@@ -127,6 +148,12 @@ int Tvx_layer_panel::selected_id() const
 void Tvx_layer_panel::select_id(int id)
 {
     f_view->setCurrentIndex(f_layers.index(f_layers.row_of(id)));
+}
+
+QPoint Tvx_layer_panel::sample_corner(int id) const
+{
+    QRect const sample = f_view->sample_rect(f_layers.index(f_layers.row_of(id)));
+    return f_view->viewport()->mapToGlobal(QPoint(sample.left(), sample.bottom() + 1));
 }
 
 QListView *Tvx_layer_panel::view() const

@@ -24,6 +24,8 @@ public:
     [[nodiscard]] int selected_row() const;
     [[nodiscard]] int selected_id() const;
     void select_id(int id);
+    /// Lower left corner of the layer's sample on the screen.
+    [[nodiscard]] QPoint sample_corner(int id) const;
     /// The view itself, for the focus and for who drives it in the user's place.
     [[nodiscard]] class QListView *view() const;
 
@@ -32,6 +34,8 @@ signals:
     void selection_changed(int id);
     /// Double click or Enter.
     void activated(int id);
+    /// Double click on the sample.
+    void sample_activated(int id);
 
 private:
     Tvx_layer_list &f_layers;

@@ -1,10 +1,14 @@
 #include "host/layer_style.h"
 
+#include "exports/vxk_style_dialog_api.h"
+#include "styles/preview/style_example.h"
+
 #include "platform/layers/vx_shp_lr2d.h"
 #include "platform/styles/vx_base_style.h"
 #include "platform/styles/vx_stl_mngr.h"
 #include "platform/styles/vx_stl_prm.h"
 #include "platform/styles/vx_style.h"
+#include "platform/winapi/library.h"
 
 #include <iterator>
 
@@ -34,6 +38,7 @@ constexpr Tvx_color c_points[] = {
     vx_clr_init_rgb(0x00, 0x72, 0xb2), vx_clr_init_rgb(0xb0, 0x7d, 0x00), vx_clr_init_rgb(0x6b, 0x4c, 0x9a),
 };
 constexpr Tvx_color c_clear{};
+constexpr wchar_t const *c_style_module = L"vxk_scene2d_editor_bdl.dll";
 constexpr double c_outline_mm = 0.15;
 constexpr double c_line_mm = 0.4;
 constexpr double c_point_mm = 1.8;
@@ -86,6 +91,38 @@ Tvx_layer_colors vx_layer_get_colors(Ivx_layer *layer)
 bool vx_layer_is_drawn_simple(Ivx_layer *layer)
 {
     return vx_stl_mngr_get_mode(vx_shp_lr2d_get_stl_mngr_ptr(layer)) == c_stl_mngr_mode_simple;
+}
+
+bool vx_layer_draw_sample(Ivx_layer *layer, TBitmap *bitmap)
+{
+    if (!vx_lr2d_is_shp(layer) || !vx_layer_is_drawn_simple(layer))
+        return false;
+    if (void *style = point_style(layer))
+        vx_pnt_style_example_bmp(style, bitmap);
+    else if (void *style = line_style(layer))
+        vx_pln_style_example_bmp(style, bitmap);
+    else if (void *style = area_style(layer))
+        vx_pgn_style_example_bmp(style, bitmap);
+    else
+        return false;
+    return true;
+}
+
+bool vx_layer_has_style_dialog(Ivx_layer *layer)
+{
+    return vx_lr2d_is_shp(layer) && vx_layer_is_drawn_simple(layer) &&
+           (point_style(layer) || line_style(layer) || area_style(layer)) && GetModuleHandleW(c_style_module);
+}
+
+bool vx_layer_style_dialog(Ivx_layer *layer, int x, int y)
+{
+    if (!vx_layer_has_style_dialog(layer))
+        return false;
+    if (void *style = point_style(layer))
+        return vx_pnt_style_dialog(x, y, style);
+    if (void *style = line_style(layer))
+        return vx_pln_style_dialog(x, y, style);
+    return vx_pgn_style_dialog(x, y, area_style(layer));
 }
 
 void vx_layer_set_default_style(Ivx_layer *layer)

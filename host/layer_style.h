@@ -2,6 +2,7 @@
 
 #include "platform/base/color.h"
 
+class TBitmap;
 struct Ivx_layer;
 
 /// The colours of a vector layer's simple style; alpha 0 for what the style does not draw.
@@ -15,6 +16,14 @@ struct Tvx_layer_colors
 [[nodiscard]] Tvx_layer_colors vx_layer_get_colors(Ivx_layer *layer);
 /// True when the layer's manager draws all objects alike.
 [[nodiscard]] bool vx_layer_is_drawn_simple(Ivx_layer *layer);
+
+/// Draws the sample of the simple style of a layer that is drawn so; false for others, and the bitmap is left
+/// alone.
+[[nodiscard]] bool vx_layer_draw_sample(Ivx_layer *layer, TBitmap *bitmap);
+/// Whether the style dialog can be had for the layer.
+[[nodiscard]] bool vx_layer_has_style_dialog(Ivx_layer *layer);
+/// Lets the user edit that simple style at a point of the screen; true when it has changed.
+[[nodiscard]] bool vx_layer_style_dialog(Ivx_layer *layer, int x, int y);
 
 /// Gives a newly opened vector layer a simple style of its own: quiet fills with a darker outline, strong
 /// lines and points, the next of a set of colours that are told apart easily, also without full colour

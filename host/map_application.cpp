@@ -4,6 +4,7 @@
 #include "host/offscreen.h"
 #include "host/tour.h"
 
+#include "platform/basic/vx_bundle.h"
 #include "platform/basic/vx_options.h"
 
 #include <QApplication>
@@ -88,5 +89,7 @@ int vx_map_application_run(int argc, char **argv, Tvx_command_line const &line)
     QApplication::setApplicationName(QStringLiteral("vx_map"));
     if (!line.language.empty())
         vx_options_set_language(line.language.c_str());
+    // The style dialogs come from one of the bundles, which nothing else asks for.
+    vx_bundles_load();
     return line.shot_directory.empty() ? run_window(line) : run_tour(line);
 }

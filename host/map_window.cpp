@@ -6,6 +6,7 @@
 #include "host/layer_files.h"
 #include "host/layer_info.h"
 #include "host/layer_panel.h"
+#include "host/layer_style.h"
 #include "host/map_canvas.h"
 #include "host/map_text.h"
 
@@ -156,6 +157,8 @@ void Tvx_map_window::create_commands()
     on(add_command("properties", c_cap_properties, c_cap_hint_properties, "properties",
                    {Qt::ALT | Qt::Key_Return, Qt::ALT | Qt::Key_Enter}),
        [this] { on_properties(); });
+    on(add_command("style", c_cap_style, c_cap_hint_style, nullptr, {Qt::CTRL | Qt::Key_T}),
+       [this] { on_style(); });
     QAction *visible = add_command("visible", c_cap_layer_visible, 0, nullptr, {Qt::CTRL | Qt::Key_H});
     visible->setCheckable(true);
     on(visible, [this](bool checked) { f_layers.set_layer_visible(f_panel->selected_row(), checked); });
@@ -203,8 +206,8 @@ void Tvx_map_window::create_menus()
     layers->setText(vx_host_caption(c_cap_show_layers));
     view->addAction(layers);
     menu(c_cap_menu_layer,
-         {"properties", "zoom_to_layer", nullptr, "visible", "show_all", "hide_all", nullptr, "move_up",
-          "move_down", "move_to_top", "move_to_bottom", nullptr, "remove"});
+         {"properties", "style", "zoom_to_layer", nullptr, "visible", "show_all", "hide_all", nullptr,
+          "move_up", "move_down", "move_to_top", "move_to_bottom", nullptr, "remove"});
     menu(c_cap_menu_help, {"shortcuts", nullptr, "about"});
 }
 
@@ -235,14 +238,15 @@ void Tvx_map_window::create_layer_dock()
     dock->setWidget(f_panel);
     addDockWidget(Qt::LeftDockWidgetArea, dock);
     resizeDocks({dock}, {260}, Qt::Horizontal);
-    f_panel->set_commands({command("properties"), command("zoom_to_layer"), nullptr, command("visible"),
-                           command("show_all"), command("hide_all"), nullptr, command("move_up"),
-                           command("move_down"), command("move_to_top"), command("move_to_bottom"), nullptr,
-                           command("remove")},
+    f_panel->set_commands({command("properties"), command("style"), command("zoom_to_layer"), nullptr,
+                           command("visible"), command("show_all"), command("hide_all"), nullptr,
+                           command("move_up"), command("move_down"), command("move_to_top"),
+                           command("move_to_bottom"), nullptr, command("remove")},
                           {command("properties"), command("zoom_to_layer"), command("move_up"),
                            command("move_down"), command("remove")});
     connect(f_panel, &Tvx_layer_panel::selection_changed, this, &Tvx_map_window::on_selection_changed);
     connect(f_panel, &Tvx_layer_panel::activated, this, &Tvx_map_window::on_properties);
+    connect(f_panel, &Tvx_layer_panel::sample_activated, this, &Tvx_map_window::on_sample_activated);
     connect(&f_layers, &Tvx_layer_list::picture_changed, this, [this] {
         update_commands();
         update_scale();
@@ -463,6 +467,27 @@ void Tvx_map_window::on_properties()
     f_editor->open(f_panel->selected_id(), frameGeometry().topRight() + QPoint(c_editor_gap, 0));
 }
 
+void Tvx_map_window::on_style()
+{
+    int const id = f_panel->selected_id();
+    Tvx_layer_list::layer_ptr copy(vx_lr2d_clone(f_layers.layer_at(f_panel->selected_row())));
+    QPoint const at = f_panel->sample_corner(id);
+    if (!vx_layer_style_dialog(copy.get(), at.x(), at.y()) || !f_layers.replace(id, std::move(copy)))
+        return;
+    f_editor->refresh(id);
+    show_message(vx_host_caption(c_cap_status_applied).arg(f_layers.name_at(f_layers.row_of(id))));
+}
+
+void Tvx_map_window::on_sample_activated(int id)
+{
+    f_panel->select_id(id);
+    // A layer without one style for all its objects has its styles in the properties.
+    if (vx_layer_has_style_dialog(f_layers.layer_at(f_layers.row_of(id))))
+        on_style();
+    else
+        on_properties();
+}
+
 void Tvx_map_window::on_move(int by)
 {
     int const row = f_panel->selected_row();
@@ -513,6 +538,7 @@ void Tvx_map_window::update_commands()
     };
     enable(count > 0, {"save_picture", "zoom_in", "zoom_out", "full_extent", "show_all", "hide_all"});
     enable(row >= 0, {"properties", "visible", "remove"});
+    enable(vx_layer_has_style_dialog(f_layers.layer_at(row)), {"style"});
     enable(!f_layers.extent_at(row).is_empty(), {"zoom_to_layer"});
     enable(row > 0, {"move_up", "move_to_top"});
     enable(row >= 0 && row + 1 < count, {"move_down", "move_to_bottom"});

@@ -60,6 +60,8 @@ private:
     void on_open();
     void on_save_picture();
     void on_properties();
+    void on_style();
+    void on_sample_activated(int id);
     void on_move(int by);
     void on_selection_changed(int id);
     void on_pointer_moved(double x, double y);

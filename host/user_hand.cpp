@@ -126,14 +126,28 @@ void type(QWidget *widget, QString const &text)
                  c == '\n' ? QStringLiteral("\r") : QString(c));
 }
 
-QPoint check_box_of(QAbstractItemView *view, int row)
+namespace {
+QPoint part_of(QAbstractItemView *view, int row, QStyle::SubElement part)
 {
     QModelIndex const index = view->model()->index(row, 0);
     QStyleOptionViewItem option;
     option.initFrom(view);
     option.rect = view->visualRect(index);
-    option.features |= QStyleOptionViewItem::HasCheckIndicator;
-    return view->style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, view).center();
+    option.features |= QStyleOptionViewItem::HasCheckIndicator | QStyleOptionViewItem::HasDecoration;
+    option.decorationSize = view->iconSize();
+    option.decorationPosition = QStyleOptionViewItem::Left;
+    return view->style()->subElementRect(part, &option, view).center();
+}
+} // namespace
+
+QPoint check_box_of(QAbstractItemView *view, int row)
+{
+    return part_of(view, row, QStyle::SE_ItemViewItemCheckIndicator);
+}
+
+QPoint picture_of(QAbstractItemView *view, int row)
+{
+    return part_of(view, row, QStyle::SE_ItemViewItemDecoration);
 }
 
 QPoint text_of(QAbstractItemView *view, int row)

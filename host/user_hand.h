@@ -27,6 +27,8 @@ void type(QWidget *widget, QString const &text);
 /// The check box and the text of a line of a list.
 [[nodiscard]] QPoint check_box_of(QAbstractItemView *view, int row);
 [[nodiscard]] QPoint text_of(QAbstractItemView *view, int row);
+/// The picture between the two.
+[[nodiscard]] QPoint picture_of(QAbstractItemView *view, int row);
 
 /// Works off events until `done(object)` or the time is over; the last answer.
 bool wait_until(bool (*done)(void *object), void *object, int milliseconds = 10000);
