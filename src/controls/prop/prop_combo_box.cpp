@@ -50,11 +50,7 @@ void Tvx_prop_combo_box::update_controls()
         at_exit const close([this] { on_data_close(this); });
         read_rows(captions);
     }
-    GetItems()->BeginUpdate();
-    for (UnicodeString const &caption : captions)
-        GetItems()->Add(caption);
-    GetItems()->EndUpdate();
-
+    SetItemTexts(captions);
     int row = find_row(f_active_name);
     if (row < 0 && f_forbid_empty && !f_names.empty()) {
         row = 0;

@@ -26,7 +26,16 @@ class TCustomComboBox::box final : public QComboBox
 {
 public:
     TCustomComboBox *owner = nullptr;
+    bool opening = false;
 
+    /// The list opens below the box, as long as `DropDownCount` says. A style that would rather lay it over
+    /// the box measures every text for that, which takes long for thousands of them.
+    void initStyleOption(QStyleOptionComboBox *option) const override
+    {
+        QComboBox::initStyleOption(option);
+        if (opening)
+            option->editable = true;
+    }
     void showPopup() override
     {
         vx_event_scope const scope;
@@ -34,7 +43,9 @@ public:
             owner->f_dropped = true;
             owner->DropDown();
         }
+        opening = true;
         QComboBox::showPopup();
+        opening = false;
     }
     void hidePopup() override
     {
@@ -265,8 +276,30 @@ void TCustomComboBox::Change()
 void TCustomComboBox::DropDown()
 {
     OnDropDown(this);
-    QWidget *list = native()->view();
-    list->setMinimumWidth(std::max(f_drop_down_width, 0));
+    native()->view()->setMinimumWidth(f_drop_down_width > 0 ? f_drop_down_width : text_width());
+}
+
+/// Room for the text of the most characters: that is the longest one, or nearly so, and the only one to
+/// measure.
+int TCustomComboBox::text_width() const
+{
+    QAbstractItemModel const *const model = native()->model();
+    int const column = native()->modelColumn();
+    qsizetype most = 0;
+    QModelIndex longest;
+    for (int row = 0; row < native()->count(); ++row) {
+        QModelIndex const index = model->index(row, column);
+        qsizetype const length = index.data().toString().size();
+        if (length > most) {
+            most = length;
+            longest = index;
+        }
+    }
+    if (!longest.isValid())
+        return 0;
+    int const room = native()->view()->sizeHintForIndex(longest).width() +
+                     native()->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, native());
+    return std::min(room, native()->screen()->availableGeometry().width() / 2);
 }
 
 void TCustomComboBox::CloseUp()
@@ -277,6 +310,22 @@ void TCustomComboBox::CloseUp()
 void TCustomComboBox::SetItems(TStrings const *items)
 {
     f_items->Assign(items);
+}
+
+void TCustomComboBox::SetItemTexts(std::span<UnicodeString const> texts)
+{
+    QStringList list;
+    list.reserve(static_cast<qsizetype>(texts.size()));
+    for (UnicodeString const &text : texts)
+        list.append(vx_qt_string(text));
+    box *const widget = native();
+    QString const typed = widget->currentText();
+    widget->clear();
+    widget->addItems(list);
+    widget->setCurrentIndex(-1);
+    if (has_edit())
+        widget->setEditText(typed);
+    remember();
 }
 
 void TCustomComboBox::AddItem(UnicodeString const &text, TObject *object)
@@ -336,6 +385,7 @@ void TCustomComboBox::SetStyle(TComboBoxStyle style)
             vx_connect(this, widget->lineEdit(), &QLineEdit::textEdited,
                        [this](QString const &) { user_typed(); });
     }
+    static_cast<QListView *>(widget->view())->setUniformItemSizes(style != csOwnerDrawVariable);
     remember();
     Invalidate();
 }

@@ -4,6 +4,7 @@
 #include "platform/toolkit/win_control.h"
 
 #include <memory>
+#include <span>
 
 class TCanvas;
 class TStrings;
@@ -30,6 +31,9 @@ public:
 
     [[nodiscard]] TStrings *GetItems() const { return f_items.get(); }
     void SetItems(TStrings const *items);
+    /// Puts these in place of all items, at once: much faster than one by one. Nothing is chosen afterwards;
+    /// a sorted list takes them as they come.
+    void SetItemTexts(std::span<UnicodeString const> texts);
     void AddItem(UnicodeString const &text, TObject *object);
     void Clear();
     /// The chosen item from 0; -1: none, or a typed text that is no item.
@@ -97,6 +101,7 @@ private:
     void user_chose(int index);
     void user_typed();
     void remember();
+    [[nodiscard]] int text_width() const;
     [[nodiscard]] bool owner_drawn() const;
     [[nodiscard]] bool has_edit() const;
     void draw(void *painter, int index, TRect const &rect, TOwnerDrawState const &state);
