@@ -9,6 +9,7 @@
 #include <cmath>
 #include <numbers>
 #include <string_view>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -18,6 +19,7 @@ using namespace vx::styles;
 
 /// Styles of strangers may hold any number: lengths end here, far outside of every picture.
 constexpr double c_max_length_px = 1e5;
+constexpr double c_max_width_px = 4000;
 /// Patterns that are finer than this do not show; they are drawn as a full stroke, or not at all.
 constexpr double c_min_pattern_px = 1;
 constexpr double c_max_elements_per_px = 16;
@@ -35,7 +37,7 @@ double to_px(surface const &s, double mm)
 /// A line is `width` millimetres wide, and at least one pixel.
 QPen plain_pen(surface const &s, Tvx_color color, double width)
 {
-    QPen pen(qt_color(color), std::max(1.0, to_px(s, width)));
+    QPen pen(qt_color(color), std::clamp(to_px(s, width), 1.0, c_max_width_px));
     pen.setCapStyle(Qt::FlatCap);
     pen.setJoinStyle(Qt::RoundJoin);
     return pen;
@@ -206,7 +208,7 @@ struct pattern
 {
     QPen pen; ///< `width` and colour, of dashes and of points
     double mark_px;
-    double shift_px;
+    double shift_px; ///< less than a period
     pattern_elements elements;
     point_painter symbol;
 
@@ -317,8 +319,10 @@ pattern make_pattern(surface const &s, pln_tplt_lr const &l)
     double const dash = std::max(0.0, to_px(s, l.dash));
     double const gap = std::max(0.0, to_px(s, l.gap));
     cpx_style const *symbol = l.cpx_pnt.find();
-    return pattern{plain_pen(s, l.color, l.width), dash, to_px(s, l.shift),
-                   pattern_elements(l.tplt, dash, gap), point_painter(s, symbol ? *symbol : empty)};
+    pattern_elements elements(l.tplt, dash, gap);
+    double const shift = std::fmod(l.shift * s.px_per_mm(), elements.period);
+    return pattern{plain_pen(s, l.color, l.width), dash, std::isfinite(shift) ? shift : 0,
+                   std::move(elements), point_painter(s, symbol ? *symbol : empty)};
 }
 
 /// A casing is drawn first, `casing_width` wider on both sides and without dashes.
@@ -331,7 +335,7 @@ void add_cart(std::vector<stroke_item> &items, surface const &s, pln_cart_lr con
     if (l.casing_width > 0) {
         QPen casing = pen;
         casing.setColor(qt_color(l.casing_color));
-        casing.setWidthF(pen.widthF() + 2 * to_px(s, l.casing_width));
+        casing.setWidthF(pen.widthF() + 2 * std::min(to_px(s, l.casing_width), c_max_width_px));
         items.push_back({delta, stroke{casing, false}});
     }
     QList<qreal> dashes;

@@ -7,11 +7,15 @@
 #include <QtGui/QFontMetricsF>
 #include <QtGui/QPainterPath>
 
+#include <algorithm>
+
 namespace vx::render {
 namespace {
 /// Text is laid out at this size and scaled, so that sizes need not be whole pixels and hinting does not
 /// change widths.
 constexpr int c_layout_px = 128;
+/// Styles of strangers may hold any number.
+constexpr double c_max_size_px = 20000;
 
 QFont qt_font(vx_fnt_type const &font)
 {
@@ -50,7 +54,7 @@ std::vector<px_line> text_outlines(std::wstring_view text, vx_fnt_type const &fo
         if (font.strikeout)
             path.addRect(0, -metrics.strikeOutPos(), width, thick);
     }
-    double const k = size_px / c_layout_px;
+    double const k = std::min(size_px, c_max_size_px) / c_layout_px;
     for (QPolygonF const &polygon : path.toSubpathPolygons()) {
         px_line &ring = outlines.emplace_back();
         ring.reserve(static_cast<std::size_t>(polygon.size()));
@@ -65,7 +69,7 @@ text_extent measure_text(std::wstring_view text, vx_fnt_type const &font, double
     if (!(size_px > 0))
         return {};
     QFontMetricsF const metrics(qt_font(font));
-    double const k = size_px / c_layout_px;
+    double const k = std::min(size_px, c_max_size_px) / c_layout_px;
     return {metrics.horizontalAdvance(qt_text(text)) * k, metrics.ascent() * k, metrics.descent() * k};
 }
 } // namespace vx::render

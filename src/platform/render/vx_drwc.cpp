@@ -18,6 +18,7 @@ using namespace vx::render;
 namespace {
 /// Side of a check in pixels.
 constexpr int c_check_px = 4;
+constexpr double c_max_outline_px = 10000;
 
 QPainter *painter_of(void *dc)
 {
@@ -177,7 +178,7 @@ void vx_drwc_draw_txt_w(void *dc, Tvx_txt_params const &params, wchar_t const *t
     p->rotate(-params.angle);
     if (params.outline.on && params.outline.size > 0) {
         QPen pen(qt_color(params.outline.color),
-                 params.outline.size * 2); // half of it lies under the letters
+                 std::min(params.outline.size, c_max_outline_px) * 2); // half of it lies under the letters
         pen.setJoinStyle(Qt::RoundJoin);
         p->strokePath(path, pen);
     }
