@@ -46,6 +46,8 @@ public:
 
 protected:
     [[nodiscard]] Tvx_vcl_panel *get_data_panel() const { return f_data; }
+    /// A click on the caption, or its accelerator, leads to this control.
+    void set_focus_control(TWinControl *control) { f_caption->get_label()->SetFocusControl(control); }
 
 private:
     Tvx_vcl_label_panel *f_caption = nullptr;

@@ -18,6 +18,7 @@ void Tvx_vcl_int_edit_panel::create()
 {
     Tvx_vcl_caption_panel::create();
     f_edit = make_edit<Tvx_vcl_int_edit>(*get_data_panel());
+    set_focus_control(f_edit);
     f_edit->on_change = make_closure<&Tvx_vcl_int_edit_panel::on_edit_change>(this);
 }
 
@@ -36,6 +37,7 @@ void Tvx_vcl_dbl_edit_panel::create()
 {
     Tvx_vcl_caption_panel::create();
     f_edit = make_edit<Tvx_vcl_dbl_edit>(*get_data_panel());
+    set_focus_control(f_edit);
     f_edit->on_change = make_closure<&Tvx_vcl_dbl_edit_panel::on_edit_change>(this);
 }
 
@@ -54,6 +56,7 @@ void Tvx_vcl_spin_edit_panel::create()
 {
     Tvx_vcl_caption_panel::create();
     f_edit = make_edit<Tvx_vcl_spin_edit>(*get_data_panel());
+    set_focus_control(f_edit);
     f_edit->on_changed = make_closure<&Tvx_vcl_spin_edit_panel::on_edit_change>(this);
 }
 
@@ -72,6 +75,7 @@ void Tvx_vcl_text_edit_panel::create()
 {
     Tvx_vcl_caption_panel::create();
     f_edit = make_edit<Tvx_vcl_edit>(*get_data_panel());
+    set_focus_control(f_edit);
     f_edit->OnChange = make_closure<&Tvx_vcl_text_edit_panel::on_edit_change>(this);
 }
 

@@ -24,13 +24,15 @@ protected:
 TEST_F(value_panels, captioned_edits)
 {
     auto const check = [this](auto *panel, auto value, wchar_t const *typed, auto result) {
-        panel->set_caption(L"Step");
+        panel->set_caption(L"&Step");
         panel->set_on_change(recorder());
         panel->set_value(value);
         EXPECT_EQ(panel->get_value(), value);
         EXPECT_EQ(taken_events(), 0);
         EXPECT_EQ(panel->get_edit()->GetAccessibleName(), L"Step");
         EXPECT_EQ(panel->get_edit()->GetWidth(), 70);
+        EXPECT_TRUE(input::click(panel, 10, 10));
+        EXPECT_TRUE(panel->get_edit()->Focused()) << "the caption leads to the edit";
         EXPECT_TRUE(input::enter_text(panel->get_edit(), typed));
         input::press(VK_TAB);
         EXPECT_GE(taken_events(), 1);

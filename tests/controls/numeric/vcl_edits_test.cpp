@@ -51,17 +51,13 @@ TEST_F(number_edits, a_whole_number_is_taken_over_or_refused)
         wchar_t const *text;
         wchar_t const *message; ///< null: taken over
     } const cases[] = {
-        {L"5", 5, L"5", nullptr},
         {L"7", 7, L"7", nullptr}, // the same number is a change too
         {L"-10", -10, L"-10", nullptr},
         {L"100", 100, L"100", nullptr},
         {L"-11", 7, L"-10", L"Number must be greater than: -10"},
         {L"101", 7, L"100", L"Number must be less than: 100"},
         {L"1,5", 7, L"1,5", L"Wrong number: 1,5"},
-        {L"1.5", 7, L"1.5", L"Wrong number: 1.5"},
         {L"1-2", 7, L"1-2", L"Wrong number: 1-2"},
-        {L"9999999999", 7, L"9999999999", L"Wrong number: 9999999999"},
-        {L"NaN", 7, L"NaN", L"Wrong number: NaN"},
     };
     auto *edit = this->edit<Tvx_vcl_int_edit>(-10, 100);
     for (auto const &c : cases) {
@@ -108,7 +104,8 @@ TEST_F(number_edits, a_pasted_page_is_cut_in_the_message)
     input::click(&button);
     EXPECT_EQ(taken_messages(), texts{L"Wrong number: " + std::wstring(100, L'x') + L"\u2026"});
     EXPECT_TRUE(edit->Focused());
-    edit->set_value(1);
+    EXPECT_TRUE(input::close(&form)) << "a wrong number keeps no window open";
+    EXPECT_FALSE(form.GetShowing());
 }
 
 TEST_F(number_edits, two_wrong_edits_do_not_fight_for_the_focus)
@@ -127,7 +124,6 @@ TEST_F(number_edits, two_wrong_edits_do_not_fight_for_the_focus)
     expect_message();
     input::press(VK_TAB, {ssShift});
     EXPECT_TRUE(second->Focused());
-    second->set_value(6);
 }
 
 TEST_F(number_edits, a_refusal_swallows_the_click_that_left_the_edit)
@@ -213,16 +209,13 @@ TEST_F(number_edits, a_number_with_decimals_is_taken_over_or_refused)
         {L"-0.5", -0.5, nullptr},
         {L"1e2", 100, nullptr},
         {L"1e-310", 1e-310, nullptr},
-        {L" 3 ", 3, nullptr},
         {L"-0.50000001", 7.5, L"Number must be greater than: -0.5"},
         {L"100.01", 7.5, L"Number must be less than: 100"},
         {L"1e999", 7.5, L"Wrong number: 1e999"},
         {L"1,5", 7.5, L"Wrong number: 1,5"},
-        {L"1.5.2", 7.5, L"Wrong number: 1.5.2"},
         {L"1e", 7.5, L"Wrong number: 1e"},
         {L"e5", 7.5, L"Wrong number: e5"},
         {L"NaN", 7.5, L"Wrong number: NaN"},
-        {L"five", 7.5, L"Wrong number: five"},
     };
     auto *edit = this->edit<Tvx_vcl_dbl_edit>(-0.5, 100);
     for (auto const &c : cases) {
@@ -257,7 +250,6 @@ TEST_F(number_edits, a_number_with_decimals_is_taken_over_or_refused)
     expect_message();
     input::click(&button);
     EXPECT_EQ(taken_messages(), texts{L"Wrong number: "});
-    edit->set_value(1);
 }
 
 TEST_F(number_edits, an_edit_that_may_be_empty_never_complains)
