@@ -14,6 +14,7 @@
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QPointer>
 #include <QSplitter>
 #include <QStringList>
 #include <QTreeView>
@@ -192,14 +193,17 @@ bool run(HWND parent, int x, int y, Tvx_file_dialog_prm *prm, std::wstring const
     if (auto const &table = vx::dialogs::table(); table.file)
         return table.file(table.user, owner, x, y, prm);
     vx::dialogs::translate_file_dialog();
-    file_dialog dialog(vx_qt_widget(owner), *prm, ending);
+    // It goes with its owner if that ends meanwhile.
+    QPointer<file_dialog> const dialog(new file_dialog(vx_qt_widget(owner), *prm, ending));
     if (x != 0 || y != 0)
-        dialog.move(vx_qt_point(vx::dialogs::place_at({x, y}, {dialog.width(), dialog.height()})));
-    if (dialog.exec() != QDialog::Accepted || dialog.chosen().isEmpty())
-        return false;
-    prm->filter_index = dialog.filter_index();
-    prm->file_name = vx_unicode_string(dialog.chosen());
-    return true;
+        dialog->move(vx_qt_point(vx::dialogs::place_at({x, y}, {dialog->width(), dialog->height()})));
+    bool const accepted = dialog->exec() == QDialog::Accepted && dialog && !dialog->chosen().isEmpty();
+    if (accepted) {
+        prm->filter_index = dialog->filter_index();
+        prm->file_name = vx_unicode_string(dialog->chosen());
+    }
+    delete dialog;
+    return accepted;
 }
 
 /// What the names of a suffix end in.

@@ -10,6 +10,7 @@
 #include "platform/winapi/main_thread.h"
 
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 
 #include <algorithm>
@@ -47,10 +48,11 @@ QString caption(int number)
     return QString::fromWCharArray(vx_res_get_wstr(number));
 }
 
-/// Plain text: what a message quotes is not markup.
-std::unique_ptr<QMessageBox> make_box(QMessageBox::Icon icon, std::wstring const &text, HWND owner)
+/// A box that stands before its owner, and goes with it if that ends meanwhile. Plain text: what a message
+/// quotes is not markup.
+QPointer<QMessageBox> make_box(QMessageBox::Icon icon, std::wstring const &text, HWND owner)
 {
-    auto box = std::make_unique<QMessageBox>(vx_qt_widget(owner));
+    auto *box = new QMessageBox(vx_qt_widget(owner));
     box->setIcon(icon);
     box->setTextFormat(Qt::PlainText);
     box->setText(QString::fromStdWString(text));
@@ -71,6 +73,7 @@ void show_now(message const &what)
         auto const box = make_box(icon_of(what.kind), what.text, owner);
         box->addButton(caption(c_dlg_ok), QMessageBox::AcceptRole);
         box->exec();
+        delete box;
     }
     list.erase(std::find(list.begin(), list.end(), what));
 }
@@ -86,7 +89,9 @@ bool ask_now(std::wstring const &text)
     box->setDefaultButton(yes);
     box->setEscapeButton(no);
     box->exec();
-    return box->clickedButton() == yes;
+    bool const agreed = box && box->clickedButton() == yes;
+    delete box;
+    return agreed;
 }
 
 void show(Tvx_msg_kind kind, std::wstring text)
