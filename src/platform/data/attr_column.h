@@ -31,6 +31,17 @@ private:
     std::vector<bool> f_bits;
 };
 
+/// Room for one text in wide form.
+class wide_buffer
+{
+public:
+    /// Zero-terminated; valid until the next call.
+    [[nodiscard]] wchar_t const *widened(std::string_view utf8);
+
+private:
+    std::vector<wchar_t> f_room;
+};
+
 /// Texts in UTF-8, one after the other. Where they repeat, each is kept once and the records hold its number.
 class text_cells
 {
@@ -43,14 +54,25 @@ public:
     /// A text with a zero in it ends there.
     void append(std::string_view text);
     void append_none();
-    /// Frees what only appending needs.
+    /// To be called after the last text.
     void finish();
 
     [[nodiscard]] std::size_t size() const { return f_defined.size(); }
     [[nodiscard]] bool has(std::size_t record) const { return f_defined[record]; }
+    /// Number of a cell's text among the different texts of the column, from 0 in the order in which they
+    /// came; -1 where texts are not kept by number and where there is none.
+    [[nodiscard]] int number(std::size_t record) const
+    {
+        return f_is_plain || !has(record) ? -1 : static_cast<int>(f_numbers[record]);
+    }
     [[nodiscard]] std::string_view get(std::size_t record) const
     {
         return f_is_plain ? plain_text(record) : std::string_view(f_texts[f_numbers[record]]);
+    }
+    /// Of a finished column.
+    [[nodiscard]] wchar_t const *get_wide(std::size_t record, wide_buffer &buffer) const
+    {
+        return f_is_plain ? buffer.widened(plain_text(record)) : f_wide_texts[f_numbers[record]].c_str();
     }
 
 private:
@@ -76,6 +98,7 @@ private:
     std::vector<std::size_t> f_blocks;    ///< plain: where each block starts
     std::vector<char> f_bytes;            ///< plain: all texts
     std::deque<std::string> f_texts;      ///< not plain: the different texts, which never move
+    std::vector<std::wstring> f_wide_texts;
     std::unordered_map<std::string_view, std::uint32_t> f_known;
 };
 
@@ -99,10 +122,12 @@ using column = std::variant<std::monostate, text_cells, number_cells<std::int32_
 
 /// Past the end and in a column without cells there is no value.
 [[nodiscard]] bool has_value(column const &cells, std::size_t record);
-/// The cell as text, in UTF-8 or wide; numbers with "." and at most 15 digits. The text is made in `buffer`.
-/// False, and an empty text, when there is none.
+/// The cell as text in UTF-8, made in `buffer`; numbers with "." and at most 15 digits. False, and an empty
+/// text, when there is none.
 bool text_of(column const &cells, std::size_t record, std::string &buffer);
-bool text_of(column const &cells, std::size_t record, std::wstring &buffer);
+/// As `text_of`, wide. The text is valid until the buffer's next use and while the column is; never null.
+[[nodiscard]] wchar_t const *wide_text_of(column const &cells, std::size_t record, wide_buffer &buffer,
+                                          bool &has);
 /// The cell as number; false when it has none, or its text spells none.
 [[nodiscard]] bool number_of(column const &cells, std::size_t record, double &value);
 /// As `number_of`, cut to whole numbers of the type without a detour through `double`.

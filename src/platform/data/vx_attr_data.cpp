@@ -18,8 +18,8 @@ struct open_table
     Ivx_attr_data *data;
     std::shared_ptr<vx::attr::attr_set> set;
     std::vector<std::string> names;
-    std::string text;  ///< behind `vx_attr_files_get_str`
-    std::wstring wide; ///< behind `vx_attr_files_get_wstr`
+    std::string text;           ///< behind `vx_attr_files_get_str`
+    vx::attr::wide_buffer wide; ///< behind `vx_attr_files_get_wstr`
 };
 
 void tell(bool *ok, bool value)
@@ -218,8 +218,10 @@ wchar_t const *vx_attr_files_get_wstr(Ivx_attr_files *files, unsigned field, uns
     tell(ok, false);
     if (field >= vx_attr_files_get_np(files))
         return L"";
-    tell(ok, vx::attr::text_of(files->set->cells(field), record, files->wide));
-    return files->wide.c_str();
+    bool has = false;
+    auto const *const text = vx::attr::wide_text_of(files->set->cells(field), record, files->wide, has);
+    tell(ok, has);
+    return text;
 }
 
 char const *vx_attr_files_get_str(Ivx_attr_files *files, unsigned field, unsigned record, bool *ok)
@@ -246,6 +248,14 @@ std::string_view vx_attr_files_get_utf8(Ivx_attr_files *files, unsigned field, u
     }
     tell(ok, vx::attr::text_of(cells, record, files->text));
     return files->text;
+}
+
+int vx_attr_files_get_text_number(Ivx_attr_files *files, unsigned field, unsigned record)
+{
+    if (field >= vx_attr_files_get_np(files))
+        return -1;
+    auto const *texts = std::get_if<vx::attr::text_cells>(&files->set->cells(field));
+    return texts && record < texts->size() ? texts->number(record) : -1;
 }
 
 double vx_attr_files_get_dbl(Ivx_attr_files *files, unsigned field, unsigned record, bool *ok)

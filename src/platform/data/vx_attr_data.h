@@ -88,6 +88,10 @@ VX_API void vx_attr_files_close(Ivx_attr_files *files);
 /// The same in UTF-8, whatever the system code page; the cell of a text field is not copied.
 [[nodiscard]] VX_API std::string_view vx_attr_files_get_utf8(Ivx_attr_files *files, unsigned field,
                                                              unsigned record, bool *ok);
+/// Number of a text cell among the different texts of its field, from 0: cells of one number have one text.
+/// -1 where the cell has no value, and for all cells of a field that is not kept so.
+[[nodiscard]] VX_API int vx_attr_files_get_text_number(Ivx_attr_files *files, unsigned field,
+                                                       unsigned record);
 /// A cell as number; a text cell counts as the number that its whole text spells, with "." as decimal
 /// separator, else as no value.
 [[nodiscard]] VX_API double vx_attr_files_get_dbl(Ivx_attr_files *files, unsigned field, unsigned record,

@@ -6,6 +6,7 @@
 #include <queue>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstring>
 #include <cwctype>
@@ -250,18 +251,24 @@ void val_scale::set_text(unsigned index, std::wstring_view text)
 
 val_scale::slot &val_scale::slot_of(std::string_view text, std::uint32_t hash) const
 {
+    std::array<char, c_short> start{};
+    bool const is_short = text.size() <= c_short;
+    if (is_short)
+        std::memcpy(start.data(), text.data(), text.size());
+    auto const holds = [&](slot const &s) {
+        return s.hash == hash && s.length == text.size() &&
+               (is_short ? s.text == start : std::string_view(f_texts).substr(s.start, s.length) == text);
+    };
     std::size_t const mask = f_index.size() - 1;
-    for (std::size_t i = hash & mask;; i = (i + 1) & mask) {
-        slot &s = f_index[i];
-        if (!s.entry || (s.hash == hash && std::string_view(f_texts).substr(s.start, s.length) == text))
-            return s;
-    }
+    for (std::size_t i = hash & mask;; i = (i + 1) & mask)
+        if (!f_index[i].entry || holds(f_index[i]))
+            return f_index[i];
 }
 
 void val_scale::build_index() const
 {
     std::size_t buckets = 16;
-    while (buckets < f_entries.size() * 2)
+    while (buckets < f_entries.size() + f_entries.size() / 2)
         buckets *= 2;
     f_index.assign(buckets, {});
     f_texts.clear();
@@ -273,15 +280,29 @@ void val_scale::build_index() const
         slot &s = slot_of(text, hash);
         if (s.entry) // the first of equal texts stays
             continue;
-        s = {i + 1, hash, static_cast<std::uint32_t>(f_texts.size()),
-             static_cast<std::uint32_t>(text.size())};
-        f_texts += text;
+        s = {i + 1,
+             hash,
+             static_cast<std::uint32_t>(text.size()),
+             static_cast<std::uint32_t>(f_texts.size()),
+             {}};
+        if (text.size() <= c_short)
+            std::memcpy(s.text.data(), text.data(), text.size());
+        else
+            f_texts += text;
     }
 }
 
 int val_scale::find(std::wstring_view text) const
 {
-    return f_entries.empty() ? -1 : find(text::wide_to_utf8(text));
+    // Most values are short and ASCII, and need no text made for them.
+    std::array<char, 128> ascii;
+    text = trimmed(text);
+    if (text.size() <= ascii.size() &&
+        std::ranges::all_of(text, [](wchar_t c) { return c >= 0 && c < 0x80; })) {
+        std::ranges::transform(text, ascii.begin(), [](wchar_t c) { return static_cast<char>(c); });
+        return find(std::string_view(ascii.data(), text.size()));
+    }
+    return find(text::wide_to_utf8(text));
 }
 
 int val_scale::find(std::string_view utf8) const
@@ -291,6 +312,8 @@ int val_scale::find(std::string_view utf8) const
     if (f_index.empty())
         build_index();
     utf8 = trimmed(utf8);
+    if (utf8.empty())
+        utf8 = ""; // never a null pointer
     return static_cast<int>(slot_of(utf8, hash_of(utf8, f_seed)).entry) - 1;
 }
 
@@ -434,6 +457,7 @@ void rng_scale::build_steps() const
             f_rows.push_back(row);
         }
     }
+    build_cells();
 }
 
 unsigned rng_scale::find(double value) const
@@ -446,16 +470,34 @@ unsigned rng_scale::find(double value) const
         return size() + 1;
     if (!f_steps_valid)
         build_steps();
-    // Binary search in which nothing depends on a guess: values come in no order.
-    double const *first = f_uppers.data();
-    for (std::size_t left = f_uppers.size(); left > 0;) {
-        std::size_t const half = left / 2;
-        bool const above = first[half] < value;
-        first += above ? half + 1 : 0;
-        left = above ? left - half - 1 : half;
-    }
-    auto const step = static_cast<std::size_t>(first - f_uppers.data());
-    return step == f_uppers.size() ? other_row() : f_rows[step];
+    if (f_uppers.empty() || value > f_uppers.back())
+        return other_row();
+    std::size_t const cell = cell_of(value);
+    auto const at = [this](unsigned step) { return f_uppers.begin() + static_cast<std::ptrdiff_t>(step); };
+    auto const step = std::lower_bound(at(f_cells[cell]), at(f_cells[cell + 1]), value);
+    return f_rows[static_cast<std::size_t>(step - f_uppers.begin())];
+}
+
+void rng_scale::build_cells() const
+{
+    std::size_t const count = f_uppers.size();
+    double const width = count ? f_uppers.back() - f_uppers.front() : 0;
+    f_cells_per_unit = width > 0 && std::isfinite(width) ? static_cast<double>(count) / width : 0;
+    if (!std::isfinite(f_cells_per_unit))
+        f_cells_per_unit = 0;
+    f_cells.assign(count + 1, static_cast<unsigned>(count));
+    for (std::size_t step = count; step-- > 0;)
+        f_cells[cell_of(f_uppers[step])] = static_cast<unsigned>(step);
+    for (std::size_t cell = count; cell-- > 0;)
+        f_cells[cell] = std::min(f_cells[cell], f_cells[cell + 1]);
+}
+
+std::size_t rng_scale::cell_of(double value) const
+{
+    if (f_cells_per_unit == 0)
+        return 0;
+    double const last = static_cast<double>(f_uppers.size() - 1);
+    return static_cast<std::size_t>(std::clamp((value - f_uppers.front()) * f_cells_per_unit, 0.0, last));
 }
 
 bool operator==(rng_scale const &a, rng_scale const &b)

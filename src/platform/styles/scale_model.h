@@ -2,6 +2,7 @@
 
 #include "platform/styles/style_model.h"
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -96,14 +97,16 @@ public:
 private:
     std::vector<std::unique_ptr<val_entry>> f_entries;
     int f_active = -1;
-    /// Place of the open hash: the texts lie in a block of their own, so that a look-up touches two lines of
-    /// memory.
+    static constexpr std::size_t c_short = 16;
+    /// Place of the open hash. A look-up of a short text touches nothing else: the slot holds the text
+    /// itself.
     struct slot
     {
         std::uint32_t entry = 0; ///< index plus 1; 0 is a free slot
         std::uint32_t hash = 0;
-        std::uint32_t start = 0;
         std::uint32_t length = 0;
+        std::uint32_t start = 0;          ///< of a long text, in `f_texts`
+        std::array<char, c_short> text{}; ///< a short text, behind it zeros
     };
     /// A power of two of slots; empty while it has to be built.
     mutable std::vector<slot> f_index;
@@ -197,10 +200,17 @@ private:
     /// `f_rows[i]`.
     mutable std::vector<double> f_uppers;
     mutable std::vector<unsigned> f_rows;
+    /// The span of the steps in as many cells of equal width: the first step that ends in cell c or behind
+    /// it.
+    mutable std::vector<unsigned> f_cells;
+    mutable double f_cells_per_unit = 0;
     mutable bool f_steps_valid = false;
     style_kind f_kind;
 
     void build_steps() const;
+    void build_cells() const;
+    /// Never less for a greater value, whatever is lost in rounding: that is all the search relies on.
+    [[nodiscard]] std::size_t cell_of(double value) const;
 };
 
 template <class Row>

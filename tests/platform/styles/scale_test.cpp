@@ -103,6 +103,7 @@ TEST(val_scale, a_value_is_found_whatever_was_done_before)
     fill(s, L"abab");
     EXPECT_EQ(vx_val_scale_find_w(s, L"a"), 0);
     EXPECT_EQ(vx_val_scale_find_w(s, L" b\t"), 1);
+    EXPECT_EQ(vx_val_scale_find_w(s, L"\xA0 b\xA0\r\n"), 1);
     EXPECT_EQ(vx_val_scale_find_w(s, L"A"), -1);
     vx_val_scale_set_text_w(s, 0, L" c ");
     EXPECT_EQ(vx_val_scale_find_w(s, L"c"), 0);
@@ -111,6 +112,13 @@ TEST(val_scale, a_value_is_found_whatever_was_done_before)
     EXPECT_EQ(vx_val_scale_find_w(s, L"a"), 0);
     vx_val_scale_del(s, 0);
     EXPECT_EQ(vx_val_scale_find_w(s, L"a"), -1);
+    std::wstring const long_text(500, L'x');
+    for (std::wstring const &text :
+         {std::wstring(L"\xA0\x0416\x00F1\xA0"), long_text, long_text + L"\x00E9"}) {
+        unsigned const i = vx_val_scale_add(s) - 1;
+        vx_val_scale_set_text_w(s, i, text.c_str());
+        EXPECT_EQ(vx_val_scale_find_w(s, (L" " + text).c_str()), static_cast<int>(i));
+    }
 
     // Against a plain search, through random commands.
     std::mt19937 random(7);
@@ -227,6 +235,35 @@ TEST(rng_scale, rows_of_random_scales_agree_with_a_plain_search)
             if (v <= vx_rng_scale_get_min_value(s))
                 expected = 0;
             ASSERT_EQ(vx_rng_scale_find(s, v), expected) << round << " " << v;
+        }
+    }
+}
+
+TEST(rng_scale, uneven_and_endless_spans_are_searched_exactly)
+{
+    double const inf = std::numeric_limits<double>::infinity();
+    double const huge = std::numeric_limits<double>::max();
+    std::vector<std::vector<double>> spans = {
+        {-inf, -1, 0, 1, inf}, {-huge, 0, 1e-300, huge}, {5, std::nextafter(5, 6)}, {1e300, huge}};
+    spans.emplace_back();
+    for (int i = 0; i <= 600; ++i) // most bounds crowd at the low end
+        spans.back().push_back(std::pow(10.0, i - 300));
+    for (auto const &bounds : spans) {
+        auto const mngr = make_mngr("clr_style");
+        void *s = vx_stl_mngr_get_rng_scale_ptr(mngr.get());
+        auto const n = static_cast<unsigned>(bounds.size()) - 1;
+        vx_rng_scale_set_size(s, n);
+        vx_rng_scale_set_min_value(s, bounds.front());
+        vx_rng_scale_set_max_value(s, bounds.back());
+        for (unsigned i = 0; i < n; ++i) {
+            vx_rng_scale_set_min(s, i, bounds[i]);
+            vx_rng_scale_set_max(s, i, bounds[i + 1]);
+        }
+        for (unsigned i = 0; i <= n; ++i) {
+            EXPECT_EQ(vx_rng_scale_find(s, bounds[i]), i) << bounds[i];
+            if (bounds[i] < inf) {
+                EXPECT_EQ(vx_rng_scale_find(s, std::nextafter(bounds[i], inf)), i + 1) << bounds[i];
+            }
         }
     }
 }
