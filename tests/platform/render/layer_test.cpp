@@ -239,6 +239,40 @@ TEST(render_layer, each_manager_of_the_list_draws_in_turn)
     s.expect({c_grey, c_red, c_grey});
 }
 
+TEST(scale_rows, texts_that_repeat_and_texts_that_do_not_are_found_alike)
+{
+    for (int const different : {7, 3000}) {
+        memory_table table;
+        memory_driver driver(L"names:", table);
+        table.geom_type = 1;
+        table.fields = {{L"NAME", 1}};
+        for (int i = 0; i < 6000; ++i)
+            table.features.push_back(
+                {{cell(L"a name of more than sixteen " + std::to_wstring(i % different))}, 1, {{{0, 0}}}});
+        table.features[5000].cells = {cell()};
+        owned_layer const layer(vx_shp_lr2d_create(c_lr_key_shp_pnt, L"names:"));
+        void *mngr = vx_shp_pnt_lr2d_get_stl_mngr_ptr(layer.get());
+        void *scale = vx_stl_mngr_get_val_scale_ptr(mngr);
+        vx_stl_mngr_set_mode(mngr, c_stl_mngr_mode_value);
+        vx_stl_mngr_set_val_prop_name_w(mngr, L"NAME");
+        auto const size = static_cast<unsigned>(different) - 1; // the last text has no entry
+        vx_val_scale_set_size(scale, size);
+        for (unsigned i = 0; i < size; ++i)
+            vx_val_scale_set_text_w(scale, i, (L"a name of more than sixteen " + std::to_wstring(i)).c_str());
+        std::vector<unsigned> counts(size + 1);
+        ASSERT_TRUE(vx_scale_rows_count_objects(mngr, vx_shp_lr2d_get_attr_data_ptr(layer.get()),
+                                                counts.data(), size + 1));
+        for (unsigned i = 0; i <= size; ++i) {
+            auto expected = static_cast<unsigned>((6000 - static_cast<int>(i) + different - 1) / different);
+            if (i == 5000u % static_cast<unsigned>(different))
+                --expected;
+            if (i == size)
+                ++expected; // the record without a value
+            ASSERT_EQ(counts[i], expected) << different << " " << i;
+        }
+    }
+}
+
 struct chosen
 {
     std::set<unsigned long long> ids;
