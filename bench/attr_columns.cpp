@@ -1,105 +1,126 @@
+// The attribute table of 1,000,000 records: opening, the first cell of a field (which reads its column),
+// later cells, and the memory that a column takes, against one pass over GDAL's Arrow stream with the other
+// fields ignored and the data in it.
+
+#include "arrow_pass.h"
+
 #include "platform/base/owned.h"
 #include "platform/base/text_codec.h"
 #include "platform/data/vx_attr_data.h"
 
-#include <ogrsf_frmts.h>
-
-#include <algorithm>
-#include <chrono>
-#include <cstdio>
-#include <filesystem>
-#include <random>
+#include <malloc.h>
 #include <string>
-#include <vector>
 
-/// Reads the cells of one numeric field in random order, as an editor that draws by a scale does: through the
-/// attribute table, and through GDAL feature by feature. Prints both times and their ratio, which is to stay
-/// above 1, first read of the column included.
+using namespace vx_bench;
+
 namespace {
-constexpr int c_records = 50'000;
-constexpr int c_reads = 200'000;
-constexpr int c_text_fields = 6; ///< of each record; the plain way reads past them every time
+constexpr int c_reads = 5'000'000;
 
-std::string make_file(std::filesystem::path const &directory)
+struct column_case
 {
-    auto const file = (directory / "points.shp").string();
-    auto *const driver = GetGDALDriverManager()->GetDriverByName("ESRI Shapefile");
-    std::unique_ptr<GDALDataset> const set(driver->Create(file.c_str(), 0, 0, 0, GDT_Unknown, nullptr));
-    auto *const layer = set->CreateLayer("points", nullptr, wkbPoint);
-    for (int i = 0; i < c_text_fields; ++i) {
-        OGRFieldDefn text(("text" + std::to_string(i)).c_str(), OFTString);
-        layer->CreateField(&text);
+    char const *name;
+    int field;
+    bool is_text;
+};
+constexpr column_case c_columns[] = {
+    {"whole numbers", c_whole, false},      {"real numbers", c_number, false},
+    {"large numbers", c_big, false},        {"texts, 200 different", c_text_200, true},
+    {"texts, all different", c_name, true},
+};
+
+struct open_table
+{
+    vx::owned<Ivx_attr_data, &vx_attr_data_release> data;
+    vx::owned<Ivx_attr_files, &vx_attr_files_close> files;
+    explicit open_table(std::wstring const &source) : data(vx_attr_data_create(source.c_str()))
+    {
+        files.reset(vx_attr_files_open(data.get(), 1, 0));
+        if (!files || vx_attr_files_get_no(files.get()) != c_records)
+            std::abort();
     }
-    OGRFieldDefn value("value", OFTReal);
-    layer->CreateField(&value);
-    for (int i = 0; i < c_records; ++i) {
-        OGRFeature feature(layer->GetLayerDefn());
-        OGRPoint const point(i % 250, i / 250);
-        feature.SetGeometry(&point);
-        for (int f = 0; f < c_text_fields; ++f)
-            feature.SetField(f, "some attribute text");
-        feature.SetField(c_text_fields, i * 0.25);
-        if (layer->CreateFeature(&feature) != OGRERR_NONE)
-            return {};
-    }
-    return file;
+};
+
+void read_cell(Ivx_attr_files *files, column_case const &c, unsigned record, double &sum)
+{
+    if (c.is_text)
+        sum += vx_attr_files_get_wstr(files, static_cast<unsigned>(c.field), record, nullptr)[0];
+    else
+        sum += vx_attr_files_get_dbl(files, static_cast<unsigned>(c.field), record, nullptr);
 }
 
-template <class Work>
-double seconds(Work work)
+/// Bytes of the column's values as the stream has them: texts with their starts.
+std::size_t data_size(std::string const &file, column_case const &c)
 {
-    auto const start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    std::size_t bytes = 0;
+    arrow_pass(file, c.field, [&](ArrowArray const &column) {
+        auto const count = static_cast<std::size_t>(column.length);
+        if (c.is_text)
+            bytes += static_cast<std::size_t>(
+                         static_cast<std::int32_t const *>(column.buffers[1])[column.length]) +
+                     count * sizeof(std::int32_t);
+        else
+            bytes += count * (c.field == c_whole ? sizeof(std::int32_t) : sizeof(double));
+    });
+    return bytes;
+}
+
+std::size_t allocated()
+{
+    auto const info = mallinfo2();
+    return info.uordblks + info.hblkhd;
+}
+
+void measure_format(char const *driver, char const *file_name)
+{
+    auto const file = sample_file(driver, file_name);
+    auto const source = vx::text::utf8_to_wide(file);
+    double sum = 0;
+    two_times opening;
+    for (int i = 0; i < 5; ++i)
+        opening.wall = std::min(opening.wall, measure([&] { return open_table(source); }).wall);
+    std::printf("%s: opened in %.2f ms\n", driver, opening.wall * 1e3);
+    for (auto const &c : c_columns) {
+        auto const first = compare(
+            [&] {
+                long long cells = 0;
+                arrow_pass(file, c.field, [&](ArrowArray const &column) { cells += column.length; });
+            },
+            [&] {
+                open_table table(source);
+                read_cell(table.files.get(), c, 0, sum);
+                return table;
+            });
+        print(c.name, first, 1.5);
+
+        open_table table(source);
+        read_cell(table.files.get(), {"", c_note, true}, 0, sum); // what the format keeps for itself
+        auto const before = allocated();
+        read_cell(table.files.get(), c, 0, sum);
+        auto const taken = static_cast<double>(allocated() - before);
+        unsigned record = 1;
+        auto const cells = measure([&] {
+            for (int i = 0; i < c_reads; ++i) {
+                read_cell(table.files.get(), c, record, sum);
+                record = record + 7 < c_records ? record + 7 : 1;
+            }
+        });
+        auto const size = static_cast<double>(data_size(file, c));
+        std::printf("  %-32s a later cell %.1f ns, bound 10%s; %.1f MB, %.2f times the data, bound 1.30%s\n",
+                    "", cells.processor * 1e9 / c_reads,
+                    cells.processor * 1e9 / c_reads < 10 ? "" : " EXCEEDED", taken / 1e6, taken / size,
+                    taken / size <= 1.3 ? "" : " EXCEEDED");
+    }
+    if (!(sum == sum))
+        std::abort();
 }
 } // namespace
 
 int main()
 {
     GDALAllRegister();
-    auto const directory =
-        std::filesystem::temp_directory_path() / ("vx_bench_" + std::to_string(std::random_device()()));
-    std::filesystem::create_directory(directory);
-    auto const file = make_file(directory);
-
-    std::mt19937 random(1);
-    std::vector<unsigned> order(c_reads);
-    for (auto &record : order)
-        record = static_cast<unsigned>(random() % c_records);
-
-    double plain_sum = 0;
-    auto const plain = seconds([&] {
-        std::unique_ptr<GDALDataset> const set(GDALDataset::Open(file.c_str(), GDAL_OF_VECTOR));
-        auto *const layer = set->GetLayer(0);
-        for (auto const record : order) {
-            OGRFeatureUniquePtr const feature(layer->GetFeature(record));
-            plain_sum += feature->GetFieldAsDouble(c_text_fields);
-        }
-    });
-
-    double own_sum = 0;
-    double first = 0;
-    double rest = 0;
-    {
-        vx::owned<Ivx_attr_data, &vx_attr_data_release> const data(
-            vx_attr_data_create(vx::text::utf8_to_wide(file).c_str()));
-        vx::owned<Ivx_attr_files, &vx_attr_files_close> table;
-        first = seconds([&] {
-            table.reset(vx_attr_files_open(data.get(), 1, 0));
-            (void)vx_attr_files_get_dbl(table.get(), c_text_fields, 0, nullptr);
-        });
-        rest = seconds([&] {
-            for (auto const record : order)
-                own_sum += vx_attr_files_get_dbl(table.get(), c_text_fields, record, nullptr);
-        });
-    }
-    std::filesystem::remove_all(directory);
-    std::printf("%d random cells of %d records\n"
-                "  feature by feature      %8.1f ms\n"
-                "  open and read a column  %8.1f ms\n"
-                "  cells of the column     %8.1f ms, %.1f ns a cell\n"
-                "  ratio %.1f in all, %.0f for the cells alone\n",
-                c_reads, c_records, plain * 1e3, first * 1e3, rest * 1e3, rest * 1e9 / c_reads,
-                plain / (first + rest), plain / rest);
-    return plain_sum == own_sum ? 0 : 1;
+    vx::owned<Ivx_attr_data, &vx_attr_data_release> const none(vx_attr_data_create(L""));
+    (void)vx_attr_data_open(none.get()); // loads the bundle before the clock runs
+    measure_format("GPKG", "points.gpkg");
+    measure_format("FlatGeobuf", "points.fgb");
+    measure_format("ESRI Shapefile", "points.shp");
 }

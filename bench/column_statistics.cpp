@@ -55,28 +55,28 @@ void plain_loop(std::string const &file, int field, bool is_text)
         std::abort();
 }
 
-/// The pass with what has to be done with the values, done plainly.
-void plain_unique(std::string const &file, unique_case const &c)
+struct unique_values
 {
-    std::size_t found = 0;
-    if (c.is_text) {
-        std::set<std::wstring> values;
-        arrow_pass(file, c.field, [&](ArrowArray const &column) {
-            for_texts(column, [&](std::string_view text) { values.insert(vx::text::utf8_to_wide(text)); });
-        });
-        found = values.size();
-    } else {
-        std::set<double> values;
-        arrow_pass(file, c.field, [&](ArrowArray const &column) {
-            if (c.field == c_number_1000000)
-                for_numbers<double>(column, [&](double value) { values.insert(value); });
-            else
-                for_numbers<std::int32_t>(column, [&](std::int32_t value) { values.insert(value); });
-        });
-        found = values.size();
-    }
-    if (found != c.values)
+    std::set<std::wstring> texts;
+    std::set<double> numbers;
+};
+
+/// The pass with what has to be done with the values, done plainly.
+unique_values plain_unique(std::string const &file, unique_case const &c)
+{
+    unique_values found;
+    arrow_pass(file, c.field, [&](ArrowArray const &column) {
+        if (c.is_text)
+            for_texts(column,
+                      [&](std::string_view text) { found.texts.insert(vx::text::utf8_to_wide(text)); });
+        else if (c.field == c_number_1000000)
+            for_numbers<double>(column, [&](double value) { found.numbers.insert(value); });
+        else
+            for_numbers<std::int32_t>(column, [&](std::int32_t value) { found.numbers.insert(value); });
+    });
+    if (found.texts.size() + found.numbers.size() != c.values)
         std::abort();
+    return found;
 }
 
 void own_statistics(std::wstring const &source, int field)
@@ -91,18 +91,18 @@ void own_statistics(std::wstring const &source, int field)
         std::abort();
 }
 
-void own_unique(std::wstring const &source, unique_case const &c)
+unique_values own_unique(std::wstring const &source, unique_case const &c)
 {
+    unique_values found;
     vx::data::generic_datasource data;
     if (!data.open(source, vx::data::access_read))
         std::abort();
     auto const field = static_cast<vx::data::field_index_type>(c.field);
-    std::set<std::wstring> texts;
-    std::set<double> numbers;
-    bool const good = c.is_text ? data.field_unique_values(field, vx::data::c_no_limit, texts)
-                                : data.field_unique_values(field, vx::data::c_no_limit, numbers);
-    if (!good || texts.size() + numbers.size() != c.values)
+    bool const good = c.is_text ? data.field_unique_values(field, vx::data::c_no_limit, found.texts)
+                                : data.field_unique_values(field, vx::data::c_no_limit, found.numbers);
+    if (!good || found.texts.size() + found.numbers.size() != c.values)
         std::abort();
+    return found;
 }
 
 void compare_format(char const *driver, char const *file_name, bool has_columns)
@@ -125,12 +125,14 @@ void compare_format(char const *driver, char const *file_name, bool has_columns)
                                   : "statistics, large numbers",
               compare(plain(field, false), [&] { own_statistics(source, field); }), bound);
     for (auto const &c : c_unique)
-        print(c.name, compare(plain(c.field, c.is_text), [&] { own_unique(source, c); }), bound);
+        print(c.name, compare(plain(c.field, c.is_text), [&] { return own_unique(source, c); }), bound);
     if (!has_columns)
         return;
     std::printf("%s, against one Arrow pass that files the values in a set\n", driver);
     for (auto const &c : c_unique)
-        print(c.name, compare([&] { plain_unique(file, c); }, [&] { own_unique(source, c); }, 3), bound);
+        print(c.name,
+              compare([&] { return plain_unique(file, c); }, [&] { return own_unique(source, c); }, 3),
+              bound);
 }
 } // namespace
 

@@ -4,6 +4,7 @@
 #include <array>
 #include <bit>
 #include <functional>
+#include <iterator>
 #include <utility>
 
 namespace vx::gdal {
@@ -12,8 +13,8 @@ constexpr std::size_t c_key_bytes = 8;
 constexpr std::size_t c_byte_values = 256;
 constexpr std::uint64_t c_sign = std::uint64_t{1} << 63;
 
-/// Sorts by one byte of the key after the other, the lowest first. A byte that is the same in all keys is
-/// passed over.
+/// Sorts by one byte of the key after the other, the lowest first; in linear time. A byte that is the same in
+/// all keys is passed over.
 template <class Item, class KeyOf>
 void sort_by_bytes(std::vector<Item> &items, KeyOf key_of)
 {
@@ -34,6 +35,12 @@ void sort_by_bytes(std::vector<Item> &items, KeyOf key_of)
     }
 }
 
+struct keyed_place
+{
+    std::uint64_t key;
+    std::uint32_t place;
+};
+
 /// The next eight bytes of the text, the first one highest; a text that ends has zeros.
 std::uint64_t leading_bytes(std::string_view text)
 {
@@ -52,22 +59,57 @@ std::size_t shared_start(std::string_view a, std::string_view b)
 
 void place_table::grow()
 {
-    std::vector<entry> old(f_slots.size() * 4);
+    std::vector<entry> old(f_slots.size() * 2);
     old.swap(f_slots);
     for (entry const &e : old) {
         if (e.next_place == 0)
             continue;
-        std::size_t at = slot(e.hash);
+        std::size_t at = slot(e.mark);
         while (f_slots[at].next_place != 0)
             at = (at + 1) & (f_slots.size() - 1);
         f_slots[at] = e;
     }
 }
 
+void distinct_keys::grow()
+{
+    std::vector<std::uint64_t> old(f_slots.size() * 2, c_free);
+    old.swap(f_slots);
+    for (std::uint64_t const key : old) {
+        if (key == c_free)
+            continue;
+        std::size_t at = slot(key);
+        while (f_slots[at] != c_free)
+            at = (at + 1) & (f_slots.size() - 1);
+        f_slots[at] = key;
+    }
+}
+
+void distinct_keys::sort_unique(std::vector<std::uint64_t> &keys)
+{
+    if (!std::is_sorted(keys.begin(), keys.end()))
+        sort_by_bytes(keys, [](std::uint64_t key) { return key; });
+    keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
+}
+
+void distinct_keys::thin_out()
+{
+    sort_unique(f_collected);
+    f_next_thinning = std::max(c_thinning, f_collected.size() * 2);
+}
+
 std::vector<std::uint64_t> distinct_keys::take()
 {
-    f_near_values.insert(f_near_values.end(), f_keys.begin(), f_keys.end());
-    return std::move(f_near_values);
+    std::vector<std::uint64_t> result = std::move(f_collected);
+    result.reserve(result.size() + size());
+    std::copy_if(f_slots.begin(), f_slots.end(), std::back_inserter(result),
+                 [](std::uint64_t key) { return key != c_free; });
+    if (f_has_free)
+        result.push_back(c_free);
+    for (std::size_t word = 0; word < f_near.size(); ++word)
+        for (std::uint64_t bits = f_near[word]; bits != 0; bits &= bits - 1)
+            result.push_back(word * 64 + static_cast<unsigned>(std::countr_zero(bits)) - c_near / 2);
+    return result;
 }
 
 std::uint64_t distinct_texts::hash(std::string_view text)
@@ -77,11 +119,11 @@ std::uint64_t distinct_texts::hash(std::string_view text)
 
 bool distinct_texts::insert(std::string_view text, std::uint64_t hash)
 {
-    std::size_t const place = f_texts.size();
+    std::size_t const place = size();
     if (f_table.find_or_add(hash, place, [&](std::size_t p) { return at(p) == text; }) != place)
         return false;
-    f_texts.push_back({f_bytes.size(), text.size()});
     f_bytes.insert(f_bytes.end(), text.begin(), text.end());
+    f_starts.push_back(f_bytes.size());
     return true;
 }
 
@@ -94,7 +136,7 @@ std::vector<std::uint32_t> distinct_texts::sorted() const
     std::vector<keyed_place> items(size());
     for (std::size_t place = 0; place < size(); ++place)
         items[place] = {leading_bytes(at(place).substr(skipped)), static_cast<std::uint32_t>(place)};
-    sort_by_key(items);
+    sort_by_bytes(items, [](keyed_place const &i) { return i.key; });
     for (auto run = items.begin(); run != items.end();) {
         auto const end = std::find_if(run, items.end(), [&](auto const &i) { return i.key != run->key; });
         if (end - run > 1)
@@ -104,16 +146,6 @@ std::vector<std::uint32_t> distinct_texts::sorted() const
     std::vector<std::uint32_t> places(items.size());
     std::transform(items.begin(), items.end(), places.begin(), [](auto const &i) { return i.place; });
     return places;
-}
-
-void sort_by_key(std::vector<keyed_place> &items)
-{
-    sort_by_bytes(items, [](keyed_place const &i) { return i.key; });
-}
-
-void sort_keys(std::vector<std::uint64_t> &keys)
-{
-    sort_by_bytes(keys, [](std::uint64_t key) { return key; });
 }
 
 std::uint64_t key_of(double value)

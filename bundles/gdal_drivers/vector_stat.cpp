@@ -113,31 +113,38 @@ public:
         }
     }
     [[nodiscard]] std::size_t size() const { return f_keys.size(); }
-    /// Ascending.
-    [[nodiscard]] std::vector<double> take()
+    void collect(column_batch const &batch)
     {
-        std::vector<std::uint64_t> keys = f_keys.take();
-        if (!f_is_floating)
-            for (std::uint64_t &key : keys)
-                key = key_of(static_cast<double>(static_cast<long long>(key)));
-        sort_keys(keys);
+        f_is_floating = batch.kind == column_batch::floatings;
+        if (f_is_floating)
+            for_each_number<double>(batch, [&](double v) { return f_keys.collect(key_at(v)), true; });
+        else
+            (void)add(batch, [](auto) { return true; });
+    }
+    /// Ascending. Nothing is left behind.
+    [[nodiscard]] std::vector<double> take_sorted()
+    {
+        auto const keys = f_is_floating ? f_keys.take_sorted([](std::uint64_t key) { return key; })
+                                        : f_keys.take_sorted([](std::uint64_t key) {
+                                              return key_of(static_cast<double>(static_cast<long long>(key)));
+                                          });
         std::vector<double> numbers(keys.size());
         std::transform(keys.begin(), keys.end(), numbers.begin(), &number_of_key);
-        // Large whole numbers may fall together.
-        numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
         return numbers;
     }
 
 private:
+    /// Both zeros are one value.
+    static std::uint64_t key_at(double value) { return key_of(value == 0 ? 0.0 : value); }
+
     template <class IsNew>
     bool add_floatings(column_batch const &batch, IsNew is_new)
     {
         auto const *const values = batch.numbers<double>();
-        auto const key_at = [&](std::size_t i) { return key_of(values[i] == 0 ? 0.0 : values[i]); };
         for (std::size_t i = 0; i < batch.count; ++i) {
             if (i + c_ahead < batch.count)
-                f_keys.prefetch(key_at(i + c_ahead));
-            if (batch.is_defined(i) && !std::isnan(values[i]) && f_keys.insert(key_at(i)) &&
+                f_keys.prefetch(key_at(values[i + c_ahead]));
+            if (batch.is_defined(i) && !std::isnan(values[i]) && f_keys.insert(key_at(values[i])) &&
                 !is_new(values[i]))
                 return false;
         }
@@ -458,9 +465,12 @@ bool vector_set::with_unique_numerics(int field, int limit, vx::floatings_visito
         return false;
     number_set numbers;
     auto const is_below = [&](auto) { return static_cast<long long>(numbers.size()) != limit; };
-    if (limit != 0 && !scan(field, [&](column_batch const &batch) { return numbers.add(batch, is_below); }))
+    auto const add = [&](column_batch const &batch) {
+        return limit < 0 ? (numbers.collect(batch), true) : numbers.add(batch, is_below);
+    };
+    if (limit != 0 && !scan(field, add))
         return false;
-    std::vector<double> list = numbers.take();
+    std::vector<double> list = numbers.take_sorted();
     if (!list.empty())
         visitor.visit(list.size(), list.data());
     return true;
@@ -472,8 +482,7 @@ bool vector_set::with_unique_strings(int field, int limit, vx::string_visitor vi
     if (!collect_texts(field, limit, texts))
         return false;
     wide_text wide;
-    for (std::uint32_t const place : texts.sorted())
-        visitor.visit(wide.of(texts.at(place)));
+    texts.visit_sorted([&](std::string_view text) { visitor.visit(wide.of(text)); });
     return true;
 }
 

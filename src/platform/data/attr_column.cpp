@@ -6,6 +6,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstring>
 #include <limits>
 
 namespace vx::attr {
@@ -43,24 +44,6 @@ bool parse_number(std::string_view text, double &value)
     return code == std::errc() && stop == end && std::isfinite(value);
 }
 
-void assign(std::string &buffer, std::string_view utf8)
-{
-    buffer.assign(utf8);
-}
-
-void assign(std::wstring &buffer, std::string_view utf8)
-{
-    buffer.resize(utf8.size());
-    unsigned all_bits = 0;
-    for (std::size_t i = 0; i < utf8.size(); ++i) {
-        auto const byte = static_cast<unsigned char>(utf8[i]);
-        all_bits |= byte;
-        buffer[i] = static_cast<wchar_t>(byte);
-    }
-    if (all_bits & 0x80)
-        buffer = vx::text::utf8_to_wide(utf8);
-}
-
 int cut_to_int(double value)
 {
     if (value <= std::numeric_limits<int>::min())
@@ -84,6 +67,39 @@ struct overloaded : F...
 template <class... F>
 overloaded(F...) -> overloaded<F...>;
 } // namespace
+
+wchar_t const *wide_buffer::widened(std::string_view utf8)
+{
+    constexpr std::size_t c_step = 8;
+    constexpr std::uint64_t c_high_bits = 0x8080808080808080u;
+    std::size_t const size = utf8.size();
+    if (f_room.size() <= size)
+        f_room.resize(2 * size + c_step);
+    wchar_t *const room = f_room.data();
+    std::uint64_t all_bits = 0;
+    auto const take_step = [&](std::size_t at) {
+        std::uint64_t bytes = 0;
+        std::memcpy(&bytes, utf8.data() + at, c_step);
+        all_bits |= bytes;
+        for (std::size_t i = 0; i < c_step; ++i)
+            room[at + i] = static_cast<unsigned char>(utf8[at + i]);
+    };
+    if (size >= c_step) {
+        for (std::size_t at = 0; at + c_step < size; at += c_step)
+            take_step(at);
+        take_step(size - c_step); // the rest, and some of what is done already
+    } else
+        for (std::size_t at = 0; at < size; ++at) {
+            room[at] = static_cast<unsigned char>(utf8[at]);
+            all_bits |= static_cast<std::uint64_t>(room[at]);
+        }
+    room[size] = L'\0';
+    if (all_bits & c_high_bits) {
+        auto const whole = vx::text::utf8_to_wide(utf8);
+        std::copy_n(whole.c_str(), whole.size() + 1, room); // never longer than its bytes
+    }
+    return room;
+}
 
 void defined_bits::append_bit(bool is_defined)
 {
@@ -153,6 +169,8 @@ void text_cells::make_plain()
 void text_cells::finish()
 {
     f_known = {};
+    for (auto const &text : f_texts)
+        f_wide_texts.push_back(vx::text::utf8_to_wide(text));
     if (f_bytes.capacity() > f_bytes.size() + f_bytes.size() / 8)
         f_bytes.shrink_to_fit();
     f_numbers.shrink_to_fit();
@@ -167,32 +185,28 @@ bool has_value(column const &cells, std::size_t record)
         cells);
 }
 
-namespace {
-template <class Buffer>
-bool make_text(column const &cells, std::size_t record, Buffer &buffer)
-{
-    if (!has_value(cells, record)) {
-        buffer.clear();
-        return false;
-    }
-    std::array<char, 40> digits;
-    assign(buffer,
-           std::visit(overloaded{[](std::monostate) { return std::string_view(); },
-                                 [&](text_cells const &c) { return c.get(record); },
-                                 [&](auto const &c) { return number_text(c.values[record], digits); }},
-                      cells));
-    return true;
-}
-} // namespace
-
 bool text_of(column const &cells, std::size_t record, std::string &buffer)
 {
-    return make_text(cells, record, buffer);
+    buffer.clear();
+    if (!has_value(cells, record))
+        return false;
+    std::array<char, 40> digits;
+    buffer = std::visit(overloaded{[](std::monostate) { return std::string_view(); },
+                                   [&](text_cells const &c) { return c.get(record); },
+                                   [&](auto const &c) { return number_text(c.values[record], digits); }},
+                        cells);
+    return true;
 }
 
-bool text_of(column const &cells, std::size_t record, std::wstring &buffer)
+wchar_t const *wide_text_of(column const &cells, std::size_t record, wide_buffer &buffer, bool &has)
 {
-    return make_text(cells, record, buffer);
+    if (auto const *const texts = std::get_if<text_cells>(&cells)) {
+        has = record < texts->size() && texts->has(record);
+        return has ? texts->get_wide(record, buffer) : L"";
+    }
+    std::string digits;
+    has = text_of(cells, record, digits);
+    return buffer.widened(digits);
 }
 
 bool number_of(column const &cells, std::size_t record, double &value)
