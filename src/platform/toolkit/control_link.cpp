@@ -143,10 +143,11 @@ vx_control_link::~vx_control_link()
 
 void vx_control_link::watch(QObject *object)
 {
-    object->installEventFilter(this);
-    // Controls hear of the mouse while no button is down too.
+    // Controls hear of the mouse while no button is down too. Before the filter is there: the widget tells of
+    // the change at once, and the control may be half made.
     if (object->isWidgetType())
         static_cast<QWidget *>(object)->setMouseTracking(true);
+    object->installEventFilter(this);
     for (QObject *const child : object->children())
         if (child->isWidgetType() && !owners().contains(child))
             watch(child);
