@@ -2,6 +2,8 @@
 
 #include "platform/storage/style_xml.h"
 
+#include <utility>
+
 namespace vx::storage {
 namespace {
 using namespace vx::styles;
@@ -89,10 +91,10 @@ xml_out begin_scale(xml_file &file, char const *scale_kind, style_kind style)
 }
 
 /// The root of a file that holds this kind of scale of these styles.
-xml_fault open_scale(xml_file &file, std::string_view bytes, char const *scale_kind, style_kind style,
+xml_fault open_scale(xml_file &file, std::string bytes, char const *scale_kind, style_kind style,
                      reading &state, std::optional<xml_in> &root)
 {
-    if (auto const fault = file.parse(bytes, c_scale_root); fault != xml_fault::none)
+    if (auto const fault = file.parse(std::move(bytes), c_scale_root); fault != xml_fault::none)
         return fault;
     root.emplace(file.root(state));
     std::string kind;
@@ -121,27 +123,26 @@ std::string scale_bytes(val_scale const &scale, char const *kind)
     return file.bytes();
 }
 
-xml_fault read_scale(std::string_view bytes, val_scale &scale, char const *kind)
+xml_fault read_scale(std::string bytes, val_scale &scale, char const *kind)
 {
     xml_file file;
     reading state;
     std::optional<xml_in> root;
-    if (auto const fault = open_scale(file, bytes, kind, scale.kind(), state, root); fault != xml_fault::none)
+    if (auto const fault = open_scale(file, std::move(bytes), kind, scale.kind(), state, root);
+        fault != xml_fault::none)
         return fault;
     val_scale fresh(scale.kind());
     style_table_in const table(root->child("styles"), scale.kind());
     fresh.opacity = read_opacity(*root);
     auto entries = root->child("entries");
-    std::wstring text;
     unsigned count = 0;
     for (; state.good && entries.at("entry"); ++count) {
         fresh.resize(count + 1);
         auto row = entries.child("entry");
-        text.clear();
-        row.field("text", text);
-        fresh.set_text(count, text);
-        row.field("caption", fresh.at(count)->caption);
-        read_row(row, table, fresh.at(count)->prm);
+        val_entry &entry = *fresh.at(count);
+        row.field("text", entry.text);
+        row.field("caption", entry.caption);
+        read_row(row, table, entry.prm);
     }
     entries.finish();
     read_other(*root, table, fresh.other);
@@ -176,12 +177,12 @@ std::string scale_bytes(rng_scale const &scale)
     return file.bytes();
 }
 
-xml_fault read_scale(std::string_view bytes, rng_scale &scale)
+xml_fault read_scale(std::string bytes, rng_scale &scale)
 {
     xml_file file;
     reading state;
     std::optional<xml_in> root;
-    auto const fault = open_scale(file, bytes, c_range_scale, scale.kind(), state, root);
+    auto const fault = open_scale(file, std::move(bytes), c_range_scale, scale.kind(), state, root);
     if (fault != xml_fault::none)
         return fault;
     rng_scale fresh(scale.kind());
@@ -222,10 +223,10 @@ std::string style_bytes(style_kind kind, void const *object)
     return file.bytes();
 }
 
-xml_fault read_style_file(std::string_view bytes, style_kind kind, void *object)
+xml_fault read_style_file(std::string bytes, style_kind kind, void *object)
 {
     xml_file file;
-    if (auto const fault = file.parse(bytes, c_style_root); fault != xml_fault::none)
+    if (auto const fault = file.parse(std::move(bytes), c_style_root); fault != xml_fault::none)
         return fault;
     reading state;
     auto root = file.root(state);

@@ -17,10 +17,10 @@ inline constexpr char const *c_rule_scale = "rule";
 [[nodiscard]] std::string scale_bytes(styles::val_scale const &scale, char const *kind);
 [[nodiscard]] std::string scale_bytes(styles::rng_scale const &scale);
 /// Replace the scale when all of the file is right; it says of which kind of scale it is.
-[[nodiscard]] xml_fault read_scale(std::string_view bytes, styles::val_scale &scale, char const *kind);
-[[nodiscard]] xml_fault read_scale(std::string_view bytes, styles::rng_scale &scale);
+[[nodiscard]] xml_fault read_scale(std::string bytes, styles::val_scale &scale, char const *kind);
+[[nodiscard]] xml_fault read_scale(std::string bytes, styles::rng_scale &scale);
 
 /// A composed style by itself, as its plain object.
 [[nodiscard]] std::string style_bytes(styles::style_kind kind, void const *object);
-[[nodiscard]] xml_fault read_style_file(std::string_view bytes, styles::style_kind kind, void *object);
+[[nodiscard]] xml_fault read_style_file(std::string bytes, styles::style_kind kind, void *object);
 } // namespace vx::storage

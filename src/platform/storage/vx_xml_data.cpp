@@ -8,6 +8,8 @@
 #include "platform/storage/vx_xml_save_2d.h"
 #include "platform/styles/mngr_model.h"
 
+#include <utility>
+
 using namespace vx::storage;
 using namespace vx::styles;
 
@@ -32,8 +34,8 @@ bool load(Ivx_xml_data *xml, wchar_t const *file, void *mngr, char const *type, 
     if (!is_type_of(mngr_of(mngr), type))
         return done(xml, fault_text(xml_fault::other, file ? file : L""));
     std::wstring error;
-    auto const bytes = file_bytes(file, error);
-    return done(xml, bytes ? fault_text(read(*bytes, *mngr_of(mngr)), file) : error);
+    auto bytes = file_bytes(file, error);
+    return done(xml, bytes ? fault_text(read(std::move(*bytes), *mngr_of(mngr)), file) : error);
 }
 
 /// Whether the file was named from a property whose name leads out of the layer's folder.
@@ -63,21 +65,21 @@ std::wstring val_property(void const *mngr)
 
 bool load_val(Ivx_xml_data *xml, wchar_t const *file, void *mngr, char const *type)
 {
-    return load(xml, file, mngr, type, [](std::string const &bytes, stl_mngr &m) {
-        return read_scale(bytes, m.values, c_value_scale);
+    return load(xml, file, mngr, type, [](std::string &&bytes, stl_mngr &m) {
+        return read_scale(std::move(bytes), m.values, c_value_scale);
     });
 }
 
 bool load_rng(Ivx_xml_data *xml, wchar_t const *file, void *mngr, char const *type)
 {
     return load(xml, file, mngr, type,
-                [](std::string const &bytes, stl_mngr &m) { return read_scale(bytes, m.ranges); });
+                [](std::string &&bytes, stl_mngr &m) { return read_scale(std::move(bytes), m.ranges); });
 }
 
 bool load_rule(Ivx_xml_data *xml, wchar_t const *file, void *mngr, char const *type)
 {
-    return load(xml, file, mngr, type, [](std::string const &bytes, stl_mngr &m) {
-        return read_scale(bytes, m.rules, c_rule_scale);
+    return load(xml, file, mngr, type, [](std::string &&bytes, stl_mngr &m) {
+        return read_scale(std::move(bytes), m.rules, c_rule_scale);
     });
 }
 

@@ -348,6 +348,7 @@ void hash_out::field(char const *, vx_fnt_type const &font)
 // ---- files
 struct xml_file::content
 {
+    std::string bytes; ///< what was parsed: the document's texts lie in it
     pugi::xml_document doc;
 };
 
@@ -356,14 +357,19 @@ xml_file::xml_file() : f_content(std::make_unique<content>())
 }
 xml_file::~xml_file() = default;
 
-xml_fault xml_file::parse(std::string_view bytes, char const *root_name)
+xml_fault xml_file::parse(std::string bytes, char const *root_name)
 {
     // The parser keeps tens of bytes for each element and attribute, however short they are.
     if (bytes.size() > c_xml_size_limit || item_count(bytes) > c_xml_item_limit)
         return xml_fault::damaged;
+    f_content->bytes = std::move(bytes);
+    std::string &text = f_content->bytes;
+    // Parsing changes the bytes, so the checksum comes first.
+    auto const digits = crc_place(text);
+    auto const sum = digits == text.npos ? std::array<char, 9>{} : crc_text(text, digits);
     pugi::xml_document &doc = f_content->doc;
     unsigned const flags = pugi::parse_default | pugi::parse_doctype;
-    if (!doc.load_buffer(bytes.data(), bytes.size(), flags, pugi::encoding_utf8))
+    if (!doc.load_buffer_inplace(text.data(), text.size(), flags, pugi::encoding_utf8))
         return xml_fault::damaged;
     pugi::xml_node root;
     for (pugi::xml_node const node : doc.children()) {
@@ -380,8 +386,7 @@ xml_fault xml_file::parse(std::string_view bytes, char const *root_name)
         return xml_fault::newer;
     root.remove_attribute("version");
     if (pugi::xml_attribute const crc = root.attribute("crc")) {
-        auto const digits = crc_place(bytes);
-        if (digits == bytes.npos || std::strcmp(crc.value(), crc_text(bytes, digits).data()) != 0)
+        if (std::strcmp(crc.value(), sum.data()) != 0)
             return xml_fault::damaged;
         root.remove_attribute(crc);
     }

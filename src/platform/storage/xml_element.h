@@ -137,7 +137,11 @@ public:
 
     /// Parses and checks all that is the same in every file: size, no document type, one root of this name, a
     /// known version, the checksum where there is one.
-    [[nodiscard]] xml_fault parse(std::string_view bytes, char const *root_name);
+    [[nodiscard]] xml_fault parse(std::string bytes, char const *root_name);
+    [[nodiscard]] xml_fault parse(std::string_view bytes, char const *root_name)
+    {
+        return parse(std::string(bytes), root_name);
+    }
     /// The root of a parsed file.
     [[nodiscard]] xml_in root(reading &state);
 

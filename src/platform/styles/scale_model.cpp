@@ -162,6 +162,15 @@ val_scale &val_scale::operator=(val_scale const &source)
     return *this;
 }
 
+val_scale &val_scale::operator=(val_scale &&source)
+{
+    other = source.other;
+    opacity = std::move(source.opacity);
+    f_kind = source.f_kind;
+    set_entry_list(std::move(source.f_entries), source.f_active);
+    return *this;
+}
+
 void val_scale::set_entry_list(std::vector<std::unique_ptr<val_entry>> entries, int active)
 {
     f_entries = std::move(entries);
@@ -346,6 +355,21 @@ rng_scale &rng_scale::operator=(rng_scale const &source)
     opacity = source.opacity;
     f_kind = source.f_kind;
     f_entries = clone_all(source.f_entries);
+    f_steps_valid = false;
+    return *this;
+}
+
+rng_scale &rng_scale::operator=(rng_scale &&source)
+{
+    min = source.min;
+    max = source.max;
+    other = source.other;
+    rng_type = source.rng_type;
+    round_digits = source.round_digits;
+    deviation_coeff = source.deviation_coeff;
+    opacity = std::move(source.opacity);
+    f_kind = source.f_kind;
+    f_entries = std::move(source.f_entries);
     f_steps_valid = false;
     return *this;
 }

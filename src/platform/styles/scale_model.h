@@ -63,6 +63,8 @@ public:
     explicit val_scale(style_kind kind) : other(kind), opacity(default_opacity_curve()), f_kind(kind) {}
     val_scale(val_scale const &source);
     val_scale &operator=(val_scale const &source);
+    /// Takes the entries of `source` over.
+    val_scale &operator=(val_scale &&source);
     ~val_scale() = default;
 
     other_entry other;
@@ -150,6 +152,7 @@ public:
     }
     rng_scale(rng_scale const &source);
     rng_scale &operator=(rng_scale const &source);
+    rng_scale &operator=(rng_scale &&source);
     ~rng_scale() = default;
 
     rng_end min;
