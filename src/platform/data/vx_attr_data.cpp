@@ -18,9 +18,21 @@ struct open_table
     Ivx_attr_data *data;
     std::shared_ptr<vx::attr::attr_set> set;
     std::vector<std::string> names;
-    std::string text;           ///< behind `vx_attr_files_get_str`
-    vx::attr::wide_buffer wide; ///< behind `vx_attr_files_get_wstr`
+    std::vector<vx::attr::column const *> columns; ///< of `set`; null until a cell is asked for
+    std::string text;                              ///< behind `vx_attr_files_get_str`
+    vx::attr::wide_buffer wide;                    ///< behind `vx_attr_files_get_wstr`
 };
+
+/// Null past the end. The first call for a field reads it.
+vx::attr::column const *column_of(open_table *table, unsigned field)
+{
+    if (!table || field >= table->columns.size())
+        return nullptr;
+    auto const *&column = table->columns[field];
+    if (!column)
+        column = &table->set->cells(field);
+    return column;
+}
 
 void tell(bool *ok, bool value)
 {
@@ -161,7 +173,8 @@ Ivx_attr_files *vx_attr_files_open(Ivx_attr_data *data, int read_only, int /*fla
     auto const set = data && read_only ? data->opened() : nullptr;
     if (!set || !set->has_vector())
         return nullptr;
-    auto *const files = new Ivx_attr_files{{vx_attr_data_retain(data), set, {}, {}, {}}};
+    auto *const files = new Ivx_attr_files{{vx_attr_data_retain(data), set, {}, {}, {}, {}}};
+    files->columns.resize(set->fields().size());
     for (auto const &field : set->fields())
         files->names.push_back(vx::text::to_bytes(field.name));
     return files;
@@ -216,10 +229,11 @@ int vx_attr_files_get_field_index_w(Ivx_attr_files const *files, wchar_t const *
 wchar_t const *vx_attr_files_get_wstr(Ivx_attr_files *files, unsigned field, unsigned record, bool *ok)
 {
     tell(ok, false);
-    if (field >= vx_attr_files_get_np(files))
+    auto const *const cells = column_of(files, field);
+    if (!cells)
         return L"";
     bool has = false;
-    auto const *const text = vx::attr::wide_text_of(files->set->cells(field), record, files->wide, has);
+    auto const *const text = vx::attr::wide_text_of(*cells, record, files->wide, has);
     tell(ok, has);
     return text;
 }
@@ -227,9 +241,10 @@ wchar_t const *vx_attr_files_get_wstr(Ivx_attr_files *files, unsigned field, uns
 char const *vx_attr_files_get_str(Ivx_attr_files *files, unsigned field, unsigned record, bool *ok)
 {
     tell(ok, false);
-    if (field >= vx_attr_files_get_np(files))
+    auto const *const cells = column_of(files, field);
+    if (!cells)
         return "";
-    tell(ok, vx::attr::text_of(files->set->cells(field), record, files->text));
+    tell(ok, vx::attr::text_of(*cells, record, files->text));
     if (vx::text::system_code_page() != vx::text::c_cp_utf8)
         files->text = vx::text::to_bytes(vx::text::utf8_to_wide(files->text));
     return files->text.c_str();
@@ -238,31 +253,30 @@ char const *vx_attr_files_get_str(Ivx_attr_files *files, unsigned field, unsigne
 std::string_view vx_attr_files_get_utf8(Ivx_attr_files *files, unsigned field, unsigned record, bool *ok)
 {
     tell(ok, false);
-    if (field >= vx_attr_files_get_np(files))
+    auto const *const cells = column_of(files, field);
+    if (!cells)
         return {};
-    vx::attr::column const &cells = files->set->cells(field);
-    if (auto const *texts = std::get_if<vx::attr::text_cells>(&cells)) {
+    if (auto const *texts = std::get_if<vx::attr::text_cells>(cells)) {
         bool const has = record < texts->size() && texts->has(record);
         tell(ok, has);
         return has ? texts->get(record) : std::string_view();
     }
-    tell(ok, vx::attr::text_of(cells, record, files->text));
+    tell(ok, vx::attr::text_of(*cells, record, files->text));
     return files->text;
 }
 
 int vx_attr_files_get_text_number(Ivx_attr_files *files, unsigned field, unsigned record)
 {
-    if (field >= vx_attr_files_get_np(files))
-        return -1;
-    auto const *texts = std::get_if<vx::attr::text_cells>(&files->set->cells(field));
+    auto const *const cells = column_of(files, field);
+    auto const *texts = cells ? std::get_if<vx::attr::text_cells>(cells) : nullptr;
     return texts && record < texts->size() ? texts->number(record) : -1;
 }
 
 double vx_attr_files_get_dbl(Ivx_attr_files *files, unsigned field, unsigned record, bool *ok)
 {
     double value = 0;
-    bool const defined =
-        field < vx_attr_files_get_np(files) && vx::attr::number_of(files->set->cells(field), record, value);
+    auto const *const cells = column_of(files, field);
+    bool const defined = cells && vx::attr::number_of(*cells, record, value);
     tell(ok, defined);
     return defined ? value : 0;
 }
@@ -270,8 +284,8 @@ double vx_attr_files_get_dbl(Ivx_attr_files *files, unsigned field, unsigned rec
 int vx_attr_files_get_int(Ivx_attr_files *files, unsigned field, unsigned record, bool *ok)
 {
     int value = 0;
-    bool const defined =
-        field < vx_attr_files_get_np(files) && vx::attr::integer_of(files->set->cells(field), record, value);
+    auto const *const cells = column_of(files, field);
+    bool const defined = cells && vx::attr::integer_of(*cells, record, value);
     tell(ok, defined);
     return defined ? value : 0;
 }
