@@ -42,8 +42,8 @@ struct item
     QColor color;
 };
 
-/// Where a layer puts its drawing: `dx` to the right and `dy` up from the anchor, turned by `angle` about its
-/// own middle.
+/// Where a layer puts its drawing: `dx` to the right and `dy` up from the anchor, turned counter-clockwise by
+/// `angle` about its own middle.
 QTransform placement(surface const &s, double dx, double dy, double angle)
 {
     QTransform t;
