@@ -1,5 +1,7 @@
 #include "tests/platform/render/page.h"
 
+#include "platform/toolkit/types.h"
+
 #include <cmath>
 #include <functional>
 #include <gtest/gtest.h>
@@ -26,6 +28,13 @@ struct line_layer
         vx_render_cr_bpln(p.render.get(), geometry({line}).list.get(), style.get());
     }
 };
+
+void add_figure(void *cpx_point, double size_mm)
+{
+    void *lr = vx_style_lrs_add_lr(vx_cpx_style_get_style_lrs_ptr(cpx_point), "pnt_figr_slr");
+    vx_pnt_figr_lr_set_size_x(lr, size_mm);
+    vx_pnt_figr_lr_set_size_y(lr, size_mm);
+}
 
 line_layer template_layer(char const *text, double dash = 10, double gap = 5)
 {
@@ -85,18 +94,24 @@ TEST(patterns, shift_moves_along_the_line_both_ways)
     }
 }
 
-TEST(patterns, a_gap_follows_each_mark_of_a_template_of_marks_alone)
+TEST(patterns, marks_stand_across_the_line_and_a_gap_follows_them_if_nothing_else_moves)
 {
-    // Upright dashes of 10 pixels every 15.
-    line_layer const line = template_layer("3", 10, 15);
-    page p(60);
-    line.draw(p, {{0, 30}, {60, 30}});
-    for (int const x : {0, 15, 30, 45})
-        for (int const y : {26, 33})
-            EXPECT_GT(p.ink(x, y), 100) << x;
-    for (int const x : {7, 22, 37, 52})
-        EXPECT_EQ(p.ink(x, 30), 0) << x;
-    EXPECT_EQ(p.ink(15, 23), 0) << "as long as a dash";
+    struct
+    {
+        char const *text;
+        TPoint drawn; // from the place of the mark, y up
+        TPoint blank;
+    } const table[] = {{"03", {0, 6}, {6, 6}}, {"05", {4, 4}, {4, -4}}, {"06", {-4, 4}, {4, 4}},
+                       {"04", {0, 3}, {0, 9}}, {"02", {0, 0}, {0, 4}},  {"3", {0, 6}, {6, 6}}};
+    for (auto const &t : table) {
+        line_layer const line = template_layer(t.text, 16, 30);
+        add_figure(vx_pln_tplt_lr_get_cpx_pnt_style_ptr(line.layer), 2);
+        page p(60);
+        line.draw(p, {{0, 30}, {60, 30}});
+        EXPECT_NE(p.at(30 + t.drawn.X, 30 + t.drawn.Y), c_white) << t.text;
+        EXPECT_EQ(p.at(30 + t.blank.X, 30 + t.blank.Y), c_white) << t.text;
+        EXPECT_EQ(p.count(10, 0, 20, 60), 0) << t.text;
+    }
 }
 
 TEST(patterns, delta_moves_to_the_left_and_shift_stays_when_the_view_moves)
@@ -146,6 +161,70 @@ TEST(patterns, a_ring_is_joined_where_it_closes)
         }
 }
 
+/// A fill of complex style.
+struct fill_layers
+{
+    owned_bpgn style{vx_bpgn_style_create()};
+
+    void *add(char const *key) const
+    {
+        vx_bpgn_style_set_use_complex(style.get(), true);
+        return vx_style_lrs_add_lr(
+            vx_cpx_style_get_style_lrs_ptr(vx_bpgn_style_get_complex_style(style.get())), key);
+    }
+    void draw(page &p, double from, double to) const
+    {
+        geometry const square({{{from, from}, {from, to}, {to, to}, {to, from}}});
+        vx_render_cr_bpgn(p.render.get(), square.list.get(), style.get());
+    }
+};
+
+TEST(patterns, hatches_and_spots_keep_their_steps_inside_the_area)
+{
+    fill_layers hatched;
+    void *htch = hatched.add("pgn_htch_slr");
+    vx_pgn_htch_lr_set_angle(htch, 0);
+    vx_pgn_htch_lr_set_delta(htch, 2.5); // 10 pixels
+    vx_pgn_htch_lr_set_shift(htch, 1);
+    page lines;
+    hatched.draw(lines, 20, 80);
+    EXPECT_EQ(lines.count(), lines.count(20, 20, 80, 80));
+    for (int y = 20; y < 80; ++y)
+        EXPECT_EQ(lines.ink(50, y) > 0, y % 10 == 3 || y % 10 == 4) << y;
+
+    fill_layers spotted;
+    void *spot = spotted.add("pgn_spot_slr");
+    vx_pgn_spot_lr_set_dx(spot, 5); // 20 pixels
+    vx_pgn_spot_lr_set_dy(spot, 5);
+    vx_pgn_spot_lr_set_x0(spot, 2.5);
+    vx_pgn_spot_lr_set_y0(spot, 2.5);
+    vx_pgn_spot_lr_set_point_size(spot, 1);
+    page rows;
+    spotted.draw(rows, 20, 80);
+    EXPECT_EQ(rows.count(), rows.count(20, 20, 80, 80));
+    vx_pgn_spot_lr_set_spot_type(spot, 1);
+    page shifted;
+    spotted.draw(shifted, 0, 100);
+    for (int row = 1; row < 4; ++row)
+        for (int col = 1; col < 4; ++col) {
+            int const x = col * 20 + 10;
+            int const y = row * 20 + 10;
+            int const by = row % 2 ? 10 : 0;
+            EXPECT_GT(rows.ink(x, y), 128);
+            EXPECT_GT(shifted.ink(x + by, y), 128) << row;
+            EXPECT_EQ(shifted.ink(x + 10 - by, y), 0) << row;
+        }
+    vx_pgn_spot_lr_set_spot_type(spot, 0);
+    vx_pgn_spot_lr_set_random_x(spot, true);
+    vx_pgn_spot_lr_set_random_y(spot, true);
+    page random;
+    spotted.draw(random, 0, 100);
+    int cells = 0;
+    for (int i = 0; i < 25; ++i)
+        cells += random.count(i % 5 * 20, i / 5 * 20, i % 5 * 20 + 20, i / 5 * 20 + 20) > 0;
+    EXPECT_GE(cells, 24) << "a place in each cell, of which one may lie on its edge";
+}
+
 TEST(patterns, wild_numbers_end_and_leave_the_page_whole)
 {
     double const wild[] = {0, -1, 1e-9, 1e9, 1e300, -1e300};
@@ -171,17 +250,12 @@ TEST(patterns, wild_numbers_end_and_leave_the_page_whole)
     crowded.draw(p, {{0, 20}, {40, 20}});
     EXPECT_GT(p.count(), 40);
 
-    owned_bpgn const fill(vx_bpgn_style_create());
-    vx_bpgn_style_set_use_complex(fill.get(), true);
-    void *layers = vx_cpx_style_get_style_lrs_ptr(vx_bpgn_style_get_complex_style(fill.get()));
-    void *htch = vx_style_lrs_add_lr(layers, "pgn_htch_slr");
+    fill_layers const fill;
+    void *htch = fill.add("pgn_htch_slr");
     void *wide = vx_style_lrs_add_lr(
         vx_cpx_style_get_style_lrs_ptr(vx_pgn_htch_lr_get_cpx_pln_style_ptr(htch)), "pln_line_slr");
-    void *spot = vx_style_lrs_add_lr(layers, "pgn_spot_slr");
-    geometry const square({{{5, 5}, {5, 35}, {35, 35}, {35, 5}}});
-    auto const draw_fill = [&](page &on) {
-        vx_render_cr_bpgn(on.render.get(), square.list.get(), fill.get());
-    };
+    void *spot = fill.add("pgn_spot_slr");
+    auto const draw_fill = [&](page &on) { fill.draw(on, 5, 35); };
     for (setter const set : {vx_pgn_htch_lr_set_delta, vx_pgn_htch_lr_set_shift, vx_pgn_htch_lr_set_angle}) {
         try_all([&](double v) { set(htch, v); }, draw_fill);
         set(htch, 3);
@@ -192,45 +266,5 @@ TEST(patterns, wild_numbers_end_and_leave_the_page_whole)
         try_all([&](double v) { set(spot, v); }, draw_fill);
         set(spot, 3);
     }
-}
-
-TEST(patterns, rows_shifted_and_random_places_keep_to_their_cells)
-{
-    owned_bpgn const fill(vx_bpgn_style_create());
-    vx_bpgn_style_set_use_complex(fill.get(), true);
-    void *spot = vx_style_lrs_add_lr(
-        vx_cpx_style_get_style_lrs_ptr(vx_bpgn_style_get_complex_style(fill.get())), "pgn_spot_slr");
-    vx_pgn_spot_lr_set_dx(spot, 5); // 20 pixels
-    vx_pgn_spot_lr_set_dy(spot, 5);
-    vx_pgn_spot_lr_set_x0(spot, 2.5);
-    vx_pgn_spot_lr_set_y0(spot, 2.5);
-    vx_pgn_spot_lr_set_point_size(spot, 1);
-    geometry const all({{{0, 0}, {0, 100}, {100, 100}, {100, 0}}});
-    auto const ink_of = [&](int col, int row) {
-        page p;
-        vx_render_cr_bpgn(p.render.get(), all.list.get(), fill.get());
-        return p.count(col * 20, row * 20, col * 20 + 20, row * 20 + 20);
-    };
-    page rows;
-    vx_render_cr_bpgn(rows.render.get(), all.list.get(), fill.get());
-    vx_pgn_spot_lr_set_spot_type(spot, 1);
-    page shifted;
-    vx_render_cr_bpgn(shifted.render.get(), all.list.get(), fill.get());
-    for (int row = 0; row < 5; ++row)
-        for (int col = 1; col < 4; ++col) {
-            int const x = col * 20 + 10;
-            int const y = row * 20 + 10;
-            EXPECT_GT(rows.ink(x, y), 128);
-            EXPECT_EQ(rows.ink(x + 10, y), 0);
-            EXPECT_GT(shifted.ink(row % 2 ? x + 10 : x, y), 128) << row;
-            EXPECT_EQ(shifted.ink(row % 2 ? x : x + 10, y), 0) << row;
-        }
-    vx_pgn_spot_lr_set_spot_type(spot, 0);
-    vx_pgn_spot_lr_set_random_x(spot, true);
-    vx_pgn_spot_lr_set_random_y(spot, true);
-    int cells = 0;
-    for (int i = 0; i < 25; ++i)
-        cells += ink_of(i % 5, i / 5) > 0;
-    EXPECT_GE(cells, 24) << "a place in each cell, of which one may lie on its edge";
 }
 } // namespace

@@ -4,8 +4,6 @@
 
 #include "platform/render/vx_drwc.h"
 
-#include <functional>
-
 namespace {
 using namespace vx_test;
 
@@ -31,45 +29,35 @@ TEST_F(samples, what_is_switched_off_leaves_the_transparent_colour)
     vx_pln_style_set_beg_visible(pln.get(), true);
     vx_pgn_style_set_pgn_visible(pgn.get(), false);
     vx_pgn_style_set_pln_visible(pgn.get(), false);
-    auto const check = [](void *style, void (*draw)(void *, TBitmap *)) {
+    auto const free_pixels = [](void *style, void (*draw)(void *, TBitmap *)) {
         TBitmap bitmap(64, 24);
         bitmap.SetTransparentColor(c_ground);
         draw(style, &bitmap);
-        EXPECT_EQ(pixels_of(bitmap, c_ground), 64 * 24);
+        return pixels_of(bitmap, c_ground);
     };
-    check(pnt.get(), vx_pnt_style_example_bmp);
-    check(pln.get(), vx_pln_style_example_bmp);
-    check(pgn.get(), vx_pgn_style_example_bmp);
-    // Each flag of a polygon alone.
+    EXPECT_EQ(free_pixels(pnt.get(), vx_pnt_style_example_bmp), 64 * 24);
+    EXPECT_EQ(free_pixels(pln.get(), vx_pln_style_example_bmp), 64 * 24);
+    EXPECT_EQ(free_pixels(pgn.get(), vx_pgn_style_example_bmp), 64 * 24);
     vx_pgn_style_set_pln_visible(pgn.get(), true);
-    TBitmap line(64, 24);
-    line.SetTransparentColor(c_ground);
-    vx_pgn_style_example_bmp(pgn.get(), &line);
-    EXPECT_GT(pixels_of(line, c_ground), 64 * 24 / 2) << "no check pattern without the fill";
+    EXPECT_GT(free_pixels(pgn.get(), vx_pgn_style_example_bmp), 64 * 24 / 2)
+        << "no check pattern without the fill";
 }
 
 TEST_F(samples, a_bitmap_without_a_transparent_colour_is_white_and_one_with_opacity_clear)
 {
     owned_pnt const pnt(vx_pnt_style_create());
-    set_figure(vx_pnt_style_get_bpnt_style_ptr(pnt.get()), 2, 2);
     TBitmap plain(20, 20);
-    plain.GetCanvas()->GetBrush()->SetColor(clRed);
-    plain.GetCanvas()->FillRect(Rect(0, 0, 20, 20));
     plain.SetTransparentMode(tmFixed);
-    vx_pnt_style_example_bmp(pnt.get(), &plain);
-    EXPECT_EQ(plain.GetCanvas()->GetPixel(1, 1), clWhite);
-
     TBitmap clear(20, 20);
     clear.SetAlphaFormat(afPremultiplied);
     for (double const size : {4.0, 1.0}) { // the small one takes the place of the large one
-        vx_bpnt_style_set_size(vx_pnt_style_get_bpnt_style_ptr(pnt.get()), size);
+        set_figure(vx_pnt_style_get_bpnt_style_ptr(pnt.get()), 2, size);
+        vx_pnt_style_example_bmp(pnt.get(), &plain);
         vx_pnt_style_example_bmp(pnt.get(), &clear);
     }
-    auto const alpha = [&](int x, int y) {
-        return static_cast<unsigned char *>(clear.ScanLine(y))[x * 4 + 3];
-    };
-    EXPECT_EQ(alpha(10, 10), 255);
-    EXPECT_EQ(alpha(5, 5), 0);
+    EXPECT_EQ(plain.GetCanvas()->GetPixel(5, 5), clWhite);
+    EXPECT_EQ(static_cast<unsigned char *>(clear.ScanLine(10))[10 * 4 + 3], 255);
+    EXPECT_EQ(static_cast<unsigned char *>(clear.ScanLine(5))[5 * 4 + 3], 0);
 }
 
 TEST_F(samples, the_points_of_a_line_stand_at_its_two_inner_vertices)
@@ -210,68 +198,60 @@ TEST_F(samples, a_shadow_lies_below_the_text_and_moves_right_and_up)
     EXPECT_EQ(wide.bottom, moved.bottom + 2);
 }
 
-TEST_F(samples, the_background_is_as_large_as_the_text_and_its_middle)
+TEST_F(samples, text_is_outlined_turned_and_on_a_background_of_its_extent)
 {
     owned_txt const style = text_style();
+    white_bitmap bitmap(100, 100);
+    vx_txt_style_example_bmp(style.get(), &bitmap);
+    ink const letter(bitmap);
+    EXPECT_NEAR(letter.bottom - letter.top + 1, 48 * 0.729, 2) << "height of this font's capitals";
+    EXPECT_NEAR(letter.left + letter.right + 1, 100, 3);
+    vx_txt_style_set_outline(style.get(), true);
+    vx_txt_style_set_outline_clr(style.get(), c_black);
+    vx_txt_style_set_outline_size(style.get(), 1);
+    vx_txt_style_example_bmp(style.get(), &bitmap);
+    EXPECT_EQ(ink(bitmap).left, letter.left - 4);
+    vx_txt_style_set_outline(style.get(), false);
+    vx_txt_style_set_angle(style.get(), 90);
+    vx_txt_style_example_bmp(style.get(), &bitmap);
+    ink const turned(bitmap);
+    EXPECT_NEAR(turned.right - turned.left, letter.bottom - letter.top, 1);
+    // Turned to the left, the bar of the letter stands upright at the left.
+    int at_left = 0;
+    for (int y = 0; y < 100; ++y)
+        at_left += bitmap.GetCanvas()->GetPixel(turned.left + 1, y) != clWhite;
+    EXPECT_GT(at_left, 20);
+
     vx_txt_style_set_color(style.get(), vx_clr_init_rgba(0, 0, 0, 0));
     vx_txt_style_set_back(style.get(), true);
     vx_txt_style_set_back_clr(style.get(), c_black);
-    vx_txt_style_set_angle(style.get(), 30); // the box stays upright
-    white_bitmap bitmap(101, 101);
-    vx_txt_style_example_bmp(style.get(), &bitmap);
+    white_bitmap odd(101, 101);
+    vx_txt_style_example_bmp(style.get(), &odd);
     Tvx_txt_params text;
     text.font = vx_txt_style_get_font_ptr(style.get());
     text.size = 48;
     Tvx_pnt_d2 size;
     vx_drwc_get_txt_extent_w(&size, nullptr, text, L"T", 1, 0);
-    ink const box(bitmap);
+    ink const box(odd); // upright, whatever the angle
     EXPECT_NEAR(box.right - box.left + 1, size.x, 1.5);
     EXPECT_NEAR(box.bottom - box.top + 1, size.y, 1.5);
     EXPECT_NEAR(box.left + box.right + 1, 100, 1.5) << "the centre is halved as whole pixels";
     EXPECT_NEAR(box.top + box.bottom + 1, 100, 1.5);
 }
 
-TEST_F(samples, text_is_outlined_turned_and_as_high_as_told)
-{
-    owned_txt const style = text_style();
-    white_bitmap plain(100, 100);
-    vx_txt_style_example_bmp(style.get(), &plain);
-    ink const letter(plain);
-    EXPECT_NEAR(letter.bottom - letter.top + 1, 48 * 0.729, 2)
-        << "a capital of this font has 0.729 of its size";
-    EXPECT_NEAR(letter.left + letter.right + 1, 100, 3);
-    vx_txt_style_set_outline(style.get(), true);
-    vx_txt_style_set_outline_clr(style.get(), c_black);
-    vx_txt_style_set_outline_size(style.get(), 1);
-    white_bitmap rim(100, 100);
-    vx_txt_style_example_bmp(style.get(), &rim);
-    EXPECT_EQ(ink(rim).left, letter.left - 4);
-    vx_txt_style_set_outline(style.get(), false);
-    vx_txt_style_set_angle(style.get(), 90);
-    vx_txt_style_example_bmp(style.get(), &rim);
-    ink const turned(rim);
-    EXPECT_NEAR(turned.right - turned.left, letter.bottom - letter.top, 1);
-    // Turned to the left, the bar of the letter stands upright at the left.
-    int at_left = 0;
-    for (int y = 0; y < 100; ++y)
-        at_left += rim.GetCanvas()->GetPixel(turned.left + 1, y) != clWhite;
-    EXPECT_GT(at_left, 20);
-}
-
 TEST_F(samples, styles_of_space_are_drawn_with_what_they_share)
 {
     vx::owned<void, &vx_pgn3d_style_destroy> const space(vx_pgn3d_style_create());
-    owned_pgn const flat(vx_pgn_style_create());
     vx_bpgn3d_style_set_color(vx_pgn3d_style_get_bpgn3d_style_ptr(space.get()), c_red);
     vx_bpln3d_style_set_color(vx_pgn3d_style_get_bpln3d_style_ptr(space.get()), c_blue);
     vx_bpln3d_style_set_width(vx_pgn3d_style_get_bpln3d_style_ptr(space.get()), 4);
     vx_bpnt3d_style_set_color(vx_pgn3d_style_get_bpnt3d_style_ptr(space.get()), c_black);
     vx_bpnt3d_style_set_size(vx_pgn3d_style_get_bpnt3d_style_ptr(space.get()), 3);
+    owned_pgn const flat(vx_pgn_style_create());
     vx_bpgn_style_set_color(vx_pgn_style_get_bpgn_style_ptr(flat.get()), c_red);
     vx_bpln_style_set_color(vx_pgn_style_get_bpln_style_ptr(flat.get()), c_blue);
     vx_bpln_style_set_width(vx_pgn_style_get_bpln_style_ptr(flat.get()), 1);
-    vx_bpnt_style_set_color(vx_pgn_style_get_bpnt_style_ptr(flat.get()), c_black);
-    vx_bpnt_style_set_size(vx_pgn_style_get_bpnt_style_ptr(flat.get()), 3);
+    set_figure(vx_pgn_style_get_bpnt_style_ptr(flat.get()), 0, 3, c_black);
     for (unsigned flags = 0; flags < 8; ++flags) {
         vx_pgn3d_style_set_pgn_visible(space.get(), flags & 1);
         vx_pgn3d_style_set_pln_visible(space.get(), flags & 2);
@@ -286,41 +266,26 @@ TEST_F(samples, styles_of_space_are_drawn_with_what_they_share)
         EXPECT_EQ(differences(a, b), 0) << flags;
     }
     vx::owned<void, &vx_pln3d_style_destroy> const line(vx_pln3d_style_create());
-    vx_bpln3d_style_set_width(vx_pln3d_style_get_bpln3d_style_ptr(line.get()), 8);
+    vx_pln3d_style_set_pln_visible(line.get(), false);
     vx_pln3d_style_set_pnt_visible(line.get(), true);
-    vx_bpnt3d_style_set_size(vx_pln3d_style_get_bpnt3d_style_ptr(line.get()), 4);
-    owned_pln const flat_line(vx_pln_style_create());
-    vx_bpln_style_set_width(vx_pln_style_get_bpln_style_ptr(flat_line.get()), 2);
-    vx_pln_style_set_pnt_visible(flat_line.get(), true);
-    vx_bpnt_style_set_size(vx_pln_style_get_bpnt_style_ptr(flat_line.get()), 4);
     vx::owned<void, &vx_pnt3d_style_destroy> const point(vx_pnt3d_style_create());
-    vx_bpnt3d_style_set_size(vx_pnt3d_style_get_bpnt3d_style_ptr(point.get()), 3);
-    owned_pnt const flat_point(vx_pnt_style_create());
-    vx_bpnt_style_set_size(vx_pnt_style_get_bpnt_style_ptr(flat_point.get()), 3);
-    white_bitmap a(40, 40);
-    white_bitmap b(40, 40);
-    vx_pln3d_style_example_bmp(line.get(), &a);
-    vx_pln_style_example_bmp(flat_line.get(), &b);
-    EXPECT_EQ(differences(a, b), 0);
-    EXPECT_GT(ink(a).count, 100);
-    vx_pnt3d_style_example_bmp(point.get(), &a);
-    vx_pnt_style_example_bmp(flat_point.get(), &b);
-    EXPECT_EQ(differences(a, b), 0);
-}
-
-TEST_F(samples, copied_parameters_leave_the_others_alone)
-{
-    vx::owned<void, &vx_bpnt3d_style_destroy> const source(vx_bpnt3d_style_create());
-    vx::owned<void, &vx_bpnt_style_destroy> const target(vx_bpnt_style_create());
-    set_figure(target.get(), 9, 1);
-    vx_bpnt3d_style_set_size(source.get(), 7);
-    vx_bpnt3d_style_set_color(source.get(), c_red);
-    vx_copy_bpnt_params(source.get(), target.get());
-    EXPECT_EQ(vx_bpnt_style_get_size(target.get()), 7);
-    EXPECT_EQ(vx_bpnt_style_get_color(target.get()), c_red);
-    EXPECT_EQ(vx_bpnt_style_get_figure(target.get()), 9);
-    vx_copy_bpnt_params(nullptr, target.get());
-    EXPECT_EQ(vx_bpnt_style_get_size(target.get()), 7);
+    for (void *bpnt3d :
+         {vx_pln3d_style_get_bpnt3d_style_ptr(line.get()), vx_pnt3d_style_get_bpnt3d_style_ptr(point.get())})
+        vx_bpnt3d_style_set_size(bpnt3d, 2);
+    white_bitmap one(60, 60);
+    white_bitmap two(60, 60);
+    vx_pnt3d_style_example_bmp(point.get(), &one);
+    vx_pln3d_style_example_bmp(line.get(), &two);
+    EXPECT_GT(ink(one).count, 30);
+    EXPECT_EQ(ink(two).count, 2 * ink(one).count);
+    // What the two do not share stays.
+    owned_pnt const target(vx_pnt_style_create());
+    void *bpnt = vx_pnt_style_get_bpnt_style_ptr(target.get());
+    set_figure(bpnt, 9, 1);
+    vx_copy_bpnt_params(vx_pnt3d_style_get_bpnt3d_style_ptr(point.get()), bpnt);
+    vx_copy_bpnt_params(nullptr, bpnt);
+    EXPECT_EQ(vx_bpnt_style_get_size(bpnt), 2);
+    EXPECT_EQ(vx_bpnt_style_get_figure(bpnt), 9);
 }
 
 TEST_F(samples, missing_parts_draw_nothing)

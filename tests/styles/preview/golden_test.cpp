@@ -23,7 +23,8 @@ void PrintTo(golden_style const &style, std::ostream *out)
     *out << style.name;
 }
 
-golden_style point(char const *name, std::function<void(void *bpnt)> const &set)
+/// `set` gets the base point style, the layers of the line's or the fill's complex style, or the text style.
+golden_style point(char const *name, std::function<void(void *)> const &set)
 {
     return {name, [set](TBitmap *bitmap) {
                 owned_pnt const style(vx_pnt_style_create());
@@ -32,7 +33,7 @@ golden_style point(char const *name, std::function<void(void *bpnt)> const &set)
             }};
 }
 
-golden_style line(char const *name, std::function<void(void *layers)> const &set)
+golden_style line(char const *name, std::function<void(void *)> const &set)
 {
     return {name, [set](TBitmap *bitmap) {
                 owned_pln const style(vx_pln_style_create());
@@ -41,7 +42,7 @@ golden_style line(char const *name, std::function<void(void *layers)> const &set
             }};
 }
 
-golden_style area(char const *name, std::function<void(void *layers)> const &set)
+golden_style area(char const *name, std::function<void(void *)> const &set)
 {
     return {name, [set](TBitmap *bitmap) {
                 owned_pgn const style(vx_pgn_style_create());
@@ -51,7 +52,7 @@ golden_style area(char const *name, std::function<void(void *layers)> const &set
             }};
 }
 
-golden_style text(char const *name, std::function<void(void *style)> const &set)
+golden_style text(char const *name, std::function<void(void *)> const &set)
 {
     return {name, [set](TBitmap *bitmap) {
                 owned_txt const style = text_style();
