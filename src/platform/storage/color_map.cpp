@@ -41,7 +41,7 @@ std::vector<double> bounds_of(rng_scale const &scale)
     }
     std::erase_if(all, [](double b) { return !std::isfinite(b); });
     std::ranges::sort(all);
-    all.erase(std::ranges::unique(all).begin(), all.end());
+    all.erase(std::unique(all.begin(), all.end()), all.end());
     return all;
 }
 

@@ -463,7 +463,7 @@ void rng_scale::build_steps() const
         by_min.push_back(i);
     }
     std::ranges::sort(bounds);
-    bounds.erase(std::ranges::unique(bounds).begin(), bounds.end());
+    bounds.erase(std::unique(bounds.begin(), bounds.end()), bounds.end());
     std::ranges::sort(by_min, {}, [&](unsigned i) { return f_entries[i]->min; });
     std::priority_queue<unsigned, std::vector<unsigned>, std::greater<>> open;
     std::size_t next = 0;
