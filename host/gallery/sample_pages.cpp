@@ -242,7 +242,7 @@ void fill_samples(TWinControl *page)
         template_sample(L"1101", "1101"),
         hatch_sample(L"Hatch 0", 0, "1"),
         hatch_sample(L"Hatch 45", 45, "1"),
-        hatch_sample(L"Hatch 90, dashed", 90, "10"),
+        hatch_sample(L"Dashed hatch", 90, "10"),
         spot_sample(L"Spots in rows", 0, false, false),
         spot_sample(L"Rows shifted", 1, false, false),
         spot_sample(L"Random place", 0, true, false),
