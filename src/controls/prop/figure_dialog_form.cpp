@@ -16,6 +16,7 @@ namespace {
 constexpr double c_sample_size = 6.0; // mm
 constexpr int c_form_width = 400;
 constexpr int c_panel_edge = 20; // of the panel's width is left free beside the cells
+constexpr int c_grid_frame = 4;  // above and below the cells
 constexpr int c_bitmap_inset = 2;
 constexpr int c_frame_inset = 3;
 constexpr int c_frame_radius = 3;
@@ -48,7 +49,7 @@ bool vx_lr_figure_dialog(TComponent *owner, int x, int y, int *figure)
 Tvx_basic_figure_dialog_form::Tvx_basic_figure_dialog_form(TComponent *owner) : Tvx_dlg_form(owner)
 {
     int const cell = (c_form_width - c_panel_edge) / c_col_count;
-    SetBounds(0, 0, c_form_width, (cell + 1) * c_row_count + c_panel_edge + Tvx_bottom_panel::c_height);
+    SetBounds(0, 0, c_form_width, (cell + 1) * c_row_count + c_grid_frame + Tvx_bottom_panel::c_height);
 }
 
 void Tvx_basic_figure_dialog_form::load_res()

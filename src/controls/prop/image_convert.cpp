@@ -43,16 +43,26 @@ Tvx_color to_color(std::uint8_t const *pixel, bool has_opacity)
             opacity};
 }
 
+/// In the screen's own pixels.
 void draw_res(TCanvas *canvas, int number, TRect const &rect, bool enabled)
 {
+    int const scale = vx_screen_pixel_scale();
     TBitmap picture;
-    dib_2_bmp(vx_res_get_dib(number), &picture);
+    dib_2_bmp(vx_res_get_dib(number, scale), &picture);
     if (picture.GetEmpty())
         return;
-    TImageList list(nullptr, picture.GetWidth(), picture.GetHeight());
+    int const width = picture.GetWidth();
+    int const height = picture.GetHeight();
+    TImageList list(nullptr, width, height);
     int const index = list.Add(&picture, nullptr);
-    list.Draw(canvas, rect.Left + (rect.Width() - picture.GetWidth()) / 2,
-              rect.Top + (rect.Height() - picture.GetHeight()) / 2, index, enabled);
+    TBitmap shown;
+    dib_2_bmp(nullptr, &shown);
+    shown.SetSize(width, height);
+    list.Draw(shown.GetCanvas(), 0, 0, index, enabled);
+    canvas->StretchDraw(Bounds(rect.Left + (rect.Width() - width / scale) / 2,
+                               rect.Top + (rect.Height() - height / scale) / 2, width / scale,
+                               height / scale),
+                        &shown);
 }
 } // namespace
 

@@ -97,6 +97,22 @@ TEST_F(colors, the_dialog_opens_below_the_sample)
     EXPECT_TRUE(color.get_button()->GetAccessibleName().Pos(L"Fill") > 0);
 }
 
+TEST_F(colors, the_built_in_dialog_answers_too)
+{
+    vx_dlg_set_table(nullptr);
+    auto *panel = add<Tvx_clr_panel>(20);
+    panel->on_changed = recorder();
+    Tvx_color const color = vx_clr_init_rgba(10, 20, 30, 40);
+    panel->set_color(color);
+    input::on_next_modal([](input::modal_window const &window) { window.accept(); });
+    ASSERT_TRUE(input::click(panel->get_button()));
+    EXPECT_EQ(panel->get_color(), color);
+    EXPECT_EQ(taken_events(), 1);
+    input::on_next_modal([](input::modal_window const &window) { window.reject(); });
+    ASSERT_TRUE(input::click(panel->get_button()));
+    EXPECT_EQ(taken_events(), 0);
+}
+
 TEST_F(colors, the_eye_turns)
 {
     auto *panel = add<Tvx_clr_vsb_panel>(20);
