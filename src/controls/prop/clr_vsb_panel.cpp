@@ -81,6 +81,9 @@ bool Tvx_clr_vsb_panel::get_can_visible() const
 
 void Tvx_clr_vsb_panel::set_can_visible(bool value)
 {
+    // While it was hidden the panel may have become smaller; its place says on which side it stands.
+    if (value && !f_visible_ctrl->GetVisible())
+        f_visible_ctrl->SetLeft(f_clr_panel->GetLeft() - c_eye_width);
     f_visible_ctrl->SetVisible(value);
 }
 

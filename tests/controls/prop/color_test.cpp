@@ -136,6 +136,10 @@ TEST_F(colors, the_eye_turns)
     panel->set_can_visible(false);
     EXPECT_FALSE(eye.GetShowing());
     EXPECT_EQ(panel->get_clr_panel()->GetLeft(), right);
+    panel->SetWidth(150);
+    panel->set_can_visible(true);
+    EXPECT_EQ(panel->get_clr_panel()->GetLeft(), 110);
+    EXPECT_EQ(eye.GetLeft(), 90) << "the eye keeps its side";
     EXPECT_EQ(taken_events(), 0);
 }
 
