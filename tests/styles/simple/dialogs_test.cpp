@@ -1,0 +1,240 @@
+#include "exports/vxk_style_dialog_api.h"
+#include "styles/simple/style_dlgs.h"
+#include "styles/simple/style_panels.h"
+#include "support/temp_dir.h"
+#include "tests/controls/prop/prop_form.h"
+
+#include "platform/basic/vx_options.h"
+#include "platform/basic/vx_wstrings.h"
+#include "platform/storage/vx_xml_data.h"
+#include "platform/styles/vx_stl_mngr.h"
+#include "platform/styles/vx_stl_mngr_list.h"
+#include "platform/styles/vx_txt_style.h"
+#include "platform/toolkit/bitmap.h"
+#include "platform/toolkit/canvas.h"
+#include "platform/winapi/library.h"
+
+namespace input = vx::user_input;
+
+namespace {
+using style_dialogs = prop_form;
+using style_ptr = std::unique_ptr<void, void (*)(void *)>;
+
+/// The kinds of composed styles, each with a change that a person makes in its dialog.
+struct kind
+{
+    char const *name;
+    void *(*create)();
+    void (*destroy)(void *);
+    bool (*save)(wchar_t const *file, void const *style);
+    bool (*dialog)(int x, int y, void *style);
+    bool (*exported)(int x, int y, void *style);
+    void (*change)(TCustomForm *form);
+};
+
+kind const c_kinds[] = {
+    {"pnt", &vx_pnt_style_create, &vx_pnt_style_destroy, &vx_xml_save_style_save_style_pnt_file,
+     &vx_pnt_style_dialog_vcl, &vx_pnt_style_dialog,
+     [](TCustomForm *form) {
+         auto *edit = dynamic_cast<Tvx_pnt_style_dlg &>(*form).get_edit();
+         EXPECT_TRUE(input::enter_text(edit->get_bpnt_edit()->get_size()->get_edit(), L"4.5"));
+     }},
+    {"pln", &vx_pln_style_create, &vx_pln_style_destroy, &vx_xml_save_style_save_style_pln_file,
+     &vx_pln_style_dialog_vcl, &vx_pln_style_dialog,
+     [](TCustomForm *form) {
+         auto *edit = dynamic_cast<Tvx_pln_style_dlg &>(*form).get_edit();
+         EXPECT_TRUE(input::click(edit->get_bend_cb(), 10, 10));
+         EXPECT_TRUE(input::enter_text(edit->get_bpln_edit()->get_width()->get_edit(), L"1.5"));
+     }},
+    {"pgn", &vx_pgn_style_create, &vx_pgn_style_destroy, &vx_xml_save_style_save_style_pgn_file,
+     &vx_pgn_style_dialog_vcl, &vx_pgn_style_dialog,
+     [](TCustomForm *form) {
+         auto *edit = dynamic_cast<Tvx_pgn_style_dlg &>(*form).get_edit();
+         EXPECT_TRUE(input::click(edit->get_bpgn_edit()->get_color()->get_clr_panel()->get_button()));
+     }},
+};
+
+std::string saved_form(kind const &k, void const *style)
+{
+    vx_test::temp_dir const dir;
+    std::filesystem::path const file = dir / "style";
+    EXPECT_TRUE(k.save(file.wstring().c_str(), style));
+    return vx_test::read_file(file);
+}
+
+TColor middle_of(Tvx_basic_style_btn *button)
+{
+    return button->GetGlyph()->GetCanvas()->GetPixel(10, 10);
+}
+} // namespace
+
+TEST_F(style_dialogs, ok_assigns_and_everything_else_leaves_the_style)
+{
+    for (kind const &k : c_kinds) {
+        style_ptr const style(k.create(), k.destroy);
+        std::string const before = saved_form(k, style.get());
+        for (bool const by_box : {false, true}) {
+            input::on_next_modal([&](input::modal_window const &window) {
+                k.change(window.form());
+                if (by_box)
+                    input::close(window.form());
+                else
+                    window.press_button(L"Cancel");
+            });
+            EXPECT_FALSE(k.dialog(0, 0, style.get())) << k.name;
+            EXPECT_EQ(saved_form(k, style.get()), before) << k.name;
+        }
+        input::on_next_modal([&](input::modal_window const &window) {
+            k.change(window.form());
+            window.press_button(L"Apply");
+        });
+        EXPECT_TRUE(k.dialog(0, 0, style.get())) << k.name;
+        std::string const after = saved_form(k, style.get());
+        EXPECT_NE(after, before) << k.name;
+        input::on_next_modal([](input::modal_window const &window) { window.press_button(L"Apply"); });
+        EXPECT_TRUE(k.dialog(0, 0, style.get()));
+        EXPECT_EQ(saved_form(k, style.get()), after) << k.name << ": a style goes through unchanged";
+        EXPECT_FALSE(k.dialog(0, 0, nullptr));
+    }
+}
+
+TEST_F(style_dialogs, stand_where_they_are_asked_to_and_keep_their_least_size)
+{
+    style_ptr const style(vx_pnt_style_create(), &vx_pnt_style_destroy);
+    input::on_next_modal([](input::modal_window const &window) {
+        TCustomForm *form = window.form();
+        EXPECT_EQ(form->GetLeft(), 300);
+        EXPECT_EQ(form->GetTop(), 200);
+        EXPECT_EQ(form->GetWidth(), 350);
+        EXPECT_EQ(form->GetHeight(), 330);
+        form->SetBounds(300, 200, 100, 100);
+        EXPECT_EQ(form->GetWidth(), 350);
+        EXPECT_EQ(form->GetHeight(), 330);
+        window.reject();
+    });
+    EXPECT_FALSE(vx_pnt_style_dialog_vcl(300, 200, style.get()));
+}
+
+TEST_F(style_dialogs, of_base_styles_hand_their_style_out)
+{
+    vx::owned<void, &vx_bpgn_style_destroy> const style(vx_bpgn_style_create());
+    Tvx_bpgn_style_dlg dialog(nullptr);
+    dialog.set_bpgn_style(style.get());
+    input::on_next_modal([&](input::modal_window const &window) {
+        EXPECT_EQ(window.title(), L"Fill");
+        EXPECT_TRUE(input::click(dialog.get_edit()->get_color()->get_clr_panel()->get_button()));
+        window.press_button(L"Apply");
+    });
+    EXPECT_EQ(dialog.show_pos(0, 0), mrOk);
+    EXPECT_EQ(vx_bpgn_style_get_color(dialog.get_bpgn_style()), next_color);
+    EXPECT_NE(vx_bpgn_style_get_color(style.get()), next_color);
+
+    Tvx_bpnt_style_dlg point(nullptr);
+    Tvx_bpln_style_dlg line(nullptr);
+    vx::owned<void, &vx_bpnt_style_destroy> const bpnt(vx_bpnt_style_create());
+    vx_bpnt_style_set_size(bpnt.get(), 8.5);
+    point.set_bpnt_style(bpnt.get());
+    EXPECT_EQ(point.get_edit()->get_size()->get_size(), 8.5);
+    vx::owned<void, &vx_bpln_style_destroy> const bpln(vx_bpln_style_create());
+    vx_bpln_style_set_width(bpln.get(), 1.25);
+    line.set_bpln_style(bpln.get());
+    EXPECT_EQ(vx_bpln_style_get_width(line.get_bpln_style()), 1.25);
+}
+
+/// The module behind the exported dialogs is not loaded in this program.
+TEST_F(style_dialogs, without_their_module_give_false_at_once)
+{
+    ASSERT_EQ(GetModuleHandleW(L"vxk_scene2d_editor_bdl.dll"), nullptr);
+    for (kind const &k : c_kinds) {
+        style_ptr const style(k.create(), k.destroy);
+        std::string const before = saved_form(k, style.get());
+        EXPECT_FALSE(k.exported(0, 0, style.get()));
+        EXPECT_EQ(saved_form(k, style.get()), before);
+    }
+    style_ptr const text(vx_txt_style_create(), &vx_txt_style_destroy);
+    style_ptr const properties(vx_wstrings_create(), &vx_wstrings_destroy);
+    EXPECT_FALSE(vx_txt_pnt_style_dialog(0, 0, text.get(), properties.get()));
+    EXPECT_FALSE(vx_txt_pln_style_dialog(0, 0, text.get(), properties.get()));
+    EXPECT_FALSE(vx_txt_pgn_style_dialog(0, 0, text.get(), properties.get()));
+    style_ptr const mngr(vx_stl_mngr_create("txt_pnt_style"), &vx_stl_mngr_destroy);
+    EXPECT_FALSE(vx_txt_common_style_dialog(0, 0, mngr.get()));
+    style_ptr const list(vx_stl_mngr_list_create("pnt_style"), &vx_stl_mngr_list_destroy);
+    EXPECT_FALSE(vx_stl_mngr_list_setting_dialog(0, 0, list.get()));
+
+    auto *panel = add<Tvx_pnt_style_panel>(26);
+    panel->on_changed = recorder();
+    panel->update_controls();
+    input::wait_idle();
+    TColor const shown = middle_of(panel->get_btn());
+    vx_bpnt_style_set_color(vx_pnt_style_get_bpnt_style_ptr(panel->get_pnt_style()),
+                            vx_clr_init_rgb(1, 250, 1));
+    ASSERT_TRUE(input::click(panel->get_btn()));
+    EXPECT_EQ(taken_events(), 0);
+    EXPECT_EQ(middle_of(panel->get_btn()), shown) << "the sample is drawn when the dialog was accepted";
+    EXPECT_FALSE(vxk_lib_styles_get_pnt(panel->get_pnt_style()));
+}
+
+TEST_F(style_dialogs, a_colour_button_asks_below_itself)
+{
+    auto *panel = add<Tvx_clr_style_panel>(26);
+    panel->load_res();
+    panel->set_caption(L"Selection");
+    panel->on_changed = recorder();
+    panel->update_controls();
+    input::wait_idle();
+    EXPECT_EQ(panel->get_clr_style(), vx_clr_init_rgb(0, 0, 0));
+    EXPECT_EQ(panel->get_btn()->GetAccessibleName(), L"Selection: Choose the colour");
+    EXPECT_EQ(panel->get_btn()->GetBoundsRect().Right, panel->GetClientWidth());
+    next_color = vx_clr_init_rgb(40, 160, 220);
+    ASSERT_TRUE(input::click(panel->get_btn()));
+    EXPECT_EQ(asked_at, panel->get_btn()->ClientToScreen({0, panel->get_btn()->GetHeight()}));
+    EXPECT_EQ(asked_format, c_color_format_rgba);
+    EXPECT_EQ(panel->get_clr_style(), next_color);
+    EXPECT_EQ(taken_events(), 1);
+    EXPECT_EQ(last_sender, panel);
+    EXPECT_EQ(middle_of(panel->get_btn()), RGB(40, 160, 220));
+    EXPECT_EQ(panel->get_btn()->GetGlyph()->GetWidth(), 20);
+    accepts = false;
+    ASSERT_TRUE(input::click(panel->get_btn()));
+    EXPECT_EQ(taken_events(), 0);
+    panel->set_clr_style(vx_clr_init_rgb(1, 1, 1));
+    EXPECT_EQ(taken_events(), 0);
+    EXPECT_FALSE(vx_clr_style_dialog(0, 0, nullptr));
+}
+
+namespace {
+/// A text that its control cuts off, anywhere below; labels, boxes and buttons.
+void look_for_cut_texts(TWinControl *root, char const *where)
+{
+    for (int i = 0; i < root->GetControlCount(); ++i) {
+        TControl *control = root->GetControls(i);
+        if (!control->GetVisible())
+            continue;
+        if (auto *label = dynamic_cast<TCustomLabel *>(control); label && !label->GetWordWrap()) {
+            TBitmap page(1, 1);
+            page.GetCanvas()->SetFont(label->GetFont());
+            EXPECT_LE(page.GetCanvas()->TextWidth(label->GetCaption()), label->GetWidth())
+                << where << ": " << label->GetCaption().to_utf8();
+        }
+        if (auto *inner = dynamic_cast<TWinControl *>(control))
+            look_for_cut_texts(inner, where);
+    }
+}
+} // namespace
+
+TEST_F(style_dialogs, show_whole_texts_in_both_languages)
+{
+    for (char const *language : {"en", "ru"}) {
+        vx_options_set_language(language);
+        for (kind const &k : c_kinds) {
+            style_ptr const style(k.create(), k.destroy);
+            input::on_next_modal([&](input::modal_window const &window) {
+                look_for_cut_texts(window.form(), language);
+                EXPECT_FALSE(window.title().IsEmpty());
+                window.reject();
+            });
+            EXPECT_FALSE(k.dialog(0, 0, style.get()));
+        }
+    }
+    vx_options_set_language("en");
+}
