@@ -39,17 +39,20 @@ std::wstring_view last_word(std::wstring_view text)
     return text.substr(at);
 }
 
-/// Takes `WORD number` off the end of the text. The number goes to the bound of its type when it is larger.
+/// Takes `WORD number` off the end of the text. The number goes to the bound of its type when it is larger; a
+/// negative one counts as 0.
 bool take_tail(std::wstring_view &text, std::wstring_view word, long long &number)
 {
-    std::wstring_view const digits = last_word(text);
+    std::wstring_view const last = last_word(text);
+    bool const is_negative = last.size() > 1 && last.front() == L'-';
+    std::wstring_view const digits = last.substr(is_negative);
     if (digits.empty() || digits.find_first_not_of(L"0123456789") != std::wstring_view::npos)
         return false;
-    std::wstring_view const rest = trimmed(text.substr(0, text.size() - digits.size()));
+    std::wstring_view const rest = trimmed(text.substr(0, text.size() - last.size()));
     if (!same_word(last_word(rest), word))
         return false;
     number = 0;
-    for (wchar_t c : digits)
+    for (wchar_t c : is_negative ? std::wstring_view() : digits)
         number = number > (LLONG_MAX - 9) / 10 ? LLONG_MAX : number * 10 + (c - L'0');
     text = trimmed(rest.substr(0, rest.size() - word.size()));
     return true;

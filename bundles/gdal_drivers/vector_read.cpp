@@ -1,5 +1,6 @@
 #include "data_types.h"
 #include "paged_filter.h"
+#include "sql_names.h"
 #include "vector_set.h"
 
 #include "platform/base/text_codec.h"
@@ -24,13 +25,51 @@ bool vector_set::set_spatial_filter(Tvx_box_d2 *box)
 {
     if (!geom_field_at(f_geom_field))
         return box == nullptr;
-    error_guard const guard(f_set->error());
+    error_guard guard(f_set->error());
     f_has_box = box && !box->is_empty();
     if (f_has_box)
         f_layer->SetSpatialFilterRect(f_geom_field, box->min_x, box->min_y, box->max_x, box->max_y);
     else
         f_layer->SetSpatialFilter(f_geom_field, nullptr);
+    // A page is one of what both filters let pass.
+    bool const stays = f_page.limit < 0 && f_page.offset == 0;
+    if (!stays && !apply_filter(std::string(f_filter), f_page, guard))
+        return false;
     return reset_reading();
+}
+
+std::string vector_set::pushed_page(std::string const &filter, page const &wanted) const
+{
+    char const *const fid = f_layer->GetFIDColumn();
+    bool const is_server = f_set->is_driver("PostgreSQL");
+    bool const has_sql = is_server || f_set->is_driver("GPKG") || f_set->is_driver("SQLite");
+    if (!has_sql || !*fid || f_has_box || f_only_type != geom_unknown ||
+        (wanted.limit < 0 && wanted.offset == 0))
+        return {};
+    std::string const name = quoted_name(fid);
+    std::string text = name + " IN (SELECT " + name + " FROM " + table_name(*f_layer, is_server);
+    if (!filter.empty())
+        text += " WHERE (" + filter + ")";
+    text += " ORDER BY " + name;
+    if (wanted.limit >= 0)
+        text += " LIMIT " + std::to_string(wanted.limit);
+    else if (!is_server)
+        text += " LIMIT -1"; // this language knows no offset without a limit
+    return text + " OFFSET " + std::to_string(wanted.offset) + ")";
+}
+
+bool vector_set::apply_filter(std::string const &filter, page const &wanted, error_guard &guard)
+{
+    std::string const pushed = pushed_page(filter, wanted);
+    if (!install_filter(pushed.empty() ? filter : pushed, guard)) {
+        std::string const former = f_is_pushed ? pushed_page(f_filter, f_page) : f_filter;
+        f_layer->SetAttributeFilter(former.empty() ? nullptr : former.c_str());
+        return false;
+    }
+    f_filter = filter;
+    f_page = wanted;
+    f_is_pushed = !pushed.empty();
+    return true;
 }
 
 /// Some drivers take any text and fail at the first feature, so that one is asked for.
@@ -57,12 +96,7 @@ bool vector_set::set_attribute_filter(wchar_t const *text)
     // Formats that only have numbers of records for identifiers find a page by its number, without a filter.
     bool const is_everything = !*f_layer->GetFIDColumn() && selects_all_identifiers(wanted.expression);
     std::string const expression = is_everything ? std::string() : text::wide_to_utf8(wanted.expression);
-    bool const taken = install_filter(expression, guard);
-    if (taken) {
-        f_filter = expression;
-        f_page = {wanted.limit, wanted.offset};
-    } else
-        f_layer->SetAttributeFilter(f_filter.empty() ? nullptr : f_filter.c_str());
+    bool const taken = apply_filter(expression, {wanted.limit, wanted.offset}, guard);
     f_layer->ResetReading();
     f_started = false;
     f_position = f_delivered = 0;
@@ -122,7 +156,7 @@ bool vector_set::with_next_feature(vx::feature_visitor visitor)
         (void)flush_features();
         if (!f_started && !moveto_index(0))
             return false;
-        if (f_page.limit >= 0 && f_delivered >= f_page.limit)
+        if (own_page().limit >= 0 && f_delivered >= own_page().limit)
             return false;
         record = read_next();
     }
@@ -173,7 +207,7 @@ bool vector_set::moveto_index(long long index)
     (void)flush_features();
     reset_reading();
     f_started = true;
-    long long const target = f_page.offset + index;
+    long long const target = own_page().offset + index;
     if (f_only_type != geom_unknown) {
         for (long long i = 0; i < target; ++i)
             if (!read_next())

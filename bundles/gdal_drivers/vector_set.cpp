@@ -78,6 +78,7 @@ void vector_set::select(OGRLayer *layer)
     f_geom_field = 0;
     f_filter.clear();
     f_page = {};
+    f_is_pushed = false;
     f_has_box = false;
     f_stats.clear();
     if (layer) {
@@ -334,18 +335,19 @@ unsigned long long vector_set::feature_count(bool force)
     (void)flush_features();
     position_keeper const keeper(*this);
     long long count = -1;
+    f_layer->ResetReading(); // one format counts from where it reads
     if (f_only_type == geom_unknown)
         count = f_layer->GetFeatureCount(force);
     else if (force) {
         count = 0;
-        f_layer->ResetReading();
         while (OGRFeatureUniquePtr const record{f_layer->GetNextFeature()})
             count += is_wanted(*record);
     }
     if (count < 0)
         return ULLONG_MAX;
-    count = std::max(0LL, count - f_page.offset);
-    return static_cast<unsigned long long>(f_page.limit < 0 ? count : std::min(count, f_page.limit));
+    page const paged = own_page();
+    count = std::max(0LL, count - paged.offset);
+    return static_cast<unsigned long long>(paged.limit < 0 ? count : std::min(count, paged.limit));
 }
 
 void vector_set::fid_field_name(vx::string_visitor visitor)

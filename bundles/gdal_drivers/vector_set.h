@@ -163,6 +163,12 @@ private:
     [[nodiscard]] bool has_filter() const;
     void hand_out(OGRFeatureUniquePtr record, vx::feature_visitor visitor);
     bool install_filter(std::string const &text, error_guard &guard);
+    /// The page as a condition that the database works out; empty where this object pages.
+    [[nodiscard]] std::string pushed_page(std::string const &filter, page const &wanted) const;
+    /// What this object has to page.
+    [[nodiscard]] page own_page() const { return f_is_pushed ? page() : f_page; }
+    /// Makes the layer give what the filter and the page say, after one of them or the box changed.
+    bool apply_filter(std::string const &filter, page const &wanted, error_guard &guard);
     bool flush_features();
     [[nodiscard]] bool may_change(error_guard &guard) const;
     void content_changed();
@@ -183,6 +189,7 @@ private:
     int f_only_type = 100; ///< geometry type that the connection asks for; 100: all
     std::string f_filter;
     page f_page;
+    bool f_is_pushed = false; ///< the database pages
     bool f_has_box = false;
     bool f_started = false;    ///< the offset is passed
     long long f_position = 0;  ///< features that the layer gave since its start

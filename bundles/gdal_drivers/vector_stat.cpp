@@ -1,4 +1,5 @@
 #include "data_types.h"
+#include "sql_names.h"
 #include "vector_set.h"
 #include "wide_text.h"
 
@@ -178,17 +179,6 @@ bool add_texts(column_batch const &batch, long long limit, distinct_texts &texts
     return true;
 }
 
-std::string quoted_name(char const *name)
-{
-    std::string text = "\"";
-    for (; *name; ++name) {
-        if (*name == '"')
-            text += '"';
-        text += *name;
-    }
-    return text + '"';
-}
-
 /// The rows of one question to a database, let go in time.
 class database_answer
 {
@@ -224,22 +214,12 @@ struct field_question
     {
         std::string const name = quoted_name(field.GetNameRef());
         number = "CAST(" + name + " AS DOUBLE PRECISION)";
-        rows = " FROM " + table_name(layer) + " WHERE " + name + " IS NOT NULL";
+        rows = " FROM " + table_name(layer, is_server) + " WHERE " + name + " IS NOT NULL";
         if (is_server && field.GetType() == OFTReal)
             rows += " AND " + name + " <> 'NaN'";
         // A column of this database takes text as well, which GDAL reads as a number.
         if (!is_server)
             rows += " AND typeof(" + name + ") IN ('integer', 'real')";
-    }
-
-    /// Of a table in a schema the layer's name is "schema.table".
-    static std::string table_name(OGRLayer &layer)
-    {
-        std::string const name = layer.GetName();
-        std::size_t const point = name.find('.');
-        if (point == std::string::npos || !layer.GetMetadataItem("OLMD_FID64"))
-            return quoted_name(name.c_str());
-        return quoted_name(name.substr(0, point).c_str()) + "." + quoted_name(name.substr(point + 1).c_str());
     }
 };
 } // namespace
@@ -263,7 +243,7 @@ bool vector_set::ask_database(int field, field_stat &stat)
     if (!first) {
         // Nothing but nulls, or nothing that the database calls a number.
         auto const any = database_answer(base, "SELECT COUNT(" + quoted_name(field_at(field)->GetNameRef()) +
-                                                   ") FROM " + field_question::table_name(*f_layer))
+                                                   ") FROM " + table_name(*f_layer, is_server))
                              .next();
         return any && any->GetFieldAsInteger64(0) == 0;
     }
@@ -278,7 +258,7 @@ bool vector_set::ask_database(int field, field_stat &stat)
         database_answer(base, "SELECT COUNT(*), MIN(" + asked.number + "), MAX(" + asked.number + "), SUM(" +
                                   asked.number + "), " + squares_from(start) + ", (SELECT COUNT(" +
                                   quoted_name(field_at(field)->GetNameRef()) + ") FROM " +
-                                  field_question::table_name(*f_layer) + ")" + asked.rows)
+                                  table_name(*f_layer, is_server) + ")" + asked.rows)
             .next();
     if (!all || !guard.text().empty())
         return false;
@@ -427,8 +407,8 @@ bool vector_set::distinct_in_database(int field, int limit,
     error_guard const guard(ignored);
     (void)flush_features();
     std::string const name = quoted_name(field_at(field)->GetNameRef());
-    std::string question = "SELECT DISTINCT " + name + " FROM " + field_question::table_name(*f_layer) +
-                           " WHERE " + name + " IS NOT NULL";
+    std::string question =
+        "SELECT DISTINCT " + name + " FROM " + table_name(*f_layer, true) + " WHERE " + name + " IS NOT NULL";
     if (limit > 0)
         question += " LIMIT " + std::to_string(limit);
     database_answer answer(f_set->gdal(), question);

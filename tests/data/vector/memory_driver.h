@@ -30,7 +30,18 @@ struct field
 class feature_object final : public vx::feature_impl
 {
 public:
-    explicit feature_object(std::vector<cell> &cells) : f_cells(cells) {}
+    explicit feature_object(std::vector<cell> &cells, Tvx_vtx_d2 const *place = nullptr)
+        : f_cells(cells), f_place(place)
+    {
+    }
+
+    int geom_type() override { return f_place ? static_cast<int>(vx::data::geom_type::point) : 0; }
+    bool get_point(Tvx_vtx_d2 *vertex) override
+    {
+        if (f_place)
+            *vertex = *f_place;
+        return f_place != nullptr;
+    }
 
     int field_type(int i) override
     {
@@ -76,7 +87,8 @@ private:
     static std::wstring number_text(double number)
     {
         char buffer[40];
-        return {buffer, std::to_chars(buffer, buffer + sizeof buffer, number).ptr};
+        return {buffer,
+                std::to_chars(buffer, buffer + sizeof buffer, number, std::chars_format::general, 15).ptr};
     }
     cell *at(int i)
     {
@@ -85,6 +97,7 @@ private:
     }
 
     std::vector<cell> &f_cells;
+    Tvx_vtx_d2 const *f_place;
 };
 
 class source
@@ -93,6 +106,7 @@ class source
 public:
     std::vector<field> fields;
     std::vector<std::vector<cell>> rows;
+    std::vector<Tvx_vtx_d2> places; ///< of the rows; may be empty
     std::wstring fid_name;
 
     int walks = 0;    ///< times that reading began anew
@@ -134,7 +148,8 @@ public:
     {
         if (f_next >= rows.size())
             return false;
-        f_current.emplace(rows[f_next++]);
+        f_current.emplace(rows[f_next], f_next < places.size() ? &places[f_next] : nullptr);
+        ++f_next;
         visitor.visit(*f_current);
         return true;
     }
