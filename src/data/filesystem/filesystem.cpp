@@ -225,11 +225,9 @@ std::wstring clean_path(std::wstring const &path)
     auto pieces = pieces_of(path);
     std::wstring out;
     if (has_drive(path)) {
-        // "C:name" has the drive and the name in one piece.
-        pieces.front().erase(0, 2);
-        if (pieces.front().empty())
-            pieces.erase(pieces.begin());
-        out = path.substr(0, 2) + L"\\";
+        // "C:name" stays in one piece: it is no path from the root of the drive.
+        out = pieces.front() + L"\\";
+        pieces.erase(pieces.begin());
     } else {
         for (std::size_t i = 0; i < 2 && i < path.size() && is_separator(path[i]); ++i)
             out += L'\\';
@@ -259,8 +257,7 @@ std::wstring relative_path(std::wstring const &base, std::wstring const &path)
 {
     std::wstring from = clean_path(directory(base));
     std::wstring to = clean_path(path);
-    // The root directory cleans to nothing, yet is absolute.
-    if (is_relative(directory(base)) || is_relative(path))
+    if (is_relative(from) || is_relative(to))
         return path;
     if (has_drive(from) && has_drive(to) && !same_text(drive(from), drive(to)))
         return path;

@@ -67,11 +67,13 @@ inline constexpr int c_find_recursive = 4;
 /// Folds from the left; empty members are skipped, an absolute member starts anew.
 [[nodiscard]] VX_API std::wstring combine(std::initializer_list<std::wstring> parts);
 /// "." and ".." are worked off, separators become "\", one at the end goes: `C:/a/./b/../c/` gives `C:\a\c`.
+/// A drive and the name that follows it without a separator stay together; the root directory gives the empty
+/// path.
 [[nodiscard]] VX_API std::wstring clean_path(std::wstring const &path);
 /// `path` seen from the directory of the file `base`, cleaned.
 [[nodiscard]] VX_API std::wstring absolute_path(std::wstring const &base, std::wstring const &path);
 /// The way from the directory of the file `base` to `path`; `path` itself when there is none (other drive, or
-/// one of the two is relative).
+/// one of the two is relative or the root directory).
 [[nodiscard]] VX_API std::wstring relative_path(std::wstring const &base, std::wstring const &path);
 /// The leading pieces that the directories of all paths share; empty for a mix of absolute and relative ones.
 [[nodiscard]] VX_API std::wstring common_directory(std::vector<std::wstring> const &paths);
@@ -133,16 +135,18 @@ VX_API bool remove_directory(std::wstring const &path);
 /// Removes a file or a directory with all below it; links are removed, not followed. The number of things
 /// removed.
 VX_API int remove_path(std::wstring const &path);
-/// Copies all below `from`. False if `from` is missing, if `to` exists and `replace` is false, or if any step
-/// failed; a file that exists is only written over when `overwrite` is true.
+/// Copies all below `from`, links to directories as links. False if `from` is no directory, if `to` exists
+/// and `replace` is false, or if any step failed; a file that exists is only written over when `overwrite` is
+/// true.
 VX_API bool copy_directory(std::wstring const &from, std::wstring const &to, bool replace, bool overwrite);
 /// As `copy_directory`, with an existing `to` removed first when `overwrite` is true. `from` is removed only
 /// when all of it has arrived. A move below itself is refused.
 VX_API bool move_directory(std::wstring const &from, std::wstring const &to, bool replace, bool overwrite);
 
 /// Entries of `dir` whose names fit the pattern ("*" any text, "?" any character, "*.*" any name), with `dir`
-/// in front, in order of their names; under `c_find_recursive` those of all directories below as well, a
-/// directory after its contents. "." and ".." are left out; links to directories are listed but not walked.
+/// in front, in order of their names; under `c_find_recursive` those of all directories below follow, a
+/// directory's entries after those of the directories in it. "." and ".." are left out, and so is a name that
+/// holds a "\", which would read as a path to somewhere else. Links to directories are listed but not walked.
 [[nodiscard]] VX_API std::vector<std::wstring> find(std::wstring const &dir, std::wstring const &pattern,
                                                     int flags);
 /// The last piece of the path is the pattern; an empty one means "*".

@@ -10,16 +10,33 @@ bool is_blank(char c)
     return c == ' ' || (c >= '\t' && c <= '\r');
 }
 
-/// Whether a number that lies out of the range of `double` is too large, going by the text of its digits.
+/// Whether a number that lies out of the range of `double` is too large, going by the power of ten of its
+/// first digit that is not 0.
 bool is_huge(std::string_view number)
 {
-    // Too small a number has a negative exponent larger than its digits, or only zeros before its first
-    // digit.
-    auto const e = number.find_first_of("eE");
-    if (e != number.npos && e + 1 < number.size())
-        return number[e + 1] != '-';
-    auto const first = number.find_first_not_of("+-0");
-    return first != number.npos && number[first] != '.';
+    long long power = 0;
+    bool point = false;
+    bool nonzero = false;
+    std::size_t at = 0;
+    for (; at < number.size() && number[at] != 'e' && number[at] != 'E'; ++at) {
+        if (number[at] == '.') {
+            point = true;
+        } else if (number[at] != '-') {
+            if (nonzero && !point)
+                ++power;
+            else if (!nonzero && point)
+                --power;
+            nonzero = nonzero || number[at] != '0';
+        }
+    }
+    if (!nonzero || at == number.size())
+        return nonzero && power > 0;
+    bool const negative = number[at + 1] == '-';
+    auto const first = at + (negative || number[at + 1] == '+' ? 2 : 1);
+    long long exponent = 0;
+    if (std::from_chars(number.data() + first, number.data() + number.size(), exponent).ec != std::errc())
+        exponent = std::numeric_limits<int>::max();
+    return power + (negative ? -exponent : exponent) > 0;
 }
 } // namespace
 

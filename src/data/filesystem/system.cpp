@@ -73,38 +73,42 @@ bool fits(std::wstring_view name, std::wstring_view pattern)
     return p == pattern.size();
 }
 
-std::vector<std::wstring> names_in(std::wstring const &dir)
+/// The entries of a directory, each with `dir` in front, in order of their names.
+std::vector<std::wstring> entries_of(std::wstring const &dir)
 {
-    std::vector<std::wstring> names;
+    std::vector<std::wstring> entries;
     DIR *const handle = ::opendir(dir.empty() ? "." : system_path(dir).c_str());
     if (!handle)
-        return names;
+        return entries;
+    // Not combine(): a name such as "a:b" is no path of its own here.
+    std::wstring const front = include_directory_separator(dir);
     while (dirent const *entry = ::readdir(handle)) {
-        std::wstring name = text::utf8_to_wide(entry->d_name);
-        if (name != L"." && name != L"..")
-            names.push_back(std::move(name));
+        std::wstring const name = text::utf8_to_wide(entry->d_name);
+        if (name != L"." && name != L".." && name.find(L'\\') == name.npos)
+            entries.push_back(front + name);
     }
     ::closedir(handle);
-    std::sort(names.begin(), names.end());
-    return names;
+    std::sort(entries.begin(), entries.end());
+    return entries;
 }
 
-void list_directory(std::wstring const &dir, std::wstring const &pattern, int flags,
-                    std::vector<std::wstring> &out)
+/// Adds the directories below `dir`, each after those below itself.
+void collect_directories(std::wstring const &dir, std::vector<std::wstring> &out)
 {
-    bool const recursive = (flags & c_find_recursive) != 0;
-    for (auto const &name : names_in(dir)) {
-        std::wstring const path = combine(dir, name);
-        if (is_directory(path)) {
-            // A link to a directory above would lead round for ever.
-            if (recursive && !is_link(path))
-                list_directory(path, pattern, flags, out);
-            if ((flags & c_find_directories) && fits(name, pattern))
-                out.push_back(path);
-        } else if ((flags & c_find_files) && fits(name, pattern)) {
-            out.push_back(path);
-        }
+    for (auto const &path : entries_of(dir)) {
+        // A link to a directory above would lead round for ever.
+        if (!is_directory(path) || is_link(path))
+            continue;
+        collect_directories(path, out);
+        out.push_back(path);
     }
+}
+
+bool copy_link(std::wstring const &from, std::wstring const &to)
+{
+    std::error_code error;
+    fs::copy_symlink(system_path(from), system_path(to), error);
+    return !error;
 }
 
 /// Whether `path` is `dir` or lies below it, as the disk has them.
@@ -276,15 +280,18 @@ int remove_path(std::wstring const &path)
 
 bool copy_directory(std::wstring const &from, std::wstring const &to, bool replace, bool overwrite)
 {
-    if (!path_exist(from) || (path_exist(to) && !replace))
+    if (!is_directory(from) || (path_exist(to) && !replace))
         return false;
     // The whole list first: `to` may lie below `from`.
     auto const entries = find(from, L"*", c_find_directories | c_find_files | c_find_recursive);
     bool done = make_path(to);
-    std::wstring const base = include_directory_separator(from);
+    std::size_t const base = include_directory_separator(from).size();
+    std::wstring const front = include_directory_separator(to);
     for (auto const &entry : entries) {
-        std::wstring const target = combine(to, entry.substr(base.size()));
-        if (is_directory(entry))
+        std::wstring const target = front + entry.substr(base);
+        if (is_directory(entry) && is_link(entry))
+            done = make_path(directory(target)) && copy_link(entry, target) && done;
+        else if (is_directory(entry))
             done = make_path(target) && done;
         else
             done = make_path(directory(target)) && copy_file(entry, target, overwrite) && done;
@@ -314,9 +321,16 @@ bool move_directory(std::wstring const &from, std::wstring const &to, bool repla
 
 std::vector<std::wstring> find(std::wstring const &dir, std::wstring const &pattern, int flags)
 {
+    std::vector<std::wstring> directories = {native_path(dir)};
+    if (flags & c_find_recursive)
+        collect_directories(directories.front(), directories);
+    std::wstring const names = native_path(pattern);
     std::vector<std::wstring> out;
-    std::wstring const top = native_path(dir);
-    list_directory(top, native_path(pattern), flags, out);
+    for (auto const &directory : directories)
+        for (auto const &path : entries_of(directory))
+            if ((flags & (is_directory(path) ? c_find_directories : c_find_files)) &&
+                fits(filename(path), names))
+                out.push_back(path);
     return out;
 }
 

@@ -86,6 +86,9 @@ TEST_F(disk, directories)
     EXPECT_TRUE(copy_directory(root + L"from", root + L"to", true, true));
     EXPECT_EQ(read(root + L"to/sub/2.txt"), "2");
     EXPECT_TRUE(is_directory(root + L"to/sub/deep"));
+    // A file is no directory to copy.
+    EXPECT_FALSE(copy_directory(root + L"from/1.txt", root + L"other", false, false));
+    EXPECT_FALSE(path_exist(root + L"other"));
 
     EXPECT_FALSE(move_directory(root + L"from", root + L"from/sub/x", false, false));
     EXPECT_TRUE(path_exist(root + L"from/sub/2.txt"));
@@ -105,8 +108,34 @@ TEST_F(disk, links_are_removed_not_followed)
     ASSERT_EQ(symlink(system_path(root + L"kept").c_str(), system_path(root + L"d/link").c_str()), 0);
     ASSERT_EQ(symlink("..", system_path(root + L"d/loop").c_str()), 0);
     EXPECT_EQ(find(root + L"d", L"*", 7).size(), 2u);
+    ASSERT_TRUE(copy_directory(root + L"d", root + L"e", false, false));
+    EXPECT_TRUE(std::filesystem::is_symlink(system_path(root + L"e/link")));
     EXPECT_EQ(remove_path(root + L"d"), 3);
+    EXPECT_EQ(remove_path(root + L"e"), 3);
     EXPECT_TRUE(path_exist(root + L"kept/f"));
+}
+
+TEST_F(disk, names_that_look_like_paths_lead_nowhere)
+{
+    std::wstring const back = current_path();
+    std::filesystem::current_path(system_path(root));
+    write(L"kept", "x");
+    write(L"c:kept", "x");
+    make_path(L"d/below");
+    write(L"d/below/c:kept", "y");
+    EXPECT_TRUE(copy_directory(L"d", L"e", false, false));
+    EXPECT_EQ(read(L"e/below/c:kept"), "y");
+    EXPECT_EQ(remove_path(L"d"), 3);
+    EXPECT_EQ(read(L"c:kept"), "x");
+
+    make_path(L"d");
+    std::string const hostile = system_path(L"d/") + "..\\kept";
+    std::ofstream(hostile) << "y";
+    EXPECT_TRUE(find(L"d", L"*", 7).empty());
+    EXPECT_EQ(remove_path(L"d"), 0);
+    EXPECT_EQ(read(L"kept"), "x");
+    std::filesystem::remove(hostile);
+    std::filesystem::current_path(system_path(back));
 }
 
 TEST_F(disk, finds_by_pattern)
@@ -123,7 +152,7 @@ TEST_F(disk, finds_by_pattern)
     using list = std::vector<std::wstring>;
     EXPECT_EQ(names(find(root, L"*.dll", 2)), (list{L"a.dll", L"b.dll"}));
     EXPECT_EQ(names(find(root + L"?.txt", 2)), (list{L"c.txt"}));
-    EXPECT_EQ(names(find(root, L"*.d*", 7)), (list{L"a.dll", L"b.dll", L"sub.d\\d.dll", L"sub.d"}));
+    EXPECT_EQ(names(find(root, L"*.d*", 7)), (list{L"a.dll", L"b.dll", L"sub.d", L"sub.d\\d.dll"}));
     EXPECT_EQ(names(find(root, 3)).size(), 4u);
     EXPECT_TRUE(find(root + L"none/", 3).empty());
 }

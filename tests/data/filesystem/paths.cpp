@@ -66,6 +66,8 @@ TEST(paths, cleaned)
     expect_all(clean_path, {{L"C:/a/./b/../c/", L"C:\\a\\c"},
                             {L"a/../../b", L"..\\b"},
                             {L"C:\\", L"C:"},
+                            {L"C:a/./b", L"C:a\\b"},
+                            {L"C:..", L"C:.."},
                             {L"\\\\srv\\a\\..\\b", L"\\\\srv\\b"},
                             {L"a\\..", L""},
                             {L".", L""},
@@ -79,7 +81,7 @@ TEST(paths, ways_between)
 {
     EXPECT_EQ(relative_path(L"C:\\a\\b\\f.x", L"c:\\A\\c\\g.y"), L"..\\c\\g.y");
     EXPECT_EQ(relative_path(L"/a/f", L"/a/g"), L"g");
-    EXPECT_EQ(relative_path(L"/f", L"/g/h"), L"g\\h");
+    EXPECT_EQ(relative_path(L"/f", L"/g/h"), L"/g/h") << "there is no way from the root";
     EXPECT_EQ(relative_path(L"C:\\a\\", L"D:\\a\\x"), L"D:\\a\\x");
     EXPECT_EQ(relative_path(L"a/b", L"/x"), L"/x");
     EXPECT_EQ(absolute_path(L"C:\\a\\b.x", L"..\\c.y"), L"C:\\c.y");
@@ -124,6 +126,12 @@ TEST(numbers, comma_and_point)
                          {L"", 0, false},        {L"  +2e3", 2000, true},  {L"-7x", -7, false},
                          {L"1e999", inf, false}, {L"-1e999", -inf, false}, {L"1e-999", 0, false},
                          {L"+-1", 0, false},     {L"1 ", 1, false},        {L"5€", 5, false}};
+    std::wstring const zeros(400, L'0');
+    std::wstring const long_texts[] = {L"1" + zeros, L"1" + zeros + L"e-5", L"0." + zeros + L"1",
+                                       L"0." + zeros + L"1e5", L"0." + zeros + L"1e" + zeros + L"405"};
+    double const their_values[] = {inf, inf, 0, 0, 1e4};
+    for (std::size_t i = 0; i < std::size(long_texts); ++i)
+        EXPECT_EQ(Tutils::str2dbl(long_texts[i]), their_values[i]) << i;
     char const *before = std::setlocale(LC_NUMERIC, nullptr);
     std::string const saved = before ? before : "C";
     for (char const *locale : {"C", "de_DE.UTF-8", "ru_RU.UTF-8"}) {
