@@ -6,6 +6,7 @@
 #include "host/map_canvas.h"
 #include "host/map_window.h"
 #include "host/user_hand.h"
+#include "styles/simple/style_dlgs.h"
 #include "support/temp_dir.h"
 
 #include "platform/basic/vx_options.h"
@@ -17,6 +18,7 @@
 #include "platform/styles/vx_stl_prm.h"
 #include "platform/styles/vx_style.h"
 #include "platform/toolkit/qt_bridge.h"
+#include "platform/toolkit/user_input.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -25,6 +27,7 @@
 #include <QDir>
 #include <QDropEvent>
 #include <QFile>
+#include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
@@ -345,6 +348,63 @@ TEST_F(map_window, a_double_click_on_a_check_box_is_two_clicks)
     ASSERT_EQ(open({"nc.shp"}), 1);
     hand::double_click(list()->viewport(), hand::check_box_of(list(), 0));
     EXPECT_FALSE(editor().is_showing());
+}
+
+TEST_F(map_window, a_double_click_on_a_sample_opens_the_style_dialog)
+{
+    ASSERT_EQ(open({"nc.shp"}), 1);
+    EXPECT_TRUE(window->command("style")->isEnabled());
+    QImage const before = picture();
+    QImage const sample =
+        layers().data(layers().index(0), Qt::DecorationRole).value<QIcon>().pixmap(32, 20).toImage();
+    int const id = layers().id_at(0);
+    auto const revision = [&] { return layers().revision_at(layers().row_of(id)); };
+    int const first = revision();
+    // The outline off, by the box of its tab.
+    auto const act = [](bool apply) {
+        vx::user_input::on_next_modal([apply](vx::user_input::modal_window const &dialog) {
+            EXPECT_EQ(dialog.title(), L"Polygon style");
+            auto *edit = dynamic_cast<Tvx_pgn_style_dlg &>(*dialog.form()).get_edit();
+            EXPECT_TRUE(vx::user_input::click(edit->get_bpln_cb(), 10, 10));
+            dialog.press_button(apply ? L"Apply" : L"Cancel");
+        });
+    };
+    act(false);
+    hand::double_click(list()->viewport(), hand::picture_of(list(), 0));
+    EXPECT_FALSE(editor().is_showing());
+    EXPECT_EQ(revision(), first);
+    EXPECT_EQ(picture(), before);
+
+    act(true);
+    hand::double_click(list()->viewport(), hand::picture_of(list(), 0));
+    EXPECT_EQ(revision(), first + 1);
+    EXPECT_EQ(vx_layer_get_colors(layers().layer_at(0)).line.a, 0);
+    EXPECT_NE(picture(), before);
+    EXPECT_NE(layers().data(layers().index(0), Qt::DecorationRole).value<QIcon>().pixmap(32, 20).toImage(),
+              sample);
+    act(true);
+    run("style");
+    EXPECT_EQ(picture(), before) << "the outline is back";
+
+    // A layer of classes has no one style; its styles are in the properties.
+    vx_stl_mngr_set_mode(vx_shp_pgn_lr2d_get_stl_mngr_ptr(layers().layer_at(0)), c_stl_mngr_mode_value);
+    hand::double_click(list()->viewport(), hand::picture_of(list(), 0));
+    EXPECT_TRUE(editor().is_showing());
+    EXPECT_EQ(vx::user_input::pending_modals(), 0);
+}
+
+TEST_F(map_window, the_editor_shows_what_the_style_dialog_made)
+{
+    ASSERT_EQ(open({"nc.shp"}), 1);
+    run("properties");
+    vx::user_input::on_next_modal([](vx::user_input::modal_window const &dialog) {
+        auto *edit = dynamic_cast<Tvx_pgn_style_dlg &>(*dialog.form()).get_edit();
+        EXPECT_TRUE(vx::user_input::click(edit->get_bpln_cb(), 10, 10));
+        dialog.press_button(L"Apply");
+    });
+    run("style");
+    ASSERT_NO_FATAL_FAILURE(click_apply());
+    EXPECT_EQ(vx_layer_get_colors(layers().layer_at(0)).line.a, 0) << "Apply brings no old style back";
 }
 
 TEST_F(map_window, del_over_the_map_takes_no_layer_away)
