@@ -284,7 +284,9 @@ bool copy_directory(std::wstring const &from, std::wstring const &to, bool repla
         return false;
     // The whole list first: `to` may lie below `from`.
     auto const entries = find(from, L"*", c_find_directories | c_find_files | c_find_recursive);
-    bool done = make_path(to);
+    if (!make_path(to))
+        return false;
+    bool done = true;
     std::size_t const base = include_directory_separator(from).size();
     std::wstring const front = include_directory_separator(to);
     for (auto const &entry : entries) {
@@ -321,9 +323,10 @@ bool move_directory(std::wstring const &from, std::wstring const &to, bool repla
 
 std::vector<std::wstring> find(std::wstring const &dir, std::wstring const &pattern, int flags)
 {
-    std::vector<std::wstring> directories = {native_path(dir)};
+    std::wstring const top = native_path(dir);
+    std::vector<std::wstring> directories = {top};
     if (flags & c_find_recursive)
-        collect_directories(directories.front(), directories);
+        collect_directories(top, directories);
     std::wstring const names = native_path(pattern);
     std::vector<std::wstring> out;
     for (auto const &directory : directories)

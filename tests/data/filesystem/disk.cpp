@@ -89,6 +89,8 @@ TEST_F(disk, directories)
     // A file is no directory to copy.
     EXPECT_FALSE(copy_directory(root + L"from/1.txt", root + L"other", false, false));
     EXPECT_FALSE(path_exist(root + L"other"));
+    EXPECT_FALSE(copy_directory(root + L"from", L"", false, false));
+    EXPECT_FALSE(path_exist(L"1.txt")) << "nothing went to the current directory";
 
     EXPECT_FALSE(move_directory(root + L"from", root + L"from/sub/x", false, false));
     EXPECT_TRUE(path_exist(root + L"from/sub/2.txt"));
