@@ -1,6 +1,7 @@
 #include "platform/base/owned.h"
 #include "platform/calculator/vx_calc_filter.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
 #include <map>
@@ -37,9 +38,10 @@ public:
         auto const &value = f_cells[static_cast<std::size_t>(field)];
         if (auto const *number = std::get_if<double>(&value)) {
             out = {true, true, *number, {}};
-            f_text = std::to_wstring(static_cast<int>(*number));
-            if (text_needed)
+            if (text_needed) {
+                f_text = std::to_wstring(std::lround(*number));
                 out.text = f_text;
+            }
         } else if (auto const *text = std::get_if<std::wstring>(&value)) {
             out = {true, false, 0, *text};
         }

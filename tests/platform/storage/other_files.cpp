@@ -11,6 +11,7 @@
 
 #include <charconv>
 #include <gtest/gtest.h>
+#include <set>
 
 using namespace vx_test;
 
@@ -388,5 +389,49 @@ TEST(color_map, of_scales_that_are_no_row_of_ranges)
     EXPECT_FALSE(vx_xml_save_style_save_pv_color_map(nullptr, file.c_str(), mngr.get(), nullptr));
     EXPECT_FALSE(vx_xml_save_style_save_pv_color_map(nullptr, file.c_str(), mngr.get(), "clr_style"));
     EXPECT_FALSE(vx_xml_save_style_save_pv_color_map(nullptr, file.c_str(), nullptr, nullptr));
+}
+
+// ---- the document
+/// Names of all elements and attributes below a node.
+void collect_names(pugi::xml_node const &node, std::set<std::string> &names)
+{
+    for (auto const child : node.children()) {
+        names.insert(child.name());
+        for (auto const attribute : child.attributes())
+            names.insert(attribute.name());
+        collect_names(child, names);
+    }
+}
+
+TEST(file_formats, every_name_in_a_file_is_explained_in_the_document)
+{
+    temp_dir const dir;
+    std::set<std::string> names;
+    auto const add = [&](std::filesystem::path const &file) {
+        pugi::xml_document doc;
+        ASSERT_TRUE(doc.load_file(file.c_str()));
+        collect_names(doc, names);
+    };
+    for (char const *type : c_all_types) {
+        auto const mngr = make_mngr(type);
+        maker(1).scales(mngr.get(), 10);
+        for (scale_file const &kind : c_scale_files) {
+            ASSERT_TRUE(kind.save(nullptr, wide(dir / kind.name).c_str(), mngr.get(), nullptr));
+            add(dir / kind.name);
+        }
+    }
+    owned_libs const libs(vx_style_libs_create());
+    void *const lib = vx_style_libs_add_lib(libs.get(), L"x");
+    fill_lib(lib);
+    ASSERT_TRUE(vx_xml_data_save_style_lib(nullptr, wide(dir / "lib").c_str(), lib));
+    add(dir / "lib");
+    ASSERT_TRUE(
+        vx_xml_data_save_clr_palettes(nullptr, wide(dir / "palettes").c_str(), some_palettes().get()));
+    add(dir / "palettes");
+    EXPECT_LE(100u, names.size()) << "all fields of all layers";
+
+    auto const document = read_file(VX_SOURCE_DIR "/docs/file-formats.md");
+    for (auto const &name : names)
+        EXPECT_NE(std::string::npos, document.find('`' + name + '`')) << name;
 }
 } // namespace
