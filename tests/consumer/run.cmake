@@ -32,6 +32,7 @@ run(${CMAKE_COMMAND} --build ${WORK_DIR}/build)
 file(GLOB library ${prefix}/lib*/libvxk_lr2d_edit_form.so ${prefix}/lib/*/libvxk_lr2d_edit_form.so)
 run(${WORK_DIR}/build/by_name ${library} ${DATA_DIR}/nc.shp)
 run(${WORK_DIR}/build/linked ${DATA_DIR}/nc.shp)
+run(${WORK_DIR}/build/styles)
 
 find_program(pkg_config pkg-config)
 if(pkg_config)
