@@ -53,8 +53,6 @@ struct filter
     std::vector<condition> conditions;
 };
 
-[[nodiscard]] bool is_space(wchar_t c);
-[[nodiscard]] std::wstring_view trimmed(std::wstring_view text);
 /// The number that all of the text spells, white space at its ends aside; "." is the decimal sign.
 [[nodiscard]] std::optional<double> number_of(std::wstring_view text);
 

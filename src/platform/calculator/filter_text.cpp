@@ -1,3 +1,4 @@
+#include "platform/base/white_space.h"
 #include "platform/calculator/filter_model.h"
 #include "platform/calculator/vx_calc_filter.h"
 
@@ -6,6 +7,9 @@
 #include <charconv>
 
 namespace vx::calc {
+using text::is_space;
+using text::trimmed;
+
 namespace {
 struct relation_words
 {
@@ -174,20 +178,6 @@ private:
     std::size_t f_at = 0;
 };
 } // namespace
-
-bool is_space(wchar_t c)
-{
-    return c == L' ' || (c >= L'\t' && c <= L'\r') || c == 0xA0;
-}
-
-std::wstring_view trimmed(std::wstring_view text)
-{
-    while (!text.empty() && is_space(text.front()))
-        text.remove_prefix(1);
-    while (!text.empty() && is_space(text.back()))
-        text.remove_suffix(1);
-    return text;
-}
 
 std::optional<double> number_of(std::wstring_view text)
 {

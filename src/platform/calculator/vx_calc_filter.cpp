@@ -1,5 +1,6 @@
 #include "platform/calculator/vx_calc_filter.h"
 
+#include "platform/base/white_space.h"
 #include "platform/calculator/filter_model.h"
 #include "platform/winapi/collation.h"
 
@@ -8,6 +9,7 @@
 #include <memory>
 
 using namespace vx::calc;
+using vx::text::trimmed;
 
 namespace {
 constexpr double c_close = 1e-9;

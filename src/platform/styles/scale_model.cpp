@@ -1,6 +1,7 @@
 #include "platform/styles/scale_model.h"
 
 #include "platform/base/text_codec.h"
+#include "platform/base/white_space.h"
 #include "platform/basic/vx_oklab.h"
 
 #include <queue>
@@ -9,18 +10,12 @@
 #include <array>
 #include <cmath>
 #include <cstring>
-#include <cwctype>
 #include <functional>
 #include <limits>
 #include <random>
 
 namespace vx::styles {
 namespace {
-bool is_space(wchar_t c)
-{
-    return c == L' ' || (c >= L'\t' && c <= L'\r') || c == 0xA0;
-}
-
 template <class T>
 std::vector<std::unique_ptr<T>> clone_all(std::vector<std::unique_ptr<T>> const &source)
 {
@@ -68,37 +63,6 @@ bool operator==(rng_end const &a, rng_end const &b)
     return same(a.value, b.value) && a.caption == b.caption && a.prm == b.prm;
 }
 } // namespace
-
-std::wstring_view trimmed(std::wstring_view text)
-{
-    while (!text.empty() && is_space(text.front()))
-        text.remove_prefix(1);
-    while (!text.empty() && is_space(text.back()))
-        text.remove_suffix(1);
-    return text;
-}
-
-std::string_view trimmed(std::string_view utf8)
-{
-    constexpr std::string_view no_break = "\xC2\xA0";
-    auto const plain_space = [](char c) { return is_space(static_cast<unsigned char>(c)) && c != '\xA0'; };
-    for (;;) {
-        if (utf8.starts_with(no_break))
-            utf8.remove_prefix(no_break.size());
-        else if (!utf8.empty() && plain_space(utf8.front()))
-            utf8.remove_prefix(1);
-        else
-            break;
-    }
-    for (;;) {
-        if (utf8.ends_with(no_break))
-            utf8.remove_suffix(no_break.size());
-        else if (!utf8.empty() && plain_space(utf8.back()))
-            utf8.remove_suffix(1);
-        else
-            return utf8;
-    }
-}
 
 opacity_curve default_opacity_curve()
 {
@@ -284,7 +248,7 @@ void val_scale::build_index() const
     std::random_device chance;
     f_seed = static_cast<std::uint64_t>(chance()) << 32 | chance();
     for (std::uint32_t i = 0; i < f_entries.size(); ++i) {
-        std::string const text = text::wide_to_utf8(trimmed(f_entries[i]->text));
+        std::string const text = text::wide_to_utf8(text::trimmed(f_entries[i]->text));
         std::uint32_t const hash = hash_of(text, f_seed);
         slot &s = slot_of(text, hash);
         if (s.entry) // the first of equal texts stays
@@ -305,7 +269,7 @@ int val_scale::find(std::wstring_view text) const
 {
     // Most values are short and ASCII, and need no text made for them.
     std::array<char, 128> ascii;
-    text = trimmed(text);
+    text = text::trimmed(text);
     if (text.size() <= ascii.size() &&
         std::ranges::all_of(text, [](wchar_t c) { return c >= 0 && c < 0x80; })) {
         std::ranges::transform(text, ascii.begin(), [](wchar_t c) { return static_cast<char>(c); });
@@ -320,7 +284,7 @@ int val_scale::find(std::string_view utf8) const
         return -1;
     if (f_index.empty())
         build_index();
-    utf8 = trimmed(utf8);
+    utf8 = text::trimmed(utf8);
     if (utf8.empty())
         utf8 = ""; // never a null pointer
     return static_cast<int>(slot_of(utf8, hash_of(utf8, f_seed)).entry) - 1;

@@ -231,9 +231,6 @@ void run_gradient(gradient kind, unsigned first, unsigned last, unsigned count, 
         blend_row(kind, row(i).get(variant), *a, *b, static_cast<double>(i - first) / (last - first));
 }
 
-/// Text without white space at its ends.
-[[nodiscard]] std::wstring_view trimmed(std::wstring_view text);
-[[nodiscard]] std::string_view trimmed(std::string_view utf8);
 /// Puts `items` into the order `order[k]` = old index; false and no change unless `order` is a permutation.
 template <class T>
 bool reorder(std::vector<T> &items, int const *order, unsigned count,
