@@ -96,7 +96,8 @@ std::wstring make_vector_connection(std::wstring const &source, std::wstring con
     target.source = source;
     set_if_filled(target, c_layer_key, layer);
     set_if_filled(target, c_geom_key, geom);
-    set_if_filled(target, c_geom_type_key, type == geom_type::unknown ? L"" : geomtype_tostring(type));
+    if (type != geom_type::unknown)
+        target.params[c_geom_type_key] = geomtype_tostring(type);
     set_if_filled(target, c_fid_key, fid);
     return target.make_connection();
 }

@@ -1,8 +1,8 @@
 #include "data/source/generic_datasource.h"
 
+#include "data/source/interface_calls.h"
 #include "data/vector/vector_datasource.h"
 #include "extension/binding/histogram_visitor.h"
-#include "extension/binding/string_visitors.h"
 
 #include "platform/base/string_adp.h"
 #include "platform/basic/vx_datasource.h"
@@ -12,6 +12,9 @@
 #include <cmath>
 
 namespace vx::data {
+using detail::cut;
+using detail::text_of;
+
 namespace {
 /// Inserts the visited numbers into a set.
 class number_set_visitor final : public vx::floatings_visitor_impl
@@ -47,22 +50,6 @@ public:
 private:
     Tvx_histogramm_data *f_target;
 };
-
-/// Field indices and limits are cut to the low 32 bits when they cross the component interface.
-int cut(std::uint64_t number)
-{
-    return static_cast<int>(static_cast<std::uint32_t>(number));
-}
-
-/// The text that a call with a string visitor leaves.
-template <class Call>
-std::wstring text_of(Call call)
-{
-    std::wstring text;
-    vx::stdwstring_visitor visitor(text);
-    call(visitor);
-    return text;
-}
 
 bool same_name(std::wstring const &a, std::wstring const &b)
 {
@@ -467,21 +454,23 @@ std::uint64_t generic_datasource::field_distinct(field_index_type i)
     return compute_stat_distinct(i).distinct;
 }
 
-/// The deviation is a second pass over the values; what it needs may have come from the driver.
-void generic_datasource::prepare_stdev(field_index_type i, statistic &stat)
-{
-    if (stat.stdev_done || stat.common_done)
-        return;
-    double const average = field_average(i);
-    std::uint64_t const quantity = field_quantity(i);
-    stat.average = average;
-    stat.quantity = quantity;
-}
-
 double generic_datasource::field_stdev(field_index_type i)
 {
     double value = 0;
-    return f_stat_source.stdev(cut(i), &value) ? value : compute_stat_stdev(i).stdev;
+    if (f_stat_source.stdev(cut(i), &value))
+        return value;
+    statistic &entry = f_stats[i];
+    if (!entry.stdev_done) {
+        // A second pass over the values; what it needs may come from the driver.
+        if (!entry.common_done) {
+            double const average = field_average(i);
+            std::uint64_t const quantity = field_quantity(i);
+            entry.average = average;
+            entry.quantity = quantity;
+        }
+        compute_stat_stdev(i, entry);
+    }
+    return entry.stdev;
 }
 
 void generic_datasource::field_statistics(field_index_type i, Tvx_stat_data *stat)
@@ -515,9 +504,10 @@ statistic const &generic_datasource::compute_stat_common(field_index_type i)
 statistic const &generic_datasource::compute_stat_stdev(field_index_type i)
 {
     statistic &entry = f_stats[i];
-    prepare_stdev(i, entry);
-    if (!entry.stdev_done)
+    if (!entry.stdev_done) {
+        common_of(i);
         compute_stat_stdev(i, entry);
+    }
     return entry;
 }
 

@@ -190,6 +190,5 @@ private:
     bool finish_open(t_vx_data_source_interface handle, std::wstring const &source, access_mode mode);
     void release_handle();
     statistic const &common_of(field_index_type i);
-    void prepare_stdev(field_index_type i, statistic &stat);
 };
 } // namespace vx::data

@@ -1,26 +1,15 @@
 #include "data/vector/vector_datasource.h"
 
-#include "extension/binding/string_visitors.h"
+#include "data/source/interface_calls.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace vx::data {
+using detail::cut;
+using detail::text_of;
+
 namespace {
-int cut(std::uint64_t number)
-{
-    return static_cast<int>(static_cast<std::uint32_t>(number));
-}
-
-template <class Call>
-std::wstring text_of(Call call)
-{
-    std::wstring text;
-    vx::stdwstring_visitor visitor(text);
-    call(visitor);
-    return text;
-}
-
 /// Walks all features from the first; ends early when `visit` gives false.
 template <class Visit>
 void walk(vector_datasource &source, Visit visit)
@@ -303,6 +292,8 @@ bool vector_datasource::remove_field(std::wstring const &name)
 
 bool vector_datasource::reorder_fields(std::vector<field_index_type> const &order)
 {
+    if (order.size() != field_count()) // the driver is not told the length of the list
+        return false;
     std::vector<int> numbers(order.size());
     std::transform(order.begin(), order.end(), numbers.begin(), cut);
     return f_vector.reorder_fields(numbers.data());

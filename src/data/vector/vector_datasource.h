@@ -63,7 +63,8 @@ public:
     bool alter_field(field_index_type i, vector_definition &definition);
     bool remove_field(field_index_type i);
     bool remove_field(std::wstring const &name);
-    /// `order[i]` is the present index of the field that comes to place `i`.
+    /// `order[i]` is the present index of the field that comes to place `i`; false unless all fields are
+    /// listed.
     bool reorder_fields(std::vector<field_index_type> const &order);
 
     // ---- features

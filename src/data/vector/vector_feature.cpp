@@ -1,15 +1,11 @@
 #include "data/vector/vector_feature.h"
 
-#include "extension/binding/string_visitors.h"
+#include "data/source/interface_calls.h"
 
 namespace vx::data {
-namespace {
-/// Field indices are cut to the low 32 bits when they cross the component interface.
-int cut(std::uint64_t field)
-{
-    return static_cast<int>(static_cast<std::uint32_t>(field));
-}
+using detail::cut;
 
+namespace {
 // The two kinds of vertex lists under one name each, so that one body serves both.
 struct flat_list
 {
@@ -113,10 +109,7 @@ vx::data::geom_type vector_feature::geom_type() const
 
 std::wstring vector_feature::projection() const
 {
-    std::wstring text;
-    vx::stdwstring_visitor visitor(text);
-    f_handle.with_proj4(visitor);
-    return text;
+    return detail::text_of([&](auto &v) { f_handle.with_proj4(v); });
 }
 
 bool vector_feature::extent(Tvx_box_d2 &box) const

@@ -73,6 +73,92 @@ TEST(local_roads, each_pass_runs_once)
     EXPECT_EQ(s.detached, 0); // a foreign handle
 }
 
+namespace {
+/// Knows the average and the count of each field, and whatever else is set.
+struct half_informed : vx::polymorphic<vx::data_source_impl, vx::stat_source_impl>
+{
+    bool knows_unique = false;
+    bool average(int, double *value) override { return (*value = 40), true; }
+    bool count_nonnull(int, long long *value) override { return (*value = 3), true; }
+    bool with_unique_strings(int, int, vx::string_visitor visitor) override
+    {
+        visitor.visit(L"of the driver");
+        return knows_unique;
+    }
+    bool with_default_histogram(int, bool, vx::histogram_visitor visitor) override
+    {
+        long long counts[] = {5, 0, 7};
+        visitor.visit(-1, 2, 3, counts);
+        return true;
+    }
+};
+
+/// Walks nothing, and writes down what it is asked for.
+struct walker : generic_datasource
+{
+    std::string passes;
+    bool compute_stat_common(field_index_type, statistic &stat) override
+    {
+        passes += "common ";
+        stat.average = 10;
+        stat.quantity = 2;
+        return stat.common_done = true;
+    }
+    bool compute_stat_stdev(field_index_type, statistic &stat) override
+    {
+        passes += "stdev ";
+        stat.stdev = stat.average / static_cast<double>(stat.quantity);
+        return stat.stdev_done = true;
+    }
+    bool fetch_unique_values(field_index_type, std::uint64_t, std::set<std::wstring> &values) override
+    {
+        values.clear();
+        values.insert(L"walked");
+        return true;
+    }
+    using generic_datasource::compute_stat_stdev;
+    using generic_datasource::fetch_unique_values;
+};
+} // namespace
+
+TEST(driver_first, a_deviation_stands_on_what_the_driver_knows_unless_it_is_computed_here)
+{
+    half_informed driver;
+    walker d;
+    ASSERT_TRUE(d.from_handle(static_cast<vx::data_source_impl &>(driver)));
+    EXPECT_EQ(d.field_stdev(0), 40.0 / 3);
+    EXPECT_EQ(d.field_stdev(0), 40.0 / 3);
+    EXPECT_EQ(d.passes, "stdev ");
+    EXPECT_EQ(d.compute_stat_stdev(1).stdev, 5);
+    EXPECT_EQ(d.field_average(1), 40);
+    EXPECT_EQ(d.field_stdev(1), 5);
+    EXPECT_EQ(d.passes, "stdev common stdev ");
+}
+
+TEST(driver_first, unique_values_and_histograms)
+{
+    half_informed driver;
+    walker d;
+    d.from_handle(static_cast<vx::data_source_impl &>(driver));
+    std::set<std::wstring> values{L"before"};
+    EXPECT_TRUE(d.field_unique_values(0, 9, values));
+    EXPECT_EQ(values, std::set<std::wstring>{L"walked"})
+        << "what a driver gives before it gives up is dropped";
+    driver.knows_unique = true;
+    EXPECT_TRUE(d.field_unique_values(0, 9, values));
+    EXPECT_EQ(values, std::set<std::wstring>{L"of the driver"});
+
+    vx::owned<Tvx_stat_data, &vx_stat_destroy> const stat(vx_stat_create());
+    EXPECT_TRUE(d.field_histogram(0, stat.get()));
+    bool present = false;
+    Tvx_histogramm_data *const histogram = vx_stat_get_histogramm(stat.get(), &present);
+    EXPECT_TRUE(present);
+    ASSERT_EQ(vx_histogramm_get_size(histogram), 3u);
+    EXPECT_EQ(vx_histogramm_get(histogram, 0), 5);
+    EXPECT_EQ(vx_histogramm_get(histogram, 2), 7);
+    EXPECT_NEAR(vx_histogramm_get_bnd_max(histogram, 0), 0, 1e-15);
+}
+
 TEST(local_roads, values)
 {
     sample s;
