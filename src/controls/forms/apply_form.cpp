@@ -80,6 +80,7 @@ Tvx_apply_upd_form::Tvx_apply_upd_form(TComponent *owner)
     f_update_btn->SetWidth(Tvx_bottom_panel::c_button_width);
     f_update_btn->SetParent(get_bottom_panel());
     f_update_btn->SetAlign(alLeft);
+    f_update_btn->SetTabOrder(0);
     f_update_btn->OnClick = make_closure<&Tvx_apply_upd_form::on_update_btn_click>(this);
 }
 

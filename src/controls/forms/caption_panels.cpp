@@ -45,6 +45,7 @@ Tvx_string_panel::Tvx_string_panel(TComponent *owner)
 {
     f_caption->SetParent(this);
     f_edit->SetParent(this);
+    f_caption->set_focus_control(f_edit);
     f_edit->OnChange = make_closure<&Tvx_string_panel::on_edit_change>(this);
     set_caption_width(c_caption_width);
 }
@@ -162,6 +163,7 @@ Tvx_combo_box_panel::Tvx_combo_box_panel(TComponent *owner)
 {
     f_caption->SetParent(this);
     f_box->SetParent(this);
+    f_caption->set_focus_control(f_box);
     set_caption_width(c_caption_width);
 }
 

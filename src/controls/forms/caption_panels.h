@@ -17,6 +17,8 @@ public:
 
     [[nodiscard]] UnicodeString get_caption() const;
     void set_caption(UnicodeString const &caption);
+    /// A click on the caption, or its accelerator, leads to this control.
+    void set_focus_control(TWinControl *control) { f_label->SetFocusControl(control); }
 
 private:
     Tvx_label *f_label;

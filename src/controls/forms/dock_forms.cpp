@@ -4,8 +4,6 @@
 
 #include "platform/toolkit/application.h"
 
-#include <utility>
-
 namespace {
 TComponent *owner_or_application(TComponent *owner)
 {
@@ -26,14 +24,7 @@ Tvx_dock_tool_form::Tvx_dock_tool_form(TComponent *owner) : Tvx_form(owner), Doc
 
 void Tvx_dock_tool_form::show_pos(int x, int y)
 {
-    if (!std::exchange(f_placed, true)) {
-        if (x == 0 && y == 0)
-            SetPosition(poScreenCenter);
-        else
-            vx::detail::form_push_into_screen(*this, x, y);
-    }
-    Show();
-    SetPosition(poDesigned);
+    vx::detail::form_show_placed_once(*this, f_placed, x, y);
 }
 
 Tvx_mdi_child_form::Tvx_mdi_child_form(TComponent *owner) : Tvx_form(owner_or_application(owner))

@@ -3,6 +3,8 @@
 #include "platform/toolkit/form.h"
 #include "platform/toolkit/screen.h"
 
+#include <utility>
+
 /// The rules by which forms are put at a point of the primary screen. Left and upper edge are not guarded.
 namespace vx::detail {
 /// Back to the screen's edge, as far as the form's right and lower edges need.
@@ -23,5 +25,18 @@ inline void form_flip_into_screen(TCustomForm &form, int x, int y)
     form.SetBounds(x + form.GetWidth() > Screen->GetWidth() ? x - form.GetWidth() : x,
                    y + form.GetHeight() > Screen->GetHeight() ? y - form.GetHeight() : y, form.GetWidth(),
                    form.GetHeight());
+}
+/// Shows a tool form. At its first showing it is placed: (0, 0) is the middle of the screen, any other point
+/// is pushed back to the screen's edge. Later it comes back where it was.
+inline void form_show_placed_once(TCustomForm &form, bool &placed, int x, int y)
+{
+    if (!std::exchange(placed, true)) {
+        if (x == 0 && y == 0)
+            form.SetPosition(poScreenCenter);
+        else
+            form_push_into_screen(form, x, y);
+    }
+    form.Show();
+    form.SetPosition(poDesigned);
 }
 } // namespace vx::detail

@@ -89,6 +89,7 @@ void Tvx_vcl_select_box_panel::create()
     f_box = new Tvx_vcl_select_box(this);
     f_box->SetParent(get_data_panel());
     f_box->SetAlign(alClient);
+    set_focus_control(f_box);
     f_box->OnChange = make_closure<&Tvx_vcl_select_box_panel::on_box_change>(this);
 }
 

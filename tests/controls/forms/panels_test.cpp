@@ -261,6 +261,25 @@ TEST_F(panels, one_width_is_fixed_and_the_other_takes_the_rest)
     EXPECT_EQ(vertical->get_caption_width(), 200);
 }
 
+TEST_F(panels, captions_lead_to_their_control)
+{
+    auto *text = add<Tvx_string_panel>();
+    auto *combo = add<Tvx_combo_box_vert_panel>();
+    auto *choice = add<Tvx_vcl_select_box_panel>();
+    choice->create();
+    auto const check = [](auto *panel, TWinControl *control) {
+        panel->BringToFront();
+        panel->set_caption(L"&Name");
+        EXPECT_EQ(control->GetAccessibleName(), L"Name");
+        EXPECT_TRUE(input::click(panel, 10, 10));
+        EXPECT_TRUE(control->Focused());
+        panel->SetVisible(false);
+    };
+    check(text, text->get_edit());
+    check(combo, combo->get_combo_box());
+    check(choice, choice->get_select_box());
+}
+
 TEST_F(panels, progress_is_held_between_its_ends)
 {
     auto *panel = add<Tvx_vcl_progress_panel>();
