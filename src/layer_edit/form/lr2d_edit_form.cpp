@@ -4,6 +4,7 @@
 #include "layer_edit/form/form_captions_priv.h"
 #include "layer_edit/page_set/lr2d_edit.h"
 
+#include "platform/base/flag_scope.h"
 #include "platform/base/string_adp.h"
 #include "platform/basic/vx_res.h"
 #include "platform/layers/vx_lr2d.h"
@@ -109,10 +110,13 @@ void Tvx_lr2d_edit_form::create()
     if (!f_form || f_lr2d_edit)
         return;
     f_form->SetDoubleBuffered(true);
-    f_lr2d_edit = create_lr2d_edit();
+    // A page that cannot be made leaves the record without a page set, not with half of one.
+    std::unique_ptr<Tvx_lr2d_edit> page_set(create_lr2d_edit());
+    f_lr2d_edit = page_set.get();
     f_lr2d_edit->FreeNotification(f_watch.get());
     f_lr2d_edit->SetParent(f_form);
     f_lr2d_edit->create();
+    page_set.release();
     f_lr2d_edit->SetAlign(alClient);
     f_lr2d_edit->SetDoubleBuffered(true);
     f_lr2d_edit->on_changed = make_closure<&Tvx_lr2d_edit_form::on_lr2d_edit_changed>(this);
@@ -172,12 +176,7 @@ void Tvx_lr2d_edit_form::on_self_apply(TObject * /*sender*/)
     if (f_lr2d_edit)
         f_lr2d_edit->save_current_scl();
     {
-        struct restore_at_end
-        {
-            bool &flag;
-            bool before;
-            ~restore_at_end() { flag = before; }
-        } const in_apply{f_in_apply, std::exchange(f_in_apply, true)};
+        vx::flag_scope const in_apply(f_in_apply);
         call_callback();
     }
     update_controls();

@@ -2,6 +2,7 @@
 
 #include "layer_edit/page_set/page_set_captions_priv.h"
 
+#include "platform/base/flag_scope.h"
 #include "platform/basic/vx_event_channel.h"
 #include "platform/basic/vx_options.h"
 #include "platform/basic/vx_res.h"
@@ -17,20 +18,6 @@
 namespace {
 /// Host name and path. Bundles that extend the layer editor register under the same text.
 constexpr wchar_t c_extension_category[] = L"vxk/layer/2d";
-
-/// Sets a flag for the length of a block.
-class flag_scope
-{
-public:
-    explicit flag_scope(bool &flag) : f_flag(flag), f_before(std::exchange(flag, true)) {}
-    flag_scope(flag_scope const &) = delete;
-    flag_scope &operator=(flag_scope const &) = delete;
-    ~flag_scope() { f_flag = f_before; }
-
-private:
-    bool &f_flag;
-    bool f_before;
-};
 
 void clear_page(Tvx_basic_lr2d_edit &page)
 {
@@ -168,7 +155,7 @@ void Tvx_lr2d_edit::set_lr2d(Ivx_layer *layer)
 {
     if (!f_pages)
         return;
-    flag_scope const refreshing(f_refreshing);
+    vx::flag_scope const refreshing(f_refreshing);
     auto *const remembered = f_pages->GetActivePage();
     owned_layer clone(layer ? vx_lr2d_clone(layer) : nullptr);
     hand_to_extensions(clone.get());
@@ -186,7 +173,7 @@ void Tvx_lr2d_edit::update_controls()
 {
     if (!f_pages)
         return;
-    flag_scope const refreshing(f_refreshing);
+    vx::flag_scope const refreshing(f_refreshing);
     auto *const remembered = f_pages->GetActivePage();
     hand_to_extensions(f_lr2d.get());
     update_tabs();
@@ -348,12 +335,7 @@ void Tvx_lr2d_edit::call_changed()
 
 void Tvx_lr2d_edit::on_lr2d_changed(TObject * /*sender*/)
 {
-    struct clear_at_end
-    {
-        bool &flag;
-        ~clear_at_end() { flag = false; }
-    } const notify{f_notify_host};
-    f_notify_host = f_tos_grid_edit && f_tos_grid_edit->get_notify_host();
+    vx::flag_scope const notify(f_notify_host, f_tos_grid_edit && f_tos_grid_edit->get_notify_host());
     call_changed();
 }
 

@@ -70,13 +70,9 @@ public:
     /// an update.
     static void vx_lr2d_edit_event_channel_callback_proc(Tvx_table *queue, void *self);
 
-    /// A page reported a change. Set by the form.
-    closure<void(TObject *)> on_changed;
-
 protected:
     using owned_layer = vx::owned<Ivx_layer, &vx_lr2d_destroy>;
 
-    vx::lr2d_edit_parts f_parts;
     owned_layer f_lr2d;
     Tvx_page_control *f_pages = nullptr;
     Tvx_tab_sheet *f_prop_ts = nullptr;
@@ -100,6 +96,12 @@ protected:
     Tvx_basic_lr2d_edit *f_txt_pln_edit = nullptr;
     Tvx_basic_lr2d_edit *f_txt_pgn_edit = nullptr;
     Tvx_basic_lr2d_edit *f_txt_tos_2crd_edit = nullptr;
+
+public:
+    /// A page reported a change. Set by the form.
+    closure<void(TObject *)> on_changed;
+
+protected:
     std::wstring f_slice_prop_caption;
     std::wstring f_2crd_prop_caption;
     Ivx_event_channel *f_update_channel = nullptr;
@@ -126,5 +128,6 @@ private:
     [[nodiscard]] Ivx_layer *text_layer(vx::lr2d_text_layer source) const;
     void keep_active_tab(TTabSheet *remembered);
 
+    vx::lr2d_edit_parts f_parts;
     bool f_refreshing = false;
 };

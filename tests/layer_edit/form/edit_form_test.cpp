@@ -12,6 +12,7 @@
 
 #include <gtest/gtest.h>
 #include <memory>
+#include <new>
 
 namespace input = vx::user_input;
 
@@ -282,6 +283,27 @@ TEST(edit_form, calls_ahead_of_their_time_are_quiet)
     auto *copy = vx_lr2d_edt_form_get_lr2d_ptr(form.get());
     vx_lr2d_edt_form_create_all(form.get());
     EXPECT_EQ(vx_lr2d_edt_form_get_lr2d_ptr(form.get()), copy) << "a second time does nothing";
+}
+
+TEST(edit_form, a_page_that_cannot_be_made_leaves_no_half_page_set)
+{
+    class failing_record : public Tvx_lr2d_edit_form
+    {
+    public:
+        Tvx_lr2d_edit *create_lr2d_edit() override
+        {
+            static constexpr vx::lr2d_page_factory pages[] = {
+                {vx::lr2d_page::rtr, [](TComponent *) -> Tvx_basic_lr2d_edit * { throw std::bad_alloc(); }}};
+            static constexpr vx::lr2d_edit_parts parts = {pages};
+            return new Tvx_lr2d_edit(nullptr, parts);
+        }
+    };
+    handle form(new failing_record);
+    vx_lr2d_edt_form_create_all(form.get());
+    EXPECT_EQ(form->get_lr2d_edit(), nullptr);
+    vx_lr2d_edt_form_set_lr2d(form.get(), named_layer(L"layer").get());
+    vx_lr2d_edt_form_update(form.get());
+    EXPECT_EQ(vx_lr2d_edt_form_get_lr2d_ptr(form.get()), nullptr);
 }
 
 TEST(edit_form, null_handles_are_quiet)
