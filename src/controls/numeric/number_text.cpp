@@ -1,5 +1,7 @@
 #include "controls/numeric/number_text.h"
 
+#include "data/filesystem/strutil.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -52,25 +54,13 @@ bool find_float(std::wstring_view text, std::size_t at, found_float &found)
     if (at < text.size() && (text[at] == L'-' || text[at] == L'+'))
         ++at;
     std::string number;
-    int digits = 0;
-    // Power of ten of the first digit that is not 0, should the number not fit.
-    long long power = 0;
+    bool digits = false;
     bool point = false;
-    bool nonzero = false;
     for (; at < text.size() && (is_digit(text[at]) || (text[at] == L'.' && !point)); ++at) {
         number += static_cast<char>(text[at]);
-        if (text[at] == L'.') {
-            point = true;
-            continue;
-        }
-        ++digits;
-        if (nonzero && !point)
-            ++power;
-        else if (!nonzero && point)
-            --power;
-        nonzero = nonzero || text[at] != L'0';
+        (text[at] == L'.' ? point : digits) = true;
     }
-    if (digits == 0)
+    if (!digits)
         return false;
     std::size_t exponent_end = at;
     if (at < text.size() && (text[at] == L'e' || text[at] == L'E')) {
@@ -83,25 +73,13 @@ bool find_float(std::wstring_view text, std::size_t at, found_float &found)
         if (e > first)
             exponent_end = e;
     }
-    bool const exponent_negative = exponent_end > at && text[at + 1] == L'-';
-    for (std::size_t e = at; e < exponent_end; ++e)
-        number += static_cast<char>(text[e]);
+    for (; at < exponent_end; ++at)
+        number += static_cast<char>(text[at]);
     found.end = exponent_end;
-    found.too_large = false;
-    double value = 0.0;
-    auto const result = std::from_chars(number.data(), number.data() + number.size(), value);
-    if (result.ec == std::errc::result_out_of_range) {
-        auto const e = number.find_first_of("eE");
-        long long exponent = 0;
-        if (e != std::string::npos) {
-            std::size_t const first = e + 1 + (number[e + 1] == '-' || number[e + 1] == '+' ? 1 : 0);
-            if (std::from_chars(number.data() + first, number.data() + number.size(), exponent).ec !=
-                std::errc())
-                exponent = std::numeric_limits<int>::max();
-        }
-        found.too_large = power + (exponent_negative ? -exponent : exponent) > 0;
-        value = found.too_large ? std::numeric_limits<double>::max() : 0.0;
-    }
+    double value = vx::strutil::to_double(number.c_str(), nullptr);
+    found.too_large = std::isinf(value);
+    if (found.too_large)
+        value = std::numeric_limits<double>::max();
     found.value = negative ? -value : value;
     return true;
 }
