@@ -139,7 +139,13 @@ void Tvx_clr_picker_btn::load_res()
     vx_glyph_get_res(GetGlyph(), c_picture_color_picker);
     UnicodeString const action = vx_res_get_wstr(c_caption_pick_color);
     SetHint(action);
-    SetAccessibleName(action);
+    SetAccessibleName(f_accessible_text.IsEmpty() ? action : f_accessible_text + L": " + action);
+}
+
+void Tvx_clr_picker_btn::set_accessible_text(UnicodeString const &text)
+{
+    f_accessible_text = text;
+    load_res();
 }
 
 void Tvx_clr_picker_btn::Click()

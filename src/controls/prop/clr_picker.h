@@ -48,6 +48,8 @@ public:
     virtual void load_res();
     void Click() override;
 
+    /// Names what gets the colour, for assistive use; empty: the action alone.
+    void set_accessible_text(UnicodeString const &text);
     /// The colour that was taken last.
     [[nodiscard]] Tvx_color get_color() const { return f_color; }
 
@@ -55,5 +57,6 @@ public:
     TNotifyEvent on_color_picked;
 
 private:
+    UnicodeString f_accessible_text;
     Tvx_color f_color;
 };

@@ -42,6 +42,7 @@ void Tvx_clr_vsb_panel::set_text(UnicodeString const &text)
 {
     f_label->SetCaption(text);
     f_clr_panel->set_accessible_text(text);
+    f_visible_ctrl->set_accessible_text(text);
 }
 
 Tvx_color Tvx_clr_vsb_panel::get_color() const
@@ -111,6 +112,12 @@ void Tvx_clr_vsb_pick_panel::load_res()
 {
     Tvx_clr_vsb_panel::load_res();
     f_picker_btn->load_res();
+}
+
+void Tvx_clr_vsb_pick_panel::set_text(UnicodeString const &text)
+{
+    Tvx_clr_vsb_panel::set_text(text);
+    f_picker_btn->set_accessible_text(text);
 }
 
 void Tvx_clr_vsb_pick_panel::Resize()

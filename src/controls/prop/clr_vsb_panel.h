@@ -16,8 +16,8 @@ public:
     virtual void load_res();
 
     [[nodiscard]] UnicodeString get_text() const;
-    /// The label.
-    void set_text(UnicodeString const &text);
+    /// The label, which names the buttons too.
+    virtual void set_text(UnicodeString const &text);
     [[nodiscard]] Tvx_color get_color() const;
     /// Fires nothing; no other setter does.
     void set_color(Tvx_color color);
@@ -55,6 +55,7 @@ public:
     explicit Tvx_clr_vsb_pick_panel(TComponent *owner);
 
     void load_res() override;
+    void set_text(UnicodeString const &text) override;
     [[nodiscard]] Tvx_clr_picker_btn *get_picker_btn() const { return f_picker_btn; }
 
 protected:

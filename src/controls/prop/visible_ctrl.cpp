@@ -38,5 +38,11 @@ void Tvx_visible_ctrl::show_state()
     vx_glyph_get_res(GetGlyph(), f_visible ? c_picture_visible : c_picture_hidden);
     UnicodeString const action = vx_res_get_wstr(f_visible ? c_caption_hide : c_caption_show);
     SetHint(action);
-    SetAccessibleName(action);
+    SetAccessibleName(f_accessible_text.IsEmpty() ? action : f_accessible_text + L": " + action);
+}
+
+void Tvx_visible_ctrl::set_accessible_text(UnicodeString const &text)
+{
+    f_accessible_text = text;
+    show_state();
 }

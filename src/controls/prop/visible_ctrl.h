@@ -16,6 +16,8 @@ public:
     [[nodiscard]] bool get_visible() const { return f_visible; }
     /// Fires nothing.
     void set_visible(bool visible);
+    /// Names what is shown or hidden, for assistive use; empty: the action alone.
+    void set_accessible_text(UnicodeString const &text);
 
     /// The user turned the state.
     TNotifyEvent on_changed;
@@ -23,5 +25,6 @@ public:
 private:
     void show_state();
 
+    UnicodeString f_accessible_text;
     bool f_visible = true;
 };

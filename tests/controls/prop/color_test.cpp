@@ -159,6 +159,11 @@ TEST_F(colors, taken_from_the_screen)
     auto *panel = add<Tvx_clr_vsb_pick_panel>(20);
     panel->on_changed = recorder();
     EXPECT_EQ(panel->get_picker_btn()->GetWidth(), 20);
+    panel->set_text(L"Ground");
+    for (TControl *button : {static_cast<TControl *>(panel->get_picker_btn()),
+                             static_cast<TControl *>(panel->get_visible_ctrl()),
+                             static_cast<TControl *>(panel->get_clr_panel()->get_button())})
+        EXPECT_EQ(button->GetAccessibleName().Pos(L"Ground"), 1);
     EXPECT_GT(panel->get_picker_btn()->GetLeft(), panel->get_clr_panel()->GetLeft());
     pick_at(middle(square));
     ASSERT_TRUE(input::click(panel->get_picker_btn()));
