@@ -18,6 +18,9 @@
 #include "platform/styles/vx_stl_mngr.h"
 #include "platform/styles/vx_stl_prm.h"
 #include "platform/styles/vx_style.h"
+#include "platform/toolkit/form.h"
+#include "platform/toolkit/qt_bridge.h"
+#include "platform/toolkit/user_input.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -101,6 +104,7 @@ bool Tvx_tour::run(QStringList const &files)
         show_navigation();
         show_layer_kinds();
         show_apply();
+        show_style_dialog();
         show_broken_file();
     }
     f_window.close();
@@ -235,6 +239,27 @@ void Tvx_tour::show_apply()
     check(canvas.settled_picture() != before, "Apply does not change the map");
     shoot_screen("screen_after_apply");
     f_window.editor().close();
+}
+
+void Tvx_tour::show_style_dialog()
+{
+    remove_all_layers();
+    for (char const *file : {"naturalearth_cities.shp", "streets.shp", "nc.shp"}) {
+        if (!open_example({file}))
+            continue;
+        bool seen = false;
+        vx::user_input::on_next_modal([&](vx::user_input::modal_window const &dialog) {
+            seen = true;
+            if (dialog.form())
+                save(vx_qt_widget(dialog.form())->grab().toImage(),
+                     "style_of_" + f_window.layers().name_at(0));
+            dialog.reject();
+        });
+        QListView *list = f_window.panel().view();
+        hand::double_click(list->viewport(), hand::picture_of(list, 0));
+        vx::user_input::forget_pending_modals();
+        check(seen, QString("a double click on the sample opens no style dialog: ") + file);
+    }
 }
 
 void Tvx_tour::show_broken_file()

@@ -25,6 +25,7 @@ private:
     void show_menu(int place);
     void show_layer_kinds();
     void show_apply();
+    void show_style_dialog();
     void show_broken_file();
 
     bool open_example(QStringList const &names);
