@@ -98,7 +98,8 @@ inline constexpr int c_find_recursive = 4;
 
 // ---- the system
 
-/// The path in the form that the system's own calls take: separators turned, UTF-8.
+/// The path in the form that the system's own calls take: separators turned, UTF-8. Empty, which names
+/// nothing, for a path that holds NUL.
 [[nodiscard]] VX_API std::string system_path(std::wstring const &path);
 
 /// With a separator at the end.

@@ -2,6 +2,7 @@
 #include "data/filesystem/strutil.h"
 
 #include "platform/base/text_codec.h"
+#include "platform/winapi/file.h"
 
 #include <algorithm>
 #include <dirent.h>
@@ -128,9 +129,8 @@ bool lies_below(std::wstring const &path, std::wstring const &dir)
 
 std::string system_path(std::wstring const &path)
 {
-    std::string out = text::wide_to_utf8(path);
-    std::replace(out.begin(), out.end(), '\\', '/');
-    return out;
+    // What stands before a NUL is another path.
+    return path.find(L'\0') == path.npos ? vx_path_to_native(path) : std::string();
 }
 
 std::wstring current_path()

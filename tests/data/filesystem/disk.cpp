@@ -51,6 +51,15 @@ TEST_F(disk, either_separator_reaches_the_file)
     EXPECT_FALSE(is_file(L"") || is_directory(L"") || path_exist(L""));
 }
 
+TEST_F(disk, a_path_with_nul_names_nothing)
+{
+    write(root + L"f", "x");
+    std::wstring const path = root + L"f" + std::wstring(1, L'\0') + L".shp";
+    EXPECT_FALSE(path_exist(path) || file_readable(path) || copy_file(path, root + L"g", true));
+    EXPECT_EQ(remove_path(path), 0);
+    EXPECT_TRUE(path_exist(root + L"f"));
+}
+
 TEST_F(disk, readable_and_writable)
 {
     write(root + L"f", "x");
