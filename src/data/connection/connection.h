@@ -3,6 +3,7 @@
 #include "platform/base/export.h"
 
 #include <string>
+#include <utility>
 
 struct Ivx_entity;
 struct t_vx_data_source_interface;

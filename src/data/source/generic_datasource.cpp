@@ -1,6 +1,6 @@
 #include "data/source/generic_datasource.h"
 
-#include "data/source/interface_calls.h"
+#include "data/source/interface_calls_priv.h"
 #include "data/vector/vector_datasource.h"
 #include "extension/binding/histogram_visitor.h"
 

@@ -1,6 +1,6 @@
 #include "data/vector/vector_datasource.h"
 
-#include "data/source/interface_calls.h"
+#include "data/source/interface_calls_priv.h"
 
 #include <algorithm>
 #include <cmath>
@@ -10,6 +10,23 @@ using detail::cut;
 using detail::text_of;
 
 namespace {
+/// Hands the visited feature on, and knows whether there was one.
+class noticing_visitor final : public vx::feature_visitor_impl
+{
+public:
+    explicit noticing_visitor(vector_feature &target) : f_target(target) {}
+    void visit(vx::feature handle) override
+    {
+        f_target.init(handle);
+        f_was_called = static_cast<bool>(handle);
+    }
+    [[nodiscard]] bool was_called() const { return f_was_called; }
+
+private:
+    vector_feature &f_target;
+    bool f_was_called = false;
+};
+
 /// Walks all features from the first; ends early when `visit` gives false.
 template <class Visit>
 void walk(vector_datasource &source, Visit visit)
@@ -329,16 +346,18 @@ bool vector_datasource::moveto_feature(long long i)
     return f_random.moveto_index(i);
 }
 
+// A driver that says yes and brings nothing would have the former feature counted twice, or for ever.
+
 bool vector_datasource::fetch_next_feature(vector_feature &feature)
 {
-    vector_feature_visitor visitor(feature);
-    return f_forward.with_next_feature(visitor);
+    noticing_visitor visitor(feature);
+    return f_forward.with_next_feature(visitor) && visitor.was_called();
 }
 
 bool vector_datasource::fetch_feature(long long fid, vector_feature &feature)
 {
-    vector_feature_visitor visitor(feature);
-    return f_random.with_feature(fid, visitor);
+    noticing_visitor visitor(feature);
+    return f_random.with_feature(fid, visitor) && visitor.was_called();
 }
 
 bool vector_datasource::create_feature(long long fid, vector_feature &feature)

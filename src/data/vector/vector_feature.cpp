@@ -1,6 +1,6 @@
 #include "data/vector/vector_feature.h"
 
-#include "data/source/interface_calls.h"
+#include "data/source/interface_calls_priv.h"
 
 namespace vx::data {
 using detail::cut;
