@@ -31,6 +31,9 @@ void Tvx_vcl_bottom_buttons::create()
         button->SetVisible(i == apply || i == cancel);
         f_buttons[static_cast<std::size_t>(i)] = button;
     }
+    // Tab goes from left to right.
+    f_buttons[save]->SetTabOrder(0);
+    f_buttons[load]->SetTabOrder(1);
     f_buttons[cancel]->SetCancel(true);
     f_buttons[cancel]->OnClick = make_closure<&Tvx_vcl_bottom_buttons::on_cancel_btn_click>(this);
     f_buttons[apply]->OnClick = make_closure<&Tvx_vcl_bottom_buttons::on_apply_btn_click>(this);

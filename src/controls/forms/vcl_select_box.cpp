@@ -24,7 +24,7 @@ void Tvx_vcl_select_box::add_item(UnicodeString const &text, unsigned id)
 bool Tvx_vcl_select_box::find_str(UnicodeString const &text, unsigned &id) const
 {
     int const position = position_of(text);
-    if (position < 0)
+    if (position < 0 || position >= static_cast<int>(f_ids.size()))
         return false;
     id = f_ids[static_cast<std::size_t>(position)];
     return true;

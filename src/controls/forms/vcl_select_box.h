@@ -39,7 +39,7 @@ public:
 private:
     [[nodiscard]] int position_of(UnicodeString const &text) const;
 
-    std::vector<unsigned> f_ids; ///< one for each item
+    std::vector<unsigned> f_ids; ///< one for each item that came through `add_item`
 };
 
 /// A captioned select box with the same operations.
