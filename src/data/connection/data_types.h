@@ -2,6 +2,7 @@
 
 #include "platform/base/export.h"
 
+#include <cstdint>
 #include <string>
 
 /// Types of geometry, of attribute fields and of grid cells. The numbers cross the component interface and
@@ -46,6 +47,12 @@ enum class data_type : int
     float32 = 9,
     float64 = 10,
 };
+
+/// An index or a limit as the component interface takes it: cut to the low 32 bits.
+[[nodiscard]] constexpr int interface_index(std::uint64_t number)
+{
+    return static_cast<int>(static_cast<std::uint32_t>(number));
+}
 
 /// Without the z coordinate; every type that has no such form comes back unchanged, `multipatch` too.
 [[nodiscard]] VX_API geom_type geomtype_flatten(geom_type t);

@@ -1,8 +1,8 @@
 #include "data/source/generic_datasource.h"
 
-#include "data/source/interface_calls_priv.h"
 #include "data/vector/vector_datasource.h"
 #include "extension/binding/histogram_visitor.h"
+#include "extension/binding/string_visitors.h"
 
 #include "platform/base/string_adp.h"
 #include "platform/basic/vx_datasource.h"
@@ -12,9 +12,6 @@
 #include <cmath>
 
 namespace vx::data {
-using detail::cut;
-using detail::text_of;
-
 namespace {
 /// Inserts the visited numbers into a set.
 class number_set_visitor final : public vx::floatings_visitor_impl
@@ -246,17 +243,17 @@ bool generic_datasource::extent(Tvx_box_d3 &box, force_type force) const
 
 std::wstring generic_datasource::name() const
 {
-    return text_of([&](auto &v) { f_source.with_name(v); });
+    return visited_text([&](auto &v) { f_source.with_name(v); });
 }
 
 std::wstring generic_datasource::desription() const
 {
-    return text_of([&](auto &v) { f_source.with_description(v); });
+    return visited_text([&](auto &v) { f_source.with_description(v); });
 }
 
 std::wstring generic_datasource::projection() const
 {
-    return text_of([&](auto &v) { f_source.with_proj4(v); });
+    return visited_text([&](auto &v) { f_source.with_proj4(v); });
 }
 
 bool generic_datasource::set_projection(std::wstring const &proj4)
@@ -279,12 +276,12 @@ int generic_datasource::vector_count() const
 
 std::wstring generic_datasource::vector_source(int i) const
 {
-    return text_of([&](auto &v) { f_source.vector_source(i, v); });
+    return visited_text([&](auto &v) { f_source.vector_source(i, v); });
 }
 
 std::wstring generic_datasource::vector_name(int i) const
 {
-    return text_of([&](auto &v) { f_source.vector_name(i, v); });
+    return visited_text([&](auto &v) { f_source.vector_name(i, v); });
 }
 
 int generic_datasource::grid_count() const
@@ -294,17 +291,17 @@ int generic_datasource::grid_count() const
 
 std::wstring generic_datasource::grid_source(int i) const
 {
-    return text_of([&](auto &v) { f_source.grid_source(i, v); });
+    return visited_text([&](auto &v) { f_source.grid_source(i, v); });
 }
 
 std::wstring generic_datasource::grid_name(int i) const
 {
-    return text_of([&](auto &v) { f_source.grid_name(i, v); });
+    return visited_text([&](auto &v) { f_source.grid_name(i, v); });
 }
 
 std::wstring generic_datasource::error_message() const
 {
-    return text_of([&](auto &v) { f_source.with_error(v); });
+    return visited_text([&](auto &v) { f_source.with_error(v); });
 }
 
 field_index_type generic_datasource::field_count() const
@@ -315,48 +312,48 @@ field_index_type generic_datasource::field_count() const
 
 std::wstring generic_datasource::field_name(field_index_type i) const
 {
-    return text_of([&](auto &v) { f_source.field_name(cut(i), v); });
+    return visited_text([&](auto &v) { f_source.field_name(interface_index(i), v); });
 }
 
 std::wstring generic_datasource::field_alias(field_index_type i) const
 {
-    return text_of([&](auto &v) { f_source.field_alias(cut(i), v); });
+    return visited_text([&](auto &v) { f_source.field_alias(interface_index(i), v); });
 }
 
 bool generic_datasource::set_field_alias(field_index_type i, std::wstring const &alias)
 {
-    return f_source.set_field_alias(cut(i), alias.c_str());
+    return f_source.set_field_alias(interface_index(i), alias.c_str());
 }
 
 vx::data::field_type generic_datasource::field_type(field_index_type i) const
 {
-    return static_cast<vx::data::field_type>(f_source.field_type(cut(i)));
+    return static_cast<vx::data::field_type>(f_source.field_type(interface_index(i)));
 }
 
 int generic_datasource::field_subtype(field_index_type i) const
 {
-    return f_source.field_subtype(cut(i));
+    return f_source.field_subtype(interface_index(i));
 }
 
 bool generic_datasource::field_readonly(field_index_type i) const
 {
-    return f_source.field_readonly(cut(i));
+    return f_source.field_readonly(interface_index(i));
 }
 
 std::wstring generic_datasource::field_default(field_index_type i) const
 {
-    return text_of([&](auto &v) { f_source.field_default(cut(i), v); });
+    return visited_text([&](auto &v) { f_source.field_default(interface_index(i), v); });
 }
 
 bool generic_datasource::field_nullable(field_index_type i) const
 {
-    return f_source.field_nullable(cut(i));
+    return f_source.field_nullable(interface_index(i));
 }
 
 bool generic_datasource::field_dict(field_index_type i, vx::data::field_dict &dict) const
 {
     field_dict_visitor visitor(dict);
-    return f_source.field_dict(cut(i), visitor);
+    return f_source.field_dict(interface_index(i), visitor);
 }
 
 field_index_type generic_datasource::field_index(std::wstring const &name) const
@@ -405,12 +402,12 @@ std::wstring generic_datasource::make_field_unique_name(std::wstring const &name
 
 bool generic_datasource::field_has_statistics(field_index_type i) const
 {
-    return f_stat_source.has_stat(cut(i));
+    return f_stat_source.has_stat(interface_index(i));
 }
 
 bool generic_datasource::field_has_histogram(field_index_type i) const
 {
-    return f_stat_source.has_histogram(cut(i));
+    return f_stat_source.has_histogram(interface_index(i));
 }
 
 statistic const &generic_datasource::common_of(field_index_type i)
@@ -424,32 +421,32 @@ statistic const &generic_datasource::common_of(field_index_type i)
 double generic_datasource::field_minimum(field_index_type i)
 {
     double value = 0;
-    return f_stat_source.minimum(cut(i), &value) ? value : common_of(i).minimum;
+    return f_stat_source.minimum(interface_index(i), &value) ? value : common_of(i).minimum;
 }
 
 double generic_datasource::field_maximum(field_index_type i)
 {
     double value = 0;
-    return f_stat_source.maximum(cut(i), &value) ? value : common_of(i).maximum;
+    return f_stat_source.maximum(interface_index(i), &value) ? value : common_of(i).maximum;
 }
 
 double generic_datasource::field_average(field_index_type i)
 {
     double value = 0;
-    return f_stat_source.average(cut(i), &value) ? value : common_of(i).average;
+    return f_stat_source.average(interface_index(i), &value) ? value : common_of(i).average;
 }
 
 std::uint64_t generic_datasource::field_quantity(field_index_type i)
 {
     long long count = 0;
-    return f_stat_source.count_nonnull(cut(i), &count) ? static_cast<std::uint64_t>(count)
-                                                       : common_of(i).quantity;
+    return f_stat_source.count_nonnull(interface_index(i), &count) ? static_cast<std::uint64_t>(count)
+                                                                   : common_of(i).quantity;
 }
 
 std::uint64_t generic_datasource::field_distinct(field_index_type i)
 {
     long long count = 0;
-    if (f_stat_source.count_distinct(cut(i), &count))
+    if (f_stat_source.count_distinct(interface_index(i), &count))
         return static_cast<std::uint64_t>(count);
     return compute_stat_distinct(i).distinct;
 }
@@ -457,7 +454,7 @@ std::uint64_t generic_datasource::field_distinct(field_index_type i)
 double generic_datasource::field_stdev(field_index_type i)
 {
     double value = 0;
-    if (f_stat_source.stdev(cut(i), &value))
+    if (f_stat_source.stdev(interface_index(i), &value))
         return value;
     statistic &entry = f_stats[i];
     if (!entry.stdev_done) {
@@ -493,7 +490,7 @@ bool generic_datasource::field_histogram(field_index_type i, Tvx_stat_data *stat
 bool generic_datasource::field_histogram(field_index_type i, Tvx_histogramm_data *histogram)
 {
     histogram_visitor visitor(histogram);
-    return f_stat_source.with_default_histogram(cut(i), true, visitor);
+    return f_stat_source.with_default_histogram(interface_index(i), true, visitor);
 }
 
 statistic const &generic_datasource::compute_stat_common(field_index_type i)
@@ -535,7 +532,7 @@ bool generic_datasource::field_unique_values(field_index_type i, std::uint64_t l
     if (f_stat_source) {
         values.clear();
         vx::stdwstring_set_visitor visitor(values);
-        if (f_stat_source.with_unique_strings(cut(i), cut(limit), visitor))
+        if (f_stat_source.with_unique_strings(interface_index(i), interface_index(limit), visitor))
             return true;
     }
     return fetch_unique_values(i, limit, values);
@@ -546,7 +543,7 @@ bool generic_datasource::field_unique_values(field_index_type i, std::uint64_t l
 {
     if (f_stat_source) {
         number_set_visitor visitor(values);
-        if (f_stat_source.with_unique_numerics(cut(i), cut(limit), visitor))
+        if (f_stat_source.with_unique_numerics(interface_index(i), interface_index(limit), visitor))
             return true;
     }
     return fetch_unique_values(i, limit, values);

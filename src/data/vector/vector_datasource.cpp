@@ -1,14 +1,11 @@
 #include "data/vector/vector_datasource.h"
 
-#include "data/source/interface_calls_priv.h"
+#include "extension/binding/string_visitors.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace vx::data {
-using detail::cut;
-using detail::text_of;
-
 namespace {
 /// Hands the visited feature on, and knows whether there was one.
 class noticing_visitor final : public vx::feature_visitor_impl
@@ -243,12 +240,12 @@ vector_definition vector_datasource::fetch_definition() const
 
 int vector_datasource::field_width(field_index_type i) const
 {
-    return f_vector.field_width(cut(i));
+    return f_vector.field_width(interface_index(i));
 }
 
 int vector_datasource::field_precision(field_index_type i) const
 {
-    return f_vector.field_precision(cut(i));
+    return f_vector.field_precision(interface_index(i));
 }
 
 vx::data::geom_type vector_datasource::geom_type() const
@@ -258,7 +255,7 @@ vx::data::geom_type vector_datasource::geom_type() const
 
 std::wstring vector_datasource::fid_field_name() const
 {
-    return text_of([&](auto &v) { f_vector.fid_field_name(v); });
+    return visited_text([&](auto &v) { f_vector.fid_field_name(v); });
 }
 
 std::uint64_t vector_datasource::feature_count(force_type force) const
@@ -273,7 +270,7 @@ int vector_datasource::geom_field_count() const
 
 std::wstring vector_datasource::geom_field_name(int i) const
 {
-    return text_of([&](auto &v) { f_vector.geom_field_name(i, v); });
+    return visited_text([&](auto &v) { f_vector.geom_field_name(i, v); });
 }
 
 vx::data::geom_type vector_datasource::geom_field_type(int i) const
@@ -283,7 +280,7 @@ vx::data::geom_type vector_datasource::geom_field_type(int i) const
 
 std::wstring vector_datasource::geom_field_proj(int i) const
 {
-    return text_of([&](auto &v) { f_vector.geom_field_proj4(i, v); });
+    return visited_text([&](auto &v) { f_vector.geom_field_proj4(i, v); });
 }
 
 bool vector_datasource::create_field(vector_definition &definition)
@@ -293,12 +290,12 @@ bool vector_datasource::create_field(vector_definition &definition)
 
 bool vector_datasource::alter_field(field_index_type i, vector_definition &definition)
 {
-    return f_vector.alter_field(cut(i), definition);
+    return f_vector.alter_field(interface_index(i), definition);
 }
 
 bool vector_datasource::remove_field(field_index_type i)
 {
-    return f_vector.delete_field(cut(i));
+    return f_vector.delete_field(interface_index(i));
 }
 
 bool vector_datasource::remove_field(std::wstring const &name)
@@ -312,7 +309,7 @@ bool vector_datasource::reorder_fields(std::vector<field_index_type> const &orde
     if (order.size() != field_count()) // the driver is not told the length of the list
         return false;
     std::vector<int> numbers(order.size());
-    std::transform(order.begin(), order.end(), numbers.begin(), cut);
+    std::transform(order.begin(), order.end(), numbers.begin(), interface_index);
     return f_vector.reorder_fields(numbers.data());
 }
 

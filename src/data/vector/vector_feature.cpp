@@ -1,10 +1,8 @@
 #include "data/vector/vector_feature.h"
 
-#include "data/source/interface_calls_priv.h"
+#include "extension/binding/string_visitors.h"
 
 namespace vx::data {
-using detail::cut;
-
 namespace {
 // The two kinds of vertex lists under one name each, so that one body serves both.
 struct flat_list
@@ -109,7 +107,7 @@ vx::data::geom_type vector_feature::geom_type() const
 
 std::wstring vector_feature::projection() const
 {
-    return detail::text_of([&](auto &v) { f_handle.with_proj4(v); });
+    return visited_text([&](auto &v) { f_handle.with_proj4(v); });
 }
 
 bool vector_feature::extent(Tvx_box_d2 &box) const
@@ -119,12 +117,12 @@ bool vector_feature::extent(Tvx_box_d2 &box) const
 
 vx::data::field_type vector_feature::field_type(std::uint64_t field) const
 {
-    return static_cast<vx::data::field_type>(f_handle.field_type(cut(field)));
+    return static_cast<vx::data::field_type>(f_handle.field_type(interface_index(field)));
 }
 
 int vector_feature::field_subtype(std::uint64_t field) const
 {
-    return f_handle.field_subtype(cut(field));
+    return f_handle.field_subtype(interface_index(field));
 }
 
 bool vector_feature::fetch_style(void *style) const
@@ -195,7 +193,7 @@ std::wstring vector_feature::read_string(std::uint64_t field, bool &not_null) co
     std::wstring text;
     vx::stdwstring_visitor visitor(text);
     not_null = false;
-    f_handle.get_string(cut(field), &not_null, visitor);
+    f_handle.get_string(interface_index(field), &not_null, visitor);
     return text;
 }
 
@@ -203,25 +201,25 @@ void vector_feature::read_string(std::uint64_t field, bool &not_null, Ivx_string
 {
     vx::string_adp_visitor visitor(target);
     not_null = false;
-    f_handle.get_string(cut(field), &not_null, visitor);
+    f_handle.get_string(interface_index(field), &not_null, visitor);
 }
 
 std::int32_t vector_feature::read_integer(std::uint64_t field, bool &not_null) const
 {
     not_null = false;
-    return f_handle.get_integer(cut(field), &not_null);
+    return f_handle.get_integer(interface_index(field), &not_null);
 }
 
 std::int64_t vector_feature::read_bigint(std::uint64_t field, bool &not_null) const
 {
     not_null = false;
-    return f_handle.get_bigint(cut(field), &not_null);
+    return f_handle.get_bigint(interface_index(field), &not_null);
 }
 
 double vector_feature::read_numeric(std::uint64_t field, bool &not_null) const
 {
     not_null = false;
-    return f_handle.get_numeric(cut(field), &not_null);
+    return f_handle.get_numeric(interface_index(field), &not_null);
 }
 
 any vector_feature::read_any(std::uint64_t field) const
@@ -249,7 +247,7 @@ any vector_feature::read_any(std::uint64_t field) const
 
 bool vector_feature::write_string(std::uint64_t field, wchar_t const *text)
 {
-    return f_handle.set_string(cut(field), text);
+    return f_handle.set_string(interface_index(field), text);
 }
 
 bool vector_feature::write_string(std::uint64_t field, std::wstring const &text)
@@ -259,22 +257,22 @@ bool vector_feature::write_string(std::uint64_t field, std::wstring const &text)
 
 bool vector_feature::write_integer(std::uint64_t field, std::int32_t value)
 {
-    return f_handle.set_integer(cut(field), value);
+    return f_handle.set_integer(interface_index(field), value);
 }
 
 bool vector_feature::write_bigint(std::uint64_t field, std::int64_t value)
 {
-    return f_handle.set_bigint(cut(field), value);
+    return f_handle.set_bigint(interface_index(field), value);
 }
 
 bool vector_feature::write_numeric(std::uint64_t field, double value)
 {
-    return f_handle.set_numeric(cut(field), value);
+    return f_handle.set_numeric(interface_index(field), value);
 }
 
 bool vector_feature::write_null(std::uint64_t field)
 {
-    return f_handle.set_undef(cut(field));
+    return f_handle.set_undef(interface_index(field));
 }
 
 bool vector_feature::write_default(std::uint64_t field)

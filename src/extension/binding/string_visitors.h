@@ -24,6 +24,16 @@ private:
     std::wstring &f_target;
 };
 
+/// What a call with a visitor says in one text; empty when it visits nothing.
+template <class Call>
+[[nodiscard]] std::wstring visited_text(Call call)
+{
+    std::wstring text;
+    stdwstring_visitor visitor(text);
+    call(visitor);
+    return text;
+}
+
 /// Appends each text; null is skipped.
 class stdwstring_list_visitor final : public string_visitor_impl
 {
