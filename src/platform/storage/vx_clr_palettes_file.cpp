@@ -4,11 +4,13 @@
 #include "platform/storage/storage_state.h"
 #include "platform/storage/vx_ini_data.h"
 #include "platform/storage/vx_xml_save_2d.h"
+#include "platform/winapi/file.h"
 
 using namespace vx::storage;
 
 namespace {
 constexpr char const *c_palettes_root = "vx_palettes";
+constexpr wchar_t const *c_kept_ext = L".damaged";
 constexpr unsigned c_palette_limit = 100'000; ///< colours of one palette
 
 using owned_palettes = vx::owned<void, &vx_clr_palettes_destroy>;
@@ -79,7 +81,14 @@ void load_user_palettes(void *palettes)
     Tvx_std_wstring_adapter adapter(path);
     auto const name = std::wstring(c_clr_palettes_basename) + c_clr_palettes_ext;
     vx_ini_data_get_storage_path(ini.get(), name.c_str(), adapter);
-    [[maybe_unused]] bool const there = vx_xml_data_load_clr_palettes(nullptr, path.c_str(), palettes);
+    std::wstring error;
+    auto const bytes = file_bytes(path.c_str(), error);
+    if (!bytes || read_palettes(*bytes, palettes) == xml_fault::none)
+        return;
+    // The user's next palettes will take the place of a file that cannot be read.
+    auto const kept = path + c_kept_ext;
+    if (!vx_path_exists(kept) && !vx_save_atomic(kept, *bytes, error))
+        vx_storage_report_error(error.c_str());
 }
 
 [[maybe_unused]] bool const registered = [] {

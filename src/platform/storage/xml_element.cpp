@@ -61,9 +61,15 @@ bool for_each_number(std::string_view text, F take)
     }
 }
 
-std::size_t item_count(std::string_view bytes)
+/// Whether the parser may be given the bytes. It keeps tens of bytes for each element and attribute, however
+/// short they are; none takes less than four bytes, so that only a long file has to be counted.
+bool within_limits(std::string_view bytes)
 {
-    return static_cast<std::size_t>(std::ranges::count(bytes, '<') + std::ranges::count(bytes, '='));
+    constexpr std::size_t c_shortest_item = 4;
+    if (bytes.size() <= c_xml_item_limit * c_shortest_item)
+        return true;
+    auto const count = std::ranges::count(bytes, '<') + std::ranges::count(bytes, '=');
+    return bytes.size() <= c_xml_size_limit && static_cast<std::size_t>(count) <= c_xml_item_limit;
 }
 
 /// Place of the eight digits of the checksum; npos when there is none near the head.
@@ -359,8 +365,7 @@ xml_file::~xml_file() = default;
 
 xml_fault xml_file::parse(std::string bytes, char const *root_name)
 {
-    // The parser keeps tens of bytes for each element and attribute, however short they are.
-    if (bytes.size() > c_xml_size_limit || item_count(bytes) > c_xml_item_limit)
+    if (!within_limits(bytes))
         return xml_fault::damaged;
     f_content->bytes = std::move(bytes);
     std::string &text = f_content->bytes;
@@ -423,8 +428,7 @@ std::string xml_file::bytes()
     writer out;
     f_content->doc.save(out, " ", pugi::format_indent, pugi::encoding_utf8);
     auto const digits = crc_place(out.bytes);
-    if (digits == out.bytes.npos || out.bytes.size() > c_xml_size_limit ||
-        item_count(out.bytes) > c_xml_item_limit)
+    if (digits == out.bytes.npos || !within_limits(out.bytes))
         return {};
     out.bytes.replace(digits, c_no_crc.size(), crc_text(out.bytes, digits).data());
     return std::move(out.bytes);

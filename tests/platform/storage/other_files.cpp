@@ -12,6 +12,8 @@
 #include <charconv>
 #include <gtest/gtest.h>
 #include <set>
+#include <sys/wait.h>
+#include <unistd.h>
 
 using namespace vx_test;
 
@@ -162,6 +164,18 @@ TEST(palette_files, the_users_palettes_come_from_his_storage)
     auto const name = std::wstring(c_clr_palettes_basename) + c_clr_palettes_ext;
     auto const path = storage_path(name.c_str());
     EXPECT_EQ(wide(storage / "user_palettes.clrs"), path);
+
+    // The list is read once for a process, so a damaged file is looked at in another one.
+    write_file(storage / "user_palettes.clrs", "<vx_palettes");
+    pid_t const child = fork();
+    if (child == 0)
+        _exit(static_cast<int>(vx_clr_palettes_get_size(vx_get_user_palettes())));
+    int status = -1;
+    ASSERT_EQ(child, waitpid(child, &status, 0));
+    EXPECT_EQ(0, status);
+    EXPECT_EQ("<vx_palettes", read_file(storage / "user_palettes.clrs.damaged"));
+    EXPECT_EQ("<vx_palettes", read_file(storage / "user_palettes.clrs"));
+
     auto const list = some_palettes();
     ASSERT_TRUE(vx_xml_data_save_clr_palettes(nullptr, path.c_str(), list.get()));
     // Nothing in this program has asked for them before.

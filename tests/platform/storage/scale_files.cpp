@@ -341,10 +341,9 @@ INSTANTIATE_TEST_SUITE_P(kinds, hostile, testing::Range(0, 3),
 TEST(scale_files, a_file_of_nothing_but_elements_is_refused_before_it_takes_the_memory)
 {
     temp_dir const dir;
-    std::string const some(1'000'000, '<');
     std::string many = "<vx_scale version=\"1\">";
-    for (int i = 0; i < 17; ++i)
-        many += some;
+    for (int i = 0; i < 17'000'000; ++i)
+        many += "<a/>";
     write_file(dir / "s", many);
     auto const mngr = make_mngr("clr_style");
     owned_xml const xml(vx_xml_save_2d_create());
