@@ -90,7 +90,8 @@ CPLStringList open_options(connection_text const &connection, char const *driver
 bool is_idle_write_ahead_database(std::string const &path, char const *driver)
 {
     struct stat info = {};
-    if (!driver || !EQUAL(driver, "GPKG") || stat((path + "-wal").c_str(), &info) == 0)
+    if (!driver || !(EQUAL(driver, "GPKG") || EQUAL(driver, "SQLite")) ||
+        stat((path + "-wal").c_str(), &info) == 0)
         return false;
     // The versions of the format that readers and writers need: 2 is the write-ahead one.
     constexpr std::streamoff c_versions = 18;
@@ -228,9 +229,14 @@ void dataset::vector_source(int index, vx::string_visitor visitor) const
     std::wstring ignored;
     error_guard const guard(ignored);
     OGRLayer *const layer = f_gdal->GetLayer(index);
-    if (layer)
-        visitor.visit(
-            make_connection_text(f_connection.source, text::utf8_to_wide(layer->GetName()), L"").c_str());
+    if (!layer)
+        return;
+    std::wstring const name = text::utf8_to_wide(layer->GetName());
+    // An option cannot hold this character; an only table needs no name.
+    if (name.find(L'&') != std::wstring::npos && f_gdal->GetLayerCount() == 1)
+        visitor.visit(f_connection.source.c_str());
+    else
+        visitor.visit(make_connection_text(f_connection.source, name, L"").c_str());
 }
 
 void dataset::vector_name(int index, vx::string_visitor visitor) const

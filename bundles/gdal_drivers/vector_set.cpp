@@ -335,8 +335,9 @@ unsigned long long vector_set::feature_count(bool force)
     (void)flush_features();
     position_keeper const keeper(*this);
     long long count = -1;
-    f_layer->ResetReading(); // one format counts from where it reads
-    if (f_only_type == geom_unknown)
+    f_layer->ResetReading();
+    // GDAL's own count of text tables is wrong once a box filter was taken off.
+    if (f_only_type == geom_unknown && !f_set->is_driver("CSV"))
         count = f_layer->GetFeatureCount(force);
     else if (force) {
         count = 0;

@@ -247,32 +247,34 @@ bool vector_set::ask_database(int field, field_stat &stat)
                              .next();
         return any && any->GetFieldAsInteger64(0) == 0;
     }
+    auto const away_from = [&](double value) {
+        return "(" + asked.number + " - (" + whole_text(value) + "))";
+    };
     auto const squares_from = [&](double value) {
-        std::string const away = "(" + asked.number + " - (" + whole_text(value) + "))";
-        return "SUM(" + away + " * " + away + ")";
+        return "SUM(" + away_from(value) + " * " + away_from(value) + ")";
     };
     double const start = first->GetFieldAsDouble(0);
     if (!std::isfinite(start))
         return false;
-    auto const all =
-        database_answer(base, "SELECT COUNT(*), MIN(" + asked.number + "), MAX(" + asked.number + "), SUM(" +
-                                  asked.number + "), " + squares_from(start) + ", (SELECT COUNT(" +
-                                  quoted_name(field_at(field)->GetNameRef()) + ") FROM " +
-                                  table_name(*f_layer, is_server) + ")" + asked.rows)
-            .next();
+    std::string const field_name = quoted_name(field_at(field)->GetNameRef());
+    std::string const question = "SELECT COUNT(*), MIN(" + asked.number + "), MAX(" + asked.number +
+                                 "), SUM(" + asked.number + "), SUM(" + away_from(start) + "), " +
+                                 squares_from(start) + ", (SELECT COUNT(" + field_name + ") FROM " +
+                                 table_name(*f_layer, is_server) + ")" + asked.rows;
+    auto const all = database_answer(base, question).next();
     if (!all || !guard.text().empty())
         return false;
     stat.count = all->GetFieldAsInteger64(0);
     // A text among the numbers: GDAL's reading of it counts.
-    if (!is_server && all->GetFieldAsInteger64(5) != stat.count)
+    if (!is_server && all->GetFieldAsInteger64(6) != stat.count)
         return false;
     stat.minimum = all->GetFieldAsDouble(1);
     stat.maximum = all->GetFieldAsDouble(2);
     stat.sum = all->GetFieldAsDouble(3);
-    stat.mean = stat.sum / static_cast<double>(stat.count);
-    double const shift = stat.mean - start;
+    double const shift = all->GetFieldAsDouble(4) / static_cast<double>(stat.count);
     double const shifted = static_cast<double>(stat.count) * shift * shift;
-    stat.squares = all->GetFieldAsDouble(4) - shifted;
+    stat.mean = start + shift;
+    stat.squares = std::max(0.0, all->GetFieldAsDouble(5) - shifted);
     if (shifted > c_far * stat.squares) {
         auto const again = database_answer(base, "SELECT " + squares_from(stat.mean) + asked.rows).next();
         if (!again || !guard.text().empty())

@@ -1,8 +1,10 @@
 #include "peer.h"
 
 #include "extension/binding/polymorphic.h"
+#include "extension/binding/referent_object.h"
 
 #include <cwchar>
+#include <memory>
 
 namespace {
 class peer_object final : public vx::polymorphic<vx::monitor_impl, vx::dict_impl>
@@ -34,7 +36,26 @@ public:
         length += static_cast<int>(std::wcslen(key) + std::wcslen(value));
     }
 };
+class peer_service final : public vx::layer_2d_editor_extension_service_impl, public vx::referent_object
+{
+public:
+    vx::referent as_referent() override { return static_cast<vx::referent_object &>(*this); }
+    int priority() override { return 7; }
+};
+
+std::unique_ptr<peer_service> g_service;
 } // namespace
+
+extern "C" t_vx_layer_2d_editor_extension_service_interface peer_make_service()
+{
+    g_service = std::make_unique<peer_service>();
+    return static_cast<vx::layer_2d_editor_extension_service_impl &>(*g_service);
+}
+
+extern "C" void peer_end_service()
+{
+    g_service.reset();
+}
 
 extern "C" t_vx_interface peer_object_handle()
 {

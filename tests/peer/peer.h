@@ -2,6 +2,7 @@
 
 #include "extension/binding/dict.h"
 #include "extension/binding/interface.h"
+#include "extension/binding/layer_2d_editor_extension_service.h"
 #include "extension/binding/monitor.h"
 
 /// What a peer module exports, found by `dlsym`.
@@ -15,6 +16,9 @@ struct peer_functions
     bool (*report)(t_vx_interface general, double done);
     /// Whether the peer takes the handle for that of an object of its own.
     bool (*is_own)(t_vx_dict_interface handle);
+    /// A service on the heap with a referent of its own, and its end.
+    t_vx_layer_2d_editor_extension_service_interface (*make_service)();
+    void (*end_service)();
     /// Address of the peer's own table.
     void const *(*table)();
 };

@@ -1,4 +1,5 @@
 #include "extension/binding/polymorphic.h"
+#include "extension/binding/ref.h"
 #include "extension/binding/string_visitors.h"
 #include "peer.h"
 
@@ -36,6 +37,8 @@ public:
         find(call.consume, "peer_consume");
         find(call.report, "peer_report");
         find(call.is_own, "peer_is_own");
+        find(call.make_service, "peer_make_service");
+        find(call.end_service, "peer_end_service");
         find(call.table, "peer_table");
     }
     ~peer_module()
@@ -121,6 +124,25 @@ TEST_P(peer, of_another_revision_is_not_there)
     EXPECT_TRUE(own.reports.empty());
     EXPECT_EQ(module.call.consume(vx_dict_interface_generalize(own)), 6);
     EXPECT_EQ(module.call.consume({}), -1);
+}
+
+TEST_P(peer, that_ends_an_object_leaves_its_holders_empty)
+{
+    peer_module module("peer.so", GetParam());
+    ASSERT_TRUE(module.is_loaded()) << dlerror();
+    using held_service = vx::ref<vx::layer_2d_editor_extension_service, false,
+                                 vx::reftraits<vx::layer_2d_editor_extension_service>>;
+    held_service held{vx::layer_2d_editor_extension_service(module.call.make_service())};
+    held_service const other(held);
+    EXPECT_EQ(held->priority(), 7);
+    module.call.end_service();
+    EXPECT_TRUE(held.is_null() && other.is_null());
+    EXPECT_EQ(held->priority(), 1) << "the default of a null handle";
+    held.detach();
+    held.hold(module.call.make_service());
+    EXPECT_EQ(held->priority(), 7);
+    held.detach();
+    module.call.end_service();
 }
 
 INSTANTIATE_TEST_SUITE_P(loaded, peer, testing::Values(RTLD_NOW | RTLD_LOCAL, RTLD_NOW | RTLD_GLOBAL),

@@ -1,5 +1,6 @@
 #include "source.h"
 #include "support/temp_dir.h"
+#include "writing.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -126,23 +127,25 @@ TEST(gdal_hostile, reading_leaves_no_files_behind)
                R"({"type":"FeatureCollection","features":[{"type":"Feature","properties":{"n":1},
         "geometry":{"type":"Point","coordinates":[1,2,3]}}]})");
     fs::copy(VX_EXAMPLE_DATA "/lc.tif", dir / "d.tif");
+    // Databases that their writers left in write-ahead mode.
+    struct
     {
-        // A database that its writer left in write-ahead mode.
-        source const made(wide(dir / "e.gpkg"), 2);
-        ASSERT_TRUE(made.is_open());
-        class no_fields final : public vx::vector_definition_impl
+        char const *name;
+        int driver;
+    } const bases[] = {{"e.gpkg", 2}, {"f.sqlite", 7}};
+    for (auto const &b : bases) {
         {
-        } nothing;
-        ASSERT_TRUE(made.table.create_vector(L"t", 1, 0, static_cast<vx::vector_definition>(nothing)));
-    }
-    {
+            source const made(wide(dir / b.name), b.driver);
+            ASSERT_TRUE(made.is_open());
+            ASSERT_TRUE(made.table.create_vector(L"t", 1, 0, definition({{L"n", 3}})));
+        }
         sqlite3 *base = nullptr;
-        ASSERT_EQ(sqlite3_open((dir / "e.gpkg").c_str(), &base), SQLITE_OK);
+        ASSERT_EQ(sqlite3_open((dir / b.name).c_str(), &base), SQLITE_OK);
         ASSERT_EQ(sqlite3_exec(base, "PRAGMA journal_mode=WAL", nullptr, nullptr, nullptr), SQLITE_OK);
         sqlite3_close(base);
     }
     auto const before = content(dir.path());
-    for (char const *const name : {"a.gml", "b.csv", "c.geojson", "d.tif", "e.gpkg"}) {
+    for (char const *const name : {"a.gml", "b.csv", "c.geojson", "d.tif", "e.gpkg", "f.sqlite"}) {
         SCOPED_TRACE(name);
         {
             source const s(wide(dir / name));
@@ -155,6 +158,104 @@ TEST(gdal_hostile, reading_leaves_no_files_behind)
             s.forward.set_attribute_filter(L"FID >= 0 LIMIT 5");
             EXPECT_EQ(content(dir.path()), before) << "while it is open";
         }
+        EXPECT_EQ(content(dir.path()), before);
+    }
+}
+/// A small table in a file of the format; gives its bytes.
+std::string made_file(fs::path const &path, int driver, wchar_t const *options)
+{
+    {
+        source const made(wide(path), driver);
+        EXPECT_TRUE(made.table.create_vector(options, 1, 0, definition({{L"n", 3}, {L"s", 1, 0, 20}})));
+        (void)made.table.transaction_start();
+        for (int i = 0; i < 60; ++i)
+            EXPECT_TRUE(add(made, [&](vx::feature f) {
+                Tvx_vtx_d2 place{1.0 * i, 2};
+                EXPECT_TRUE(f.set_point(&place) && f.set_integer(0, i) && f.set_string(1, L"text"));
+            }));
+    }
+    return read_file(path);
+}
+
+struct file_format
+{
+    char const *ending;
+    int driver;
+    wchar_t const *options;
+};
+constexpr file_format c_formats[] = {{".shp", 1, L"t"},
+                                     {".gpkg", 2, L"t"},
+                                     {".geojson", 3, L"t"},
+                                     {".fgb", 4, L"t"},
+                                     {".csv", 5, L"t|GEOMETRY=AS_WKT"},
+                                     {".sqlite", 7, L"t"}};
+
+TEST(gdal_hostile, cut_files_of_every_format)
+{
+    for (auto const &format : c_formats) {
+        SCOPED_TRACE(format.ending);
+        temp_dir const dir;
+        auto const path = dir / (std::string("t") + format.ending);
+        std::string const whole = made_file(path, format.driver, format.options);
+        ASSERT_GT(whole.size(), 100u);
+        for (int part = 0; part < 12; ++part) {
+            write_file(path,
+                       std::string_view(whole).substr(0, whole.size() * static_cast<unsigned>(part) / 12));
+            source const s(wide(path));
+            EXPECT_TRUE(s.is_open() || !source::refusal().empty());
+            EXPECT_LE(rest_of(s).size(), 60u);
+            double value = 0;
+            for (int field = -1; field < 4; ++field) {
+                (void)s.stat.maximum(field, &value);
+                (void)texts_of([&](vx::string_visitor v) { (void)s.stat.with_unique_strings(field, 9, v); });
+            }
+            Tvx_box_d2 box;
+            (void)s.data.with_extent(&box, true);
+        }
+    }
+}
+
+TEST(gdal_hostile, names_of_files_with_marks_and_other_letters)
+{
+    for (auto const &format : c_formats) {
+        temp_dir const dir;
+        for (char const *const name :
+             {"with blanks  two", "it's \"quoted\"", "a&b=c", "Карта №1", "100%", "#hash"}) {
+            auto const path = dir / (std::string(name) + format.ending);
+            SCOPED_TRACE(path.string());
+            std::string const bytes =
+                made_file(dir / (std::string("t") + format.ending), format.driver, format.options);
+            for (auto const &entry : fs::directory_iterator(dir.path()))
+                if (entry.path().stem() == "t")
+                    fs::rename(entry.path(), dir / (std::string(name) + entry.path().extension().string()));
+            source const s(wide(path));
+            ASSERT_TRUE(s.is_open()) << vx::text::wide_to_utf8(source::refusal());
+            EXPECT_EQ(rest_of(s).size(), 60u);
+            long long count = 0;
+            EXPECT_TRUE(s.stat.count_distinct(s.field(L"n"), &count));
+            EXPECT_EQ(count, 60);
+            // What the source names for its table opens it again. "|" begins the options everywhere.
+            auto const again = text_of([&](vx::string_visitor v) { s.data.vector_source(0, v); });
+            EXPECT_TRUE(source(again).is_open()) << vx::text::wide_to_utf8(again);
+        }
+    }
+}
+
+TEST(gdal_hostile, a_file_that_may_not_be_written)
+{
+    if (geteuid() == 0)
+        GTEST_SKIP() << "nothing is forbidden to this user";
+    for (auto const &format : c_formats) {
+        SCOPED_TRACE(format.ending);
+        temp_dir const dir;
+        auto const path = dir / (std::string("t") + format.ending);
+        (void)made_file(path, format.driver, format.options);
+        for (auto const &entry : fs::directory_iterator(dir.path()))
+            fs::permissions(entry.path(), fs::perms::owner_read);
+        auto const before = content(dir.path());
+        EXPECT_FALSE(source(wide(path), false).is_open());
+        EXPECT_NE(source::refusal(), L"");
+        EXPECT_EQ(rest_of(source(wide(path))).size(), 60u);
         EXPECT_EQ(content(dir.path()), before);
     }
 }

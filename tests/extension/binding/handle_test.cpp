@@ -1,3 +1,4 @@
+#include "extension/binding/data_sets_families.h"
 #include "extension/binding/data_source.h"
 #include "extension/binding/docker.h"
 #include "extension/binding/feature.h"
@@ -178,6 +179,15 @@ TEST(handle, defaults_of_null_handles)
     EXPECT_TRUE(vxk_framework_grid_layout_row_visible({}));
     EXPECT_TRUE(vxk_framework_canvas_outline_column_avid({}));
     EXPECT_TRUE(vxk_framework_outline_show_root({}));
+    // Names that are like the ones above and have the plain default.
+    EXPECT_FALSE(vxk_framework_modeless_dialog_visible({}) || vxk_framework_scene_adder_visible({}) ||
+                 vxk_framework_layer_2d_adder_visible({}) || vxk_framework_layer_3d_adder_visible({}) ||
+                 vxk_framework_properties_3d_editor_visible({}));
+    EXPECT_FALSE(vxk_framework_grid_layout_column_avid({}) || vxk_framework_grid_layout_row_avid({}));
+    EXPECT_FALSE(vxk_framework_checkbox_list_item_enabled({}));
+    EXPECT_EQ(vxk_datasource_datasource_service_priority({}), 0);
+    EXPECT_EQ(vxk_framework_grid_fixed_column_count({}), 0);
+    EXPECT_EQ(vxk_framework_button_default_button({}), 0);
     // Everything else gives nothing.
     EXPECT_EQ(vxk_framework_referent_owner({}).table, nullptr);
     EXPECT_FALSE(vxk_framework_referrer_reachable({}));
