@@ -170,10 +170,14 @@ public:
 
     // ---- values
 
+    /// All values that are neither null nor no-data, in the order of the source.
     bool field_values(field_index_type i, std::vector<std::wstring> &values);
     bool field_values(field_index_type i, std::vector<double> &values);
+    /// At most `limit` different values: the driver's, or those of a walk. What the set held is gone.
     bool field_unique_values(field_index_type i, std::uint64_t limit, std::set<std::wstring> &values);
+    /// The same as numbers. A driver adds its values to what the set holds; a walk begins with an empty set.
     bool field_unique_values(field_index_type i, std::uint64_t limit, std::set<double> &values);
+    /// See `fetch_unique_values`; always a walk.
     bool field_unique_values(field_index_type key, std::vector<field_index_type> const &fields,
                              std::uint64_t limit, std::map<std::wstring, std::vector<std::wstring>> &values);
 

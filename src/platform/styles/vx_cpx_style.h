@@ -31,6 +31,7 @@ VX_API void vx_cpx_style_assign(void *target, void const *source);
 /// Appends a layer of the key and returns it; null for a key that is unknown or not for this type of style.
 VX_API void *vx_style_lrs_add_lr(void *list, char const *key);
 VX_API void vx_style_lrs_del_lr(void *list, unsigned index);
+/// Those between move up or down by one; nothing if either place is outside the list.
 VX_API void vx_style_lrs_move_lr(void *list, unsigned from, unsigned to);
 
 /// Key of the layer, such as "pnt_figr_slr". Static text.

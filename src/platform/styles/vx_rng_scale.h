@@ -25,6 +25,7 @@ VX_API unsigned vx_rng_scale_ins(void *scale, unsigned index);
 VX_API void vx_rng_scale_del(void *scale, unsigned index);
 /// Marked ranges; the min and max entries stay.
 VX_API void vx_rng_scale_del_marked(void *scale);
+/// As `vx_val_scale_move`, of the ranges; bounds stay with their range.
 VX_API void vx_rng_scale_move(void *scale, unsigned from, unsigned to);
 /// As `vx_val_scale_set_order`, of the ranges.
 VX_API void vx_rng_scale_set_order(void *scale, void const *ints);

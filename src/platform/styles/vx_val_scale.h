@@ -18,6 +18,7 @@ VX_API unsigned vx_val_scale_add(void *scale);
 VX_API unsigned vx_val_scale_ins(void *scale, unsigned index);
 VX_API void vx_val_scale_del(void *scale, unsigned index);
 VX_API void vx_val_scale_del_marked(void *scale);
+/// The entry leaves its place and comes to place `to` of the others; nothing if either is outside.
 VX_API void vx_val_scale_move(void *scale, unsigned from, unsigned to);
 /// `ints` (vx_ints.h) holds for each new place the old index of the entry that goes there. A list that is no
 /// order of all entries changes nothing.
