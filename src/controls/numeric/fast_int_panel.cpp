@@ -8,6 +8,7 @@
 namespace {
 constexpr int c_row_height = 20;
 constexpr int c_ticks = 10;
+constexpr int c_thumb_length = 10;
 } // namespace
 
 Tvx_fast_int_panel::Tvx_fast_int_panel(TComponent *owner)
@@ -25,6 +26,8 @@ Tvx_fast_int_panel::Tvx_fast_int_panel(TComponent *owner)
     f_size->set_precision(0);
     f_track->SetParent(this);
     f_track->SetTickStyle(tsManual);
+    f_track->SetShowSelRange(false);
+    f_track->SetThumbLength(c_thumb_length);
     f_track->SetAlign(alClient);
     f_size->on_changed = make_closure<&Tvx_fast_int_panel::on_size_changed>(this);
     f_size->on_apply = make_closure<&Tvx_fast_int_panel::on_size_apply>(this);

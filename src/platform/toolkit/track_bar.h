@@ -54,6 +54,18 @@ public:
     [[nodiscard]] TTickStyle GetTickStyle() const { return f_tick_style; }
     /// `tsManual` shows none.
     void SetTickStyle(TTickStyle style);
+    /// How long the thumb is across the bar, in pixels; the style's own length at the start.
+    [[nodiscard]] int GetThumbLength() const;
+    /// From 1 up.
+    void SetThumbLength(int length);
+    /// A range of positions that is marked on the bar, as long as it is shown and not empty. It has nothing
+    /// to do with the position.
+    [[nodiscard]] int GetSelStart() const { return f_sel_start; }
+    void SetSelStart(int position);
+    [[nodiscard]] int GetSelEnd() const { return f_sel_end; }
+    void SetSelEnd(int position);
+    [[nodiscard]] bool GetShowSelRange() const { return f_show_sel_range; }
+    void SetShowSelRange(bool show);
 
     TNotifyEvent OnChange;
 
@@ -61,8 +73,15 @@ protected:
     virtual void Changed();
 
 private:
-    void apply_ticks();
+    class slider;
+    class thumb_style;
 
+    void apply_ticks();
+    void apply_selection();
+
+    int f_sel_start = 0;
+    int f_sel_end = 0;
+    bool f_show_sel_range = true;
     TTickMark f_tick_marks = tmBottomRight;
     TTickStyle f_tick_style = tsAuto;
 };
