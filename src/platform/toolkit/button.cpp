@@ -6,15 +6,37 @@
 #include "platform/toolkit/image_list.h"
 #include "platform/toolkit/qt_bridge.h"
 
+#include <QPainter>
 #include <QPushButton>
+#include <QStyleOptionButton>
+#include <QStyleOptionFocusRect>
 
 #include <algorithm>
 
 namespace {
 constexpr int c_max_glyphs = 4;
+
+/// Styles draw the default button as one that has the focus, so there the focus gets a frame of its own.
+class push_widget final : public QPushButton
+{
+protected:
+    void paintEvent(QPaintEvent *event) override
+    {
+        QPushButton::paintEvent(event);
+        if (!isDefault() || !hasFocus())
+            return;
+        QStyleOptionButton button;
+        initStyleOption(&button);
+        QStyleOptionFocusRect frame;
+        frame.QStyleOption::operator=(button);
+        frame.rect = style()->subElementRect(QStyle::SE_PushButtonFocusRect, &button, this);
+        QPainter painter(this);
+        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &frame, &painter, this);
+    }
+};
 } // namespace
 
-TCustomButton::TCustomButton(TComponent *owner) : TWinControl(owner, vx_make_widget<QPushButton>())
+TCustomButton::TCustomButton(TComponent *owner) : TWinControl(owner, vx_make_widget<push_widget>())
 {
     // The widget tells of a click, whether it comes from the mouse or the keyboard.
     ControlStyle.Exclude(csClickEvents);

@@ -1,5 +1,6 @@
 #include "platform/toolkit/category_panel_group.h"
 
+#include "platform/toolkit/button_keys_priv.h"
 #include "platform/toolkit/qt_bridge.h"
 
 #include <QToolButton>
@@ -42,6 +43,12 @@ TCategoryPanel::TCategoryPanel(TComponent *owner) : TWinControl(owner, vx_make_w
     });
 }
 
+void TCategoryPanel::KeyDown(Word &key, TShiftState shift)
+{
+    TWinControl::KeyDown(key, shift);
+    vx_press_by_enter(vx_native(&vx_qt_as<body>(this)->header), key, shift);
+}
+
 int TCategoryPanel::GetHeaderHeight()
 {
     return c_header_height;
@@ -50,9 +57,7 @@ int TCategoryPanel::GetHeaderHeight()
 void TCategoryPanel::SetText(UnicodeString const &text)
 {
     TWinControl::SetText(text);
-    QToolButton &header = vx_qt_as<body>(this)->header;
-    header.setText(vx_qt_string(text));
-    header.setAccessibleName(header.text());
+    vx_qt_as<body>(this)->header.setText(vx_qt_string(text));
 }
 
 void TCategoryPanel::SetCollapsed(bool collapsed)
@@ -71,6 +76,11 @@ bool TCategoryPanel::CanResize(int &width, int &height)
     if (f_collapsed)
         height = c_header_height;
     return TWinControl::CanResize(width, height);
+}
+
+bool TCategoryPanel::ShowsChildren() const
+{
+    return !f_collapsed;
 }
 
 void TCategoryPanel::AdjustClientRect(TRect &rect)

@@ -23,6 +23,8 @@ public:
     TNotifyEvent OnCollapse;
 
 protected:
+    void KeyDown(Word &key, TShiftState shift) override;
+    [[nodiscard]] bool ShowsChildren() const override;
     void AdjustClientRect(TRect &rect) override;
     bool CanResize(int &width, int &height) override;
 

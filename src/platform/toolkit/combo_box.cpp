@@ -379,6 +379,9 @@ void TCustomComboBox::SetStyle(TComboBoxStyle style)
     box *widget = native();
     if (edit != widget->isEditable()) {
         int const index = widget->currentIndex();
+        // The edit hands its focus on to the box; at its end, which comes later, it would take it from there.
+        if (!edit)
+            widget->lineEdit()->setFocusProxy(nullptr);
         widget->setEditable(edit);
         widget->setCurrentIndex(index);
         if (edit)

@@ -56,6 +56,12 @@ QString spoken(UnicodeString const &caption)
     }
     return text;
 }
+
+/// The part before the bar, which pops up.
+QString short_hint(UnicodeString const &hint)
+{
+    return vx_qt_string(hint).section(QLatin1Char('|'), 0, 0);
+}
 } // namespace
 
 TControl::TControl(TComponent *owner, vx_native_widget *widget)
@@ -395,15 +401,40 @@ void TControl::SetText(UnicodeString const &text)
     if (f_text == text)
         return;
     f_text = text;
-    if (f_link->widget)
-        f_link->widget->setAccessibleName(spoken(text));
+    apply_name();
     Invalidate();
 }
 
 void TControl::SetAccessibleName(UnicodeString const &name)
 {
-    if (f_link->widget)
-        f_link->widget->setAccessibleName(spoken(name));
+    f_own_name = name;
+    apply_name();
+}
+
+void TControl::set_label_name(UnicodeString const &name)
+{
+    f_label_name = name;
+    apply_name();
+}
+
+void TControl::apply_name()
+{
+    QWidget *const widget = f_link->widget;
+    if (!widget)
+        return;
+    // Three dots or an arrow say nothing, so they come last.
+    QString const caption = spoken(f_text);
+    bool const speaks =
+        std::any_of(caption.begin(), caption.end(), [](QChar c) { return c.isLetterOrNumber(); });
+    QString name;
+    for (QString const &text : {spoken(f_own_name), speaks ? caption : QString(), spoken(f_label_name),
+                                short_hint(f_hint), caption})
+        if (name.isEmpty())
+            name = text;
+    widget->setAccessibleName(name);
+    // The inner widget that has the focus is what is read out.
+    if (QWidget *const inner = widget->focusProxy())
+        inner->setAccessibleName(name);
 }
 
 UnicodeString TControl::GetAccessibleName() const
@@ -414,9 +445,9 @@ UnicodeString TControl::GetAccessibleName() const
 void TControl::SetHint(UnicodeString const &hint)
 {
     f_hint = hint;
-    // The part before the bar is what pops up.
     if (f_link->widget)
-        f_link->widget->setToolTip(vx_qt_string(hint).section(QLatin1Char('|'), 0, 0));
+        f_link->widget->setToolTip(short_hint(hint));
+    apply_name();
 }
 
 bool TControl::GetShowHint() const

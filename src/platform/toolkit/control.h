@@ -89,10 +89,12 @@ public:
     virtual void SetEnabled(bool value);
     [[nodiscard]] virtual UnicodeString GetText() const { return f_text; }
     virtual void SetText(UnicodeString const &text);
-    /// The caption is the text by another name. It becomes the accessible name.
+    /// The caption is the text by another name.
     [[nodiscard]] UnicodeString GetCaption() const { return GetText(); }
     void SetCaption(UnicodeString const &text) { SetText(text); }
-    /// For controls whose text is no name, such as edits.
+    /// What assistive tools call the control: the first that is not empty of the name given here, the caption
+    /// if it holds a letter or digit, the text of the label that leads here, and the hint up to its bar.
+    /// Marks of accelerators are left out.
     void SetAccessibleName(UnicodeString const &name);
     [[nodiscard]] UnicodeString GetAccessibleName() const;
     [[nodiscard]] UnicodeString const &GetHint() const { return f_hint; }
@@ -178,6 +180,7 @@ protected:
 
     friend class TWinControl;
     friend class TCustomForm;
+    friend class TCustomLabel;
     friend struct vx_control_link;
     friend struct vx_drag_session;
 
@@ -231,12 +234,16 @@ private:
     virtual void apply_visible();
     virtual void apply_bounds(int left, int top, int width, int height);
     void apply_color();
+    void set_label_name(UnicodeString const &name);
+    void apply_name();
 
     std::unique_ptr<vx_control_link> f_link;
     TWinControl *f_parent = nullptr;
     TWinControl *f_host_dock_site = nullptr;
     UnicodeString f_text;
     UnicodeString f_hint;
+    UnicodeString f_own_name;
+    UnicodeString f_label_name;
     TMargins f_margins{3};
     TSizeConstraints f_constraints;
     std::unique_ptr<TFont> f_font;

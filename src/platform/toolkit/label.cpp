@@ -34,6 +34,8 @@ TCustomLabel::~TCustomLabel() = default;
 void TCustomLabel::SetText(UnicodeString const &text)
 {
     TControl::SetText(text);
+    if (f_focus_control)
+        f_focus_control->set_label_name(text);
     apply();
 }
 
@@ -124,13 +126,14 @@ void TCustomLabel::SetTransparent(bool value)
 
 void TCustomLabel::SetFocusControl(TWinControl *control)
 {
-    if (f_focus_control)
+    if (f_focus_control) {
         f_focus_control->RemoveFreeNotification(this);
+        f_focus_control->set_label_name({});
+    }
     f_focus_control = control;
     if (control) {
         control->FreeNotification(this);
-        if (control->GetAccessibleName().IsEmpty())
-            control->SetAccessibleName(GetText());
+        control->set_label_name(GetText());
     }
     apply();
 }

@@ -1,5 +1,6 @@
 #include "platform/toolkit/qt_bridge.h"
 
+#include "platform/toolkit/standard_texts_priv.h"
 #include "platform/toolkit/win_control.h"
 
 #include <QtGui/QKeyEvent>
@@ -12,8 +13,10 @@
 
 void vx_qt_ensure_application()
 {
-    if (qobject_cast<QApplication *>(QCoreApplication::instance()))
+    if (qobject_cast<QApplication *>(QCoreApplication::instance())) {
+        vx::toolkit::translate_standard_texts();
         return;
+    }
     if (QCoreApplication::instance())
         throw std::runtime_error("the process runs an application object without windows");
     static char program[] = "vxk_platform";
@@ -29,6 +32,7 @@ void vx_qt_ensure_application()
     application->setQuitOnLastWindowClosed(false);
     // Qt has taken the user's locale; numbers in text stay as they are everywhere.
     std::setlocale(LC_NUMERIC, "C");
+    vx::toolkit::translate_standard_texts();
 }
 
 QColor vx_qt_color(TColor color)

@@ -15,6 +15,23 @@ TRadioButton::TRadioButton(TComponent *owner) : TWinControl(owner, vx_make_widge
     });
 }
 
+bool TRadioButton::TakesTab() const
+{
+    if (!TWinControl::TakesTab() || GetChecked() || !GetParent())
+        return TWinControl::TakesTab();
+    TRadioButton const *first = nullptr;
+    for (int i = 0; i < GetParent()->GetControlCount(); ++i) {
+        auto const *other = dynamic_cast<TRadioButton const *>(GetParent()->GetControls(i));
+        if (!other || !other->CanFocus())
+            continue;
+        if (other->GetChecked())
+            return false;
+        if (!first)
+            first = other;
+    }
+    return first == this;
+}
+
 void TRadioButton::SetText(UnicodeString const &text)
 {
     TWinControl::SetText(text);

@@ -1,6 +1,7 @@
 #include "platform/toolkit/speed_button.h"
 
 #include "platform/toolkit/bitmap.h"
+#include "platform/toolkit/button_keys_priv.h"
 #include "platform/toolkit/glyph_priv.h"
 #include "platform/toolkit/image_list.h"
 #include "platform/toolkit/qt_bridge.h"
@@ -54,6 +55,12 @@ void TSpeedButton::pressed()
 void TSpeedButton::Click()
 {
     TWinControl::Click();
+}
+
+void TSpeedButton::KeyDown(Word &key, TShiftState shift)
+{
+    TWinControl::KeyDown(key, shift);
+    vx_press_by_enter(vx_native(vx_qt_widget(this)), key, shift);
 }
 
 void TSpeedButton::SetText(UnicodeString const &text)

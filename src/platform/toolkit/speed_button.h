@@ -4,7 +4,7 @@
 
 /// A small button with a glyph that does not take the focus by a click. With a group above 0 it stays down,
 /// and of the buttons of one parent and one group one at most is down. It can be reached by Tab and pressed
-/// by Space.
+/// by Space or Enter.
 class VX_API TSpeedButton : public TWinControl, public vx_action_client
 {
 public:
@@ -30,6 +30,9 @@ public:
     [[nodiscard]] bool GetAllowAllUp() const { return f_allow_all_up; }
     void SetAllowAllUp(bool value);
     void ActionChanged(TCustomAction const &action) override;
+
+protected:
+    void KeyDown(Word &key, TShiftState shift) override;
 
 private:
     void pressed();

@@ -1,5 +1,6 @@
 #include "platform/toolkit/tool_bar.h"
 
+#include "platform/toolkit/button_keys_priv.h"
 #include "platform/toolkit/glyph_priv.h"
 #include "platform/toolkit/image_list.h"
 #include "platform/toolkit/menu.h"
@@ -97,6 +98,12 @@ void TToolButton::pressed()
 void TToolButton::Click()
 {
     TWinControl::Click();
+}
+
+void TToolButton::KeyDown(Word &key, TShiftState shift)
+{
+    TWinControl::KeyDown(key, shift);
+    vx_press_by_enter(vx_native(vx_qt_widget(this)), key, shift);
 }
 
 void TToolButton::drop_down()

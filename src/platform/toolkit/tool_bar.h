@@ -48,6 +48,7 @@ public:
     void SetParent(TWinControl *parent) override;
 
 protected:
+    void KeyDown(Word &key, TShiftState shift) override;
     void Notification(TComponent *component, TOperation operation) override;
 
 private:

@@ -243,7 +243,9 @@ modal_window::modal_window(vx_native_widget *native)
 TCustomForm *modal_window::form() const
 {
     QWidget *window = widget_of(f_native);
-    return window ? dynamic_cast<TCustomForm *>(vx_control_of(window)) : nullptr;
+    // A dialog of the system may belong to a form.
+    auto *form = window ? dynamic_cast<TCustomForm *>(vx_control_of(window)) : nullptr;
+    return form && vx_qt_widget(form)->window() == window ? form : nullptr;
 }
 
 UnicodeString modal_window::title() const

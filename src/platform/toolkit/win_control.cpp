@@ -294,7 +294,8 @@ TWinControl *TWinControl::root() const
 bool TWinControl::CanFocus() const
 {
     for (TWinControl const *control = this; control; control = control->GetParent())
-        if (!control->GetVisible() || !control->GetEnabled())
+        if (!control->GetVisible() || !control->GetEnabled() ||
+            (control != this && !control->ShowsChildren()))
             return false;
     TWinControl const *const top = root();
     return top->IsTopLevel() || top->f_hosted;
@@ -419,7 +420,7 @@ TWinControl *TWinControl::FindNextControl(TWinControl *current, bool forward, bo
     for (int step = 0; step < count; ++step) {
         at = (at + (forward ? 1 : count - 1)) % count;
         auto *const next = static_cast<TWinControl *>(list.GetItems(at));
-        if (next->CanFocus() && (!check_tab_stop || next->GetTabStop()) &&
+        if (next->CanFocus() && (!check_tab_stop || next->TakesTab()) &&
             (!check_parent || next->GetParent() == this))
             return next;
     }

@@ -129,6 +129,10 @@ protected:
     virtual bool DialogKey(Word key, TShiftState shift);
     /// Keys that this control needs for itself: no dialog use is made of them while it has the focus.
     [[nodiscard]] virtual bool WantsKey(Word key, TShiftState shift) const;
+    /// Whether Tab stops here, if the control can have the focus at all.
+    [[nodiscard]] virtual bool TakesTab() const { return f_tab_stop; }
+    /// False: what lies in this control is out of sight and cannot have the focus.
+    [[nodiscard]] virtual bool ShowsChildren() const { return true; }
 
     virtual void DockOver(TDragDockObject *source, int x, int y, TDragState state, bool &accept);
     /// True if the site lets the control go.
