@@ -72,6 +72,15 @@ T *put(TWinControl *parent, int left, int top, int width, int height, wchar_t co
     return control;
 }
 
+/// The same for a control that no caption names.
+template <class T>
+T *named(wchar_t const *name, TWinControl *parent, int left, int top, int width, int height)
+{
+    T *control = put<T>(parent, left, top, width, height);
+    control->SetAccessibleName(name);
+    return control;
+}
+
 void fill(TStrings *items)
 {
     for (wchar_t const *text : {L"Rivers", L"Roads", L"Settlements", L"Forest", L"Relief", L"Grid"})
@@ -91,7 +100,7 @@ void draw_item(TCanvas *canvas, TRect const &rect, int index, UnicodeString cons
 gallery_form::gallery_form() : TForm(nullptr)
 {
     SetCaption(L"Controls");
-    SetBounds(60, 60, 720, 520);
+    SetBounds(60, 60, 1060, 560);
     SetPosition(poDesigned);
     make_commands();
     f_pages = new TPageControl(this);
@@ -161,6 +170,7 @@ void gallery_form::make_commands()
     check->SetParent(bar);
     check->SetStyle(tbsCheck);
     check->SetImageIndex(3);
+    check->SetHint(L"Stays down");
     check->SetDown(true);
     f_popup = new TPopupMenu(this);
     for (wchar_t const *caption : {L"First", L"-", L"Second"}) {
@@ -172,6 +182,7 @@ void gallery_form::make_commands()
     drop->SetParent(bar);
     drop->SetStyle(tbsDropDown);
     drop->SetImageIndex(0);
+    drop->SetHint(L"Opens a menu");
     drop->SetDropdownMenu(f_popup);
 
     f_status = new TStatusBar(this);
@@ -193,7 +204,7 @@ void gallery_form::make_buttons(TWinControl *page)
         draw_picture(*speed->GetGlyph(), i == 0 ? clRed : i == 1 ? clLime : clAqua);
         speed->SetGroupIndex(1);
         speed->SetDown(i == 1);
-        speed->SetHint(L"One of three");
+        speed->SetHint(UnicodeString(L"One of three: ") + UnicodeString(i + 1));
     }
     auto *flat = put<TSpeedButton>(page, 116, 56, 90, 28, L"Flat");
     flat->SetFlat(true);
@@ -226,63 +237,66 @@ void gallery_form::make_edits(TWinControl *page)
     auto *edit = put<TEdit>(page, 110, 16, 150, 24);
     edit->SetText(L"Some text");
     label->SetFocusControl(edit);
-    auto *hint = put<TEdit>(page, 280, 16, 150, 24);
+    auto *hint = named<TEdit>(L"With a hint", page, 280, 16, 150, 24);
     hint->SetTextHint(L"type here");
-    auto *secret = put<TEdit>(page, 450, 16, 150, 24);
+    auto *secret = named<TEdit>(L"Password", page, 450, 16, 150, 24);
     secret->SetText(L"secret");
     secret->SetPasswordChar(L'*');
-    put<TLabel>(page, 16, 53, 80, 17, L"Spin edit:");
+    auto *spin_label = put<TLabel>(page, 16, 53, 80, 17, L"&Spin edit:");
     auto *spin = put<TSpinEdit>(page, 110, 50, 80, 24);
+    spin_label->SetFocusControl(spin);
     spin->SetMaxValue(100);
     spin->SetValue(42);
-    auto *number = put<TEdit>(page, 280, 50, 60, 24);
+    auto *number = named<TEdit>(L"With arrows", page, 280, 50, 60, 24);
     auto *arrows = put<TUpDown>(page, 340, 50, 17, 24);
     arrows->SetAssociate(number);
     arrows->SetPosition(7);
-    put<TLabel>(page, 16, 87, 80, 17, L"Combo boxes:");
+    auto *combo_label = put<TLabel>(page, 16, 87, 80, 17, L"C&ombo boxes:");
     TComboBoxStyle const styles[] = {csDropDown, csDropDownList, csOwnerDrawFixed};
     for (int i = 0; i < 3; ++i) {
-        auto *combo = put<TComboBox>(page, 110 + 170 * i, 84, 150, 24);
+        auto *combo = named<TComboBox>(L"Combo box", page, 110 + 170 * i, 84, 150, 24);
+        if (i == 0)
+            combo_label->SetFocusControl(combo);
         combo->SetStyle(styles[i]);
         fill(combo->GetItems());
         combo->SetItemIndex(i);
         if (styles[i] == csOwnerDrawFixed)
             combo->OnDrawItem = make_closure<&gallery_form::on_draw_combo>(this);
     }
-    auto *memo = put<TMemo>(page, 16, 124, 260, 150);
+    auto *memo = named<TMemo>(L"Memo", page, 16, 124, 260, 150);
     memo->SetScrollBars(ssVertical);
     memo->SetText(L"A memo of several lines.\nSecond line.\nThird line.");
-    auto *rich = put<TRichEdit>(page, 296, 124, 300, 150);
+    auto *rich = named<TRichEdit>(L"Rich text", page, 296, 124, 300, 150);
     rich->SetText(L"Rich text");
     rich->SelectAll();
     rich->GetSelAttributes()->SetStyle({fsBold});
     rich->GetSelAttributes()->SetColor(clNavy);
     rich->SetSelStart(0);
-    auto *read_only = put<TEdit>(page, 16, 290, 260, 24);
+    auto *read_only = named<TEdit>(L"Read only", page, 16, 290, 260, 24);
     read_only->SetReadOnly(true);
     read_only->SetText(L"read only");
-    auto *off = put<TEdit>(page, 296, 290, 300, 24);
+    auto *off = named<TEdit>(L"Disabled", page, 296, 290, 300, 24);
     off->SetText(L"disabled");
     off->SetEnabled(false);
 }
 
 void gallery_form::make_lists(TWinControl *page)
 {
-    auto *list = put<TListBox>(page, 16, 16, 150, 150);
+    auto *list = named<TListBox>(L"List", page, 16, 16, 150, 150);
     fill(list->GetItems());
     list->SetItemIndex(1);
-    auto *checks = put<TCheckListBox>(page, 182, 16, 150, 150);
+    auto *checks = named<TCheckListBox>(L"List with check marks", page, 182, 16, 150, 150);
     fill(checks->GetItems());
     checks->SetChecked(0, true);
     checks->SetState(2, cbGrayed);
     checks->SetItemEnabled(3, false);
-    auto *drawn = put<TListBox>(page, 348, 16, 150, 150);
+    auto *drawn = named<TListBox>(L"List drawn by the program", page, 348, 16, 150, 150);
     drawn->SetStyle(lbOwnerDrawFixed);
     drawn->SetItemHeight(22);
     fill(drawn->GetItems());
     drawn->SetItemIndex(2);
     drawn->OnDrawItem = make_closure<&gallery_form::on_draw_list>(this);
-    auto *view = put<TListView>(page, 16, 182, 316, 160);
+    auto *view = named<TListView>(L"Layers", page, 16, 182, 316, 160);
     view->SetSmallImages(f_images);
     view->AddColumn(L"Layer", 150);
     view->AddColumn(L"Objects", 100);
@@ -293,7 +307,7 @@ void gallery_form::make_lists(TWinControl *page)
         item->SetImageIndex(i);
     }
     view->SetItemIndex(0);
-    auto *tree = put<TTreeView>(page, 348, 182, 200, 160);
+    auto *tree = named<TTreeView>(L"Tree", page, 348, 182, 200, 160);
     tree->SetImages(f_images);
     for (wchar_t const *caption : {L"Vector", L"Raster"}) {
         TTreeNode *node = tree->GetItems()->AddChild(nullptr, caption);
@@ -307,9 +321,9 @@ void gallery_form::make_lists(TWinControl *page)
 
 void gallery_form::make_ranges(TWinControl *page)
 {
-    auto *track = put<TTrackBar>(page, 16, 16, 250, 45);
+    auto *track = named<TTrackBar>(L"Slider", page, 16, 16, 250, 45);
     track->SetPosition(4);
-    auto *upright = put<TTrackBar>(page, 290, 16, 45, 150);
+    auto *upright = named<TTrackBar>(L"Upright slider", page, 290, 16, 45, 150);
     upright->SetOrientation(trVertical);
     upright->SetBounds(290, 16, 45, 150);
     upright->SetPosition(2);
@@ -331,7 +345,7 @@ void gallery_form::make_layout(TWinControl *page)
         put<TCheckBox>(panel, 12, 32, 120, 20, L"Visible");
     }
     group->GetPanels(1)->SetCollapsed(true);
-    auto *splitter = put<TSplitter>(page, 181, 0, 5, 100);
+    auto *splitter = named<TSplitter>(L"Splitter", page, 181, 0, 5, 100);
     splitter->SetAlign(alLeft);
     // Bars at the top come before those at the left: they go into what the left ones leave.
     auto *rest = put<TPanel>(page, 190, 0, 300, 300);
@@ -377,7 +391,7 @@ void gallery_form::make_drawing(TWinControl *page)
 
 void gallery_form::make_grids(TWinControl *page)
 {
-    auto *grid = put<TStringGrid>(page, 16, 16, 400, 180);
+    auto *grid = named<TStringGrid>(L"Grid", page, 16, 16, 400, 180);
     for (int row = 0; row < grid->GetRowCount(); ++row)
         for (int col = 0; col < grid->GetColCount(); ++col)
             grid->SetCells(col, row, UnicodeString(row) + L":" + UnicodeString(col));

@@ -1,0 +1,134 @@
+#pragma once
+
+#include "host/gallery/gallery_dialog.h"
+#include "host/gallery/gallery_form.h"
+
+#include "platform/basic/vx_options.h"
+#include "platform/toolkit/page_control.h"
+#include "platform/toolkit/qt_bridge.h"
+#include "platform/toolkit/user_input.h"
+
+#include <QtGui/QImage>
+#include <QtWidgets/QApplication>
+
+#include <functional>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+/// Everything that the gallery shows, page by page and dialog by dialog.
+namespace vx_test {
+namespace input = vx::user_input;
+
+struct shown
+{
+    std::string name;   ///< for messages
+    TWinControl *scope; ///< the page, or the dialog's form
+};
+
+/// All pages of page controls that lie in the scope show their page of this number, those that have one.
+/// False if none has.
+inline bool turn_inner_pages(TWinControl *scope, int index)
+{
+    bool turned = false;
+    for (int i = 0; i < scope->GetControlCount(); ++i) {
+        auto *const child = dynamic_cast<TWinControl *>(scope->GetControls(i));
+        if (!child || !child->GetVisible())
+            continue;
+        auto *const pages = dynamic_cast<TPageControl *>(child);
+        if (pages && index < pages->GetPageCount() && pages->GetPages(index)->GetTabVisible()) {
+            pages->SetActivePageIndex(index);
+            turned = true;
+        }
+        turned = turn_inner_pages(child, index) || turned;
+    }
+    return turned;
+}
+
+/// Runs `look` on each page of the gallery, with all pages within it, and on each dialog that is a form of
+/// the toolkit, while it is open.
+inline void visit_gallery(std::function<void(shown const &)> const &look)
+{
+    gallery_form form;
+    form.Show();
+    for (int i = 0; i < form.pages()->GetPageCount(); ++i) {
+        form.pages()->SetActivePageIndex(i);
+        TTabSheet *const page = form.pages()->GetPages(i);
+        std::string const name = page->GetCaption().to_utf8();
+        int inner = 0;
+        do {
+            input::wait_idle();
+            look({inner == 0 ? name : name + " " + std::to_string(inner + 1), page});
+        } while (turn_inner_pages(page, ++inner));
+    }
+    for (gallery_dialog const *const dialog : gallery_dialog::all()) {
+        input::on_next_modal([&](input::modal_window const &window) {
+            if (window.form())
+                look({"dialog " + UnicodeString(dialog->caption()).to_utf8(), window.form()});
+            window.reject();
+        });
+        dialog->open();
+        input::wait_idle();
+    }
+}
+
+/// A place where Tab stops.
+struct stop
+{
+    QWidget *widget; ///< that has the focus
+    TWinControl *control;
+
+    [[nodiscard]] std::string name() const { return control->GetAccessibleName().to_utf8(); }
+    [[nodiscard]] QRect place() const
+    {
+        return QRect(widget->mapTo(widget->window(), QPoint()), widget->size());
+    }
+};
+
+inline stop current_stop()
+{
+    return {QApplication::focusWidget(), FindFocusedControl()};
+}
+
+/// The stops within the scope, in the order of a whole round of Tab, or of Shift+Tab, from where the focus
+/// is. `at` runs at each.
+inline std::vector<stop> round(
+    TWinControl *scope, bool forward, std::function<void(stop const &)> const &at = [](stop const &) {})
+{
+    constexpr int c_limit = 200;
+    std::vector<stop> stops;
+    auto const *const first = QApplication::focusWidget();
+    for (int i = 0; i < c_limit; ++i) {
+        stop const here = current_stop();
+        if (!here.control) {
+            ADD_FAILURE() << "the focus is lost after " << i << " stops";
+            return stops;
+        }
+        if (scope->ContainsControl(here.control)) {
+            stops.push_back(here);
+            at(here);
+        }
+        EXPECT_TRUE(input::press(VK_TAB, forward ? TShiftState{} : TShiftState{ssShift}));
+        if (QApplication::focusWidget() == first)
+            return stops;
+    }
+    ADD_FAILURE() << "Tab does not come round";
+    return stops;
+}
+
+/// Puts the focus where a round may begin.
+inline void begin_round(TWinControl *scope)
+{
+    for (TWinControl *above = scope->GetParent(); above; above = above->GetParent())
+        if (dynamic_cast<TPageControl *>(above))
+            return above->SetFocus();
+    // A dialog has put it on its first control already; that shows from the first key on.
+    input::press(VK_TAB);
+    input::press(VK_TAB, {ssShift});
+}
+
+inline QImage picture(QWidget *widget)
+{
+    return widget->grab().toImage();
+}
+} // namespace vx_test
