@@ -1,6 +1,6 @@
 #pragma once
 
-/// Caption numbers of the common dialogs, 550 to 599, and of the parts of the file dialog from 5900.
+/// Caption numbers of the common dialogs, 550 to 599.
 enum Tvx_dlg_caption : int
 {
     c_dlg_ok = 550,
@@ -49,31 +49,4 @@ enum Tvx_dlg_caption : int
     c_dlg_files_of, ///< "%1": the suffix
     c_dlg_replace,  ///< "%1": the name of the file
     c_dlg_no_file,  ///< the same
-
-    c_file_look_in = 5900,
-    c_file_name,
-    c_file_types,
-    c_file_back,
-    c_file_forward,
-    c_file_parent,
-    c_file_create_folder,
-    c_file_list_view,
-    c_file_detail_view,
-    c_file_rename,
-    c_file_delete,
-    c_file_show_hidden,
-    c_file_new_folder,
-    c_file_column_name,
-    c_file_column_size,
-    c_file_column_type,
-    c_file_column_date,
-    c_file_folder,
-    c_file_kind, ///< "%1": extension
-    c_file_file,
-    c_file_computer,
-    c_file_new_folder_name,
-    c_file_places,
-    c_file_ask_delete, ///< "%1": name
-    c_file_deletion,
-    c_file_remove_place,
 };

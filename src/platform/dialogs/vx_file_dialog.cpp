@@ -4,7 +4,6 @@
 #include "platform/dialogs/common_form.h"
 #include "platform/dialogs/dlg_captions.h"
 #include "platform/dialogs/dlg_table_priv.h"
-#include "platform/dialogs/file_dialog_texts.h"
 #include "platform/dialogs/vx_dlgs.h"
 #include "platform/dialogs/vx_msgs.h"
 #include "platform/toolkit/qt_bridge.h"
@@ -192,7 +191,6 @@ bool run(HWND parent, int x, int y, Tvx_file_dialog_prm *prm, std::wstring const
     auto *owner = vx::dialogs::owner_window(parent);
     if (auto const &table = vx::dialogs::table(); table.file)
         return table.file(table.user, owner, x, y, prm);
-    vx::dialogs::translate_file_dialog();
     // It goes with its owner if that ends meanwhile.
     QPointer<file_dialog> const dialog(new file_dialog(vx_qt_widget(owner), *prm, ending));
     if (x != 0 || y != 0)
