@@ -24,6 +24,10 @@ constexpr Tvx_file_calls c_system_calls = {
     [](int file) { return ::close(file); },
     [](char const *from, char const *to) { return ::rename(from, to); },
     [](char const *path) { return ::unlink(path); },
+    [](int file, char const *path) {
+        auto const number = "/proc/self/fd/" + std::to_string(file);
+        return ::linkat(AT_FDCWD, number.c_str(), AT_FDCWD, path, AT_SYMLINK_FOLLOW);
+    },
 };
 Tvx_file_calls file_calls = c_system_calls;
 
@@ -125,17 +129,32 @@ public:
             file_calls.unlink(f_temp.c_str());
     }
 
-    bool run(std::string_view bytes, std::wstring &error)
+    bool run(std::string_view bytes, std::wstring &error) { return run(bytes, error, naming::last); }
+
+private:
+    /// When the new file gets a name: a file that has none yet goes with the process.
+    enum class naming
     {
-        open_file file(make_temp());
+        first,
+        last
+    };
+
+    bool run(std::string_view bytes, std::wstring &error, naming when)
+    {
+        open_file file(when == naming::first ? make_temp() : open_unnamed());
         if (file.number() < 0)
-            return failed(error, L"A file cannot be made beside", errno);
+            return when == naming::last ? run(bytes, error, naming::first)
+                                        : failed(error, L"A file cannot be made beside", errno);
         if (f_present)
             take_over_rights(file.number());
         if (int const code = write_all(file.number(), bytes))
             return failed(error, L"The file cannot be written:", code);
         if (int const code = flush(file.number()))
             return failed(error, L"The file cannot be written to the disk:", code);
+        if (when == naming::last && !give_name(file.number())) {
+            static_cast<void>(file.close()); // gives its room back
+            return run(bytes, error, naming::first);
+        }
         if (int const code = file.close())
             return failed(error, L"The file cannot be written:", code);
         if (file_calls.rename(f_temp.c_str(), f_target.c_str()) != 0)
@@ -144,7 +163,6 @@ public:
         return flush_directory(error);
     }
 
-private:
     bool failed(std::wstring &error, wchar_t const *what, int code) const
     {
         error = sentence(what, f_target, code);
@@ -157,24 +175,45 @@ private:
         return parent.empty() ? std::filesystem::path(".") : parent;
     }
 
-    int make_temp()
+    [[nodiscard]] unsigned mode() const { return f_present ? 0600 : 0666; }
+
+    /// Runs `make` with names until one is free; it gives -1 with EEXIST for one that is not.
+    template <class Make>
+    int with_free_name(Make make)
     {
         static std::atomic<unsigned> counter{0};
         auto const name = std::filesystem::path(f_target).filename().string().substr(0, c_temp_name_limit);
-        unsigned const mode = f_present ? 0600 : 0666;
         for (int i = 0; i < c_temp_tries; ++i) {
             auto const path = (directory() / ("." + name + "." + std::to_string(getpid()) + "-" +
                                               std::to_string(counter.fetch_add(1)) + ".tmp"))
                                   .string();
-            int const file = file_calls.open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
-            if (file >= 0) {
+            int const made = make(path.c_str());
+            if (made >= 0) {
                 f_temp = path;
-                return file;
+                return made;
             }
             if (errno != EEXIST)
                 return -1;
         }
         return -1;
+    }
+
+    int make_temp()
+    {
+        return with_free_name([this](char const *path) {
+            return file_calls.open(path, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode());
+        });
+    }
+
+    // Not every file system has such files.
+    [[nodiscard]] int open_unnamed() const
+    {
+        return file_calls.open(directory().c_str(), O_WRONLY | O_TMPFILE | O_CLOEXEC, mode());
+    }
+
+    bool give_name(int file)
+    {
+        return with_free_name([file](char const *path) { return file_calls.link(file, path); }) >= 0;
     }
 
     // The owner first, since changing it may clear bits of the mode. Who may not give a file away keeps it.

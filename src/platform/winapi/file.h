@@ -29,9 +29,10 @@ inline constexpr std::size_t c_file_read_limit = std::size_t{1} << 30;
 ///
 /// The bytes go into a new file beside the target, are flushed to the disk, and take the target's place in
 /// one step; the directory is flushed last. At any failure, a full disk or a crash included, the target is
-/// what it was and no other file is left. A symbolic link stays a link: the file that it points to is
-/// replaced. An existing target keeps its permissions. False, with one sentence in `error`, when a step
-/// failed.
+/// what it was. A failure leaves no other file, and a crash leaves none where the file system knows files
+/// without a name, but for the moment in which the new file has a name of its own. A symbolic link stays a
+/// link: the file that it points to is replaced. An existing target keeps its permissions. False, with one
+/// sentence in `error`, when a step failed.
 [[nodiscard]] VX_API bool vx_save_atomic(std::wstring const &path, std::string_view bytes,
                                          std::wstring &error);
 
@@ -48,6 +49,8 @@ struct Tvx_file_calls
     int (*close)(int file);
     int (*rename)(char const *from, char const *to);
     int (*unlink)(char const *path);
+    /// Gives an open file without a name one.
+    int (*link)(int file, char const *path);
 };
 /// Puts the table in place of the present one, and gives that. Null puts the system's own calls back.
 VX_API Tvx_file_calls vx_set_file_calls(Tvx_file_calls const *calls);
