@@ -91,9 +91,11 @@ private:
     [[nodiscard]] bool is_close(Tvx_calc_cell const &cell) const
     {
         auto const mine = number_in(cell);
-        if (mine && number)
+        if (mine && number) {
+            double const gap = std::abs(*mine - *number);
             return *mine == *number ||
-                   std::abs(*mine - *number) <= c_close * std::max(std::abs(*mine), std::abs(*number));
+                   (std::isfinite(gap) && gap <= c_close * std::max(std::abs(*mine), std::abs(*number)));
+        }
         return vx_compare_text(trimmed(cell.text), plain) == 0;
     }
 

@@ -227,6 +227,7 @@ TEST(filter, compares_with_the_cells_of_a_row)
         {L"N LESS x", true}, // "5" stands before "x"
         {L"N IS CLOSE 5.000000001", true},
         {L"N IS CLOSE 5.00001", false},
+        {L"N IS CLOSE inf", false},
         {L"N BEGINS WITH 5", true},
         {L"T EQUAL \"Main Road\"", true},
         {L"T EQUAL \"  Main Road \"", true},

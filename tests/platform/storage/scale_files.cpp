@@ -127,6 +127,18 @@ TEST(scale_files, numbers_do_not_depend_on_the_locale)
     EXPECT_EQ(bytes, read_file(dir / "s"));
 }
 
+TEST(scale_files, the_seeds_of_the_fuzzers_are_files_of_the_present_format)
+{
+    char const *const folders[] = {"val_scale", "rng_scale", "rule_scale"};
+    for (int k = 0; k < 3; ++k)
+        for (char const *type : c_all_types) {
+            auto const mngr = make_mngr(type);
+            std::filesystem::path const seed =
+                std::string(VX_SOURCE_DIR "/fuzz/corpus/") + folders[k] + "/" + type + ".xml";
+            EXPECT_TRUE(c_scale_files[k].load(nullptr, wide(seed).c_str(), mngr.get(), type)) << seed;
+        }
+}
+
 TEST(scale_files, what_is_not_asked_for_is_refused)
 {
     temp_dir const dir;
