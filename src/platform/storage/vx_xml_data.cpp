@@ -8,6 +8,7 @@
 #include "platform/storage/vx_xml_save_2d.h"
 #include "platform/styles/mngr_model.h"
 
+#include <algorithm>
 #include <utility>
 
 using namespace vx::storage;
@@ -38,13 +39,13 @@ bool load(Ivx_xml_data *xml, wchar_t const *file, void *mngr, char const *type, 
     return done(xml, bytes ? fault_text(read(std::move(*bytes), *mngr_of(mngr)), file) : error);
 }
 
-/// Whether the file was named from a property whose name leads out of the layer's folder.
-bool leads_astray(std::wstring_view file, std::wstring_view property, wchar_t const *ext)
+/// Whether the file was named from a property whose name leads out of the layer's folder. On the way here
+/// separators of one kind may have become those of the other.
+bool leads_astray(std::wstring file, std::wstring property, wchar_t const *ext)
 {
-    if (property.find_first_of(L"\\/") == property.npos)
-        return false;
-    auto const tail = L"." + std::wstring(property) + ext;
-    return file.ends_with(tail);
+    std::ranges::replace(file, L'\\', L'/');
+    std::ranges::replace(property, L'\\', L'/');
+    return property.find(L'/') != property.npos && file.ends_with(L"." + property + ext);
 }
 
 template <class Bytes>

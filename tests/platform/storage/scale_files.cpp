@@ -3,6 +3,7 @@
 
 #include "platform/winapi/file.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <string_view>
 #include <sys/mman.h>
@@ -205,6 +206,9 @@ TEST(scale_files, a_property_name_with_a_separator_names_no_file)
         EXPECT_NE(std::wstring::npos, hear.last().find(property));
         EXPECT_FALSE(vx_xml_data_save_rng_scale_w(nullptr, (stem + L"._rg").c_str(), mngr.get(), nullptr));
         EXPECT_FALSE(vx_xml_data_save_rule_scale_w(nullptr, (stem + L"._rl").c_str(), mngr.get(), nullptr));
+        auto turned = stem;
+        std::ranges::replace(turned, L'/', L'\\');
+        EXPECT_FALSE(vx_xml_data_save_val_scale_w(nullptr, (turned + L"._vl").c_str(), mngr.get(), nullptr));
         // A name of the user's own choice is his.
         EXPECT_TRUE(
             vx_xml_data_save_val_scale_w(nullptr, wide(dir / "own._vl").c_str(), mngr.get(), nullptr));
