@@ -112,6 +112,15 @@ bool gdal_feature::flush()
     return f_store->store(*f_record);
 }
 
+void gdal_feature::leave_table()
+{
+    OGRFeatureUniquePtr copy(OGRFeature::CreateFeature(f_record->GetDefnRef()->Clone()));
+    copy->SetFrom(f_record.get());
+    copy->SetFID(f_record->GetFID());
+    f_record = std::move(copy);
+    f_store = nullptr;
+}
+
 void gdal_feature::detach()
 {
     (void)flush();
@@ -269,21 +278,25 @@ bool gdal_feature::set_polygon_z(Tvx_ovtx_d3 *list)
 
 int gdal_feature::field_type(int field)
 {
-    if (field < 0 || field >= f_record->GetFieldCount())
+    if (field < 0 || field >= f_field_count)
         return field_none;
     return field_type_of(*f_record->GetFieldDefnRef(field));
 }
 
 int gdal_feature::field_subtype(int field)
 {
-    if (field < 0 || field >= f_record->GetFieldCount())
+    if (field < 0 || field >= f_field_count)
         return subtype_none;
     return field_subtype_of(*f_record->GetFieldDefnRef(field));
 }
 
 bool gdal_feature::has_value(int field, bool *not_null) const
 {
-    bool const has = field >= 0 && field < f_record->GetFieldCount() && f_record->IsFieldSetAndNotNull(field);
+    bool has = field >= 0 && field < f_field_count;
+    if (has) {
+        OGRField const *const raw = f_record->GetRawFieldRef(field);
+        has = !OGR_RawField_IsUnset(raw) && !OGR_RawField_IsNull(raw);
+    }
     if (not_null)
         *not_null = has;
     return has;
@@ -309,9 +322,22 @@ long long gdal_feature::get_bigint(int field, bool *not_null)
     return has_value(field, not_null) ? f_record->GetFieldAsInteger64(field) : 0;
 }
 
+// This is what walks over all features spend their time with: GDAL's own reading looks at everything again.
 double gdal_feature::get_numeric(int field, bool *not_null)
 {
-    return has_value(field, not_null) ? f_record->GetFieldAsDouble(field) : 0.0;
+    if (!has_value(field, not_null))
+        return 0.0;
+    OGRField const *const raw = f_record->GetRawFieldRef(field);
+    switch (f_record->GetFieldDefnRef(field)->GetType()) {
+    case OFTReal:
+        return raw->Real;
+    case OFTInteger:
+        return raw->Integer;
+    case OFTInteger64:
+        return static_cast<double>(raw->Integer64);
+    default:
+        return f_record->GetFieldAsDouble(field);
+    }
 }
 
 void gdal_feature::get_binary(int field, bool *not_null, vx::bytes_visitor visitor)
@@ -332,7 +358,7 @@ void gdal_feature::get_binary(int field, bool *not_null, vx::bytes_visitor visit
 
 bool gdal_feature::can_change(int field)
 {
-    if (!f_store || !f_store->can_store() || field < 0 || field >= f_record->GetFieldCount())
+    if (!f_store || !f_store->can_store() || field < 0 || field >= f_field_count)
         return false;
     f_changed = true;
     return true;

@@ -31,7 +31,8 @@ class gdal_feature final : public feature_impl
 {
 public:
     gdal_feature(feature_store *store, OGRFeatureUniquePtr record, int geom_field, bool is_new)
-        : f_store(store), f_record(std::move(record)), f_geom_field(geom_field), f_is_new(is_new)
+        : f_store(store), f_record(std::move(record)), f_field_count(f_record->GetFieldCount()),
+          f_geom_field(geom_field), f_is_new(is_new)
     {
     }
     ~gdal_feature() = default;
@@ -42,6 +43,8 @@ public:
     void drop_changes() { f_changed = false; }
     /// The source goes; the feature lives on for reading.
     void leave_store() { f_store = nullptr; }
+    /// The fields of the table are about to change: the feature becomes a copy with the fields as they were.
+    void leave_table();
     void set_store(feature_store *store) { f_store = store; }
     /// From now on changes are stored under the identifier that the record has.
     void set_stored() { f_is_new = f_changed = false; }
@@ -90,6 +93,7 @@ private:
 
     feature_store *f_store; ///< null when the source is gone
     OGRFeatureUniquePtr f_record;
+    int f_field_count;
     int f_geom_field;
     bool f_is_new; ///< not stored yet: the source stores it when the maker is done
     bool f_changed = false;

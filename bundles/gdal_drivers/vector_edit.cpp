@@ -108,6 +108,14 @@ bool vector_set::flush_features()
     return good;
 }
 
+void vector_set::release_features()
+{
+    (void)flush_features();
+    for (gdal_feature *feature : f_outside)
+        feature->leave_table();
+    f_outside.clear();
+}
+
 bool vector_set::create_vector(wchar_t const *name, int geom_type, long long,
                                vx::vector_definition definition)
 {
@@ -148,7 +156,7 @@ bool vector_set::create_field(vx::vector_definition definition)
     error_guard guard(f_set->error());
     if (!may_change(guard) || definition.field_count() == 0)
         return false;
-    (void)flush_features();
+    release_features();
     for (int field = 0; field < definition.field_count(); ++field) {
         auto const made = make_field(definition, field);
         if (f_layer->CreateField(made.get()) != OGRERR_NONE)
@@ -163,7 +171,7 @@ bool vector_set::delete_field(int field)
     error_guard guard(f_set->error());
     if (!may_change(guard) || !field_at(field))
         return false;
-    (void)flush_features();
+    release_features();
     content_changed();
     return f_layer->DeleteField(field) == OGRERR_NONE && reset_reading();
 }
@@ -173,7 +181,7 @@ bool vector_set::alter_field(int field, vx::vector_definition definition)
     error_guard guard(f_set->error());
     if (!may_change(guard) || !field_at(field) || definition.field_count() == 0)
         return false;
-    (void)flush_features();
+    release_features();
     content_changed();
     auto const made = make_field(definition, 0);
     return f_layer->AlterFieldDefn(field, made.get(), ALTER_ALL_FLAG) == OGRERR_NONE && reset_reading();
@@ -192,7 +200,7 @@ bool vector_set::reorder_fields(int *order)
         }
         seen[static_cast<std::size_t>(order[i])] = true;
     }
-    (void)flush_features();
+    release_features();
     content_changed();
     return f_layer->ReorderFields(order) == OGRERR_NONE && reset_reading();
 }
@@ -202,7 +210,7 @@ bool vector_set::create_geom_field(vx::vector_definition definition)
     error_guard guard(f_set->error());
     if (!may_change(guard) || definition.geom_field_count() == 0)
         return false;
-    (void)flush_features();
+    release_features();
     for (int field = 0; field < definition.geom_field_count(); ++field) {
         std::string const name = asked([&](vx::string_visitor v) { definition.geom_field_name(field, v); });
         OGRGeomFieldDefn made(name.c_str(), ogr_type_of(definition.geom_field_type(field)));

@@ -170,6 +170,8 @@ private:
     /// Makes the layer give what the filter and the page say, after one of them or the box changed.
     bool apply_filter(std::string const &filter, page const &wanted, error_guard &guard);
     bool flush_features();
+    /// Before the fields change: stores what is to be stored and lets the features outside go.
+    void release_features();
     [[nodiscard]] bool may_change(error_guard &guard) const;
     void content_changed();
     /// Reads one field of all features, by columns where that is faster. False when the table cannot be read

@@ -204,6 +204,29 @@ TEST_P(gdal_edit, fields_come_go_and_move)
     EXPECT_EQ(column(again, 2), std::vector<std::wstring>{L"1"});
 }
 
+TEST_P(gdal_edit, a_feature_kept_over_a_change_of_fields_is_a_copy)
+{
+    {
+        source const made(path("t"), GetParam());
+        ASSERT_TRUE(made.table.create_vector(L"t", 1, 0, definition({{L"a", 3}, {L"b", 1, 0, 10}})));
+        ASSERT_TRUE(add(made, [](vx::feature f) { EXPECT_TRUE(f.set_integer(0, 1)); }));
+    }
+    source const s(path("t"), false);
+    keeper before;
+    ASSERT_TRUE(s.forward.with_next_feature(before));
+    EXPECT_TRUE(before.item.set_string(1, L"stored"));
+    ASSERT_TRUE(s.table.create_field(definition({{L"c", 3}})));
+    bool not_null = true;
+    EXPECT_EQ(before.item.get_integer(2, &not_null), 0);
+    EXPECT_FALSE(not_null);
+    EXPECT_FALSE(before.item.set_integer(0, 9)) << "it belongs to no table any more";
+    ASSERT_TRUE(s.table.delete_field(1));
+    EXPECT_EQ(before.text(1), L"stored");
+    EXPECT_EQ(before.item.field_type(1), 1);
+    EXPECT_EQ(column(s, 0), std::vector<std::wstring>{L"1"});
+    EXPECT_EQ(s.field(L"c"), 1);
+}
+
 TEST_P(gdal_edit, a_kept_new_feature_goes_on_as_a_stored_one)
 {
     source const made(path("t"), GetParam());
