@@ -276,7 +276,8 @@ int grid_set::field_datatype(int field)
 
 int grid_set::field_color(int field)
 {
-    return band(field) ? band(field)->GetColorInterpretation() : GCI_Undefined;
+    GDALRasterBand *const cells = band(field);
+    return cells ? cells->GetColorInterpretation() : GCI_Undefined;
 }
 
 bool grid_set::set_field_color(int field, int color)
@@ -294,7 +295,8 @@ int grid_set::field_kind(int field)
 
 bool grid_set::field_palette(int field, vx::grid_palette_visitor visitor)
 {
-    GDALColorTable const *const table = band(field) ? band(field)->GetColorTable() : nullptr;
+    GDALRasterBand *const cells = band(field);
+    GDALColorTable const *const table = cells ? cells->GetColorTable() : nullptr;
     if (!table || !visitor)
         return false;
     visitor.visit(*new band_palette(*table));

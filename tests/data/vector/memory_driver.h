@@ -126,7 +126,10 @@ public:
     }
     int field_type(int i) override { return static_cast<int>(fields[static_cast<std::size_t>(i)].type); }
 
+    int vector_count() override { return 1; }
+
     // vector_source
+    unsigned long long feature_count(bool) override { return rows.size(); }
     void fid_field_name(vx::string_visitor visitor) override { visitor.visit(fid_name.c_str()); }
     bool transaction_start() override { return ++transactions[0] > 0; }
     bool transaction_commit() override { return ++transactions[1] > 0; }
