@@ -17,7 +17,7 @@ public:
     explicit Tvx_txt_lines_edit(TComponent *owner);
 
     void load_res();
-    /// A `vx_wstrings` list, which is read at once; null has none. Shows at `update_controls`.
+    /// A `vx_wstrings` list, which is read at once; null has none. To be set before the lines are read.
     void set_properties(void const *properties);
     /// The lines go in and out by value, out of and into a text style. Shows them; fires nothing.
     void read_lines(void *txt_style);

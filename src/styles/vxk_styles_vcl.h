@@ -4,6 +4,7 @@
 
 #include "styles/preview/style3d_params.h"
 #include "styles/preview/style_example.h"
+#include "styles/preview/txt_style_draw.h"
 #include "styles/simple/base_style_edit.h"
 #include "styles/simple/bpgn_edit.h"
 #include "styles/simple/bpln_edit.h"

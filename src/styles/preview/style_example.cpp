@@ -1,6 +1,7 @@
 #include "styles/preview/style_example.h"
 
 #include "styles/preview/style3d_params.h"
+#include "styles/preview/txt_style_draw.h"
 
 #include "platform/base/owned.h"
 #include "platform/basic/vx_options.h"
@@ -10,7 +11,6 @@
 #include "platform/render/vx_render.h"
 #include "platform/styles/vx_style.h"
 #include "platform/styles/vx_style3d.h"
-#include "platform/styles/vx_txt_style.h"
 #include "platform/toolkit/bitmap.h"
 #include "platform/toolkit/canvas.h"
 
@@ -248,38 +248,9 @@ void vx_txt_style_example_bmp(void *style, TBitmap *bitmap)
 {
     if (!can_draw(style, bitmap))
         return;
-    double const px_x = vx_options_get_mm2px_x();
-    double const px_y = vx_options_get_mm2px_y();
-    double const scale = (px_x + px_y) * 0.5;
     sample_device const device(*bitmap);
     int const cx = device.width() / 2;
     int const cy = device.height() / 2;
-
-    Tvx_txt_params text;
-    text.font = vx_txt_style_get_font_ptr(style);
-    text.color = vx_txt_style_get_color(style);
-    text.center = {static_cast<double>(cx), static_cast<double>(cy)};
-    text.size = vx_txt_style_get_font_size(style) * scale;
-    text.angle = vx_txt_style_get_angle(style);
-    text.outline = {vx_txt_style_get_outline(style), vx_txt_style_get_outline_clr(style),
-                    vx_txt_style_get_outline_size(style) * scale};
-
-    if (vx_txt_style_get_back(style)) {
-        Tvx_pnt_d2 size;
-        vx_drwc_get_txt_extent_w(&size, device.get(), text, c_sample_text, 1, 0);
-        double const left = cx - size.x / 2;
-        double const bottom = cy + size.y / 2;
-        vx_drwc_draw_pgn_rect(device.get(), vx_txt_style_get_back_clr(style),
-                              vx_box_d2_make_xy(left, bottom - size.y, left + size.x, bottom));
-    }
-    if (vx_txt_style_get_shadow(style)) {
-        Tvx_txt_params shadow = text;
-        shadow.color = vx_txt_style_get_shadow_clr(style);
-        shadow.center = {cx + vx_txt_style_get_shadow_gap_x(style) * px_x,
-                         cy - vx_txt_style_get_shadow_gap_y(style) * px_y};
-        shadow.outline = {text.outline.on, shadow.color, vx_txt_style_get_shadow_width(style) * scale};
-        vx_drwc_draw_txt_w(device.get(), shadow, c_sample_text, 1, 0);
-    }
-    vx_drwc_draw_txt_w(device.get(), text, c_sample_text, 1, 0);
+    vx_txt_style_draw(device.get(), style, c_sample_text, {static_cast<double>(cx), static_cast<double>(cy)});
     device.show_on(*bitmap);
 }
