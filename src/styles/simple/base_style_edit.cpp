@@ -8,7 +8,7 @@ namespace {
 constexpr int c_row_height = 20;
 constexpr int c_side_margin = 6;
 constexpr int c_row_margin = 3;
-constexpr int c_unit_width = 28;
+constexpr int c_unit_width = 20;
 
 void set_margins(TControl *control)
 {

@@ -28,7 +28,7 @@ protected:
         place_row(row);
         return row;
     }
-    /// Room behind the number for the unit, as wide as that of the widest language needs.
+    /// Room behind the number for the unit; the panel gives a wider text what it needs.
     static void show_unit(Tvx_size_panel *panel);
     /// The last rows; at the end of the derived constructor.
     void add_cpx_rows();

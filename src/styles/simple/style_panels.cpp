@@ -1,5 +1,7 @@
 #include "styles/simple/style_panels.h"
 
+#include "controls/prop/action_name.h"
+
 namespace {
 constexpr int c_height = 26;
 }
@@ -43,11 +45,7 @@ void Tvx_basic_style_panel::set_caption(UnicodeString const &caption)
 /// Of several style buttons on a form the caption tells which is which.
 void Tvx_basic_style_panel::name_btn()
 {
-    UnicodeString const caption = f_label->GetCaption();
-    UnicodeString const &action = f_style_btn->GetHint();
-    f_style_btn->SetAccessibleName(caption.IsEmpty()  ? action
-                                   : action.IsEmpty() ? caption
-                                                      : caption + L": " + action);
+    f_style_btn->SetAccessibleName(vx_action_name(f_label->GetCaption(), f_style_btn->GetHint()));
 }
 
 void Tvx_basic_style_panel::on_btn_changed(TObject * /*sender*/)
