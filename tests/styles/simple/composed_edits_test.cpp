@@ -255,6 +255,47 @@ TEST_F(style_files, get_their_suffix_whatever_is_typed)
     EXPECT_TRUE(questions.empty());
 }
 
+/// Each kind of style has files of its own.
+TEST_F(style_files, of_lines_and_polygons_have_their_own_suffixes)
+{
+    edit->SetVisible(false);
+    next_top = 10;
+    auto *line = add_edit<Tvx_pln_stl_edit>();
+    ASSERT_TRUE(input::enter_text(line->get_bpln_edit()->get_width()->get_edit(), L"3.25"));
+    ASSERT_TRUE(tick(line->get_bbeg_cb()));
+    next_file = wide(dir / "mine.s_p");
+    ASSERT_TRUE(input::click(line->get_lib_panel()->get_save_btn()));
+    EXPECT_EQ(asked_file.filter, L"Line styles (*.s_l)|*.s_l");
+    EXPECT_TRUE(std::filesystem::exists(dir / "mine.s_l"));
+    ASSERT_TRUE(input::enter_text(line->get_bpln_edit()->get_width()->get_edit(), L"1"));
+    ASSERT_TRUE(tick(line->get_bbeg_cb()));
+    taken_events();
+    ASSERT_TRUE(input::click(line->get_lib_panel()->get_load_btn()));
+    EXPECT_EQ(asked_file.filter, L"Line styles (*.s_l)|*.s_l");
+    EXPECT_EQ(line->get_bpln_edit()->get_width()->get_size(), 3.25);
+    EXPECT_TRUE(line->get_bbeg_cb()->GetChecked());
+    EXPECT_EQ(visible_tabs(line->get_pages()), (names{"bpln_ts", "bbeg_ts"}));
+    EXPECT_EQ(taken_events(), 0);
+    line->SetVisible(false);
+    next_top = 10;
+
+    auto *area = add_edit<Tvx_pgn_stl_edit>();
+    ASSERT_TRUE(input::click(area->get_bpgn_edit()->get_color()->get_clr_panel()->get_button()));
+    Tvx_color const saved = next_color;
+    next_file = wide(dir / "mine.s_l");
+    ASSERT_TRUE(input::click(area->get_lib_panel()->get_save_btn()));
+    EXPECT_EQ(asked_file.filter, L"Polygon styles (*.s_a)|*.s_a");
+    EXPECT_TRUE(std::filesystem::exists(dir / "mine.s_a"));
+    EXPECT_EQ(dir.count(), 2);
+    next_color = vx_clr_init_rgb(200, 100, 50);
+    ASSERT_TRUE(input::click(area->get_bpgn_edit()->get_color()->get_clr_panel()->get_button()));
+    taken_events();
+    ASSERT_TRUE(input::click(area->get_lib_panel()->get_load_btn()));
+    EXPECT_EQ(area->get_bpgn_edit()->get_color()->get_color(), saved);
+    EXPECT_EQ(vx_bpgn_style_get_color(vx_pgn_style_get_bpgn_style_ptr(area->get_pgn_style())), saved);
+    EXPECT_EQ(taken_events(), 0);
+}
+
 TEST_F(style_files, are_not_replaced_unasked)
 {
     set_size(6.5);

@@ -161,17 +161,35 @@ TEST_F(style_dialogs, without_their_module_give_false_at_once)
     style_ptr const list(vx_stl_mngr_list_create("pnt_style"), &vx_stl_mngr_list_destroy);
     EXPECT_FALSE(vx_stl_mngr_list_setting_dialog(0, 0, list.get()));
 
-    auto *panel = add<Tvx_pnt_style_panel>(26);
-    panel->on_changed = recorder();
-    panel->update_controls();
+    for (bool (*choose)(void *) : {&vxk_lib_styles_get_pnt, &vxk_lib_styles_get_pln, &vxk_lib_styles_get_pgn})
+        EXPECT_FALSE(choose(nullptr));
+
+    // The sample is drawn anew when a dialog was accepted, so the old one tells that none was.
+    auto *points = add<Tvx_pnt_style_panel>(26);
+    auto *lines = add<Tvx_pln_style_panel>(26);
+    auto *areas = add<Tvx_pgn_style_panel>(26);
+    Tvx_basic_style_panel *const panels[] = {points, lines, areas};
+    Tvx_basic_style_btn *const buttons[] = {points->get_btn(), lines->get_btn(), areas->get_btn()};
+    for (Tvx_basic_style_panel *panel : panels) {
+        panel->on_changed = recorder();
+        panel->update_controls();
+    }
     input::wait_idle();
-    TColor const shown = middle_of(panel->get_btn());
-    vx_bpnt_style_set_color(vx_pnt_style_get_bpnt_style_ptr(panel->get_pnt_style()),
-                            vx_clr_init_rgb(1, 250, 1));
-    ASSERT_TRUE(input::click(panel->get_btn()));
-    EXPECT_EQ(taken_events(), 0);
-    EXPECT_EQ(middle_of(panel->get_btn()), shown) << "the sample is drawn when the dialog was accepted";
-    EXPECT_FALSE(vxk_lib_styles_get_pnt(panel->get_pnt_style()));
+    Tvx_color const green = vx_clr_init_rgb(1, 250, 1);
+    vx_bpnt_style_set_color(vx_pnt_style_get_bpnt_style_ptr(points->get_pnt_style()), green);
+    vx_bpln_style_set_color(vx_pln_style_get_bpln_style_ptr(lines->get_pln_style()), green);
+    vx_bpgn_style_set_color(vx_pgn_style_get_bpgn_style_ptr(areas->get_pgn_style()), green);
+    void *const styles[] = {points->get_pnt_style(), lines->get_pln_style(), areas->get_pgn_style()};
+    for (std::size_t i = 0; i < std::size(c_kinds); ++i) {
+        std::string const before = saved_form(c_kinds[i], styles[i]);
+        TColor const shown = middle_of(buttons[i]);
+        ASSERT_TRUE(input::click(buttons[i]));
+        EXPECT_EQ(taken_events(), 0) << c_kinds[i].name;
+        EXPECT_EQ(middle_of(buttons[i]), shown) << c_kinds[i].name;
+        EXPECT_EQ(saved_form(c_kinds[i], styles[i]), before);
+        panels[i]->update_controls();
+        EXPECT_NE(middle_of(buttons[i]), shown) << c_kinds[i].name;
+    }
 }
 
 TEST_F(style_dialogs, a_colour_button_asks_below_itself)
