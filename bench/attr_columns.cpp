@@ -101,7 +101,7 @@ void measure_format(char const *driver, char const *file_name)
         auto const cells = measure([&] {
             for (int i = 0; i < c_reads; ++i) {
                 read_cell(table.files.get(), c, record, sum);
-                record = record + 7 < c_records ? record + 7 : 1;
+                record = record + 1 < c_records ? record + 1 : 0;
             }
         });
         auto const size = static_cast<double>(data_size(file, c));

@@ -14,6 +14,7 @@ namespace {
 // Past this many different texts a number for each is no gain over the texts themselves.
 constexpr std::size_t c_most_texts = 1 << 16;
 constexpr std::size_t c_first_look = 4096; ///< records after which repetition is judged
+constexpr int c_half_bits = 32;            ///< of a start that are kept for each record
 constexpr int c_number_digits = 15;
 constexpr std::string_view c_blanks = " \t\n\r\v\f";
 
@@ -77,22 +78,26 @@ wchar_t const *wide_buffer::widened(std::string_view utf8)
         f_room.resize(2 * size + c_step);
     wchar_t *const room = f_room.data();
     std::uint64_t all_bits = 0;
-    auto const take_step = [&](std::size_t at) {
-        std::uint64_t bytes = 0;
-        std::memcpy(&bytes, utf8.data() + at, c_step);
+    auto const take = [&]<class Bytes>(std::size_t at, Bytes bytes) {
+        std::memcpy(&bytes, utf8.data() + at, sizeof bytes);
         all_bits |= bytes;
-        for (std::size_t i = 0; i < c_step; ++i)
+#pragma GCC unroll 8
+        for (std::size_t i = 0; i < sizeof bytes; ++i)
             room[at + i] = static_cast<unsigned char>(utf8[at + i]);
     };
-    if (size >= c_step) {
-        for (std::size_t at = 0; at + c_step < size; at += c_step)
-            take_step(at);
-        take_step(size - c_step); // the rest, and some of what is done already
-    } else
-        for (std::size_t at = 0; at < size; ++at) {
-            room[at] = static_cast<unsigned char>(utf8[at]);
-            all_bits |= static_cast<std::uint64_t>(room[at]);
-        }
+    std::size_t at = 0;
+    for (; at + c_step <= size; at += c_step)
+        take(at, std::uint64_t{});
+    std::size_t const rest = size - at;
+    constexpr std::size_t c_half_step = c_step / 2;
+    // The last bytes are taken together with some of those that are done already.
+    if (rest > c_half_step && size >= c_step)
+        take(size - c_step, std::uint64_t{});
+    else if (rest > 0 && rest <= c_half_step && size >= c_half_step)
+        take(size - c_half_step, std::uint32_t{});
+    else
+        for (; at < size; ++at)
+            take(at, std::uint8_t{});
     room[size] = L'\0';
     if (all_bits & c_high_bits) {
         auto const whole = vx::text::utf8_to_wide(utf8);
@@ -142,17 +147,23 @@ bool text_cells::is_better_plain() const
 
 void text_cells::append_plain(std::string_view text)
 {
-    if (f_numbers.size() % c_block == 0)
-        f_blocks.push_back(f_bytes.size());
-    f_numbers.push_back(static_cast<std::uint32_t>(f_bytes.size() - f_blocks.back()));
+    while (f_bytes.size() >> c_half_bits > f_wraps.size())
+        f_wraps.push_back(f_numbers.size());
+    f_numbers.push_back(static_cast<std::uint32_t>(f_bytes.size()));
     f_bytes.insert(f_bytes.end(), text.begin(), text.end());
+}
+
+std::size_t text_cells::wrapped(std::size_t record) const
+{
+    auto const wraps = std::upper_bound(f_wraps.begin(), f_wraps.end(), record) - f_wraps.begin();
+    return static_cast<std::size_t>(wraps) << c_half_bits;
 }
 
 void text_cells::make_plain()
 {
     std::vector<std::uint32_t> const places = std::move(f_numbers);
     f_numbers = {};
-    f_numbers.reserve(std::max(f_records, places.size()));
+    f_numbers.reserve(std::max(f_records, places.size()) + 1);
     std::size_t bytes = 0;
     for (auto const place : places)
         bytes += f_texts[place].size();
@@ -168,6 +179,8 @@ void text_cells::make_plain()
 
 void text_cells::finish()
 {
+    if (f_is_plain)
+        append_plain({}); // where the last one ends
     f_known = {};
     for (auto const &text : f_texts)
         f_wide_texts.push_back(vx::text::utf8_to_wide(text));

@@ -54,7 +54,7 @@ public:
     /// A text with a zero in it ends there.
     void append(std::string_view text);
     void append_none();
-    /// To be called after the last text.
+    /// To be called after the last text and before the first is read.
     void finish();
 
     [[nodiscard]] std::size_t size() const { return f_defined.size(); }
@@ -76,16 +76,16 @@ public:
     }
 
 private:
-    // A start is a distance from the start of its block, so that it needs no 64 bits.
-    static constexpr std::size_t c_block = 1024;
-
+    [[nodiscard]] std::size_t start_of(std::size_t record) const
+    {
+        std::size_t const start = f_numbers[record];
+        return f_wraps.empty() ? start : start + wrapped(record);
+    }
+    [[nodiscard]] std::size_t wrapped(std::size_t record) const;
     [[nodiscard]] std::string_view plain_text(std::size_t record) const
     {
-        std::size_t const start = f_blocks[record / c_block] + f_numbers[record];
-        std::size_t const next = record + 1;
-        std::size_t const end =
-            next < f_numbers.size() ? f_blocks[next / c_block] + f_numbers[next] : f_bytes.size();
-        return {f_bytes.data() + start, end - start};
+        std::size_t const start = start_of(record);
+        return {f_bytes.data() + start, start_of(record + 1) - start};
     }
     void append_plain(std::string_view text);
     [[nodiscard]] bool is_better_plain() const;
@@ -94,10 +94,11 @@ private:
     std::size_t f_records;
     defined_bits f_defined;
     bool f_is_plain = false;
-    std::vector<std::uint32_t> f_numbers; ///< plain: starts in the block; else: places in `f_texts`
-    std::vector<std::size_t> f_blocks;    ///< plain: where each block starts
-    std::vector<char> f_bytes;            ///< plain: all texts
-    std::deque<std::string> f_texts;      ///< not plain: the different texts, which never move
+    /// Plain: the lower half of the start of each text, and of the end of the last; else places in `f_texts`.
+    std::vector<std::uint32_t> f_numbers;
+    std::vector<std::size_t> f_wraps; ///< plain: records at which the upper half grows by one
+    std::vector<char> f_bytes;        ///< plain: all texts
+    std::deque<std::string> f_texts;  ///< not plain: the different texts, which never move
     std::vector<std::wstring> f_wide_texts;
     std::unordered_map<std::string_view, std::uint32_t> f_known;
 };
