@@ -51,7 +51,7 @@ private:
         auto const [low, high] = std::minmax({place(option, std::clamp(from, minimum(), maximum())),
                                               place(option, std::clamp(to, minimum(), maximum()))});
         QPoint const middle =
-            style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, this).center();
+            style()->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderGroove, this).center();
         return orientation() == Qt::Horizontal ? QRect(low, middle.y() - c_band / 2, high - low + 1, c_band)
                                                : QRect(middle.x() - c_band / 2, low, c_band, high - low + 1);
     }
