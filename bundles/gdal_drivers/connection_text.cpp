@@ -1,5 +1,7 @@
 #include "connection_text.h"
 
+#include "platform/base/virtual_mark.h"
+
 namespace vx::gdal {
 namespace {
 std::wstring take(std::map<std::wstring, std::wstring> &options, wchar_t const *key)
@@ -18,9 +20,7 @@ connection_text::connection_text(std::wstring const &text)
     std::size_t split = text.find(L'|');
     if (split == std::wstring::npos)
         split = text.find(L'&');
-    source = text.substr(0, split);
-    if (!source.empty() && source.front() == L'*')
-        source.erase(0, 1);
+    source = without_virtual_mark(std::wstring_view(text).substr(0, split));
     if (split == std::wstring::npos)
         return;
     for (std::size_t at = split + 1; at <= text.size();) {

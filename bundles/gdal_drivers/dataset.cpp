@@ -3,6 +3,7 @@
 #include "data_types.h"
 
 #include "platform/base/text_codec.h"
+#include "platform/base/virtual_mark.h"
 
 #include <cpl_string.h>
 #include <ogrsf_frmts.h>
@@ -44,7 +45,7 @@ connection_text parse(std::wstring const &text)
     connection_text parsed(text);
     if (text.find(L'|') != std::wstring::npos || text.find(L'&') == std::wstring::npos)
         return parsed;
-    std::wstring const whole = text.front() == L'*' ? text.substr(1) : text;
+    std::wstring const whole(without_virtual_mark(text));
     if (kind_of(parsed.source.empty() ? L"?" : parsed.source) == path_kind::missing &&
         kind_of(whole) == path_kind::file) {
         connection_text file(L"");

@@ -2,6 +2,7 @@
 
 #include "data/filesystem/strutil.h"
 
+#include "platform/base/virtual_mark.h"
 #include "platform/winapi/case_map.h"
 #include "platform/winapi/collation.h"
 
@@ -336,17 +337,17 @@ std::wstring make_valid_filename(std::wstring const &name)
 
 bool is_virtual(std::wstring const &path)
 {
-    return !path.empty() && path[0] == L'*';
+    return path.starts_with(c_virtual_mark);
 }
 
 std::wstring make_virtual(std::wstring const &path)
 {
-    return is_virtual(path) ? path : L"*" + path;
+    return is_virtual(path) ? path : c_virtual_mark + path;
 }
 
 std::wstring from_virtual(std::wstring const &path)
 {
-    return is_virtual(path) ? path.substr(1) : path;
+    return std::wstring(without_virtual_mark(path));
 }
 
 bool is_equal(std::wstring const &a, std::wstring const &b)

@@ -2,6 +2,7 @@
 
 #include "extension/binding/data_source.h"
 
+#include "platform/base/virtual_mark.h"
 #include "platform/basic/engine_captions.h"
 #include "platform/basic/vx_bundle.h"
 #include "platform/basic/vx_res.h"
@@ -11,8 +12,6 @@
 #include <vector>
 
 namespace {
-constexpr wchar_t c_virtual_mark = L'*';
-
 std::vector<Tvx_datasource_driver const *> &drivers()
 {
     static auto &all =
@@ -60,8 +59,8 @@ void ask_drivers(wchar_t const *source, int refusal, t_vx_data_source_interface 
 
 void vx_datasource_open(wchar_t const *source, bool read_only, t_vx_data_source_interface *result)
 {
-    if (source && *source == c_virtual_mark)
-        ++source;
+    if (source)
+        source = vx::without_virtual_mark(source).data();
     ask_drivers(source, c_capt_no_driver_opens, result,
                 [&](Tvx_datasource_driver const &driver, Ivx_string_adp *error) {
                     if (!driver.can_open || driver.can_open(driver.context, source))

@@ -1,10 +1,10 @@
 #include "platform/data/entity.h"
 
 #include "platform/base/text_codec.h"
+#include "platform/base/virtual_mark.h"
 #include "platform/data/vx_entity.h"
 
 namespace {
-constexpr wchar_t c_virtual_mark = L'*';
 constexpr wchar_t c_option_mark = L'|';
 constexpr std::wstring_view c_separators = L"/\\";
 } // namespace
@@ -12,17 +12,15 @@ constexpr std::wstring_view c_separators = L"/\\";
 Ivx_entity::~Ivx_entity() = default;
 Ivx_entities::~Ivx_entities() = default;
 
-std::wstring vx::data::source_base_name(std::wstring source)
+std::wstring vx::data::source_base_name(std::wstring const &source)
 {
-    if (source.starts_with(c_virtual_mark))
-        source.erase(0, 1);
-    source = source.substr(0, source.find(c_option_mark));
-    if (auto const at = source.find_last_of(c_separators); at != std::wstring::npos)
-        source.erase(0, at + 1);
+    std::wstring_view name = without_virtual_mark(source);
+    name = name.substr(0, name.find(c_option_mark));
+    name.remove_prefix(name.find_last_of(c_separators) + 1); // npos + 1 is 0
     // A dot at the start of the name begins no extension.
-    if (auto const dot = source.rfind(L'.'); dot != std::wstring::npos && dot > 0)
-        source.erase(dot);
-    return source;
+    if (auto const dot = name.rfind(L'.'); dot != name.npos && dot > 0)
+        name = name.substr(0, dot);
+    return std::wstring(name);
 }
 
 char const *vx_entity_get_type(Ivx_entity const *entity)

@@ -34,5 +34,5 @@ struct VX_API Ivx_entities
 
 namespace vx::data {
 /// Name of a file without directory, extension, virtual mark and the options of a connection string.
-[[nodiscard]] VX_API std::wstring source_base_name(std::wstring source);
+[[nodiscard]] VX_API std::wstring source_base_name(std::wstring const &source);
 } // namespace vx::data

@@ -1,6 +1,7 @@
 #include "platform/data/vx_attr_data.h"
 
 #include "platform/base/text_codec.h"
+#include "platform/base/virtual_mark.h"
 #include "platform/data/attr_data.h"
 #include "platform/winapi/collation.h"
 #include "platform/winapi/file.h"
@@ -8,7 +9,6 @@
 #include <algorithm>
 
 namespace {
-constexpr wchar_t c_virtual_mark = L'*';
 constexpr wchar_t c_option_mark = L'|';
 constexpr wchar_t c_option_join = L'&';
 constexpr std::wstring_view c_driver_path = L"/vsi"; ///< paths that only drivers understand
@@ -58,7 +58,7 @@ std::shared_ptr<vx::attr::attr_set> Ivx_attr_data::opened()
 
 std::wstring Ivx_attr_data::file_name() const
 {
-    auto const text = source.starts_with(c_virtual_mark) ? source.substr(1) : source;
+    std::wstring const text(vx::without_virtual_mark(source));
     auto const options = text.find(c_option_mark);
     if (options != std::wstring::npos)
         return text.substr(0, options);
