@@ -412,7 +412,8 @@ struct Ivx_dbf
             return number.find('*') == std::string_view::npos ? std::string(number) : std::string();
         }
         default: {
-            auto const text = trimmed(bytes, field.type == c_dbf_date);
+            // Some programs end a text by NUL and leave the rest of the field as it was.
+            auto const text = trimmed(bytes.substr(0, bytes.find('\0')), field.type == c_dbf_date);
             filled = text.size() == bytes.size();
             return std::string(text);
         }

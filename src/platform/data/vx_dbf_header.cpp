@@ -77,7 +77,8 @@ bool parse_field(std::string_view slot, unsigned version, field &target)
     target.width = static_cast<int>(byte(slot, 16));
     target.decimals = letter == 'C' ? 0 : static_cast<int>(byte(slot, 17));
     target.type = type_of(letter, target.width, version);
-    return target.width > 0;
+    // The width of a wide character field may have nothing in its low byte.
+    return target.width > 0 || (letter == 'C' && byte(slot, 17) > 0);
 }
 
 /// Gives the fields their places; the length of the record that they make.
@@ -160,6 +161,8 @@ std::optional<header> parse_header(std::string_view bytes, std::uint64_t file_si
         return std::nullopt;
     if (needed < made.record_length && lay_out(wide) == made.record_length)
         made.fields = std::move(wide);
+    if (std::ranges::any_of(made.fields, [](field const &one) { return one.width == 0; }))
+        return std::nullopt;
     made.records = static_cast<int>(std::min(count, (file_size - made.length) / made.record_length));
     return made;
 }

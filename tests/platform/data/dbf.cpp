@@ -95,6 +95,8 @@ TEST_F(dbf, values_of_every_type)
     } const cases[] = {
         {{"C", 'C', 6}, " ab ", " ab", 0, false, 1},
         {{"C", 'C', 6}, "", "-", 0, false, 1},
+        {{"C", 'C', 6}, std::string("12\0old", 6), "12", 12, true, 1},
+        {{"C", 'C', 6}, std::string("\0older", 6), "-", 0, false, 1},
         {{"C", 'C', 6}, "12.5", "12.5", 12.5, true, 1},
         {{"N", 'N', 8, 2}, "  -12.75", "-12.75", -12.75, true, 2},
         {{"N", 'N', 8}, "12", "12", 12, true, 2},
@@ -244,12 +246,17 @@ TEST_F(dbf, outside_the_table)
 
 TEST_F(dbf, character_fields_wider_than_a_byte_tells)
 {
-    std::string const long_text(700, 'x');
-    auto const table =
-        open(table_bytes{{{"LONG", 'C', 700}, {"N", 'N', 3}}, {" " + long_text + " 42"}}.str());
-    ASSERT_TRUE(table);
-    EXPECT_EQ(text(table, 0, 0), long_text);
-    EXPECT_EQ(text(table, 1, 0), "42");
+    for (int const width : {700, 512}) { // the low byte of the second is 0
+        std::string const long_text(static_cast<std::size_t>(width), 'x');
+        std::string bytes =
+            table_bytes{{{"LONG", 'C', width}, {"N", 'N', 3}}, {" " + long_text + " 42"}}.str();
+        auto const table = open(bytes);
+        ASSERT_TRUE(table) << width;
+        EXPECT_EQ(text(table, 0, 0), long_text);
+        EXPECT_EQ(text(table, 1, 0), "42");
+        bytes[32 + 17] = '\x7F'; // wider than the record
+        EXPECT_EQ(open(bytes) != nullptr, width == 700) << "a width of 0 is no width";
+    }
 }
 
 TEST_F(dbf, damaged_headers_are_refused)
