@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/base/export.h"
+
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,5 +26,5 @@ namespace vx::dialogs {
 [[nodiscard]] std::wstring describe(char32_t character);
 
 /// Family, character set and style; the size stays.
-void assign_font(TFont *target, vx_fnt_type const &source);
+VX_API void assign_font(TFont *target, vx_fnt_type const &source);
 } // namespace vx::dialogs

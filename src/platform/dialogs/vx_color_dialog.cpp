@@ -1,3 +1,4 @@
+#include "platform/base/flag_scope.h"
 #include "platform/basic/vx_res.h"
 #include "platform/dialogs/color_field.h"
 #include "platform/dialogs/common_form.h"
@@ -317,7 +318,7 @@ void color_form::show_number(TSpinEdit *spin, int value, TObject *from)
 /// Shows the colour everywhere but where it comes from: there the user may still be typing.
 void color_form::show(TObject *from)
 {
-    f_showing = true;
+    vx::flag_scope const showing(f_showing);
     f_square->set_value(f_hsv);
     f_hue_strip->set_value(f_hsv.h, f_color);
     show_number(f_hsv_edits[0], static_cast<int>(std::lround(f_hsv.h * c_full_circle)), from);
@@ -332,7 +333,6 @@ void color_form::show(TObject *from)
     }
     if (f_code_edit != from)
         f_code_edit->SetText(code_of(f_color, f_alpha));
-    f_showing = false;
     f_sample->Invalidate();
 }
 } // namespace

@@ -53,8 +53,10 @@ std::vector<file_kind> kinds_of(UnicodeString const &filter)
             QString const trimmed = mask.trimmed();
             kind.masks.push_back(trimmed == u"*.*" ? QStringLiteral("*") : trimmed);
         }
-        if (!kind.masks.isEmpty())
-            kinds.push_back(kind);
+        // Every pair stays, since the pairs are known by their numbers.
+        if (kind.masks.isEmpty())
+            kind.masks.push_back(QStringLiteral("*"));
+        kinds.push_back(kind);
     }
     if (kinds.empty())
         kinds.push_back({caption(c_dlg_all_files), {QStringLiteral("*")}});

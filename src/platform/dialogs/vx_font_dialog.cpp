@@ -211,12 +211,15 @@ bool vx_font_dialog(HWND parent, int x, int y, vx_fnt_type *font)
 {
     if (!font)
         return false;
-    if (auto const &table = vx::dialogs::table(); table.font)
-        return table.font(table.user, vx::dialogs::owner_window(parent), x, y, font);
-    vx::dialogs::font_form form(*font);
-    if (!form.run(parent, x, y))
-        return false;
-    *font = form.get_font();
+    if (auto const &table = vx::dialogs::table(); table.font) {
+        if (!table.font(table.user, vx::dialogs::owner_window(parent), x, y, font))
+            return false;
+    } else {
+        vx::dialogs::font_form form(*font);
+        if (!form.run(parent, x, y))
+            return false;
+        *font = form.get_font();
+    }
     vx_fnt_type_set_current_font(font);
     return true;
 }

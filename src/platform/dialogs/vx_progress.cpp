@@ -1,5 +1,6 @@
 #include "platform/dialogs/vx_progress.h"
 
+#include "platform/base/flag_scope.h"
 #include "platform/basic/vx_res.h"
 #include "platform/dialogs/common_form.h"
 #include "platform/dialogs/dlg_captions.h"
@@ -182,9 +183,10 @@ void refresh(work &w)
     } else {
         fill_form(w);
     }
-    w.pumping = true;
-    Application->ProcessMessages();
-    w.pumping = false;
+    {
+        vx::flag_scope const pumping(w.pumping);
+        Application->ProcessMessages();
+    }
     w.refreshed = clock_type::now();
 }
 } // namespace

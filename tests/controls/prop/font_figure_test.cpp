@@ -72,6 +72,7 @@ TEST_F(fonts, chosen_in_the_dialog_or_taken_over)
     EXPECT_EQ(taken_dialogs(), 2);
     EXPECT_EQ(taken_events(), 0);
 
+    vx_fnt_type_set_current_font(nullptr);
     ASSERT_TRUE(input::click(panel->get_current_btn()));
     EXPECT_EQ(taken_events(), 0) << "there is no current font";
     vx_fnt_type_set_current_font(&font);

@@ -122,8 +122,8 @@ TEST_F(dialogs_test, filter_of_a_file_dialog)
     filter_listener listener;
     Tvx_file_dialog_prm prm;
     prm.save = true;
-    prm.filter = L"Text (old)|*.txt;*.log|Tables|*.dbf|All|*.*";
-    prm.filter_index = 2;
+    prm.filter = L"Text (old)|*.txt;*.log|No mask||Tables|*.dbf|All|*.*";
+    prm.filter_index = 3;
     prm.default_ext = L".txt";
     prm.file_name = in(dir, "name");
     prm.on_filter_changed = make_closure<&filter_listener::on_filter_changed>(&listener);
@@ -138,9 +138,9 @@ TEST_F(dialogs_test, filter_of_a_file_dialog)
         press_or_leave(w, L"Save");
     });
     EXPECT_TRUE(vx_file_dialog(nullptr, 0, 0, &prm));
-    EXPECT_EQ(listener.heard, std::vector<int>{3});
-    EXPECT_EQ(prm.filter_index, 3);
-    EXPECT_EQ(prm.file_name, in(dir, "name3.txt"));
+    EXPECT_EQ(listener.heard, std::vector<int>{4});
+    EXPECT_EQ(prm.filter_index, 4);
+    EXPECT_EQ(prm.file_name, in(dir, "name4.txt"));
 }
 
 // ---- messages
@@ -342,7 +342,9 @@ TEST_F(dialogs_test, a_host_puts_its_own_in_their_place)
     int symbol = 0;
     EXPECT_TRUE(vx_color_dialog(nullptr, 3, 4, &color, 1));
     EXPECT_EQ(color.r, 9);
+    vx_fnt_type_set_current_font(nullptr);
     EXPECT_TRUE(vx_font_dialog(nullptr, 0, 0, font));
+    EXPECT_TRUE(vx_fnt_type_has_current_font());
     EXPECT_TRUE(vx_charmap_dialog(nullptr, 0, 0, font, &symbol));
     EXPECT_EQ(vx_save_file_dialog(nullptr, 0, 0, L"_ta", nullptr, nullptr), L"/a/b._ta");
     EXPECT_EQ(vx_open_file_dialog(nullptr, 0, 0, nullptr, nullptr, nullptr), L"/a/b");
