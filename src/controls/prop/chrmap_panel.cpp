@@ -1,5 +1,6 @@
 #include "controls/prop/chrmap_panel.h"
 
+#include "controls/prop/action_name.h"
 #include "controls/prop/color_convert.h"
 #include "controls/prop/prop_captions.h"
 
@@ -59,7 +60,7 @@ void Tvx_chrmap_panel::load_res()
     UnicodeString const action = vx_res_get_wstr(c_caption_choose_symbol);
     f_button->SetHint(action);
     f_button->SetShowHint(true);
-    f_button->SetAccessibleName(get_caption().IsEmpty() ? action : get_caption() + L": " + action);
+    f_button->SetAccessibleName(vx_action_name(get_caption(), action));
 }
 
 UnicodeString Tvx_chrmap_panel::get_caption() const

@@ -1,5 +1,6 @@
 #include "controls/prop/clr_panel.h"
 
+#include "controls/prop/action_name.h"
 #include "controls/prop/prop_captions.h"
 #include "styles/preview/style_example.h"
 
@@ -52,7 +53,7 @@ void Tvx_clr_panel::load_res()
     UnicodeString const action = vx_res_get_wstr(c_caption_choose_color);
     f_button->SetHint(action);
     f_button->SetShowHint(true);
-    f_button->SetAccessibleName(f_accessible_text.IsEmpty() ? action : f_accessible_text + L": " + action);
+    f_button->SetAccessibleName(vx_action_name(f_accessible_text, action));
 }
 
 void Tvx_clr_panel::set_color(Tvx_color color)

@@ -1,5 +1,6 @@
 #include "controls/prop/clr_picker.h"
 
+#include "controls/prop/action_name.h"
 #include "controls/prop/image_convert.h"
 #include "controls/prop/prop_captions.h"
 
@@ -139,7 +140,7 @@ void Tvx_clr_picker_btn::load_res()
     vx_glyph_get_res(GetGlyph(), c_picture_color_picker);
     UnicodeString const action = vx_res_get_wstr(c_caption_pick_color);
     SetHint(action);
-    SetAccessibleName(f_accessible_text.IsEmpty() ? action : f_accessible_text + L": " + action);
+    SetAccessibleName(vx_action_name(f_accessible_text, action));
 }
 
 void Tvx_clr_picker_btn::set_accessible_text(UnicodeString const &text)

@@ -1,5 +1,7 @@
 #include "controls/prop/color_convert.h"
 
+#include "platform/dialogs/font_chars.h"
+
 void clr_2_rgb(TColor color, unsigned char &r, unsigned char &g, unsigned char &b)
 {
     TColor const rgb = ColorToRGB(color);
@@ -48,18 +50,7 @@ void fnt_type_2_font(vx_fnt_type const *font, TFont *target, int size)
 {
     if (!font || !target)
         return;
-    target->SetName(vx_fnt_type_get_wname_ptr(font));
-    target->SetCharset(static_cast<TFontCharset>(vx_fnt_type_get_charset(font)));
-    TFontStyles style;
-    if (vx_fnt_type_get_bold(font))
-        style.Include(fsBold);
-    if (vx_fnt_type_get_italic(font))
-        style.Include(fsItalic);
-    if (vx_fnt_type_get_underline(font))
-        style.Include(fsUnderline);
-    if (vx_fnt_type_get_strikeout(font))
-        style.Include(fsStrikeOut);
-    target->SetStyle(style);
+    vx::dialogs::assign_font(target, *font);
     if (size != 0)
         target->SetSize(size);
 }

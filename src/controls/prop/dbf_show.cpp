@@ -1,6 +1,7 @@
 #include "controls/prop/dbf_show.h"
 
 #include "controls/prop/prop_captions.h"
+#include "data/filesystem/filesystem.h"
 
 #include "platform/basic/vx_res.h"
 #include "platform/toolkit/canvas.h"
@@ -16,12 +17,6 @@ constexpr int c_form_height = 400;
 constexpr int c_min_width = 50;
 constexpr int c_max_width = 240;
 constexpr int c_max_characters = 24; // of a field, for the width of its column
-
-std::wstring name_without_path(std::wstring const &path)
-{
-    auto const at = path.find_last_of(L"/\\");
-    return at == std::wstring::npos ? path : path.substr(at + 1);
-}
 } // namespace
 
 void vx_show_dbf_modal(char const *name, bool dos)
@@ -136,7 +131,7 @@ Tvx_dbf_show_form::Tvx_dbf_show_form(TComponent *owner)
 
 void Tvx_dbf_show_form::show_modal_dbf(wchar_t const *name, bool dos)
 {
-    SetCaption(name_without_path(name ? name : L""));
+    SetCaption(vx::filesystem::filename(std::wstring(name ? name : L"")));
     f_panel->show(name, dos);
     ShowModal();
 }

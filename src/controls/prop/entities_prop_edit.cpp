@@ -1,6 +1,7 @@
 #include "controls/prop/entities_prop_edit.h"
 
 #include "controls/prop/prop_captions.h"
+#include "data/filesystem/filesystem.h"
 
 #include "platform/base/owned.h"
 #include "platform/base/string_adp.h"
@@ -22,8 +23,7 @@ constexpr wchar_t c_scene_suffix[] = L"_.sn";
 /// The file's name without path and suffix: the caption of a scene whose file names none.
 std::wstring scene_name(std::wstring const &path)
 {
-    auto const at = path.find_last_of(L"/\\");
-    std::wstring name = at == std::wstring::npos ? path : path.substr(at + 1);
+    std::wstring name = vx::filesystem::filename(path);
     if (name.ends_with(c_scene_suffix))
         name.resize(name.size() - std::size(c_scene_suffix) + 1);
     return name;
@@ -139,9 +139,11 @@ bool Tvx_entities_prop_edit::add_scene()
     TPoint const corner = ClientToScreen({0, GetHeight()});
     UnicodeString const file = vx_open_file_dialog(GetHandle(), corner.X, corner.Y, c_scene_suffix,
                                                    vx_res_get_wstr(c_caption_open_scene), nullptr);
-    Ivx_scns_2d *const scenes = vx_scns_2d_safe_downcast(f_lists.front());
-    if (file.IsEmpty() || !scenes)
+    if (file.IsEmpty())
         return false;
+    Ivx_scns_2d *const scenes = vx_scns_2d_safe_downcast(f_lists.front());
+    if (!scenes)
+        return true;
     Ivx_scn_2d *const scene = vx_scns_2d_add(scenes, scene_name(file).c_str());
     vx::owned<Ivx_xml_data, &vx_xml_save_2d_destroy> const xml(vx_xml_save_2d_create());
     if (!vx_xml_data_load_scn2d_w(xml.get(), file.c_str(), scene)) {
@@ -149,10 +151,7 @@ bool Tvx_entities_prop_edit::add_scene()
         vx_show_werror(vx_res_format_w(c_caption_scene_unreadable, file.str()).c_str());
         return false;
     }
-    std::wstring name;
-    Tvx_std_wstring_adapter caption(name);
-    vx_scn_2d_get_wcaption(scene, caption);
-    set_prop_name(name.c_str());
     update_controls();
+    set_real_index(vx_entities_get_count(f_lists.front())); // of several of one name, the one just added
     return true;
 }

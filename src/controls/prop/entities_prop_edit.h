@@ -9,8 +9,9 @@ struct Ivx_entities;
 struct Ivx_entity;
 
 /// A choice among the entities of several lists, by caption. Row 0 is a command: it asks for a scene file,
-/// adds the scene in it to the first list if that is a list of scenes, and chooses it. Giving that up, or a
-/// file that cannot be read, leaves the former choice and fires nothing.
+/// adds the scene in it to the first list and chooses it; where the first list holds no scenes the command
+/// itself stays the choice. Giving up, or a file that cannot be read, leaves the former choice and fires
+/// nothing.
 class VX_API Tvx_entities_prop_edit : public Tvx_prop_edit
 {
 public:
@@ -41,7 +42,8 @@ private:
     void on_combo_box_reselected(TObject *sender);
     void bind();
     [[nodiscard]] Ivx_entity *get_entity(unsigned prop) const;
-    bool add_scene();
+    /// False when the user gave up or the file cannot be read.
+    [[nodiscard]] bool add_scene();
 
     std::vector<Ivx_entities *> f_lists;
     std::string f_filter;

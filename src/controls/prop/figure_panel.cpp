@@ -1,5 +1,6 @@
 #include "controls/prop/figure_panel.h"
 
+#include "controls/prop/action_name.h"
 #include "controls/prop/figure_dialog_form.h"
 #include "controls/prop/figure_style_priv.h"
 #include "controls/prop/image_convert.h"
@@ -51,7 +52,7 @@ void Tvx_basic_figure_panel::load_res()
     UnicodeString const action = vx_res_get_wstr(c_caption_choose_figure);
     f_button->SetHint(action);
     f_button->SetShowHint(true);
-    f_button->SetAccessibleName(get_caption().IsEmpty() ? action : get_caption() + L": " + action);
+    f_button->SetAccessibleName(vx_action_name(get_caption(), action));
 }
 
 void Tvx_basic_figure_panel::update_controls()

@@ -1,7 +1,9 @@
 #include "controls/prop/file_panel.h"
 
 #include "controls/forms/misc.h"
+#include "controls/prop/action_name.h"
 #include "controls/prop/prop_captions.h"
+#include "data/filesystem/filesystem.h"
 
 #include "platform/base/owned.h"
 #include "platform/base/text_codec.h"
@@ -13,9 +15,10 @@
 #include "platform/toolkit/clipboard.h"
 #include "platform/toolkit/strings.h"
 
+#include <algorithm>
+
 namespace {
 constexpr int c_height = 20;
-constexpr int c_caption_width = 120;
 constexpr int c_button_width = 20;
 constexpr int c_text_inset = 2;
 constexpr int c_top_caption_height = 18;
@@ -40,18 +43,10 @@ wstrings split(wchar_t const *text, wchar_t separator)
     return parts;
 }
 
-/// Place behind the last separator of directories.
-std::size_t name_start(std::wstring const &path)
+/// With its point, in the case that it has.
+std::wstring extension_as_written(std::wstring const &path)
 {
-    auto const at = path.find_last_of(L"/\\");
-    return at == std::wstring::npos ? 0 : at + 1;
-}
-
-/// Place of the point of the extension, the end of the text without one.
-std::size_t ext_start(std::wstring const &path)
-{
-    auto const at = path.rfind(L'.');
-    return at == std::wstring::npos || at < name_start(path) ? path.size() : at;
+    return vx::filesystem::filename(path).substr(vx::filesystem::basename(path).size());
 }
 
 /// ".dbf" of "*.dbf".
@@ -105,7 +100,7 @@ void Tvx_menu_file_panel_item::on_item_click(TObject *sender)
     case c_line_show_short:
         return f_panel->set_type_visual_file_name(1);
     case c_line_copy_short:
-        return Clipboard()->SetAsText(name.substr(name_start(name)));
+        return Clipboard()->SetAsText(vx::filesystem::filename(name));
     default:
         return Clipboard()->SetAsText(name);
     }
@@ -147,7 +142,7 @@ Tvx_file_panel::Tvx_file_panel(TComponent *owner)
 {
     SetHeight(c_height);
     f_caption_panel->SetParent(this);
-    f_caption_panel->SetWidth(c_caption_width);
+    f_caption_panel->SetWidth(f_caption_width);
     f_caption_panel->SetAlign(alLeft);
     f_label->SetParent(f_caption_panel);
     f_label->SetAutoSize(false);
@@ -179,7 +174,7 @@ void Tvx_file_panel::load_res()
     UnicodeString const action = vx_res_get_wstr(c_caption_choose_file);
     f_button->SetHint(action);
     f_button->SetShowHint(true);
-    f_button->SetAccessibleName(get_caption().IsEmpty() ? action : get_caption() + L": " + action);
+    f_button->SetAccessibleName(vx_action_name(get_caption(), action));
     if (f_menu)
         f_menu->load_res();
 }
@@ -205,12 +200,14 @@ void Tvx_file_panel::set_caption(UnicodeString const &caption)
 
 int Tvx_file_panel::get_caption_width() const
 {
-    return f_caption_panel->GetWidth();
+    return f_caption_width;
 }
 
 void Tvx_file_panel::set_caption_width(int width)
 {
-    f_caption_panel->SetWidth(width);
+    f_caption_width = width;
+    if (f_top_location != 1)
+        f_caption_panel->SetWidth(width);
 }
 
 std::string Tvx_file_panel::get_filename() const
@@ -231,18 +228,22 @@ void Tvx_file_panel::set_wfilename(wchar_t const *name)
 
 UnicodeString Tvx_file_panel::make_text() const
 {
-    return f_type_visual_file_name == 1 ? f_filename.substr(name_start(f_filename)) : f_filename;
+    return f_type_visual_file_name == 1 ? vx::filesystem::filename(f_filename) : f_filename;
 }
 
 void Tvx_file_panel::set_top_location(int location)
 {
+    bool const was_above = f_top_location == 1;
     f_top_location = location;
     if (location == 1) {
+        SetHeight(std::max(GetHeight(), c_top_caption_height + c_top_name_height));
         f_caption_panel->SetAlign(alTop);
         f_caption_panel->SetHeight(c_top_caption_height);
         f_name_panel->SetAlign(alNone);
-    } else {
+    } else if (was_above) {
+        SetHeight(c_height);
         f_caption_panel->SetAlign(alLeft);
+        f_caption_panel->SetWidth(f_caption_width);
         f_name_panel->SetAlign(alClient);
     }
     place_name();
@@ -299,7 +300,7 @@ void Tvx_file_panel::set_enabled_select(bool enabled)
 
 int Tvx_file_panel::get_filter_index() const
 {
-    std::wstring const ext = f_filename.substr(ext_start(f_filename));
+    std::wstring const ext = extension_as_written(f_filename);
     if (ext.empty())
         return 0;
     wstrings const parts = split(f_filter.c_str(), L'|');
@@ -316,13 +317,13 @@ UnicodeString Tvx_file_panel::pretty_filename(UnicodeString const &name, int ind
 {
     wstrings const masks = split(pair_masks(f_filter, index).c_str(), L';');
     // A name yet to be typed gets no bare extension.
-    if (vx_wstrings_get_size(masks.get()) == 0 || name_start(name) == name.str().size())
+    if (vx_wstrings_get_size(masks.get()) == 0 || vx::filesystem::filename(name.str()).empty())
         return name;
     std::wstring const ext = mask_ext(vx_wstrings_get_str(masks.get(), 0));
     // "*.*" and "*" name no extension.
     if (ext.find_first_of(L"*?") != std::wstring::npos || ext.empty())
         return name;
-    return name.str().substr(0, ext_start(name)) + ext;
+    return vx::filesystem::directory(name) + vx::filesystem::basename(name) + ext;
 }
 
 void Tvx_file_panel::on_button_click(TObject * /*sender*/)
@@ -360,8 +361,7 @@ void Tvx_file_panel::ask_save()
 
 void Tvx_file_panel::on_filter_changed(int filter_index, UnicodeString &name)
 {
-    std::wstring const pretty = pretty_filename(name, filter_index);
-    name = pretty.substr(name_start(pretty));
+    name = vx::filesystem::filename(pretty_filename(name, filter_index).str());
 }
 
 void Tvx_file_panel::take(UnicodeString const &name)

@@ -42,6 +42,7 @@ public:
 
     [[nodiscard]] UnicodeString get_caption() const;
     void set_caption(UnicodeString const &caption);
+    /// Room of the label where it stands beside the name; 120 at first.
     [[nodiscard]] int get_caption_width() const;
     void set_caption_width(int width);
     [[nodiscard]] std::string get_filename() const;
@@ -64,7 +65,8 @@ public:
     [[nodiscard]] UnicodeString const &get_filter() const { return f_filter; }
     void set_filter(UnicodeString const &filter) { f_filter = filter; }
     [[nodiscard]] int get_top_location() const { return f_top_location; }
-    /// 0: the label beside the name; 1: above it.
+    /// 0: the label beside the name; 1: above it, in a panel that grows to 38 where it is lower. Back at 0 it
+    /// is 20 high again.
     void set_top_location(int location);
     [[nodiscard]] int get_type_visual_file_name() const { return f_type_visual_file_name; }
     /// 0: the name is shown with its path; 1: without.
@@ -113,6 +115,7 @@ private:
     std::wstring f_filename;
     UnicodeString f_default_ext;
     UnicodeString f_filter;
+    int f_caption_width = 120;
     int f_top_location = 0;
     int f_type_visual_file_name = 0;
     bool f_save_flag = false;

@@ -1,5 +1,6 @@
 #include "controls/prop/fnt_panel.h"
 
+#include "controls/prop/action_name.h"
 #include "controls/prop/image_convert.h"
 #include "controls/prop/prop_captions.h"
 
@@ -10,11 +11,6 @@ namespace {
 constexpr int c_caption_width = 65;
 constexpr int c_button_width = 20;
 constexpr int c_current_btn_width = 15;
-
-UnicodeString action_name(UnicodeString const &caption, UnicodeString const &action)
-{
-    return caption.IsEmpty() ? action : caption + L": " + action;
-}
 } // namespace
 
 Tvx_fnt_panel::Tvx_fnt_panel(TComponent *owner)
@@ -57,8 +53,8 @@ void Tvx_fnt_panel::load_res()
     vx_glyph_get_res(f_current_btn->GetGlyph(), c_picture_current_font);
     f_edit->SetAccessibleName(get_caption().IsEmpty() ? UnicodeString(vx_res_get_wstr(c_caption_font_name))
                                                       : get_caption());
-    f_button->SetAccessibleName(action_name(get_caption(), choose));
-    f_current_btn->SetAccessibleName(action_name(get_caption(), use_current));
+    f_button->SetAccessibleName(vx_action_name(get_caption(), choose));
+    f_current_btn->SetAccessibleName(vx_action_name(get_caption(), use_current));
 }
 
 UnicodeString Tvx_fnt_panel::get_caption() const

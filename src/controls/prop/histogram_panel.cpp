@@ -59,6 +59,8 @@ void Tvx_histogram_panel::load_res()
 
 void Tvx_histogram_panel::update_controls()
 {
+    if (!f_series)
+        return;
     f_series->Clear();
     unsigned const size = vx_histogramm_get_size(f_histogramm);
     double total = 0.0;
@@ -137,8 +139,11 @@ void Tvx_histogram_panel::on_chart_mouse_down(TObject * /*sender*/, TMouseButton
     f_chart->SetAllowZoom(f_drag == 0);
 }
 
-void Tvx_histogram_panel::on_chart_mouse_move(TObject * /*sender*/, TShiftState /*shift*/, int x, int /*y*/)
+void Tvx_histogram_panel::on_chart_mouse_move(TObject * /*sender*/, TShiftState shift, int x, int /*y*/)
 {
+    // The release may have gone elsewhere, to a menu or a message.
+    if (!shift.Contains(ssLeft))
+        f_drag = 0;
     if (f_drag == 0) {
         f_chart->SetCursor(mark_at(x) != 0 ? crSizeWE : crDefault);
         return;

@@ -4,8 +4,6 @@
 enum Tvx_prop_caption : int
 {
     c_caption_add_scene = 2900,
-    c_caption_scene_files = 2901,
-    c_caption_all_files = 2902,
     c_caption_open_scene = 2903,
     c_caption_scene_unreadable = 2904,
     c_caption_choose_color = 2905,

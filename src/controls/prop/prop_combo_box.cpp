@@ -1,26 +1,18 @@
 #include "controls/prop/prop_combo_box.h"
 
+#include "platform/base/flag_scope.h"
 #include "platform/base/text_codec.h"
 #include "platform/toolkit/strings.h"
 
 #include <algorithm>
 #include <utility>
 
-namespace {
-/// Runs a function at the end of a block, whichever way that is left.
-template <class F>
-class at_exit
+struct Tvx_prop_combo_box::row_list
 {
-public:
-    explicit at_exit(F run) : f_run(std::move(run)) {}
-    at_exit(at_exit const &) = delete;
-    at_exit &operator=(at_exit const &) = delete;
-    ~at_exit() { f_run(); }
-
-private:
-    F f_run;
+    std::vector<UnicodeString> captions;
+    std::vector<std::wstring> names;
+    std::vector<int> real_index;
 };
-} // namespace
 
 Tvx_prop_combo_box::Tvx_prop_combo_box(TComponent *owner) : Tvx_combo_box(owner)
 {
@@ -37,20 +29,26 @@ void Tvx_prop_combo_box::update_controls()
     // A source that handles messages while it reads may come here again.
     if (f_reading)
         return;
-    f_reading = true;
-    at_exit const reading_ends([this] { f_reading = false; });
+    vx::flag_scope const reading(f_reading);
 
-    std::vector<UnicodeString> captions;
     f_names.clear();
     f_real_index.clear();
     GetItems()->Clear();
     if (!can_read())
         return;
+    row_list rows;
     if (on_data_open(this)) {
-        at_exit const close([this] { on_data_close(this); });
-        read_rows(captions);
+        try {
+            read_rows(rows);
+        } catch (...) {
+            on_data_close(this);
+            throw;
+        }
+        on_data_close(this);
     }
-    SetItemTexts(captions);
+    SetItemTexts(rows.captions);
+    f_names = std::move(rows.names);
+    f_real_index = std::move(rows.real_index);
     int row = find_row(f_active_name);
     if (row < 0 && f_forbid_empty && !f_names.empty()) {
         row = 0;
@@ -59,7 +57,7 @@ void Tvx_prop_combo_box::update_controls()
     SetItemIndex(row);
 }
 
-void Tvx_prop_combo_box::read_rows(std::vector<UnicodeString> &captions)
+void Tvx_prop_combo_box::read_rows(row_list &rows)
 {
     unsigned const count = on_data_get_np(this);
     for (unsigned i = 0; i < count; ++i) {
@@ -79,14 +77,17 @@ void Tvx_prop_combo_box::read_rows(std::vector<UnicodeString> &captions)
         }
         if (!named || !shown || (f_only_numeric && !numeric))
             continue;
-        if (on_data_get_capt_prop)
-            captions.emplace_back(on_data_get_capt_prop(this, i));
-        else if (on_data_get_capt_wprop)
-            captions.emplace_back(on_data_get_capt_wprop(this, i));
-        else
-            captions.push_back(name);
-        f_names.push_back(std::move(name.str()));
-        f_real_index.push_back(static_cast<int>(i));
+        UnicodeString caption = name;
+        if (on_data_get_capt_prop) {
+            if (char const *const text = on_data_get_capt_prop(this, i))
+                caption = text;
+        } else if (on_data_get_capt_wprop) {
+            if (wchar_t const *const text = on_data_get_capt_wprop(this, i))
+                caption = text;
+        }
+        rows.captions.push_back(std::move(caption));
+        rows.names.push_back(std::move(name.str()));
+        rows.real_index.push_back(static_cast<int>(i));
     }
 }
 

@@ -33,7 +33,8 @@ public:
 
     /// Reads the list anew and selects the row of the active name. Without one, and with `forbid_empty`, row
     /// 0 takes over with its name. The list is empty if an event is missing or the data cannot be opened. A
-    /// property whose name comes as null is left out. Fires nothing.
+    /// property whose name comes as null is left out. What an event throws passes through; the list is empty
+    /// then. Fires nothing.
     void update_controls();
 
     [[nodiscard]] std::string get_prop_name() const;
@@ -66,7 +67,7 @@ public:
     /// One of the two is needed; with both the wide one wins.
     Tvx_data_get_prop_event on_data_get_prop;
     Tvx_data_get_wprop_event on_data_get_wprop;
-    /// What is shown in place of the name, if set; here the narrow one wins.
+    /// What is shown in place of the name, if set; here the narrow one wins. Null leaves the name.
     Tvx_data_get_capt_prop_event on_data_get_capt_prop;
     Tvx_data_get_capt_wprop_event on_data_get_capt_wprop;
     /// The user chose a row.
@@ -80,8 +81,10 @@ protected:
     void DropDown() override;
 
 private:
+    struct row_list;
+
     [[nodiscard]] bool can_read() const;
-    void read_rows(std::vector<UnicodeString> &captions);
+    void read_rows(row_list &rows);
     [[nodiscard]] int find_row(std::wstring const &name) const;
 
     std::vector<std::wstring> f_names;

@@ -3,7 +3,6 @@
 #include "platform/toolkit/font.h"
 
 namespace {
-constexpr int c_caption_width = 100;
 constexpr int c_top_width = 115;
 constexpr int c_top_height = 46;
 constexpr int c_top_caption_height = 20;
@@ -13,7 +12,7 @@ void Tvx_prop_edit::create()
 {
     f_caption_panel = new Tvx_panel(this);
     f_caption_panel->SetParent(this);
-    f_caption_panel->SetWidth(c_caption_width);
+    f_caption_panel->SetWidth(f_capt_width);
     f_caption_panel->SetAlign(alLeft);
     f_label = new Tvx_label(this);
     f_label->SetParent(f_caption_panel);
@@ -120,12 +119,14 @@ void Tvx_prop_edit::set_caption(UnicodeString const &caption)
 
 int Tvx_prop_edit::get_capt_width() const
 {
-    return f_caption_panel->GetWidth();
+    return f_capt_width;
 }
 
 void Tvx_prop_edit::set_capt_width(int width)
 {
-    f_caption_panel->SetWidth(width);
+    f_capt_width = width;
+    if (f_top_location != 1)
+        f_caption_panel->SetWidth(width);
 }
 
 bool Tvx_prop_edit::get_enabled() const
@@ -140,8 +141,10 @@ void Tvx_prop_edit::set_top_location(int location)
         SetBounds(GetLeft(), GetTop(), c_top_width, c_top_height);
         f_caption_panel->SetAlign(alTop);
         f_caption_panel->SetHeight(c_top_caption_height);
-    } else
+    } else {
         f_caption_panel->SetAlign(alLeft);
+        f_caption_panel->SetWidth(f_capt_width);
+    }
 }
 
 bool Tvx_prop_edit::get_grayed() const

@@ -36,6 +36,7 @@ public:
     [[nodiscard]] UnicodeString get_caption() const;
     /// Becomes the list's accessible name too.
     void set_caption(UnicodeString const &caption);
+    /// Room of the label where it stands beside the list; 100 at first.
     [[nodiscard]] int get_capt_width() const;
     void set_capt_width(int width);
     /// Of the list.
@@ -78,5 +79,6 @@ private:
     Tvx_panel *f_caption_panel = nullptr;
     Tvx_label *f_label = nullptr;
     Tvx_prop_combo_box *f_combo_box = nullptr;
+    int f_capt_width = 100;
     int f_top_location = 0;
 };

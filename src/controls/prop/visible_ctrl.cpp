@@ -1,5 +1,6 @@
 #include "controls/prop/visible_ctrl.h"
 
+#include "controls/prop/action_name.h"
 #include "controls/prop/image_convert.h"
 #include "controls/prop/prop_captions.h"
 
@@ -38,7 +39,7 @@ void Tvx_visible_ctrl::show_state()
     vx_glyph_get_res(GetGlyph(), f_visible ? c_picture_visible : c_picture_hidden);
     UnicodeString const action = vx_res_get_wstr(f_visible ? c_caption_hide : c_caption_show);
     SetHint(action);
-    SetAccessibleName(f_accessible_text.IsEmpty() ? action : f_accessible_text + L": " + action);
+    SetAccessibleName(vx_action_name(f_accessible_text, action));
 }
 
 void Tvx_visible_ctrl::set_accessible_text(UnicodeString const &text)

@@ -29,8 +29,9 @@ TEST_F(file_panel, knows_the_pair_of_the_filter)
     {
         wchar_t const *name;
         int index;
-    } const cases[] = {{L"/a/b.dbf", 1}, {L"a.txt", 2},    {L"a.log", 2}, {L"a.LOG", 0}, {L"noext", 0},
-                       {L"", 0},         {L"/a.dbf/b", 0}, {L"a.prj", 0}, {L"a.", 0},    {L"b.x.dbf", 1}};
+    } const cases[] = {{L"/a/b.dbf", 1}, {L"a.txt", 2},   {L"a.log", 2},    {L"a.LOG", 0},
+                       {L"noext", 0},    {L"", 0},        {L"/a.dbf/b", 0}, {L"a.prj", 0},
+                       {L"a.", 0},       {L"b.x.dbf", 1}, {L"/a/.dbf", 0}};
     for (auto const &c : cases) {
         panel->set_wfilename(c.name);
         EXPECT_EQ(panel->get_filter_index(), c.index) << UnicodeString(c.name).to_utf8();
@@ -56,6 +57,7 @@ TEST_F(file_panel, gives_a_name_the_extension_of_the_pair)
                        {L"a.log", -1, L"a.log"},
                        {L"a.log", 3, L"a.log"},
                        {L"", 1, L""},
+                       {L"/d/.hidden", 1, L"/d/.hidden.dbf"},
                        {L"C:\\x.y\\a", 1, L"C:\\x.y\\a.dbf"}};
     for (auto const &c : cases)
         EXPECT_EQ(panel->pretty_filename(c.name, c.index), c.result) << UnicodeString(c.name).to_utf8();
@@ -135,10 +137,14 @@ TEST_F(file_panel, enables_all_or_the_button_alone)
     EXPECT_FALSE(panel->get_name_view()->GetEnabled());
     panel->set_enabled(true);
     EXPECT_TRUE(panel->get_button()->GetEnabled());
-    panel->SetHeight(40);
+    panel->set_caption_width(90);
     panel->set_top_location(1);
+    EXPECT_EQ(panel->GetHeight(), 38);
     TPoint const name = form.ScreenToClient(panel->get_name_view()->ClientToScreen({0, 0}));
     EXPECT_GE(name.Y - panel->GetTop(), 18);
     EXPECT_GE(name.X - panel->GetLeft(), 10);
+    panel->set_top_location(0);
+    EXPECT_EQ(panel->GetHeight(), 20);
+    EXPECT_EQ(panel->ScreenToClient(panel->get_name_view()->GetParent()->ClientToScreen({0, 0})).X, 90);
     EXPECT_TRUE(panel->get_button()->GetAccessibleName().Pos(L"Source") > 0);
 }

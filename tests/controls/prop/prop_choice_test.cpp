@@ -30,7 +30,7 @@ struct source
         {L"id", true, true}, {L"shape", false, false}, {L"name", true, false}, {L"width", true, true}};
     bool opens = true;
     unsigned claimed = UINT_MAX; ///< the count that is told, if set
-    bool throws = false;
+    unsigned throws_at = UINT_MAX;
     int opened = 0;
     int closed = 0;
 
@@ -43,7 +43,7 @@ struct source
     unsigned count(TObject *) { return claimed != UINT_MAX ? claimed : static_cast<unsigned>(props.size()); }
     wchar_t const *get(TObject *, unsigned i, bool &usable, bool &numeric)
     {
-        if (throws)
+        if (i == throws_at)
             throw std::runtime_error("the source broke");
         if (i >= props.size())
             return nullptr;
@@ -56,7 +56,7 @@ struct source
         usable = numeric = true;
         return i == 0 ? "narrow" : nullptr;
     }
-    wchar_t const *caption(TObject *, unsigned i) { return i == 2 ? L"Caption of name" : props[i].name; }
+    wchar_t const *caption(TObject *, unsigned i) { return i == 2 ? L"Caption of name" : nullptr; }
 
     template <class Control>
     void bind(Control &control)
@@ -179,10 +179,12 @@ TEST_F(prop_choice, survives_a_source_that_breaks)
     EXPECT_EQ(edit->get_prop_count(), 2);
 
     int const closed = data.closed;
-    data.throws = true;
+    data.throws_at = 3;
     EXPECT_THROW(edit->update_controls(), std::runtime_error);
     EXPECT_EQ(data.closed, closed + 1);
-    data.throws = false;
+    EXPECT_EQ(edit->get_prop_count(), 0);
+    EXPECT_EQ(captions(*edit->get_combo_box()), list{});
+    data.throws_at = UINT_MAX;
     edit->update_controls();
     EXPECT_EQ(edit->get_prop_count(), 2);
 
@@ -217,6 +219,9 @@ TEST_F(prop_choice, the_user_chooses_by_mouse_and_by_key)
     EXPECT_EQ(edit->GetWidth(), 115);
     EXPECT_EQ(edit->GetHeight(), 46);
     EXPECT_EQ(edit->get_combo_box()->GetTop(), 20);
+    edit->SetWidth(300);
+    edit->set_top_location(0);
+    EXPECT_EQ(edit->get_combo_box()->GetLeft(), 100) << "the label has its room again";
 }
 
 TEST_F(prop_choice, fields_of_a_table)
@@ -296,6 +301,13 @@ TEST_F(prop_choice, entities_of_one_layer_type)
     edit->set_prop_index(1);
     EXPECT_EQ(edit->get_prop_name(), "picture");
     EXPECT_EQ(edit->get_real_index(), 2);
+    // Layers are no scenes: the command has nothing to add to, and whoever listens hears that it was chosen.
+    edit->set_on_changed(recorder());
+    next_file = L"/a_.sn";
+    ASSERT_TRUE(input::choose_item(edit->get_combo_box(), 0));
+    EXPECT_EQ(taken_dialogs(), 1);
+    EXPECT_EQ(taken_events(), 1);
+    EXPECT_EQ(edit->get_real_index(), 0);
     edit->set_filter(nullptr);
     edit->update_controls();
     EXPECT_EQ(edit->get_prop_count(), 4);
@@ -339,4 +351,9 @@ TEST_F(prop_choice, adds_a_scene_from_a_file)
     EXPECT_EQ(edit->get_prop_name(), "Saved scene");
     EXPECT_EQ(taken_events(), 0);
     EXPECT_EQ(std::exchange(messages, {}).size(), 1u);
+
+    ASSERT_TRUE(vx_xml_data_save_scn2d_w(nullptr, path.wstring().c_str(), saved.get()));
+    ASSERT_TRUE(input::choose_item(edit->get_combo_box(), 0));
+    EXPECT_EQ(edit->get_prop_index(), 2) << "the scene just added, not its namesake";
+    EXPECT_EQ(taken_events(), 1);
 }

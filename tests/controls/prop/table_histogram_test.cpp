@@ -212,7 +212,11 @@ TEST_F(histograms, marks_are_dragged)
 
     ASSERT_TRUE(input::drag(chart, column(40.0), c_row, column(25.0), c_row));
     EXPECT_NEAR(last2, 25.0, 0.1);
+    ASSERT_TRUE(input::mouse_down(chart, column(25.0), c_row));
     events = 0;
+    chart->OnMouseMove(chart, {}, column(35.0), c_row); // the button came up elsewhere
+    EXPECT_EQ(taken_events(), 0);
+    ASSERT_TRUE(input::mouse_up(chart, column(35.0), c_row));
     panel->set_val1(1000.0); // outside: not drawn, not taken
     input::wait_idle();
     ASSERT_TRUE(input::mouse_down(chart, column(20.0), c_row));
