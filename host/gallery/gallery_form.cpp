@@ -100,7 +100,7 @@ void draw_item(TCanvas *canvas, TRect const &rect, int index, UnicodeString cons
 gallery_form::gallery_form() : TForm(nullptr)
 {
     SetCaption(L"Controls");
-    SetBounds(60, 60, 1060, 560);
+    SetBounds(60, 60, 860, 560);
     SetPosition(poDesigned);
     make_commands();
     f_pages = new TPageControl(this);
