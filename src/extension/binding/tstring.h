@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/base/string_adp.h"
-#include "platform/base/text_codec.h"
+#include "platform/base/text_append.h"
 
 #include <string>
 #include <string_view>
@@ -31,7 +31,7 @@ public:
             return;
         auto const view =
             length < 0 ? std::wstring_view(text) : std::wstring_view(text, static_cast<std::size_t>(length));
-        f_text.append(vx::text::to_bytes(view, code_page));
+        vx::text::append_bytes(f_text, view, code_page);
     }
 
     void clear() { f_text.clear(); }
@@ -67,7 +67,7 @@ public:
             return;
         auto const view =
             length < 0 ? std::string_view(text) : std::string_view(text, static_cast<std::size_t>(length));
-        f_text.append(vx::text::to_wide(view, code_page));
+        vx::text::append_wide(f_text, view, code_page);
     }
 
     void clear() { f_text.clear(); }

@@ -1,5 +1,7 @@
 #include "platform/base/text_codec.h"
 
+#include "platform/base/text_append.h"
+
 namespace vx::text {
 namespace {
 constexpr wchar_t c_replacement = 0xFFFD;
@@ -57,10 +59,10 @@ void set_system_code_page(unsigned code_page)
     g_system_code_page = code_page == c_cp_system ? c_cp_utf8 : code_page;
 }
 
-std::wstring utf8_to_wide(std::string_view text)
+namespace {
+void append_from_utf8(std::wstring &out, std::string_view text)
 {
-    std::wstring out;
-    out.reserve(text.size());
+    out.reserve(out.size() + text.size());
     auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
     for (std::size_t i = 0; i < text.size();) {
         unsigned char const lead = byte(i);
@@ -97,13 +99,11 @@ std::wstring utf8_to_wide(std::string_view text)
         out += whole ? static_cast<wchar_t>(c) : c_replacement;
         i = end;
     }
-    return out;
 }
 
-std::string wide_to_utf8(std::wstring_view text)
+void append_to_utf8(std::string &out, std::wstring_view text)
 {
-    std::string out;
-    out.reserve(text.size());
+    out.reserve(out.size() + text.size());
     for (std::size_t i = 0; i < text.size(); ++i) {
         auto c = static_cast<char32_t>(text[i]);
         if (c >= 0xD800 && c <= 0xDBFF && i + 1 < text.size()) {
@@ -117,22 +117,52 @@ std::string wide_to_utf8(std::wstring_view text)
             c = c_replacement;
         append_utf8(out, c);
     }
+}
+} // namespace
+
+std::wstring utf8_to_wide(std::string_view text)
+{
+    std::wstring out;
+    append_from_utf8(out, text);
     return out;
+}
+
+std::string wide_to_utf8(std::wstring_view text)
+{
+    std::string out;
+    append_to_utf8(out, text);
+    return out;
+}
+
+void append_wide(std::wstring &target, std::string_view text, unsigned code_page)
+{
+    unsigned const page = resolved(code_page);
+    if (page == c_cp_utf8 || !installed().to_wide)
+        append_from_utf8(target, text);
+    else
+        target += installed().to_wide(text, page);
+}
+
+void append_bytes(std::string &target, std::wstring_view text, unsigned code_page)
+{
+    unsigned const page = resolved(code_page);
+    if (page == c_cp_utf8 || !installed().to_bytes)
+        append_to_utf8(target, text);
+    else
+        target += installed().to_bytes(text, page);
 }
 
 std::wstring to_wide(std::string_view text, unsigned code_page)
 {
-    unsigned const page = resolved(code_page);
-    if (page == c_cp_utf8 || !installed().to_wide)
-        return utf8_to_wide(text);
-    return installed().to_wide(text, page);
+    std::wstring out;
+    append_wide(out, text, code_page);
+    return out;
 }
 
 std::string to_bytes(std::wstring_view text, unsigned code_page)
 {
-    unsigned const page = resolved(code_page);
-    if (page == c_cp_utf8 || !installed().to_bytes)
-        return wide_to_utf8(text);
-    return installed().to_bytes(text, page);
+    std::string out;
+    append_bytes(out, text, code_page);
+    return out;
 }
 } // namespace vx::text

@@ -44,6 +44,24 @@ TEST(string_receivers, convert_to_eight_bits)
     EXPECT_EQ(text, "\xd0\xb4\xd0\xbe\xd0\xbc");
     utf8.visit(nullptr);
     EXPECT_EQ(text, "");
+    struct
+    {
+        std::size_t encoding;
+        wchar_t const *text;
+        char const *bytes;
+    } const cases[] = {
+        {8, L"\u0434\u043e\u043c", "\xe4\xee\xec"},
+        {9, L"\u00e9\u20ac", "\xe9\x80"},
+        {16, L"\u0434\u043e\u043c", "\xa4\xae\xac"},
+        {17, L"plain", "plain"},
+        {1, L"\u00e9", "\xc3\xa9"},
+        {vx::c_encoding_system, L"\u00e9", "\xc3\xa9"},
+    };
+    for (auto const &c : cases) {
+        vx::stdstring_visitor visitor(text, c.encoding);
+        visitor.visit(c.text);
+        EXPECT_EQ(text, c.bytes) << vx::c_string_encodings[c.encoding].name;
+    }
     vx::stdstring_visitor past_the_table(text, 1000);
     past_the_table.visit(L"x");
     EXPECT_EQ(text, "x");
@@ -67,6 +85,8 @@ TEST(tstring, takes_both_kinds_of_text)
     EXPECT_STREQ(narrow.c_str(), "plain");
     narrow.convert(L"abcdef", vx::text::c_cp_utf8, 3);
     EXPECT_EQ(narrow.str(), "abc");
+    narrow.convert(L"\u0434\u043e\u043c", 1251, -1);
+    EXPECT_EQ(narrow.str(), "\xe4\xee\xec") << "in place of the text before";
     vx_string_adp_feed(narrow, nullptr);
     EXPECT_TRUE(narrow.empty());
 
