@@ -44,8 +44,8 @@ class Method:
 
 
 class Family:
-    def __init__(self, name, revision, flags, group):
-        self.name, self.revision, self.group = name, int(revision), group
+    def __init__(self, name, revision, flags, group, comment):
+        self.name, self.revision, self.group, self.comment = name, int(revision), group, comment
         self.prefix = 'vxk_datasource_' if 'datasource' in flags else 'vxk_framework_'
         self.passed = 'passed' in flags
         self.marker = 'marker' in flags
@@ -60,17 +60,21 @@ def read(path):
         try:
             if not line.strip() or line.startswith('#'):
                 continue
-            word, *rest = line.split()
             if line[0] == ' ':
                 family.methods.append(Method(line.strip()))
-            elif word == 'group':
+                continue
+            line, _, comment = (part.strip() for part in line.partition(' -- '))
+            word, *rest = line.split()
+            if comment and word != 'family':
+                raise Bad(f'comment of a {word}')
+            if word == 'group':
                 group = rest[0]
                 groups[group] = ' '.join(rest[1:])
             elif word == 'family':
                 name, revision, *flags = rest
                 if name in families or set(flags) - {'datasource', 'passed', 'marker'}:
                     raise Bad(f'family {name}: listed twice, or flags {flags}')
-                family = families[name] = Family(name, revision, flags, group)
+                family = families[name] = Family(name, revision, flags, group, comment)
             elif word == 'default':
                 defaults.append((rest[0], rest[1], rest[2:]))
             else:
@@ -177,12 +181,22 @@ def plain_part(f, families):
             out.append(f'    return h.table && h.self ? h.table->{m.name}(h.table, h.self{args}) : '
                        f'{default_of(m)};\n')
         out.append('}\n')
-    if f.defaults:
-        out.append('// The slots of these are not known here: whatever the handle, they give the default.\n')
-    for value, method in f.defaults:
-        out.append(f'[[nodiscard]] VX_LOCAL inline {default_kind(value)} {f.prefix}{n}_{method}({h})\n'
-                   f'{{ return {value}; }}\n')
     return ''.join(out)
+
+
+def bare_part(f):
+    """A family whose slots are not known; methods whose default is known give it, whatever the handle."""
+    known = [(default_kind(value), method, value) for value, method in f.defaults]
+    out = [f'VX_BINDING_BARE{"_PASSED" if f.passed else ""}({f.name}, {f.revision}']
+    out += [',' if known else '']
+    out += [f'\n    [[nodiscard]] VX_LOCAL {kind} {method}() const {{ return {value}; }}'
+            for kind, method, value in known]
+    out += [')\n']
+    for kind, method, value in known:
+        head = f'[[nodiscard]] VX_LOCAL inline {kind} {f.prefix}{f.name}_{method}('
+        gap = '\n    ' if len(head) + len(f.handle) + 1 > WIDTH else ''
+        out.append(f'{head}{gap}{f.handle})\n{{ return {value}; }}\n')
+    return ''.join(out) + ('\n' if known else '')
 
 
 def default_kind(value):
@@ -193,13 +207,17 @@ def default_of(m):
     return m.default or ('nullptr' if m.result.endswith('*') else DEFAULT_OF.get(m.result, '0'))
 
 
+def sentence(comment, indent):
+    return f'{indent}/// {comment[0].upper()}{comment[1:]}.\n' if comment else ''
+
+
 def wrapper_part(f, families, apart):
     n = f.name
-    out = [f'class VX_API {n} : public binding::wrapper<{f.handle}>\n{{\npublic:\n    using wrapper::wrapper;\n']
+    out = [sentence(f.comment, ''), f'class VX_API {n} : public binding::wrapper<{f.handle}>\n{{\n'
+           'public:\n    using wrapper::wrapper;\n']
     late = []
     for m in f.methods:
-        if m.comment:
-            out.append(f'    /// {m.comment[0].upper()}{m.comment[1:]}.\n')
+        out.append(sentence(m.comment, '    '))
         params = ', '.join(spell(wrapped(p.type, families), p.name) for p in m.params)
         call = f'{f.prefix}{n}_{m.name}({", ".join(["f_handle", *(p.name for p in m.params)])});'
         body = f'{{ {"" if m.result == "void" else "return "}{call} }}'
@@ -209,9 +227,6 @@ def wrapper_part(f, families, apart):
             late.append(f'inline {spell(kind, n + "::" + m.name)}({params}) const\n{body}\n')
         else:
             out.append(f'    VX_LOCAL {spell(kind, m.name)}({params}) const\n    {body}\n')
-    for value, method in f.defaults:
-        out.append(f'    [[nodiscard]] VX_LOCAL {default_kind(value)} {method}() const\n'
-                   f'    {{ return {f.prefix}{n}_{method}(f_handle); }}\n')
     return ''.join(out) + '};\n', ''.join(late)
 
 
@@ -250,11 +265,10 @@ def header(part, families, note):
     out += ['\n'] + [f'struct {t};\n' for t in declared] if declared else []
     out.append('\n')
     out.append(f'// {note}\n\n' if note else '')
-    apart = len(fs) > 1 and any(f.methods for f in fs)
-    if not apart:
+    if len(fs) == 1 or not fs[0].methods:
         for f in fs:
-            if not f.methods and not f.defaults:
-                out.append(f'VX_BINDING_BARE{"_PASSED" if f.passed else ""}({f.name}, {f.revision})\n')
+            if not f.methods:
+                out.append(bare_part(f))
                 continue
             wrapper, _ = wrapper_part(f, families, False)
             out += [f"VX_BINDING_HANDLE({f.name})\n", table_part(f, families), plain_part(f, families), 'namespace vx\n{\n', wrapper,

@@ -1,6 +1,7 @@
 #include "peer.h"
 
 #include "extension/binding/polymorphic.h"
+#include "extension/binding/ref.h"
 #include "extension/binding/referent_object.h"
 
 #include <cwchar>
@@ -44,6 +45,9 @@ public:
 };
 
 std::unique_ptr<peer_service> g_service;
+
+vx::ref<vx::layer_2d_editor_extension_service, false, vx::reftraits<vx::layer_2d_editor_extension_service>>
+    g_held;
 } // namespace
 
 extern "C" t_vx_layer_2d_editor_extension_service_interface peer_make_service()
@@ -55,6 +59,21 @@ extern "C" t_vx_layer_2d_editor_extension_service_interface peer_make_service()
 extern "C" void peer_end_service()
 {
     g_service.reset();
+}
+
+extern "C" void peer_hold(t_vx_layer_2d_editor_extension_service_interface service)
+{
+    g_held.hold(service);
+}
+
+extern "C" int peer_held_priority()
+{
+    return g_held->priority();
+}
+
+extern "C" bool peer_is_own_holder(t_vx_referrer_interface holder)
+{
+    return vx::referrer_impl::from_interface(holder) == &g_held;
 }
 
 extern "C" t_vx_interface peer_object_handle()

@@ -4,6 +4,7 @@
 #include "extension/binding/interface.h"
 #include "extension/binding/layer_2d_editor_extension_service.h"
 #include "extension/binding/monitor.h"
+#include "extension/binding/referrer.h"
 
 /// What a peer module exports, found by `dlsym`.
 struct peer_functions
@@ -19,6 +20,11 @@ struct peer_functions
     /// A service on the heap with a referent of its own, and its end.
     t_vx_layer_2d_editor_extension_service_interface (*make_service)();
     void (*end_service)();
+    /// Holds a foreign service, null: none. What the peer asks through its holder, and whether a handle is
+    /// that of its holder.
+    void (*hold)(t_vx_layer_2d_editor_extension_service_interface service);
+    int (*held_priority)();
+    bool (*is_own_holder)(t_vx_referrer_interface holder);
     /// Address of the peer's own table.
     void const *(*table)();
 };

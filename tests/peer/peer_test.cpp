@@ -1,5 +1,6 @@
 #include "extension/binding/polymorphic.h"
 #include "extension/binding/ref.h"
+#include "extension/binding/referent_object.h"
 #include "extension/binding/string_visitors.h"
 #include "peer.h"
 
@@ -39,6 +40,9 @@ public:
         find(call.is_own, "peer_is_own");
         find(call.make_service, "peer_make_service");
         find(call.end_service, "peer_end_service");
+        find(call.hold, "peer_hold");
+        find(call.held_priority, "peer_held_priority");
+        find(call.is_own_holder, "peer_is_own_holder");
         find(call.table, "peer_table");
     }
     ~peer_module()
@@ -143,6 +147,43 @@ TEST_P(peer, that_ends_an_object_leaves_its_holders_empty)
     EXPECT_EQ(held->priority(), 7);
     held.detach();
     module.call.end_service();
+}
+
+/// A service of this module that knows by which handle it was held last.
+class own_service final : public vx::layer_2d_editor_extension_service_impl, public vx::referent_object
+{
+public:
+    vx::referrer holder;
+    vx::referent as_referent() override { return static_cast<vx::referent_object &>(*this); }
+    void retain(vx::referrer by) override
+    {
+        holder = by;
+        referent_object::retain(by);
+    }
+    int priority() override { return 9; }
+};
+
+TEST_P(peer, holds_with_a_table_of_its_own_what_may_end_first)
+{
+    // The second module shares all names with the first one.
+    peer_module first("peer.so", GetParam());
+    peer_module second("later_peer.so", GetParam());
+    ASSERT_TRUE(first.is_loaded() && second.is_loaded()) << dlerror();
+    for (peer_functions const &call : {first.call, second.call}) {
+        {
+            own_service service;
+            call.hold(service);
+            EXPECT_EQ(call.held_priority(), 9);
+            EXPECT_EQ(service.hold_count(), 1u);
+            EXPECT_TRUE(call.is_own_holder(service.holder));
+            EXPECT_EQ(vx::referrer_impl::from_interface(service.holder), nullptr);
+        }
+        EXPECT_EQ(call.held_priority(), 1) << "the default: nothing is held";
+        own_service other;
+        call.hold(other);
+        call.hold({});
+        EXPECT_EQ(other.hold_count(), 0u);
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(loaded, peer, testing::Values(RTLD_NOW | RTLD_LOCAL, RTLD_NOW | RTLD_GLOBAL),

@@ -20,6 +20,7 @@ VX_LOCAL inline void vxk_framework_bigints_visitor_visit(
 }
 namespace vx
 {
+/// A run of numbers.
 class VX_API bigints_visitor : public binding::wrapper<t_vx_bigints_visitor_interface>
 {
 public:

@@ -20,6 +20,7 @@ VX_LOCAL inline void vxk_framework_bytes_visitor_visit(
 }
 namespace vx
 {
+/// A run of bytes.
 class VX_API bytes_visitor : public binding::wrapper<t_vx_bytes_visitor_interface>
 {
 public:

@@ -20,6 +20,7 @@ VX_LOCAL inline bool vxk_datasource_column_source_with_column(
 }
 namespace vx
 {
+/// A data set that can be read by columns.
 class VX_API column_source : public binding::wrapper<t_vx_column_source_interface>
 {
 public:

@@ -45,6 +45,7 @@ VX_LOCAL inline bool vxk_datasource_column_visitor_visit_texts(
 }
 namespace vx
 {
+/// Receives the cells of one field in runs of one type.
 class VX_API column_visitor : public binding::wrapper<t_vx_column_visitor_interface>
 {
 public:

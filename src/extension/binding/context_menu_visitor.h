@@ -28,6 +28,7 @@ VX_LOCAL inline void vxk_framework_context_menu_visitor_visit_popup(
 }
 namespace vx
 {
+/// Receives a menu by kind.
 class VX_API context_menu_visitor : public binding::wrapper<t_vx_context_menu_visitor_interface>
 {
 public:

@@ -28,6 +28,7 @@ VX_LOCAL inline void vxk_framework_data_3d_visitor_visit_poly_data_ex(
 }
 namespace vx
 {
+/// Receives spatial data by its form.
 class VX_API data_3d_visitor : public binding::wrapper<t_vx_data_3d_visitor_interface>
 {
 public:

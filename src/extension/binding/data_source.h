@@ -194,6 +194,7 @@ VX_LOCAL inline void vxk_datasource_data_source_with_error(
 }
 namespace vx
 {
+/// An open data set of any kind, with its fields.
 class VX_API data_source : public binding::wrapper<t_vx_data_source_interface>
 {
 public:

@@ -19,6 +19,7 @@ VX_LOCAL inline void vxk_datasource_datatype_visitor_visit(t_vx_datatype_visitor
 }
 namespace vx
 {
+/// Receives the number of a type of cells.
 class VX_API datatype_visitor : public binding::wrapper<t_vx_datatype_visitor_interface>
 {
 public:

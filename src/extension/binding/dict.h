@@ -42,6 +42,7 @@ VX_LOCAL inline bool vxk_datasource_dict_get_value(
 }
 namespace vx
 {
+/// The texts that stand for the codes of a field.
 class VX_API dict : public binding::wrapper<t_vx_dict_interface>
 {
 public:

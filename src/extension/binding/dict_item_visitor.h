@@ -20,6 +20,7 @@ VX_LOCAL inline void vxk_datasource_dict_item_visitor_visit(
 }
 namespace vx
 {
+/// Receives the pairs of a dictionary.
 class VX_API dict_item_visitor : public binding::wrapper<t_vx_dict_item_visitor_interface>
 {
 public:

@@ -54,6 +54,7 @@ VX_LOCAL inline void vxk_framework_docker_reattach(t_vx_docker_interface h, t_vx
 }
 namespace vx
 {
+/// A panel of another module.
 class VX_API docker : public binding::wrapper<t_vx_docker_interface>
 {
 public:

@@ -21,6 +21,7 @@ VX_LOCAL inline void vxk_framework_docker_visitor_visit(
 }
 namespace vx
 {
+/// Receives a panel under a name that no other panel of the same place bears.
 class VX_API docker_visitor : public binding::wrapper<t_vx_docker_visitor_interface>
 {
 public:

@@ -51,6 +51,7 @@ VX_LOCAL inline void vxk_framework_dtld_editor_reattach(
 }
 namespace vx
 {
+/// Model of a page for a dynamic text layer.
 class VX_API dtld_editor : public binding::wrapper<t_vx_dtld_editor_interface>
 {
 public:

@@ -37,6 +37,7 @@ VX_LOCAL inline void vxk_framework_element_view_focus(t_vx_element_view_interfac
 }
 namespace vx
 {
+/// The view half of a panel or page: its model tells it what has changed.
 class VX_API element_view : public binding::wrapper<t_vx_element_view_interface>
 {
 public:

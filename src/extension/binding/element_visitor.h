@@ -262,6 +262,7 @@ VX_LOCAL inline void vxk_framework_element_visitor_visit_viewer_2d_panel(
 }
 namespace vx
 {
+/// Receives a form element by kind.
 class VX_API element_visitor : public binding::wrapper<t_vx_element_visitor_interface>
 {
 public:

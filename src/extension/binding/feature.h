@@ -205,6 +205,7 @@ VX_LOCAL inline bool vxk_datasource_feature_set_undef(t_vx_feature_interface h, 
 }
 namespace vx
 {
+/// One record of a table with its geometry.
 class VX_API feature : public binding::wrapper<t_vx_feature_interface>
 {
 public:

@@ -40,6 +40,7 @@ VX_LOCAL inline bool vxk_datasource_feature_forward_request_with_next_feature(
 }
 namespace vx
 {
+/// Reads features in their order.
 class VX_API feature_forward_request : public binding::wrapper<t_vx_feature_forward_request_interface>
 {
 public:

@@ -39,6 +39,7 @@ VX_LOCAL inline bool vxk_datasource_feature_random_request_moveto_index(
 }
 namespace vx
 {
+/// Reads features by identifier or place.
 class VX_API feature_random_request : public binding::wrapper<t_vx_feature_random_request_interface>
 {
 public:

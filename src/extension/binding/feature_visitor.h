@@ -21,6 +21,7 @@ VX_LOCAL inline void vxk_datasource_feature_visitor_visit(
 }
 namespace vx
 {
+/// Receives a feature.
 class VX_API feature_visitor : public binding::wrapper<t_vx_feature_visitor_interface>
 {
 public:

@@ -20,6 +20,7 @@ VX_LOCAL inline void vxk_framework_floatings_visitor_visit(
 }
 namespace vx
 {
+/// A run of numbers.
 class VX_API floatings_visitor : public binding::wrapper<t_vx_floatings_visitor_interface>
 {
 public:

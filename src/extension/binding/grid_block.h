@@ -211,6 +211,7 @@ namespace vx
 class VX_API grid_block;
 class VX_API grid_block_visitor;
 
+/// The cells of one field of a grid, or of an overview of it.
 class VX_API grid_block : public binding::wrapper<t_vx_grid_block_interface>
 {
 public:
@@ -260,6 +261,7 @@ public:
         void const* buffer) const;
 };
 
+/// Receives the cells of a field; who keeps them ends them with detach.
 class VX_API grid_block_visitor : public binding::wrapper<t_vx_grid_block_visitor_interface>
 {
 public:

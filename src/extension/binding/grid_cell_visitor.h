@@ -85,6 +85,7 @@ VX_LOCAL inline void vxk_framework_grid_cell_visitor_visit_check_cell(
 }
 namespace vx
 {
+/// Receives a cell by kind.
 class VX_API grid_cell_visitor : public binding::wrapper<t_vx_grid_cell_visitor_interface>
 {
 public:

@@ -32,6 +32,7 @@ VX_LOCAL inline bool vxk_datasource_grid_palette_with_color(
 }
 namespace vx
 {
+/// The colours of coded cells.
 class VX_API grid_palette : public binding::wrapper<t_vx_grid_palette_interface>
 {
 public:

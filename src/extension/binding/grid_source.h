@@ -235,6 +235,7 @@ VX_LOCAL inline bool vxk_datasource_grid_source_with_index(
 }
 namespace vx
 {
+/// The grids of a data set; calls are about the selected one.
 class VX_API grid_source : public binding::wrapper<t_vx_grid_source_interface>
 {
 public:

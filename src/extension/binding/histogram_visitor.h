@@ -21,6 +21,7 @@ VX_LOCAL inline void vxk_datasource_histogram_visitor_visit(
 }
 namespace vx
 {
+/// Receives how many values lie in each of `count` classes of equal width from minimum to maximum.
 class VX_API histogram_visitor : public binding::wrapper<t_vx_histogram_visitor_interface>
 {
 public:

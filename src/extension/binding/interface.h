@@ -228,22 +228,24 @@ protected:
         t_vx_interface *(*generalize)(t_vx_interface * result, void const *table, void *self);               \
     };
 
-#define VX_BINDING_BARE_WRAPPER(name)                                                                        \
+#define VX_BINDING_BARE_WRAPPER(name, ...)                                                                   \
     namespace vx {                                                                                           \
     class VX_API name : public binding::wrapper<t_vx_##name##_interface>                                     \
     {                                                                                                        \
     public:                                                                                                  \
         using wrapper::wrapper;                                                                              \
+        __VA_ARGS__                                                                                          \
     };                                                                                                       \
     }
 
-#define VX_BINDING_BARE_IMPLEMENTATION(name)                                                                 \
+#define VX_BINDING_BARE_IMPLEMENTATION(name, ...)                                                            \
     namespace vx {                                                                                           \
     class VX_API name##_impl : public binding::implementation<name##_impl, vx::name>                         \
     {                                                                                                        \
     public:                                                                                                  \
         VX_LOCAL static char const *interface_name() { return vx_##name##_interface_name; }                  \
         VX_LOCAL static vx_##name##_interface_table const *family_table();                                   \
+        __VA_ARGS__                                                                                          \
                                                                                                              \
     protected:                                                                                               \
         ~name##_impl() = default;                                                                            \
@@ -256,13 +258,15 @@ protected:
     }                                                                                                        \
     }
 
-/// A family without methods that this module only passes on, and one that it may implement.
-#define VX_BINDING_BARE_PASSED(name, revision)                                                               \
+/// A family whose slots are not known, one that this module only passes on and one that it may implement. The
+/// rest of the arguments are methods of which the default alone is known. Nothing calls them through a
+/// handle, so they are not virtual: a class that means to override one does not compile.
+#define VX_BINDING_BARE_PASSED(name, revision, ...)                                                          \
     VX_BINDING_HANDLE(name)                                                                                  \
     VX_BINDING_BARE_TABLE(name)                                                                              \
     VX_BINDING_FUNCTIONS(name, revision)                                                                     \
-    VX_BINDING_BARE_WRAPPER(name)
+    VX_BINDING_BARE_WRAPPER(name, __VA_ARGS__)
 
-#define VX_BINDING_BARE(name, revision)                                                                      \
-    VX_BINDING_BARE_PASSED(name, revision)                                                                   \
-    VX_BINDING_BARE_IMPLEMENTATION(name)
+#define VX_BINDING_BARE(name, revision, ...)                                                                 \
+    VX_BINDING_BARE_PASSED(name, revision, __VA_ARGS__)                                                      \
+    VX_BINDING_BARE_IMPLEMENTATION(name, __VA_ARGS__)

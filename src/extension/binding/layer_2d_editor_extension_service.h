@@ -80,6 +80,7 @@ VX_LOCAL inline int vxk_framework_layer_2d_editor_extension_service_priority(
 }
 namespace vx
 {
+/// Adds pages to the editor of a layer.
 class VX_API layer_2d_editor_extension_service : public binding::wrapper<t_vx_layer_2d_editor_extension_service_interface>
 {
 public:

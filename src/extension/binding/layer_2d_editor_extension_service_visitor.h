@@ -22,6 +22,7 @@ VX_LOCAL inline void vxk_framework_layer_2d_editor_extension_service_visitor_vis
 }
 namespace vx
 {
+/// Receives a service.
 class VX_API layer_2d_editor_extension_service_visitor : public binding::wrapper<t_vx_layer_2d_editor_extension_service_visitor_interface>
 {
 public:

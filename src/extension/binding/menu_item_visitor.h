@@ -28,6 +28,7 @@ VX_LOCAL inline void vxk_framework_menu_item_visitor_visit_menu(
 }
 namespace vx
 {
+/// Receives an entry of a menu by kind.
 class VX_API menu_item_visitor : public binding::wrapper<t_vx_menu_item_visitor_interface>
 {
 public:

@@ -30,6 +30,7 @@ VX_LOCAL inline bool vxk_datasource_monitor_has_stopped(t_vx_monitor_interface h
 }
 namespace vx
 {
+/// Follows a long work and may end it.
 class VX_API monitor : public binding::wrapper<t_vx_monitor_interface>
 {
 public:

@@ -78,6 +78,7 @@ VX_LOCAL inline void vxk_framework_outline_column_variant_visitor_visit_render_c
 }
 namespace vx
 {
+/// Receives one of the forms of a column of mixed cells.
 class VX_API outline_column_variant_visitor : public binding::wrapper<t_vx_outline_column_variant_visitor_interface>
 {
 public:

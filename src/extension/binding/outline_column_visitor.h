@@ -93,6 +93,7 @@ VX_LOCAL inline void vxk_framework_outline_column_visitor_visit_variant_column(
 }
 namespace vx
 {
+/// Receives a column by kind.
 class VX_API outline_column_visitor : public binding::wrapper<t_vx_outline_column_visitor_interface>
 {
 public:

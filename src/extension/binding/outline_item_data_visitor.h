@@ -34,6 +34,7 @@ VX_LOCAL inline void vxk_framework_outline_item_data_visitor_visit_tag(
 }
 namespace vx
 {
+/// Receives what identifies an item.
 class VX_API outline_item_data_visitor : public binding::wrapper<t_vx_outline_item_data_visitor_interface>
 {
 public:

@@ -41,6 +41,7 @@ VX_LOCAL inline void vxk_framework_poly_data_3d_attr_def_visitor_visit_string_at
 }
 namespace vx
 {
+/// Receives the attributes of spatial data by type.
 class VX_API poly_data_3d_attr_def_visitor : public binding::wrapper<t_vx_poly_data_3d_attr_def_visitor_interface>
 {
 public:

@@ -28,6 +28,7 @@ VX_LOCAL inline void vxk_framework_poly_data_3d_chunk_data_visitor_visit_ex(
 }
 namespace vx
 {
+/// Receives the attribute values of a chunk.
 class VX_API poly_data_3d_chunk_data_visitor : public binding::wrapper<t_vx_poly_data_3d_chunk_data_visitor_interface>
 {
 public:

@@ -42,6 +42,7 @@ VX_LOCAL inline void vxk_framework_poly_data_3d_chunk_visitor_visit_polygons(
 }
 namespace vx
 {
+/// Receives a chunk of spatial data by kind.
 class VX_API poly_data_3d_chunk_visitor : public binding::wrapper<t_vx_poly_data_3d_chunk_visitor_interface>
 {
 public:

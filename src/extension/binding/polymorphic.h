@@ -58,7 +58,7 @@ public:
     }
 
 protected:
-    polymorphic_impl() { put_first(this); }
+    VX_LOCAL polymorphic_impl() { put_first(this); }
     ~polymorphic_impl() = default;
 
 private:

@@ -20,42 +20,45 @@ class VX_API ref;
 /// same the handle here becomes null. To change what is held: `detach`, assign, `attach`, in that order;
 /// `hold` does the three.
 ///
-/// A copy is a holder of its own and attaches itself. A holder must not move while attached, since the object
-/// knows its address; the containers of nodes keep it in place.
+/// A copy is a holder of its own, attached if the first one is. A holder must not move while attached, since
+/// the object knows its address; the containers of nodes keep it in place.
 template <class T, class Traits>
 class VX_API ref<T, false, Traits> : public referrer_impl
 {
 public:
-    ref() = default;
+    VX_LOCAL ref() = default;
     /// Holds and attaches.
-    explicit ref(T held) : f_held(std::move(held)) { attach(); }
-    ref(ref const &other) : referrer_impl(other), f_held(other.f_held) { attach(); }
-    ref &operator=(ref const &other)
+    VX_LOCAL explicit ref(T held) : f_held(std::move(held)) { attach(); }
+    VX_LOCAL ref(ref const &other) : referrer_impl(other), f_held(other.f_held)
     {
-        if (this != &other)
-            hold(other.f_held);
+        if (other.f_attached)
+            attach();
+    }
+    VX_LOCAL ref &operator=(ref const &other)
+    {
+        if (this == &other)
+            return *this;
+        assign(other.f_held);
+        if (other.f_attached)
+            attach();
         return *this;
     }
-    virtual ~ref() { detach(); }
+    VX_LOCAL virtual ~ref() { detach(); }
 
-    [[nodiscard]] T const &get() const { return f_held; }
-    T const *operator->() const { return &f_held; }
-    [[nodiscard]] bool is_null() const { return !f_held; }
-    /// For the assignment between `detach` and `attach`.
-    ref &assign(T held)
-    {
-        f_held = std::move(held);
-        return *this;
-    }
-    void hold(T held)
+    [[nodiscard]] VX_LOCAL T const &get() const { return f_held; }
+    VX_LOCAL T const *operator->() const { return &f_held; }
+    [[nodiscard]] VX_LOCAL bool is_null() const { return !f_held; }
+    /// Changes what is held without attaching; what was held is released if it still is.
+    VX_LOCAL ref &assign(T held)
     {
         detach();
         f_held = std::move(held);
-        attach();
+        return *this;
     }
+    VX_LOCAL void hold(T held) { assign(std::move(held)).attach(); }
 
     /// Retains what is held. Does nothing on a null handle and when attached already.
-    void attach()
+    VX_LOCAL void attach()
     {
         if (f_attached || !f_held)
             return;
@@ -68,7 +71,7 @@ public:
 
     /// Releases what is held; the handle stays. The owner is kept alive meanwhile, since the last release of
     /// an object may end its owner's part in it.
-    void detach()
+    VX_LOCAL void detach()
     {
         if (!f_attached || !f_held)
             return;
@@ -85,12 +88,12 @@ public:
     }
 
     /// The object is gone: nothing is left to release.
-    void invalidate(vx::referent) override
+    VX_LOCAL void invalidate(vx::referent) override
     {
         f_held = Traits::null();
         f_attached = false;
     }
-    bool reachable() override { return true; }
+    VX_LOCAL bool reachable() override { return true; }
 
 private:
     T f_held = Traits::null();

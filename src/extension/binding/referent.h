@@ -66,6 +66,7 @@ namespace vx
 class VX_API referent;
 class VX_API referrer;
 
+/// What has a lifetime of its own: it knows who holds it and tells those that remain when it dies.
 class VX_API referent : public binding::wrapper<t_vx_referent_interface>
 {
 public:
@@ -78,6 +79,7 @@ public:
     VX_LOCAL vx::referent as_referent() const;
 };
 
+/// A holder of a referent.
 class VX_API referrer : public binding::wrapper<t_vx_referrer_interface>
 {
 public:

@@ -21,6 +21,7 @@ VX_LOCAL inline void vxk_framework_scene_2d_parameters_docker_visitor_visit_dock
 }
 namespace vx
 {
+/// Receives a panel.
 class VX_API scene_2d_parameters_docker_visitor : public binding::wrapper<t_vx_scene_2d_parameters_docker_visitor_interface>
 {
 public:

@@ -24,6 +24,7 @@ VX_LOCAL inline void vxk_framework_service_factory_with_services(
 }
 namespace vx
 {
+/// Makes the services of one bundle: finds the visitor of their family behind the general one.
 class VX_API service_factory : public binding::wrapper<t_vx_service_factory_interface>
 {
 public:

@@ -22,6 +22,7 @@ VX_LOCAL inline void vxk_framework_service_registry_with_services(
 }
 namespace vx
 {
+/// Hands a visitor to the factories of a category of services.
 class VX_API service_registry : public binding::wrapper<t_vx_service_registry_interface>
 {
 public:

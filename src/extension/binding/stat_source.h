@@ -103,6 +103,7 @@ VX_LOCAL inline bool vxk_datasource_stat_source_with_default_histogram(
 }
 namespace vx
 {
+/// What a data set knows of the values of its fields; false: not known.
 class VX_API stat_source : public binding::wrapper<t_vx_stat_source_interface>
 {
 public:

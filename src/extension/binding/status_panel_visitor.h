@@ -21,6 +21,7 @@ VX_LOCAL inline void vxk_framework_status_panel_visitor_visit_string_panel(
 }
 namespace vx
 {
+/// Receives a panel of the status bar.
 class VX_API status_panel_visitor : public binding::wrapper<t_vx_status_panel_visitor_interface>
 {
 public:

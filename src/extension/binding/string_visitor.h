@@ -19,6 +19,7 @@ VX_LOCAL inline void vxk_framework_string_visitor_visit(t_vx_string_visitor_inte
 }
 namespace vx
 {
+/// Receives a text, or several one by one.
 class VX_API string_visitor : public binding::wrapper<t_vx_string_visitor_interface>
 {
 public:

@@ -64,6 +64,7 @@ VX_LOCAL inline void vxk_framework_style_editor_reattach(
 }
 namespace vx
 {
+/// Model of a page for one style manager.
 class VX_API style_editor : public binding::wrapper<t_vx_style_editor_interface>
 {
 public:

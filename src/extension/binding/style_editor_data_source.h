@@ -93,6 +93,8 @@ VX_LOCAL inline bool vxk_framework_style_editor_data_source_property_stats(
 }
 namespace vx
 {
+/// The values by which the styles of a page are chosen: items (records) with properties (fields), both from
+/// 0.
 class VX_API style_editor_data_source : public binding::wrapper<t_vx_style_editor_data_source_interface>
 {
 public:

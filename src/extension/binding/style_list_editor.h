@@ -64,6 +64,7 @@ VX_LOCAL inline void vxk_framework_style_list_editor_reattach(
 }
 namespace vx
 {
+/// Model of a page for a list of style managers.
 class VX_API style_list_editor : public binding::wrapper<t_vx_style_list_editor_interface>
 {
 public:

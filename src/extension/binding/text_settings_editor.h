@@ -55,6 +55,7 @@ VX_LOCAL inline void vxk_framework_text_settings_editor_reattach(
 }
 namespace vx
 {
+/// Model of a page for text settings.
 class VX_API text_settings_editor : public binding::wrapper<t_vx_text_settings_editor_interface>
 {
 public:

@@ -21,6 +21,7 @@ VX_LOCAL inline void vxk_framework_text_settings_editor_visitor_visit(
 }
 namespace vx
 {
+/// Receives the model of a page.
 class VX_API text_settings_editor_visitor : public binding::wrapper<t_vx_text_settings_editor_visitor_interface>
 {
 public:

@@ -92,6 +92,7 @@ VX_LOCAL inline void vxk_framework_tool_visitor_visit_list_tool(
 }
 namespace vx
 {
+/// Receives a tool by kind.
 class VX_API tool_visitor : public binding::wrapper<t_vx_tool_visitor_interface>
 {
 public:

@@ -101,6 +101,7 @@ VX_LOCAL inline void vxk_datasource_vector_definition_with_proj4(
 }
 namespace vx
 {
+/// Describes the fields and geometry fields of a table that is to be made or changed.
 class VX_API vector_definition : public binding::wrapper<t_vx_vector_definition_interface>
 {
 public:

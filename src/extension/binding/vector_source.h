@@ -156,6 +156,7 @@ VX_LOCAL inline bool vxk_datasource_vector_source_delete_feature(
 }
 namespace vx
 {
+/// The tables of a data set; calls are about the selected one.
 class VX_API vector_source : public binding::wrapper<t_vx_vector_source_interface>
 {
 public:

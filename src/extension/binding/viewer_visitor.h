@@ -35,6 +35,7 @@ VX_LOCAL inline void vxk_framework_viewer_visitor_visit_custom_2d(
 }
 namespace vx
 {
+/// Receives a viewer by kind.
 class VX_API viewer_visitor : public binding::wrapper<t_vx_viewer_visitor_interface>
 {
 public:

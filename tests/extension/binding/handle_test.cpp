@@ -211,6 +211,12 @@ TEST(handle, implementation_classes_have_the_same_defaults)
     vx::layer_2d_editor_extension_service const offered = service;
     EXPECT_EQ(offered.priority(), 1);
     EXPECT_FALSE(offered.as_referent());
+    // Slots that are not known: the object's own answer is the default, too.
+    struct plain_slider final : vx::slider_impl
+    {
+    } slider;
+    EXPECT_EQ(slider.page_step(), 10);
+    EXPECT_EQ(vx::slider(static_cast<t_vx_slider_interface>(slider)).page_step(), 10);
     struct plain_feature final : vx::feature_impl
     {
     } feature;

@@ -166,6 +166,24 @@ TEST(ref, of_a_dead_object_holds_null)
     EXPECT_TRUE(log.empty());
 }
 
+TEST(ref, that_was_detached_is_copied_without_a_hold)
+{
+    std::vector<std::string> log;
+    held_source held, assigned;
+    {
+        living_source source(log);
+        held.hold(static_cast<vx::style_editor_data_source>(source));
+        held.detach();
+        held_source const copy(held);
+        assigned = held;
+        EXPECT_EQ(source.hold_count(), 0u);
+        held.attach();
+        assigned = held;
+        EXPECT_EQ(source.hold_count(), 2u);
+    }
+    EXPECT_TRUE(held.is_null() && assigned.is_null());
+}
+
 TEST(ref, in_an_ordered_map_keeps_its_holds)
 {
     std::vector<std::string> log;
@@ -179,21 +197,23 @@ TEST(ref, in_an_ordered_map_keeps_its_holds)
     EXPECT_EQ(a.hold_count() + b.hold_count(), 0u);
 }
 
+class counted final : public vx::referent_object
+{
+public:
+    explicit counted(int &ends) : f_ends(ends) {}
+    ~counted() { invalidate_holders(); }
+
+private:
+    void on_unreferenced() override
+    {
+        ++f_ends;
+        delete this;
+    }
+    int &f_ends;
+};
+
 TEST(referent_object, a_counted_object_may_end_itself_with_the_last_hold)
 {
-    class counted final : public vx::referent_object
-    {
-    public:
-        explicit counted(int &ends) : f_ends(ends) {}
-
-    private:
-        void on_unreferenced() override
-        {
-            ++f_ends;
-            delete this;
-        }
-        int &f_ends;
-    };
     int ends = 0;
     auto *const object = new counted(ends);
     vx::referent const handle = *object;
@@ -208,5 +228,25 @@ TEST(referent_object, a_counted_object_may_end_itself_with_the_last_hold)
     EXPECT_EQ(ends, 0) << "a holder that is not known is ignored";
     handle.release({});
     EXPECT_EQ(ends, 1);
+}
+
+TEST(referent_object, ends_once_when_a_holder_lets_go_of_another)
+{
+    int ends = 0;
+    auto *const object = new counted(ends);
+    struct plain_holder final : vx::referrer_impl
+    {
+    } other;
+    struct telling_holder final : vx::referrer_impl
+    {
+        explicit telling_holder(vx::referrer o) : f_other(o) {}
+        void invalidate(vx::referent object) override { object.release(f_other); }
+        vx::referrer f_other;
+    } telling{other};
+    vx::referent const handle = *object;
+    handle.retain(other);
+    handle.retain(telling);
+    delete object;
+    EXPECT_EQ(ends, 0);
 }
 } // namespace
