@@ -138,7 +138,8 @@ std::unique_ptr<dataset> dataset::open(std::wstring const &connection, bool read
         if (read_only && is_idle_write_ahead_database(path, driver_name))
             options.SetNameValue("IMMUTABLE", "YES");
         char const *const only[] = {driver_name, nullptr};
-        unsigned const flags = GDAL_OF_VECTOR | GDAL_OF_RASTER | GDAL_OF_VERBOSE_ERROR |
+        // That a file is of no known format needs no words of the library's own.
+        unsigned const flags = GDAL_OF_VECTOR | GDAL_OF_RASTER | (driver_name ? GDAL_OF_VERBOSE_ERROR : 0U) |
                                (read_only ? GDAL_OF_READONLY : GDAL_OF_UPDATE);
         GDALDatasetUniquePtr gdal(
             GDALDataset::Open(path.c_str(), flags, driver_name ? only : nullptr, options.List()));
@@ -148,7 +149,7 @@ std::unique_ptr<dataset> dataset::open(std::wstring const &connection, bool read
             parsed.source = text::utf8_to_wide(path);
     }
     if (!result)
-        error = quoted(parsed.source) + L" cannot be opened" + (reason.empty() ? L"." : L": " + reason);
+        error = reason.empty() ? L"" : quoted(parsed.source) + L" cannot be opened: " + reason;
     else if (result->vector_count() == 0 && result->grid_count() == 0) {
         error = quoted(result->f_connection.source) + L" holds neither tables nor grids.";
         result.reset();

@@ -128,7 +128,9 @@ Ivx_layer *vx_shp_lr2d_open(wchar_t const *source, Ivx_string_adp *error)
     }
     auto const *const key = vx::layers::key_of_geometry(vx::layers::type_to_draw(data.get()));
     if (!key) {
-        vx_string_adp_feed(error, vx_res_format_w(c_capt_no_vector_data, source).c_str());
+        std::wstring file;
+        vx_attr_data_get_wfilename(data.get(), Tvx_std_wstring_adapter(file));
+        vx_string_adp_feed(error, vx_res_format_w(c_capt_no_vector_data, file).c_str());
         return nullptr;
     }
     auto *const layer = vx_shp_lr2d_create(key, source);
