@@ -43,6 +43,12 @@ enum Tvx_host_caption : int
     c_cap_show_tools,
     c_cap_shortcuts,
     c_cap_style,
+    c_cap_draw_by,
+    c_cap_draw_by_one_style,
+    c_cap_draw_by_values,
+    c_cap_draw_by_ranges,
+    c_cap_draw_by_rules,
+    c_cap_draw_by_none,
 
     c_cap_hint_open = 450,
     c_cap_hint_pan_tool,
@@ -95,6 +101,8 @@ enum Tvx_host_caption : int
     c_cap_err_save_picture,
     c_cap_err_draw,
     c_cap_err_special_file,
+    c_cap_err_empty_file,
+    c_cap_err_scale,
 
     c_cap_status_loading = 520,
     c_cap_status_drawing,

@@ -70,6 +70,8 @@ QString refuse_path(QString const &path)
         return vx_host_caption(c_cap_err_special_file);
     if (!info.isReadable())
         return vx_host_caption(c_cap_err_not_readable);
+    if (info.isFile() && info.size() == 0)
+        return vx_host_caption(c_cap_err_empty_file);
     return {};
 }
 
@@ -133,11 +135,11 @@ void add_grids(data_set const &set, QString const &path, std::wstring const &fil
 
 QString open_error(QString const &path)
 {
+    if (QFileInfo(path).isDir())
+        return vx_host_caption(c_cap_err_directory);
     std::wstring error;
     vx_datasource_get_error(Tvx_std_wstring_adapter(error));
-    if (!error.empty())
-        return QString::fromStdWString(error);
-    return vx_host_caption(QFileInfo(path).isDir() ? c_cap_err_directory : c_cap_err_no_layers);
+    return error.empty() ? vx_host_caption(c_cap_err_no_layers) : QString::fromStdWString(error);
 }
 } // namespace
 

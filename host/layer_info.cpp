@@ -16,12 +16,14 @@
 #include <QDir>
 #include <QPainter>
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 
 namespace {
 constexpr int c_symbol_width = 32;
 constexpr int c_symbol_height = 20;
+constexpr int c_symbol_classes = 4;
 
 struct kind_name
 {
@@ -59,14 +61,18 @@ bool draw_simple(QPainter &painter, Ivx_layer *layer)
     return true;
 }
 
-/// A layer that shows classes: a few of many colours.
-void draw_classes(QPainter &painter)
+/// A layer that shows classes: the colours of the first of them.
+void draw_classes(QPainter &painter, Ivx_layer *layer)
 {
-    QColor const classes[] = {QColor(0xd9, 0x4a, 0x3d), QColor(0xf2, 0xb1, 0x34), QColor(0x4d, 0x9a, 0x5b),
-                              QColor(0x3f, 0x7f, 0xbf)};
-    painter.setPen(Qt::NoPen);
-    for (int i = 0; i < 4; ++i)
-        painter.fillRect(QRectF(3 + 4.5 * i, 3, 4.5, c_symbol_height - 6.0), classes[i]);
+    std::vector<Tvx_color> const colors = vx_layer_get_class_colors(layer, c_symbol_classes);
+    constexpr double left = 4;
+    double const width = (c_symbol_width - 2 * left) / double(std::max<std::size_t>(1, colors.size()));
+    double x = left;
+    for (Tvx_color const color : colors) {
+        painter.fillRect(QRectF(x, 4, width, c_symbol_height - 8.0),
+                         QColor(color.r, color.g, color.b, color.a));
+        x += width;
+    }
 }
 
 /// A layer of cells, or one that has no style here.
@@ -132,7 +138,7 @@ QIcon vx_layer_symbol(Ivx_layer *layer)
     if (!vx_lr2d_is_shp(layer))
         draw_cells(painter);
     else if (!draw_simple(painter, layer))
-        draw_classes(painter);
+        draw_classes(painter, layer);
     painter.end();
     QIcon icon;
     // The same in a selected line: the colours are what the symbol is for.

@@ -100,11 +100,12 @@ Tvx_box_d2 Tvx_layer_list::extent_at(int row) const
     return has_row(row) ? f_items[std::size_t(row)].extent : Tvx_box_d2{};
 }
 
-Tvx_box_d2 Tvx_layer_list::extent_of_all() const
+Tvx_box_d2 Tvx_layer_list::extent_of(bool only_drawn) const
 {
     Tvx_box_d2 box;
     for (item const &i : f_items)
-        box.add(i.extent);
+        if (!only_drawn || vx_layer_is_drawn(i.layer.get()))
+            box.add(i.extent);
     return box;
 }
 
@@ -114,7 +115,7 @@ Tvx_box_d2 Tvx_layer_list::extent() const
     for (int row = 0; row < count(); ++row)
         if (vx_layer_is_drawn(layer_at(row)) && !is_of_other_unit(row))
             box.add(extent_at(row));
-    return box.is_empty() ? extent_of_all() : box;
+    return box.is_empty() ? extent_of(false) : box;
 }
 
 Tvx_map_unit Tvx_layer_list::map_unit() const
@@ -122,10 +123,12 @@ Tvx_map_unit Tvx_layer_list::map_unit() const
     for (auto i = f_items.rbegin(); i != f_items.rend(); ++i)
         if (i->unit && vx_layer_is_drawn(i->layer.get()))
             return *i->unit;
+    if (Tvx_box_d2 const drawn = extent_of(true); !drawn.is_empty())
+        return vx_map_unit_guess(drawn);
     for (auto i = f_items.rbegin(); i != f_items.rend(); ++i)
         if (i->unit)
             return *i->unit;
-    return vx_map_unit_guess(extent_of_all());
+    return vx_map_unit_guess(extent_of(false));
 }
 
 bool Tvx_layer_list::is_of_other_unit(int row) const

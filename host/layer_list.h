@@ -56,7 +56,9 @@ public:
     /// Extent of the map: of the drawn layers whose coordinates are in the map's unit or whose unit is not
     /// known; of all layers where there is none of these.
     [[nodiscard]] Tvx_box_d2 extent() const;
-    /// Unit of the map: that of the lowest drawn layer that tells, else of any, else a guess from the extent.
+    /// Unit of the map: that of the lowest drawn layer that tells, else a guess from the extent of the drawn
+    /// layers. While no layer that is drawn has a place: that of the lowest layer that tells, else such a
+    /// guess.
     [[nodiscard]] Tvx_map_unit map_unit() const;
     /// The layer's coordinates are known to be in another unit than the map's, so it does not fit in.
     [[nodiscard]] bool is_of_other_unit(int row) const;
@@ -85,7 +87,7 @@ private:
         Tvx_box_d2 extent;
         std::optional<Tvx_map_unit> unit;
     };
-    [[nodiscard]] Tvx_box_d2 extent_of_all() const;
+    [[nodiscard]] Tvx_box_d2 extent_of(bool only_drawn) const;
     [[nodiscard]] bool has_row(int row) const { return row >= 0 && row < count(); }
 
     std::vector<item> f_items;

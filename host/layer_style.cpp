@@ -5,11 +5,15 @@
 
 #include "platform/layers/vx_shp_lr2d.h"
 #include "platform/styles/vx_base_style.h"
+#include "platform/styles/vx_rng_scale.h"
+#include "platform/styles/vx_scale_prm.h"
 #include "platform/styles/vx_stl_mngr.h"
 #include "platform/styles/vx_stl_prm.h"
 #include "platform/styles/vx_style.h"
+#include "platform/styles/vx_val_scale.h"
 #include "platform/winapi/library.h"
 
+#include <algorithm>
 #include <iterator>
 
 namespace {
@@ -84,6 +88,34 @@ Tvx_layer_colors vx_layer_get_colors(Ivx_layer *layer)
             colors.fill = vx_bpgn_style_get_color(vx_pgn_style_get_bpgn_style_ptr(style));
         if (vx_pgn_style_get_pln_visible(style))
             colors.line = vx_bpln_style_get_color(vx_pgn_style_get_bpln_style_ptr(style));
+    }
+    return colors;
+}
+
+std::vector<Tvx_color> vx_layer_get_class_colors(Ivx_layer *layer, unsigned count)
+{
+    void *const manager = vx_shp_lr2d_get_stl_mngr_ptr(layer);
+    std::vector<Tvx_color> colors;
+    auto const take = [&](void *scale, unsigned size, auto prm_of) {
+        for (unsigned i = 0; i < std::min(count, size); ++i)
+            colors.push_back(vx_stl_prm_get_color(vx_scale_prm_get_stl_prm_ptr(prm_of(scale, i)), false));
+    };
+    switch (vx_stl_mngr_get_mode(manager)) {
+    case c_stl_mngr_mode_value:
+    case c_stl_mngr_mode_rule: {
+        void *const scale = vx_stl_mngr_get_mode(manager) == c_stl_mngr_mode_value
+                                ? vx_stl_mngr_get_val_scale_ptr(manager)
+                                : vx_stl_mngr_get_rule_scale_ptr(manager);
+        take(scale, vx_val_scale_get_size(scale), &vx_val_scale_get_scale_prm_ptr);
+        break;
+    }
+    case c_stl_mngr_mode_range: {
+        void *const scale = vx_stl_mngr_get_rng_scale_ptr(manager);
+        take(scale, vx_rng_scale_get_size(scale), &vx_rng_scale_get_scale_prm_ptr);
+        break;
+    }
+    default:
+        break;
     }
     return colors;
 }

@@ -2,6 +2,8 @@
 
 #include "platform/base/color.h"
 
+#include <vector>
+
 class TBitmap;
 struct Ivx_layer;
 
@@ -14,6 +16,9 @@ struct Tvx_layer_colors
 };
 /// All clear for other layers.
 [[nodiscard]] Tvx_layer_colors vx_layer_get_colors(Ivx_layer *layer);
+/// Leading colours of the first entries of the scale by which the layer is drawn, `count` at most; none for
+/// other layers.
+[[nodiscard]] std::vector<Tvx_color> vx_layer_get_class_colors(Ivx_layer *layer, unsigned count);
 /// True when the layer's manager draws all objects alike.
 [[nodiscard]] bool vx_layer_is_drawn_simple(Ivx_layer *layer);
 

@@ -6,11 +6,14 @@
 #include "host/layer_files.h"
 #include "host/layer_info.h"
 #include "host/layer_panel.h"
+#include "host/layer_scales.h"
 #include "host/layer_style.h"
 #include "host/map_canvas.h"
 #include "host/map_text.h"
 
 #include "platform/basic/vx_options.h"
+#include "platform/layers/vx_shp_lr2d.h"
+#include "platform/styles/vx_stl_mngr.h"
 #include "platform/winapi/file.h"
 
 #include <QActionGroup>
@@ -63,7 +66,7 @@ QString plain(QString text)
 
 Tvx_map_window::Tvx_map_window(QSettings *settings)
     : f_editor(new Tvx_layer_editor(f_layers, this)), f_canvas(new Tvx_map_canvas(f_layers, this)),
-      f_settings(settings)
+      f_settings(settings), f_draw_by(new QMenu(vx_host_caption(c_cap_draw_by), this))
 {
     setObjectName(QStringLiteral("map_window"));
     setWindowIcon(vx_host_glyph("app"));
@@ -97,6 +100,8 @@ Tvx_map_window::~Tvx_map_window()
 
 QAction *Tvx_map_window::command(char const *name) const
 {
+    if (f_draw_by->menuAction()->objectName() == QLatin1String(name))
+        return f_draw_by->menuAction();
     return findChild<QAction *>(QLatin1String(name), Qt::FindDirectChildrenOnly);
 }
 
@@ -159,6 +164,9 @@ void Tvx_map_window::create_commands()
        [this] { on_properties(); });
     on(add_command("style", c_cap_style, c_cap_hint_style, nullptr, {Qt::CTRL | Qt::Key_T}),
        [this] { on_style(); });
+    f_draw_by->menuAction()->setObjectName(QStringLiteral("draw_by"));
+    f_draw_by->setObjectName(QStringLiteral("draw_by_menu"));
+    connect(f_draw_by, &QMenu::aboutToShow, this, [this] { fill_draw_by_menu(); });
     QAction *visible = add_command("visible", c_cap_layer_visible, 0, nullptr, {Qt::CTRL | Qt::Key_H});
     visible->setCheckable(true);
     on(visible, [this](bool checked) { f_layers.set_layer_visible(f_panel->selected_row(), checked); });
@@ -206,8 +214,8 @@ void Tvx_map_window::create_menus()
     layers->setText(vx_host_caption(c_cap_show_layers));
     view->addAction(layers);
     menu(c_cap_menu_layer,
-         {"properties", "style", "zoom_to_layer", nullptr, "visible", "show_all", "hide_all", nullptr,
-          "move_up", "move_down", "move_to_top", "move_to_bottom", nullptr, "remove"});
+         {"properties", "style", "draw_by", "zoom_to_layer", nullptr, "visible", "show_all", "hide_all",
+          nullptr, "move_up", "move_down", "move_to_top", "move_to_bottom", nullptr, "remove"});
     menu(c_cap_menu_help, {"shortcuts", nullptr, "about"});
 }
 
@@ -238,10 +246,10 @@ void Tvx_map_window::create_layer_dock()
     dock->setWidget(f_panel);
     addDockWidget(Qt::LeftDockWidgetArea, dock);
     resizeDocks({dock}, {260}, Qt::Horizontal);
-    f_panel->set_commands({command("properties"), command("style"), command("zoom_to_layer"), nullptr,
-                           command("visible"), command("show_all"), command("hide_all"), nullptr,
-                           command("move_up"), command("move_down"), command("move_to_top"),
-                           command("move_to_bottom"), nullptr, command("remove")},
+    f_panel->set_commands({command("properties"), command("style"), command("draw_by"),
+                           command("zoom_to_layer"), nullptr, command("visible"), command("show_all"),
+                           command("hide_all"), nullptr, command("move_up"), command("move_down"),
+                           command("move_to_top"), command("move_to_bottom"), nullptr, command("remove")},
                           {command("properties"), command("zoom_to_layer"), command("move_up"),
                            command("move_down"), command("remove")});
     connect(f_panel, &Tvx_layer_panel::selection_changed, this, &Tvx_map_window::on_selection_changed);
@@ -348,6 +356,32 @@ void Tvx_map_window::fill_recent_menu()
     f_recent->addSeparator();
     connect(f_recent->addAction(vx_host_caption(c_cap_recent_clear)), &QAction::triggered, this,
             [this] { f_settings->remove("files/recent"); });
+}
+
+void Tvx_map_window::fill_draw_by_menu()
+{
+    f_draw_by->clear();
+    Ivx_layer *const layer = f_layers.layer_at(f_panel->selected_row());
+    auto const add = [this](QString const &text, bool checked) {
+        QAction *action = f_draw_by->addAction(text);
+        action->setCheckable(true);
+        action->setChecked(checked);
+        return action;
+    };
+    connect(add(vx_host_caption(c_cap_draw_by_one_style), vx_layer_is_drawn_simple(layer)),
+            &QAction::triggered, this, [this] { on_draw_by(nullptr); });
+    f_draw_by->addSeparator();
+    std::vector<Tvx_layer_scale> const scales = vx_layer_scales_find(layer);
+    if (scales.empty())
+        f_draw_by->addAction(vx_host_caption(c_cap_draw_by_none))->setEnabled(false);
+    for (Tvx_layer_scale const &scale : scales) {
+        Tvx_host_caption const text = scale.mode == c_stl_mngr_mode_value   ? c_cap_draw_by_values
+                                      : scale.mode == c_stl_mngr_mode_range ? c_cap_draw_by_ranges
+                                                                            : c_cap_draw_by_rules;
+        QString const field = QString::fromStdWString(scale.field).replace('&', "&&");
+        connect(add(vx_host_caption(text).arg(field), vx_layer_is_drawn_by(layer, scale)),
+                &QAction::triggered, this, [this, scale] { on_draw_by(&scale); });
+    }
 }
 
 void Tvx_map_window::closeEvent(QCloseEvent *event)
@@ -472,7 +506,25 @@ void Tvx_map_window::on_style()
     int const id = f_panel->selected_id();
     Tvx_layer_list::layer_ptr copy(vx_lr2d_clone(f_layers.layer_at(f_panel->selected_row())));
     QPoint const at = f_panel->sample_corner(id);
-    if (!vx_layer_style_dialog(copy.get(), at.x(), at.y()) || !f_layers.replace(id, std::move(copy)))
+    if (vx_layer_style_dialog(copy.get(), at.x(), at.y()))
+        take_over(id, std::move(copy));
+}
+
+void Tvx_map_window::on_draw_by(Tvx_layer_scale const *scale)
+{
+    int const id = f_panel->selected_id();
+    Tvx_layer_list::layer_ptr copy(vx_lr2d_clone(f_layers.layer_at(f_panel->selected_row())));
+    if (scale ? vx_layer_draw_by(copy.get(), *scale) : vx_layer_draw_simple(copy.get()))
+        take_over(id, std::move(copy));
+    else if (scale)
+        say(this, QMessageBox::Warning,
+            vx_host_caption(c_cap_err_scale)
+                .arg(QDir::toNativeSeparators(QString::fromStdWString(scale->file))));
+}
+
+void Tvx_map_window::take_over(int id, Tvx_layer_list::layer_ptr layer)
+{
+    if (!f_layers.replace(id, std::move(layer)))
         return;
     f_editor->refresh(id);
     show_message(vx_host_caption(c_cap_status_applied).arg(f_layers.name_at(f_layers.row_of(id))));
@@ -538,6 +590,7 @@ void Tvx_map_window::update_commands()
     };
     enable(count > 0, {"save_picture", "zoom_in", "zoom_out", "full_extent", "show_all", "hide_all"});
     enable(row >= 0, {"properties", "visible", "remove"});
+    enable(vx_lr2d_is_shp(f_layers.layer_at(row)), {"draw_by"});
     enable(vx_layer_has_style_dialog(f_layers.layer_at(row)), {"style"});
     enable(!f_layers.extent_at(row).is_empty(), {"zoom_to_layer"});
     enable(row > 0, {"move_up", "move_to_top"});

@@ -8,6 +8,7 @@
 class Tvx_layer_editor;
 class Tvx_layer_panel;
 class Tvx_map_canvas;
+struct Tvx_layer_scale;
 class QComboBox;
 class QLabel;
 class QMenu;
@@ -62,6 +63,8 @@ private:
     void on_properties();
     void on_style();
     void on_sample_activated(int id);
+    /// Null for one style.
+    void on_draw_by(Tvx_layer_scale const *scale);
     void on_move(int by);
     void on_selection_changed(int id);
     void on_pointer_moved(double x, double y);
@@ -69,6 +72,8 @@ private:
     void on_about();
     void on_shortcuts();
 
+    /// Puts an edited copy in the layer's place.
+    void take_over(int id, Tvx_layer_list::layer_ptr layer);
     void show_message(QString const &text);
     /// Where the newest layer is, or why it is not seen.
     void tell_about_top_layer();
@@ -77,6 +82,7 @@ private:
     void update_title();
     void remember_file(QString const &path);
     void fill_recent_menu();
+    void fill_draw_by_menu();
 
     Tvx_layer_list f_layers;
     Tvx_layer_editor *f_editor;
@@ -84,6 +90,7 @@ private:
     Tvx_layer_panel *f_panel = nullptr;
     QSettings *f_settings;
     QMenu *f_recent = nullptr;
+    QMenu *f_draw_by;
     QLabel *f_coordinates = nullptr;
     QLabel *f_activity = nullptr;
     QComboBox *f_scale = nullptr;

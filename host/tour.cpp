@@ -3,9 +3,11 @@
 #include "controls/forms/forms_captions.h"
 #include "exports/vxk_lr2d_edit_form_api.h"
 #include "host/captions.h"
+#include "host/example_scales.h"
 #include "host/layer_editor.h"
 #include "host/layer_info.h"
 #include "host/layer_panel.h"
+#include "host/layer_scales.h"
 #include "host/layer_style.h"
 #include "host/map_canvas.h"
 #include "host/map_window.h"
@@ -26,11 +28,13 @@
 #include <QApplication>
 #include <QDir>
 #include <QListView>
+#include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPainter>
 #include <QScreen>
 #include <QTabBar>
+#include <QTemporaryDir>
 
 #include <cstdio>
 
@@ -101,6 +105,7 @@ bool Tvx_tour::run(QStringList const &files)
     } else {
         shoot_map("empty");
         show_example_maps();
+        show_scales();
         show_navigation();
         show_layer_kinds();
         show_apply();
@@ -135,6 +140,37 @@ void Tvx_tour::show_example_maps()
     remove_all_layers();
     if (open_example({"world.shp", "nc.shp", "olinda_dem_utm25s.tif"}))
         shoot_map("map_with_raster");
+    remove_all_layers();
+}
+
+void Tvx_tour::show_scales()
+{
+    // Beside a copy: the example data are not the tour's to write into.
+    QTemporaryDir const folder;
+    for (char const *name : {"nc.shp", "nc.shx", "nc.dbf", "nc.prj"})
+        check(QFile::copy(f_data + "/" + name, folder.filePath(name)), QString("cannot copy ") + name);
+    vx_layer_restart_default_styles();
+    if (f_window.open_files({folder.filePath("nc.shp")}) != 1) {
+        check(false, "the copy of the counties was not opened");
+        return;
+    }
+    Tvx_layer_list &layers = f_window.layers();
+    check(vx_example_scales_save(layers.layer_at(0)), "the scales cannot be saved");
+    auto const scales = vx_layer_scales_find(layers.layer_at(0));
+    check(scales.size() == 3, "the scales beside the layer are not found");
+    char const *const names[] = {"", "map_nc_by_value", "map_nc_by_range", "map_nc_by_rule"};
+    for (Tvx_layer_scale const &scale : scales) {
+        QMenu *menu = open_draw_by_menu();
+        if (!menu)
+            break;
+        if (scale.mode == c_stl_mngr_mode_value)
+            save(menu->grab().toImage(), "menu_draw_by");
+        // One style and a line stand above them.
+        hand::choose(menu, menu->actions().value(2 + int(&scale - scales.data())));
+        check(vx_stl_mngr_get_mode(vx_shp_lr2d_get_stl_mngr_ptr(layers.layer_at(0))) == scale.mode,
+              "the layer is not drawn by its scale");
+        shoot_map(names[scale.mode]);
+    }
     remove_all_layers();
 }
 
@@ -175,14 +211,22 @@ void Tvx_tour::show_navigation()
 void Tvx_tour::show_menu(int place)
 {
     QMenuBar *bar = f_window.menuBar();
-    QAction *title = bar->actions().at(place);
-    hand::click(bar, bar->actionGeometry(title).center());
-    QWidget *menu = QApplication::activePopupWidget();
+    QMenu *menu = hand::open_menu(bar, bar->actions().at(place));
     check(menu, "a click does not open the menu");
     if (!menu)
         return;
     save(menu->grab().toImage(), "menu");
     hand::press(menu, Qt::Key_Escape);
+}
+
+QMenu *Tvx_tour::open_draw_by_menu()
+{
+    QMenuBar *bar = f_window.menuBar();
+    QMenu *menu = hand::open_menu(bar, bar->actions().at(2));
+    if (menu)
+        menu = hand::open_menu(menu, f_window.command("draw_by"));
+    check(menu, "a click does not open the menu of the scales");
+    return menu;
 }
 
 void Tvx_tour::show_layer_kinds()

@@ -21,8 +21,11 @@ public:
 private:
     void show_files(QStringList const &files);
     void show_example_maps();
+    void show_scales();
     void show_navigation();
     void show_menu(int place);
+    /// Opens the menu of the scales beside the selected layer; null and a failure when it does not open.
+    [[nodiscard]] class QMenu *open_draw_by_menu();
     void show_layer_kinds();
     void show_apply();
     void show_style_dialog();

@@ -4,6 +4,8 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QKeyEvent>
+#include <QMenu>
+#include <QMenuBar>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QStyle>
@@ -139,6 +141,26 @@ QPoint part_of(QAbstractItemView *view, int row, QStyle::SubElement part)
     return view->style()->subElementRect(part, &option, view).center();
 }
 } // namespace
+
+QMenu *open_menu(QMenuBar *bar, QAction *title)
+{
+    click(bar, bar->actionGeometry(title).center());
+    return qobject_cast<QMenu *>(QApplication::activePopupWidget());
+}
+
+QMenu *open_menu(QMenu *menu, QAction *line)
+{
+    choose(menu, line);
+    auto *opened = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    return opened == menu ? nullptr : opened;
+}
+
+void choose(QMenu *menu, QAction *line)
+{
+    QPoint const at = menu->actionGeometry(line).center();
+    move(menu, at);
+    click(menu, at);
+}
 
 QPoint check_box_of(QAbstractItemView *view, int row)
 {

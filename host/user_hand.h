@@ -4,6 +4,9 @@
 #include <QString>
 #include <Qt>
 
+class QAction;
+class QMenu;
+class QMenuBar;
 class QWidget;
 class QAbstractItemView;
 
@@ -23,6 +26,13 @@ void wheel(QWidget *widget, QPoint at, int notches);
 /// One key with its shortcut, into the widget, which gets the focus.
 void press(QWidget *widget, Qt::Key key, Qt::KeyboardModifiers keys = Qt::NoModifier);
 void type(QWidget *widget, QString const &text);
+
+/// Clicks the title of a menu, or the line of a menu that opens another one; the menu that is open then, null
+/// when none is.
+[[nodiscard]] QMenu *open_menu(QMenuBar *bar, QAction *title);
+[[nodiscard]] QMenu *open_menu(QMenu *menu, QAction *line);
+/// Clicks a line of an open menu.
+void choose(QMenu *menu, QAction *line);
 
 /// The check box and the text of a line of a list.
 [[nodiscard]] QPoint check_box_of(QAbstractItemView *view, int row);

@@ -1,15 +1,10 @@
 #include "controls/forms/forms_captions.h"
 #include "exports/vxk_lr2d_edit_form_api.h"
 #include "host/layer_editor.h"
-#include "host/layer_panel.h"
-#include "host/layer_style.h"
-#include "host/map_canvas.h"
-#include "host/map_window.h"
-#include "host/user_hand.h"
+#include "map_fixture.h"
 #include "styles/simple/style_dlgs.h"
 #include "support/temp_dir.h"
 
-#include "platform/basic/vx_options.h"
 #include "platform/basic/vx_res.h"
 #include "platform/layers/layer_keys.h"
 #include "platform/layers/vx_shp_lr2d.h"
@@ -17,12 +12,9 @@
 #include "platform/styles/vx_stl_mngr.h"
 #include "platform/styles/vx_stl_prm.h"
 #include "platform/styles/vx_style.h"
-#include "platform/toolkit/qt_bridge.h"
 #include "platform/toolkit/user_input.h"
 
 #include <QAbstractButton>
-#include <QAction>
-#include <QApplication>
 #include <QComboBox>
 #include <QDir>
 #include <QDropEvent>
@@ -30,95 +22,23 @@
 #include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListView>
-#include <QMessageBox>
+#include <QMenu>
 #include <QMimeData>
 #include <QSettings>
 #include <QStatusBar>
 #include <QTabBar>
-#include <QTimer>
 #include <QUrl>
 
 #include <fstream>
-#include <gtest/gtest.h>
-#include <memory>
 #include <sys/stat.h>
 
-namespace hand = vx::user_hand;
+using namespace vx_test;
 
 namespace {
-QString example(char const *name)
-{
-    return QStringLiteral(VX_EXAMPLE_DATA "/") + name;
-}
-
-/// Part of the pixels that are not the map's background.
-double drawn_part(QImage const &picture)
-{
-    qint64 drawn = 0;
-    for (int y = 0; y < picture.height(); ++y)
-        for (int x = 0; x < picture.width(); ++x)
-            drawn += (picture.pixel(x, y) & 0xffffff) != 0xffffff;
-    return double(drawn) / (double(picture.width()) * picture.height());
-}
-
-/// Closes the messages that open, as a person would, and keeps their texts.
-class message_reader
-{
-public:
-    message_reader()
-    {
-        QObject::connect(&f_timer, &QTimer::timeout, [this] {
-            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-            if (!box)
-                return;
-            texts.append(box->text());
-            hand::press(box, Qt::Key_Escape);
-        });
-        f_timer.start(5);
-    }
-    QStringList texts;
-
-private:
-    QTimer f_timer;
-};
-
-class map_window : public testing::Test
+class map_window : public map_fixture
 {
 protected:
-    void SetUp() override
-    {
-        vx_qt_ensure_application();
-        vx_options_set_language("en");
-        vx_layer_restart_default_styles();
-        window = std::make_unique<Tvx_map_window>();
-        window->resize(900, 600);
-        window->show();
-        QCoreApplication::processEvents();
-    }
-
-    Tvx_layer_list &layers() { return window->layers(); }
-    Tvx_map_canvas &canvas() { return window->canvas(); }
     Tvx_layer_editor &editor() { return window->editor(); }
-    QListView *list() { return window->panel().view(); }
-    QImage picture() { return canvas().settled_picture(); }
-    void select(int row) { hand::click(list()->viewport(), hand::text_of(list(), row)); }
-    void run(char const *command) { window->command(command)->trigger(); }
-
-    int open(std::initializer_list<char const *> names)
-    {
-        QStringList paths;
-        for (char const *name : names)
-            paths.append(example(name));
-        return window->open_files(paths);
-    }
-
-    void add_layer(char const *key, wchar_t const *name)
-    {
-        Tvx_layer_list::layer_ptr layer(vx_lr2d_create(key));
-        vx_lr2d_set_wcaption(layer.get(), name);
-        ASSERT_GT(window->add_layer(std::move(layer)), 0);
-    }
 
     QWidget *editor_window()
     {
@@ -160,8 +80,6 @@ protected:
         ASSERT_TRUE(fill);
         vx_bpgn_style_set_color(fill, vx_clr_init_rgb(10, 200, 30));
     }
-
-    std::unique_ptr<Tvx_map_window> window;
 };
 
 TEST_F(map_window, opens_and_draws_a_real_file)
@@ -526,7 +444,7 @@ TEST_F(map_window, files_that_cannot_be_opened_give_one_message_and_no_noise)
     // Good files among bad ones are opened, and all bad ones share a message.
     message_reader messages;
     QString const bad = QString::fromStdString((directory / "missing").string());
-    EXPECT_EQ(window->open_files({bad + "1", example("nc.shp"), bad + "2"}), 1);
+    EXPECT_EQ(window->open_files({bad + "1", example_file("nc.shp"), bad + "2"}), 1);
     ASSERT_EQ(messages.texts.size(), 1);
     EXPECT_TRUE(messages.texts.front().contains("missing1") && messages.texts.front().contains("missing2"));
 }
@@ -565,7 +483,7 @@ TEST_F(map_window, every_layer_of_a_file_comes_areas_below_points)
 TEST_F(map_window, dropped_files_are_opened)
 {
     QMimeData files;
-    files.setUrls({QUrl::fromLocalFile(example("nc.shp")), QUrl("https://example.org/x.shp")});
+    files.setUrls({QUrl::fromLocalFile(example_file("nc.shp")), QUrl("https://example.org/x.shp")});
     QDragEnterEvent enter({10, 10}, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(window.get(), &enter);
     ASSERT_TRUE(enter.isAccepted());
@@ -601,6 +519,13 @@ TEST_F(map_window, every_command_and_text_exists_in_both_languages)
             EXPECT_FALSE(action->text().startsWith('#')) << action->text().toStdString();
             EXPECT_FALSE(action->toolTip().contains('#')) << action->toolTip().toStdString();
         }
+        for (QMenu *menu : translated.findChildren<QMenu *>()) {
+            QStringList keys;
+            for (QAction *line : menu->actions())
+                if (int const at = int(line->text().indexOf('&')); at >= 0)
+                    keys.append(line->text().mid(at + 1, 1).toUpper());
+            EXPECT_EQ(keys.removeDuplicates(), 0) << language << ": " << menu->title().toStdString();
+        }
     }
     vx_options_set_language("en");
 }
@@ -614,12 +539,13 @@ TEST(map_window_state, comes_back_in_the_next_session)
         Tvx_map_window window(&settings);
         window.show();
         window.setGeometry(100, 120, 777, 555);
-        EXPECT_EQ(window.open_files({example("nc.shp")}), 1);
+        EXPECT_EQ(window.open_files({example_file("nc.shp")}), 1);
         window.close();
     }
     Tvx_map_window window(&settings);
     window.show();
     EXPECT_EQ(window.size(), QSize(777, 555));
-    EXPECT_EQ(settings.value("files/recent").toStringList(), QStringList{QDir::cleanPath(example("nc.shp"))});
+    EXPECT_EQ(settings.value("files/recent").toStringList(),
+              QStringList{QDir::cleanPath(example_file("nc.shp"))});
 }
 } // namespace

@@ -1,0 +1,94 @@
+#include "host/layer_scales.h"
+
+#include "data/filesystem/filesystem.h"
+#include "scale_engine/model/scale_path.h"
+#include "scale_engine/model/scale_save_load.h"
+
+#include "platform/base/owned.h"
+#include "platform/base/string_adp.h"
+#include "platform/data/vx_attr_data.h"
+#include "platform/layers/vx_shp_lr2d.h"
+#include "platform/styles/vx_stl_mngr.h"
+
+namespace {
+using owned_table = vx::owned<Ivx_attr_files, &vx_attr_files_close>;
+
+/// What the three kinds of scales differ in. Rules belong to no property of the manager.
+struct scale_kind
+{
+    unsigned mode;
+    std::wstring (*path)(std::wstring const &source, std::wstring const &field);
+    bool (*load)(std::wstring const &source, std::wstring const &field, void *manager);
+    void (*get_field)(void const *manager, Ivx_string_adp *field);
+    void (*set_field)(void *manager, wchar_t const *field);
+};
+constexpr scale_kind c_kinds[] = {
+    {c_stl_mngr_mode_value, &vx::task::scale_path::make_value, &vx::task::scale_save_load::load_value,
+     &vx_stl_mngr_get_val_prop_name_w, &vx_stl_mngr_set_val_prop_name_w},
+    {c_stl_mngr_mode_range, &vx::task::scale_path::make_range, &vx::task::scale_save_load::load_range,
+     &vx_stl_mngr_get_rng_prop_name_w, &vx_stl_mngr_set_rng_prop_name_w},
+    {c_stl_mngr_mode_rule, &vx::task::scale_path::make_rule, &vx::task::scale_save_load::load_rule, nullptr,
+     nullptr},
+};
+
+scale_kind const *kind_of(unsigned mode)
+{
+    for (scale_kind const &kind : c_kinds)
+        if (kind.mode == mode)
+            return &kind;
+    return nullptr;
+}
+
+std::wstring file_of(Ivx_layer *layer)
+{
+    std::wstring file;
+    vx_attr_data_get_wfilename(vx_shp_lr2d_get_attr_data_ptr(layer), Tvx_std_wstring_adapter(file));
+    return file;
+}
+} // namespace
+
+std::vector<Tvx_layer_scale> vx_layer_scales_find(Ivx_layer *layer)
+{
+    std::vector<Tvx_layer_scale> found;
+    std::wstring const source = file_of(layer);
+    owned_table const table(vx_attr_files_open(vx_shp_lr2d_get_attr_data_ptr(layer), 1, 0));
+    for (unsigned i = 0, count = vx_attr_files_get_np(table.get()); i < count; ++i) {
+        std::wstring const field = vx_attr_files_get_field_name_w(table.get(), i);
+        for (scale_kind const &kind : c_kinds) {
+            std::wstring file = kind.path(source, field);
+            if (!file.empty() && vx::filesystem::path_exist(file))
+                found.push_back({kind.mode, field, std::move(file)});
+        }
+    }
+    return found;
+}
+
+bool vx_layer_is_drawn_by(Ivx_layer *layer, Tvx_layer_scale const &scale)
+{
+    void *const manager = vx_shp_lr2d_get_stl_mngr_ptr(layer);
+    scale_kind const *const kind = kind_of(scale.mode);
+    if (!manager || !kind || !kind->get_field || vx_stl_mngr_get_mode(manager) != scale.mode)
+        return false;
+    std::wstring field;
+    kind->get_field(manager, Tvx_std_wstring_adapter(field));
+    return field == scale.field;
+}
+
+bool vx_layer_draw_by(Ivx_layer *layer, Tvx_layer_scale const &scale)
+{
+    void *const manager = vx_shp_lr2d_get_stl_mngr_ptr(layer);
+    scale_kind const *const kind = kind_of(scale.mode);
+    if (!manager || !kind || !kind->load(file_of(layer), scale.field, manager))
+        return false;
+    if (kind->set_field)
+        kind->set_field(manager, scale.field.c_str());
+    vx_stl_mngr_set_mode(manager, scale.mode);
+    return true;
+}
+
+bool vx_layer_draw_simple(Ivx_layer *layer)
+{
+    void *const manager = vx_shp_lr2d_get_stl_mngr_ptr(layer);
+    vx_stl_mngr_set_mode(manager, c_stl_mngr_mode_simple);
+    return manager != nullptr;
+}

@@ -1,0 +1,92 @@
+#pragma once
+
+#include "host/layer_panel.h"
+#include "host/layer_style.h"
+#include "host/map_canvas.h"
+#include "host/map_window.h"
+#include "host/user_hand.h"
+
+#include "platform/basic/vx_options.h"
+#include "platform/toolkit/qt_bridge.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QListView>
+#include <QMessageBox>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+#include <memory>
+
+/// The map's window under test, as a person has it.
+namespace vx_test {
+namespace hand = vx::user_hand;
+
+[[nodiscard]] inline QString example_file(char const *name)
+{
+    return QStringLiteral(VX_EXAMPLE_DATA "/") + name;
+}
+
+/// Part of the pixels that are not the map's background.
+[[nodiscard]] inline double drawn_part(QImage const &picture)
+{
+    qint64 drawn = 0;
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            drawn += (picture.pixel(x, y) & 0xffffff) != 0xffffff;
+    return double(drawn) / (double(picture.width()) * picture.height());
+}
+
+/// Closes the messages that open, as a person would, and keeps their texts.
+class message_reader
+{
+public:
+    message_reader()
+    {
+        QObject::connect(&f_timer, &QTimer::timeout, [this] {
+            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            if (!box)
+                return;
+            texts.append(box->text());
+            hand::press(box, Qt::Key_Escape);
+        });
+        f_timer.start(5);
+    }
+    QStringList texts;
+
+private:
+    QTimer f_timer;
+};
+
+class map_fixture : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        vx_qt_ensure_application();
+        vx_options_set_language("en");
+        vx_layer_restart_default_styles();
+        window = std::make_unique<Tvx_map_window>();
+        window->resize(900, 600);
+        window->show();
+        QCoreApplication::processEvents();
+    }
+
+    Tvx_layer_list &layers() { return window->layers(); }
+    Tvx_map_canvas &canvas() { return window->canvas(); }
+    QListView *list() { return window->panel().view(); }
+    QImage picture() { return canvas().settled_picture(); }
+    void select(int row) { hand::click(list()->viewport(), hand::text_of(list(), row)); }
+    void run(char const *command) { window->command(command)->trigger(); }
+
+    int open(std::initializer_list<char const *> names)
+    {
+        QStringList paths;
+        for (char const *name : names)
+            paths.append(example_file(name));
+        return window->open_files(paths);
+    }
+
+    std::unique_ptr<Tvx_map_window> window;
+};
+} // namespace vx_test

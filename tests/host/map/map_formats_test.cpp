@@ -1,0 +1,117 @@
+#include "bundles/gdal_drivers/writing.h"
+#include "map_fixture.h"
+#include "support/temp_dir.h"
+
+#include "platform/base/text_codec.h"
+
+#include <sys/stat.h>
+
+using namespace vx_test;
+
+namespace {
+class map_formats : public map_fixture
+{
+protected:
+    static QString path_of(std::filesystem::path const &path)
+    {
+        return QString::fromStdString(path.string());
+    }
+
+    temp_dir folder;
+};
+
+/// A table of towns, the northernmost at 59.9.
+void write_towns(std::filesystem::path const &path, int driver, wchar_t const *table)
+{
+    // The bar ends the name, which may hold other signs of a connection.
+    source const made(vx::text::utf8_to_wide(path.string()) + L"|", driver);
+    ASSERT_TRUE(made.is_open()) << vx::text::wide_to_utf8(source::refusal());
+    ASSERT_TRUE(made.table.create_vector(
+        table, 1, 0,
+        definition({{L"name", 1, 0, 40}, {L"people", 3}}, L"+proj=longlat +datum=WGS84 +no_defs")))
+        << vx::text::wide_to_utf8(made.error());
+    Tvx_vtx_d2 const places[] = {{30.3, 59.9}, {37.6, 55.7}, {20.5, 54.7}};
+    for (Tvx_vtx_d2 place : places)
+        ASSERT_TRUE(add(made, [&](vx::feature f) {
+            EXPECT_TRUE(f.set_point(&place) && f.set_string(0, L"Город \"N\"") && f.set_integer(1, 7));
+        }));
+}
+
+TEST_F(map_formats, are_opened_whatever_the_files_are_called)
+{
+    struct
+    {
+        char const *file;
+        int driver;
+        wchar_t const *table;
+        char const *name;
+    } const cases[] = {
+        {"two words.shp", 1, L"two words", "two words"},
+        {"Города & сёла.shp", 1, L"Города & сёла", "Города & сёла"},
+        {"it's \"quoted\".gpkg", 2, L"Table 'x' \"y\"", "it's \"quoted\""},
+        {"Города.GeoJSON", 3, L"t", "Города"},
+        {"100% [x] #1.fgb", 4, L"t", "100% [x] #1"},
+        {"«Таблица», 'a'.csv", 5, L"t|GEOMETRY=AS_WKT", "«Таблица», 'a'"},
+        {"%1 и %20.sqlite", 7, L"Мои города", "%1 и %20"},
+        {"a&layer=b.gpkg", 2, L"t", "a&layer=b"},
+    };
+    int count = 0;
+    for (auto const &c : cases) {
+        SCOPED_TRACE(c.file);
+        ASSERT_NO_FATAL_FAILURE(write_towns(folder / c.file, c.driver, c.table));
+        // May only be read.
+        ::chmod((folder / c.file).c_str(), 0444);
+        int const files = folder.count();
+        message_reader messages;
+        testing::internal::CaptureStderr();
+        EXPECT_EQ(window->open_files({path_of(folder / c.file)}), 1);
+        EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+        ASSERT_EQ(messages.texts, QStringList());
+        ASSERT_EQ(layers().count(), ++count);
+        EXPECT_EQ(layers().name_at(0), c.name);
+        EXPECT_TRUE(layers().map_unit().is_degree);
+        EXPECT_NEAR(layers().extent_at(0).max_y, 59.9, 1e-6);
+        QString const tip = layers().data(layers().index(0), Qt::ToolTipRole).toString();
+        EXPECT_TRUE(tip.contains(c.file) && tip.contains("3 features")) << tip.toStdString();
+        EXPECT_GT(drawn_part(picture()), 1e-4);
+        run("hide_all");
+        EXPECT_EQ(drawn_part(picture()), 0);
+        EXPECT_EQ(folder.count(), files) << "no files appear beside one that is read";
+    }
+}
+
+TEST_F(map_formats, each_refusal_is_one_sentence_about_the_file_alone)
+{
+    write_file(folder / "empty.csv", "");
+    write_file(folder / "words.csv", "a,b\n1,2\n");
+    write_file(folder / "none.geojson", "{\"type\":\"FeatureCollection\",\"features\":[]}");
+    write_file(folder / "noise.gpkg", "SQLite format 3 and so on");
+    std::filesystem::create_directory(folder / "folder.shp");
+    struct
+    {
+        char const *file;
+        char const *reason;
+    } const cases[] = {
+        {"missing.shp", "The file does not exist."}, {"empty.csv", "The file is empty."},
+        {"words.csv", "holds no vector data."},      {"none.geojson", "holds no vector data."},
+        {"noise.gpkg", "No driver can open"},        {"folder.shp", "This folder holds no data set."},
+    };
+    for (auto const &c : cases) {
+        message_reader messages;
+        EXPECT_EQ(window->open_files({path_of(folder / c.file)}), 0) << c.file;
+        ASSERT_EQ(messages.texts.size(), 1) << c.file;
+        QString const &text = messages.texts.front();
+        EXPECT_TRUE(text.contains(c.reason)) << text.toStdString();
+        EXPECT_FALSE(text.contains("|layer=")) << text.toStdString();
+    }
+}
+
+TEST_F(map_formats, a_raster_does_not_give_its_unit_to_a_map_of_degrees)
+{
+    std::filesystem::copy(VX_EXAMPLE_DATA "/nc.shp", folder.path());
+    std::filesystem::copy(VX_EXAMPLE_DATA "/nc.shx", folder.path());
+    ASSERT_EQ(window->open_files({path_of(folder / "nc.shp"), example_file("olinda_dem_utm25s.tif")}), 2);
+    EXPECT_TRUE(layers().map_unit().is_degree);
+    EXPECT_TRUE(layers().is_of_other_unit(0));
+}
+} // namespace
