@@ -21,7 +21,7 @@ VX_LOCAL inline void vxk_datasource_dict_visitor_visit(
 }
 namespace vx
 {
-/// Receives a dictionary; who keeps it ends it with detach.
+/// Receives a dictionary and owns it.
 class VX_API dict_visitor : public binding::wrapper<t_vx_dict_visitor_interface>
 {
 public:

@@ -21,12 +21,11 @@ VX_LOCAL inline void vxk_datasource_feature_visitor_visit(
 }
 namespace vx
 {
-/// Receives a feature.
+/// Receives a feature and owns it.
 class VX_API feature_visitor : public binding::wrapper<t_vx_feature_visitor_interface>
 {
 public:
     using wrapper::wrapper;
-    /// Who keeps the feature ends it with detach; the handle lives until then.
     VX_LOCAL void visit(vx::feature item) const
     { vxk_datasource_feature_visitor_visit(f_handle, item); }
 };

@@ -261,7 +261,7 @@ public:
         void const* buffer) const;
 };
 
-/// Receives the cells of a field; who keeps them ends them with detach.
+/// Receives the cells of a field and owns them.
 class VX_API grid_block_visitor : public binding::wrapper<t_vx_grid_block_visitor_interface>
 {
 public:

@@ -21,7 +21,7 @@ VX_LOCAL inline void vxk_datasource_grid_palette_visitor_visit(
 }
 namespace vx
 {
-/// Receives a palette; who keeps it ends it with detach.
+/// Receives a palette and owns it.
 class VX_API grid_palette_visitor : public binding::wrapper<t_vx_grid_palette_visitor_interface>
 {
 public:
