@@ -58,9 +58,10 @@ VX_API void vx_dbf_close(Ivx_dbf *table);
 [[nodiscard]] VX_API int vx_dbf_get_field_width(Ivx_dbf const *table, int field);
 [[nodiscard]] VX_API int vx_dbf_get_field_decimals(Ivx_dbf const *table, int field);
 
-/// The cell as text without the blanks that fill the field. `ok`, which may be null, becomes true when the
-/// cell has a value: false for a blank cell, an unknown logical value, a number too wide for its field
-/// (asterisks), a memo, and for a cell outside the table or one that cannot be read. The text is then "".
+/// The cell as text without the blanks that fill the field; NUL ends a text. `ok`, which may be null, becomes
+/// true when the cell has a value: false for a blank cell, an unknown logical value, a number too wide for
+/// its field (asterisks), a memo, and for a cell outside the table or one that cannot be read. The text is
+/// then "".
 [[nodiscard]] VX_API char const *vx_dbf_get_str(Ivx_dbf *table, int field, int record, bool *ok);
 [[nodiscard]] VX_API wchar_t const *vx_dbf_get_wstr(Ivx_dbf *table, int field, int record, bool *ok);
 /// The cell as a number, cut towards zero; 0 with `ok` false for what is no number or does not fit.

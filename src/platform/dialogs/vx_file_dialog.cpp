@@ -8,11 +8,14 @@
 #include "platform/dialogs/vx_msgs.h"
 #include "platform/toolkit/qt_bridge.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QFontMetrics>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QLocale>
 #include <QPointer>
 #include <QSplitter>
 #include <QStringList>
@@ -127,7 +130,14 @@ private:
         if (auto *splitter = findChild<QSplitter *>(QStringLiteral("splitter")))
             splitter->setSizes({c_places_width, c_width - c_places_width});
         if (auto *files = findChild<QTreeView *>(QStringLiteral("treeView")))
-            files->header()->resizeSection(c_date_column, c_date_width);
+            files->header()->resizeSection(c_date_column, date_width(files->fontMetrics()));
+    }
+    /// Of a long date in the form in which the list shows them, with its margins.
+    static int date_width(QFontMetrics const &metrics)
+    {
+        QDateTime const date(QDate(2020, 12, 28), QTime(22, 58, 58));
+        return metrics.horizontalAdvance(QLocale::system().toString(date, QLocale::ShortFormat)) +
+               metrics.averageCharWidth() * 3;
     }
     void filter_selected()
     {
@@ -178,7 +188,6 @@ private:
     static constexpr int c_height = 480;
     static constexpr int c_places_width = 140;
     static constexpr int c_date_column = 3;
-    static constexpr int c_date_width = 130;
     static QString fs_last_directory;
 
     Tvx_file_dialog_prm const &f_prm;
