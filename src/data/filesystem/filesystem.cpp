@@ -2,6 +2,7 @@
 
 #include "data/filesystem/strutil.h"
 
+#include "platform/base/ascii_case.h"
 #include "platform/base/virtual_mark.h"
 #include "platform/winapi/case_map.h"
 #include "platform/winapi/collation.h"
@@ -134,13 +135,7 @@ std::wstring extension(std::wstring const &path)
 std::string extension(std::string const &path)
 {
     auto const dot = extension_start(path);
-    if (dot == path.npos)
-        return {};
-    std::string ext = path.substr(dot);
-    for (char &c : ext)
-        if (c >= 'A' && c <= 'Z')
-            c = static_cast<char>(c - 'A' + 'a');
-    return ext;
+    return dot == path.npos ? std::string() : text::ascii_lower(path.substr(dot));
 }
 
 std::wstring full_extension(std::wstring const &path)

@@ -1,5 +1,6 @@
 #include "platform/data/vx_dbf_header.h"
 
+#include "platform/base/ascii_case.h"
 #include "platform/data/vx_dbf.h"
 #include "platform/winapi/codepage.h"
 
@@ -169,10 +170,7 @@ std::optional<header> parse_header(std::string_view bytes, std::uint64_t file_si
 
 unsigned code_page_of(std::string_view mark)
 {
-    std::string upper(mark);
-    for (char &c : upper)
-        if (c >= 'a' && c <= 'z')
-            c = static_cast<char>(c - 'a' + 'A');
+    std::string const upper = text::ascii_upper(std::string(mark));
     std::string_view rest = upper;
     if (rest.starts_with("LDID/")) {
         unsigned const driver = take_number(rest);

@@ -1,5 +1,6 @@
 #include "platform/dialogs/font_chars.h"
 
+#include "platform/base/ascii_case.h"
 #include "platform/base/text_codec.h"
 #include "platform/basic/vx_fnt_type.h"
 #include "platform/toolkit/font.h"
@@ -67,15 +68,6 @@ std::vector<std::string> words_of(std::string_view text)
     }
     return words;
 }
-
-std::string upper(std::wstring_view text)
-{
-    std::string made = vx::text::wide_to_utf8(text);
-    for (char &c : made)
-        if (c >= 'a' && c <= 'z')
-            c = static_cast<char>(c - 'a' + 'A');
-    return made;
-}
 } // namespace
 
 std::vector<std::wstring> font_families()
@@ -117,7 +109,7 @@ std::vector<char32_t> find_characters(std::vector<char32_t> const &characters, s
             found.push_back(c);
         return found;
     }
-    std::string const key = upper(text);
+    std::string const key = vx::text::ascii_upper(vx::text::wide_to_utf8(text));
     if (auto const code = code_of(key); code && has(*code))
         found.push_back(*code);
     auto const words = words_of(key);

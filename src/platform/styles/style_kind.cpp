@@ -1,8 +1,8 @@
 #include "platform/styles/style_kind.h"
 
+#include "platform/base/ascii_case.h"
 #include "platform/styles/vx_style_keys.h"
 
-#include <algorithm>
 #include <array>
 
 namespace vx::styles {
@@ -27,15 +27,11 @@ constexpr std::array<kind_keys, c_style_kinds> c_keys{{
     {c_txt_pgn_style, c_txt_pgn_mngr_style},
 }};
 
-char lower(char c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
 } // namespace
 
 bool same_key(std::string_view a, std::string_view b)
 {
-    return std::ranges::equal(a, b, {}, lower, lower);
+    return text::ascii_same(a, b);
 }
 
 std::optional<style_kind> style_kind_of(char const *key)

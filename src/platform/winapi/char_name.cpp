@@ -1,6 +1,7 @@
 #include "platform/winapi/char_name.h"
 
-#include <algorithm>
+#include "platform/base/ascii_case.h"
+
 #include <array>
 #include <unicode/uchar.h>
 
@@ -14,10 +15,7 @@ std::string vx_char_name(char32_t character)
         return {};
     // A stand-in comes as "<private use-E000>".
     std::string text(name.data(), static_cast<std::size_t>(length));
-    if (text.starts_with('<') && text.ends_with('>')) {
-        text = text.substr(1, text.size() - 2);
-        std::transform(text.begin(), text.end(), text.begin(),
-                       [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
-    }
+    if (text.starts_with('<') && text.ends_with('>'))
+        return vx::text::ascii_upper(text.substr(1, text.size() - 2));
     return text;
 }

@@ -1,5 +1,6 @@
 #include "platform/winapi/library.h"
 
+#include "platform/base/ascii_case.h"
 #include "platform/base/text_codec.h"
 
 #include <climits>
@@ -19,21 +20,6 @@ constexpr std::string_view c_module_suffix = ".so";
 constexpr char c_bundle_folder[] = "vxk_bundles/";
 
 thread_local std::wstring last_error;
-
-char lower(char c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool same_name(std::string_view a, std::string_view b)
-{
-    if (a.size() != b.size())
-        return false;
-    for (std::size_t i = 0; i < a.size(); ++i)
-        if (lower(a[i]) != lower(b[i]))
-            return false;
-    return true;
-}
 
 struct split_path
 {
@@ -65,8 +51,8 @@ std::string const &own_directory()
 std::optional<split_path> historical_name(std::string path)
 {
     if (path.size() <= c_historical_suffix.size() ||
-        !same_name(std::string_view(path).substr(path.size() - c_historical_suffix.size()),
-                   c_historical_suffix))
+        !vx::text::ascii_same(std::string_view(path).substr(path.size() - c_historical_suffix.size()),
+                              c_historical_suffix))
         return std::nullopt;
     path.resize(path.size() - c_historical_suffix.size());
     for (auto &c : path)
@@ -102,9 +88,9 @@ int look_at_loaded(dl_phdr_info *info, std::size_t, void *data)
     if (!search.wanted.directory.empty() && parts.directory != search.wanted.directory)
         return 0;
     auto const name = module_name(parts.name);
-    bool const plain = same_name(name, search.wanted.name);
+    bool const plain = vx::text::ascii_same(name, search.wanted.name);
     bool const prefixed = name.starts_with(c_module_prefix) &&
-                          same_name(name.substr(c_module_prefix.size()), search.wanted.name);
+                          vx::text::ascii_same(name.substr(c_module_prefix.size()), search.wanted.name);
     if (!plain && !prefixed)
         return 0;
     search.found = info->dlpi_name;
