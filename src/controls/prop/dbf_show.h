@@ -39,6 +39,7 @@ private:
     bool f_dos = false;
 };
 
+/// The view on a panel of its own.
 class VX_API Tvx_dbf_show_panel : public Tvx_panel
 {
 public:

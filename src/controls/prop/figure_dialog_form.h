@@ -46,6 +46,7 @@ private:
     Tvx_draw_grid *f_grid = nullptr;
 };
 
+/// For a simple point style.
 class VX_API Tvx_figure_dialog_form : public Tvx_basic_figure_dialog_form
 {
 public:
@@ -58,6 +59,7 @@ private:
     std::unique_ptr<void, void (*)(void *)> f_style;
 };
 
+/// For a figure layer of a complex style.
 class VX_API Tvx_lr_figure_dialog_form : public Tvx_basic_figure_dialog_form
 {
 public:
