@@ -31,12 +31,13 @@ private:
 
 void fill_page(TWinControl *page)
 {
-    int top = 16;
+    constexpr int c_rows = 11;
+    int i = 0;
     for (auto const *dialog : gallery_dialog::all()) {
         auto *button = new dialog_button(page, *dialog);
         button->SetParent(page);
-        button->SetBounds(16, top, 200, 26);
-        top += 34;
+        button->SetBounds(16 + i / c_rows * 216, 16 + i % c_rows * 34, 200, 26);
+        ++i;
     }
 }
 

@@ -152,6 +152,8 @@ void Tvx_basic_figure_dialog_form::on_grid_draw_cell(TObject * /*sender*/, int c
                       rect.Bottom - c_frame_inset, c_frame_radius, c_frame_radius);
     canvas->GetBrush()->SetStyle(bsSolid);
     canvas->GetPen()->SetWidth(1);
+    if (state.Contains(gdFocused))
+        canvas->DrawFocusRect(rect);
 }
 
 Tvx_figure_dialog_form::Tvx_figure_dialog_form(TComponent *owner)

@@ -36,6 +36,18 @@ public:
     }
 
 protected:
+    void paintEvent(QPaintEvent *event) override
+    {
+        QListWidget::paintEvent(event);
+        if (count() > 0 || !hasFocus())
+            return;
+        // There is no item to show that the keys go here.
+        QStyleOptionFocusRect frame;
+        frame.initFrom(this);
+        frame.rect = viewport()->rect();
+        QPainter painter(viewport());
+        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &frame, &painter, this);
+    }
     void mousePressEvent(QMouseEvent *event) override
     {
         f_pressed = event->button() == Qt::LeftButton && indexAt(event->pos()).isValid();

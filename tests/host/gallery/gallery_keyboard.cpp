@@ -73,6 +73,13 @@ void expect_reading_order(std::vector<stop> const &stops)
         }
 }
 
+/// Forms that say another order themselves, with the reason.
+bool has_own_order(std::string const &name)
+{
+    // From the list straight to what is said about its chosen line.
+    return name == "dialog Managers of a list" || name.starts_with("dialog Text style");
+}
+
 std::string spoken_name(stop const &s)
 {
     // A combo box gives its text for its name and is known by the label that leads to it.
@@ -105,7 +112,8 @@ TEST_P(gallery_keyboard, tab_goes_round_all_controls_in_reading_order_and_each_h
             focused = picture(s.widget);
         };
         std::vector<stop> const stops = round(view.scope, true, look);
-        expect_reading_order(stops);
+        if (!has_own_order(view.name))
+            expect_reading_order(stops);
 
         std::set<TWinControl *> const visited = controls_of(stops);
         EXPECT_EQ(visited.size(), stops.size()) << "a control is two stops";
@@ -182,8 +190,16 @@ void expect_moved_by(stop const &s, std::initializer_list<int> keys)
     EXPECT_TRUE(moved) << '"' << s.name() << "\", a " << typeid(*s.control).name();
 }
 
-bool is_text(QWidget *widget)
+/// What the arrows cannot move: a lone tab, and the caret of a text.
+bool stands_still(stop const &s)
 {
+    auto const *const pages = dynamic_cast<TPageControl *>(s.control);
+    int tabs = 0;
+    for (int i = 0; pages && i < pages->GetPageCount(); ++i)
+        tabs += pages->GetPages(i)->GetTabVisible();
+    if (tabs == 1)
+        return true;
+    QWidget *const widget = s.widget;
     return qobject_cast<QLineEdit *>(widget) || qobject_cast<QTextEdit *>(widget) ||
            qobject_cast<QPlainTextEdit *>(widget);
 }
@@ -203,7 +219,7 @@ TEST(gallery_keys, every_control_is_worked_by_its_keys)
                 expect_list_opens(s);
             else if (qobject_cast<QAbstractButton *>(s.widget) && !dynamic_cast<TRadioButton *>(s.control))
                 expect_pressed_by_keys(s);
-            else if (!is_text(s.widget))
+            else if (!stands_still(s))
                 expect_moved_by(s, {VK_DOWN, VK_UP, VK_RIGHT, VK_LEFT});
         });
     });

@@ -45,8 +45,18 @@ inline bool turn_inner_pages(TWinControl *scope, int index)
     return turned;
 }
 
-/// Runs `look` on each page of the gallery, with all pages within it, and on each dialog that is a form of
-/// the toolkit, while it is open.
+/// Runs `look` on the scope, once for each page of the page controls in it.
+inline void visit(std::string const &name, TWinControl *scope, std::function<void(shown const &)> const &look)
+{
+    int inner = 0;
+    do {
+        input::wait_idle();
+        look({inner == 0 ? name : name + " " + std::to_string(inner + 1), scope});
+    } while (turn_inner_pages(scope, ++inner));
+}
+
+/// Runs `look` on each page of the gallery and on each dialog that is a form of the toolkit, while it is
+/// open.
 inline void visit_gallery(std::function<void(shown const &)> const &look)
 {
     gallery_form form;
@@ -54,17 +64,12 @@ inline void visit_gallery(std::function<void(shown const &)> const &look)
     for (int i = 0; i < form.pages()->GetPageCount(); ++i) {
         form.pages()->SetActivePageIndex(i);
         TTabSheet *const page = form.pages()->GetPages(i);
-        std::string const name = page->GetCaption().to_utf8();
-        int inner = 0;
-        do {
-            input::wait_idle();
-            look({inner == 0 ? name : name + " " + std::to_string(inner + 1), page});
-        } while (turn_inner_pages(page, ++inner));
+        visit(page->GetCaption().to_utf8(), page, look);
     }
     for (gallery_dialog const *const dialog : gallery_dialog::all()) {
         input::on_next_modal([&](input::modal_window const &window) {
             if (window.form())
-                look({"dialog " + UnicodeString(dialog->caption()).to_utf8(), window.form()});
+                visit("dialog " + UnicodeString(dialog->caption()).to_utf8(), window.form(), look);
             window.reject();
         });
         dialog->open();
