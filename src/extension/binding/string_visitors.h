@@ -11,10 +11,10 @@
 #include <vector>
 
 /// The receivers of text. Each is made on the stack round one call and writes into the object it was given; a
-/// call that visits nothing leaves that object as it was.
+/// call that visits nothing leaves that object as it was. Local to the module, as all that has a table.
 namespace vx {
 /// Takes over the text; null clears.
-class stdwstring_visitor final : public string_visitor_impl
+class VX_LOCAL stdwstring_visitor final : public string_visitor_impl
 {
 public:
     explicit stdwstring_visitor(std::wstring &target) : f_target(target) {}
@@ -35,7 +35,7 @@ template <class Call>
 }
 
 /// Appends each text; null is skipped.
-class stdwstring_list_visitor final : public string_visitor_impl
+class VX_LOCAL stdwstring_list_visitor final : public string_visitor_impl
 {
 public:
     explicit stdwstring_list_visitor(std::vector<std::wstring> &target) : f_target(target) {}
@@ -50,7 +50,7 @@ private:
 };
 
 /// Inserts each text; null is skipped. Texts that come in ascending order are filed without a search.
-class stdwstring_set_visitor final : public string_visitor_impl
+class VX_LOCAL stdwstring_set_visitor final : public string_visitor_impl
 {
 public:
     explicit stdwstring_set_visitor(std::set<std::wstring> &target) : f_target(target) {}
@@ -88,7 +88,7 @@ inline constexpr std::size_t c_encoding_system = 18;
 
 /// Converts into 8-bit text of the encoding; null clears. A number past the table stands for the system code
 /// page.
-class stdstring_visitor final : public string_visitor_impl
+class VX_LOCAL stdstring_visitor final : public string_visitor_impl
 {
 public:
     explicit stdstring_visitor(std::string &target, std::size_t encoding = c_encoding_system)
@@ -108,7 +108,7 @@ private:
 };
 
 /// Feeds a string adapter, which is not owned.
-class string_adp_visitor final : public string_visitor_impl
+class VX_LOCAL string_adp_visitor final : public string_visitor_impl
 {
 public:
     explicit string_adp_visitor(Ivx_string_adp *target) : f_target(target) {}

@@ -93,6 +93,9 @@ TEST(handle, with_either_word_null_is_null_and_is_never_called)
         t_vx_interface const general = vx_data_source_interface_generalize(h);
         EXPECT_TRUE(!general.table && !general.self);
     }
+    t_vx_interface const general = vx_data_source_interface_generalize(whole);
+    for (t_vx_interface const g : {t_vx_interface{general.table, nullptr}, {nullptr, general.self}})
+        EXPECT_EQ(vx_data_source_interface_is_null(vx_data_source_interface_specialize(g)), 1);
     EXPECT_EQ(source.calls, 0);
     EXPECT_EQ(vx_data_source_interface_is_null(whole), 0);
     EXPECT_EQ(vxk_datasource_data_source_field_count(whole), 7);
