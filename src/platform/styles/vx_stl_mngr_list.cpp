@@ -3,6 +3,10 @@
 #include "platform/styles/mngr_model.h"
 #include "platform/styles/vx_txt_settings.h"
 
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
+
 namespace vx::styles {
 bool operator==(stl_mngr const &a, stl_mngr const &b)
 {
@@ -23,7 +27,13 @@ stl_mngr_list &stl_mngr_list::operator=(stl_mngr_list const &source)
     copies.reserve(source.mngrs.size());
     for (auto const &mngr : source.mngrs)
         copies.push_back(std::make_unique<stl_mngr>(*mngr));
-    mngrs = std::move(copies);
+    // Managers that both lists have stay the same objects: editors hold on to theirs.
+    std::size_t const common = std::min(mngrs.size(), copies.size());
+    mngrs.reserve(copies.size());
+    for (std::size_t i = 0; i < common; ++i)
+        *mngrs[i] = std::move(*copies[i]);
+    mngrs.resize(common);
+    std::move(copies.begin() + static_cast<std::ptrdiff_t>(common), copies.end(), std::back_inserter(mngrs));
     kind = source.kind;
     active = source.active;
     visible = source.visible;

@@ -11,6 +11,7 @@
 [[nodiscard]] VX_API void *vx_stl_mngr_list_create(char const *type);
 [[nodiscard]] VX_API void *vx_stl_mngr_list_clone(void const *list);
 VX_API void vx_stl_mngr_list_destroy(void *list);
+/// Pointers to managers of the target stay good up to the number of managers in the source.
 VX_API void vx_stl_mngr_list_assign(void *target, void const *source);
 
 /// The manager key, such as "txt_pnt_mngr_style". Static text; null for null.

@@ -131,11 +131,13 @@ TEST_F(scene_dialogs, managers_are_named_ordered_added_and_deleted)
     }));
     EXPECT_EQ(names(), (texts{L"a", L"b", L"c"}));
     EXPECT_EQ(vx_stl_mngr_list_get_active_idx(list.get()), 1u);
+    void *const first = vx_stl_mngr_list_get_mngr(list.get(), 0);
     EXPECT_TRUE(run([&](TCustomForm *form, TListBox *rows) {
         edit(form, rows);
         press(form, L"Apply");
     }));
     EXPECT_EQ(names(), (texts{L"first", L"b", L""}));
+    EXPECT_EQ(vx_stl_mngr_list_get_mngr(list.get(), 0), first) << "an editor may hold on to it";
     EXPECT_EQ(vx_stl_mngr_list_get_active_idx(list.get()), 1u);
 }
 
