@@ -4,6 +4,8 @@
 
 #include "platform/render/vx_drwc.h"
 
+#include <span>
+
 namespace {
 using namespace vx_test;
 
@@ -237,6 +239,34 @@ TEST_F(samples, text_is_outlined_turned_and_on_a_background_of_its_extent)
     EXPECT_NEAR(box.bottom - box.top + 1, size.y, 1.5);
     EXPECT_NEAR(box.left + box.right + 1, 100, 1.5) << "the centre is halved as whole pixels";
     EXPECT_NEAR(box.top + box.bottom + 1, 100, 1.5);
+}
+
+TEST_F(samples, wild_numbers_of_texts_end_and_leave_no_warning)
+{
+    using setter = void (*)(void *, double);
+    setter const setters[] = {vx_txt_style_set_angle,        vx_txt_style_set_font_size,
+                              vx_txt_style_set_outline_size, vx_txt_style_set_shadow_width,
+                              vx_txt_style_set_shadow_gap_x, vx_txt_style_set_shadow_gap_y};
+    auto const wild_text = [](std::span<setter const> set, double value) {
+        owned_txt style = text_style();
+        vx_txt_style_set_outline(style.get(), true);
+        vx_txt_style_set_shadow(style.get(), true);
+        vx_txt_style_set_back(style.get(), true);
+        vx_txt_style_set_back_clr(style.get(), c_red);
+        for (setter const one : set)
+            one(style.get(), value);
+        return style;
+    };
+    for (double const value : {-1.0, 0.0, 1e-300, 1e6, 1e300, -1e300}) {
+        for (setter const &one : setters) {
+            white_bitmap bitmap(20, 20);
+            vx_txt_style_example_bmp(wild_text({&one, 1}, value).get(), &bitmap);
+            bool const no_letters = one == vx_txt_style_set_font_size && value <= 0;
+            EXPECT_EQ(ink(bitmap).count > 0, !no_letters) << &one - setters << ": " << value;
+        }
+        white_bitmap bitmap(20, 20);
+        vx_txt_style_example_bmp(wild_text(setters, value).get(), &bitmap);
+    }
 }
 
 TEST_F(samples, styles_of_space_are_drawn_with_what_they_share)
