@@ -86,6 +86,24 @@ CPLStringList open_options(connection_text const &connection, char const *driver
     return options;
 }
 
+bool has_places(GDALDataset &tables)
+{
+    for (OGRLayer *table : tables.GetLayers())
+        if (table->GetLayerDefn()->GetGeomFieldCount() > 0)
+            return true;
+    return false;
+}
+
+/// Options by which a table of text with columns of coordinates is one of points; the columns stay.
+CPLStringList as_points(CPLStringList options)
+{
+    if (!options.FetchNameValue("X_POSSIBLE_NAMES") && !options.FetchNameValue("GEOM_POSSIBLE_NAMES")) {
+        options.SetNameValue("X_POSSIBLE_NAMES", "lon,long,longitude,lng");
+        options.SetNameValue("Y_POSSIBLE_NAMES", "lat,latitude");
+    }
+    return options;
+}
+
 /// A database in write-ahead mode would get its side files even from a reader. While no writer has it open
 /// there is no log, and it can be read as a file that does not change.
 bool is_idle_write_ahead_database(std::string const &path, char const *driver)
@@ -138,11 +156,16 @@ std::unique_ptr<dataset> dataset::open(std::wstring const &connection, bool read
         if (read_only && is_idle_write_ahead_database(path, driver_name))
             options.SetNameValue("IMMUTABLE", "YES");
         char const *const only[] = {driver_name, nullptr};
-        // That a file is of no known format needs no words of the library's own.
-        unsigned const flags = GDAL_OF_VECTOR | GDAL_OF_RASTER | (driver_name ? GDAL_OF_VERBOSE_ERROR : 0U) |
-                               (read_only ? GDAL_OF_READONLY : GDAL_OF_UPDATE);
-        GDALDatasetUniquePtr gdal(
-            GDALDataset::Open(path.c_str(), flags, driver_name ? only : nullptr, options.List()));
+        unsigned const flags =
+            GDAL_OF_VECTOR | GDAL_OF_RASTER | (read_only ? GDAL_OF_READONLY : GDAL_OF_UPDATE);
+        auto const open_with = [&](CPLStringList const &with) {
+            return GDALDatasetUniquePtr(
+                GDALDataset::Open(path.c_str(), flags, driver_name ? only : nullptr, with.List()));
+        };
+        GDALDatasetUniquePtr gdal = open_with(options);
+        if (read_only && gdal && EQUAL(driver_name ? driver_name : "", "CSV") && !has_places(*gdal))
+            if (GDALDatasetUniquePtr points = open_with(as_points(options)))
+                gdal = std::move(points);
         if (gdal)
             result.reset(new dataset(std::move(gdal), std::move(parsed), read_only));
         else
