@@ -75,6 +75,7 @@ gallery_dialog const g_save(15, L"Save", [] { choose_file(true); });
 gallery_dialog const g_message(16, L"Message", [] { vx_show_wmessage(L"lakes.shp"); });
 gallery_dialog const g_warning(17, L"Warning", [] { vx_show_wwarning(L"lakes.shp"); });
 gallery_dialog const g_error(18, L"Error", [] { vx_show_werror(L"lakes.shp"); });
-gallery_dialog const g_question(19, L"Question", [] { (void)vx_yesno(L"Remove the layer \u201crivers\u201d?"); });
+gallery_dialog const g_question(19, L"Question",
+                                [] { (void)vx_yesno(L"Remove the layer \u201crivers\u201d?"); });
 gallery_dialog const g_progress(20, L"Progress", show_progress);
 } // namespace
