@@ -97,6 +97,13 @@ protected:
     virtual void read(vx::feature const &item) = 0;
 };
 
+class complaint_listener final : public vx::string_visitor_impl
+{
+public:
+    void visit(wchar_t const *) override { f_is_heard = true; }
+    bool f_is_heard = false;
+};
+
 template <class T>
 T number_cell(vx::feature const &item, int field, bool *defined)
 {
@@ -298,15 +305,21 @@ void attr_set::read_fields()
     f_columns.resize(f_fields.size());
 }
 
-void attr_set::walk(vx::feature_visitor visitor) const
+bool attr_set::walk(vx::feature_visitor visitor) const
 {
     vx::feature_forward_request const request(
         vx_feature_forward_request_interface_specialize(vx_data_source_interface_generalize(f_source)));
     if (!request.reset_reading())
-        return;
-    for (std::size_t i = 0; i < f_record_count; ++i)
-        if (!request.with_next_feature(visitor))
-            return;
+        return false;
+    complaint_listener complaints;
+    for (std::size_t i = 0; i < f_record_count; ++i) {
+        bool const is_read = request.with_next_feature(visitor);
+        // It holds the complaints of its last call only.
+        f_source.with_error(complaints);
+        if (!is_read)
+            break;
+    }
+    return !complaints.f_is_heard;
 }
 
 template <class Cells, class Reader>
@@ -360,7 +373,8 @@ std::shared_ptr<shape_set const> attr_set::shapes()
 {
     if (!f_shapes) {
         shape_reader reader;
-        walk(reader);
+        if (!walk(reader))
+            reader.f_shapes->set_damaged();
         // A driver that gives fewer features than it counts leaves the rest without geometry.
         while (reader.f_shapes->size() < f_record_count)
             reader.f_shapes->append_none();

@@ -44,8 +44,9 @@ public:
 private:
     explicit attr_set(t_vx_data_source_interface source);
     void read_fields();
-    /// Hands each feature to `visitor`, in record order, not more than there are records.
-    void walk(vx::feature_visitor visitor) const;
+    /// Hands each feature to `visitor`, in record order, not more than there are records. False when the
+    /// source had something to complain about on the way.
+    bool walk(vx::feature_visitor visitor) const;
     /// All cells of a field: by the driver's columns if it offers them, else by a walk with a `Reader`.
     template <class Cells, class Reader>
     [[nodiscard]] Cells read_column(int field) const;

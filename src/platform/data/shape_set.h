@@ -17,9 +17,12 @@ public:
     void append_point(Tvx_pnt_d2 point);
     void append_none();
     void finish();
+    /// The source could not read all shapes; those are without geometry here.
+    void set_damaged() { f_is_damaged = true; }
 
     [[nodiscard]] std::size_t size() const { return f_shapes.size(); }
     [[nodiscard]] Tvx_box_d2 const &box() const { return f_box; }
+    [[nodiscard]] bool is_damaged() const { return f_is_damaged; }
     [[nodiscard]] Tvx_shape_view view(std::size_t index) const;
     [[nodiscard]] bool meets(std::size_t index, Tvx_box_d2 const &box) const
     {
@@ -43,5 +46,6 @@ private:
     std::vector<unsigned> f_part_starts; ///< each shape's parts, and one entry behind them
     std::vector<shape> f_shapes;
     Tvx_box_d2 f_box;
+    bool f_is_damaged = false;
 };
 } // namespace vx::attr

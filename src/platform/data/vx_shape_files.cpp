@@ -24,6 +24,11 @@ unsigned vx_shape_files_get_count(Ivx_shape_files const *shapes)
     return shapes ? static_cast<unsigned>(shapes->shapes->size()) : 0;
 }
 
+bool vx_shape_files_is_damaged(Ivx_shape_files const *shapes)
+{
+    return shapes && shapes->shapes->is_damaged();
+}
+
 Tvx_box_d2 vx_shape_files_get_box(Ivx_shape_files const *shapes)
 {
     return shapes ? shapes->shapes->box() : Tvx_box_d2{};

@@ -85,7 +85,7 @@ bool draw_layer(Ivx_layer *layer, Tvx_map_view const &view, void *dc, variant_of
         if (p.stopped)
             return false;
     }
-    return true;
+    return !vx_shape_files_is_damaged(shapes.get());
 }
 } // namespace
 

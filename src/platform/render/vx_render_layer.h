@@ -11,7 +11,8 @@ struct Ivx_layer;
 /// shows around the layer's objects. Layers of other kinds and layers switched off draw nothing.
 ///
 /// `cancelled` is asked every few thousand objects; true ends the drawing. The result is false if the layer's
-/// data cannot be read, the view is not valid, or the drawing was cancelled.
+/// data cannot be read, or not all of them (the rest is drawn), the view is not valid, or the drawing was
+/// cancelled.
 ///
 ///     QImage image(w, h, QImage::Format_ARGB32_Premultiplied);
 ///     vx::owned<void, &vx_bmp_dc_destroy> dc(vx_bmp_dc_create());

@@ -3,6 +3,9 @@
 #include "support/temp_dir.h"
 
 #include "platform/base/text_codec.h"
+#include "platform/layers/layer_keys.h"
+
+#include <QStatusBar>
 
 #include <sys/stat.h>
 
@@ -103,6 +106,36 @@ TEST_F(map_formats, each_refusal_is_one_sentence_about_the_file_alone)
         QString const &text = messages.texts.front();
         EXPECT_TRUE(text.contains(c.reason)) << text.toStdString();
         EXPECT_FALSE(text.contains("|layer=")) << text.toStdString();
+    }
+}
+
+TEST_F(map_formats, a_file_that_was_cut_is_drawn_as_far_as_it_goes_and_that_is_said)
+{
+    std::filesystem::copy(VX_EXAMPLE_DATA "/nc.shx", folder.path());
+    for (std::size_t const size : {30000, 46000}) {
+        write_file(folder / "nc.shp", read_file(VX_EXAMPLE_DATA "/nc.shp").substr(0, size));
+        ASSERT_EQ(window->open_files({path_of(folder / "nc.shp")}), 1);
+        EXPECT_TRUE(hand::wait_until([&] { return canvas().is_settled(); }));
+        EXPECT_GT(drawn_part(picture()), 0.01);
+        EXPECT_TRUE(window->statusBar()->currentMessage().startsWith("Not all of the layer \"nc\""))
+            << window->statusBar()->currentMessage().toStdString();
+    }
+}
+
+TEST_F(map_formats, a_table_of_coordinates_is_one_of_points)
+{
+    struct
+    {
+        char const *text;
+        char const *key;
+    } const cases[] = {
+        {"name,Longitude,Latitude\nx,1,2\ny,,\nz,far,7\n", c_lr_key_shp_pnt},
+        {"lon,lat,WKT\n1,2,\"LINESTRING(0 0,5 5)\"\n", c_lr_key_shp_pln},
+    };
+    for (auto const &c : cases) {
+        write_file(folder / "t.csv", c.text);
+        ASSERT_EQ(window->open_files({path_of(folder / "t.csv")}), 1) << c.text;
+        EXPECT_STREQ(vx_lr2d_get_lr_type(layers().layer_at(0)), c.key);
     }
 }
 
