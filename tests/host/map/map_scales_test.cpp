@@ -13,6 +13,7 @@
 #include <QMenuBar>
 
 #include <set>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -161,7 +162,17 @@ TEST_F(map_scales, that_are_no_scales_are_told_and_change_nothing)
     }
     EXPECT_EQ(picture(), before);
 
-    // A file that goes while the menu is open.
+    // What is no file at all, and a file that goes while the menu is open.
+    for (bool const is_pipe : {true, false}) {
+        std::filesystem::remove(folder / "nc.SID74._rl");
+        if (is_pipe)
+            ASSERT_EQ(mkfifo((folder / "nc.SID74._rl").c_str(), 0600), 0);
+        else
+            std::filesystem::create_directory(folder / "nc.SID74._rl");
+        message_reader messages;
+        choose(4);
+        EXPECT_EQ(messages.texts.size(), 1) << is_pipe;
+    }
     QMenu *opened = menu();
     ASSERT_TRUE(opened);
     std::filesystem::remove(folder / "nc.NAME._vl");
