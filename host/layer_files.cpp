@@ -13,6 +13,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <string>
@@ -63,6 +64,8 @@ std::wstring source_of(QString const &path)
 /// What is wrong with the path itself; null when a driver may have a look.
 QString refuse_path(QString const &path)
 {
+    if (vx_layer_files_is_server(path))
+        return {};
     QFileInfo const info(path);
     if (!info.exists())
         return vx_host_caption(c_cap_err_not_found);
@@ -89,7 +92,8 @@ int height_of(Ivx_layer const *layer)
 void set_name(Ivx_layer *layer, QString const &path, std::wstring const &part, bool one_of_many)
 {
     std::wstring const base = QFileInfo(path).completeBaseName().toStdWString();
-    vx_lr2d_set_wcaption(layer, one_of_many && !part.empty() ? part.c_str() : base.c_str());
+    bool const by_part = one_of_many || vx_layer_files_is_server(path);
+    vx_lr2d_set_wcaption(layer, by_part && !part.empty() ? part.c_str() : base.c_str());
 }
 
 /// The source of one part; the file's own where the driver names none.
@@ -143,13 +147,20 @@ QString open_error(QString const &path)
 }
 } // namespace
 
+bool vx_layer_files_is_server(QString const &path)
+{
+    static QRegularExpression const scheme(QStringLiteral("^[A-Za-z]{2,}:"));
+    return scheme.match(path).hasMatch() && !QFileInfo::exists(path);
+}
+
 Tvx_opened_file vx_layer_files_open(QString const &path)
 {
     Tvx_opened_file result;
     result.error = refuse_path(path);
     if (!result.error.isEmpty())
         return result;
-    std::wstring const file = source_of(QFileInfo(path).absoluteFilePath());
+    std::wstring const file =
+        vx_layer_files_is_server(path) ? path.toStdWString() : source_of(QFileInfo(path).absoluteFilePath());
     data_set const set(file);
     if (!set) {
         result.error = open_error(path);

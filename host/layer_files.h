@@ -19,8 +19,11 @@ struct Tvx_opened_file
     QString error;
 };
 
-/// Opens a vector or raster file, or a folder that is a data set, with every layer in it. Nothing is shown or
-/// printed, and no file is changed.
+/// True for the connection string of a database server, such as "PG:host=localhost", that names no file.
+[[nodiscard]] bool vx_layer_files_is_server(QString const &path);
+
+/// Opens a vector or raster file, a folder that is a data set, or a database server, with every layer in it.
+/// Nothing is shown or printed, and no file is changed.
 [[nodiscard]] Tvx_opened_file vx_layer_files_open(QString const &path);
 
 /// The message for files that could not be opened; `failed` holds paths and reasons and is not empty.

@@ -410,6 +410,8 @@ int Tvx_map_window::open_files(QStringList const &paths)
             f_panel->select_id(f_layers.add(std::move(layer.layer), layer.unit));
             ++opened;
         }
+        if (vx_layer_files_is_server(path))
+            continue; // it may hold a password
         f_last_directory = QFileInfo(path).absolutePath();
         remember_file(QFileInfo(path).absoluteFilePath());
     }

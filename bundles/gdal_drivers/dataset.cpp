@@ -149,8 +149,10 @@ std::unique_ptr<dataset> dataset::open(std::wstring const &connection, bool read
     {
         error_guard guard(reason);
         std::string const path = text::wide_to_utf8(parsed.source);
-        GDALDriverH const driver =
-            GDALIdentifyDriverEx(path.c_str(), GDAL_OF_VECTOR | GDAL_OF_RASTER, nullptr, nullptr);
+        // A database may hold tables and rasters, each with a driver of its own: tables come first.
+        GDALDriverH driver = GDALIdentifyDriverEx(path.c_str(), GDAL_OF_VECTOR, nullptr, nullptr);
+        if (!driver)
+            driver = GDALIdentifyDriverEx(path.c_str(), GDAL_OF_RASTER, nullptr, nullptr);
         char const *const driver_name = driver ? GDALGetDriverShortName(driver) : nullptr;
         CPLStringList options = open_options(parsed, driver_name, read_only);
         if (read_only && is_idle_write_ahead_database(path, driver_name))

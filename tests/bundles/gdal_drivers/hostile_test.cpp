@@ -44,7 +44,7 @@ TEST(gdal_hostile, what_is_no_data_set_is_refused_with_one_reason)
                                     wide(dir / "none.shp"),
                                     L"/dev/zero",
                                     L"/dev/tty",
-                                    L"PG:",
+                                    L"PG:host=127.0.0.1 port=1",
                                     L"|layer=x",
                                     L"*",
                                     L"*|",
