@@ -7,8 +7,6 @@ enum Tvx_forms_caption : int
     c_caption_cancel = 101,
     c_caption_help = 102,
     c_caption_update = 103,
-    c_caption_save = 104,
-    c_caption_load = 105,
     c_caption_stop = 106,
     // For buttons of 70 pixels.
     c_caption_short_apply = 107,
