@@ -3,7 +3,7 @@
 
 #include "controls/prop/prop_combo_box.h"
 
-#include "platform/toolkit/form.h"
+#include "platform/toolkit/core/form.h"
 
 #include <QApplication>
 #include <QComboBox>

@@ -6,8 +6,8 @@
 
 #include "platform/basic/vx_options.h"
 #include "platform/styles/vxk_styles.h"
-#include "platform/toolkit/bitmap.h"
-#include "platform/toolkit/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/graphics/bitmap.h"
 
 #include <QtGui/QImage>
 #include <QtGui/QPainter>

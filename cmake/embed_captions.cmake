@@ -1,7 +1,7 @@
 # cmake -DOUTPUT=file.cpp "-DINPUTS=en.txt;ru.txt" -P embed_captions.cmake
 #
 # Makes a source file that holds the caption catalogues, so that the library carries its texts with it.
-set(code "// Made from resources/captions; not to be edited.\n\n#include \"platform/basic/caption_catalogue.h\"\n\nnamespace vx::captions\n{\n")
+set(code "// Made from resources/captions; not to be edited.\n\n#include \"platform/basic/detail/caption_catalogue.h\"\n\nnamespace vx::captions\n{\n")
 set(entries "")
 foreach(input ${INPUTS})
     get_filename_component(language ${input} NAME_WE)

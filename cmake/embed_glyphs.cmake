@@ -1,7 +1,7 @@
 # cmake -DOUTPUT=file.cpp "-DINPUTS=130.svg;131.svg" -P embed_glyphs.cmake
 #
 # Makes a source file that holds the drawings with a number for a name, so that the library carries them with it.
-set(code "// Made from resources/glyphs; not to be edited.\n\n#include \"platform/basic/glyph_catalogue.h\"\n\nnamespace vx::glyphs\n{\ndrawing const drawings[] = {\n")
+set(code "// Made from resources/glyphs; not to be edited.\n\n#include \"platform/basic/detail/glyph_catalogue.h\"\n\nnamespace vx::glyphs\n{\ndrawing const drawings[] = {\n")
 set(count 0)
 foreach(input ${INPUTS})
     get_filename_component(number ${input} NAME_WE)

@@ -10,8 +10,8 @@
 #include "platform/data/vx_shape_files.h"
 #include "platform/layers/layer_keys.h"
 #include "platform/layers/vx_shp_lr2d.h"
-#include "platform/toolkit/bitmap.h"
-#include "platform/toolkit/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/graphics/bitmap.h"
 
 #include <QDir>
 #include <QPainter>

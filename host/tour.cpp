@@ -20,8 +20,8 @@
 #include "platform/styles/vx_stl_mngr.h"
 #include "platform/styles/vx_stl_prm.h"
 #include "platform/styles/vx_style.h"
-#include "platform/toolkit/form.h"
-#include "platform/toolkit/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/core/form.h"
 #include "platform/toolkit/user_input.h"
 
 #include <QAbstractButton>

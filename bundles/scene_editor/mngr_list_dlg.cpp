@@ -8,7 +8,7 @@
 #include "platform/basic/vx_options.h"
 #include "platform/basic/vx_res.h"
 #include "platform/styles/vx_stl_mngr.h"
-#include "platform/toolkit/strings.h"
+#include "platform/toolkit/core/strings.h"
 
 #include <algorithm>
 

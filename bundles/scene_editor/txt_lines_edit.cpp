@@ -8,7 +8,7 @@
 #include "platform/basic/vx_res.h"
 #include "platform/basic/vx_wstrings.h"
 #include "platform/styles/vx_txt_style.h"
-#include "platform/toolkit/strings.h"
+#include "platform/toolkit/core/strings.h"
 
 #include <algorithm>
 

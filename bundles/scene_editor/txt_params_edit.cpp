@@ -4,7 +4,7 @@
 
 #include "platform/basic/engine_captions.h"
 #include "platform/basic/vx_res.h"
-#include "platform/toolkit/strings.h"
+#include "platform/toolkit/core/strings.h"
 
 #include <string>
 

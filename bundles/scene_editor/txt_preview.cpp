@@ -7,7 +7,7 @@
 #include "platform/render/vx_bmp_dc.h"
 #include "platform/render/vx_drwc.h"
 #include "platform/styles/vx_txt_style.h"
-#include "platform/toolkit/canvas.h"
+#include "platform/toolkit/graphics/canvas.h"
 
 namespace {
 constexpr Tvx_color c_ground = vx_clr_init_rgb(255, 255, 255);

@@ -2,7 +2,7 @@
 
 #include "host/gallery/gallery_page.h"
 
-#include "platform/toolkit/button.h"
+#include "platform/toolkit/controls/button.h"
 
 #include <algorithm>
 

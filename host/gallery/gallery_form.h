@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/toolkit/form.h"
-#include "platform/toolkit/owner_draw.h"
+#include "platform/toolkit/core/form.h"
+#include "platform/toolkit/graphics/owner_draw.h"
 
 class TImageList;
 class TPageControl;

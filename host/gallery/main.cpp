@@ -2,7 +2,7 @@
 #include "host/gallery/pictures.h"
 #include "host/offscreen.h"
 
-#include "platform/toolkit/application.h"
+#include "platform/toolkit/core/application.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -3,7 +3,7 @@
 #include "host/gallery/gallery_dialog.h"
 #include "host/gallery/gallery_form.h"
 
-#include "platform/toolkit/page_control.h"
+#include "platform/toolkit/controls/page_control.h"
 #include "platform/toolkit/user_input.h"
 
 #include <cstdio>

@@ -6,11 +6,11 @@
 #include "platform/base/owned.h"
 #include "platform/basic/vx_options.h"
 #include "platform/styles/vxk_styles.h"
-#include "platform/toolkit/bitmap.h"
-#include "platform/toolkit/image.h"
-#include "platform/toolkit/label.h"
-#include "platform/toolkit/picture.h"
-#include "platform/toolkit/win_control.h"
+#include "platform/toolkit/controls/image.h"
+#include "platform/toolkit/controls/label.h"
+#include "platform/toolkit/core/win_control.h"
+#include "platform/toolkit/graphics/bitmap.h"
+#include "platform/toolkit/graphics/picture.h"
 
 #include <functional>
 #include <vector>

@@ -28,7 +28,6 @@
 #include "controls/numeric/capt_edit_panel.h"
 #include "controls/numeric/fast_int_panel.h"
 #include "controls/numeric/label_edit_panel.h"
-#include "controls/numeric/number_text.h"
 #include "controls/numeric/numeric_captions.h"
 #include "controls/numeric/size_panel.h"
 #include "controls/numeric/size_updown_panels.h"

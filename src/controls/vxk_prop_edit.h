@@ -2,7 +2,6 @@
 
 // Umbrella header for users of the library; written by tools/make_umbrella_headers.py.
 
-#include "controls/prop/action_name.h"
 #include "controls/prop/bool_panel.h"
 #include "controls/prop/chrmap_panel.h"
 #include "controls/prop/clr_panel.h"

@@ -4,8 +4,8 @@
 #include "controls/forms/forms_captions.h"
 
 #include "platform/basic/vx_res.h"
-#include "platform/toolkit/application.h"
-#include "platform/toolkit/list.h"
+#include "platform/toolkit/core/application.h"
+#include "platform/toolkit/core/list.h"
 
 namespace {
 void focus_active_document()

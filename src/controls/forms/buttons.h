@@ -1,13 +1,13 @@
 #pragma once
 
 #include "platform/base/export.h"
-#include "platform/toolkit/button.h"
-#include "platform/toolkit/check_box.h"
-#include "platform/toolkit/group_box.h"
-#include "platform/toolkit/radio_button.h"
-#include "platform/toolkit/radio_group.h"
-#include "platform/toolkit/speed_button.h"
-#include "platform/toolkit/tool_bar.h"
+#include "platform/toolkit/controls/button.h"
+#include "platform/toolkit/controls/check_box.h"
+#include "platform/toolkit/controls/group_box.h"
+#include "platform/toolkit/controls/radio_button.h"
+#include "platform/toolkit/controls/radio_group.h"
+#include "platform/toolkit/controls/speed_button.h"
+#include "platform/toolkit/controls/tool_bar.h"
 
 /// The library's names for the toolkit's buttons, check boxes and groups.
 

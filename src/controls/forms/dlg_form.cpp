@@ -2,7 +2,7 @@
 
 #include "controls/forms/form_position_priv.h"
 
-#include "platform/toolkit/application.h"
+#include "platform/toolkit/core/application.h"
 
 Tvx_dlg_form::Tvx_dlg_form(TComponent *owner)
     : Tvx_form(owner), f_bottom_panel(new Tvx_bottom_panel(this)), f_content_panel(new Tvx_panel(this))

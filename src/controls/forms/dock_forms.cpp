@@ -2,7 +2,7 @@
 
 #include "controls/forms/form_position_priv.h"
 
-#include "platform/toolkit/application.h"
+#include "platform/toolkit/core/application.h"
 
 namespace {
 TComponent *owner_or_application(TComponent *owner)

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "platform/base/export.h"
-#include "platform/toolkit/edit.h"
-#include "platform/toolkit/label.h"
-#include "platform/toolkit/memo.h"
-#include "platform/toolkit/rich_edit.h"
-#include "platform/toolkit/spin_edit.h"
-#include "platform/toolkit/up_down.h"
+#include "platform/toolkit/controls/edit.h"
+#include "platform/toolkit/controls/label.h"
+#include "platform/toolkit/controls/memo.h"
+#include "platform/toolkit/controls/rich_edit.h"
+#include "platform/toolkit/controls/spin_edit.h"
+#include "platform/toolkit/controls/up_down.h"
 
 /// The library's names for the toolkit's edits and labels.
 

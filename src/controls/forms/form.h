@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/base/export.h"
-#include "platform/toolkit/form.h"
+#include "platform/toolkit/core/form.h"
 
 /// Base of the forms whose constructor builds the controls and whose `load_res` fills in the texts.
 class VX_API Tvx_form : public TCustomForm

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/toolkit/form.h"
-#include "platform/toolkit/screen.h"
+#include "platform/toolkit/core/form.h"
+#include "platform/toolkit/core/screen.h"
 
 #include <utility>
 

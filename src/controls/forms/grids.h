@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/base/export.h"
-#include "platform/toolkit/color_grid.h"
-#include "platform/toolkit/draw_grid.h"
-#include "platform/toolkit/string_grid.h"
+#include "platform/toolkit/grids/color_grid.h"
+#include "platform/toolkit/grids/draw_grid.h"
+#include "platform/toolkit/grids/string_grid.h"
 
 /// A grid with hints. A notch of the mouse wheel moves the top row by one, within the movable rows.
 class VX_API Tvx_custom_grid : public TCustomGrid

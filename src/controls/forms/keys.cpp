@@ -1,6 +1,6 @@
 #include "controls/forms/keys.h"
 
-#include "platform/toolkit/key_codes.h"
+#include "platform/toolkit/core/key_codes.h"
 
 bool vx_control_pressed()
 {

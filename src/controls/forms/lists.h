@@ -1,11 +1,11 @@
 #pragma once
 
 #include "platform/base/export.h"
-#include "platform/toolkit/check_list_box.h"
-#include "platform/toolkit/combo_box.h"
-#include "platform/toolkit/list_box.h"
-#include "platform/toolkit/list_view.h"
-#include "platform/toolkit/tree_view.h"
+#include "platform/toolkit/controls/check_list_box.h"
+#include "platform/toolkit/controls/combo_box.h"
+#include "platform/toolkit/controls/list_box.h"
+#include "platform/toolkit/controls/list_view.h"
+#include "platform/toolkit/controls/tree_view.h"
 
 /// The library's names for the toolkit's lists.
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/base/export.h"
-#include "platform/toolkit/action.h"
-#include "platform/toolkit/menu.h"
+#include "platform/toolkit/core/action.h"
+#include "platform/toolkit/menus/menu.h"
 
 /// The library's names for the toolkit's menus and actions.
 

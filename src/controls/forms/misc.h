@@ -1,19 +1,19 @@
 #pragma once
 
 #include "platform/base/export.h"
-#include "platform/toolkit/bevel.h"
-#include "platform/toolkit/category_panel_group.h"
-#include "platform/toolkit/custom_control.h"
-#include "platform/toolkit/gauge.h"
-#include "platform/toolkit/graphic_control.h"
-#include "platform/toolkit/grid_panel.h"
-#include "platform/toolkit/image.h"
-#include "platform/toolkit/image_list.h"
-#include "platform/toolkit/progress_bar.h"
-#include "platform/toolkit/shape.h"
-#include "platform/toolkit/splitter.h"
-#include "platform/toolkit/status_bar.h"
-#include "platform/toolkit/track_bar.h"
+#include "platform/toolkit/controls/bevel.h"
+#include "platform/toolkit/controls/category_panel_group.h"
+#include "platform/toolkit/controls/gauge.h"
+#include "platform/toolkit/controls/grid_panel.h"
+#include "platform/toolkit/controls/image.h"
+#include "platform/toolkit/controls/progress_bar.h"
+#include "platform/toolkit/controls/shape.h"
+#include "platform/toolkit/controls/splitter.h"
+#include "platform/toolkit/controls/status_bar.h"
+#include "platform/toolkit/controls/track_bar.h"
+#include "platform/toolkit/core/custom_control.h"
+#include "platform/toolkit/core/graphic_control.h"
+#include "platform/toolkit/graphics/image_list.h"
 
 /// The library's names for the toolkit's other controls.
 

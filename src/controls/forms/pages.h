@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/base/export.h"
-#include "platform/toolkit/page_control.h"
+#include "platform/toolkit/controls/page_control.h"
 
 /// The library's names for the toolkit's pages.
 

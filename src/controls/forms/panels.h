@@ -2,7 +2,7 @@
 
 #include "platform/base/closure.h"
 #include "platform/base/export.h"
-#include "platform/toolkit/panel.h"
+#include "platform/toolkit/controls/panel.h"
 
 /// A plain area of 200 by 26 without a frame.
 class VX_API Tvx_panel : public TCustomPanel

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/toolkit/edit.h"
-#include "platform/toolkit/key_codes.h"
+#include "platform/toolkit/controls/edit.h"
+#include "platform/toolkit/core/key_codes.h"
 
 #include <string>
 

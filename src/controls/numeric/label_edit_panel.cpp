@@ -2,7 +2,7 @@
 
 #include "controls/forms/event_off.h"
 
-#include "platform/toolkit/font.h"
+#include "platform/toolkit/graphics/font.h"
 
 #include <algorithm>
 

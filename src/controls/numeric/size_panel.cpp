@@ -1,9 +1,9 @@
 #include "controls/numeric/size_panel.h"
 
+#include "controls/numeric/detail/number_text.h"
 #include "controls/numeric/edit_keys_priv.h"
-#include "controls/numeric/number_text.h"
 
-#include "platform/toolkit/clipboard.h"
+#include "platform/toolkit/core/clipboard.h"
 
 #include <algorithm>
 #include <cmath>

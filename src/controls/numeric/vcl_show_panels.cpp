@@ -1,6 +1,6 @@
 #include "controls/numeric/vcl_show_panels.h"
 
-#include "controls/numeric/number_text.h"
+#include "controls/numeric/detail/number_text.h"
 
 namespace {
 constexpr int c_inset = 5;

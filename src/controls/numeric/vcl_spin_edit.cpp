@@ -1,7 +1,7 @@
 #include "controls/numeric/vcl_spin_edit.h"
 
+#include "controls/numeric/detail/number_text.h"
 #include "controls/numeric/edit_keys_priv.h"
-#include "controls/numeric/number_text.h"
 
 void Tvx_vcl_spin_edit::set_value(int value)
 {

@@ -2,7 +2,7 @@
 
 #include "platform/base/closure.h"
 #include "platform/base/export.h"
-#include "platform/toolkit/spin_edit.h"
+#include "platform/toolkit/controls/spin_edit.h"
 
 /// A spin edit that keeps the last number; a text that is none on its way to one is left alone.
 class VX_API Tvx_vcl_spin_edit : public TSpinEdit

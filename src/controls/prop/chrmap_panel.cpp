@@ -1,7 +1,7 @@
 #include "controls/prop/chrmap_panel.h"
 
-#include "controls/prop/action_name.h"
 #include "controls/prop/color_convert.h"
+#include "controls/prop/detail/action_name.h"
 #include "controls/prop/prop_captions.h"
 
 #include "platform/basic/vx_res.h"

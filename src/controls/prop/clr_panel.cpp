@@ -1,12 +1,12 @@
 #include "controls/prop/clr_panel.h"
 
-#include "controls/prop/action_name.h"
+#include "controls/prop/detail/action_name.h"
 #include "controls/prop/prop_captions.h"
 #include "styles/preview/style_example.h"
 
 #include "platform/basic/vx_res.h"
 #include "platform/dialogs/vx_dlgs.h"
-#include "platform/toolkit/canvas.h"
+#include "platform/toolkit/graphics/canvas.h"
 
 namespace {
 constexpr int c_height = 20;

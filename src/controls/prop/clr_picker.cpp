@@ -1,12 +1,12 @@
 #include "controls/prop/clr_picker.h"
 
-#include "controls/prop/action_name.h"
+#include "controls/prop/detail/action_name.h"
 #include "controls/prop/image_convert.h"
 #include "controls/prop/prop_captions.h"
 
 #include "platform/basic/vx_res.h"
-#include "platform/toolkit/canvas.h"
-#include "platform/toolkit/screen.h"
+#include "platform/toolkit/core/screen.h"
+#include "platform/toolkit/graphics/canvas.h"
 
 #include <algorithm>
 

@@ -4,7 +4,7 @@
 #include "controls/forms/form.h"
 
 #include "platform/base/color.h"
-#include "platform/toolkit/bitmap.h"
+#include "platform/toolkit/graphics/bitmap.h"
 
 /// Lets the user take a colour from anywhere on the screen: true and the opaque colour of the clicked pixel,
 /// or false with `color` left alone if the user gave up by Esc.

@@ -3,8 +3,8 @@
 #include "platform/base/color.h"
 #include "platform/base/export.h"
 #include "platform/basic/vx_fnt_type.h"
-#include "platform/toolkit/font.h"
-#include "platform/toolkit/types.h"
+#include "platform/toolkit/core/types.h"
+#include "platform/toolkit/graphics/font.h"
 
 /// Between the values of the toolkit and those of the engine. Alpha plays no part.
 

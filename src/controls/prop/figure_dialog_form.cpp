@@ -6,9 +6,9 @@
 #include "styles/preview/style_example.h"
 
 #include "platform/basic/vx_res.h"
-#include "platform/toolkit/bitmap.h"
-#include "platform/toolkit/canvas.h"
-#include "platform/toolkit/pixel_ratio.h"
+#include "platform/toolkit/core/pixel_ratio.h"
+#include "platform/toolkit/graphics/bitmap.h"
+#include "platform/toolkit/graphics/canvas.h"
 
 #include <algorithm>
 

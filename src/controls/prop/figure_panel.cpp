@@ -1,6 +1,6 @@
 #include "controls/prop/figure_panel.h"
 
-#include "controls/prop/action_name.h"
+#include "controls/prop/detail/action_name.h"
 #include "controls/prop/figure_dialog_form.h"
 #include "controls/prop/figure_style_priv.h"
 #include "controls/prop/image_convert.h"
@@ -8,9 +8,9 @@
 #include "styles/preview/style_example.h"
 
 #include "platform/basic/vx_res.h"
-#include "platform/toolkit/bitmap.h"
-#include "platform/toolkit/picture.h"
-#include "platform/toolkit/pixel_ratio.h"
+#include "platform/toolkit/core/pixel_ratio.h"
+#include "platform/toolkit/graphics/bitmap.h"
+#include "platform/toolkit/graphics/picture.h"
 
 namespace {
 constexpr int c_height = 20;

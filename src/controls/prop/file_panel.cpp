@@ -1,7 +1,7 @@
 #include "controls/prop/file_panel.h"
 
 #include "controls/forms/misc.h"
-#include "controls/prop/action_name.h"
+#include "controls/prop/detail/action_name.h"
 #include "controls/prop/prop_captions.h"
 #include "data/filesystem/filesystem.h"
 
@@ -11,9 +11,9 @@
 #include "platform/basic/vx_wstrings.h"
 #include "platform/dialogs/vx_dlgs.h"
 #include "platform/dialogs/vx_file_dialog.h"
-#include "platform/toolkit/canvas.h"
-#include "platform/toolkit/clipboard.h"
-#include "platform/toolkit/strings.h"
+#include "platform/toolkit/core/clipboard.h"
+#include "platform/toolkit/core/strings.h"
+#include "platform/toolkit/graphics/canvas.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "controls/prop/fnt_panel.h"
 
-#include "controls/prop/action_name.h"
+#include "controls/prop/detail/action_name.h"
 #include "controls/prop/image_convert.h"
 #include "controls/prop/prop_captions.h"
 

@@ -4,7 +4,7 @@
 
 #include "platform/basic/vx_histogram.h"
 #include "platform/basic/vx_res.h"
-#include "platform/toolkit/canvas.h"
+#include "platform/toolkit/graphics/canvas.h"
 
 #include <algorithm>
 #include <cmath>

@@ -3,7 +3,7 @@
 #include "controls/forms/menus.h"
 #include "controls/forms/panels.h"
 
-#include "platform/toolkit/chart.h"
+#include "platform/toolkit/controls/chart.h"
 
 struct Tvx_histogramm_data;
 

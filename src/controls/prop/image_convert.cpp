@@ -2,10 +2,10 @@
 
 #include "controls/prop/color_convert.h"
 
-#include "platform/toolkit/bitmap.h"
-#include "platform/toolkit/canvas.h"
-#include "platform/toolkit/image_list.h"
-#include "platform/toolkit/pixel_ratio.h"
+#include "platform/toolkit/core/pixel_ratio.h"
+#include "platform/toolkit/graphics/bitmap.h"
+#include "platform/toolkit/graphics/canvas.h"
+#include "platform/toolkit/graphics/image_list.h"
 
 #include <algorithm>
 #include <utility>

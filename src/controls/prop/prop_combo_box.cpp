@@ -2,7 +2,7 @@
 
 #include "platform/base/flag_scope.h"
 #include "platform/base/text_codec.h"
-#include "platform/toolkit/strings.h"
+#include "platform/toolkit/core/strings.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,6 +1,6 @@
 #include "controls/prop/prop_edit.h"
 
-#include "platform/toolkit/font.h"
+#include "platform/toolkit/graphics/font.h"
 
 namespace {
 constexpr int c_top_width = 115;

@@ -11,7 +11,7 @@
 #include "platform/base/export.h"
 #include "platform/base/owned.h"
 #include "platform/layers/vx_lr2d.h"
-#include "platform/toolkit/list.h"
+#include "platform/toolkit/core/list.h"
 
 #include <array>
 #include <memory>

@@ -1,6 +1,6 @@
 #include "platform/basic/vx_dib.h"
 
-#include "platform/basic/glyph_catalogue.h"
+#include "platform/basic/detail/glyph_catalogue.h"
 
 #include <charconv>
 #include <exception>

@@ -31,9 +31,9 @@ VX_API void vx_event_channel_del_client(Ivx_event_channel *channel, Tvx_event_ch
 [[nodiscard]] VX_API int vx_event_channel_get_client_count(Ivx_event_channel const *channel);
 
 /// Posts one event. On the main thread the clients run before this returns. From another thread the event
-/// waits for the main thread (see platform/winapi/main_thread.h); events that wait together arrive in one
-/// queue. A client that posts to its own channel starts a delivery inside the delivery. Clients added during
-/// a delivery are not part of it.
+/// waits for the main thread (see platform/winapi/detail/main_thread.h); events that wait together arrive in
+/// one queue. A client that posts to its own channel starts a delivery inside the delivery. Clients added
+/// during a delivery are not part of it.
 VX_API void vx_event_channel_post(Ivx_event_channel *channel, int kind);
 
 [[nodiscard]] VX_API int vx_event_queue_count(Tvx_table const *queue);

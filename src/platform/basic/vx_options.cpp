@@ -1,8 +1,8 @@
 #include "platform/basic/vx_options.h"
 
 #include "platform/base/text_codec.h"
-#include "platform/basic/caption_catalogue.h"
-#include "platform/basic/options_file.h"
+#include "platform/basic/detail/caption_catalogue.h"
+#include "platform/basic/detail/options_file.h"
 #include "platform/winapi/file.h"
 
 #include <charconv>

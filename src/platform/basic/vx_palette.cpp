@@ -1,6 +1,6 @@
 #include "platform/basic/vx_palette.h"
 
-#include "platform/basic/vx_oklab.h"
+#include "platform/basic/detail/vx_oklab.h"
 
 #include <algorithm>
 #include <cmath>

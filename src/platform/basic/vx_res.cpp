@@ -1,7 +1,7 @@
 #include "platform/basic/vx_res.h"
 
 #include "platform/base/text_codec.h"
-#include "platform/basic/caption_catalogue.h"
+#include "platform/basic/detail/caption_catalogue.h"
 #include "platform/basic/engine_captions.h"
 #include "platform/basic/vx_options.h"
 

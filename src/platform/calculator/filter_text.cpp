@@ -1,5 +1,5 @@
-#include "platform/base/white_space.h"
-#include "platform/calculator/filter_model.h"
+#include "platform/base/detail/white_space.h"
+#include "platform/calculator/detail/filter_model.h"
 #include "platform/calculator/vx_calc_filter.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "platform/calculator/vx_calc_filter.h"
 
-#include "platform/base/white_space.h"
-#include "platform/calculator/filter_model.h"
+#include "platform/base/detail/white_space.h"
+#include "platform/calculator/detail/filter_model.h"
 #include "platform/winapi/collation.h"
 
 #include <algorithm>

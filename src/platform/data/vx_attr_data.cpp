@@ -2,7 +2,7 @@
 
 #include "platform/base/text_codec.h"
 #include "platform/base/virtual_mark.h"
-#include "platform/data/attr_data.h"
+#include "platform/data/detail/attr_data.h"
 #include "platform/winapi/collation.h"
 #include "platform/winapi/file.h"
 

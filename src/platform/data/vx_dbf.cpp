@@ -1,7 +1,7 @@
 #include "platform/data/vx_dbf.h"
 
 #include "platform/base/text_codec.h"
-#include "platform/data/vx_dbf_header.h"
+#include "platform/data/detail/vx_dbf_header.h"
 #include "platform/winapi/codepage.h"
 #include "platform/winapi/file.h"
 

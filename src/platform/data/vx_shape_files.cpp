@@ -1,6 +1,6 @@
 #include "platform/data/vx_shape_files.h"
 
-#include "platform/data/attr_data.h"
+#include "platform/data/detail/attr_data.h"
 
 /// It holds the arrays alone: what happens to the data object later does not reach them.
 struct Ivx_shape_files

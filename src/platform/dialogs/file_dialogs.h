@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/base/export.h"
-#include "platform/toolkit/component.h"
-#include "platform/toolkit/set_of.h"
+#include "platform/toolkit/core/component.h"
+#include "platform/toolkit/core/set_of.h"
 
 enum TOpenOption
 {

@@ -3,9 +3,9 @@
 #include "platform/base/ascii_case.h"
 #include "platform/base/text_codec.h"
 #include "platform/basic/vx_fnt_type.h"
-#include "platform/toolkit/font.h"
-#include "platform/winapi/char_name.h"
+#include "platform/toolkit/graphics/font.h"
 #include "platform/winapi/collation.h"
+#include "platform/winapi/detail/char_name.h"
 
 #include <QChar>
 #include <QFont>

@@ -1,15 +1,15 @@
 #include "platform/base/flag_scope.h"
 #include "platform/basic/vx_res.h"
-#include "platform/dialogs/color_field.h"
-#include "platform/dialogs/common_form.h"
+#include "platform/dialogs/detail/color_field.h"
+#include "platform/dialogs/detail/common_form.h"
 #include "platform/dialogs/dlg_captions.h"
 #include "platform/dialogs/dlg_table_priv.h"
 #include "platform/dialogs/vx_dlgs.h"
-#include "platform/toolkit/canvas.h"
-#include "platform/toolkit/edit.h"
-#include "platform/toolkit/label.h"
-#include "platform/toolkit/paint_box.h"
-#include "platform/toolkit/spin_edit.h"
+#include "platform/toolkit/controls/edit.h"
+#include "platform/toolkit/controls/label.h"
+#include "platform/toolkit/controls/paint_box.h"
+#include "platform/toolkit/controls/spin_edit.h"
+#include "platform/toolkit/graphics/canvas.h"
 
 #include <array>
 #include <charconv>

@@ -4,7 +4,7 @@
 #include "platform/base/export.h"
 #include "platform/dialogs/vx_file_dialog.h"
 #include "platform/dialogs/vx_msgs.h"
-#include "platform/toolkit/types.h"
+#include "platform/toolkit/core/types.h"
 
 #include <cstddef>
 

@@ -4,7 +4,7 @@
 #include "platform/base/color_format.h"
 #include "platform/base/export.h"
 #include "platform/base/unicode_string.h"
-#include "platform/toolkit/types.h"
+#include "platform/toolkit/core/types.h"
 
 class vx_fnt_type;
 

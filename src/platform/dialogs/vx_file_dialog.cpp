@@ -1,12 +1,12 @@
 #include "platform/dialogs/vx_file_dialog.h"
 
 #include "platform/basic/vx_res.h"
-#include "platform/dialogs/common_form.h"
+#include "platform/dialogs/detail/common_form.h"
 #include "platform/dialogs/dlg_captions.h"
 #include "platform/dialogs/dlg_table_priv.h"
 #include "platform/dialogs/vx_dlgs.h"
 #include "platform/dialogs/vx_msgs.h"
-#include "platform/toolkit/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_bridge.h"
 
 #include <QDateTime>
 #include <QDir>

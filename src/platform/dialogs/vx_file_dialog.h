@@ -3,7 +3,7 @@
 #include "platform/base/closure.h"
 #include "platform/base/export.h"
 #include "platform/base/unicode_string.h"
-#include "platform/toolkit/types.h"
+#include "platform/toolkit/core/types.h"
 
 /// Question to and answer of the file dialog.
 struct Tvx_file_dialog_prm

@@ -2,12 +2,12 @@
 
 #include "platform/base/text_codec.h"
 #include "platform/basic/vx_res.h"
-#include "platform/dialogs/common_form.h"
+#include "platform/dialogs/detail/common_form.h"
 #include "platform/dialogs/dlg_captions.h"
 #include "platform/dialogs/dlg_table_priv.h"
-#include "platform/toolkit/application.h"
-#include "platform/toolkit/qt_bridge.h"
-#include "platform/winapi/main_thread.h"
+#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/core/application.h"
+#include "platform/winapi/detail/main_thread.h"
 
 #include <QMessageBox>
 #include <QPointer>

@@ -2,15 +2,15 @@
 
 #include "platform/base/flag_scope.h"
 #include "platform/basic/vx_res.h"
-#include "platform/dialogs/common_form.h"
+#include "platform/dialogs/detail/common_form.h"
 #include "platform/dialogs/dlg_captions.h"
 #include "platform/dialogs/dlg_table_priv.h"
-#include "platform/toolkit/application.h"
-#include "platform/toolkit/button.h"
-#include "platform/toolkit/gauge.h"
-#include "platform/toolkit/label.h"
-#include "platform/toolkit/qt_bridge.h"
-#include "platform/toolkit/screen.h"
+#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/controls/button.h"
+#include "platform/toolkit/controls/gauge.h"
+#include "platform/toolkit/controls/label.h"
+#include "platform/toolkit/core/application.h"
+#include "platform/toolkit/core/screen.h"
 
 #include <QWindow>
 

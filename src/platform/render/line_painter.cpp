@@ -1,5 +1,5 @@
-#include "platform/render/style_painter.h"
-#include "platform/toolkit/qt_bridge.h"
+#include "platform/render/detail/style_painter.h"
+#include "platform/toolkit/bridge/qt_bridge.h"
 
 #include <QtCore/QVarLengthArray>
 #include <QtGui/QPainter>

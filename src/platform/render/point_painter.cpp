@@ -1,8 +1,8 @@
-#include "platform/render/figure_fit.h"
-#include "platform/render/point_mask.h"
-#include "platform/render/style_painter.h"
-#include "platform/render/text_path.h"
-#include "platform/toolkit/qt_bridge.h"
+#include "platform/render/detail/figure_fit.h"
+#include "platform/render/detail/point_mask.h"
+#include "platform/render/detail/style_painter.h"
+#include "platform/render/detail/text_path.h"
+#include "platform/toolkit/bridge/qt_bridge.h"
 
 #include <QtGui/QImage>
 #include <QtGui/QPainter>

@@ -2,8 +2,8 @@
 
 #include "platform/basic/vx_fnt_type.h"
 #include "platform/render/dc_priv.h"
-#include "platform/render/text_path.h"
-#include "platform/toolkit/qt_bridge.h"
+#include "platform/render/detail/text_path.h"
+#include "platform/toolkit/bridge/qt_bridge.h"
 
 #include <QtGui/QImage>
 #include <QtGui/QPainter>

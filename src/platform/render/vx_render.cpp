@@ -1,6 +1,6 @@
 #include "platform/render/vx_render.h"
 
-#include "platform/render/style_painter.h"
+#include "platform/render/detail/style_painter.h"
 
 #include <span>
 

@@ -5,7 +5,7 @@
 #include "platform/data/vx_shape_files.h"
 #include "platform/layers/vx_lr2d.h"
 #include "platform/layers/vx_shp_lr2d.h"
-#include "platform/render/mngr_painter.h"
+#include "platform/render/detail/mngr_painter.h"
 #include "platform/styles/vx_stl_mngr_list.h"
 
 using namespace vx::render;

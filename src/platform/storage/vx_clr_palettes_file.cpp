@@ -1,7 +1,7 @@
 #include "platform/base/owned.h"
 #include "platform/basic/vx_palette.h"
+#include "platform/storage/detail/storage_state.h"
 #include "platform/storage/file_names.h"
-#include "platform/storage/storage_state.h"
 #include "platform/storage/vx_ini_data.h"
 #include "platform/storage/vx_xml_save_2d.h"
 #include "platform/winapi/file.h"

@@ -3,8 +3,8 @@
 #include "platform/base/owned.h"
 #include "platform/layers/vx_lr2d.h"
 #include "platform/layers/vx_scn_2d.h"
-#include "platform/storage/storage_state.h"
-#include "platform/storage/xml_element.h"
+#include "platform/storage/detail/storage_state.h"
+#include "platform/storage/detail/xml_element.h"
 
 #include <string>
 #include <vector>

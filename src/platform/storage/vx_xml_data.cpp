@@ -1,12 +1,12 @@
 #include "platform/storage/vx_xml_data.h"
 
 #include "platform/basic/engine_captions.h"
-#include "platform/storage/color_map.h"
+#include "platform/storage/detail/color_map.h"
+#include "platform/storage/detail/scale_xml.h"
+#include "platform/storage/detail/storage_state.h"
 #include "platform/storage/file_names.h"
-#include "platform/storage/scale_xml.h"
-#include "platform/storage/storage_state.h"
 #include "platform/storage/vx_xml_save_2d.h"
-#include "platform/styles/mngr_model.h"
+#include "platform/styles/detail/mngr_model.h"
 
 #include <algorithm>
 #include <utility>

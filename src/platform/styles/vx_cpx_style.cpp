@@ -1,7 +1,7 @@
 #include "platform/styles/vx_cpx_style.h"
 
-#include "platform/styles/cpx_model.h"
-#include "platform/styles/fields.h"
+#include "platform/styles/detail/cpx_model.h"
+#include "platform/styles/detail/fields.h"
 
 #include <algorithm>
 

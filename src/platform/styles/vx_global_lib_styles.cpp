@@ -1,8 +1,8 @@
 #include "platform/styles/vx_global_lib_styles.h"
 
-#include "platform/basic/vx_oklab.h"
+#include "platform/basic/detail/vx_oklab.h"
 #include "platform/basic/vx_wstrings.h"
-#include "platform/styles/lib_model.h"
+#include "platform/styles/detail/lib_model.h"
 #include "platform/styles/vx_style_lib.h"
 
 #include <algorithm>

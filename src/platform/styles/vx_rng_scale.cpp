@@ -2,8 +2,8 @@
 
 #include "platform/base/text_codec.h"
 #include "platform/basic/vx_ints.h"
-#include "platform/styles/round_digits.h"
-#include "platform/styles/scale_model.h"
+#include "platform/styles/detail/round_digits.h"
+#include "platform/styles/detail/scale_model.h"
 
 using namespace vx::styles;
 

@@ -1,6 +1,6 @@
 #include "platform/styles/vx_round_digits.h"
 
-#include "platform/styles/round_digits.h"
+#include "platform/styles/detail/round_digits.h"
 
 #include <array>
 #include <charconv>

@@ -1,6 +1,6 @@
 #include "platform/styles/vx_scale_prm.h"
 
-#include "platform/styles/style_model.h"
+#include "platform/styles/detail/style_model.h"
 
 using namespace vx::styles;
 

@@ -1,7 +1,7 @@
 #include "platform/styles/vx_stl_mngr.h"
 
 #include "platform/base/text_codec.h"
-#include "platform/styles/mngr_model.h"
+#include "platform/styles/detail/mngr_model.h"
 
 using namespace vx::styles;
 

@@ -1,6 +1,6 @@
 #include "platform/styles/vx_stl_mngr_list.h"
 
-#include "platform/styles/mngr_model.h"
+#include "platform/styles/detail/mngr_model.h"
 #include "platform/styles/vx_txt_settings.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "platform/styles/vx_style3d.h"
 
-#include "platform/styles/fields.h"
-#include "platform/styles/style_model.h"
+#include "platform/styles/detail/fields.h"
+#include "platform/styles/detail/style_model.h"
 
 using namespace vx::styles;
 

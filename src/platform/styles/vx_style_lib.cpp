@@ -1,7 +1,7 @@
 #include "platform/styles/vx_style_lib.h"
 
 #include "platform/base/text_codec.h"
-#include "platform/styles/lib_model.h"
+#include "platform/styles/detail/lib_model.h"
 #include "platform/winapi/case_map.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 
 #include "platform/base/text_codec.h"
 #include "platform/basic/vx_ints.h"
-#include "platform/styles/scale_model.h"
+#include "platform/styles/detail/scale_model.h"
 
 using namespace vx::styles;
 

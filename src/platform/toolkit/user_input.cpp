@@ -1,9 +1,9 @@
 #include "platform/toolkit/user_input.h"
 
-#include "platform/toolkit/custom_grid.h"
-#include "platform/toolkit/form.h"
-#include "platform/toolkit/page_control.h"
-#include "platform/toolkit/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/controls/page_control.h"
+#include "platform/toolkit/core/form.h"
+#include "platform/toolkit/grids/custom_grid.h"
 #include "platform/toolkit/user_input_priv.h"
 #include "platform/winapi/file.h"
 

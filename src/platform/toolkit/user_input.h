@@ -3,7 +3,7 @@
 #include "platform/base/closure.h"
 #include "platform/base/export.h"
 #include "platform/base/unicode_string.h"
-#include "platform/toolkit/types.h"
+#include "platform/toolkit/core/types.h"
 
 #include <memory>
 #include <type_traits>

@@ -1,7 +1,7 @@
-#include "platform/toolkit/form.h"
-#include "platform/toolkit/menu.h"
-#include "platform/toolkit/qt_bridge.h"
-#include "platform/toolkit/screen.h"
+#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/core/form.h"
+#include "platform/toolkit/core/screen.h"
+#include "platform/toolkit/menus/menu.h"
 #include "platform/toolkit/user_input.h"
 #include "platform/toolkit/user_input_priv.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/base/unicode_string.h"
-#include "platform/toolkit/types.h"
+#include "platform/toolkit/core/types.h"
 
 class TPageControl;
 

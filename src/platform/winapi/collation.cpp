@@ -1,7 +1,7 @@
 #include "platform/winapi/collation.h"
 
 #include "platform/base/text_codec.h"
-#include "platform/winapi/utf16.h"
+#include "platform/winapi/detail/utf16.h"
 
 #include <memory>
 #include <string>

@@ -11,8 +11,8 @@
 #include "platform/render/vx_render.h"
 #include "platform/styles/vx_style.h"
 #include "platform/styles/vx_style3d.h"
-#include "platform/toolkit/bitmap.h"
-#include "platform/toolkit/canvas.h"
+#include "platform/toolkit/graphics/bitmap.h"
+#include "platform/toolkit/graphics/canvas.h"
 
 #include <span>
 

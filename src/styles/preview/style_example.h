@@ -2,7 +2,7 @@
 
 #include "platform/base/color.h"
 #include "platform/base/export.h"
-#include "platform/toolkit/types.h"
+#include "platform/toolkit/core/types.h"
 
 class TBitmap;
 class TCanvas;

@@ -5,7 +5,7 @@
 #include "styles/simple/style_dialog.h"
 
 #include "platform/basic/vx_res.h"
-#include "platform/toolkit/bitmap.h"
+#include "platform/toolkit/graphics/bitmap.h"
 
 namespace {
 constexpr int c_sample_size = 20;

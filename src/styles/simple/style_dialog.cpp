@@ -4,7 +4,7 @@
 
 #include "platform/dialogs/vx_dlgs.h"
 #include "platform/styles/vx_style.h"
-#include "platform/toolkit/application.h"
+#include "platform/toolkit/core/application.h"
 #include "platform/winapi/library.h"
 
 // A host in C cannot take an exception: what goes wrong in a dialog counts as not accepted.

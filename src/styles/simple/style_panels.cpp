@@ -1,6 +1,6 @@
 #include "styles/simple/style_panels.h"
 
-#include "controls/prop/action_name.h"
+#include "controls/prop/detail/action_name.h"
 
 namespace {
 constexpr int c_height = 26;

@@ -13,8 +13,8 @@
 #include "platform/styles/vx_style.h"
 #include "platform/styles/vx_txt_style.h"
 #include "platform/styles/vx_val_scale.h"
-#include "platform/toolkit/button.h"
-#include "platform/toolkit/edit.h"
+#include "platform/toolkit/controls/button.h"
+#include "platform/toolkit/controls/edit.h"
 #include "platform/winapi/library.h"
 
 #include <memory>

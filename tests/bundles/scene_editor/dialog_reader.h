@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/toolkit/page_control.h"
+#include "platform/toolkit/controls/page_control.h"
 #include "platform/toolkit/user_input.h"
 
 #include <string_view>

@@ -5,8 +5,8 @@
 #include "controls/forms/tool_form.h"
 #include "controls/forms/vcl_dialog_form.h"
 
-#include "platform/toolkit/application.h"
-#include "platform/toolkit/screen.h"
+#include "platform/toolkit/core/application.h"
+#include "platform/toolkit/core/screen.h"
 #include "platform/toolkit/user_input.h"
 
 #include <gtest/gtest.h>

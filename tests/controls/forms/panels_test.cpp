@@ -8,7 +8,7 @@
 #include "controls/forms/vcl_progress_panel.h"
 #include "controls/forms/vcl_select_box.h"
 
-#include "platform/toolkit/form.h"
+#include "platform/toolkit/core/form.h"
 #include "platform/toolkit/user_input.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "controls/numeric/number_text.h"
+#include "controls/numeric/detail/number_text.h"
 #include "support/comma_locale.h"
 
 #include <cmath>

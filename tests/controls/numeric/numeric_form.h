@@ -1,9 +1,9 @@
 #pragma once
 
-#include "platform/toolkit/button.h"
-#include "platform/toolkit/clipboard.h"
-#include "platform/toolkit/edit.h"
-#include "platform/toolkit/form.h"
+#include "platform/toolkit/controls/button.h"
+#include "platform/toolkit/controls/edit.h"
+#include "platform/toolkit/core/clipboard.h"
+#include "platform/toolkit/core/form.h"
 #include "platform/toolkit/user_input.h"
 
 #include <gtest/gtest.h>

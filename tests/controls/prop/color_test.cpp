@@ -6,11 +6,11 @@
 #include "prop_form.h"
 
 #include "platform/base/owned.h"
-#include "platform/toolkit/bitmap.h"
-#include "platform/toolkit/canvas.h"
-#include "platform/toolkit/image_list.h"
-#include "platform/toolkit/screen.h"
-#include "platform/toolkit/shape.h"
+#include "platform/toolkit/controls/shape.h"
+#include "platform/toolkit/core/screen.h"
+#include "platform/toolkit/graphics/bitmap.h"
+#include "platform/toolkit/graphics/canvas.h"
+#include "platform/toolkit/graphics/image_list.h"
 
 namespace input = vx::user_input;
 

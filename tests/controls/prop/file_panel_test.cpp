@@ -1,7 +1,7 @@
 #include "controls/prop/file_panel.h"
 #include "prop_form.h"
 
-#include "platform/toolkit/clipboard.h"
+#include "platform/toolkit/core/clipboard.h"
 
 namespace input = vx::user_input;
 

@@ -4,9 +4,9 @@
 #include "controls/prop/fnt_panel.h"
 #include "prop_form.h"
 
-#include "platform/toolkit/bitmap.h"
-#include "platform/toolkit/canvas.h"
-#include "platform/toolkit/picture.h"
+#include "platform/toolkit/graphics/bitmap.h"
+#include "platform/toolkit/graphics/canvas.h"
+#include "platform/toolkit/graphics/picture.h"
 
 #include <set>
 

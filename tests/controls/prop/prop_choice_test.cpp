@@ -9,7 +9,7 @@
 #include "platform/layers/layer_keys.h"
 #include "platform/layers/vx_scn_2d.h"
 #include "platform/storage/vx_scn_2d_file.h"
-#include "platform/toolkit/strings.h"
+#include "platform/toolkit/core/strings.h"
 
 #include <climits>
 #include <stdexcept>

@@ -2,7 +2,7 @@
 
 #include "platform/basic/vx_fnt_type.h"
 #include "platform/dialogs/vx_dlg_table.h"
-#include "platform/toolkit/form.h"
+#include "platform/toolkit/core/form.h"
 #include "platform/toolkit/user_input.h"
 
 #include <gtest/gtest.h>

@@ -6,7 +6,7 @@
 
 #include "platform/base/owned.h"
 #include "platform/basic/vx_histogram.h"
-#include "platform/toolkit/bitmap.h"
+#include "platform/toolkit/graphics/bitmap.h"
 
 #include <cmath>
 

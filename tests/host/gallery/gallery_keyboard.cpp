@@ -1,9 +1,9 @@
 #include "gallery_walk.h"
 
-#include "platform/toolkit/category_panel_group.h"
-#include "platform/toolkit/check_box.h"
-#include "platform/toolkit/radio_button.h"
-#include "platform/toolkit/scroll_box.h"
+#include "platform/toolkit/controls/category_panel_group.h"
+#include "platform/toolkit/controls/check_box.h"
+#include "platform/toolkit/controls/radio_button.h"
+#include "platform/toolkit/controls/scroll_box.h"
 
 #include <QtGui/QAccessible>
 #include <QtWidgets/QAbstractButton>

@@ -1,6 +1,6 @@
 #include "gallery_walk.h"
 
-#include "platform/toolkit/panel.h"
+#include "platform/toolkit/controls/panel.h"
 
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>

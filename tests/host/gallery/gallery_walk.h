@@ -4,8 +4,8 @@
 #include "host/gallery/gallery_form.h"
 
 #include "platform/basic/vx_options.h"
-#include "platform/toolkit/page_control.h"
-#include "platform/toolkit/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/controls/page_control.h"
 #include "platform/toolkit/user_input.h"
 
 #include <QtGui/QImage>

@@ -7,7 +7,7 @@
 #include "host/user_hand.h"
 
 #include "platform/basic/vx_options.h"
-#include "platform/toolkit/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_bridge.h"
 
 #include <QAction>
 #include <QApplication>

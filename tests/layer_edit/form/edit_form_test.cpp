@@ -6,8 +6,8 @@
 #include "platform/basic/vx_options.h"
 #include "platform/layers/vx_lr.h"
 #include "platform/layers/vx_shp_lr2d.h"
-#include "platform/toolkit/application.h"
-#include "platform/toolkit/screen.h"
+#include "platform/toolkit/core/application.h"
+#include "platform/toolkit/core/screen.h"
 #include "platform/toolkit/user_input.h"
 
 #include <gtest/gtest.h>

@@ -4,7 +4,7 @@
 
 #include "platform/base/owned.h"
 #include "platform/layers/vx_lr2d.h"
-#include "platform/toolkit/form.h"
+#include "platform/toolkit/core/form.h"
 
 #include <gtest/gtest.h>
 #include <string>

@@ -1,6 +1,6 @@
 #include "platform/base/owned.h"
 #include "platform/basic/vx_event_channel.h"
-#include "platform/winapi/main_thread.h"
+#include "platform/winapi/detail/main_thread.h"
 
 #include <gtest/gtest.h>
 #include <string>

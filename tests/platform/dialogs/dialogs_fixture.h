@@ -2,8 +2,8 @@
 
 #include "platform/basic/vx_options.h"
 #include "platform/dialogs/vx_dlg_table.h"
-#include "platform/toolkit/application.h"
-#include "platform/toolkit/form.h"
+#include "platform/toolkit/core/application.h"
+#include "platform/toolkit/core/form.h"
 #include "platform/toolkit/user_input.h"
 
 #include <gtest/gtest.h>

@@ -5,10 +5,10 @@
 #include "platform/basic/vx_res.h"
 #include "platform/dialogs/vx_dlgs.h"
 #include "platform/dialogs/vx_progress.h"
-#include "platform/toolkit/button.h"
-#include "platform/toolkit/gauge.h"
-#include "platform/toolkit/label.h"
-#include "platform/toolkit/screen.h"
+#include "platform/toolkit/controls/button.h"
+#include "platform/toolkit/controls/gauge.h"
+#include "platform/toolkit/controls/label.h"
+#include "platform/toolkit/core/screen.h"
 
 #include <atomic>
 #include <chrono>

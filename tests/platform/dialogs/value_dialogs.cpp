@@ -1,16 +1,16 @@
 #include "dialogs_fixture.h"
 
 #include "platform/basic/vx_fnt_type.h"
-#include "platform/dialogs/color_field.h"
+#include "platform/dialogs/detail/color_field.h"
 #include "platform/dialogs/vx_dlgs.h"
-#include "platform/toolkit/button.h"
-#include "platform/toolkit/check_box.h"
-#include "platform/toolkit/combo_box.h"
-#include "platform/toolkit/draw_grid.h"
-#include "platform/toolkit/edit.h"
-#include "platform/toolkit/list_box.h"
-#include "platform/toolkit/spin_edit.h"
-#include "platform/toolkit/strings.h"
+#include "platform/toolkit/controls/button.h"
+#include "platform/toolkit/controls/check_box.h"
+#include "platform/toolkit/controls/combo_box.h"
+#include "platform/toolkit/controls/edit.h"
+#include "platform/toolkit/controls/list_box.h"
+#include "platform/toolkit/controls/spin_edit.h"
+#include "platform/toolkit/core/strings.h"
+#include "platform/toolkit/grids/draw_grid.h"
 
 namespace {
 using vx::dialogs::hsv;

@@ -1,8 +1,8 @@
 #include "tests/platform/render/page.h"
 
 #include "platform/render/vx_drwc.h"
-#include "platform/toolkit/bitmap.h"
-#include "platform/toolkit/canvas.h"
+#include "platform/toolkit/graphics/bitmap.h"
+#include "platform/toolkit/graphics/canvas.h"
 
 #include <cmath>
 #include <gtest/gtest.h>

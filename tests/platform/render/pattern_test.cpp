@@ -1,6 +1,6 @@
 #include "tests/platform/render/page.h"
 
-#include "platform/toolkit/types.h"
+#include "platform/toolkit/core/types.h"
 
 #include <cmath>
 #include <functional>

@@ -1,11 +1,11 @@
-#include "platform/toolkit/chart.h"
+#include "platform/toolkit/controls/chart.h"
 
-#include "platform/toolkit/bitmap.h"
-#include "platform/toolkit/canvas.h"
-#include "platform/toolkit/combo_box.h"
-#include "platform/toolkit/form.h"
-#include "platform/toolkit/screen.h"
-#include "platform/toolkit/strings.h"
+#include "platform/toolkit/controls/combo_box.h"
+#include "platform/toolkit/core/form.h"
+#include "platform/toolkit/core/screen.h"
+#include "platform/toolkit/core/strings.h"
+#include "platform/toolkit/graphics/bitmap.h"
+#include "platform/toolkit/graphics/canvas.h"
 #include "platform/toolkit/user_input.h"
 
 #include <cmath>

@@ -1,9 +1,9 @@
 #include "support/temp_dir.h"
 
-#include "platform/toolkit/bitmap.h"
-#include "platform/toolkit/canvas.h"
-#include "platform/toolkit/image_list.h"
-#include "platform/toolkit/picture.h"
+#include "platform/toolkit/graphics/bitmap.h"
+#include "platform/toolkit/graphics/canvas.h"
+#include "platform/toolkit/graphics/image_list.h"
+#include "platform/toolkit/graphics/picture.h"
 
 #include <cstdint>
 #include <fstream>

@@ -1,6 +1,6 @@
-#include "platform/toolkit/edit.h"
-#include "platform/toolkit/form.h"
-#include "platform/toolkit/page_control.h"
+#include "platform/toolkit/controls/edit.h"
+#include "platform/toolkit/controls/page_control.h"
+#include "platform/toolkit/core/form.h"
 #include "platform/toolkit/user_input.h"
 
 #include <gtest/gtest.h>

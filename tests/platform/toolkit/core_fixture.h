@@ -1,10 +1,10 @@
 #pragma once
 
-#include "platform/toolkit/application.h"
-#include "platform/toolkit/custom_control.h"
-#include "platform/toolkit/form.h"
-#include "platform/toolkit/panel.h"
-#include "platform/toolkit/screen.h"
+#include "platform/toolkit/controls/panel.h"
+#include "platform/toolkit/core/application.h"
+#include "platform/toolkit/core/custom_control.h"
+#include "platform/toolkit/core/form.h"
+#include "platform/toolkit/core/screen.h"
 #include "platform/toolkit/user_input.h"
 
 #include <string>

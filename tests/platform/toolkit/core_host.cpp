@@ -1,6 +1,6 @@
 #include "core_fixture.h"
 
-#include "platform/toolkit/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_bridge.h"
 
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QVBoxLayout>

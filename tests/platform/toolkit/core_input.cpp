@@ -1,8 +1,8 @@
 #include "core_fixture.h"
 
-#include "platform/toolkit/button.h"
-#include "platform/toolkit/edit.h"
-#include "platform/toolkit/list.h"
+#include "platform/toolkit/controls/button.h"
+#include "platform/toolkit/controls/edit.h"
+#include "platform/toolkit/core/list.h"
 
 #include <gtest/gtest.h>
 

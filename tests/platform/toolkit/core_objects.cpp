@@ -1,7 +1,7 @@
 #include "core_fixture.h"
 
-#include "platform/toolkit/list.h"
-#include "platform/toolkit/strings.h"
+#include "platform/toolkit/core/list.h"
+#include "platform/toolkit/core/strings.h"
 
 #include <functional>
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 #include "core_fixture.h"
 
-#include "platform/toolkit/dock_manager.h"
-#include "platform/toolkit/font.h"
-#include "platform/toolkit/list.h"
+#include "platform/toolkit/core/dock_manager.h"
+#include "platform/toolkit/core/list.h"
+#include "platform/toolkit/graphics/font.h"
 
 #include <gtest/gtest.h>
 #include <memory>

@@ -1,4 +1,4 @@
-#include "platform/toolkit/grid_axis.h"
+#include "platform/toolkit/grids/grid_axis.h"
 
 #include <gtest/gtest.h>
 #include <random>

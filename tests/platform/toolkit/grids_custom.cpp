@@ -1,7 +1,7 @@
 #include "grids_fixture.h"
 
-#include "platform/toolkit/color_grid.h"
-#include "platform/toolkit/string_grid.h"
+#include "platform/toolkit/grids/color_grid.h"
+#include "platform/toolkit/grids/string_grid.h"
 
 #include <algorithm>
 #include <chrono>

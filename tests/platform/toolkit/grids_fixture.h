@@ -1,9 +1,9 @@
 #pragma once
 
-#include "platform/toolkit/draw_grid.h"
-#include "platform/toolkit/edit.h"
-#include "platform/toolkit/form.h"
-#include "platform/toolkit/inplace_edit.h"
+#include "platform/toolkit/controls/edit.h"
+#include "platform/toolkit/core/form.h"
+#include "platform/toolkit/grids/draw_grid.h"
+#include "platform/toolkit/grids/inplace_edit.h"
 #include "platform/toolkit/user_input.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
-#include "platform/winapi/main_thread.h"
+#include "platform/winapi/detail/main_thread.h"
 
-#include "platform/toolkit/application.h"
+#include "platform/toolkit/core/application.h"
 
 #include <gtest/gtest.h>
 #include <thread>

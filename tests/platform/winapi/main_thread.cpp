@@ -1,4 +1,4 @@
-#include "platform/winapi/main_thread.h"
+#include "platform/winapi/detail/main_thread.h"
 
 #include "platform/winapi/key_state.h"
 

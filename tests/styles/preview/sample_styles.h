@@ -4,8 +4,8 @@
 #include "platform/basic/vx_fnt_type.h"
 #include "platform/basic/vx_options.h"
 #include "platform/styles/vxk_styles.h"
-#include "platform/toolkit/bitmap.h"
-#include "platform/toolkit/canvas.h"
+#include "platform/toolkit/graphics/bitmap.h"
+#include "platform/toolkit/graphics/canvas.h"
 
 #include <cmath>
 #include <gtest/gtest.h>

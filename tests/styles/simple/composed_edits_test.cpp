@@ -7,7 +7,7 @@
 #include "platform/storage/vx_xml_data.h"
 #include "platform/styles/vx_global_lib_styles.h"
 #include "platform/styles/vx_style_lib.h"
-#include "platform/toolkit/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_bridge.h"
 #include "platform/winapi/file.h"
 
 #include <QApplication>

@@ -10,8 +10,8 @@
 #include "platform/styles/vx_stl_mngr.h"
 #include "platform/styles/vx_stl_mngr_list.h"
 #include "platform/styles/vx_txt_style.h"
-#include "platform/toolkit/bitmap.h"
-#include "platform/toolkit/canvas.h"
+#include "platform/toolkit/graphics/bitmap.h"
+#include "platform/toolkit/graphics/canvas.h"
 #include "platform/winapi/library.h"
 
 namespace input = vx::user_input;

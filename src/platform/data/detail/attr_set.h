@@ -1,0 +1,61 @@
+#pragma once
+
+#include "extension/binding/data_source.h"
+#include "extension/binding/feature_visitor.h"
+#include "extension/binding/vector_source.h"
+
+#include "platform/data/detail/attr_column.h"
+#include "platform/data/detail/shape_set.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+/// An open vector data set: its source, its fields, and the columns and shapes that were asked for so far.
+namespace vx::attr {
+struct field
+{
+    std::wstring name;
+    int type; ///< a `Tvx_attr_field_type`
+};
+
+class attr_set
+{
+public:
+    /// Opens the connection string read-only; null, with one sentence in `error`, when that fails.
+    [[nodiscard]] static std::shared_ptr<attr_set> open(std::wstring const &source, std::wstring &error);
+    attr_set(attr_set const &) = delete;
+    attr_set &operator=(attr_set const &) = delete;
+    ~attr_set();
+
+    [[nodiscard]] bool has_vector() const;
+    [[nodiscard]] int geom_type() const { return f_vector.geom_type(); }
+    [[nodiscard]] int grid_count() const { return f_source.grid_count(); }
+    [[nodiscard]] bool extent(Tvx_box_d2 &box) const;
+    [[nodiscard]] std::vector<field> const &fields() const { return f_fields; }
+    [[nodiscard]] std::size_t record_count() const { return f_record_count; }
+
+    /// The column of a field, read from the source at the first call. `index` must be one of `fields`.
+    [[nodiscard]] column const &cells(std::size_t index);
+    /// The shapes, read from the source at the first call; held by whoever asks, so they outlive the set.
+    [[nodiscard]] std::shared_ptr<shape_set const> shapes();
+
+private:
+    explicit attr_set(t_vx_data_source_interface source);
+    void read_fields();
+    /// Hands each feature to `visitor`, in record order, not more than there are records. False when the
+    /// source had something to complain about on the way.
+    bool walk(vx::feature_visitor visitor) const;
+    /// All cells of a field: by the driver's columns if it offers them, else by a walk with a `Reader`.
+    template <class Cells, class Reader>
+    [[nodiscard]] Cells read_column(int field) const;
+
+    vx::data_source f_source;
+    vx::vector_source f_vector;
+    std::vector<field> f_fields;
+    std::vector<std::optional<column>> f_columns;
+    std::shared_ptr<shape_set const> f_shapes;
+    std::size_t f_record_count = 0;
+};
+} // namespace vx::attr

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "platform/layers/detail/layer.h"
+
+#include <vector>
+
+/// A scene; see vx_scn_2d.h.
+struct Ivx_scn_2d final : Ivx_entity, Ivx_entities
+{
+    [[nodiscard]] char const *entity_type() const override { return "scn_2d"; }
+    [[nodiscard]] std::wstring display_name() const override { return caption; }
+    [[nodiscard]] int entity_count() const override { return static_cast<int>(layers.size()); }
+    [[nodiscard]] Ivx_entity *entity_at(int index) const override
+    {
+        return layers[static_cast<std::size_t>(index)].get();
+    }
+
+    [[nodiscard]] bool has(int index) const { return index >= 0 && index < entity_count(); }
+
+    std::wstring caption;
+    bool izotropic = true;
+    std::vector<std::unique_ptr<Ivx_layer>> layers;
+};
+
+/// A list of scenes; see vx_scn_2d.h.
+struct Ivx_scns_2d final : Ivx_entities
+{
+    [[nodiscard]] int entity_count() const override { return static_cast<int>(scenes.size()); }
+    [[nodiscard]] Ivx_entity *entity_at(int index) const override
+    {
+        return scenes[static_cast<std::size_t>(index)].get();
+    }
+
+    std::vector<std::unique_ptr<Ivx_scn_2d>> scenes;
+    int active = 0;
+};

@@ -1,0 +1,169 @@
+#include "platform/render/detail/mngr_painter.h"
+
+#include "platform/data/vx_shape_files.h"
+
+#include <cmath>
+#include <optional>
+
+namespace vx::render {
+namespace {
+using namespace vx::styles;
+
+/// Vertices nearer than this to the one before do not show.
+constexpr double c_vertex_px = 0.3;
+} // namespace
+
+struct mngr_painter::prepared
+{
+    bool visible = false;
+    std::optional<fill_painter> fill;
+    std::optional<line_painter> line;
+    std::optional<point_painter> point;
+    std::optional<point_painter> end;
+    std::optional<point_painter> beg;
+};
+
+mngr_painter::mngr_painter(surface const &target, Tvx_map_view const &view, stl_mngr const &mngr,
+                           Ivx_attr_files *files, variant_of_style variant)
+    : f_target(target), f_view(view), f_mngr(mngr), f_rows(mngr, files), f_variant(variant),
+      f_prepared(f_rows.row_count()), f_symbols(f_prepared.size())
+{
+    f_target.masks = &f_masks;
+}
+
+mngr_painter::~mngr_painter() = default;
+
+mngr_painter::prepared &mngr_painter::row_painter(unsigned row)
+{
+    auto &slot = f_prepared[row];
+    if (slot)
+        return *slot;
+    slot = std::make_unique<prepared>();
+    prepared &p = *slot;
+    p.visible = f_rows.visible(row);
+    if (!p.visible)
+        return p;
+    stl_prm const &prm = f_rows.style(row);
+    if (auto const *pnt = prm.as<pnt_style>(f_variant)) {
+        if (pnt->pnt_visible)
+            p.point.emplace(f_target, pnt->bpnt);
+    } else if (auto const *pln = prm.as<pln_style>(f_variant)) {
+        if (pln->pln_visible)
+            p.line.emplace(f_target, pln->bpln);
+        if (pln->pnt_visible)
+            p.point.emplace(f_target, pln->bpnt);
+        if (pln->end_visible)
+            p.end.emplace(f_target, pln->bend);
+        if (pln->beg_visible)
+            p.beg.emplace(f_target, pln->bbeg);
+    } else if (auto const *pgn = prm.as<pgn_style>(f_variant)) {
+        if (pgn->pgn_visible)
+            p.fill.emplace(f_target, pgn->bpgn);
+        if (pgn->pln_visible)
+            p.line.emplace(f_target, pgn->bpln);
+        if (pgn->pnt_visible)
+            p.point.emplace(f_target, pgn->bpnt);
+    }
+    if (p.point)
+        f_symbols[row] = {p.point->mask(), p.point->color()};
+    return p;
+}
+
+void mngr_painter::load_parts(Tvx_shape_view const &shape)
+{
+    f_parts.resize(static_cast<std::size_t>(shape.part_count));
+    for (int i = 0; i < shape.part_count; ++i) {
+        px_line &part = f_parts[static_cast<std::size_t>(i)];
+        part.clear();
+        unsigned const end = shape.part_starts[i + 1];
+        for (unsigned k = shape.part_starts[i]; k < end; ++k) {
+            Tvx_pnt_d2 const p{f_view.world_to_px_x(shape.points[k].x),
+                               f_view.world_to_px_y(shape.points[k].y)};
+            bool const last = k + 1 == end;
+            if (last || part.empty() || std::abs(p.x - part.back().x) > c_vertex_px ||
+                std::abs(p.y - part.back().y) > c_vertex_px)
+                part.push_back(p);
+        }
+    }
+}
+
+void mngr_painter::draw(unsigned record, Tvx_shape_view const &shape)
+{
+    if (shape.part_count <= 0)
+        return;
+    unsigned const row = f_rows.row_of(record);
+    double const angle = f_rows.angle_of(record);
+    if (shape.kind == c_shape_point && angle == 0 && f_symbols[row].mask) {
+        draw_symbols(f_symbols[row], shape);
+        return;
+    }
+    prepared &with = row_painter(row);
+    if (!with.visible)
+        return;
+    switch (shape.kind) {
+    case c_shape_point:
+        return draw_points(with, shape, angle);
+    case c_shape_polyline:
+        load_parts(shape);
+        return draw_lines(with, angle);
+    case c_shape_polygon:
+        load_parts(shape);
+        return draw_areas(with, angle);
+    case c_shape_none:
+        return;
+    }
+}
+
+void mngr_painter::draw_symbols(plain_symbol const &symbol, Tvx_shape_view const &shape)
+{
+    constexpr double c_far = 1e6; // off every picture, and safe to turn into an int
+    unsigned const end = shape.part_starts[shape.part_count];
+    for (unsigned k = shape.part_starts[0]; k < end; ++k) {
+        double const x = f_view.world_to_px_x(shape.points[k].x);
+        double const y = f_view.world_to_px_y(shape.points[k].y);
+        if (std::abs(x) < c_far && std::abs(y) < c_far)
+            symbol.mask->blend(f_target, {x, y}, symbol.color);
+    }
+}
+
+void mngr_painter::draw_points(prepared &with, Tvx_shape_view const &shape, double angle)
+{
+    if (!with.point)
+        return;
+    double const turn = f_mngr.rotate_flag ? angle : 0;
+    unsigned const end = shape.part_starts[shape.part_count];
+    for (unsigned k = shape.part_starts[0]; k < end; ++k)
+        with.point->draw({f_view.world_to_px_x(shape.points[k].x), f_view.world_to_px_y(shape.points[k].y)},
+                         turn);
+}
+
+void mngr_painter::draw_lines(prepared &with, double angle)
+{
+    double const turn = f_mngr.rotate_flag ? angle : 0;
+    if (with.line)
+        for (px_line const &part : f_parts)
+            with.line->draw(part);
+    for (px_line const &part : f_parts) {
+        if (part.empty())
+            continue;
+        if (with.point)
+            for (Tvx_pnt_d2 const &at : part)
+                with.point->draw(at, turn);
+        if (with.end)
+            with.end->draw(part.back(), turn);
+        if (with.beg)
+            with.beg->draw(part.front(), turn);
+    }
+}
+
+void mngr_painter::draw_areas(prepared &with, double angle)
+{
+    if (with.fill)
+        with.fill->draw(f_parts, f_mngr.rotate_hatch_flag ? angle : 0, f_mngr.rotate_spot_flag ? angle : 0);
+    // Rings may come without their first vertex at the end.
+    for (px_line &ring : f_parts)
+        if (ring.size() > 2 && ring.front() != ring.back())
+            ring.push_back(ring.front());
+    draw_lines(with, angle);
+}
+} // namespace vx::render

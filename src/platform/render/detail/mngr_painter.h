@@ -1,0 +1,54 @@
+#pragma once
+
+#include "platform/render/detail/point_mask.h"
+#include "platform/render/detail/scale_rows.h"
+#include "platform/render/detail/style_painter.h"
+#include "platform/render/vx_map_view.h"
+#include "platform/styles/detail/mngr_model.h"
+
+#include <memory>
+#include <vector>
+
+struct Ivx_attr_files;
+struct Tvx_shape_view;
+
+namespace vx::render {
+/// Draws shapes on a surface with one style manager.
+class mngr_painter
+{
+public:
+    mngr_painter(surface const &target, Tvx_map_view const &view, styles::stl_mngr const &mngr,
+                 Ivx_attr_files *files, styles::variant_of_style variant);
+    mngr_painter(mngr_painter const &) = delete;
+    mngr_painter &operator=(mngr_painter const &) = delete;
+    ~mngr_painter();
+
+    void draw(unsigned record, Tvx_shape_view const &shape);
+
+private:
+    struct prepared;
+    /// What a row of plain symbols needs, close together: a scale may have very many rows.
+    struct plain_symbol
+    {
+        point_mask const *mask = nullptr;
+        Tvx_color color;
+    };
+    [[nodiscard]] prepared &row_painter(unsigned row);
+    void draw_symbols(plain_symbol const &symbol, Tvx_shape_view const &shape);
+    void draw_points(prepared &with, Tvx_shape_view const &shape, double angle);
+    void draw_lines(prepared &with, double angle);
+    void draw_areas(prepared &with, double angle);
+    /// The parts in pixels, less vertices that fall on the one before.
+    void load_parts(Tvx_shape_view const &shape);
+
+    surface f_target;
+    mask_cache f_masks;
+    Tvx_map_view f_view;
+    styles::stl_mngr const &f_mngr;
+    row_source f_rows;
+    styles::variant_of_style f_variant;
+    std::vector<std::unique_ptr<prepared>> f_prepared;
+    std::vector<plain_symbol> f_symbols;
+    std::vector<px_line> f_parts;
+};
+} // namespace vx::render

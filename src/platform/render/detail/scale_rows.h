@@ -1,0 +1,50 @@
+#pragma once
+
+#include "platform/styles/detail/mngr_model.h"
+
+#include <memory>
+#include <vector>
+
+struct Ivx_attr_files;
+
+namespace vx::render {
+/// Which row of a manager's scale in force a record falls in, and what that row draws with. This is the one
+/// place that decides it: drawing and counting both ask here. Rows are 0 for a simple style, the only one;
+/// the entries in order and behind them the other entry for value and rule scales; those of `rng_scale` for
+/// range scales.
+///
+/// Every record falls in exactly one row: of value entries of the same text, of ranges that overlap and of
+/// rules that match alike the first one counts. A record without a value, or of a table without the field,
+/// is an empty text to a value scale and in the other row of a range scale. A rule whose text is no filter
+/// matches nothing.
+class row_source
+{
+public:
+    /// `files` may be null: every record then falls in the other row. Both must outlive the object.
+    row_source(styles::stl_mngr const &mngr, Ivx_attr_files *files);
+    row_source(row_source const &) = delete;
+    row_source &operator=(row_source const &) = delete;
+    ~row_source();
+
+    [[nodiscard]] unsigned row_count() const;
+    [[nodiscard]] unsigned row_of(unsigned record) const;
+    [[nodiscard]] styles::stl_prm const &style(unsigned row) const;
+    [[nodiscard]] bool visible(unsigned row) const;
+    /// Rotation of the record's symbol in degrees, counter-clockwise; 0 when the manager does not rotate.
+    [[nodiscard]] double angle_of(unsigned record) const;
+
+private:
+    struct rules;
+    [[nodiscard]] unsigned row_of_text(unsigned record) const;
+    [[nodiscard]] styles::scale_prm const *entry(unsigned row) const;
+    /// The scale in force if it is one of entries.
+    [[nodiscard]] styles::val_scale const *entries() const;
+
+    styles::stl_mngr const &f_mngr;
+    Ivx_attr_files *f_files;
+    std::unique_ptr<rules> f_rules;
+    mutable std::vector<int> f_known_rows; ///< by the numbers of texts; -1 is not asked for yet
+    int f_field = -1;
+    int f_rotate_field = -1;
+};
+} // namespace vx::render

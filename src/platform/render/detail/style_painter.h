@@ -1,0 +1,76 @@
+#pragma once
+
+#include "platform/render/dc_priv.h"
+#include "platform/render/detail/geom_clip.h"
+#include "platform/styles/detail/style_model.h"
+
+#include <memory>
+#include <span>
+
+/// Base styles made ready to draw many objects on one surface. Coordinates are pixels, y downwards. Style and
+/// surface must outlive their painter.
+namespace vx::render {
+struct point_mask;
+
+/// How often a painter is going to draw: preparing a picture of a symbol pays for many.
+enum class use_of_painter : unsigned char
+{
+    few,
+    many
+};
+
+class point_painter
+{
+public:
+    point_painter(surface const &target, styles::bpnt_style const &style,
+                  use_of_painter use = use_of_painter::many);
+    point_painter(surface const &target, styles::cpx_style const &style,
+                  use_of_painter use = use_of_painter::many);
+    point_painter(point_painter &&) noexcept;
+    ~point_painter();
+
+    /// `angle` in degrees, counter-clockwise. A symbol that is not turned is put on the grid of pixels.
+    void draw(Tvx_pnt_d2 at, double angle = 0);
+    /// How far from its anchor the symbol reaches, in pixels.
+    [[nodiscard]] double reach() const;
+    /// The mask that stands for the whole symbol in its colour while it is not turned, or null.
+    [[nodiscard]] point_mask const *mask() const;
+    [[nodiscard]] Tvx_color color() const;
+
+private:
+    struct impl;
+    std::unique_ptr<impl> f_impl;
+};
+
+class line_painter
+{
+public:
+    line_painter(surface const &target, styles::bpln_style const &style);
+    line_painter(surface const &target, styles::cpx_style const &style);
+    line_painter(line_painter &&) noexcept;
+    ~line_painter();
+
+    /// A ring comes with its first vertex repeated at the end.
+    void draw(std::span<Tvx_pnt_d2 const> line);
+    [[nodiscard]] double reach() const;
+
+private:
+    struct impl;
+    std::unique_ptr<impl> f_impl;
+};
+
+class fill_painter
+{
+public:
+    fill_painter(surface const &target, styles::bpgn_style const &style);
+    fill_painter(fill_painter &&) noexcept;
+    ~fill_painter();
+
+    /// The area that lies in an odd number of rings; the angles turn hatches and spots.
+    void draw(std::span<px_line const> rings, double hatch_angle = 0, double spot_angle = 0);
+
+private:
+    struct impl;
+    std::unique_ptr<impl> f_impl;
+};
+} // namespace vx::render

@@ -1,0 +1,93 @@
+#include "platform/storage/detail/storage_state.h"
+
+#include "platform/basic/engine_captions.h"
+#include "platform/winapi/file.h"
+
+#include <utility>
+
+namespace vx::storage {
+namespace {
+Tvx_storage_error_handler &error_handler()
+{
+    static Tvx_storage_error_handler handler = nullptr;
+    return handler;
+}
+} // namespace
+
+bool done(Ivx_xml_data *xml, std::wstring error)
+{
+    bool const good = error.empty();
+    if (xml)
+        xml->error = std::move(error);
+    return good;
+}
+
+bool saved(Ivx_xml_data *xml, std::wstring const &error)
+{
+    if (!error.empty())
+        vx_storage_report_error(error.c_str());
+    return done(xml, error);
+}
+
+std::optional<std::string> file_bytes(wchar_t const *file, std::wstring &error)
+{
+    return vx_file_read(file ? file : L"", error, c_xml_size_limit);
+}
+
+std::wstring fault_text(xml_fault fault, wchar_t const *file)
+{
+    switch (fault) {
+    case xml_fault::none:
+        return {};
+    case xml_fault::newer:
+        return vx_res_format_w(c_capt_file_newer, file);
+    case xml_fault::other:
+        return vx_res_format_w(c_capt_file_other, file);
+    case xml_fault::damaged:
+        break;
+    }
+    return vx_res_format_w(c_capt_file_damaged, file);
+}
+
+std::wstring save_bytes(wchar_t const *file, std::string const &bytes)
+{
+    if (bytes.empty())
+        return vx_res_format_w(c_capt_too_large_to_save, file ? file : L"");
+    std::wstring error;
+    bool const good = vx_save_atomic(file ? file : L"", bytes, error);
+    return good ? std::wstring() : error;
+}
+} // namespace vx::storage
+
+using namespace vx::storage;
+
+Ivx_xml_data *vx_xml_save_style_create()
+{
+    return new Ivx_xml_data;
+}
+
+void vx_xml_save_style_destroy(Ivx_xml_data *xml)
+{
+    delete xml;
+}
+
+void vx_xml_data_destroy(Ivx_xml_data *xml)
+{
+    delete xml;
+}
+
+void vx_xml_data_get_error_w(Ivx_xml_data const *xml, Ivx_string_adp *error)
+{
+    vx_string_adp_feed(error, xml ? xml->error.c_str() : L"");
+}
+
+Tvx_storage_error_handler vx_storage_set_error_handler(Tvx_storage_error_handler handler)
+{
+    return std::exchange(error_handler(), handler);
+}
+
+void vx_storage_report_error(wchar_t const *text)
+{
+    if (auto const handler = error_handler(); handler && text)
+        handler(text);
+}

@@ -1,0 +1,543 @@
+#include "platform/toolkit/controls/combo_box.h"
+
+#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/core/strings.h"
+#include "platform/toolkit/graphics/canvas.h"
+
+#include <QComboBox>
+#include <QCompleter>
+#include <QLineEdit>
+#include <QListView>
+#include <QPainter>
+#include <QStylePainter>
+#include <QStyledItemDelegate>
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace {
+constexpr int c_object_role = Qt::UserRole;
+constexpr int c_text_inset = 2;
+constexpr int c_no_limit = 0x7FFF;
+} // namespace
+
+/// Tells when its list opens and closes, and lets the control draw the chosen item.
+class TCustomComboBox::box final : public QComboBox
+{
+public:
+    TCustomComboBox *owner = nullptr;
+    bool opening = false;
+
+    /// The list opens below the box, as long as `DropDownCount` says. A style that would rather lay it over
+    /// the box measures every text for that, which takes long for thousands of them.
+    void initStyleOption(QStyleOptionComboBox *option) const override
+    {
+        QComboBox::initStyleOption(option);
+        if (opening)
+            option->editable = true;
+    }
+    void showPopup() override
+    {
+        vx_event_scope const scope;
+        if (owner && !owner->IsDestroying() && !owner->f_dropped) {
+            owner->f_dropped = true;
+            owner->DropDown();
+        }
+        opening = true;
+        QComboBox::showPopup();
+        opening = false;
+    }
+    void hidePopup() override
+    {
+        QComboBox::hidePopup();
+        vx_event_scope const scope;
+        if (owner && !owner->IsDestroying() && owner->f_dropped) {
+            owner->f_dropped = false;
+            owner->CloseUp();
+        }
+    }
+
+protected:
+    void paintEvent(QPaintEvent *event) override
+    {
+        if (!owner || !owner->owner_drawn())
+            return QComboBox::paintEvent(event);
+        QStylePainter painter(this);
+        QStyleOptionComboBox option;
+        initStyleOption(&option);
+        painter.drawComplexControl(QStyle::CC_ComboBox, option);
+        if (currentIndex() < 0)
+            return;
+        QRect const field =
+            style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+        TOwnerDrawState state{odComboBoxEdit};
+        if (hasFocus())
+            state.Include(odFocused);
+        if (!isEnabled())
+            state.Include(odDisabled);
+        painter.setClipRect(field);
+        owner->draw(&painter, currentIndex(), vx_rect(field), state);
+    }
+};
+
+class TCustomComboBox::delegate final : public QStyledItemDelegate
+{
+public:
+    explicit delegate(TCustomComboBox *owner) : f_owner(owner) {}
+
+    void paint(QPainter *painter, QStyleOptionViewItem const &option, QModelIndex const &index) const override
+    {
+        if (!f_owner->owner_drawn())
+            return QStyledItemDelegate::paint(painter, option, index);
+        TOwnerDrawState state;
+        if (option.state & QStyle::State_Selected)
+            state.Include(odSelected);
+        if (option.state & QStyle::State_HasFocus)
+            state.Include(odFocused);
+        if (!(option.state & QStyle::State_Enabled))
+            state.Include(odDisabled);
+        f_owner->draw(painter, index.row(), vx_rect(option.rect), state);
+    }
+    QSize sizeHint(QStyleOptionViewItem const &option, QModelIndex const &index) const override
+    {
+        QSize size = QStyledItemDelegate::sizeHint(option, index);
+        if (!f_owner->owner_drawn())
+            return size;
+        int height = f_owner->f_item_height;
+        if (f_owner->f_style == csOwnerDrawVariable)
+            f_owner->MeasureItem(index.row(), height);
+        size.setHeight(std::max(height, 1));
+        return size;
+    }
+
+private:
+    TCustomComboBox *f_owner;
+};
+
+/// The items in the list of the widget. No change of them is a choice of the user.
+class TCustomComboBox::strings final : public TStrings
+{
+public:
+    explicit strings(TCustomComboBox *owner) : f_owner(owner) {}
+
+    int GetCount() const override { return native()->count(); }
+    UnicodeString GetStrings(int index) const override
+    {
+        return vx_unicode_string(native()->itemText(checked(index)));
+    }
+    void SetStrings(int index, UnicodeString const &text) override
+    {
+        native()->setItemText(checked(index), vx_qt_string(text));
+        f_owner->remember();
+    }
+    TObject *GetObjects(int index) const override
+    {
+        return reinterpret_cast<TObject *>(native()->itemData(checked(index), c_object_role).toULongLong());
+    }
+    void SetObjects(int index, TObject *object) override
+    {
+        native()->setItemData(checked(index), QVariant::fromValue(reinterpret_cast<qulonglong>(object)),
+                              c_object_role);
+    }
+    int AddObject(UnicodeString const &text, TObject *object) override
+    {
+        int index = GetCount();
+        if (f_owner->f_sorted) {
+            index = 0;
+            while (index < GetCount() && vx_compare_text(GetStrings(index), text) <= 0)
+                ++index;
+        }
+        InsertObject(index, text, object);
+        return index;
+    }
+    void InsertObject(int index, UnicodeString const &text, TObject *object) override
+    {
+        if (index < 0 || index > GetCount())
+            throw std::out_of_range("item");
+        QComboBox *box = native();
+        bool const none = box->currentIndex() < 0;
+        QString const typed = box->currentText();
+        box->insertItem(index, vx_qt_string(text));
+        // The widget chooses the first item that comes.
+        if (none)
+            box->setCurrentIndex(-1);
+        if (box->isEditable())
+            box->setEditText(typed);
+        SetObjects(index, object);
+        f_owner->remember();
+    }
+    void Delete(int index) override
+    {
+        QComboBox *box = native();
+        QString const typed = box->currentText();
+        if (box->currentIndex() == checked(index))
+            box->setCurrentIndex(-1);
+        box->removeItem(index);
+        if (box->isEditable())
+            box->setEditText(typed);
+        f_owner->remember();
+    }
+    void Clear() override
+    {
+        native()->clear();
+        f_owner->remember();
+    }
+
+private:
+    QComboBox *native() const { return vx_qt_as<QComboBox>(f_owner); }
+    int checked(int index) const
+    {
+        if (index < 0 || index >= GetCount())
+            throw std::out_of_range("item");
+        return index;
+    }
+
+    TCustomComboBox *f_owner;
+};
+
+TCustomComboBox::TCustomComboBox(TComponent *owner)
+    : TWinControl(owner, vx_make_widget<box>()), f_items(std::make_unique<strings>(this)),
+      f_canvas(std::make_unique<TCanvas>())
+{
+    ControlStyle.Exclude(csClickEvents);
+    ControlStyle.Exclude(csSetCaption);
+    SetTabStop(true);
+    SetBounds(0, 0, 145, 23);
+    native()->owner = this;
+    native()->setInsertPolicy(QComboBox::NoInsert);
+    native()->setMaxVisibleItems(8);
+    native()->view()->setTextElideMode(Qt::ElideRight);
+    auto *drawer = new delegate(this);
+    drawer->setParent(native());
+    native()->setItemDelegate(drawer);
+    vx_connect(this, native(), &QComboBox::activated, [this](int index) { user_chose(index); });
+    SetStyle(csDropDown);
+}
+
+TCustomComboBox::~TCustomComboBox()
+{
+    if (box *widget = native())
+        widget->owner = nullptr;
+}
+
+TCustomComboBox::box *TCustomComboBox::native() const
+{
+    return vx_qt_as<box>(this);
+}
+
+bool TCustomComboBox::owner_drawn() const
+{
+    return f_style == csOwnerDrawFixed || f_style == csOwnerDrawVariable;
+}
+
+bool TCustomComboBox::has_edit() const
+{
+    return native()->isEditable();
+}
+
+void TCustomComboBox::remember()
+{
+    f_last_index = native()->currentIndex();
+    f_last_text = GetText();
+}
+
+void TCustomComboBox::user_chose(int index)
+{
+    // The same item again is no change; nor is an item whose text was typed before.
+    UnicodeString const text = GetText();
+    bool const changed =
+        has_edit() ? !(text == f_last_text) && text == f_items->GetStrings(index) : index != f_last_index;
+    remember();
+    if (!changed)
+        return Reselect();
+    Click();
+    Select();
+}
+
+void TCustomComboBox::user_typed()
+{
+    remember();
+    Change();
+}
+
+void TCustomComboBox::Select()
+{
+    if (OnSelect)
+        OnSelect(this);
+    else
+        Change();
+}
+
+void TCustomComboBox::Change()
+{
+    OnChange(this);
+}
+
+void TCustomComboBox::DropDown()
+{
+    OnDropDown(this);
+    native()->view()->setMinimumWidth(f_drop_down_width > 0 ? f_drop_down_width : text_width());
+}
+
+/// Room for the text of the most characters: that is the longest one, or nearly so, and the only one to
+/// measure.
+int TCustomComboBox::text_width() const
+{
+    QAbstractItemModel const *const model = native()->model();
+    int const column = native()->modelColumn();
+    qsizetype most = 0;
+    QModelIndex longest;
+    for (int row = 0; row < native()->count(); ++row) {
+        QModelIndex const index = model->index(row, column);
+        qsizetype const length = index.data().toString().size();
+        if (length > most) {
+            most = length;
+            longest = index;
+        }
+    }
+    if (!longest.isValid())
+        return 0;
+    int const room = native()->view()->sizeHintForIndex(longest).width() +
+                     native()->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, native());
+    return std::min(room, native()->screen()->availableGeometry().width() / 2);
+}
+
+void TCustomComboBox::CloseUp()
+{
+    OnCloseUp(this);
+}
+
+void TCustomComboBox::SetItems(TStrings const *items)
+{
+    f_items->Assign(items);
+}
+
+void TCustomComboBox::SetItemTexts(std::span<UnicodeString const> texts)
+{
+    QStringList list;
+    list.reserve(static_cast<qsizetype>(texts.size()));
+    for (UnicodeString const &text : texts)
+        list.append(vx_qt_string(text));
+    box *const widget = native();
+    QString const typed = widget->currentText();
+    widget->clear();
+    widget->addItems(list);
+    widget->setCurrentIndex(-1);
+    if (has_edit())
+        widget->setEditText(typed);
+    remember();
+}
+
+void TCustomComboBox::AddItem(UnicodeString const &text, TObject *object)
+{
+    f_items->AddObject(text, object);
+}
+
+void TCustomComboBox::Clear()
+{
+    f_items->Clear();
+    if (has_edit())
+        SetText(UnicodeString());
+}
+
+int TCustomComboBox::GetItemIndex() const
+{
+    int const index = native()->currentIndex();
+    if (index >= 0 && has_edit() && native()->itemText(index) != native()->currentText())
+        return -1;
+    return index;
+}
+
+void TCustomComboBox::SetItemIndex(int index)
+{
+    if (index < -1 || index >= f_items->GetCount())
+        index = -1;
+    native()->setCurrentIndex(index);
+    // An unchanged number does not bring the text of the item back by itself.
+    if (has_edit())
+        native()->setEditText(index < 0 ? QString() : native()->itemText(index));
+    remember();
+}
+
+UnicodeString TCustomComboBox::GetText() const
+{
+    return vx_unicode_string(native()->currentText());
+}
+
+void TCustomComboBox::SetText(UnicodeString const &text)
+{
+    if (!has_edit())
+        return SetItemIndex(f_items->IndexOf(text));
+    native()->setEditText(vx_qt_string(text));
+    remember();
+}
+
+void TCustomComboBox::SetStyle(TComboBoxStyle style)
+{
+    f_style = style;
+    bool const edit = style == csDropDown || style == csSimple;
+    box *widget = native();
+    if (edit != widget->isEditable()) {
+        int const index = widget->currentIndex();
+        // The edit hands its focus on to the box; at its end, which comes later, it would take it from there.
+        if (!edit)
+            widget->lineEdit()->setFocusProxy(nullptr);
+        widget->setEditable(edit);
+        widget->setCurrentIndex(index);
+        if (edit)
+            vx_connect(this, widget->lineEdit(), &QLineEdit::textEdited,
+                       [this](QString const &) { user_typed(); });
+    }
+    static_cast<QListView *>(widget->view())->setUniformItemSizes(style != csOwnerDrawVariable);
+    remember();
+    Invalidate();
+}
+
+int TCustomComboBox::GetDropDownCount() const
+{
+    return native()->maxVisibleItems();
+}
+
+void TCustomComboBox::SetDropDownCount(int count)
+{
+    native()->setMaxVisibleItems(std::max(count, 1));
+}
+
+bool TCustomComboBox::GetDroppedDown() const
+{
+    return f_dropped;
+}
+
+void TCustomComboBox::SetDroppedDown(bool down)
+{
+    if (down == f_dropped)
+        return;
+    if (down)
+        native()->showPopup();
+    else
+        native()->hidePopup();
+}
+
+void TCustomComboBox::SetSorted(bool sorted)
+{
+    f_sorted = sorted;
+    if (!sorted)
+        return;
+    TStringList list;
+    list.Assign(f_items.get());
+    list.Sort();
+    f_items->Assign(&list);
+}
+
+void TCustomComboBox::SetItemHeight(int height)
+{
+    f_item_height = std::max(height, 1);
+}
+
+void TCustomComboBox::SetDropDownWidth(int width)
+{
+    f_drop_down_width = width;
+}
+
+bool TCustomComboBox::GetAutoComplete() const
+{
+    return has_edit() && native()->completer();
+}
+
+void TCustomComboBox::SetAutoComplete(bool value)
+{
+    if (!has_edit() || value == GetAutoComplete())
+        return;
+    if (!value)
+        return native()->setCompleter(nullptr);
+    auto *completer = new QCompleter(native()->model(), native());
+    completer->setCompletionMode(QCompleter::InlineCompletion);
+    completer->setCaseSensitivity(Qt::CaseInsensitive);
+    native()->setCompleter(completer);
+}
+
+int TCustomComboBox::GetMaxLength() const
+{
+    if (!has_edit() || native()->lineEdit()->maxLength() == c_no_limit)
+        return 0;
+    return native()->lineEdit()->maxLength();
+}
+
+void TCustomComboBox::SetMaxLength(int length)
+{
+    if (has_edit())
+        native()->lineEdit()->setMaxLength(length > 0 ? length : c_no_limit);
+}
+
+int TCustomComboBox::GetSelStart() const
+{
+    if (!has_edit())
+        return 0;
+    QLineEdit const *edit = native()->lineEdit();
+    return edit->hasSelectedText() ? edit->selectionStart() : edit->cursorPosition();
+}
+
+void TCustomComboBox::SetSelStart(int position)
+{
+    if (has_edit())
+        native()->lineEdit()->setSelection(std::clamp(position, 0, GetText().Length()), 0);
+}
+
+int TCustomComboBox::GetSelLength() const
+{
+    return has_edit() ? static_cast<int>(native()->lineEdit()->selectedText().size()) : 0;
+}
+
+void TCustomComboBox::SetSelLength(int length)
+{
+    if (has_edit())
+        native()->lineEdit()->setSelection(GetSelStart(),
+                                           std::clamp(length, 0, GetText().Length() - GetSelStart()));
+}
+
+void TCustomComboBox::SelectAll()
+{
+    if (has_edit())
+        native()->lineEdit()->selectAll();
+}
+
+void TCustomComboBox::draw(void *painter, int index, TRect const &rect, TOwnerDrawState const &state)
+{
+    f_canvas->Attach(static_cast<vx_native_painter *>(painter));
+    bool const selected = state.Contains(odSelected);
+    f_canvas->SetFont(GetFont());
+    f_canvas->GetBrush()->SetColor(selected                         ? clHighlight
+                                   : state.Contains(odComboBoxEdit) ? clNone
+                                                                    : clWindow);
+    if (state.Contains(odComboBoxEdit))
+        f_canvas->GetBrush()->SetStyle(bsClear);
+    if (selected)
+        f_canvas->GetFont()->SetColor(clHighlightText);
+    else if (state.Contains(odDisabled))
+        f_canvas->GetFont()->SetColor(clGrayText);
+    f_canvas->FillRect(rect);
+    DrawItem(index, rect, state);
+    if (state.Contains(odFocused) && state.Contains(odComboBoxEdit))
+        f_canvas->DrawFocusRect(rect);
+    f_canvas->Detach();
+}
+
+void TCustomComboBox::DrawItem(int index, TRect const &rect, TOwnerDrawState const &state)
+{
+    if (OnDrawItem)
+        return OnDrawItem(this, index, rect, state);
+    UnicodeString const text = f_items->GetStrings(index);
+    f_canvas->TextRect(rect, rect.Left + c_text_inset,
+                       (rect.Top + rect.Bottom - f_canvas->TextHeight(text)) / 2, text);
+}
+
+void TCustomComboBox::MeasureItem(int index, int &height)
+{
+    OnMeasureItem(this, index, height);
+}
+
+bool TCustomComboBox::WantsKey(Word key, TShiftState shift) const
+{
+    // The open list takes these; the closed box leaves them to the form.
+    return (f_dropped && (key == VK_RETURN || key == VK_ESCAPE)) || TWinControl::WantsKey(key, shift);
+}

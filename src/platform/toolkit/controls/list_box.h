@@ -1,0 +1,100 @@
+#pragma once
+
+#include "platform/toolkit/core/win_control.h"
+#include "platform/toolkit/graphics/owner_draw.h"
+
+#include <memory>
+
+class TCanvas;
+class TStrings;
+
+enum TListBoxStyle
+{
+    lbStandard,
+    lbOwnerDrawFixed,
+    lbOwnerDrawVariable
+};
+
+/// A list of texts, 121 by 97. A click on an item, and a key that moves the choice, run `OnClick`;
+/// `SetItemIndex`, `SetSelected` and changes of `Items` run nothing.
+class VX_API TCustomListBox : public TWinControl
+{
+public:
+    explicit TCustomListBox(TComponent *owner);
+    ~TCustomListBox() override;
+
+    [[nodiscard]] TStrings *GetItems() const { return f_items.get(); }
+    void SetItems(TStrings const *items);
+    void AddItem(UnicodeString const &text, TObject *object);
+    void Clear();
+    /// The chosen item from 0, or the one with the focus where several can be chosen; -1 for none.
+    [[nodiscard]] int GetItemIndex() const;
+    void SetItemIndex(int index);
+    [[nodiscard]] bool GetMultiSelect() const { return f_multi_select; }
+    void SetMultiSelect(bool multi);
+    /// With `MultiSelect`: true, the default, Shift and Ctrl choose ranges and single items; false, each
+    /// click turns an item on or off.
+    [[nodiscard]] bool GetExtendedSelect() const { return f_extended_select; }
+    void SetExtendedSelect(bool extended);
+    [[nodiscard]] bool GetSelected(int index) const;
+    void SetSelected(int index, bool selected);
+    [[nodiscard]] int GetSelCount() const;
+    void SelectAll();
+    void ClearSelection();
+    void DeleteSelected();
+    [[nodiscard]] TListBoxStyle GetStyle() const { return f_style; }
+    void SetStyle(TListBoxStyle style);
+    /// Height of a line in the owner-drawn styles.
+    [[nodiscard]] int GetItemHeight() const { return f_item_height; }
+    void SetItemHeight(int height);
+    [[nodiscard]] bool GetSorted() const { return f_sorted; }
+    void SetSorted(bool sorted);
+    /// The first item in sight.
+    [[nodiscard]] int GetTopIndex() const;
+    void SetTopIndex(int index);
+    /// The item at a point of the client area; -1 if there is none, with `existing` false then the number of
+    /// items.
+    [[nodiscard]] int ItemAtPos(TPoint const &pos, bool existing) const;
+    /// In the client area; empty for an item that is not there.
+    [[nodiscard]] TRect ItemRect(int index) const;
+    [[nodiscard]] TBorderStyle GetBorderStyle() const { return f_border_style; }
+    void SetBorderStyle(TBorderStyle style);
+    /// For `OnDrawItem`; open only during it.
+    [[nodiscard]] TCanvas *GetCanvas() const { return f_canvas.get(); }
+
+    TDrawItemEvent OnDrawItem;
+    TMeasureItemEvent OnMeasureItem;
+
+protected:
+    virtual void DrawItem(int index, TRect const &rect, TOwnerDrawState const &state);
+    virtual void MeasureItem(int index, int &height);
+    /// The user turned the check mark of an item, in lists that have them.
+    virtual void CheckClicked(int) {}
+    [[nodiscard]] virtual bool HasChecks() const { return false; }
+
+private:
+    class strings;
+    class delegate;
+    class view;
+    friend class delegate;
+
+    [[nodiscard]] view *native() const;
+    void apply_mode();
+    [[nodiscard]] bool owner_drawn() const;
+    void draw(void *painter, int index, TRect const &rect, TOwnerDrawState const &state);
+
+    std::unique_ptr<TStrings> f_items;
+    std::unique_ptr<TCanvas> f_canvas;
+    TListBoxStyle f_style = lbStandard;
+    TBorderStyle f_border_style = bsSingle;
+    int f_item_height = 16;
+    bool f_multi_select = false;
+    bool f_extended_select = true;
+    bool f_sorted = false;
+};
+
+class VX_API TListBox : public TCustomListBox
+{
+public:
+    using TCustomListBox::TCustomListBox;
+};
