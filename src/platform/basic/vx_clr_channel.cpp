@@ -1,9 +1,11 @@
 #include "platform/basic/vx_clr_channel.h"
 
+#include "platform/base/detail/fields.h"
 #include "platform/base/owned.h"
 
-#include <cmath>
 #include <string>
+
+using namespace vx::fields;
 
 namespace {
 struct channel
@@ -39,61 +41,72 @@ struct rgb_channels
     channel blue;
     channel gray;
 };
-
-channel *channel_of(void *c)
-{
-    return static_cast<channel *>(c);
-}
-channel const *channel_of(void const *c)
-{
-    return static_cast<channel const *>(c);
-}
-rgb_channels *set_of(void *c)
-{
-    return static_cast<rgb_channels *>(c);
-}
-
-bool usable(double value)
-{
-    return std::isfinite(value);
-}
-bool usable(bool)
-{
-    return true;
-}
 } // namespace
 
 void vx_clr_channel_get_prop_name_w(void const *c, Ivx_string_adp *adp)
 {
-    vx_string_adp_feed(adp, c ? channel_of(c)->prop_name.c_str() : L"");
+    feed_text(c, &channel::prop_name, adp);
 }
 
 void vx_clr_channel_set_prop_name_w(void *c, wchar_t const *name)
 {
-    if (c)
-        channel_of(c)->prop_name = name ? name : L"";
+    set_text(c, &channel::prop_name, name);
 }
 
-#define VX_CHANNEL_FIELD(field, type)                                                                        \
-    type vx_clr_channel_get_##field(void const *c)                                                           \
-    {                                                                                                        \
-        return c ? channel_of(c)->field : type{};                                                            \
-    }                                                                                                        \
-    void vx_clr_channel_set_##field(void *c, type value)                                                     \
-    {                                                                                                        \
-        if (c && usable(value))                                                                              \
-            channel_of(c)->field = value;                                                                    \
-    }
-VX_CHANNEL_FIELD(min, double)
-VX_CHANNEL_FIELD(max, double)
-VX_CHANNEL_FIELD(histogramm_default, bool)
-VX_CHANNEL_FIELD(histogramm_min, double)
-VX_CHANNEL_FIELD(histogramm_max, double)
-#undef VX_CHANNEL_FIELD
+double vx_clr_channel_get_min(void const *c)
+{
+    return get(c, &channel::min);
+}
+
+void vx_clr_channel_set_min(void *c, double value)
+{
+    set(c, &channel::min, value);
+}
+
+double vx_clr_channel_get_max(void const *c)
+{
+    return get(c, &channel::max);
+}
+
+void vx_clr_channel_set_max(void *c, double value)
+{
+    set(c, &channel::max, value);
+}
+
+bool vx_clr_channel_get_histogramm_default(void const *c)
+{
+    return get(c, &channel::histogramm_default);
+}
+
+void vx_clr_channel_set_histogramm_default(void *c, bool value)
+{
+    set(c, &channel::histogramm_default, value);
+}
+
+double vx_clr_channel_get_histogramm_min(void const *c)
+{
+    return get(c, &channel::histogramm_min);
+}
+
+void vx_clr_channel_set_histogramm_min(void *c, double value)
+{
+    set(c, &channel::histogramm_min, value);
+}
+
+double vx_clr_channel_get_histogramm_max(void const *c)
+{
+    return get(c, &channel::histogramm_max);
+}
+
+void vx_clr_channel_set_histogramm_max(void *c, double value)
+{
+    set(c, &channel::histogramm_max, value);
+}
 
 Tvx_stat_data *vx_clr_channel_get_stat(void *c)
 {
-    return c ? channel_of(c)->stat.get() : nullptr;
+    auto const *const stat = part(c, &channel::stat);
+    return stat ? stat->get() : nullptr;
 }
 
 void *vx_rgb_channels_create()
@@ -103,36 +116,35 @@ void *vx_rgb_channels_create()
 
 void *vx_rgb_channels_clone(void const *channels)
 {
-    return channels ? new rgb_channels(*static_cast<rgb_channels const *>(channels)) : nullptr;
+    return clone<rgb_channels>(channels);
 }
 
 void vx_rgb_channels_destroy(void *channels)
 {
-    delete set_of(channels);
+    destroy<rgb_channels>(channels);
 }
 
 void vx_rgb_channels_assign(void *target, void const *source)
 {
-    if (target && source && target != source)
-        *set_of(target) = *static_cast<rgb_channels const *>(source);
+    assign<rgb_channels>(target, source);
 }
 
 void *vx_rgb_channels_get_red(void *channels)
 {
-    return channels ? &set_of(channels)->red : nullptr;
+    return part(channels, &rgb_channels::red);
 }
 
 void *vx_rgb_channels_get_green(void *channels)
 {
-    return channels ? &set_of(channels)->green : nullptr;
+    return part(channels, &rgb_channels::green);
 }
 
 void *vx_rgb_channels_get_blue(void *channels)
 {
-    return channels ? &set_of(channels)->blue : nullptr;
+    return part(channels, &rgb_channels::blue);
 }
 
 void *vx_rgb_channels_get_gray(void *channels)
 {
-    return channels ? &set_of(channels)->gray : nullptr;
+    return part(channels, &rgb_channels::gray);
 }

@@ -1,6 +1,10 @@
 #include "platform/basic/vx_fnt_type.h"
 
+#include "platform/base/detail/fields.h"
+
 #include <optional>
+
+using namespace vx::fields;
 
 namespace {
 std::optional<vx_fnt_type> &current_font()
@@ -35,13 +39,12 @@ void vx_fnt_type_destroy(vx_fnt_type *font)
 
 void vx_fnt_type_assign(vx_fnt_type *target, vx_fnt_type const *source)
 {
-    if (target && source)
-        *target = *source;
+    assign<vx_fnt_type>(target, source);
 }
 
 bool vx_fnt_type_equal(vx_fnt_type const *a, vx_fnt_type const *b)
 {
-    return a == b || (a && b && *a == *b);
+    return equal<vx_fnt_type>(a, b);
 }
 
 wchar_t const *vx_fnt_type_get_wname_ptr(vx_fnt_type const *font)
@@ -66,21 +69,45 @@ void vx_fnt_type_set_charset(vx_fnt_type *font, int charset)
         font->charset = static_cast<unsigned char>(charset);
 }
 
-#define VX_FNT_FLAG(flag)                                                                                    \
-    bool vx_fnt_type_get_##flag(vx_fnt_type const *font)                                                     \
-    {                                                                                                        \
-        return font && font->flag;                                                                           \
-    }                                                                                                        \
-    void vx_fnt_type_set_##flag(vx_fnt_type *font, bool on)                                                  \
-    {                                                                                                        \
-        if (font)                                                                                            \
-            font->flag = on;                                                                                 \
-    }
-VX_FNT_FLAG(bold)
-VX_FNT_FLAG(italic)
-VX_FNT_FLAG(underline)
-VX_FNT_FLAG(strikeout)
-#undef VX_FNT_FLAG
+bool vx_fnt_type_get_bold(vx_fnt_type const *font)
+{
+    return get(font, &vx_fnt_type::bold);
+}
+
+void vx_fnt_type_set_bold(vx_fnt_type *font, bool on)
+{
+    set(font, &vx_fnt_type::bold, on);
+}
+
+bool vx_fnt_type_get_italic(vx_fnt_type const *font)
+{
+    return get(font, &vx_fnt_type::italic);
+}
+
+void vx_fnt_type_set_italic(vx_fnt_type *font, bool on)
+{
+    set(font, &vx_fnt_type::italic, on);
+}
+
+bool vx_fnt_type_get_underline(vx_fnt_type const *font)
+{
+    return get(font, &vx_fnt_type::underline);
+}
+
+void vx_fnt_type_set_underline(vx_fnt_type *font, bool on)
+{
+    set(font, &vx_fnt_type::underline, on);
+}
+
+bool vx_fnt_type_get_strikeout(vx_fnt_type const *font)
+{
+    return get(font, &vx_fnt_type::strikeout);
+}
+
+void vx_fnt_type_set_strikeout(vx_fnt_type *font, bool on)
+{
+    set(font, &vx_fnt_type::strikeout, on);
+}
 
 bool vx_fnt_type_has_current_font()
 {

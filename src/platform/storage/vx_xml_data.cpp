@@ -193,16 +193,32 @@ void vx_xml_save_2d_destroy(Ivx_xml_data *xml)
     vx_xml_data_destroy(xml);
 }
 
-#define VX_STYLE_FILE(kind)                                                                                  \
-    bool vx_xml_save_style_load_style_##kind##_file(wchar_t const *file, void *style)                        \
-    {                                                                                                        \
-        return load_style(file, style_kind::kind, style);                                                    \
-    }                                                                                                        \
-    bool vx_xml_save_style_save_style_##kind##_file(wchar_t const *file, void const *style)                  \
-    {                                                                                                        \
-        return save_style(file, style_kind::kind, style);                                                    \
-    }
-VX_STYLE_FILE(pnt)
-VX_STYLE_FILE(pln)
-VX_STYLE_FILE(pgn)
-#undef VX_STYLE_FILE
+bool vx_xml_save_style_load_style_pnt_file(wchar_t const *file, void *style)
+{
+    return load_style(file, style_kind::pnt, style);
+}
+
+bool vx_xml_save_style_save_style_pnt_file(wchar_t const *file, void const *style)
+{
+    return save_style(file, style_kind::pnt, style);
+}
+
+bool vx_xml_save_style_load_style_pln_file(wchar_t const *file, void *style)
+{
+    return load_style(file, style_kind::pln, style);
+}
+
+bool vx_xml_save_style_save_style_pln_file(wchar_t const *file, void const *style)
+{
+    return save_style(file, style_kind::pln, style);
+}
+
+bool vx_xml_save_style_load_style_pgn_file(wchar_t const *file, void *style)
+{
+    return load_style(file, style_kind::pgn, style);
+}
+
+bool vx_xml_save_style_save_style_pgn_file(wchar_t const *file, void const *style)
+{
+    return save_style(file, style_kind::pgn, style);
+}

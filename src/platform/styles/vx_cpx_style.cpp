@@ -1,10 +1,11 @@
 #include "platform/styles/vx_cpx_style.h"
 
+#include "platform/base/detail/fields.h"
 #include "platform/styles/detail/cpx_model.h"
-#include "platform/styles/detail/fields.h"
 
 #include <algorithm>
 
+using namespace vx::fields;
 using namespace vx::styles;
 
 namespace {
@@ -30,28 +31,44 @@ T const *layer_of(void const *layer)
 }
 } // namespace
 
-#define VX_CPX_LIFE(kind)                                                                                    \
-    void *vx_cpx_##kind##_style_create()                                                                     \
-    {                                                                                                        \
-        return new cpx_style(style_kind::kind);                                                              \
-    }                                                                                                        \
-    void vx_cpx_##kind##_style_destroy(void *style)                                                          \
-    {                                                                                                        \
-        delete style_of(style);                                                                              \
-    }
-VX_CPX_LIFE(pnt)
-VX_CPX_LIFE(pln)
-VX_CPX_LIFE(pgn)
+void *vx_cpx_pnt_style_create()
+{
+    return new cpx_style(style_kind::pnt);
+}
+
+void vx_cpx_pnt_style_destroy(void *style)
+{
+    destroy<cpx_style>(style);
+}
+
+void *vx_cpx_pln_style_create()
+{
+    return new cpx_style(style_kind::pln);
+}
+
+void vx_cpx_pln_style_destroy(void *style)
+{
+    destroy<cpx_style>(style);
+}
+
+void *vx_cpx_pgn_style_create()
+{
+    return new cpx_style(style_kind::pgn);
+}
+
+void vx_cpx_pgn_style_destroy(void *style)
+{
+    destroy<cpx_style>(style);
+}
 
 void vx_cpx_style_assign(void *target, void const *source)
 {
-    if (target && source)
-        *style_of(target) = *style_of(source);
+    assign<cpx_style>(target, source);
 }
 
 bool vx_cpx_style_equal(void const *a, void const *b)
 {
-    return a == b || (a && b && *style_of(a) == *style_of(b));
+    return equal<cpx_style>(a, b);
 }
 
 char const *vx_cpx_style_get_type(void const *style)
@@ -117,57 +134,223 @@ void vx_style_lr_assign(void *target, void const *source)
 
 bool vx_style_lr_equal(void const *a, void const *b)
 {
-    return a == b || (a && b && *static_cast<style_lr const *>(a) == *static_cast<style_lr const *>(b));
+    return equal<style_lr>(a, b);
 }
-
-#define VX_LAYER_FIELD(kind, name, field, type)                                                              \
-    type vx_##kind##_lr_get_##name(void const *layer)                                                        \
-    {                                                                                                        \
-        auto const *lr = layer_of<kind##_lr>(layer);                                                         \
-        return lr ? lr->field : type{};                                                                      \
-    }                                                                                                        \
-    void vx_##kind##_lr_set_##name(void *layer, type value)                                                  \
-    {                                                                                                        \
-        auto *lr = layer_of<kind##_lr>(layer);                                                               \
-        if (lr && is_valid(value))                                                                           \
-            lr->field = value;                                                                               \
-    }
-#define VX_LAYER_NESTED(kind, name)                                                                          \
-    void *vx_##kind##_lr_get_##name##_style_ptr(void *layer)                                                 \
-    {                                                                                                        \
-        auto *lr = layer_of<kind##_lr>(layer);                                                               \
-        return lr ? &lr->name.get() : nullptr;                                                               \
-    }
 
 vx_fnt_type *vx_pnt_symb_lr_get_fnt_type_ptr(void *layer)
 {
-    auto *lr = layer_of<pnt_symb_lr>(layer);
-    return lr ? &lr->font : nullptr;
+    return part(layer_of<pnt_symb_lr>(layer), &pnt_symb_lr::font);
 }
 
-VX_LAYER_FIELD(pnt_symb, symbol, symbol, unsigned)
-VX_LAYER_FIELD(pnt_symb, color, color, Tvx_color)
-VX_LAYER_FIELD(pnt_symb, size, size, double)
-VX_LAYER_FIELD(pnt_symb, dx, dx, double)
-VX_LAYER_FIELD(pnt_symb, dy, dy, double)
-VX_LAYER_FIELD(pnt_symb, angle, angle, double)
+unsigned vx_pnt_symb_lr_get_symbol(void const *layer)
+{
+    return get(layer_of<pnt_symb_lr>(layer), &pnt_symb_lr::symbol);
+}
 
-VX_LAYER_FIELD(pnt_figr, lr_figure, figure, int)
-VX_LAYER_FIELD(pnt_figr, color, color, Tvx_color)
-VX_LAYER_FIELD(pnt_figr, size_x, size_x, double)
-VX_LAYER_FIELD(pnt_figr, size_y, size_y, double)
-VX_LAYER_FIELD(pnt_figr, dx, dx, double)
-VX_LAYER_FIELD(pnt_figr, dy, dy, double)
-VX_LAYER_FIELD(pnt_figr, angle, angle, double)
-VX_LAYER_FIELD(pnt_figr, line_width, line_width, double)
+void vx_pnt_symb_lr_set_symbol(void *layer, unsigned value)
+{
+    set(layer_of<pnt_symb_lr>(layer), &pnt_symb_lr::symbol, value);
+}
 
-VX_LAYER_FIELD(pnt_geom, fill, fill, bool)
-VX_LAYER_FIELD(pnt_geom, color, color, Tvx_color)
-VX_LAYER_FIELD(pnt_geom, size, size, double)
-VX_LAYER_FIELD(pnt_geom, dx, dx, double)
-VX_LAYER_FIELD(pnt_geom, dy, dy, double)
-VX_LAYER_FIELD(pnt_geom, angle, angle, double)
-VX_LAYER_FIELD(pnt_geom, line_width, line_width, double)
+Tvx_color vx_pnt_symb_lr_get_color(void const *layer)
+{
+    return get(layer_of<pnt_symb_lr>(layer), &pnt_symb_lr::color);
+}
+
+void vx_pnt_symb_lr_set_color(void *layer, Tvx_color value)
+{
+    set(layer_of<pnt_symb_lr>(layer), &pnt_symb_lr::color, value);
+}
+
+double vx_pnt_symb_lr_get_size(void const *layer)
+{
+    return get(layer_of<pnt_symb_lr>(layer), &pnt_symb_lr::size);
+}
+
+void vx_pnt_symb_lr_set_size(void *layer, double value)
+{
+    set(layer_of<pnt_symb_lr>(layer), &pnt_symb_lr::size, value);
+}
+
+double vx_pnt_symb_lr_get_dx(void const *layer)
+{
+    return get(layer_of<pnt_symb_lr>(layer), &pnt_symb_lr::dx);
+}
+
+void vx_pnt_symb_lr_set_dx(void *layer, double value)
+{
+    set(layer_of<pnt_symb_lr>(layer), &pnt_symb_lr::dx, value);
+}
+
+double vx_pnt_symb_lr_get_dy(void const *layer)
+{
+    return get(layer_of<pnt_symb_lr>(layer), &pnt_symb_lr::dy);
+}
+
+void vx_pnt_symb_lr_set_dy(void *layer, double value)
+{
+    set(layer_of<pnt_symb_lr>(layer), &pnt_symb_lr::dy, value);
+}
+
+double vx_pnt_symb_lr_get_angle(void const *layer)
+{
+    return get(layer_of<pnt_symb_lr>(layer), &pnt_symb_lr::angle);
+}
+
+void vx_pnt_symb_lr_set_angle(void *layer, double value)
+{
+    set(layer_of<pnt_symb_lr>(layer), &pnt_symb_lr::angle, value);
+}
+
+int vx_pnt_figr_lr_get_lr_figure(void const *layer)
+{
+    return get(layer_of<pnt_figr_lr>(layer), &pnt_figr_lr::figure);
+}
+
+void vx_pnt_figr_lr_set_lr_figure(void *layer, int value)
+{
+    set(layer_of<pnt_figr_lr>(layer), &pnt_figr_lr::figure, value);
+}
+
+Tvx_color vx_pnt_figr_lr_get_color(void const *layer)
+{
+    return get(layer_of<pnt_figr_lr>(layer), &pnt_figr_lr::color);
+}
+
+void vx_pnt_figr_lr_set_color(void *layer, Tvx_color value)
+{
+    set(layer_of<pnt_figr_lr>(layer), &pnt_figr_lr::color, value);
+}
+
+double vx_pnt_figr_lr_get_size_x(void const *layer)
+{
+    return get(layer_of<pnt_figr_lr>(layer), &pnt_figr_lr::size_x);
+}
+
+void vx_pnt_figr_lr_set_size_x(void *layer, double value)
+{
+    set(layer_of<pnt_figr_lr>(layer), &pnt_figr_lr::size_x, value);
+}
+
+double vx_pnt_figr_lr_get_size_y(void const *layer)
+{
+    return get(layer_of<pnt_figr_lr>(layer), &pnt_figr_lr::size_y);
+}
+
+void vx_pnt_figr_lr_set_size_y(void *layer, double value)
+{
+    set(layer_of<pnt_figr_lr>(layer), &pnt_figr_lr::size_y, value);
+}
+
+double vx_pnt_figr_lr_get_dx(void const *layer)
+{
+    return get(layer_of<pnt_figr_lr>(layer), &pnt_figr_lr::dx);
+}
+
+void vx_pnt_figr_lr_set_dx(void *layer, double value)
+{
+    set(layer_of<pnt_figr_lr>(layer), &pnt_figr_lr::dx, value);
+}
+
+double vx_pnt_figr_lr_get_dy(void const *layer)
+{
+    return get(layer_of<pnt_figr_lr>(layer), &pnt_figr_lr::dy);
+}
+
+void vx_pnt_figr_lr_set_dy(void *layer, double value)
+{
+    set(layer_of<pnt_figr_lr>(layer), &pnt_figr_lr::dy, value);
+}
+
+double vx_pnt_figr_lr_get_angle(void const *layer)
+{
+    return get(layer_of<pnt_figr_lr>(layer), &pnt_figr_lr::angle);
+}
+
+void vx_pnt_figr_lr_set_angle(void *layer, double value)
+{
+    set(layer_of<pnt_figr_lr>(layer), &pnt_figr_lr::angle, value);
+}
+
+double vx_pnt_figr_lr_get_line_width(void const *layer)
+{
+    return get(layer_of<pnt_figr_lr>(layer), &pnt_figr_lr::line_width);
+}
+
+void vx_pnt_figr_lr_set_line_width(void *layer, double value)
+{
+    set(layer_of<pnt_figr_lr>(layer), &pnt_figr_lr::line_width, value);
+}
+
+bool vx_pnt_geom_lr_get_fill(void const *layer)
+{
+    return get(layer_of<pnt_geom_lr>(layer), &pnt_geom_lr::fill);
+}
+
+void vx_pnt_geom_lr_set_fill(void *layer, bool value)
+{
+    set(layer_of<pnt_geom_lr>(layer), &pnt_geom_lr::fill, value);
+}
+
+Tvx_color vx_pnt_geom_lr_get_color(void const *layer)
+{
+    return get(layer_of<pnt_geom_lr>(layer), &pnt_geom_lr::color);
+}
+
+void vx_pnt_geom_lr_set_color(void *layer, Tvx_color value)
+{
+    set(layer_of<pnt_geom_lr>(layer), &pnt_geom_lr::color, value);
+}
+
+double vx_pnt_geom_lr_get_size(void const *layer)
+{
+    return get(layer_of<pnt_geom_lr>(layer), &pnt_geom_lr::size);
+}
+
+void vx_pnt_geom_lr_set_size(void *layer, double value)
+{
+    set(layer_of<pnt_geom_lr>(layer), &pnt_geom_lr::size, value);
+}
+
+double vx_pnt_geom_lr_get_dx(void const *layer)
+{
+    return get(layer_of<pnt_geom_lr>(layer), &pnt_geom_lr::dx);
+}
+
+void vx_pnt_geom_lr_set_dx(void *layer, double value)
+{
+    set(layer_of<pnt_geom_lr>(layer), &pnt_geom_lr::dx, value);
+}
+
+double vx_pnt_geom_lr_get_dy(void const *layer)
+{
+    return get(layer_of<pnt_geom_lr>(layer), &pnt_geom_lr::dy);
+}
+
+void vx_pnt_geom_lr_set_dy(void *layer, double value)
+{
+    set(layer_of<pnt_geom_lr>(layer), &pnt_geom_lr::dy, value);
+}
+
+double vx_pnt_geom_lr_get_angle(void const *layer)
+{
+    return get(layer_of<pnt_geom_lr>(layer), &pnt_geom_lr::angle);
+}
+
+void vx_pnt_geom_lr_set_angle(void *layer, double value)
+{
+    set(layer_of<pnt_geom_lr>(layer), &pnt_geom_lr::angle, value);
+}
+
+double vx_pnt_geom_lr_get_line_width(void const *layer)
+{
+    return get(layer_of<pnt_geom_lr>(layer), &pnt_geom_lr::line_width);
+}
+
+void vx_pnt_geom_lr_set_line_width(void *layer, double value)
+{
+    set(layer_of<pnt_geom_lr>(layer), &pnt_geom_lr::line_width, value);
+}
 
 unsigned vx_pnt_geom_lr_get_part_count(void const *layer)
 {
@@ -206,39 +389,163 @@ void vx_pnt_geom_lr_clear(void *layer)
 
 vx_fnt_type *vx_pnt_text_lr_get_fnt_type_ptr(void *layer)
 {
-    auto *lr = layer_of<pnt_text_lr>(layer);
-    return lr ? &lr->font : nullptr;
+    return part(layer_of<pnt_text_lr>(layer), &pnt_text_lr::font);
 }
 
-VX_LAYER_FIELD(pnt_text, color, color, Tvx_color)
-VX_LAYER_FIELD(pnt_text, size, size, double)
-VX_LAYER_FIELD(pnt_text, dx, dx, double)
-VX_LAYER_FIELD(pnt_text, dy, dy, double)
-VX_LAYER_FIELD(pnt_text, angle, angle, double)
+Tvx_color vx_pnt_text_lr_get_color(void const *layer)
+{
+    return get(layer_of<pnt_text_lr>(layer), &pnt_text_lr::color);
+}
+
+void vx_pnt_text_lr_set_color(void *layer, Tvx_color value)
+{
+    set(layer_of<pnt_text_lr>(layer), &pnt_text_lr::color, value);
+}
+
+double vx_pnt_text_lr_get_size(void const *layer)
+{
+    return get(layer_of<pnt_text_lr>(layer), &pnt_text_lr::size);
+}
+
+void vx_pnt_text_lr_set_size(void *layer, double value)
+{
+    set(layer_of<pnt_text_lr>(layer), &pnt_text_lr::size, value);
+}
+
+double vx_pnt_text_lr_get_dx(void const *layer)
+{
+    return get(layer_of<pnt_text_lr>(layer), &pnt_text_lr::dx);
+}
+
+void vx_pnt_text_lr_set_dx(void *layer, double value)
+{
+    set(layer_of<pnt_text_lr>(layer), &pnt_text_lr::dx, value);
+}
+
+double vx_pnt_text_lr_get_dy(void const *layer)
+{
+    return get(layer_of<pnt_text_lr>(layer), &pnt_text_lr::dy);
+}
+
+void vx_pnt_text_lr_set_dy(void *layer, double value)
+{
+    set(layer_of<pnt_text_lr>(layer), &pnt_text_lr::dy, value);
+}
+
+double vx_pnt_text_lr_get_angle(void const *layer)
+{
+    return get(layer_of<pnt_text_lr>(layer), &pnt_text_lr::angle);
+}
+
+void vx_pnt_text_lr_set_angle(void *layer, double value)
+{
+    set(layer_of<pnt_text_lr>(layer), &pnt_text_lr::angle, value);
+}
 
 void vx_pnt_text_lr_get_text_w(void const *layer, Ivx_string_adp *adp)
 {
-    auto const *lr = layer_of<pnt_text_lr>(layer);
-    vx_string_adp_feed(adp, lr ? lr->text.c_str() : L"");
+    feed_text(layer_of<pnt_text_lr>(layer), &pnt_text_lr::text, adp);
 }
 
 void vx_pnt_text_lr_set_text_w(void *layer, wchar_t const *text)
 {
-    if (auto *lr = layer_of<pnt_text_lr>(layer))
-        lr->text = text ? text : L"";
+    set_text(layer_of<pnt_text_lr>(layer), &pnt_text_lr::text, text);
 }
 
-VX_LAYER_FIELD(pln_line, color, color, Tvx_color)
-VX_LAYER_FIELD(pln_line, width, width, double)
-VX_LAYER_FIELD(pln_line, delta, delta, double)
+Tvx_color vx_pln_line_lr_get_color(void const *layer)
+{
+    return get(layer_of<pln_line_lr>(layer), &pln_line_lr::color);
+}
 
-VX_LAYER_FIELD(pln_tplt, color, color, Tvx_color)
-VX_LAYER_FIELD(pln_tplt, width, width, double)
-VX_LAYER_FIELD(pln_tplt, dash, dash, double)
-VX_LAYER_FIELD(pln_tplt, gap, gap, double)
-VX_LAYER_FIELD(pln_tplt, shift, shift, double)
-VX_LAYER_FIELD(pln_tplt, delta, delta, double)
-VX_LAYER_NESTED(pln_tplt, cpx_pnt)
+void vx_pln_line_lr_set_color(void *layer, Tvx_color value)
+{
+    set(layer_of<pln_line_lr>(layer), &pln_line_lr::color, value);
+}
+
+double vx_pln_line_lr_get_width(void const *layer)
+{
+    return get(layer_of<pln_line_lr>(layer), &pln_line_lr::width);
+}
+
+void vx_pln_line_lr_set_width(void *layer, double value)
+{
+    set(layer_of<pln_line_lr>(layer), &pln_line_lr::width, value);
+}
+
+double vx_pln_line_lr_get_delta(void const *layer)
+{
+    return get(layer_of<pln_line_lr>(layer), &pln_line_lr::delta);
+}
+
+void vx_pln_line_lr_set_delta(void *layer, double value)
+{
+    set(layer_of<pln_line_lr>(layer), &pln_line_lr::delta, value);
+}
+
+Tvx_color vx_pln_tplt_lr_get_color(void const *layer)
+{
+    return get(layer_of<pln_tplt_lr>(layer), &pln_tplt_lr::color);
+}
+
+void vx_pln_tplt_lr_set_color(void *layer, Tvx_color value)
+{
+    set(layer_of<pln_tplt_lr>(layer), &pln_tplt_lr::color, value);
+}
+
+double vx_pln_tplt_lr_get_width(void const *layer)
+{
+    return get(layer_of<pln_tplt_lr>(layer), &pln_tplt_lr::width);
+}
+
+void vx_pln_tplt_lr_set_width(void *layer, double value)
+{
+    set(layer_of<pln_tplt_lr>(layer), &pln_tplt_lr::width, value);
+}
+
+double vx_pln_tplt_lr_get_dash(void const *layer)
+{
+    return get(layer_of<pln_tplt_lr>(layer), &pln_tplt_lr::dash);
+}
+
+void vx_pln_tplt_lr_set_dash(void *layer, double value)
+{
+    set(layer_of<pln_tplt_lr>(layer), &pln_tplt_lr::dash, value);
+}
+
+double vx_pln_tplt_lr_get_gap(void const *layer)
+{
+    return get(layer_of<pln_tplt_lr>(layer), &pln_tplt_lr::gap);
+}
+
+void vx_pln_tplt_lr_set_gap(void *layer, double value)
+{
+    set(layer_of<pln_tplt_lr>(layer), &pln_tplt_lr::gap, value);
+}
+
+double vx_pln_tplt_lr_get_shift(void const *layer)
+{
+    return get(layer_of<pln_tplt_lr>(layer), &pln_tplt_lr::shift);
+}
+
+void vx_pln_tplt_lr_set_shift(void *layer, double value)
+{
+    set(layer_of<pln_tplt_lr>(layer), &pln_tplt_lr::shift, value);
+}
+
+double vx_pln_tplt_lr_get_delta(void const *layer)
+{
+    return get(layer_of<pln_tplt_lr>(layer), &pln_tplt_lr::delta);
+}
+
+void vx_pln_tplt_lr_set_delta(void *layer, double value)
+{
+    set(layer_of<pln_tplt_lr>(layer), &pln_tplt_lr::delta, value);
+}
+
+void *vx_pln_tplt_lr_get_cpx_pnt_style_ptr(void *layer)
+{
+    return style_in(part(layer_of<pln_tplt_lr>(layer), &pln_tplt_lr::cpx_pnt));
+}
 
 char const *vx_pln_tplt_lr_get_template(void const *layer)
 {
@@ -252,13 +559,75 @@ void vx_pln_tplt_lr_set_template(void *layer, char const *text)
         lr->tplt = text ? text : "";
 }
 
-VX_LAYER_FIELD(pln_cart, color, color, Tvx_color)
-VX_LAYER_FIELD(pln_cart, width, width, double)
-VX_LAYER_FIELD(pln_cart, delta, delta, double)
-VX_LAYER_FIELD(pln_cart, cap, cap, int)
-VX_LAYER_FIELD(pln_cart, join, join, int)
-VX_LAYER_FIELD(pln_cart, casing_width, casing_width, double)
-VX_LAYER_FIELD(pln_cart, casing_color, casing_color, Tvx_color)
+Tvx_color vx_pln_cart_lr_get_color(void const *layer)
+{
+    return get(layer_of<pln_cart_lr>(layer), &pln_cart_lr::color);
+}
+
+void vx_pln_cart_lr_set_color(void *layer, Tvx_color value)
+{
+    set(layer_of<pln_cart_lr>(layer), &pln_cart_lr::color, value);
+}
+
+double vx_pln_cart_lr_get_width(void const *layer)
+{
+    return get(layer_of<pln_cart_lr>(layer), &pln_cart_lr::width);
+}
+
+void vx_pln_cart_lr_set_width(void *layer, double value)
+{
+    set(layer_of<pln_cart_lr>(layer), &pln_cart_lr::width, value);
+}
+
+double vx_pln_cart_lr_get_delta(void const *layer)
+{
+    return get(layer_of<pln_cart_lr>(layer), &pln_cart_lr::delta);
+}
+
+void vx_pln_cart_lr_set_delta(void *layer, double value)
+{
+    set(layer_of<pln_cart_lr>(layer), &pln_cart_lr::delta, value);
+}
+
+int vx_pln_cart_lr_get_cap(void const *layer)
+{
+    return get(layer_of<pln_cart_lr>(layer), &pln_cart_lr::cap);
+}
+
+void vx_pln_cart_lr_set_cap(void *layer, int value)
+{
+    set(layer_of<pln_cart_lr>(layer), &pln_cart_lr::cap, value);
+}
+
+int vx_pln_cart_lr_get_join(void const *layer)
+{
+    return get(layer_of<pln_cart_lr>(layer), &pln_cart_lr::join);
+}
+
+void vx_pln_cart_lr_set_join(void *layer, int value)
+{
+    set(layer_of<pln_cart_lr>(layer), &pln_cart_lr::join, value);
+}
+
+double vx_pln_cart_lr_get_casing_width(void const *layer)
+{
+    return get(layer_of<pln_cart_lr>(layer), &pln_cart_lr::casing_width);
+}
+
+void vx_pln_cart_lr_set_casing_width(void *layer, double value)
+{
+    set(layer_of<pln_cart_lr>(layer), &pln_cart_lr::casing_width, value);
+}
+
+Tvx_color vx_pln_cart_lr_get_casing_color(void const *layer)
+{
+    return get(layer_of<pln_cart_lr>(layer), &pln_cart_lr::casing_color);
+}
+
+void vx_pln_cart_lr_set_casing_color(void *layer, Tvx_color value)
+{
+    set(layer_of<pln_cart_lr>(layer), &pln_cart_lr::casing_color, value);
+}
 
 unsigned vx_pln_cart_lr_get_dash_count(void const *layer)
 {
@@ -280,22 +649,162 @@ void vx_pln_cart_lr_set_dashes(void *layer, double const *lengths, unsigned coun
         lr->dashes.assign(lengths, lengths + count);
 }
 
-VX_LAYER_FIELD(pgn_fill, color, color, Tvx_color)
+Tvx_color vx_pgn_fill_lr_get_color(void const *layer)
+{
+    return get(layer_of<pgn_fill_lr>(layer), &pgn_fill_lr::color);
+}
 
-VX_LAYER_FIELD(pgn_htch, delta, delta, double)
-VX_LAYER_FIELD(pgn_htch, angle, angle, double)
-VX_LAYER_FIELD(pgn_htch, shift, shift, double)
-VX_LAYER_NESTED(pgn_htch, cpx_pln)
+void vx_pgn_fill_lr_set_color(void *layer, Tvx_color value)
+{
+    set(layer_of<pgn_fill_lr>(layer), &pgn_fill_lr::color, value);
+}
 
-VX_LAYER_FIELD(pgn_spot, spot_type, spot_type, int)
-VX_LAYER_FIELD(pgn_spot, dx, dx, double)
-VX_LAYER_FIELD(pgn_spot, dy, dy, double)
-VX_LAYER_FIELD(pgn_spot, x0, x0, double)
-VX_LAYER_FIELD(pgn_spot, y0, y0, double)
-VX_LAYER_FIELD(pgn_spot, use_cpx_pnt, use_cpx_pnt, bool)
-VX_LAYER_FIELD(pgn_spot, point_clr, point_clr, Tvx_color)
-VX_LAYER_FIELD(pgn_spot, point_size, point_size, double)
-VX_LAYER_FIELD(pgn_spot, random_x, random_x, bool)
-VX_LAYER_FIELD(pgn_spot, random_y, random_y, bool)
-VX_LAYER_FIELD(pgn_spot, random_angle, random_angle, bool)
-VX_LAYER_NESTED(pgn_spot, cpx_pnt)
+double vx_pgn_htch_lr_get_delta(void const *layer)
+{
+    return get(layer_of<pgn_htch_lr>(layer), &pgn_htch_lr::delta);
+}
+
+void vx_pgn_htch_lr_set_delta(void *layer, double value)
+{
+    set(layer_of<pgn_htch_lr>(layer), &pgn_htch_lr::delta, value);
+}
+
+double vx_pgn_htch_lr_get_angle(void const *layer)
+{
+    return get(layer_of<pgn_htch_lr>(layer), &pgn_htch_lr::angle);
+}
+
+void vx_pgn_htch_lr_set_angle(void *layer, double value)
+{
+    set(layer_of<pgn_htch_lr>(layer), &pgn_htch_lr::angle, value);
+}
+
+double vx_pgn_htch_lr_get_shift(void const *layer)
+{
+    return get(layer_of<pgn_htch_lr>(layer), &pgn_htch_lr::shift);
+}
+
+void vx_pgn_htch_lr_set_shift(void *layer, double value)
+{
+    set(layer_of<pgn_htch_lr>(layer), &pgn_htch_lr::shift, value);
+}
+
+void *vx_pgn_htch_lr_get_cpx_pln_style_ptr(void *layer)
+{
+    return style_in(part(layer_of<pgn_htch_lr>(layer), &pgn_htch_lr::cpx_pln));
+}
+
+int vx_pgn_spot_lr_get_spot_type(void const *layer)
+{
+    return get(layer_of<pgn_spot_lr>(layer), &pgn_spot_lr::spot_type);
+}
+
+void vx_pgn_spot_lr_set_spot_type(void *layer, int value)
+{
+    set(layer_of<pgn_spot_lr>(layer), &pgn_spot_lr::spot_type, value);
+}
+
+double vx_pgn_spot_lr_get_dx(void const *layer)
+{
+    return get(layer_of<pgn_spot_lr>(layer), &pgn_spot_lr::dx);
+}
+
+void vx_pgn_spot_lr_set_dx(void *layer, double value)
+{
+    set(layer_of<pgn_spot_lr>(layer), &pgn_spot_lr::dx, value);
+}
+
+double vx_pgn_spot_lr_get_dy(void const *layer)
+{
+    return get(layer_of<pgn_spot_lr>(layer), &pgn_spot_lr::dy);
+}
+
+void vx_pgn_spot_lr_set_dy(void *layer, double value)
+{
+    set(layer_of<pgn_spot_lr>(layer), &pgn_spot_lr::dy, value);
+}
+
+double vx_pgn_spot_lr_get_x0(void const *layer)
+{
+    return get(layer_of<pgn_spot_lr>(layer), &pgn_spot_lr::x0);
+}
+
+void vx_pgn_spot_lr_set_x0(void *layer, double value)
+{
+    set(layer_of<pgn_spot_lr>(layer), &pgn_spot_lr::x0, value);
+}
+
+double vx_pgn_spot_lr_get_y0(void const *layer)
+{
+    return get(layer_of<pgn_spot_lr>(layer), &pgn_spot_lr::y0);
+}
+
+void vx_pgn_spot_lr_set_y0(void *layer, double value)
+{
+    set(layer_of<pgn_spot_lr>(layer), &pgn_spot_lr::y0, value);
+}
+
+bool vx_pgn_spot_lr_get_use_cpx_pnt(void const *layer)
+{
+    return get(layer_of<pgn_spot_lr>(layer), &pgn_spot_lr::use_cpx_pnt);
+}
+
+void vx_pgn_spot_lr_set_use_cpx_pnt(void *layer, bool value)
+{
+    set(layer_of<pgn_spot_lr>(layer), &pgn_spot_lr::use_cpx_pnt, value);
+}
+
+Tvx_color vx_pgn_spot_lr_get_point_clr(void const *layer)
+{
+    return get(layer_of<pgn_spot_lr>(layer), &pgn_spot_lr::point_clr);
+}
+
+void vx_pgn_spot_lr_set_point_clr(void *layer, Tvx_color value)
+{
+    set(layer_of<pgn_spot_lr>(layer), &pgn_spot_lr::point_clr, value);
+}
+
+double vx_pgn_spot_lr_get_point_size(void const *layer)
+{
+    return get(layer_of<pgn_spot_lr>(layer), &pgn_spot_lr::point_size);
+}
+
+void vx_pgn_spot_lr_set_point_size(void *layer, double value)
+{
+    set(layer_of<pgn_spot_lr>(layer), &pgn_spot_lr::point_size, value);
+}
+
+bool vx_pgn_spot_lr_get_random_x(void const *layer)
+{
+    return get(layer_of<pgn_spot_lr>(layer), &pgn_spot_lr::random_x);
+}
+
+void vx_pgn_spot_lr_set_random_x(void *layer, bool value)
+{
+    set(layer_of<pgn_spot_lr>(layer), &pgn_spot_lr::random_x, value);
+}
+
+bool vx_pgn_spot_lr_get_random_y(void const *layer)
+{
+    return get(layer_of<pgn_spot_lr>(layer), &pgn_spot_lr::random_y);
+}
+
+void vx_pgn_spot_lr_set_random_y(void *layer, bool value)
+{
+    set(layer_of<pgn_spot_lr>(layer), &pgn_spot_lr::random_y, value);
+}
+
+bool vx_pgn_spot_lr_get_random_angle(void const *layer)
+{
+    return get(layer_of<pgn_spot_lr>(layer), &pgn_spot_lr::random_angle);
+}
+
+void vx_pgn_spot_lr_set_random_angle(void *layer, bool value)
+{
+    set(layer_of<pgn_spot_lr>(layer), &pgn_spot_lr::random_angle, value);
+}
+
+void *vx_pgn_spot_lr_get_cpx_pnt_style_ptr(void *layer)
+{
+    return style_in(part(layer_of<pgn_spot_lr>(layer), &pgn_spot_lr::cpx_pnt));
+}

@@ -1,10 +1,12 @@
 #include "platform/styles/vx_rng_scale.h"
 
+#include "platform/base/detail/fields.h"
 #include "platform/base/text_codec.h"
 #include "platform/basic/vx_ints.h"
 #include "platform/styles/detail/round_digits.h"
 #include "platform/styles/detail/scale_model.h"
 
+using namespace vx::fields;
 using namespace vx::styles;
 
 namespace {
@@ -93,7 +95,7 @@ void vx_rng_scale_assign(void *target, void const *source)
 
 bool vx_rng_scale_equal(void const *a, void const *b)
 {
-    return a == b || (a && b && *scale_of(a) == *scale_of(b));
+    return equal<rng_scale>(a, b);
 }
 
 char const *vx_rng_scale_get_style_type(void const *scale)
@@ -103,14 +105,12 @@ char const *vx_rng_scale_get_style_type(void const *scale)
 
 double vx_rng_scale_get_min(void const *scale, unsigned index)
 {
-    auto const *entry = entry_of(scale, index);
-    return entry ? entry->min : 0;
+    return get(entry_of(scale, index), &rng_entry::min);
 }
 
 double vx_rng_scale_get_max(void const *scale, unsigned index)
 {
-    auto const *entry = entry_of(scale, index);
-    return entry ? entry->max : 0;
+    return get(entry_of(scale, index), &rng_entry::max);
 }
 
 void vx_rng_scale_set_min(void *scale, unsigned index, double value)
@@ -127,12 +127,12 @@ void vx_rng_scale_set_max(void *scale, unsigned index, double value)
 
 double vx_rng_scale_get_min_value(void const *scale)
 {
-    return scale ? scale_of(scale)->min.value : 0;
+    return get(part(scale, &rng_scale::min), &rng_end::value);
 }
 
 double vx_rng_scale_get_max_value(void const *scale)
 {
-    return scale ? scale_of(scale)->max.value : 0;
+    return get(part(scale, &rng_scale::max), &rng_end::value);
 }
 
 void vx_rng_scale_set_min_value(void *scale, double value)
@@ -149,14 +149,12 @@ void vx_rng_scale_set_max_value(void *scale, double value)
 
 void vx_rng_scale_get_caption_w(void const *scale, unsigned index, Ivx_string_adp *adp)
 {
-    auto const *entry = entry_of(scale, index);
-    vx_string_adp_feed(adp, entry ? entry->caption.c_str() : L"");
+    feed_text(entry_of(scale, index), &rng_entry::caption, adp);
 }
 
 void vx_rng_scale_set_caption_w(void *scale, unsigned index, wchar_t const *text)
 {
-    if (auto *entry = entry_of(scale, index))
-        entry->caption = text ? text : L"";
+    set_text(entry_of(scale, index), &rng_entry::caption, text);
 }
 
 void vx_rng_scale_set_caption(void *scale, unsigned index, char const *text)
@@ -173,78 +171,99 @@ void vx_rng_scale_set_default_caption(void *scale, unsigned index)
     entry->caption = format_number(digits, entry->min) + L" - " + format_number(digits, entry->max);
 }
 
-#define VX_END_TEXT(name, field)                                                                             \
-    void vx_rng_scale_get_##name##_w(void const *scale, Ivx_string_adp *adp)                                 \
-    {                                                                                                        \
-        vx_string_adp_feed(adp, scale ? scale_of(scale)->field.c_str() : L"");                               \
-    }                                                                                                        \
-    void vx_rng_scale_set_##name##_w(void *scale, wchar_t const *text)                                       \
-    {                                                                                                        \
-        if (scale)                                                                                           \
-            scale_of(scale)->field = text ? text : L"";                                                      \
-    }                                                                                                        \
-    void vx_rng_scale_set_##name(void *scale, char const *text)                                              \
-    {                                                                                                        \
-        vx_rng_scale_set_##name##_w(scale, wide(text).c_str());                                              \
-    }
-VX_END_TEXT(min_caption, min.caption)
-VX_END_TEXT(max_caption, max.caption)
-VX_END_TEXT(other_caption, other.caption)
-#undef VX_END_TEXT
+void vx_rng_scale_get_min_caption_w(void const *scale, Ivx_string_adp *adp)
+{
+    feed_text(part(scale, &rng_scale::min), &rng_end::caption, adp);
+}
+
+void vx_rng_scale_set_min_caption_w(void *scale, wchar_t const *text)
+{
+    set_text(part(scale, &rng_scale::min), &rng_end::caption, text);
+}
+
+void vx_rng_scale_set_min_caption(void *scale, char const *text)
+{
+    vx_rng_scale_set_min_caption_w(scale, wide(text).c_str());
+}
+
+void vx_rng_scale_get_max_caption_w(void const *scale, Ivx_string_adp *adp)
+{
+    feed_text(part(scale, &rng_scale::max), &rng_end::caption, adp);
+}
+
+void vx_rng_scale_set_max_caption_w(void *scale, wchar_t const *text)
+{
+    set_text(part(scale, &rng_scale::max), &rng_end::caption, text);
+}
+
+void vx_rng_scale_set_max_caption(void *scale, char const *text)
+{
+    vx_rng_scale_set_max_caption_w(scale, wide(text).c_str());
+}
+
+void vx_rng_scale_get_other_caption_w(void const *scale, Ivx_string_adp *adp)
+{
+    feed_text(part(scale, &rng_scale::other), &other_entry::caption, adp);
+}
+
+void vx_rng_scale_set_other_caption_w(void *scale, wchar_t const *text)
+{
+    set_text(part(scale, &rng_scale::other), &other_entry::caption, text);
+}
+
+void vx_rng_scale_set_other_caption(void *scale, char const *text)
+{
+    vx_rng_scale_set_other_caption_w(scale, wide(text).c_str());
+}
 
 bool vx_rng_scale_get_marked(void const *scale, unsigned index)
 {
-    auto const *entry = entry_of(scale, index);
-    return entry && entry->marked;
+    return get(entry_of(scale, index), &rng_entry::marked);
 }
 
 void vx_rng_scale_set_marked(void *scale, unsigned index, bool marked)
 {
-    if (auto *entry = entry_of(scale, index))
-        entry->marked = marked;
+    set(entry_of(scale, index), &rng_entry::marked, marked);
 }
 
 bool vx_rng_scale_get_min_marked(void const *scale)
 {
-    return scale && scale_of(scale)->min.marked;
+    return get(part(scale, &rng_scale::min), &rng_end::marked);
 }
 
 void vx_rng_scale_set_min_marked(void *scale, bool marked)
 {
-    if (scale)
-        scale_of(scale)->min.marked = marked;
+    set(part(scale, &rng_scale::min), &rng_end::marked, marked);
 }
 
 bool vx_rng_scale_get_max_marked(void const *scale)
 {
-    return scale && scale_of(scale)->max.marked;
+    return get(part(scale, &rng_scale::max), &rng_end::marked);
 }
 
 void vx_rng_scale_set_max_marked(void *scale, bool marked)
 {
-    if (scale)
-        scale_of(scale)->max.marked = marked;
+    set(part(scale, &rng_scale::max), &rng_end::marked, marked);
 }
 
 void *vx_rng_scale_get_scale_prm_ptr(void *scale, unsigned index)
 {
-    auto *entry = entry_of(scale, index);
-    return entry ? &entry->prm : nullptr;
+    return part(entry_of(scale, index), &rng_entry::prm);
 }
 
 void *vx_rng_scale_get_min_prm_ptr(void *scale)
 {
-    return scale ? &scale_of(scale)->min.prm : nullptr;
+    return part(part(scale, &rng_scale::min), &rng_end::prm);
 }
 
 void *vx_rng_scale_get_max_prm_ptr(void *scale)
 {
-    return scale ? &scale_of(scale)->max.prm : nullptr;
+    return part(part(scale, &rng_scale::max), &rng_end::prm);
 }
 
 void *vx_rng_scale_get_other_prm_ptr(void *scale)
 {
-    return scale ? &scale_of(scale)->other.prm : nullptr;
+    return part(part(scale, &rng_scale::other), &other_entry::prm);
 }
 
 void vx_rng_scale_set_stl_prm(void *scale, unsigned index, void const *prm, bool sel)
@@ -265,35 +284,32 @@ void vx_rng_scale_set_max_style_prm(void *scale, void const *prm, bool sel)
 
 int vx_rng_scale_get_rng_type(void const *scale)
 {
-    return scale ? scale_of(scale)->rng_type : 0;
+    return get(scale, &rng_scale::rng_type);
 }
 
 void vx_rng_scale_set_rng_type(void *scale, int type)
 {
-    if (scale)
-        scale_of(scale)->rng_type = type;
+    set(scale, &rng_scale::rng_type, type);
 }
 
 int vx_rng_scale_get_round_digits(void const *scale)
 {
-    return scale ? scale_of(scale)->round_digits : 0;
+    return get(scale, &rng_scale::round_digits);
 }
 
 void vx_rng_scale_set_round_digits(void *scale, int digits)
 {
-    if (scale)
-        scale_of(scale)->round_digits = digits;
+    set(scale, &rng_scale::round_digits, digits);
 }
 
 double vx_rng_scale_get_deviation_coeff(void const *scale)
 {
-    return scale ? scale_of(scale)->deviation_coeff : 0;
+    return get(scale, &rng_scale::deviation_coeff);
 }
 
 void vx_rng_scale_set_deviation_coeff(void *scale, double coeff)
 {
-    if (scale)
-        scale_of(scale)->deviation_coeff = coeff;
+    set(scale, &rng_scale::deviation_coeff, coeff);
 }
 
 unsigned vx_rng_scale_find(void const *scale, double value)

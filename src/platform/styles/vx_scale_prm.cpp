@@ -1,7 +1,9 @@
 #include "platform/styles/vx_scale_prm.h"
 
+#include "platform/base/detail/fields.h"
 #include "platform/styles/detail/style_model.h"
 
+using namespace vx::fields;
 using namespace vx::styles;
 
 namespace {
@@ -23,12 +25,12 @@ void *vx_scale_prm_create(char const *type)
 
 void *vx_scale_prm_clone(void const *prm)
 {
-    return prm ? new scale_prm(*prm_of(prm)) : nullptr;
+    return clone<scale_prm>(prm);
 }
 
 void vx_scale_prm_destroy(void *prm)
 {
-    delete prm_of(prm);
+    destroy<scale_prm>(prm);
 }
 
 void vx_scale_prm_assign(void *target, void const *source)
@@ -42,21 +44,20 @@ void vx_scale_prm_assign(void *target, void const *source)
 
 bool vx_scale_prm_equal(void const *a, void const *b)
 {
-    return a == b || (a && b && *prm_of(a) == *prm_of(b));
+    return equal<scale_prm>(a, b);
 }
 
 void *vx_scale_prm_get_stl_prm_ptr(void *prm)
 {
-    return prm ? &prm_of(prm)->prm : nullptr;
+    return part(prm, &scale_prm::prm);
 }
 
 bool vx_scale_prm_get_visible(void const *prm)
 {
-    return prm && prm_of(prm)->visible;
+    return get(prm, &scale_prm::visible);
 }
 
 void vx_scale_prm_set_visible(void *prm, bool visible)
 {
-    if (prm)
-        prm_of(prm)->visible = visible;
+    set(prm, &scale_prm::visible, visible);
 }

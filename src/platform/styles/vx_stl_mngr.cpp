@@ -1,8 +1,10 @@
 #include "platform/styles/vx_stl_mngr.h"
 
+#include "platform/base/detail/fields.h"
 #include "platform/base/text_codec.h"
 #include "platform/styles/detail/mngr_model.h"
 
+using namespace vx::fields;
 using namespace vx::styles;
 
 namespace {
@@ -24,23 +26,22 @@ void *vx_stl_mngr_create(char const *type)
 
 void *vx_stl_mngr_clone(void const *mngr)
 {
-    return mngr ? new stl_mngr(*mngr_of(mngr)) : nullptr;
+    return clone<stl_mngr>(mngr);
 }
 
 void vx_stl_mngr_destroy(void *mngr)
 {
-    delete mngr_of(mngr);
+    destroy<stl_mngr>(mngr);
 }
 
 void vx_stl_mngr_assign(void *target, void const *source)
 {
-    if (target && source && target != source)
-        *mngr_of(target) = *mngr_of(source);
+    assign<stl_mngr>(target, source);
 }
 
 bool vx_stl_mngr_equal(void const *a, void const *b)
 {
-    return a == b || (a && b && *mngr_of(a) == *mngr_of(b));
+    return equal<stl_mngr>(a, b);
 }
 
 char const *vx_stl_mngr_get_style_type(void const *mngr)
@@ -55,44 +56,58 @@ char const *vx_stl_mngr_get_type(void const *mngr)
 
 void *vx_stl_mngr_get_simple_sp_ptr(void *mngr)
 {
-    return mngr ? &mngr_of(mngr)->simple : nullptr;
+    return part(mngr, &stl_mngr::simple);
 }
 
 void *vx_stl_mngr_get_val_scale_ptr(void *mngr)
 {
-    return mngr ? &mngr_of(mngr)->values : nullptr;
+    return part(mngr, &stl_mngr::values);
 }
 
 void *vx_stl_mngr_get_rng_scale_ptr(void *mngr)
 {
-    return mngr ? &mngr_of(mngr)->ranges : nullptr;
+    return part(mngr, &stl_mngr::ranges);
 }
 
 void *vx_stl_mngr_get_rule_scale_ptr(void *mngr)
 {
-    return mngr ? &mngr_of(mngr)->rules : nullptr;
+    return part(mngr, &stl_mngr::rules);
 }
 
-#define VX_MNGR_TEXT(name)                                                                                   \
-    void vx_stl_mngr_get_##name##_w(void const *mngr, Ivx_string_adp *adp)                                   \
-    {                                                                                                        \
-        vx_string_adp_feed(adp, mngr ? mngr_of(mngr)->name.c_str() : L"");                                   \
-    }
-#define VX_MNGR_TEXT_SET(name)                                                                               \
-    void vx_stl_mngr_set_##name##_w(void *mngr, wchar_t const *text)                                         \
-    {                                                                                                        \
-        if (mngr)                                                                                            \
-            mngr_of(mngr)->name = text ? text : L"";                                                         \
-    }
-VX_MNGR_TEXT(name)
-VX_MNGR_TEXT_SET(name)
-VX_MNGR_TEXT(val_prop_name)
-VX_MNGR_TEXT_SET(val_prop_name)
-VX_MNGR_TEXT(rng_prop_name)
-VX_MNGR_TEXT_SET(rng_prop_name)
-VX_MNGR_TEXT(rotate_prop_name)
-#undef VX_MNGR_TEXT
-#undef VX_MNGR_TEXT_SET
+void vx_stl_mngr_get_name_w(void const *mngr, Ivx_string_adp *adp)
+{
+    feed_text(mngr, &stl_mngr::name, adp);
+}
+
+void vx_stl_mngr_set_name_w(void *mngr, wchar_t const *text)
+{
+    set_text(mngr, &stl_mngr::name, text);
+}
+
+void vx_stl_mngr_get_val_prop_name_w(void const *mngr, Ivx_string_adp *adp)
+{
+    feed_text(mngr, &stl_mngr::val_prop_name, adp);
+}
+
+void vx_stl_mngr_set_val_prop_name_w(void *mngr, wchar_t const *text)
+{
+    set_text(mngr, &stl_mngr::val_prop_name, text);
+}
+
+void vx_stl_mngr_get_rng_prop_name_w(void const *mngr, Ivx_string_adp *adp)
+{
+    feed_text(mngr, &stl_mngr::rng_prop_name, adp);
+}
+
+void vx_stl_mngr_set_rng_prop_name_w(void *mngr, wchar_t const *text)
+{
+    set_text(mngr, &stl_mngr::rng_prop_name, text);
+}
+
+void vx_stl_mngr_get_rotate_prop_name_w(void const *mngr, Ivx_string_adp *adp)
+{
+    feed_text(mngr, &stl_mngr::rotate_prop_name, adp);
+}
 
 char const *vx_stl_mngr_get_val_prop_name(void const *mngr)
 {
@@ -118,25 +133,87 @@ void vx_stl_mngr_set_rotate_prop_name(void *mngr, char const *name)
         mngr_of(mngr)->rotate_prop_name = name ? vx::text::to_wide(name) : std::wstring();
 }
 
-#define VX_MNGR_FIELD(field, type, valid)                                                                    \
-    type vx_stl_mngr_get_##field(void const *mngr)                                                           \
-    {                                                                                                        \
-        return mngr ? mngr_of(mngr)->field : type{};                                                         \
-    }                                                                                                        \
-    void vx_stl_mngr_set_##field(void *mngr, type value)                                                     \
-    {                                                                                                        \
-        if (mngr && (valid))                                                                                 \
-            mngr_of(mngr)->field = value;                                                                    \
-    }
-VX_MNGR_FIELD(mode, unsigned, true)
-VX_MNGR_FIELD(need_scale, bool, true)
-VX_MNGR_FIELD(just_loaded, bool, true)
-VX_MNGR_FIELD(rotate_flag, bool, true)
-VX_MNGR_FIELD(rotate_spot_flag, bool, true)
-VX_MNGR_FIELD(rotate_hatch_flag, bool, true)
-VX_MNGR_FIELD(rotate_start, int, value >= 0 && value <= 3)
-VX_MNGR_FIELD(rotate_dir, int, value == 0 || value == 1)
-#undef VX_MNGR_FIELD
+unsigned vx_stl_mngr_get_mode(void const *mngr)
+{
+    return get(mngr, &stl_mngr::mode);
+}
+
+void vx_stl_mngr_set_mode(void *mngr, unsigned value)
+{
+    set(mngr, &stl_mngr::mode, value);
+}
+
+bool vx_stl_mngr_get_need_scale(void const *mngr)
+{
+    return get(mngr, &stl_mngr::need_scale);
+}
+
+void vx_stl_mngr_set_need_scale(void *mngr, bool value)
+{
+    set(mngr, &stl_mngr::need_scale, value);
+}
+
+bool vx_stl_mngr_get_just_loaded(void const *mngr)
+{
+    return get(mngr, &stl_mngr::just_loaded);
+}
+
+void vx_stl_mngr_set_just_loaded(void *mngr, bool value)
+{
+    set(mngr, &stl_mngr::just_loaded, value);
+}
+
+bool vx_stl_mngr_get_rotate_flag(void const *mngr)
+{
+    return get(mngr, &stl_mngr::rotate_flag);
+}
+
+void vx_stl_mngr_set_rotate_flag(void *mngr, bool value)
+{
+    set(mngr, &stl_mngr::rotate_flag, value);
+}
+
+bool vx_stl_mngr_get_rotate_spot_flag(void const *mngr)
+{
+    return get(mngr, &stl_mngr::rotate_spot_flag);
+}
+
+void vx_stl_mngr_set_rotate_spot_flag(void *mngr, bool value)
+{
+    set(mngr, &stl_mngr::rotate_spot_flag, value);
+}
+
+bool vx_stl_mngr_get_rotate_hatch_flag(void const *mngr)
+{
+    return get(mngr, &stl_mngr::rotate_hatch_flag);
+}
+
+void vx_stl_mngr_set_rotate_hatch_flag(void *mngr, bool value)
+{
+    set(mngr, &stl_mngr::rotate_hatch_flag, value);
+}
+
+int vx_stl_mngr_get_rotate_start(void const *mngr)
+{
+    return get(mngr, &stl_mngr::rotate_start);
+}
+
+void vx_stl_mngr_set_rotate_start(void *mngr, int value)
+{
+    if (value >= 0 && value <= 3)
+        set(mngr, &stl_mngr::rotate_start, value);
+}
+
+int vx_stl_mngr_get_rotate_dir(void const *mngr)
+{
+    return get(mngr, &stl_mngr::rotate_dir);
+}
+
+void vx_stl_mngr_set_rotate_dir(void *mngr, int value)
+{
+    if (value == 0 || value == 1)
+        set(mngr, &stl_mngr::rotate_dir, value);
+}
 
 void vx_txt_stl_mngr_init(void *mngr, wchar_t const *column_name)
 {

@@ -1,5 +1,6 @@
 #include "platform/styles/vx_stl_mngr_list.h"
 
+#include "platform/base/detail/fields.h"
 #include "platform/styles/detail/mngr_model.h"
 #include "platform/styles/vx_txt_settings.h"
 
@@ -41,6 +42,7 @@ stl_mngr_list &stl_mngr_list::operator=(stl_mngr_list const &source)
 }
 } // namespace vx::styles
 
+using namespace vx::fields;
 using namespace vx::styles;
 
 namespace {
@@ -62,18 +64,17 @@ void *vx_stl_mngr_list_create(char const *type)
 
 void *vx_stl_mngr_list_clone(void const *list)
 {
-    return list ? new stl_mngr_list(*list_of(list)) : nullptr;
+    return clone<stl_mngr_list>(list);
 }
 
 void vx_stl_mngr_list_destroy(void *list)
 {
-    delete list_of(list);
+    destroy<stl_mngr_list>(list);
 }
 
 void vx_stl_mngr_list_assign(void *target, void const *source)
 {
-    if (target && source)
-        *list_of(target) = *list_of(source);
+    assign<stl_mngr_list>(target, source);
 }
 
 char const *vx_stl_mngr_list_get_type(void const *list)
@@ -93,7 +94,7 @@ void *vx_stl_mngr_list_get_mngr(void *list, unsigned index)
 
 unsigned vx_stl_mngr_list_get_active_idx(void const *list)
 {
-    return list ? list_of(list)->active : 0;
+    return get(list, &stl_mngr_list::active);
 }
 
 void *vx_stl_mngr_list_get_active_mngr(void *list)
@@ -140,13 +141,12 @@ void vx_stl_mngr_list_erase_by_idx(void *list, unsigned index)
 
 bool vx_stl_mngr_list_get_visible(void const *list)
 {
-    return list && list_of(list)->visible;
+    return get(list, &stl_mngr_list::visible);
 }
 
 void vx_stl_mngr_list_set_visible(void *list, bool visible)
 {
-    if (list)
-        list_of(list)->visible = visible;
+    set(list, &stl_mngr_list::visible, visible);
 }
 
 // ---- text settings
@@ -161,21 +161,20 @@ void *vx_txt_settings_create(char const *type)
 
 void *vx_txt_settings_clone(void const *settings)
 {
-    return settings ? new txt_settings(*static_cast<txt_settings const *>(settings)) : nullptr;
+    return clone<txt_settings>(settings);
 }
 
 void vx_txt_settings_destroy(void *settings)
 {
-    delete static_cast<txt_settings *>(settings);
+    destroy<txt_settings>(settings);
 }
 
 void vx_txt_settings_assign(void *target, void const *source)
 {
-    if (target && source)
-        *static_cast<txt_settings *>(target) = *static_cast<txt_settings const *>(source);
+    assign<txt_settings>(target, source);
 }
 
 void *vx_txt_settings_get_stl_mngr_list(void *settings)
 {
-    return settings ? &static_cast<txt_settings *>(settings)->list : nullptr;
+    return part(settings, &txt_settings::list);
 }

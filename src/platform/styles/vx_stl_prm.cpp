@@ -1,8 +1,9 @@
 #include "platform/styles/vx_stl_prm.h"
 
-#include "platform/styles/detail/fields.h"
+#include "platform/base/detail/fields.h"
 #include "platform/styles/detail/style_model.h"
 
+using namespace vx::fields;
 using namespace vx::styles;
 
 namespace {
@@ -35,23 +36,22 @@ void *vx_stl_prm_create(char const *type)
 
 void *vx_stl_prm_clone(void const *stl_prm_ptr)
 {
-    return stl_prm_ptr ? new stl_prm(*prm_of(stl_prm_ptr)) : nullptr;
+    return clone<stl_prm>(stl_prm_ptr);
 }
 
 void vx_stl_prm_destroy(void *stl_prm_ptr)
 {
-    delete prm_of(stl_prm_ptr);
+    destroy<stl_prm>(stl_prm_ptr);
 }
 
 void vx_stl_prm_assign(void *target, void const *source)
 {
-    if (target && source)
-        *prm_of(target) = *prm_of(source);
+    assign<stl_prm>(target, source);
 }
 
 bool vx_stl_prm_equal(void const *a, void const *b)
 {
-    return a == b || (a && b && *prm_of(a) == *prm_of(b));
+    return equal<stl_prm>(a, b);
 }
 
 char const *vx_stl_prm_get_style_type(void const *prm)
@@ -87,17 +87,35 @@ void vx_stl_prm_set_size(void *prm, bool sel, double size)
         prm_of(prm)->get(variant_of(sel)).set_size(size);
 }
 
-#define VX_PRM_PART(name)                                                                                    \
-    void *vx_stl_prm_get_##name##_style_ptr(void *prm, bool sel)                                             \
-    {                                                                                                        \
-        return part_of<name##_style>(prm, sel);                                                              \
-    }
-VX_PRM_PART(pnt)
-VX_PRM_PART(pln)
-VX_PRM_PART(pgn)
-VX_PRM_PART(pnt3d)
-VX_PRM_PART(pln3d)
-VX_PRM_PART(pgn3d)
+void *vx_stl_prm_get_pnt_style_ptr(void *prm, bool sel)
+{
+    return part_of<pnt_style>(prm, sel);
+}
+
+void *vx_stl_prm_get_pln_style_ptr(void *prm, bool sel)
+{
+    return part_of<pln_style>(prm, sel);
+}
+
+void *vx_stl_prm_get_pgn_style_ptr(void *prm, bool sel)
+{
+    return part_of<pgn_style>(prm, sel);
+}
+
+void *vx_stl_prm_get_pnt3d_style_ptr(void *prm, bool sel)
+{
+    return part_of<pnt3d_style>(prm, sel);
+}
+
+void *vx_stl_prm_get_pln3d_style_ptr(void *prm, bool sel)
+{
+    return part_of<pln3d_style>(prm, sel);
+}
+
+void *vx_stl_prm_get_pgn3d_style_ptr(void *prm, bool sel)
+{
+    return part_of<pgn3d_style>(prm, sel);
+}
 
 Tvx_color *vx_stl_prm_get_clr_style_ptr(void *prm, bool sel)
 {

@@ -1,9 +1,11 @@
 #include "platform/styles/vx_val_scale.h"
 
+#include "platform/base/detail/fields.h"
 #include "platform/base/text_codec.h"
 #include "platform/basic/vx_ints.h"
 #include "platform/styles/detail/scale_model.h"
 
+using namespace vx::fields;
 using namespace vx::styles;
 
 namespace {
@@ -94,7 +96,7 @@ void vx_val_scale_assign(void *target, void const *source)
 
 bool vx_val_scale_equal(void const *a, void const *b)
 {
-    return a == b || (a && b && *scale_of(a) == *scale_of(b));
+    return equal<val_scale>(a, b);
 }
 
 char const *vx_val_scale_get_style_type(void const *scale)
@@ -115,8 +117,7 @@ void vx_val_scale_set_active_idx(void *scale, int index)
 
 void vx_val_scale_get_text_w(void const *scale, unsigned index, Ivx_string_adp *adp)
 {
-    auto const *entry = entry_of(scale, index);
-    vx_string_adp_feed(adp, entry ? entry->text.c_str() : L"");
+    feed_text(entry_of(scale, index), &val_entry::text, adp);
 }
 
 void vx_val_scale_set_text_w(void *scale, unsigned index, wchar_t const *text)
@@ -132,14 +133,12 @@ void vx_val_scale_set_text(void *scale, unsigned index, char const *text)
 
 void vx_val_scale_get_caption_w(void const *scale, unsigned index, Ivx_string_adp *adp)
 {
-    auto const *entry = entry_of(scale, index);
-    vx_string_adp_feed(adp, entry ? entry->caption.c_str() : L"");
+    feed_text(entry_of(scale, index), &val_entry::caption, adp);
 }
 
 void vx_val_scale_set_caption_w(void *scale, unsigned index, wchar_t const *text)
 {
-    if (auto *entry = entry_of(scale, index))
-        entry->caption = text ? text : L"";
+    set_text(entry_of(scale, index), &val_entry::caption, text);
 }
 
 void vx_val_scale_set_caption(void *scale, unsigned index, char const *text)
@@ -149,13 +148,12 @@ void vx_val_scale_set_caption(void *scale, unsigned index, char const *text)
 
 void vx_val_scale_get_other_caption_w(void const *scale, Ivx_string_adp *adp)
 {
-    vx_string_adp_feed(adp, scale ? scale_of(scale)->other.caption.c_str() : L"");
+    feed_text(part(scale, &val_scale::other), &other_entry::caption, adp);
 }
 
 void vx_val_scale_set_other_caption_w(void *scale, wchar_t const *text)
 {
-    if (scale)
-        scale_of(scale)->other.caption = text ? text : L"";
+    set_text(part(scale, &val_scale::other), &other_entry::caption, text);
 }
 
 void vx_val_scale_set_other_caption(void *scale, char const *text)
@@ -165,25 +163,22 @@ void vx_val_scale_set_other_caption(void *scale, char const *text)
 
 bool vx_val_scale_get_marked(void const *scale, unsigned index)
 {
-    auto const *entry = entry_of(scale, index);
-    return entry && entry->marked;
+    return get(entry_of(scale, index), &val_entry::marked);
 }
 
 void vx_val_scale_set_marked(void *scale, unsigned index, bool marked)
 {
-    if (auto *entry = entry_of(scale, index))
-        entry->marked = marked;
+    set(entry_of(scale, index), &val_entry::marked, marked);
 }
 
 void *vx_val_scale_get_scale_prm_ptr(void *scale, unsigned index)
 {
-    auto *entry = entry_of(scale, index);
-    return entry ? &entry->prm : nullptr;
+    return part(entry_of(scale, index), &val_entry::prm);
 }
 
 void *vx_val_scale_get_other_prm_ptr(void *scale)
 {
-    return scale ? &scale_of(scale)->other.prm : nullptr;
+    return part(part(scale, &val_scale::other), &other_entry::prm);
 }
 
 void vx_val_scale_set_stl_prm(void *scale, unsigned index, void const *prm, bool sel)

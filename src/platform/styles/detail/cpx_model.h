@@ -36,6 +36,12 @@ private:
     style_kind f_kind;
 };
 
+/// The style in a holder, as plain functions hand it out; null for null.
+[[nodiscard]] inline void *style_in(cpx_slot *slot)
+{
+    return slot ? &slot->get() : nullptr;
+}
+
 /// A font symbol.
 struct pnt_symb_lr
 {
