@@ -13,10 +13,16 @@ if(TARGET vx_map)
     install(TARGETS vx_map RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 endif()
 install(DIRECTORY ${CMAKE_SOURCE_DIR}/src/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vxk_lr2d_edit_form
-        FILES_MATCHING PATTERN "*.h" PATTERN "*_priv.h" EXCLUDE)
+        FILES_MATCHING PATTERN "*.h" PATTERN "*_priv.h" EXCLUDE PATTERN "user_input" EXCLUDE)
+# The driver of windows, for tests and guided tours of plug-ins: `--component user_input`.
+install(TARGETS vxk_user_input EXPORT vxk_user_input_targets
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT user_input NAMELINK_COMPONENT user_input)
+install(FILES ${CMAKE_SOURCE_DIR}/src/user_input/user_input.h ${CMAKE_SOURCE_DIR}/src/user_input/user_hand.h
+        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vxk_lr2d_edit_form/user_input COMPONENT user_input)
 
 set(vx_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/vxk_lr2d_edit_form)
 install(EXPORT vxk_lr2d_edit_form_targets NAMESPACE vxk:: DESTINATION ${vx_package_dir})
+install(EXPORT vxk_user_input_targets NAMESPACE vxk:: DESTINATION ${vx_package_dir} COMPONENT user_input)
 configure_package_config_file(${CMAKE_SOURCE_DIR}/cmake/vxk_lr2d_edit_form-config.cmake.in
     ${CMAKE_BINARY_DIR}/vxk_lr2d_edit_form-config.cmake INSTALL_DESTINATION ${vx_package_dir})
 write_basic_package_version_file(${CMAKE_BINARY_DIR}/vxk_lr2d_edit_form-config-version.cmake

@@ -11,7 +11,8 @@
 #include "host/layer_style.h"
 #include "host/map_canvas.h"
 #include "host/map_window.h"
-#include "host/user_hand.h"
+#include "user_input/user_hand.h"
+#include "user_input/user_input.h"
 
 #include "platform/basic/vx_res.h"
 #include "platform/layers/layer_keys.h"
@@ -22,7 +23,6 @@
 #include "platform/styles/vx_style.h"
 #include "platform/toolkit/bridge/qt_bridge.h"
 #include "platform/toolkit/core/form.h"
-#include "platform/toolkit/user_input.h"
 
 #include <QAbstractButton>
 #include <QApplication>

@@ -2,12 +2,12 @@
 """Compiles each header below src/ alone, so that none leans on what its user happened to include before.
 
 A header that passed is not compiled again until it or something it includes has changed: its stamp file lists what it
-included. The bridge header needs Qt and is compiled by the sources that use it.
+included. Headers that need Qt are compiled by the sources that use them.
 Exit status: 0 all compile, 1 some do not (the compiler's words are printed).
 """
 import argparse, concurrent.futures, os, pathlib, re, subprocess, sys
 
-SKIP = {'platform/toolkit/bridge/qt_bridge.h'}
+SKIP = {'platform/toolkit/bridge/qt_bridge.h', 'user_input/user_hand.h'}
 
 
 def fresh(stamp, header):

@@ -2,9 +2,9 @@
 
 #include "host/gallery/gallery_dialog.h"
 #include "host/gallery/gallery_form.h"
+#include "user_input/user_input.h"
 
 #include "platform/toolkit/controls/page_control.h"
-#include "platform/toolkit/user_input.h"
 
 #include <cstdio>
 #include <cstdlib>

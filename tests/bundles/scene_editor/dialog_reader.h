@@ -1,7 +1,8 @@
 #pragma once
 
+#include "user_input/user_input.h"
+
 #include "platform/toolkit/controls/page_control.h"
-#include "platform/toolkit/user_input.h"
 
 #include <string_view>
 

@@ -2,9 +2,9 @@
 #include "controls/forms/apply_form.h"
 #include "exports/vxk_lr2d_edit_form_api.h"
 #include "layer_edit/vxk_lr2d_edit.h"
+#include "user_input/user_input.h"
 
 #include "platform/layers/vx_shp_lr2d.h"
-#include "platform/toolkit/user_input.h"
 
 #include <cstdio>
 #include <cstdlib>

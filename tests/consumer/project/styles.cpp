@@ -1,9 +1,9 @@
 // A program that uses the style dialogs without knowing who makes them: false while their module is not
 // loaded, there once it is.
 #include "exports/vxk_style_dialog_api.h"
+#include "user_input/user_input.h"
 
 #include "platform/styles/vx_style.h"
-#include "platform/toolkit/user_input.h"
 #include "platform/winapi/library.h"
 
 #include <cstdio>

@@ -4,10 +4,10 @@
 #include "controls/forms/edits.h"
 #include "controls/forms/tool_form.h"
 #include "controls/forms/vcl_dialog_form.h"
+#include "user_input/user_input.h"
 
 #include "platform/toolkit/core/application.h"
 #include "platform/toolkit/core/screen.h"
-#include "platform/toolkit/user_input.h"
 
 #include <gtest/gtest.h>
 #include <memory>

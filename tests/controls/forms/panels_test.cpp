@@ -7,9 +7,9 @@
 #include "controls/forms/vcl_bottom_buttons.h"
 #include "controls/forms/vcl_progress_panel.h"
 #include "controls/forms/vcl_select_box.h"
+#include "user_input/user_input.h"
 
 #include "platform/toolkit/core/form.h"
-#include "platform/toolkit/user_input.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,11 @@
 #pragma once
 
+#include "user_input/user_input.h"
+
 #include "platform/toolkit/controls/button.h"
 #include "platform/toolkit/controls/edit.h"
 #include "platform/toolkit/core/clipboard.h"
 #include "platform/toolkit/core/form.h"
-#include "platform/toolkit/user_input.h"
 
 #include <gtest/gtest.h>
 #include <string>

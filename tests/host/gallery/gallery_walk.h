@@ -2,11 +2,11 @@
 
 #include "host/gallery/gallery_dialog.h"
 #include "host/gallery/gallery_form.h"
+#include "user_input/user_input.h"
 
 #include "platform/basic/vx_options.h"
 #include "platform/toolkit/bridge/qt_bridge.h"
 #include "platform/toolkit/controls/page_control.h"
-#include "platform/toolkit/user_input.h"
 
 #include <QtGui/QImage>
 #include <QtWidgets/QApplication>

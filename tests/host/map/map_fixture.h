@@ -4,7 +4,7 @@
 #include "host/layer_style.h"
 #include "host/map_canvas.h"
 #include "host/map_window.h"
-#include "host/user_hand.h"
+#include "user_input/user_hand.h"
 
 #include "platform/basic/vx_options.h"
 #include "platform/toolkit/bridge/qt_bridge.h"

@@ -4,6 +4,7 @@
 #include "map_fixture.h"
 #include "styles/simple/style_dlgs.h"
 #include "support/temp_dir.h"
+#include "user_input/user_input.h"
 
 #include "platform/basic/vx_res.h"
 #include "platform/layers/layer_keys.h"
@@ -12,7 +13,6 @@
 #include "platform/styles/vx_stl_mngr.h"
 #include "platform/styles/vx_stl_prm.h"
 #include "platform/styles/vx_style.h"
-#include "platform/toolkit/user_input.h"
 
 #include <QAbstractButton>
 #include <QComboBox>

@@ -2,13 +2,13 @@
 #include "exports/vxk_lr2d_edit_form_api.h"
 #include "layer_edit/form/lr2d_edit_form.h"
 #include "tests/layer_edit/page_set/page_set_fixture.h"
+#include "user_input/user_input.h"
 
 #include "platform/basic/vx_options.h"
 #include "platform/layers/vx_lr.h"
 #include "platform/layers/vx_shp_lr2d.h"
 #include "platform/toolkit/core/application.h"
 #include "platform/toolkit/core/screen.h"
-#include "platform/toolkit/user_input.h"
 
 #include <gtest/gtest.h>
 #include <memory>

@@ -1,10 +1,11 @@
 #pragma once
 
+#include "user_input/user_input.h"
+
 #include "platform/basic/vx_options.h"
 #include "platform/dialogs/vx_dlg_table.h"
 #include "platform/toolkit/core/application.h"
 #include "platform/toolkit/core/form.h"
-#include "platform/toolkit/user_input.h"
 
 #include <gtest/gtest.h>
 #include <string>

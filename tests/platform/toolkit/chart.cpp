@@ -1,12 +1,13 @@
 #include "platform/toolkit/controls/chart.h"
 
+#include "user_input/user_input.h"
+
 #include "platform/toolkit/controls/combo_box.h"
 #include "platform/toolkit/core/form.h"
 #include "platform/toolkit/core/screen.h"
 #include "platform/toolkit/core/strings.h"
 #include "platform/toolkit/graphics/bitmap.h"
 #include "platform/toolkit/graphics/canvas.h"
-#include "platform/toolkit/user_input.h"
 
 #include <cmath>
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+#include "user_input/user_input.h"
+
 #include "platform/toolkit/controls/button.h"
 #include "platform/toolkit/controls/category_panel_group.h"
 #include "platform/toolkit/controls/gauge.h"
@@ -6,7 +8,6 @@
 #include "platform/toolkit/controls/progress_bar.h"
 #include "platform/toolkit/controls/track_bar.h"
 #include "platform/toolkit/core/form.h"
-#include "platform/toolkit/user_input.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>

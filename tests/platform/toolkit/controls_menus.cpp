@@ -1,3 +1,5 @@
+#include "user_input/user_input.h"
+
 #include "platform/toolkit/controls/button.h"
 #include "platform/toolkit/controls/edit.h"
 #include "platform/toolkit/controls/speed_button.h"
@@ -8,7 +10,6 @@
 #include "platform/toolkit/graphics/canvas.h"
 #include "platform/toolkit/graphics/image_list.h"
 #include "platform/toolkit/menus/menu.h"
-#include "platform/toolkit/user_input.h"
 
 #include <gtest/gtest.h>
 #include <memory>

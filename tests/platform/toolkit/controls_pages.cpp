@@ -1,7 +1,8 @@
+#include "user_input/user_input.h"
+
 #include "platform/toolkit/controls/edit.h"
 #include "platform/toolkit/controls/page_control.h"
 #include "platform/toolkit/core/form.h"
-#include "platform/toolkit/user_input.h"
 
 #include <gtest/gtest.h>
 #include <memory>

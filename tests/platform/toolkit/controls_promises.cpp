@@ -1,3 +1,5 @@
+#include "user_input/user_input.h"
+
 #include "platform/toolkit/controls/button.h"
 #include "platform/toolkit/controls/check_box.h"
 #include "platform/toolkit/controls/check_list_box.h"
@@ -18,7 +20,6 @@
 #include "platform/toolkit/controls/up_down.h"
 #include "platform/toolkit/core/form.h"
 #include "platform/toolkit/core/strings.h"
-#include "platform/toolkit/user_input.h"
 
 #include <functional>
 #include <gtest/gtest.h>

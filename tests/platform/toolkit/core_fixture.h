@@ -1,11 +1,12 @@
 #pragma once
 
+#include "user_input/user_input.h"
+
 #include "platform/toolkit/controls/panel.h"
 #include "platform/toolkit/core/application.h"
 #include "platform/toolkit/core/custom_control.h"
 #include "platform/toolkit/core/form.h"
 #include "platform/toolkit/core/screen.h"
-#include "platform/toolkit/user_input.h"
 
 #include <string>
 #include <vector>

@@ -1,10 +1,11 @@
 #pragma once
 
+#include "user_input/user_input.h"
+
 #include "platform/toolkit/controls/edit.h"
 #include "platform/toolkit/core/form.h"
 #include "platform/toolkit/grids/draw_grid.h"
 #include "platform/toolkit/grids/inplace_edit.h"
-#include "platform/toolkit/user_input.h"
 
 #include <gtest/gtest.h>
 #include <map>

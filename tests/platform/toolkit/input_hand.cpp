@@ -1,4 +1,5 @@
 #include "support/temp_dir.h"
+#include "user_input/user_input.h"
 
 #include "platform/toolkit/controls/button.h"
 #include "platform/toolkit/controls/check_list_box.h"
@@ -10,7 +11,6 @@
 #include "platform/toolkit/core/form.h"
 #include "platform/toolkit/core/strings.h"
 #include "platform/toolkit/menus/menu.h"
-#include "platform/toolkit/user_input.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "host/user_hand.h"
+#include "user_input/user_hand.h"
 
 #include <QAbstractItemView>
 #include <QApplication>

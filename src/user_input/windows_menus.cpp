@@ -1,9 +1,10 @@
+#include "user_input/hand_priv.h"
+#include "user_input/user_input.h"
+
 #include "platform/toolkit/bridge/qt_bridge.h"
 #include "platform/toolkit/core/form.h"
 #include "platform/toolkit/core/screen.h"
 #include "platform/toolkit/menus/menu.h"
-#include "platform/toolkit/user_input.h"
-#include "platform/toolkit/user_input_priv.h"
 
 #include <QtCore/QSaveFile>
 #include <QtCore/QTimer>

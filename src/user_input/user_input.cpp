@@ -1,10 +1,11 @@
-#include "platform/toolkit/user_input.h"
+#include "user_input/user_input.h"
+
+#include "user_input/hand_priv.h"
 
 #include "platform/toolkit/bridge/qt_bridge.h"
 #include "platform/toolkit/controls/page_control.h"
 #include "platform/toolkit/core/form.h"
 #include "platform/toolkit/grids/custom_grid.h"
-#include "platform/toolkit/user_input_priv.h"
 #include "platform/winapi/file.h"
 
 #include <QtCore/QAbstractEventDispatcher>
