@@ -13,12 +13,24 @@ if(TARGET vx_map)
     install(TARGETS vx_map RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 endif()
 install(DIRECTORY ${CMAKE_SOURCE_DIR}/src/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vxk_lr2d_edit_form
-        FILES_MATCHING PATTERN "*.h" PATTERN "*_priv.h" EXCLUDE PATTERN "user_input" EXCLUDE)
+        FILES_MATCHING PATTERN "*.h" PATTERN "*_priv.h" EXCLUDE PATTERN "detail" EXCLUDE
+        PATTERN "user_input" EXCLUDE)
 # The driver of windows, for tests and guided tours of plug-ins: `--component user_input`.
 install(TARGETS vxk_user_input EXPORT vxk_user_input_targets
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT user_input NAMELINK_COMPONENT user_input)
 install(FILES ${CMAKE_SOURCE_DIR}/src/user_input/user_input.h ${CMAKE_SOURCE_DIR}/src/user_input/user_hand.h
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vxk_lr2d_edit_form/user_input COMPONENT user_input)
+# The toolkit's headers were in one folder before they were put into rooms: a host that includes them by their former path
+# builds on.
+file(GLOB vx_toolkit_headers CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}/src
+     ${CMAKE_SOURCE_DIR}/src/platform/toolkit/*/*.h)
+list(FILTER vx_toolkit_headers EXCLUDE REGEX "_priv\\.h$")
+foreach(header ${vx_toolkit_headers})
+    get_filename_component(name ${header} NAME)
+    file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/former_paths/${name} CONTENT "#pragma once\n#include \"${header}\"\n")
+    install(FILES ${CMAKE_BINARY_DIR}/former_paths/${name}
+            DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vxk_lr2d_edit_form/platform/toolkit)
+endforeach()
 
 set(vx_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/vxk_lr2d_edit_form)
 install(EXPORT vxk_lr2d_edit_form_targets NAMESPACE vxk:: DESTINATION ${vx_package_dir})
