@@ -2,9 +2,9 @@
 # Installs what the build, the tests and the demo need on Debian 12, once. Sourced or run; quiet when nothing is missing.
 # Usage: tools/setup.sh [build|test]
 set -euo pipefail
-packages=(g++ cmake ninja-build ccache pkg-config qt6-base-dev qt6-svg-dev libgl-dev libgdal-dev libsqlite3-dev libshp-dev
+packages=(g++ cmake ninja-build ccache pkg-config qt6-base-dev qt6-svg-dev libgl-dev libgdal-dev libsqlite3-dev
           libpugixml-dev libicu-dev python3 fonts-dejavu-core)
-[ "${1:-build}" = test ] && packages+=(libgtest-dev libgmock-dev libbenchmark-dev clang-format binutils)
+[ "${1:-build}" = test ] && packages+=(libgtest-dev clang-format binutils)
 
 missing=()
 for p in "${packages[@]}"; do

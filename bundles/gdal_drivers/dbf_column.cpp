@@ -2,18 +2,19 @@
 
 #include "data_types.h"
 
+#include "platform/data/vx_dbf.h"
+
 #include <cpl_string.h>
 #include <cpl_vsi.h>
 #include <ogrsf_frmts.h>
 
 #include <algorithm>
-#include <array>
 #include <memory>
 #include <unordered_map>
 
 namespace vx::gdal {
 namespace {
-constexpr std::size_t c_head = 32;             ///< bytes of the file's head, and of each field's description
+constexpr std::size_t c_longest_head = 0xFFFF; ///< bytes of the table's header
 constexpr std::size_t c_block = 256 * 1024;    ///< bytes that are read at once; stays in the cache
 constexpr std::size_t c_known_texts = 1 << 14; ///< converted texts that are kept
 constexpr char c_deleted = '*';
@@ -24,55 +25,19 @@ struct file_closer
 };
 using file_holder = std::unique_ptr<VSILFILE, file_closer>;
 
-unsigned number_at(std::uint8_t const *bytes, int count)
-{
-    unsigned value = 0;
-    for (int i = count - 1; i >= 0; --i)
-        value = value << 8 | bytes[i];
-    return value;
-}
-
-/// Where the cells of one field lie in the file.
-struct cell_place
-{
-    std::size_t records = 0;
-    std::size_t record_size = 0;
-    vsi_l_offset first_record = 0;
-    std::size_t cell = 0; ///< within the record
-    std::size_t width = 0;
-    char type = 0; ///< of dBase: C, N, F, ...
-};
-
 /// False for a table that does not fit its file or the layer.
-bool find_cells(VSILFILE *file, OGRLayer &layer, int field, cell_place &place)
+bool find_cells(VSILFILE *file, OGRLayer &layer, int field, Tvx_dbf_cells &cells)
 {
-    std::array<std::uint8_t, c_head> head;
-    if (VSIFReadL(head.data(), 1, c_head, file) != c_head)
-        return false;
-    place.records = number_at(&head[4], 4);
-    place.first_record = number_at(&head[8], 2);
-    place.record_size = number_at(&head[10], 2);
-    auto const fields = static_cast<std::size_t>(layer.GetLayerDefn()->GetFieldCount());
-    if (place.first_record < c_head * (fields + 1) || place.record_size < 2)
-        return false;
-    std::size_t end = 1; // the mark of a deleted record comes first
-    for (std::size_t i = 0; i < fields; ++i) {
-        std::array<std::uint8_t, c_head> description;
-        if (VSIFReadL(description.data(), 1, c_head, file) != c_head || description[0] == '\r')
-            return false;
-        if (i == static_cast<std::size_t>(field)) {
-            place.cell = end;
-            place.width = description[16];
-            place.type = static_cast<char>(description[11]);
-        }
-        end += description[16];
-    }
-    if (end != place.record_size || place.width == 0)
-        return false;
     VSIFSeekL(file, 0, SEEK_END);
     vsi_l_offset const size = VSIFTellL(file);
-    auto const needed = place.first_record + static_cast<vsi_l_offset>(place.records) * place.record_size;
-    return size >= needed && layer.GetFeatureCount(FALSE) == static_cast<GIntBig>(place.records);
+    VSIFSeekL(file, 0, SEEK_SET);
+    std::vector<char> head(c_longest_head);
+    head.resize(VSIFReadL(head.data(), 1, head.size(), file));
+    // GDAL takes all widths for single bytes.
+    return vx_dbf_find_cells(head.data(), head.size(), size, field, &cells) && !cells.wide &&
+           cells.used_length == cells.record_length &&
+           cells.fields == layer.GetLayerDefn()->GetFieldCount() &&
+           cells.records == layer.GetFeatureCount(FALSE);
 }
 
 file_holder open_table(std::string const &path, OGRLayer &layer)
@@ -256,28 +221,30 @@ bool is_read_here(char dbf_type, OGRFieldType type, column_batch::cell_kind &kin
 column_result read_dbf_column(std::string const &path, OGRLayer &layer, int field, column_sink const &sink)
 {
     file_holder const file = open_table(path, layer);
-    cell_place place;
+    Tvx_dbf_cells cells;
     column_batch::cell_kind kind = column_batch::texts;
     OGRFieldDefn const *const defn = layer.GetLayerDefn()->GetFieldDefn(field);
-    if (!file || !find_cells(file.get(), layer, field, place) || defn->GetSubType() != OFSTNone ||
-        !is_read_here(place.type, defn->GetType(), kind))
+    if (!file || !find_cells(file.get(), layer, field, cells) || defn->GetSubType() != OFSTNone ||
+        !is_read_here(cells.letter, defn->GetType(), kind))
         return column_result::not_offered;
-    VSIFSeekL(file.get(), place.first_record, SEEK_SET);
+    VSIFSeekL(file.get(), cells.first_record, SEEK_SET);
 
     column_builder builder(kind, sink);
     cell_reader reader(layer, field, builder);
-    std::size_t const records_at_once = std::max<std::size_t>(1, c_block / place.record_size);
-    std::vector<char> block(records_at_once * place.record_size);
-    for (std::size_t left = place.records; left > 0;) {
+    auto const record_size = static_cast<std::size_t>(cells.record_length);
+    auto const width = static_cast<std::size_t>(cells.width);
+    std::size_t const records_at_once = std::max<std::size_t>(1, c_block / record_size);
+    std::vector<char> block(records_at_once * record_size);
+    for (auto left = static_cast<std::size_t>(cells.records); left > 0;) {
         std::size_t const count = std::min(left, records_at_once);
-        if (VSIFReadL(block.data(), place.record_size, count, file.get()) != count)
+        if (VSIFReadL(block.data(), record_size, count, file.get()) != count)
             return column_result::failed;
         left -= count;
         for (std::size_t i = 0; i < count; ++i) {
-            char const *const record = &block[i * place.record_size];
+            char const *const record = &block[i * record_size];
             if (*record == c_deleted)
                 continue;
-            if (!reader.read(trimmed(record + place.cell, place.width)))
+            if (!reader.read(trimmed(record + cells.offset, width)))
                 return column_result::done;
         }
     }

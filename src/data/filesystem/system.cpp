@@ -5,7 +5,6 @@
 #include "platform/winapi/file.h"
 
 #include <algorithm>
-#include <dirent.h>
 #include <fcntl.h>
 #include <filesystem>
 #include <pwd.h>
@@ -22,16 +21,19 @@ std::wstring from_system(std::string_view path)
     return native_path(text::utf8_to_wide(path));
 }
 
-/// Follows links; false when nothing is there.
-bool status_of(std::wstring const &path, struct stat &out)
+/// Follows links; all bits are 0 when nothing is there.
+struct stat status_of(std::wstring const &path)
 {
-    return !path.empty() && ::stat(system_path(path).c_str(), &out) == 0;
+    struct stat s = {};
+    if (!path.empty())
+        (void)::stat(system_path(path).c_str(), &s);
+    return s;
 }
 
 bool is_link(std::wstring const &path)
 {
-    struct stat s;
-    return ::lstat(system_path(path).c_str(), &s) == 0 && S_ISLNK(s.st_mode);
+    std::error_code error;
+    return fs::is_symlink(system_path(path), error);
 }
 
 bool can_open(std::wstring const &path, int mode)
@@ -78,17 +80,15 @@ bool fits(std::wstring_view name, std::wstring_view pattern)
 std::vector<std::wstring> entries_of(std::wstring const &dir)
 {
     std::vector<std::wstring> entries;
-    DIR *const handle = ::opendir(dir.empty() ? "." : system_path(dir).c_str());
-    if (!handle)
-        return entries;
     // Not combine(): a name such as "a:b" is no path of its own here.
     std::wstring const front = include_directory_separator(dir);
-    while (dirent const *entry = ::readdir(handle)) {
-        std::wstring const name = text::utf8_to_wide(entry->d_name);
-        if (name != L"." && name != L".." && name.find(L'\\') == name.npos)
+    std::error_code error;
+    for (fs::directory_iterator at(dir.empty() ? "." : system_path(dir), error), end; !error && at != end;
+         at.increment(error)) {
+        std::wstring const name = text::utf8_to_wide(at->path().filename().native());
+        if (name.find(L'\\') == name.npos)
             entries.push_back(front + name);
     }
-    ::closedir(handle);
     std::sort(entries.begin(), entries.end());
     return entries;
 }
@@ -177,32 +177,29 @@ std::wstring hostname()
 
 bool is_directory(std::wstring const &path)
 {
-    struct stat s;
-    return status_of(path, s) && S_ISDIR(s.st_mode);
+    std::error_code error;
+    return fs::is_directory(system_path(path), error);
 }
 
 bool is_file(std::wstring const &path)
 {
-    struct stat s;
-    return status_of(path, s) && !S_ISDIR(s.st_mode);
+    return path_exist(path) && !is_directory(path);
 }
 
 bool path_exist(std::wstring const &path)
 {
-    struct stat s;
-    return status_of(path, s);
+    std::error_code error;
+    return fs::exists(system_path(path), error);
 }
 
 long long file_mtime(std::wstring const &path)
 {
-    struct stat s;
-    return status_of(path, s) ? static_cast<long long>(s.st_mtime) : 0;
+    return status_of(path).st_mtime;
 }
 
 long long file_size(std::wstring const &path)
 {
-    struct stat s;
-    return status_of(path, s) ? static_cast<long long>(s.st_size) : 0;
+    return status_of(path).st_size;
 }
 
 bool file_readable(std::wstring const &path)
@@ -244,7 +241,8 @@ bool remove_file(std::wstring const &path)
 
 bool make_directory(std::wstring const &path)
 {
-    return path_exist(path) || ::mkdir(system_path(path).c_str(), 0777) == 0;
+    std::error_code error;
+    return path_exist(path) || fs::create_directory(system_path(path), error);
 }
 
 bool make_path(std::wstring const &path)
@@ -256,7 +254,7 @@ bool make_path(std::wstring const &path)
         level = L"\\";
     for (auto const &piece : strutil::split_any(path, all_directory_separators, strutil::split_skip_empty)) {
         level += piece + L"\\";
-        if (!path_exist(level) && ::mkdir(system_path(level).c_str(), 0777) != 0)
+        if (!make_directory(level))
             return false;
     }
     return is_directory(path);

@@ -8,14 +8,15 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
 #include <ctime>
 #include <deque>
 #include <fcntl.h>
+#include <filesystem>
 #include <limits>
-#include <shapefil.h>
 #include <string>
 #include <string_view>
 #include <sys/stat.h>
@@ -46,86 +47,20 @@ open_file open_regular(char const *path, struct stat &info)
     return nullptr;
 }
 
-// ---- what the table reader does with files
-
-/// The table that is being opened. The reader knows it by the name below, from which it makes those of the
-/// files beside it; its own rules for names would miss extensions in mixed case.
-std::string const *g_table_path = nullptr;
-constexpr char const *c_table_name = "table.dbf";
-
-std::string path_of(std::string_view name)
+/// First line of the file beside the table that names its code page; empty if there is none.
+std::string page_mark(std::string const &path)
 {
-    std::string_view const path = *g_table_path;
-    if (name.ends_with(".dbf"))
-        return std::string(path);
-    auto const slash = path.rfind('/');
-    auto const point = path.rfind('.');
-    bool const has_point =
-        point != std::string_view::npos && (slash == std::string_view::npos || point > slash);
-    return std::string(path.substr(0, has_point ? point : path.size())) +
-           std::string(name.substr(name.rfind('.')));
-}
-
-std::FILE *to_file(SAFile file)
-{
-    return reinterpret_cast<std::FILE *>(file);
-}
-
-SAFile hook_open(char const *name, char const *)
-{
-    struct stat info = {};
-    return reinterpret_cast<SAFile>(open_regular(path_of(name).c_str(), info).release());
-}
-SAOffset hook_read(void *target, SAOffset size, SAOffset count, SAFile file)
-{
-    return std::fread(target, size, count, to_file(file));
-}
-SAOffset hook_write(void *, SAOffset, SAOffset, SAFile)
-{
-    return 0;
-}
-SAOffset hook_seek(SAFile file, SAOffset offset, int whence)
-{
-    return static_cast<SAOffset>(fseeko(to_file(file), static_cast<off_t>(offset), whence));
-}
-SAOffset hook_tell(SAFile file)
-{
-    return static_cast<SAOffset>(ftello(to_file(file)));
-}
-int hook_flush(SAFile)
-{
-    return 0;
-}
-int hook_close(SAFile file)
-{
-    return std::fclose(to_file(file));
-}
-int hook_remove(char const *)
-{
-    return -1;
-}
-void hook_error(char const *)
-{
-}
-double hook_number(char const *)
-{
-    return 0.0; // numbers are read here, whatever the locale
-}
-
-struct reader_closer
-{
-    void operator()(DBFInfo *reader) const { DBFClose(reader); }
-};
-using reader_handle = std::unique_ptr<DBFInfo, reader_closer>;
-
-reader_handle open_reader(std::string const &path)
-{
-    SAHooks hooks = {hook_open,  hook_read,  hook_write,  hook_seek,  hook_tell,
-                     hook_flush, hook_close, hook_remove, hook_error, hook_number};
-    g_table_path = &path;
-    reader_handle reader(DBFOpenLL(c_table_name, "rb", &hooks));
-    g_table_path = nullptr;
-    return reader;
+    constexpr std::size_t c_longest_mark = 500;
+    for (char const *ending : {".cpg", ".CPG"}) {
+        struct stat info = {};
+        auto const file = open_regular(std::filesystem::path(path).replace_extension(ending).c_str(), info);
+        if (!file)
+            continue;
+        std::string mark(c_longest_mark, '\0');
+        mark.resize(std::fread(mark.data(), 1, mark.size(), file.get()));
+        return mark.substr(0, mark.find_first_of(std::string_view("\r\n\0", 3)));
+    }
+    return {};
 }
 
 // ---- deleted records
@@ -293,26 +228,24 @@ std::string currency_text(std::int64_t value)
     return (value < 0 ? "-" : "") + number_text(size / unit) + '.' + std::string(4 - part.size(), '0') + part;
 }
 
-/// A day counted as in astronomy and milliseconds of the day. The calendar date by the algorithm of Fliegel
-/// and Van Flandern, Communications of the ACM 11 (1968) 657.
+/// A day counted as in astronomy and milliseconds of the day.
 std::string date_time_text(std::uint32_t day, std::uint32_t milliseconds)
 {
+    using namespace std::chrono;
     constexpr std::uint32_t first_day = 1721426; // 1 January of the year 1
     constexpr std::uint32_t last_day = 5373484;  // 31 December 9999
-    constexpr std::uint32_t day_length = 86400000;
-    if (day < first_day || day > last_day || milliseconds >= day_length)
+    constexpr int epoch = 2440588;               // 1 January 1970
+    if (day < first_day || day > last_day ||
+        milliseconds >= duration_cast<std::chrono::milliseconds>(days(1)).count())
         return {};
-    int l = static_cast<int>(day) + 68569;
-    int const n = 4 * l / 146097;
-    l -= (146097 * n + 3) / 4;
-    int const i = 4000 * (l + 1) / 1461001;
-    l += 31 - 1461 * i / 4;
-    int const j = 80 * l / 2447;
-    int const seconds = static_cast<int>(milliseconds / 1000);
+    year_month_day const date = sys_days(days(static_cast<int>(day) - epoch));
+    hh_mm_ss const time(floor<seconds>(std::chrono::milliseconds(milliseconds)));
     std::array<char, 40> text;
-    int const length = std::snprintf(text.data(), text.size(), "%04d-%02d-%02d %02d:%02d:%02d",
-                                     100 * (n - 49) + i + j / 11, j + 2 - 12 * (j / 11), l - 2447 * j / 80,
-                                     seconds / 3600, seconds / 60 % 60, seconds % 60);
+    int const length =
+        std::snprintf(text.data(), text.size(), "%04d-%02u-%02u %02d:%02d:%02d",
+                      static_cast<int>(date.year()), static_cast<unsigned>(date.month()),
+                      static_cast<unsigned>(date.day()), static_cast<int>(time.hours().count()),
+                      static_cast<int>(time.minutes().count()), static_cast<int>(time.seconds().count()));
     return {text.data(), static_cast<std::size_t>(length)};
 }
 
@@ -349,11 +282,13 @@ struct Ivx_dbf
 
     vx::dbf::header header;
     std::vector<names> field_names;
-    reader_handle reader;
+    open_file file;
     kept_deletions deleted;
     unsigned page = 0; ///< 0: the file has no mark
     std::string text;
     std::wstring wide;
+    mutable std::vector<char> record_bytes;
+    mutable int record_place = -1; ///< of the record in `record_bytes`
 
     [[nodiscard]] int count() const { return deleted->readable - static_cast<int>(deleted->records.size()); }
     [[nodiscard]] vx::dbf::field const *field(int index) const
@@ -383,9 +318,23 @@ struct Ivx_dbf
     {
         if (!field || record < 0 || record >= count())
             return {};
-        char const *bytes = DBFReadTuple(reader.get(), place_of(record));
-        return bytes ? std::string_view(bytes + field->offset, static_cast<std::size_t>(field->width))
-                     : std::string_view();
+        if (!take_record(place_of(record)))
+            return {};
+        return {record_bytes.data() + field->offset, static_cast<std::size_t>(field->width)};
+    }
+    /// The record last asked for is kept.
+    [[nodiscard]] bool take_record(int place) const
+    {
+        if (place == record_place)
+            return true;
+        record_place = -1;
+        record_bytes.resize(static_cast<std::size_t>(header.record_length));
+        auto const start = header.length + static_cast<std::uint64_t>(place) * header.record_length;
+        if (pread(fileno(file.get()), record_bytes.data(), record_bytes.size(), static_cast<off_t>(start)) !=
+            static_cast<ssize_t>(record_bytes.size()))
+            return false;
+        record_place = place;
+        return true;
     }
     /// The value as the file has it, in the file's code page; empty for none. `filled` as in `decode`.
     [[nodiscard]] std::string value(vx::dbf::field const &field, int record, bool &filled) const
@@ -436,7 +385,7 @@ Ivx_dbf *vx_dbf_open_w(wchar_t const *name, int, int dos_flag)
         return nullptr;
     std::string const path = vx_path_to_native(name);
     struct stat info = {};
-    auto const file = open_regular(path.c_str(), info);
+    auto file = open_regular(path.c_str(), info);
     if (!file)
         return nullptr;
     std::string bytes(std::min<std::size_t>(vx::dbf::c_header_limit, static_cast<std::size_t>(info.st_size)),
@@ -447,22 +396,43 @@ Ivx_dbf *vx_dbf_open_w(wchar_t const *name, int, int dos_flag)
     if (!header)
         return nullptr;
     auto table = std::make_unique<Ivx_dbf>();
-    table->reader = open_reader(path);
-    if (!table->reader || table->reader->nRecordLength != static_cast<int>(header->record_length) ||
-        table->reader->nHeaderLength != static_cast<int>(header->length))
-        return nullptr;
     table->deleted = store().get(file.get(), info, *header);
     table->header = std::move(*header);
+    table->file = std::move(file);
     if (dos_flag)
         table->page = c_dos_page;
-    else if (char const *mark = DBFGetCodePage(table->reader.get()))
+    else if (auto const mark = page_mark(path); !mark.empty())
         table->page = vx::dbf::code_page_of(mark);
+    else
+        table->page = vx::dbf::code_page_of_driver(table->header.driver);
     for (auto const &field : table->header.fields) {
         auto wide = decode(field.name, table->page, false);
         auto narrow = vx::text::to_bytes(wide);
         table->field_names.push_back({std::move(narrow), std::move(wide)});
     }
     return table.release();
+}
+
+bool vx_dbf_find_cells(void const *head, std::size_t head_size, std::uint64_t file_size, int field,
+                       Tvx_dbf_cells *cells)
+{
+    auto const header = head && cells
+                            ? vx::dbf::parse_header({static_cast<char const *>(head), head_size}, file_size)
+                            : std::nullopt;
+    if (!header || field < 0 || static_cast<std::size_t>(field) >= header->fields.size())
+        return false;
+    auto const &found = header->fields[static_cast<std::size_t>(field)];
+    auto const &last = header->fields.back();
+    cells->fields = static_cast<int>(header->fields.size());
+    cells->records = header->records;
+    cells->first_record = header->length;
+    cells->record_length = static_cast<int>(header->record_length);
+    cells->used_length = last.offset + last.width;
+    cells->offset = found.offset;
+    cells->width = found.width;
+    cells->letter = found.letter;
+    cells->wide = header->wide;
+    return true;
 }
 
 void vx_dbf_close(Ivx_dbf *table)

@@ -2,6 +2,8 @@
 
 #include "platform/base/export.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <memory>
 
 /// dBase tables, read only and record by record: opening reads the header alone, and which records are
@@ -68,6 +70,24 @@ VX_API void vx_dbf_close(Ivx_dbf *table);
 /// Character cells that hold a number count; logical ones are 1 and 0.
 [[nodiscard]] VX_API int vx_dbf_get_int(Ivx_dbf *table, int field, int record, bool *ok);
 [[nodiscard]] VX_API double vx_dbf_get_dbl(Ivx_dbf *table, int field, int record, bool *ok);
+
+/// Where the cells of one field lie in the file, for readers of whole columns.
+struct Tvx_dbf_cells
+{
+    int fields = 0;  ///< of the table
+    int records = 0; ///< that the file holds wholly, deleted ones too: those begin with "*"
+    std::uint64_t first_record = 0;
+    int record_length = 0;
+    int used_length = 0; ///< of a record, up to the end of the last field
+    int offset = 0;      ///< of the cell in its record
+    int width = 0;
+    char letter = 0;   ///< the file's for the field's type: C, N, F, ...
+    bool wide = false; ///< character fields have widths of two bytes, which not all programs know
+};
+/// Reads it out of the first bytes of a table of `file_size` bytes: the first 65,535 or all. False, with
+/// `cells` as it was, for a header that is no good, and for a field outside the table.
+[[nodiscard]] VX_API bool vx_dbf_find_cells(void const *head, std::size_t head_size, std::uint64_t file_size,
+                                            int field, Tvx_dbf_cells *cells);
 
 namespace vx {
 struct dbf_closer

@@ -122,10 +122,19 @@ TEST(numbers, comma_and_point)
         bool ok;
     };
     constexpr double inf = std::numeric_limits<double>::infinity();
-    row const table[] = {{L"1,5", 1.5, true},    {L"1,5,6", 1.5, false},   {L"1.5", 1.5, true},
-                         {L"", 0, false},        {L"  +2e3", 2000, true},  {L"-7x", -7, false},
-                         {L"1e999", inf, false}, {L"-1e999", -inf, false}, {L"1e-999", 0, false},
-                         {L"+-1", 0, false},     {L"1 ", 1, false},        {L"5€", 5, false}};
+    row const table[] = {{L"1,5", 1.5, true},
+                         {L"1,5,6", 1.5, false},
+                         {L"1.5", 1.5, true},
+                         {L"", 0, false},
+                         {L"  +2e3", 2000, true},
+                         {L"-7x", -7, false},
+                         {L"1e999", inf, false},
+                         {L"-1e999", -inf, false},
+                         {L"1e-999", 0, false},
+                         {L"+-1", 0, false},
+                         {L"1 ", 1, false},
+                         {L"5€", 5, false},
+                         {L"4.9e-324", std::numeric_limits<double>::denorm_min(), true}};
     std::wstring const zeros(400, L'0');
     std::wstring const long_texts[] = {L"1" + zeros, L"1" + zeros + L"e-5", L"0." + zeros + L"1",
                                        L"0." + zeros + L"1e5", L"0." + zeros + L"1e" + zeros + L"405"};

@@ -142,6 +142,7 @@ std::optional<header> parse_header(std::string_view bytes, std::uint64_t file_si
     std::uint64_t const count = word(bytes, 4) | std::uint64_t{word(bytes, 6)} << 16;
     made.length = word(bytes, 8);
     made.record_length = word(bytes, 10);
+    made.driver = static_cast<unsigned char>(bytes[29]);
     if (version == 0 || (version & 7U) == c_version_7 || made.length <= c_slot ||
         made.length > bytes.size() || made.length > file_size || made.record_length < 2 ||
         count > static_cast<std::uint64_t>(std::numeric_limits<int>::max()))
@@ -160,7 +161,8 @@ std::optional<header> parse_header(std::string_view bytes, std::uint64_t file_si
     auto const needed = lay_out(made.fields);
     if (made.fields.empty() || needed > made.record_length)
         return std::nullopt;
-    if (needed < made.record_length && lay_out(wide) == made.record_length)
+    made.wide = needed < made.record_length && lay_out(wide) == made.record_length;
+    if (made.wide)
         made.fields = std::move(wide);
     if (std::ranges::any_of(made.fields, [](field const &one) { return one.width == 0; }))
         return std::nullopt;
@@ -168,17 +170,18 @@ std::optional<header> parse_header(std::string_view bytes, std::uint64_t file_si
     return made;
 }
 
+unsigned code_page_of_driver(unsigned driver)
+{
+    auto const found = std::ranges::find(c_driver_pages, driver, &driver_page::mark);
+    return found == std::end(c_driver_pages) ? 0 : known(found->page);
+}
+
 unsigned code_page_of(std::string_view mark)
 {
     std::string const upper = text::ascii_upper(std::string(mark));
     std::string_view rest = upper;
-    if (rest.starts_with("LDID/")) {
-        unsigned const driver = take_number(rest);
-        for (auto const &[number, page] : c_driver_pages)
-            if (number == driver)
-                return known(page);
-        return 0;
-    }
+    if (rest.starts_with("LDID/"))
+        return code_page_of_driver(take_number(rest));
     if (rest.find("UTF") != std::string_view::npos)
         return rest.find('8') != std::string_view::npos ? CP_UTF8 : 0;
     unsigned number = take_number(rest);

@@ -23,7 +23,9 @@ struct header
 {
     std::uint64_t length = 0; ///< bytes before the first record
     std::uint64_t record_length = 0;
-    int records = 0; ///< those that the file holds wholly, deleted ones too
+    int records = 0;          ///< those that the file holds wholly, deleted ones too
+    unsigned char driver = 0; ///< mark of the language driver; 0 is none
+    bool wide = false;        ///< character fields have widths of two bytes
     std::vector<field> fields;
 };
 
@@ -33,7 +35,9 @@ inline constexpr std::size_t c_header_limit = 0xFFFF;
 /// contradicts itself, or belongs to a version with another layout.
 [[nodiscard]] std::optional<header> parse_header(std::string_view bytes, std::uint64_t file_size);
 
-/// Code page of a mark: "LDID/201" for the byte in the header, or the content of a .cpg file, such as
-/// "UTF-8", "1251", "ISO 8859-5" or "IBM866". 0 for a mark that says nothing, or nothing known.
+/// Code page of the mark in a .cpg file, such as "UTF-8", "1251", "ISO 8859-5" or "IBM866", or "LDID/201" for
+/// the language driver 201. 0 for a mark that says nothing, or nothing known.
 [[nodiscard]] unsigned code_page_of(std::string_view mark);
+/// The same for the mark of a language driver.
+[[nodiscard]] unsigned code_page_of_driver(unsigned driver);
 } // namespace vx::dbf
