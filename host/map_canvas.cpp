@@ -16,7 +16,7 @@ constexpr qint64 c_slice_ms = 12;
 /// A view that is being drawn is drawn to its end for this long, though the user moved on: so a map that is
 /// dragged fills in on the way.
 constexpr qint64 c_finish_ms = 250;
-/// Drawing that takes longer is told to the user, and shows what it has.
+/// Drawing that takes longer is told to the user, and shows what it has so often.
 constexpr qint64 c_busy_ms = 300;
 /// Steps of the wheel or the keys within this time are one step of the way back.
 constexpr qint64 c_one_step_ms = 700;
@@ -174,22 +174,27 @@ void Tvx_map_canvas::on_draw_timer()
         emit layer_failed(id);
     if (is_settled()) {
         f_drawing_for.invalidate();
+        f_since_shown.invalidate();
         set_busy(false);
         update();
         return;
     }
     if (f_picture.is_complete())
         update();
-    else if (f_drawing_for.elapsed() > c_busy_ms)
-        set_busy(true);
-    f_draw_timer.start(0);
+    else
+        show_progress();
+    // A window that is not seen any more is drawn when it is shown again.
+    if (isVisible())
+        f_draw_timer.start(0);
 }
 
 void Tvx_map_canvas::draw_slice()
 {
     f_drawing = true;
     f_slice.start();
-    while (f_picture.step(make_closure<&Tvx_map_canvas::is_drawing_unwanted>(this)) &&
+    // A step that was stopped is not tried again here: its view was given up, or the window is gone.
+    while (f_picture.step(make_closure<&Tvx_map_canvas::is_drawing_unwanted>(this)) ==
+               Tvx_map_picture::c_step_more &&
            f_slice.elapsed() < c_slice_ms) {
     }
     f_drawing = false;
@@ -199,11 +204,21 @@ bool Tvx_map_canvas::is_drawing_unwanted()
 {
     if (f_slice.elapsed() < c_slice_ms)
         return false;
-    if (f_drawing_for.elapsed() > c_busy_ms)
-        set_busy(true);
+    show_progress();
     QCoreApplication::processEvents();
     f_slice.restart();
-    return !isVisible() || is_view_given_up();
+    return !isVisible() || is_view_given_up() || f_picture.is_work_in_vain();
+}
+
+void Tvx_map_canvas::show_progress()
+{
+    if (f_drawing_for.elapsed() < c_busy_ms ||
+        (f_since_shown.isValid() && f_since_shown.elapsed() < c_busy_ms))
+        return;
+    set_busy(true);
+    f_picture.compose();
+    update();
+    f_since_shown.start();
 }
 
 bool Tvx_map_canvas::is_view_given_up() const
@@ -221,7 +236,7 @@ QImage Tvx_map_canvas::settled_picture()
     f_picture.request(f_view, devicePixelRatioF());
     if (f_picture.image().isNull())
         f_picture.invalidate();
-    while (f_picture.step()) {
+    while (f_picture.step() != Tvx_map_picture::c_step_done) {
     }
     update();
     return f_picture.image();

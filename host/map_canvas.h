@@ -51,6 +51,8 @@ public:
 
     /// The picture shows the view and the layers as they are.
     [[nodiscard]] bool is_settled() const;
+    /// Another way of drawing a layer than with its own styles.
+    void set_drawer(Tvx_map_picture::drawer draw) { f_picture.set_drawer(draw); }
     /// Draws what is left now. The picture as it is on the screen, without what the pointer draws over it.
     [[nodiscard]] QImage settled_picture();
 
@@ -101,6 +103,8 @@ private:
     void on_layers_changed();
     void on_draw_timer();
     void draw_slice();
+    /// Tells that drawing takes its time, and shows what it has.
+    void show_progress();
     /// Asked while a layer is being drawn: serves the user, then tells whether the drawing is still wanted.
     [[nodiscard]] bool is_drawing_unwanted();
     [[nodiscard]] bool is_view_given_up() const;
@@ -119,6 +123,7 @@ private:
     QElapsedTimer f_drawing_for; ///< since the picture was last right
     QElapsedTimer f_view_for;    ///< since the view that is being drawn was asked for
     QElapsedTimer f_slice;
+    QElapsedTimer f_since_shown; ///< since what there is of a slow picture was last put together
     bool f_drawing = false;
     bool f_busy = false;
     tool f_tool = c_tool_pan;

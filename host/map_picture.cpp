@@ -1,12 +1,12 @@
 #include "host/map_picture.h"
 
-#include "host/layer_drawing.h"
 #include "host/layer_list.h"
 
 #include <QPainter>
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 /// Memory for the pictures of single layers; the ones at the bottom of the map are given up first.
@@ -39,24 +39,23 @@ void Tvx_map_picture::invalidate()
     f_complete = false;
 }
 
-bool Tvx_map_picture::step(closure<bool()> cancelled)
+Tvx_map_picture::step_result Tvx_map_picture::step(closure<bool()> cancelled)
 {
     if (f_complete)
-        return false;
+        return c_step_done;
     for (int row = f_layers.count() - 1; row >= 0; --row) {
         if (!f_layers.is_visible(row))
             continue;
         layer_picture const *kept = find(f_layers.id_at(row));
         if (kept && is_current(*kept, f_layers.revision_at(row)))
             continue;
-        draw(row, cancelled);
-        return true;
+        return draw(row, cancelled) ? c_step_more : c_step_cancelled;
     }
     drop_removed();
     compose();
     drop_over_budget();
     f_complete = true;
-    return false;
+    return c_step_done;
 }
 
 void Tvx_map_picture::compose()
@@ -70,12 +69,24 @@ void Tvx_map_picture::compose()
     QPainter painter(&image);
     for (int row = f_layers.count() - 1; row >= 0; --row) {
         layer_picture const *kept = find(f_layers.id_at(row));
-        if (kept && f_layers.is_visible(row))
+        if (!f_layers.is_visible(row))
+            continue;
+        if (kept)
             paint(painter, kept->image, kept->view, f_view);
+        if (f_in_work && f_in_work->id == f_layers.id_at(row))
+            paint(painter, f_in_work->image, f_in_work->view, f_view);
     }
     painter.end();
     f_image = std::move(image);
     f_image_view = f_view;
+}
+
+bool Tvx_map_picture::is_work_in_vain() const
+{
+    if (!f_in_work)
+        return false;
+    int const row = f_layers.row_of(f_in_work->id);
+    return !f_layers.is_visible(row) || f_layers.revision_at(row) != f_in_work->revision;
 }
 
 std::vector<int> Tvx_map_picture::take_failed_ids()
@@ -115,7 +126,7 @@ bool Tvx_map_picture::is_current(layer_picture const &picture, int revision) con
            (picture.outside || !picture.image.isNull());
 }
 
-void Tvx_map_picture::draw(int row, closure<bool()> cancelled)
+bool Tvx_map_picture::draw(int row, closure<bool()> cancelled)
 {
     layer_picture drawn;
     drawn.id = f_layers.id_at(row);
@@ -130,9 +141,14 @@ void Tvx_map_picture::draw(int row, closure<bool()> cancelled)
         drawn.image.fill(Qt::transparent);
         // The list may change while the user is served in between, so a copy of the layer is drawn.
         Tvx_layer_list::layer_ptr const layer(vx_lr2d_clone(f_layers.layer_at(row)));
-        Tvx_drawing_result const result = vx_layer_draw(layer.get(), drawn.view, drawn.image, cancelled);
+        // Served in between, the user may ask for the whole picture: that is a drawing within this one.
+        layer_picture *const outer = std::exchange(f_in_work, &drawn);
+        Tvx_drawing_result const result =
+            f_drawer ? f_drawer(layer.get(), drawn.view, drawn.image, cancelled)
+                     : vx_layer_draw(layer.get(), drawn.view, drawn.image, cancelled);
+        f_in_work = outer;
         if (result == c_drawing_cancelled)
-            return;
+            return false;
         if (result == c_drawing_failed)
             f_failed.push_back(drawn.id);
     }
@@ -140,6 +156,7 @@ void Tvx_map_picture::draw(int row, closure<bool()> cancelled)
         *kept = std::move(drawn);
     else
         f_pictures.push_back(std::move(drawn));
+    return true;
 }
 
 void Tvx_map_picture::drop_removed()

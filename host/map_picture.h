@@ -1,8 +1,6 @@
 #pragma once
 
-#include "host/canvas_view.h"
-
-#include "platform/base/closure.h"
+#include "host/layer_drawing.h"
 
 #include <QImage>
 
@@ -17,20 +15,37 @@ class Tvx_layer_list;
 class Tvx_map_picture
 {
 public:
+    /// What a step did: drew a layer and more may be left, was told to stop within one, or left nothing.
+    enum step_result
+    {
+        c_step_more,
+        c_step_cancelled,
+        c_step_done
+    };
+    /// Draws one layer; see `vx_layer_draw`, which draws them unless another is set.
+    using drawer = closure<Tvx_drawing_result(Ivx_layer *layer, Tvx_canvas_view const &view, QImage &image,
+                                              closure<bool()> cancelled)>;
+
     /// The list must outlive the picture.
     explicit Tvx_map_picture(Tvx_layer_list const &layers) : f_layers(layers) {}
+
+    void set_drawer(drawer draw) { f_drawer = draw; }
 
     /// What is to be drawn: the view in logical pixels and the number of device pixels in one of them.
     void request(Tvx_canvas_view const &view, double device_pixel_ratio);
     /// The list has changed: what has to be drawn is decided anew.
     void invalidate();
 
-    /// Draws the next layer that has no picture yet, or puts the whole together. True while more is left.
-    /// `cancelled` is asked now and then within a layer; true leaves that layer for another time.
-    bool step(closure<bool()> cancelled = {});
+    /// Draws the next layer that has no picture yet, or puts the whole together. `cancelled` is asked now and
+    /// then within a layer; true gives up what was drawn of it.
+    step_result step(closure<bool()> cancelled = {});
     [[nodiscard]] bool is_complete() const { return f_complete; }
-    /// Puts together what there is now; layers that are still to come are shown from their last view.
+    /// Puts together what there is now. Layers that are still to come are shown from their last view; over it
+    /// lies what has been drawn of the one that is in work.
     void compose();
+
+    /// The layer that is being drawn was removed, replaced or hidden meanwhile.
+    [[nodiscard]] bool is_work_in_vain() const;
 
     /// The last picture that was put together, null before the first, and the view that it shows.
     [[nodiscard]] QImage const &image() const { return f_image; }
@@ -56,7 +71,8 @@ private:
     };
     [[nodiscard]] layer_picture *find(int id);
     [[nodiscard]] bool is_current(layer_picture const &picture, int revision) const;
-    void draw(int row, closure<bool()> cancelled);
+    /// False when it was cancelled.
+    [[nodiscard]] bool draw(int row, closure<bool()> cancelled);
     void drop_removed();
     void drop_over_budget();
 
@@ -65,6 +81,8 @@ private:
     double f_ratio = 1;
     bool f_complete = true;
     std::vector<layer_picture> f_pictures;
+    layer_picture *f_in_work = nullptr; ///< while a layer is being drawn
+    drawer f_drawer;
     std::vector<int> f_failed;
     QImage f_image;
     Tvx_canvas_view f_image_view;
