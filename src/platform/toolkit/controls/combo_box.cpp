@@ -1,7 +1,8 @@
 #include "platform/toolkit/controls/combo_box.h"
 
+#include "platform/base/flag_scope.h"
 #include "platform/toolkit/bridge/qt_bridge.h"
-#include "platform/toolkit/core/strings.h"
+#include "platform/toolkit/controls/detail/item_strings.h"
 #include "platform/toolkit/graphics/canvas.h"
 
 #include <QComboBox>
@@ -13,10 +14,8 @@
 #include <QStyledItemDelegate>
 
 #include <algorithm>
-#include <stdexcept>
 
 namespace {
-constexpr int c_object_role = Qt::UserRole;
 constexpr int c_text_inset = 2;
 constexpr int c_no_limit = 0x7FFF;
 } // namespace
@@ -43,9 +42,8 @@ public:
             owner->f_dropped = true;
             owner->DropDown();
         }
-        opening = true;
+        vx::flag_scope const opens(opening);
         QComboBox::showPopup();
-        opening = false;
     }
     void hidePopup() override
     {
@@ -114,84 +112,38 @@ private:
     TCustomComboBox *f_owner;
 };
 
-/// The items in the list of the widget. No change of them is a choice of the user.
-class TCustomComboBox::strings final : public TStrings
+class TCustomComboBox::strings final : public vx_item_strings
 {
 public:
-    explicit strings(TCustomComboBox *owner) : f_owner(owner) {}
+    explicit strings(TCustomComboBox *owner) : vx_item_strings(owner, owner->f_sorted), f_owner(owner) {}
 
-    int GetCount() const override { return native()->count(); }
-    UnicodeString GetStrings(int index) const override
+protected:
+    void insert_row(int index, UnicodeString const &text) override
     {
-        return vx_unicode_string(native()->itemText(checked(index)));
-    }
-    void SetStrings(int index, UnicodeString const &text) override
-    {
-        native()->setItemText(checked(index), vx_qt_string(text));
-        f_owner->remember();
-    }
-    TObject *GetObjects(int index) const override
-    {
-        return reinterpret_cast<TObject *>(native()->itemData(checked(index), c_object_role).toULongLong());
-    }
-    void SetObjects(int index, TObject *object) override
-    {
-        native()->setItemData(checked(index), QVariant::fromValue(reinterpret_cast<qulonglong>(object)),
-                              c_object_role);
-    }
-    int AddObject(UnicodeString const &text, TObject *object) override
-    {
-        int index = GetCount();
-        if (f_owner->f_sorted) {
-            index = 0;
-            while (index < GetCount() && vx_compare_text(GetStrings(index), text) <= 0)
-                ++index;
-        }
-        InsertObject(index, text, object);
-        return index;
-    }
-    void InsertObject(int index, UnicodeString const &text, TObject *object) override
-    {
-        if (index < 0 || index > GetCount())
-            throw std::out_of_range("item");
-        QComboBox *box = native();
-        bool const none = box->currentIndex() < 0;
-        QString const typed = box->currentText();
-        box->insertItem(index, vx_qt_string(text));
+        QComboBox *combo = f_owner->native();
+        bool const none = combo->currentIndex() < 0;
+        QString const typed = combo->currentText();
+        combo->insertItem(index, vx_qt_string(text));
         // The widget chooses the first item that comes.
         if (none)
-            box->setCurrentIndex(-1);
-        if (box->isEditable())
-            box->setEditText(typed);
-        SetObjects(index, object);
-        f_owner->remember();
+            combo->setCurrentIndex(-1);
+        if (combo->isEditable())
+            combo->setEditText(typed);
     }
-    void Delete(int index) override
+    void remove_row(int index) override
     {
-        QComboBox *box = native();
-        QString const typed = box->currentText();
-        if (box->currentIndex() == checked(index))
-            box->setCurrentIndex(-1);
-        box->removeItem(index);
-        if (box->isEditable())
-            box->setEditText(typed);
-        f_owner->remember();
+        QComboBox *combo = f_owner->native();
+        QString const typed = combo->currentText();
+        if (combo->currentIndex() == index)
+            combo->setCurrentIndex(-1);
+        combo->removeItem(index);
+        if (combo->isEditable())
+            combo->setEditText(typed);
     }
-    void Clear() override
-    {
-        native()->clear();
-        f_owner->remember();
-    }
+    void remove_all_rows() override { f_owner->native()->clear(); }
+    void changed() override { f_owner->remember(); }
 
 private:
-    QComboBox *native() const { return vx_qt_as<QComboBox>(f_owner); }
-    int checked(int index) const
-    {
-        if (index < 0 || index >= GetCount())
-            throw std::out_of_range("item");
-        return index;
-    }
-
     TCustomComboBox *f_owner;
 };
 
@@ -223,6 +175,11 @@ TCustomComboBox::~TCustomComboBox()
 TCustomComboBox::box *TCustomComboBox::native() const
 {
     return vx_qt_as<box>(this);
+}
+
+TStrings *TCustomComboBox::GetItems() const
+{
+    return f_items.get();
 }
 
 bool TCustomComboBox::owner_drawn() const
@@ -421,12 +378,8 @@ void TCustomComboBox::SetDroppedDown(bool down)
 void TCustomComboBox::SetSorted(bool sorted)
 {
     f_sorted = sorted;
-    if (!sorted)
-        return;
-    TStringList list;
-    list.Assign(f_items.get());
-    list.Sort();
-    f_items->Assign(&list);
+    if (sorted)
+        f_items->Sort();
 }
 
 void TCustomComboBox::SetItemHeight(int height)

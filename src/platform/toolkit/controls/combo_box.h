@@ -8,6 +8,7 @@
 
 class TCanvas;
 class TStrings;
+class vx_item_strings;
 
 enum TComboBoxStyle
 {
@@ -29,7 +30,7 @@ public:
     explicit TCustomComboBox(TComponent *owner);
     ~TCustomComboBox() override;
 
-    [[nodiscard]] TStrings *GetItems() const { return f_items.get(); }
+    [[nodiscard]] TStrings *GetItems() const;
     void SetItems(TStrings const *items);
     /// Puts these in place of all items, at once: much faster than one by one. Nothing is chosen afterwards;
     /// a sorted list takes them as they come.
@@ -106,7 +107,7 @@ private:
     [[nodiscard]] bool has_edit() const;
     void draw(void *painter, int index, TRect const &rect, TOwnerDrawState const &state);
 
-    std::unique_ptr<TStrings> f_items;
+    std::unique_ptr<vx_item_strings> f_items;
     std::unique_ptr<TCanvas> f_canvas;
     TComboBoxStyle f_style = csDropDown;
     int f_item_height = 16;

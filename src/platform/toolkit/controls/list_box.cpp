@@ -1,7 +1,7 @@
 #include "platform/toolkit/controls/list_box.h"
 
 #include "platform/toolkit/bridge/qt_bridge.h"
-#include "platform/toolkit/core/strings.h"
+#include "platform/toolkit/controls/detail/item_strings.h"
 #include "platform/toolkit/graphics/canvas.h"
 
 #include <QListWidget>
@@ -11,10 +11,8 @@
 #include <QStyledItemDelegate>
 
 #include <algorithm>
-#include <stdexcept>
 
 namespace {
-constexpr int c_object_role = Qt::UserRole;
 constexpr int c_text_inset = 2;
 } // namespace
 
@@ -23,8 +21,6 @@ class TCustomListBox::view final : public QListWidget
 {
 public:
     TCustomListBox *owner = nullptr;
-    /// Set while the program changes items.
-    bool quiet = false;
 
     [[nodiscard]] QList<int> chosen() const
     {
@@ -130,98 +126,38 @@ private:
     TCustomListBox *f_owner;
 };
 
-/// The items in the list of the widget. No change of them is a choice of the user.
-class TCustomListBox::strings final : public TStrings
+class TCustomListBox::strings final : public vx_item_strings
 {
 public:
-    explicit strings(TCustomListBox *owner) : f_owner(owner) {}
+    explicit strings(TCustomListBox *owner) : vx_item_strings(owner, owner->f_sorted), f_owner(owner) {}
 
-    int GetCount() const override { return native()->count(); }
-    UnicodeString GetStrings(int index) const override { return vx_unicode_string(item(index)->text()); }
-    void SetStrings(int index, UnicodeString const &text) override
+protected:
+    void insert_row(int index, UnicodeString const &text) override
     {
-        quiet_scope const scope(native());
-        item(index)->setText(vx_qt_string(text));
-    }
-    TObject *GetObjects(int index) const override
-    {
-        return reinterpret_cast<TObject *>(item(index)->data(c_object_role).toULongLong());
-    }
-    void SetObjects(int index, TObject *object) override
-    {
-        quiet_scope const scope(native());
-        item(index)->setData(c_object_role, QVariant::fromValue(reinterpret_cast<qulonglong>(object)));
-    }
-    int AddObject(UnicodeString const &text, TObject *object) override
-    {
-        int index = GetCount();
-        if (f_owner->f_sorted) {
-            index = 0;
-            while (index < GetCount() && vx_compare_text(GetStrings(index), text) <= 0)
-                ++index;
-        }
-        InsertObject(index, text, object);
-        return index;
-    }
-    void InsertObject(int index, UnicodeString const &text, TObject *object) override
-    {
-        if (index < 0 || index > GetCount())
-            throw std::out_of_range("item");
-        quiet_scope const scope(native());
         auto *line = new QListWidgetItem(vx_qt_string(text));
         line->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
         if (f_owner->HasChecks()) {
             line->setFlags(line->flags() | Qt::ItemIsUserCheckable);
             line->setCheckState(Qt::Unchecked);
         }
-        native()->insertItem(index, line);
-        SetObjects(index, object);
+        f_owner->native()->insertItem(index, line);
     }
-    void Delete(int index) override
+    void remove_row(int index) override
     {
-        quiet_scope const scope(native());
-        QListWidgetItem *line = item(index);
-        bool const was_current = native()->currentRow() == index;
-        delete line;
+        view *list = f_owner->native();
+        bool const was_current = list->currentRow() == index;
+        delete list->item(index);
         // The widget goes on to a neighbour.
         if (was_current) {
-            native()->setCurrentRow(-1);
+            list->setCurrentRow(-1);
             if (!f_owner->f_multi_select)
-                native()->clearSelection();
+                list->clearSelection();
         }
     }
-    void Clear() override
-    {
-        quiet_scope const scope(native());
-        native()->clear();
-    }
-
-protected:
-    void SetUpdateState(bool updating) override { native()->setUpdatesEnabled(!updating); }
+    void remove_all_rows() override { f_owner->native()->clear(); }
+    void SetUpdateState(bool updating) override { f_owner->native()->setUpdatesEnabled(!updating); }
 
 private:
-    /// Its fields end last: the flag goes back to what it was.
-    class quiet_scope
-    {
-    public:
-        explicit quiet_scope(view *v) : f_view(v), f_former(v->quiet) { v->quiet = true; }
-        quiet_scope(quiet_scope const &) = delete;
-        quiet_scope &operator=(quiet_scope const &) = delete;
-        ~quiet_scope() { f_view->quiet = f_former; }
-
-    private:
-        view *f_view;
-        bool f_former;
-    };
-
-    view *native() const { return f_owner->native(); }
-    QListWidgetItem *item(int index) const
-    {
-        if (index < 0 || index >= GetCount())
-            throw std::out_of_range("item");
-        return native()->item(index);
-    }
-
     TCustomListBox *f_owner;
 };
 
@@ -240,7 +176,7 @@ TCustomListBox::TCustomListBox(TComponent *owner)
     drawer->setParent(widget);
     widget->setItemDelegate(drawer);
     vx_connect(this, widget, &QListWidget::itemChanged, [this](QListWidgetItem *item) {
-        if (!native()->quiet)
+        if (!f_items->is_changing())
             CheckClicked(native()->row(item));
     });
     apply_mode();
@@ -255,6 +191,11 @@ TCustomListBox::~TCustomListBox()
 TCustomListBox::view *TCustomListBox::native() const
 {
     return vx_qt_as<view>(this);
+}
+
+TStrings *TCustomListBox::GetItems() const
+{
+    return f_items.get();
 }
 
 bool TCustomListBox::owner_drawn() const
@@ -371,12 +312,8 @@ void TCustomListBox::SetItemHeight(int height)
 void TCustomListBox::SetSorted(bool sorted)
 {
     f_sorted = sorted;
-    if (!sorted)
-        return;
-    TStringList list;
-    list.Assign(f_items.get());
-    list.Sort();
-    f_items->Assign(&list);
+    if (sorted)
+        f_items->Sort();
 }
 
 int TCustomListBox::GetTopIndex() const

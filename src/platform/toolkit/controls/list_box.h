@@ -7,6 +7,7 @@
 
 class TCanvas;
 class TStrings;
+class vx_item_strings;
 
 enum TListBoxStyle
 {
@@ -23,7 +24,7 @@ public:
     explicit TCustomListBox(TComponent *owner);
     ~TCustomListBox() override;
 
-    [[nodiscard]] TStrings *GetItems() const { return f_items.get(); }
+    [[nodiscard]] TStrings *GetItems() const;
     void SetItems(TStrings const *items);
     void AddItem(UnicodeString const &text, TObject *object);
     void Clear();
@@ -83,7 +84,7 @@ private:
     [[nodiscard]] bool owner_drawn() const;
     void draw(void *painter, int index, TRect const &rect, TOwnerDrawState const &state);
 
-    std::unique_ptr<TStrings> f_items;
+    std::unique_ptr<vx_item_strings> f_items;
     std::unique_ptr<TCanvas> f_canvas;
     TListBoxStyle f_style = lbStandard;
     TBorderStyle f_border_style = bsSingle;
