@@ -3,30 +3,29 @@
 #include "controls/numeric/detail/number_text.h"
 #include "controls/numeric/edit_keys_priv.h"
 
+#include "platform/base/flag_scope.h"
+
 void Tvx_vcl_spin_edit::set_value(int value)
 {
     if (value == f_value)
         return;
-    f_quiet = true;
+    vx::flag_scope const quiet(f_quiet);
     SetValue(value);
     take_value();
-    f_quiet = false;
 }
 
 void Tvx_vcl_spin_edit::set_min(int min)
 {
-    f_quiet = true;
+    vx::flag_scope const quiet(f_quiet);
     SetMinValue(min);
     take_value();
-    f_quiet = false;
 }
 
 void Tvx_vcl_spin_edit::set_max(int max)
 {
-    f_quiet = true;
+    vx::flag_scope const quiet(f_quiet);
     SetMaxValue(max);
     take_value();
-    f_quiet = false;
 }
 
 void Tvx_vcl_spin_edit::take_value()

@@ -1,5 +1,6 @@
 #include "platform/toolkit/controls/check_box.h"
 
+#include "platform/base/flag_scope.h"
 #include "platform/toolkit/bridge/qt_bridge.h"
 
 #include <QCheckBox>
@@ -118,7 +119,6 @@ void TCustomCheckBox::SetAlignment(TAlignment alignment)
 void TCustomCheckBox::ActionChanged(TCustomAction const &action)
 {
     // The action has run or will run by itself: following it is no click.
-    f_following_action = true;
+    vx::flag_scope const following(f_following_action);
     SetChecked(action.GetChecked());
-    f_following_action = false;
 }

@@ -1,5 +1,6 @@
 #include "platform/toolkit/controls/edit.h"
 
+#include "platform/base/flag_scope.h"
 #include "platform/toolkit/bridge/qt_bridge.h"
 #include "platform/toolkit/controls/detail/edit_port.h"
 
@@ -38,12 +39,10 @@ UnicodeString TCustomEdit::GetText() const
 
 void TCustomEdit::SetText(UnicodeString const &text)
 {
-    bool const outer = f_setting;
-    f_setting = true;
+    vx::flag_scope const setting(f_setting);
     f_modified = false;
     if (!(f_port->text() == text))
         f_port->set_text(text);
-    f_setting = outer;
 }
 
 int TCustomEdit::GetSelStart() const

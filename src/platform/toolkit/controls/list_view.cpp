@@ -1,5 +1,6 @@
 #include "platform/toolkit/controls/list_view.h"
 
+#include "platform/base/flag_scope.h"
 #include "platform/toolkit/bridge/qt_bridge.h"
 #include "platform/toolkit/graphics/bitmap.h"
 #include "platform/toolkit/graphics/image_list.h"
@@ -22,20 +23,6 @@ QTreeWidget *tree_of(TControl const *view)
 {
     return vx_qt_as<QTreeWidget>(view);
 }
-
-/// Holds the flag up while the program changes lines.
-class raised
-{
-public:
-    explicit raised(bool &flag) : f_flag(flag), f_former(flag) { flag = true; }
-    raised(raised const &) = delete;
-    raised &operator=(raised const &) = delete;
-    ~raised() { f_flag = f_former; }
-
-private:
-    bool &f_flag;
-    bool f_former;
-};
 } // namespace
 
 TListItem::TListItem(TCustomListView *view, void *native) : f_view(view), f_native(native)
@@ -62,13 +49,13 @@ UnicodeString TListItem::GetCaption() const
 
 void TListItem::SetCaption(UnicodeString const &caption)
 {
-    raised const quiet(f_view->f_quiet);
+    vx::flag_scope const quiet(f_view->f_quiet);
     native_of(f_native)->setText(0, vx_qt_string(caption));
 }
 
 void TListItem::on_sub_items_change(TObject *)
 {
-    raised const quiet(f_view->f_quiet);
+    vx::flag_scope const quiet(f_view->f_quiet);
     QTreeWidgetItem *item = native_of(f_native);
     int const columns = std::max(item->columnCount(), f_sub_items.GetCount() + 1);
     for (int i = 1; i < columns; ++i)
@@ -84,7 +71,7 @@ void TListItem::SetImageIndex(int index)
 
 void TListItem::apply_image()
 {
-    raised const quiet(f_view->f_quiet);
+    vx::flag_scope const quiet(f_view->f_quiet);
     TBitmap picture;
     bool const found = f_view->f_images && f_view->f_images->GetBitmap(f_image_index, &picture);
     native_of(f_native)->setIcon(0, found ? QIcon(QPixmap::fromImage(vx_qt_image(picture))) : QIcon());
@@ -97,7 +84,7 @@ bool TListItem::GetChecked() const
 
 void TListItem::SetChecked(bool checked)
 {
-    raised const quiet(f_view->f_quiet);
+    vx::flag_scope const quiet(f_view->f_quiet);
     native_of(f_native)->setCheckState(0, checked ? Qt::Checked : Qt::Unchecked);
 }
 
@@ -119,7 +106,7 @@ void TListItem::MakeVisible()
 TListItem *TListItems::Insert(int index)
 {
     index = std::clamp(index, 0, GetCount());
-    raised const quiet(f_view->f_quiet);
+    vx::flag_scope const quiet(f_view->f_quiet);
     auto *native = new QTreeWidgetItem;
     native->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren |
                      (f_view->f_checkboxes ? Qt::ItemIsUserCheckable : Qt::NoItemFlags));
@@ -337,7 +324,7 @@ void TCustomListView::SetCheckboxes(bool value)
     if (f_checkboxes == value)
         return;
     f_checkboxes = value;
-    raised const quiet(f_quiet);
+    vx::flag_scope const quiet(f_quiet);
     for (auto const &line : f_lines) {
         QTreeWidgetItem *item = native_of(line->f_native);
         item->setFlags(item->flags().setFlag(Qt::ItemIsUserCheckable, value));

@@ -1,5 +1,6 @@
 #include "platform/toolkit/controls/page_control.h"
 
+#include "platform/base/flag_scope.h"
 #include "platform/toolkit/bridge/qt_bridge.h"
 #include "platform/toolkit/graphics/bitmap.h"
 #include "platform/toolkit/graphics/image_list.h"
@@ -242,20 +243,20 @@ void TPageControl::update_tabs()
     area *widget = native();
     if (!widget)
         return;
-    bool const outer = f_quiet;
-    f_quiet = true;
-    QTabBar &tabs = widget->tabs;
-    int count = 0;
-    for (TTabSheet const *page : f_pages)
-        count += page->f_tab_visible;
-    while (tabs.count() > count)
-        tabs.removeTab(tabs.count() - 1);
-    while (tabs.count() < count)
-        tabs.addTab(QString());
-    for (TTabSheet *page : f_pages)
-        update_tab(page);
-    tabs.setCurrentIndex(f_active ? f_active->GetTabIndex() : -1);
-    f_quiet = outer;
+    {
+        vx::flag_scope const quiet(f_quiet);
+        QTabBar &tabs = widget->tabs;
+        int count = 0;
+        for (TTabSheet const *page : f_pages)
+            count += page->f_tab_visible;
+        while (tabs.count() > count)
+            tabs.removeTab(tabs.count() - 1);
+        while (tabs.count() < count)
+            tabs.addTab(QString());
+        for (TTabSheet *page : f_pages)
+            update_tab(page);
+        tabs.setCurrentIndex(f_active ? f_active->GetTabIndex() : -1);
+    }
     widget->lay_out();
     Realign();
 }
@@ -283,9 +284,8 @@ void TPageControl::tab_chosen(int tab)
     // The bar has moved on already; the page has not, so a refusal has only the bar to set back.
     bool const allowed = CanChange();
     if (!allowed) {
-        f_quiet = true;
+        vx::flag_scope const quiet(f_quiet);
         native()->tabs.setCurrentIndex(f_active ? f_active->GetTabIndex() : -1);
-        f_quiet = false;
         return;
     }
     // The handler may have taken the page away.
@@ -313,10 +313,10 @@ void TPageControl::activate(TTabSheet *page)
     if (former == page)
         return;
     f_active = page;
-    bool const outer = f_quiet;
-    f_quiet = true;
-    native()->tabs.setCurrentIndex(page ? page->GetTabIndex() : -1);
-    f_quiet = outer;
+    {
+        vx::flag_scope const quiet(f_quiet);
+        native()->tabs.setCurrentIndex(page ? page->GetTabIndex() : -1);
+    }
     native()->update();
     // The focus does not stay in a page that goes.
     TWinControl *focused = FindFocusedControl();

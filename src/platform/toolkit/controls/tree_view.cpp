@@ -1,5 +1,6 @@
 #include "platform/toolkit/controls/tree_view.h"
 
+#include "platform/base/flag_scope.h"
 #include "platform/toolkit/bridge/qt_bridge.h"
 #include "platform/toolkit/graphics/bitmap.h"
 #include "platform/toolkit/graphics/image_list.h"
@@ -27,20 +28,6 @@ TTreeNode *node_of(QTreeWidgetItem const *item)
 {
     return item ? reinterpret_cast<TTreeNode *>(item->data(0, c_node_role).toULongLong()) : nullptr;
 }
-
-/// Holds the flag up while the program changes nodes.
-class raised
-{
-public:
-    explicit raised(bool &flag) : f_flag(flag), f_former(flag) { flag = true; }
-    raised(raised const &) = delete;
-    raised &operator=(raised const &) = delete;
-    ~raised() { f_flag = f_former; }
-
-private:
-    bool &f_flag;
-    bool f_former;
-};
 } // namespace
 
 TTreeNode::TTreeNode(TCustomTreeView *view, TTreeNode *parent, void *native)
@@ -80,7 +67,7 @@ UnicodeString TTreeNode::GetText() const
 
 void TTreeNode::SetText(UnicodeString const &text)
 {
-    raised const quiet(f_view->f_quiet);
+    vx::flag_scope const quiet(f_view->f_quiet);
     native_of(f_native)->setText(0, vx_qt_string(text));
 }
 
@@ -92,7 +79,7 @@ void TTreeNode::SetImageIndex(int index)
 
 void TTreeNode::apply_image()
 {
-    raised const quiet(f_view->f_quiet);
+    vx::flag_scope const quiet(f_view->f_quiet);
     TBitmap picture;
     bool const found = f_view->f_images && f_view->f_images->GetBitmap(f_image_index, &picture);
     native_of(f_native)->setIcon(0, found ? QIcon(QPixmap::fromImage(vx_qt_image(picture))) : QIcon());
@@ -160,7 +147,7 @@ void TTreeNode::MakeVisible()
 
 TTreeNode *TTreeNodes::insert(TTreeNode *parent, int index, UnicodeString const &text)
 {
-    raised const quiet(f_view->f_quiet);
+    vx::flag_scope const quiet(f_view->f_quiet);
     auto *native = new QTreeWidgetItem;
     native->setText(0, vx_qt_string(text));
     native->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable |
@@ -235,7 +222,7 @@ TCustomTreeView::TCustomTreeView(TComponent *owner) : TWinControl(owner, vx_make
         bool allow = true;
         OnExpanding(this, node_of(item), allow);
         if (!allow) {
-            raised const quiet(f_quiet);
+            vx::flag_scope const quiet(f_quiet);
             item->setExpanded(false);
         }
     });
@@ -302,7 +289,7 @@ void TCustomTreeView::images_changed(TObject *)
 void TCustomTreeView::SetReadOnly(bool value)
 {
     f_read_only = value;
-    raised const quiet(f_quiet);
+    vx::flag_scope const quiet(f_quiet);
     for (QTreeWidgetItemIterator at(tree_of(this)); *at; ++at)
         (*at)->setFlags((*at)->flags().setFlag(Qt::ItemIsEditable, !value));
 }

@@ -1,5 +1,6 @@
 #include "platform/toolkit/core/application.h"
 
+#include "platform/base/flag_scope.h"
 #include "platform/toolkit/bridge/qt_bridge.h"
 #include "platform/toolkit/core/form.h"
 #include "platform/winapi/detail/main_thread.h"
@@ -91,12 +92,11 @@ void TApplication::HandleMessage()
 void TApplication::Run()
 {
     f_terminated = false;
-    f_running = true;
+    vx::flag_scope const running(f_running);
     if (f_main_form)
         f_main_form->Show();
     while (!f_terminated)
         HandleMessage();
-    f_running = false;
 }
 
 void TApplication::Terminate()

@@ -1,5 +1,6 @@
 #include "platform/toolkit/core/control.h"
 
+#include "platform/base/flag_scope.h"
 #include "platform/toolkit/bridge/qt_bridge.h"
 #include "platform/toolkit/core/action.h"
 #include "platform/toolkit/core/application.h"
@@ -565,9 +566,10 @@ void TControl::font_changed(TObject *)
 void TControl::parent_font_changed()
 {
     if (f_font && f_parent) {
-        f_applying_font = true;
-        f_font->Assign(f_parent->GetFont());
-        f_applying_font = false;
+        {
+            vx::flag_scope const applying(f_applying_font);
+            f_font->Assign(f_parent->GetFont());
+        }
         apply_font();
     }
     FontChanged();

@@ -1,3 +1,4 @@
+#include "platform/base/flag_scope.h"
 #include "platform/toolkit/bridge/qt_bridge.h"
 #include "platform/toolkit/grids/custom_grid_priv.h"
 
@@ -82,56 +83,61 @@ void TCustomGrid::update_scroll_bars()
     QScrollBar *const vert_bar = f_native->p->vert;
     if (!horz_bar || !vert_bar || f_updating_bars)
         return;
-    f_updating_bars = true;
     TRect const old = GetClientRect();
-    TRect const whole = TCustomControl::GetClientRect();
-    bool const may_horz = f_scroll_bars == ssHorizontal || f_scroll_bars == ssBoth;
-    bool const may_vert = f_scroll_bars == ssVertical || f_scroll_bars == ssBoth;
-    auto const too_long = [](vx_grid_axis const &axis, int room) {
-        return room > 0 && axis.position(axis.count()) - axis.line() > room;
-    };
-    bool need_horz = may_horz && too_long(f_cols, whole.Width());
-    bool const need_vert =
-        may_vert && too_long(f_rows, whole.Height() - (need_horz ? horz_bar->sizeHint().height() : 0));
-    need_horz = may_horz && too_long(f_cols, whole.Width() - (need_vert ? vert_bar->sizeHint().width() : 0));
-    horz_bar->setVisible(need_horz);
-    vert_bar->setVisible(need_vert);
+    TRect client;
+    {
+        vx::flag_scope const updating(f_updating_bars);
+        TRect const whole = TCustomControl::GetClientRect();
+        bool const may_horz = f_scroll_bars == ssHorizontal || f_scroll_bars == ssBoth;
+        bool const may_vert = f_scroll_bars == ssVertical || f_scroll_bars == ssBoth;
+        auto const too_long = [](vx_grid_axis const &axis, int room) {
+            return room > 0 && axis.position(axis.count()) - axis.line() > room;
+        };
+        bool need_horz = may_horz && too_long(f_cols, whole.Width());
+        bool const need_vert =
+            may_vert && too_long(f_rows, whole.Height() - (need_horz ? horz_bar->sizeHint().height() : 0));
+        need_horz =
+            may_horz && too_long(f_cols, whole.Width() - (need_vert ? vert_bar->sizeHint().width() : 0));
+        horz_bar->setVisible(need_horz);
+        vert_bar->setVisible(need_vert);
 
-    TRect const client = GetClientRect();
-    int const width = vert_bar->sizeHint().width();
-    int const height = horz_bar->sizeHint().height();
-    horz_bar->setGeometry(0, client.Bottom, client.Right, height);
-    vert_bar->setGeometry(client.Right, 0, width, client.Bottom);
-    TGridCoord const last = max_top_left();
-    f_top_left = {std::clamp(f_top_left.X, f_fixed_cols, std::max(last.X, f_fixed_cols)),
-                  std::clamp(f_top_left.Y, f_fixed_rows, std::max(last.Y, f_fixed_rows))};
-    horz_bar->setTracking(f_options.Contains(goThumbTracking));
-    horz_bar->setRange(f_fixed_cols, last.X);
-    horz_bar->setPageStep(std::max(GetVisibleColCount(), 1));
-    horz_bar->setValue(f_top_left.X);
-    vert_bar->setTracking(f_options.Contains(goThumbTracking));
-    vert_bar->setRange(f_fixed_rows, last.Y);
-    vert_bar->setPageStep(std::max(GetVisibleRowCount(), 1));
-    vert_bar->setValue(f_top_left.Y);
-    f_updating_bars = false;
+        client = GetClientRect();
+        int const width = vert_bar->sizeHint().width();
+        int const height = horz_bar->sizeHint().height();
+        horz_bar->setGeometry(0, client.Bottom, client.Right, height);
+        vert_bar->setGeometry(client.Right, 0, width, client.Bottom);
+        TGridCoord const last = max_top_left();
+        f_top_left = {std::clamp(f_top_left.X, f_fixed_cols, std::max(last.X, f_fixed_cols)),
+                      std::clamp(f_top_left.Y, f_fixed_rows, std::max(last.Y, f_fixed_rows))};
+        horz_bar->setTracking(f_options.Contains(goThumbTracking));
+        horz_bar->setRange(f_fixed_cols, last.X);
+        horz_bar->setPageStep(std::max(GetVisibleColCount(), 1));
+        horz_bar->setValue(f_top_left.X);
+        vert_bar->setTracking(f_options.Contains(goThumbTracking));
+        vert_bar->setRange(f_fixed_rows, last.Y);
+        vert_bar->setPageStep(std::max(GetVisibleRowCount(), 1));
+        vert_bar->setValue(f_top_left.Y);
+    }
 
     // A bar that came or went makes another client area, to which derived classes fit their columns; what
     // they do may move the bars again, but is not asked for a second time.
     if (client == old || f_sizing)
         return;
-    f_sizing = true;
-    WMSize();
-    f_sizing = false;
+    {
+        vx::flag_scope const sizing(f_sizing);
+        WMSize();
+    }
     Invalidate();
 }
 
 void TCustomGrid::Resize()
 {
     // The bars first: the client area that columns are fitted to lies beside them.
-    f_sizing = true;
-    update_scroll_bars();
-    WMSize();
-    f_sizing = false;
+    {
+        vx::flag_scope const sizing(f_sizing);
+        update_scroll_bars();
+        WMSize();
+    }
     layout_changed();
     TCustomControl::Resize();
 }

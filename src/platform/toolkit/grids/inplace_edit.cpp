@@ -1,5 +1,6 @@
 #include "platform/toolkit/grids/inplace_edit.h"
 
+#include "platform/base/flag_scope.h"
 #include "platform/toolkit/core/form.h"
 
 #include <string>
@@ -50,9 +51,8 @@ void TInplaceEdit::update_contents(int limit, UnicodeString const &text)
 
 void TInplaceEdit::show_text(UnicodeString const &text)
 {
-    f_showing_text = true;
+    vx::flag_scope const showing(f_showing_text);
     SetText(text);
-    f_showing_text = false;
 }
 
 void TInplaceEdit::type_char(wchar_t character)
