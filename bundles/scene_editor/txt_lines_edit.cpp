@@ -26,21 +26,13 @@ void set_margins(TControl *control)
 
 Tvx_txt_lines_edit::Tvx_txt_lines_edit(TComponent *owner)
     : Tvx_basic_pnl(owner), f_list(new Tvx_list_box(this)), f_buttons(new Tvx_order_buttons(this)),
-      f_label(new Tvx_label(this)), f_box(new Tvx_combo_box(this))
+      f_box_panel(new Tvx_combo_box_panel(this)), f_box(f_box_panel->get_combo_box())
 {
-    auto *line = new Tvx_panel(this);
-    line->SetParent(this);
-    line->SetHeight(c_row_height);
-    set_margins(line);
-    line->SetAlign(alBottom);
-    f_label->SetParent(line);
-    f_label->SetAutoSize(false);
-    f_label->SetWidth(c_label_width);
-    f_label->SetLayout(tlCenter);
-    f_label->SetAlign(alLeft);
-    f_label->SetFocusControl(f_box);
-    f_box->SetParent(line);
-    f_box->SetAlign(alClient);
+    f_box_panel->SetParent(this);
+    f_box_panel->SetHeight(c_row_height);
+    f_box_panel->set_caption_width(c_label_width);
+    set_margins(f_box_panel);
+    f_box_panel->SetAlign(alBottom);
     f_box->SetShowHint(true);
     f_box->OnChange = make_closure<&Tvx_txt_lines_edit::on_box_change>(this);
     f_list->SetParent(this);
@@ -54,13 +46,13 @@ Tvx_txt_lines_edit::Tvx_txt_lines_edit(TComponent *owner)
     f_buttons->on_delete = make_closure<&Tvx_txt_lines_edit::on_delete_click>(this);
     f_buttons->on_move = make_closure<&Tvx_txt_lines_edit::on_move_click>(this);
     f_list->SetTabOrder(0);
-    line->SetTabOrder(1);
+    f_box_panel->SetTabOrder(1);
 }
 
 void Tvx_txt_lines_edit::load_res()
 {
     f_buttons->load_res();
-    f_label->SetCaption(vx_res_get_wstr(c_scn_line));
+    f_box_panel->set_caption(vx_res_get_wstr(c_scn_line));
     f_box->SetHint(vx_res_get_wstr(c_scn_line_hint));
     f_list->SetAccessibleName(vx_res_get_wstr(c_scn_lines));
     show_lines(current());

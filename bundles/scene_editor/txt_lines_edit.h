@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/forms/edits.h"
+#include "controls/forms/caption_panels.h"
 #include "controls/forms/lists.h"
 #include "controls/forms/panels.h"
 #include "order_buttons.h"
@@ -45,6 +45,6 @@ private:
     std::vector<std::wstring> f_lines;
     Tvx_list_box *f_list;
     Tvx_order_buttons *f_buttons;
-    Tvx_label *f_label;
+    Tvx_combo_box_panel *f_box_panel;
     Tvx_combo_box *f_box;
 };

@@ -40,6 +40,12 @@ void Tvx_caption_panel::set_caption(UnicodeString const &caption)
     f_label->SetCaption(caption);
 }
 
+void Tvx_caption_panel::EnabledChanged()
+{
+    Tvx_panel::EnabledChanged();
+    f_label->SetEnabled(GetEnabled());
+}
+
 Tvx_string_panel::Tvx_string_panel(TComponent *owner)
     : Tvx_panel(owner), f_caption(new Tvx_caption_panel(this)), f_edit(new Tvx_edit(this))
 {

@@ -16,9 +16,14 @@ public:
     explicit Tvx_caption_panel(TComponent *owner);
 
     [[nodiscard]] UnicodeString get_caption() const;
-    void set_caption(UnicodeString const &caption);
+    virtual void set_caption(UnicodeString const &caption);
     /// A click on the caption, or its accelerator, leads to this control.
     void set_focus_control(TWinControl *control) { f_label->SetFocusControl(control); }
+    [[nodiscard]] Tvx_label *get_label() const { return f_label; }
+
+protected:
+    /// The caption is enabled and disabled with the panel.
+    void EnabledChanged() override;
 
 private:
     Tvx_label *f_label;

@@ -25,8 +25,8 @@ bool is_character(unsigned code)
 } // namespace
 
 Tvx_chrmap_panel::Tvx_chrmap_panel(TComponent *owner)
-    : Tvx_panel(owner), f_label(new Tvx_label(this)), f_frame(new Tvx_panel(this)),
-      f_symbol_label(new Tvx_label(this)), f_button(new Tvx_button(this))
+    : Tvx_caption_panel(owner), f_frame(new Tvx_panel(this)), f_symbol_label(new Tvx_label(this)),
+      f_button(new Tvx_button(this))
 {
     SetHeight(c_height);
     f_button->SetParent(this);
@@ -46,11 +46,7 @@ Tvx_chrmap_panel::Tvx_chrmap_panel(TComponent *owner)
     f_symbol_label->SetLayout(tlCenter);
     f_symbol_label->SetAlign(alClient);
     f_symbol_label->OnClick = make_closure<&Tvx_chrmap_panel::on_button_click>(this);
-    f_label->SetParent(this);
-    f_label->SetAutoSize(false);
-    f_label->SetLayout(tlCenter);
-    f_label->SetAlign(alClient);
-    f_label->SetFocusControl(f_button);
+    set_focus_control(f_button);
     show_font();
     load_res();
 }
@@ -63,14 +59,9 @@ void Tvx_chrmap_panel::load_res()
     f_button->SetAccessibleName(vx_action_name(get_caption(), action));
 }
 
-UnicodeString Tvx_chrmap_panel::get_caption() const
-{
-    return f_label->GetCaption();
-}
-
 void Tvx_chrmap_panel::set_caption(UnicodeString const &caption)
 {
-    f_label->SetCaption(caption);
+    Tvx_caption_panel::set_caption(caption);
     load_res();
 }
 

@@ -1,22 +1,20 @@
 #pragma once
 
 #include "controls/forms/buttons.h"
-#include "controls/forms/edits.h"
-#include "controls/forms/panels.h"
+#include "controls/forms/caption_panels.h"
 
 #include "platform/basic/vx_fnt_type.h"
 
 /// A label, a character of a font, and a button for the character dialog, which a click on the character
 /// opens too; 20 high.
-class VX_API Tvx_chrmap_panel : public Tvx_panel
+class VX_API Tvx_chrmap_panel : public Tvx_caption_panel
 {
 public:
     explicit Tvx_chrmap_panel(TComponent *owner);
 
     virtual void load_res();
 
-    [[nodiscard]] UnicodeString get_caption() const;
-    void set_caption(UnicodeString const &caption);
+    void set_caption(UnicodeString const &caption) override;
     /// Stays the panel's.
     [[nodiscard]] vx_fnt_type *get_font() { return &f_font; }
     [[nodiscard]] vx_fnt_type const *get_font() const { return &f_font; }
@@ -37,7 +35,6 @@ private:
     void on_button_click(TObject *sender);
     void show_font();
 
-    Tvx_label *f_label;
     Tvx_panel *f_frame;
     Tvx_label *f_symbol_label;
     Tvx_button *f_button;

@@ -9,7 +9,7 @@ constexpr int c_eye_width = 20;
 
 Tvx_clr_vsb_panel::Tvx_clr_vsb_panel(TComponent *owner)
     : Tvx_children_enabled_panel(owner), f_clr_panel(new Tvx_clr_panel(this)),
-      f_visible_ctrl(new Tvx_visible_ctrl(this)), f_label(new Tvx_label(this))
+      f_visible_ctrl(new Tvx_visible_ctrl(this)), f_caption(new Tvx_caption_panel(this))
 {
     SetHeight(c_height);
     // Right-aligned controls stand in the order of their places: the colour at the edge, the eye beside it.
@@ -19,10 +19,8 @@ Tvx_clr_vsb_panel::Tvx_clr_vsb_panel(TComponent *owner)
     f_clr_panel->SetLeft(GetWidth() - f_clr_panel->GetWidth());
     f_clr_panel->SetAlign(alRight);
     f_visible_ctrl->SetAlign(alRight);
-    f_label->SetParent(this);
-    f_label->SetAutoSize(false);
-    f_label->SetLayout(tlCenter);
-    f_label->SetAlign(alClient);
+    f_caption->SetParent(this);
+    f_caption->SetAlign(alClient);
     f_visible_ctrl->on_changed = make_closure<&Tvx_clr_vsb_panel::on_visible_changed>(this);
     f_clr_panel->on_changed = make_closure<&Tvx_clr_vsb_panel::on_color_changed>(this);
 }
@@ -35,12 +33,12 @@ void Tvx_clr_vsb_panel::load_res()
 
 UnicodeString Tvx_clr_vsb_panel::get_text() const
 {
-    return f_label->GetCaption();
+    return f_caption->get_caption();
 }
 
 void Tvx_clr_vsb_panel::set_text(UnicodeString const &text)
 {
-    f_label->SetCaption(text);
+    f_caption->set_caption(text);
     f_clr_panel->set_accessible_text(text);
     f_visible_ctrl->set_accessible_text(text);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/forms/edits.h"
+#include "controls/forms/caption_panels.h"
 #include "controls/forms/panels.h"
 #include "controls/prop/clr_panel.h"
 #include "controls/prop/visible_ctrl.h"
@@ -45,7 +45,7 @@ private:
 
     Tvx_clr_panel *f_clr_panel;
     Tvx_visible_ctrl *f_visible_ctrl;
-    Tvx_label *f_label;
+    Tvx_caption_panel *f_caption;
 };
 
 /// With a button at the sample that takes a colour from the screen.

@@ -21,8 +21,8 @@ constexpr double c_sample_size = 3.6; // mm
 } // namespace
 
 Tvx_basic_figure_panel::Tvx_basic_figure_panel(TComponent *owner)
-    : Tvx_panel(owner), f_label(new Tvx_label(this)), f_frame(new Tvx_panel(this)),
-      f_image(new Tvx_image(this)), f_button(new Tvx_button(this))
+    : Tvx_caption_panel(owner), f_frame(new Tvx_panel(this)), f_image(new Tvx_image(this)),
+      f_button(new Tvx_button(this))
 {
     SetHeight(c_height);
     f_button->SetParent(this);
@@ -39,11 +39,7 @@ Tvx_basic_figure_panel::Tvx_basic_figure_panel(TComponent *owner)
     f_image->SetStretch(true);
     f_image->SetAlign(alClient);
     f_image->OnClick = make_closure<&Tvx_basic_figure_panel::on_button_click>(this);
-    f_label->SetParent(this);
-    f_label->SetAutoSize(false);
-    f_label->SetLayout(tlCenter);
-    f_label->SetAlign(alClient);
-    f_label->SetFocusControl(f_button);
+    set_focus_control(f_button);
     load_res();
 }
 
@@ -64,14 +60,9 @@ void Tvx_basic_figure_panel::update_controls()
     f_image->GetPicture()->SetBitmap(&sample);
 }
 
-UnicodeString Tvx_basic_figure_panel::get_caption() const
-{
-    return f_label->GetCaption();
-}
-
 void Tvx_basic_figure_panel::set_caption(UnicodeString const &caption)
 {
-    f_label->SetCaption(caption);
+    Tvx_caption_panel::set_caption(caption);
     load_res();
 }
 

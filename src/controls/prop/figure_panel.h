@@ -1,12 +1,11 @@
 #pragma once
 
 #include "controls/forms/buttons.h"
-#include "controls/forms/edits.h"
+#include "controls/forms/caption_panels.h"
 #include "controls/forms/misc.h"
-#include "controls/forms/panels.h"
 
 /// A caption, the sample of a point figure, and a button that opens the table of figures; 20 high.
-class VX_API Tvx_basic_figure_panel : public Tvx_panel
+class VX_API Tvx_basic_figure_panel : public Tvx_caption_panel
 {
 public:
     explicit Tvx_basic_figure_panel(TComponent *owner);
@@ -15,8 +14,7 @@ public:
     /// Draws the sample anew.
     void update_controls();
 
-    [[nodiscard]] UnicodeString get_caption() const;
-    void set_caption(UnicodeString const &caption);
+    void set_caption(UnicodeString const &caption) override;
 
     [[nodiscard]] Tvx_button *get_button() const { return f_button; }
     [[nodiscard]] Tvx_image *get_image() const { return f_image; }
@@ -33,7 +31,6 @@ protected:
 private:
     void on_button_click(TObject *sender);
 
-    Tvx_label *f_label;
     Tvx_panel *f_frame;
     Tvx_image *f_image;
     Tvx_button *f_button;

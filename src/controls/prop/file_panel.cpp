@@ -137,17 +137,13 @@ protected:
 };
 
 Tvx_file_panel::Tvx_file_panel(TComponent *owner)
-    : Tvx_children_enabled_panel(owner), f_caption_panel(new Tvx_panel(this)), f_label(new Tvx_label(this)),
+    : Tvx_children_enabled_panel(owner), f_caption_panel(new Tvx_caption_panel(this)),
       f_name_panel(new Tvx_panel(this)), f_name(new name_view(this)), f_button(new Tvx_button(this))
 {
     SetHeight(c_height);
     f_caption_panel->SetParent(this);
     f_caption_panel->SetWidth(f_caption_width);
     f_caption_panel->SetAlign(alLeft);
-    f_label->SetParent(f_caption_panel);
-    f_label->SetAutoSize(false);
-    f_label->SetLayout(tlCenter);
-    f_label->SetAlign(alClient);
     f_name_panel->SetParent(this);
     f_name_panel->SetBevelOuter(bvLowered);
     f_name_panel->SetColor(clWindow);
@@ -160,7 +156,7 @@ Tvx_file_panel::Tvx_file_panel(TComponent *owner)
     f_button->SetAlign(alRight);
     f_button->SetCaption(L"...");
     f_button->OnClick = make_closure<&Tvx_file_panel::on_button_click>(this);
-    f_label->SetFocusControl(f_button);
+    f_caption_panel->set_focus_control(f_button);
     load_res();
 }
 
@@ -189,12 +185,12 @@ void Tvx_file_panel::update_controls()
 
 UnicodeString Tvx_file_panel::get_caption() const
 {
-    return f_label->GetCaption();
+    return f_caption_panel->get_caption();
 }
 
 void Tvx_file_panel::set_caption(UnicodeString const &caption)
 {
-    f_label->SetCaption(caption);
+    f_caption_panel->set_caption(caption);
     load_res();
 }
 
@@ -286,14 +282,14 @@ void Tvx_file_panel::set_pop_menu(bool value)
 
 void Tvx_file_panel::set_enabled(bool enabled)
 {
-    f_label->SetEnabled(enabled);
+    f_caption_panel->SetEnabled(enabled);
     f_name->SetEnabled(enabled);
     f_button->SetEnabled(enabled);
 }
 
 void Tvx_file_panel::set_enabled_select(bool enabled)
 {
-    f_label->SetEnabled(true);
+    f_caption_panel->SetEnabled(true);
     f_name->SetEnabled(true);
     f_button->SetEnabled(enabled);
 }

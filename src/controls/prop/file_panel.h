@@ -1,7 +1,7 @@
 #pragma once
 
 #include "controls/forms/buttons.h"
-#include "controls/forms/edits.h"
+#include "controls/forms/caption_panels.h"
 #include "controls/forms/menus.h"
 #include "controls/forms/panels.h"
 
@@ -106,8 +106,7 @@ private:
     void take(UnicodeString const &name);
     void place_name();
 
-    Tvx_panel *f_caption_panel;
-    Tvx_label *f_label;
+    Tvx_caption_panel *f_caption_panel;
     Tvx_panel *f_name_panel;
     name_view *f_name;
     Tvx_button *f_button;

@@ -14,16 +14,12 @@ constexpr int c_current_btn_width = 15;
 } // namespace
 
 Tvx_fnt_panel::Tvx_fnt_panel(TComponent *owner)
-    : Tvx_panel(owner), f_caption_panel(new Tvx_panel(this)), f_label(new Tvx_label(this)),
-      f_button(new Tvx_button(this)), f_current_btn(new Tvx_speed_btn(this)), f_edit(new Tvx_edit(this))
+    : Tvx_panel(owner), f_caption_panel(new Tvx_caption_panel(this)), f_button(new Tvx_button(this)),
+      f_current_btn(new Tvx_speed_btn(this)), f_edit(new Tvx_edit(this))
 {
     f_caption_panel->SetParent(this);
     f_caption_panel->SetWidth(c_caption_width);
     f_caption_panel->SetAlign(alLeft);
-    f_label->SetParent(f_caption_panel);
-    f_label->SetAutoSize(false);
-    f_label->SetLayout(tlCenter);
-    f_label->SetAlign(alClient);
     // In the order of the focus.
     f_edit->SetParent(this);
     f_edit->SetReadOnly(true);
@@ -37,7 +33,7 @@ Tvx_fnt_panel::Tvx_fnt_panel(TComponent *owner)
     f_current_btn->SetAlign(alRight);
     f_button->SetAlign(alRight);
     f_edit->SetAlign(alClient);
-    f_label->SetFocusControl(f_edit);
+    f_caption_panel->set_focus_control(f_edit);
     load_res();
     show_name();
 }
@@ -59,12 +55,12 @@ void Tvx_fnt_panel::load_res()
 
 UnicodeString Tvx_fnt_panel::get_caption() const
 {
-    return f_label->GetCaption();
+    return f_caption_panel->get_caption();
 }
 
 void Tvx_fnt_panel::set_caption(UnicodeString const &caption)
 {
-    f_label->SetCaption(caption);
+    f_caption_panel->set_caption(caption);
     load_res();
 }
 

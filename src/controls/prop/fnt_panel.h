@@ -1,7 +1,7 @@
 #pragma once
 
 #include "controls/forms/buttons.h"
-#include "controls/forms/edits.h"
+#include "controls/forms/caption_panels.h"
 #include "controls/forms/panels.h"
 
 #include "platform/basic/vx_fnt_type.h"
@@ -40,8 +40,7 @@ private:
     void on_current_btn_click(TObject *sender);
     void show_name();
 
-    Tvx_panel *f_caption_panel;
-    Tvx_label *f_label;
+    Tvx_caption_panel *f_caption_panel;
     Tvx_button *f_button;
     Tvx_speed_btn *f_current_btn;
     Tvx_edit *f_edit;

@@ -10,20 +10,15 @@ constexpr int c_top_caption_height = 20;
 
 void Tvx_prop_edit::create()
 {
-    f_caption_panel = new Tvx_panel(this);
+    f_caption_panel = new Tvx_caption_panel(this);
     f_caption_panel->SetParent(this);
     f_caption_panel->SetWidth(f_capt_width);
     f_caption_panel->SetAlign(alLeft);
-    f_label = new Tvx_label(this);
-    f_label->SetParent(f_caption_panel);
-    f_label->SetAutoSize(false);
-    f_label->SetLayout(tlCenter);
-    f_label->SetAlign(alClient);
     f_combo_box = new Tvx_prop_combo_box(this);
     f_combo_box->SetParent(this);
     f_combo_box->SetAlign(alClient);
     f_combo_box->on_changed = make_closure<&Tvx_prop_edit::on_combo_box_changed>(this);
-    f_label->SetFocusControl(f_combo_box);
+    f_caption_panel->set_focus_control(f_combo_box);
 }
 
 void Tvx_prop_edit::call_changed()
@@ -108,12 +103,12 @@ void Tvx_prop_edit::set_forbid_empty(bool value)
 
 UnicodeString Tvx_prop_edit::get_caption() const
 {
-    return f_label->GetCaption();
+    return f_caption_panel->get_caption();
 }
 
 void Tvx_prop_edit::set_caption(UnicodeString const &caption)
 {
-    f_label->SetCaption(caption);
+    f_caption_panel->set_caption(caption);
     f_combo_box->SetAccessibleName(caption);
 }
 
@@ -149,12 +144,12 @@ void Tvx_prop_edit::set_top_location(int location)
 
 bool Tvx_prop_edit::get_grayed() const
 {
-    return f_label->GetFont()->GetColor() == clGrayText;
+    return f_caption_panel->get_label()->GetFont()->GetColor() == clGrayText;
 }
 
 void Tvx_prop_edit::set_grayed(bool grayed)
 {
-    f_label->GetFont()->SetColor(grayed ? clGrayText : clWindowText);
+    f_caption_panel->get_label()->GetFont()->SetColor(grayed ? clGrayText : clWindowText);
 }
 
 int Tvx_prop_edit::get_drop_down_count() const

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/forms/edits.h"
+#include "controls/forms/caption_panels.h"
 #include "controls/forms/panels.h"
 #include "controls/prop/prop_combo_box.h"
 
@@ -76,8 +76,7 @@ public:
 private:
     void on_combo_box_changed(TObject *sender);
 
-    Tvx_panel *f_caption_panel = nullptr;
-    Tvx_label *f_label = nullptr;
+    Tvx_caption_panel *f_caption_panel = nullptr;
     Tvx_prop_combo_box *f_combo_box = nullptr;
     int f_capt_width = 100;
     int f_top_location = 0;

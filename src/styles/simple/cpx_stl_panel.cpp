@@ -10,13 +10,9 @@ constexpr int c_button_width = 20;
 } // namespace
 
 Tvx_cpx_stl_panel::Tvx_cpx_stl_panel(TComponent *owner)
-    : Tvx_panel(owner), f_label(new Tvx_label(this)), f_button(new Tvx_button(this))
+    : Tvx_caption_panel(owner), f_button(new Tvx_button(this))
 {
     SetHeight(c_height);
-    f_label->SetParent(this);
-    f_label->SetAutoSize(false);
-    f_label->SetLayout(tlCenter);
-    f_label->SetAlign(alClient);
     f_button->SetParent(this);
     f_button->SetWidth(c_button_width);
     f_button->SetAlign(alRight);
@@ -30,16 +26,6 @@ void Tvx_cpx_stl_panel::load_res()
     UnicodeString const action = vx_res_get_wstr(c_smp_edit_complex);
     f_button->SetHint(action);
     f_button->SetAccessibleName(action);
-}
-
-UnicodeString Tvx_cpx_stl_panel::get_caption() const
-{
-    return f_label->GetCaption();
-}
-
-void Tvx_cpx_stl_panel::set_caption(UnicodeString const &caption)
-{
-    f_label->SetCaption(caption);
 }
 
 void Tvx_cpx_stl_panel::on_button_click(TObject * /*sender*/)

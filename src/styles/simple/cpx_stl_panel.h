@@ -1,19 +1,16 @@
 #pragma once
 
 #include "controls/forms/buttons.h"
-#include "controls/forms/edits.h"
-#include "controls/forms/panels.h"
+#include "controls/forms/caption_panels.h"
 
 /// A label and the button "..." that opens the editor of a complex style; 20 high.
-class VX_API Tvx_cpx_stl_panel : public Tvx_panel
+class VX_API Tvx_cpx_stl_panel : public Tvx_caption_panel
 {
 public:
     explicit Tvx_cpx_stl_panel(TComponent *owner);
 
     virtual void load_res();
 
-    [[nodiscard]] UnicodeString get_caption() const;
-    void set_caption(UnicodeString const &caption);
     [[nodiscard]] Tvx_button *get_button() const { return f_button; }
 
     /// The sender is the panel.
@@ -22,6 +19,5 @@ public:
 private:
     void on_button_click(TObject *sender);
 
-    Tvx_label *f_label;
     Tvx_button *f_button;
 };

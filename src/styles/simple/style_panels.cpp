@@ -7,13 +7,11 @@ constexpr int c_height = 26;
 }
 
 Tvx_basic_style_panel::Tvx_basic_style_panel(TComponent *owner)
-    : Tvx_basic_pnl(owner), f_label(new Tvx_label(this))
+    : Tvx_basic_pnl(owner), f_caption(new Tvx_caption_panel(this))
 {
     SetHeight(c_height);
-    f_label->SetParent(this);
-    f_label->SetAutoSize(false);
-    f_label->SetLayout(tlCenter);
-    f_label->SetAlign(alClient);
+    f_caption->SetParent(this);
+    f_caption->SetAlign(alClient);
 }
 
 void Tvx_basic_style_panel::place_btn(Tvx_basic_style_btn *button)
@@ -33,19 +31,19 @@ void Tvx_basic_style_panel::load_res()
 
 UnicodeString Tvx_basic_style_panel::get_caption() const
 {
-    return f_label->GetCaption();
+    return f_caption->get_caption();
 }
 
 void Tvx_basic_style_panel::set_caption(UnicodeString const &caption)
 {
-    f_label->SetCaption(caption);
+    f_caption->set_caption(caption);
     name_btn();
 }
 
 /// Of several style buttons on a form the caption tells which is which.
 void Tvx_basic_style_panel::name_btn()
 {
-    f_style_btn->SetAccessibleName(vx_action_name(f_label->GetCaption(), f_style_btn->GetHint()));
+    f_style_btn->SetAccessibleName(vx_action_name(f_caption->get_caption(), f_style_btn->GetHint()));
 }
 
 void Tvx_basic_style_panel::on_btn_changed(TObject * /*sender*/)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/forms/edits.h"
+#include "controls/forms/caption_panels.h"
 #include "controls/forms/panels.h"
 #include "styles/simple/style_btns.h"
 
@@ -31,7 +31,7 @@ private:
     void name_btn();
     void on_btn_changed(TObject *sender);
 
-    Tvx_label *f_label;
+    Tvx_caption_panel *f_caption;
     Tvx_basic_style_btn *f_style_btn = nullptr;
 };
 
