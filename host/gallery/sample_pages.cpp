@@ -5,6 +5,8 @@
 
 #include "platform/base/owned.h"
 #include "platform/basic/vx_options.h"
+#include "platform/styles/vx_base_style.h"
+#include "platform/styles/vx_style.h"
 #include "platform/styles/vxk_styles.h"
 #include "platform/toolkit/controls/image.h"
 #include "platform/toolkit/controls/label.h"

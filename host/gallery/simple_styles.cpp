@@ -4,6 +4,8 @@
 #include "styles/simple/pnt_stl_edit.h"
 #include "styles/simple/style_panels.h"
 
+#include "platform/styles/vx_style.h"
+
 // The editors of simple styles, and the panels with style buttons.
 
 namespace {

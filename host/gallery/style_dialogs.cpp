@@ -4,6 +4,8 @@
 
 #include "platform/base/owned.h"
 #include "platform/basic/vx_wstrings.h"
+#include "platform/styles/vx_base_style.h"
+#include "platform/styles/vx_style.h"
 #include "platform/styles/vxk_styles.h"
 #include "platform/winapi/library.h"
 

@@ -1,10 +1,6 @@
 #pragma once
 
-#include "controls/prop/clr_vsb_panel.h"
 #include "styles/simple/base_style_edit.h"
-
-#include "platform/base/owned.h"
-#include "platform/styles/vx_base_style.h"
 
 /// Edits a base polygon style: the colour of the fill.
 class VX_API Tvx_bpgn_edit : public Tvx_base_style_edit
@@ -12,21 +8,6 @@ class VX_API Tvx_bpgn_edit : public Tvx_base_style_edit
 public:
     explicit Tvx_bpgn_edit(TComponent *owner);
 
-    /// The private style; it stays the editor's.
-    [[nodiscard]] void *get_bpgn_style() const { return f_style.get(); }
-    void set_bpgn_style(void *style) { vx_bpgn_style_assign(f_style.get(), style); }
-    void update_controls() override;
-    void load_res() override;
-
-    [[nodiscard]] Tvx_clr_vsb_panel *get_color() const { return f_color; }
-
-protected:
-    void set_use_complex(bool use) override;
-    bool edit_complex() override;
-
-private:
-    void on_clr_changed(TObject *sender);
-
-    vx::owned<void, &vx_bpgn_style_destroy> f_style;
-    Tvx_clr_vsb_panel *f_color;
+    [[nodiscard]] void *get_bpgn_style() const { return get_style(); }
+    void set_bpgn_style(void *style) { set_style(style); }
 };

@@ -16,26 +16,24 @@ public:
     [[nodiscard]] Tvx_lib_stl_panel *get_lib_panel() const { return f_lib_panel; }
 
 protected:
-    /// What the kinds of composed styles have of their own.
-    struct style_files
+    /// What the types of composed styles have of their own.
+    struct composed_style
     {
+        style_type type;
         wchar_t const *suffix; ///< of the files, with its point
         int filter;            ///< number of the filter of the file dialogs
         bool (*load)(wchar_t const *file, void *style);
         bool (*save)(wchar_t const *file, void const *style);
         bool (*choose)(void *style); ///< from the style libraries
     };
-    Tvx_composed_style_edit(TComponent *owner, style_files files);
-
-    /// The private style.
-    [[nodiscard]] virtual void *style() const = 0;
+    Tvx_composed_style_edit(TComponent *owner, composed_style const &style);
 
 private:
     void on_lib_click(TObject *sender);
     void on_load_click(TObject *sender);
     void on_save_click(TObject *sender);
 
-    style_files f_files;
+    composed_style f_functions;
     Tvx_lib_stl_panel *f_lib_panel;
     TOpenDialog *f_open_dialog;
     TSaveDialog *f_save_dialog;

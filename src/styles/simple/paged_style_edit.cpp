@@ -4,14 +4,16 @@
 
 #include "platform/basic/vx_res.h"
 
+#include <algorithm>
+
 namespace {
 constexpr int c_columns = 2;
 constexpr int c_box_height = 20;
 constexpr int c_strip_margin = 4;
 } // namespace
 
-Tvx_paged_style_edit::Tvx_paged_style_edit(TComponent *owner, style_files files)
-    : Tvx_composed_style_edit(owner, files), f_strip(new Tvx_panel(this)), f_pages(new Tvx_page_control(this))
+Tvx_paged_style_edit::Tvx_paged_style_edit(TComponent *owner, composed_style const &style)
+    : Tvx_composed_style_edit(owner, style), f_strip(new Tvx_panel(this)), f_pages(new Tvx_page_control(this))
 {
     f_strip->SetParent(this);
     f_strip->SetAlign(alTop);
@@ -22,17 +24,17 @@ Tvx_paged_style_edit::Tvx_paged_style_edit(TComponent *owner, style_files files)
     f_pages->SetTabOrder(1);
 }
 
-void Tvx_paged_style_edit::place_page(Tvx_style_edit *edit, wchar_t const *name, int caption,
-                                      TNotifyEvent on_box_click)
+void Tvx_paged_style_edit::place_page(Tvx_style_edit *edit, component const &component)
 {
     auto *sheet = new Tvx_tab_sheet(this);
-    sheet->SetName(name);
+    sheet->SetName(component.name);
     edit->SetParent(sheet);
     edit->SetAlign(alClient);
+    edit->on_changed = make_closure<&Tvx_paged_style_edit::on_edit_changed>(this);
     auto *box = new Tvx_check_box(this);
     box->SetParent(f_strip);
-    box->OnClick = on_box_click;
-    f_page_list.push_back({box, sheet, edit, caption});
+    box->OnClick = make_closure<&Tvx_paged_style_edit::on_box_click>(this);
+    f_page_list.push_back({component, box, sheet, edit});
     int const rows = (static_cast<int>(f_page_list.size()) + c_columns - 1) / c_columns;
     f_strip->SetHeight(rows * c_box_height + 2 * c_strip_margin);
     on_strip_resize(f_strip);
@@ -49,25 +51,40 @@ void Tvx_paged_style_edit::load_res()
 {
     Tvx_composed_style_edit::load_res();
     for (page const &p : f_page_list) {
-        UnicodeString const caption = vx_res_get_wstr(p.caption);
+        UnicodeString const caption = vx_res_get_wstr(p.part.caption);
         p.box->SetCaption(caption);
         p.sheet->SetCaption(caption);
         p.edit->load_res();
     }
 }
 
-void Tvx_paged_style_edit::show_page(page const &page, bool visible)
+void Tvx_paged_style_edit::update_controls()
 {
-    vx::event_off const quiet(page.box->OnClick);
-    page.box->SetChecked(visible);
-    page.sheet->SetTabVisible(visible);
+    for (page const &p : f_page_list) {
+        bool const visible = p.part.get_visible(get_style());
+        vx::event_off const quiet(p.box->OnClick);
+        p.box->SetChecked(visible);
+        p.sheet->SetTabVisible(visible);
+        p.edit->set_style(p.part.get(get_style()));
+        p.edit->update_controls();
+    }
+    get_lib_panel()->update_controls();
 }
 
-bool Tvx_paged_style_edit::follow_box(page const &page)
+void Tvx_paged_style_edit::on_box_click(TObject *sender)
 {
-    bool const visible = page.box->GetChecked();
-    page.sheet->SetTabVisible(visible);
-    return visible;
+    auto const at = std::ranges::find(f_page_list, sender, [](page const &p) -> TObject * { return p.box; });
+    bool const visible = at->box->GetChecked();
+    at->part.set_visible(get_style(), visible);
+    at->sheet->SetTabVisible(visible);
+    call_changed();
+}
+
+void Tvx_paged_style_edit::on_edit_changed(TObject *sender)
+{
+    auto const at = std::ranges::find(f_page_list, sender, [](page const &p) -> TObject * { return p.edit; });
+    at->edit->give_style_to(at->part.get(get_style()));
+    call_changed();
 }
 
 void Tvx_paged_style_edit::on_strip_resize(TObject * /*sender*/)

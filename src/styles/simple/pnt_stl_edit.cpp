@@ -4,13 +4,17 @@
 #include "styles/simple/simple_captions.h"
 
 #include "platform/storage/vx_xml_data.h"
+#include "platform/styles/vx_style.h"
 #include "platform/styles/vx_style_keys.h"
 
 Tvx_pnt_stl_edit::Tvx_pnt_stl_edit(TComponent *owner)
-    : Tvx_composed_style_edit(owner,
-                              {c_pnt_style_ext, c_smp_pnt_files, &vx_xml_save_style_load_style_pnt_file,
-                               &vx_xml_save_style_save_style_pnt_file, &vxk_lib_styles_get_pnt}),
-      f_style(vx_pnt_style_create()), f_bpnt_edit(new Tvx_bpnt_edit(this))
+    : Tvx_composed_style_edit(owner, {{&vx_pnt_style_create, &vx_pnt_style_destroy, &vx_pnt_style_assign},
+                                      c_pnt_style_ext,
+                                      c_smp_pnt_files,
+                                      &vx_xml_save_style_load_style_pnt_file,
+                                      &vx_xml_save_style_save_style_pnt_file,
+                                      &vxk_lib_styles_get_pnt}),
+      f_bpnt_edit(new Tvx_bpnt_edit(this))
 {
     f_bpnt_edit->SetParent(this);
     f_bpnt_edit->SetAlign(alClient);
@@ -20,7 +24,7 @@ Tvx_pnt_stl_edit::Tvx_pnt_stl_edit(TComponent *owner)
 
 void Tvx_pnt_stl_edit::update_controls()
 {
-    f_bpnt_edit->set_bpnt_style(vx_pnt_style_get_bpnt_style_ptr(f_style.get()));
+    f_bpnt_edit->set_bpnt_style(vx_pnt_style_get_bpnt_style_ptr(get_style()));
     f_bpnt_edit->update_controls();
     get_lib_panel()->update_controls();
 }
@@ -33,6 +37,6 @@ void Tvx_pnt_stl_edit::load_res()
 
 void Tvx_pnt_stl_edit::on_bpnt_changed(TObject * /*sender*/)
 {
-    vx_bpnt_style_assign(vx_pnt_style_get_bpnt_style_ptr(f_style.get()), f_bpnt_edit->get_bpnt_style());
+    f_bpnt_edit->give_style_to(vx_pnt_style_get_bpnt_style_ptr(get_style()));
     call_changed();
 }

@@ -5,6 +5,7 @@
 #include "styles/simple/style_dialog.h"
 
 #include "platform/basic/vx_res.h"
+#include "platform/styles/vx_style.h"
 #include "platform/toolkit/graphics/bitmap.h"
 
 namespace {
@@ -44,49 +45,27 @@ void Tvx_basic_style_btn::on_self_click(TObject * /*sender*/)
     call_changed();
 }
 
+Tvx_composed_style_btn::Tvx_composed_style_btn(TComponent *owner, style_functions const &functions)
+    : Tvx_basic_style_btn(owner), f_functions(functions), f_style(functions.create(), functions.destroy)
+{
+}
+
 Tvx_pnt_style_btn::Tvx_pnt_style_btn(TComponent *owner)
-    : Tvx_basic_style_btn(owner), f_style(vx_pnt_style_create())
+    : Tvx_composed_style_btn(owner, {&vx_pnt_style_create, &vx_pnt_style_destroy, &vx_pnt_style_assign,
+                                     &vx_pnt_style_example_bmp, &vx_pnt_style_dialog})
 {
-}
-
-void Tvx_pnt_style_btn::draw(TBitmap *bitmap)
-{
-    vx_pnt_style_example_bmp(f_style.get(), bitmap);
-}
-
-bool Tvx_pnt_style_btn::edit(int x, int y)
-{
-    return vx_pnt_style_dialog(x, y, f_style.get());
 }
 
 Tvx_pln_style_btn::Tvx_pln_style_btn(TComponent *owner)
-    : Tvx_basic_style_btn(owner), f_style(vx_pln_style_create())
+    : Tvx_composed_style_btn(owner, {&vx_pln_style_create, &vx_pln_style_destroy, &vx_pln_style_assign,
+                                     &vx_pln_style_example_bmp, &vx_pln_style_dialog})
 {
-}
-
-void Tvx_pln_style_btn::draw(TBitmap *bitmap)
-{
-    vx_pln_style_example_bmp(f_style.get(), bitmap);
-}
-
-bool Tvx_pln_style_btn::edit(int x, int y)
-{
-    return vx_pln_style_dialog(x, y, f_style.get());
 }
 
 Tvx_pgn_style_btn::Tvx_pgn_style_btn(TComponent *owner)
-    : Tvx_basic_style_btn(owner), f_style(vx_pgn_style_create())
+    : Tvx_composed_style_btn(owner, {&vx_pgn_style_create, &vx_pgn_style_destroy, &vx_pgn_style_assign,
+                                     &vx_pgn_style_example_bmp, &vx_pgn_style_dialog})
 {
-}
-
-void Tvx_pgn_style_btn::draw(TBitmap *bitmap)
-{
-    vx_pgn_style_example_bmp(f_style.get(), bitmap);
-}
-
-bool Tvx_pgn_style_btn::edit(int x, int y)
-{
-    return vx_pgn_style_dialog(x, y, f_style.get());
 }
 
 Tvx_clr_style_btn::Tvx_clr_style_btn(TComponent *owner) : Tvx_basic_style_btn(owner)

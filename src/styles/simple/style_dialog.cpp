@@ -23,17 +23,17 @@ bool forward(char const *entry, Args... args) noexcept
     }
 }
 
-template <class Dialog, auto Set, auto Get, auto Assign>
+template <class Dialog, auto Assign>
 bool edit(int x, int y, void *style) noexcept
 {
     if (!style)
         return false;
     try {
         Dialog dialog(nullptr);
-        (dialog.*Set)(style);
+        dialog.set_style(style);
         if (dialog.show_pos(x, y) != mrOk)
             return false;
-        Assign(style, (dialog.*Get)());
+        Assign(style, dialog.get_style());
         return true;
     } catch (...) {
         return false;
@@ -92,18 +92,15 @@ bool vx_clr_style_dialog(int x, int y, Tvx_color *color)
 
 bool vx_pnt_style_dialog_vcl(int x, int y, void *style)
 {
-    return edit<Tvx_pnt_style_dlg, &Tvx_pnt_style_dlg::set_pnt_style, &Tvx_pnt_style_dlg::get_pnt_style,
-                &vx_pnt_style_assign>(x, y, style);
+    return edit<Tvx_pnt_style_dlg, &vx_pnt_style_assign>(x, y, style);
 }
 
 bool vx_pln_style_dialog_vcl(int x, int y, void *style)
 {
-    return edit<Tvx_pln_style_dlg, &Tvx_pln_style_dlg::set_pln_style, &Tvx_pln_style_dlg::get_pln_style,
-                &vx_pln_style_assign>(x, y, style);
+    return edit<Tvx_pln_style_dlg, &vx_pln_style_assign>(x, y, style);
 }
 
 bool vx_pgn_style_dialog_vcl(int x, int y, void *style)
 {
-    return edit<Tvx_pgn_style_dlg, &Tvx_pgn_style_dlg::set_pgn_style, &Tvx_pgn_style_dlg::get_pgn_style,
-                &vx_pgn_style_assign>(x, y, style);
+    return edit<Tvx_pgn_style_dlg, &vx_pgn_style_assign>(x, y, style);
 }

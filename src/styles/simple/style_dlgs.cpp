@@ -24,6 +24,12 @@ void Tvx_basic_style_dlg::load_res()
     f_style_edit->load_res();
 }
 
+void Tvx_basic_style_dlg::set_style(void const *style)
+{
+    f_style_edit->set_style(style);
+    f_style_edit->update_controls();
+}
+
 void Tvx_basic_style_dlg::place_edit(Tvx_style_edit *edit)
 {
     f_style_edit = edit;
@@ -36,21 +42,9 @@ Tvx_bpnt_style_dlg::Tvx_bpnt_style_dlg(TComponent *owner)
 {
 }
 
-void Tvx_bpnt_style_dlg::set_bpnt_style(void *style)
-{
-    f_edit->set_bpnt_style(style);
-    f_edit->update_controls();
-}
-
 Tvx_bpln_style_dlg::Tvx_bpln_style_dlg(TComponent *owner)
     : Tvx_basic_style_dlg(owner, c_smp_dlg_bpln), f_edit(add_edit<Tvx_bpln_edit>())
 {
-}
-
-void Tvx_bpln_style_dlg::set_bpln_style(void *style)
-{
-    f_edit->set_bpln_style(style);
-    f_edit->update_controls();
 }
 
 Tvx_bpgn_style_dlg::Tvx_bpgn_style_dlg(TComponent *owner)
@@ -58,21 +52,9 @@ Tvx_bpgn_style_dlg::Tvx_bpgn_style_dlg(TComponent *owner)
 {
 }
 
-void Tvx_bpgn_style_dlg::set_bpgn_style(void *style)
-{
-    f_edit->set_bpgn_style(style);
-    f_edit->update_controls();
-}
-
 Tvx_pnt_style_dlg::Tvx_pnt_style_dlg(TComponent *owner)
     : Tvx_basic_style_dlg(owner, c_smp_dlg_pnt), f_edit(add_edit<Tvx_pnt_stl_edit>())
 {
-}
-
-void Tvx_pnt_style_dlg::set_pnt_style(void *style)
-{
-    f_edit->set_pnt_style(style);
-    f_edit->update_controls();
 }
 
 Tvx_pln_style_dlg::Tvx_pln_style_dlg(TComponent *owner)
@@ -80,19 +62,7 @@ Tvx_pln_style_dlg::Tvx_pln_style_dlg(TComponent *owner)
 {
 }
 
-void Tvx_pln_style_dlg::set_pln_style(void *style)
-{
-    f_edit->set_pln_style(style);
-    f_edit->update_controls();
-}
-
 Tvx_pgn_style_dlg::Tvx_pgn_style_dlg(TComponent *owner)
     : Tvx_basic_style_dlg(owner, c_smp_dlg_pgn), f_edit(add_edit<Tvx_pgn_stl_edit>())
 {
-}
-
-void Tvx_pgn_style_dlg::set_pgn_style(void *style)
-{
-    f_edit->set_pgn_style(style);
-    f_edit->update_controls();
 }

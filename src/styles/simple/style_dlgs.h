@@ -15,6 +15,11 @@ class VX_API Tvx_basic_style_dlg : public Tvx_dlg_form
 public:
     void load_res() override;
 
+    /// The private style of the editor, of the type that the dialog edits.
+    [[nodiscard]] void *get_style() const { return f_style_edit->get_style(); }
+    /// Copies the style and shows it.
+    void set_style(void const *style);
+
 protected:
     /// `caption` is the number of the title.
     Tvx_basic_style_dlg(TComponent *owner, int caption);
@@ -39,9 +44,8 @@ class VX_API Tvx_bpnt_style_dlg : public Tvx_basic_style_dlg
 public:
     explicit Tvx_bpnt_style_dlg(TComponent *owner);
 
-    [[nodiscard]] void *get_bpnt_style() const { return f_edit->get_bpnt_style(); }
-    /// Copies the style and shows it.
-    void set_bpnt_style(void *style);
+    [[nodiscard]] void *get_bpnt_style() const { return get_style(); }
+    void set_bpnt_style(void *style) { set_style(style); }
     [[nodiscard]] Tvx_bpnt_edit *get_edit() const { return f_edit; }
 
 private:
@@ -53,9 +57,8 @@ class VX_API Tvx_bpln_style_dlg : public Tvx_basic_style_dlg
 public:
     explicit Tvx_bpln_style_dlg(TComponent *owner);
 
-    [[nodiscard]] void *get_bpln_style() const { return f_edit->get_bpln_style(); }
-    /// Copies the style and shows it.
-    void set_bpln_style(void *style);
+    [[nodiscard]] void *get_bpln_style() const { return get_style(); }
+    void set_bpln_style(void *style) { set_style(style); }
     [[nodiscard]] Tvx_bpln_edit *get_edit() const { return f_edit; }
 
 private:
@@ -67,9 +70,8 @@ class VX_API Tvx_bpgn_style_dlg : public Tvx_basic_style_dlg
 public:
     explicit Tvx_bpgn_style_dlg(TComponent *owner);
 
-    [[nodiscard]] void *get_bpgn_style() const { return f_edit->get_bpgn_style(); }
-    /// Copies the style and shows it.
-    void set_bpgn_style(void *style);
+    [[nodiscard]] void *get_bpgn_style() const { return get_style(); }
+    void set_bpgn_style(void *style) { set_style(style); }
     [[nodiscard]] Tvx_bpgn_edit *get_edit() const { return f_edit; }
 
 private:
@@ -81,9 +83,8 @@ class VX_API Tvx_pnt_style_dlg : public Tvx_basic_style_dlg
 public:
     explicit Tvx_pnt_style_dlg(TComponent *owner);
 
-    [[nodiscard]] void *get_pnt_style() const { return f_edit->get_pnt_style(); }
-    /// Copies the style and shows it.
-    void set_pnt_style(void *style);
+    [[nodiscard]] void *get_pnt_style() const { return get_style(); }
+    void set_pnt_style(void *style) { set_style(style); }
     [[nodiscard]] Tvx_pnt_stl_edit *get_edit() const { return f_edit; }
 
 private:
@@ -95,9 +96,8 @@ class VX_API Tvx_pln_style_dlg : public Tvx_basic_style_dlg
 public:
     explicit Tvx_pln_style_dlg(TComponent *owner);
 
-    [[nodiscard]] void *get_pln_style() const { return f_edit->get_pln_style(); }
-    /// Copies the style and shows it.
-    void set_pln_style(void *style);
+    [[nodiscard]] void *get_pln_style() const { return get_style(); }
+    void set_pln_style(void *style) { set_style(style); }
     [[nodiscard]] Tvx_pln_stl_edit *get_edit() const { return f_edit; }
 
 private:
@@ -109,9 +109,8 @@ class VX_API Tvx_pgn_style_dlg : public Tvx_basic_style_dlg
 public:
     explicit Tvx_pgn_style_dlg(TComponent *owner);
 
-    [[nodiscard]] void *get_pgn_style() const { return f_edit->get_pgn_style(); }
-    /// Copies the style and shows it.
-    void set_pgn_style(void *style);
+    [[nodiscard]] void *get_pgn_style() const { return get_style(); }
+    void set_pgn_style(void *style) { set_style(style); }
     [[nodiscard]] Tvx_pgn_stl_edit *get_edit() const { return f_edit; }
 
 private:

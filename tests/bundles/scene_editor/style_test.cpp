@@ -3,11 +3,13 @@
 #include "styles/simple/style_panels.h"
 #include "tests/controls/prop/prop_form.h"
 
+#include "platform/base/owned.h"
 #include "platform/base/string_adp.h"
 #include "platform/basic/vx_options.h"
 #include "platform/styles/vx_base_style.h"
 #include "platform/styles/vx_stl_mngr.h"
 #include "platform/styles/vx_stl_mngr_list.h"
+#include "platform/styles/vx_style.h"
 #include "platform/toolkit/controls/button.h"
 #include "platform/toolkit/controls/check_box.h"
 #include "platform/toolkit/controls/edit.h"

@@ -6,6 +6,8 @@
 #include "tests/controls/prop/prop_form.h"
 
 #include "platform/base/owned.h"
+#include "platform/styles/vx_base_style.h"
+#include "platform/styles/vx_style.h"
 
 #include <algorithm>
 

@@ -4,8 +4,11 @@
 #include "support/temp_dir.h"
 #include "tests/controls/prop/prop_form.h"
 
+#include "platform/base/owned.h"
 #include "platform/storage/vx_xml_data.h"
+#include "platform/styles/vx_base_style.h"
 #include "platform/styles/vx_global_lib_styles.h"
+#include "platform/styles/vx_style.h"
 #include "platform/styles/vx_style_lib.h"
 #include "platform/toolkit/bridge/qt_bridge.h"
 #include "platform/winapi/file.h"
