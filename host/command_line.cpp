@@ -1,5 +1,7 @@
 #include "host/command_line.h"
 
+#include "platform/basic/vx_options.h"
+
 namespace {
 constexpr char c_help[] = R"(Usage: vx_map [options] [file...]
 
@@ -7,7 +9,7 @@ Shows map files as layers, the first file at the bottom, and edits how the layer
 Opens the vector and raster files that GDAL reads; rasters are listed and edited, but not drawn.
 
 Options:
-  --lang en|ru     language of the windows
+  --lang NAME      language of the windows, such as en or ru
   --shot DIR       go through a tour by itself, write its pictures to DIR, end;
                    the pictures' paths are printed, the exit code is 0 when all went well
   --headless       needs no display; only with --shot
@@ -83,10 +85,25 @@ private:
     {
         if (!f_line.error.empty() || f_line.help || f_line.version)
             return;
-        if (!f_line.language.empty() && f_line.language != "en" && f_line.language != "ru")
-            f_line.error = "unknown language " + f_line.language + ", known are en and ru";
+        if (!f_line.language.empty() && !knows_language())
+            f_line.error = "unknown language " + f_line.language + ", known are " + known_languages();
         else if (f_line.headless && f_line.shot_directory.empty())
             f_line.error = "--headless needs --shot DIR";
+    }
+
+    bool knows_language()
+    {
+        for (int i = 0; char const *const known = vx_options_get_known_language(i); ++i)
+            if (f_line.language == known)
+                return true;
+        return false;
+    }
+    static std::string known_languages()
+    {
+        std::string names;
+        for (int i = 0; char const *const known = vx_options_get_known_language(i); ++i)
+            names += (i == 0 ? "" : ", ") + std::string(known);
+        return names;
     }
 
     std::vector<std::string> const &f_arguments;

@@ -1,6 +1,6 @@
 #include "host/tour.h"
 
-#include "controls/forms/forms_captions.h"
+#include "captions/forms.h"
 #include "exports/vxk_lr2d_edit_form_api.h"
 #include "host/captions.h"
 #include "host/example_scales.h"

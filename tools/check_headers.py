@@ -26,7 +26,7 @@ def check(args, root, header):
     if fresh(stamp, header):
         return rel, True, ''
     probe = f'#include "{rel}"\n#include "{rel}"\n'
-    run = subprocess.run([args.compiler, '-std=c++20', '-fsyntax-only', '-Wall', '-Wextra', '-Wno-unused-parameter', '-Werror', '-I', str(root),
+    run = subprocess.run([args.compiler, '-std=c++20', '-fsyntax-only', '-Wall', '-Wextra', '-Wno-unused-parameter', '-Werror', '-I', str(root), *(f'-I{folder}' for folder in args.include),
                           '-MD', '-MF', str(stamp) + '.d', '-x', 'c++', '-'], input=probe, text=True, capture_output=True)
     if run.returncode:
         return rel, False, run.stderr
@@ -42,6 +42,7 @@ def main():
     ap.add_argument('--root', type=pathlib.Path, default=pathlib.Path('src'))
     ap.add_argument('--compiler', default='c++')
     ap.add_argument('--stamp', type=pathlib.Path, default=pathlib.Path('build/header_stamps'))
+    ap.add_argument('--include', action='append', default=[], help='a further folder of headers, such as made ones')
     args = ap.parse_args()
     args.stamp.mkdir(parents=True, exist_ok=True)
     headers = sorted(h for h in args.root.rglob('*.h') if h.relative_to(args.root).as_posix() not in SKIP)

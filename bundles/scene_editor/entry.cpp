@@ -1,5 +1,5 @@
+#include "captions/scene.h"
 #include "mngr_list_dlg.h"
-#include "scene_captions.h"
 #include "styles/simple/style_dialog.h"
 #include "txt_common_dlg.h"
 #include "txt_style_dlg.h"

@@ -1,10 +1,9 @@
 #include "mngr_list_dlg.h"
 
+#include "captions/scene.h"
 #include "controls/forms/event_off.h"
-#include "scene_captions.h"
 
 #include "platform/base/string_adp.h"
-#include "platform/basic/engine_captions.h"
 #include "platform/basic/vx_options.h"
 #include "platform/basic/vx_res.h"
 #include "platform/styles/vx_stl_mngr.h"

@@ -1,6 +1,6 @@
 #include "order_buttons.h"
 
-#include "scene_captions.h"
+#include "captions/scene.h"
 
 #include "platform/basic/vx_res.h"
 

@@ -1,6 +1,6 @@
 #include "txt_common_dlg.h"
 
-#include "scene_captions.h"
+#include "captions/scene.h"
 
 #include "platform/base/string_adp.h"
 #include "platform/basic/vx_res.h"

@@ -1,6 +1,6 @@
 #include "txt_fields.h"
 
-#include "scene_captions.h"
+#include "captions/scene.h"
 
 #include "platform/styles/vx_txt_style.h"
 

@@ -1,10 +1,9 @@
 #include "txt_lines_edit.h"
 
+#include "captions/scene.h"
 #include "controls/forms/event_off.h"
-#include "scene_captions.h"
 
 #include "platform/base/string_adp.h"
-#include "platform/basic/engine_captions.h"
 #include "platform/basic/vx_res.h"
 #include "platform/basic/vx_wstrings.h"
 #include "platform/styles/vx_txt_style.h"

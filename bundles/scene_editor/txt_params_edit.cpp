@@ -1,8 +1,7 @@
 #include "txt_params_edit.h"
 
-#include "scene_captions.h"
+#include "captions/scene.h"
 
-#include "platform/basic/engine_captions.h"
 #include "platform/basic/vx_res.h"
 #include "platform/toolkit/core/strings.h"
 

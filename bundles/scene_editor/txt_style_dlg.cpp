@@ -1,6 +1,6 @@
 #include "txt_style_dlg.h"
 
-#include "scene_captions.h"
+#include "captions/scene.h"
 
 #include "platform/basic/vx_res.h"
 

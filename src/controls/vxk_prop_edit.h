@@ -17,7 +17,6 @@
 #include "controls/prop/fnt_panel.h"
 #include "controls/prop/histogram_panel.h"
 #include "controls/prop/image_convert.h"
-#include "controls/prop/prop_captions.h"
 #include "controls/prop/prop_combo_box.h"
 #include "controls/prop/prop_edit.h"
 #include "controls/prop/visible_ctrl.h"

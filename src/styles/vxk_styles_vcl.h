@@ -16,7 +16,6 @@
 #include "styles/simple/pgn_stl_edit.h"
 #include "styles/simple/pln_stl_edit.h"
 #include "styles/simple/pnt_stl_edit.h"
-#include "styles/simple/simple_captions.h"
 #include "styles/simple/style_btns.h"
 #include "styles/simple/style_dialog.h"
 #include "styles/simple/style_dlgs.h"

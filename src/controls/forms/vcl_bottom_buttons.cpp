@@ -1,6 +1,6 @@
 #include "controls/forms/vcl_bottom_buttons.h"
 
-#include "controls/forms/forms_captions.h"
+#include "captions/forms.h"
 
 #include "platform/basic/vx_res.h"
 

@@ -1,6 +1,6 @@
 #include "controls/numeric/number_message_priv.h"
 
-#include "platform/basic/engine_captions.h"
+#include "platform/basic/vx_res.h"
 #include "platform/dialogs/vx_msgs.h"
 
 namespace {

@@ -1,10 +1,10 @@
 #include "controls/numeric/vcl_int_edit.h"
 
+#include "captions/numeric.h"
 #include "controls/forms/event_off.h"
 #include "controls/numeric/detail/number_text.h"
 #include "controls/numeric/edit_keys_priv.h"
 #include "controls/numeric/number_message_priv.h"
-#include "controls/numeric/numeric_captions.h"
 
 #include <utility>
 

@@ -1,8 +1,8 @@
 #include "controls/prop/chrmap_panel.h"
 
+#include "captions/prop.h"
 #include "controls/prop/color_convert.h"
 #include "controls/prop/detail/action_name.h"
-#include "controls/prop/prop_captions.h"
 
 #include "platform/basic/vx_res.h"
 #include "platform/dialogs/vx_dlgs.h"

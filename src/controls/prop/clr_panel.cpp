@@ -1,7 +1,7 @@
 #include "controls/prop/clr_panel.h"
 
+#include "captions/prop.h"
 #include "controls/prop/detail/action_name.h"
-#include "controls/prop/prop_captions.h"
 #include "styles/preview/style_example.h"
 
 #include "platform/basic/vx_res.h"

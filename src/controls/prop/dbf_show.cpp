@@ -1,6 +1,6 @@
 #include "controls/prop/dbf_show.h"
 
-#include "controls/prop/prop_captions.h"
+#include "captions/prop.h"
 #include "data/filesystem/filesystem.h"
 
 #include "platform/basic/vx_res.h"

@@ -1,11 +1,10 @@
 #include "controls/prop/entities_prop_edit.h"
 
-#include "controls/prop/prop_captions.h"
+#include "captions/prop.h"
 #include "data/filesystem/filesystem.h"
 
 #include "platform/base/owned.h"
 #include "platform/base/string_adp.h"
-#include "platform/basic/engine_captions.h"
 #include "platform/basic/vx_res.h"
 #include "platform/data/vx_entity.h"
 #include "platform/dialogs/vx_dlgs.h"

@@ -1,8 +1,8 @@
 #include "controls/prop/figure_dialog_form.h"
 
+#include "captions/prop.h"
 #include "controls/prop/figure_style_priv.h"
 #include "controls/prop/image_convert.h"
-#include "controls/prop/prop_captions.h"
 #include "styles/preview/style_example.h"
 
 #include "platform/basic/vx_res.h"

@@ -1,8 +1,8 @@
 #include "controls/prop/file_panel.h"
 
+#include "captions/prop.h"
 #include "controls/forms/misc.h"
 #include "controls/prop/detail/action_name.h"
-#include "controls/prop/prop_captions.h"
 #include "data/filesystem/filesystem.h"
 
 #include "platform/base/owned.h"

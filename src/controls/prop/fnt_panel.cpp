@@ -1,8 +1,9 @@
 #include "controls/prop/fnt_panel.h"
 
+#include "captions/prop.h"
 #include "controls/prop/detail/action_name.h"
 #include "controls/prop/image_convert.h"
-#include "controls/prop/prop_captions.h"
+#include "controls/prop/prop_pictures_priv.h"
 
 #include "platform/basic/vx_res.h"
 #include "platform/dialogs/vx_dlgs.h"

@@ -1,6 +1,6 @@
 #include "controls/prop/histogram_panel.h"
 
-#include "controls/prop/prop_captions.h"
+#include "captions/prop.h"
 
 #include "platform/basic/vx_histogram.h"
 #include "platform/basic/vx_res.h"

@@ -1,7 +1,7 @@
 #include "layer_edit/form/lr2d_edit_form.h"
 
+#include "captions/layer_edit.h"
 #include "controls/forms/apply_form.h"
-#include "layer_edit/form/form_captions_priv.h"
 #include "layer_edit/page_set/lr2d_edit.h"
 
 #include "platform/base/flag_scope.h"
@@ -12,6 +12,8 @@
 #include <utility>
 
 namespace {
+/// Help number of the edit form.
+constexpr int c_help_edit_form = 23;
 /// Size of an own form at its first showing: room for a style editor without scrolling.
 constexpr int c_form_width = 480;
 constexpr int c_form_height = 600;

@@ -1,6 +1,6 @@
 #include "layer_edit/page_set/lr2d_edit.h"
 
-#include "layer_edit/page_set/page_set_captions_priv.h"
+#include "captions/layer_edit.h"
 
 #include "platform/base/flag_scope.h"
 #include "platform/basic/vx_event_channel.h"

@@ -1,9 +1,9 @@
 #include "platform/basic/vx_datasource.h"
 
+#include "captions/engine.h"
 #include "extension/binding/data_source.h"
 
 #include "platform/base/virtual_mark.h"
-#include "platform/basic/engine_captions.h"
 #include "platform/basic/vx_bundle.h"
 #include "platform/basic/vx_res.h"
 

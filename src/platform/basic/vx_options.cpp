@@ -19,8 +19,6 @@ constexpr char c_key_mm2px_x[] = "mm2px_x";
 constexpr char c_key_mm2px_y[] = "mm2px_y";
 constexpr char c_key_invert[] = "invert_layers";
 constexpr char c_key_language[] = "language";
-constexpr char c_russian[] = "ru";
-constexpr char c_english[] = "en";
 
 std::wstring user_file()
 {
@@ -43,13 +41,22 @@ std::string number_text(double value)
     return {buffer, end};
 }
 
+// The captions for a locale such as "pt_BR.UTF-8": those of the country, else those of the language.
+std::string locale_language(std::string_view locale)
+{
+    for (auto const *ends : {".@", "_.@"})
+        if (auto const name = locale.substr(0, locale.find_first_of(ends)); !vx::captions::find(name).empty())
+            return std::string(name);
+    return std::string(vx::captions::c_base_language);
+}
+
 // The first of the variables that says anything decides, as for other programs.
 std::string environment_language()
 {
     for (auto const *name : {"LC_ALL", "LC_MESSAGES", "LANG"})
         if (auto const *const value = std::getenv(name); value && *value)
-            return std::string_view(value).starts_with(c_russian) ? c_russian : c_english;
-    return c_english;
+            return locale_language(value);
+    return std::string(vx::captions::c_base_language);
 }
 
 class options
@@ -213,6 +220,14 @@ void vx_options_set_invert_layers(bool invert)
 char const *vx_options_get_language()
 {
     return current().f_language.c_str();
+}
+
+char const *vx_options_get_known_language(int index)
+{
+    // The names are literals, so each is followed by its end.
+    return index >= 0 && index < vx::captions::catalogue_count
+               ? vx::captions::catalogue_texts[index].language.data()
+               : nullptr;
 }
 
 bool vx_options_set_language(char const *language)

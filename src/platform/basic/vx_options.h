@@ -27,9 +27,11 @@ VX_API void vx_options_set_mm2px(double x, double y);
 [[nodiscard]] VX_API bool vx_options_get_invert_layers();
 VX_API void vx_options_set_invert_layers(bool invert);
 
-/// Language of the captions: "en" or "ru". Unless set, the language of the environment (`LC_ALL`,
-/// `LC_MESSAGES`, `LANG`) when it is Russian, else English.
+/// Language of the captions, such as "en" or "ru". Unless set, the language of the environment (`LC_ALL`,
+/// `LC_MESSAGES`, `LANG`) when there are captions in it, else English.
 [[nodiscard]] VX_API char const *vx_options_get_language();
+/// The languages that there are captions in, by index from 0; null beyond the last.
+[[nodiscard]] VX_API char const *vx_options_get_known_language(int index);
 /// An unknown language is refused with false. Windows that are open keep their texts until they load them
 /// again.
 VX_API bool vx_options_set_language(char const *language);

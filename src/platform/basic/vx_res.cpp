@@ -2,7 +2,6 @@
 
 #include "platform/base/text_codec.h"
 #include "platform/basic/detail/caption_catalogue.h"
-#include "platform/basic/engine_captions.h"
 #include "platform/basic/vx_options.h"
 
 #include <charconv>
@@ -11,8 +10,6 @@
 #include <unordered_map>
 
 namespace {
-constexpr std::string_view c_fallback_language = "en";
-constexpr std::wstring_view c_argument_mark = L"%1";
 
 struct caption
 {
@@ -76,7 +73,8 @@ catalogue &catalogue_of(std::string const &language)
 
 caption *find_known(int number)
 {
-    for (auto const &language : {std::string(vx_options_get_language()), std::string(c_fallback_language)}) {
+    for (auto const &language :
+         {std::string(vx_options_get_language()), std::string(vx::captions::c_base_language)}) {
         auto &texts = catalogue_of(language);
         if (auto const at = texts.find(number); at != texts.end())
             return &at->second;
@@ -134,10 +132,24 @@ int vx_help_mngr_find_help_id(int number)
     return number < 0 ? 0 : number;
 }
 
+std::wstring vx_res_format_w(int number, std::initializer_list<std::wstring_view> arguments)
+{
+    std::wstring_view const text = vx_res_get_wstr(number);
+    std::wstring out;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        // "1" is the first; what is no digit lies far beyond the last.
+        auto const index = static_cast<std::size_t>(i + 1 < text.size() ? text[i + 1] - L'1' : -1);
+        if (text[i] != L'%' || index >= arguments.size()) {
+            out.push_back(text[i]);
+            continue;
+        }
+        out += arguments.begin()[index];
+        ++i;
+    }
+    return out;
+}
+
 std::wstring vx_res_format_w(int number, std::wstring_view argument)
 {
-    std::wstring text = vx_res_get_wstr(number);
-    if (auto const at = text.find(c_argument_mark); at != std::wstring::npos)
-        text.replace(at, c_argument_mark.size(), argument);
-    return text;
+    return vx_res_format_w(number, {argument});
 }

@@ -1,8 +1,9 @@
+#include "captions/dialogs.h"
+
 #include "platform/base/flag_scope.h"
 #include "platform/basic/vx_res.h"
 #include "platform/dialogs/detail/color_field.h"
 #include "platform/dialogs/detail/common_form.h"
-#include "platform/dialogs/dlg_captions.h"
 #include "platform/dialogs/dlg_table_priv.h"
 #include "platform/dialogs/vx_dlgs.h"
 #include "platform/toolkit/controls/edit.h"

@@ -1,8 +1,9 @@
 #include "platform/dialogs/vx_file_dialog.h"
 
+#include "captions/dialogs.h"
+
 #include "platform/basic/vx_res.h"
 #include "platform/dialogs/detail/common_form.h"
-#include "platform/dialogs/dlg_captions.h"
 #include "platform/dialogs/dlg_table_priv.h"
 #include "platform/dialogs/vx_dlgs.h"
 #include "platform/dialogs/vx_msgs.h"

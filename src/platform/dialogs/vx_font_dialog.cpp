@@ -1,7 +1,8 @@
+#include "captions/dialogs.h"
+
 #include "platform/basic/vx_fnt_type.h"
 #include "platform/basic/vx_res.h"
 #include "platform/dialogs/detail/common_form.h"
-#include "platform/dialogs/dlg_captions.h"
 #include "platform/dialogs/dlg_table_priv.h"
 #include "platform/dialogs/font_chars.h"
 #include "platform/dialogs/vx_dlgs.h"

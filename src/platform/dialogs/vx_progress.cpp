@@ -1,9 +1,10 @@
 #include "platform/dialogs/vx_progress.h"
 
+#include "captions/dialogs.h"
+
 #include "platform/base/flag_scope.h"
 #include "platform/basic/vx_res.h"
 #include "platform/dialogs/detail/common_form.h"
-#include "platform/dialogs/dlg_captions.h"
 #include "platform/dialogs/dlg_table_priv.h"
 #include "platform/toolkit/bridge/qt_bridge.h"
 #include "platform/toolkit/controls/button.h"

@@ -1,6 +1,8 @@
 #include "platform/storage/vx_xml_data.h"
 
-#include "platform/basic/engine_captions.h"
+#include "captions/engine.h"
+
+#include "platform/basic/vx_res.h"
 #include "platform/storage/detail/color_map.h"
 #include "platform/storage/detail/scale_xml.h"
 #include "platform/storage/detail/storage_state.h"

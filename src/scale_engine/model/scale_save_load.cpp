@@ -1,10 +1,11 @@
 #include "scale_engine/model/scale_save_load.h"
 
+#include "captions/engine.h"
 #include "data/filesystem/filesystem.h"
 #include "scale_engine/model/scale_path.h"
 
 #include "platform/base/owned.h"
-#include "platform/basic/engine_captions.h"
+#include "platform/basic/vx_res.h"
 #include "platform/storage/vx_xml_data.h"
 #include "platform/styles/vx_stl_mngr.h"
 

@@ -1,6 +1,6 @@
 #include "styles/simple/base_style_edit.h"
 
-#include "styles/simple/simple_captions.h"
+#include "captions/simple.h"
 
 #include "platform/basic/vx_res.h"
 

@@ -1,5 +1,6 @@
 #include "styles/simple/bpgn_edit.h"
 
+#include "captions/simple.h"
 #include "styles/complex/edit_cpx_style.h"
 
 #include "platform/styles/vx_base_style.h"

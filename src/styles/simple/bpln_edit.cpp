@@ -1,7 +1,7 @@
 #include "styles/simple/bpln_edit.h"
 
+#include "captions/simple.h"
 #include "styles/complex/edit_cpx_style.h"
-#include "styles/simple/simple_captions.h"
 
 #include "platform/styles/vx_base_style.h"
 

@@ -1,7 +1,7 @@
 #include "styles/simple/bpnt_edit.h"
 
+#include "captions/simple.h"
 #include "styles/complex/edit_cpx_style.h"
-#include "styles/simple/simple_captions.h"
 
 #include "platform/basic/vx_res.h"
 #include "platform/styles/vx_base_style.h"

@@ -1,11 +1,10 @@
 #include "styles/simple/composed_style_edit.h"
 
+#include "captions/dialogs.h"
+#include "captions/simple.h"
 #include "data/filesystem/filesystem.h"
-#include "styles/simple/simple_captions.h"
 
-#include "platform/basic/engine_captions.h"
 #include "platform/basic/vx_res.h"
-#include "platform/dialogs/dlg_captions.h"
 #include "platform/dialogs/file_dialogs.h"
 #include "platform/dialogs/vx_msgs.h"
 #include "platform/winapi/file.h"

@@ -1,12 +1,16 @@
 #include "styles/simple/lib_stl_panel.h"
 
+#include "captions/simple.h"
 #include "controls/prop/image_convert.h"
-#include "styles/simple/simple_captions.h"
 
 #include "platform/basic/vx_res.h"
 #include "platform/styles/vx_global_lib_styles.h"
 
 namespace {
+/// Numbers of the pictures on the buttons.
+constexpr int c_smp_picture_save = 3010;
+constexpr int c_smp_picture_load = 3011;
+
 void load_button(Tvx_bitbtn *button, int picture, int caption)
 {
     vx_glyph_get_res(button->GetGlyph(), picture);

@@ -1,7 +1,7 @@
 #include "styles/simple/pnt_stl_edit.h"
 
+#include "captions/simple.h"
 #include "styles/libraries/vxk_lib_styles.h"
-#include "styles/simple/simple_captions.h"
 
 #include "platform/storage/vx_xml_data.h"
 #include "platform/styles/vx_style.h"

@@ -1,7 +1,7 @@
 #include "styles/simple/style_btns.h"
 
+#include "captions/simple.h"
 #include "styles/preview/style_example.h"
-#include "styles/simple/simple_captions.h"
 #include "styles/simple/style_dialog.h"
 
 #include "platform/basic/vx_res.h"

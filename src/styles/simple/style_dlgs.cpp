@@ -1,6 +1,6 @@
 #include "styles/simple/style_dlgs.h"
 
-#include "styles/simple/simple_captions.h"
+#include "captions/simple.h"
 
 #include "platform/basic/vx_res.h"
 

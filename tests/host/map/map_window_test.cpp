@@ -1,4 +1,4 @@
-#include "controls/forms/forms_captions.h"
+#include "captions/forms.h"
 #include "exports/vxk_lr2d_edit_form_api.h"
 #include "host/layer_editor.h"
 #include "map_fixture.h"

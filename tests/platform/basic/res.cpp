@@ -1,14 +1,17 @@
+#include "captions/engine.h"
+#include "captions/host.h"
 #include "support/temp_dir.h"
 
 #include "platform/base/text_codec.h"
-#include "platform/basic/engine_captions.h"
 #include "platform/basic/vx_options.h"
 #include "platform/basic/vx_res.h"
 #include "platform/winapi/codepage.h"
 
+#include <cctype>
 #include <charconv>
 #include <gtest/gtest.h>
 #include <map>
+#include <set>
 #include <sstream>
 #include <string>
 
@@ -46,28 +49,48 @@ std::map<int, std::string> read_catalogue(std::string const &language)
     return captions;
 }
 
-int count_marks(std::string const &text)
+/// The places "%1", "%s" of a text, in any order.
+std::multiset<char> places(std::string const &text)
 {
-    int count = 0;
+    std::multiset<char> found;
     for (std::size_t i = 0; i + 1 < text.size(); ++i)
-        count += text[i] == '%' && text[i + 1] != '%' && (i == 0 || text[i - 1] != '%');
-    return count;
+        if (text[i] == '%' && (std::isdigit(static_cast<unsigned char>(text[i + 1])) || text[i + 1] == 's'))
+            found.insert(text[i + 1]);
+    return found;
+}
+
+/// The numbers that the catalogue names.
+std::set<int> named_captions()
+{
+    std::set<int> numbers;
+    std::istringstream lines(vx_test::read_file(VX_SOURCE_DIR "/resources/captions/catalogue.list"));
+    for (std::string line; std::getline(lines, line);)
+        if (int number = 0; std::from_chars(line.data(), line.data() + line.size(), number).ec == std::errc())
+            numbers.insert(number);
+    return numbers;
 }
 } // namespace
 
-TEST_F(res, catalogues_hold_the_same_captions)
+TEST_F(res, every_language_says_each_named_caption_with_the_same_places)
 {
+    auto const named = named_captions();
     auto const english = read_catalogue("en");
-    auto const russian = read_catalogue("ru");
-    EXPECT_FALSE(english.empty());
-    for (auto const &[number, text] : english) {
-        auto const at = russian.find(number);
-        ASSERT_NE(russian.end(), at) << number << " has no Russian text";
-        EXPECT_EQ(count_marks(text), count_marks(at->second))
-            << number << ": " << text << " and " << at->second;
-        EXPECT_TRUE(vx_res_has(number)) << number;
+    EXPECT_GT(named.size(), 300u);
+    int languages = 0;
+    for (; char const *const language = vx_options_get_known_language(languages); ++languages) {
+        auto texts = read_catalogue(language);
+        for (int const number : named) {
+            auto const text = texts.extract(number);
+            ASSERT_FALSE(text.empty()) << number << " has no text in " << language;
+            ASSERT_TRUE(english.contains(number)) << number;
+            EXPECT_EQ(places(english.at(number)), places(text.mapped())) << number << ": " << text.mapped();
+            EXPECT_TRUE(vx_res_has(number)) << number;
+        }
+        for (auto const &[number, text] : texts)
+            ADD_FAILURE() << number << " of " << language << " has no name: " << text;
     }
-    EXPECT_EQ(english.size(), russian.size());
+    EXPECT_GE(languages, 2);
+    EXPECT_EQ(nullptr, vx_options_get_known_language(-1));
 }
 
 TEST_F(res, language_decides)
@@ -105,6 +128,9 @@ TEST_F(res, unknown_numbers)
 TEST_F(res, arguments_are_put_in_once)
 {
     EXPECT_EQ(L"\"a%1b\" holds no vector data.", vx_res_format_w(c_capt_no_vector_data, L"a%1b"));
+    EXPECT_EQ(L"The picture could not be saved as %2: %1",
+              vx_res_format_w(c_cap_err_save_picture, {L"%2", L"%1"}));
+    EXPECT_EQ(L"The picture could not be saved as a: %2", vx_res_format_w(c_cap_err_save_picture, {L"a"}));
     EXPECT_EQ(23, vx_help_mngr_find_help_id(23));
     EXPECT_EQ(0, vx_help_mngr_find_help_id(-1));
 }

@@ -9,6 +9,9 @@ struct catalogue_text
     std::string_view language; ///< name of the file without extension
     std::string_view text;     ///< its content
 };
+/// The language of the source: what is shown where another one lacks a text, and where none fits.
+inline constexpr std::string_view c_base_language = "en";
+
 extern catalogue_text const catalogue_texts[];
 extern int const catalogue_count;
 

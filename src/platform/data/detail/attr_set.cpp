@@ -1,5 +1,6 @@
 #include "platform/data/detail/attr_set.h"
 
+#include "captions/engine.h"
 #include "extension/binding/column_source.h"
 #include "extension/binding/feature_forward_request.h"
 #include "extension/binding/string_visitor.h"
@@ -8,8 +9,8 @@
 #include "platform/base/string_adp.h"
 #include "platform/base/text_codec.h"
 #include "platform/base/vertex_list.h"
-#include "platform/basic/engine_captions.h"
 #include "platform/basic/vx_datasource.h"
+#include "platform/basic/vx_res.h"
 #include "platform/data/vx_attr_data.h"
 
 #include <algorithm>

@@ -1,7 +1,8 @@
 #include "platform/dialogs/detail/common_form.h"
 
+#include "captions/dialogs.h"
+
 #include "platform/basic/vx_res.h"
-#include "platform/dialogs/dlg_captions.h"
 #include "platform/toolkit/bridge/qt_bridge.h"
 #include "platform/toolkit/controls/button.h"
 #include "platform/toolkit/controls/label.h"

@@ -1,7 +1,9 @@
 #include "platform/layers/detail/shp_layer.h"
 
+#include "captions/engine.h"
+
 #include "platform/base/string_adp.h"
-#include "platform/basic/engine_captions.h"
+#include "platform/basic/vx_res.h"
 #include "platform/data/vx_shape_files.h"
 #include "platform/layers/layer_keys.h"
 #include "platform/layers/vx_shp_lr2d.h"

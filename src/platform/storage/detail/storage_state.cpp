@@ -1,6 +1,8 @@
 #include "platform/storage/detail/storage_state.h"
 
-#include "platform/basic/engine_captions.h"
+#include "captions/engine.h"
+
+#include "platform/basic/vx_res.h"
 #include "platform/winapi/file.h"
 
 #include <utility>

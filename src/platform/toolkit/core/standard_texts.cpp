@@ -1,6 +1,9 @@
+#include "captions/dialogs.h"
+#include "captions/standard.h"
+
+#include "platform/basic/detail/caption_catalogue.h"
 #include "platform/basic/vx_options.h"
 #include "platform/basic/vx_res.h"
-#include "platform/toolkit/core/detail/standard_captions.h"
 #include "platform/toolkit/core/standard_texts_priv.h"
 
 #include <QCoreApplication>
@@ -64,10 +67,10 @@ constexpr part c_parts[] = {
     {c_icons, "Folder", c_file_folder},
     {c_icons, "%1 File", c_file_kind},
     {c_icons, "File", c_file_file},
-    {c_buttons, "&Yes", c_std_yes},
-    {c_buttons, "&No", c_std_no},
-    {c_buttons, "OK", c_std_ok},
-    {c_buttons, "Cancel", c_std_cancel},
+    {c_buttons, "&Yes", c_dlg_yes},
+    {c_buttons, "&No", c_dlg_no},
+    {c_buttons, "OK", c_dlg_ok},
+    {c_buttons, "Cancel", c_dlg_cancel},
     {c_edit, "&Undo", c_std_undo},
     {c_text, "&Undo", c_std_undo},
     {c_edit, "&Redo", c_std_redo},
@@ -137,8 +140,8 @@ public:
     [[nodiscard]] bool isEmpty() const override { return false; }
     [[nodiscard]] QString translate(char const *context, char const *source, char const *, int) const override
     {
-        // English is what the parts say by themselves.
-        if (!context || !source || std::string_view(vx_options_get_language()) == "en")
+        // The base language is what the parts say by themselves.
+        if (!context || !source || vx_options_get_language() == vx::captions::c_base_language)
             return {};
         for (auto const &[where, text, caption] : c_parts)
             if (where == context && text == source)
