@@ -1,5 +1,6 @@
 #include "data/source/generic_datasource.h"
 
+#include "data/grid/grid_datasource.h"
 #include "data/vector/vector_datasource.h"
 #include "extension/binding/histogram_visitor.h"
 #include "extension/binding/string_visitors.h"
@@ -72,56 +73,61 @@ void generic_datasource::close_data()
 
 // Here the kind of source decides: a temporary of that kind, which does not own the handle, answers.
 
+template <class Work>
+bool generic_datasource::with_kind(Work work) const
+{
+    vector_datasource features;
+    if (features.from_generic(f_source))
+        return work(features);
+    grid_datasource grid;
+    return grid.from_generic(f_source) && work(grid);
+}
+
 bool generic_datasource::compute_stat_common(field_index_type field, statistic &stat)
 {
-    vector_datasource source;
-    return source.from_generic(f_source) && source.compute_stat_common(field, stat);
+    return with_kind([&](generic_datasource &source) { return source.compute_stat_common(field, stat); });
 }
 
 bool generic_datasource::compute_stat_stdev(field_index_type field, statistic &stat)
 {
-    vector_datasource source;
-    return source.from_generic(f_source) && source.compute_stat_stdev(field, stat);
+    return with_kind([&](generic_datasource &source) { return source.compute_stat_stdev(field, stat); });
 }
 
 bool generic_datasource::compute_stat_distinct(field_index_type field, statistic &stat)
 {
-    vector_datasource source;
-    return source.from_generic(f_source) && source.compute_stat_distinct(field, stat);
+    return with_kind([&](generic_datasource &source) { return source.compute_stat_distinct(field, stat); });
 }
 
 bool generic_datasource::fetch_values(field_index_type field, std::vector<std::wstring> &values)
 {
-    vector_datasource source;
-    return source.from_generic(f_source) && source.fetch_values(field, values);
+    return with_kind([&](generic_datasource &source) { return source.fetch_values(field, values); });
 }
 
 bool generic_datasource::fetch_values(field_index_type field, std::vector<double> &values)
 {
-    vector_datasource source;
-    return source.from_generic(f_source) && source.fetch_values(field, values);
+    return with_kind([&](generic_datasource &source) { return source.fetch_values(field, values); });
 }
 
 bool generic_datasource::fetch_unique_values(field_index_type field, std::uint64_t limit,
                                              std::set<std::wstring> &values)
 {
-    vector_datasource source;
-    return source.from_generic(f_source) && source.fetch_unique_values(field, limit, values);
+    return with_kind(
+        [&](generic_datasource &source) { return source.fetch_unique_values(field, limit, values); });
 }
 
 bool generic_datasource::fetch_unique_values(field_index_type field, std::uint64_t limit,
                                              std::set<double> &values)
 {
-    vector_datasource source;
-    return source.from_generic(f_source) && source.fetch_unique_values(field, limit, values);
+    return with_kind(
+        [&](generic_datasource &source) { return source.fetch_unique_values(field, limit, values); });
 }
 
 bool generic_datasource::fetch_unique_values(field_index_type key,
                                              std::vector<field_index_type> const &fields, std::uint64_t limit,
                                              std::map<std::wstring, std::vector<std::wstring>> &values)
 {
-    vector_datasource source;
-    return source.from_generic(f_source) && source.fetch_unique_values(key, fields, limit, values);
+    return with_kind(
+        [&](generic_datasource &source) { return source.fetch_unique_values(key, fields, limit, values); });
 }
 
 bool generic_datasource::open(std::wstring const &source, access_mode mode)

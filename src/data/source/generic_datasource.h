@@ -175,7 +175,8 @@ public:
     bool field_values(field_index_type i, std::vector<double> &values);
     /// At most `limit` different values: the driver's, or those of a walk. What the set held is gone.
     bool field_unique_values(field_index_type i, std::uint64_t limit, std::set<std::wstring> &values);
-    /// The same as numbers. A driver adds its values to what the set holds; a walk begins with an empty set.
+    /// The same as numbers. A driver and a walk of cells add their values to what the set holds; a walk of
+    /// features begins with an empty set.
     bool field_unique_values(field_index_type i, std::uint64_t limit, std::set<double> &values);
     /// See `fetch_unique_values`; always a walk.
     bool field_unique_values(field_index_type key, std::vector<field_index_type> const &fields,
@@ -191,6 +192,9 @@ protected:
     std::map<field_index_type, statistic> f_stats;
 
 private:
+    /// Lets a temporary of the kind that the handle offers do the work; false when it offers none.
+    template <class Work>
+    bool with_kind(Work work) const;
     bool finish_open(t_vx_data_source_interface handle, std::wstring const &source, access_mode mode);
     void release_handle();
     statistic const &common_of(field_index_type i);
