@@ -1,17 +1,17 @@
 #include "user_input/user_hand.h"
 
-#include <QAbstractItemView>
-#include <QApplication>
-#include <QElapsedTimer>
-#include <QKeyEvent>
-#include <QMenu>
-#include <QMenuBar>
-#include <QMouseEvent>
-#include <QPointer>
-#include <QStyle>
-#include <QStyleOptionViewItem>
-#include <QThread>
-#include <QWheelEvent>
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QPointer>
+#include <QtCore/QThread>
+#include <QtGui/QKeyEvent>
+#include <QtGui/QMouseEvent>
+#include <QtGui/QWheelEvent>
+#include <QtWidgets/QAbstractItemView>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QMenuBar>
+#include <QtWidgets/QStyle>
+#include <QtWidgets/QStyleOptionViewItem>
 
 // The way in which Qt's own test library asks the shortcuts; exported for that purpose, but in no header.
 Q_GUI_EXPORT bool qt_sendShortcutOverrideEvent(QObject *object, unsigned long timestamp, int key,

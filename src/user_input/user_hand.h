@@ -2,9 +2,9 @@
 
 #include "platform/base/export.h"
 
-#include <QPoint>
-#include <QString>
-#include <Qt>
+#include <QtCore/QPoint>
+#include <QtCore/QString>
+#include <QtCore/Qt>
 
 class QAction;
 class QMenu;

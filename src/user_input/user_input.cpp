@@ -2,7 +2,9 @@
 
 #include "user_input/hand_priv.h"
 
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_events.h"
+#include "platform/toolkit/bridge/qt_values.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/controls/page_control.h"
 #include "platform/toolkit/core/form.h"
 #include "platform/toolkit/grids/custom_grid.h"
@@ -12,6 +14,7 @@
 #include <QtCore/QBuffer>
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDeadlineTimer>
+#include <QtCore/QPointer>
 #include <QtCore/QThread>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QStyleHints>

@@ -1,11 +1,13 @@
 #include "user_input/hand_priv.h"
 #include "user_input/user_input.h"
 
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_values.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/core/form.h"
 #include "platform/toolkit/core/screen.h"
 #include "platform/toolkit/menus/menu.h"
 
+#include <QtCore/QPointer>
 #include <QtCore/QSaveFile>
 #include <QtCore/QTimer>
 #include <QtGui/QAction>

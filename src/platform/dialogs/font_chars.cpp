@@ -7,10 +7,11 @@
 #include "platform/winapi/collation.h"
 #include "platform/winapi/detail/char_name.h"
 
-#include <QChar>
-#include <QFont>
-#include <QFontDatabase>
-#include <QRawFont>
+#include <QtCore/QChar>
+#include <QtCore/QString>
+#include <QtGui/QFont>
+#include <QtGui/QFontDatabase>
+#include <QtGui/QRawFont>
 
 #include <algorithm>
 #include <charconv>

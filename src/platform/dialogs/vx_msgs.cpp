@@ -6,13 +6,14 @@
 #include "platform/basic/vx_res.h"
 #include "platform/dialogs/detail/common_form.h"
 #include "platform/dialogs/dlg_table_priv.h"
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_values.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/core/application.h"
 #include "platform/winapi/detail/main_thread.h"
 
-#include <QMessageBox>
-#include <QPointer>
-#include <QPushButton>
+#include <QtCore/QPointer>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
 
 #include <algorithm>
 #include <condition_variable>

@@ -6,14 +6,14 @@
 #include "platform/basic/vx_res.h"
 #include "platform/dialogs/detail/common_form.h"
 #include "platform/dialogs/dlg_table_priv.h"
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/controls/button.h"
 #include "platform/toolkit/controls/gauge.h"
 #include "platform/toolkit/controls/label.h"
 #include "platform/toolkit/core/application.h"
 #include "platform/toolkit/core/screen.h"
 
-#include <QWindow>
+#include <QtGui/QWindow>
 
 #include <algorithm>
 #include <chrono>

@@ -1,5 +1,5 @@
 #include "platform/render/detail/style_painter.h"
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_graphics.h"
 
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>

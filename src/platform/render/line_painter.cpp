@@ -1,9 +1,12 @@
 #include "platform/render/detail/style_painter.h"
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_graphics.h"
 
+#include <QtCore/QList>
+#include <QtCore/QPointF>
 #include <QtCore/QVarLengthArray>
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>
+#include <QtGui/QPen>
 
 #include <algorithm>
 #include <cmath>

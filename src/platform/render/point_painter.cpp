@@ -2,11 +2,17 @@
 #include "platform/render/detail/point_mask.h"
 #include "platform/render/detail/style_painter.h"
 #include "platform/render/detail/text_path.h"
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_graphics.h"
 
+#include <QtCore/QPoint>
+#include <QtCore/QRect>
+#include <QtCore/QRectF>
 #include <QtGui/QImage>
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>
+#include <QtGui/QPainterPathStroker>
+#include <QtGui/QRgb>
+#include <QtGui/QTransform>
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,7 @@
 #include "platform/basic/vx_dib.h"
 
 #include <QtCore/QByteArray>
+#include <QtCore/QRectF>
 #include <QtGui/QImage>
 #include <QtGui/QPainter>
 #include <QtSvg/QSvgRenderer>

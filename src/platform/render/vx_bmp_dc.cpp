@@ -2,7 +2,8 @@
 
 #include "platform/basic/vx_options.h"
 #include "platform/render/dc_priv.h"
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_graphics.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/graphics/canvas.h"
 
 #include <QtGui/QImage>

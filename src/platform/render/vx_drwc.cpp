@@ -3,11 +3,17 @@
 #include "platform/basic/vx_fnt_type.h"
 #include "platform/render/dc_priv.h"
 #include "platform/render/detail/text_path.h"
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_graphics.h"
 
+#include <QtCore/QPointF>
+#include <QtCore/QRectF>
+#include <QtGui/QBrush>
 #include <QtGui/QImage>
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>
+#include <QtGui/QPen>
+#include <QtGui/QPolygonF>
+#include <QtGui/QRgb>
 
 #include <algorithm>
 #include <cmath>

@@ -3,14 +3,16 @@
 #include "captions/dialogs.h"
 
 #include "platform/basic/vx_res.h"
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_values.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/controls/button.h"
 #include "platform/toolkit/controls/label.h"
 #include "platform/toolkit/core/application.h"
 
-#include <QApplication>
-#include <QScreen>
-#include <QWindow>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QScreen>
+#include <QtGui/QWindow>
+#include <QtWidgets/QApplication>
 
 #include <algorithm>
 

@@ -1,11 +1,12 @@
 #include "platform/render/detail/text_path.h"
 
 #include "platform/basic/vx_fnt_type.h"
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 
 #include <QtGui/QFont>
 #include <QtGui/QFontMetricsF>
 #include <QtGui/QPainterPath>
+#include <QtGui/QPolygonF>
 
 #include <algorithm>
 

@@ -1,15 +1,21 @@
 #include "platform/toolkit/controls/button.h"
 
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/detail/control_link.h"
+#include "platform/toolkit/bridge/qt_events.h"
+#include "platform/toolkit/bridge/qt_values.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/core/form.h"
 #include "platform/toolkit/graphics/bitmap.h"
 #include "platform/toolkit/graphics/glyph_priv.h"
 #include "platform/toolkit/graphics/image_list.h"
 
-#include <QPainter>
-#include <QPushButton>
-#include <QStyleOptionButton>
-#include <QStyleOptionFocusRect>
+#include <QtGui/QPaintEvent>
+#include <QtGui/QPainter>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QStyle>
+#include <QtWidgets/QStyleOption>
+#include <QtWidgets/QStyleOptionButton>
+#include <QtWidgets/QStyleOptionFocusRect>
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/controls/button_keys_priv.h"
 #include "platform/toolkit/core/key_codes.h"
 

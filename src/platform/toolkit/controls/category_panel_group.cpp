@@ -1,9 +1,13 @@
 #include "platform/toolkit/controls/category_panel_group.h"
 
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/detail/control_link.h"
+#include "platform/toolkit/bridge/qt_values.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/controls/button_keys_priv.h"
 
-#include <QToolButton>
+#include <QtGui/QResizeEvent>
+#include <QtWidgets/QSizePolicy>
+#include <QtWidgets/QToolButton>
 
 namespace {
 constexpr int c_header_height = 24;

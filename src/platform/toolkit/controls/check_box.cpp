@@ -1,11 +1,17 @@
 #include "platform/toolkit/controls/check_box.h"
 
 #include "platform/base/flag_scope.h"
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/detail/control_link.h"
+#include "platform/toolkit/bridge/qt_values.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 
-#include <QCheckBox>
-#include <QStyleOptionButton>
-#include <QStylePainter>
+#include <QtGui/QPaintEvent>
+#include <QtWidgets/QCheckBox>
+#include <QtWidgets/QStyle>
+#include <QtWidgets/QStyleOption>
+#include <QtWidgets/QStyleOptionButton>
+#include <QtWidgets/QStyleOptionFocusRect>
+#include <QtWidgets/QStylePainter>
 
 namespace {
 Qt::CheckState to_qt(TCheckBoxState state)

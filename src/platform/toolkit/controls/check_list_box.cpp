@@ -1,10 +1,11 @@
 #include "platform/toolkit/controls/check_list_box.h"
 
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/core/strings.h"
 
-#include <QListWidget>
-#include <QSignalBlocker>
+#include <QtCore/QSignalBlocker>
+#include <QtWidgets/QListWidget>
+#include <QtWidgets/QListWidgetItem>
 
 TCheckListBox::TCheckListBox(TComponent *owner) : TCustomListBox(owner)
 {

@@ -1,17 +1,27 @@
 #include "platform/toolkit/controls/combo_box.h"
 
 #include "platform/base/flag_scope.h"
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/detail/control_link.h"
+#include "platform/toolkit/bridge/qt_events.h"
+#include "platform/toolkit/bridge/qt_values.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/controls/detail/item_strings.h"
 #include "platform/toolkit/graphics/canvas.h"
 
-#include <QComboBox>
-#include <QCompleter>
-#include <QLineEdit>
-#include <QListView>
-#include <QPainter>
-#include <QStylePainter>
-#include <QStyledItemDelegate>
+#include <QtCore/QAbstractItemModel>
+#include <QtCore/QModelIndex>
+#include <QtCore/QStringList>
+#include <QtGui/QPaintEvent>
+#include <QtGui/QPainter>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QCompleter>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QListView>
+#include <QtWidgets/QStyle>
+#include <QtWidgets/QStyleOptionComboBox>
+#include <QtWidgets/QStyleOptionViewItem>
+#include <QtWidgets/QStylePainter>
+#include <QtWidgets/QStyledItemDelegate>
 
 #include <algorithm>
 

@@ -1,10 +1,10 @@
 #include "platform/toolkit/controls/edit.h"
 
 #include "platform/base/flag_scope.h"
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_values.h"
 #include "platform/toolkit/controls/detail/edit_port.h"
 
-#include <QChar>
+#include <QtCore/QChar>
 
 namespace {
 /// Characters below this are keys such as Backspace and Enter.

@@ -1,8 +1,11 @@
 #include "platform/toolkit/controls/gauge.h"
 
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_graphics.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 
-#include <QProgressBar>
+#include <QtCore/QLocale>
+#include <QtCore/QStringLiteral>
+#include <QtWidgets/QProgressBar>
 
 #include <algorithm>
 

@@ -1,10 +1,11 @@
 #include "platform/toolkit/controls/group_box.h"
 
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_values.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 
-#include <QGroupBox>
-#include <QStyle>
-#include <QStyleOptionGroupBox>
+#include <QtWidgets/QGroupBox>
+#include <QtWidgets/QStyle>
+#include <QtWidgets/QStyleOptionGroupBox>
 
 namespace {
 class group_widget final : public QGroupBox

@@ -1,9 +1,11 @@
 #include "platform/toolkit/controls/label.h"
 
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_values.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/core/win_control.h"
 
-#include <QLabel>
+#include <QtCore/QStringLiteral>
+#include <QtWidgets/QLabel>
 
 namespace {
 QString label_without_accelerator(QString const &text)

@@ -1,14 +1,27 @@
 #include "platform/toolkit/controls/list_box.h"
 
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/detail/control_link.h"
+#include "platform/toolkit/bridge/qt_events.h"
+#include "platform/toolkit/bridge/qt_values.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/controls/detail/item_strings.h"
 #include "platform/toolkit/graphics/canvas.h"
 
-#include <QListWidget>
-#include <QMouseEvent>
-#include <QPainter>
-#include <QScrollBar>
-#include <QStyledItemDelegate>
+#include <QtCore/QItemSelectionModel>
+#include <QtCore/QModelIndex>
+#include <QtGui/QKeyEvent>
+#include <QtGui/QMouseEvent>
+#include <QtGui/QPaintEvent>
+#include <QtGui/QPainter>
+#include <QtWidgets/QAbstractItemView>
+#include <QtWidgets/QFrame>
+#include <QtWidgets/QListWidget>
+#include <QtWidgets/QListWidgetItem>
+#include <QtWidgets/QScrollBar>
+#include <QtWidgets/QStyle>
+#include <QtWidgets/QStyleOptionFocusRect>
+#include <QtWidgets/QStyleOptionViewItem>
+#include <QtWidgets/QStyledItemDelegate>
 
 #include <algorithm>
 

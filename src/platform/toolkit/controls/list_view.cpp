@@ -1,13 +1,21 @@
 #include "platform/toolkit/controls/list_view.h"
 
 #include "platform/base/flag_scope.h"
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/detail/control_link.h"
+#include "platform/toolkit/bridge/qt_graphics.h"
+#include "platform/toolkit/bridge/qt_values.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/graphics/bitmap.h"
 #include "platform/toolkit/graphics/image_list.h"
 
-#include <QHeaderView>
-#include <QPixmap>
-#include <QTreeWidget>
+#include <QtCore/QItemSelectionModel>
+#include <QtCore/QVariant>
+#include <QtGui/QIcon>
+#include <QtGui/QPixmap>
+#include <QtWidgets/QAbstractItemView>
+#include <QtWidgets/QHeaderView>
+#include <QtWidgets/QTreeWidget>
+#include <QtWidgets/QTreeWidgetItem>
 
 #include <algorithm>
 

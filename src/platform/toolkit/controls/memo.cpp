@@ -1,12 +1,16 @@
 #include "platform/toolkit/controls/memo.h"
 
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_values.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/controls/detail/edit_port.h"
 #include "platform/toolkit/core/strings.h"
 
-#include <QPlainTextEdit>
-#include <QTextBlock>
-#include <QTextEdit>
+#include <QtGui/QTextBlock>
+#include <QtGui/QTextCursor>
+#include <QtGui/QTextDocument>
+#include <QtWidgets/QAbstractScrollArea>
+#include <QtWidgets/QPlainTextEdit>
+#include <QtWidgets/QTextEdit>
 
 #include <stdexcept>
 

@@ -1,15 +1,21 @@
 #include "platform/toolkit/controls/page_control.h"
 
 #include "platform/base/flag_scope.h"
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/detail/control_link.h"
+#include "platform/toolkit/bridge/qt_graphics.h"
+#include "platform/toolkit/bridge/qt_values.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/graphics/bitmap.h"
 #include "platform/toolkit/graphics/image_list.h"
 
-#include <QIcon>
-#include <QPainter>
-#include <QPixmap>
-#include <QStyleOptionTabWidgetFrame>
-#include <QTabBar>
+#include <QtGui/QIcon>
+#include <QtGui/QPaintEvent>
+#include <QtGui/QPainter>
+#include <QtGui/QPixmap>
+#include <QtGui/QResizeEvent>
+#include <QtWidgets/QStyle>
+#include <QtWidgets/QStyleOptionTabWidgetFrame>
+#include <QtWidgets/QTabBar>
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #include "platform/toolkit/controls/progress_bar.h"
 
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 
-#include <QProgressBar>
+#include <QtWidgets/QProgressBar>
 
 #include <algorithm>
 

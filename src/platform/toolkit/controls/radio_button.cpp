@@ -1,8 +1,10 @@
 #include "platform/toolkit/controls/radio_button.h"
 
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/detail/control_link.h"
+#include "platform/toolkit/bridge/qt_values.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 
-#include <QRadioButton>
+#include <QtWidgets/QRadioButton>
 
 TRadioButton::TRadioButton(TComponent *owner) : TWinControl(owner, vx_make_widget<QRadioButton>())
 {

@@ -1,9 +1,12 @@
 #include "platform/toolkit/controls/rich_edit.h"
 
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_graphics.h"
+#include "platform/toolkit/bridge/qt_values.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/controls/detail/edit_port.h"
 
-#include <QTextEdit>
+#include <QtGui/QTextCharFormat>
+#include <QtWidgets/QTextEdit>
 
 namespace {
 QTextCharFormat format_of(TCustomRichEdit const *edit)

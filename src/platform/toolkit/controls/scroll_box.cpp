@@ -1,9 +1,11 @@
 #include "platform/toolkit/controls/scroll_box.h"
 
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 
-#include <QScrollArea>
-#include <QScrollBar>
+#include <QtGui/QResizeEvent>
+#include <QtWidgets/QFrame>
+#include <QtWidgets/QScrollArea>
+#include <QtWidgets/QScrollBar>
 
 #include <algorithm>
 

@@ -1,12 +1,14 @@
 #include "platform/toolkit/controls/speed_button.h"
 
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/detail/control_link.h"
+#include "platform/toolkit/bridge/qt_values.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/controls/button_keys_priv.h"
 #include "platform/toolkit/graphics/bitmap.h"
 #include "platform/toolkit/graphics/glyph_priv.h"
 #include "platform/toolkit/graphics/image_list.h"
 
-#include <QToolButton>
+#include <QtWidgets/QToolButton>
 
 #include <algorithm>
 

@@ -1,9 +1,10 @@
 #include "platform/toolkit/controls/spin_edit.h"
 
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/controls/detail/edit_port.h"
 
-#include <QSpinBox>
+#include <QtCore/QLocale>
+#include <QtWidgets/QSpinBox>
 
 #include <algorithm>
 #include <charconv>

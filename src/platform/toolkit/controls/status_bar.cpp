@@ -1,9 +1,10 @@
 #include "platform/toolkit/controls/status_bar.h"
 
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_values.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 
-#include <QLabel>
-#include <QStatusBar>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QStatusBar>
 
 TStatusBar::TStatusBar(TComponent *owner) : TWinControl(owner, vx_make_widget<QStatusBar>())
 {

@@ -1,15 +1,22 @@
 #include "platform/toolkit/controls/tool_bar.h"
 
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/detail/control_link.h"
+#include "platform/toolkit/bridge/qt_events.h"
+#include "platform/toolkit/bridge/qt_values.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/controls/button_keys_priv.h"
 #include "platform/toolkit/graphics/glyph_priv.h"
 #include "platform/toolkit/graphics/image_list.h"
 #include "platform/toolkit/menus/menu.h"
 
-#include <QMouseEvent>
-#include <QPainter>
-#include <QStyleOptionToolButton>
-#include <QToolButton>
+#include <QtGui/QKeyEvent>
+#include <QtGui/QMouseEvent>
+#include <QtGui/QPaintEvent>
+#include <QtGui/QPainter>
+#include <QtWidgets/QStyle>
+#include <QtWidgets/QStyleOption>
+#include <QtWidgets/QStyleOptionToolButton>
+#include <QtWidgets/QToolButton>
 
 #include <algorithm>
 

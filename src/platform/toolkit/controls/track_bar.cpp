@@ -1,12 +1,16 @@
 #include "platform/toolkit/controls/track_bar.h"
 
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/detail/control_link.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 
-#include <QApplication>
-#include <QPainter>
-#include <QProxyStyle>
-#include <QSlider>
-#include <QStyleOptionSlider>
+#include <QtGui/QPaintEvent>
+#include <QtGui/QPainter>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QProxyStyle>
+#include <QtWidgets/QSlider>
+#include <QtWidgets/QStyle>
+#include <QtWidgets/QStyleOption>
+#include <QtWidgets/QStyleOptionSlider>
 
 #include <algorithm>
 

@@ -1,11 +1,14 @@
 #include "platform/toolkit/controls/up_down.h"
 
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/detail/control_link.h"
+#include "platform/toolkit/bridge/qt_events.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/controls/edit.h"
 
-#include <QKeyEvent>
-#include <QStyle>
-#include <QToolButton>
+#include <QtGui/QKeyEvent>
+#include <QtGui/QResizeEvent>
+#include <QtWidgets/QStyle>
+#include <QtWidgets/QToolButton>
 
 #include <algorithm>
 #include <charconv>

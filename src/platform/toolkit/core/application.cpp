@@ -1,11 +1,16 @@
 #include "platform/toolkit/core/application.h"
 
 #include "platform/base/flag_scope.h"
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_events.h"
+#include "platform/toolkit/bridge/qt_values.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/core/form.h"
 #include "platform/winapi/detail/main_thread.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QEventLoop>
+#include <QtCore/QMetaObject>
+#include <QtGui/QGuiApplication>
 #include <QtWidgets/QApplication>
 
 TApplication::TApplication() : TComponent(nullptr)

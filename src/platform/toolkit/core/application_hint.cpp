@@ -1,4 +1,5 @@
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_values.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/core/application.h"
 #include "platform/toolkit/core/win_control.h"
 

@@ -1,12 +1,16 @@
 #include "platform/toolkit/core/clipboard.h"
 
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_graphics.h"
+#include "platform/toolkit/bridge/qt_values.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/graphics/bitmap.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
-#include <QImage>
-#include <QMimeData>
+#include <QtCore/QByteArray>
+#include <QtCore/QMimeData>
+#include <QtCore/QStringLiteral>
+#include <QtGui/QClipboard>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QImage>
 
 namespace {
 QClipboard &native()

@@ -1,7 +1,12 @@
 #include "platform/toolkit/core/control.h"
 
 #include "platform/base/flag_scope.h"
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/detail/control_link.h"
+#include "platform/toolkit/bridge/detail/drag_session.h"
+#include "platform/toolkit/bridge/qt_events.h"
+#include "platform/toolkit/bridge/qt_graphics.h"
+#include "platform/toolkit/bridge/qt_values.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/core/action.h"
 #include "platform/toolkit/core/application.h"
 #include "platform/toolkit/core/form.h"
@@ -9,6 +14,7 @@
 #include "platform/toolkit/graphics/font.h"
 #include "platform/toolkit/menus/menu.h"
 
+#include <QtCore/QLatin1Char>
 #include <QtGui/QCursor>
 #include <QtWidgets/QAbstractScrollArea>
 

@@ -171,7 +171,7 @@ public:
     TStartDragEvent OnStartDock;
     TEndDragEvent OnEndDock;
 
-    /// The window messages of this control; used by `qt_bridge.h` alone.
+    /// The window messages of this control; used by the bridge alone.
     [[nodiscard]] vx_control_link *Link() const { return f_link.get(); }
 
 protected:

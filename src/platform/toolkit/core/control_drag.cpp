@@ -1,4 +1,5 @@
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/detail/drag_session.h"
+#include "platform/toolkit/bridge/qt_events.h"
 #include "platform/toolkit/core/control.h"
 #include "platform/toolkit/core/dock_manager.h"
 #include "platform/toolkit/core/drag_object.h"

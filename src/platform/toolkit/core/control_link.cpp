@@ -1,4 +1,10 @@
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/detail/control_link.h"
+
+#include "platform/toolkit/bridge/detail/drag_session.h"
+#include "platform/toolkit/bridge/qt_events.h"
+#include "platform/toolkit/bridge/qt_graphics.h"
+#include "platform/toolkit/bridge/qt_values.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/core/application.h"
 #include "platform/toolkit/core/form.h"
 #include "platform/toolkit/core/screen.h"
@@ -6,7 +12,12 @@
 #include "platform/toolkit/menus/menu.h"
 #include "platform/winapi/key_state.h"
 
+#include <QtCore/QChildEvent>
+#include <QtCore/QCoreApplication>
 #include <QtGui/QContextMenuEvent>
+#include <QtGui/QFocusEvent>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QInputEvent>
 #include <QtGui/QInputMethodEvent>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QMouseEvent>

@@ -1,6 +1,6 @@
 #include "platform/toolkit/core/custom_control.h"
 
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/graphics/canvas.h"
 
 TCustomControl::TCustomControl(TComponent *owner) : TCustomControl(owner, vx_make_widget<QWidget>())

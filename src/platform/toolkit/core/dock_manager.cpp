@@ -1,8 +1,10 @@
 #include "platform/toolkit/core/dock_manager.h"
 
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_values.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/core/win_control.h"
 
+#include <QtCore/QPointer>
 #include <QtGui/QMouseEvent>
 
 #include <algorithm>

@@ -1,12 +1,17 @@
 #include "platform/toolkit/core/form.h"
 
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/detail/control_link.h"
+#include "platform/toolkit/bridge/qt_events.h"
+#include "platform/toolkit/bridge/qt_values.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/core/action.h"
 #include "platform/toolkit/core/application.h"
 #include "platform/toolkit/core/screen.h"
 #include "platform/toolkit/graphics/canvas.h"
 #include "platform/toolkit/menus/menu.h"
 
+#include <QtCore/QMetaObject>
+#include <QtGui/QGuiApplication>
 #include <QtGui/QWindow>
 #include <QtWidgets/QApplication>
 

@@ -1,4 +1,6 @@
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/detail/control_link.h"
+#include "platform/toolkit/bridge/qt_values.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/core/application.h"
 #include "platform/toolkit/core/form.h"
 #include "platform/toolkit/core/screen.h"

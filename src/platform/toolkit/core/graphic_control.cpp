@@ -1,6 +1,6 @@
 #include "platform/toolkit/core/graphic_control.h"
 
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/graphics/canvas.h"
 
 TGraphicControl::TGraphicControl(TComponent *owner)

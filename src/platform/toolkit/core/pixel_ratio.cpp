@@ -1,6 +1,6 @@
 #include "platform/toolkit/core/pixel_ratio.h"
 
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/graphics/bitmap.h"
 
 #include <QtGui/QGuiApplication>

@@ -6,9 +6,10 @@
 #include "platform/basic/vx_res.h"
 #include "platform/toolkit/core/standard_texts_priv.h"
 
-#include <QCoreApplication>
-#include <QPointer>
-#include <QTranslator>
+#include <QtCore/QCoreApplication>
+#include <QtCore/QPointer>
+#include <QtCore/QString>
+#include <QtCore/QTranslator>
 
 #include <string_view>
 

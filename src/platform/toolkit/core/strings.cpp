@@ -1,6 +1,6 @@
 #include "platform/toolkit/core/strings.h"
 
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_values.h"
 
 #include <algorithm>
 #include <stdexcept>

@@ -1,8 +1,8 @@
 #include "platform/toolkit/core/timer.h"
 
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 
-#include <QTimer>
+#include <QtCore/QTimer>
 
 struct TTimer::native
 {

@@ -13,7 +13,7 @@ class TWinControl;
 class TComponent;
 class TDragDockObject;
 
-/// The native window of a control; `qt_bridge.h` knows what it is.
+/// The native window of a control; `bridge/qt_widgets.h` knows what it is.
 struct vx_native_widget;
 using HWND = vx_native_widget *;
 

@@ -1,6 +1,8 @@
 #include "platform/toolkit/core/win_control.h"
 
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_events.h"
+#include "platform/toolkit/bridge/qt_values.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/core/dock_manager.h"
 #include "platform/toolkit/core/form.h"
 #include "platform/toolkit/core/list.h"

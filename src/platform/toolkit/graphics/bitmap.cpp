@@ -1,16 +1,20 @@
 #include "platform/toolkit/graphics/bitmap.h"
 
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_graphics.h"
+#include "platform/toolkit/bridge/qt_values.h"
 #include "platform/toolkit/graphics/canvas.h"
 #include "platform/winapi/file.h"
 
-#include <QBuffer>
-#include <QFile>
-#include <QFileInfo>
-#include <QImage>
-#include <QImageReader>
-#include <QImageWriter>
-#include <QPainter>
+#include <QtCore/QBuffer>
+#include <QtCore/QByteArray>
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+#include <QtCore/QIODevice>
+#include <QtGui/QImage>
+#include <QtGui/QImageReader>
+#include <QtGui/QImageWriter>
+#include <QtGui/QPainter>
+#include <QtGui/QRgb>
 
 #include <algorithm>
 

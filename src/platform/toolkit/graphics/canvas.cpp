@@ -1,15 +1,21 @@
 #include "platform/toolkit/graphics/canvas.h"
 
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_graphics.h"
+#include "platform/toolkit/bridge/qt_values.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/graphics/bitmap.h"
 
-#include <QApplication>
-#include <QFontMetrics>
-#include <QImage>
-#include <QPainter>
-#include <QPainterPath>
-#include <QStyle>
-#include <QStyleOption>
+#include <QtGui/QFontMetrics>
+#include <QtGui/QImage>
+#include <QtGui/QPainter>
+#include <QtGui/QPainterPath>
+#include <QtGui/QPen>
+#include <QtGui/QPolygonF>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QStyle>
+#include <QtWidgets/QStyleOption>
+#include <QtWidgets/QStyleOptionButton>
+#include <QtWidgets/QStyleOptionHeader>
 
 #include <cmath>
 #include <optional>

@@ -1,9 +1,10 @@
 #include "platform/toolkit/graphics/font.h"
 
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_graphics.h"
+#include "platform/toolkit/bridge/qt_values.h"
 
-#include <QFont>
-#include <QGuiApplication>
+#include <QtGui/QFont>
+#include <QtGui/QGuiApplication>
 
 namespace {
 constexpr int c_pixels_per_inch = 96;

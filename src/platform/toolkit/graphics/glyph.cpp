@@ -1,11 +1,12 @@
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_graphics.h"
 #include "platform/toolkit/graphics/bitmap.h"
 #include "platform/toolkit/graphics/glyph_priv.h"
 #include "platform/toolkit/graphics/image_list.h"
 
-#include <QAbstractButton>
-#include <QIcon>
-#include <QPixmap>
+#include <QtCore/QSize>
+#include <QtGui/QIcon>
+#include <QtGui/QPixmap>
+#include <QtWidgets/QAbstractButton>
 
 namespace {
 QImage clear_image(TBitmap const &bitmap)

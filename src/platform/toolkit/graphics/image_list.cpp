@@ -1,10 +1,11 @@
 #include "platform/toolkit/graphics/image_list.h"
 
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_graphics.h"
 #include "platform/toolkit/graphics/bitmap.h"
 #include "platform/toolkit/graphics/canvas.h"
 
-#include <QImage>
+#include <QtGui/QImage>
+#include <QtGui/QRgb>
 
 #include <algorithm>
 

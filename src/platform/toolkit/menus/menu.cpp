@@ -1,16 +1,23 @@
 #include "platform/toolkit/menus/menu.h"
 
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_events.h"
+#include "platform/toolkit/bridge/qt_graphics.h"
+#include "platform/toolkit/bridge/qt_values.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/core/form.h"
 #include "platform/toolkit/graphics/bitmap.h"
 #include "platform/toolkit/graphics/image_list.h"
 
-#include <QAction>
-#include <QActionGroup>
-#include <QIcon>
-#include <QMenu>
-#include <QMenuBar>
-#include <QPixmap>
+#include <QtCore/QKeyCombination>
+#include <QtCore/QPointer>
+#include <QtCore/QStringLiteral>
+#include <QtGui/QAction>
+#include <QtGui/QActionGroup>
+#include <QtGui/QIcon>
+#include <QtGui/QKeySequence>
+#include <QtGui/QPixmap>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QMenuBar>
 
 #include <algorithm>
 

@@ -1,12 +1,18 @@
 #include "platform/toolkit/controls/detail/edit_port.h"
 
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/detail/control_link.h"
+#include "platform/toolkit/bridge/qt_values.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 
-#include <QLineEdit>
-#include <QPlainTextEdit>
-#include <QSpinBox>
-#include <QTextBlock>
-#include <QTextEdit>
+#include <QtCore/QStringLiteral>
+#include <QtGui/QTextBlock>
+#include <QtGui/QTextCursor>
+#include <QtGui/QTextOption>
+#include <QtWidgets/QFrame>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QPlainTextEdit>
+#include <QtWidgets/QSpinBox>
+#include <QtWidgets/QTextEdit>
 
 #include <algorithm>
 

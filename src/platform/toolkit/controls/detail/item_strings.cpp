@@ -1,11 +1,15 @@
 #include "platform/toolkit/controls/detail/item_strings.h"
 
 #include "platform/base/flag_scope.h"
-#include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/bridge/qt_values.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/core/win_control.h"
 
-#include <QAbstractItemView>
-#include <QComboBox>
+#include <QtCore/QAbstractItemModel>
+#include <QtCore/QModelIndex>
+#include <QtCore/QVariant>
+#include <QtWidgets/QAbstractItemView>
+#include <QtWidgets/QComboBox>
 
 #include <stdexcept>
 

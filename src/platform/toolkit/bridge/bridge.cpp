@@ -1,8 +1,12 @@
-#include "platform/toolkit/bridge/qt_bridge.h"
-
+#include "platform/toolkit/bridge/detail/control_link.h"
+#include "platform/toolkit/bridge/qt_events.h"
+#include "platform/toolkit/bridge/qt_graphics.h"
+#include "platform/toolkit/bridge/qt_values.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/core/standard_texts_priv.h"
 #include "platform/toolkit/core/win_control.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPalette>
 #include <QtWidgets/QApplication>

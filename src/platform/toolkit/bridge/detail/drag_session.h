@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QtCore/QPoint>
+
+class TControl;
+class QMouseEvent;
+
+/// The drag of a control that is going on, of which there is one at most: of its content onto another
+/// control, or of itself to another dock site.
+struct vx_drag_session
+{
+    /// Begins once the mouse has moved some pixels with its button down.
+    static void prepare(TControl *source, QPoint screen);
+    static void begin(TControl *source);
+    static void end(bool drop);
+    [[nodiscard]] static TControl *source();
+    /// True if the event belongs to the drag.
+    static bool button(QMouseEvent const &event);
+    static bool move(QMouseEvent const &event);
+    static void forget(TControl const *control);
+};

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/base/export.h"
+#include "platform/toolkit/core/types.h"
+
+#include <QtCore/Qt>
+
+// What events carry, and where user code runs in them.
+
+class QKeyEvent;
+
+[[nodiscard]] VX_API TShiftState vx_shift_state(Qt::KeyboardModifiers modifiers,
+                                                Qt::MouseButtons buttons = {});
+/// The key code of a key event; 0 for keys that have none.
+[[nodiscard]] VX_API Word vx_key_code(QKeyEvent const &event);
+[[nodiscard]] VX_API Qt::Key vx_qt_key(Word code);
+
+/// Stands round every call of user code. While one lives, widgets of freed controls end later, so that a
+/// handler may free the control that called it.
+class VX_API vx_event_scope
+{
+public:
+    vx_event_scope();
+    vx_event_scope(vx_event_scope const &) = delete;
+    vx_event_scope &operator=(vx_event_scope const &) = delete;
+    ~vx_event_scope();
+    [[nodiscard]] static bool active();
+};
