@@ -8,6 +8,7 @@
 #include "controls/prop/clr_picker.h"
 #include "controls/prop/clr_vsb_panel.h"
 #include "controls/prop/color_convert.h"
+#include "controls/prop/data_events.h"
 #include "controls/prop/dbf_prop_panel.h"
 #include "controls/prop/dbf_show.h"
 #include "controls/prop/entities_prop_edit.h"

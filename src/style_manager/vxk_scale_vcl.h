@@ -1,0 +1,14 @@
+#pragma once
+
+// Umbrella header for users of the library; written by tools/make_umbrella_headers.py.
+
+#include "style_manager/api/data_events.h"
+#include "style_manager/api/style_events.h"
+#include "style_manager/api/style_mode.h"
+#include "style_manager/widgets/data_event_owner.h"
+#include "style_manager/widgets/init_default_txt_line.h"
+#include "style_manager/widgets/other_panel.h"
+#include "style_manager/widgets/prp_scale.h"
+#include "style_manager/widgets/style_btn.h"
+#include "style_manager/widgets/style_mode_edit.h"
+#include "style_manager/widgets/style_panel.h"
