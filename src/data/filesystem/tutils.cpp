@@ -2,12 +2,10 @@
 
 #include "data/filesystem/strutil.h"
 
+#include "platform/base/shown_number.h"
 #include "platform/base/text_codec.h"
 #include "platform/winapi/codepage.h"
 #include "platform/winapi/collation.h"
-
-#include <array>
-#include <charconv>
 
 namespace {
 constexpr unsigned c_dos_page = 866;
@@ -81,10 +79,8 @@ double Tutils::str2dbl(std::wstring const &s, bool *ok)
 
 std::string Tutils::dbl2str(double d)
 {
-    std::array<char, 40> buffer;
-    auto const [end, error] =
-        std::to_chars(buffer.data(), buffer.data() + buffer.size(), d, std::chars_format::general, 15);
-    return {buffer.data(), end};
+    vx::text::number_buffer buffer;
+    return std::string(vx::text::shown_number(d, buffer));
 }
 
 std::wstring Tutils::dbl2wstr(double d)

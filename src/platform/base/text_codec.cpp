@@ -60,7 +60,15 @@ void set_system_code_page(unsigned code_page)
 }
 
 namespace {
-void append_from_utf8(std::wstring &out, std::string_view text)
+/// What becomes of surrogates that have no partner.
+enum class lone_surrogate
+{
+    replaced,
+    kept
+};
+
+void append_from_utf8(std::wstring &out, std::string_view text,
+                      lone_surrogate lone = lone_surrogate::replaced)
 {
     out.reserve(out.size() + text.size());
     auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
@@ -81,7 +89,7 @@ void append_from_utf8(std::wstring &out, std::string_view text)
         } else if (lead >= 0xE0 && lead <= 0xEF) {
             more = 2;
             low = lead == 0xE0 ? 0xA0 : 0x80;
-            high = lead == 0xED ? 0x9F : 0xBF;
+            high = lead == 0xED && lone == lone_surrogate::replaced ? 0x9F : 0xBF;
         } else if (lead >= 0xF0 && lead <= 0xF4) {
             more = 3;
             low = lead == 0xF0 ? 0x90 : 0x80;
@@ -101,7 +109,7 @@ void append_from_utf8(std::wstring &out, std::string_view text)
     }
 }
 
-void append_to_utf8(std::string &out, std::wstring_view text)
+void append_to_utf8(std::string &out, std::wstring_view text, lone_surrogate lone = lone_surrogate::replaced)
 {
     out.reserve(out.size() + text.size());
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -113,7 +121,7 @@ void append_to_utf8(std::string &out, std::wstring_view text)
                 ++i;
             }
         }
-        if (c > 0x10FFFF || (c >= 0xD800 && c <= 0xDFFF))
+        if (c > 0x10FFFF || (lone == lone_surrogate::replaced && c >= 0xD800 && c <= 0xDFFF))
             c = c_replacement;
         append_utf8(out, c);
     }
@@ -131,6 +139,20 @@ std::string wide_to_utf8(std::wstring_view text)
 {
     std::string out;
     append_to_utf8(out, text);
+    return out;
+}
+
+std::string wide_to_whole_utf8(std::wstring_view text)
+{
+    std::string out;
+    append_to_utf8(out, text, lone_surrogate::kept);
+    return out;
+}
+
+std::wstring whole_utf8_to_wide(std::string_view text)
+{
+    std::wstring out;
+    append_from_utf8(out, text, lone_surrogate::kept);
     return out;
 }
 

@@ -29,6 +29,10 @@ VX_API void set_system_code_page(unsigned code_page);
 [[nodiscard]] VX_API std::wstring utf8_to_wide(std::string_view text);
 /// Never fails: what is no Unicode scalar value becomes U+FFFD. UTF-16 surrogate pairs are joined.
 [[nodiscard]] VX_API std::string wide_to_utf8(std::wstring_view text);
+/// The same, but surrogates without a partner are kept, each in the three bytes that its number would have:
+/// texts that differ stay different.
+[[nodiscard]] VX_API std::string wide_to_whole_utf8(std::wstring_view text);
+[[nodiscard]] VX_API std::wstring whole_utf8_to_wide(std::string_view text);
 
 [[nodiscard]] VX_API std::wstring to_wide(std::string_view text, unsigned code_page = c_cp_system);
 [[nodiscard]] VX_API std::string to_bytes(std::wstring_view text, unsigned code_page = c_cp_system);

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 
 namespace vx::calc {
 using text::is_space;
@@ -179,7 +180,9 @@ private:
 };
 } // namespace
 
-std::optional<double> number_of(std::wstring_view text)
+namespace {
+template <class T>
+std::optional<T> read_number(std::wstring_view text)
 {
     text = trimmed(text);
     if (text.starts_with(L'+') && text.size() > 1 && text[1] != L'-')
@@ -192,12 +195,24 @@ std::optional<double> number_of(std::wstring_view text)
             return std::nullopt;
         narrow[i] = static_cast<char>(text[i]);
     }
-    double value = 0;
+    T value = 0;
     auto const *const end = narrow.data() + text.size();
     auto const result = std::from_chars(narrow.data(), end, value);
-    if (result.ptr != end || result.ec != std::errc() || value != value)
+    if (result.ptr != end || result.ec != std::errc())
         return std::nullopt;
     return value;
+}
+} // namespace
+
+std::optional<double> number_of(std::wstring_view text)
+{
+    auto const value = read_number<double>(text);
+    return value && std::isnan(*value) ? std::nullopt : value;
+}
+
+std::optional<std::int64_t> whole_of(std::wstring_view text)
+{
+    return read_number<std::int64_t>(text);
 }
 
 std::optional<relation> relation_of(std::wstring_view word)

@@ -1,11 +1,13 @@
 #include "platform/calculator/vx_calc_filter.h"
 
 #include "platform/base/detail/white_space.h"
+#include "platform/base/shown_number.h"
 #include "platform/calculator/detail/filter_model.h"
 #include "platform/winapi/collation.h"
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <memory>
 
 using namespace vx::calc;
@@ -23,6 +25,19 @@ filter const *filter_of(void const *f)
     return static_cast<filter const *>(f);
 }
 
+/// Whether two numbers have the same digits as far as tables show them.
+bool shown_alike(double a, double b)
+{
+    if (a == b)
+        return true;
+    constexpr double c_last_digit = 2e-14; // relative, and more than one of the last digit in any case
+    if (!(std::abs(a - b) <= c_last_digit * std::max(std::abs(a), std::abs(b))))
+        return false;
+    vx::text::number_buffer a_room;
+    vx::text::number_buffer b_room;
+    return vx::text::shown_number(a, a_room) == vx::text::shown_number(b, b_room);
+}
+
 /// A condition ready to be put to rows.
 struct test
 {
@@ -32,11 +47,12 @@ struct test
     std::wstring value;
     std::wstring_view plain; ///< the value without white space at its ends
     std::optional<double> number;
+    std::optional<std::int64_t> whole;
     bool text_needed = true;
 
     test(condition const &c, Ivx_calc_row const &row)
         : field(row.field_index(c.field)), rel(c.rel), match_case(c.match_case), value(c.value),
-          number(number_of(c.value))
+          number(number_of(c.value)), whole(whole_of(c.value))
     {
         bool const by_text = rel == relation::begins_with || rel == relation::ends_with ||
                              rel == relation::contains || rel == relation::not_contains;
@@ -48,16 +64,14 @@ struct test
 
     [[nodiscard]] bool holds(Ivx_calc_row &row) const
     {
-        Tvx_calc_cell cell;
-        if (field >= 0)
-            cell = row.cell(field, text_needed);
+        auto const cell = field >= 0 ? row.cell(field, text_needed) : Tvx_calc_cell{};
         if (!cell.known)
-            cell = {};
+            return rel == relation::is_null || rel == relation::not_equal || rel == relation::not_contains;
         switch (rel) {
         case relation::is_null:
-            return !cell.known;
+            return false;
         case relation::not_null:
-            return cell.known;
+            return true;
         case relation::equal:
             return equals(cell);
         case relation::not_equal:
@@ -68,7 +82,7 @@ struct test
         case relation::less_eq:
         case relation::greater:
         case relation::greater_eq:
-            return cell.known && in_order(cell);
+            return in_order(cell);
         case relation::begins_with:
         case relation::ends_with:
         case relation::contains:
@@ -83,9 +97,21 @@ private:
     [[nodiscard]] bool equals(Tvx_calc_cell const &cell) const
     {
         if (cell.is_number && number)
-            return cell.number == *number;
+            return cell.whole ? order_of_whole(*cell.whole) == 0 : shown_alike(cell.number, *number);
         auto const text = trimmed(cell.text);
         return match_case ? text == plain : vx_compare_text(text, plain) == 0;
+    }
+
+    /// Below, at or above 0 as the cell is to the number. No digit is lost: the wider type has room for all
+    /// of 64 bits.
+    [[nodiscard]] int order_of_whole(std::int64_t mine) const
+    {
+        static_assert(std::numeric_limits<long double>::digits >= 63);
+        if (whole)
+            return mine < *whole ? -1 : mine > *whole;
+        auto const a = static_cast<long double>(mine);
+        auto const b = static_cast<long double>(*number);
+        return a < b ? -1 : a > b;
     }
 
     [[nodiscard]] bool is_close(Tvx_calc_cell const &cell) const
@@ -101,6 +127,8 @@ private:
 
     [[nodiscard]] bool in_order(Tvx_calc_cell const &cell) const
     {
+        if (number && cell.whole)
+            return ordered(order_of_whole(*cell.whole), 0);
         if (number) {
             auto const mine = number_in(cell);
             return mine && ordered(*mine, *number);

@@ -3,6 +3,8 @@
 #include "platform/base/export.h"
 #include "platform/base/string_adp.h"
 
+#include <cstdint>
+#include <optional>
 #include <string_view>
 
 /// Filters: conditions on the attributes of an object, joined by logic words. AND binds more tightly than OR;
@@ -76,6 +78,8 @@ struct Tvx_calc_cell
     bool is_number = false;
     double number = 0;      ///< of a number cell
     std::wstring_view text; ///< of any cell, good until the row is asked again
+    /// Of a number cell that holds whole numbers: the number to its last digit.
+    std::optional<std::int64_t> whole = {};
 };
 
 /// Access to the attributes of one object.
@@ -93,14 +97,17 @@ public:
 ///
 /// How a condition compares:
 /// - EQUAL, NOT EQUAL: two numbers by value when the cell is one and the value reads as one, else the texts
-///   without white space at their ends. NOT EQUAL is exactly what EQUAL is not.
+///   without white space at their ends. Whole numbers are compared to their last digit, others to the 15
+///   digits that tables show and value scales hold: so the rules made from a value scale select what its
+///   entries did. NOT EQUAL is exactly what EQUAL is not.
 /// - LESS and its kin: by number when the value reads as a number, and then false for a cell that is none (a
 ///   text cell counts as the number that all of it spells); else by the order of the texts' characters, or of
 ///   their letters without case.
 /// - IS CLOSE: numbers that differ by at most 1e-9 of the larger one; texts equal without regard to case.
 /// - BEGINS WITH and its kin: the cell as text.
-/// - An object without a value, and a field that the table lacks, count as the empty text, which is no
-///   number; LESS and its kin are false there. NULL holds for them alone.
+/// - An object without a value, and a field that the table lacks: NULL holds, and what is said by NOT EQUAL
+/// and
+///   NOT CONTAINS, whatever the value; nothing else does, EQUAL "" no more than others.
 /// A filter without a condition in force selects nothing.
 [[nodiscard]] VX_API void *vx_calc_filter_prepare(void const *filter, Ivx_calc_row const &row);
 VX_API void vx_calc_prepared_destroy(void *prepared);

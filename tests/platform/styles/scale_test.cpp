@@ -103,7 +103,11 @@ TEST(val_scale, a_value_is_found_whatever_was_done_before)
     fill(s, L"abab");
     EXPECT_EQ(vx_val_scale_find_w(s, L"a"), 0);
     EXPECT_EQ(vx_val_scale_find_w(s, L" b\t"), 1);
-    EXPECT_EQ(vx_val_scale_find_w(s, L"\xA0 b\xA0\r\n"), 1);
+    EXPECT_EQ(vx_val_scale_find_w(s, L"\v\f b \r\n"), 1);
+    EXPECT_EQ(vx_val_scale_find_w(s, L"\xA0"
+                                     L"b"),
+              -1)
+        << "a no-break space is part of a text";
     EXPECT_EQ(vx_val_scale_find_w(s, L"A"), -1);
     vx_val_scale_set_text_w(s, 0, L" c ");
     EXPECT_EQ(vx_val_scale_find_w(s, L"c"), 0);
@@ -119,6 +123,13 @@ TEST(val_scale, a_value_is_found_whatever_was_done_before)
         vx_val_scale_set_text_w(s, i, text.c_str());
         EXPECT_EQ(vx_val_scale_find_w(s, (L" " + text).c_str()), static_cast<int>(i));
     }
+    // Halves of pairs that have no partner, which no UTF-8 holds.
+    wchar_t const halves[] = {0xD800, 0xDBFF, 0xDC00, 0xDFFF, 0xFFFD};
+    int next = static_cast<int>(vx_val_scale_get_size(s));
+    for (wchar_t const half : halves)
+        vx_val_scale_set_text_w(s, vx_val_scale_add(s) - 1, (std::wstring(L"half ") + half).c_str());
+    for (wchar_t const half : halves)
+        EXPECT_EQ(vx_val_scale_find_w(s, (std::wstring(L"half ") + half).c_str()), next++);
 
     // Against a plain search, through random commands.
     std::mt19937 random(7);

@@ -55,6 +55,8 @@ struct filter
 
 /// The number that all of the text spells, white space at its ends aside; "." is the decimal sign.
 [[nodiscard]] std::optional<double> number_of(std::wstring_view text);
+/// The same for a whole number of 64 bits that is written without point and exponent.
+[[nodiscard]] std::optional<std::int64_t> whole_of(std::wstring_view text);
 
 [[nodiscard]] std::wstring to_text(filter const &f);
 [[nodiscard]] std::optional<filter> from_text(std::wstring_view text);

@@ -1,5 +1,6 @@
 #include "platform/data/detail/attr_column.h"
 
+#include "platform/base/shown_number.h"
 #include "platform/base/text_codec.h"
 
 #include <algorithm>
@@ -15,20 +16,15 @@ namespace {
 constexpr std::size_t c_most_texts = 1 << 16;
 constexpr std::size_t c_first_look = 4096; ///< records after which repetition is judged
 constexpr int c_half_bits = 32;            ///< of a start that are kept for each record
-constexpr int c_number_digits = 15;
 constexpr std::string_view c_blanks = " \t\n\r\v\f";
 
 template <class T>
-std::string_view number_text(T value, std::array<char, 40> &buffer)
+std::string_view number_text(T value, text::number_buffer &buffer)
 {
-    auto *const begin = buffer.data();
-    auto *const bound = begin + buffer.size();
-    char const *end = nullptr;
     if constexpr (std::is_floating_point_v<T>)
-        end = std::to_chars(begin, bound, value, std::chars_format::general, c_number_digits).ptr;
+        return text::shown_number(value, buffer);
     else
-        end = std::to_chars(begin, bound, value).ptr;
-    return {begin, end};
+        return {buffer.data(), std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr};
 }
 
 bool parse_number(std::string_view text, double &value)
@@ -203,7 +199,7 @@ bool text_of(column const &cells, std::size_t record, std::string &buffer)
     buffer.clear();
     if (!has_value(cells, record))
         return false;
-    std::array<char, 40> digits;
+    text::number_buffer digits;
     buffer = std::visit(overloaded{[](std::monostate) { return std::string_view(); },
                                    [&](text_cells const &c) { return c.get(record); },
                                    [&](auto const &c) { return number_text(c.values[record], digits); }},

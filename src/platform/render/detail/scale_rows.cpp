@@ -7,7 +7,9 @@
 #include "platform/styles/vx_stl_mngr.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
+#include <optional>
 #include <string>
 
 namespace vx::render {
@@ -41,6 +43,8 @@ public:
         if (cell.is_number) {
             cell.number = vx_attr_files_get_dbl(f_files, f, f_record, &cell.known);
             cell.is_number = cell.known;
+            if (cell.known && type != c_attr_numeric)
+                cell.whole = whole_number(f, cell.number);
         }
         if (!cell.is_number || text_needed)
             cell.text = vx_attr_files_get_wstr(f_files, f, f_record, &cell.known);
@@ -48,6 +52,19 @@ public:
     }
 
 private:
+    /// Past 53 bits only the cell's text has all digits.
+    [[nodiscard]] std::optional<std::int64_t> whole_number(unsigned field, double number)
+    {
+        constexpr double c_exact = 9007199254740992.0;
+        if (std::abs(number) < c_exact)
+            return static_cast<std::int64_t>(number);
+        auto const digits = vx_attr_files_get_utf8(f_files, field, f_record, nullptr);
+        std::int64_t value = 0;
+        bool const good =
+            std::from_chars(digits.data(), digits.data() + digits.size(), value).ec == std::errc();
+        return good ? std::optional(value) : std::nullopt;
+    }
+
     Ivx_attr_files *f_files;
     unsigned f_record = 0;
 };
@@ -110,7 +127,9 @@ unsigned row_source::row_of_text(unsigned record) const
 {
     auto const field = static_cast<unsigned>(f_field);
     auto const find = [&] {
-        int const row = f_mngr.values.find(vx_attr_files_get_utf8(f_files, field, record, nullptr));
+        bool known = false;
+        auto const text = vx_attr_files_get_utf8(f_files, field, record, &known);
+        int const row = known ? f_mngr.values.find(text) : -1;
         return row < 0 ? static_cast<int>(f_mngr.values.size()) : row;
     };
     // A text that comes again is looked up once.

@@ -15,7 +15,7 @@ namespace vx::render {
 ///
 /// Every record falls in exactly one row: of value entries of the same text, of ranges that overlap and of
 /// rules that match alike the first one counts. A record without a value, or of a table without the field,
-/// is an empty text to a value scale and in the other row of a range scale. A rule whose text is no filter
+/// is in the other row of value and range scales, whatever the entries. A rule whose text is no filter
 /// matches nothing.
 class row_source
 {

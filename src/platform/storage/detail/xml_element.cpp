@@ -137,7 +137,7 @@ void xml_out::field(char const *name, Tvx_color value)
 
 void xml_out::field(char const *name, std::wstring const &value)
 {
-    text(name, text::wide_to_utf8(value).c_str());
+    text(name, text::wide_to_whole_utf8(value).c_str());
 }
 
 void xml_out::field(char const *name, std::string const &value)
@@ -248,7 +248,7 @@ void xml_in::field(char const *name, Tvx_color &value)
 void xml_in::field(char const *name, std::wstring &value)
 {
     if (char const *text = take(name))
-        value = text::utf8_to_wide(text);
+        value = text::whole_utf8_to_wide(text);
 }
 
 void xml_in::field(char const *name, std::string &value)

@@ -248,7 +248,7 @@ void val_scale::build_index() const
     std::random_device chance;
     f_seed = static_cast<std::uint64_t>(chance()) << 32 | chance();
     for (std::uint32_t i = 0; i < f_entries.size(); ++i) {
-        std::string const text = text::wide_to_utf8(text::trimmed(f_entries[i]->text));
+        std::string const text = text::wide_to_whole_utf8(text::trimmed(f_entries[i]->text));
         std::uint32_t const hash = hash_of(text, f_seed);
         slot &s = slot_of(text, hash);
         if (s.entry) // the first of equal texts stays
@@ -275,7 +275,7 @@ int val_scale::find(std::wstring_view text) const
         std::ranges::transform(text, ascii.begin(), [](wchar_t c) { return static_cast<char>(c); });
         return find(std::string_view(ascii.data(), text.size()));
     }
-    return find(text::wide_to_utf8(text));
+    return find(text::wide_to_whole_utf8(text));
 }
 
 int val_scale::find(std::string_view utf8) const
