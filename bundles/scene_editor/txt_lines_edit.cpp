@@ -88,8 +88,8 @@ void Tvx_txt_lines_edit::write_lines(void *txt_style) const
 std::wstring Tvx_txt_lines_edit::get_text() const
 {
     std::wstring text;
-    for (std::wstring const &line : f_lines)
-        text += (text.empty() ? L"" : L"\n") + line;
+    for (std::size_t i = 0; i < f_lines.size(); ++i)
+        text += (i ? L"\n" : L"") + f_lines[i];
     return text;
 }
 

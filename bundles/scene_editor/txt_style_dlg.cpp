@@ -68,6 +68,7 @@ void Tvx_txt_style_dlg::on_params_changed(TObject * /*sender*/)
 void Tvx_txt_style_dlg::show_sample()
 {
     std::wstring const text = f_lines->get_text();
-    f_preview->set_sample(text.empty() ? vx_res_get_wstr(c_scn_sample_text) : text);
+    bool const is_blank = text.find_first_not_of(L'\n') == text.npos;
+    f_preview->set_sample(is_blank ? vx_res_get_wstr(c_scn_sample_text) : text);
     f_preview->Invalidate();
 }

@@ -9,6 +9,7 @@ struct vx_native_painter;
 
 namespace vx::render {
 class mask_cache;
+class work_meter;
 
 /// What base styles are drawn on: a running painter, the size of a millimetre in pixels, and the pixels that
 /// show.
@@ -22,6 +23,8 @@ struct surface
     int height = 0;
     /// Symbols drawn before, for painters of many styles; may be null.
     mask_cache *masks = nullptr;
+    /// Tells when to end before all is drawn; null draws all.
+    work_meter *meter = nullptr;
     double px_per_mm_x = 1;
     double px_per_mm_y = 1;
     Tvx_box_d2 clip;
@@ -50,6 +53,10 @@ public:
     [[nodiscard]] vx_native_painter *painter();
     /// Draws the pixels on another painter.
     void copy_to(vx_native_painter *target, int x, int y, int width, int height);
+    /// Draws all pixels on the rectangle of another painter.
+    void stretch_to(vx_native_painter *target, int x, int y, int width, int height);
+    void set_pixel_scale(int scale);
+    [[nodiscard]] int pixel_scale() const;
     [[nodiscard]] surface get_surface();
 
     void set_mapping(Tvx_box_d2 const &mm, Tvx_box_i2 const &pixels);

@@ -9,6 +9,7 @@
 #include <QtGui/QImage>
 #include <QtGui/QPainter>
 
+#include <algorithm>
 #include <utility>
 
 namespace vx::render {
@@ -46,6 +47,7 @@ struct bmp_dc::state
     bool lent = false;
     bool touched = false;
     bool mapped = false;
+    int pixel_scale = 1;
     Tvx_box_d2 mm;
     Tvx_box_i2 px;
 
@@ -159,6 +161,29 @@ void bmp_dc::copy_to(vx_native_painter *target, int x, int y, int width, int hei
     p->setOpacity(opacity);
 }
 
+void bmp_dc::stretch_to(vx_native_painter *target, int x, int y, int width, int height)
+{
+    state &s = *f_state;
+    if (!target || s.image.isNull())
+        return;
+    s.end_painting();
+    QPainter *p = vx_qt_painter(target);
+    bool const smooth = p->testRenderHint(QPainter::SmoothPixmapTransform);
+    p->setRenderHint(QPainter::SmoothPixmapTransform);
+    p->drawImage(QRect(x, y, width, height), s.image);
+    p->setRenderHint(QPainter::SmoothPixmapTransform, smooth);
+}
+
+void bmp_dc::set_pixel_scale(int scale)
+{
+    f_state->pixel_scale = std::max(1, scale);
+}
+
+int bmp_dc::pixel_scale() const
+{
+    return f_state->pixel_scale;
+}
+
 surface bmp_dc::get_surface()
 {
     surface s;
@@ -189,13 +214,13 @@ void bmp_dc::set_mapping(Tvx_box_d2 const &mm, Tvx_box_i2 const &pixels)
 double bmp_dc::px_per_mm_x() const
 {
     state const &s = *f_state;
-    return s.mapped ? s.px.width() / s.mm.width() : vx_options_get_mm2px_x();
+    return s.mapped ? s.px.width() / s.mm.width() : vx_options_get_mm2px_x() * s.pixel_scale;
 }
 
 double bmp_dc::px_per_mm_y() const
 {
     state const &s = *f_state;
-    return s.mapped ? s.px.height() / s.mm.height() : vx_options_get_mm2px_y();
+    return s.mapped ? s.px.height() / s.mm.height() : vx_options_get_mm2px_y() * s.pixel_scale;
 }
 
 Tvx_pnt_d2 bmp_dc::to_px(double x, double y) const
@@ -285,6 +310,12 @@ void vx_bmp_dc_set_mm2pxl(void *dc, Tvx_box_d2 const &mm, Tvx_box_i2 const &pixe
         dc_of(dc)->set_mapping(mm, pixels);
 }
 
+void vx_bmp_dc_set_pixel_scale(void *dc, int scale)
+{
+    if (dc)
+        dc_of(dc)->set_pixel_scale(scale);
+}
+
 double vx_bmp_dc_get_px_per_mm_x(void const *dc)
 {
     return dc ? dc_of(dc)->px_per_mm_x() : 0;
@@ -299,4 +330,10 @@ void vx_bmp_dc_draw_on_hdc(void *dc, TCanvas *canvas, int x, int y, int width, i
 {
     if (dc && canvas)
         dc_of(dc)->copy_to(canvas->NativePainter(), x, y, width, height);
+}
+
+void vx_bmp_dc_stretch_on_hdc(void *dc, TCanvas *canvas, int x, int y, int width, int height)
+{
+    if (dc && canvas && width > 0 && height > 0)
+        dc_of(dc)->stretch_to(canvas->NativePainter(), x, y, width, height);
 }

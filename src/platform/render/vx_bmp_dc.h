@@ -35,8 +35,15 @@ VX_API void vx_bmp_dc_clear(void *dc, Tvx_color color);
 /// The box in millimetres lies on the box in pixels: drawing calls take millimetres from now on. Boxes
 /// without extent are ignored.
 VX_API void vx_bmp_dc_set_mm2pxl(void *dc, Tvx_box_d2 const &mm, Tvx_box_i2 const &pixels);
+/// So many pixels of the device stand for one logical pixel, 1 at first: a millimetre of a device that is not
+/// mapped, and the check pattern, take that many times the pixels. On a screen of high resolution a sample is
+/// drawn with `vx_screen_pixel_scale` on as many times the pixels and shown by `vx_bmp_dc_stretch_on_hdc`.
+VX_API void vx_bmp_dc_set_pixel_scale(void *dc, int scale);
+/// Pixels in a millimetre.
 [[nodiscard]] VX_API double vx_bmp_dc_get_px_per_mm_x(void const *dc);
 [[nodiscard]] VX_API double vx_bmp_dc_get_px_per_mm_y(void const *dc);
 
 /// Copies the device's upper left `width` by `height` pixels to the canvas at (x, y).
 VX_API void vx_bmp_dc_draw_on_hdc(void *dc, TCanvas *canvas, int x, int y, int width, int height);
+/// Lays all of the device on `width` by `height` units of the canvas from (x, y) on.
+VX_API void vx_bmp_dc_stretch_on_hdc(void *dc, TCanvas *canvas, int x, int y, int width, int height);

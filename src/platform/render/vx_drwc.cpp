@@ -22,7 +22,7 @@
 using namespace vx::render;
 
 namespace {
-/// Side of a check in pixels.
+/// Side of a check in logical pixels.
 constexpr int c_check_px = 4;
 constexpr double c_max_outline_px = 10000;
 
@@ -44,20 +44,20 @@ QRectF px_rect(void *dc, Tvx_box_d2 const &box)
 }
 
 /// Two checks by two. The density makes the checks of the first colour larger or smaller.
-QImage check_tile(Tvx_fill const &fill)
+QImage check_tile(Tvx_fill const &fill, int scale)
 {
-    constexpr int side = 2 * c_check_px;
+    int const check = c_check_px * scale;
+    int const side = 2 * check;
     QRgb const color1 = qPremultiply(qt_color(fill.color1).rgba());
     QRgb const color2 = qPremultiply(qt_color(fill.color2).rgba());
     int const part =
-        std::clamp(static_cast<int>(std::lround(c_check_px * std::sqrt(fill.density / 50.0))), 1, side);
+        std::clamp(static_cast<int>(std::lround(check * std::sqrt(fill.density / 50.0))), 1, side);
     QImage tile(side, side, QImage::Format_ARGB32_Premultiplied);
     for (int y = 0; y < side; ++y) {
         auto *row = reinterpret_cast<QRgb *>(tile.scanLine(y));
         for (int x = 0; x < side; ++x) {
             bool const upper = x < part && y < part;
-            bool const lower =
-                x >= c_check_px && y >= c_check_px && x - c_check_px < part && y - c_check_px < part;
+            bool const lower = x >= check && y >= check && x - check < part && y - check < part;
             row[x] = upper || lower ? color1 : color2;
         }
     }
@@ -107,7 +107,7 @@ void vx_drwc_fill_pgn_rect(void *dc, Tvx_fill const &fill, Tvx_box_d2 const &box
         p->fillRect(rect, qt_color(fill.density <= 0 ? fill.color2 : fill.color1));
         return;
     }
-    QBrush const brush(check_tile(fill));
+    QBrush const brush(check_tile(fill, static_cast<bmp_dc *>(dc)->pixel_scale()));
     p->save();
     p->setBrushOrigin(rect.topLeft());
     p->fillRect(rect, brush);

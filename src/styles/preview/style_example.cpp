@@ -4,16 +4,17 @@
 #include "styles/preview/txt_style_draw.h"
 
 #include "platform/base/owned.h"
-#include "platform/basic/vx_options.h"
 #include "platform/render/vx_bmp_dc.h"
 #include "platform/render/vx_box.h"
 #include "platform/render/vx_drwc.h"
 #include "platform/render/vx_render.h"
 #include "platform/styles/vx_style.h"
 #include "platform/styles/vx_style3d.h"
+#include "platform/toolkit/core/pixel_ratio.h"
 #include "platform/toolkit/graphics/bitmap.h"
 #include "platform/toolkit/graphics/canvas.h"
 
+#include <algorithm>
 #include <span>
 
 namespace {
@@ -48,13 +49,15 @@ bool has_opacity(TBitmap const &bitmap)
 class sample_device
 {
 public:
-    sample_device(int width, int height, Tvx_color transparent) : f_width(width), f_height(height)
+    sample_device(int width, int height, int scale, Tvx_color transparent)
+        : f_width(width), f_height(height), f_scale(scale)
     {
         vx_bmp_dc_set_transparent_clr(get(), transparent);
         vx_bmp_dc_set_nxy(get(), width, height);
+        vx_bmp_dc_set_pixel_scale(get(), scale);
     }
     explicit sample_device(TBitmap &bitmap)
-        : sample_device(bitmap.GetWidth(), bitmap.GetHeight(),
+        : sample_device(bitmap.GetWidth(), bitmap.GetHeight(), vx_bitmap_get_pixel_scale(bitmap),
                         has_opacity(bitmap) ? Tvx_color{} : color_of(bitmap.GetTransparentColor()))
     {
     }
@@ -64,10 +67,6 @@ public:
     [[nodiscard]] int height() const { return f_height; }
     [[nodiscard]] Tvx_box_d2 pixels() const { return vx_box_d2_make_xy(0, 0, f_width, f_height); }
 
-    void show_on(TCanvas *canvas, int x, int y) const
-    {
-        vx_bmp_dc_draw_on_hdc(get(), canvas, x, y, f_width, f_height);
-    }
     void show_on(TBitmap &bitmap) const
     {
         if (has_opacity(bitmap)) {
@@ -75,13 +74,18 @@ public:
             bitmap.SetSize(0, 0);
             bitmap.SetSize(f_width, f_height);
         }
-        show_on(bitmap.GetCanvas(), 0, 0);
+        // Pixel on pixel: a canvas would draw in logical ones.
+        vx_bitmap_set_pixel_scale(bitmap, 1);
+        vx_bmp_dc_draw_on_hdc(get(), bitmap.GetCanvas(), 0, 0, f_width, f_height);
+        bitmap.Dormant();
+        vx_bitmap_set_pixel_scale(bitmap, f_scale);
     }
 
 private:
     vx::owned<void, &vx_bmp_dc_destroy> f_dc{vx_bmp_dc_create()};
     int f_width;
     int f_height;
+    int f_scale;
 };
 
 /// A device with a renderer that stretches the sample square over it, and sizes in true millimetres.
@@ -92,7 +96,8 @@ public:
     {
         int const w = f_device.width();
         int const h = f_device.height();
-        vx_box_d2_init_xy(&f_mm, 0, 0, w / vx_options_get_mm2px_x(), h / vx_options_get_mm2px_y());
+        vx_box_d2_init_xy(&f_mm, 0, 0, w / vx_bmp_dc_get_px_per_mm_x(f_device.get()),
+                          h / vx_bmp_dc_get_px_per_mm_y(f_device.get()));
         Tvx_box_i2 pixels;
         vx_box_i2_init_xy(&pixels, 0, 0, w, h);
         vx_bmp_dc_set_mm2pxl(f_device.get(), f_mm, pixels);
@@ -146,6 +151,14 @@ void draw_color(sample_device const &device, Tvx_color color)
     vx_drwc_draw_pgn_rect(device.get(), color, device.pixels());
 }
 } // namespace
+
+void vx_style_example_bmp_set_size(TBitmap *bitmap, int width, int height, int scale)
+{
+    if (!bitmap)
+        return;
+    bitmap->SetSize(width * std::max(1, scale), height * std::max(1, scale));
+    vx_bitmap_set_pixel_scale(*bitmap, scale);
+}
 
 void vx_pnt_style_example_bmp(void *style, TBitmap *bitmap)
 {
@@ -238,10 +251,11 @@ void vx_clr_style_example_canvas(TCanvas *canvas, TRect const &rect, Tvx_color c
 {
     if (!canvas || rect.IsEmpty())
         return;
-    sample_device const device(rect.Width(), rect.Height(), {});
+    int const scale = vx_canvas_pixel_scale(canvas);
+    sample_device const device(rect.Width() * scale, rect.Height() * scale, scale, {});
     draw_color(device, color);
-    vx_drwc_draw_pln_rect(device.get(), {vx_clr_init_int(0), 0, 1.0}, device.pixels());
-    device.show_on(canvas, rect.Left, rect.Top);
+    vx_drwc_draw_pln_rect(device.get(), {vx_clr_init_int(0), 0, 1.0 * scale}, device.pixels());
+    vx_bmp_dc_stretch_on_hdc(device.get(), canvas, rect.Left, rect.Top, rect.Width(), rect.Height());
 }
 
 void vx_txt_style_example_bmp(void *style, TBitmap *bitmap)

@@ -14,6 +14,13 @@ class TCanvas;
 /// What the style leaves free shows the bitmap's transparent colour; a bitmap without one is white there.
 /// Nothing is kept between two calls: who repaints often keeps the bitmap. Without a style, a bitmap or a
 /// pixel in it nothing is done.
+///
+/// A bitmap for a screen of high resolution has a pixel scale (`vx_bitmap_set_pixel_scale`): the sample is
+/// drawn that much larger, and is sharp where it is shown by a button or by `TCanvas::StretchDraw` on its
+/// logical size.
+
+/// Gives the bitmap `width` by `height` logical pixels and the scale, as a rule `vx_screen_pixel_scale()`.
+VX_API void vx_style_example_bmp_set_size(TBitmap *bitmap, int width, int height, int scale);
 
 /// A point in the middle, if the style's flag is set.
 VX_API void vx_pnt_style_example_bmp(void *style, TBitmap *bitmap);

@@ -1,23 +1,29 @@
 #include "styles/preview/txt_style_draw.h"
 
-#include "platform/basic/vx_options.h"
+#include "platform/render/vx_bmp_dc.h"
 #include "platform/render/vx_box.h"
 #include "platform/render/vx_drwc.h"
 #include "platform/styles/vx_txt_style.h"
+
+#include <algorithm>
+
+namespace {
+constexpr double c_max_size_px = 20000; ///< far outside of every picture
+} // namespace
 
 void vx_txt_style_draw(void *dc, void *style, wchar_t const *text, Tvx_pnt_d2 at, int align_x, int align_y)
 {
     if (!dc || !style || !text)
         return;
-    double const px_x = vx_options_get_mm2px_x();
-    double const px_y = vx_options_get_mm2px_y();
+    double const px_x = vx_bmp_dc_get_px_per_mm_x(dc);
+    double const px_y = vx_bmp_dc_get_px_per_mm_y(dc);
     double const scale = (px_x + px_y) * 0.5;
 
     Tvx_txt_params letters;
     letters.font = vx_txt_style_get_font_ptr(style);
     letters.color = vx_txt_style_get_color(style);
     letters.center = at;
-    letters.size = vx_txt_style_get_font_size(style) * scale;
+    letters.size = std::clamp(vx_txt_style_get_font_size(style) * scale, 1.0, c_max_size_px);
     letters.angle = vx_txt_style_get_angle(style);
     letters.align_x = align_x;
     letters.align_y = align_y;

@@ -1,5 +1,7 @@
+#include "controls/forms/misc.h"
 #include "dialog_reader.h"
 #include "exports/vxk_style_dialog_api.h"
+#include "support/temp_dir.h"
 #include "tests/controls/prop/prop_form.h"
 
 #include "platform/base/owned.h"
@@ -18,6 +20,8 @@
 #include "platform/toolkit/controls/list_box.h"
 #include "platform/toolkit/controls/speed_button.h"
 #include "platform/toolkit/core/strings.h"
+#include "platform/toolkit/graphics/bitmap.h"
+#include "platform/toolkit/graphics/canvas.h"
 #include "platform/winapi/library.h"
 
 namespace input = vx::user_input;
@@ -187,6 +191,35 @@ TEST_F(text_dialogs, lines_are_added_chosen_moved_and_deleted)
     }));
     EXPECT_TRUE(lines().empty());
     EXPECT_EQ(vx_wstrings_get_size(properties.get()), 2u) << "the list stays the caller's";
+}
+
+TEST_F(text_dialogs, the_sample_keeps_the_empty_lines)
+{
+    vx_test::temp_dir const dir;
+    vx_txt_style_set_pos_y(style.get(), 0);
+    // Number of the first row in which the letters are, with these lines.
+    auto const first_row = [&](std::vector<std::wstring> const &texts) {
+        set_lines(texts);
+        int row = -1;
+        run([&](TCustomForm *form, input::modal_window const &window) {
+            auto *sample = find<Tvx_gr_ctrl>(form, L"");
+            ASSERT_NE(sample, nullptr);
+            UnicodeString const file = (dir / "sample.png").wstring().c_str();
+            ASSERT_TRUE(input::save_shot(sample, file));
+            TBitmap picture;
+            ASSERT_TRUE(picture.LoadFromFile(file));
+            for (int i = 0; i < picture.GetHeight() * picture.GetWidth() && row < 0; ++i)
+                if (picture.GetCanvas()->GetPixel(i % picture.GetWidth(), i / picture.GetWidth()) == clBlack)
+                    row = i / picture.GetWidth();
+            window.reject();
+        });
+        return row;
+    };
+    int const below = first_row({L"", L"", L"X"});
+    int const above = first_row({L"X", L"", L""});
+    EXPECT_GE(above, 0);
+    EXPECT_GT(below, above + 10);
+    EXPECT_GE(first_row({L"", L""}), 0) << "blank lines show the sample's own text";
 }
 
 TEST_F(text_dialogs, say_what_they_edit)

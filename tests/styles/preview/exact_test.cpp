@@ -3,6 +3,7 @@
 #include "tests/styles/preview/sample_styles.h"
 
 #include "platform/render/vx_drwc.h"
+#include "platform/toolkit/core/pixel_ratio.h"
 
 #include <span>
 
@@ -60,6 +61,59 @@ TEST_F(samples, a_bitmap_without_a_transparent_colour_is_white_and_one_with_opac
     EXPECT_EQ(plain.GetCanvas()->GetPixel(5, 5), clWhite);
     EXPECT_EQ(static_cast<unsigned char *>(clear.ScanLine(10))[10 * 4 + 3], 255);
     EXPECT_EQ(static_cast<unsigned char *>(clear.ScanLine(5))[5 * 4 + 3], 0);
+}
+
+TEST_F(samples, a_bitmap_of_twice_the_resolution_shows_the_same_in_twice_the_pixels)
+{
+    // What is twice as large on as many pixels at the resolution of the screen.
+    owned_pnt const pnt(vx_pnt_style_create());
+    owned_pln const pln(vx_pln_style_create());
+    owned_txt const txt(vx_txt_style_create());
+    vx_txt_style_set_shadow(txt.get(), true);
+    auto const set_sizes = [&](double k) {
+        set_figure(vx_pnt_style_get_bpnt_style_ptr(pnt.get()), 2, 2 * k);
+        vx_bpln_style_set_width(vx_pln_style_get_bpln_style_ptr(pln.get()), 0.5 * k);
+        vx_txt_style_set_font_size(txt.get(), 3 * k);
+        vx_txt_style_set_shadow_width(txt.get(), 0.3 * k);
+        vx_txt_style_set_shadow_gap_x(txt.get(), 0.5 * k);
+        vx_txt_style_set_shadow_gap_y(txt.get(), -0.5 * k);
+    };
+    auto const compare = [&](void *style, void (*draw)(void *, TBitmap *)) {
+        for (bool const opacity : {false, true}) {
+            TBitmap sharp;
+            TBitmap plain;
+            for (TBitmap *bitmap : {&sharp, &plain}) {
+                bitmap->SetTransparentColor(clWhite);
+                bitmap->SetAlphaFormat(opacity ? afPremultiplied : afIgnored);
+            }
+            set_sizes(1);
+            vx_style_example_bmp_set_size(&sharp, 30, 20, 2);
+            draw(style, &sharp);
+            EXPECT_EQ(vx_bitmap_get_pixel_scale(sharp), 2);
+            set_sizes(2);
+            plain.SetSize(60, 40);
+            draw(style, &plain);
+            vx_bitmap_set_pixel_scale(sharp, 1); // to be read in its own pixels
+            ASSERT_EQ(sharp.GetWidth(), 60);
+            EXPECT_EQ(differences(sharp, plain), 0);
+            if (!opacity) {
+                EXPECT_GT(ink(sharp).count, 10);
+            }
+        }
+    };
+    compare(pnt.get(), vx_pnt_style_example_bmp);
+    compare(pln.get(), vx_pln_style_example_bmp);
+    compare(txt.get(), vx_txt_style_example_bmp);
+
+    // A check of the pattern is four logical pixels wide.
+    Tvx_color const clear = {};
+    TBitmap checks;
+    vx_style_example_bmp_set_size(&checks, 16, 16, 2);
+    vx_clr_style_example_bmp(&clear, &checks);
+    vx_bitmap_set_pixel_scale(checks, 1);
+    TCanvas *canvas = checks.GetCanvas();
+    EXPECT_EQ(canvas->GetPixel(0, 0), canvas->GetPixel(7, 7));
+    EXPECT_NE(canvas->GetPixel(0, 0), canvas->GetPixel(8, 0));
 }
 
 TEST_F(samples, the_points_of_a_line_stand_at_its_two_inner_vertices)
@@ -261,8 +315,7 @@ TEST_F(samples, wild_numbers_of_texts_end_and_leave_no_warning)
         for (setter const &one : setters) {
             white_bitmap bitmap(20, 20);
             vx_txt_style_example_bmp(wild_text({&one, 1}, value).get(), &bitmap);
-            bool const no_letters = one == vx_txt_style_set_font_size && value <= 0;
-            EXPECT_EQ(ink(bitmap).count > 0, !no_letters) << &one - setters << ": " << value;
+            EXPECT_GT(ink(bitmap).count, 0) << &one - setters << ": " << value;
         }
         white_bitmap bitmap(20, 20);
         vx_txt_style_example_bmp(wild_text(setters, value).get(), &bitmap);
