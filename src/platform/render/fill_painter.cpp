@@ -16,10 +16,13 @@ namespace vx::render {
 namespace {
 using namespace vx::styles;
 
-/// Bounds of the work that a pattern with tiny steps or huge elements can ask for.
+/// Bounds of the work that a pattern with tiny steps can ask for.
 constexpr double c_min_hatch_step_px = 1;
 constexpr double c_min_spot_step_px = 2;
-constexpr double c_max_reach_px = 1000;
+/// Of the lines of a hatch: calls of the painter for a pixel of the area.
+constexpr double c_max_calls_per_px = 0.25;
+/// How far from its place a symbol may be drawn that is turned at random, unless it is large itself.
+constexpr double c_max_random_reach_px = 250;
 
 QColor qt_color(Tvx_color c)
 {
@@ -41,7 +44,7 @@ struct hatch
     double shift; ///< of the first line from the page's upper left corner, to the right of its direction
     line_painter line;
 
-    void draw(Tvx_box_d2 const &box, double turn)
+    void draw(surface const &target, Tvx_box_d2 const &box, double turn)
     {
         // Lines by their distance from the origin along the normal of their direction.
         double const a = (angle + turn) * std::numbers::pi / 180;
@@ -55,6 +58,8 @@ struct hatch
             px_line const ends{{normal.x * n + dir.x * (d0 - reach), normal.y * n + dir.y * (d0 - reach)},
                                {normal.x * n + dir.x * (d1 + reach), normal.y * n + dir.y * (d1 + reach)}};
             line.draw(ends);
+            if (!go_on(target, cost::c_path))
+                return;
         }
     }
 
@@ -91,13 +96,13 @@ struct spots
     double y0;
     point_painter point;
 
-    void draw(Tvx_box_d2 const &box, double turn)
+    void draw(surface const &target, Tvx_box_d2 const &box, double turn)
     {
-        double const reach = std::min(point.reach(), c_max_reach_px);
-        long long const first_row = cell(box.min_y - reach, y0, dy) - 1;
-        long long const last_row = cell(box.max_y + reach, y0, dy) + 2;
-        long long const first_col = cell(box.min_x - reach, x0, dx) - 1;
-        long long const last_col = cell(box.max_x + reach, x0, dx) + 2;
+        Tvx_box_d2 const ink = grown(symbol_box(turn), 1); // points may be put on the grid of pixels
+        long long const first_row = cell(box.min_y - ink.max_y, y0, dy) - 1;
+        long long const last_row = cell(box.max_y - ink.min_y, y0, dy) + 2;
+        long long const first_col = cell(box.min_x - ink.max_x, x0, dx) - 1;
+        long long const last_col = cell(box.max_x - ink.min_x, x0, dx) + 2;
         for (long long row = first_row; row <= last_row; ++row) {
             // With spot type 1 every other row is moved by half a step.
             double const moved = layer->spot_type == 1 && (row & 1) ? dx / 2 : 0;
@@ -110,12 +115,30 @@ struct spots
                 if (layer->random_y)
                     y += (cell_random(col, row, 2) - 0.5) * dy;
                 double const angle = turn + (layer->random_angle ? cell_random(col, row, 3) * 360 : 0);
-                point.draw({x, y}, angle);
+                if (!go_on(target, cost::c_object))
+                    return;
+                if (layer->random_angle || shows({x, y}, ink, box))
+                    point.draw({x, y}, angle);
             }
         }
     }
 
 private:
+    [[nodiscard]] static bool shows(Tvx_pnt_d2 at, Tvx_box_d2 const &ink, Tvx_box_d2 const &box)
+    {
+        return at.x + ink.max_x >= box.min_x && at.x + ink.min_x <= box.max_x &&
+               at.y + ink.max_y >= box.min_y && at.y + ink.min_y <= box.max_y;
+    }
+    /// Round a point's place, what may be drawn of it.
+    [[nodiscard]] Tvx_box_d2 symbol_box(double turn) const
+    {
+        if (!layer->random_angle)
+            return point.box(turn);
+        Tvx_box_d2 const own = point.box(0);
+        double const large = std::hypot(own.width(), own.height());
+        double const reach = std::min(point.reach(), std::max(large, c_max_random_reach_px));
+        return {-reach, -reach, reach, reach};
+    }
     static long long cell(double at, double origin, double step)
     {
         return static_cast<long long>(std::floor((at - origin) / step));
@@ -139,11 +162,13 @@ bpln_style const &default_hatch_line()
 hatch make_hatch(surface const &s, pgn_htch_lr const &l)
 {
     double const k = s.px_per_mm();
-    double const step = std::max(c_min_hatch_step_px, std::abs(l.delta) * k);
-    cpx_style const *line = l.cpx_pln.find();
-    bool const own = line && !line->lrs.empty();
-    return hatch{step, l.angle, wrapped(l.shift * k, step),
-                 own ? line_painter(s, *line) : line_painter(s, default_hatch_line())};
+    cpx_style const *style = l.cpx_pln.find();
+    bool const own = style && !style->lrs.empty();
+    line_painter line = own ? line_painter(s, *style) : line_painter(s, default_hatch_line());
+    double step = std::clamp(std::abs(l.delta) * k, c_min_hatch_step_px, c_max_length_px);
+    step *= thinning(line.thickness() / step);
+    step *= std::max(1.0, std::ceil(line.calls_per_px() / (step * c_max_calls_per_px)));
+    return hatch{step, l.angle, wrapped(l.shift * k, step), std::move(line)};
 }
 
 point_painter spot_point(surface const &s, pgn_spot_lr const &l)
@@ -160,14 +185,19 @@ point_painter spot_point(surface const &s, pgn_spot_lr const &l)
 
 spots make_spots(surface const &s, pgn_spot_lr const &l)
 {
-    double const dx = std::max(c_min_spot_step_px, std::abs(l.dx) * s.px_per_mm_x);
-    double const dy = std::max(c_min_spot_step_px, std::abs(l.dy) * s.px_per_mm_y);
+    point_painter point = spot_point(s, l);
+    double dx = std::clamp(std::abs(l.dx) * s.px_per_mm_x, c_min_spot_step_px, c_max_length_px);
+    double dy = std::clamp(std::abs(l.dy) * s.px_per_mm_y, c_min_spot_step_px, c_max_length_px);
+    Tvx_box_d2 const ink = point.box(0);
+    double const thinned = std::ceil(std::sqrt(thinning(ink.width() * ink.height() / (dx * dy))));
+    dx *= thinned;
+    dy *= thinned;
     return spots{&l,
                  dx,
                  dy,
                  wrapped(l.x0 * s.px_per_mm_x, dx),
                  wrapped(l.y0 * s.px_per_mm_y, 2 * dy), // two rows, of which one may be moved
-                 spot_point(s, l)};
+                 std::move(point)};
 }
 } // namespace
 
@@ -233,7 +263,11 @@ void fill_painter::draw(std::span<px_line const> rings, double hatch_angle, doub
     if (path.isEmpty())
         return;
     QPainter &painter = *vx_qt_painter(d.target.painter);
+    double const work = cost::c_path + static_cast<double>(path.elementCount()) * cost::c_vertex +
+                        box.width() * box.height() * cost::c_pixel;
     for (auto &it : d.items) {
+        if (!go_on(d.target, work))
+            return;
         if (auto const *color = std::get_if<QColor>(&it)) {
             painter.fillPath(path, *color);
             continue;
@@ -241,9 +275,9 @@ void fill_painter::draw(std::span<px_line const> rings, double hatch_angle, doub
         painter.save();
         painter.setClipPath(path, Qt::IntersectClip);
         if (auto *h = std::get_if<hatch>(&it))
-            h->draw(box, hatch_angle);
+            h->draw(d.target, box, hatch_angle);
         else
-            std::get<spots>(it).draw(box, spot_angle);
+            std::get<spots>(it).draw(d.target, box, spot_angle);
         painter.restore();
     }
 }

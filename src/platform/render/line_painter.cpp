@@ -20,13 +20,11 @@ namespace vx::render {
 namespace {
 using namespace vx::styles;
 
-/// Styles of strangers may hold any number: lengths end here, far outside of every picture.
-constexpr double c_max_length_px = 1e5;
 constexpr double c_max_width_px = 4000;
 constexpr double c_thin_px = 1.5;
 /// Patterns that are finer than this do not show; they are drawn as a full stroke, or not at all.
 constexpr double c_min_pattern_px = 1;
-constexpr double c_max_elements_per_px = 16;
+constexpr double c_max_elements_per_px = 2;
 
 QColor qt_color(Tvx_color c)
 {
@@ -130,14 +128,24 @@ struct stroke
     bool dashed = false;
 
     /// `start` is where the piece begins along its line, so that dashes do not move when the view does.
-    void draw(QPainter &painter, std::span<Tvx_pnt_d2 const> piece, double start)
+    void draw(surface const &target, std::span<Tvx_pnt_d2 const> piece, double start)
     {
+        QPainter &painter = *vx_qt_painter(target.painter);
         if (dashed)
             pen.setDashOffset(start / pen.widthF());
         painter.setPen(pen);
         stroke_line(painter, piece);
     }
     [[nodiscard]] double reach() const { return pen.widthF() * 2; }
+    [[nodiscard]] double thickness() const { return pen.widthF(); }
+    /// Qt makes one path of all dashes.
+    [[nodiscard]] double calls_per_px() const
+    {
+        double period = 0;
+        for (double const part : pen.dashPattern())
+            period += part * pen.widthF();
+        return dashed ? static_cast<double>(pen.dashPattern().size()) / period : 0;
+    }
 };
 
 // ---- strokes by a template
@@ -224,10 +232,18 @@ struct pattern
                static_cast<double>(count) > elements.period * c_max_elements_per_px;
     }
     [[nodiscard]] double reach() const { return std::max({pen.widthF(), mark_px, symbol.reach()}); }
+    [[nodiscard]] double thickness() const { return std::max({pen.widthF(), mark_px, symbol_extent()}); }
+    [[nodiscard]] double calls_per_px() const
+    {
+        return too_fine()
+                   ? 0
+                   : static_cast<double>(elements.dashes.size() + elements.marks.size()) / elements.period;
+    }
 
     /// `start` as for a stroke.
-    void draw(QPainter &painter, std::span<Tvx_pnt_d2 const> piece, double start)
+    void draw(surface const &target, std::span<Tvx_pnt_d2 const> piece, double start)
     {
+        QPainter &painter = *vx_qt_painter(target.painter);
         painter.setPen(pen);
         bool const fine = too_fine();
         if (elements.full || (fine && !elements.dashes.empty()))
@@ -238,13 +254,25 @@ struct pattern
         // period from the one before.
         double const first = std::fmod(shift_px - start, elements.period) - 2 * elements.period;
         if (!elements.full)
-            draw_dashes(painter, piece, first);
-        draw_marks(painter, piece, first);
+            draw_dashes(target, piece, first);
+        draw_marks(target, piece, first);
     }
 
 private:
-    void draw_dashes(QPainter &painter, std::span<Tvx_pnt_d2 const> piece, double first) const
+    [[nodiscard]] bool has_symbols() const
     {
+        return std::ranges::any_of(elements.marks, [](auto const &mark) { return mark.what == '4'; });
+    }
+    [[nodiscard]] double symbol_extent() const
+    {
+        if (!has_symbols())
+            return 0;
+        Tvx_box_d2 const box = symbol.box(0);
+        return std::max(box.width(), box.height());
+    }
+    void draw_dashes(surface const &target, std::span<Tvx_pnt_d2 const> piece, double first) const
+    {
+        QPainter &painter = *vx_qt_painter(target.painter);
         if (elements.dashes.empty())
             return;
         line_walk walk(piece);
@@ -252,21 +280,32 @@ private:
             for (auto const &dash : elements.dashes) {
                 double const from = std::max(at + dash.from, 0.0);
                 double const to = std::min(at + dash.to, walk.length());
-                if (from < to)
-                    stroke_line(painter, walk.cut(from, to));
+                if (from >= to)
+                    continue;
+                if (!go_on(target, cost::c_path))
+                    return;
+                stroke_line(painter, walk.cut(from, to));
             }
     }
-    void draw_marks(QPainter &painter, std::span<Tvx_pnt_d2 const> piece, double first)
+    void draw_marks(surface const &target, std::span<Tvx_pnt_d2 const> piece, double first)
     {
         if (elements.marks.empty())
             return;
+        QPainter &painter = *vx_qt_painter(target.painter);
+        double const step =
+            elements.period * thinning(std::max(pen.widthF(), symbol_extent()) / elements.period);
         line_walk walk(piece);
         // Where a ring closes, the mark of its beginning is enough.
         double const last = is_ring(piece) ? std::nextafter(walk.length(), 0.0) : walk.length();
-        for (double at = first; at <= last; at += elements.period)
-            for (auto const &mark : elements.marks)
-                if (double const place = at + mark.at; place >= 0 && place <= last)
-                    draw_mark(painter, mark.what, walk.at(place));
+        for (double at = first; at <= last; at += step)
+            for (auto const &mark : elements.marks) {
+                double const place = at + mark.at;
+                if (!(place >= 0 && place <= last))
+                    continue;
+                if (!go_on(target, cost::c_path))
+                    return;
+                draw_mark(painter, mark.what, walk.at(place));
+            }
     }
     /// A point ("2") is as large as the stroke is wide. Dashes at 90 ("3"), 45 ("5") and 135 degrees ("6") to
     /// the line are as long as a dash and stand with their middle on it. A symbol ("4") is turned with the
@@ -308,13 +347,21 @@ struct stroke_item
     double delta = 0;
     std::variant<stroke, pattern> what;
 
-    void draw(QPainter &painter, std::span<Tvx_pnt_d2 const> piece, double start)
+    void draw(surface const &target, std::span<Tvx_pnt_d2 const> piece, double start)
     {
-        std::visit([&](auto &w) { w.draw(painter, piece, start); }, what);
+        std::visit([&](auto &w) { w.draw(target, piece, start); }, what);
     }
     [[nodiscard]] double reach() const
     {
         return std::visit([](auto const &w) { return w.reach(); }, what);
+    }
+    [[nodiscard]] double thickness() const
+    {
+        return std::visit([](auto const &w) { return w.thickness(); }, what);
+    }
+    [[nodiscard]] double calls_per_px() const
+    {
+        return std::visit([](auto const &w) { return w.calls_per_px(); }, what);
     }
 };
 
@@ -389,17 +436,20 @@ struct line_painter::impl
             reach = std::max(reach, std::abs(it.delta) * c_mitre + it.reach());
     }
     /// The whole line, or the pieces of it that show.
-    void draw_item(QPainter &painter, stroke_item &it, std::span<Tvx_pnt_d2 const> line,
-                   Tvx_box_d2 const &box) const
+    void draw_item(stroke_item &it, std::span<Tvx_pnt_d2 const> line, Tvx_box_d2 const &box) const
     {
+        double const seen = std::min(box.width() + box.height(), target.clip.width() + target.clip.height());
+        if (!go_on(target, cost::c_path + static_cast<double>(line.size()) * cost::c_vertex +
+                               seen * it.thickness() * cost::c_pixel))
+            return;
         Tvx_box_d2 const clip = grown(target.clip, it.reach() + 2);
         if (holds(clip, box)) {
-            it.draw(painter, line, 0);
+            it.draw(target, line, 0);
             return;
         }
         for (line_piece const &piece : clip_line(line, clip))
             if (piece.points.size() > 1)
-                it.draw(painter, piece.points, piece.start);
+                it.draw(target, piece.points, piece.start);
     }
 };
 
@@ -428,6 +478,22 @@ double line_painter::reach() const
     return f_impl->reach;
 }
 
+double line_painter::thickness() const
+{
+    double widest = 0;
+    for (stroke_item const &it : f_impl->items)
+        widest = std::max(widest, it.thickness());
+    return widest;
+}
+
+double line_painter::calls_per_px() const
+{
+    double calls = 0;
+    for (stroke_item const &it : f_impl->items)
+        calls += it.calls_per_px();
+    return calls;
+}
+
 void line_painter::draw(std::span<Tvx_pnt_d2 const> line)
 {
     impl &d = *f_impl;
@@ -440,13 +506,13 @@ void line_painter::draw(std::span<Tvx_pnt_d2 const> line)
     painter.setBrush(Qt::NoBrush);
     for (stroke_item &it : d.items) {
         if (it.delta == 0) {
-            d.draw_item(painter, it, line, box);
+            d.draw_item(it, line, box);
             continue;
         }
         // Moved before it is cut, so that the pattern stays when the view moves.
         px_line const moved = offset_line(line, it.delta);
         if (moved.size() > 1)
-            d.draw_item(painter, it, moved, box_of(moved));
+            d.draw_item(it, moved, box_of(moved));
     }
 }
 } // namespace vx::render

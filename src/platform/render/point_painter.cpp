@@ -26,8 +26,8 @@ using namespace vx::styles;
 
 /// Symbols up to this size are kept as a picture.
 constexpr double c_max_stamp_px = 256;
-/// Styles of strangers may hold any number: lengths end here, far outside of every picture.
-constexpr double c_max_length_px = 1e5;
+/// Areas larger than this are cut to what shows: the painter would go all round them.
+constexpr double c_large_px = 4096;
 /// Outline of figures that have no line width of their own.
 constexpr double c_figure_line_mm = 0.25;
 
@@ -41,11 +41,54 @@ double limited(double px)
     return std::clamp(px, -c_max_length_px, c_max_length_px);
 }
 
+/// A size that can be seen.
+double sane_size(double px)
+{
+    return std::clamp(px, 1.0, c_max_symbol_px);
+}
+
 /// An area of a symbol, in pixels round its anchor.
 struct item
 {
     QPainterPath path;
     QColor color;
+    std::vector<px_line> rings = {}; ///< of a large area, which is cut before it is filled
+
+    void prepare()
+    {
+        QRectF const room = path.boundingRect();
+        if (room.width() > c_large_px || room.height() > c_large_px)
+            for (QPolygonF const &polygon : path.toSubpathPolygons())
+                for (px_line &ring = rings.emplace_back(); QPointF const &v : polygon)
+                    ring.push_back({v.x(), v.y()});
+    }
+    /// Moved by `t` first.
+    void fill(QPainter &painter, QTransform const &t, Tvx_box_d2 const &clip) const
+    {
+        if (rings.empty()) {
+            painter.save();
+            painter.setTransform(t, true);
+            painter.fillPath(path, color);
+            painter.restore();
+            return;
+        }
+        QPainterPath seen;
+        seen.setFillRule(path.fillRule());
+        px_line moved;
+        for (px_line const &ring : rings) {
+            moved.clear();
+            for (Tvx_pnt_d2 const &v : ring) {
+                QPointF const p = t.map(QPointF(v.x, v.y));
+                moved.push_back({p.x(), p.y()});
+            }
+            QPolygonF polygon;
+            for (Tvx_pnt_d2 const &v : clip_ring(moved, clip))
+                polygon.append(QPointF(v.x, v.y));
+            seen.addPolygon(polygon);
+            seen.closeSubpath();
+        }
+        painter.fillPath(seen, color);
+    }
 };
 
 /// Where a layer puts its drawing: `dx` to the right and `dy` up from the anchor, turned counter-clockwise by
@@ -112,8 +155,8 @@ double outline_px(surface const &s, double line_mm, double size_x, double size_y
 item layer_figure(surface const &s, figure const &shape, double size_x, double size_y, Tvx_color color,
                   double line_mm)
 {
-    double const kx = limited(size_x * s.px_per_mm_x);
-    double const ky = limited(size_y * s.px_per_mm_y);
+    double const kx = sane_size(size_x * s.px_per_mm_x);
+    double const ky = sane_size(size_y * s.px_per_mm_y);
     item it;
     it.color = qt_color(color);
     double const pen = shape.filled ? 0 : outline_px(s, line_mm, kx, ky);
@@ -124,12 +167,10 @@ item layer_figure(surface const &s, figure const &shape, double size_x, double s
 /// The figure of a plain style, crisp at any size. `shift` becomes where in its pixel the anchor lies.
 item plain_figure(surface const &s, figure const &shape, double size, Tvx_color color, Tvx_pnt_d2 &shift)
 {
-    double const kx = limited(size * s.px_per_mm_x);
-    double const ky = limited(size * s.px_per_mm_y);
+    double const kx = sane_size(size * s.px_per_mm_x);
+    double const ky = sane_size(size * s.px_per_mm_y);
     item it;
     it.color = qt_color(color);
-    if (!(kx > 0 && ky > 0))
-        return it;
     // What is hardly a pixel large has no room for an outline.
     bool const filled = shape.filled || (shape.closed && std::min(kx, ky) < 1.5);
     double const pen = filled ? 0 : std::floor(outline_px(s, c_figure_line_mm, kx, ky) + 0.5);
@@ -146,7 +187,7 @@ item text_item(surface const &s, std::wstring_view text, vx_fnt_type const &font
     item it;
     it.color = qt_color(color);
     it.path.setFillRule(Qt::WindingFill);
-    for (px_line const &ring : text_outlines(text, font, limited(size * s.px_per_mm()))) {
+    for (px_line const &ring : text_outlines(text, font, sane_size(size * s.px_per_mm()))) {
         for (std::size_t i = 0; i < ring.size(); ++i) {
             if (i)
                 it.path.lineTo(ring[i].x, ring[i].y);
@@ -174,6 +215,7 @@ std::vector<item> layer_items(surface const &s, cpx_style const &style)
         if (it.path.isEmpty())
             return;
         it.path = placement(s, lr.dx, lr.dy, lr.angle).map(it.path);
+        it.prepare();
         items.push_back(std::move(it));
     };
     for (auto const &lr : style.lrs) {
@@ -203,9 +245,9 @@ QRectF bounds(std::vector<item> const &items)
     return all;
 }
 
-double reach_of(QRectF const &b)
+Tvx_box_d2 to_box(QRectF const &r)
 {
-    return std::hypot(std::max(-b.left(), b.right()), std::max(-b.top(), b.bottom()));
+    return r.isEmpty() ? Tvx_box_d2{0, 0, 0, 0} : Tvx_box_d2{r.left(), r.top(), r.right(), r.bottom()};
 }
 
 /// The items drawn on a picture that just holds them, whose corner is `corner` from the anchor; null for none
@@ -227,6 +269,11 @@ QImage picture(std::vector<item> const &items, QRectF const &room, QImage::Forma
 }
 } // namespace
 
+double thinning(double overlap)
+{
+    return overlap > c_max_overlap ? std::ceil(overlap / c_max_overlap) : 1;
+}
+
 struct point_painter::impl
 {
     surface const &target;
@@ -237,7 +284,8 @@ struct point_painter::impl
     std::vector<item> turned;      ///< those of a plain style as exact as numbers are; come late
     std::shared_ptr<point_mask const> mask;
     QImage stamp;
-    QPoint stamp_at; ///< of the stamp's corner, from the anchor
+    QPoint stamp_at;            ///< of the stamp's corner, from the anchor
+    Tvx_box_d2 box{0, 0, 0, 0}; ///< of what is drawn round the anchor, not turned
     double reach = 0;
 
     explicit impl(surface const &s) : target(s) {}
@@ -250,12 +298,12 @@ struct point_painter::impl
             mask = target.masks->find(*plain);
         if (mask) {
             shift = mask->shift;
-            reach = reach_of(QRectF(mask->left, mask->top, mask->width, mask->height));
+            take_room(QRectF(mask->left, mask->top, mask->width, mask->height));
             return;
         }
         make_items();
         QRectF const room = bounds(items);
-        reach = reach_of(room);
+        take_room(room);
         if (use == use_of_painter::few)
             return;
         if (!target.pixels) {
@@ -267,6 +315,20 @@ struct point_painter::impl
             target.masks->add(*plain, mask);
     }
 
+    void take_room(QRectF const &room)
+    {
+        box = to_box(room);
+        reach = std::hypot(std::max(-box.min_x, box.max_x), std::max(-box.min_y, box.max_y));
+    }
+
+    [[nodiscard]] Tvx_box_d2 turned_box(double angle) const
+    {
+        if (angle == 0)
+            return box;
+        QRectF const upright(QPointF(box.min_x, box.min_y), QPointF(box.max_x, box.max_y));
+        return to_box(QTransform().rotate(-angle).mapRect(upright));
+    }
+
     void make_items()
     {
         if (!items.empty() || !plain)
@@ -275,6 +337,7 @@ struct point_painter::impl
             items.push_back(plain_figure(target, get_figure(plain->figure), plain->size, color, shift));
         else
             items.push_back(text_item(target, symbol_text(plain->symbol), plain->font, plain->size, color));
+        items.back().prepare();
     }
 
     /// What a turned symbol is drawn with.
@@ -284,9 +347,11 @@ struct point_painter::impl
             make_items();
             return items;
         }
-        if (turned.empty())
+        if (turned.empty()) {
             turned.push_back(layer_figure(target, get_figure(plain->figure), plain->size, plain->size, color,
                                           c_figure_line_mm));
+            turned.back().prepare();
+        }
         return turned;
     }
 
@@ -319,34 +384,32 @@ struct point_painter::impl
     {
         items = layer_items(target, style);
         QRectF const room = bounds(items);
-        reach = reach_of(room);
+        take_room(room);
         if (use == use_of_painter::many)
             stamp = picture(items, room, QImage::Format_ARGB32_Premultiplied, stamp_at);
     }
 
-    void draw_turned(Tvx_pnt_d2 at, double angle)
+    void fill(std::vector<item> const &areas, QTransform const &t) const
     {
         QPainter &p = *vx_qt_painter(target.painter);
-        QTransform const before = p.transform();
-        p.translate(at.x, at.y);
-        p.rotate(-angle);
-        for (item const &it : turned_items())
-            p.fillPath(it.path, it.color);
-        p.setTransform(before);
+        Tvx_box_d2 const clip = grown(target.clip, 2);
+        for (item const &it : areas)
+            it.fill(p, t, clip);
+    }
+
+    void draw_turned(Tvx_pnt_d2 at, double angle)
+    {
+        fill(turned_items(), QTransform::fromTranslate(at.x, at.y).rotate(-angle));
     }
 
     void draw_upright(QPoint at)
     {
-        QPainter &p = *vx_qt_painter(target.painter);
         if (!stamp.isNull()) {
-            p.drawImage(at + stamp_at, stamp);
+            vx_qt_painter(target.painter)->drawImage(at + stamp_at, stamp);
             return;
         }
         make_items();
-        p.translate(at);
-        for (item const &it : items)
-            p.fillPath(it.path, it.color);
-        p.translate(-at);
+        fill(items, QTransform::fromTranslate(at.x(), at.y()));
     }
 };
 
@@ -373,6 +436,11 @@ double point_painter::reach() const
     return f_impl->reach;
 }
 
+Tvx_box_d2 point_painter::box(double angle) const
+{
+    return f_impl->turned_box(angle);
+}
+
 point_mask const *point_painter::mask() const
 {
     return f_impl->mask.get();
@@ -391,6 +459,17 @@ void point_painter::draw(Tvx_pnt_d2 at, double angle)
     if (!(at.x >= clip.min_x - by && at.x <= clip.max_x + by && at.y >= clip.min_y - by &&
           at.y <= clip.max_y + by))
         return;
+    if (!d.mask || angle != 0) {
+        Tvx_box_d2 shown = d.turned_box(angle);
+        shown = {shown.min_x + at.x - 1, shown.min_y + at.y - 1, shown.max_x + at.x + 1,
+                 shown.max_y + at.y + 1};
+        if (!shown.intersects(clip))
+            return;
+        double const width = std::min(shown.max_x, clip.max_x) - std::max(shown.min_x, clip.min_x);
+        double const height = std::min(shown.max_y, clip.max_y) - std::max(shown.min_y, clip.min_y);
+        if (!go_on(d.target, cost::c_path + width * height * cost::c_pixel))
+            return;
+    }
     if (angle != 0)
         d.draw_turned(at, angle);
     else if (d.mask)

@@ -13,30 +13,21 @@ using namespace vx::render;
 namespace {
 using vx::styles::variant_of_style;
 
-/// Objects drawn between two questions whether to go on.
-constexpr unsigned c_cancel_step = 2048;
-
 struct pass
 {
     mngr_painter &painter;
     closure<bool(unsigned long long)> selected;
-    closure<bool()> cancelled;
-    unsigned drawn = 0;
-    bool stopped = false;
+    work_meter &meter;
 
-    bool draw(unsigned index, Tvx_shape_view const &shape)
+    [[nodiscard]] bool draw(unsigned index, Tvx_shape_view const &shape) const
     {
-        if (++drawn % c_cancel_step == 0 && cancelled())
-            stopped = true;
-        if (stopped)
-            return false;
         if (!selected || selected(index))
             painter.draw(index, shape);
-        return true;
+        return meter.go_on(cost::c_object);
     }
     static bool visit(unsigned index, Tvx_shape_view const *shape, void *self)
     {
-        return static_cast<pass *>(self)->draw(index, *shape);
+        return static_cast<pass const *>(self)->draw(index, *shape);
     }
 };
 
@@ -64,6 +55,8 @@ bool draw_layer(Ivx_layer *layer, Tvx_map_view const &view, void *dc, variant_of
     surface target = static_cast<bmp_dc *>(dc)->get_surface();
     if (!target.painter)
         return false;
+    work_meter meter(cancelled);
+    target.meter = &meter;
     if (view.mm2px_x > 0)
         target.px_per_mm_x = view.mm2px_x;
     if (view.mm2px_y > 0)
@@ -80,9 +73,9 @@ bool draw_layer(Ivx_layer *layer, Tvx_map_view const &view, void *dc, variant_of
     for (unsigned i = 0; i < vx_stl_mngr_list_get_count(list); ++i) {
         auto const &mngr = *static_cast<vx::styles::stl_mngr const *>(vx_stl_mngr_list_get_mngr(list, i));
         mngr_painter painter(target, view, mngr, files.get(), variant);
-        pass p{painter, selected, cancelled};
+        pass p{painter, selected, meter};
         vx_shape_files_visit(shapes.get(), &box, &pass::visit, &p);
-        if (p.stopped)
+        if (meter.stopped())
             return false;
     }
     return !vx_shape_files_is_damaged(shapes.get());

@@ -10,9 +10,9 @@ struct Ivx_layer;
 /// value scale, range scale by the manager's mode. The device has the size of the view, and keeps what it
 /// shows around the layer's objects. Layers of other kinds and layers switched off draw nothing.
 ///
-/// `cancelled` is asked every few thousand objects; true ends the drawing. The result is false if the layer's
-/// data cannot be read, or not all of them (the rest is drawn), the view is not valid, or the drawing was
-/// cancelled.
+/// `cancelled` is asked at the start and then about every 20 milliseconds, inside the pattern of a large area
+/// too; true ends the drawing. The result is false if the layer's data cannot be read, or not all of them
+/// (the rest is drawn), the view is not valid, or the drawing was cancelled.
 ///
 ///     QImage image(w, h, QImage::Format_ARGB32_Premultiplied);
 ///     vx::owned<void, &vx_bmp_dc_destroy> dc(vx_bmp_dc_create());

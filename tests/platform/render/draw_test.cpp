@@ -24,6 +24,33 @@ TEST(render, a_point_has_its_size_in_millimetres)
     EXPECT_NEAR(p.count(), 3.14159 * 10 * 10, 40);
 }
 
+TEST(render, sizes_that_make_no_sense_are_drawn_as_the_nearest_that_do)
+{
+    page none(40);
+    page small(40);
+    page large(40);
+    none.draw_point(20.5, 20.5, point(2, 0).get());
+    small.draw_point(20.5, 20.5, point(2, -5).get());
+    large.draw_point(20, 20, point(2, 1e300).get());
+    EXPECT_EQ(none.count(), 1);
+    EXPECT_EQ(small.count(), 1);
+    EXPECT_EQ(large.count(), 1600);
+    owned_bpnt const symbol = point(0, -5);
+    vx_bpnt_style_set_use_figure(symbol.get(), false);
+    vx_bpnt_style_set_symbol(symbol.get(), L'\x25A0'); // a black square
+    page letter(40);
+    letter.draw_point(20, 20, symbol.get());
+    EXPECT_GT(letter.count(), 0);
+    EXPECT_LE(letter.count(), 9);
+    owned_bpln const line(vx_bpln_style_create());
+    for (double const width : {-5.0, 0.0}) {
+        vx_bpln_style_set_width(line.get(), width);
+        page thin(40);
+        vx_render_cr_bpln(thin.render.get(), geometry({{{0, 20.5}, {40, 20.5}}}).list.get(), line.get());
+        EXPECT_EQ(thin.count(), 40);
+    }
+}
+
 TEST(render, a_line_is_as_wide_as_told_and_y_grows_upwards)
 {
     page p;

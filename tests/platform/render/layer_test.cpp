@@ -303,6 +303,125 @@ TEST(render_layer, selection_and_cancelling)
     EXPECT_EQ(c.asked, 1);
 }
 
+/// A polygon over a large page, with a pattern that asks for much work.
+struct patterned
+{
+    memory_table table;
+    memory_driver driver{L"pattern:", table};
+    owned_layer layer;
+    vx::owned<void, &vx_bmp_dc_destroy> dc{vx_bmp_dc_create()};
+    Tvx_map_view view;
+
+    explicit patterned(int side)
+    {
+        double const s = side;
+        table.geom_type = 5;
+        table.features = {{{}, 5, {{{0, 0}, {0, s}, {s, s}, {s, 0}, {0, 0}}}}};
+        layer.reset(vx_shp_lr2d_create(c_lr_key_shp_pgn, L"pattern:"));
+        vx_bmp_dc_set_nxy(dc.get(), side, side);
+        vx_bmp_dc_clear(dc.get(), c_white);
+        view.world.add(0, 0);
+        view.world.add(s, s);
+        view.width = side;
+        view.height = side;
+        view.mm2px_x = 4;
+        view.mm2px_y = 4;
+    }
+    void *add_layer(char const *key)
+    {
+        void *mngr = vx_shp_pgn_lr2d_get_stl_mngr_ptr(layer.get());
+        void *pgn = vx_stl_prm_get_pgn_style_ptr(vx_stl_mngr_get_simple_sp_ptr(mngr), false);
+        void *fill = vx_pgn_style_get_bpgn_style_ptr(pgn);
+        vx_bpgn_style_set_use_complex(fill, true);
+        return vx_style_lrs_add_lr(vx_cpx_style_get_style_lrs_ptr(vx_bpgn_style_get_complex_style(fill)),
+                                   key);
+    }
+};
+
+void table_of_small_areas(memory_table &table, int side)
+{
+    table.features.clear();
+    double const step = side / 10.0;
+    for (int i = 0; i < 100; ++i) {
+        double const x = i % 10 * step;
+        double const y = i / 10 * step;
+        table.features.push_back(
+            {{}, 5, {{{x, y}, {x, y + step}, {x + step, y + step}, {x + step, y}, {x, y}}}});
+    }
+}
+
+struct questions
+{
+    int asked = 0;
+    int stop_at = 0; ///< 0: never
+    bool ask() { return ++asked == stop_at; }
+};
+
+TEST(render_layer, one_area_with_a_pattern_can_be_cancelled)
+{
+    for (bool const hatched : {true, false}) {
+        patterned page(1500);
+        if (hatched) {
+            void *htch = page.add_layer("pgn_htch_slr");
+            vx_pgn_htch_lr_set_delta(htch, 0.6);
+            void *dashes = vx_style_lrs_add_lr(
+                vx_cpx_style_get_style_lrs_ptr(vx_pgn_htch_lr_get_cpx_pln_style_ptr(htch)), "pln_tplt_slr");
+            vx_pln_tplt_lr_set_template(dashes, "10");
+            vx_pln_tplt_lr_set_dash(dashes, 0.5);
+            vx_pln_tplt_lr_set_gap(dashes, 0.5);
+        } else {
+            void *spot = page.add_layer("pgn_spot_slr");
+            vx_pgn_spot_lr_set_dx(spot, 0.5);
+            vx_pgn_spot_lr_set_dy(spot, 0.5);
+            vx_pgn_spot_lr_set_random_angle(spot, true);
+        }
+        questions q{0, 3};
+        EXPECT_FALSE(
+            vx_render_layer(page.layer.get(), page.view, page.dc.get(), make_closure<&questions::ask>(&q)));
+        EXPECT_EQ(q.asked, 3) << "at the start, and twice while the one area was drawn";
+    }
+}
+
+TEST(render_layer, the_work_for_a_pattern_is_bound_by_what_can_be_seen)
+{
+    // Each of these would draw for minutes if all elements were drawn that have a place. Questions come every
+    // 20 milliseconds.
+    struct
+    {
+        char const *what;
+        double size;   ///< of the symbol, millimetres
+        double offset; ///< from its place
+        double step;
+        bool turned;
+    } const cases[] = {
+        {"a giant symbol", 1e6, 0, 0.5, false},
+        {"a giant symbol far off", 2e4, 2e4, 0.5, false},
+        {"a small symbol far off", 1, 1e6, 0.5, false},
+        {"a small symbol far off, turned", 1, 1e6, 0.5, true},
+        {"a giant symbol, turned", 1e300, 10, 1e-300, true},
+    };
+    for (auto const &c : cases) {
+        SCOPED_TRACE(c.what);
+        patterned page(400);
+        // A hundred areas.
+        table_of_small_areas(page.table, 400);
+        void *spot = page.add_layer("pgn_spot_slr");
+        vx_pgn_spot_lr_set_dx(spot, c.step);
+        vx_pgn_spot_lr_set_dy(spot, c.step);
+        vx_pgn_spot_lr_set_random_angle(spot, c.turned);
+        vx_pgn_spot_lr_set_use_cpx_pnt(spot, true);
+        void *figure = vx_style_lrs_add_lr(
+            vx_cpx_style_get_style_lrs_ptr(vx_pgn_spot_lr_get_cpx_pnt_style_ptr(spot)), "pnt_figr_slr");
+        vx_pnt_figr_lr_set_size_x(figure, c.size);
+        vx_pnt_figr_lr_set_size_y(figure, c.size);
+        vx_pnt_figr_lr_set_dx(figure, c.offset);
+        questions q;
+        EXPECT_TRUE(
+            vx_render_layer(page.layer.get(), page.view, page.dc.get(), make_closure<&questions::ask>(&q)));
+        EXPECT_LT(q.asked, 1000);
+    }
+}
+
 TEST(render_layer, what_cannot_be_drawn_says_so)
 {
     squares s;

@@ -89,7 +89,8 @@ void mngr_painter::load_parts(Tvx_shape_view const &shape)
 
 void mngr_painter::draw(unsigned record, Tvx_shape_view const &shape)
 {
-    if (shape.part_count <= 0)
+    if (shape.part_count <= 0 ||
+        !go_on(f_target, cost::c_object * (1 + shape.part_starts[shape.part_count] - shape.part_starts[0])))
         return;
     unsigned const row = f_rows.row_of(record);
     double const angle = f_rows.angle_of(record);

@@ -2,6 +2,7 @@
 
 #include "platform/render/dc_priv.h"
 #include "platform/render/detail/geom_clip.h"
+#include "platform/render/detail/work_meter.h"
 #include "platform/styles/detail/style_model.h"
 
 #include <memory>
@@ -11,6 +12,25 @@
 /// surface must outlive their painter.
 namespace vx::render {
 struct point_mask;
+
+/// Styles of strangers may hold any number. Lengths end at the first bound, far outside of every picture, and
+/// sizes of symbols are drawn as the nearest between a pixel and the second.
+inline constexpr double c_max_length_px = 1e5;
+inline constexpr double c_max_symbol_px = 20000;
+/// Patterns are thinned where more than so many of their elements would lie one on the other: what is below
+/// does not show, and the work is bound by the pixels that do.
+inline constexpr double c_max_overlap = 64;
+/// How far from where they show elements may have their place if nothing tells where they are drawn.
+inline constexpr double c_max_reach_px = 1000;
+
+/// Says how much work is coming; false when the drawing is to end.
+[[nodiscard]] inline bool go_on(surface const &target, double nanoseconds)
+{
+    return !target.meter || target.meter->go_on(nanoseconds);
+}
+/// By how much steps have to grow so that no more than `c_max_overlap` elements lie one on the other, of
+/// which `overlap` do.
+[[nodiscard]] double thinning(double overlap);
 
 /// How often a painter is going to draw: preparing a picture of a symbol pays for many.
 enum class use_of_painter : unsigned char
@@ -33,6 +53,8 @@ public:
     void draw(Tvx_pnt_d2 at, double angle = 0);
     /// How far from its anchor the symbol reaches, in pixels.
     [[nodiscard]] double reach() const;
+    /// What it covers round its anchor when it is turned so.
+    [[nodiscard]] Tvx_box_d2 box(double angle) const;
     /// The mask that stands for the whole symbol in its colour while it is not turned, or null.
     [[nodiscard]] point_mask const *mask() const;
     [[nodiscard]] Tvx_color color() const;
@@ -53,6 +75,10 @@ public:
     /// A ring comes with its first vertex repeated at the end.
     void draw(std::span<Tvx_pnt_d2 const> line);
     [[nodiscard]] double reach() const;
+    /// How wide what it draws is across the line, wherever that lies.
+    [[nodiscard]] double thickness() const;
+    /// Calls of the painter for a pixel of the line's length.
+    [[nodiscard]] double calls_per_px() const;
 
 private:
     struct impl;
