@@ -22,9 +22,9 @@ void Tvx_style_panel::create()
     auto const add = [this](bool selected) {
         auto *const button = new Tvx_style_btn(this);
         button->SetParent(this);
-        button->SetBounds(selected ? GetWidth() - c_height : GetWidth() - 2 * c_height, 0, c_height,
-                          c_height);
+        button->SetWidth(c_height);
         button->SetAlign(alRight);
+        button->SetLeft(GetWidth()); // at the right of the one before
         button->selected = selected;
         return button;
     };
