@@ -8,6 +8,7 @@
 #include "platform/base/string_adp.h"
 #include "platform/basic/vx_res.h"
 #include "platform/layers/vx_lr2d.h"
+#include "platform/toolkit/core/key_codes.h"
 
 #include <utility>
 
@@ -38,6 +39,24 @@ std::wstring format_name(std::wstring const &format, std::wstring const &name)
     }
     return result;
 }
+
+/// A record's own window. Esc closes it where nothing in it takes the key; docked, it stays.
+class edit_window final : public Tvx_apply_and_leave_form
+{
+public:
+    using Tvx_apply_and_leave_form::Tvx_apply_and_leave_form;
+
+protected:
+    bool DialogKey(Word key, TShiftState shift) override
+    {
+        if (Tvx_apply_and_leave_form::DialogKey(key, shift))
+            return true;
+        if (key != VK_ESCAPE || shift.Contains(ssCtrl) || shift.Contains(ssAlt) || GetHostDockSite())
+            return false;
+        Close();
+        return true;
+    }
+};
 } // namespace
 
 /// Clears the record's pointers when form or page set end by other hands, such as the end of the window in
@@ -65,7 +84,7 @@ private:
 
 Tvx_lr2d_edit_form::Tvx_lr2d_edit_form() : f_watch(std::make_unique<end_watch>(*this))
 {
-    auto form = std::make_unique<Tvx_apply_and_leave_form>(nullptr);
+    auto form = std::make_unique<edit_window>(nullptr);
     form->SetDragKind(dkDock);
     form->SetDragMode(dmAutomatic);
     form->SetWidth(c_form_width);

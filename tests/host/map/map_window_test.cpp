@@ -136,6 +136,20 @@ TEST_F(map_window, properties_are_reached_by_every_road)
     EXPECT_TRUE(list()->actions().contains(window->command("properties")));
 }
 
+TEST_F(map_window, esc_closes_the_properties)
+{
+    ASSERT_EQ(open({"nc.shp"}), 1);
+    run("properties");
+    QWidget *top = editor_window();
+    ASSERT_TRUE(top);
+    hand::press(top->findChild<QAbstractButton *>(), Qt::Key_Escape, Qt::ControlModifier);
+    EXPECT_TRUE(editor().is_showing());
+    hand::press(top->findChild<QAbstractButton *>(), Qt::Key_Escape);
+    EXPECT_FALSE(editor().is_showing());
+    run("properties");
+    EXPECT_TRUE(editor().is_showing());
+}
+
 TEST_F(map_window, apply_takes_the_copy_over_once_and_redraws)
 {
     ASSERT_EQ(open({"nc.shp"}), 1);
