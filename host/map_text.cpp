@@ -40,11 +40,11 @@ QString vx_map_text_scale(double scale)
 std::optional<double> vx_map_text_parse_scale(QString const &text)
 {
     QString number = text;
-    int const colon = int(text.indexOf(':'));
-    if (colon >= 0) {
-        if (text.left(colon).trimmed() != QStringLiteral("1"))
+    static QRegularExpression const parting(QStringLiteral("[:/]"));
+    if (int const at = int(text.indexOf(parting)); at >= 0) {
+        if (text.left(at).trimmed() != QStringLiteral("1"))
             return {};
-        number = text.mid(colon + 1);
+        number = text.mid(at + 1);
     }
     // A comma may part thousands; as a decimal sign it would turn 25,000 into 25.
     static QRegularExpression const grouped(QStringLiteral("^\\s*\\d{1,3}(,\\d{3})+\\s*$"));

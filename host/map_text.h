@@ -15,5 +15,6 @@
                                               Tvx_map_unit unit);
 /// "1 : 25 000". Scales above 1 : 10 keep two decimals; nothing sensible gives an empty text.
 [[nodiscard]] QString vx_map_text_scale(double scale);
-/// Reads "1 : 25 000", "1:25000", "25000"; nothing for other texts and for scales that are not above 0.
+/// Reads "1 : 25 000", "1:25000", "1/25000", "25000"; nothing for other texts and for scales that are not
+/// above 0.
 [[nodiscard]] std::optional<double> vx_map_text_parse_scale(QString const &text);
