@@ -84,6 +84,28 @@ void draw_cells(QPainter &painter)
                              (x + y) % 2 ? QColor(0x9a, 0xa3, 0xad) : QColor(0xc9, 0xcf, 0xd6));
 }
 
+/// A badge in the lower right corner: a warning triangle, or a crossed circle.
+void draw_mark(QPainter &painter, Tvx_layer_mark mark)
+{
+    constexpr double size = 11;
+    QRectF const box(c_symbol_width - size - 1, c_symbol_height - size - 1, size, size);
+    if (mark == c_mark_damaged) {
+        painter.setPen(QPen(Qt::white, 1.2));
+        painter.setBrush(QColor(0xc2, 0x50, 0x00));
+        painter.drawPolygon(
+            QPolygonF{{QPointF(box.center().x(), box.top()), box.bottomRight(), box.bottomLeft()}});
+        painter.setPen(QPen(Qt::white, 1.6));
+        painter.drawLine(QPointF(box.center().x(), box.top() + 4), QPointF(box.center().x(), box.top() + 7));
+        painter.drawPoint(QPointF(box.center().x(), box.top() + 9));
+    } else if (mark == c_mark_undrawn) {
+        painter.setPen(QPen(Qt::white, 1));
+        painter.setBrush(QColor(0x60, 0x66, 0x6e));
+        painter.drawEllipse(box);
+        painter.setPen(QPen(Qt::white, 1.6));
+        painter.drawLine(box.center() - QPointF(2.6, -2.6), box.center() + QPointF(2.6, -2.6));
+    }
+}
+
 /// Rasters have no data object: the data set is asked itself.
 Tvx_box_d2 source_extent(Ivx_layer const *layer)
 {
@@ -123,7 +145,7 @@ QString vx_layer_tip(Ivx_layer *layer)
              kind);
 }
 
-QIcon vx_layer_symbol(Ivx_layer *layer)
+QIcon vx_layer_symbol(Ivx_layer *layer, Tvx_layer_mark mark)
 {
     QPixmap pixmap(2 * c_symbol_width, 2 * c_symbol_height);
     pixmap.setDevicePixelRatio(2);
@@ -139,12 +161,25 @@ QIcon vx_layer_symbol(Ivx_layer *layer)
         draw_cells(painter);
     else if (!draw_simple(painter, layer))
         draw_classes(painter, layer);
+    draw_mark(painter, mark);
     painter.end();
     QIcon icon;
     // The same in a selected line: the colours are what the symbol is for.
     for (QIcon::Mode const mode : {QIcon::Normal, QIcon::Selected, QIcon::Active})
         icon.addPixmap(pixmap, mode);
     return icon;
+}
+
+QString vx_layer_mark_text(Tvx_layer_mark mark)
+{
+    switch (mark) {
+    case c_mark_undrawn:
+        return vx_host_caption(c_cap_mark_undrawn);
+    case c_mark_damaged:
+        return vx_host_caption(c_cap_mark_damaged);
+    default:
+        return {};
+    }
 }
 
 Tvx_box_d2 vx_layer_extent(Ivx_layer *layer)

@@ -12,8 +12,17 @@ struct Ivx_layer;
 [[nodiscard]] QString vx_layer_name(Ivx_layer *layer);
 /// File, kind and number of features, for the hint over the layer's line.
 [[nodiscard]] QString vx_layer_tip(Ivx_layer *layer);
-/// A sample of how the layer is drawn, in the size of a list icon.
-[[nodiscard]] QIcon vx_layer_symbol(Ivx_layer *layer);
+/// What a person should know about a layer before looking for it on the map.
+enum Tvx_layer_mark
+{
+    c_mark_none,
+    c_mark_undrawn, ///< of a kind that the map lists without drawing it
+    c_mark_damaged, ///< not all of its data can be read
+};
+/// A sample of how the layer is drawn, in the size of a list icon, with the mark in its corner.
+[[nodiscard]] QIcon vx_layer_symbol(Ivx_layer *layer, Tvx_layer_mark mark = c_mark_none);
+/// The sentence for the mark; empty for none.
+[[nodiscard]] QString vx_layer_mark_text(Tvx_layer_mark mark);
 /// Extent in map units; empty when the layer has nothing that has a place.
 [[nodiscard]] Tvx_box_d2 vx_layer_extent(Ivx_layer *layer);
 /// False for kinds that the map lists without drawing them.

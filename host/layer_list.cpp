@@ -1,8 +1,7 @@
 #include "host/layer_list.h"
 
-#include "host/layer_info.h"
-
 #include <algorithm>
+#include <utility>
 
 Tvx_layer_list::~Tvx_layer_list() = default;
 
@@ -63,6 +62,14 @@ void Tvx_layer_list::set_all_visible(bool visible)
         set_layer_visible(row, visible);
 }
 
+void Tvx_layer_list::set_damaged(int id)
+{
+    int const row = row_of(id);
+    if (row < 0 || std::exchange(f_items[std::size_t(row)].damaged, true))
+        return;
+    emit dataChanged(index(row), index(row), {Qt::DecorationRole, Qt::ToolTipRole});
+}
+
 int Tvx_layer_list::row_of(int id) const
 {
     auto const found =
@@ -88,6 +95,15 @@ QString Tvx_layer_list::name_at(int row) const
 bool Tvx_layer_list::is_visible(int row) const
 {
     return has_row(row) && vx_lr2d_get_visible(layer_at(row));
+}
+
+Tvx_layer_mark Tvx_layer_list::mark_at(int row) const
+{
+    if (!has_row(row))
+        return c_mark_none;
+    if (!vx_layer_is_drawn(layer_at(row)))
+        return c_mark_undrawn;
+    return f_items[std::size_t(row)].damaged ? c_mark_damaged : c_mark_none;
 }
 
 int Tvx_layer_list::revision_at(int row) const
@@ -155,9 +171,13 @@ QVariant Tvx_layer_list::data(QModelIndex const &index, int role) const
     case Qt::CheckStateRole:
         return is_visible(row) ? Qt::Checked : Qt::Unchecked;
     case Qt::DecorationRole:
-        return vx_layer_symbol(layer_at(row));
+        return vx_layer_symbol(layer_at(row), mark_at(row));
     case Qt::ToolTipRole:
-        return vx_layer_tip(layer_at(row));
+        return mark_at(row) == c_mark_none
+                   ? vx_layer_tip(layer_at(row))
+                   : vx_layer_tip(layer_at(row)) + '\n' + vx_layer_mark_text(mark_at(row));
+    case Qt::AccessibleDescriptionRole:
+        return vx_layer_mark_text(mark_at(row));
     case c_id_role:
         return id_at(row);
     default:

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/layer_info.h"
 #include "host/map_unit.h"
 
 #include "platform/base/geometry.h"
@@ -39,6 +40,8 @@ public:
     bool move(int from, int to);
     bool set_layer_visible(int row, bool visible);
     void set_all_visible(bool visible);
+    /// Its data cannot all be read: it is marked from now on.
+    void set_damaged(int id);
 
     [[nodiscard]] int count() const { return int(f_items.size()); }
     /// -1 when there is none.
@@ -49,6 +52,7 @@ public:
     [[nodiscard]] Ivx_layer *layer_at(int row) const;
     [[nodiscard]] QString name_at(int row) const;
     [[nodiscard]] bool is_visible(int row) const;
+    [[nodiscard]] Tvx_layer_mark mark_at(int row) const;
     /// Number that changes with each replacement of the layer: what is drawn with an older one is stale.
     [[nodiscard]] int revision_at(int row) const;
     /// Empty for a layer without features and for one that has no place.
@@ -86,6 +90,7 @@ private:
         layer_ptr layer;
         Tvx_box_d2 extent;
         std::optional<Tvx_map_unit> unit;
+        bool damaged = false;
     };
     [[nodiscard]] Tvx_box_d2 extent_of(bool only_drawn) const;
     [[nodiscard]] bool has_row(int row) const { return row >= 0 && row < count(); }

@@ -119,6 +119,18 @@ TEST_F(map_formats, a_file_that_was_cut_is_drawn_as_far_as_it_goes_and_that_is_s
         EXPECT_GT(drawn_part(picture()), 0.01);
         EXPECT_TRUE(window->statusBar()->currentMessage().startsWith("Not all of the layer \"nc\""))
             << window->statusBar()->currentMessage().toStdString();
+        EXPECT_EQ(layers().mark_at(0), c_mark_damaged) << "when the message is gone, too";
+    }
+    ASSERT_EQ(open({"lc.tif"}), 1);
+    ASSERT_EQ(open({"nc.shp"}), 1);
+    EXPECT_EQ(layers().mark_at(0), c_mark_none);
+    EXPECT_EQ(layers().mark_at(1), c_mark_undrawn);
+    QVariant const sample = layers().data(layers().index(1), Qt::DecorationRole);
+    EXPECT_NE(sample.value<QIcon>().pixmap(32, 20).toImage(),
+              vx_layer_symbol(layers().layer_at(1)).pixmap(32, 20).toImage());
+    for (int row = 0; row < layers().count(); ++row) {
+        QString const tip = layers().data(layers().index(row), Qt::ToolTipRole).toString();
+        EXPECT_TRUE(tip.endsWith(vx_layer_mark_text(layers().mark_at(row)))) << tip.toStdString();
     }
 }
 
