@@ -74,6 +74,11 @@ bool vx_layer_is_drawn_by(Ivx_layer *layer, Tvx_layer_scale const &scale)
     return field == scale.field;
 }
 
+bool vx_layer_is_drawn_by_rules(Ivx_layer *layer)
+{
+    return vx_stl_mngr_get_mode(vx_shp_lr2d_get_stl_mngr_ptr(layer)) == c_stl_mngr_mode_rule;
+}
+
 bool vx_layer_draw_by(Ivx_layer *layer, Tvx_layer_scale const &scale)
 {
     void *const manager = vx_shp_lr2d_get_stl_mngr_ptr(layer);

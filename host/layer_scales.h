@@ -19,6 +19,7 @@ struct Tvx_layer_scale
 /// Whether the layer is drawn by the values or ranges of the scale's field. False for rules, which do not
 /// tell the field that their file is named after.
 [[nodiscard]] bool vx_layer_is_drawn_by(Ivx_layer *layer, Tvx_layer_scale const &scale);
+[[nodiscard]] bool vx_layer_is_drawn_by_rules(Ivx_layer *layer);
 /// Reads the scale into the layer's manager, which draws by it from then on. False, with the layer as it was,
 /// when the file is gone, damaged, or of another kind of layer.
 [[nodiscard]] bool vx_layer_draw_by(Ivx_layer *layer, Tvx_layer_scale const &scale);

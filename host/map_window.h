@@ -2,16 +2,20 @@
 
 #include "host/layer_list.h"
 
+#include <QHash>
 #include <QMainWindow>
 #include <QStringList>
+
+#include <string>
+#include <vector>
 
 class Tvx_layer_editor;
 class Tvx_layer_panel;
 class Tvx_map_canvas;
 struct Tvx_layer_scale;
 class QComboBox;
+class QDockWidget;
 class QLabel;
-class QMenu;
 class QSettings;
 
 /// The main window: the map, the list of its layers beside it, and the commands.
@@ -47,12 +51,14 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
-    QAction *add_command(char const *name, int caption, int hint, char const *glyph,
-                         QList<QKeySequence> const &keys);
+    struct command_row;
+    [[nodiscard]] static std::vector<command_row> const &command_rows();
+    [[nodiscard]] QAction *make_command(command_row const &row);
     void create_commands();
     void create_menus();
     void create_tool_bar();
     void create_layer_dock();
+    void give_commands_to_panel();
     void create_status_bar();
     void connect_canvas();
     void restore_state();
@@ -72,6 +78,7 @@ private:
     void on_about();
     void on_shortcuts();
 
+    [[nodiscard]] int selected_row() const;
     /// Puts an edited copy in the layer's place.
     void take_over(int id, Tvx_layer_list::layer_ptr layer);
     void show_message(QString const &text);
@@ -88,11 +95,13 @@ private:
     Tvx_layer_editor *f_editor;
     Tvx_map_canvas *f_canvas;
     Tvx_layer_panel *f_panel = nullptr;
+    QDockWidget *f_layer_dock = nullptr;
     QSettings *f_settings;
-    QMenu *f_recent = nullptr;
-    QMenu *f_draw_by;
+    QHash<QString, QAction *> f_commands;
     QLabel *f_coordinates = nullptr;
     QLabel *f_activity = nullptr;
     QComboBox *f_scale = nullptr;
+    /// The file of the rules by which a layer is drawn: rules themselves do not tell it.
+    QHash<int, std::wstring> f_rule_files;
     QString f_last_directory;
 };

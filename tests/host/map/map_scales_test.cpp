@@ -9,6 +9,7 @@
 #include "platform/layers/vx_shp_lr2d.h"
 #include "platform/styles/vxk_styles.h"
 
+#include <QActionGroup>
 #include <QMenu>
 #include <QMenuBar>
 
@@ -95,6 +96,10 @@ TEST_F(map_scales, of_another_process_are_found_and_draw_the_map)
         lines.append(line->text());
     EXPECT_EQ(lines, QStringList({"&One Style", "", "NAME: values", "BIR74: ranges", "SID74: rules"}));
     EXPECT_TRUE(opened->actions().at(0)->isChecked());
+    for (int const line : {0, 2, 3, 4}) {
+        QActionGroup const *const group = opened->actions().at(line)->actionGroup();
+        EXPECT_TRUE(group && group->isExclusive()) << "one of them is in force: a radio mark";
+    }
     close_menus();
     QImage const simple = picture();
 
@@ -126,6 +131,9 @@ TEST_F(map_scales, of_another_process_are_found_and_draw_the_map)
     for (unsigned i = 0; i < vx_val_scale_get_size(scale); ++i)
         EXPECT_TRUE(drawn.contains(fill_of(vx_val_scale_get_scale_prm_ptr(scale, i)))) << i;
     EXPECT_TRUE(drawn.contains(fill_of(vx_val_scale_get_other_prm_ptr(scale))));
+    opened = menu();
+    EXPECT_TRUE(opened->actions().at(4)->isChecked()) << "rules do not tell their file, the map remembers it";
+    close_menus();
 
     choose(0);
     EXPECT_EQ(picture(), simple);
