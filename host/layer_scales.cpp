@@ -17,7 +17,7 @@ using owned_table = vx::owned<Ivx_attr_files, &vx_attr_files_close>;
 struct scale_kind
 {
     unsigned mode;
-    std::wstring (*path)(std::wstring const &source, std::wstring const &field);
+    std::wstring (*path)(std::wstring const &path, std::wstring const &field);
     bool (*load)(std::wstring const &source, std::wstring const &field, void *manager);
     void (*get_field)(void const *manager, Ivx_string_adp *field);
     void (*set_field)(void *manager, wchar_t const *field);
@@ -39,23 +39,23 @@ scale_kind const *kind_of(unsigned mode)
     return nullptr;
 }
 
-std::wstring file_of(Ivx_layer *layer)
+std::wstring source_of(Ivx_layer *layer)
 {
-    std::wstring file;
-    vx_attr_data_get_wfilename(vx_shp_lr2d_get_attr_data_ptr(layer), Tvx_std_wstring_adapter(file));
-    return file;
+    std::wstring source;
+    vx_attr_data_get_wsource(vx_shp_lr2d_get_attr_data_ptr(layer), Tvx_std_wstring_adapter(source));
+    return source;
 }
 } // namespace
 
 std::vector<Tvx_layer_scale> vx_layer_scales_find(Ivx_layer *layer)
 {
     std::vector<Tvx_layer_scale> found;
-    std::wstring const source = file_of(layer);
+    std::wstring const path = vx::task::scale_path::of_source(source_of(layer));
     owned_table const table(vx_attr_files_open(vx_shp_lr2d_get_attr_data_ptr(layer), 1, 0));
     for (unsigned i = 0, count = vx_attr_files_get_np(table.get()); i < count; ++i) {
         std::wstring const field = vx_attr_files_get_field_name_w(table.get(), i);
         for (scale_kind const &kind : c_kinds) {
-            std::wstring file = kind.path(source, field);
+            std::wstring file = kind.path(path, field);
             if (!file.empty() && vx::filesystem::path_exist(file))
                 found.push_back({kind.mode, field, std::move(file)});
         }
@@ -83,7 +83,7 @@ bool vx_layer_draw_by(Ivx_layer *layer, Tvx_layer_scale const &scale)
 {
     void *const manager = vx_shp_lr2d_get_stl_mngr_ptr(layer);
     scale_kind const *const kind = kind_of(scale.mode);
-    if (!manager || !kind || !kind->load(file_of(layer), scale.field, manager))
+    if (!manager || !kind || !kind->load(source_of(layer), scale.field, manager))
         return false;
     if (kind->set_field)
         kind->set_field(manager, scale.field.c_str());

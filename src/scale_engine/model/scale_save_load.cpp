@@ -39,30 +39,35 @@ bool save(std::wstring const &file, std::wstring const &field, void const *stl_m
 }
 } // namespace
 
-bool scale_save_load::load_value(std::wstring const &path, std::wstring const &field, void *stl_mngr)
+bool scale_save_load::load_value(std::wstring const &source, std::wstring const &field, void *stl_mngr)
 {
-    return load<&vx_xml_save_style_load_val_scale>(scale_path::make_value(path, field), stl_mngr);
+    return load<&vx_xml_save_style_load_val_scale>(
+        scale_path::make_value(scale_path::of_source(source), field), stl_mngr);
 }
 
-bool scale_save_load::load_range(std::wstring const &path, std::wstring const &field, void *stl_mngr)
+bool scale_save_load::load_range(std::wstring const &source, std::wstring const &field, void *stl_mngr)
 {
-    return load<&vx_xml_save_style_load_rng_scale>(scale_path::make_range(path, field), stl_mngr);
+    return load<&vx_xml_save_style_load_rng_scale>(
+        scale_path::make_range(scale_path::of_source(source), field), stl_mngr);
 }
 
-bool scale_save_load::load_rule(std::wstring const &path, std::wstring const &field, void *stl_mngr)
+bool scale_save_load::load_rule(std::wstring const &source, std::wstring const &field, void *stl_mngr)
 {
-    return load<&vx_xml_save_style_load_rule_scale>(scale_path::make_rule(path, field), stl_mngr);
+    return load<&vx_xml_save_style_load_rule_scale>(
+        scale_path::make_rule(scale_path::of_source(source), field), stl_mngr);
 }
 
 namespace detail {
-bool scale_save::save_value(std::wstring const &path, std::wstring const &field, void const *stl_mngr)
+bool scale_save::save_value(std::wstring const &source, std::wstring const &field, void const *stl_mngr)
 {
-    return save<&vx_xml_save_style_save_val_scale>(scale_path::make_value(path, field), field, stl_mngr);
+    return save<&vx_xml_save_style_save_val_scale>(
+        scale_path::make_value(scale_path::of_source(source), field), field, stl_mngr);
 }
 
-bool scale_save::save_range(std::wstring const &path, std::wstring const &field, void const *stl_mngr)
+bool scale_save::save_range(std::wstring const &source, std::wstring const &field, void const *stl_mngr)
 {
-    return save<&vx_xml_save_style_save_rng_scale>(scale_path::make_range(path, field), field, stl_mngr);
+    return save<&vx_xml_save_style_save_rng_scale>(
+        scale_path::make_range(scale_path::of_source(source), field), field, stl_mngr);
 }
 } // namespace detail
 } // namespace vx::task

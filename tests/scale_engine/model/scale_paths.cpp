@@ -59,6 +59,33 @@ TEST(scale_path, names)
     };
     for (auto const &c : cases)
         EXPECT_EQ(c.value, scale_path::make_value(c.path, c.field));
+    // Which path a source hands over.
+    struct
+    {
+        wchar_t const *source;
+        wchar_t const *value;
+    } const sources[] = {
+        {L"/maps/a.b.shp|layer=a.b", L"/maps/a.b.X._vl"},
+        {L"/maps/roads.shp|geom_type=polyline&layer=roads", L"/maps/roads.X._vl"},
+        {L"/maps/roads.csv|X_POSSIBLE_NAMES=a.b", L"/maps/roads.X._vl"},
+        {L"/maps/q&a.shp", L"/maps/q&a.X._vl"},
+        {L"/maps/q&a.shp|", L"/maps/q&a.X._vl"},
+        {L"/maps/city.gpkg", L"/maps/city.X._vl"},
+        {L"/maps/city.gpkg|layer=roads", L"/maps/city.gpkg.roads.X._vl"},
+        {L"/maps/city.gpkg|layer=rivers", L"/maps/city.gpkg.rivers.X._vl"},
+        {L"/maps/city.db|layer=roads", L"/maps/city.db.roads.X._vl"},
+        {L"/maps/city.gpkg&layer=roads", L"/maps/city.gpkg.roads.X._vl"},
+        {L"/maps/folder|layer=roads", L"/maps/folder.roads.X._vl"},
+        {L"/maps/city.gpkg|layer=a.b", L"/maps/city.gpkg.a%2Eb.X._vl"},
+        {L"/maps/city.gpkg|layer=../../up", L"/maps/city.gpkg.%2E%2E%2F%2E%2E%2Fup.X._vl"},
+        {L"C:\\maps\\city.gpkg|layer=100%", L"C:\\maps\\city.gpkg.100%25.X._vl"},
+        {L"*/maps/city.gpkg|layer=roads", L""},
+        {L"PG:dbname=city|layer=public.roads", L""},
+        {L"https://example.org/city.gpkg|layer=roads", L""},
+        {L"/vsizip/city.zip/city.gpkg|layer=roads", L""},
+    };
+    for (auto const &c : sources)
+        EXPECT_EQ(c.value, scale_path::make_value(scale_path::of_source(c.source), L"X")) << c.source;
     EXPECT_EQ(L"C:\\maps\\roads.TYPE._rg", scale_path::make_range(L"C:\\maps\\roads.shp", L"TYPE"));
     EXPECT_EQ(L"C:\\maps\\roads.TYPE._rl", scale_path::make_rule(L"C:\\maps\\roads.shp", L"TYPE"));
 }
