@@ -189,4 +189,31 @@ TEST_F(map_scales, that_are_no_scales_are_told_and_change_nothing)
     EXPECT_EQ(messages.texts.size(), 1);
     EXPECT_EQ(layers().revision_at(0), revision);
 }
+
+// VX_WRITE_EXAMPLES renews the files.
+TEST_F(map_fixture, the_examples_bring_the_scales_that_the_program_makes)
+{
+    std::set<std::string> made;
+    for (std::string const name : {"nc", "world", "streets", "naturalearth_cities"}) {
+        temp_dir folder;
+        for (char const *suffix : {".shp", ".shx", ".dbf"})
+            std::filesystem::copy(VX_EXAMPLE_DATA "/" + name + suffix, folder.path());
+        vx_layer_restart_default_styles();
+        ASSERT_EQ(window->open_files({QString::fromStdString((folder / (name + ".shp")).string())}), 1);
+        ASSERT_TRUE(vx_example_scales_save(layers().layer_at(0))) << name;
+        for (auto const &entry : std::filesystem::directory_iterator(folder.path())) {
+            std::string const file = entry.path().filename().string();
+            if (!file.ends_with("._vl") && !file.ends_with("._rg") && !file.ends_with("._rl"))
+                continue;
+            std::filesystem::path const shipped = std::filesystem::path(VX_EXAMPLE_DATA) / file;
+            if (std::getenv("VX_WRITE_EXAMPLES"))
+                std::filesystem::copy_file(entry, shipped, std::filesystem::copy_options::overwrite_existing);
+            EXPECT_EQ(read_file(entry.path()), read_file(shipped)) << file;
+            made.insert(file);
+        }
+        ASSERT_EQ(open({(name + ".shp").c_str()}), 1);
+        EXPECT_FALSE(vx_layer_scales_find(layers().layer_at(0)).empty()) << name;
+    }
+    EXPECT_EQ(made.size(), 7u);
+}
 } // namespace
