@@ -7,6 +7,8 @@
 
 #include "platform/base/string_adp.h"
 #include "platform/basic/vx_datasource.h"
+#include "platform/data/vx_attr_data.h"
+#include "platform/data/vx_shape_files.h"
 #include "platform/layers/layer_keys.h"
 #include "platform/layers/vx_rtr_lr2d.h"
 #include "platform/layers/vx_shp_lr2d.h"
@@ -17,6 +19,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 namespace {
 /// At most so many files are named in one message.
@@ -39,13 +42,26 @@ public:
         vx_datasource_open(source.c_str(), true, &handle);
         f_source = vx::data_source(handle);
     }
+    data_set(data_set &&other) noexcept : f_source(std::exchange(other.f_source, vx::data_source())) {}
     data_set(data_set const &) = delete;
     data_set &operator=(data_set const &) = delete;
-    ~data_set() { f_source.detach(); }
+    ~data_set()
+    {
+        if (f_source)
+            f_source.detach();
+    }
 
     [[nodiscard]] vx::data_source const &operator*() const { return f_source; }
     [[nodiscard]] vx::data_source const *operator->() const { return &f_source; }
     [[nodiscard]] explicit operator bool() const { return bool(f_source); }
+    [[nodiscard]] std::optional<Tvx_map_unit> unit() const
+    {
+        text_receiver projection;
+        f_source.with_proj4(projection);
+        return vx_map_unit_from_proj4(projection.text);
+    }
+    /// The handle is the caller's from now on.
+    [[nodiscard]] t_vx_data_source_interface release() { return std::exchange(f_source, vx::data_source()); }
 
 private:
     vx::data_source f_source;
@@ -102,6 +118,30 @@ std::wstring part_source(std::wstring const &given, std::wstring const &file)
     return given.empty() ? file : given;
 }
 
+void add_vector(Tvx_layer_list::layer_ptr layer, QString const &path, std::wstring const &name,
+                bool one_of_many, Tvx_opened_file &result)
+{
+    set_name(layer.get(), path, name, one_of_many);
+    vx_layer_set_default_style(layer.get());
+    std::wstring projection;
+    vx_attr_data_get_proj4(vx_shp_lr2d_get_attr_data_ptr(layer.get()), Tvx_std_wstring_adapter(projection));
+    result.layers.push_back({std::move(layer), vx_map_unit_from_proj4(projection)});
+}
+
+/// An only table is the file: it needs no name, and goes on with the data set that is open already.
+void add_only_vector(data_set set, QString const &path, std::wstring const &file, Tvx_opened_file &result)
+{
+    text_receiver name;
+    set->vector_name(0, name);
+    t_vx_data_source_interface const opened = set.release();
+    std::wstring error;
+    Tvx_layer_list::layer_ptr layer(vx_shp_lr2d_take(file.c_str(), &opened, Tvx_std_wstring_adapter(error)));
+    if (layer)
+        add_vector(std::move(layer), path, name.text, false, result);
+    else
+        result.error = QString::fromStdWString(error);
+}
+
 void add_vectors(data_set const &set, QString const &path, std::wstring const &file, Tvx_opened_file &result)
 {
     int const count = set->vector_count();
@@ -112,13 +152,10 @@ void add_vectors(data_set const &set, QString const &path, std::wstring const &f
         std::wstring error;
         Tvx_layer_list::layer_ptr layer(
             vx_shp_lr2d_open(part_source(source.text, file).c_str(), Tvx_std_wstring_adapter(error)));
-        if (!layer) {
+        if (layer)
+            add_vector(std::move(layer), path, name.text, count > 1, result);
+        else
             result.error = QString::fromStdWString(error);
-            continue;
-        }
-        set_name(layer.get(), path, name.text, count > 1);
-        vx_layer_set_default_style(layer.get());
-        result.layers.push_back({std::move(layer), {}});
     }
 }
 
@@ -129,12 +166,20 @@ void add_grids(data_set const &set, QString const &path, std::wstring const &fil
         text_receiver source, name;
         set->grid_source(i, source);
         set->grid_name(i, name);
-        Tvx_layer_list::layer_ptr layer(vx_rtr_lr2d_create(part_source(source.text, file).c_str()));
+        std::wstring const part = part_source(source.text, file);
+        Tvx_layer_list::layer_ptr layer(vx_rtr_lr2d_create(part.c_str()));
         if (!layer)
             continue;
         set_name(layer.get(), path, name.text, count > 1);
-        result.layers.push_back({std::move(layer), {}});
+        std::optional<Tvx_map_unit> const unit = part == file ? set.unit() : data_set(part).unit();
+        result.layers.push_back({std::move(layer), unit});
     }
+}
+
+/// The shapes, while the user sees that something is being read, rather than at the first picture.
+void read_shapes(Ivx_layer *layer)
+{
+    vx_shape_files_close(vx_shape_files_open(vx_shp_lr2d_get_attr_data_ptr(layer)));
 }
 
 QString open_error(QString const &path)
@@ -161,15 +206,16 @@ Tvx_opened_file vx_layer_files_open(QString const &path)
         return result;
     std::wstring const file =
         vx_layer_files_is_server(path) ? path.toStdWString() : source_of(QFileInfo(path).absoluteFilePath());
-    data_set const set(file);
+    data_set set(file);
     if (!set) {
         result.error = open_error(path);
         return result;
     }
-    text_receiver projection;
-    set->with_proj4(projection);
     add_grids(set, path, file, result);
-    add_vectors(set, path, file, result);
+    if (set->vector_count() == 1)
+        add_only_vector(std::move(set), path, file, result);
+    else
+        add_vectors(set, path, file, result);
     if (result.layers.empty()) {
         if (result.error.isEmpty())
             result.error = vx_host_caption(c_cap_err_no_layers);
@@ -177,7 +223,7 @@ Tvx_opened_file vx_layer_files_open(QString const &path)
     }
     result.error.clear();
     for (auto &opened : result.layers)
-        opened.unit = vx_map_unit_from_proj4(projection.text);
+        read_shapes(opened.layer.get());
     std::stable_sort(result.layers.begin(), result.layers.end(), [](auto const &a, auto const &b) {
         return height_of(a.layer.get()) < height_of(b.layer.get());
     });

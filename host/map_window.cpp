@@ -10,6 +10,7 @@
 #include "host/layer_style.h"
 #include "host/map_canvas.h"
 #include "host/map_text.h"
+#include "host/opening_progress.h"
 
 #include "platform/basic/vx_options.h"
 #include "platform/styles/vx_stl_mngr.h"
@@ -260,9 +261,14 @@ int Tvx_map_window::open_files(QStringList const &paths)
     std::vector<Tvx_failed_file> failed;
     int opened = 0;
     QApplication::setOverrideCursor(Qt::WaitCursor);
+    auto progress = std::make_unique<Tvx_opening_progress>(this);
     for (QString const &path : paths) {
-        show_message(vx_host_caption(c_cap_status_loading).arg(QFileInfo(path).fileName()));
+        QString const text = vx_host_caption(c_cap_status_loading).arg(QFileInfo(path).fileName());
+        show_message(text);
+        progress->set_text(text);
         Tvx_opened_file file = vx_layer_files_open(path);
+        if (progress->is_cancelled())
+            break;
         if (file.layers.empty()) {
             failed.push_back({path, file.error});
             continue;
@@ -276,6 +282,7 @@ int Tvx_map_window::open_files(QStringList const &paths)
         f_last_directory = QFileInfo(path).absolutePath();
         remember_file(QFileInfo(path).absoluteFilePath());
     }
+    progress.reset();
     QApplication::restoreOverrideCursor();
     statusBar()->clearMessage();
     if (opened > 0 && first)

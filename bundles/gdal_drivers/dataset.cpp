@@ -1,6 +1,7 @@
 #include "dataset.h"
 
 #include "data_types.h"
+#include "long_work.h"
 
 #include "platform/base/text_codec.h"
 #include "platform/base/virtual_mark.h"
@@ -157,17 +158,23 @@ std::unique_ptr<dataset> dataset::open(std::wstring const &connection, bool read
         CPLStringList options = open_options(parsed, driver_name, read_only);
         if (read_only && is_idle_write_ahead_database(path, driver_name))
             options.SetNameValue("IMMUTABLE", "YES");
-        char const *const only[] = {driver_name, nullptr};
         unsigned const flags =
             GDAL_OF_VECTOR | GDAL_OF_RASTER | (read_only ? GDAL_OF_READONLY : GDAL_OF_UPDATE);
-        auto const open_with = [&](CPLStringList const &with) {
+        auto const open_with = [=](CPLStringList const &with) {
+            char const *const only[] = {driver_name, nullptr};
             return GDALDatasetUniquePtr(
                 GDALDataset::Open(path.c_str(), flags, driver_name ? only : nullptr, with.List()));
         };
-        GDALDatasetUniquePtr gdal = open_with(options);
-        if (read_only && gdal && EQUAL(driver_name ? driver_name : "", "CSV") && !has_places(*gdal))
-            if (GDALDatasetUniquePtr points = open_with(as_points(options)))
-                gdal = std::move(points);
+        auto const opened = std::make_shared<GDALDatasetUniquePtr>();
+        bool const is_over = attend_or_leave([=] {
+            *opened = open_with(options);
+            if (read_only && *opened && EQUAL(driver_name ? driver_name : "", "CSV") && !has_places(**opened))
+                if (GDALDatasetUniquePtr points = open_with(as_points(options)))
+                    *opened = std::move(points);
+        });
+        if (!is_over)
+            return nullptr;
+        GDALDatasetUniquePtr gdal = std::move(*opened);
         if (gdal)
             result.reset(new dataset(std::move(gdal), std::move(parsed), read_only));
         else

@@ -35,6 +35,12 @@ error_guard::~error_guard()
     f_target.swap(f_text);
 }
 
+void error_guard::add_to_innermost(std::wstring_view text)
+{
+    if (t_innermost)
+        t_innermost->add(text);
+}
+
 void error_guard::add(std::wstring_view text)
 {
     if (text.empty() || f_text.size() > c_longest_report || f_text.find(text) != std::wstring::npos)

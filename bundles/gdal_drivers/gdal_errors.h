@@ -18,6 +18,8 @@ public:
 
     /// Adds an error; one that is there already is not repeated.
     void add(std::wstring_view text);
+    /// Adds to the innermost guard of this thread, if there is one.
+    static void add_to_innermost(std::wstring_view text);
     /// What came up so far.
     [[nodiscard]] std::wstring const &text() const { return f_text; }
 

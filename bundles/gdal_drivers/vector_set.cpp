@@ -2,6 +2,7 @@
 
 #include "data_types.h"
 #include "field_dict.h"
+#include "long_work.h"
 
 #include "platform/base/text_codec.h"
 
@@ -139,7 +140,9 @@ bool vector_set::with_extent(Tvx_box_d2 *box, bool force)
     error_guard const guard(f_set->error());
     position_keeper const keeper(*this);
     OGREnvelope e;
-    if (f_layer->GetExtent(f_geom_field, &e, force) != OGRERR_NONE)
+    OGRErr result = OGRERR_FAILURE;
+    attend([&] { result = f_layer->GetExtent(f_geom_field, &e, force); });
+    if (result != OGRERR_NONE)
         return false;
     *box = {e.MinX, e.MinY, e.MaxX, e.MaxY};
     return !box->is_empty();
@@ -338,11 +341,13 @@ unsigned long long vector_set::feature_count(bool force)
     f_layer->ResetReading();
     // GDAL's own count of text tables is wrong once a box filter was taken off.
     if (f_only_type == geom_unknown && !f_set->is_driver("CSV"))
-        count = f_layer->GetFeatureCount(force);
+        attend([&] { count = f_layer->GetFeatureCount(force); });
     else if (force) {
         count = 0;
-        while (OGRFeatureUniquePtr const record{f_layer->GetNextFeature()})
-            count += is_wanted(*record);
+        attend([&] {
+            while (OGRFeatureUniquePtr const record{f_layer->GetNextFeature()})
+                count += is_wanted(*record);
+        });
     }
     if (count < 0)
         return ULLONG_MAX;

@@ -10,9 +10,11 @@
 #include "platform/basic/vx_bundle.h"
 #include "platform/basic/vx_datasource.h"
 
+#include <chrono>
 #include <gtest/gtest.h>
 #include <optional>
 #include <string>
+#include <thread>
 #include <utility>
 #include <variant>
 #include <vector>
@@ -43,7 +45,9 @@ struct memory_table
     int vector_count = 1;
     int grid_count = 0;
     long long missing_features = 0; ///< features that the count tells and the walk does not give
+    int delay_us = 0;               ///< what the walk takes for each feature
 
+    int opens = 0;  ///< sources opened so far
     int opened = 0; ///< sources opened and not yet ended
     int walks = 0;
     int held_features = 0;
@@ -56,6 +60,7 @@ public:
     explicit memory_source(memory_table &table)
         : f_table(table), f_source(*this), f_vector(*this), f_request(*this)
     {
+        ++f_table.opens;
         ++f_table.opened;
     }
     [[nodiscard]] t_vx_data_source_interface handle() { return f_source; }
@@ -183,6 +188,7 @@ private:
         {
             if (next >= owner.f_table.features.size())
                 return false;
+            std::this_thread::sleep_for(std::chrono::microseconds(owner.f_table.delay_us));
             visitor.visit(static_cast<vx::feature>(*new feature(owner.f_table, next++)));
             return true;
         }

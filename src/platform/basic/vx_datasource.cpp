@@ -20,6 +20,7 @@ std::vector<Tvx_datasource_driver const *> &drivers()
 }
 
 thread_local std::wstring last_error;
+closure<bool()> waiting_one;
 
 bool is_null(t_vx_data_source_interface const &handle)
 {
@@ -80,6 +81,16 @@ void vx_datasource_create(wchar_t const *source, int driver_type, t_vx_data_sour
 void vx_datasource_get_error(Ivx_string_adp *error)
 {
     vx_string_adp_feed(error, last_error.c_str());
+}
+
+void vx_datasource_set_waiting(closure<bool()> waiting)
+{
+    waiting_one = waiting;
+}
+
+closure<bool()> vx_datasource_get_waiting()
+{
+    return waiting_one;
 }
 
 void *vx_datasource_connect_create(wchar_t const *source)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/base/closure.h"
 #include "platform/base/export.h"
 #include "platform/base/string_adp.h"
 
@@ -16,6 +17,13 @@ VX_API void vx_datasource_open(wchar_t const *source, bool read_only, t_vx_data_
 VX_API void vx_datasource_create(wchar_t const *source, int driver_type, t_vx_data_source_interface *result);
 /// The reason of this thread's last failed open or create, one sentence; empty after a success.
 VX_API void vx_datasource_get_error(Ivx_string_adp *error);
+
+/// Who waits while a data set is opened or read for long: asked on the main thread, some 50 times a second,
+/// so that it can serve its user; false gives the work up. Drivers then do what cannot be interrupted on a
+/// thread of their own. While there is nobody, as at first, everything runs on the main thread and to its
+/// end. What is opened, and what is being read, must not be used from within the question.
+VX_API void vx_datasource_set_waiting(closure<bool()> waiting);
+[[nodiscard]] VX_API closure<bool()> vx_datasource_get_waiting();
 
 /// A connection kept for repeated opening: an owned copy of the source text. Ended by
 /// `vx_datasource_connect_destroy`.

@@ -79,6 +79,18 @@ Ivx_attr_data *vx_attr_data_create(wchar_t const *source)
     return new Ivx_attr_data(source ? source : L"");
 }
 
+Ivx_attr_data *vx_attr_data_create_open(wchar_t const *source, t_vx_data_source_interface const *opened,
+                                        Ivx_string_adp *error)
+{
+    if (!opened)
+        return nullptr;
+    auto data = std::make_unique<Ivx_attr_data>(source ? source : L"");
+    data->set = vx::attr::attr_set::take(*opened, data->source, data->error);
+    data->was_file = data->set && vx_path_exists(data->file_name());
+    vx_string_adp_feed(error, data->error.c_str());
+    return data->set ? data.release() : nullptr;
+}
+
 Ivx_attr_data *vx_attr_data_retain(Ivx_attr_data *data)
 {
     if (data)
@@ -145,6 +157,12 @@ int vx_attr_data_get_grid_count(Ivx_attr_data *data)
 {
     auto const set = data ? data->opened() : nullptr;
     return set ? set->grid_count() : 0;
+}
+
+void vx_attr_data_get_proj4(Ivx_attr_data *data, Ivx_string_adp *text)
+{
+    auto const set = data ? data->opened() : nullptr;
+    vx_string_adp_feed(text, set ? set->proj4().c_str() : L"");
 }
 
 bool vx_attr_data_get_extent(Ivx_attr_data *data, Tvx_box_d2 *box)

@@ -7,6 +7,7 @@
 #include <string_view>
 
 struct Ivx_entity;
+struct t_vx_data_source_interface;
 
 /// A vector data set behind a layer: a connection string and what has been read of it. Counted: clones of a
 /// layer hold one object together. Main thread only.
@@ -32,6 +33,11 @@ enum Tvx_attr_field_type : int
 /// A data object for a connection string, with a count of one. Nothing is opened yet, so the file need not
 /// exist. The source of a data object never changes.
 [[nodiscard]] VX_API Ivx_attr_data *vx_attr_data_create(wchar_t const *source);
+/// A data object for a data set that is open already, by that connection string and for reading; the handle
+/// is taken over, and ended where it cannot be used: then null, with one sentence in `error` (may be null).
+[[nodiscard]] VX_API Ivx_attr_data *vx_attr_data_create_open(wchar_t const *source,
+                                                             t_vx_data_source_interface const *opened,
+                                                             Ivx_string_adp *error);
 /// Counts once more and gives the object back; null gives null.
 VX_API Ivx_attr_data *vx_attr_data_retain(Ivx_attr_data *data);
 /// Counts once less; at none the object goes. Null is accepted.
@@ -57,6 +63,8 @@ VX_API void vx_attr_data_reload(Ivx_attr_data *data);
 /// "geom_type": 1 point, 3 polyline, 5 polygon, 8 multipoint, 11 to 18 the same with z, 100 unknown.
 [[nodiscard]] VX_API int vx_attr_data_get_geom_type(Ivx_attr_data *data);
 [[nodiscard]] VX_API int vx_attr_data_get_grid_count(Ivx_attr_data *data);
+/// The coordinate system in PROJ.4 form.
+VX_API void vx_attr_data_get_proj4(Ivx_attr_data *data, Ivx_string_adp *text);
 [[nodiscard]] VX_API bool vx_attr_data_get_extent(Ivx_attr_data *data, Tvx_box_d2 *box);
 
 /// Opens the table. `read_only` must be 1: writing has no form here yet. `flags` is 0. Null when the data

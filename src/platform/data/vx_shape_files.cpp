@@ -11,7 +11,8 @@ struct Ivx_shape_files
 Ivx_shape_files *vx_shape_files_open(Ivx_attr_data *data)
 {
     auto const set = data ? data->opened() : nullptr;
-    return set && set->has_vector() ? new Ivx_shape_files{set->shapes()} : nullptr;
+    auto shapes = set && set->has_vector() ? set->shapes() : nullptr;
+    return shapes ? new Ivx_shape_files{std::move(shapes)} : nullptr;
 }
 
 void vx_shape_files_close(Ivx_shape_files *shapes)

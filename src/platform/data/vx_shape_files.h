@@ -30,7 +30,8 @@ struct Tvx_shape_view
     Tvx_box_d2 box;
 };
 
-/// Null when the data object is null, cannot be opened or has no vector part.
+/// Null when the data object is null, cannot be opened or has no vector part, and when whoever waits for the
+/// data set gave the reading up.
 [[nodiscard]] VX_API Ivx_shape_files *vx_shape_files_open(Ivx_attr_data *data);
 /// Null is accepted.
 VX_API void vx_shape_files_close(Ivx_shape_files *shapes);

@@ -3,6 +3,7 @@
 #include "platform/layers/vx_lr2d.h"
 
 struct Ivx_attr_data;
+struct t_vx_data_source_interface;
 
 /// Vector layers: keys "shp_pnt_lr2d", "shp_pln_lr2d", "shp_pgn_lr2d" and their sub-layers with z. On other
 /// layers the getters give null.
@@ -14,6 +15,9 @@ extern "C" {
 /// Opens the source and makes a layer of the kind that its geometry calls for, with the file's base name as
 /// caption. Null, with one sentence in `error` (may be null), when it cannot be opened or has no vector part.
 [[nodiscard]] VX_API Ivx_layer *vx_shp_lr2d_open(wchar_t const *source, Ivx_string_adp *error);
+/// The same over a data set that is open already for reading; the handle is taken over, also when it fails.
+[[nodiscard]] VX_API Ivx_layer *
+vx_shp_lr2d_take(wchar_t const *source, t_vx_data_source_interface const *opened, Ivx_string_adp *error);
 [[nodiscard]] VX_API bool vx_lr2d_is_shp(Ivx_layer const *layer);
 
 [[nodiscard]] VX_API Ivx_attr_data *vx_shp_lr2d_get_attr_data_ptr(Ivx_layer *layer);

@@ -14,6 +14,7 @@
 #include "platform/data/vx_attr_data.h"
 
 #include <algorithm>
+#include <chrono>
 #include <limits>
 #include <type_traits>
 #include <utility>
@@ -212,6 +213,25 @@ private:
     std::size_t f_left;
 };
 
+/// Asks the one who waits for data sets, if there is one, now and then whether to go on.
+class patience
+{
+public:
+    [[nodiscard]] bool is_over()
+    {
+        if (!f_waiting || std::chrono::steady_clock::now() < f_next)
+            return false;
+        bool const goes_on = f_waiting();
+        f_next = std::chrono::steady_clock::now() + c_between_questions;
+        return !goes_on;
+    }
+
+private:
+    static constexpr std::chrono::milliseconds c_between_questions{20};
+    closure<bool()> f_waiting = vx_datasource_get_waiting();
+    std::chrono::steady_clock::time_point f_next = std::chrono::steady_clock::now() + c_between_questions;
+};
+
 class shape_reader final : public feature_reader
 {
 public:
@@ -257,6 +277,12 @@ std::shared_ptr<attr_set> attr_set::open(std::wstring const &source, std::wstrin
         vx_datasource_get_error(Tvx_std_wstring_adapter(error));
         return nullptr;
     }
+    return take(handle, source, error);
+}
+
+std::shared_ptr<attr_set> attr_set::take(t_vx_data_source_interface handle, std::wstring const &source,
+                                         std::wstring &error)
+{
     std::shared_ptr<attr_set> opened(new attr_set(handle));
     if (!opened->has_vector() && opened->grid_count() <= 0) {
         error = vx_res_format_w(c_capt_no_vector_data, source);
@@ -295,6 +321,13 @@ bool attr_set::extent(Tvx_box_d2 &box) const
     return f_source.with_extent(&box, true);
 }
 
+std::wstring attr_set::proj4() const
+{
+    text_receiver text;
+    f_source.with_proj4(text);
+    return text.f_text;
+}
+
 void attr_set::read_fields()
 {
     int const count = f_source.field_count();
@@ -306,21 +339,24 @@ void attr_set::read_fields()
     f_columns.resize(f_fields.size());
 }
 
-bool attr_set::walk(vx::feature_visitor visitor) const
+attr_set::walk_result attr_set::walk(vx::feature_visitor visitor) const
 {
     vx::feature_forward_request const request(
         vx_feature_forward_request_interface_specialize(vx_data_source_interface_generalize(f_source)));
     if (!request.reset_reading())
-        return false;
+        return c_walk_complained;
     complaint_listener complaints;
+    patience patience;
     for (std::size_t i = 0; i < f_record_count; ++i) {
+        if (patience.is_over())
+            return c_walk_given_up;
         bool const is_read = request.with_next_feature(visitor);
         // It holds the complaints of its last call only.
         f_source.with_error(complaints);
         if (!is_read)
             break;
     }
-    return !complaints.f_is_heard;
+    return complaints.f_is_heard ? c_walk_complained : c_walk_done;
 }
 
 template <class Cells, class Reader>
@@ -374,7 +410,10 @@ std::shared_ptr<shape_set const> attr_set::shapes()
 {
     if (!f_shapes) {
         shape_reader reader;
-        if (!walk(reader))
+        walk_result const result = walk(reader);
+        if (result == c_walk_given_up)
+            return nullptr;
+        if (result == c_walk_complained)
             reader.f_shapes->set_damaged();
         // A driver that gives fewer features than it counts leaves the rest without geometry.
         while (reader.f_shapes->size() < f_record_count)

@@ -25,6 +25,9 @@ class attr_set
 public:
     /// Opens the connection string read-only; null, with one sentence in `error`, when that fails.
     [[nodiscard]] static std::shared_ptr<attr_set> open(std::wstring const &source, std::wstring &error);
+    /// The same over a data set that `source` has opened already; it is ended when it cannot be used.
+    [[nodiscard]] static std::shared_ptr<attr_set> take(t_vx_data_source_interface opened,
+                                                        std::wstring const &source, std::wstring &error);
     attr_set(attr_set const &) = delete;
     attr_set &operator=(attr_set const &) = delete;
     ~attr_set();
@@ -33,20 +36,27 @@ public:
     [[nodiscard]] int geom_type() const { return f_vector.geom_type(); }
     [[nodiscard]] int grid_count() const { return f_source.grid_count(); }
     [[nodiscard]] bool extent(Tvx_box_d2 &box) const;
+    [[nodiscard]] std::wstring proj4() const;
     [[nodiscard]] std::vector<field> const &fields() const { return f_fields; }
     [[nodiscard]] std::size_t record_count() const { return f_record_count; }
 
     /// The column of a field, read from the source at the first call. `index` must be one of `fields`.
     [[nodiscard]] column const &cells(std::size_t index);
     /// The shapes, read from the source at the first call; held by whoever asks, so they outlive the set.
+    /// Null when whoever waits for data sets gave the reading up.
     [[nodiscard]] std::shared_ptr<shape_set const> shapes();
 
 private:
     explicit attr_set(t_vx_data_source_interface source);
     void read_fields();
-    /// Hands each feature to `visitor`, in record order, not more than there are records. False when the
-    /// source had something to complain about on the way.
-    bool walk(vx::feature_visitor visitor) const;
+    enum walk_result
+    {
+        c_walk_done,
+        c_walk_complained, ///< the source had something to complain about on the way
+        c_walk_given_up,   ///< by the one who waits
+    };
+    /// Hands each feature to `visitor`, in record order, not more than there are records.
+    walk_result walk(vx::feature_visitor visitor) const;
     /// All cells of a field: by the driver's columns if it offers them, else by a walk with a `Reader`.
     template <class Cells, class Reader>
     [[nodiscard]] Cells read_column(int field) const;

@@ -11,6 +11,8 @@
 
 #include <algorithm>
 
+using owned_data = vx::owned<Ivx_attr_data, &vx_attr_data_release>;
+
 namespace vx::layers {
 namespace {
 constexpr shp_geometry c_points = {c_lr_key_shp_pnt, c_pnt_style, c_txt_pnt_style};
@@ -68,6 +70,22 @@ void *typed_manager(Ivx_layer *layer, shp_geometry const &geometry)
     auto *const shp = as<shp_layer>(layer);
     return shp && &shp->geometry == &geometry ? vx_stl_mngr_list_get_active_mngr(shp->styles.get()) : nullptr;
 }
+
+/// Over an open data set; null, with a sentence, when no layer draws its geometry.
+Ivx_layer *make_layer(wchar_t const *source, owned_data data, Ivx_string_adp *error)
+{
+    auto const *const key = key_of_geometry(type_to_draw(data.get()));
+    if (!key) {
+        std::wstring file;
+        vx_attr_data_get_wfilename(data.get(), Tvx_std_wstring_adapter(file));
+        vx_string_adp_feed(error, vx_res_format_w(c_capt_no_vector_data, file).c_str());
+        return nullptr;
+    }
+    auto *const layer = vx_shp_lr2d_create(key, source);
+    as<shp_layer>(layer)->attr_data = std::move(data);
+    layer->caption = layer->display_name();
+    return layer;
+}
 } // namespace
 
 shp_geometry const *find_shp_geometry(std::string_view key)
@@ -123,24 +141,20 @@ Ivx_layer *vx_shp_lr2d_create(char const *key, wchar_t const *source)
 
 Ivx_layer *vx_shp_lr2d_open(wchar_t const *source, Ivx_string_adp *error)
 {
-    vx::owned<Ivx_attr_data, &vx_attr_data_release> data(vx_attr_data_create(source));
+    owned_data data(vx_attr_data_create(source));
     if (!vx_attr_data_open(data.get())) {
         vx_attr_data_get_werror(data.get(), error);
         return nullptr;
     }
-    auto const *const key = vx::layers::key_of_geometry(vx::layers::type_to_draw(data.get()));
-    if (!key) {
-        std::wstring file;
-        vx_attr_data_get_wfilename(data.get(), Tvx_std_wstring_adapter(file));
-        vx_string_adp_feed(error, vx_res_format_w(c_capt_no_vector_data, file).c_str());
-        return nullptr;
-    }
-    auto *const layer = vx_shp_lr2d_create(key, source);
-    as<shp_layer>(layer)->attr_data = std::move(data);
-    layer->caption = layer->display_name();
-    return layer;
+    return vx::layers::make_layer(source, std::move(data), error);
 }
 
+Ivx_layer *vx_shp_lr2d_take(wchar_t const *source, t_vx_data_source_interface const *opened,
+                            Ivx_string_adp *error)
+{
+    owned_data data(vx_attr_data_create_open(source, opened, error));
+    return data ? vx::layers::make_layer(source, std::move(data), error) : nullptr;
+}
 bool vx_lr2d_is_shp(Ivx_layer const *layer)
 {
     return as<shp_layer>(layer) != nullptr;
