@@ -8,7 +8,6 @@
 #include "platform/base/string_adp.h"
 #include "platform/basic/vx_res.h"
 #include "platform/layers/vx_lr2d.h"
-#include "platform/toolkit/core/key_codes.h"
 
 #include <utility>
 
