@@ -1,5 +1,6 @@
 #include "platform/toolkit/core/pixel_ratio.h"
 
+#include "platform/toolkit/bridge/qt_graphics.h"
 #include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/graphics/bitmap.h"
 #include "platform/toolkit/graphics/canvas.h"
