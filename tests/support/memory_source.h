@@ -146,8 +146,11 @@ private:
         int field_subtype(int field) override { return at(field).subtype; }
         int vector_count() override { return owner.f_table.vector_count; }
         int grid_count() override { return owner.f_table.grid_count; }
-        bool with_extent(Tvx_box_d2 *box, bool) override
+        bool with_extent(Tvx_box_d2 *box, bool force) override
         {
+            if (!force)
+                return false;
+            ++owner.f_table.walks;
             for (auto const &feature : owner.f_table.features)
                 for (auto const &part : feature.parts)
                     for (auto const &point : part)

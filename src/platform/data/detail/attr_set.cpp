@@ -318,6 +318,13 @@ bool attr_set::has_vector() const
 
 bool attr_set::extent(Tvx_box_d2 &box) const
 {
+    if (f_source.with_extent(&box, false) && !box.is_empty())
+        return true;
+    // What would be read once more for it has been read already.
+    if (f_shapes) {
+        box = f_shapes->box();
+        return true;
+    }
     return f_source.with_extent(&box, true);
 }
 
