@@ -46,6 +46,7 @@ constexpr std::array c_drivers{
     named_driver{driver_gml, "GML"},
     named_driver{driver_geotiff, "GTiff"},
     named_driver{driver_memory, "Memory"},
+    named_driver{driver_memory_grid, "MEM"},
 };
 
 int flat_geom_type_of(OGRwkbGeometryType type)

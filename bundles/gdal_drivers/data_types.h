@@ -77,6 +77,7 @@ enum driver_id : int
     driver_gml = 9,
     driver_geotiff = 10,
     driver_memory = 11,
+    driver_memory_grid = 12, ///< a grid in memory, which ends with its source
 };
 
 /// `geom_unknown` for a mixed or unknown type. Curves count as the lines that they are drawn by.

@@ -1,6 +1,7 @@
 #include "dataset.h"
 
 #include "data_types.h"
+#include "grid_types.h"
 #include "long_work.h"
 
 #include "platform/base/text_codec.h"
@@ -87,6 +88,12 @@ CPLStringList open_options(connection_text const &connection, char const *driver
     return options;
 }
 
+/// The driver of rasters in memory.
+bool is_driver_of_memory(char const *driver)
+{
+    return driver && EQUAL(driver, "MEM");
+}
+
 bool has_places(GDALDataset &tables)
 {
     for (OGRLayer *table : tables.GetLayers())
@@ -165,9 +172,14 @@ std::unique_ptr<dataset> dataset::open(std::wstring const &connection, bool read
             return GDALDatasetUniquePtr(
                 GDALDataset::Open(path.c_str(), flags, driver_name ? only : nullptr, with.List()));
         };
+        // A text could make that driver read any place of the process.
+        bool const is_memory = is_driver_of_memory(driver_name);
+        if (is_memory)
+            guard.add(L"It names a place in memory.");
         auto const opened = std::make_shared<GDALDatasetUniquePtr>();
         bool const is_over = attend_or_leave([=] {
-            *opened = open_with(options);
+            if (!is_memory)
+                *opened = open_with(options);
             if (read_only && *opened && EQUAL(driver_name ? driver_name : "", "CSV") && !has_places(**opened))
                 if (GDALDatasetUniquePtr points = open_with(as_points(options)))
                     *opened = std::move(points);
@@ -195,7 +207,8 @@ std::unique_ptr<dataset> dataset::create(std::wstring const &connection, int dri
     if (!driver_name)
         return nullptr;
     connection_text parsed(connection);
-    if (driver_type != driver_memory && !is_free(parsed.source)) {
+    bool const is_file = driver_type != driver_memory && driver_type != driver_memory_grid;
+    if (is_file && !is_free(parsed.source)) {
         error = quoted(parsed.source) + L" exists already, or is no place for a file.";
         return nullptr;
     }
@@ -203,7 +216,7 @@ std::unique_ptr<dataset> dataset::create(std::wstring const &connection, int dri
     std::unique_ptr<dataset> result;
     {
         error_guard guard(reason);
-        bool const is_grid = driver_type == driver_geotiff;
+        bool const is_grid = driver_type == driver_geotiff || driver_type == driver_memory_grid;
         auto *const driver = GetGDALDriverManager()->GetDriverByName(is_grid ? "Memory" : driver_name);
         if (driver) {
             std::string const path = text::wide_to_utf8(parsed.source);
@@ -220,19 +233,44 @@ std::unique_ptr<dataset> dataset::create(std::wstring const &connection, int dri
     return result;
 }
 
-bool dataset::make_grid(int width, int height, int bands, GDALDataType type)
+bool dataset::make_grid(std::wstring const &name, int width, int height, int bands, int type)
 {
     auto *const driver = f_grid_driver ? GetGDALDriverManager()->GetDriverByName(f_grid_driver) : nullptr;
-    if (!driver || !is_free(f_connection.source))
+    bool const is_file = !is_driver_of_memory(f_grid_driver);
+    if (!driver || (is_file && !is_free(f_connection.source)))
         return false;
-    std::string const path = text::wide_to_utf8(f_connection.source);
-    GDALDatasetUniquePtr gdal(
-        driver->Create(path.c_str(), width, height, bands, type, options_of(f_connection).List()));
+    CPLStringList options = options_of(f_connection);
+    for (auto const &[key, value] : connection_text(name).options)
+        options.SetNameValue(text::wide_to_utf8(key).c_str(), text::wide_to_utf8(value).c_str());
+    if (is_file && type == cells_int8)
+        options.SetNameValue("PIXELTYPE", "SIGNEDBYTE");
+    // A packed file may turn out larger than its cells.
+    if (is_file && !options.FetchNameValue("BIGTIFF"))
+        options.SetNameValue("BIGTIFF", "IF_SAFER");
+    std::string const path = is_file ? text::wide_to_utf8(f_connection.source) : std::string();
+    GDALDatasetUniquePtr gdal(driver->Create(path.c_str(), width, height, bands,
+                                             type == cells_int8 ? GDT_Byte : gdal_type_of(type),
+                                             options.List()));
     if (!gdal)
         return false;
+    for (int band = 1; !is_file && type == cells_int8 && band <= bands; ++band)
+        set_signed_bytes(*gdal->GetRasterBand(band));
     f_gdal = std::move(gdal);
     f_grid_driver = nullptr;
     return true;
+}
+
+GDALDatasetUniquePtr dataset::open_again() const
+{
+    char const *const only[] = {"GTiff", nullptr};
+    if (!f_read_only || !is_driver(only[0]) || kind_of(f_connection.source) != path_kind::file)
+        return {};
+    GDALDatasetUniquePtr again(GDALDataset::Open(f_gdal->GetDescription(), GDAL_OF_RASTER | GDAL_OF_READONLY,
+                                                 only, options_of(f_connection).List()));
+    bool const is_same = again && again->GetRasterXSize() == f_gdal->GetRasterXSize() &&
+                         again->GetRasterYSize() == f_gdal->GetRasterYSize() &&
+                         again->GetRasterCount() == f_gdal->GetRasterCount();
+    return is_same ? std::move(again) : GDALDatasetUniquePtr();
 }
 
 int dataset::driver_id() const

@@ -30,11 +30,18 @@ public:
     [[nodiscard]] connection_text const &connection() const { return f_connection; }
     [[nodiscard]] bool read_only() const { return f_read_only; }
     [[nodiscard]] std::wstring &error() { return f_error; }
+    /// Counts the changes of cells, so that what was worked out from them is known to be old.
+    [[nodiscard]] unsigned long long changes() const { return f_changes; }
+    void note_change() { ++f_changes; }
+    /// Another GDAL data set over the same file, for a thread of its own. Null unless the file is a regular
+    /// one that was opened for reading, of a format that may be read by several threads.
+    [[nodiscard]] GDALDatasetUniquePtr open_again() const;
 
     /// True between `create` of a set for a grid and `make_grid`.
     [[nodiscard]] bool awaits_grid() const { return f_grid_driver != nullptr; }
-    /// Makes the file of an awaited grid, all cells 0. Errors are GDAL's.
-    [[nodiscard]] bool make_grid(int width, int height, int bands, GDALDataType type);
+    /// Makes the file of an awaited grid, all cells 0; `type` is a `cell_type`. `name` brings options of the
+    /// driver's beside those of the connection. Errors are GDAL's.
+    [[nodiscard]] bool make_grid(std::wstring const &name, int width, int height, int bands, int type);
 
     [[nodiscard]] int driver_id() const;
     [[nodiscard]] bool is_driver(char const *name) const;
@@ -60,6 +67,7 @@ private:
     connection_text f_connection;
     bool f_read_only;
     char const *f_grid_driver = nullptr;
+    unsigned long long f_changes = 0;
     std::wstring f_error;
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cell_transfer.h"
 #include "dataset.h"
 #include "extension/binding/grid_block.h"
 #include "extension/binding/grid_palette.h"
@@ -11,9 +12,11 @@
 #include <vector>
 
 namespace vx::gdal {
-[[nodiscard]] nodata nodata_of(GDALRasterBand &band);
-
 /// The cells of one field, or of one of its overviews. It keeps the data set open. Ended by its `detach`.
+///
+/// What is written is stored at once where it fills whole pieces of the file; the rest is stored when the
+/// block ends, so that pieces are not packed again for each line of theirs. What fails then is the data set's
+/// error.
 class band_block final : public grid_block_impl
 {
 public:
@@ -33,10 +36,24 @@ public:
              unsigned long long *done) override;
     int write(unsigned long long offset, unsigned long long count, void const *buffer, int datatype,
               unsigned long long *done) override;
+    /// A run inside one row may be resampled; one that goes on in the next row has a buffer of its own size.
+    int read1d(unsigned long long offset, unsigned long long count, void *buffer,
+               unsigned long long buffer_count, int datatype, long long space,
+               unsigned long long *done) override;
+    int write1d(unsigned long long offset, unsigned long long count, void const *buffer,
+                unsigned long long buffer_count, int datatype, long long space,
+                unsigned long long *done) override;
     int read2d(unsigned long long const *offset, unsigned long long const *size, void *buffer,
                unsigned long long const *buffer_size, int datatype, long long const *space,
                unsigned long long *done) override;
     int write2d(unsigned long long const *offset, unsigned long long const *size, void const *buffer,
+                unsigned long long const *buffer_size, int datatype, long long const *space,
+                unsigned long long *done) override;
+    /// There is one level.
+    int read3d(unsigned long long const *offset, unsigned long long const *size, void *buffer,
+               unsigned long long const *buffer_size, int datatype, long long const *space,
+               unsigned long long *done) override;
+    int write3d(unsigned long long const *offset, unsigned long long const *size, void const *buffer,
                 unsigned long long const *buffer_size, int datatype, long long const *space,
                 unsigned long long *done) override;
     int read_block2d(unsigned long long column, unsigned long long row, void *buffer) override;
@@ -45,17 +62,31 @@ public:
 private:
     ~band_block() = default;
     [[nodiscard]] int transfer(GDALRWFlag way, unsigned long long offset, unsigned long long count,
-                               void *buffer, int datatype, unsigned long long *done);
+                               void *buffer, unsigned long long buffer_count, int datatype, long long space,
+                               unsigned long long *done);
     [[nodiscard]] int transfer2d(GDALRWFlag way, unsigned long long const *offset,
                                  unsigned long long const *size, void *buffer,
                                  unsigned long long const *buffer_size, int datatype, long long const *space,
                                  unsigned long long *done);
-    [[nodiscard]] bool is_block(unsigned long long column, unsigned long long row) const;
+    [[nodiscard]] int transfer3d(GDALRWFlag way, unsigned long long const *offset,
+                                 unsigned long long const *size, void *buffer,
+                                 unsigned long long const *buffer_size, int datatype, long long const *space,
+                                 unsigned long long *done);
+    /// Cells of a window that was checked.
+    [[nodiscard]] int transfer_window(GDALRWFlag way, cell_window const &window);
+    /// The part of a block that lies in the grid; false for a block that is none.
+    [[nodiscard]] bool block_window(unsigned long long column, unsigned long long row, void *buffer,
+                                    cell_window &window) const;
     [[nodiscard]] bool may_write(error_guard &guard) const;
+    /// Nothing that was known of the cells holds any longer.
+    void note_change();
+    /// Stores the blocks that the window fills.
+    [[nodiscard]] bool store_filled(cell_window const &window);
 
     std::shared_ptr<dataset> f_set;
     GDALRasterBand &f_band;
     int f_resampling = 0;
+    bool f_has_written = false;
 };
 
 /// The colours of a field. A copy: it outlives the source. Ended by its `detach`.

@@ -3,11 +3,14 @@
 #include "data_types.h"
 #include "grid_block.h"
 
+#include "platform/base/matrix.h"
 #include "platform/base/text_codec.h"
 
 #include <ogr_spatialref.h>
 
+#include <algorithm>
 #include <cmath>
+#include <set>
 #include <vector>
 
 namespace vx::gdal {
@@ -17,6 +20,45 @@ std::string band_name(GDALDataset &gdal, int field)
 {
     char const *const text = gdal.GetRasterBand(field + 1)->GetDescription();
     return text && *text ? text : std::to_string(field + 1);
+}
+
+constexpr double c_degree = 0.017453292519943295769;
+constexpr char const *c_point_or_area = "AREA_OR_POINT";
+
+/// Where the cells of a grid lie: the distance of their centres along rows and columns, and how far rows are
+/// turned against the x axis. A grid may be sheared besides; that is lost when one of the three is set.
+struct lattice
+{
+    explicit lattice(double const *m)
+    {
+        bool const is_turned = m[2] != 0 || m[4] != 0;
+        angle = is_turned ? std::atan2(m[4], m[1]) : 0;
+        x = is_turned ? std::hypot(m[1], m[4]) : m[1];
+        y = is_turned ? (m[1] * m[5] - m[2] * m[4]) / x : m[5];
+    }
+    /// Into GDAL's numbers; the centre of the first cell stays.
+    void put(double *m) const
+    {
+        double const centre_x = m[0] + (m[1] + m[2]) / 2;
+        double const centre_y = m[3] + (m[4] + m[5]) / 2;
+        bool const is_turned = angle != 0;
+        double const cosine = is_turned ? std::cos(angle) : 1;
+        double const sine = is_turned ? std::sin(angle) : 0;
+        m[1] = x * cosine;
+        m[4] = x * sine;
+        m[2] = -y * sine + 0.0;
+        m[5] = y * cosine;
+        m[0] = centre_x - (m[1] + m[2]) / 2;
+        m[3] = centre_y - (m[4] + m[5]) / 2;
+    }
+
+    double x, y;
+    double angle; ///< in radians
+};
+
+bool are_finite(double const *numbers, int count)
+{
+    return std::all_of(numbers, numbers + count, [](double number) { return std::isfinite(number); });
 }
 } // namespace
 
@@ -106,18 +148,18 @@ GDALRasterBand *grid_set::band(int field) const
     return field >= 0 && field < gdal.GetRasterCount() ? gdal.GetRasterBand(field + 1) : nullptr;
 }
 
-bool grid_set::create_grid(wchar_t const *, int, int *dimensions, int fields, int datatype)
+bool grid_set::create_grid(wchar_t const *name, int type, int *dimensions, int fields, int datatype)
 {
     error_guard guard(f_set->error());
-    GDALDataType const type = gdal_type_of(datatype);
     if (!f_set->awaits_grid())
         guard.add(L"The data set has its grid already.");
     else if (!dimensions || dimensions[0] <= 0 || dimensions[1] <= 0 || dimensions[2] > 1 || fields <= 0)
         guard.add(L"A grid needs columns, rows and a channel, and has one level.");
-    else if (type == GDT_Unknown)
+    else if (cell_size(datatype) == 0)
         guard.add(L"Cells of this type cannot be stored.");
     else
-        return f_set->make_grid(dimensions[0], dimensions[1], fields, type);
+        return f_set->make_grid(name ? name : L"", dimensions[0], dimensions[1], fields, datatype) &&
+               (type == grid_of_areas || set_grid_type(type));
     return false;
 }
 
@@ -133,7 +175,27 @@ bool grid_set::select_grid(wchar_t const *name)
     }
     f_set = std::move(other);
     f_stats.clear();
+    f_histograms.clear();
+    f_seen_changes = f_set->changes();
     return true;
+}
+
+int grid_set::grid_type()
+{
+    char const *const kind = f_set->gdal().GetMetadataItem(c_point_or_area);
+    return kind && EQUAL(kind, GDALMD_AOP_POINT) ? grid_of_points : grid_of_areas;
+}
+
+bool grid_set::set_grid_type(int type)
+{
+    error_guard guard(f_set->error());
+    if (f_set->read_only()) {
+        guard.add(L"The data set is open for reading only.");
+        return false;
+    }
+    return (type == grid_of_areas || type == grid_of_points) &&
+           f_set->gdal().SetMetadataItem(
+               c_point_or_area, type == grid_of_points ? GDALMD_AOP_POINT : GDALMD_AOP_AREA) == CE_None;
 }
 
 bool grid_set::with_dimensions(int *counts)
@@ -155,7 +217,7 @@ bool grid_set::with_geotransform(Tvx_matrix3x3 *matrix)
     return true;
 }
 
-bool grid_set::change_place(std::function<void(double *matrix)> const &change)
+bool grid_set::change_place(std::function<bool(double *matrix)> const &change)
 {
     error_guard guard(f_set->error());
     if (f_set->read_only()) {
@@ -163,21 +225,41 @@ bool grid_set::change_place(std::function<void(double *matrix)> const &change)
         return false;
     }
     double m[6] = {0, 1, 0, 0, 0, -1};
-    f_set->gdal().GetGeoTransform(m);
-    change(m);
+    if (f_set->gdal().GetGeoTransform(m) != CE_None) {
+        double const in_cells[6] = {0, 1, 0, 0, 0, -1};
+        std::copy(in_cells, in_cells + 6, m);
+    }
+    if (!change(m) || !are_finite(m, 6)) {
+        guard.add(L"A grid cannot lie so.");
+        return false;
+    }
     return f_set->gdal().SetGeoTransform(m) == CE_None;
 }
 
 bool grid_set::set_geotransform(Tvx_matrix3x3 *matrix)
 {
     return matrix && change_place([&](double *m) {
-               m[1] = matrix->m[0][0];
-               m[2] = matrix->m[0][1];
-               m[0] = matrix->m[0][2];
-               m[4] = matrix->m[1][0];
-               m[5] = matrix->m[1][1];
-               m[3] = matrix->m[1][2];
+               auto const &n = matrix->m;
+               m[1] = n[0][0];
+               m[2] = n[0][1];
+               m[0] = n[0][2];
+               m[4] = n[1][0];
+               m[5] = n[1][1];
+               m[3] = n[1][2];
+               return n[2][0] == 0 && n[2][1] == 0 && n[2][2] == 1;
            });
+}
+
+bool grid_set::set_geotransform_z(Tvx_matrix4x4 *matrix)
+{
+    if (!matrix)
+        return false;
+    auto const &m = matrix->m;
+    Tvx_matrix3x3 plane{
+        {{m[0][0], m[0][1], m[0][3]}, {m[1][0], m[1][1], m[1][3]}, {m[3][0], m[3][1], m[3][3]}}};
+    Tvx_matrix4x4 widened;
+    vx_matrix4x4_init_matrix3x3(&widened, &plane);
+    return std::equal(&m[0][0], &m[0][0] + 16, &widened.m[0][0]) && set_geotransform(&plane);
 }
 
 bool grid_set::with_origin(double *xyz)
@@ -197,6 +279,7 @@ bool grid_set::set_origin(double *xyz)
     return xyz && change_place([&](double *m) {
                m[0] = xyz[0] - (m[1] + m[2]) / 2;
                m[3] = xyz[1] - (m[4] + m[5]) / 2;
+               return true;
            });
 }
 
@@ -205,46 +288,51 @@ bool grid_set::with_spacing(double *xyz)
     double m[6];
     if (!xyz || f_set->gdal().GetGeoTransform(m) != CE_None)
         return false;
-    xyz[0] = m[1];
-    xyz[1] = m[5];
+    lattice const cells(m);
+    xyz[0] = cells.x;
+    xyz[1] = cells.y;
     xyz[2] = 1;
     return true;
 }
 
 bool grid_set::set_spacing(double *xyz)
 {
-    if (!xyz || xyz[0] == 0 || xyz[1] == 0)
-        return false;
-    double origin[3] = {};
-    bool const has_place = with_origin(origin);
-    return change_place([&](double *m) {
-        m[1] = xyz[0];
-        m[5] = xyz[1];
-        // The centre of the first cell stays.
-        if (has_place) {
-            m[0] = origin[0] - (m[1] + m[2]) / 2;
-            m[3] = origin[1] - (m[4] + m[5]) / 2;
-        }
-    });
+    return xyz && change_place([&](double *m) {
+               lattice cells(m);
+               cells.x = xyz[0];
+               cells.y = xyz[1];
+               cells.put(m);
+               return xyz[0] != 0 && xyz[1] != 0;
+           });
 }
 
 double grid_set::azimuth()
 {
-    constexpr double c_degrees = 57.295779513082320877;
     double m[6];
-    if (f_set->gdal().GetGeoTransform(m) != CE_None)
-        return 0;
-    return std::atan2(m[4], m[1]) * c_degrees;
+    return f_set->gdal().GetGeoTransform(m) == CE_None ? lattice(m).angle / c_degree : 0;
+}
+
+bool grid_set::set_azimuth(double angle)
+{
+    return change_place([&](double *m) {
+        lattice cells(m);
+        cells.angle = angle * c_degree;
+        cells.put(m);
+        return true;
+    });
 }
 
 bool grid_set::create_overviews(int resampling, int *levels, int level_count, int *fields, int count,
                                 vx::monitor progress)
 {
     error_guard guard(f_set->error());
-    if (f_set->read_only() || !levels || level_count <= 0) {
+    if (f_set->read_only())
         guard.add(L"The data set is open for reading only.");
+    if (!levels || level_count <= 0 ||
+        std::any_of(levels, levels + level_count, [](int level) { return level < 2; }))
+        guard.add(L"Overviews have levels, each above 1.");
+    if (!guard.text().empty())
         return false;
-    }
     std::vector<int> bands;
     for (int i = 0; fields && i < count; ++i) {
         if (!band(fields[i]))
@@ -261,6 +349,47 @@ bool grid_set::create_overviews(int resampling, int *levels, int level_count, in
                                         bands.empty() ? nullptr : bands.data(), report, &progress) == CE_None;
 }
 
+bool grid_set::delete_overviews(int *fields, int count)
+{
+    error_guard guard(f_set->error());
+    if (f_set->read_only()) {
+        guard.add(L"The data set is open for reading only.");
+        return false;
+    }
+    std::set<int> named;
+    for (int i = 0; fields && i < count; ++i)
+        if (band(fields[i]))
+            named.insert(fields[i]);
+        else
+            return false;
+    if (!named.empty() && static_cast<int>(named.size()) < field_count()) {
+        guard.add(L"The fields of a file have their overviews together.");
+        return false;
+    }
+    return f_set->gdal().BuildOverviews("NONE", 0, nullptr, 0, nullptr, nullptr, nullptr) == CE_None;
+}
+
+int grid_set::create_field(wchar_t const *name, int datatype)
+{
+    error_guard guard(f_set->error());
+    if (f_set->read_only())
+        guard.add(L"The data set is open for reading only.");
+    else if (f_set->awaits_grid())
+        guard.add(L"The grid is not made yet.");
+    else if (cell_size(datatype) == 0)
+        guard.add(L"Cells of this type cannot be stored.");
+    if (!guard.text().empty())
+        return -1;
+    if (f_set->gdal().AddBand(datatype == cells_int8 ? GDT_Byte : gdal_type_of(datatype)) != CE_None)
+        return -1;
+    int const field = field_count() - 1;
+    if (datatype == cells_int8)
+        set_signed_bytes(*band(field));
+    if (name && *name)
+        band(field)->SetDescription(text::wide_to_utf8(name).c_str());
+    return field;
+}
+
 bool grid_set::rename_field(int field, wchar_t const *name)
 {
     if (!band(field) || !name || f_set->read_only())
@@ -271,7 +400,7 @@ bool grid_set::rename_field(int field, wchar_t const *name)
 
 int grid_set::field_datatype(int field)
 {
-    return band(field) ? data_type_of(band(field)->GetRasterDataType()) : 0;
+    return band(field) ? cell_type_of(*band(field)) : cells_none;
 }
 
 int grid_set::field_color(int field)

@@ -5,6 +5,7 @@
 #include "extension/binding/grid_source.h"
 #include "extension/binding/polymorphic.h"
 #include "extension/binding/stat_source.h"
+#include "grid_pass.h"
 #include "grid_types.h"
 
 #include <functional>
@@ -15,8 +16,9 @@ namespace vx::gdal {
 /// A data set with a grid: its bands are the fields. Made by `open_source`, ended by its `detach`; blocks
 /// that are still outside keep the file open.
 ///
-/// Statistics that the data set brings along are answered at once; all others come from one pass over the
-/// cells, which leaves nothing on disk.
+/// Statistics that the data set brings along are answered at once, if they can be; all others come from one
+/// walk over the cells, which leaves nothing on disk and brings the histogram by the way where its span is
+/// known. What is not a number counts as no value.
 class grid_set final : public polymorphic<data_source_impl, grid_source_impl, stat_source_impl>
 {
 public:
@@ -41,20 +43,31 @@ public:
     void with_files(vx::string_visitor visitor) override { f_set->with_files(visitor); }
     void with_error(vx::string_visitor visitor) override;
 
-    // grid_source: origin and spacing are those of the cells' centres, rows count downwards
+    // grid_source: origin and spacing are those of the cells' centres, rows count downwards. The azimuth is
+    // the angle from the x axis to the rows, in degrees, counter-clockwise; spacings of a turned grid are
+    // measured along its rows and columns.
     bool create_grid(wchar_t const *name, int grid_type, int *dimensions, int field_count,
                      int datatype) override;
     bool select_grid(wchar_t const *name) override;
+    int grid_type() override;
+    bool set_grid_type(int type) override;
     bool with_dimensions(int *counts) override;
     bool with_geotransform(Tvx_matrix3x3 *matrix) override;
     bool set_geotransform(Tvx_matrix3x3 *matrix) override;
+    /// Only one that leaves heights as they are.
+    bool set_geotransform_z(Tvx_matrix4x4 *matrix) override;
     bool with_origin(double *xyz) override;
     bool set_origin(double *xyz) override;
     bool with_spacing(double *xyz) override;
     bool set_spacing(double *xyz) override;
     double azimuth() override;
+    /// Turns the grid about the centre of its first cell.
+    bool set_azimuth(double angle) override;
     bool create_overviews(int resampling, int *levels, int level_count, int *fields, int field_count,
                           vx::monitor progress) override;
+    /// Of all fields: files keep the overviews of all fields together.
+    bool delete_overviews(int *fields, int field_count) override;
+    int create_field(wchar_t const *name, int datatype) override;
     bool rename_field(int field, wchar_t const *name) override;
     int field_datatype(int field) override;
     int field_color(int field) override;
@@ -79,27 +92,34 @@ public:
     bool with_default_histogram(int field, bool force, vx::histogram_visitor visitor) override;
 
 private:
-    struct band_stat
+    struct histogram
     {
-        double minimum = 0;
-        double maximum = 0;
-        double mean = 0;
-        double sum = 0;
-        double squares = 0; ///< sum of the squared distances from the mean
-        long long count = 0;
+        histogram_span span;
+        std::vector<long long> counts;
     };
 
     ~grid_set() = default;
     [[nodiscard]] GDALRasterBand *band(int field) const;
-    /// All cells that have a value, in pieces of bounded size; `visit` gives false to stop. False when a
-    /// piece cannot be read.
-    bool scan(int field, std::function<bool(double const *cells, std::size_t count)> const &visit);
-    band_stat const *stat_of(int field);
-    /// What the data set itself says.
+    /// Drops what was worked out before cells were written.
+    void forget_old();
+    /// What the data set itself says, if it can be.
     [[nodiscard]] std::optional<band_stat> stored_stat(int field) const;
-    bool change_place(std::function<void(double *matrix)> const &change);
+    /// What was worked out already, else what the data set says.
+    [[nodiscard]] std::optional<band_stat> quick_stat(int field);
+    [[nodiscard]] std::optional<histogram_span> span_of_type(int field) const;
+    /// The span of the field's own histogram, as far as it is known without a walk.
+    [[nodiscard]] std::optional<histogram_span> known_span(int field);
+    /// One walk, which fills what is kept.
+    bool pass(int field, std::optional<histogram_span> const &span);
+    band_stat const *stat_of(int field);
+    std::vector<long long> const *histogram_of(int field, histogram_span const &span);
+    bool give(int field, double *value, double band_stat::*member);
+    /// `change` works on GDAL's six numbers, which may be those of a grid without a place.
+    bool change_place(std::function<bool(double *matrix)> const &change);
 
     std::shared_ptr<dataset> f_set;
     std::map<int, band_stat> f_stats;
+    std::map<int, histogram> f_histograms; ///< the last one of a field
+    unsigned long long f_seen_changes = 0;
 };
 } // namespace vx::gdal

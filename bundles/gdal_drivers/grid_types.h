@@ -1,6 +1,10 @@
 #pragma once
 
+#include "platform/base/no_data.h"
+
 #include <gdal.h>
+
+class GDALRasterBand;
 
 /// Numbers of the component interface for grids, and what they are in GDAL.
 namespace vx::gdal {
@@ -12,6 +16,22 @@ enum transfer_status : int
     transfer_failed = 2,
 };
 
+/// The type of cells that crosses.
+enum cell_type : int
+{
+    cells_none = 0,
+    cells_uint8 = 1,
+    cells_int8 = 2,
+    cells_int16 = 3,
+    cells_uint16 = 4,
+    cells_int32 = 5,
+    cells_uint32 = 6,
+    cells_int64 = 7,
+    cells_uint64 = 8,
+    cells_float32 = 9,
+    cells_float64 = 10,
+};
+
 /// Kind of the cells of a field.
 enum cell_kind : int
 {
@@ -19,8 +39,21 @@ enum cell_kind : int
     cells_coded = 1,    ///< numbers of classes: the field has a palette or names for its values
 };
 
-/// The type that crosses, 1 to 10; complex cells count as their real part. 0 for no type.
-[[nodiscard]] int data_type_of(GDALDataType type);
+/// What a cell of a grid stands for.
+enum grid_kind : int
+{
+    grid_of_areas = 0,
+    grid_of_points = 1, ///< the value is that of the cell's centre
+};
+
+/// Signed bytes are a property of a band of bytes.
+[[nodiscard]] bool has_signed_bytes(GDALRasterBand &band);
+/// Takes a new band of bytes for a band of signed ones.
+void set_signed_bytes(GDALRasterBand &band);
+/// The type of a band's cells, complex ones by their real part; `cells_none` for no type.
+[[nodiscard]] int cell_type_of(GDALRasterBand &band);
+/// Bytes of one cell; 0 for a number that is no type.
+[[nodiscard]] int cell_size(int type);
 /// `GDT_Unknown` for a number that GDAL has no type for: int8, and all that is no type.
 [[nodiscard]] GDALDataType gdal_type_of(int type);
 /// A resampling by its number, which is GDAL's; nearest for what is none.
@@ -28,14 +61,17 @@ enum cell_kind : int
 /// Its name in the building of overviews.
 [[nodiscard]] char const *resampling_name(int number);
 
-/// The value of a field that means no value.
+/// The number of a band that means no value.
 struct nodata
 {
     double value = 0;
     bool has = false;
 
-    /// A number close to it is it: the value may have been stored in a shorter type. With one that is not
-    /// finite, all that is not finite has no value.
-    [[nodiscard]] bool counts(double cell) const;
+    [[nodiscard]] no_data_test test() const { return has ? no_data_test(value) : no_data_test(); }
+    /// As it stands in a buffer of that type after a transfer; of the band's own for `cells_none`.
+    [[nodiscard]] double in_type(int type) const;
 };
+[[nodiscard]] nodata nodata_of(GDALRasterBand &band);
+/// False when the band's type does not hold the value.
+[[nodiscard]] bool set_nodata_of(GDALRasterBand &band, double value);
 } // namespace vx::gdal
