@@ -377,6 +377,7 @@ struct point_painter::impl
             for (int x = 0; x < image.width(); ++x)
                 made->coverage.push_back(static_cast<std::uint8_t>(qAlpha(row[x])));
         }
+        made->find_spans();
         return made;
     }
 

@@ -20,6 +20,9 @@ struct point_mask
     Tvx_pnt_d2 shift;                   ///< where in its pixel the anchor lies, 0 or 0.5
     std::vector<std::uint8_t> coverage; ///< by rows
 
+    /// To be called once the coverage is complete.
+    void find_spans();
+
     /// Lays the colour through the mask, with the anchor as near to `at` as the grid of pixels allows.
     void blend(surface const &target, Tvx_pnt_d2 at, Tvx_color color) const
     {
@@ -29,6 +32,17 @@ struct point_mask
     }
 
 private:
+    /// Of a row: what is covered at all, and within it pixels that are covered wholly, which an opaque colour
+    /// need not be mixed into.
+    struct span
+    {
+        int begin = 0;
+        int full_begin = 0;
+        int full_end = 0;
+        int end = 0;
+    };
+    std::vector<span> f_spans;
+
     void blend_pixels(surface const &target, int x, int y, Tvx_color color) const;
 };
 
