@@ -49,11 +49,8 @@ void vx_shape_files_visit(Ivx_shape_files const *shapes, Tvx_box_d2 const *box, 
     if (!shapes || !box || !visit)
         return;
     auto const &all = *shapes->shapes;
-    for (std::size_t i = 0; i < all.size(); ++i) {
-        if (!all.meets(i, *box))
-            continue;
+    all.visit(*box, [&](std::size_t i) {
         auto const view = all.view(i);
-        if (!visit(static_cast<unsigned>(i), &view, user))
-            return;
-    }
+        return visit(static_cast<unsigned>(i), &view, user);
+    });
 }

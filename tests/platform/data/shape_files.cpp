@@ -4,8 +4,10 @@
 #include "platform/data/vx_attr_data.h"
 #include "platform/data/vx_shape_files.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
+#include <random>
 
 namespace {
 using attr_data = vx::owned<Ivx_attr_data, &vx_attr_data_release>;
@@ -90,6 +92,75 @@ TEST_F(shapes, hold_the_geometry_of_each_record)
     EXPECT_FALSE(vx_shape_files_get(f_shapes.get(), std::size(cases), &view));
     EXPECT_FALSE(vx_shape_files_get(f_shapes.get(), 0, nullptr));
     EXPECT_EQ(0, f_table.held_features);
+}
+
+TEST_F(shapes, windows_of_any_size_give_what_meets_them)
+{
+    // Against a look at all boxes: points, lines of all lengths, records without geometry, data sets without
+    // extent.
+    enum
+    {
+        points_only,
+        points_and_none,
+        mixed,
+        on_a_line,
+        on_one_place,
+        kinds
+    };
+    constexpr int c_shapes = 5000;
+    std::mt19937 random(5);
+    auto const in = [&](double low, double high) {
+        return std::uniform_real_distribution(low, high)(random);
+    };
+    for (int kind = 0; kind < kinds; ++kind) {
+        SCOPED_TRACE(kind);
+        f_table.features.clear();
+        for (int i = 0; i < c_shapes; ++i) {
+            Tvx_pnt_d2 const at = kind == on_one_place ? Tvx_pnt_d2{7, 7}
+                                  : kind == on_a_line  ? Tvx_pnt_d2{in(-500, 500), 7}
+                                                       : Tvx_pnt_d2{in(-500, 500), std::exp(in(-5, 5))};
+            bool const none = kind != points_only && i % 7 == 0;
+            bool const line = kind == mixed && i % 3 == 0;
+            double const length = line ? std::exp(in(-3, 6)) : 0;
+            if (none)
+                f_table.features.push_back({{}, 0, {}});
+            else if (line)
+                f_table.features.push_back({{}, 3, {{at, {at.x + length, at.y + length / 3}}}});
+            else
+                f_table.features.push_back({{}, 1, {{at}}});
+        }
+        vx_attr_data_reload(f_data.get());
+        open();
+        for (int n = 0; n < 200; ++n) {
+            Tvx_box_d2 box;
+            double const x = in(-600, 600);
+            double const y = in(-20, 150);
+            box.add(x, y);
+            box.add(x + std::exp(in(-8, 7)), y + std::exp(in(-8, 5)));
+            if (n % 10 == 0) { // with its corner on a point
+                Tvx_shape_view view;
+                vx_shape_files_get(f_shapes.get(), static_cast<unsigned>(n * 11 + 1), &view);
+                if (view.part_count)
+                    box = {view.box.min_x - 1, view.box.min_y - 1, view.box.min_x, view.box.min_y};
+            }
+            std::vector<unsigned> expected;
+            for (unsigned i = 0; i < c_shapes; ++i) {
+                Tvx_shape_view view;
+                ASSERT_TRUE(vx_shape_files_get(f_shapes.get(), i, &view));
+                if (view.box.intersects(box))
+                    expected.push_back(i);
+            }
+            std::vector<unsigned> seen;
+            vx_shape_files_visit(
+                f_shapes.get(), &box,
+                [](unsigned index, Tvx_shape_view const *, void *user) {
+                    static_cast<std::vector<unsigned> *>(user)->push_back(index);
+                    return true;
+                },
+                &seen);
+            ASSERT_EQ(expected, seen) << n;
+        }
+    }
 }
 
 TEST_F(shapes, are_visited_by_box_in_order)

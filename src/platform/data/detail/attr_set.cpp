@@ -235,7 +235,9 @@ private:
 class shape_reader final : public feature_reader
 {
 public:
-    std::shared_ptr<shape_set> f_shapes = std::make_shared<shape_set>();
+    explicit shape_reader(std::size_t records) : f_shapes(std::make_shared<shape_set>(records)) {}
+
+    std::shared_ptr<shape_set> f_shapes;
 
 private:
     void read(vx::feature const &item) override
@@ -416,7 +418,7 @@ column const &attr_set::cells(std::size_t index)
 std::shared_ptr<shape_set const> attr_set::shapes()
 {
     if (!f_shapes) {
-        shape_reader reader;
+        shape_reader reader(f_record_count);
         walk_result const result = walk(reader);
         if (result == c_walk_given_up)
             return nullptr;
