@@ -1,6 +1,7 @@
 #include "platform/storage/detail/avl_legend.h"
 
 #include "platform/base/owned.h"
+#include "platform/base/shown_number.h"
 #include "platform/base/text_codec.h"
 #include "platform/basic/vx_fnt_type.h"
 #include "platform/storage/detail/odb_file.h"
@@ -8,8 +9,6 @@
 #include "platform/styles/vxk_styles.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cmath>
 #include <limits>
 #include <string>
@@ -28,7 +27,6 @@ constexpr int c_deepest = 8;                 ///< compound symbols inside compou
 constexpr unsigned c_most_parts = 100'000;   ///< of all compound symbols together
 constexpr unsigned c_largest_stipple = 256;  ///< cells in a row or column
 constexpr unsigned c_no_bytes_page = 1252;   ///< of texts that are no UTF-8
-constexpr int c_number_digits = 15;          ///< as the texts of cells have them
 
 enum class legend_type
 {
@@ -47,10 +45,8 @@ std::wstring decoded(std::string const &text)
 
 std::string number_text(double value)
 {
-    std::array<char, 40> buffer{};
-    auto const end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value == 0 ? 0.0 : value,
-                                   std::chars_format::general, c_number_digits);
-    return {buffer.data(), end.ptr};
+    vx::text::number_buffer buffer;
+    return std::string(vx::text::shown_number(value == 0 ? 0.0 : value, buffer));
 }
 
 bool is_same_text(std::string_view a, std::string_view b)
