@@ -38,3 +38,8 @@ void vx_round_digits_format_number(int digits, double value, Ivx_string_adp *adp
 {
     vx_string_adp_feed(adp, vx::styles::format_number(digits, value).c_str());
 }
+
+double vx_round_digits_round(int digits, double value)
+{
+    return vx::styles::round_to(digits, value);
+}

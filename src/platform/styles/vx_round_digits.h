@@ -8,3 +8,7 @@
 /// -30 round nothing and give the shortest text that reads back as the number; other digits outside -10 to 10
 /// count as -2. A negative zero has no sign.
 VX_API void vx_round_digits_format_number(int digits, double value, Ivx_string_adp *adp);
+
+/// The value rounded to a multiple of 10^digits, halves away from zero, as the text above shows it: what two
+/// decimals leave of 0.346 is the number that "0.35" reads as. The value itself where that is out of range.
+[[nodiscard]] VX_API double vx_round_digits_round(int digits, double value);
