@@ -83,4 +83,7 @@ auto to_numeric_safe(Function function, Char const *text, bool *ok)
 /// plus or minus infinity, or 0 when it is too small.
 VX_API double to_double(char const *text, char **end);
 VX_API double to_double(wchar_t const *text, wchar_t **end);
+
+/// What the wide `printf` makes of the format and the arguments; empty when it makes nothing.
+[[nodiscard]] VX_API std::wstring format(wchar_t const *format, ...);
 } // namespace vx::strutil
