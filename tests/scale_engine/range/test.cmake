@@ -1,0 +1,1 @@
+add_dependencies(${test_target} vxk_gdal_drivers)

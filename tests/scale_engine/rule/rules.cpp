@@ -1,0 +1,152 @@
+#include "scale_engine/range/range_scale_classify_equal_ranges.h"
+#include "scale_engine/real_files.h"
+#include "scale_engine/rule/rule_scale_append_rule.h"
+#include "scale_engine/rule/rule_scale_build_ranges.h"
+#include "scale_engine/rule/rule_scale_build_values.h"
+#include "scale_engine/scale_fixture.h"
+#include "scale_engine/value/value_scale_default.h"
+
+#include "platform/data/vx_attr_data.h"
+#include "platform/render/vx_scale_rows.h"
+
+#include <gtest/gtest.h>
+#include <numeric>
+
+namespace {
+using namespace scale_fixture;
+using namespace vx::task;
+using vx::data::connection;
+using owned_filter = vx::owned<void, &vx_calc_filter_destroy>;
+using owned_data = vx::owned<Ivx_attr_data, &vx_attr_data_release>;
+
+std::vector<std::wstring> filter_texts(std::vector<std::wstring> const &texts)
+{
+    std::vector<std::wstring> out;
+    owned_filter const filter(vx_calc_filter_create());
+    for (auto const &text : texts) {
+        EXPECT_TRUE(vx_calc_filter_from_str(filter.get(), text.c_str()));
+        out.push_back(scale_text(&vx_calc_filter_pretty_print, filter.get()));
+    }
+    return out;
+}
+
+TEST(rules, from_values)
+{
+    scales s;
+    EXPECT_FALSE(rule_scale_build_values::build(s.mngr.get())) << "no field";
+    EXPECT_FALSE(rule_scale_build_values::build(nullptr));
+    vx_stl_mngr_set_val_prop_name_w(s.mngr.get(), L"my field");
+    fill_values(s.val, {{L"a \"b\"", L"first"}, {L"12", L"second"}});
+    vx_val_scale_set_other_caption_w(s.val, L"rest");
+    vx_scale_prm_set_visible(vx_val_scale_get_scale_prm_ptr(s.val, 1), false);
+    number_by_color(value_prms(s.val));
+    fill_values(s.rule, {{L"old", L"old"}, {L"old", L"old"}, {L"old", L"old"}});
+    ASSERT_TRUE(rule_scale_build_values::build(s.mngr.get()));
+    EXPECT_EQ((text_list{L"\"my field\" EQUAL \"a \"\"b\"\"\"", L"\"my field\" EQUAL \"12\""}),
+              texts_of(s.rule));
+    EXPECT_EQ((text_list{L"first", L"second"}), value_captions_of(s.rule));
+    EXPECT_EQ(L"rest", scale_text(&vx_val_scale_get_other_caption_w, s.rule));
+    EXPECT_EQ((std::vector{0, 1, 2}), numbers_by_color(value_prms(s.rule)));
+    EXPECT_FALSE(vx_scale_prm_get_visible(vx_val_scale_get_scale_prm_ptr(s.rule, 1)));
+    vx_val_scale_set_size(s.val, 0);
+    ASSERT_TRUE(rule_scale_build_values::build(s.mngr.get()));
+    EXPECT_EQ(0U, vx_val_scale_get_size(s.rule));
+}
+
+TEST(rules, from_ranges)
+{
+    scales s;
+    EXPECT_FALSE(rule_scale_build_ranges::build(s.mngr.get())) << "no field";
+    vx_stl_mngr_set_rng_prop_name_w(s.mngr.get(), L"X");
+    vx_rng_scale_set_other_caption_w(s.rng, L"rest");
+    range_scale_classify_equal_ranges(2, 0, 1, -1).execute(s.rng);
+    number_by_color(range_prms(s.rng));
+    ASSERT_TRUE(rule_scale_build_ranges::build(s.mngr.get()));
+    EXPECT_EQ((text_list{L"X <= 0.0", L"X > 0.0 & X <= 0.5", L"X > 0.5 & X <= 1.0", L"X > 1.0"}),
+              filter_texts(texts_of(s.rule)));
+    EXPECT_EQ(captions_of(s.rng), value_captions_of(s.rule));
+    EXPECT_EQ(L"rest", scale_text(&vx_val_scale_get_other_caption_w, s.rule));
+    EXPECT_EQ((std::vector{0, 1, 2, 3, 4}), numbers_by_color(value_prms(s.rule)));
+    // Bounds are written as the digits show them.
+    vx_rng_scale_set_size(s.rng, 0);
+    vx_rng_scale_set_max_value(s.rng, 1.5);
+    vx_rng_scale_set_round_digits(s.rng, 0);
+    ASSERT_TRUE(rule_scale_build_ranges::build(s.mngr.get()));
+    EXPECT_EQ((text_list{L"X <= 0", L"X > 2"}), filter_texts(texts_of(s.rule)));
+}
+
+TEST(rules, are_appended_and_edited)
+{
+    scales s;
+    owned_filter const filter(vx_calc_filter_create());
+    vx_calc_filter_add(filter.get(), 1, L"A", c_calc_filter_rel_less, L"5", c_calc_filter_logic_empty, 1);
+    EXPECT_EQ(0, rule_scale_append_rule::execute(filter.get(), s.rule));
+    EXPECT_EQ(1, rule_scale_append_rule::execute(filter.get(), s.rule));
+    EXPECT_EQ((text_list{L"A < 5", L"A < 5"}), value_captions_of(s.rule));
+    vx_val_scale_set_caption_w(s.rule, 1, L"last");
+    vx_val_scale_set_active_idx(s.rule, 0);
+    EXPECT_EQ(1, rule_scale_append_rule::execute(filter.get(), s.rule));
+    EXPECT_EQ((text_list{L"A < 5", L"A < 5", L"last"}), value_captions_of(s.rule));
+    vx_val_scale_set_active_idx(s.rule, 2);
+    EXPECT_EQ(3, rule_scale_append_rule::execute(filter.get(), s.rule));
+
+    vx_calc_filter_clear(filter.get());
+    vx_val_scale_set_text_w(s.rule, 0, L"");
+    rule_scale_edit_rule::init(filter.get(), s.rule, 0);
+    EXPECT_EQ(0U, vx_calc_filter_get_size(filter.get()));
+    rule_scale_edit_rule::init(filter.get(), s.rule, 1);
+    EXPECT_EQ(1U, vx_calc_filter_get_size(filter.get()));
+    vx_val_scale_set_text_w(s.rule, 2, L"");
+    rule_scale_edit_rule::execute(filter.get(), s.rule, 2);
+    EXPECT_EQ(texts_of(s.rule)[1], texts_of(s.rule)[2]);
+    EXPECT_EQ(L"last", value_captions_of(s.rule)[2]);
+}
+
+/// Objects in each row of the scale in force, the other entry last.
+std::vector<unsigned> counts_of(void *mngr, Ivx_attr_data *data, unsigned mode)
+{
+    vx_stl_mngr_set_mode(mngr, mode);
+    std::vector<unsigned> counts(vx_scale_rows_get_count(mngr));
+    EXPECT_TRUE(vx_scale_rows_count_objects(mngr, data, counts.data(), static_cast<unsigned>(counts.size())));
+    return counts;
+}
+
+TEST(rules, select_what_the_scale_draws)
+{
+    vx_test::temp_dir const dir;
+    auto const world = real_files::shapefile(dir, "world");
+    auto const county = real_files::shapefile(dir, "nc");
+    for (auto const &file : {world, county, real_files::geopackage(dir, world)}) {
+        owned_data const data(vx_attr_data_create(file.c_str()));
+        vx::data::generic_datasource source;
+        ASSERT_TRUE(source.open(file, vx::data::access_read));
+        for (vx::data::field_index_type i = 0; i < source.field_count(); ++i) {
+            scales s;
+            auto const field = source.field_name(i);
+            value_scale_default const values(connection(file), field, c_palette_rainbow);
+            values.init_scale(s.mngr.get());
+            values.make_default_scale(s.mngr.get(), 150); // not all where there are more
+            ASSERT_TRUE(rule_scale_build_values::build(s.mngr.get()));
+            auto const drawn = counts_of(s.mngr.get(), data.get(), c_stl_mngr_mode_value);
+            EXPECT_GT(std::accumulate(drawn.begin(), drawn.end() - 1, 0U), 0U);
+            EXPECT_EQ(drawn, counts_of(s.mngr.get(), data.get(), c_stl_mngr_mode_rule))
+                << std::string(file.begin(), file.end()) << ' ' << std::string(field.begin(), field.end());
+
+            if (!vx::data::fieldtype_isnumber(source.field_type(i)))
+                continue;
+            vx_stl_mngr_set_rng_prop_name_w(s.mngr.get(), field.c_str());
+            double const low = source.field_minimum(i);
+            double const high = source.field_maximum(i);
+            for (int const digits : {-30, -2, 1}) {
+                // Bounds inside the span, so that the end entries draw something too.
+                double const margin = (high - low) / 8;
+                range_scale_classify_equal_ranges(6, low + margin, high - margin, digits).execute(s.rng);
+                ASSERT_TRUE(rule_scale_build_ranges::build(s.mngr.get()));
+                EXPECT_EQ(counts_of(s.mngr.get(), data.get(), c_stl_mngr_mode_range),
+                          counts_of(s.mngr.get(), data.get(), c_stl_mngr_mode_rule))
+                    << std::string(field.begin(), field.end()) << ' ' << digits;
+            }
+        }
+    }
+}
+} // namespace
