@@ -110,6 +110,14 @@ void Tvx_map_canvas::go_forward()
     emit history_changed();
 }
 
+void Tvx_map_canvas::forget_steps()
+{
+    f_back.clear();
+    f_forward.clear();
+    f_since_step.invalidate();
+    emit history_changed();
+}
+
 void Tvx_map_canvas::move_by_user(Tvx_canvas_view const &view)
 {
     if (view == f_view)

@@ -43,6 +43,8 @@ public:
     [[nodiscard]] bool can_go_forward() const { return !f_forward.empty(); }
     void go_back();
     void go_forward();
+    /// No way leads back from here: what was seen before is not worth it.
+    void forget_steps();
 
     [[nodiscard]] tool current_tool() const { return f_tool; }
     void set_tool(tool tool);

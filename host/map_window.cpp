@@ -285,8 +285,10 @@ int Tvx_map_window::open_files(QStringList const &paths)
     progress.reset();
     QApplication::restoreOverrideCursor();
     statusBar()->clearMessage();
-    if (opened > 0 && first)
+    if (opened > 0 && first) {
         f_canvas->show_all();
+        f_canvas->forget_steps();
+    }
     if (opened > 0)
         tell_about_top_layer();
     if (!failed.empty())

@@ -16,6 +16,8 @@ Tvx_opening_progress::Tvx_opening_progress(QWidget *parent)
 {
     f_dialog.setObjectName(QStringLiteral("opening"));
     f_dialog.setWindowTitle(vx_host_caption(c_cap_application));
+    f_dialog.setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                            Qt::WindowCloseButtonHint);
     f_dialog.setWindowModality(Qt::WindowModal);
     f_dialog.setAutoClose(false);
     f_dialog.setAutoReset(false);

@@ -357,6 +357,7 @@ TEST_F(map_window, the_hand_moves_the_map)
                std::abs(canvas().view().units_per_pixel() - start.units_per_pixel()) < 1e-12;
     };
 
+    EXPECT_FALSE(window->command("view_back")->isEnabled()) << "nothing was seen before the first layer";
     QPoint const at(100, 80);
     Tvx_pnt_d2 const under = start.to_map({100, 80});
     hand::wheel(&canvas(), at, 3);
