@@ -19,7 +19,8 @@ Tvx_bottom_panel::Tvx_bottom_panel(TComponent *owner)
     f_cancel_btn = make_button();
     f_help_btn = make_button();
     f_help_btn->SetVisible(false);
-    // Esc closes. Enter stays with the edits and grids of the form, which end an entry with it.
+    // Enter applies, once the edits and grids of the form have ended an entry with it, and Esc closes.
+    f_apply_btn->SetDefault(true);
     f_cancel_btn->SetCancel(true);
     Realign();
 }

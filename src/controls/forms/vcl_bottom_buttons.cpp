@@ -34,6 +34,7 @@ void Tvx_vcl_bottom_buttons::create()
     // Tab goes from left to right.
     f_buttons[save]->SetTabOrder(0);
     f_buttons[load]->SetTabOrder(1);
+    f_buttons[apply]->SetDefault(true);
     f_buttons[cancel]->SetCancel(true);
     f_buttons[cancel]->OnClick = make_closure<&Tvx_vcl_bottom_buttons::on_cancel_btn_click>(this);
     f_buttons[apply]->OnClick = make_closure<&Tvx_vcl_bottom_buttons::on_apply_btn_click>(this);

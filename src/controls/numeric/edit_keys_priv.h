@@ -24,7 +24,9 @@ enum class command
 {
     none,
     copy,
-    paste
+    cut,
+    paste,
+    undo
 };
 
 [[nodiscard]] inline bool is_digit(wchar_t key)
@@ -41,11 +43,21 @@ enum class command
     case 1057:
     case 1089:
         return command::copy;
+    case 'X':
+    case 'x':
+    case 1063:
+    case 1095:
+        return command::cut;
     case 'V':
     case 'v':
     case 1052:
     case 1084:
         return command::paste;
+    case 'Z':
+    case 'z':
+    case 1071:
+    case 1103:
+        return command::undo;
     default:
         return command::none;
     }
@@ -62,13 +74,40 @@ enum class command
 {
     constexpr wchar_t c_copy = 3;
     constexpr wchar_t c_paste = 22;
-    if (character == c_copy)
+    constexpr wchar_t c_cut = 24;
+    constexpr wchar_t c_undo = 26;
+    switch (character) {
+    case c_copy:
         return command::copy;
-    if (character == c_paste)
+    case c_paste:
         return command::paste;
+    case c_cut:
+        return command::cut;
+    case c_undo:
+        return command::undo;
+    default:
+        break;
+    }
     bool const control = GetKeyState(VK_CONTROL) < 0 && GetKeyState(VK_MENU) >= 0;
     return control ? command_of_letter(static_cast<unsigned>(character)) : command::none;
 }
+
+/// What the commands do in any edit; the key filters take their keys from the edit itself.
+inline void run_command(TCustomEdit &edit, command what)
+{
+    bool const read_only = edit.GetReadOnly();
+    if (what == command::copy || (what == command::cut && read_only))
+        edit.CopyToClipboard();
+    else if (what == command::cut)
+        edit.CutToClipboard();
+    else if (what == command::paste && !read_only)
+        edit.PasteFromClipboard();
+    else if (what == command::undo && !read_only)
+        edit.Undo();
+}
+
+/// Presses the default button of the form, as Enter does in an edit that leaves the key to it.
+void press_default_button(TWinControl &edit);
 
 /// The text without the selection, which a typed character replaces.
 [[nodiscard]] inline std::wstring text_left(TCustomEdit const &edit)

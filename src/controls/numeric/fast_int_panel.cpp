@@ -91,6 +91,15 @@ void Tvx_fast_int_panel::on_size_changed(TObject * /*sender*/)
     // A sign alone is a number on its way.
     if (size == f_position + 1.0 || f_size->get_edit()->GetText() == L"-")
         return;
+    // So is a number whose next digit may bring it into the range.
+    bool const on_its_way = size >= 0 ? size - 1.0 < f_min : size - 1.0 > std::max(f_min, f_max);
+    if (!on_its_way)
+        take_size(size);
+}
+
+/// The nearest position that there is.
+void Tvx_fast_int_panel::take_size(double size)
+{
     double const least = f_min;
     double const largest = std::max(f_min, f_max);
     auto const taken = static_cast<int>(std::clamp(std::trunc(size) - 1.0, least, largest));
@@ -102,6 +111,9 @@ void Tvx_fast_int_panel::on_size_changed(TObject * /*sender*/)
 
 void Tvx_fast_int_panel::on_size_apply(TObject * /*sender*/)
 {
-    // An edit that was left empty shows the number again.
-    show_position();
+    // An edit that was left empty, or with a sign alone, shows the number again.
+    if (f_size->is_empty() || f_size->get_edit()->GetText() == L"-")
+        show_position();
+    else
+        take_size(f_size->get_size());
 }

@@ -15,7 +15,8 @@ public:
     void set_min(int min) { f_min = min; }
     [[nodiscard]] int get_max() const { return f_max; }
     void set_max(int max) { f_max = max; }
-    /// 1 at first. What the user types is held within the limits.
+    /// 1 at first. What the user types is held within the limits: at once where more digits cannot help, else
+    /// when he ends the entry.
     [[nodiscard]] int get_position() const { return f_position; }
     void set_position(int position) { f_position = position; }
     [[nodiscard]] UnicodeString get_caption() const { return f_size->get_text(); }
@@ -38,6 +39,7 @@ private:
     void on_size_apply(TObject *sender);
     void on_updown_click(TObject *sender, TUDBtnType button);
     void on_track_change(TObject *sender);
+    void take_size(double size);
     void take_position(int position);
     void show_position();
 

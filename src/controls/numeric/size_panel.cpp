@@ -120,7 +120,7 @@ void Tvx_size_panel::on_edit_key_down(TObject * /*sender*/, Word &key, TShiftSta
     if (command == keys::command::none)
         return;
     key = 0;
-    copy_or_paste(command == keys::command::paste);
+    run_command(command);
 }
 
 void Tvx_size_panel::on_edit_key_press(TObject * /*sender*/, wchar_t &key)
@@ -133,15 +133,22 @@ void Tvx_size_panel::on_edit_key_press(TObject * /*sender*/, wchar_t &key)
     keys::command const command = keys::command_of_character(key);
     key = filtered(key);
     if (command != keys::command::none)
-        copy_or_paste(command == keys::command::paste);
+        run_command(command);
 }
 
-void Tvx_size_panel::copy_or_paste(bool paste)
+/// The whole text is copied and pasted over.
+void Tvx_size_panel::run_command(keys::command command)
 {
-    if (!paste)
-        Clipboard()->SetAsText(get_edit()->GetText());
-    else if (!get_edit()->GetReadOnly() && Clipboard()->HasText())
-        get_edit()->SetText(Clipboard()->GetAsText());
+    switch (command) {
+    case keys::command::copy:
+        return Clipboard()->SetAsText(get_edit()->GetText());
+    case keys::command::paste:
+        if (!get_edit()->GetReadOnly() && Clipboard()->HasText())
+            get_edit()->SetText(Clipboard()->GetAsText());
+        return;
+    default:
+        keys::run_command(*get_edit(), command);
+    }
 }
 
 wchar_t Tvx_size_panel::filtered(wchar_t key) const

@@ -4,6 +4,10 @@
 
 #include "platform/base/closure.h"
 
+namespace vx::edit_keys {
+enum class command;
+}
+
 /// A light edit for sizes: it filters keys, follows each change of the text and never shows a message. Empty
 /// is allowed, and counts as NaN. "," is typed as ".".
 ///
@@ -62,7 +66,7 @@ private:
     void on_edit_enter(TObject *sender);
     void on_edit_exit(TObject *sender);
     [[nodiscard]] wchar_t filtered(wchar_t key) const;
-    void copy_or_paste(bool paste);
+    void run_command(vx::edit_keys::command command);
     void trim_trailing_zeros_inplace(std::wstring &text) const;
     void show_text(std::wstring const &text);
 

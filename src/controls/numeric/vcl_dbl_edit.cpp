@@ -61,10 +61,7 @@ void Tvx_vcl_dbl_edit::KeyDown(Word &key, TShiftState shift)
     if (command == keys::command::none)
         return;
     key = 0;
-    if (command == keys::command::copy)
-        copy_text();
-    else
-        paste_text();
+    run_command(command);
 }
 
 void Tvx_vcl_dbl_edit::KeyPress(wchar_t &key)
@@ -84,12 +81,15 @@ void Tvx_vcl_dbl_edit::KeyPress(wchar_t &key)
         passes = f_exponent_keys ? exponent_key_passes(typed) : plain_key_passes(typed);
     if (!passes)
         key = 0;
-    if (enter)
-        static_cast<void>(txt2dbl());
-    else if (command == keys::command::copy)
-        copy_text();
-    else if (command == keys::command::paste)
-        paste_text();
+    if (command != keys::command::none)
+        run_command(command);
+    if (!enter)
+        return;
+    // A refused number is not for the dialog either.
+    if (!txt2dbl())
+        key = 0;
+    else if (!passes)
+        keys::press_default_button(*this);
 }
 
 bool Tvx_vcl_dbl_edit::plain_key_passes(wchar_t key) const
@@ -118,9 +118,17 @@ bool Tvx_vcl_dbl_edit::exponent_key_passes(wchar_t key) const
     }
 }
 
-void Tvx_vcl_dbl_edit::copy_text()
+/// The whole text is copied and pasted over.
+void Tvx_vcl_dbl_edit::run_command(keys::command command)
 {
-    Clipboard()->SetAsText(GetText());
+    switch (command) {
+    case keys::command::copy:
+        return Clipboard()->SetAsText(GetText());
+    case keys::command::paste:
+        return paste_text();
+    default:
+        keys::run_command(*this, command);
+    }
 }
 
 void Tvx_vcl_dbl_edit::paste_text()

@@ -4,6 +4,10 @@
 
 #include "platform/base/closure.h"
 
+namespace vx::edit_keys {
+enum class command;
+}
+
 /// An edit for a number with decimals. What the user types is taken over at Enter and on leaving the edit; a
 /// text that is no number or lies beyond a limit gives a message and the focus back in the edit, unless the
 /// edit may be empty: then any text is left alone, and `on_change` tells that the user is done.
@@ -71,7 +75,7 @@ private:
     [[nodiscard]] bool refuse(int message, UnicodeString const &text);
     [[nodiscard]] bool plain_key_passes(wchar_t key) const;
     [[nodiscard]] bool exponent_key_passes(wchar_t key) const;
-    void copy_text();
+    void run_command(vx::edit_keys::command command);
     void paste_text();
     void set_quiet_text(UnicodeString const &text);
 

@@ -31,15 +31,30 @@ bool Tvx_vcl_int_edit::str2int(UnicodeString const &text, int &value)
     return vx::str_to_int(text.str(), value);
 }
 
+void Tvx_vcl_int_edit::KeyDown(Word &key, TShiftState shift)
+{
+    Tvx_vcl_edit::KeyDown(key, shift);
+    vx::edit_keys::command const command = vx::edit_keys::command_of_key(key, shift);
+    if (command == vx::edit_keys::command::none)
+        return;
+    key = 0;
+    vx::edit_keys::run_command(*this, command);
+}
+
 void Tvx_vcl_int_edit::KeyPress(wchar_t &key)
 {
     Tvx_vcl_edit::KeyPress(key);
     wchar_t const typed = key;
+    if (typed == 0)
+        return;
+    vx::edit_keys::command const command = vx::edit_keys::command_of_character(typed);
     bool const passes = vx::edit_keys::is_digit(typed) || typed == L'-' || vx::edit_keys::is_edit_key(typed);
     if (!passes)
         key = 0;
-    if (typed == vx::edit_keys::c_enter)
-        static_cast<void>(txt2int());
+    if (command != vx::edit_keys::command::none)
+        vx::edit_keys::run_command(*this, command);
+    else if (typed == vx::edit_keys::c_enter && txt2int())
+        vx::edit_keys::press_default_button(*this);
 }
 
 void Tvx_vcl_int_edit::DoEnter()

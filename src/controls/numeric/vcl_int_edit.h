@@ -4,8 +4,9 @@
 
 #include "platform/base/closure.h"
 
-/// An edit for a whole number. What the user types is taken over at Enter and on leaving the edit; a text
-/// that is no number or lies beyond a limit gives a message and the focus back in the edit.
+/// An edit for a whole number. What the user types is taken over at Enter, which then presses the default
+/// button of the form, and on leaving the edit; a text that is no number or lies beyond a limit gives a
+/// message and the focus back in the edit.
 ///
 /// A read-only edit takes nothing over and gives no message.
 class VX_API Tvx_vcl_int_edit : public Tvx_vcl_edit
@@ -41,6 +42,7 @@ public:
     closure<void(TObject *)> on_change;
 
 protected:
+    void KeyDown(Word &key, TShiftState shift) override;
     void KeyPress(wchar_t &key) override;
     void DoEnter() override;
     void DoExit() override;

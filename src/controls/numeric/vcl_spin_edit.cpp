@@ -33,6 +33,15 @@ void Tvx_vcl_spin_edit::take_value()
     static_cast<void>(vx::str_to_int(GetText().str(), f_value));
 }
 
+/// What is shown from now on is the number that counts, within the limits and without what is no number.
+void Tvx_vcl_spin_edit::settle()
+{
+    vx::flag_scope const quiet(f_quiet);
+    take_value();
+    SetValue(f_value);
+    take_value();
+}
+
 void Tvx_vcl_spin_edit::Change()
 {
     TSpinEdit::Change();
@@ -51,12 +60,15 @@ void Tvx_vcl_spin_edit::on_edit_change()
 void Tvx_vcl_spin_edit::KeyPress(wchar_t &key)
 {
     TSpinEdit::KeyPress(key);
-    if (key == vx::edit_keys::c_enter)
-        on_changed(this);
+    if (key != vx::edit_keys::c_enter)
+        return;
+    settle();
+    on_changed(this);
 }
 
 void Tvx_vcl_spin_edit::DoExit()
 {
+    settle();
     on_changed(this);
     TSpinEdit::DoExit();
 }

@@ -30,6 +30,7 @@ protected:
 private:
     void on_edit_change();
     void take_value();
+    void settle();
 
     int f_value = 0;
     bool f_quiet = false;

@@ -2,6 +2,7 @@
 #include "controls/forms/dlg_form.h"
 #include "controls/forms/dock_forms.h"
 #include "controls/forms/edits.h"
+#include "controls/forms/grids.h"
 #include "controls/forms/tool_form.h"
 #include "controls/forms/vcl_dialog_form.h"
 #include "user_input/user_input.h"
@@ -353,4 +354,57 @@ TEST(dock_forms, start_as_dock_sites)
     EXPECT_TRUE(host->GetDockSite());
     EXPECT_TRUE(host->GetUseDockManager());
     EXPECT_FALSE(host->GetVisible());
+}
+
+namespace {
+class applied_dialog : public Tvx_vcl_dialog_form
+{
+public:
+    using Tvx_vcl_dialog_form::Tvx_vcl_dialog_form;
+    void call_apply() override { ++applies; }
+    int applies = 0;
+};
+} // namespace
+
+TEST(forms, enter_applies_in_every_dialog)
+{
+    asking_dialog dialog(nullptr);
+    dialog.apply_agrees_at = 100;
+    auto *edit = new Tvx_edit(&dialog);
+    edit->SetParent(dialog.get_content_panel());
+    auto *grid = new Tvx_string_grid(&dialog);
+    grid->SetParent(dialog.get_content_panel());
+    grid->SetTop(40);
+    grid->SetOptions({goEditing, goVertLine});
+    dialog.Show();
+    input::wait_idle();
+    input::enter_text(edit, L"x");
+    input::press(VK_RETURN);
+    EXPECT_EQ(dialog.applies, 1);
+    input::click_cell(grid, 1, 1);
+    input::type(L"y");
+    input::press(VK_RETURN);
+    EXPECT_EQ(grid->GetCells(1, 1), L"y");
+    EXPECT_EQ(dialog.applies, 1) << "the key has ended the entry";
+    dialog.Hide();
+
+    counting_apply_form stays(nullptr);
+    auto *text = new Tvx_edit(&stays);
+    text->SetParent(&stays);
+    stays.set_on_apply(make_closure<&counting_apply_form::on_applied>(&stays));
+    stays.Show();
+    input::enter_text(text, L"x");
+    input::press(VK_RETURN);
+    EXPECT_EQ(stays.applied, 1);
+    stays.Hide();
+
+    applied_dialog late(nullptr);
+    late.create();
+    auto *number = new Tvx_vcl_edit(&late);
+    number->SetParent(late.get_client_panel());
+    late.Show();
+    input::enter_text(number, L"1");
+    input::press(VK_RETURN);
+    EXPECT_EQ(late.applies, 1);
+    late.Hide();
 }

@@ -273,6 +273,26 @@ TEST_F(size_panel, buttons_tied_to_the_edit)
     EXPECT_EQ(tied->get_updown()->GetLeft(), tied->get_edit()->GetBoundsRect().Right);
 }
 
+TEST_F(size_panel, buttons_step_from_what_the_edit_shows)
+{
+    auto *tied = add<Tvx_size_updown_panel>();
+    tied->set_min_pos(-50);
+    tied->set_max_pos(50);
+    struct
+    {
+        double size;
+        double after; ///< a step up
+    } const cases[] = {{20, 21}, {7.75, 8}, {-3.5, -2}, {1e9, 50}};
+    for (auto const &[size, after] : cases) {
+        tied->set_size(size);
+        EXPECT_TRUE(input::click(tied->get_updown(), 5, 5));
+        EXPECT_EQ(tied->get_size(), after);
+    }
+    tied->set_empty();
+    EXPECT_TRUE(input::click(tied->get_updown(), 5, 15));
+    EXPECT_EQ(tied->get_size(), 49.0) << "from the last position";
+}
+
 TEST_F(size_panel, buttons_that_count_by_themselves)
 {
     auto *free = add<Tvx_edit_val_updown_panel>();

@@ -165,6 +165,33 @@ TEST_F(value_panels, fast_whole_number)
     EXPECT_EQ(panel->get_position(), 5);
 }
 
+TEST_F(value_panels, fast_whole_number_with_a_least_number_above_1)
+{
+    auto *panel = add<Tvx_fast_int_panel>();
+    panel->set_min(9);
+    panel->set_max(99);
+    panel->set_position(50);
+    panel->update_controls();
+    panel->on_changed = recorder();
+    TEdit *const edit = panel->get_size_panel()->get_edit();
+    input::enter_text(edit, L"2");
+    EXPECT_EQ(panel->get_position(), 50) << "a number on its way";
+    EXPECT_EQ(taken_events(), 0);
+    input::type(L"5");
+    EXPECT_EQ(edit->GetText(), L"25");
+    EXPECT_EQ(panel->get_position(), 24);
+    EXPECT_EQ(taken_events(), 1);
+    for (int const key : {VK_TAB, VK_RETURN}) {
+        input::enter_text(edit, L"30");
+        input::enter_text(edit, L"3");
+        taken_events();
+        input::press(key);
+        EXPECT_EQ(panel->get_position(), 9) << "the least one, when the entry ends";
+        EXPECT_EQ(edit->GetText(), L"10");
+        EXPECT_EQ(taken_events(), 1);
+    }
+}
+
 TEST_F(value_panels, caption_and_text)
 {
     auto *panel = add<Tvx_capt_edit_panel>();

@@ -1,3 +1,4 @@
+#include "controls/numeric/size_panel.h"
 #include "controls/numeric/vcl_dbl_edit.h"
 #include "controls/numeric/vcl_int_edit.h"
 #include "controls/numeric/vcl_spin_edit.h"
@@ -366,4 +367,93 @@ TEST_F(number_edits, spin_edit)
     EXPECT_EQ(taken_events(), 1) << "Enter tells in any case";
     input::click(&button);
     EXPECT_EQ(taken_events(), 1) << "so does leaving";
+}
+
+TEST_F(number_edits, a_spin_edit_gives_what_it_shows_when_it_is_left)
+{
+    for (auto const &[typed, shown] : {std::pair(L"1", 8), {L"3", 8}, {L"77", 8}, {L"12", 12}}) {
+        auto *edit = add<Tvx_vcl_spin_edit>();
+        edit->set_min(8);
+        edit->set_max(40);
+        edit->set_value(20);
+        input::click(edit);
+        edit->SelectAll();
+        input::type(typed);
+        edit->on_changed = recorder();
+        input::press(VK_TAB);
+        EXPECT_EQ(edit->GetText(), UnicodeString(shown));
+        EXPECT_EQ(edit->get_value(), shown);
+        EXPECT_GE(taken_events(), 1);
+    }
+}
+
+TEST_F(number_edits, copy_cut_paste_and_undo_by_key)
+{
+    auto *whole = this->edit<Tvx_vcl_int_edit>(0, 0);
+    auto *decimal = this->edit<Tvx_vcl_dbl_edit>(0, 0);
+    auto *size = add<Tvx_size_panel>();
+    size->set_size(0);
+    for (TCustomEdit *edit : {static_cast<TCustomEdit *>(whole), static_cast<TCustomEdit *>(decimal),
+                              static_cast<TCustomEdit *>(size->get_edit())}) {
+        Clipboard()->Clear();
+        input::enter_text(edit, L"12345");
+        edit->SetSelStart(1);
+        edit->SetSelLength(2);
+        input::press('X', {ssCtrl});
+        EXPECT_EQ(edit->GetText(), L"145");
+        EXPECT_EQ(Clipboard()->GetAsText(), L"23");
+        input::press('Z', {ssCtrl});
+        EXPECT_EQ(edit->GetText(), L"12345");
+        edit->SetReadOnly(true);
+        edit->SetSelStart(3);
+        edit->SetSelLength(2);
+        input::press('X', {ssCtrl});
+        EXPECT_EQ(edit->GetText(), L"12345");
+        EXPECT_EQ(Clipboard()->GetAsText(), L"45") << "what cannot be cut is copied";
+        edit->SetReadOnly(false);
+    }
+    input::click(whole);
+    whole->SetSelStart(0);
+    whole->SetSelLength(2);
+    input::press('C', {ssCtrl});
+    EXPECT_EQ(Clipboard()->GetAsText(), L"12");
+    whole->SetSelStart(5);
+    input::press('V', {ssCtrl});
+    EXPECT_EQ(whole->GetText(), L"1234512");
+    input::press(VK_TAB);
+    EXPECT_EQ(whole->get_value(), 1234512);
+}
+
+TEST_F(number_edits, enter_ends_the_entry_and_then_presses_the_default_button)
+{
+    auto *whole = this->edit<Tvx_vcl_int_edit>(0, 9);
+    auto *decimal = this->edit<Tvx_vcl_dbl_edit>(0, 9);
+    auto *exponent = this->edit<Tvx_vcl_dbl_edit>(0, 9);
+    exponent->change_key_press(true);
+    struct presses
+    {
+        std::vector<double> values;
+        closure<double()> value;
+        void on_click(TObject *) { values.push_back(value()); }
+    } seen;
+    button.SetDefault(true);
+    button.OnClick = make_closure<&presses::on_click>(&seen);
+    auto const enter = [&](TCustomEdit *edit, closure<double()> value) {
+        seen.value = value;
+        input::enter_text(edit, L"5");
+        input::press(VK_RETURN);
+        EXPECT_EQ(seen.values, std::vector{5.0}) << "once, with the number that was entered";
+        expect_message();
+        input::enter_text(edit, L"55");
+        input::press(VK_RETURN);
+        EXPECT_EQ(seen.values.size(), 1u) << "a refused number is not for the dialog";
+        EXPECT_EQ(taken_messages().size(), 1u);
+        seen.values.clear();
+        input::enter_text(edit, L"6");
+    };
+    enter(whole, closure<double()>(
+                     [](void *e) { return double(static_cast<Tvx_vcl_int_edit *>(e)->get_value()); }, whole));
+    for (Tvx_vcl_dbl_edit *edit : {decimal, exponent})
+        enter(edit, closure<double()>([](void *e) { return static_cast<Tvx_vcl_dbl_edit *>(e)->get_value(); },
+                                      edit));
 }

@@ -16,6 +16,7 @@ TSpinEdit::TSpinEdit(TComponent *owner) : TCustomEdit(owner, vx_make_spin_port()
     auto *box = vx_qt_as<QSpinBox>(this);
     box->setLocale(QLocale::c());
     box->setGroupSeparatorShown(false);
+    box->setCorrectionMode(QAbstractSpinBox::CorrectToNearestValue);
     apply_limits();
 }
 

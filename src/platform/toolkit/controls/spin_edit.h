@@ -3,8 +3,9 @@
 #include "platform/toolkit/controls/edit.h"
 
 /// An edit for a whole number with two small buttons, 121 by 24. Up and down keys and the wheel move the
-/// number by `Increment`. With `MinValue` equal to `MaxValue` there are no limits. `OnChange` runs after
-/// every change of the text, by the user, by `SetValue` or by `SetText`.
+/// number by `Increment`. With `MinValue` equal to `MaxValue` there are no limits; a number beyond them that
+/// was typed becomes the nearest limit when the edit is left. `OnChange` runs after every change of the text,
+/// by the user, by `SetValue` or by `SetText`.
 class VX_API TSpinEdit : public TCustomEdit
 {
 public:

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 
 /// Two buttons with arrows that share the room, and the keys of the associated control.
 class TCustomUpDown::buttons final : public QWidget
@@ -89,10 +90,14 @@ int TCustomUpDown::GetPosition() const
         return f_position;
     // The user may have typed another number.
     std::string const text = f_associate->GetText().to_utf8();
-    int value = 0;
+    double value = 0.0;
     auto const [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    bool const number = error == std::errc() && end == text.data() + text.size();
-    return number ? std::clamp(value, std::min(f_min, f_max), std::max(f_min, f_max)) : f_position;
+    bool const number = error == std::errc() && end == text.data() + text.size() && std::isfinite(value);
+    if (!number)
+        return f_position;
+    double const least = std::min(f_min, f_max);
+    double const largest = std::max(f_min, f_max);
+    return static_cast<int>(std::clamp(std::trunc(value), least, largest));
 }
 
 void TCustomUpDown::SetPosition(int position)
