@@ -3,6 +3,7 @@
 #include "captions/prop.h"
 #include "controls/forms/misc.h"
 #include "controls/prop/detail/action_name.h"
+#include "controls/prop/detail/sample_frame.h"
 #include "data/filesystem/filesystem.h"
 
 #include "platform/base/owned.h"
@@ -138,15 +139,13 @@ protected:
 
 Tvx_file_panel::Tvx_file_panel(TComponent *owner)
     : Tvx_children_enabled_panel(owner), f_caption_panel(new Tvx_caption_panel(this)),
-      f_name_panel(new Tvx_panel(this)), f_name(new name_view(this)), f_button(new Tvx_button(this))
+      f_name_panel(new Tvx_sample_frame(this)), f_name(new name_view(this)), f_button(new Tvx_button(this))
 {
     SetHeight(c_height);
     f_caption_panel->SetParent(this);
     f_caption_panel->SetWidth(f_caption_width);
     f_caption_panel->SetAlign(alLeft);
     f_name_panel->SetParent(this);
-    f_name_panel->SetBevelOuter(bvLowered);
-    f_name_panel->SetColor(clWindow);
     f_name_panel->SetAlign(alClient);
     f_name_panel->GetPadding()->SetBounds(c_text_inset, 0, c_text_inset, 0);
     f_name->SetParent(f_name_panel);
@@ -351,8 +350,14 @@ void Tvx_file_panel::ask_save()
     prm.file_name = f_filename;
     prm.overwrite_prompt = f_overwrite_prompt;
     prm.on_filter_changed = make_closure<&Tvx_file_panel::on_filter_changed>(this);
+    prm.on_complete_name = make_closure<&Tvx_file_panel::on_complete_name>(this);
     if (vx_file_dialog(GetHandle(), 0, 0, &prm))
-        take(pretty_filename(prm.file_name, prm.filter_index));
+        take(prm.file_name);
+}
+
+void Tvx_file_panel::on_complete_name(int filter_index, UnicodeString &name)
+{
+    name = pretty_filename(name, filter_index);
 }
 
 void Tvx_file_panel::on_filter_changed(int filter_index, UnicodeString &name)

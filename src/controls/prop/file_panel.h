@@ -103,6 +103,7 @@ private:
     void ask_open();
     void ask_save();
     void on_filter_changed(int filter_index, UnicodeString &name);
+    void on_complete_name(int filter_index, UnicodeString &name);
     void take(UnicodeString const &name);
     void place_name();
 

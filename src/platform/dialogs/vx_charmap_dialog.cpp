@@ -142,7 +142,8 @@ void charmap_form::show_characters()
     int const rows = (static_cast<int>(f_shown.size()) + c_columns - 1) / c_columns;
     f_grid->SetRowCount(std::max(rows, 1));
     auto const at = std::find(f_shown.begin(), f_shown.end(), f_symbol);
-    if (at == f_shown.end() && !f_shown.empty())
+    // Who looks for a character means the first that is found. A symbol that the font lacks stays as it is.
+    if (at == f_shown.end() && f_shown.size() < f_all.size() && !f_shown.empty())
         f_symbol = f_shown.front();
     int const index = at == f_shown.end() ? 0 : static_cast<int>(at - f_shown.begin());
     auto const handler = f_grid->OnClick;

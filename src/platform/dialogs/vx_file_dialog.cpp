@@ -19,14 +19,17 @@
 #include <QtCore/QStringList>
 #include <QtCore/QStringLiteral>
 #include <QtCore/QTime>
+#include <QtGui/QFileSystemModel>
 #include <QtGui/QFontMetrics>
 #include <QtWidgets/QDialog>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QSplitter>
+#include <QtWidgets/QStyle>
 #include <QtWidgets/QTreeView>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -72,13 +75,27 @@ std::vector<file_kind> kinds_of(UnicodeString const &filter)
     return kinds;
 }
 
+UnicodeString completed(Tvx_file_dialog_prm const &prm, int filter_index, QString const &chosen)
+{
+    UnicodeString name = vx_unicode_string(chosen);
+    if (prm.on_complete_name)
+        prm.on_complete_name(filter_index, name);
+    return name;
+}
+
+/// False when the user does not want the file of this name to be replaced.
+bool may_take(Tvx_file_dialog_prm const &prm, UnicodeString const &name)
+{
+    QFileInfo const file(vx_qt_string(name));
+    return !prm.overwrite_prompt || !file.exists() ||
+           vx_yesno(caption(c_dlg_replace).arg(file.fileName()).toStdWString().c_str());
+}
+
 class file_dialog final : public QFileDialog
 {
 public:
-    /// `ending`: what every chosen name ends in; empty for any.
-    file_dialog(QWidget *parent, Tvx_file_dialog_prm const &prm, std::wstring const &ending)
-        : QFileDialog(parent), f_prm(prm), f_kinds(kinds_of(prm.filter)),
-          f_ending(QString::fromStdWString(ending))
+    file_dialog(QWidget *parent, Tvx_file_dialog_prm const &prm)
+        : QFileDialog(parent), f_prm(prm), f_kinds(kinds_of(prm.filter))
     {
         setAcceptMode(prm.save ? AcceptSave : AcceptOpen);
         setFileMode(prm.save ? AnyFile : ExistingFile);
@@ -135,8 +152,28 @@ private:
         resize(c_width, c_height);
         if (auto *splitter = findChild<QSplitter *>(QStringLiteral("splitter")))
             splitter->setSizes({c_places_width, c_width - c_places_width});
-        if (auto *files = findChild<QTreeView *>(QStringLiteral("treeView")))
-            files->header()->resizeSection(c_date_column, date_width(files->fontMetrics()));
+        fit_columns();
+        // The list comes when the folder has been read.
+        if (auto *model = findChild<QFileSystemModel *>())
+            connect(model, &QFileSystemModel::directoryLoaded, this, &file_dialog::fit_columns,
+                    Qt::QueuedConnection);
+    }
+    /// Sizes, types and dates are not cut; the names have the rest.
+    void fit_columns()
+    {
+        auto *const files = findChild<QTreeView *>(QStringLiteral("treeView"));
+        if (!files)
+            return;
+        int rest = files->maximumViewportSize().width() -
+                   files->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, files);
+        for (int const column : {c_size_column, c_type_column, c_date_column}) {
+            files->resizeColumnToContents(column);
+            if (column == c_date_column)
+                files->header()->resizeSection(
+                    column, std::max(files->columnWidth(column), date_width(files->fontMetrics())));
+            rest -= files->columnWidth(column);
+        }
+        files->header()->resizeSection(c_name_column, std::max(rest, c_least_name_width));
     }
     /// Of a long date in the form in which the list shows them, with its margins.
     static int date_width(QFontMetrics const &metrics)
@@ -170,11 +207,10 @@ private:
     }
     bool complete_name()
     {
-        if (!chosen().endsWith(f_ending))
-            f_name_box->setText(chosen() + f_ending);
-        QFileInfo const file(chosen());
-        return !f_prm.overwrite_prompt || !file.exists() ||
-               vx_yesno(caption(c_dlg_replace).arg(file.fileName()).toStdWString().c_str());
+        UnicodeString const name = completed(f_prm, filter_index(), chosen());
+        if (!(name == vx_unicode_string(chosen())))
+            f_name_box->setText(vx_qt_string(name));
+        return may_take(f_prm, name);
     }
     static bool find_file(QFileInfo const &file)
     {
@@ -190,26 +226,30 @@ private:
         QFileDialog::done(result);
     }
 
-    static constexpr int c_width = 740;
+    static constexpr int c_width = 800;
     static constexpr int c_height = 480;
     static constexpr int c_places_width = 140;
+    static constexpr int c_least_name_width = 160;
+    static constexpr int c_name_column = 0;
+    static constexpr int c_size_column = 1;
+    static constexpr int c_type_column = 2;
     static constexpr int c_date_column = 3;
     static QString fs_last_directory;
 
     Tvx_file_dialog_prm const &f_prm;
     std::vector<file_kind> f_kinds;
-    QString f_ending;
     QLineEdit *f_name_box = nullptr;
 };
 QString file_dialog::fs_last_directory;
 
-bool run(HWND parent, int x, int y, Tvx_file_dialog_prm *prm, std::wstring const &ending)
+/// The dialog of the host, or our own, which has asked about the completed name already.
+bool ask(HWND parent, int x, int y, Tvx_file_dialog_prm *prm)
 {
     auto *owner = vx::dialogs::owner_window(parent);
     if (auto const &table = vx::dialogs::table(); table.file)
         return table.file(table.user, owner, x, y, prm);
     // It goes with its owner if that ends meanwhile.
-    QPointer<file_dialog> const dialog(new file_dialog(vx_qt_widget(owner), *prm, ending));
+    QPointer<file_dialog> const dialog(new file_dialog(vx_qt_widget(owner), *prm));
     if (x != 0 || y != 0)
         dialog->move(vx_qt_point(vx::dialogs::place_at({x, y}, {dialog->width(), dialog->height()})));
     bool const accepted = dialog->exec() == QDialog::Accepted && dialog && !dialog->chosen().isEmpty();
@@ -220,6 +260,35 @@ bool run(HWND parent, int x, int y, Tvx_file_dialog_prm *prm, std::wstring const
     delete dialog;
     return accepted;
 }
+
+/// A window of the platform's or the host's completes no name: one that it did not ask about is asked about
+/// here, and after a "no" the question for a name comes again.
+bool run(HWND parent, int x, int y, Tvx_file_dialog_prm *prm)
+{
+    Tvx_file_dialog_prm answer = *prm;
+    while (ask(parent, x, y, &answer)) {
+        UnicodeString const name =
+            answer.save ? completed(answer, answer.filter_index, vx_qt_string(answer.file_name))
+                        : answer.file_name;
+        if (!(name == answer.file_name) && !may_take(answer, name))
+            continue;
+        prm->filter_index = answer.filter_index;
+        prm->file_name = name;
+        return true;
+    }
+    return false;
+}
+
+struct ending_completer
+{
+    std::wstring ending;
+
+    void complete(int, UnicodeString &name)
+    {
+        if (!name.str().ends_with(ending))
+            name += ending;
+    }
+};
 
 /// What the names of a suffix end in.
 std::wstring ending_of(wchar_t const *suffix)
@@ -233,7 +302,8 @@ std::wstring ending_of(wchar_t const *suffix)
 UnicodeString ask_for_suffix(HWND parent, int x, int y, wchar_t const *suffix, wchar_t const *title,
                              wchar_t const *file_name, bool save)
 {
-    auto const ending = ending_of(suffix);
+    ending_completer completer{ending_of(suffix)};
+    auto const &ending = completer.ending;
     Tvx_file_dialog_prm prm;
     prm.save = save;
     prm.title = title ? title : L"";
@@ -244,18 +314,14 @@ UnicodeString ask_for_suffix(HWND parent, int x, int y, wchar_t const *suffix, w
         if (!save)
             prm.filter += L"|" + UnicodeString(vx_res_get_wstr(c_dlg_all_files)) + L"|*";
     }
-    if (!run(parent, x, y, &prm, save ? ending : std::wstring()))
-        return {};
-    // A window of the platform's or the host's knows nothing of the ending.
-    if (save && !prm.file_name.str().ends_with(ending))
-        prm.file_name += ending;
-    return prm.file_name;
+    prm.on_complete_name = make_closure<&ending_completer::complete>(&completer);
+    return run(parent, x, y, &prm) ? prm.file_name : UnicodeString();
 }
 } // namespace
 
 bool vx_file_dialog(HWND parent, int x, int y, Tvx_file_dialog_prm *prm)
 {
-    return prm && run(parent, x, y, prm, {});
+    return prm && run(parent, x, y, prm);
 }
 
 UnicodeString vx_open_file_dialog(HWND parent, int x, int y, wchar_t const *suffix, wchar_t const *title,

@@ -28,6 +28,10 @@ struct Tvx_file_dialog_prm
     /// The user chose another pair of the filter while the dialog is open. `name` is the text of the name
     /// box; a changed one is put back into it.
     closure<void(int filter_index, UnicodeString &name)> on_filter_changed;
+    /// With `save`: completes the name that was chosen, with its path, for example by a suffix. Runs before
+    /// the user is asked about a file that exists, so that the question is about the name that counts, and
+    /// must leave a complete name as it is.
+    closure<void(int filter_index, UnicodeString &name)> on_complete_name;
 };
 
 /// Runs the dialog, by the rules of the common dialogs in `vx_dlgs.h`. True when a name was chosen; else

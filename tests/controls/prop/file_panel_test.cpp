@@ -1,5 +1,6 @@
 #include "controls/prop/file_panel.h"
 #include "prop_form.h"
+#include "support/temp_dir.h"
 
 #include "platform/toolkit/core/clipboard.h"
 
@@ -147,4 +148,46 @@ TEST_F(file_panel, enables_all_or_the_button_alone)
     EXPECT_EQ(panel->GetHeight(), 20);
     EXPECT_EQ(panel->ScreenToClient(panel->get_name_view()->GetParent()->ClientToScreen({0, 0})).X, 90);
     EXPECT_TRUE(panel->get_button()->GetAccessibleName().Pos(L"Source") > 0);
+}
+
+TEST_F(file_panel, asks_about_the_name_that_it_completes_to)
+{
+    vx_test::temp_dir const dir;
+    vx_test::write_file(dir / "old.dbf", "x");
+    UnicodeString const old((dir / "old.dbf").string());
+    UnicodeString const typed((dir / "old.txt").string());
+    panel->set_save_flag(true);
+    panel->set_wfilename(UnicodeString((dir / "a.dbf").string()).c_str());
+
+    auto const file_dialog = table.file;
+    // In our own window, which stays open after a "no".
+    table.file = nullptr;
+    vx_dlg_set_table(&table);
+    input::on_next_modal([&](input::modal_window const &window) {
+        input::press('A', {ssCtrl});
+        input::type(L"old.txt");
+        input::press(VK_TAB);
+        EXPECT_TRUE(window.press_button(L"Save"));
+        window.reject();
+    });
+    input::on_next_modal([](input::modal_window const &question) {
+        EXPECT_NE(question.text().str().find(L"old.dbf"), std::wstring::npos);
+        question.reject();
+    });
+    ASSERT_TRUE(input::click(panel->get_button()));
+    EXPECT_EQ(taken_events(), 0);
+
+    // In a window of the host's, which completes nothing.
+    static int asked;
+    asked = 0;
+    table.file = file_dialog;
+    table.yesno = [](void *, HWND, wchar_t const *) { return ++asked == 2; };
+    vx_dlg_set_table(&table);
+    next_file = typed;
+    ASSERT_TRUE(input::click(panel->get_button()));
+    EXPECT_EQ(asked, 2) << "after a no the name is asked for again";
+    EXPECT_EQ(panel->get_wfilename(), old.str());
+    panel->set_overwrite_prompt(false);
+    ASSERT_TRUE(input::click(panel->get_button()));
+    EXPECT_EQ(asked, 2);
 }

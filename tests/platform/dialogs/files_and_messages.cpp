@@ -10,6 +10,10 @@
 #include "platform/toolkit/controls/label.h"
 #include "platform/toolkit/core/screen.h"
 
+#include <QApplication>
+#include <QScrollBar>
+#include <QTreeView>
+
 #include <atomic>
 #include <chrono>
 #include <thread>
@@ -104,6 +108,39 @@ TEST_F(dialogs_test, open_takes_files_that_exist)
         press_or_leave(w, L"Open");
     });
     EXPECT_EQ(vx_open_file_dialog(nullptr, 0, 0, nullptr, nullptr, nullptr), in(dir, "roads.dbf"));
+}
+
+TEST_F(dialogs_test, columns_show_sizes_and_types_uncut)
+{
+    vx_test::temp_dir const dir;
+    vx_test::write_file(dir / "a.an_extension_of_some_length", std::string(1023, 'x'));
+    for (char const *language : {"en", "ru"}) {
+        vx_options_set_language(language);
+        on_next_modal([](modal_window const &w) {
+            auto *list =
+                QApplication::activeModalWidget()->findChild<QTreeView *>(QStringLiteral("treeView"));
+            EXPECT_NE(list, nullptr);
+            struct seen
+            {
+                QTreeView *list;
+                bool fits() const
+                {
+                    bool all = list->model()->rowCount(list->rootIndex()) == 1;
+                    for (int column = 1; all && column < 4; ++column) {
+                        QString const text =
+                            list->model()->index(0, column, list->rootIndex()).data().toString();
+                        all = !text.isEmpty() &&
+                              list->columnWidth(column) > list->fontMetrics().horizontalAdvance(text);
+                    }
+                    return all && list->horizontalScrollBar()->maximum() == 0;
+                }
+            };
+            seen of_list{list};
+            EXPECT_TRUE(wait_until(make_closure<&seen::fits>(&of_list)));
+            w.reject();
+        });
+        EXPECT_EQ(vx_open_file_dialog(nullptr, 0, 0, nullptr, nullptr, in(dir, "x").c_str()), L"");
+    }
 }
 
 struct filter_listener

@@ -316,6 +316,18 @@ TEST_F(dialogs_test, character_by_code_name_and_itself)
     }
 }
 
+TEST_F(dialogs_test, a_symbol_that_the_font_lacks_stays_until_another_is_chosen)
+{
+    for (int const lacking : {0xE123, 0x1F9FF, 0x3042}) {
+        vx_fnt_type font;
+        font.set_wname(L"DejaVu Sans");
+        int symbol = lacking;
+        on_next_modal([](modal_window const &w) { EXPECT_TRUE(w.press_button(L"OK")); });
+        EXPECT_TRUE(vx_charmap_dialog(nullptr, 0, 0, &font, &symbol));
+        EXPECT_EQ(symbol, lacking);
+    }
+}
+
 TEST_F(dialogs_test, character_from_the_table)
 {
     vx_fnt_type font;
