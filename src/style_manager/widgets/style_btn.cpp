@@ -4,6 +4,7 @@
 #include "controls/prop/image_convert.h"
 
 #include "platform/basic/vx_res.h"
+#include "platform/toolkit/core/pixel_ratio.h"
 #include "platform/toolkit/graphics/bitmap.h"
 
 #include <algorithm>
@@ -29,11 +30,15 @@ void Tvx_style_btn::update_controls()
 {
     if (!stl_prm || !on_draw_style)
         return;
-    TBitmap sample(std::max(GetWidth() - 2 * c_border, 1), std::max(GetHeight() - 2 * c_border, 1));
+    // In the screen's own pixels.
+    int const scale = vx_screen_pixel_scale();
+    TBitmap sample(std::max(GetWidth() - 2 * c_border, 1) * scale,
+                   std::max(GetHeight() - 2 * c_border, 1) * scale);
     sample.SetPixelFormat(pf24bit);
     sample.SetTransparentMode(tmFixed);
     sample.SetTransparentColor(GetColor());
     vx_bmp_fill_color(&sample, GetColor());
+    vx_bitmap_set_pixel_scale(sample, scale);
     on_draw_style(this, &sample, stl_prm, selected);
     SetGlyph(&sample);
 }

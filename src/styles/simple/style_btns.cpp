@@ -6,6 +6,7 @@
 
 #include "platform/basic/vx_res.h"
 #include "platform/styles/vx_style.h"
+#include "platform/toolkit/core/pixel_ratio.h"
 #include "platform/toolkit/graphics/bitmap.h"
 
 namespace {
@@ -20,7 +21,10 @@ Tvx_basic_style_btn::Tvx_basic_style_btn(TComponent *owner) : Tvx_bitbtn(owner)
 
 void Tvx_basic_style_btn::update_controls()
 {
-    TBitmap sample(c_sample_size, c_sample_size);
+    // In the screen's own pixels.
+    int const scale = vx_screen_pixel_scale();
+    TBitmap sample(c_sample_size * scale, c_sample_size * scale);
+    vx_bitmap_set_pixel_scale(sample, scale);
     sample.Dormant();
     sample.SetTransparent(false);
     sample.SetTransparentMode(tmFixed);
