@@ -3,6 +3,7 @@
 #include "captions/prop.h"
 #include "controls/prop/color_convert.h"
 #include "controls/prop/detail/action_name.h"
+#include "controls/prop/detail/sample_frame.h"
 
 #include "platform/basic/vx_res.h"
 #include "platform/dialogs/vx_dlgs.h"
@@ -25,7 +26,7 @@ bool is_character(unsigned code)
 } // namespace
 
 Tvx_chrmap_panel::Tvx_chrmap_panel(TComponent *owner)
-    : Tvx_caption_panel(owner), f_frame(new Tvx_panel(this)), f_symbol_label(new Tvx_label(this)),
+    : Tvx_caption_panel(owner), f_frame(new Tvx_sample_frame(this)), f_symbol_label(new Tvx_label(this)),
       f_button(new Tvx_button(this))
 {
     SetHeight(c_height);
@@ -35,8 +36,6 @@ Tvx_chrmap_panel::Tvx_chrmap_panel(TComponent *owner)
     f_button->SetCaption(L"...");
     f_button->OnClick = make_closure<&Tvx_chrmap_panel::on_button_click>(this);
     f_frame->SetParent(this);
-    f_frame->SetBevelOuter(bvLowered);
-    f_frame->SetColor(clWindow);
     f_frame->SetBounds(GetWidth() - c_button_width - c_symbol_width, 0, c_symbol_width, c_height);
     f_frame->SetAlign(alRight);
     f_symbol_label->SetParent(f_frame);

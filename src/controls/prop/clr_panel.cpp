@@ -2,6 +2,7 @@
 
 #include "captions/prop.h"
 #include "controls/prop/detail/action_name.h"
+#include "controls/prop/detail/sample_frame.h"
 #include "styles/preview/style_example.h"
 
 #include "platform/basic/vx_res.h"
@@ -21,7 +22,11 @@ public:
     explicit sample(Tvx_clr_panel *panel) : Tvx_gr_ctrl(panel), f_panel(panel) {}
 
 protected:
-    void Paint() override { vx_clr_style_example_canvas(GetCanvas(), GetClientRect(), f_panel->f_color); }
+    void Paint() override
+    {
+        vx_clr_style_example_canvas(GetCanvas(), GetClientRect(), f_panel->f_color);
+        vx_fade_disabled(*this, GetCanvas(), GetClientRect());
+    }
 
 private:
     Tvx_clr_panel *f_panel;

@@ -2,6 +2,7 @@
 
 #include "captions/prop.h"
 #include "controls/prop/detail/action_name.h"
+#include "controls/prop/detail/sample_frame.h"
 #include "controls/prop/figure_dialog_form.h"
 #include "controls/prop/figure_style_priv.h"
 #include "controls/prop/image_convert.h"
@@ -21,7 +22,7 @@ constexpr double c_sample_size = 3.6; // mm
 } // namespace
 
 Tvx_basic_figure_panel::Tvx_basic_figure_panel(TComponent *owner)
-    : Tvx_caption_panel(owner), f_frame(new Tvx_panel(this)), f_image(new Tvx_image(this)),
+    : Tvx_caption_panel(owner), f_frame(new Tvx_sample_frame(this)), f_image(new Tvx_fading<Tvx_image>(this)),
       f_button(new Tvx_button(this))
 {
     SetHeight(c_height);
@@ -31,7 +32,6 @@ Tvx_basic_figure_panel::Tvx_basic_figure_panel(TComponent *owner)
     f_button->SetCaption(L"...");
     f_button->OnClick = make_closure<&Tvx_basic_figure_panel::on_button_click>(this);
     f_frame->SetParent(this);
-    f_frame->SetBevelOuter(bvLowered);
     f_frame->SetColor(clWhite);
     f_frame->SetBounds(GetWidth() - c_button_width - c_sample_width, 0, c_sample_width, c_height);
     f_frame->SetAlign(alRight);

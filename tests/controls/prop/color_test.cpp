@@ -1,7 +1,9 @@
 #include "controls/prop/bool_panel.h"
+#include "controls/prop/chrmap_panel.h"
 #include "controls/prop/clr_picker.h"
 #include "controls/prop/clr_vsb_panel.h"
 #include "controls/prop/color_convert.h"
+#include "controls/prop/figure_panel.h"
 #include "controls/prop/image_convert.h"
 #include "prop_form.h"
 
@@ -283,4 +285,47 @@ TEST(image_convert, pictures_by_number)
     ground.GetCanvas()->GetBrush()->SetColor(clYellow);
     canvas_draw_rsrc_opaque(ground.GetCanvas(), 130, Rect(0, 0, 40, 30), true);
     EXPECT_EQ(ground.GetCanvas()->GetPixel(0, 0), clYellow);
+}
+
+TEST_F(colors, samples_have_four_edges_and_fade_while_they_are_disabled)
+{
+    auto *ground = add<Tvx_panel>(120);
+    ground->SetColor(clWhite);
+    int top = 4;
+    auto const place = [&](auto *panel) {
+        panel->SetParent(ground);
+        panel->SetBounds(4, top, 200, 20);
+        top += 30;
+        return panel;
+    };
+    auto *color = place(new Tvx_clr_panel(&form));
+    color->set_color(vx_clr_init_rgb(0, 0, 0));
+    auto *figure = place(new Tvx_figure_panel(&form));
+    auto *symbol = place(new Tvx_chrmap_panel(&form));
+    input::wait_idle();
+    TBitmap shot;
+    auto const at = [&shot](TControl *control, int x, int y) {
+        TPoint const point = control->ClientToScreen({x, y});
+        return shot.GetCanvas()->GetPixel(point.X, point.Y);
+    };
+    Screen->Grab(shot);
+    for (TWinControl *frame : {figure->get_image()->GetParent(), symbol->get_symbol_label()->GetParent()})
+        for (auto const &[x, y] : {std::pair(10, 0), {10, 19}, {0, 10}, {19, 10}})
+            EXPECT_EQ(at(frame, x, y), ColorToRGB(clBtnShadow)) << x << ", " << y;
+    EXPECT_EQ(at(color->get_sample(), 9, 9), clBlack);
+    EXPECT_EQ(at(figure->get_image(), 9, 9), clBlack);
+    // With the panel itself, and with anything on which it stands.
+    for (bool const whole : {false, true}) {
+        color->set_enabled(whole);
+        figure->SetEnabled(whole);
+        ground->SetEnabled(!whole);
+        input::wait_idle();
+        Screen->Grab(shot);
+        for (TControl *sample : {color->get_sample(), static_cast<TControl *>(figure->get_image())})
+            EXPECT_GT(at(sample, 9, 9) & 0xFF, 100);
+    }
+    ground->SetEnabled(true);
+    input::wait_idle();
+    Screen->Grab(shot);
+    EXPECT_EQ(at(color->get_sample(), 9, 9), clBlack);
 }
