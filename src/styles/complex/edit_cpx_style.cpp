@@ -2,6 +2,11 @@
 
 // The editor of style layers is not part of the library: nothing opens, and nobody accepts.
 
+bool vx_cpx_style_editor_exists()
+{
+    return false;
+}
+
 bool vx_edit_cpx_pnt_style(void * /*style*/)
 {
     return false;

@@ -1,5 +1,6 @@
 #include "controls/forms/grids.h"
 #include "controls/prop/figure_dialog_form.h"
+#include "styles/complex/edit_cpx_style.h"
 #include "styles/simple/bpgn_edit.h"
 #include "styles/simple/bpln_edit.h"
 #include "styles/simple/bpnt_edit.h"
@@ -85,14 +86,15 @@ TEST_F(base_edits, each_control_of_a_point_writes_its_value)
               L"DejaVu Serif");
     EXPECT_EQ(taken_events(), 1);
 
+    vx_bpnt_style_set_use_complex(style, true);
+    edit->update_controls();
+    EXPECT_EQ(taken_events(), 0);
     ASSERT_TRUE(input::click(edit->get_use_cpx()->get_check_box()));
-    EXPECT_TRUE(vx_bpnt_style_get_use_complex(style));
+    EXPECT_FALSE(vx_bpnt_style_get_use_complex(style));
     EXPECT_EQ(taken_events(), 1);
     EXPECT_EQ(last_sender, edit);
 
     accepts = false;
-    ASSERT_TRUE(input::click(edit->get_use_cpx()->get_check_box()));
-    taken_events();
     vx::owned<void, &vx_bpnt_style_destroy> const before(vx_bpnt_style_clone(style));
     ASSERT_TRUE(input::click(edit->get_color()->get_clr_panel()->get_sample()));
     ASSERT_TRUE(input::click(edit->get_symbol()->get_button()));
@@ -151,11 +153,11 @@ TEST_F(base_edits, values_are_kept_while_hidden)
     edit->update_controls();
     EXPECT_EQ(taken_events(), 0) << "setters fire nothing";
 
-    TWinControl *const box = edit->get_use_cpx()->get_check_box();
-    ASSERT_TRUE(input::click(box));
-    ASSERT_TRUE(input::click(edit->get_cpx_panel()->get_button()));
-    EXPECT_EQ(taken_events(), 1) << "an editor that did not accept is no change";
-    ASSERT_TRUE(input::click(box));
+    vx_bpnt_style_set_use_complex(edit->get_bpnt_style(), true);
+    edit->update_controls();
+    EXPECT_FALSE(edit->get_figure()->GetShowing());
+    ASSERT_TRUE(input::click(edit->get_use_cpx()->get_check_box()));
+    EXPECT_EQ(taken_events(), 1);
     EXPECT_EQ(edit->get_figure()->get_figure(), 12);
     EXPECT_EQ(edit->get_size()->get_size(), 5.5);
     EXPECT_EQ(edit->get_color()->get_color(), vx_clr_init_rgb(9, 8, 7));
@@ -177,12 +179,13 @@ TEST_F(base_edits, lines_and_fills_have_fewer_rows)
     ASSERT_TRUE(input::enter_text(line->get_width()->get_edit(), L"0.755"));
     EXPECT_EQ(vx_bpln_style_get_width(bpln), 0.75) << "two decimals";
     EXPECT_GT(taken_events(), 0);
-    ASSERT_TRUE(input::click(line->get_use_cpx()->get_check_box()));
-    EXPECT_TRUE(vx_bpln_style_get_use_complex(bpln));
-    EXPECT_EQ(taken_events(), 1);
+    vx_bpln_style_set_use_complex(bpln, true);
+    line->update_controls();
     EXPECT_EQ(rows_of({line->get_color(), line->get_width(), line->get_cpx_panel()}),
               std::vector<TControl *>{line->get_cpx_panel()});
     ASSERT_TRUE(input::click(line->get_use_cpx()->get_check_box()));
+    EXPECT_FALSE(vx_bpln_style_get_use_complex(bpln));
+    EXPECT_EQ(taken_events(), 1);
     EXPECT_EQ(rows_of({line->get_cpx_panel(), line->get_width(), line->get_color()}),
               (std::vector<TControl *>{line->get_color(), line->get_width()}));
     EXPECT_EQ(line->get_width()->get_size(), 0.75);
@@ -196,12 +199,28 @@ TEST_F(base_edits, lines_and_fills_have_fewer_rows)
     ASSERT_TRUE(input::click(fill->get_color()->get_clr_panel()->get_button()));
     EXPECT_EQ(vx_bpgn_style_get_color(bpgn), next_color);
     EXPECT_EQ(taken_events(), 1);
-    ASSERT_TRUE(input::click(fill->get_use_cpx()->get_check_box()));
-    EXPECT_TRUE(vx_bpgn_style_get_use_complex(bpgn));
+    vx_bpgn_style_set_use_complex(bpgn, true);
+    fill->update_controls();
     EXPECT_EQ(rows_of({fill->get_color(), fill->get_cpx_panel()}),
               std::vector<TControl *>{fill->get_cpx_panel()});
     ASSERT_TRUE(input::click(fill->get_use_cpx()->get_check_box()));
     EXPECT_EQ(rows_of({fill->get_color(), fill->get_cpx_panel()}),
               std::vector<TControl *>{fill->get_color()});
     EXPECT_EQ(fill->get_color()->get_color(), next_color);
+}
+
+TEST_F(base_edits, nobody_is_led_to_a_style_that_nothing_edits)
+{
+    ASSERT_FALSE(vx_cpx_style_editor_exists());
+    auto *edit = add_edit<Tvx_bpln_edit>();
+    TWinControl *const box = edit->get_use_cpx()->get_check_box();
+    EXPECT_FALSE(box->GetEnabled());
+    EXPECT_FALSE(input::click(box));
+    EXPECT_FALSE(vx_bpln_style_get_use_complex(edit->get_bpln_style()));
+    vx_bpln_style_set_use_complex(edit->get_bpln_style(), true);
+    edit->update_controls();
+    EXPECT_FALSE(edit->get_cpx_panel()->get_button()->GetEnabled());
+    ASSERT_TRUE(input::click(box)) << "there is a way back";
+    EXPECT_FALSE(box->GetEnabled());
+    EXPECT_EQ(taken_events(), 1);
 }
