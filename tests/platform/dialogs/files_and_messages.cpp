@@ -10,9 +10,9 @@
 #include "platform/toolkit/controls/label.h"
 #include "platform/toolkit/core/screen.h"
 
-#include <QApplication>
-#include <QScrollBar>
-#include <QTreeView>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QScrollBar>
+#include <QtWidgets/QTreeView>
 
 #include <atomic>
 #include <chrono>
