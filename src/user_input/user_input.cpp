@@ -659,8 +659,8 @@ bool save_shot(TControl *control, UnicodeString const &path)
     wait_idle();
     QByteArray bytes;
     QBuffer buffer(&bytes);
-    std::wstring error;
+    vx::fault fault;
     return buffer.open(QIODevice::WriteOnly) && widget->grab().save(&buffer, "PNG") &&
-           vx_save_atomic(path, {bytes.constData(), std::size_t(bytes.size())}, error);
+           vx_save_atomic(path, {bytes.constData(), std::size_t(bytes.size())}, fault);
 }
 } // namespace vx::user_input

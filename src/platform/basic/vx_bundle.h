@@ -25,7 +25,8 @@ struct t_vx_service_factory_interface;
 inline constexpr int c_vx_bundle_version = 1;
 inline constexpr char c_vx_bundle_entry_name[] = "vxk_bundle_entry";
 
-/// A data set driver. All functions get `context` first. They throw nothing, show nothing and print nothing.
+/// A data set driver. All functions get `context` first. They throw nothing, show nothing and print nothing;
+/// a driver that throws all the same is dropped, and the user told so.
 struct Tvx_datasource_driver
 {
     /// Short name for messages and for `vx_datasource_driver_*`; must be unique among the drivers.
@@ -38,8 +39,9 @@ struct Tvx_datasource_driver
     /// it only says that `open` is worth a try. Null counts as true for every source.
     bool (*can_open)(void *context, wchar_t const *source);
     /// Opens `source`, a connection string, and leaves the handle in `result`; on failure a null handle, and
-    /// the reason as one sentence in `error`. `result` is null when the call begins. The caller ends the
-    /// source with its `detach`. A source that is opened read-only leaves no file changed or made.
+    /// a reason in `error` (platform/basic/vx_fault.h): a sentence in the language of the captions, and in
+    /// lines behind it what a format's library said. `result` is null when the call begins. The caller ends
+    /// the source with its `detach`. A source that is opened read-only leaves no file changed or made.
     void (*open)(void *context, wchar_t const *source, bool read_only, t_vx_data_source_interface *result,
                  Ivx_string_adp *error);
     /// As `open`, for a new data set of the kind `driver_type`. Null when the driver makes none; a driver
@@ -64,16 +66,18 @@ struct Tvx_bundle_context
                                    t_vx_service_factory_interface factory);
 };
 
-/// The entry function of a bundle: false when it refuses to work; it has then registered nothing.
+/// The entry function of a bundle: false when it refuses to work. What it registered before is then taken
+/// back, as after an exception.
 using Tvx_bundle_entry = bool (*)(Tvx_bundle_context const *context);
 
 /// Loads every bundle of the bundle folder, once in the life of the process; later calls do nothing. Called
 /// by `vx_datasource_open` and `vx_service_registry_with_services` on first use, so a host need not.
 VX_API void vx_bundles_load();
-/// The folder that is searched. Set before the first use; empty stands for `vxk_bundles` beside the engine's
-/// library.
+/// The folder that is searched; a relative one is meant from the folder that is the current one now. Set
+/// before the first use; empty stands for `vxk_bundles` beside the engine's library, wherever that was loaded
+/// from.
 VX_API void vx_bundles_set_directory(wchar_t const *directory);
-/// Loads one bundle by its file name and runs its entry. False, with the reason in `error` (may be null),
+/// Loads one bundle by its file name and runs its entry. False, with a reason in `error` (may be null),
 /// when the file is no bundle or the entry refuses. A bundle that is loaded already counts as success and is
 /// not entered again.
 VX_API bool vx_bundle_load(wchar_t const *file_name, Ivx_string_adp *error);

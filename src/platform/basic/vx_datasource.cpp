@@ -3,11 +3,15 @@
 #include "captions/engine.h"
 #include "extension/binding/data_source.h"
 
+#include "platform/base/text_codec.h"
 #include "platform/base/virtual_mark.h"
 #include "platform/basic/vx_bundle.h"
+#include "platform/basic/vx_fault.h"
 #include "platform/basic/vx_res.h"
 
 #include <algorithm>
+#include <exception>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,6 +31,30 @@ bool is_null(t_vx_data_source_interface const &handle)
     return vx_data_source_interface_is_null(handle);
 }
 
+/// Runs a driver's code. What it throws, in its own words; nothing when all went well.
+template <class Call>
+std::optional<std::wstring> guarded(Call call)
+{
+    try {
+        call();
+    } catch (std::exception const &thrown) {
+        return vx::text::utf8_to_wide(thrown.what());
+    } catch (...) {
+        return std::wstring();
+    }
+    return std::nullopt;
+}
+
+/// Asks the driver no more, tells the user so, and gives the reason that was told.
+std::wstring drop(Tvx_datasource_driver const *driver, std::wstring const &details)
+{
+    auto const reason =
+        vx_fault_reason({c_capt_driver_failed, vx::text::utf8_to_wide(driver->id), 0, details});
+    vx_datasource_remove_driver(driver);
+    vx_reason_report(reason.c_str());
+    return reason;
+}
+
 // Asks the drivers one after the other. The reason of the first that gives one is kept: it has the greatest
 // priority.
 template <class Ask>
@@ -44,17 +72,21 @@ void ask_drivers(wchar_t const *source, int refusal, t_vx_data_source_interface 
     for (auto const *driver : std::vector(drivers())) {
         std::wstring error;
         Tvx_std_wstring_adapter const adapter(error);
-        ask(*driver, adapter);
+        if (auto const thrown = guarded([&] { ask(*driver, adapter); })) {
+            *result = {};
+            error = drop(driver, *thrown);
+        }
         if (!is_null(*result)) {
             last_error.clear();
             return;
         }
         *result = {};
         if (last_error.empty())
-            last_error = error;
+            last_error = vx_mask_passwords(error);
     }
     if (last_error.empty())
-        last_error = vx_res_format_w(drivers().empty() ? c_capt_no_driver_loaded : refusal, source);
+        last_error =
+            vx_fault_sentence({drivers().empty() ? c_capt_no_driver_loaded : refusal, source, 0, {}});
 }
 } // namespace
 

@@ -15,7 +15,7 @@ struct Tvx_datasource_driver;
 VX_API void vx_datasource_open(wchar_t const *source, bool read_only, t_vx_data_source_interface *result);
 /// Makes a new data set; `driver_type` goes to the drivers unchanged.
 VX_API void vx_datasource_create(wchar_t const *source, int driver_type, t_vx_data_source_interface *result);
-/// The reason of this thread's last failed open or create, one sentence; empty after a success.
+/// The reason (platform/basic/vx_fault.h) of this thread's last failed open or create; empty after a success.
 VX_API void vx_datasource_get_error(Ivx_string_adp *error);
 
 /// Who waits while a data set is opened or read for long: asked on the main thread, some 50 times a second,

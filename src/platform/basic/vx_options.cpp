@@ -68,8 +68,8 @@ public:
     {
         f_file_name = std::move(file_name);
         f_file = {};
-        std::wstring error;
-        auto const content = vx_file_read(f_file_name, error, c_file_limit);
+        vx::fault fault;
+        auto const content = vx_file_read(f_file_name, fault, c_file_limit);
         // A file that is there but cannot be read is not overwritten later by what we did not see.
         f_may_save = !f_file_name.empty() && (content || !vx_path_exists(f_file_name));
         f_saved = content.value_or(std::string());
@@ -94,8 +94,8 @@ public:
         auto const slash = f_file_name.rfind(L'/');
         if (slash != std::wstring::npos && slash > 0 && !vx_make_directories(f_file_name.substr(0, slash)))
             return false;
-        std::wstring error;
-        if (!vx_save_atomic(f_file_name, text, error))
+        vx::fault fault;
+        if (!vx_save_atomic(f_file_name, text, fault))
             return false;
         f_saved = text;
         return true;

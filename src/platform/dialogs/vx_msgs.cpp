@@ -3,6 +3,7 @@
 #include "captions/dialogs.h"
 
 #include "platform/base/text_codec.h"
+#include "platform/basic/vx_fault.h"
 #include "platform/basic/vx_res.h"
 #include "platform/dialogs/detail/common_form.h"
 #include "platform/dialogs/dlg_table_priv.h"
@@ -28,6 +29,7 @@ struct message
 {
     Tvx_msg_kind kind;
     std::wstring text;
+    std::wstring details;
     friend bool operator==(message const &, message const &) = default;
 };
 
@@ -73,6 +75,7 @@ void show_now(message const &what)
         table.message(table.user, owner, what.kind, what.text.c_str());
     } else {
         auto const box = make_box(icon_of(what.kind), what.text, owner);
+        box->setDetailedText(QString::fromStdWString(what.details));
         box->addButton(caption(c_dlg_ok), QMessageBox::AcceptRole);
         box->exec();
         delete box;
@@ -96,16 +99,16 @@ bool ask_now(std::wstring const &text)
     return agreed;
 }
 
-void show(Tvx_msg_kind kind, std::wstring text)
+void show(Tvx_msg_kind kind, std::wstring text, std::wstring details = {})
 {
     if (vx_is_main_thread())
-        return show_now({kind, std::move(text)});
+        return show_now({kind, std::move(text), std::move(details)});
     vx_main_thread_post(
         [](void *data) {
             std::unique_ptr<message> const what(static_cast<message *>(data));
             show_now(*what);
         },
-        new message{kind, std::move(text)});
+        new message{kind, std::move(text), std::move(details)});
 }
 
 void show_bytes(Tvx_msg_kind kind, char const *text)
@@ -178,6 +181,13 @@ void vx_show_wwarning(wchar_t const *text)
 void vx_show_werror(wchar_t const *text)
 {
     show_wide(c_msg_error, text);
+}
+
+void vx_show_reason(wchar_t const *reason)
+{
+    auto parts = vx_reason_split(reason ? reason : L"");
+    vx_reason_print(parts);
+    show(c_msg_error, std::move(parts.sentence), std::move(parts.details));
 }
 
 void ShowMessage(UnicodeString const &text)

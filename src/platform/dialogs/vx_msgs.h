@@ -24,6 +24,10 @@ VX_API void vx_show_wmessage(wchar_t const *text);
 VX_API void vx_show_wwarning(wchar_t const *text);
 VX_API void vx_show_werror(wchar_t const *text);
 
+/// An error given as a reason (platform/basic/vx_fault.h): the message is its sentence; what stands behind
+/// that is shown when the user asks for details, and written to the error output.
+VX_API void vx_show_reason(wchar_t const *reason);
+
 /// The same as `vx_show_wmessage`: the toolkit's word for it.
 VX_API void ShowMessage(UnicodeString const &text);
 

@@ -1,4 +1,5 @@
 #include "platform/base/owned.h"
+#include "platform/basic/vx_fault.h"
 #include "platform/basic/vx_palette.h"
 #include "platform/storage/detail/storage_state.h"
 #include "platform/storage/file_names.h"
@@ -87,8 +88,8 @@ void load_user_palettes(void *palettes)
         return;
     // The user's next palettes will take the place of a file that cannot be read.
     auto const kept = path + c_kept_ext;
-    if (!vx_path_exists(kept) && !vx_save_atomic(kept, *bytes, error))
-        vx_storage_report_error(error.c_str());
+    if (vx::fault fault; !vx_path_exists(kept) && !vx_save_atomic(kept, *bytes, fault))
+        vx_reason_report(vx_fault_reason(fault).c_str());
 }
 
 [[maybe_unused]] bool const registered = [] {

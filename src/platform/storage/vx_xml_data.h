@@ -7,7 +7,7 @@
 ///
 /// A load reads and checks the whole file first: at false the target is exactly as it was. A save puts all of
 /// the file in place or nothing; what goes wrong is told to the user through the handler of
-/// `vx_storage_set_error_handler`, since most callers have no result to give. The same content makes the same
+/// `vx_reason_set_handler`, since most callers have no result to give. The same content makes the same
 /// bytes.
 ///
 /// A storage object lives for one or a few calls and only keeps the reason of its last failure. Both families
@@ -18,7 +18,7 @@ struct Ivx_xml_data;
 VX_API void vx_xml_save_style_destroy(Ivx_xml_data *xml);
 /// Ends a storage object, whichever function made it. Null is accepted.
 VX_API void vx_xml_data_destroy(Ivx_xml_data *xml);
-/// Why the last call with the object failed, one sentence; empty when it did not.
+/// Why the last call with the object failed, a reason (platform/basic/vx_fault.h); empty when it did not.
 VX_API void vx_xml_data_get_error_w(Ivx_xml_data const *xml, Ivx_string_adp *error);
 
 /// Read a scale into the manager. `type` is the manager's style type, plain ("pnt_style") or manager key
@@ -53,9 +53,3 @@ VX_API bool vx_xml_save_style_save_pv_color_map(Ivx_xml_data *xml, wchar_t const
 VX_API bool vx_xml_save_style_save_style_pnt_file(wchar_t const *file, void const *style);
 VX_API bool vx_xml_save_style_save_style_pln_file(wchar_t const *file, void const *style);
 VX_API bool vx_xml_save_style_save_style_pgn_file(wchar_t const *file, void const *style);
-
-using Tvx_storage_error_handler = void (*)(wchar_t const *text);
-/// Who tells the user that a file could not be saved. Gives the handler before; null tells nobody.
-VX_API Tvx_storage_error_handler vx_storage_set_error_handler(Tvx_storage_error_handler handler);
-/// Tells the user one sentence through the handler.
-VX_API void vx_storage_report_error(wchar_t const *text);

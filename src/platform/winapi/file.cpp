@@ -1,5 +1,7 @@
 #include "platform/winapi/file.h"
 
+#include "captions/engine.h"
+
 #include "platform/base/text_codec.h"
 
 #include <algorithm>
@@ -31,19 +33,19 @@ constexpr Tvx_file_calls c_system_calls = {
 };
 Tvx_file_calls file_calls = c_system_calls;
 
-std::wstring sentence(wchar_t const *what, std::string const &path, int code)
+/// The names of faults are those of the sentences that are made of them.
+vx::fault make_fault(int code, std::wstring const &path, int system = 0)
 {
-    return std::wstring(what) + L" \"" + vx::text::utf8_to_wide(path) + L"\": " +
-           vx::text::utf8_to_wide(std::generic_category().message(code)) + L".";
+    return {code, path, system, {}};
 }
 
-bool native_path(std::wstring const &path, std::string &native, std::wstring &error)
+bool native_path(std::wstring const &path, std::string &native, vx::fault &fault)
 {
     native = vx_path_to_native(path);
     if (native.empty())
-        error = L"There is no file name.";
+        fault = make_fault(c_capt_no_file_name, path);
     else if (native.find('\0') != std::string::npos)
-        error = L"The file name holds a zero character.";
+        fault = make_fault(c_capt_name_has_zero, {});
     else
         return true;
     return false;
@@ -117,8 +119,8 @@ int flush(int file)
 class atomic_save
 {
 public:
-    atomic_save(std::string target, struct stat const *present)
-        : f_target(std::move(target)), f_present(present)
+    atomic_save(std::wstring path, std::string target, struct stat const *present)
+        : f_path(std::move(path)), f_target(std::move(target)), f_present(present)
     {
     }
     atomic_save(atomic_save const &) = delete;
@@ -129,7 +131,7 @@ public:
             file_calls.unlink(f_temp.c_str());
     }
 
-    bool run(std::string_view bytes, std::wstring &error) { return run(bytes, error, naming::last); }
+    bool run(std::string_view bytes, vx::fault &fault) { return run(bytes, fault, naming::last); }
 
 private:
     /// When the new file gets a name: a file that has none yet goes with the process.
@@ -139,33 +141,33 @@ private:
         last
     };
 
-    bool run(std::string_view bytes, std::wstring &error, naming when)
+    bool run(std::string_view bytes, vx::fault &fault, naming when)
     {
         open_file file(when == naming::first ? make_temp() : open_unnamed());
         if (file.number() < 0)
-            return when == naming::last ? run(bytes, error, naming::first)
-                                        : failed(error, L"A file cannot be made beside", errno);
+            return when == naming::last ? run(bytes, fault, naming::first)
+                                        : failed(fault, c_capt_file_not_made, errno);
         if (f_present)
             take_over_rights(file.number());
         if (int const code = write_all(file.number(), bytes))
-            return failed(error, L"The file cannot be written:", code);
+            return failed(fault, c_capt_file_not_written, code);
         if (int const code = flush(file.number()))
-            return failed(error, L"The file cannot be written to the disk:", code);
+            return failed(fault, c_capt_file_not_written, code);
         if (when == naming::last && !give_name(file.number())) {
             static_cast<void>(file.close()); // gives its room back
-            return run(bytes, error, naming::first);
+            return run(bytes, fault, naming::first);
         }
         if (int const code = file.close())
-            return failed(error, L"The file cannot be written:", code);
+            return failed(fault, c_capt_file_not_written, code);
         if (file_calls.rename(f_temp.c_str(), f_target.c_str()) != 0)
-            return failed(error, L"The file cannot be replaced:", errno);
+            return failed(fault, c_capt_file_not_replaced, errno);
         f_temp.clear();
-        return flush_directory(error);
+        return flush_directory(fault);
     }
 
-    bool failed(std::wstring &error, wchar_t const *what, int code) const
+    bool failed(vx::fault &fault, int code, int system) const
     {
-        error = sentence(what, f_target, code);
+        fault = make_fault(code, f_path, system);
         return false;
     }
 
@@ -225,7 +227,7 @@ private:
 
     // Some file systems cannot flush a directory, and a directory may be closed to reading; neither is a
     // failure.
-    bool flush_directory(std::wstring &error) const
+    bool flush_directory(vx::fault &fault) const
     {
         open_file file(file_calls.open(directory().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0));
         if (file.number() < 0)
@@ -233,9 +235,10 @@ private:
         int const code = flush(file.number());
         if (code == 0 || code == EINVAL || code == ENOTSUP || code == EROFS)
             return true;
-        return failed(error, L"The file is written but may not outlast a power failure:", code);
+        return failed(fault, c_capt_file_not_safe, code);
     }
 
+    std::wstring f_path; ///< as the caller names it
     std::string f_target;
     struct stat const *f_present;
     std::string f_temp;
@@ -278,11 +281,11 @@ bool vx_is_directory(std::wstring const &path)
     return stat(vx_path_to_native(path).c_str(), &info) == 0 && S_ISDIR(info.st_mode);
 }
 
-std::optional<std::string> vx_file_read(std::wstring const &path, std::wstring &error, std::size_t limit)
+std::optional<std::string> vx_file_read(std::wstring const &path, vx::fault &fault, std::size_t limit)
 {
-    error.clear();
+    fault = {};
     std::string native;
-    if (!native_path(path, native, error))
+    if (!native_path(path, native, fault))
         return std::nullopt;
     // Not to block on a FIFO or a device: what it is shows only once it is open.
     open_file const file(::open(native.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
@@ -290,18 +293,18 @@ std::optional<std::string> vx_file_read(std::wstring const &path, std::wstring &
     {
     };
     if (file.number() < 0 || fstat(file.number(), &info) != 0) {
-        error = sentence(L"The file cannot be opened:", native, errno);
+        fault = make_fault(c_capt_file_not_opened, path, errno);
         return std::nullopt;
     }
     if (!S_ISREG(info.st_mode)) {
-        error = L"This is no file: \"" + path + L"\".";
+        fault = make_fault(c_capt_no_regular_file, path);
         return std::nullopt;
     }
     std::string bytes;
     for (;;) {
         auto const size = bytes.size();
         if (size > limit) {
-            error = L"The file is too long: \"" + path + L"\".";
+            fault = make_fault(c_capt_file_too_long, path);
             return std::nullopt;
         }
         // One byte past the limit is enough to see that the file is longer.
@@ -311,21 +314,21 @@ std::optional<std::string> vx_file_read(std::wstring const &path, std::wstring &
         if (done == 0)
             return bytes;
         if (done < 0 && errno != EINTR) {
-            error = sentence(L"The file cannot be read:", native, errno);
+            fault = make_fault(c_capt_file_not_read, path, errno);
             return std::nullopt;
         }
     }
 }
 
-bool vx_save_atomic(std::wstring const &path, std::string_view bytes, std::wstring &error)
+bool vx_save_atomic(std::wstring const &path, std::string_view bytes, vx::fault &fault)
 {
-    error.clear();
+    fault = {};
     std::string native;
-    if (!native_path(path, native, error))
+    if (!native_path(path, native, fault))
         return false;
     auto const target = follow_links(native);
     if (target.empty()) {
-        error = sentence(L"The file cannot be written:", native, errno);
+        fault = make_fault(c_capt_file_not_written, path, errno);
         return false;
     }
     struct stat info
@@ -333,14 +336,14 @@ bool vx_save_atomic(std::wstring const &path, std::string_view bytes, std::wstri
     };
     bool const present = stat(target.c_str(), &info) == 0;
     if (present && !S_ISREG(info.st_mode)) {
-        error = L"This is no file that can be replaced: \"" + path + L"\".";
+        fault = make_fault(c_capt_no_regular_file, path);
         return false;
     }
     if (present && faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) {
-        error = sentence(L"The file cannot be written:", native, errno);
+        fault = make_fault(c_capt_file_not_written, path, errno);
         return false;
     }
-    return atomic_save(target, present ? &info : nullptr).run(bytes, error);
+    return atomic_save(path, target, present ? &info : nullptr).run(bytes, fault);
 }
 
 bool vx_make_directories(std::wstring const &path)

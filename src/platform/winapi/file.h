@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/base/export.h"
+#include "platform/base/fault.h"
 
 #include <cstddef>
 #include <optional>
@@ -21,8 +22,8 @@
 inline constexpr std::size_t c_file_read_limit = std::size_t{1} << 30;
 
 /// The whole content of a regular file. Nothing when it cannot be read, is no regular file (a FIFO does not
-/// block) or is longer than `limit`; `error` then holds one sentence.
-[[nodiscard]] VX_API std::optional<std::string> vx_file_read(std::wstring const &path, std::wstring &error,
+/// block) or is longer than `limit`; `fault` then says why.
+[[nodiscard]] VX_API std::optional<std::string> vx_file_read(std::wstring const &path, vx::fault &fault,
                                                              std::size_t limit = c_file_read_limit);
 
 /// The one way to save a file: all of it or nothing.
@@ -31,10 +32,9 @@ inline constexpr std::size_t c_file_read_limit = std::size_t{1} << 30;
 /// one step; the directory is flushed last. At any failure, a full disk or a crash included, the target is
 /// what it was. A failure leaves no other file, and a crash leaves none where the file system knows files
 /// without a name, but for the moment in which the new file has a name of its own. A symbolic link stays a
-/// link: the file that it points to is replaced. An existing target keeps its permissions. False, with one
-/// sentence in `error`, when a step failed.
-[[nodiscard]] VX_API bool vx_save_atomic(std::wstring const &path, std::string_view bytes,
-                                         std::wstring &error);
+/// link: the file that it points to is replaced. An existing target keeps its permissions. False, with the
+/// reason in `fault`, when a step failed.
+[[nodiscard]] VX_API bool vx_save_atomic(std::wstring const &path, std::string_view bytes, vx::fault &fault);
 
 /// Makes a directory with all levels above it; true when it exists afterwards.
 [[nodiscard]] VX_API bool vx_make_directories(std::wstring const &path);

@@ -1,5 +1,7 @@
 #include "platform/winapi/library.h"
 
+#include "captions/engine.h"
+
 #include "platform/base/ascii_case.h"
 #include "platform/base/text_codec.h"
 
@@ -19,7 +21,7 @@ constexpr std::string_view c_module_prefix = "lib";
 constexpr std::string_view c_module_suffix = ".so";
 constexpr char c_bundle_folder[] = "vxk_bundles/";
 
-thread_local std::wstring last_error;
+thread_local vx::fault last_fault;
 
 struct split_path
 {
@@ -42,10 +44,14 @@ std::string const &own_directory()
         if (!dladdr(reinterpret_cast<void const *>(&vx_library_get_own_directory), &info) || !info.dli_fname)
             return std::string();
         char resolved[PATH_MAX];
-        return split(realpath(info.dli_fname, resolved) ? resolved : info.dli_fname).directory;
+        return realpath(info.dli_fname, resolved) ? split(resolved).directory : std::string();
     }();
     return directory;
 }
+
+// Asked while the library loads: the loader's name may be relative to the folder that is the current one
+// then.
+[[maybe_unused]] std::string const &g_asked_at_load = own_directory();
 
 // A name of the historical form, taken apart; nothing for any other name.
 std::optional<split_path> historical_name(std::string path)
@@ -124,9 +130,9 @@ HMODULE open_file(std::string const &file, int flags)
     return static_cast<HMODULE>(dlopen(file.c_str(), flags));
 }
 
-void keep_error(std::string const &text)
+void keep_fault(int code, std::string const &module, char const *details = nullptr)
 {
-    last_error = vx::text::utf8_to_wide(text);
+    last_fault = {code, vx::text::utf8_to_wide(module), 0, vx::text::utf8_to_wide(details ? details : "")};
 }
 
 HMODULE load_historical(split_path const &wanted)
@@ -143,29 +149,26 @@ HMODULE load_historical(split_path const &wanted)
         if (auto const module = open_file(file, RTLD_NOW | RTLD_LOCAL))
             return module;
         if (in_place) {
-            auto const *const reason = dlerror();
-            keep_error(reason ? reason : file + " cannot be loaded");
+            keep_fault(c_capt_module_not_loaded, file, dlerror());
             return nullptr;
         }
     }
-    keep_error("There is no module \"" + wanted.directory + wanted.name + "\".");
+    keep_fault(c_capt_no_module, wanted.directory + wanted.name);
     return nullptr;
 }
 } // namespace
 
 HMODULE LoadLibraryW(wchar_t const *name)
 {
-    last_error.clear();
+    last_fault = {};
     if (!name || !*name)
         return nullptr;
     auto const path = vx::text::wide_to_utf8(name);
     if (auto const wanted = historical_name(path))
         return load_historical(*wanted);
     auto const module = open_file(path, RTLD_NOW | RTLD_LOCAL);
-    if (!module) {
-        auto const *const reason = dlerror();
-        keep_error(reason ? reason : path + " cannot be loaded");
-    }
+    if (!module)
+        keep_fault(c_capt_module_not_loaded, path, dlerror());
     return module;
 }
 
@@ -209,9 +212,9 @@ void *GetProcAddress(HMODULE module, char const *name)
     return holder == map ? address : nullptr;
 }
 
-wchar_t const *vx_library_get_error()
+vx::fault const &vx_library_get_fault()
 {
-    return last_error.c_str();
+    return last_fault;
 }
 
 wchar_t const *vx_library_get_own_directory()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/base/export.h"
+#include "platform/base/fault.h"
 
 /// A loaded module. Opaque; the same module gives the same handle.
 struct HINSTANCE__;
@@ -22,7 +23,8 @@ VX_API bool FreeLibrary(HMODULE module);
 /// has none.
 [[nodiscard]] VX_API void *GetProcAddress(HMODULE module, char const *name);
 
-/// Why this thread's last `LoadLibraryW` failed, as one line of text; empty after a success.
-[[nodiscard]] VX_API wchar_t const *vx_library_get_error();
-/// Directory of the library that holds this function, with a "/" at its end.
+/// Why this thread's last `LoadLibraryW` failed; no fault after a success.
+[[nodiscard]] VX_API vx::fault const &vx_library_get_fault();
+/// Directory of the library that holds this function when it was loaded, absolute, with a "/" at its end;
+/// empty when the system does not say.
 [[nodiscard]] VX_API wchar_t const *vx_library_get_own_directory();

@@ -5,6 +5,7 @@
 #include "scale_engine/model/scale_path.h"
 
 #include "platform/base/owned.h"
+#include "platform/basic/vx_fault.h"
 #include "platform/basic/vx_res.h"
 #include "platform/storage/vx_xml_data.h"
 #include "platform/styles/vx_stl_mngr.h"
@@ -29,7 +30,7 @@ bool save(std::wstring const &file, std::wstring const &field, void const *stl_m
     if (file.empty())
         return false;
     if (field.find_first_of(vx::filesystem::all_directory_separators) != field.npos) {
-        vx_storage_report_error(vx_res_format_w(c_capt_name_has_separator, field).c_str());
+        vx_reason_report(vx_res_format_w(c_capt_name_has_separator, field).c_str());
         return false;
     }
     char const *const type = vx_stl_mngr_get_style_type(stl_mngr);

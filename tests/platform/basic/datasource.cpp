@@ -4,9 +4,12 @@
 #include "platform/base/string_adp.h"
 #include "platform/basic/vx_bundle.h"
 #include "platform/basic/vx_datasource.h"
+#include "platform/basic/vx_fault.h"
 #include "platform/winapi/file.h"
 
+#include <cstdlib>
 #include <gtest/gtest.h>
+#include <stdexcept>
 #include <string>
 
 namespace {
@@ -189,4 +192,47 @@ TEST(bundle, what_is_none_is_refused)
     EXPECT_FALSE(vx_bundle_load((dir / "broken.so").wstring().c_str(), nullptr));
     EXPECT_FALSE(vx_bundle_load(nullptr, nullptr));
     EXPECT_EQ(before, vx_bundles_get_count());
+}
+
+TEST(bundle, what_it_registered_goes_with_its_refusal)
+{
+    int const drivers = vx_datasource_driver_count();
+    for (bool const throws : {false, true}) {
+        if (throws)
+            setenv("VX_TEST_BUNDLE_THROWS", "1", 1);
+        std::wstring error;
+        EXPECT_FALSE(load("vx_test_bundle_turncoat", error));
+        EXPECT_EQ(throws, error.find(L"no licence") != error.npos);
+        EXPECT_EQ(drivers, vx_datasource_driver_count());
+        EXPECT_FALSE(open(L"whatever the driver would be asked"));
+    }
+    unsetenv("VX_TEST_BUNDLE_THROWS");
+}
+
+TEST(datasource, a_driver_that_throws_is_dropped_and_the_user_told_once)
+{
+    static int told = 0;
+    told = 0;
+    auto const before = vx_reason_set_handler([](wchar_t const *reason) {
+        ++told;
+        EXPECT_NE(std::wstring_view::npos, std::wstring_view(reason).find(L"thrower"));
+    });
+    static auto const fail = [] { throw std::runtime_error("out of order"); };
+    Tvx_datasource_driver const thrower = {
+        "thrower",
+        500,
+        nullptr,
+        [](void *, wchar_t const *) {
+            fail();
+            return true;
+        },
+        [](void *, wchar_t const *, bool, t_vx_data_source_interface *, Ivx_string_adp *) {},
+        nullptr};
+    driver good("good", 5, L"a", true, L"");
+    ASSERT_TRUE(vx_datasource_add_driver(&thrower));
+    EXPECT_TRUE(open(L"abc")) << "the next driver opens it";
+    EXPECT_TRUE(open(L"abc"));
+    EXPECT_EQ(1, told);
+    vx_datasource_remove_driver(&thrower);
+    vx_reason_set_handler(before);
 }

@@ -1,4 +1,4 @@
-foreach(bundle good refusing without_entry)
+foreach(bundle good refusing turncoat without_entry)
     add_library(vx_test_bundle_${bundle} MODULE ${CMAKE_CURRENT_SOURCE_DIR}/platform/basic/bundles/${bundle}.cpp)
     target_include_directories(vx_test_bundle_${bundle} PRIVATE ${CMAKE_SOURCE_DIR}/src)
     target_link_libraries(vx_test_bundle_${bundle} PRIVATE vxk_platform vx_warnings)

@@ -31,10 +31,10 @@ public:
 class told
 {
 public:
-    told() : f_before(vx_storage_set_error_handler(&take)) { last().clear(); }
+    told() : f_before(vx_reason_set_handler(&take)) { last().clear(); }
     told(told const &) = delete;
     told &operator=(told const &) = delete;
-    ~told() { vx_storage_set_error_handler(f_before); }
+    ~told() { vx_reason_set_handler(f_before); }
     [[nodiscard]] static std::wstring &last()
     {
         static std::wstring text;
@@ -43,7 +43,7 @@ public:
 
 private:
     static void take(wchar_t const *text) { last() = text; }
-    Tvx_storage_error_handler f_before;
+    Tvx_reason_handler f_before;
 };
 
 std::wstring error_of(owned_xml const &xml)

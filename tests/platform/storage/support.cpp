@@ -5,7 +5,7 @@
 namespace vx_test {
 namespace {
 /// Saves that fail on purpose tell nobody: a message would wait for an answer.
-[[maybe_unused]] Tvx_storage_error_handler const g_former = vx_storage_set_error_handler(nullptr);
+[[maybe_unused]] Tvx_reason_handler const g_former = vx_reason_set_handler(nullptr);
 } // namespace
 
 void maker::layer(void *lr)

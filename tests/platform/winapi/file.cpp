@@ -102,12 +102,12 @@ private:
 TEST(file, save_and_read_are_the_same)
 {
     vx_test::temp_dir const dir;
-    std::wstring error;
+    vx::fault error;
     std::string const contents[] = {"", "one", std::string("a\0b\n", 4), std::string(3'000'000, 'x')};
     for (auto const &content : contents) {
         for (auto const *name : {"plain.txt", "имя с пробелами.txt"}) {
             auto const path = wide(dir / name);
-            ASSERT_TRUE(vx_save_atomic(path, content, error)) << vx_path_to_native(error);
+            ASSERT_TRUE(vx_save_atomic(path, content, error)) << error.code;
             auto const back = vx_file_read(path, error);
             ASSERT_TRUE(back);
             EXPECT_TRUE(content == *back);
@@ -137,7 +137,7 @@ TEST(file, whichever_call_fails_the_target_stays_and_there_is_no_litter)
                 ASSERT_LT(n, 100);
                 vx_test::temp_dir const dir;
                 vx_test::write_file(dir / "target", "old content");
-                std::wstring error;
+                vx::fault error;
                 bool saved = false;
                 int calls = 0;
                 {
@@ -146,7 +146,7 @@ TEST(file, whichever_call_fails_the_target_stays_and_there_is_no_litter)
                     calls = present_fault->count;
                 }
                 EXPECT_EQ(1, dir.count());
-                EXPECT_EQ(saved, error.empty());
+                EXPECT_EQ(saved, !error);
                 // Once the new file has the name, only its directory is left to be flushed.
                 auto const content = vx_test::read_file(dir / "target");
                 bool const of_directory = kind.where != call::write && kind.where != call::rename && n > 1;
@@ -161,7 +161,7 @@ TEST(file, a_full_disk_leaves_the_old_file)
     vx_test::temp_dir const dir;
     if (mount("tmpfs", dir.path().c_str(), "tmpfs", 0, "size=64k") != 0)
         GTEST_SKIP() << "only the super user mounts a small disk";
-    std::wstring error;
+    vx::fault error;
     bool const first = vx_save_atomic(wide(dir / "target"), "old content", error);
     bool const second = vx_save_atomic(wide(dir / "target"), std::string(1 << 20, 'x'), error);
     auto const content = vx_test::read_file(dir / "target");
@@ -191,10 +191,10 @@ TEST(file, folders_and_files_that_are_read_only)
         constexpr uid_t c_nobody = 65534;
         if (getuid() == 0 && setuid(c_nobody) != 0)
             _exit(100);
-        std::wstring error;
+        vx::fault error;
         int failed = 0;
         for (auto const &path : {dir / "folder/target", dir / "folder/new", dir / "file"})
-            failed += !vx_save_atomic(wide(path), "new content", error) && !error.empty();
+            failed += !vx_save_atomic(wide(path), "new content", error) && error;
         _exit(failed);
     }
     int status = 0;
@@ -219,7 +219,7 @@ TEST(file, a_save_that_is_killed_leaves_the_old_file_or_the_new_one)
     for (int i = 0; i < c_kills; ++i) {
         pid_t const child = fork();
         if (child == 0) {
-            std::wstring error;
+            vx::fault error;
             for (int n = i;; ++n)
                 if (!vx_save_atomic(wide(dir / "target"), contents[n % 2], error))
                     _exit(1);
@@ -244,7 +244,7 @@ TEST(file, both_separators_lead_to_the_same_file)
 {
     vx_test::temp_dir const dir;
     std::filesystem::create_directory(dir / "folder");
-    std::wstring error;
+    vx::fault error;
     auto const path = wide(dir.path()) + L"\\folder\\name";
     ASSERT_TRUE(vx_save_atomic(path, "content", error));
     EXPECT_EQ("content", vx_test::read_file(dir / "folder/name"));
@@ -257,22 +257,22 @@ TEST(file, both_separators_lead_to_the_same_file)
 TEST(file, a_failure_is_told_in_one_sentence)
 {
     vx_test::temp_dir const dir;
-    std::wstring error;
+    vx::fault error;
     {
         faulty_calls const faulty({call::write, 2, ENOSPC});
         EXPECT_FALSE(vx_save_atomic(wide(dir / "target"), "new content", error));
     }
-    EXPECT_NE(std::wstring::npos, error.find(L"target"));
-    EXPECT_NE(std::wstring::npos, error.find(L"No space left"));
+    EXPECT_EQ(wide(dir / "target"), error.subject);
+    EXPECT_EQ(ENOSPC, error.system);
     EXPECT_TRUE(vx_save_atomic(wide(dir / "target"), "x", error));
-    EXPECT_EQ(L"", error);
+    EXPECT_FALSE(error);
 }
 
 TEST(file, interrupted_calls_are_taken_up_again)
 {
     for (auto const where : {call::write, call::fsync, call::close}) {
         vx_test::temp_dir const dir;
-        std::wstring error;
+        vx::fault error;
         faulty_calls const faulty({where, 1, EINTR});
         EXPECT_TRUE(vx_save_atomic(wide(dir / "target"), "new content", error));
         EXPECT_EQ("new content", vx_test::read_file(dir / "target"));
@@ -282,7 +282,7 @@ TEST(file, interrupted_calls_are_taken_up_again)
 TEST(file, a_directory_that_cannot_be_flushed)
 {
     vx_test::temp_dir const dir;
-    std::wstring error;
+    vx::fault error;
     {
         faulty_calls const faulty({call::fsync, 2, EINVAL});
         EXPECT_TRUE(vx_save_atomic(wide(dir / "target"), "one", error)) << "some file systems cannot";
@@ -298,7 +298,7 @@ TEST(file, a_directory_that_cannot_be_flushed)
 TEST(file, keeps_mode_and_links)
 {
     vx_test::temp_dir const dir;
-    std::wstring error;
+    vx::fault error;
     vx_test::write_file(dir / "real", "old");
     ASSERT_EQ(0, chmod((dir / "real").c_str(), 0640));
     std::filesystem::create_symlink("real", dir / "link");
@@ -320,9 +320,9 @@ TEST(file, keeps_mode_and_links)
 TEST(file, names_at_the_limit_of_the_system)
 {
     vx_test::temp_dir const dir;
-    std::wstring error;
+    vx::fault error;
     std::string const longest(255, 'n');
-    EXPECT_TRUE(vx_save_atomic(wide(dir / longest), "x", error)) << vx_path_to_native(error);
+    EXPECT_TRUE(vx_save_atomic(wide(dir / longest), "x", error)) << error.code;
     EXPECT_FALSE(vx_save_atomic(wide(dir / (longest + "n")), "x", error));
     EXPECT_EQ(1, dir.count());
 }
@@ -336,14 +336,14 @@ TEST(file, what_is_no_file_is_refused_at_once)
                                   wide(dir / "not there"),  L"",
                                   std::wstring(L"a\0b", 3), wide(dir / "not there" / "file")};
     for (auto const &path : paths) {
-        std::wstring error;
+        vx::fault error;
         EXPECT_FALSE(vx_file_read(path, error));
-        EXPECT_NE(L"", error);
+        EXPECT_TRUE(error);
     }
     for (auto const index : {0, 1, 3, 4, 5}) {
-        std::wstring error;
+        vx::fault error;
         EXPECT_FALSE(vx_save_atomic(paths[index], "x", error));
-        EXPECT_NE(L"", error);
+        EXPECT_TRUE(error);
     }
     EXPECT_EQ(2, dir.count());
 }
@@ -352,10 +352,10 @@ TEST(file, reads_no_more_than_asked)
 {
     vx_test::temp_dir const dir;
     vx_test::write_file(dir / "ten", "0123456789");
-    std::wstring error;
+    vx::fault error;
     EXPECT_EQ("0123456789", vx_file_read(wide(dir / "ten"), error, 10).value_or(""));
     EXPECT_FALSE(vx_file_read(wide(dir / "ten"), error, 9));
-    EXPECT_NE(L"", error);
+    EXPECT_TRUE(error);
 }
 
 TEST(file, makes_directories)

@@ -1,7 +1,10 @@
 #include "platform/winapi/library.h"
 
+#include <cstdlib>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <string>
+#include <unistd.h>
 
 TEST(library, finds_a_loaded_module_by_its_historical_name)
 {
@@ -21,7 +24,7 @@ TEST(library, loads_from_the_bundle_folder_and_counts)
     EXPECT_EQ(nullptr, GetModuleHandleW(L"vx_test_module.dll")) << "looking does not load";
     auto *const module = LoadLibraryW(L"vx_test_module.dll");
     ASSERT_NE(nullptr, module) << "beside the test's library folder";
-    EXPECT_STREQ(L"", vx_library_get_error());
+    EXPECT_FALSE(vx_library_get_fault());
     EXPECT_EQ(module, LoadLibraryW(L"VX_TEST_MODULE.dll"));
     EXPECT_EQ(module, GetModuleHandleW(L"vx_test_module.dll"));
     EXPECT_TRUE(FreeLibrary(module));
@@ -41,10 +44,25 @@ TEST(library, loads_from_the_bundle_folder_and_counts)
 TEST(library, tells_why_it_fails)
 {
     EXPECT_EQ(nullptr, LoadLibraryW(L"no_such_module.dll"));
-    EXPECT_NE(std::wstring::npos, std::wstring(vx_library_get_error()).find(L"no_such_module"));
+    EXPECT_NE(std::wstring::npos, vx_library_get_fault().subject.find(L"no_such_module"));
     EXPECT_EQ(nullptr, LoadLibraryW(L"libno_such_module.so"));
-    EXPECT_NE(std::wstring(), vx_library_get_error());
+    EXPECT_TRUE(vx_library_get_fault());
     EXPECT_EQ(nullptr, LoadLibraryW(nullptr));
     EXPECT_EQ(nullptr, LoadLibraryW(L""));
     EXPECT_FALSE(FreeLibrary(nullptr));
+}
+
+// Run by the next test in a process of its own.
+TEST(library, DISABLED_own_directory_of_another_current_folder)
+{
+    ASSERT_EQ(0, chdir("/"));
+    EXPECT_EQ(std::wstring(L"" VX_BINARY_DIR "/lib/"), vx_library_get_own_directory());
+}
+
+TEST(library, own_directory_is_that_of_the_time_of_loading)
+{
+    auto const program = std::filesystem::read_symlink("/proc/self/exe").string();
+    auto const line = "cd " VX_BINARY_DIR "/lib && LD_LIBRARY_PATH=. " + program +
+                      " --gtest_also_run_disabled_tests --gtest_filter='*DISABLED_own_directory*' > /dev/null";
+    EXPECT_EQ(0, std::system(line.c_str()));
 }

@@ -20,20 +20,20 @@ class task_files : public testing::Test
 protected:
     task_files()
         : f_mngr(vx_stl_mngr_create("pnt_style")), f_other(vx_stl_mngr_create("pnt_style")),
-          f_before(vx_storage_set_error_handler([](wchar_t const *text) { g_told = text; }))
+          f_before(vx_reason_set_handler([](wchar_t const *text) { g_told = text; }))
     {
         g_told.clear();
         vx_val_scale_set_size(vx_stl_mngr_get_val_scale_ptr(f_mngr.get()), 3);
         vx_rng_scale_set_size(vx_stl_mngr_get_rng_scale_ptr(f_mngr.get()), 4);
     }
-    ~task_files() override { vx_storage_set_error_handler(f_before); }
+    ~task_files() override { vx_reason_set_handler(f_before); }
 
     vx_test::temp_dir f_dir;
     owned_mngr f_mngr;
     owned_mngr f_other;
 
 private:
-    Tvx_storage_error_handler f_before;
+    Tvx_reason_handler f_before;
 };
 
 TEST(scale_path, names)

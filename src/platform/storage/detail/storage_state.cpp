@@ -2,20 +2,13 @@
 
 #include "captions/engine.h"
 
+#include "platform/basic/vx_fault.h"
 #include "platform/basic/vx_res.h"
 #include "platform/winapi/file.h"
 
 #include <utility>
 
 namespace vx::storage {
-namespace {
-Tvx_storage_error_handler &error_handler()
-{
-    static Tvx_storage_error_handler handler = nullptr;
-    return handler;
-}
-} // namespace
-
 bool done(Ivx_xml_data *xml, std::wstring error)
 {
     bool const good = error.empty();
@@ -27,13 +20,16 @@ bool done(Ivx_xml_data *xml, std::wstring error)
 bool saved(Ivx_xml_data *xml, std::wstring const &error)
 {
     if (!error.empty())
-        vx_storage_report_error(error.c_str());
+        vx_reason_report(error.c_str());
     return done(xml, error);
 }
 
 std::optional<std::string> file_bytes(wchar_t const *file, std::wstring &error)
 {
-    return vx_file_read(file ? file : L"", error, c_xml_size_limit);
+    vx::fault fault;
+    auto bytes = vx_file_read(file ? file : L"", fault, c_xml_size_limit);
+    error = vx_fault_reason(fault);
+    return bytes;
 }
 
 std::wstring fault_text(xml_fault fault, wchar_t const *file)
@@ -55,9 +51,8 @@ std::wstring save_bytes(wchar_t const *file, std::string const &bytes)
 {
     if (bytes.empty())
         return vx_res_format_w(c_capt_too_large_to_save, file ? file : L"");
-    std::wstring error;
-    bool const good = vx_save_atomic(file ? file : L"", bytes, error);
-    return good ? std::wstring() : error;
+    vx::fault fault;
+    return vx_save_atomic(file ? file : L"", bytes, fault) ? std::wstring() : vx_fault_reason(fault);
 }
 } // namespace vx::storage
 
@@ -81,15 +76,4 @@ void vx_xml_data_destroy(Ivx_xml_data *xml)
 void vx_xml_data_get_error_w(Ivx_xml_data const *xml, Ivx_string_adp *error)
 {
     vx_string_adp_feed(error, xml ? xml->error.c_str() : L"");
-}
-
-Tvx_storage_error_handler vx_storage_set_error_handler(Tvx_storage_error_handler handler)
-{
-    return std::exchange(error_handler(), handler);
-}
-
-void vx_storage_report_error(wchar_t const *text)
-{
-    if (auto const handler = error_handler(); handler && text)
-        handler(text);
 }

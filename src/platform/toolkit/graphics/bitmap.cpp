@@ -194,9 +194,9 @@ bool TBitmap::SaveToFile(UnicodeString const &file_name) const
     QImageWriter writer(&buffer, suffix.isEmpty() ? QByteArray("bmp") : suffix);
     if (!writer.write(f_state->image))
         return false;
-    std::wstring error;
+    vx::fault fault;
     std::string_view const content(bytes.constData(), static_cast<std::size_t>(bytes.size()));
-    return vx_save_atomic(file_name, content, error);
+    return vx_save_atomic(file_name, content, fault);
 }
 
 TPixelFormat TBitmap::GetPixelFormat() const
