@@ -7,6 +7,7 @@
 
 #include "platform/base/string_adp.h"
 #include "platform/basic/vx_datasource.h"
+#include "platform/basic/vx_fault.h"
 #include "platform/data/vx_attr_data.h"
 #include "platform/data/vx_shape_files.h"
 #include "platform/layers/layer_keys.h"
@@ -190,6 +191,22 @@ QString open_error(QString const &path)
     vx_datasource_get_error(Tvx_std_wstring_adapter(error));
     return error.empty() ? vx_host_caption(c_cap_err_no_layers) : QString::fromStdWString(error);
 }
+/// A path or connection string as the user may see it.
+QString shown_path(QString const &path)
+{
+    return QString::fromStdWString(vx_mask_passwords(QDir::toNativeSeparators(path).toStdWString()));
+}
+
+QString sentence_of(Tvx_failed_file const &file)
+{
+    return QString::fromStdWString(vx_reason_split(file.reason.toStdWString()).sentence);
+}
+
+bool names_path(QString const &sentence, Tvx_failed_file const &file)
+{
+    return sentence.contains(shown_path(file.path)) ||
+           sentence.contains(shown_path(QFileInfo(file.path).absoluteFilePath()));
+}
 } // namespace
 
 bool vx_layer_files_is_server(QString const &path)
@@ -230,18 +247,38 @@ Tvx_opened_file vx_layer_files_open(QString const &path)
     return result;
 }
 
+QString vx_layer_files_name(QString const &path)
+{
+    return vx_layer_files_is_server(path) ? shown_path(path) : QFileInfo(path).fileName();
+}
+
 QString vx_layer_files_message(std::vector<Tvx_failed_file> const &failed)
 {
-    auto const shown = [](QString const &path) { return QDir::toNativeSeparators(path); };
-    if (failed.size() == 1)
-        return vx_host_caption(c_cap_err_one_file).arg(shown(failed.front().path)) + "\n\n" +
-               failed.front().reason;
+    if (failed.size() == 1) {
+        QString const path = shown_path(failed.front().path);
+        QString const sentence = sentence_of(failed.front());
+        return names_path(sentence, failed.front())
+                   ? sentence
+                   : vx_host_caption(c_cap_err_one_file).arg(path) + "\n\n" + sentence;
+    }
     QString text = vx_host_caption(c_cap_err_many_files) + "\n";
-    for (std::size_t i = 0; i < std::min(failed.size(), c_named_files); ++i)
-        text += "\n" + shown(failed[i].path) + "\n    " + failed[i].reason;
+    for (std::size_t i = 0; i < std::min(failed.size(), c_named_files); ++i) {
+        QString const sentence = sentence_of(failed[i]);
+        text += names_path(sentence, failed[i]) ? "\n" + sentence
+                                                : "\n" + shown_path(failed[i].path) + "\n    " + sentence;
+    }
     if (failed.size() > c_named_files)
         text += "\n\n" + vx_host_caption(c_cap_err_more_files).arg(failed.size() - c_named_files);
     return text;
+}
+
+QString vx_layer_files_details(std::vector<Tvx_failed_file> const &failed)
+{
+    QStringList all;
+    for (auto const &file : failed)
+        if (auto const reason = vx_reason_split(file.reason.toStdWString()); !reason.details.empty())
+            all += shown_path(file.path) + "\n" + QString::fromStdWString(reason.details);
+    return all.join("\n\n");
 }
 
 QString vx_layer_files_dialog_filter()

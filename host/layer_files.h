@@ -6,8 +6,8 @@
 
 #include <vector>
 
-/// What opening one file gave: its layers in the order of the file, or one sentence that says why there are
-/// none.
+/// What opening one file gave: its layers in the order of the file, or a reason (platform/basic/vx_fault.h)
+/// why there are none.
 struct Tvx_opened_file
 {
     struct layer
@@ -26,13 +26,19 @@ struct Tvx_opened_file
 /// Nothing is shown or printed, and no file is changed.
 [[nodiscard]] Tvx_opened_file vx_layer_files_open(QString const &path);
 
-/// The message for files that could not be opened; `failed` holds paths and reasons and is not empty.
+/// What a file or server is called where there is little room: no folders, no passwords.
+[[nodiscard]] QString vx_layer_files_name(QString const &path);
+
+/// The message for files that could not be opened; `failed` holds paths and reasons and is not empty. Each
+/// path stands in it once.
 struct Tvx_failed_file
 {
     QString path;
     QString reason;
 };
 [[nodiscard]] QString vx_layer_files_message(std::vector<Tvx_failed_file> const &failed);
+/// What is behind the message for those who ask for details: the words of the formats' libraries.
+[[nodiscard]] QString vx_layer_files_details(std::vector<Tvx_failed_file> const &failed);
 
 /// Filters for the open dialog.
 [[nodiscard]] QString vx_layer_files_dialog_filter();

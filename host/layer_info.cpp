@@ -1,11 +1,13 @@
 #include "host/layer_info.h"
 
+#include "data/connection/connection_params.h"
 #include "extension/binding/data_source.h"
 #include "host/captions.h"
 #include "host/layer_style.h"
 
 #include "platform/base/string_adp.h"
 #include "platform/basic/vx_datasource.h"
+#include "platform/basic/vx_fault.h"
 #include "platform/data/vx_attr_data.h"
 #include "platform/data/vx_shape_files.h"
 #include "platform/layers/layer_keys.h"
@@ -14,7 +16,9 @@
 #include "platform/toolkit/graphics/bitmap.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QPainter>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <string>
@@ -120,6 +124,19 @@ Tvx_box_d2 source_extent(Ivx_layer const *layer)
     vxk_datasource_data_source_detach(set);
     return known ? box : Tvx_box_d2{};
 }
+/// The file of a source, without what the drivers need to find the layer in it; of a server all but its
+/// password.
+QString shown_file(std::wstring const &source)
+{
+    QString file = QString::fromStdWString(source);
+    if (!QFileInfo::exists(file)) // what divides a source may stand in the name of a file, too
+        file = QString::fromStdWString(vx::data::connection_params(source).source);
+    // Parts of a raster file: FORMAT:"file":part or FORMAT:file:part.
+    static QRegularExpression const part(QStringLiteral("^\\w{2,}:\"?(.+?)\"?:[^:/]+$"));
+    if (auto const inner = part.match(file).captured(1); !inner.isEmpty() && QFileInfo::exists(inner))
+        file = inner;
+    return QString::fromStdWString(vx_mask_passwords(QDir::toNativeSeparators(file).toStdWString()));
+}
 } // namespace
 
 QString vx_layer_name(Ivx_layer *layer)
@@ -140,9 +157,7 @@ QString vx_layer_tip(Ivx_layer *layer)
         vx_shape_files_close(shapes);
     }
     return vx_host_caption(c_cap_layer_tip)
-        .arg(file.empty() ? vx_host_caption(c_cap_no_file)
-                          : QDir::toNativeSeparators(QString::fromStdWString(file)),
-             kind);
+        .arg(file.empty() ? vx_host_caption(c_cap_no_file) : shown_file(file), kind);
 }
 
 QIcon vx_layer_symbol(Ivx_layer *layer, Tvx_layer_mark mark)

@@ -12,6 +12,7 @@
 #include "host/map_text.h"
 #include "host/opening_progress.h"
 
+#include "platform/basic/vx_fault.h"
 #include "platform/basic/vx_options.h"
 #include "platform/styles/vx_stl_mngr.h"
 #include "platform/winapi/file.h"
@@ -44,10 +45,13 @@ constexpr int c_editor_gap = 12;
 constexpr int c_scales[] = {500,    1000,   2500,    5000,    10000,   25000,    50000,    100000,
                             250000, 500000, 1000000, 2500000, 5000000, 10000000, 50000000, 100000000};
 
-void say(QWidget *parent, QMessageBox::Icon icon, QString const &text)
+/// The details are shown when the user asks for them, and stand on the error output.
+void say(QWidget *parent, QMessageBox::Icon icon, QString const &text, QString const &details = {})
 {
+    vx_reason_print({text.toStdWString(), details.toStdWString()});
     QMessageBox box(icon, vx_host_caption(c_cap_application), text, QMessageBox::NoButton, parent);
     box.setTextFormat(Qt::PlainText);
+    box.setDetailedText(details);
     box.setDefaultButton(box.addButton(vx_host_caption(c_cap_ok), QMessageBox::AcceptRole));
     box.exec();
 }
@@ -263,7 +267,7 @@ int Tvx_map_window::open_files(QStringList const &paths)
     QApplication::setOverrideCursor(Qt::WaitCursor);
     auto progress = std::make_unique<Tvx_opening_progress>(this);
     for (QString const &path : paths) {
-        QString const text = vx_host_caption(c_cap_status_loading).arg(QFileInfo(path).fileName());
+        QString const text = vx_host_caption(c_cap_status_loading).arg(vx_layer_files_name(path));
         show_message(text);
         progress->set_text(text);
         Tvx_opened_file file = vx_layer_files_open(path);
@@ -292,7 +296,7 @@ int Tvx_map_window::open_files(QStringList const &paths)
     if (opened > 0)
         tell_about_top_layer();
     if (!failed.empty())
-        say(this, QMessageBox::Warning, vx_layer_files_message(failed));
+        say(this, QMessageBox::Warning, vx_layer_files_message(failed), vx_layer_files_details(failed));
     return opened;
 }
 
@@ -354,16 +358,18 @@ void Tvx_map_window::on_save_picture()
         path += ".png";
     QByteArray bytes;
     QBuffer buffer(&bytes);
-    std::wstring reason;
+    vx::fault fault;
     bool const written =
         buffer.open(QIODevice::WriteOnly) && f_canvas->settled_picture().save(&buffer, "png");
-    if (written &&
-        vx_save_atomic(path.toStdWString(), {bytes.constData(), std::size_t(bytes.size())}, reason))
+    if (written && vx_save_atomic(path.toStdWString(), {bytes.constData(), std::size_t(bytes.size())}, fault))
         show_message(vx_host_caption(c_cap_status_saved).arg(QDir::toNativeSeparators(path)));
-    else
+    else {
+        auto const reason = vx_reason_split(vx_fault_reason(fault));
         say(this, QMessageBox::Warning,
-            vx_host_caption(c_cap_err_save_picture)
-                .arg(QDir::toNativeSeparators(path), QString::fromStdWString(reason)));
+            fault ? QString::fromStdWString(reason.sentence)
+                  : vx_host_caption(c_cap_err_save_picture).arg(QDir::toNativeSeparators(path)),
+            QString::fromStdWString(reason.details));
+    }
 }
 
 void Tvx_map_window::on_properties()

@@ -6,6 +6,7 @@
 
 #include "platform/base/text_codec.h"
 #include "platform/base/virtual_mark.h"
+#include "platform/basic/vx_res.h"
 
 #include <cpl_string.h>
 #include <ogrsf_frmts.h>
@@ -55,11 +56,6 @@ connection_text parse(std::wstring const &text)
         return file;
     }
     return parsed;
-}
-
-std::wstring quoted(std::wstring const &source)
-{
-    return L"\u201c" + source + L"\u201d";
 }
 
 /// Nothing stands at the place of a new data set.
@@ -139,16 +135,16 @@ std::unique_ptr<dataset> dataset::open(std::wstring const &connection, bool read
 {
     connection_text parsed = connection.empty() ? connection_text(connection) : parse(connection);
     if (parsed.source.empty()) {
-        error = L"No data set is named.";
+        error = vx_res_get_wstr(c_drv_no_name);
         return nullptr;
     }
     path_kind const kind = kind_of(parsed.source);
     if (kind == path_kind::missing) {
-        error = L"There is no file " + quoted(parsed.source) + L", or it may not be read.";
+        error = reason_about(c_drv_file_missing, parsed.source, {});
         return nullptr;
     }
     if (kind == path_kind::special) {
-        error = quoted(parsed.source) + L" is neither a file nor a folder.";
+        error = reason_about(c_drv_special_file, parsed.source, {});
         return nullptr;
     }
 
@@ -175,7 +171,7 @@ std::unique_ptr<dataset> dataset::open(std::wstring const &connection, bool read
         // A text could make that driver read any place of the process.
         bool const is_memory = is_driver_of_memory(driver_name);
         if (is_memory)
-            guard.add(L"It names a place in memory.");
+            guard.add(c_drv_memory_place);
         auto const opened = std::make_shared<GDALDatasetUniquePtr>();
         bool const is_over = attend_or_leave([=] {
             if (!is_memory)
@@ -193,9 +189,9 @@ std::unique_ptr<dataset> dataset::open(std::wstring const &connection, bool read
             parsed.source = text::utf8_to_wide(path);
     }
     if (!result)
-        error = reason.empty() ? L"" : quoted(parsed.source) + L" cannot be opened: " + reason;
+        error = reason.empty() ? L"" : reason_about(c_drv_not_opened, parsed.source, reason);
     else if (result->vector_count() == 0 && result->grid_count() == 0) {
-        error = quoted(result->f_connection.source) + L" holds neither tables nor grids.";
+        error = reason_about(c_drv_nothing_inside, result->f_connection.source, {});
         result.reset();
     }
     return result;
@@ -209,7 +205,7 @@ std::unique_ptr<dataset> dataset::create(std::wstring const &connection, int dri
     connection_text parsed(connection);
     bool const is_file = driver_type != driver_memory && driver_type != driver_memory_grid;
     if (is_file && !is_free(parsed.source)) {
-        error = quoted(parsed.source) + L" exists already, or is no place for a file.";
+        error = reason_about(c_drv_place_taken, parsed.source, {});
         return nullptr;
     }
     std::wstring reason;
@@ -229,7 +225,7 @@ std::unique_ptr<dataset> dataset::create(std::wstring const &connection, int dri
         }
     }
     if (!result)
-        error = quoted(parsed.source) + L" cannot be made" + (reason.empty() ? L"." : L": " + reason);
+        error = reason_about(c_drv_not_made, parsed.source, reason);
     return result;
 }
 

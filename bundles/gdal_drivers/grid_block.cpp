@@ -70,7 +70,7 @@ bool band_block::set_nodata(int, double value)
     if (!may_write(guard))
         return false;
     if (!set_nodata_of(f_band, value)) {
-        guard.add(L"The cells of this field cannot hold that number.");
+        guard.add(c_drv_cell_number);
         return false;
     }
     note_change();
@@ -97,7 +97,7 @@ bool band_block::with_overview(int index, vx::grid_block_visitor visitor)
 bool band_block::may_write(error_guard &guard) const
 {
     if (f_set->read_only())
-        guard.add(L"The data set is open for reading only.");
+        guard.add(c_drv_read_only);
     return !f_set->read_only();
 }
 

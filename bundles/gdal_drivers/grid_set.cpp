@@ -152,11 +152,11 @@ bool grid_set::create_grid(wchar_t const *name, int type, int *dimensions, int f
 {
     error_guard guard(f_set->error());
     if (!f_set->awaits_grid())
-        guard.add(L"The data set has its grid already.");
+        guard.add(c_drv_has_grid);
     else if (!dimensions || dimensions[0] <= 0 || dimensions[1] <= 0 || dimensions[2] > 1 || fields <= 0)
-        guard.add(L"A grid needs columns, rows and a channel, and has one level.");
+        guard.add(c_drv_grid_shape);
     else if (cell_size(datatype) == 0)
-        guard.add(L"Cells of this type cannot be stored.");
+        guard.add(c_drv_cell_type);
     else
         return f_set->make_grid(name ? name : L"", dimensions[0], dimensions[1], fields, datatype) &&
                (type == grid_of_areas || set_grid_type(type));
@@ -190,7 +190,7 @@ bool grid_set::set_grid_type(int type)
 {
     error_guard guard(f_set->error());
     if (f_set->read_only()) {
-        guard.add(L"The data set is open for reading only.");
+        guard.add(c_drv_read_only);
         return false;
     }
     return (type == grid_of_areas || type == grid_of_points) &&
@@ -221,7 +221,7 @@ bool grid_set::change_place(std::function<bool(double *matrix)> const &change)
 {
     error_guard guard(f_set->error());
     if (f_set->read_only()) {
-        guard.add(L"The data set is open for reading only.");
+        guard.add(c_drv_read_only);
         return false;
     }
     double m[6] = {0, 1, 0, 0, 0, -1};
@@ -230,7 +230,7 @@ bool grid_set::change_place(std::function<bool(double *matrix)> const &change)
         std::copy(in_cells, in_cells + 6, m);
     }
     if (!change(m) || !are_finite(m, 6)) {
-        guard.add(L"A grid cannot lie so.");
+        guard.add(c_drv_grid_place);
         return false;
     }
     return f_set->gdal().SetGeoTransform(m) == CE_None;
@@ -327,10 +327,10 @@ bool grid_set::create_overviews(int resampling, int *levels, int level_count, in
 {
     error_guard guard(f_set->error());
     if (f_set->read_only())
-        guard.add(L"The data set is open for reading only.");
+        guard.add(c_drv_read_only);
     if (!levels || level_count <= 0 ||
         std::any_of(levels, levels + level_count, [](int level) { return level < 2; }))
-        guard.add(L"Overviews have levels, each above 1.");
+        guard.add(c_drv_overview_levels);
     if (!guard.text().empty())
         return false;
     std::vector<int> bands;
@@ -353,7 +353,7 @@ bool grid_set::delete_overviews(int *fields, int count)
 {
     error_guard guard(f_set->error());
     if (f_set->read_only()) {
-        guard.add(L"The data set is open for reading only.");
+        guard.add(c_drv_read_only);
         return false;
     }
     std::set<int> named;
@@ -363,7 +363,7 @@ bool grid_set::delete_overviews(int *fields, int count)
         else
             return false;
     if (!named.empty() && static_cast<int>(named.size()) < field_count()) {
-        guard.add(L"The fields of a file have their overviews together.");
+        guard.add(c_drv_overview_fields);
         return false;
     }
     return f_set->gdal().BuildOverviews("NONE", 0, nullptr, 0, nullptr, nullptr, nullptr) == CE_None;
@@ -373,11 +373,11 @@ int grid_set::create_field(wchar_t const *name, int datatype)
 {
     error_guard guard(f_set->error());
     if (f_set->read_only())
-        guard.add(L"The data set is open for reading only.");
+        guard.add(c_drv_read_only);
     else if (f_set->awaits_grid())
-        guard.add(L"The grid is not made yet.");
+        guard.add(c_drv_no_grid_yet);
     else if (cell_size(datatype) == 0)
-        guard.add(L"Cells of this type cannot be stored.");
+        guard.add(c_drv_cell_type);
     if (!guard.text().empty())
         return -1;
     if (f_set->gdal().AddBand(datatype == cells_int8 ? GDT_Byte : gdal_type_of(datatype)) != CE_None)

@@ -82,7 +82,7 @@ bool vector_set::may_change(error_guard &guard) const
 {
     if (f_layer && !f_set->read_only())
         return true;
-    guard.add(L"The data set is open for reading only.");
+    guard.add(c_drv_read_only);
     return false;
 }
 
@@ -121,7 +121,7 @@ bool vector_set::create_vector(wchar_t const *name, int geom_type, long long,
 {
     error_guard guard(f_set->error());
     if (f_set->read_only() || !name) {
-        guard.add(L"The data set is open for reading only.");
+        guard.add(c_drv_read_only);
         return false;
     }
     connection_text const parsed(name);
@@ -195,7 +195,7 @@ bool vector_set::reorder_fields(int *order)
     std::vector<bool> seen(static_cast<std::size_t>(field_count()), false);
     for (std::size_t i = 0; i < seen.size(); ++i) {
         if (!field_at(order[i]) || seen[static_cast<std::size_t>(order[i])]) {
-            guard.add(L"The new order does not name every field once.");
+            guard.add(c_drv_field_order);
             return false;
         }
         seen[static_cast<std::size_t>(order[i])] = true;
@@ -228,7 +228,7 @@ bool vector_set::create_geom_field(vx::vector_definition definition)
 bool vector_set::delete_geom_field(int)
 {
     error_guard guard(f_set->error());
-    guard.add(L"No data set of this kind can lose a geometry field.");
+    guard.add(c_drv_keeps_geometry);
     return false;
 }
 
@@ -239,7 +239,7 @@ bool vector_set::transaction_start()
         return false;
     (void)flush_features();
     if (!f_set->gdal().TestCapability(ODsCTransactions)) {
-        guard.add(L"Data sets of this kind store each change at once.");
+        guard.add(c_drv_no_transactions);
         return false;
     }
     f_in_transaction = f_set->gdal().StartTransaction(FALSE) == OGRERR_NONE;
@@ -266,7 +266,7 @@ bool vector_set::transaction_rollback()
     for (gdal_feature *feature : f_outside)
         feature->drop_changes();
     if (!f_in_transaction) {
-        guard.add(L"Data sets of this kind cannot take back what is stored.");
+        guard.add(c_drv_no_rollback);
         return false;
     }
     f_in_transaction = false;

@@ -76,7 +76,7 @@ bool vector_set::apply_filter(std::string const &filter, page const &wanted, err
 bool vector_set::install_filter(std::string const &text, error_guard &guard)
 {
     if (f_layer->SetAttributeFilter(text.empty() ? nullptr : text.c_str()) != OGRERR_NONE) {
-        guard.add(L"The filter is not understood.");
+        guard.add(c_drv_filter);
         return false;
     }
     if (text.empty())

@@ -5,6 +5,8 @@
 #include "long_work.h"
 
 #include "platform/base/text_codec.h"
+#include "platform/basic/vx_fault.h"
+#include "platform/basic/vx_res.h"
 
 #include <ogr_spatialref.h>
 
@@ -42,13 +44,13 @@ vector_set *vector_set::make(std::unique_ptr<dataset> set, std::wstring &error)
     GDALDataset &gdal = result->f_set->gdal();
     if (!connection.layer.empty()) {
         if (!result->select_vector(connection.layer.c_str()))
-            error = L"There is no table \u201c" + connection.layer + L"\u201d in \u201c" + connection.source +
-                    L"\u201d.";
+            error =
+                vx_reason_make(vx_res_format_w(c_drv_no_table, {connection.layer, connection.source}), {});
     } else if (gdal.GetLayerCount() > 0)
         result->select(gdal.GetLayer(0));
     if (error.empty() && !connection.geom.empty() && !result->select_geom_field(connection.geom.c_str()))
-        error = L"There is no geometry field \u201c" + connection.geom + L"\u201d in \u201c" +
-                connection.source + L"\u201d.";
+        error = vx_reason_make(vx_res_format_w(c_drv_no_geometry_field, {connection.geom, connection.source}),
+                               {});
     if (!error.empty()) {
         delete result;
         return nullptr;
@@ -301,7 +303,7 @@ bool vector_set::select_vector(wchar_t const *name)
     error_guard guard(f_set->error());
     OGRLayer *const layer = f_set->gdal().GetLayerByName(text::wide_to_utf8(name).c_str());
     if (!layer) {
-        guard.add(L"There is no table of this name.");
+        guard.add(c_drv_no_such_table);
         return false;
     }
     (void)flush_features();

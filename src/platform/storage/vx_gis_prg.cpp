@@ -70,8 +70,8 @@ int execute(gp_avl_to_stlmgr_params const &params, environment const &env)
 {
     if (!params.mngr)
         return c_gp_wrong_type;
-    std::wstring error;
-    auto const text = vx_file_read(vx::text::to_wide(params.file), error, vx::avl::c_longest_file);
+    vx::fault fault;
+    auto const text = vx_file_read(vx::text::to_wide(params.file), fault, vx::avl::c_longest_file);
     if (!text)
         return c_gp_no_file;
     if (env.is_stopped())

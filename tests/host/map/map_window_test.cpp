@@ -3,6 +3,7 @@
 #include "host/layer_editor.h"
 #include "map_fixture.h"
 #include "styles/simple/style_dlgs.h"
+#include "support/foreign_words.h"
 #include "support/temp_dir.h"
 #include "user_input/user_input.h"
 
@@ -425,7 +426,7 @@ TEST_F(map_window, the_status_bar_tells_place_and_scale)
     EXPECT_EQ(scale->currentText(), QString::fromUtf8("1 : 5\u2009000"));
 }
 
-TEST_F(map_window, files_that_cannot_be_opened_give_one_message_and_no_noise)
+TEST_F(map_window, files_that_cannot_be_opened_give_one_message_that_names_them_once)
 {
     vx_test::temp_dir const directory;
     auto const write = [&](char const *name, std::string_view bytes) {
@@ -440,28 +441,44 @@ TEST_F(map_window, files_that_cannot_be_opened_give_one_message_and_no_noise)
     std::filesystem::create_directory(directory / "folder");
     ASSERT_EQ(mkfifo((directory / "pipe.shp").c_str(), 0600), 0);
 
-    for (char const *name : {"missing.shp", "empty.shp", "cut.shp", "noise.tif", "letter.txt",
-                             "broken.geojson", "folder", "pipe.shp"}) {
-        message_reader messages;
-        testing::internal::CaptureStderr();
-        testing::internal::CaptureStdout();
-        QString const path = QString::fromStdString((directory / name).string());
-        EXPECT_EQ(window->open_files({path}), 0) << name;
-        EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << name;
-        EXPECT_EQ(testing::internal::GetCapturedStdout(), "") << name;
-        ASSERT_EQ(messages.texts.size(), 1) << name;
-        EXPECT_TRUE(messages.texts.front().contains(path)) << messages.texts.front().toStdString();
-        // A sentence that says why follows the name.
-        EXPECT_GT(messages.texts.front().size(), path.size() + 30);
-        EXPECT_EQ(layers().count(), 0);
+    std::pair<char const *, bool> const files[] = {
+        {"missing.shp", false}, {"empty.shp", false},     {"cut.shp", true}, {"noise.tif", false},
+        {"letter.txt", false},  {"broken.geojson", true}, {"folder", false}, {"pipe.shp", false}};
+    for (char const *const language : {"en", "ru"}) {
+        vx_options_set_language(language);
+        for (auto const &[name, library_speaks] : files) {
+            SCOPED_TRACE(testing::Message() << name << " " << language);
+            message_reader messages;
+            testing::internal::CaptureStderr();
+            testing::internal::CaptureStdout();
+            QString const path = QString::fromStdString((directory / name).string());
+            EXPECT_EQ(window->open_files({path}), 0);
+            // What the format's library said is there for those who look for it, and nowhere in the message.
+            auto const noise = testing::internal::GetCapturedStderr();
+            EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+            ASSERT_EQ(messages.texts.size(), 1);
+            QString const text = messages.texts.front();
+            EXPECT_EQ(text.count(path), 1) << text.toStdString();
+            EXPECT_EQ(library_speaks, noise.starts_with(text.toStdString() + "\n")) << noise;
+            EXPECT_TRUE(library_speaks || noise.empty()) << noise;
+            // A sentence that says why.
+            EXPECT_GT(text.size(), path.size() + 15) << text.toStdString();
+            if (std::string_view(language) == "ru") {
+                EXPECT_EQ(vx_test::latin_words(QString(text).remove(path).toStdWString()), L"")
+                    << text.toStdString();
+            }
+            EXPECT_EQ(layers().count(), 0);
+        }
     }
 
     // Good files among bad ones are opened, and all bad ones share a message.
     message_reader messages;
     QString const bad = QString::fromStdString((directory / "missing").string());
-    EXPECT_EQ(window->open_files({bad + "1", example_file("nc.shp"), bad + "2"}), 1);
+    QString const broken = QString::fromStdString((directory / "broken.geojson").string());
+    EXPECT_EQ(window->open_files({bad + "1", example_file("nc.shp"), broken, bad + "2"}), 1);
     ASSERT_EQ(messages.texts.size(), 1);
-    EXPECT_TRUE(messages.texts.front().contains("missing1") && messages.texts.front().contains("missing2"));
+    for (QString const &name : {bad + "1", broken, bad + "2"})
+        EXPECT_EQ(messages.texts.front().count(name), 1) << messages.texts.front().toStdString();
 }
 
 TEST_F(map_window, a_raster_is_listed_and_edited_and_that_it_is_not_drawn_is_said)

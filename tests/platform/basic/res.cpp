@@ -1,5 +1,5 @@
+#include "captions/drivers.h"
 #include "captions/engine.h"
-#include "captions/host.h"
 #include "support/temp_dir.h"
 
 #include "platform/base/text_codec.h"
@@ -128,9 +128,8 @@ TEST_F(res, unknown_numbers)
 TEST_F(res, arguments_are_put_in_once)
 {
     EXPECT_EQ(L"\"a%1b\" holds no vector data.", vx_res_format_w(c_capt_no_vector_data, L"a%1b"));
-    EXPECT_EQ(L"The picture could not be saved as %2: %1",
-              vx_res_format_w(c_cap_err_save_picture, {L"%2", L"%1"}));
-    EXPECT_EQ(L"The picture could not be saved as a: %2", vx_res_format_w(c_cap_err_save_picture, {L"a"}));
+    EXPECT_EQ(L"There is no table “%2” in “%1”.", vx_res_format_w(c_drv_no_table, {L"%2", L"%1"}));
+    EXPECT_EQ(L"There is no table “a” in “%2”.", vx_res_format_w(c_drv_no_table, {L"a"}));
     EXPECT_EQ(23, vx_help_mngr_find_help_id(23));
     EXPECT_EQ(0, vx_help_mngr_find_help_id(-1));
 }

@@ -1,6 +1,7 @@
 #include "dialogs_fixture.h"
 #include "support/temp_dir.h"
 
+#include "platform/basic/vx_fault.h"
 #include "platform/basic/vx_fnt_type.h"
 #include "platform/basic/vx_res.h"
 #include "platform/dialogs/vx_dlgs.h"
@@ -212,6 +213,26 @@ TEST_F(dialogs_test, messages_and_questions)
     EXPECT_FALSE(vx_yesno(L"?"));
     on_next_modal([](modal_window const &w) { w.reject(); });
     EXPECT_FALSE(vx_yesno(nullptr));
+}
+
+TEST_F(dialogs_test, the_words_of_a_library_stand_behind_the_details_of_a_message)
+{
+    auto const *const reason = L"Не читается.\nERROR 1: bad block\nat 12, password=x";
+    vx_options_set_language("ru");
+    on_next_modal([&](modal_window const &w) {
+        EXPECT_EQ(w.text(), L"Не читается.");
+        EXPECT_TRUE(w.press_button(L"Подробнее..."));
+        EXPECT_TRUE(w.press_button(L"ОК"));
+    });
+    testing::internal::CaptureStderr();
+    vx_reason_report(reason);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "Не читается.\nERROR 1: bad block\nat 12, password=***\n");
+    on_next_modal([](modal_window const &w) {
+        EXPECT_FALSE(w.press_button(L"Подробнее...")) << "there are none";
+        w.accept();
+    });
+    vx_show_reason(L"Не читается.");
 }
 
 TEST_F(dialogs_test, a_message_is_shown_once)

@@ -1,6 +1,7 @@
 #include "support.h"
 #include "support/comma_locale.h"
 
+#include "platform/basic/vx_fault.h"
 #include "platform/winapi/file.h"
 
 #include <algorithm>

@@ -1,5 +1,7 @@
 #include "support.h"
 
+#include "platform/basic/vx_fault.h"
+
 #include <algorithm>
 
 namespace vx_test {

@@ -62,7 +62,8 @@ TEST(library, DISABLED_own_directory_of_another_current_folder)
 TEST(library, own_directory_is_that_of_the_time_of_loading)
 {
     auto const program = std::filesystem::read_symlink("/proc/self/exe").string();
-    auto const line = "cd " VX_BINARY_DIR "/lib && LD_LIBRARY_PATH=. " + program +
-                      " --gtest_also_run_disabled_tests --gtest_filter='*DISABLED_own_directory*' > /dev/null";
+    auto const line =
+        "cd " VX_BINARY_DIR "/lib && LD_LIBRARY_PATH=. " + program +
+        " --gtest_also_run_disabled_tests --gtest_filter='*DISABLED_own_directory*' > /dev/null";
     EXPECT_EQ(0, std::system(line.c_str()));
 }

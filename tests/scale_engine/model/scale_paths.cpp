@@ -4,6 +4,7 @@
 #include "support/temp_dir.h"
 
 #include "platform/base/owned.h"
+#include "platform/basic/vx_fault.h"
 #include "platform/storage/vx_xml_data.h"
 #include "platform/styles/vxk_styles.h"
 
