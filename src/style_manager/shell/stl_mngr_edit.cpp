@@ -1,0 +1,227 @@
+#include "style_manager/shell/stl_mngr_edit.h"
+
+#include "captions/style_manager.h"
+#include "controls/prop/image_convert.h"
+#include "style_manager/shell/shell_pictures_priv.h"
+
+#include "platform/base/owned.h"
+#include "platform/basic/vx_res.h"
+#include "platform/basic/vx_wstrings.h"
+#include "platform/styles/vx_stl_mngr.h"
+
+namespace {
+constexpr int c_top_height = 22;
+
+/// Closes the data on every way out.
+class open_data
+{
+public:
+    open_data(TObject *sender, Tvx_data_events const &events) : f_sender(sender), f_events(events) {}
+    open_data(open_data const &) = delete;
+    open_data &operator=(open_data const &) = delete;
+    ~open_data() { f_events.close(f_sender); }
+
+private:
+    TObject *f_sender;
+    Tvx_data_events const &f_events;
+};
+} // namespace
+
+void Tvx_stl_mngr_edit::create()
+{
+    f_top_panel = new Tvx_panel(this);
+    f_top_panel->SetParent(this);
+    f_top_panel->SetHeight(c_top_height);
+    f_top_panel->SetAlign(alTop);
+    f_mode_edit = new Tvx_style_mode_edit(this);
+    f_mode_edit->SetParent(f_top_panel);
+    f_mode_edit->create();
+    f_mode_edit->SetAlign(alClient);
+    f_mode_edit->on_changed = make_closure<&Tvx_stl_mngr_edit::on_style_mode_changed>(this);
+    f_rotate_btn = new Tvx_bitbtn(this);
+    f_rotate_btn->SetParent(f_top_panel);
+    f_rotate_btn->SetWidth(c_top_height);
+    f_rotate_btn->SetAlign(alRight);
+    f_rotate_btn->SetShowHint(true);
+    // The dialog of the settings is not there.
+    f_rotate_btn->SetEnabled(false);
+    f_smp_edit = new Tvx_smp_edit(this);
+    f_smp_edit->SetParent(this);
+    f_smp_edit->create();
+    f_smp_edit->SetAlign(alClient);
+    f_smp_edit->on_changed = make_closure<&Tvx_stl_mngr_edit::on_edit_changed>(this);
+    f_val_edit = add_val_edit(false);
+    f_rule_edit = add_val_edit(true);
+    set_data_events({});
+    set_on_draw_style({});
+    set_on_edit_style({});
+    set_on_lib_symbol_style({});
+    set_on_edit_value_item({});
+    show_nothing();
+}
+
+void Tvx_stl_mngr_edit::load_res()
+{
+    UnicodeString const action = vx_res_get_wstr(c_stl_advanced);
+    f_rotate_btn->SetHint(action);
+    f_rotate_btn->SetAccessibleName(action);
+    vx_glyph_get_res(f_rotate_btn->GetGlyph(), c_picture_rotate);
+    f_mode_edit->load_res();
+    f_smp_edit->load_res();
+    f_val_edit->load_res();
+    f_rule_edit->load_res();
+}
+
+Tvx_val_edit *Tvx_stl_mngr_edit::add_val_edit(bool rule)
+{
+    auto *const edit = new Tvx_val_edit(this, rule);
+    edit->SetParent(this);
+    edit->create();
+    edit->SetAlign(alClient);
+    edit->on_changed = make_closure<&Tvx_stl_mngr_edit::on_edit_changed>(this);
+    return edit;
+}
+
+void Tvx_stl_mngr_edit::update_controls()
+{
+    if (!f_stl_mngr)
+        return show_nothing();
+    Tvx_style_mode const mode = vx_stl_mngr_get_mode(f_stl_mngr);
+    set_style_mode(mode);
+    f_mode_edit->SetVisible(true);
+    f_rotate_btn->SetVisible(can_rotate_flag());
+    f_smp_edit->set_stl_mngr(f_stl_mngr);
+    f_val_edit->set_stl_mngr(f_stl_mngr);
+    f_rule_edit->set_stl_mngr(f_stl_mngr);
+    if (mode <= c_style_mode_none)
+        show_editor(mode);
+}
+
+void Tvx_stl_mngr_edit::show_nothing()
+{
+    auto const clear = [](auto *edit) {
+        edit->set_stl_mngr(nullptr);
+        edit->update_controls();
+        edit->SetVisible(false);
+    };
+    set_style_mode(c_style_mode_simple);
+    f_mode_edit->SetVisible(false);
+    f_rotate_btn->SetVisible(false);
+    clear(f_smp_edit);
+    clear(f_val_edit);
+    clear(f_rule_edit);
+}
+
+void Tvx_stl_mngr_edit::show_editor(Tvx_style_mode mode)
+{
+    // Only one of them takes the room at any time.
+    auto const hide = [mode](auto *edit, Tvx_style_mode own) {
+        if (mode != own)
+            edit->SetVisible(false);
+    };
+    auto const show = [mode](auto *edit, Tvx_style_mode own) {
+        if (mode != own)
+            return;
+        edit->SetVisible(true);
+        edit->update_controls();
+    };
+    auto const each = [this](auto const &act) {
+        act(f_smp_edit, c_style_mode_simple);
+        act(f_val_edit, c_style_mode_value);
+        act(f_rule_edit, c_style_mode_rule);
+    };
+    each(hide);
+    each(show);
+}
+
+void Tvx_stl_mngr_edit::set_style_mode(Tvx_style_mode mode)
+{
+    f_mode_edit->mode = mode;
+    f_mode_edit->update_controls();
+}
+
+void Tvx_stl_mngr_edit::enable_selection_style(bool enabled)
+{
+    f_smp_edit->enable_selection_style(enabled);
+    f_val_edit->enable_selection_style(enabled);
+    f_rule_edit->enable_selection_style(enabled);
+}
+
+void Tvx_stl_mngr_edit::set_mngr_style(char const *key)
+{
+    f_val_edit->set_mngr_style(key);
+    f_rule_edit->set_mngr_style(key);
+}
+
+void Tvx_stl_mngr_edit::set_on_draw_style(Tvx_draw_style_event event)
+{
+    f_smp_edit->set_on_draw_style(event);
+    f_val_edit->set_on_draw_style(event);
+    f_rule_edit->set_on_draw_style(event);
+}
+
+void Tvx_stl_mngr_edit::set_on_edit_style(Tvx_edit_style_event event)
+{
+    f_smp_edit->set_on_edit_style(event);
+    f_val_edit->set_on_edit_style(event);
+    f_rule_edit->set_on_edit_style(event);
+}
+
+void Tvx_stl_mngr_edit::set_on_lib_symbol_style(Tvx_lib_symbol_style_event event)
+{
+    f_val_edit->set_on_lib_symbol_style(event);
+    f_rule_edit->set_on_lib_symbol_style(event);
+}
+
+void Tvx_stl_mngr_edit::data_events_changed()
+{
+    f_val_edit->set_data_events(get_data_events());
+    f_rule_edit->set_data_events(get_data_events());
+}
+
+void Tvx_stl_mngr_edit::save_current_scl()
+{
+    switch (vx_stl_mngr_get_mode(f_stl_mngr)) {
+    case c_style_mode_value:
+        return f_val_edit->save_current_scl();
+    case c_style_mode_rule:
+        return f_rule_edit->save_current_scl();
+    default:
+        break;
+    }
+}
+
+void *Tvx_stl_mngr_edit::create_property_list()
+{
+    vx::owned<void, &vx_wstrings_destroy> names(vx_wstrings_create());
+    Tvx_data_events const &data = get_data_events();
+    if (!data.open || !data.get_np || !data.get_prop || !data.close || !data.open(this))
+        return names.release();
+    open_data const opened(this, data);
+    unsigned const count = data.get_np(this);
+    for (unsigned prop = 0; prop < count; ++prop) {
+        bool usable = false;
+        bool numeric = false;
+        vx_wstrings_add(names.get(), UnicodeString(data.get_prop(this, prop, usable, numeric)).c_str());
+    }
+    return names.release();
+}
+
+void Tvx_stl_mngr_edit::on_style_mode_changed(TObject * /*sender*/)
+{
+    if (!f_stl_mngr)
+        return;
+    if (f_mode_edit->mode == c_style_mode_range)
+        return show_editor(c_style_mode_range);
+    vx_stl_mngr_set_mode(f_stl_mngr, f_mode_edit->mode);
+    update_controls();
+    call_changed();
+}
+
+void Tvx_stl_mngr_edit::on_edit_changed(TObject * /*sender*/)
+{
+    if (!f_stl_mngr)
+        return;
+    update_controls();
+    call_changed();
+}

@@ -1,0 +1,265 @@
+#include "style_manager/shell/typed_stl_mngr_edits.h"
+#include "style_manager/shell/vx2gp_env.h"
+#include "support/temp_dir.h"
+#include "tests/controls/prop/prop_form.h"
+
+#include "platform/base/owned.h"
+#include "platform/basic/vx_wstrings.h"
+#include "platform/storage/vx_gis_prg.h"
+#include "platform/styles/vx_base_style.h"
+#include "platform/styles/vx_stl_mngr.h"
+#include "platform/styles/vx_stl_prm.h"
+#include "platform/styles/vx_style.h"
+#include "platform/styles/vx_val_scale.h"
+#include "platform/toolkit/core/strings.h"
+
+namespace input = vx::user_input;
+using owned_mngr = vx::owned<void, &vx_stl_mngr_destroy>;
+
+namespace {
+class shell : public prop_form
+{
+public:
+    /// A table of properties.
+    bool open(TObject *)
+    {
+        ++opens;
+        return has_data;
+    }
+    void close(TObject *) { --opens; }
+    unsigned get_np(TObject *) { return static_cast<unsigned>(names.size()); }
+    char const *get_prop(TObject *, unsigned prop, bool &, bool &) { return names[prop]; }
+
+protected:
+    template <class Edit>
+    Edit *add_edit()
+    {
+        auto *const edit = add<Edit>(300);
+        edit->create();
+        edit->load_res();
+        edit->on_changed = recorder();
+        return edit;
+    }
+    owned_mngr mngr{vx_stl_mngr_create("pgn_style")};
+    std::vector<char const *> names;
+    int opens = 0;
+    bool has_data = true;
+};
+
+Tvx_color fill_of(void *mngr)
+{
+    void *const style = vx_stl_prm_get_pgn_style_ptr(vx_stl_mngr_get_simple_sp_ptr(mngr), false);
+    return vx_bpgn_style_get_color(vx_pgn_style_get_bpgn_style_ptr(style));
+}
+
+/// A legend of one fill.
+std::string legend()
+{
+    return "/3.1\n(ODB.1\n\tFirstRootClassName:\t\"Legend\"\n\tRoots:\t7\n\tVersion:\t31\n)\n\n"
+           "(TClr.2\n\tRed:\t0x0909\n\tGreen:\t0x0808\n\tBlue:\t0x0707\n)\n\n"
+           "(BShSym.3\n\tColor:\t2\n\tOutline:\t1\n\tOutlineColor:\t2\n\tOutlineWidth:\t1.0\n)\n\n"
+           "(LClass.4\n\tLabel:\t\"all\"\n)\n\n(AVStr.5\n\tS:\t\"POP\"\n)\n\n(SymList.6\n\tChild:\t3\n)\n\n"
+           "(Legend.7\n\tSymType:\t0x02\n\tLegType:\t0x01\n\tFieldNames:\t5\n\tSymbols:\t6\n\tClass:\t4\n)"
+           "\n\n";
+}
+} // namespace
+
+TEST_F(shell, shows_the_editor_of_the_mode_and_takes_the_users_choice)
+{
+    auto *const edit = add_edit<Tvx_pgn_stl_mngr_edit>();
+    TControl *const values = edit->get_val_edit();
+    TControl *const rules = edit->get_rule_edit();
+    auto *const combo = edit->get_mode_edit()->get_combo_box();
+    // Without a manager there is nothing to edit.
+    edit->update_controls();
+    for (TControl *control : {static_cast<TControl *>(edit->get_mode_edit()), static_cast<TControl *>(combo),
+                              static_cast<TControl *>(edit->get_smp_edit()), values})
+        EXPECT_FALSE(control->GetShowing());
+
+    edit->set_pgn_stl_mngr(mngr.get());
+    edit->update_controls();
+    EXPECT_TRUE(edit->get_smp_edit()->GetShowing());
+    EXPECT_TRUE(edit->get_rotate_btn()->GetShowing());
+    ASSERT_TRUE(input::choose_item(combo, 1));
+    EXPECT_EQ(vx_stl_mngr_get_mode(mngr.get()), c_style_mode_value);
+    EXPECT_TRUE(values->GetShowing());
+    EXPECT_FALSE(edit->get_smp_edit()->GetShowing());
+    EXPECT_EQ(edit->get_val_edit()->get_grid()->get_scale(), vx_stl_mngr_get_val_scale_ptr(mngr.get()));
+    EXPECT_EQ(taken_events(), 1);
+    ASSERT_TRUE(input::choose_item(combo, 1));
+    EXPECT_EQ(taken_events(), 0) << "the mode in force already";
+    ASSERT_TRUE(input::click(edit->get_val_edit()->get_ins_btn()));
+    EXPECT_EQ(vx_val_scale_get_size(vx_stl_mngr_get_val_scale_ptr(mngr.get())), 1u);
+    EXPECT_EQ(taken_events(), 1) << "once, on the whole way up";
+
+    // A place without an editor is empty.
+    ASSERT_TRUE(input::choose_item(combo, 2));
+    EXPECT_FALSE(values->GetShowing() || edit->get_smp_edit()->GetShowing());
+    EXPECT_EQ(vx_stl_mngr_get_mode(mngr.get()), c_style_mode_value);
+    EXPECT_EQ(taken_events(), 0);
+
+    struct
+    {
+        Tvx_style_mode mode;
+        int index;
+        TControl *shown;
+    } const cases[] = {{c_style_mode_rule, -1, rules},
+                       {c_style_mode_none, 0, nullptr},
+                       {c_style_mode_simple, 0, edit->get_smp_edit()},
+                       {9, 0, edit->get_smp_edit()}, // nothing further changes
+                       {c_style_mode_value, 1, values}};
+    for (auto const &c : cases) {
+        vx_stl_mngr_set_mode(mngr.get(), c.mode);
+        edit->update_controls();
+        EXPECT_EQ(combo->GetItemIndex(), c.index) << c.mode;
+        for (TControl *control : {values, rules, static_cast<TControl *>(edit->get_smp_edit())})
+            EXPECT_EQ(control->GetShowing(), control == c.shown) << c.mode;
+    }
+    // The entry of rules takes its mode along.
+    edit->rule_enabled(true);
+    ASSERT_TRUE(input::choose_item(combo, 3));
+    EXPECT_EQ(taken_events(), 1);
+    edit->rule_enabled(false);
+    EXPECT_EQ(vx_stl_mngr_get_mode(mngr.get()), c_style_mode_simple);
+    EXPECT_EQ(taken_events(), 1);
+}
+
+TEST_F(shell, ranges_wait_for_their_editor)
+{
+    auto *const edit = add_edit<Tvx_clr_stl_mngr_edit>();
+    owned_mngr const colors(vx_stl_mngr_create("clr_style"));
+    edit->set_clr_stl_mngr(colors.get());
+    edit->set_style_mngr_mode(c_style_mode_range);
+    vx_stl_mngr_set_need_scale(colors.get(), true);
+    edit->update_controls();
+    EXPECT_EQ(edit->get_mode_edit()->get_combo_box()->GetItemIndex(), 2);
+    EXPECT_TRUE(vx_stl_mngr_get_need_scale(colors.get()));
+    EXPECT_FALSE(edit->get_val_edit()->GetShowing() || edit->get_smp_edit()->GetShowing());
+    EXPECT_FALSE(edit->get_rotate_btn()->GetShowing()) << "colours do not turn";
+    edit->save_current_scl();
+    EXPECT_EQ(taken_events(), 0);
+}
+
+TEST_F(shell, hands_its_events_on)
+{
+    auto *const edit = add_edit<Tvx_pnt_stl_mngr_edit>();
+    edit->set_on_data_get_np(make_closure<&shell::get_np>(this));
+    for (Tvx_val_edit *scale : {edit->get_val_edit(), edit->get_rule_edit()}) {
+        EXPECT_TRUE(bool(scale->get_data_events().get_np));
+        EXPECT_FALSE(bool(scale->get_data_events().get_no));
+        EXPECT_TRUE(scale->get_grid()->on_draw_style && scale->get_grid()->on_edit_style);
+        EXPECT_TRUE(bool(scale->get_grid()->on_lib_symbol_style));
+    }
+    edit->set_on_edit_value_item(
+        Tvx_edit_value_item_event([](void *, std::wstring &) { return true; }, nullptr));
+    EXPECT_TRUE(bool(edit->get_rule_edit()->get_grid()->on_edit_value_item));
+    EXPECT_FALSE(bool(edit->get_val_edit()->get_grid()->on_edit_value_item)) << "of rules alone";
+    EXPECT_FALSE(bool(add_edit<Tvx_clr_stl_mngr_edit>()->get_val_edit()->get_grid()->on_lib_symbol_style));
+}
+
+TEST_F(shell, a_style_is_edited_by_its_button)
+{
+    auto *const edit = add_edit<Tvx_clr_stl_mngr_edit>();
+    owned_mngr const colors(vx_stl_mngr_create("clr_style"));
+    edit->set_clr_stl_mngr(colors.get());
+    edit->update_controls();
+    void *const prm = vx_stl_mngr_get_simple_sp_ptr(colors.get());
+    Tvx_color const before = *vx_stl_prm_get_clr_style_ptr(prm, false);
+    ASSERT_TRUE(input::click(edit->get_smp_edit()->get_style_panel()->get_btn_s()));
+    EXPECT_EQ(*vx_stl_prm_get_clr_style_ptr(prm, true), next_color);
+    EXPECT_EQ(*vx_stl_prm_get_clr_style_ptr(prm, false), before);
+    EXPECT_EQ(taken_events(), 1);
+    EXPECT_EQ(last_sender, edit);
+    accepts = false;
+    ASSERT_TRUE(input::click(edit->get_smp_edit()->get_style_panel()->get_btn()));
+    EXPECT_EQ(taken_events(), 0);
+    edit->enable_selection_style(false);
+    EXPECT_FALSE(edit->get_smp_edit()->get_style_panel()->get_btn_s()->GetShowing());
+}
+
+TEST_F(shell, lists_all_properties)
+{
+    auto *const edit = add_edit<Tvx_txt_pnt_stl_mngr_edit>();
+    auto const list = [edit] {
+        vx::owned<void, &vx_wstrings_destroy> const strings(edit->create_property_list());
+        std::vector<std::wstring> result;
+        for (unsigned i = 0; i < vx_wstrings_get_size(strings.get()); ++i)
+            result.emplace_back(vx_wstrings_get_str(strings.get(), i));
+        return result;
+    };
+    EXPECT_TRUE(list().empty()) << "no events";
+    edit->set_on_data_open(make_closure<&shell::open>(this));
+    edit->set_on_data_close(make_closure<&shell::close>(this));
+    edit->set_on_data_get_np(make_closure<&shell::get_np>(this));
+    edit->set_on_data_get_prop(make_closure<&shell::get_prop>(this));
+    EXPECT_TRUE(list().empty());
+    EXPECT_EQ(opens, 0) << "closed without properties too";
+    names = {"NAME", "AREA", ""};
+    EXPECT_EQ(list(), (std::vector<std::wstring>{L"NAME", L"AREA", L""}));
+    EXPECT_EQ(opens, 0);
+    has_data = false;
+    EXPECT_TRUE(list().empty());
+    EXPECT_EQ(opens, 1) << "what did not open is not closed";
+}
+
+TEST_F(shell, legends_are_read_into_managers_of_geometry)
+{
+    auto const has_row = [this](char const *type) {
+        owned_mngr const other(vx_stl_mngr_create(type));
+        auto *const edit = add_edit<Tvx_stl_mngr_edit>();
+        edit->set_stl_mngr(other.get());
+        edit->update_controls();
+        bool const shown = edit->get_smp_edit()->get_avl_panel()->GetShowing();
+        delete edit;
+        next_top = 10;
+        return shown;
+    };
+    EXPECT_TRUE(has_row("pln_style"));
+    EXPECT_FALSE(has_row("clr_style"));
+    EXPECT_FALSE(has_row("txt_pgn_style"));
+
+    vx_test::temp_dir const dir;
+    vx_test::write_file(dir / "land.avl", legend());
+    vx_test::write_file(dir / "broken.avl", legend().substr(0, 200));
+    auto *const edit = add_edit<Tvx_pgn_stl_mngr_edit>();
+    edit->set_pgn_stl_mngr(mngr.get());
+    edit->update_controls();
+    Tvx_bitbtn *const button = edit->get_smp_edit()->get_avl_panel()->get_btn();
+    Tvx_color const before = fill_of(mngr.get());
+    next_file = UnicodeString((dir / "broken.avl").string());
+    ASSERT_TRUE(input::click(button));
+    EXPECT_EQ(messages, std::vector<std::wstring>{L"Error loading AVL"});
+    messages.clear();
+    EXPECT_EQ(fill_of(mngr.get()), before);
+    EXPECT_TRUE(vx_stl_mngr_get_just_loaded(mngr.get()));
+    EXPECT_EQ(taken_events(), 0);
+    for (char const *typed : {"land", "land.txt", "land.avl"}) {
+        vx_stl_mngr_set_just_loaded(mngr.get(), false);
+        next_file = UnicodeString((dir / typed).string());
+        ASSERT_TRUE(input::click(button));
+        EXPECT_EQ(fill_of(mngr.get()), vx_clr_init_rgb(9, 8, 7)) << typed;
+        EXPECT_TRUE(vx_stl_mngr_get_just_loaded(mngr.get()));
+        EXPECT_EQ(taken_events(), 1);
+    }
+    vx_stl_mngr_set_just_loaded(mngr.get(), false);
+    accepts = false;
+    ASSERT_TRUE(input::click(button));
+    EXPECT_FALSE(vx_stl_mngr_get_just_loaded(mngr.get())) << "cancelled";
+    EXPECT_EQ(taken_events(), 0);
+}
+
+TEST_F(shell, the_environment_lasts_as_long_as_its_object)
+{
+    gp_env_out *const former = gp_env_main_get_env();
+    {
+        Tvx_vx2gp_env const outer;
+        gp_env_out *const first = gp_env_main_get_env();
+        EXPECT_NE(first, former);
+        {
+            Tvx_vx2gp_env const inner;
+            EXPECT_NE(gp_env_main_get_env(), first);
+        }
+        EXPECT_EQ(gp_env_main_get_env(), first);
+    }
+    EXPECT_EQ(gp_env_main_get_env(), former);
+}
