@@ -23,6 +23,7 @@ Tvx_opening_progress::Tvx_opening_progress(QWidget *parent)
     f_dialog.setAutoReset(false);
     // It is shown here, not by its own clock, which runs with the values that it is given.
     f_dialog.setMinimumDuration(INT_MAX);
+    f_dialog.setSizeGripEnabled(false);
     f_dialog.reset();
     f_since_start.start();
     vx_datasource_set_waiting(make_closure<&Tvx_opening_progress::goes_on>(this));

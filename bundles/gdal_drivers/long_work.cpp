@@ -46,7 +46,7 @@ struct running_work
     }
 };
 
-bool run(std::function<void()> work, bool may_leave)
+bool run(std::function<void()> work, std::atomic<bool> *given_up)
 {
     auto const waiting = vx_datasource_get_waiting();
     if (!waiting) {
@@ -65,7 +65,11 @@ bool run(std::function<void()> work, bool may_leave)
             --left_works;
     });
     while (end.wait_for(c_between_questions) != std::future_status::ready)
-        if (!waiting() && may_leave) {
+        if (!waiting()) {
+            if (given_up) {
+                *given_up = true;
+                continue;
+            }
             [[maybe_unused]] static int const registered = on_exit(&end_without_gdal, nullptr);
             ++left_works;
             if (is_over->fetch_or(2) & 1)
@@ -80,13 +84,14 @@ bool run(std::function<void()> work, bool may_leave)
 }
 } // namespace
 
-void attend(std::function<void()> const &work)
+void attend(std::function<void(std::atomic<bool> const &given_up)> const &work)
 {
-    (void)run(work, false);
+    std::atomic<bool> given_up = false;
+    (void)run([&] { work(given_up); }, &given_up);
 }
 
 bool attend_or_leave(std::function<void()> work)
 {
-    return run(std::move(work), true);
+    return run(std::move(work), nullptr);
 }
 } // namespace vx::gdal

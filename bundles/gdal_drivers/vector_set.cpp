@@ -143,7 +143,7 @@ bool vector_set::with_extent(Tvx_box_d2 *box, bool force)
     position_keeper const keeper(*this);
     OGREnvelope e;
     OGRErr result = OGRERR_FAILURE;
-    attend([&] { result = f_layer->GetExtent(f_geom_field, &e, force); });
+    attend([&](auto const &) { result = f_layer->GetExtent(f_geom_field, &e, force); });
     if (result != OGRERR_NONE)
         return false;
     *box = {e.MinX, e.MinY, e.MaxX, e.MaxY};
@@ -343,12 +343,17 @@ unsigned long long vector_set::feature_count(bool force)
     f_layer->ResetReading();
     // GDAL's own count of text tables is wrong once a box filter was taken off.
     if (f_only_type == geom_unknown && !f_set->is_driver("CSV"))
-        attend([&] { count = f_layer->GetFeatureCount(force); });
+        attend([&](auto const &) { count = f_layer->GetFeatureCount(force); });
     else if (force) {
         count = 0;
-        attend([&] {
-            while (OGRFeatureUniquePtr const record{f_layer->GetNextFeature()})
+        attend([&](std::atomic<bool> const &given_up) {
+            while (OGRFeatureUniquePtr const record{f_layer->GetNextFeature()}) {
                 count += is_wanted(*record);
+                if (given_up) {
+                    count = -1;
+                    break;
+                }
+            }
         });
     }
     if (count < 0)
