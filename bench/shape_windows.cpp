@@ -107,7 +107,7 @@ int measure(std::wstring const &file)
         std::printf("window of %8.4f %% of the extent: %7zu points, %9.1f us, %.4f times the loop\n",
                     100 * side * side / (c_extent * c_extent), found, asked, asked / looped);
     }
-    plain = {};
+    plain = std::vector<Tvx_pnt_d2>(); // lets go of its memory
     double const with_grid = heap_bytes();
     std::printf("bytes a point: %.1f after reading, %.1f with the grid\n", (read - before) / c_points,
                 (with_grid - before) / c_points);
