@@ -138,6 +138,8 @@ struct stroke
     }
     [[nodiscard]] double reach() const { return pen.widthF() * 2; }
     [[nodiscard]] double thickness() const { return pen.widthF(); }
+    /// Whether what is drawn goes by the length along the line.
+    [[nodiscard]] bool needs_lengths() const { return dashed; }
     /// Qt makes one path of all dashes.
     [[nodiscard]] double calls_per_px() const
     {
@@ -233,6 +235,7 @@ struct pattern
     }
     [[nodiscard]] double reach() const { return std::max({pen.widthF(), mark_px, symbol.reach()}); }
     [[nodiscard]] double thickness() const { return std::max({pen.widthF(), mark_px, symbol_extent()}); }
+    [[nodiscard]] bool needs_lengths() const { return !elements.full || !elements.marks.empty(); }
     [[nodiscard]] double calls_per_px() const
     {
         return too_fine()
@@ -363,6 +366,10 @@ struct stroke_item
     {
         return std::visit([](auto const &w) { return w.calls_per_px(); }, what);
     }
+    [[nodiscard]] bool needs_lengths() const
+    {
+        return std::visit([](auto const &w) { return w.needs_lengths(); }, what);
+    }
 };
 
 pattern make_pattern(surface const &s, pln_tplt_lr const &l)
@@ -447,7 +454,7 @@ struct line_painter::impl
             it.draw(target, line, 0);
             return;
         }
-        for (line_piece const &piece : clip_line(line, clip))
+        for (line_piece const &piece : clip_line(line, clip, it.needs_lengths()))
             if (piece.points.size() > 1)
                 it.draw(target, piece.points, piece.start);
     }

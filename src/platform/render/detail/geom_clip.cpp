@@ -49,7 +49,7 @@ px_line clip_side(px_line const &ring, Inside inside, Cross cross)
 }
 } // namespace
 
-std::vector<line_piece> clip_line(std::span<Tvx_pnt_d2 const> line, Tvx_box_d2 const &box)
+std::vector<line_piece> clip_line(std::span<Tvx_pnt_d2 const> line, Tvx_box_d2 const &box, bool lengths)
 {
     std::vector<line_piece> pieces;
     bool open = false;
@@ -57,7 +57,7 @@ std::vector<line_piece> clip_line(std::span<Tvx_pnt_d2 const> line, Tvx_box_d2 c
     for (std::size_t i = 1; i < line.size(); ++i) {
         Tvx_pnt_d2 const a = line[i - 1];
         Tvx_pnt_d2 const b = line[i];
-        double const length = std::hypot(b.x - a.x, b.y - a.y);
+        double const length = lengths ? std::hypot(b.x - a.x, b.y - a.y) : 0;
         double t0;
         double t1;
         if (segment_span(a, b, box, t0, t1)) {

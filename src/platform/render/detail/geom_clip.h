@@ -16,8 +16,9 @@ struct line_piece
     double start = 0;
 };
 
-/// The pieces of the line that pass through the box, in order.
-[[nodiscard]] std::vector<line_piece> clip_line(std::span<Tvx_pnt_d2 const> line, Tvx_box_d2 const &box);
+/// The pieces of the line that pass through the box, in order. Without `lengths` their starts stay 0.
+[[nodiscard]] std::vector<line_piece> clip_line(std::span<Tvx_pnt_d2 const> line, Tvx_box_d2 const &box,
+                                                bool lengths = true);
 /// The part of the ring's area in the box as one ring, whose edges may run along the box; empty if there is
 /// none.
 [[nodiscard]] px_line clip_ring(std::span<Tvx_pnt_d2 const> ring, Tvx_box_d2 const &box);
