@@ -23,34 +23,22 @@ bool read_numbers(detail::table_column &column, std::uint64_t limit, Map &values
     return true;
 }
 
-/// Texts are kept in one piece while they are read, and put into the map in its own order.
 template <class Map>
 bool read_texts(detail::table_column &column, std::uint64_t limit, Map &values)
 {
-    detail::distinct_texts keys;
-    std::vector<std::wstring> captions; // unless keys are their own
+    detail::seen_texts seen;
     auto const visit = [&](unsigned row, std::wstring_view key) {
-        if (!keys.add(key))
-            return false;
-        if (!column.is_own_caption()) {
-            std::wstring_view caption;
-            column.read_caption(row, caption);
-            captions.emplace_back(caption);
-        }
-        return true;
+        return seen.add(key, [&] {
+            auto const place = values.emplace(key, key).first;
+            if (!column.is_own_caption()) {
+                std::wstring_view caption;
+                column.read_caption(row, caption); // the key's buffer is the caption's now
+                place->second = caption;
+            }
+            return std::wstring_view(place->first);
+        });
     };
-    detail::walk_column<std::wstring_view>(column, limit, visit, [&] { return keys.size(); });
-    auto const put = [&](std::size_t i) {
-        values.emplace_hint(values.end(), keys[i],
-                            captions.empty() ? std::wstring(keys[i]) : std::move(captions[i]));
-    };
-    if constexpr (std::is_same_v<Map, std::map<std::wstring, std::wstring>>) {
-        for (auto const i : keys.sorted())
-            put(i);
-    } else {
-        for (std::size_t i = 0; i < keys.size(); ++i)
-            put(i);
-    }
+    detail::walk_column<std::wstring_view>(column, limit, visit, [&] { return values.size(); });
     return true;
 }
 

@@ -11,17 +11,11 @@ namespace {
 template <class Set>
 void read_texts(detail::table_column &column, std::uint64_t limit, Set &values)
 {
-    detail::distinct_texts texts;
-    detail::walk_column<std::wstring_view>(
-        column, limit, [&](unsigned, std::wstring_view text) { return texts.add(text); },
-        [&] { return texts.size(); });
-    if constexpr (std::is_same_v<Set, std::set<std::wstring>>) {
-        for (auto const i : texts.sorted())
-            values.emplace_hint(values.end(), texts[i]);
-    } else {
-        for (std::size_t i = 0; i < texts.size(); ++i)
-            values.emplace(texts[i]);
-    }
+    detail::seen_texts seen;
+    auto const visit = [&](unsigned, std::wstring_view text) {
+        return seen.add(text, [&] { return std::wstring_view(*values.emplace(text).first); });
+    };
+    detail::walk_column<std::wstring_view>(column, limit, visit, [&] { return values.size(); });
 }
 
 template <class Set>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "scale_engine/value/detail/distinct_texts.h"
+#include "scale_engine/value/detail/seen_texts.h"
 
 #include "platform/base/owned.h"
 #include "platform/base/string_adp.h"
