@@ -1,5 +1,6 @@
 #include "grid_pass.h"
 
+#include "cell_sums.h"
 #include "cell_transfer.h"
 #include "gdal_errors.h"
 
@@ -12,6 +13,7 @@
 #include <exception>
 #include <limits>
 #include <mutex>
+#include <optional>
 #include <sched.h>
 #include <thread>
 
@@ -26,7 +28,6 @@ constexpr long long c_cells_for_threads = 1 << 22;
 constexpr int c_most_threads = 8;
 /// Cells that are worked on at a time: what lies in the first level of the processor's memory.
 constexpr std::size_t c_chunk = 1024;
-constexpr std::size_t c_lanes = 4; ///< sums that run side by side
 
 /// The way from a value to its class.
 class class_finder
@@ -52,127 +53,153 @@ public:
         return static_cast<std::size_t>(value >= f_span.low && value <= f_span.high ? inside : f_span.count);
     }
 
+    /// The same by lanes, into tables of their own or one; nothing for spans that are too wide or too narrow.
+    [[nodiscard]] std::optional<run_classes> lanes_to(std::uint32_t *tables, std::size_t stride) const
+    {
+        if (!f_is_plain || f_factor != 1.0)
+            return std::nullopt;
+        return run_classes{f_span.low, f_span.high, f_scale, f_span.count, tables, stride};
+    }
+
 private:
     histogram_span f_span;
     double f_factor, f_start, f_range, f_scale, f_last;
     bool f_is_plain;
 };
 
+/// Takes the cells that have a value out of a run of any type.
+class cell_filter
+{
+public:
+    explicit cell_filter(no_data_test const &test) : f_none{test.low(), test.high()}, f_test(test) {}
+
+    /// Into `values`, which has room for all; gives their number.
+    template <class T>
+    std::size_t operator()(T const *cells, std::size_t count, double *values) const
+    {
+        std::size_t kept = 0;
+        for (std::size_t i = 0; i < count; ++i) {
+            auto const value = static_cast<double>(cells[i]);
+            values[kept] = value;
+            kept += !std::isnan(value) && f_test.counts(value);
+        }
+        return kept;
+    }
+    /// All that is told by two comparisons: an infinite cell may count by them and yet have no value.
+    [[nodiscard]] gap none() const { return f_none; }
+
+private:
+    gap f_none;
+    no_data_test f_test;
+};
+
 /// What one thread counts.
 class tally
 {
 public:
-    explicit tally(histogram_span const *span)
-        : f_finder(span ? *span : histogram_span{0, 0, 1}), f_has_span(span != nullptr),
+    tally(cell_filter const &filter, bool has_stat, histogram_span const *span)
+        : f_filter(filter), f_has_stat(has_stat), f_finder(span ? *span : histogram_span{0, 0, 1}),
           f_classes(span ? static_cast<std::size_t>(span->count) + 1 : 0),
-          f_tables(std::min<std::size_t>(f_classes, 1) * (f_classes <= c_small ? c_lanes : 1)),
-          f_counts(f_classes * f_tables)
+          f_tables(f_classes == 0         ? 0
+                   : f_classes <= c_small ? lanes::c_step
+                                          : 1),
+          f_counts(f_classes * f_tables), f_totals(f_classes)
     {
     }
 
-    /// Cells that have a value.
-    void add(double const *values, std::size_t count, band_stat &stat)
+    template <class T>
+    void add(T const *cells, std::size_t count, band_stat &stat)
     {
-        if (count == 0)
-            return;
-        stat.add(stat_of(values, count));
-        if (!f_has_span)
-            return;
-        // Neighbours fall in the same class often: with a table for each lane they do not wait for each
-        // other.
-        for (std::size_t i = 0; i < count; ++i)
-            ++f_counts[f_finder(values[i]) + i % f_tables * f_classes];
+        std::size_t const even = count - count % lanes::c_step;
+        if (!add_lanes(cells, even, stat))
+            add_singly(cells, even, stat);
+        add_singly(cells + even, count - even, stat);
     }
 
+    /// Small counters into large ones; after each piece of the work.
+    void finish_piece()
+    {
+        for (std::size_t i = 0; i < f_counts.size(); ++i)
+            f_totals[i % f_classes] += f_counts[i];
+        std::fill(f_counts.begin(), f_counts.end(), 0);
+    }
     void add_to(std::vector<long long> &counts) const
     {
-        for (std::size_t table = 0; table < f_tables; ++table)
-            for (std::size_t i = 0; i < counts.size(); ++i)
-                counts[i] += f_counts[table * f_classes + i];
+        for (std::size_t i = 0; i < counts.size(); ++i)
+            counts[i] += f_totals[i];
     }
 
 private:
     static constexpr std::size_t c_small = 4096;
 
-    static band_stat stat_of(double const *values, std::size_t count)
+    /// False, with nothing counted, where infinite cells have to be looked at one by one.
+    template <class T>
+    bool add_lanes(T const *cells, std::size_t count, band_stat &stat)
     {
-        std::array<double, c_lanes> low{}, high{}, sum{}, squares{};
-        low.fill(values[0]);
-        high.fill(values[0]);
-        // Sums of the distances from one of the values: equal cells give their exact mean.
-        double const start = values[0];
-        std::size_t const even = count - count % c_lanes;
-        for (std::size_t i = 0; i < even; i += c_lanes)
-            for (std::size_t lane = 0; lane < c_lanes; ++lane) {
-                double const value = values[i + lane];
-                low[lane] = std::min(low[lane], value);
-                high[lane] = std::max(high[lane], value);
-                sum[lane] += value - start;
-            }
-        for (std::size_t i = even; i < count; ++i) {
-            low[0] = std::min(low[0], values[i]);
-            high[0] = std::max(high[0], values[i]);
-            sum[0] += values[i] - start;
-        }
-        band_stat stat;
-        auto const number = static_cast<double>(count);
-        double const distance = sum[0] + sum[1] + sum[2] + sum[3];
-        stat.minimum = *std::min_element(low.begin(), low.end());
-        stat.maximum = *std::max_element(high.begin(), high.end());
-        stat.mean = start + distance / number;
-        stat.sum = start * number + distance;
-        stat.count = static_cast<long long>(count);
-        for (std::size_t i = 0; i < even; i += c_lanes)
-            for (std::size_t lane = 0; lane < c_lanes; ++lane) {
-                double const away = values[i + lane] - stat.mean;
-                squares[lane] += away * away;
-            }
-        for (std::size_t i = even; i < count; ++i)
-            squares[0] += (values[i] - stat.mean) * (values[i] - stat.mean);
-        stat.squares = squares[0] + squares[1] + squares[2] + squares[3];
-        return stat;
-    }
-
-    class_finder f_finder;
-    bool f_has_span;
-    std::size_t f_classes; ///< with one for what lies outside
-    std::size_t f_tables;
-    std::vector<long long> f_counts;
-};
-
-/// Takes the cells that have a value out of a run of any type.
-class cell_filter
-{
-public:
-    explicit cell_filter(no_data_test const &test) : f_test(test)
-    {
-        f_low = test.low();
-        f_high = test.high();
+        gap const none = f_filter.none();
+        std::size_t first = 0;
+        auto const is_passed = [&](double value) { return !(value < none.low || value > none.high); };
+        while (first < count && is_passed(static_cast<double>(cells[first])))
+            ++first;
+        if (first == count)
+            return true;
+        // Sums of the distances from one of the cells: equal cells give their exact mean.
+        auto const start = static_cast<double>(cells[first]);
+        if (std::isinf(start))
+            return false;
+        if (f_has_stat && !add_stat(cells, count, start, stat))
+            return false;
+        if (f_classes == 0)
+            return true;
+        if (auto const to = f_finder.lanes_to(f_counts.data(), f_tables > 1 ? f_classes : 0))
+            class_run(cells, count, none, *to);
+        else
+            for (std::size_t i = 0; i < count; ++i)
+                if (!is_passed(static_cast<double>(cells[i])))
+                    ++f_counts[f_finder(static_cast<double>(cells[i]))];
+        return true;
     }
 
     template <class T>
-    std::size_t operator()(T const *cells, std::size_t count, double *values) const
+    bool add_stat(T const *cells, std::size_t count, double start, band_stat &stat) const
     {
-        std::size_t kept = 0;
-        bool is_infinite = false;
-        for (std::size_t i = 0; i < count; ++i) {
-            auto const value = static_cast<double>(cells[i]);
-            values[kept] = value;
-            // Neither holds for what is not a number.
-            kept += value < f_low || value > f_high;
-            if constexpr (std::is_floating_point_v<T>)
-                is_infinite |= std::fabs(value) > std::numeric_limits<double>::max();
-        }
-        if (is_infinite && f_test.is_finite_only())
-            kept = static_cast<std::size_t>(
-                std::remove_if(values, values + kept, [](double value) { return std::isinf(value); }) -
-                values);
-        return kept;
+        gap const none = f_filter.none();
+        run_sums const sums = sum_run(cells, count, none, start);
+        if (std::isinf(sums.minimum) || std::isinf(sums.maximum))
+            return false;
+        band_stat run;
+        auto const number = static_cast<double>(sums.count);
+        run.minimum = sums.minimum;
+        run.maximum = sums.maximum;
+        run.count = sums.count;
+        run.mean = start + sums.distance / number;
+        run.sum = start * number + sums.distance;
+        run.squares = square_run(cells, count, none, run.mean);
+        stat.add(run);
+        return true;
     }
 
-private:
-    no_data_test f_test;
-    double f_low, f_high;
+    template <class T>
+    void add_singly(T const *cells, std::size_t count, band_stat &stat)
+    {
+        std::array<double, c_chunk> values;
+        std::size_t const kept = f_filter(cells, count, values.data());
+        for (std::size_t i = 0; i < kept; ++i) {
+            if (f_has_stat)
+                stat.add({values[i], values[i], values[i], values[i], 0, 1});
+            if (f_classes > 0)
+                ++f_counts[f_finder(values[i])];
+        }
+    }
+
+    cell_filter f_filter;
+    bool f_has_stat;
+    class_finder f_finder;
+    std::size_t f_classes; ///< with one for what lies outside
+    std::size_t
+        f_tables; ///< neighbours fall in the same class often: with one for each lane they need not wait
+    std::vector<std::uint32_t> f_counts;
+    std::vector<long long> f_totals;
 };
 
 /// The blocks of a band, or windows of the same use where blocks are too large.
@@ -206,15 +233,14 @@ struct block_layout
 class block_reader
 {
 public:
-    block_reader(GDALRasterBand &band, block_layout const &layout, bool is_read_only,
-                 no_data_test const &test)
-        : f_band(band), f_layout(layout), f_is_direct(is_read_only && layout.is_whole), f_filter(test),
+    block_reader(GDALRasterBand &band, block_layout const &layout, bool is_read_only)
+        : f_band(band), f_layout(layout), f_is_direct(is_read_only && layout.is_whole),
           f_cells(static_cast<std::size_t>(layout.across) * static_cast<std::size_t>(layout.down) *
                   static_cast<std::size_t>(cell_size(layout.type)))
     {
     }
 
-    /// `take(values, count)` for each run of cells that have a value.
+    /// `take(cells, count)` for runs of cells of the band's type, in the order of the block; false to stop.
     template <class Take>
     bool read(long long block, Take take)
     {
@@ -265,7 +291,6 @@ private:
     template <class T, class Take>
     bool work(int across, int down, Take take)
     {
-        std::array<double, c_chunk> values;
         auto const line = static_cast<std::size_t>(f_layout.across);
         // Rows that lie side by side are one run.
         bool const is_dense = across == f_layout.across;
@@ -274,11 +299,9 @@ private:
             static_cast<std::size_t>(across) * (is_dense ? static_cast<std::size_t>(down) : 1);
         for (std::size_t run = 0; run < runs; ++run) {
             auto const *const cells = reinterpret_cast<T const *>(f_cells.data()) + run * line;
-            for (std::size_t at = 0; at < length; at += c_chunk) {
-                std::size_t const kept = f_filter(cells + at, std::min(c_chunk, length - at), values.data());
-                if (kept > 0 && !take(values.data(), kept))
+            for (std::size_t at = 0; at < length; at += c_chunk)
+                if (!take(cells + at, std::min(c_chunk, length - at)))
                     return false;
-            }
         }
         return true;
     }
@@ -286,7 +309,6 @@ private:
     GDALRasterBand &f_band;
     block_layout const &f_layout;
     bool f_is_direct;
-    cell_filter f_filter;
     std::vector<unsigned char> f_cells;
 };
 
@@ -323,11 +345,12 @@ bool histogram_span::is_valid() const
     return count > 0 && std::isfinite(low) && std::isfinite(high) && low <= high;
 }
 
-bool pass_over_cells(dataset const &set, int band, histogram_span const *span, pass_result &result)
+bool pass_over_cells(dataset const &set, int band, bool has_stat, histogram_span const *span,
+                     pass_result &result)
 {
     GDALRasterBand &first = *set.gdal().GetRasterBand(band);
     block_layout const layout(first);
-    no_data_test const test = nodata_of(first).test();
+    cell_filter const filter(nodata_of(first).test());
     long long const blocks = layout.columns * layout.rows;
     long long const cells = static_cast<long long>(layout.width) * layout.height;
     long long const block_cells = static_cast<long long>(layout.across) * layout.down;
@@ -347,18 +370,19 @@ bool pass_over_cells(dataset const &set, int band, histogram_span const *span, p
         std::wstring failure;
         try {
             error_guard const guard(failure);
-            tally counted(span);
-            block_reader reader(of, layout, set.read_only(), test);
+            tally counted(filter, has_stat, span);
+            block_reader reader(of, layout, set.read_only());
             for (std::size_t piece = next++; piece < pieces && !has_failed; piece = next++) {
                 long long const end = std::min(blocks, (static_cast<long long>(piece) + 1) * in_piece);
                 for (long long block = static_cast<long long>(piece) * in_piece; block < end; ++block)
-                    if (!reader.read(block, [&](double const *values, std::size_t count) {
-                            counted.add(values, count, stats[piece]);
+                    if (!reader.read(block, [&](auto const *run, std::size_t count) {
+                            counted.add(run, count, stats[piece]);
                             return true;
                         })) {
                         has_failed = true;
                         break;
                     }
+                counted.finish_piece();
             }
             std::scoped_lock const lock(joining);
             counted.add_to(result.counts);
@@ -395,11 +419,14 @@ bool scan_cells(GDALRasterBand &band,
 {
     block_layout const layout(band);
     try {
-        block_reader reader(band, layout, false, nodata_of(band).test());
+        block_reader reader(band, layout, false);
+        cell_filter const filter(nodata_of(band).test());
+        std::array<double, c_chunk> values;
         bool goes_on = true;
         for (long long block = 0; block < layout.columns * layout.rows; ++block) {
-            bool const good = reader.read(block, [&](double const *values, std::size_t count) {
-                return goes_on = visit(values, count);
+            bool const good = reader.read(block, [&](auto const *cells, std::size_t count) {
+                std::size_t const kept = filter(cells, count, values.data());
+                return goes_on = kept == 0 || visit(values.data(), kept);
             });
             if (!goes_on)
                 return true;

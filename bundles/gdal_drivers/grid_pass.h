@@ -43,7 +43,7 @@ struct pass_result
 /// results are joined in the order of the file.
 ///
 /// False, with the reason in the innermost error guard, when a block cannot be read.
-[[nodiscard]] bool pass_over_cells(dataset const &set, int band, histogram_span const *span,
+[[nodiscard]] bool pass_over_cells(dataset const &set, int band, bool has_stat, histogram_span const *span,
                                    pass_result &result);
 
 /// Hands out all cells that have a value, in pieces of bounded size; `visit` gives false to stop. False when

@@ -62,9 +62,11 @@ std::optional<histogram_span> grid_set::known_span(int field)
 bool grid_set::pass(int field, std::optional<histogram_span> const &span)
 {
     pass_result result;
-    if (!pass_over_cells(*f_set, field + 1, span ? &*span : nullptr, result))
+    bool const has_stat = f_stats.count(field) == 0;
+    if (!pass_over_cells(*f_set, field + 1, has_stat, span ? &*span : nullptr, result))
         return false;
-    f_stats[field] = result.stat;
+    if (has_stat)
+        f_stats[field] = result.stat;
     if (span)
         f_histograms[field] = {*span, std::move(result.counts)};
     return true;
