@@ -113,6 +113,14 @@ void fill_choices(column &c)
     auto *picked = c.add<Tvx_clr_vsb_pick_panel>();
     picked->set_text(L"From the screen");
     picked->set_color(vx_clr_init_rgb(250, 210, 40));
+    auto *off = c.add<Tvx_clr_vsb_panel>();
+    off->set_text(L"Disabled");
+    off->set_color(vx_clr_init_rgb(200, 40, 40));
+    off->set_enabled(false);
+    auto *no_figure = c.add<Tvx_figure_panel>();
+    no_figure->set_caption(L"Disabled");
+    no_figure->set_figure(13);
+    no_figure->SetEnabled(false);
     auto *font = c.add<Tvx_fnt_panel>(24);
     font->set_caption(L"Font");
 }
