@@ -155,10 +155,11 @@ void Tvx_val_edit::create()
     f_ins_btn->SetAction(f_grid->get_ins_action());
     f_del_btn = add(0);
     f_del_btn->SetAction(f_grid->get_del_action());
-    f_sel_style_btn = add_tool(alRight);
-    f_sel_style_btn->OnClick = make_closure<&Tvx_val_edit::on_sel_style_btn_click>(this);
     f_style_btn = add_tool(alRight);
     f_style_btn->OnClick = make_closure<&Tvx_val_edit::on_style_btn_click>(this);
+    f_sel_style_btn = add_tool(alRight);
+    f_sel_style_btn->SetLeft(f_tool_panel->GetWidth()); // as the columns stand
+    f_sel_style_btn->OnClick = make_closure<&Tvx_val_edit::on_sel_style_btn_click>(this);
 
     f_open_dialog = new TOpenDialog(this);
     f_save_dialog = new TSaveDialog(this);

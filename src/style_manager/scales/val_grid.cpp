@@ -465,10 +465,17 @@ void Tvx_val_grid::size_columns()
 
 // ---- painting
 
-void Tvx_val_grid::DrawCell(int col, int row, TRect const &rect, TGridDrawState /*state*/)
+void Tvx_val_grid::DrawCell(int col, int row, TRect const &rect, TGridDrawState state)
 {
     if (row == 0)
         return draw_header(col, rect);
+    draw_entry_cell(col, row, rect);
+    if (state.Contains(gdFocused) && Focused())
+        GetCanvas()->DrawFocusRect(rect);
+}
+
+void Tvx_val_grid::draw_entry_cell(int col, int row, TRect const &rect)
+{
     int const entry = entry_of(row);
     bool const marked = entry >= 0 && vx_val_scale_get_marked(f_scale, static_cast<unsigned>(entry));
     if (col == c_mark_col)

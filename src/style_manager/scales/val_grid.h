@@ -96,6 +96,7 @@ private:
     void apply_gradient(int entry, bool sel);
 
     void draw_header(int col, TRect const &rect);
+    void draw_entry_cell(int col, int row, TRect const &rect);
     void draw_mark(int entry, TRect const &rect);
     void draw_marked_active_rect(TRect const &rect, bool marked, bool active);
     void draw_style(int entry, TRect const &rect, bool sel);
