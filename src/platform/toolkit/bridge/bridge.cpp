@@ -5,8 +5,11 @@
 #include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/core/standard_texts_priv.h"
 #include "platform/toolkit/core/win_control.h"
+#include "platform/winapi/detail/main_thread.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QMetaObject>
+#include <QtCore/QThread>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPalette>
 #include <QtWidgets/QApplication>
@@ -15,9 +18,40 @@
 #include <clocale>
 #include <stdexcept>
 
+namespace {
+void wake_main_thread()
+{
+    if (qApp)
+        QMetaObject::invokeMethod(
+            qApp, [] { vx_main_thread_pump(); }, Qt::QueuedConnection);
+}
+
+/// From now on what other threads post is worked off by the loop of the application object, if there is one.
+void listen_to_threads()
+{
+    if (qApp)
+        vx_set_main_thread_wake(&wake_main_thread);
+}
+
+/// Told at load time: the first that a host uses of the library may be a message from another thread.
+[[maybe_unused]] bool const g_starts_listening = (vx_set_main_thread_starter(&listen_to_threads), true);
+
+void begin_listening()
+{
+    static bool begun = false;
+    if (begun)
+        return;
+    begun = true;
+    if (QThread::currentThread() == qApp->thread())
+        vx_set_main_thread();
+    listen_to_threads();
+}
+} // namespace
+
 void vx_qt_ensure_application()
 {
     if (qobject_cast<QApplication *>(QCoreApplication::instance())) {
+        begin_listening();
         vx::toolkit::translate_standard_texts();
         return;
     }
@@ -36,6 +70,7 @@ void vx_qt_ensure_application()
     application->setQuitOnLastWindowClosed(false);
     // Qt has taken the user's locale; numbers in text stay as they are everywhere.
     std::setlocale(LC_NUMERIC, "C");
+    begin_listening();
     vx::toolkit::translate_standard_texts();
 }
 

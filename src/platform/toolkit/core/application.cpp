@@ -5,7 +5,6 @@
 #include "platform/toolkit/bridge/qt_values.h"
 #include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/core/form.h"
-#include "platform/winapi/detail/main_thread.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QEventLoop>
@@ -16,12 +15,6 @@
 TApplication::TApplication() : TComponent(nullptr)
 {
     vx_qt_ensure_application();
-    vx_set_main_thread();
-    vx_set_main_thread_wake([] {
-        if (qApp)
-            QMetaObject::invokeMethod(
-                qApp, [] { vx_main_thread_pump(); }, Qt::QueuedConnection);
-    });
     QObject::connect(qApp, &QGuiApplication::applicationStateChanged, qApp,
                      [this](Qt::ApplicationState state) {
                          vx_event_scope const scope;

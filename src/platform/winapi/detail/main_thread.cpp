@@ -21,6 +21,7 @@ struct call_list
     std::deque<posted_call> calls;
     unsigned long next_serial = 0;
     void (*wake)() = nullptr;
+    void (*starter)() = nullptr;
 };
 
 // Never destroyed: other threads may still post while the process ends.
@@ -55,13 +56,17 @@ void vx_main_thread_post(Tvx_main_thread_call call, void *data)
     if (!call)
         return;
     void (*wake)() = nullptr;
+    void (*starter)() = nullptr;
     {
         std::lock_guard const hold(calls().lock);
         calls().calls.push_back({call, data, calls().next_serial++});
         wake = calls().wake;
+        starter = calls().starter;
     }
     if (wake)
         wake();
+    else if (starter)
+        starter();
 }
 
 void vx_main_thread_cancel(Tvx_main_thread_call call, void *data)
@@ -95,6 +100,18 @@ void vx_main_thread_pump()
 
 void vx_set_main_thread_wake(void (*wake)())
 {
+    bool waiting = false;
+    {
+        std::lock_guard const hold(calls().lock);
+        calls().wake = wake;
+        waiting = !calls().calls.empty();
+    }
+    if (wake && waiting)
+        wake();
+}
+
+void vx_set_main_thread_starter(void (*starter)())
+{
     std::lock_guard const hold(calls().lock);
-    calls().wake = wake;
+    calls().starter = starter;
 }

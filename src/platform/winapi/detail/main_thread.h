@@ -21,6 +21,9 @@ VX_API void vx_main_thread_post(Tvx_main_thread_call call, void *data);
 VX_API void vx_main_thread_cancel(Tvx_main_thread_call call, void *data);
 /// Runs what waited when it began. Main thread only; from another thread it does nothing.
 VX_API void vx_main_thread_pump();
-/// `wake` must be callable from any thread and soon lead to `vx_main_thread_pump` on the main thread. Null:
-/// none.
+/// `wake` must be callable from any thread and soon lead to `vx_main_thread_pump` on the main thread. It runs
+/// at once if something waits. Null: none.
 VX_API void vx_set_main_thread_wake(void (*wake)());
+/// Runs, on the calling thread, when something is posted while there is no wake function: it sets one if it
+/// can.
+VX_API void vx_set_main_thread_starter(void (*starter)());
