@@ -37,6 +37,14 @@ Q_GUI_EXPORT void qt_handleMouseEvent(QWindow *window, QPointF const &local, QPo
 Q_GUI_EXPORT void qt_handleKeyEvent(QWindow *window, QEvent::Type type, int key, Qt::KeyboardModifiers mods,
                                     QString const &text, bool repeat, unsigned short count);
 
+/// The friend by which Qt lets its test library say that an event comes from the window system: only such
+/// wheel events go on to the parents of what does not take them.
+class QSpontaneKeyEvent
+{
+public:
+    static void set_spontaneous(QEvent &event) { event.setSpontaneous(); }
+};
+
 namespace vx::user_input {
 namespace {
 constexpr int c_drag_steps = 8;
@@ -381,9 +389,10 @@ bool mouse_up(TControl *control, int x, int y, TMouseButton button, TShiftState 
     if (!widget || !mouse().buttons.testFlag(qt_button(button)))
         return false;
     mouse_target const at = target_at(widget, screen_point(control, x, y));
+    bool const reached = bool(at); // the window may go in the release
     mouse_release(at, qt_button(button), qt_modifiers(shift));
     wait_idle();
-    return bool(at);
+    return reached;
 }
 
 bool move(TControl *control, int x, int y, TShiftState shift)
@@ -403,16 +412,22 @@ bool drag(TControl *from, int x1, int y1, TControl *to, int x2, int y2, TMouseBu
 {
     QPoint const start = screen_point(from, x1, y1);
     QPoint const end = screen_point(to, x2, y2);
+    // What happens on the way may end the control, and its window.
+    QPointer<QWidget> const widget(vx_qt_widget(from));
+    QPointer<QWidget> const window(widget ? widget->window() : nullptr);
     if (!mouse_down(from, x1, y1, button, shift))
         return false;
-    for (int i = 1; i <= c_drag_steps; ++i) {
-        QPoint const at = start + (end - start) * i / c_drag_steps;
-        TPoint const local = from->ScreenToClient(vx_point(at));
-        if (!move(from, local.X, local.Y, shift))
-            break;
+    Qt::KeyboardModifiers const modifiers = qt_modifiers(shift);
+    for (int i = 1; i <= c_drag_steps && widget; ++i) {
+        mouse_move(target_at(widget, start + (end - start) * i / c_drag_steps), modifiers);
+        wait_idle();
     }
-    TPoint const local = from->ScreenToClient(vx_point(end));
-    return mouse_up(from, local.X, local.Y, button, shift);
+    QWidget *const last = widget ? widget.data() : window.data();
+    mouse_target const at = last ? target_at(last, end) : mouse_target();
+    bool const reached = bool(at); // the window may go in the release
+    mouse_release(at, qt_button(button), modifiers);
+    wait_idle();
+    return reached;
 }
 
 bool drag(TControl *control, int x1, int y1, int x2, int y2)
@@ -434,7 +449,8 @@ bool wheel(TControl *control, int notches, TShiftState shift)
     for (int i = 0; i < std::abs(notches) && target; ++i) {
         QWheelEvent event(target.local, target.global, {}, {0, notches > 0 ? 120 : -120}, mouse().buttons,
                           modifiers, Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(target.window, &event);
+        QSpontaneKeyEvent::set_spontaneous(event);
+        qApp->notify(target.window, &event);
         wait_idle();
     }
     return enabled;
