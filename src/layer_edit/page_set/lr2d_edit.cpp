@@ -53,7 +53,8 @@ Tvx_lr2d_edit::~Tvx_lr2d_edit()
     unhook_update_channel();
     if (f_plugin_tabs) {
         for (int i = 0; i < f_plugin_tabs->GetCount(); ++i)
-            f_plugins->get_plugin(static_cast<unsigned>(i))->destroy(plugin_instance(i));
+            if (void *instance = plugin_instance(i))
+                f_plugins->get_plugin(static_cast<unsigned>(i))->destroy(instance);
     }
     f_lr2d.reset();
     f_custom_pages.reset();
@@ -142,7 +143,9 @@ void Tvx_lr2d_edit::create_plugin_tabs()
         sheet->SetCaption(plugin->get_caption());
         sheet->SetPageControl(f_pages);
         sheet->SetTag(reinterpret_cast<TTag>(plugin->create(nullptr, this)));
-        plugin->set_parent(plugin_instance(static_cast<int>(i)), sheet->GetHandle());
+        // A plug-in that gave no instance keeps its empty tab: tabs and plug-ins go by the same numbers.
+        if (void *instance = plugin_instance(static_cast<int>(i)))
+            plugin->set_parent(instance, sheet->GetHandle());
     }
 }
 
@@ -155,6 +158,12 @@ void Tvx_lr2d_edit::set_lr2d(Ivx_layer *layer)
 {
     if (!f_pages)
         return;
+    take_lr2d(layer);
+    catch_up();
+}
+
+void Tvx_lr2d_edit::take_lr2d(Ivx_layer *layer)
+{
     vx::flag_scope const refreshing(f_refreshing);
     auto *const remembered = f_pages->GetActivePage();
     owned_layer clone(layer ? vx_lr2d_clone(layer) : nullptr);
@@ -173,7 +182,23 @@ void Tvx_lr2d_edit::update_controls()
 {
     if (!f_pages)
         return;
+    refresh();
+    catch_up();
+}
+
+void Tvx_lr2d_edit::catch_up()
+{
+    if (f_refreshing || !f_update_missed)
+        return;
+    refresh();
+    // What is posted during this one is the doing of the pages that are refreshed: it would not end.
+    f_update_missed = false;
+}
+
+void Tvx_lr2d_edit::refresh()
+{
     vx::flag_scope const refreshing(f_refreshing);
+    f_update_missed = false;
     auto *const remembered = f_pages->GetActivePage();
     hand_to_extensions(f_lr2d.get());
     update_tabs();
@@ -192,7 +217,8 @@ void Tvx_lr2d_edit::attach_plugins(Ivx_layer *layer)
         return;
     for (int i = 0; i < f_plugin_tabs->GetCount(); ++i) {
         static_cast<Tvx_tab_sheet *>(f_plugin_tabs->GetItems(i))->SetPageControl(f_pages);
-        f_plugins->get_plugin(static_cast<unsigned>(i))->attach(plugin_instance(i), layer);
+        if (void *instance = plugin_instance(i))
+            f_plugins->get_plugin(static_cast<unsigned>(i))->attach(instance, layer);
     }
 }
 
@@ -214,9 +240,10 @@ void Tvx_lr2d_edit::vx_lr2d_edit_event_channel_callback_proc(Tvx_table *queue, v
     if (vx_event_queue_count_update_events(queue) == 0)
         return;
     auto *page_set = static_cast<Tvx_lr2d_edit *>(self);
-    // What a page or an extension posts while it is refreshed is its own doing: another refresh would not
-    // end.
-    if (!page_set->f_refreshing)
+    // Pages that were refreshed already have not seen it: one more refresh follows.
+    if (page_set->f_refreshing)
+        page_set->f_update_missed = true;
+    else
         page_set->update_controls();
 }
 

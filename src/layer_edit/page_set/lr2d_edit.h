@@ -118,6 +118,10 @@ private:
     void hand_to_extensions(Ivx_layer *layer);
     void attach_plugins(Ivx_layer *layer);
     [[nodiscard]] void *plugin_instance(int index) const;
+    void take_lr2d(Ivx_layer *layer);
+    void refresh();
+    /// One more refresh if an update event came during the last.
+    void catch_up();
     void hook_update_channel();
     void unhook_update_channel();
     void update_prop_tab(vx::lr2d_page_row const &row);
@@ -130,4 +134,5 @@ private:
 
     vx::lr2d_edit_parts f_parts;
     bool f_refreshing = false;
+    bool f_update_missed = false; ///< an update event came during the refresh
 };

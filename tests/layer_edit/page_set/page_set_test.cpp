@@ -313,20 +313,28 @@ TEST_F(page_set, update_events_of_the_working_copy_refresh_the_pages)
     EXPECT_EQ(shown->updates, 2);
 }
 
-TEST_F(page_set, a_page_that_posts_while_it_is_refreshed_starts_no_other_refresh)
+TEST_F(page_set, an_update_during_a_refresh_is_followed_by_one_more_refresh)
 {
     show("shp_pnt_lr2d");
     auto *shown = page(p::shp_pnt);
     shown->on_update = {
         [](void *self, TObject *) { vx_lr_post_update(static_cast<Tvx_lr2d_edit *>(self)->get_lr2d()); },
         edit.get()};
+    // A page that posts at each refresh would never end: what comes during the second is left alone.
     shown->updates = 0;
     edit->update_controls();
-    EXPECT_EQ(shown->updates, 1);
-    vx_lr_post_update(edit->get_lr2d());
     EXPECT_EQ(shown->updates, 2);
+    vx_lr_post_update(edit->get_lr2d());
+    EXPECT_EQ(shown->updates, 4);
+    shown->on_update = {};
+    edit->update_controls();
+    EXPECT_EQ(shown->updates, 5) << "nothing is owed";
+    shown->on_update = {
+        [](void *self, TObject *) { vx_lr_post_update(static_cast<Tvx_lr2d_edit *>(self)->get_lr2d()); },
+        edit.get()};
+    shown->updates = 0;
     show("shp_pnt_lr2d");
-    EXPECT_EQ(shown->updates, 3);
+    EXPECT_EQ(shown->updates, 2) << "the channel of a new copy too";
 }
 
 TEST_F(page_set, the_copy_outlives_the_layer_of_the_host)
@@ -404,6 +412,38 @@ private:
     void log(char const *what) { page_set_log.push_back(std::string(name) + " " + what); }
     char const *name;
     int instance = 0;
+};
+
+/// A plug-in that has no instance to give, or fails.
+class empty_plugin : public Tvx_lr2d_page_plugin
+{
+public:
+    void *create(void (*)(void *), void *) override
+    {
+        if (throws)
+            throw std::runtime_error("no");
+        return nullptr;
+    }
+    void set_parent(void *i, void *) override { note(i); }
+    char const *get_caption() override { return "empty"; }
+    void destroy(void *i) override { note(i); }
+    void attach(void *i, Ivx_layer *) override { note(i); }
+
+    static inline bool throws = false;
+    static inline int null_calls = 0;
+
+private:
+    static void note(void *instance) { null_calls += instance == nullptr; }
+};
+
+class empty_plugin_set : public Tvx_lr2d_page_plugin_set
+{
+public:
+    unsigned get_plugin_count() const override { return 1; }
+    Tvx_lr2d_page_plugin *get_plugin(unsigned) const override { return &f_plugin; }
+
+private:
+    mutable empty_plugin f_plugin;
 };
 
 class test_plugin_set : public Tvx_lr2d_page_plugin_set
@@ -507,6 +547,33 @@ TEST_F(extended_page_set, ends_what_it_was_given_in_order)
     edit.reset();
     EXPECT_EQ(page_set_log,
               (lines{"first destroy", "second destroy", "extensions gone", "plugins unloaded"}));
+}
+
+TEST(page_set_parts, a_plug_in_without_an_instance_is_not_called_with_none)
+{
+    static constexpr vx::lr2d_edit_parts parts = {
+        c_test_pages,
+        [](wchar_t const *) -> std::unique_ptr<Tvx_lr2d_page_plugin_set> {
+            return std::make_unique<empty_plugin_set>();
+        },
+        nullptr,
+    };
+    for (bool const throws : {false, true}) {
+        empty_plugin::throws = throws;
+        empty_plugin::null_calls = 0;
+        TForm form(nullptr);
+        {
+            Tvx_lr2d_edit edit(nullptr, parts);
+            edit.SetParent(&form);
+            if (throws)
+                EXPECT_THROW(edit.create(), std::runtime_error);
+            else
+                edit.create();
+            if (!throws)
+                edit.set_lr2d(make_layer("shp_pnt_lr2d").get());
+        }
+        EXPECT_EQ(empty_plugin::null_calls, 0) << throws;
+    }
 }
 
 TEST(page_set_parts, plug_ins_are_made_before_extensions)
