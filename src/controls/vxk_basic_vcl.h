@@ -8,6 +8,7 @@
 #include "controls/forms/caption_panels.h"
 #include "controls/forms/dlg_form.h"
 #include "controls/forms/dock_forms.h"
+#include "controls/forms/dock_grip.h"
 #include "controls/forms/edits.h"
 #include "controls/forms/event_off.h"
 #include "controls/forms/form.h"

@@ -2,13 +2,16 @@
 
 #include "captions/layer_edit.h"
 #include "controls/forms/apply_form.h"
+#include "controls/forms/dock_grip.h"
 #include "layer_edit/page_set/lr2d_edit.h"
 
 #include "platform/base/flag_scope.h"
 #include "platform/base/string_adp.h"
 #include "platform/basic/vx_res.h"
 #include "platform/layers/vx_lr2d.h"
+#include "platform/toolkit/core/screen.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -17,6 +20,8 @@ constexpr int c_help_edit_form = 23;
 /// Size of an own form at its first showing: room for a style editor without scrolling.
 constexpr int c_form_width = 480;
 constexpr int c_form_height = 600;
+/// What the title bar takes of the screen.
+constexpr int c_title_room = 40;
 
 /// `format` with its first "%s" replaced by `name` and "%%" by "%". Other marks stay as they are: the format
 /// is a text of the catalogue, the name one of the user.
@@ -86,8 +91,13 @@ Tvx_lr2d_edit_form::Tvx_lr2d_edit_form() : f_watch(std::make_unique<end_watch>(*
     auto form = std::make_unique<edit_window>(nullptr);
     form->SetDragKind(dkDock);
     form->SetDragMode(dmAutomatic);
-    form->SetWidth(c_form_width);
-    form->SetHeight(c_form_height);
+    // The frame of the window needs room too.
+    TRect const area = Screen->GetWorkAreaRect();
+    form->SetWidth(std::min(c_form_width, area.Width()));
+    form->SetHeight(std::min(c_form_height, area.Height() - c_title_room));
+    auto *grip = new Tvx_dock_grip(form.get());
+    grip->SetParent(form.get());
+    grip->SetAlign(alTop);
     take_form(form.get());
     f_owns_form = true;
     form.release();
@@ -138,6 +148,8 @@ void Tvx_lr2d_edit_form::create()
     f_lr2d_edit->create();
     page_set.release();
     f_lr2d_edit->SetAlign(alClient);
+    // The window opens in its pages, not on Apply.
+    f_lr2d_edit->SetTabOrder(0);
     f_lr2d_edit->SetDoubleBuffered(true);
     f_lr2d_edit->on_changed = make_closure<&Tvx_lr2d_edit_form::on_lr2d_edit_changed>(this);
     f_form->set_on_apply(make_closure<&Tvx_lr2d_edit_form::on_self_apply>(this));

@@ -1,4 +1,5 @@
 #include "controls/forms/apply_form.h"
+#include "controls/forms/dock_grip.h"
 #include "exports/vxk_lr2d_edit_form_api.h"
 #include "layer_edit/form/lr2d_edit_form.h"
 #include "tests/layer_edit/page_set/page_set_fixture.h"
@@ -268,6 +269,50 @@ TEST(edit_form, docks_at_the_bottom_and_survives_its_site)
     window.reset();
     vx_lr2d_edt_form_update(form.get());
     EXPECT_FALSE(vx_lr2d_edt_form_get_showing(form.get()));
+}
+
+TEST(edit_form, is_docked_and_undocked_by_hand)
+{
+    TForm window(nullptr);
+    window.SetBounds(0, 0, 800, 600);
+    auto *site = new Tvx_panel(&window);
+    site->SetParent(&window);
+    site->SetBounds(50, 50, 700, 400);
+    site->SetDockSite(true);
+    window.Show();
+    handle form(vx_lr2d_edt_form_create());
+    vx_lr2d_edt_form_create_all(form.get());
+    vx_lr2d_edt_form_set_lr2d(form.get(), named_layer(L"layer").get());
+    vx_lr2d_edt_form_show_pos(form.get(), 1000, 100);
+    auto *own = form->get_form();
+    auto *grip = own->ControlAtPos({100, 3}, false);
+    ASSERT_NE(dynamic_cast<Tvx_dock_grip *>(grip), nullptr);
+    EXPECT_TRUE(input::drag(grip, 100, 4, site, 300, 390));
+    EXPECT_EQ(own->GetHostDockSite(), site);
+    EXPECT_TRUE(vx_lr2d_edt_form_get_showing(form.get()));
+    input::wait_idle();
+    EXPECT_TRUE(input::drag(grip, 100, 4, 1100, 300));
+    EXPECT_EQ(own->GetHostDockSite(), nullptr);
+    EXPECT_TRUE(own->GetFloating());
+    input::wait_idle();
+    int const left = own->GetLeft();
+    int const top = own->GetTop();
+    EXPECT_TRUE(input::drag(grip, 100, 4, 160, 64));
+    EXPECT_NEAR(own->GetLeft(), left + 60, 12) << "elsewhere it moves the window";
+    EXPECT_NEAR(own->GetTop(), top + 60, 12);
+}
+
+TEST(edit_form, opens_in_its_pages_and_within_the_screen)
+{
+    handle form(vx_lr2d_edt_form_create());
+    vx_lr2d_edt_form_create_all(form.get());
+    vx_lr2d_edt_form_set_lr2d(form.get(), named_layer(L"layer").get());
+    vx_lr2d_edt_form_show_pos(form.get(), 100, 100);
+    input::wait_idle();
+    auto *own = form->get_form();
+    ASSERT_NE(own->GetActiveControl(), nullptr);
+    EXPECT_TRUE(form->get_lr2d_edit()->ContainsControl(own->GetActiveControl()));
+    EXPECT_LT(own->GetHeight(), Screen->GetWorkAreaRect().Height());
 }
 
 TEST(edit_form, calls_ahead_of_their_time_are_quiet)

@@ -155,7 +155,12 @@ void TWinControl::DockDrop(TDragDockObject *source, int x, int y)
         client->SetAlign(alNone);
         f_dock_manager->InsertControl(client, side, source->GetDropOnControl());
     } else {
-        // Without a manager the client becomes a bar on its side of the site.
+        // Without a manager the client becomes a bar on its side of the site, no thicker than the site.
+        TRect const room = GetClientRect();
+        if (side == alTop || side == alBottom)
+            client->SetHeight(std::min(client->GetHeight(), room.Height()));
+        else if (side == alLeft || side == alRight)
+            client->SetWidth(std::min(client->GetWidth(), room.Width()));
         client->SetAlign(side == alNone || side == alCustom ? alClient : side);
     }
     OnDockDrop(this, source, x, y);

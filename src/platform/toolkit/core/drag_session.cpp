@@ -4,6 +4,7 @@
 #include "platform/toolkit/bridge/qt_values.h"
 #include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/core/drag_object.h"
+#include "platform/toolkit/core/form.h"
 #include "platform/toolkit/core/screen.h"
 #include "platform/toolkit/core/win_control.h"
 
@@ -22,8 +23,10 @@ struct session
     TControl *prepared = nullptr;
     QPoint start;
     QPoint last;
+    QPoint pointer; ///< where the mouse was last, with or without a drag
     bool accepted = false;
     bool cursor_set = false;
+    bool moved = false;
 };
 
 session &current()
@@ -85,8 +88,10 @@ void vx_drag_session::prepare(TControl *source, QPoint screen)
 void vx_drag_session::begin(TControl *source)
 {
     session &s = current();
+    QPoint const at = s.pointer;
     s = {};
     s.source = source;
+    s.pointer = s.start = s.last = at;
     source->drag_started();
 }
 
@@ -94,6 +99,7 @@ bool vx_drag_session::move(QMouseEvent const &event)
 {
     session &s = current();
     QPoint const at = event.globalPosition().toPoint();
+    s.pointer = at;
     if (s.prepared) {
         if (!(event.buttons() & Qt::LeftButton)) {
             s.prepared = nullptr;
@@ -103,6 +109,7 @@ bool vx_drag_session::move(QMouseEvent const &event)
     }
     if (!s.source)
         return false;
+    s.moved = true;
     s.last = at;
     if (s.source->GetDragKind() == dkDock) {
         TWinControl *const site = site_at(at, s.source);
@@ -163,6 +170,11 @@ void vx_drag_session::end(bool drop)
         } else if (drop && !site && ended.source->GetHostDockSite()) {
             ended.source->ManualFloat(Bounds(ended.last.x(), ended.last.y(), ended.source->GetUndockWidth(),
                                              ended.source->GetUndockHeight()));
+        } else if (drop && !site && ended.moved && dynamic_cast<TCustomForm *>(ended.source) &&
+                   ended.source->GetFloating()) {
+            QPoint const by = ended.last - ended.start;
+            TRect const at = ended.source->GetBoundsRect();
+            ended.source->SetBounds(at.Left + by.x(), at.Top + by.y(), at.Width(), at.Height());
         }
         ended.source->OnEndDock(ended.source, site, ended.last.x(), ended.last.y());
         return;
