@@ -170,7 +170,7 @@ Tvx_combo_box_panel::Tvx_combo_box_panel(TComponent *owner)
     f_caption->SetParent(this);
     f_box->SetParent(this);
     f_caption->set_focus_control(f_box);
-    set_caption_width(c_caption_width);
+    Tvx_combo_box_panel::set_caption_width(c_caption_width);
 }
 
 UnicodeString Tvx_combo_box_panel::get_caption() const

@@ -92,10 +92,10 @@ public:
     void set_caption(UnicodeString const &caption);
     [[nodiscard]] int get_box_width() const;
     /// Fixes the box; the caption takes the rest.
-    void set_box_width(int width);
+    virtual void set_box_width(int width);
     [[nodiscard]] int get_caption_width() const;
     /// Fixes the caption; the box takes the rest.
-    void set_caption_width(int width);
+    virtual void set_caption_width(int width);
     [[nodiscard]] Tvx_combo_box *get_combo_box() const { return f_box; }
 
 protected:
@@ -110,8 +110,8 @@ class VX_API Tvx_combo_box_vert_panel : public Tvx_combo_box_panel
 public:
     explicit Tvx_combo_box_vert_panel(TComponent *owner);
 
-    void set_box_width(int width);
-    void set_caption_width(int width);
+    void set_box_width(int width) override;
+    void set_caption_width(int width) override;
 
 private:
     Tvx_panel *f_top;

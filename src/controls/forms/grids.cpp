@@ -18,22 +18,22 @@ Tvx_custom_grid::Tvx_custom_grid(TComponent *owner) : TCustomGrid(owner)
     SetShowHint(true);
 }
 
-bool Tvx_custom_grid::DoMouseWheelDown(TShiftState /*shift*/, TPoint const & /*mouse_pos*/)
+bool Tvx_custom_grid::DoMouseWheelDown(TShiftState shift, TPoint const &mouse_pos)
 {
-    return scroll_by_one_row(*this, 1);
+    return TCustomControl::DoMouseWheelDown(shift, mouse_pos) || scroll_by_one_row(*this, 1);
 }
 
-bool Tvx_custom_grid::DoMouseWheelUp(TShiftState /*shift*/, TPoint const & /*mouse_pos*/)
+bool Tvx_custom_grid::DoMouseWheelUp(TShiftState shift, TPoint const &mouse_pos)
 {
-    return scroll_by_one_row(*this, -1);
+    return TCustomControl::DoMouseWheelUp(shift, mouse_pos) || scroll_by_one_row(*this, -1);
 }
 
-bool Tvx_string_grid::DoMouseWheelDown(TShiftState /*shift*/, TPoint const & /*mouse_pos*/)
+bool Tvx_string_grid::DoMouseWheelDown(TShiftState shift, TPoint const &mouse_pos)
 {
-    return scroll_by_one_row(*this, 1);
+    return TCustomControl::DoMouseWheelDown(shift, mouse_pos) || scroll_by_one_row(*this, 1);
 }
 
-bool Tvx_string_grid::DoMouseWheelUp(TShiftState /*shift*/, TPoint const & /*mouse_pos*/)
+bool Tvx_string_grid::DoMouseWheelUp(TShiftState shift, TPoint const &mouse_pos)
 {
-    return scroll_by_one_row(*this, -1);
+    return TCustomControl::DoMouseWheelUp(shift, mouse_pos) || scroll_by_one_row(*this, -1);
 }
