@@ -6,6 +6,7 @@
 #include <QtCore/QPoint>
 #include <QtCore/QRect>
 #include <QtCore/QString>
+#include <QtCore/QStringView>
 
 // Texts, points and rectangles of the toolkit as those of Qt and back.
 
@@ -16,6 +17,23 @@
 [[nodiscard]] inline UnicodeString vx_unicode_string(QString const &text)
 {
     return UnicodeString(text.toStdWString());
+}
+
+/// Places in a text: of ours in characters, of Qt's in UTF-16 units, of which a character beyond U+FFFF has
+/// two.
+[[nodiscard]] inline int vx_qt_place(QStringView text, int characters)
+{
+    qsizetype at = 0;
+    for (; characters > 0 && at < text.size(); --characters)
+        at += text[at].isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate() ? 2 : 1;
+    return static_cast<int>(at);
+}
+[[nodiscard]] inline int vx_place(QStringView text, qsizetype units)
+{
+    int characters = 0;
+    for (qsizetype at = 0; at < units && at < text.size(); ++characters)
+        at += text[at].isHighSurrogate() && at + 1 < text.size() && text[at + 1].isLowSurrogate() ? 2 : 1;
+    return characters;
 }
 
 [[nodiscard]] inline QRect vx_qt_rect(TRect const &r)

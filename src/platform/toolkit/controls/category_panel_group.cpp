@@ -39,7 +39,10 @@ TCategoryPanel::TCategoryPanel(TComponent *owner) : TWinControl(owner, vx_make_w
     SetBounds(0, 0, 200, 200);
     SetAlign(alTop);
     vx_connect(this, &vx_qt_as<body>(this)->header, &QToolButton::clicked, [this](bool) {
+        auto const life = Life();
         SetCollapsed(!f_collapsed);
+        if (life.expired())
+            return;
         if (f_collapsed)
             OnCollapse(this);
         else
@@ -49,7 +52,10 @@ TCategoryPanel::TCategoryPanel(TComponent *owner) : TWinControl(owner, vx_make_w
 
 void TCategoryPanel::KeyDown(Word &key, TShiftState shift)
 {
+    auto const life = Life();
     TWinControl::KeyDown(key, shift);
+    if (life.expired())
+        return;
     vx_press_by_enter(vx_native(&vx_qt_as<body>(this)->header), key, shift);
 }
 

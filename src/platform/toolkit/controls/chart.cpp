@@ -234,7 +234,10 @@ void TChart::place_area()
 
 void TChart::Resize()
 {
+    auto const life = Life();
     TCustomControl::Resize();
+    if (life.expired())
+        return;
     f_settled = false;
     Invalidate();
 }
@@ -362,7 +365,10 @@ void TChart::MouseDown(TMouseButton button, TShiftState shift, int x, int y)
 
 void TChart::MouseMove(TShiftState shift, int x, int y)
 {
+    auto const life = Life();
     TCustomControl::MouseMove(shift, x, y);
+    if (life.expired())
+        return;
     if (!f_zooming)
         return;
     f_zoom_rect.Right = std::clamp(x, f_chart_rect.Left, f_chart_rect.Right);
@@ -372,7 +378,10 @@ void TChart::MouseMove(TShiftState shift, int x, int y)
 
 void TChart::MouseUp(TMouseButton button, TShiftState shift, int x, int y)
 {
+    auto const life = Life();
     TCustomControl::MouseUp(button, shift, x, y);
+    if (life.expired())
+        return;
     if (button == mbLeft && f_zooming)
         end_zoom(x, y);
 }
@@ -400,13 +409,19 @@ void TChart::end_zoom(int x, int y)
 
 void TChart::DoEnter()
 {
+    auto const life = Life();
     TCustomControl::DoEnter();
+    if (life.expired())
+        return;
     Invalidate();
 }
 
 void TChart::DoExit()
 {
+    auto const life = Life();
     TCustomControl::DoExit();
+    if (life.expired())
+        return;
     Invalidate();
 }
 

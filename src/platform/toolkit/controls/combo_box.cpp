@@ -2,9 +2,11 @@
 
 #include "platform/base/flag_scope.h"
 #include "platform/toolkit/bridge/detail/control_link.h"
+#include "platform/toolkit/bridge/detail/line_limit.h"
 #include "platform/toolkit/bridge/qt_events.h"
 #include "platform/toolkit/bridge/qt_values.h"
 #include "platform/toolkit/bridge/qt_widgets.h"
+#include "platform/toolkit/controls/detail/edit_port.h"
 #include "platform/toolkit/controls/detail/item_strings.h"
 #include "platform/toolkit/graphics/canvas.h"
 
@@ -27,7 +29,6 @@
 
 namespace {
 constexpr int c_text_inset = 2;
-constexpr int c_no_limit = 0x7FFF;
 } // namespace
 
 /// Tells when its list opens and closes, and lets the control draw the chosen item.
@@ -51,6 +52,8 @@ public:
         if (owner && !owner->IsDestroying() && !owner->f_dropped) {
             owner->f_dropped = true;
             owner->DropDown();
+            if (!owner)
+                return;
         }
         vx::flag_scope const opens(opening);
         QComboBox::showPopup();
@@ -93,9 +96,12 @@ class TCustomComboBox::delegate final : public QStyledItemDelegate
 public:
     explicit delegate(TCustomComboBox *owner) : f_owner(owner) {}
 
+    /// The box has ended; its widget may live to the end of the event.
+    void forget() { f_owner = nullptr; }
+
     void paint(QPainter *painter, QStyleOptionViewItem const &option, QModelIndex const &index) const override
     {
-        if (!f_owner->owner_drawn())
+        if (!f_owner || !f_owner->owner_drawn())
             return QStyledItemDelegate::paint(painter, option, index);
         TOwnerDrawState state;
         if (option.state & QStyle::State_Selected)
@@ -109,7 +115,7 @@ public:
     QSize sizeHint(QStyleOptionViewItem const &option, QModelIndex const &index) const override
     {
         QSize size = QStyledItemDelegate::sizeHint(option, index);
-        if (!f_owner->owner_drawn())
+        if (!f_owner || !f_owner->owner_drawn())
             return size;
         int height = f_owner->f_item_height;
         if (f_owner->f_style == csOwnerDrawVariable)
@@ -178,8 +184,10 @@ TCustomComboBox::TCustomComboBox(TComponent *owner)
 
 TCustomComboBox::~TCustomComboBox()
 {
-    if (box *widget = native())
+    if (box *widget = native()) {
         widget->owner = nullptr;
+        static_cast<delegate *>(widget->itemDelegate())->forget();
+    }
 }
 
 TCustomComboBox::box *TCustomComboBox::native() const
@@ -217,8 +225,10 @@ void TCustomComboBox::user_chose(int index)
     remember();
     if (!changed)
         return Reselect();
+    auto const life = Life();
     Click();
-    Select();
+    if (!life.expired())
+        Select();
 }
 
 void TCustomComboBox::user_typed()
@@ -242,7 +252,10 @@ void TCustomComboBox::Change()
 
 void TCustomComboBox::DropDown()
 {
+    auto const life = Life();
     OnDropDown(this);
+    if (life.expired())
+        return;
     native()->view()->setMinimumWidth(f_drop_down_width > 0 ? f_drop_down_width : text_width());
 }
 
@@ -310,8 +323,9 @@ void TCustomComboBox::Clear()
 int TCustomComboBox::GetItemIndex() const
 {
     int const index = native()->currentIndex();
-    if (index >= 0 && has_edit() && native()->itemText(index) != native()->currentText())
-        return -1;
+    // A text that was typed stands for the item that says the same.
+    if (has_edit() && (index < 0 || native()->itemText(index) != native()->currentText()))
+        return native()->findText(native()->currentText(), Qt::MatchFixedString | Qt::MatchCaseSensitive);
     return index;
 }
 
@@ -421,15 +435,18 @@ void TCustomComboBox::SetAutoComplete(bool value)
 
 int TCustomComboBox::GetMaxLength() const
 {
-    if (!has_edit() || native()->lineEdit()->maxLength() == c_no_limit)
-        return 0;
-    return native()->lineEdit()->maxLength();
+    auto const *limit = has_edit() ? vx_line_limit::of(native()->lineEdit()) : nullptr;
+    return limit ? limit->get() : 0;
 }
 
 void TCustomComboBox::SetMaxLength(int length)
 {
-    if (has_edit())
-        native()->lineEdit()->setMaxLength(length > 0 ? length : c_no_limit);
+    if (!has_edit())
+        return;
+    auto *limit = vx_line_limit::of(native()->lineEdit());
+    if (!limit)
+        limit = new vx_line_limit(native()->lineEdit());
+    limit->set(length);
 }
 
 int TCustomComboBox::GetSelStart() const
@@ -437,25 +454,25 @@ int TCustomComboBox::GetSelStart() const
     if (!has_edit())
         return 0;
     QLineEdit const *edit = native()->lineEdit();
-    return edit->hasSelectedText() ? edit->selectionStart() : edit->cursorPosition();
+    return vx_place(edit->text(), edit->hasSelectedText() ? edit->selectionStart() : edit->cursorPosition());
 }
 
 void TCustomComboBox::SetSelStart(int position)
 {
     if (has_edit())
-        native()->lineEdit()->setSelection(std::clamp(position, 0, GetText().Length()), 0);
+        vx_select_in_line(native()->lineEdit(), position, 0);
 }
 
 int TCustomComboBox::GetSelLength() const
 {
-    return has_edit() ? static_cast<int>(native()->lineEdit()->selectedText().size()) : 0;
+    QString const text = has_edit() ? native()->lineEdit()->selectedText() : QString();
+    return vx_place(text, text.size());
 }
 
 void TCustomComboBox::SetSelLength(int length)
 {
     if (has_edit())
-        native()->lineEdit()->setSelection(GetSelStart(),
-                                           std::clamp(length, 0, GetText().Length() - GetSelStart()));
+        vx_select_in_line(native()->lineEdit(), GetSelStart(), length);
 }
 
 void TCustomComboBox::SelectAll()

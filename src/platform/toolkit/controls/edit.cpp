@@ -1,10 +1,11 @@
 #include "platform/toolkit/controls/edit.h"
 
-#include "platform/base/flag_scope.h"
 #include "platform/toolkit/bridge/qt_values.h"
 #include "platform/toolkit/controls/detail/edit_port.h"
 
 #include <QtCore/QChar>
+
+#include <utility>
 
 namespace {
 /// Characters below this are keys such as Backspace and Enter.
@@ -39,10 +40,14 @@ UnicodeString TCustomEdit::GetText() const
 
 void TCustomEdit::SetText(UnicodeString const &text)
 {
-    vx::flag_scope const setting(f_setting);
     f_modified = false;
-    if (!(f_port->text() == text))
-        f_port->set_text(text);
+    if (f_port->text() == text)
+        return;
+    auto const life = Life();
+    bool const outer = std::exchange(f_setting, true);
+    f_port->set_text(text);
+    if (!life.expired())
+        f_setting = outer;
 }
 
 int TCustomEdit::GetSelStart() const
@@ -161,8 +166,9 @@ void TCustomEdit::SetTextHint(UnicodeString const &text)
 
 void TCustomEdit::KeyPress(wchar_t &key)
 {
+    auto const life = Life();
     TWinControl::KeyPress(key);
-    if (key < c_first_character)
+    if (life.expired() || key < c_first_character)
         return;
     if (f_numbers_only && (key < L'0' || key > L'9')) {
         key = 0;

@@ -96,9 +96,12 @@ class TCustomListBox::delegate final : public QStyledItemDelegate
 public:
     explicit delegate(TCustomListBox *owner) : f_owner(owner) {}
 
+    /// The list has ended; its widget may live to the end of the event.
+    void forget() { f_owner = nullptr; }
+
     void paint(QPainter *painter, QStyleOptionViewItem const &option, QModelIndex const &index) const override
     {
-        if (!f_owner->owner_drawn())
+        if (!f_owner || !f_owner->owner_drawn())
             return QStyledItemDelegate::paint(painter, option, index);
         TOwnerDrawState state;
         if (option.state & QStyle::State_Selected)
@@ -126,7 +129,7 @@ public:
     QSize sizeHint(QStyleOptionViewItem const &option, QModelIndex const &index) const override
     {
         QSize size = QStyledItemDelegate::sizeHint(option, index);
-        if (!f_owner->owner_drawn())
+        if (!f_owner || !f_owner->owner_drawn())
             return size;
         int height = f_owner->f_item_height;
         if (f_owner->f_style == lbOwnerDrawVariable)
@@ -197,8 +200,10 @@ TCustomListBox::TCustomListBox(TComponent *owner)
 
 TCustomListBox::~TCustomListBox()
 {
-    if (view *widget = native())
+    if (view *widget = native()) {
         widget->owner = nullptr;
+        static_cast<delegate *>(widget->itemDelegate())->forget();
+    }
 }
 
 TCustomListBox::view *TCustomListBox::native() const

@@ -225,13 +225,15 @@ void TCustomListView::selection_changed()
     auto const contains = [](auto const &list, TListItem *item) {
         return std::find(list.begin(), list.end(), item) != list.end();
     };
+    auto const life = Life();
     for (TListItem *item : before)
-        if (!contains(now, item) && f_items.IndexOf(item) >= 0)
+        if (!life.expired() && !contains(now, item) && f_items.IndexOf(item) >= 0)
             OnSelectItem(this, item, false);
     for (TListItem *item : now)
-        if (!contains(before, item) && f_items.IndexOf(item) >= 0)
+        if (!life.expired() && !contains(before, item) && f_items.IndexOf(item) >= 0)
             OnSelectItem(this, item, true);
-    OnChange(this);
+    if (!life.expired())
+        OnChange(this);
 }
 
 int TCustomListView::AddColumn(UnicodeString const &caption, int width)

@@ -162,7 +162,10 @@ bool TCustomMemo::WantsKey(Word key, TShiftState shift) const
 
 void TCustomMemo::KeyPress(wchar_t &key)
 {
+    auto const life = Life();
     TCustomEdit::KeyPress(key);
+    if (life.expired())
+        return;
     bool const types = key >= c_first_character || key == L'\r';
     if (types && GetMaxLength() > 0 && GetSelLength() == 0 && GetText().Length() >= GetMaxLength())
         key = 0;

@@ -288,7 +288,10 @@ void TPageControl::tab_chosen(int tab)
     if (page == f_active)
         return;
     // The bar has moved on already; the page has not, so a refusal has only the bar to set back.
+    auto const life = Life();
     bool const allowed = CanChange();
+    if (life.expired())
+        return;
     if (!allowed) {
         vx::flag_scope const quiet(f_quiet);
         native()->tabs.setCurrentIndex(f_active ? f_active->GetTabIndex() : -1);
@@ -298,7 +301,8 @@ void TPageControl::tab_chosen(int tab)
     if (std::find(f_pages.begin(), f_pages.end(), page) == f_pages.end())
         return;
     activate(page);
-    Change();
+    if (!life.expired())
+        Change();
 }
 
 bool TPageControl::CanChange()
@@ -327,15 +331,20 @@ void TPageControl::activate(TTabSheet *page)
     // The focus does not stay in a page that goes.
     TWinControl *focused = FindFocusedControl();
     bool const had_focus = former && focused && former->ContainsControl(focused);
-    if (page) {
+    // Pages run `OnShow` and `OnHide`, whose handlers may free them or this control.
+    auto const life = Life();
+    auto const stands = [&](TTabSheet const *sheet) {
+        return !life.expired() && std::find(f_pages.begin(), f_pages.end(), sheet) != f_pages.end();
+    };
+    if (page)
         page->SetVisible(true);
+    if (stands(page))
         page->BringToFront();
-    }
-    if (f_active != page)
+    if (life.expired() || f_active != page)
         return;
     if (had_focus)
         SetFocus();
-    if (former)
+    if (stands(former))
         former->SetVisible(false);
 }
 
@@ -375,10 +384,12 @@ TTabSheet *TPageControl::FindNextPage(TTabSheet *current, bool go_forward, bool 
 void TPageControl::SelectNextPage(bool go_forward, bool check_tab_visible)
 {
     TTabSheet *page = FindNextPage(f_active, go_forward, check_tab_visible);
-    if (!page || page == f_active || !CanChange())
+    auto const life = Life();
+    if (!page || page == f_active || !CanChange() || life.expired())
         return;
     SetActivePage(page);
-    Change();
+    if (!life.expired())
+        Change();
 }
 
 void TPageControl::SetTabPosition(TTabPosition position)

@@ -94,8 +94,9 @@ bool TSplitter::resize_by(int distance, bool apply)
     int size = f_start_size + (from_end ? -distance : distance);
     size = std::max(std::min(size, room - f_min_size), f_min_size);
     bool accept = true;
+    auto const life = Life();
     OnCanResize(this, size, accept);
-    if (!accept || size == current)
+    if (life.expired() || !f_control || !accept || size == current)
         return false;
     f_pending = size;
     if (!apply)
@@ -115,12 +116,15 @@ bool TSplitter::resize_by(int distance, bool apply)
         f_control->SetBounds(at.Left, at.Bottom - size, at.Width(), size);
         break;
     }
-    return true;
+    return !life.expired();
 }
 
 void TSplitter::MouseDown(TMouseButton button, TShiftState shift, int x, int y)
 {
+    auto const life = Life();
     TCustomControl::MouseDown(button, shift, x, y);
+    if (life.expired())
+        return;
     if (button != mbLeft)
         return;
     update_cursor();
@@ -134,7 +138,10 @@ void TSplitter::MouseDown(TMouseButton button, TShiftState shift, int x, int y)
 
 void TSplitter::MouseMove(TShiftState shift, int x, int y)
 {
+    auto const life = Life();
     TCustomControl::MouseMove(shift, x, y);
+    if (life.expired())
+        return;
     update_cursor();
     if (!f_control || !shift.Contains(ssLeft))
         return;
@@ -145,13 +152,18 @@ void TSplitter::MouseMove(TShiftState shift, int x, int y)
 
 void TSplitter::MouseUp(TMouseButton button, TShiftState shift, int x, int y)
 {
+    auto const life = Life();
     TCustomControl::MouseUp(button, shift, x, y);
+    if (life.expired())
+        return;
     if (button != mbLeft || !f_control)
         return;
     int const start = f_start_size;
     if (!f_resize_live) {
         TPoint const at = ClientToScreen({x, y});
         resize_by(upright() ? at.X - f_down_point.X : at.Y - f_down_point.Y, true);
+        if (life.expired())
+            return;
     }
     f_control = nullptr;
     if (f_pending != start)
@@ -165,7 +177,10 @@ bool TSplitter::WantsKey(Word key, TShiftState) const
 
 void TSplitter::KeyDown(Word &key, TShiftState shift)
 {
+    auto const life = Life();
     TCustomControl::KeyDown(key, shift);
+    if (life.expired())
+        return;
     int const back = upright() ? VK_LEFT : VK_UP;
     int const on = upright() ? VK_RIGHT : VK_DOWN;
     if (key != back && key != on)
@@ -174,6 +189,10 @@ void TSplitter::KeyDown(Word &key, TShiftState shift)
     if (f_control) {
         f_start_size = upright() ? f_control->GetWidth() : f_control->GetHeight();
         bool const moved = resize_by(key == on ? c_key_step : -c_key_step, true);
+        if (life.expired()) {
+            key = 0;
+            return;
+        }
         f_control = nullptr;
         if (moved)
             OnMoved(this);
@@ -183,13 +202,19 @@ void TSplitter::KeyDown(Word &key, TShiftState shift)
 
 void TSplitter::DoEnter()
 {
+    auto const life = Life();
     TCustomControl::DoEnter();
+    if (life.expired())
+        return;
     Invalidate();
 }
 
 void TSplitter::DoExit()
 {
+    auto const life = Life();
     TCustomControl::DoExit();
+    if (life.expired())
+        return;
     Invalidate();
 }
 

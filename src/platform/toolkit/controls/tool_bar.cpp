@@ -109,7 +109,10 @@ void TToolButton::Click()
 
 void TToolButton::KeyDown(Word &key, TShiftState shift)
 {
+    auto const life = Life();
     TWinControl::KeyDown(key, shift);
+    if (life.expired())
+        return;
     vx_press_by_enter(vx_native(vx_qt_widget(this)), key, shift);
 }
 

@@ -48,7 +48,8 @@ TTreeNode::~TTreeNode()
     if (!f_view->IsDestroying())
         f_view->OnDeletion(f_view, this);
     f_nodes.clear();
-    if (tree_of(f_view))
+    // At the end of the tree the items go with its widget, which may still be at work in the event.
+    if (tree_of(f_view) && !f_view->f_ending)
         delete native_of(f_native);
 }
 
@@ -228,8 +229,9 @@ TCustomTreeView::TCustomTreeView(TComponent *owner) : TWinControl(owner, vx_make
     vx_connect(this, tree, &QTreeWidget::itemSelectionChanged, [this] { OnChange(this, GetSelected()); });
     vx_connect(this, tree, &QTreeWidget::itemExpanded, [this](QTreeWidgetItem *item) {
         bool allow = true;
+        auto const life = Life();
         OnExpanding(this, node_of(item), allow);
-        if (!allow) {
+        if (!allow && !life.expired()) {
             vx::flag_scope const quiet(f_quiet);
             item->setExpanded(false);
         }
@@ -243,8 +245,11 @@ TCustomTreeView::TCustomTreeView(TComponent *owner) : TWinControl(owner, vx_make
         if (f_quiet || !node)
             return;
         UnicodeString text = node->GetText();
+        auto const life = Life();
         OnEdited(this, node, text);
-        node->SetText(text);
+        // The handler may have taken the node away.
+        if (!life.expired() && node_of(tree_of(this)->currentItem()) == node)
+            node->SetText(text);
     });
 }
 
@@ -252,6 +257,8 @@ TCustomTreeView::~TCustomTreeView()
 {
     if (f_images)
         f_images->UnRegisterChanges(make_closure<&TCustomTreeView::images_changed>(this));
+    f_ending = true;
+    f_roots.clear();
 }
 
 std::vector<std::unique_ptr<TTreeNode>> &TCustomTreeView::level(TTreeNode *parent)

@@ -121,6 +121,7 @@ private:
     TCustomImageList *f_images = nullptr;
     bool f_read_only = true;
     bool f_quiet = false;
+    bool f_ending = false;
 };
 
 class VX_API TTreeView : public TCustomTreeView

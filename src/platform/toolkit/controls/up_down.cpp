@@ -164,8 +164,9 @@ void TCustomUpDown::step(TUDBtnType button)
     if (!GetEnabled())
         return;
     bool allow = true;
+    auto const life = Life();
     OnChanging(this, allow);
-    if (!allow)
+    if (life.expired() || !allow)
         return;
     long long next = static_cast<long long>(GetPosition()) + (button == btNext ? f_increment : -f_increment);
     if (f_wrap && next > f_max)
@@ -174,5 +175,6 @@ void TCustomUpDown::step(TUDBtnType button)
         next = f_max;
     SetPosition(
         static_cast<int>(std::clamp<long long>(next, std::min(f_min, f_max), std::max(f_min, f_max))));
-    OnClick(this, button);
+    if (!life.expired())
+        OnClick(this, button);
 }

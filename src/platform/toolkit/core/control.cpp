@@ -81,9 +81,17 @@ TControl::TControl(TComponent *owner, vx_native_widget *widget)
     f_known_size = {size.width(), size.height()};
 }
 
+std::weak_ptr<void const> TControl::Life() const
+{
+    if (!f_life)
+        f_life = std::make_shared<char const>();
+    return f_life;
+}
+
 TControl::~TControl()
 {
     TComponent::Destroying();
+    f_life.reset();
     vx_drag_session::forget(this);
     if (f_host_dock_site)
         leave_dock_site(nullptr);
@@ -204,12 +212,16 @@ void TControl::SetBounds(int left, int top, int width, int height)
         f_explicit_pos = {left, top};
     if (old == Bounds(left, top, width, height))
         return;
+    auto const life = Life();
     apply_bounds(left, top, width, height);
+    if (life.expired())
+        return;
     if (!f_in_layout) {
         update_anchor_rules();
         RequestAlign();
     }
-    bounds_moved();
+    if (!life.expired())
+        bounds_moved();
 }
 
 void TControl::apply_bounds(int left, int top, int width, int height)
@@ -350,9 +362,12 @@ void TControl::SetVisible(bool value)
     if (f_visible == value)
         return;
     f_visible = value;
+    auto const life = Life();
     VisibleChanged();
-    apply_visible();
-    RequestAlign();
+    if (!life.expired())
+        apply_visible();
+    if (!life.expired())
+        RequestAlign();
 }
 
 void TControl::apply_visible()
@@ -398,9 +413,12 @@ void TControl::SetEnabled(bool value)
 {
     if (GetEnabled() == value || !f_link->widget)
         return;
+    auto const life = Life();
     f_link->widget->setEnabled(value);
-    EnabledChanged();
-    Invalidate();
+    if (!life.expired())
+        EnabledChanged();
+    if (!life.expired())
+        Invalidate();
 }
 
 void TControl::SetText(UnicodeString const &text)
@@ -717,7 +735,10 @@ void TControl::MouseLeave()
 bool TControl::DoMouseWheel(TShiftState shift, int wheel_delta, TPoint const &mouse_pos)
 {
     bool handled = false;
+    auto const life = Life();
     OnMouseWheel(this, shift, wheel_delta, mouse_pos, handled);
+    if (life.expired())
+        return true;
     if (handled || wheel_delta == 0)
         return handled;
     return wheel_delta < 0 ? DoMouseWheelDown(shift, mouse_pos) : DoMouseWheelUp(shift, mouse_pos);
@@ -726,15 +747,17 @@ bool TControl::DoMouseWheel(TShiftState shift, int wheel_delta, TPoint const &mo
 bool TControl::DoMouseWheelDown(TShiftState shift, TPoint const &mouse_pos)
 {
     bool handled = false;
+    auto const life = Life();
     OnMouseWheelDown(this, shift, mouse_pos, handled);
-    return handled;
+    return handled || life.expired();
 }
 
 bool TControl::DoMouseWheelUp(TShiftState shift, TPoint const &mouse_pos)
 {
     bool handled = false;
+    auto const life = Life();
     OnMouseWheelUp(this, shift, mouse_pos, handled);
-    return handled;
+    return handled || life.expired();
 }
 
 void TControl::DoContextPopup(TPoint const &mouse_pos, bool &handled)

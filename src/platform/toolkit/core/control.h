@@ -171,6 +171,10 @@ public:
     TStartDragEvent OnStartDock;
     TEndDragEvent OnEndDock;
 
+    /// Expires when the control ends. For code that goes on after an event, whose handler may free the
+    /// control: `auto const life = Life(); OnChange(this); if (life.expired()) return;`
+    [[nodiscard]] std::weak_ptr<void const> Life() const;
+
     /// The window messages of this control; used by the bridge alone.
     [[nodiscard]] vx_control_link *Link() const { return f_link.get(); }
 
@@ -238,6 +242,7 @@ private:
     void apply_name();
 
     std::unique_ptr<vx_control_link> f_link;
+    mutable std::shared_ptr<void const> f_life; ///< made when somebody asks
     TWinControl *f_parent = nullptr;
     TWinControl *f_host_dock_site = nullptr;
     UnicodeString f_text;

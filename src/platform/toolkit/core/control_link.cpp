@@ -24,7 +24,10 @@
 #include <QtGui/QPaintEvent>
 #include <QtGui/QPainter>
 #include <QtGui/QWheelEvent>
+#include <QtWidgets/QAbstractSlider>
+#include <QtWidgets/QAbstractSpinBox>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QComboBox>
 
 #include <unordered_map>
 
@@ -156,8 +159,13 @@ void vx_control_link::watch(QObject *object)
 {
     // Controls hear of the mouse while no button is down too. Before the filter is there: the widget tells of
     // the change at once, and the control may be half made.
-    if (object->isWidgetType())
-        static_cast<QWidget *>(object)->setMouseTracking(true);
+    if (object->isWidgetType()) {
+        auto *const target = static_cast<QWidget *>(object);
+        target->setMouseTracking(true);
+        // The wheel scrolls; the focus, and with it what the keys change, stays where it is.
+        if (target->focusPolicy() == Qt::WheelFocus)
+            target->setFocusPolicy(Qt::StrongFocus);
+    }
     object->installEventFilter(this);
     for (QObject *const child : object->children())
         if (child->isWidgetType() && !owners().contains(child))
@@ -345,6 +353,13 @@ bool vx_control_link::mouse_move(QWidget *target, QMouseEvent &event)
     return false;
 }
 
+/// Whether the wheel changes what the widget stands for, rather than scrolls it.
+static bool turns_value(QWidget const *widget)
+{
+    return qobject_cast<QComboBox const *>(widget) || qobject_cast<QAbstractSpinBox const *>(widget) ||
+           qobject_cast<QAbstractSlider const *>(widget);
+}
+
 bool vx_control_link::wheel(QWheelEvent &event)
 {
     if (g_input.passing == &event || event.angleDelta().y() == 0)
@@ -354,9 +369,16 @@ bool vx_control_link::wheel(QWheelEvent &event)
     bool const handled =
         control->DoMouseWheel(vx_shift_state(event.modifiers(), event.buttons()), event.angleDelta().y(),
                               vx_point(event.globalPosition().toPoint()));
-    if (handled)
+    if (handled) {
         event.accept();
-    return handled;
+        return true;
+    }
+    // A value that has not the focus is not what is meant: what lies below scrolls.
+    if (turns_value(widget) && !(widget->hasFocus() || widget->isAncestorOf(QApplication::focusWidget()))) {
+        event.ignore();
+        return true;
+    }
+    return false;
 }
 
 bool vx_control_link::context_menu(QWidget *target, QContextMenuEvent &event)

@@ -70,7 +70,10 @@ TCustomForm::~TCustomForm()
 
 void TCustomForm::Show()
 {
+    auto const life = Life();
     SetVisible(true);
+    if (life.expired())
+        return;
     BringToFront();
     if (GetVisible() && !GetParent())
         SetFocus();
@@ -108,8 +111,9 @@ void TCustomForm::show_window()
         apply_position();
         update_showing();
         f_shown = true;
+        auto const life = Life();
         DoShow();
-        if (!f_visible)
+        if (life.expired() || !f_visible)
             return;
     }
     update_showing();
@@ -320,9 +324,15 @@ void TCustomForm::window_activated()
     if (IsDestroying() || Screen->GetActiveForm() == this)
         return;
     vx_event_scope const scope;
+    auto const life = Life();
+    // The window system tells the former window afterwards, when it is not the active one any more.
+    if (TCustomForm *const former = Screen->GetActiveForm())
+        former->window_deactivated();
+    if (life.expired() || !GetVisible())
+        return;
     Screen->form_activated(this);
     Activate();
-    if (!IsDestroying() && !f_focus_child)
+    if (!life.expired() && !f_focus_child)
         focus_first();
 }
 
@@ -568,8 +578,10 @@ void TCustomForm::layout_frame()
 
 void TCustomForm::SizeChanged()
 {
+    auto const life = Life();
     layout_frame();
-    TWinControl::SizeChanged();
+    if (!life.expired())
+        TWinControl::SizeChanged();
 }
 
 void TCustomForm::PaintWidget(vx_native_painter *painter)

@@ -124,8 +124,9 @@ TCustomForm *TCustomForm::GetMDIChildren(int index) const
 
 void TCustomForm::AlignControls(TControl *control, TRect &rect)
 {
+    auto const life = Life();
     TWinControl::AlignControls(control, rect);
     // The area of the MDI children gets what the bars have left.
-    if (f_mdi_area)
+    if (!life.expired() && f_mdi_area)
         vx_qt_widget(f_mdi_area)->setGeometry(vx_qt_rect(rect));
 }

@@ -7,6 +7,7 @@
 #include "platform/toolkit/core/form.h"
 #include "platform/toolkit/core/list.h"
 
+#include <QtCore/QPointer>
 #include <QtWidgets/QApplication>
 
 #include <algorithm>
@@ -152,8 +153,10 @@ void TWinControl::remove_control(TControl *control)
     control->f_parent = nullptr;
     if (IsDestroying())
         return;
+    auto const life = Life();
     AlignControl(nullptr);
-    ControlListChange(control, false);
+    if (!life.expired())
+        ControlListChange(control, false);
 }
 
 void TWinControl::ControlListChange(TControl *, bool)
@@ -269,6 +272,22 @@ void TWinControl::apply_visible()
     if (GetVisible())
         update_showing();
     TControl::apply_visible();
+    if (!GetVisible())
+        give_keyboard_back();
+}
+
+/// Qt hands the focus of a widget that is hidden to the next one; where there is none it would go on taking
+/// the keys.
+void TWinControl::give_keyboard_back()
+{
+    QWidget *const widget = vx_qt_widget(this);
+    if (!widget || widget->isWindow())
+        return;
+    QWidget *const focused = widget->window()->focusWidget();
+    if (focused && (focused == widget || widget->isAncestorOf(focused))) {
+        focused->clearFocus();
+        root()->focus_came(nullptr);
+    }
 }
 
 void TWinControl::update_showing()
@@ -308,13 +327,17 @@ void TWinControl::SetFocus()
     QWidget *const widget = vx_qt_widget(this);
     if (!widget || !CanFocus())
         return;
-    QWidget *const window = widget->window();
+    QPointer<QWidget> const window(widget->window());
+    auto const life = Life();
+    vx_event_scope const scope;
     widget->setFocus(Qt::OtherFocusReason);
+    if (life.expired() || !window)
+        return;
     if (window->isVisible() && !window->isActiveWindow())
         window->activateWindow();
     // In a window that is not active Qt only remembers the widget; in an active one a handler may have moved
     // on.
-    QWidget const *const remembered = window->focusWidget();
+    QWidget const *const remembered = life.expired() || !window ? nullptr : window->focusWidget();
     if (remembered && vx_control_of(remembered) == this)
         root()->focus_came(this);
 }
@@ -332,6 +355,7 @@ void TWinControl::focus_came(TWinControl *control)
     TWinControl *const old = f_focus_child;
     f_focus_child = control;
     vx_event_scope const scope;
+    auto const life = Life();
 
     // Handlers may free controls or move the focus on: the chains are collected first and looked up again.
     std::vector<TWinControl *> leaving;
@@ -345,14 +369,14 @@ void TWinControl::focus_came(TWinControl *control)
         if (!has_below(c))
             continue;
         c->DoExit();
-        if (f_focus_child != control)
+        if (life.expired() || f_focus_child != control)
             return;
     }
     for (TWinControl *const c : entering) {
         if (!has_below(c))
             continue;
         c->DoEnter();
-        if (f_focus_child != control)
+        if (life.expired() || f_focus_child != control)
             return;
     }
 }
@@ -432,9 +456,12 @@ TWinControl *TWinControl::FindNextControl(TWinControl *current, bool forward, bo
 void TWinControl::SelectNext(TWinControl *current, bool forward, bool check_tab_stop)
 {
     if (TWinControl *const next = FindNextControl(current, forward, check_tab_stop, !check_tab_stop)) {
+        auto const life = next->Life();
         if (QWidget *const widget = vx_qt_widget(next)) {
             widget->setFocus(forward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
             // A handler may have moved the focus on, or back.
+            if (life.expired())
+                return;
             QWidget const *const remembered = widget->window()->focusWidget();
             if (remembered && vx_control_of(remembered) != next)
                 return;
@@ -474,8 +501,9 @@ bool TWinControl::offer_key_down(Word &key, TShiftState shift)
 {
     TCustomForm *const form = GetParentForm(this);
     if (form && form != this && form->GetKeyPreview()) {
+        auto const life = Life();
         form->KeyDown(key, shift);
-        if (key == 0)
+        if (key == 0 || life.expired())
             return true;
     }
     KeyDown(key, shift);
@@ -486,8 +514,9 @@ bool TWinControl::offer_key_press(wchar_t &key)
 {
     TCustomForm *const form = GetParentForm(this);
     if (form && form != this && form->GetKeyPreview()) {
+        auto const life = Life();
         form->KeyPress(key);
-        if (key == 0)
+        if (key == 0 || life.expired())
             return true;
     }
     KeyPress(key);
@@ -498,8 +527,9 @@ bool TWinControl::offer_key_up(Word &key, TShiftState shift)
 {
     TCustomForm *const form = GetParentForm(this);
     if (form && form != this && form->GetKeyPreview()) {
+        auto const life = Life();
         form->KeyUp(key, shift);
-        if (key == 0)
+        if (key == 0 || life.expired())
             return true;
     }
     KeyUp(key, shift);

@@ -151,6 +151,9 @@ private:
     [[nodiscard]] std::vector<TControl *> sorted_for(TAlign align, TControl *control) const;
     void place(TControl *control, TRect &rect);
     void place_by_anchors(TControl *control);
+    /// False if a handler freed the control.
+    static bool set_in_layout(TControl *control, TRect const &rect);
+    void give_keyboard_back();
     [[nodiscard]] bool stands_before(TControl const *a, TControl const *b, TAlign align) const;
     void undock(TControl *control);
     void dock_over(TDragDockObject *source, int x, int y, TDragState state, bool &accept);

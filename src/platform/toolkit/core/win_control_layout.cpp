@@ -36,11 +36,14 @@ void TWinControl::AlignControl(TControl *control)
         f_align_needed = true;
         return;
     }
+    auto const life = Life();
     for (int round = 0; round < c_layout_rounds; ++round) {
         ++f_align_level;
         f_align_needed = false;
         TRect rect = GetClientRect();
         AlignControls(round == 0 ? control : nullptr, rect);
+        if (life.expired())
+            return;
         --f_align_level;
         if (!f_align_needed)
             break;
@@ -106,13 +109,22 @@ std::vector<TControl *> TWinControl::sorted_for(TAlign align, TControl *control)
 void TWinControl::AlignControls(TControl *control, TRect &rect)
 {
     AdjustClientRect(rect);
-    for (TAlign const align : {alTop, alBottom, alLeft, alRight, alClient})
-        for (TControl *const child : sorted_for(align, control))
-            if (child->f_parent == this)
+    // Handlers of `OnResize` may free or move away any control, this one too.
+    auto const life = Life();
+    auto const stands = [this](TControl const *child) {
+        return std::find(f_controls.begin(), f_controls.end(), child) != f_controls.end();
+    };
+    for (TAlign const align : {alTop, alBottom, alLeft, alRight, alClient, alNone})
+        for (TControl *const child : sorted_for(align, control)) {
+            if (!stands(child))
+                continue;
+            if (align == alNone)
+                place_by_anchors(child);
+            else
                 place(child, rect);
-    for (TControl *const child : sorted_for(alNone, control))
-        if (child->f_parent == this)
-            place_by_anchors(child);
+            if (life.expired())
+                return;
+        }
     if (f_use_dock_manager && f_dock_manager)
         f_dock_manager->ResetBounds();
     ControlsAligned();
@@ -142,20 +154,17 @@ void TWinControl::place(TControl *control, TRect &rect)
     if (align == alRight)
         x = rect.Right - across + left - width;
 
-    control->f_in_layout = true;
-    control->SetBounds(x, y, width, height);
-    control->f_in_layout = false;
-    if (control->f_parent != this)
+    if (!set_in_layout(control, Bounds(x, y, width, height)) || control->f_parent != this)
         return;
 
     // A control that took another size than it was given keeps to its side.
     int const real_width = control->GetWidth();
     int const real_height = control->GetHeight();
     if ((align == alRight && real_width != width) || (align == alBottom && real_height != height)) {
-        control->f_in_layout = true;
-        control->SetBounds(align == alRight ? x + width - real_width : x,
-                           align == alBottom ? y + height - real_height : y, real_width, real_height);
-        control->f_in_layout = false;
+        if (!set_in_layout(control,
+                           Bounds(align == alRight ? x + width - real_width : x,
+                                  align == alBottom ? y + height - real_height : y, real_width, real_height)))
+            return;
     }
     switch (align) {
     case alTop:
@@ -199,23 +208,37 @@ void TWinControl::place_by_anchors(TControl *control)
                                  from.cx, client.Width());
     auto const [y, height] = axis(anchors.Contains(akTop), anchors.Contains(akBottom), at.Top, at.Height(),
                                   from.cy, client.Height());
+    set_in_layout(control, Bounds(x, y, width, height));
+}
+
+bool TWinControl::set_in_layout(TControl *control, TRect const &rect)
+{
+    auto const life = control->Life();
     control->f_in_layout = true;
-    control->SetBounds(x, y, width, height);
+    control->SetBoundsRect(rect);
+    if (life.expired())
+        return false;
     control->f_in_layout = false;
+    return true;
 }
 
 void TWinControl::SizeChanged()
 {
+    auto const life = Life();
     Realign();
-    TControl::SizeChanged();
+    if (!life.expired())
+        TControl::SizeChanged();
 }
 
 void TWinControl::AdjustSize()
 {
     if (!GetAutoSize())
         return;
+    auto const life = Life();
     ++f_align_level;
     TControl::AdjustSize();
+    if (life.expired())
+        return;
     --f_align_level;
     if (f_align_level == 0 && f_align_needed)
         Realign();

@@ -110,12 +110,14 @@ void TColorGrid::Paint()
 
 void TColorGrid::MouseDown(TMouseButton button, TShiftState shift, int x, int y)
 {
+    auto const life = Life();
     SetFocus();
-    if (button == mbLeft)
+    if (!life.expired() && button == mbLeft)
         choose(f_foreground, cell_at(x, y));
-    else if (button == mbRight)
+    else if (!life.expired() && button == mbRight)
         choose(f_background, cell_at(x, y));
-    TCustomControl::MouseDown(button, shift, x, y);
+    if (!life.expired())
+        TCustomControl::MouseDown(button, shift, x, y);
 }
 
 bool TColorGrid::WantsKey(Word key, TShiftState shift) const
@@ -125,7 +127,10 @@ bool TColorGrid::WantsKey(Word key, TShiftState shift) const
 
 void TColorGrid::KeyDown(Word &key, TShiftState shift)
 {
+    auto const life = Life();
     TCustomControl::KeyDown(key, shift);
+    if (life.expired())
+        return;
     int selection = f_selection;
     switch (key) {
     case VK_LEFT:
@@ -150,6 +155,8 @@ void TColorGrid::KeyDown(Word &key, TShiftState shift)
         return;
     }
     key = 0;
+    if (life.expired())
+        return;
     if (selection >= 0 && selection < c_color_count)
         f_selection = selection;
     Invalidate();
@@ -157,12 +164,18 @@ void TColorGrid::KeyDown(Word &key, TShiftState shift)
 
 void TColorGrid::DoEnter()
 {
+    auto const life = Life();
     TCustomControl::DoEnter();
+    if (life.expired())
+        return;
     Invalidate();
 }
 
 void TColorGrid::DoExit()
 {
+    auto const life = Life();
     TCustomControl::DoExit();
+    if (life.expired())
+        return;
     Invalidate();
 }

@@ -93,7 +93,11 @@ void TCustomGrid::change_size(int cols, int rows)
     f_top_left = {std::clamp(f_top_left.X, f_fixed_cols, cols - 1),
                   std::clamp(f_top_left.Y, f_fixed_rows, rows - 1)};
     TGridCoord const inside = restrict_cell(f_current);
-    if (inside != f_current && !move_current(inside, true, false))
+    auto const life = Life();
+    bool const kept = inside != f_current && !move_current(inside, true, false);
+    if (life.expired())
+        return;
+    if (kept)
         f_current = inside; // there is no cell left that the refusal could keep
     f_anchor = restrict_cell(f_anchor);
     layout_changed();
@@ -237,9 +241,11 @@ void TCustomGrid::SetOptions(TGridOptions options)
         else
             HideEditor();
     }
+    auto const life = Life();
     if (rows_only)
         move_current(f_current, true, false);
-    layout_changed();
+    if (!life.expired())
+        layout_changed();
 }
 
 void TCustomGrid::SetScrollBars(TScrollStyle style)
@@ -308,8 +314,10 @@ void TCustomGrid::FocusCell(int col, int row, bool move_anchor)
 {
     if (!move_current(restrict_cell({col, row}), move_anchor, true))
         return;
+    auto const life = Life();
     update_edit();
-    Click();
+    if (!life.expired())
+        Click();
 }
 
 void TCustomGrid::MoveColRow(int col, int row, bool move_anchor, bool show)
@@ -319,13 +327,16 @@ void TCustomGrid::MoveColRow(int col, int row, bool move_anchor, bool show)
 
 bool TCustomGrid::move_current(TGridCoord cell, bool move_anchor, bool show)
 {
-    if (!SelectCell(cell.X, cell.Y))
+    auto const life = Life();
+    if (!SelectCell(cell.X, cell.Y) || life.expired())
         return false;
     TGridRect const old = GetSelection();
     TGridCoord const old_current = f_current;
     // The editor still belongs to the old cell and tells its text before the new one is current.
     if (!f_options.Contains(goAlwaysShowEditor))
         HideEditor();
+    if (life.expired())
+        return false;
     cell = restrict_cell(cell); // the end of the editing may have changed the grid
     f_current = cell;
     if (move_anchor || !f_options.Contains(goRangeSelect)) {
@@ -337,6 +348,8 @@ bool TCustomGrid::move_current(TGridCoord cell, bool move_anchor, bool show)
         f_current.X = f_fixed_cols;
     if (show)
         clamp_in_view(cell);
+    if (life.expired())
+        return false;
     selection_moved(old);
     InvalidateCell(old_current.X, old_current.Y);
     InvalidateCell(f_current.X, f_current.Y);
@@ -500,8 +513,10 @@ void TCustomGrid::MoveRow(int from, int to)
     f_anchor.Y = moved(f_anchor.Y, from, to);
     if (f_inplace.Y >= 0)
         f_inplace.Y = moved(f_inplace.Y, from, to);
+    auto const life = Life();
     RowMoved(from, to);
-    layout_changed();
+    if (!life.expired())
+        layout_changed();
 }
 
 void TCustomGrid::MoveColumn(int from, int to)
@@ -516,24 +531,30 @@ void TCustomGrid::MoveColumn(int from, int to)
     f_anchor.X = moved(f_anchor.X, from, to);
     if (f_inplace.X >= 0)
         f_inplace.X = moved(f_inplace.X, from, to);
+    auto const life = Life();
     ColumnMoved(from, to);
-    layout_changed();
+    if (!life.expired())
+        layout_changed();
 }
 
 void TCustomGrid::DeleteRow(int row)
 {
     if (row < 0 || row >= GetRowCount() || GetRowCount() - 1 <= f_fixed_rows)
         return;
+    auto const life = Life();
     MoveRow(row, GetRowCount() - 1);
-    SetRowCount(GetRowCount() - 1);
+    if (!life.expired())
+        SetRowCount(GetRowCount() - 1);
 }
 
 void TCustomGrid::DeleteColumn(int col)
 {
     if (col < 0 || col >= GetColCount() || GetColCount() - 1 <= f_fixed_cols)
         return;
+    auto const life = Life();
     MoveColumn(col, GetColCount() - 1);
-    SetColCount(GetColCount() - 1);
+    if (!life.expired())
+        SetColCount(GetColCount() - 1);
 }
 
 // ---- the hooks

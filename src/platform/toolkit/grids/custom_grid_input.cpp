@@ -12,7 +12,10 @@ constexpr int c_key_sizing = 8; ///< pixels by which a key changes a size
 
 void TCustomGrid::DoEnter()
 {
+    auto const life = Life();
     TCustomControl::DoEnter();
+    if (life.expired())
+        return;
     InvalidateGrid();
     if (f_options.Contains(goAlwaysShowEditor))
         ShowEditor();
@@ -20,7 +23,10 @@ void TCustomGrid::DoEnter()
 
 void TCustomGrid::DoExit()
 {
+    auto const life = Life();
     TCustomControl::DoExit();
+    if (life.expired())
+        return;
     if (!f_options.Contains(goAlwaysShowEditor))
         HideEditor();
     InvalidateGrid();
@@ -41,8 +47,9 @@ bool TCustomGrid::WantsKey(Word key, TShiftState shift) const
 
 void TCustomGrid::KeyDown(Word &key, TShiftState shift)
 {
+    auto const life = Life();
     TCustomControl::KeyDown(key, shift);
-    if (key == 0)
+    if (life.expired() || key == 0)
         return;
     if (!CanGridAcceptKey(key, shift)) {
         key = 0;
@@ -83,6 +90,8 @@ void TCustomGrid::KeyDown(Word &key, TShiftState shift)
     bool const extend = shift.Contains(ssShift) && key != VK_TAB;
     key = 0;
     move_top_left(top_left.X, top_left.Y);
+    if (life.expired())
+        return;
     current = restrict_cell(current);
     if (current != f_current)
         FocusCell(current.X, current.Y, !extend);
@@ -189,8 +198,10 @@ void TCustomGrid::click_by_key(TGridCoord cell, TShiftState shift)
     if (rect.IsEmpty())
         return;
     TPoint const at = rect.CenterPoint();
+    auto const life = Life();
     MouseDown(mbLeft, shift << ssLeft, at.X, at.Y);
-    MouseUp(mbLeft, shift, at.X, at.Y);
+    if (!life.expired())
+        MouseUp(mbLeft, shift, at.X, at.Y);
 }
 
 /// What the mouse does at the fixed cells, done to the current row or column.
@@ -225,18 +236,23 @@ bool TCustomGrid::use_fixed_by_key(Word key, TShiftState shift)
     int const to = from + step;
     if (to < (rows ? f_fixed_rows : f_fixed_cols) || to >= (rows ? GetRowCount() : GetColCount()))
         return true;
+    auto const life = Life();
     HideEditor();
-    if (rows)
+    if (!life.expired() && rows)
         MoveRow(from, to);
-    else
+    else if (!life.expired())
         MoveColumn(from, to);
-    clamp_in_view(f_current);
+    if (!life.expired())
+        clamp_in_view(f_current);
     return true;
 }
 
 void TCustomGrid::KeyPress(wchar_t &key)
 {
+    auto const life = Life();
     TCustomControl::KeyPress(key);
+    if (life.expired())
+        return;
     if (key == L'\r') {
         // Without editing the key is the form's, for its default button.
         if (f_options.Contains(goAlwaysShowEditor) || !f_options.Contains(goEditing))
@@ -301,11 +317,13 @@ TGridCoord TCustomGrid::nearest_cell(int x, int y) const
 
 void TCustomGrid::MouseDown(TMouseButton button, TShiftState shift, int x, int y)
 {
+    auto const life = Life();
     if (!IsActiveControl())
         SetFocus();
-    if (button == mbLeft && !shift.Contains(ssDouble) && GetClientRect().Contains({x, y}))
+    if (!life.expired() && button == mbLeft && !shift.Contains(ssDouble) && GetClientRect().Contains({x, y}))
         press(shift, x, y);
-    TCustomControl::MouseDown(button, shift, x, y);
+    if (!life.expired())
+        TCustomControl::MouseDown(button, shift, x, y);
 }
 
 void TCustomGrid::press(TShiftState shift, int x, int y)
@@ -340,11 +358,13 @@ void TCustomGrid::press_cell(TGridCoord cell, TShiftState shift)
 {
     // Whether a click edits is asked before the move, because `SelectCell` may switch `goEditing`.
     if (f_options.Contains(goEditing)) {
+        auto const life = Life();
         if (cell == f_current)
             ShowEditor();
         else if (move_current(cell, true, true))
             update_edit();
-        Click();
+        if (!life.expired())
+            Click();
         return;
     }
     f_drag = drag::selecting;
@@ -358,7 +378,10 @@ void TCustomGrid::press_cell(TGridCoord cell, TShiftState shift)
 void TCustomGrid::MouseMove(TShiftState shift, int x, int y)
 {
     f_drag_point = {x, y};
+    auto const life = Life();
     drag_to(x, y);
+    if (life.expired())
+        return;
     set_drag_cursor(x, y);
     TCustomControl::MouseMove(shift, x, y);
 }
@@ -412,22 +435,29 @@ void TCustomGrid::scroll_towards(TPoint const &point)
     int const dy = rows ? direction(v, point.Y) : 0;
     if (dx == 0 && dy == 0)
         return;
+    auto const life = Life();
     move_top_left(f_top_left.X + dx, f_top_left.Y + dy);
-    drag_to(point.X, point.Y);
+    if (!life.expired())
+        drag_to(point.X, point.Y);
 }
 
 void TCustomGrid::MouseUp(TMouseButton button, TShiftState shift, int x, int y)
 {
+    auto const life = Life();
     if (button == mbLeft)
         release(x, y);
-    TCustomControl::MouseUp(button, shift, x, y);
+    if (!life.expired())
+        TCustomControl::MouseUp(button, shift, x, y);
 }
 
 void TCustomGrid::release(int x, int y)
 {
     drag const kind = f_drag;
+    auto const life = Life();
     if (kind == drag::selecting)
         drag_to(x, y);
+    if (life.expired())
+        return;
     int const track = f_drag_track;
     int const target = f_drag_target;
     int const pos = f_drag_pos;
@@ -456,8 +486,10 @@ void TCustomGrid::release(int x, int y)
     default:
         break;
     }
+    if (life.expired())
+        return;
     update_edit();
-    if (kind == drag::selecting)
+    if (kind == drag::selecting && !life.expired())
         Click();
 }
 
@@ -474,7 +506,10 @@ bool TCustomGrid::DoMouseWheelDown(TShiftState shift, TPoint const &mouse_pos)
 {
     if (TCustomControl::DoMouseWheelDown(shift, mouse_pos))
         return true;
-    if (f_current.Y < GetRowCount() - 1)
+    // Without the focus the cell that is chosen stays.
+    if (!IsActiveControl())
+        SetTopRow(f_top_left.Y + 1);
+    else if (f_current.Y < GetRowCount() - 1)
         SetRow(f_current.Y + 1);
     return true;
 }
@@ -483,7 +518,9 @@ bool TCustomGrid::DoMouseWheelUp(TShiftState shift, TPoint const &mouse_pos)
 {
     if (TCustomControl::DoMouseWheelUp(shift, mouse_pos))
         return true;
-    if (f_current.Y > f_fixed_rows)
+    if (!IsActiveControl())
+        SetTopRow(f_top_left.Y - 1);
+    else if (f_current.Y > f_fixed_rows)
         SetRow(f_current.Y - 1);
     return true;
 }

@@ -140,8 +140,10 @@ void TCustomGrid::Resize()
         update_scroll_bars();
         WMSize();
     }
+    auto const life = Life();
     layout_changed();
-    TCustomControl::Resize();
+    if (!life.expired())
+        TCustomControl::Resize();
 }
 
 void TCustomGrid::CreateWnd()

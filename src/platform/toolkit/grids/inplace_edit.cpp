@@ -66,8 +66,9 @@ void TInplaceEdit::Change()
 {
     if (f_showing_text)
         return;
+    auto const life = Life();
     TEdit::Change();
-    if (f_grid)
+    if (!life.expired() && f_grid)
         f_grid->update_text();
 }
 
@@ -107,8 +108,9 @@ void TInplaceEdit::KeyDown(Word &key, TShiftState shift)
         return;
     }
     if (leads_out(key, shift)) {
+        auto const life = Life();
         f_grid->KeyDown(key, shift);
-        if (key == VK_TAB && !f_grid->WantsKey(key, shift)) {
+        if (!life.expired() && key == VK_TAB && !f_grid->WantsKey(key, shift)) {
             // Out of the grid, which stands in the tab order for its editor.
             key = 0;
             TWinControl *const form = GetParentForm(this);
@@ -117,7 +119,10 @@ void TInplaceEdit::KeyDown(Word &key, TShiftState shift)
         }
         return;
     }
+    auto const life = Life();
     f_grid->OnKeyDown(f_grid, key, shift);
+    if (life.expired())
+        return;
     if (key == VK_F2) {
         Deselect();
         key = 0;
@@ -129,7 +134,10 @@ void TInplaceEdit::KeyDown(Word &key, TShiftState shift)
 void TInplaceEdit::KeyPress(wchar_t &key)
 {
     if (f_grid) {
+        auto const life = Life();
         f_grid->KeyPress(key);
+        if (life.expired())
+            return;
         if (key >= L' ' && !f_grid->CanEditAcceptKey(key))
             key = 0;
         if (key == L'\r') {

@@ -1,6 +1,7 @@
 #include "platform/toolkit/controls/detail/edit_port.h"
 
 #include "platform/toolkit/bridge/detail/control_link.h"
+#include "platform/toolkit/bridge/detail/line_limit.h"
 #include "platform/toolkit/bridge/qt_values.h"
 #include "platform/toolkit/bridge/qt_widgets.h"
 
@@ -50,28 +51,29 @@ public:
     void connect(TControl *control, closure<void()> changed) override
     {
         vx_connect(control, f_edit, &QLineEdit::textChanged, [changed](QString const &) { changed(); });
-        vx_connect(control, f_edit, &QLineEdit::textEdited, [this](QString const &) { hold_limit(); });
     }
     UnicodeString text() const override { return vx_unicode_string(f_edit->text()); }
     void set_text(UnicodeString const &text) override
     {
-        // The limit is the user's: a longer text of the program is not cut, it can only become shorter.
-        if (f_limit > 0 && text.Length() > f_edit->maxLength())
-            f_edit->setMaxLength(text.Length());
+        // A handler may free the control, and this with it; the line lives to the end of the event.
+        QPointer<vx_line_limit> const limit(f_limit);
+        if (limit)
+            limit->set_open(true);
         f_edit->setText(vx_qt_string(text));
-        hold_limit();
+        if (limit)
+            limit->set_open(false);
     }
     int sel_start() const override
     {
-        return f_edit->hasSelectedText() ? f_edit->selectionStart() : f_edit->cursorPosition();
+        return vx_place(f_edit->text(),
+                        f_edit->hasSelectedText() ? f_edit->selectionStart() : f_edit->cursorPosition());
     }
-    int sel_length() const override { return static_cast<int>(f_edit->selectedText().size()); }
-    void select(int start, int length) override
+    int sel_length() const override
     {
-        int const end = static_cast<int>(f_edit->text().size());
-        start = std::clamp(start, 0, end);
-        f_edit->setSelection(start, std::clamp(length, 0, end - start));
+        QString const text = f_edit->selectedText();
+        return vx_place(text, text.size());
     }
+    void select(int start, int length) override { vx_select_in_line(f_edit, start, length); }
     UnicodeString sel_text() const override { return vx_unicode_string(f_edit->selectedText()); }
     void replace_selection(UnicodeString const &text) override { f_edit->insert(vx_qt_string(text)); }
     void copy() override { f_edit->copy(); }
@@ -83,8 +85,10 @@ public:
     void set_read_only(bool value) override { f_edit->setReadOnly(value); }
     void set_max_length(int length) override
     {
-        f_limit = length;
-        hold_limit();
+        if (f_limit)
+            f_limit->set(length);
+        else // digits are one unit each
+            f_edit->setMaxLength(length > 0 ? length : c_no_limit);
     }
     void set_password(bool hidden, wchar_t character) override
     {
@@ -107,21 +111,14 @@ protected:
     {
         vx_qt_ensure_application();
         f_edit = edit ? edit : new password_line;
+        if (!edit)
+            f_limit = new vx_line_limit(f_edit);
     }
 
     QLineEdit *f_edit;
 
 private:
-    void hold_limit()
-    {
-        int const length = static_cast<int>(f_edit->text().size());
-        int const limit = f_limit > 0 ? std::max(f_limit, length) : c_no_limit;
-        // Setting the same again would move the caret.
-        if (limit != f_edit->maxLength())
-            f_edit->setMaxLength(limit);
-    }
-
-    int f_limit = 0;
+    vx_line_limit *f_limit = nullptr; ///< belongs to the line; a spin box has a check of its own
 };
 
 /// A spin box whose line the program reaches.
@@ -186,19 +183,25 @@ public:
     }
     UnicodeString text() const override { return vx_unicode_string(f_edit->toPlainText()); }
     void set_text(UnicodeString const &text) override { f_edit->setPlainText(vx_qt_string(text)); }
-    int sel_start() const override { return f_edit->textCursor().selectionStart(); }
+    int sel_start() const override
+    {
+        return vx_place(f_edit->toPlainText(), f_edit->textCursor().selectionStart());
+    }
     int sel_length() const override
     {
+        QString const text = f_edit->toPlainText();
         QTextCursor const cursor = f_edit->textCursor();
-        return cursor.selectionEnd() - cursor.selectionStart();
+        return vx_place(text, cursor.selectionEnd()) - vx_place(text, cursor.selectionStart());
     }
     void select(int start, int length) override
     {
-        int const end = f_edit->document()->characterCount() - 1;
+        QString const text = f_edit->toPlainText();
+        int const end = vx_place(text, text.size());
         start = std::clamp(start, 0, end);
         QTextCursor cursor = f_edit->textCursor();
-        cursor.setPosition(start);
-        cursor.setPosition(std::clamp(start + length, 0, end), QTextCursor::KeepAnchor);
+        cursor.setPosition(vx_qt_place(text, start));
+        cursor.setPosition(vx_qt_place(text, start + std::clamp(length, 0, end - start)),
+                           QTextCursor::KeepAnchor);
         f_edit->setTextCursor(cursor);
     }
     UnicodeString sel_text() const override
@@ -239,6 +242,14 @@ private:
     Edit *f_edit;
 };
 } // namespace
+
+void vx_select_in_line(QLineEdit *line, int start, int length)
+{
+    QString const text = line->text();
+    int const from = vx_qt_place(text, std::max(start, 0));
+    int const to = from + vx_qt_place(QStringView(text).mid(from), std::max(length, 0));
+    line->setSelection(from, to - from);
+}
 
 std::unique_ptr<vx_edit_port> vx_make_line_port()
 {

@@ -5,6 +5,7 @@
 #include <memory>
 
 class TControl;
+class QLineEdit;
 
 /// How an edit reaches the widget behind it: one line, plain text or rich text. Positions count characters
 /// from 0.
@@ -37,6 +38,9 @@ public:
     [[nodiscard]] virtual UnicodeString hint() const = 0;
     virtual void set_hint(UnicodeString const &text) = 0;
 };
+
+/// Selects in a line by characters; what lies outside of the text is left out.
+void vx_select_in_line(QLineEdit *line, int start, int length);
 
 [[nodiscard]] std::unique_ptr<vx_edit_port> vx_make_line_port();
 /// With a spin box round the line.
