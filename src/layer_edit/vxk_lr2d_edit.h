@@ -6,6 +6,5 @@
 #include "layer_edit/page_api/basic_lr2d_edit.h"
 #include "layer_edit/page_api/lr2d_extensions.h"
 #include "layer_edit/page_api/lr2d_pages.h"
-#include "layer_edit/page_api/lr2d_type_keys.h"
 #include "layer_edit/page_set/lr2d_edit.h"
 #include "layer_edit/page_set/page_table.h"

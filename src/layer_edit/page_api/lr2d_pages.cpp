@@ -1,6 +1,6 @@
 #include "layer_edit/page_api/lr2d_pages.h"
 
-#include "layer_edit/page_api/lr2d_type_keys.h"
+#include "platform/layers/layer_keys.h"
 
 #include <algorithm>
 
@@ -12,20 +12,20 @@ using text = lr2d_text_layer;
 
 // key, property tab, style tab, text manager tab, text layer, pages
 constexpr lr2d_page_row c_rows[] = {
-    {c_shp_pnt_lr2d, prop::hidden, true, true, text::shape, {p::shp_pnt, p::txt_pnt, p::dtld}},
-    {c_shp_pln_lr2d, prop::hidden, true, true, text::shape, {p::shp_pln, p::txt_pln, p::dtld}},
-    {c_shp_pgn_lr2d, prop::hidden, true, true, text::shape, {p::shp_pgn, p::txt_pgn, p::dtld}},
-    {c_rtr_lr2d, prop::hidden, true, false, text::none, {p::rtr}},
-    {c_tos_grid_lr2d, prop::hidden, true, false, text::none, {p::tos_grid}},
-    {c_tos_slice_lr2d, prop::slice, true, false, text::none, {p::tos_grid, p::tos_slice}},
-    {c_tos_2crd_lr2d,
+    {c_lr_key_shp_pnt, prop::hidden, true, true, text::shape, {p::shp_pnt, p::txt_pnt, p::dtld}},
+    {c_lr_key_shp_pln, prop::hidden, true, true, text::shape, {p::shp_pln, p::txt_pln, p::dtld}},
+    {c_lr_key_shp_pgn, prop::hidden, true, true, text::shape, {p::shp_pgn, p::txt_pgn, p::dtld}},
+    {c_lr_key_rtr, prop::hidden, true, false, text::none, {p::rtr}},
+    {c_lr_key_tos_grid, prop::hidden, true, false, text::none, {p::tos_grid}},
+    {c_lr_key_tos_slice, prop::slice, true, false, text::none, {p::tos_grid, p::tos_slice}},
+    {c_lr_key_tos_2crd,
      prop::two_coordinates,
      true,
      true,
      text::two_coordinates,
      {p::tos_2crd, p::txt_tos_2crd, p::dtld}},
-    {c_tos_grid_lr1d, prop::hidden, false, false, text::none, {}},
-    {c_tld_lr2d, prop::hidden, true, false, text::none, {p::tld}},
+    {c_lr_key_tos_grid_1d, prop::hidden, false, false, text::none, {}},
+    {c_lr_key_tld, prop::hidden, true, false, text::none, {p::tld}},
 };
 
 constexpr lr2d_page_row c_other_row = {"", prop::hidden, true, false, text::none, {}};

@@ -14,3 +14,6 @@ inline constexpr char c_lr_key_dynamic_tld[] = "dyn_tld_lr2d";       ///< dynami
 inline constexpr char c_lr_key_shp_pntz_sub[] = "shp_pntz_sub_lr2d"; ///< sub-layer of vector points with z
 inline constexpr char c_lr_key_shp_plnz_sub[] = "shp_plnz_sub_lr2d"; ///< sub-layer of vector polylines with z
 inline constexpr char c_lr_key_shp_pgnz_sub[] = "shp_pgnz_sub_lr2d"; ///< sub-layer of vector polygons with z
+
+/// The meta identifier of vector layers.
+inline constexpr char c_lr_shp_meta_id[] = "ShapeLayerMetaID";

@@ -1,7 +1,7 @@
-#include "layer_edit/page_api/lr2d_type_keys.h"
 #include "tests/layer_edit/page_set/page_set_fixture.h"
 
 #include "platform/basic/vx_event_channel.h"
+#include "platform/layers/layer_keys.h"
 #include "platform/layers/vx_layout_lr2d.h"
 #include "platform/layers/vx_plugin_lr2d.h"
 #include "platform/layers/vx_shp_lr2d.h"
@@ -344,7 +344,7 @@ TEST_F(page_set, the_copy_outlives_the_layer_of_the_host)
     edit->set_lr2d(layer.get());
     layer.reset();
     edit->update_controls();
-    EXPECT_STREQ(vx_lr2d_get_lr_type(edit->get_lr2d()), c_shp_pln_lr2d);
+    EXPECT_STREQ(vx_lr2d_get_lr_type(edit->get_lr2d()), c_lr_key_shp_pln);
 }
 
 TEST(page_set_parts, places_that_are_not_taken_stay_empty)
