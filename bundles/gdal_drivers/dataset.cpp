@@ -102,8 +102,8 @@ bool has_places(GDALDataset &tables)
 CPLStringList as_points(CPLStringList options)
 {
     if (!options.FetchNameValue("X_POSSIBLE_NAMES") && !options.FetchNameValue("GEOM_POSSIBLE_NAMES")) {
-        options.SetNameValue("X_POSSIBLE_NAMES", "lon,long,longitude,lng");
-        options.SetNameValue("Y_POSSIBLE_NAMES", "lat,latitude");
+        options.SetNameValue("X_POSSIBLE_NAMES", "lon,long,longitude,lng,x");
+        options.SetNameValue("Y_POSSIBLE_NAMES", "lat,latitude,y");
     }
     return options;
 }

@@ -96,7 +96,7 @@ TEST_F(map_formats, each_refusal_is_one_sentence_about_the_file_alone)
         char const *reason;
     } const cases[] = {
         {"missing.shp", "The file does not exist."}, {"empty.csv", "The file is empty."},
-        {"words.csv", "holds no vector data."},      {"none.geojson", "holds no vector data."},
+        {"words.csv", "has no columns of coordinates."},      {"none.geojson", "holds no vector data."},
         {"noise.gpkg", "No driver can open"},        {"folder.shp", "This folder holds no data set."},
     };
     for (auto const &c : cases) {
@@ -142,12 +142,25 @@ TEST_F(map_formats, a_table_of_coordinates_is_one_of_points)
         char const *key;
     } const cases[] = {
         {"name,Longitude,Latitude\nx,1,2\ny,,\nz,far,7\n", c_lr_key_shp_pnt},
+        {"X,Y\n1,2\n", c_lr_key_shp_pnt},
+        {"y,a,x\n1,2,3\n", c_lr_key_shp_pnt},
         {"lon,lat,WKT\n1,2,\"LINESTRING(0 0,5 5)\"\n", c_lr_key_shp_pln},
     };
     for (auto const &c : cases) {
         write_file(folder / "t.csv", c.text);
         ASSERT_EQ(window->open_files({path_of(folder / "t.csv")}), 1) << c.text;
         EXPECT_STREQ(vx_lr2d_get_lr_type(layers().layer_at(0)), c.key);
+    }
+    // Who is refused learns what the columns have to be called.
+    write_file(folder / "t.csv", "east,north\n1,2\n");
+    for (char const *const language : {"en", "ru"}) {
+        vx_options_set_language(language);
+        message_reader messages;
+        EXPECT_EQ(window->open_files({path_of(folder / "t.csv")}), 0);
+        ASSERT_EQ(messages.texts.size(), 1);
+        EXPECT_EQ(messages.texts.front().count(path_of(folder / "t.csv")), 1);
+        for (char const *const name : {"longitude", "latitude", "x", "y", "WKT"})
+            EXPECT_TRUE(messages.texts.front().contains(name)) << messages.texts.front().toStdString();
     }
 }
 

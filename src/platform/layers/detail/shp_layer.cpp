@@ -2,8 +2,10 @@
 
 #include "captions/engine.h"
 
+#include "platform/base/ascii_case.h"
 #include "platform/base/string_adp.h"
-#include "platform/basic/vx_res.h"
+#include "platform/base/text_codec.h"
+#include "platform/basic/vx_fault.h"
 #include "platform/data/vx_shape_files.h"
 #include "platform/layers/layer_keys.h"
 #include "platform/layers/vx_shp_lr2d.h"
@@ -71,6 +73,15 @@ void *typed_manager(Ivx_layer *layer, shp_geometry const &geometry)
     return shp && &shp->geometry == &geometry ? vx_stl_mngr_list_get_active_mngr(shp->styles.get()) : nullptr;
 }
 
+/// A table whose shapes are read from columns that are known by their names.
+bool is_text_table(std::wstring const &file)
+{
+    constexpr std::string_view c_suffix = ".csv";
+    auto const name = vx::text::wide_to_utf8(file);
+    return name.size() > c_suffix.size() &&
+           vx::text::ascii_same(std::string_view(name).substr(name.size() - c_suffix.size()), c_suffix);
+}
+
 /// Over an open data set; null, with a sentence, when no layer draws its geometry.
 Ivx_layer *make_layer(wchar_t const *source, owned_data data, Ivx_string_adp *error)
 {
@@ -78,7 +89,8 @@ Ivx_layer *make_layer(wchar_t const *source, owned_data data, Ivx_string_adp *er
     if (!key) {
         std::wstring file;
         vx_attr_data_get_wfilename(data.get(), Tvx_std_wstring_adapter(file));
-        vx_string_adp_feed(error, vx_res_format_w(c_capt_no_vector_data, file).c_str());
+        int const refusal = is_text_table(file) ? c_capt_no_coordinate_columns : c_capt_no_vector_data;
+        vx_string_adp_feed(error, vx_fault_reason({refusal, file, 0, {}}).c_str());
         return nullptr;
     }
     auto *const layer = vx_shp_lr2d_create(key, source);
