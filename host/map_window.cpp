@@ -65,6 +65,8 @@ Tvx_map_window::Tvx_map_window(QSettings *settings)
     setWindowIcon(vx_host_glyph("app"));
     setAcceptDrops(true);
     resize(1280, 800);
+    // Messages of the library name the program as its window does.
+    QGuiApplication::setApplicationDisplayName(vx_host_caption(c_cap_application));
     f_canvas->setObjectName(QStringLiteral("canvas"));
     f_canvas->setAccessibleName(vx_host_caption(c_cap_map));
     setCentralWidget(f_canvas);

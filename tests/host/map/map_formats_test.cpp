@@ -95,9 +95,12 @@ TEST_F(map_formats, each_refusal_is_one_sentence_about_the_file_alone)
         char const *file;
         char const *reason;
     } const cases[] = {
-        {"missing.shp", "The file does not exist."}, {"empty.csv", "The file is empty."},
-        {"words.csv", "has no columns of coordinates."},      {"none.geojson", "holds no vector data."},
-        {"noise.gpkg", "No driver can open"},        {"folder.shp", "This folder holds no data set."},
+        {"missing.shp", "The file does not exist."},
+        {"empty.csv", "The file is empty."},
+        {"words.csv", "has no columns of coordinates."},
+        {"none.geojson", "holds no vector data."},
+        {"noise.gpkg", "No driver can open"},
+        {"folder.shp", "This folder holds no data set."},
     };
     for (auto const &c : cases) {
         message_reader messages;

@@ -7,6 +7,7 @@
 #include "support/temp_dir.h"
 #include "user_input/user_input.h"
 
+#include "platform/basic/vx_fault.h"
 #include "platform/basic/vx_res.h"
 #include "platform/layers/layer_keys.h"
 #include "platform/layers/vx_shp_lr2d.h"
@@ -479,6 +480,18 @@ TEST_F(map_window, files_that_cannot_be_opened_give_one_message_that_names_them_
     ASSERT_EQ(messages.texts.size(), 1);
     for (QString const &name : {bad + "1", broken, bad + "2"})
         EXPECT_EQ(messages.texts.front().count(name), 1) << messages.texts.front().toStdString();
+}
+
+TEST_F(map_window, messages_name_the_program_as_its_window_does)
+{
+    EXPECT_EQ(window->windowTitle(), "Map");
+    ASSERT_EQ(open({"nc.shp"}), 1);
+    EXPECT_TRUE(window->windowTitle().endsWith(" - Map")) << window->windowTitle().toStdString();
+    vx::user_input::on_next_modal([](vx::user_input::modal_window const &box) {
+        EXPECT_EQ(box.title(), L"Map");
+        box.accept();
+    });
+    vx_reason_report(L"From the library.");
 }
 
 TEST_F(map_window, a_raster_is_listed_and_edited_and_that_it_is_not_drawn_is_said)
