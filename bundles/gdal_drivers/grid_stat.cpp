@@ -30,7 +30,15 @@ std::optional<band_stat> grid_set::stored_stat(int field) const
     // Anybody may have written them: what cannot be is not believed.
     bool const can_be = std::isfinite(stat.minimum) && std::isfinite(stat.maximum) &&
                         stat.minimum <= stat.mean && stat.mean <= stat.maximum && deviation >= 0;
-    return can_be ? std::optional(stat) : std::nullopt;
+    if (!can_be)
+        return std::nullopt;
+    // They are kept as texts of some digits; the bounds are cells, which have fewer.
+    if (cell_type_of(*b) == cells_float32) {
+        stat.minimum = static_cast<double>(static_cast<float>(stat.minimum));
+        stat.maximum = static_cast<double>(static_cast<float>(stat.maximum));
+        stat.mean = std::clamp(stat.mean, stat.minimum, stat.maximum);
+    }
+    return stat;
 }
 
 std::optional<histogram_span> grid_set::span_of_type(int field) const

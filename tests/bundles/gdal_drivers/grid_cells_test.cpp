@@ -250,6 +250,19 @@ TEST_F(gdal_cells, statistics_that_cannot_be_are_not_believed)
     }
 }
 
+TEST_F(gdal_cells, stored_bounds_are_cells)
+{
+    source const s(put("a.vrt", R"(<VRTDataset rasterXSize="4" rasterYSize="4">
+        <VRTRasterBand dataType="Float32" band="1"><Metadata><MDI key="STATISTICS_MINIMUM">-247.10000610352</MDI>
+        <MDI key="STATISTICS_MAXIMUM">0.1</MDI><MDI key="STATISTICS_MEAN">-5</MDI>
+        <MDI key="STATISTICS_STDDEV">1</MDI></Metadata></VRTRasterBand></VRTDataset>)"));
+    double value = 0;
+    EXPECT_TRUE(s.stat.minimum(0, &value));
+    EXPECT_EQ(value, -247.1f) << "the text has fewer digits than the cell";
+    EXPECT_TRUE(s.stat.maximum(0, &value));
+    EXPECT_EQ(value, 0.1f);
+}
+
 TEST_F(gdal_cells, cells_that_are_no_numbers)
 {
     double const nan = std::nan(""), infinity = INFINITY;
