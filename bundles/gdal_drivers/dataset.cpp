@@ -1,8 +1,11 @@
 #include "dataset.h"
 
 #include "data_types.h"
+#include "database_guard.h"
 #include "grid_types.h"
 #include "long_work.h"
+#include "network_guard.h"
+#include "source_check.h"
 
 #include "platform/base/text_codec.h"
 #include "platform/base/virtual_mark.h"
@@ -11,57 +14,53 @@
 #include <cpl_string.h>
 #include <ogrsf_frmts.h>
 
-#include <cerrno>
+#include <algorithm>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <sys/stat.h>
 
 namespace vx::gdal {
 namespace {
-enum class path_kind
+path_kind kind_of_source(std::wstring const &source)
 {
-    file,
-    folder,
-    special, ///< a pipe, a socket, a device
-    missing, ///< looks like a path and is not there
-    no_path, ///< a database, an address: only the driver can tell
-};
-
-path_kind kind_of(std::wstring const &source)
-{
-    std::string const path = text::wide_to_utf8(source);
-    struct stat info = {};
-    if (stat(path.c_str(), &info) == 0) {
-        if (S_ISREG(info.st_mode))
-            return path_kind::file;
-        return S_ISDIR(info.st_mode) ? path_kind::folder : path_kind::special;
-    }
-    bool const is_address =
-        path.rfind("/vsi", 0) == 0 || path.find(':') != std::string::npos || path.front() == '<';
-    return is_address && errno != EACCES ? path_kind::no_path : path_kind::missing;
+    return kind_of(text::wide_to_utf8(source));
 }
 
-/// The grammar takes "&" for the separator in a text without "|". A file whose name holds one is meant all
-/// the same.
+/// Paths come with either separator; on the disk there is one.
+std::wstring with_slashes(std::wstring source)
+{
+    if (source.find(L'\\') == std::wstring::npos || kind_of_source(source) != path_kind::missing)
+        return source;
+    std::wstring turned = source;
+    std::replace(turned.begin(), turned.end(), L'\\', L'/');
+    path_kind const kind = kind_of_source(turned);
+    return kind == path_kind::no_path ? source : turned;
+}
+
+/// The grammar divides at the first "|", or "&" in a text without one. A file whose name holds one of them is
+/// meant all the same.
 connection_text parse(std::wstring const &text)
 {
-    connection_text parsed(text);
-    if (text.find(L'|') != std::wstring::npos || text.find(L'&') == std::wstring::npos)
-        return parsed;
-    std::wstring const whole(without_virtual_mark(text));
-    if (kind_of(parsed.source.empty() ? L"?" : parsed.source) == path_kind::missing &&
-        kind_of(whole) == path_kind::file) {
-        connection_text file(L"");
-        file.source = whole;
-        return file;
+    connection_text first(text);
+    first.source = with_slashes(first.source);
+    if (first.source.empty() || kind_of_source(first.source) != path_kind::missing)
+        return first;
+    wchar_t const separator = text.find(L'|') == std::wstring::npos ? L'&' : L'|';
+    for (std::size_t at = text.find(separator); at != std::wstring::npos;) {
+        at = text.find(separator, at + 1);
+        connection_text longer(text, at);
+        longer.source = with_slashes(longer.source);
+        if (kind_of_source(longer.source) == path_kind::file)
+            return longer;
     }
-    return parsed;
+    return first;
 }
 
 /// Nothing stands at the place of a new data set.
 bool is_free(std::wstring const &source)
 {
-    path_kind const kind = kind_of(source.empty() ? L"." : source);
+    path_kind const kind = kind_of_source(source.empty() ? L"." : source);
     return kind == path_kind::missing || kind == path_kind::no_path;
 }
 
@@ -77,10 +76,16 @@ CPLStringList options_of(connection_text const &connection)
 CPLStringList open_options(connection_text const &connection, char const *driver, bool read_only)
 {
     CPLStringList options = options_of(connection);
+    // Closing the gaps of deleted records would change the identifiers under whoever knows them.
+    if (driver && !read_only && EQUAL(driver, "ESRI Shapefile") && !options.FetchNameValue("AUTO_REPACK"))
+        options.SetNameValue("AUTO_REPACK", "NO");
     if (!read_only || !driver)
         return options;
-    if (EQUAL(driver, "GML"))
+    if (EQUAL(driver, "GML")) {
         options.SetNameValue("WRITE_GFS", "NO");
+        if (!connection.allows_network)
+            options.SetNameValue("DOWNLOAD_SCHEMA", "NO");
+    }
     return options;
 }
 
@@ -123,6 +128,83 @@ bool is_idle_write_ahead_database(std::string const &path, char const *driver)
     file.seekg(c_versions).read(versions, sizeof versions);
     return file && versions[0] == 2 && versions[1] == 2;
 }
+bool is_one_of(char const *name, std::initializer_list<char const *> names)
+{
+    return name && std::any_of(names.begin(), names.end(), [&](char const *n) { return EQUAL(n, name); });
+}
+
+bool is_database_file(std::string const &path)
+{
+    constexpr std::string_view c_mark("SQLite format 3\0", 16);
+    std::string head(c_mark.size(), ' ');
+    std::ifstream file(path, std::ios::binary);
+    return file.read(head.data(), static_cast<std::streamsize>(head.size())) && head == c_mark;
+}
+
+/// Changes of such a file are written by writing all of it anew.
+bool is_rewritten(char const *driver)
+{
+    return is_one_of(driver, {"GeoJSON", "GeoJSONSeq", "CSV", "LIBKML", "FlatGeobuf"});
+}
+
+/// What is made on the way to an open data set. It may be left on that way, and clears up by itself then.
+struct opening_work
+{
+    std::unique_ptr<private_copy> copy;
+    std::unique_ptr<whole_file> whole;
+    GDALDatasetUniquePtr gdal;
+    std::optional<new_tables> tables;
+    bool is_spent = false;
+
+    /// Takes the tables into memory; without a data set when one of them cannot be read to its end.
+    void take_over(char const *format, CPLStringList const &options)
+    {
+        auto &drivers = *GetGDALDriverManager();
+        GDALDatasetUniquePtr content(
+            drivers.GetDriverByName("Memory")->Create("", 0, 0, 0, GDT_Unknown, nullptr));
+        tables.emplace(*drivers.GetDriverByName(format), options);
+        std::wstring problem;
+        bool is_good = false;
+        {
+            error_guard const guard(problem);
+            is_good = tables->read(*gdal, *content);
+        }
+        gdal = is_good && problem.empty() ? std::move(content) : nullptr;
+    }
+};
+
+std::wstring reason_of(source_flaw const &flaw)
+{
+    std::wstring const name = text::utf8_to_wide(flaw.name);
+    switch (flaw.kind) {
+    case source_flaw::network:
+        return vx_res_format_w(c_drv_asks_server, name);
+    case source_flaw::too_deep:
+        return vx_res_format_w(c_drv_leads_to_itself, name);
+    default:
+        return vx_res_format_w(c_drv_special_file, name);
+    }
+}
+
+std::uintmax_t size_at(std::string const &path)
+{
+    std::error_code problem;
+    std::uintmax_t const size = std::filesystem::file_size(path, problem);
+    return problem ? 0 : size;
+}
+
+/// Bytes of a file from `at` on as a number; 0 at failure.
+std::uintmax_t number_in(std::string const &path, std::streamoff at, int count, bool is_big_endian)
+{
+    std::ifstream file(path, std::ios::binary);
+    std::uintmax_t value = 0;
+    file.seekg(at);
+    for (int i = 0; i < count; ++i) {
+        auto const byte = static_cast<std::uintmax_t>(file.get()) & 0xFF;
+        value = is_big_endian ? value << 8 | byte : value | byte << (8 * i);
+    }
+    return file ? value : 0;
+}
 } // namespace
 
 void visit_utf8(vx::string_visitor visitor, char const *text)
@@ -138,7 +220,7 @@ std::unique_ptr<dataset> dataset::open(std::wstring const &connection, bool read
         error = vx_res_get_wstr(c_drv_no_name);
         return nullptr;
     }
-    path_kind const kind = kind_of(parsed.source);
+    path_kind const kind = kind_of_source(parsed.source);
     if (kind == path_kind::missing) {
         error = reason_about(c_drv_file_missing, parsed.source, {});
         return nullptr;
@@ -147,46 +229,89 @@ std::unique_ptr<dataset> dataset::open(std::wstring const &connection, bool read
         error = reason_about(c_drv_special_file, parsed.source, {});
         return nullptr;
     }
+    std::string const path = text::wide_to_utf8(parsed.source);
+    if (source_flaw const flaw = find_flaw(path, parsed.allows_network)) {
+        error = reason_about(c_drv_not_opened, parsed.source, reason_of(flaw));
+        return nullptr;
+    }
 
     std::wstring reason;
     std::unique_ptr<dataset> result;
     {
         error_guard guard(reason);
-        std::string const path = text::wide_to_utf8(parsed.source);
+        network_guard const local(kind != path_kind::no_path && !parsed.allows_network);
+        std::string opened = path;
+        auto const work = std::make_shared<opening_work>();
+        bool is_ready = true;
+        // Before anybody asks the file what it is: some drivers open a database for that, and work off its
+        // log.
+        if (kind == path_kind::file && read_only && is_database_file(path) && has_abandoned_log(path)) {
+            work->copy = private_copy::make(path);
+            if (!work->copy) {
+                error =
+                    reason_about(c_drv_not_opened, parsed.source, vx_res_get_wstr(c_drv_no_room_for_copy));
+                return nullptr;
+            }
+            opened = work->copy->path();
+        }
         // A database may hold tables and rasters, each with a driver of its own: tables come first.
-        GDALDriverH driver = GDALIdentifyDriverEx(path.c_str(), GDAL_OF_VECTOR, nullptr, nullptr);
+        GDALDriverH driver = GDALIdentifyDriverEx(opened.c_str(), GDAL_OF_VECTOR, nullptr, nullptr);
         if (!driver)
-            driver = GDALIdentifyDriverEx(path.c_str(), GDAL_OF_RASTER, nullptr, nullptr);
+            driver = GDALIdentifyDriverEx(opened.c_str(), GDAL_OF_RASTER, nullptr, nullptr);
         char const *const driver_name = driver ? GDALGetDriverShortName(driver) : nullptr;
         CPLStringList options = open_options(parsed, driver_name, read_only);
-        if (read_only && is_idle_write_ahead_database(path, driver_name))
+        if (read_only && !work->copy && is_idle_write_ahead_database(path, driver_name))
             options.SetNameValue("IMMUTABLE", "YES");
-        unsigned const flags =
-            GDAL_OF_VECTOR | GDAL_OF_RASTER | (read_only ? GDAL_OF_READONLY : GDAL_OF_UPDATE);
+        if (kind == path_kind::file && is_rewritten(driver_name) && !read_only) {
+            std::wstring refusal;
+            work->whole = whole_file::load(parsed.source, refusal);
+            is_ready = work->whole != nullptr;
+            if (work->whole)
+                opened = work->whole->work_path();
+            error_guard::add_to_innermost(refusal);
+        }
+        // Written anew, this format puts its features into another order: its tables keep their own
+        // meanwhile.
+        bool const is_taken_over = work->whole && is_one_of(driver_name, {"FlatGeobuf"});
+        bool const is_local = kind != path_kind::no_path && !parsed.allows_network;
+        unsigned const flags = GDAL_OF_VECTOR | GDAL_OF_RASTER |
+                               (read_only || is_taken_over ? GDAL_OF_READONLY : GDAL_OF_UPDATE);
         auto const open_with = [=](CPLStringList const &with) {
             char const *const only[] = {driver_name, nullptr};
             return GDALDatasetUniquePtr(
-                GDALDataset::Open(path.c_str(), flags, driver_name ? only : nullptr, with.List()));
+                GDALDataset::Open(opened.c_str(), flags, driver_name ? only : nullptr, with.List()));
         };
         // A text could make that driver read any place of the process.
         bool const is_memory = is_driver_of_memory(driver_name);
         if (is_memory)
             guard.add(c_drv_memory_place);
-        auto const opened = std::make_shared<GDALDatasetUniquePtr>();
-        bool const is_over = attend_or_leave([=] {
-            if (!is_memory)
-                *opened = open_with(options);
-            if (read_only && *opened && EQUAL(driver_name ? driver_name : "", "CSV") && !has_places(**opened))
-                if (GDALDatasetUniquePtr points = open_with(as_points(options)))
-                    *opened = std::move(points);
-        });
+        bool const is_over =
+            is_memory || !is_ready || attend_or_leave([=] {
+                network_guard const local_work(is_local);
+                opening_budget const budget;
+                work->gdal = open_with(options);
+                work->is_spent = budget.is_spent();
+                if (read_only && work->gdal && is_one_of(driver_name, {"CSV"}) && !has_places(*work->gdal))
+                    if (GDALDatasetUniquePtr points = open_with(as_points(options)))
+                        work->gdal = std::move(points);
+                if (work->gdal && is_taken_over)
+                    work->take_over(driver_name, options_of(parsed));
+            });
         if (!is_over)
             return nullptr;
-        GDALDatasetUniquePtr gdal = std::move(*opened);
-        if (gdal)
-            result.reset(new dataset(std::move(gdal), std::move(parsed), read_only));
-        else
-            parsed.source = text::utf8_to_wide(path);
+        if (work->gdal) {
+            result.reset(new dataset(std::move(work->gdal), parsed, read_only));
+            result->f_copy = std::move(work->copy);
+            result->f_whole = std::move(work->whole);
+            if (work->tables) {
+                result->f_new_tables = std::move(work->tables);
+                result->f_new_driver = driver_name;
+            }
+        } else if (kind == path_kind::file && read_only && has_open_journal(path)) {
+            guard.clear();
+            guard.add(c_drv_not_closed);
+        } else if (work->is_spent)
+            guard.add(c_drv_endless_view);
     }
     if (!result)
         error = reason.empty() ? L"" : reason_about(c_drv_not_opened, parsed.source, reason);
@@ -203,6 +328,7 @@ std::unique_ptr<dataset> dataset::create(std::wstring const &connection, int dri
     if (!driver_name)
         return nullptr;
     connection_text parsed(connection);
+    parsed.source = with_slashes(parsed.source);
     bool const is_file = driver_type != driver_memory && driver_type != driver_memory_grid;
     if (is_file && !is_free(parsed.source)) {
         error = reason_about(c_drv_place_taken, parsed.source, {});
@@ -212,21 +338,137 @@ std::unique_ptr<dataset> dataset::create(std::wstring const &connection, int dri
     std::unique_ptr<dataset> result;
     {
         error_guard guard(reason);
+        std::string const path = text::wide_to_utf8(parsed.source);
         bool const is_grid = driver_type == driver_geotiff || driver_type == driver_memory_grid;
-        auto *const driver = GetGDALDriverManager()->GetDriverByName(is_grid ? "Memory" : driver_name);
-        if (driver) {
-            std::string const path = text::wide_to_utf8(parsed.source);
-            GDALDatasetUniquePtr gdal(driver->Create(is_grid ? "" : path.c_str(), 0, 0, 0, GDT_Unknown,
-                                                     is_grid ? nullptr : options_of(parsed).List()));
+        std::unique_ptr<whole_file> whole;
+        bool const is_whole = new_tables::is_for(driver_name, path);
+        if (is_whole) {
+            std::wstring refusal;
+            whole = whole_file::make(parsed.source, refusal);
+            error_guard::add_to_innermost(refusal);
+        }
+        bool const in_memory = is_grid || is_whole;
+        auto *const format = GetGDALDriverManager()->GetDriverByName(driver_name);
+        auto *const driver = in_memory ? GetGDALDriverManager()->GetDriverByName("Memory") : format;
+        if (driver && format && (whole || !is_whole)) {
+            GDALDatasetUniquePtr gdal(driver->Create(in_memory ? "" : path.c_str(), 0, 0, 0, GDT_Unknown,
+                                                     in_memory ? nullptr : options_of(parsed).List()));
             if (gdal)
                 result.reset(new dataset(std::move(gdal), parsed, false));
             if (result && is_grid)
                 result->f_grid_driver = driver_name;
+            if (result && is_whole) {
+                result->f_whole = std::move(whole);
+                result->f_new_tables.emplace(*format, options_of(parsed));
+                result->f_new_driver = driver_name;
+            }
         }
     }
     if (!result)
         error = reason_about(c_drv_not_made, parsed.source, reason);
     return result;
+}
+
+OGRLayer *dataset::create_table(std::string const &name, OGRSpatialReference *system, OGRwkbGeometryType type,
+                                CPLStringList const &options)
+{
+    if (f_new_tables)
+        return f_new_tables->add(*f_gdal, name, system, type, options);
+    return f_gdal->CreateLayer(name.c_str(), system, type, CPLStringList(options).List());
+}
+
+bool dataset::finish_table(OGRLayer *table, bool is_good)
+{
+    f_is_touched = true;
+    if (is_good && f_new_tables) {
+        // What the format refuses shows when a file of it is made.
+        is_good = write_new_tables();
+    }
+    if (is_good)
+        return true;
+    if (f_new_tables)
+        f_new_tables->drop_last(*f_gdal);
+    else
+        for (int i = f_gdal->GetLayerCount() - 1; i >= 0; --i)
+            if (f_gdal->GetLayer(i) == table) {
+                f_gdal->DeleteLayer(i);
+                break;
+            }
+    return false;
+}
+
+bool dataset::write_new_tables()
+{
+    f_whole->clear();
+    std::wstring reason;
+    bool is_good = false;
+    {
+        error_guard const inner(reason);
+        // Closing the file writes its last part, which counts as well.
+        is_good = f_new_tables->write(f_whole->work_path());
+    }
+    return is_good && reason.empty();
+}
+
+bool dataset::save(error_guard &guard)
+{
+    if (f_read_only || !f_is_touched)
+        return true;
+    if (f_new_tables) {
+        if (f_gdal->GetLayerCount() > 0 && (!write_new_tables() || !f_whole->publish(guard)))
+            return false;
+    } else {
+        std::wstring reason;
+        {
+            error_guard const inner(reason);
+            f_gdal->FlushCache();
+        }
+        if (!reason.empty() || (f_whole && !f_whole->publish(guard)))
+            return false;
+        for (OGRLayer *table : f_gdal->GetLayers())
+            if (is_driver("ESRI Shapefile") && !is_on_disk(*table)) {
+                guard.add(c_drv_disk_took_part);
+                return false;
+            }
+    }
+    f_is_touched = false;
+    return true;
+}
+
+bool dataset::is_on_disk(OGRLayer &table) const
+{
+    std::string const source = text::wide_to_utf8(f_connection.source);
+    std::string const file = kind_of(source) == path_kind::folder
+                                 ? std::string(CPLFormFilename(source.c_str(), table.GetName(), "shp"))
+                                 : source;
+    auto const with_ending = [&](char const *ending) {
+        return std::string(CPLResetExtension(file.c_str(), ending));
+    };
+    std::string const shapes = with_ending("shp");
+    std::string const index = with_ending("shx");
+    std::string const cells = with_ending("dbf");
+    // Lengths are counted in words of two bytes.
+    for (std::string const &path : {shapes, index})
+        if (kind_of(path) == path_kind::file && number_in(path, 24, 4, true) * 2 != size_at(path))
+            return false;
+    std::uintmax_t const records = number_in(cells, 4, 4, false);
+    std::uintmax_t const needed = number_in(cells, 8, 2, false) + records * number_in(cells, 10, 2, false);
+    if (kind_of(cells) == path_kind::file && size_at(cells) < needed)
+        return false;
+    return kind_of(index) != path_kind::file || kind_of(cells) != path_kind::file ||
+           (size_at(index) - 100) / 8 == records;
+}
+
+bool dataset::can_roll_back() const
+{
+    return !f_read_only && !f_new_tables && f_gdal->TestCapability(ODsCTransactions);
+}
+
+char const *dataset::driver_name() const
+{
+    if (f_grid_driver || f_new_driver)
+        return f_grid_driver ? f_grid_driver : f_new_driver;
+    return f_gdal->GetDriver() ? GDALGetDriverShortName(f_gdal->GetDriver()) : "";
 }
 
 bool dataset::make_grid(std::wstring const &name, int width, int height, int bands, int type)
@@ -259,7 +501,7 @@ bool dataset::make_grid(std::wstring const &name, int width, int height, int ban
 GDALDatasetUniquePtr dataset::open_again() const
 {
     char const *const only[] = {"GTiff", nullptr};
-    if (!f_read_only || !is_driver(only[0]) || kind_of(f_connection.source) != path_kind::file)
+    if (!f_read_only || !is_driver(only[0]) || kind_of_source(f_connection.source) != path_kind::file)
         return {};
     GDALDatasetUniquePtr again(GDALDataset::Open(f_gdal->GetDescription(), GDAL_OF_RASTER | GDAL_OF_READONLY,
                                                  only, options_of(f_connection).List()));
@@ -271,16 +513,12 @@ GDALDatasetUniquePtr dataset::open_again() const
 
 int dataset::driver_id() const
 {
-    if (f_grid_driver)
-        return driver_id_of(f_grid_driver);
-    GDALDriver const *const driver = f_gdal->GetDriver();
-    return driver ? driver_id_of(GDALGetDriverShortName(f_gdal->GetDriver())) : driver_other;
+    return driver_id_of(driver_name());
 }
 
 bool dataset::is_driver(char const *name) const
 {
-    GDALDriver *const driver = f_gdal->GetDriver();
-    return driver && std::strcmp(GDALGetDriverShortName(driver), name) == 0;
+    return std::strcmp(driver_name(), name) == 0;
 }
 
 // The tables of a folder are opened only when they are counted or asked for: a broken one is left out in
@@ -299,12 +537,7 @@ void dataset::vector_source(int index, vx::string_visitor visitor) const
     OGRLayer *const layer = f_gdal->GetLayer(index);
     if (!layer)
         return;
-    std::wstring const name = text::utf8_to_wide(layer->GetName());
-    // An option cannot hold this character; an only table needs no name.
-    if (name.find(L'&') != std::wstring::npos && f_gdal->GetLayerCount() == 1)
-        visitor.visit(f_connection.source.c_str());
-    else
-        visitor.visit(make_connection_text(f_connection.source, name, L"").c_str());
+    visitor.visit(make_connection_text(f_connection, text::utf8_to_wide(layer->GetName())).c_str());
 }
 
 void dataset::vector_name(int index, vx::string_visitor visitor) const
@@ -349,7 +582,8 @@ void dataset::grid_name(int index, vx::string_visitor visitor) const
 
 void dataset::with_name(vx::string_visitor visitor) const
 {
-    visit_utf8(visitor, CPLGetBasename(f_gdal->GetDescription()));
+    std::string const name = f_whole ? f_whole->work_path() : f_gdal->GetDescription();
+    visit_utf8(visitor, CPLGetBasename(name.c_str()));
 }
 
 void dataset::with_description(vx::string_visitor visitor) const
@@ -364,8 +598,14 @@ void dataset::with_description(vx::string_visitor visitor) const
 
 void dataset::with_files(vx::string_visitor visitor) const
 {
+    if (f_copy) {
+        visitor.visit(f_connection.source.c_str());
+        return;
+    }
     CPLStringList const files(f_gdal->GetFileList());
     for (int i = 0; i < files.Count(); ++i)
-        visit_utf8(visitor, files[i]);
+        visit_utf8(visitor, f_whole ? f_whole->real_name(files[i]).c_str() : files[i]);
+    if (f_new_tables)
+        visitor.visit(f_connection.source.c_str());
 }
 } // namespace vx::gdal

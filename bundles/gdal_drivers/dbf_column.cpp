@@ -25,17 +25,21 @@ struct file_closer
 };
 using file_holder = std::unique_ptr<VSILFILE, file_closer>;
 
-/// False for a table that does not fit its file or the layer.
-bool find_cells(VSILFILE *file, OGRLayer &layer, int field, Tvx_dbf_cells &cells)
+bool find_cells(VSILFILE *file, int field, Tvx_dbf_cells &cells)
 {
     VSIFSeekL(file, 0, SEEK_END);
     vsi_l_offset const size = VSIFTellL(file);
     VSIFSeekL(file, 0, SEEK_SET);
     std::vector<char> head(c_longest_head);
     head.resize(VSIFReadL(head.data(), 1, head.size(), file));
+    return vx_dbf_find_cells(head.data(), head.size(), size, field, &cells);
+}
+
+/// False for a table that does not fit its file or the layer.
+bool find_cells(VSILFILE *file, OGRLayer &layer, int field, Tvx_dbf_cells &cells)
+{
     // GDAL takes all widths for single bytes.
-    return vx_dbf_find_cells(head.data(), head.size(), size, field, &cells) && !cells.wide &&
-           cells.used_length == cells.record_length &&
+    return find_cells(file, field, cells) && !cells.wide && cells.used_length == cells.record_length &&
            cells.fields == layer.GetLayerDefn()->GetFieldCount() &&
            cells.records == layer.GetFeatureCount(FALSE);
 }
@@ -250,5 +254,30 @@ column_result read_dbf_column(std::string const &path, OGRLayer &layer, int fiel
     }
     builder.finish();
     return column_result::done;
+}
+
+std::vector<long long> read_deleted_records(std::string const &path, OGRLayer &layer)
+{
+    std::vector<long long> deleted;
+    file_holder const file = open_table(path, layer);
+    Tvx_dbf_cells cells;
+    if (!file || !find_cells(file.get(), 0, cells))
+        return deleted;
+    auto const record_size = static_cast<std::size_t>(cells.record_length);
+    auto const records = static_cast<std::size_t>(cells.records);
+    VSIFSeekL(file.get(), cells.first_record, SEEK_SET);
+    std::size_t const records_at_once = std::max<std::size_t>(1, c_block / record_size);
+    std::vector<char> block(records_at_once * record_size);
+    for (std::size_t first = 0; first < records;) {
+        std::size_t const count =
+            VSIFReadL(block.data(), record_size, std::min(records - first, records_at_once), file.get());
+        if (count == 0)
+            break;
+        for (std::size_t i = 0; i < count; ++i)
+            if (block[i * record_size] == c_deleted)
+                deleted.push_back(static_cast<long long>(first + i));
+        first += count;
+    }
+    return deleted;
 }
 } // namespace vx::gdal

@@ -3,6 +3,7 @@
 #include "column.h"
 
 #include <string>
+#include <vector>
 
 class OGRLayer;
 
@@ -14,4 +15,6 @@ namespace vx::gdal {
 /// not offered. `path` is the name of the shapefile, of its table, or of the folder that both are in.
 [[nodiscard]] column_result read_dbf_column(std::string const &path, OGRLayer &layer, int field,
                                             column_sink const &sink);
+/// Numbers of the records of the layer's table that are marked as deleted, ascending.
+[[nodiscard]] std::vector<long long> read_deleted_records(std::string const &path, OGRLayer &layer);
 } // namespace vx::gdal

@@ -1,4 +1,6 @@
+#include "database_guard.h"
 #include "grid_set.h"
+#include "network_guard.h"
 #include "vector_set.h"
 
 #include "platform/basic/vx_bundle.h"
@@ -22,6 +24,8 @@ void open(void *, wchar_t const *source, bool read_only, t_vx_data_source_interf
           Ivx_string_adp *error)
 {
     std::wstring reason;
+    // The tables of a database are looked at when they are counted and selected.
+    opening_budget const budget;
     *result = serve(dataset::open(source ? source : L"", read_only, reason), reason);
     if (!reason.empty())
         vx_string_adp_feed(error, reason.c_str());
@@ -45,6 +49,8 @@ VX_C_API bool vxk_bundle_entry(Tvx_bundle_context const *context)
 {
     if (!context || context->version != c_vx_bundle_version)
         return false;
+    vx::gdal::install_opening_budget();
+    vx::gdal::limit_requests();
     GDALAllRegister();
     return context->add_driver(context->host, &vx::gdal::c_driver);
 }

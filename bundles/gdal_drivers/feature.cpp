@@ -2,9 +2,11 @@
 
 #include "data_types.h"
 #include "dataset.h"
+#include "gdal_errors.h"
 #include "geometry.h"
 
 #include "platform/base/text_codec.h"
+#include "platform/basic/vx_res.h"
 
 #include <cpl_error.h>
 #include <ogr_geometry.h>
@@ -16,44 +18,6 @@
 
 namespace vx::gdal {
 namespace {
-/// Drops what GDAL reports, when `is_needed`: setting up a handler costs more than reading a cell.
-class quiet_errors
-{
-public:
-    explicit quiet_errors(bool is_needed = true) : f_is_needed(is_needed)
-    {
-        if (f_is_needed)
-            CPLPushErrorHandler(&CPLQuietErrorHandler);
-    }
-    ~quiet_errors()
-    {
-        if (!f_is_needed)
-            return;
-        CPLPopErrorHandler();
-        CPLErrorReset();
-    }
-    quiet_errors(quiet_errors const &) = delete;
-    quiet_errors &operator=(quiet_errors const &) = delete;
-
-private:
-    bool f_is_needed;
-};
-
-/// True for text that is a number as a whole; blanks round it are accepted.
-bool is_number(std::string_view text)
-{
-    std::size_t const first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos)
-        return false;
-    text.remove_prefix(first);
-    text.remove_suffix(text.size() - 1 - text.find_last_not_of(' '));
-    if (text.front() == '+')
-        text.remove_prefix(1);
-    double value = 0;
-    auto const [end, problem] = std::from_chars(text.data(), text.data() + text.size(), value);
-    return problem == std::errc() && end == text.data() + text.size();
-}
-
 std::string two_digits(int value)
 {
     return CPLSPrintf("%02d", value);
@@ -106,10 +70,23 @@ std::string cell_bytes(OGRFeature const &record, int field)
 
 bool gdal_feature::flush()
 {
-    if (!f_changed || f_is_new || !f_store)
+    if (!f_store || (!f_changed && !is_new()))
         return true;
+    f_is_refused = !f_store->store(*f_table, *f_record, is_new());
+    if (f_is_refused)
+        return false;
     f_changed = false;
-    return f_store->store(*f_record);
+    f_new_fid = 0;
+    return true;
+}
+
+void gdal_feature::revert(OGRFeatureUniquePtr record)
+{
+    f_changed = f_is_refused = false;
+    if (record)
+        f_record = std::move(record);
+    else
+        f_store = nullptr;
 }
 
 void gdal_feature::leave_table()
@@ -123,7 +100,11 @@ void gdal_feature::leave_table()
 
 void gdal_feature::detach()
 {
-    (void)flush();
+    if (!flush()) {
+        f_is_left_behind = true;
+        f_store->left_behind(this); // which may end it
+        return;
+    }
     if (f_store)
         f_store->ended(this);
     delete this;
@@ -131,7 +112,7 @@ void gdal_feature::detach()
 
 long long gdal_feature::fid()
 {
-    return f_record->GetFID();
+    return is_new() ? f_new_fid : f_record->GetFID();
 }
 
 OGRGeometry const *gdal_feature::geometry() const
@@ -212,7 +193,7 @@ bool gdal_feature::get_polypoint_z(Tvx_ovtx_d3 *list)
 
 bool gdal_feature::set_geometry(std::unique_ptr<OGRGeometry> geometry)
 {
-    if (!geometry || !f_store || !f_store->can_store() || f_geom_field >= f_record->GetGeomFieldCount())
+    if (!geometry || f_geom_field >= f_record->GetGeomFieldCount() || !can_change())
         return false;
     OGRGeomFieldDefn const *const defn = f_record->GetGeomFieldDefnRef(f_geom_field);
     geometry->assignSpatialReference(defn->GetSpatialRef());
@@ -221,18 +202,25 @@ bool gdal_feature::set_geometry(std::unique_ptr<OGRGeometry> geometry)
     OGRwkbGeometryType const wanted = defn->GetType();
     if (wkbFlatten(wanted) != wkbUnknown)
         geometry.reset(OGRGeometryFactory::forceTo(geometry.release(), wanted));
-    if (!geometry || f_record->SetGeomFieldDirectly(f_geom_field, geometry.release()) != OGRERR_NONE)
+    int const kind = flat(geom_type_of(wanted));
+    if (!geometry || (kind != geom_unknown && kind != flat(geom_type_of(geometry->getGeometryType())))) {
+        f_store->refuse(vx_res_get_wstr(c_drv_geometry_type));
+        return false;
+    }
+    if (f_record->SetGeomFieldDirectly(f_geom_field, geometry.release()) != OGRERR_NONE)
         return false;
     f_changed = true;
+    f_is_refused = false;
     return true;
 }
 
 bool gdal_feature::set_empty()
 {
-    if (!f_store || !f_store->can_store() || f_geom_field >= f_record->GetGeomFieldCount())
+    if (f_geom_field >= f_record->GetGeomFieldCount() || !can_change())
         return false;
     f_record->SetGeomFieldDirectly(f_geom_field, nullptr);
     f_changed = true;
+    f_is_refused = false;
     return true;
 }
 
@@ -356,62 +344,53 @@ void gdal_feature::get_binary(int field, bool *not_null, vx::bytes_visitor visit
     visitor.visit(bytes.size(), bytes.data());
 }
 
+bool gdal_feature::can_change()
+{
+    return f_store && f_store->can_store(*f_table, is_new());
+}
+
 bool gdal_feature::can_change(int field)
 {
-    if (!f_store || !f_store->can_store() || field < 0 || field >= f_field_count)
-        return false;
-    f_changed = true;
-    return true;
+    return field >= 0 && field < f_field_count && can_change();
+}
+
+bool gdal_feature::has_put(int field, bool is_taken)
+{
+    if (is_taken) {
+        f_changed = true;
+        f_is_refused = false;
+    } else
+        f_store->refuse(
+            vx_res_format_w(c_drv_value, text::utf8_to_wide(f_record->GetFieldDefnRef(field)->GetNameRef())));
+    return is_taken;
 }
 
 bool gdal_feature::set_string(int field, wchar_t const *text)
 {
     if (!text)
         return set_undef(field);
-    std::string const bytes = text::wide_to_utf8(text);
-    int const type = field_type(field);
-    bool const wants_number = type == field_integer || type == field_bigint || type == field_numeric;
-    if ((wants_number && !is_number(bytes)) || !can_change(field))
-        return false;
-    quiet_errors const quiet;
-    f_record->SetField(field, bytes.c_str());
-    return true;
+    return can_change(field) &&
+           has_put(field, put_text(*f_record, field, text::wide_to_utf8(text), f_store->rules()));
 }
 
 bool gdal_feature::set_integer(int field, int value)
 {
-    if (!can_change(field))
-        return false;
-    f_record->SetField(field, value);
-    return true;
+    return set_bigint(field, value);
 }
 
 bool gdal_feature::set_bigint(int field, long long value)
 {
-    // A 32-bit field would keep another number.
-    if (field_type(field) == field_integer && (value < INT_MIN || value > INT_MAX))
-        return false;
-    if (!can_change(field))
-        return false;
-    f_record->SetField(field, static_cast<GIntBig>(value));
-    return true;
+    return can_change(field) && has_put(field, put_whole(*f_record, field, value, f_store->rules()));
 }
 
 bool gdal_feature::set_numeric(int field, double value)
 {
-    if (!can_change(field))
-        return false;
-    quiet_errors const quiet;
-    f_record->SetField(field, value);
-    return true;
+    return can_change(field) && has_put(field, put_number(*f_record, field, value, f_store->rules()));
 }
 
 bool gdal_feature::set_binary(int field, int size, char *bytes)
 {
-    if (size < 0 || (size > 0 && !bytes) || !can_change(field))
-        return false;
-    f_record->SetField(field, size, static_cast<void const *>(bytes));
-    return true;
+    return can_change(field) && has_put(field, put_bytes(*f_record, field, size, bytes, f_store->rules()));
 }
 
 bool gdal_feature::set_undef(int field)
@@ -419,6 +398,6 @@ bool gdal_feature::set_undef(int field)
     if (!can_change(field))
         return false;
     f_record->SetFieldNull(field);
-    return true;
+    return has_put(field, true);
 }
 } // namespace vx::gdal

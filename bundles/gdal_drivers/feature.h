@@ -1,11 +1,14 @@
 #pragma once
 
+#include "cell_write.h"
 #include "extension/binding/feature.h"
 
 #include <ogr_feature.h>
 
 #include <memory>
-#include <set>
+#include <string>
+
+class OGRLayer;
 
 namespace vx::gdal {
 class gdal_feature;
@@ -14,11 +17,17 @@ class gdal_feature;
 class feature_store
 {
 public:
-    /// Stores the feature as it is now under its identifier.
-    [[nodiscard]] virtual bool store(OGRFeature &feature) = 0;
-    [[nodiscard]] virtual bool can_store() const = 0;
+    /// Stores the record in the table: a new one, which gets its identifier, or under the one that it has.
+    /// False with the reason as the source's error, and the record is what it was.
+    [[nodiscard]] virtual bool store(OGRLayer &table, OGRFeature &record, bool is_new) = 0;
+    /// Whether the table takes such a record; false with the reason as the source's error.
+    [[nodiscard]] virtual bool can_store(OGRLayer &table, bool is_new) = 0;
+    [[nodiscard]] virtual cell_rules const &rules() const = 0;
     /// One feature was ended by its keeper.
     virtual void ended(gdal_feature *feature) = 0;
+    /// A feature was ended whose content the format refuses: the source keeps it from now on.
+    virtual void left_behind(gdal_feature *feature) = 0;
+    virtual void refuse(std::wstring const &reason) = 0;
 
 protected:
     virtual ~feature_store() = default;
@@ -26,29 +35,39 @@ protected:
 
 /// One feature outside. It is a copy of the record: it stays readable when the source reads on and after the
 /// source is closed. A change is kept in the copy and stored when the feature ends, when the source reads,
-/// flushes or commits, whichever comes first.
+/// flushes or commits, whichever comes first. A new feature is not in the table before it ends or the source
+/// flushes or commits; until then its identifier is below zero.
 class gdal_feature final : public feature_impl
 {
 public:
-    gdal_feature(feature_store *store, OGRFeatureUniquePtr record, int geom_field, bool is_new)
-        : f_store(store), f_record(std::move(record)), f_field_count(f_record->GetFieldCount()),
-          f_geom_field(geom_field), f_is_new(is_new)
+    /// `new_fid` is the identifier of a new feature until it is stored; 0 for one that is stored.
+    gdal_feature(feature_store *store, OGRLayer *table, OGRFeatureUniquePtr record, int geom_field,
+                 long long new_fid = 0)
+        : f_store(store), f_table(table), f_record(std::move(record)),
+          f_field_count(f_record->GetFieldCount()), f_geom_field(geom_field), f_new_fid(new_fid)
     {
     }
     ~gdal_feature() = default;
 
-    /// True when there was nothing to store or it went well.
+    /// True when there was nothing to store or it went well. What is refused stays to be stored.
     bool flush();
-    /// Forgets that there is something to store.
-    void drop_changes() { f_changed = false; }
+    [[nodiscard]] bool is_new() const { return f_new_fid < 0; }
+    [[nodiscard]] bool is_changed() const { return f_changed; }
+    /// The format refused it as it is now.
+    [[nodiscard]] bool is_refused() const { return f_is_refused; }
+    /// Nobody outside holds it: the format refused it when it ended.
+    [[nodiscard]] bool is_left_behind() const { return f_is_left_behind; }
+    /// The table counts its features anew.
+    void renumber(long long fid) { f_record->SetFID(fid); }
+    /// Given to a keeper again.
+    void take_up() { f_is_left_behind = false; }
+    /// Changes are taken back: the feature is the given record again, and with none it is in no table.
+    void revert(OGRFeatureUniquePtr record);
     /// The source goes; the feature lives on for reading.
     void leave_store() { f_store = nullptr; }
     /// The fields of the table are about to change: the feature becomes a copy with the fields as they were.
     void leave_table();
-    void set_store(feature_store *store) { f_store = store; }
-    /// From now on changes are stored under the identifier that the record has.
-    void set_stored() { f_is_new = f_changed = false; }
-    [[nodiscard]] OGRFeature &record() { return *f_record; }
+    [[nodiscard]] OGRLayer *table() const { return f_table; }
 
     void detach() override;
     long long fid() override;
@@ -88,15 +107,21 @@ public:
 private:
     [[nodiscard]] OGRGeometry const *geometry() const;
     [[nodiscard]] bool set_geometry(std::unique_ptr<OGRGeometry> geometry);
+    [[nodiscard]] bool can_change();
     [[nodiscard]] bool can_change(int field);
+    /// What follows an attempt to put a value into a cell.
+    bool has_put(int field, bool is_taken);
     [[nodiscard]] bool has_value(int field, bool *not_null) const;
 
     feature_store *f_store; ///< null when the source is gone
+    OGRLayer *f_table;
     OGRFeatureUniquePtr f_record;
     int f_field_count;
     int f_geom_field;
-    bool f_is_new; ///< not stored yet: the source stores it when the maker is done
+    long long f_new_fid;
     bool f_changed = false;
+    bool f_is_refused = false;
+    bool f_is_left_behind = false;
 };
 
 /// A real number as text: fifteen digits at most and no zeros at the end, whatever width the table keeps its

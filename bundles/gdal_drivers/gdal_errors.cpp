@@ -6,6 +6,8 @@
 
 #include <cpl_error.h>
 
+#include <algorithm>
+
 namespace vx::gdal {
 namespace {
 /// Enough for a message with its context; a broken file can raise one error for each of its records.
@@ -66,6 +68,17 @@ void error_guard::add(std::wstring_view sentence)
 void error_guard::add(Tvx_driver_caption sentence)
 {
     add(vx_res_get_wstr(sentence));
+}
+
+void error_guard::add(Tvx_driver_fault_caption sentence)
+{
+    add(vx_res_get_wstr(sentence));
+}
+
+void error_guard::clear()
+{
+    f_sentence.clear();
+    f_details.clear();
 }
 
 void error_guard::add_details(std::wstring_view text)

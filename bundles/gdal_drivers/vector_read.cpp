@@ -1,4 +1,5 @@
 #include "data_types.h"
+#include "dbf_column.h"
 #include "paged_filter.h"
 #include "sql_names.h"
 #include "vector_set.h"
@@ -12,7 +13,30 @@ vector_set::position_keeper::~position_keeper()
         return;
     f_set.f_layer->ResetReading();
     if (f_set.f_position > 0)
-        f_set.f_layer->SetNextByIndex(f_set.f_position);
+        (void)f_set.seek(f_set.f_position);
+}
+
+std::vector<long long> const &vector_set::deleted_records()
+{
+    if (!f_deleted) {
+        f_deleted.emplace();
+        if (f_set->is_driver("ESRI Shapefile")) {
+            if (!f_set->read_only())
+                f_layer->SyncToDisk();
+            *f_deleted = read_deleted_records(f_set->gdal().GetDescription(), *f_layer);
+        }
+    }
+    return *f_deleted;
+}
+
+bool vector_set::seek(long long index)
+{
+    // Without a filter such formats count records.
+    long long record = index;
+    if (!f_has_box && f_filter.empty())
+        for (long long const deleted : deleted_records())
+            record += deleted <= record;
+    return f_layer->SetNextByIndex(record) == OGRERR_NONE;
 }
 
 bool vector_set::has_filter() const
@@ -91,7 +115,7 @@ bool vector_set::set_attribute_filter(wchar_t const *text)
     if (!f_layer)
         return false;
     error_guard guard(f_set->error());
-    (void)flush_features();
+    store_changes();
     paged_filter const wanted(text ? text : L"");
     // Formats that only have numbers of records for identifiers find a page by its number, without a filter.
     bool const is_everything = !*f_layer->GetFIDColumn() && selects_all_identifiers(wanted.expression);
@@ -140,9 +164,9 @@ void vector_set::hand_out(OGRFeatureUniquePtr record, vx::feature_visitor visito
     if (!visitor)
         return;
     feature_store *const store = f_set->read_only() ? nullptr : this;
-    auto *const outside = new gdal_feature(store, std::move(record), f_geom_field, false);
+    auto *const outside = new gdal_feature(store, f_layer, std::move(record), f_geom_field);
     if (store)
-        f_outside.insert(outside);
+        f_outside.push_back(outside);
     visitor.visit(*outside);
 }
 
@@ -153,7 +177,7 @@ bool vector_set::with_next_feature(vx::feature_visitor visitor)
     OGRFeatureUniquePtr record;
     {
         error_guard const guard(f_set->error());
-        (void)flush_features();
+        store_changes();
         if (!f_started && !moveto_index(0))
             return false;
         if (own_page().limit >= 0 && f_delivered >= own_page().limit)
@@ -176,10 +200,16 @@ bool vector_set::with_feature(long long fid, vx::feature_visitor visitor)
 {
     if (!f_layer)
         return false;
+    // What was refused is given back as it is, to be mended.
+    if (gdal_feature *const refused = left_behind_at(fid); refused && visitor) {
+        refused->take_up();
+        visitor.visit(*refused);
+        return true;
+    }
     OGRFeatureUniquePtr record;
     {
         error_guard const guard(f_set->error());
-        (void)flush_features();
+        store_changes();
         // Where reading by identifier is a walk in disguise, it moves the reading position.
         if (f_layer->TestCapability(OLCRandomRead))
             record.reset(f_layer->GetFeature(fid));
@@ -204,7 +234,7 @@ bool vector_set::moveto_index(long long index)
     if (!f_layer || index < 0)
         return false;
     error_guard const guard(f_set->error());
-    (void)flush_features();
+    store_changes();
     reset_reading();
     f_started = true;
     long long const target = own_page().offset + index;
@@ -213,7 +243,7 @@ bool vector_set::moveto_index(long long index)
             if (!read_next())
                 return false;
     } else if (target > 0) {
-        if (f_layer->SetNextByIndex(target) != OGRERR_NONE)
+        if (!seek(target))
             return false;
         f_position = target;
     }

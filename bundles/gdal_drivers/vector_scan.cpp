@@ -95,7 +95,7 @@ bool vector_set::scan(int field, column_sink const &sink)
     if (!defn || has_filter())
         return false;
     error_guard const guard(f_set->error());
-    (void)flush_features();
+    store_changes();
     position_keeper const keeper(*this);
     column_result columns = column_result::not_offered;
     // In a table that is being changed GDAL may hold records that are not in the file yet.

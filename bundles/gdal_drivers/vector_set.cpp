@@ -3,11 +3,13 @@
 #include "data_types.h"
 #include "field_dict.h"
 #include "long_work.h"
+#include "sql_names.h"
 
 #include "platform/base/text_codec.h"
 #include "platform/basic/vx_fault.h"
 #include "platform/basic/vx_res.h"
 
+#include <cpl_vsi.h>
 #include <ogr_spatialref.h>
 
 #include <climits>
@@ -28,6 +30,22 @@ std::size_t longest_field_name(dataset const &set)
     return set.is_driver("ESRI Shapefile") ? 10 : set.is_driver("MapInfo File") ? 31 : 0;
 }
 
+/// Formats that are no text, and so keep every number.
+cell_rules rules_of(dataset const &set, OGRLayer *layer)
+{
+    cell_rules rules;
+    bool const is_server = set.is_driver("PostgreSQL");
+    bool const is_binary = set.is_driver("FlatGeobuf") || set.is_driver("Memory");
+    rules.keeps_nan = is_server || is_binary;
+    rules.keeps_infinity = rules.keeps_nan || set.is_driver("GPKG") || set.is_driver("SQLite");
+    rules.is_dbf = set.is_driver("ESRI Shapefile");
+    char const *const encoding =
+        rules.is_dbf && layer ? layer->GetMetadataItem("SOURCE_ENCODING", "SHAPEFILE") : nullptr;
+    if (encoding && *encoding && !EQUAL(encoding, CPL_ENC_UTF8))
+        rules.encoding = encoding;
+    return rules;
+}
+
 /// The text cut to `bytes` bytes of UTF-8 without cutting through a character.
 std::wstring cut(std::wstring text, std::size_t bytes)
 {
@@ -40,8 +58,14 @@ std::wstring cut(std::wstring text, std::size_t bytes)
 vector_set *vector_set::make(std::unique_ptr<dataset> set, std::wstring &error)
 {
     auto *const result = new vector_set(std::move(set));
-    connection_text const &connection = result->f_set->connection();
     GDALDataset &gdal = result->f_set->gdal();
+    {
+        error_guard const guard(result->f_set->error());
+        std::wstring const &tail = result->f_set->connection().layer_tail;
+        if (!tail.empty() && gdal.GetLayerByName(text::wide_to_utf8(tail).c_str()))
+            result->f_set->take_layer_tail();
+    }
+    connection_text const &connection = result->f_set->connection();
     if (!connection.layer.empty()) {
         if (!result->select_vector(connection.layer.c_str()))
             error =
@@ -62,14 +86,25 @@ vector_set *vector_set::make(std::unique_ptr<dataset> set, std::wstring &error)
 vector_set::~vector_set()
 {
     for (gdal_feature *feature : f_outside)
-        feature->leave_store();
+        if (feature->is_left_behind())
+            delete feature;
+        else
+            feature->leave_store();
 }
 
 void vector_set::detach()
 {
-    (void)flush_features();
-    if (f_in_transaction)
-        (void)transaction_commit();
+    std::wstring loss;
+    {
+        error_guard guard(loss);
+        (void)store_all(guard);
+        if (f_in_transaction)
+            f_set->gdal().CommitTransaction();
+        (void)f_set->save(guard);
+    }
+    // Nothing comes back from here: the user is told.
+    if (!loss.empty())
+        vx_reason_report(loss.c_str());
     std::wstring ignored;
     error_guard const guard(ignored);
     delete this;
@@ -83,7 +118,9 @@ void vector_set::select(OGRLayer *layer)
     f_page = {};
     f_is_pushed = false;
     f_has_box = false;
+    f_deleted.reset();
     f_stats.clear();
+    f_rules = rules_of(*f_set, layer);
     if (layer) {
         layer->SetAttributeFilter(nullptr);
         layer->SetSpatialFilter(nullptr);
@@ -106,7 +143,7 @@ bool vector_set::has_capability(int capability)
     switch (capability) {
     case can_read_by_index:
         // Some formats find single features fast, but count them from 1.
-        return layer_can(OLCRandomRead) && layer_can(OLCFastSetNextByIndex) &&
+        return layer_can(OLCRandomRead) && layer_can(OLCFastSetNextByIndex) && deleted_records().empty() &&
                OGRFeatureUniquePtr(f_layer->GetFeature(0));
     case can_create_features:
         return writable && layer_can(OLCSequentialWrite);
@@ -123,7 +160,7 @@ bool vector_set::has_capability(int capability)
     case can_reorder_fields:
         return writable && layer_can(OLCReorderFields);
     case can_roll_back:
-        return writable && f_set->gdal().TestCapability(ODsCTransactions);
+        return f_set->can_roll_back();
     case can_create_vectors:
         return writable && f_set->gdal().TestCapability(ODsCCreateLayer);
     case can_count_fast:
@@ -239,8 +276,17 @@ bool vector_set::field_readonly(int)
 
 void vector_set::field_default(int field, vx::string_visitor visitor)
 {
-    if (auto const *const f = field_at(field))
-        visit_utf8(visitor, f->GetDefault());
+    auto const *const f = field_at(field);
+    if (!f || !f->GetDefault())
+        return;
+    // Text stands in quotes there, doubled within.
+    std::string value = f->GetDefault();
+    if (value.size() >= 2 && value.front() == '\'' && value.back() == '\'') {
+        value = value.substr(1, value.size() - 2);
+        for (std::size_t at = value.find("''"); at != std::string::npos; at = value.find("''", at + 1))
+            value.erase(at, 1);
+    }
+    visit_utf8(visitor, value.c_str());
 }
 
 bool vector_set::field_dict(int field, vx::dict_visitor visitor)
@@ -306,7 +352,7 @@ bool vector_set::select_vector(wchar_t const *name)
         guard.add(c_drv_no_such_table);
         return false;
     }
-    (void)flush_features();
+    store_changes();
     select(layer);
     return true;
 }
@@ -337,14 +383,17 @@ unsigned long long vector_set::feature_count(bool force)
     if (!f_layer)
         return 0;
     error_guard const guard(f_set->error());
-    (void)flush_features();
+    store_changes();
     position_keeper const keeper(*this);
     long long count = -1;
     f_layer->ResetReading();
     // GDAL's own count of text tables is wrong once a box filter was taken off.
-    if (f_only_type == geom_unknown && !f_set->is_driver("CSV"))
-        attend([&](auto const &) { count = f_layer->GetFeatureCount(force); });
-    else if (force) {
+    bool const is_plain = !f_has_box && f_filter.empty();
+    if (f_only_type == geom_unknown && !f_set->is_driver("CSV") && (is_plain || deleted_records().empty())) {
+        attend([&](auto const &) { count = believable_count(force); });
+        if (count >= 0 && is_plain)
+            count = std::max(0LL, count - static_cast<long long>(deleted_records().size()));
+    } else if (force) {
         count = 0;
         attend([&](std::atomic<bool> const &given_up) {
             while (OGRFeatureUniquePtr const record{f_layer->GetNextFeature()}) {
@@ -361,6 +410,25 @@ unsigned long long vector_set::feature_count(bool force)
     page const paged = own_page();
     count = std::max(0LL, count - paged.offset);
     return static_cast<unsigned long long>(paged.limit < 0 ? count : std::min(count, paged.limit));
+}
+
+/// Databases may state how many features a table has. What their file has no room for is counted.
+long long vector_set::believable_count(bool force)
+{
+    long long const count = f_layer->GetFeatureCount(force);
+    bool const may_state = f_set->is_driver("GPKG") || f_set->is_driver("SQLite");
+    VSIStatBufL info = {};
+    if (!may_state || !f_set->read_only() || count <= 0 || !f_filter.empty() || f_has_box ||
+        VSIStatL(f_set->gdal().GetDescription(), &info) != 0 || count < info.st_size / 4)
+        return count;
+    auto *const rows = f_set->gdal().ExecuteSQL(
+        ("SELECT COUNT(*) FROM " + table_name(*f_layer, false)).c_str(), nullptr, nullptr);
+    if (!rows)
+        return -1;
+    OGRFeatureUniquePtr const row(rows->GetNextFeature());
+    long long const counted = row ? row->GetFieldAsInteger64(0) : -1;
+    f_set->gdal().ReleaseResultSet(rows);
+    return counted;
 }
 
 void vector_set::fid_field_name(vx::string_visitor visitor)

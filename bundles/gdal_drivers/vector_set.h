@@ -17,7 +17,7 @@
 #include <functional>
 #include <map>
 #include <optional>
-#include <unordered_set>
+#include <vector>
 
 namespace vx::gdal {
 /// A data set with tables: one of them is selected and read, changed and counted. Made by `open_source`,
@@ -127,6 +127,8 @@ public:
 
 private:
     class position_keeper;
+    /// Below what GDAL takes for "none".
+    static constexpr long long c_first_new_fid = -2;
 
     /// What one pass over a field tells.
     struct field_stat
@@ -140,6 +142,13 @@ private:
         std::optional<long long> distinct;
     };
 
+    /// What has become of the numbers of rows since the table was saved.
+    struct row_numbers
+    {
+        long long last = 0;
+        std::vector<long long> deleted;
+    };
+
     /// The end of an attribute filter.
     struct page
     {
@@ -151,17 +160,26 @@ private:
     ~vector_set();
 
     // feature_store
-    bool store(OGRFeature &feature) override;
-    bool can_store() const override { return !f_set->read_only(); }
-    void ended(gdal_feature *feature) override { f_outside.erase(feature); }
+    bool store(OGRLayer &table, OGRFeature &record, bool is_new) override;
+    bool can_store(OGRLayer &table, bool is_new) override;
+    cell_rules const &rules() const override { return f_rules; }
+    void ended(gdal_feature *feature) override;
+    void left_behind(gdal_feature *feature) override;
+    void refuse(std::wstring const &reason) override { f_set->error() = reason; }
 
     void select(OGRLayer *layer);
     [[nodiscard]] OGRFieldDefn const *field_at(int field) const;
     [[nodiscard]] OGRGeomFieldDefn const *geom_field_at(int field) const;
     [[nodiscard]] OGRFeatureUniquePtr read_next();
+    /// Reads on from feature `index` of those that the layer gives.
+    [[nodiscard]] bool seek(long long index);
+    /// Numbers of the deleted records that are still in the file, ascending; such formats count them as
+    /// features.
+    [[nodiscard]] std::vector<long long> const &deleted_records();
     [[nodiscard]] bool is_wanted(OGRFeature const &record) const;
     [[nodiscard]] bool has_filter() const;
     void hand_out(OGRFeatureUniquePtr record, vx::feature_visitor visitor);
+    [[nodiscard]] long long believable_count(bool force);
     bool install_filter(std::string const &text, error_guard &guard);
     /// The page as a condition that the database works out; empty where this object pages.
     [[nodiscard]] std::string pushed_page(std::string const &filter, page const &wanted) const;
@@ -169,9 +187,23 @@ private:
     [[nodiscard]] page own_page() const { return f_is_pushed ? page() : f_page; }
     /// Makes the layer give what the filter and the page say, after one of them or the box changed.
     bool apply_filter(std::string const &filter, page const &wanted, error_guard &guard);
-    bool flush_features();
-    /// Before the fields change: stores what is to be stored and lets the features outside go.
-    void release_features();
+    /// Stores what is changed in the table, without which it would be read as it was. New features stay
+    /// outside, and so does what the format refused: it is told of when the changes are flushed.
+    void store_changes();
+    /// Stores everything, new features in the order of their making. False when something was refused, with
+    /// the reasons; it stays to be mended.
+    [[nodiscard]] bool store_all(error_guard &guard);
+    /// Before the fields change: stores what is to be stored and lets the features outside go. False when
+    /// something was refused.
+    [[nodiscard]] bool release_features(error_guard &guard);
+    /// One that the format refused when it ended; null when there is none of this identifier.
+    [[nodiscard]] gdal_feature *left_behind_at(long long fid) const;
+    /// The source forgets the feature; one that was left behind ends.
+    void forget(gdal_feature *feature);
+    [[nodiscard]] bool finish_save(error_guard &guard);
+    /// Of formats whose identifiers are numbers of rows, which GDAL does not tell for a new row.
+    [[nodiscard]] long long next_row(OGRLayer &table);
+    void renumber_rows();
     [[nodiscard]] bool may_change(error_guard &guard) const;
     void content_changed();
     /// Reads one field of all features, by columns where that is faster. False when the table cannot be read
@@ -193,12 +225,18 @@ private:
     page f_page;
     bool f_is_pushed = false; ///< the database pages
     bool f_has_box = false;
+    std::optional<std::vector<long long>> f_deleted;
     bool f_started = false;    ///< the offset is passed
     long long f_position = 0;  ///< features that the layer gave since its start
     long long f_delivered = 0; ///< features handed out since the start
     bool f_in_transaction = false;
     std::map<int, field_stat> f_stats;
-    std::unordered_set<gdal_feature *> f_outside; ///< of a set that can be changed
+    std::vector<gdal_feature *> f_outside; ///< of a set that can be changed; new ones in the order of making
+    gdal_feature *f_making = nullptr;      ///< the new feature that a caller fills right now
+    bool f_was_made = false;               ///< what became of it when it ended
+    long long f_next_new_fid = c_first_new_fid;
+    cell_rules f_rules;
+    std::map<OGRLayer *, row_numbers> f_rows;
 };
 
 /// Keeps the reading position over a pass over the whole table.

@@ -234,7 +234,7 @@ bool vector_set::ask_database(int field, field_stat &stat)
         return false;
     std::wstring ignored;
     error_guard const guard(ignored);
-    (void)flush_features();
+    store_changes();
     GDALDataset &base = f_set->gdal();
     field_question const asked(*f_layer, *field_at(field), is_server);
     auto const first = database_answer(base, "SELECT " + asked.number + asked.rows + " LIMIT 1").next();
@@ -407,7 +407,7 @@ bool vector_set::distinct_in_database(int field, int limit,
         return false;
     std::wstring ignored;
     error_guard const guard(ignored);
-    (void)flush_features();
+    store_changes();
     std::string const name = quoted_name(field_at(field)->GetNameRef());
     std::string question =
         "SELECT DISTINCT " + name + " FROM " + table_name(*f_layer, true) + " WHERE " + name + " IS NOT NULL";

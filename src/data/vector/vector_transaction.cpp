@@ -24,10 +24,11 @@ bool vector_transaction::acquire(vector_datasource &source)
 
 bool vector_transaction::commit()
 {
-    if (f_state != state_started)
+    // A refused commit leaves the transaction as it is: what was refused can be mended, or all rolled back.
+    if (f_state != state_started || !f_source->commit_transaction())
         return false;
     f_state = state_committed;
-    return f_source->commit_transaction();
+    return true;
 }
 
 bool vector_transaction::rollback()

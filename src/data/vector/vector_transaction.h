@@ -18,6 +18,8 @@ public:
 
     /// Starts a transaction on `source` if none was started yet; false otherwise, with nothing done.
     bool acquire(vector_datasource &source);
+    /// False when the source refuses; the transaction then goes on, to be mended and committed again, or
+    /// rolled back. The reason is the source's `error_message()`.
     bool commit();
     bool rollback();
 

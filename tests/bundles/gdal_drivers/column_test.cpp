@@ -276,10 +276,11 @@ TEST(gdal_column, what_is_no_number_has_no_part_in_statistics)
             for (double const value : {2.0, c_nan, -4.0, c_nan, 8.0})
                 ASSERT_TRUE(add(made, [&](vx::feature f) {
                     Tvx_vtx_d2 place{1, 2};
-                    EXPECT_TRUE(f.set_point(&place) && f.set_numeric(0, value) &&
-                                f.set_numeric(1, value == 8    ? c_infinity
-                                                 : value == -4 ? -c_infinity
-                                                               : value));
+                    double const bound = value == 8 ? c_infinity : value == -4 ? -c_infinity : value;
+                    // The databases have no such number, and none in its place.
+                    bool const is_kept = c.driver == 4 || !std::isnan(value);
+                    EXPECT_TRUE(f.set_point(&place));
+                    EXPECT_EQ(f.set_numeric(0, value) && f.set_numeric(1, bound), is_kept);
                 }));
         }
         source const s(path);

@@ -234,8 +234,13 @@ TEST_P(gdal_edit, a_kept_new_feature_goes_on_as_a_stored_one)
     keeper k;
     ASSERT_TRUE(made.table.create_feature(0, k));
     EXPECT_TRUE(k.item.set_integer(0, 5));
+    EXPECT_EQ(made.table.feature_count(true), 0u) << "it is not finished";
+    ASSERT_TRUE(made.table.flush_changes());
     EXPECT_EQ(column(made, 0), std::vector<std::wstring>{L"5"});
     EXPECT_EQ(made.table.feature_count(true), 1u);
+    EXPECT_GE(k.item.fid(), 0);
+    EXPECT_TRUE(k.item.set_integer(0, 6));
+    EXPECT_EQ(column(made, 0), std::vector<std::wstring>{L"6"});
 }
 
 TEST_P(gdal_edit, columns_are_counted_without_their_nulls)

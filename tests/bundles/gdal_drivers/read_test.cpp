@@ -1,11 +1,15 @@
 #include "source.h"
 #include "support/comma_locale.h"
+#include "support/temp_dir.h"
+#include "writing.h"
 
 #include <climits>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <numeric>
 
 using namespace vx_test;
+namespace fs = std::filesystem;
 
 namespace {
 // The expected numbers were counted from the bytes of the files.
@@ -373,5 +377,96 @@ TEST(gdal_read, numbers_do_not_depend_on_the_locale)
     EXPECT_EQ(k.text(0), L"0.114");
     EXPECT_TRUE(s.forward.set_attribute_filter(L"AREA < 0.05"));
     EXPECT_FALSE(rest_of(s).empty());
+}
+} // namespace
+
+namespace {
+TEST(gdal_read, deleted_records_are_no_features)
+{
+    temp_dir const dir;
+    std::wstring const path = vx::text::utf8_to_wide((dir / "t.shp").string());
+    {
+        source const s(path, 1);
+        ASSERT_TRUE(s.table.create_vector(L"t", 1, 0, definition({{L"n", 3}})));
+        for (int i = 0; i < 10; ++i)
+            ASSERT_TRUE(add(s, [&](vx::feature f) {
+                Tvx_vtx_d2 place{1.0 * i, 2};
+                EXPECT_TRUE(f.set_point(&place) && f.set_integer(0, i));
+            }));
+        for (long long const fid : {0LL, 4LL, 5LL, 9LL})
+            ASSERT_TRUE(s.table.delete_feature(fid));
+        EXPECT_EQ(s.table.feature_count(true), 6u);
+    }
+    ASSERT_EQ(fs::file_size(dir / "t.shx"), 100u + 8 * 10) << "the records are still there";
+    std::vector<long long> const all{1, 2, 3, 6, 7, 8};
+    for (bool const read_only : {true, false}) {
+        source const s(path, read_only);
+        EXPECT_EQ(s.table.feature_count(true), 6u);
+        EXPECT_EQ(s.table.feature_count(false), 6u);
+        EXPECT_FALSE(s.data.has_capability(0)) << "identifiers are no positions";
+        std::vector<long long> walked;
+        for (keeper k; s.forward.with_next_feature(k);) {
+            walked.push_back(k.item.fid());
+            EXPECT_EQ(s.table.feature_count(true), 6u);
+            double value = 0;
+            EXPECT_TRUE(s.stat.maximum(0, &value));
+            EXPECT_EQ(value, 8);
+        }
+        EXPECT_EQ(walked, all) << "counting on the way repeats nothing";
+        for (std::size_t i = 0; i < all.size(); ++i) {
+            ASSERT_TRUE(s.random.moveto_index(static_cast<long long>(i)));
+            EXPECT_EQ(rest_of(s),
+                      std::vector<long long>(all.begin() + static_cast<std::ptrdiff_t>(i), all.end()));
+        }
+        ASSERT_TRUE(s.forward.set_attribute_filter(L"FID >= 0 LIMIT 2 OFFSET 3"));
+        EXPECT_EQ(rest_of(s), (std::vector<long long>{6, 7}));
+        EXPECT_EQ(s.table.feature_count(true), 2u);
+        ASSERT_TRUE(s.forward.set_attribute_filter(L"n > 2"));
+        EXPECT_EQ(s.table.feature_count(true), 4u);
+        ASSERT_TRUE(s.random.moveto_index(2));
+        EXPECT_EQ(rest_of(s), (std::vector<long long>{7, 8}));
+        ASSERT_TRUE(s.forward.set_attribute_filter(nullptr));
+        Tvx_box_d2 box{3.5, 0, 7.5, 9};
+        ASSERT_TRUE(s.forward.set_spatial_filter(&box));
+        EXPECT_EQ(s.table.feature_count(true), 2u);
+        EXPECT_EQ(rest_of(s), (std::vector<long long>{6, 7}));
+    }
+}
+
+TEST(gdal_read, names_that_the_connection_string_divides_by)
+{
+    temp_dir const dir;
+    std::wstring const path = vx::text::utf8_to_wide((dir / "t.gpkg").string());
+    {
+        source const s(path, 2);
+        for (wchar_t const *const name : {L"plain|", L"a&b|", L"a|"})
+            ASSERT_TRUE(s.table.create_vector(name, 1, 0, definition({{L"n", 3}})));
+    }
+    source const s(path);
+    ASSERT_EQ(s.data.vector_count(), 3);
+    for (int i = 0; i < 3; ++i) {
+        auto const name = text_of([&](vx::string_visitor v) { s.data.vector_name(i, v); });
+        auto const again = text_of([&](vx::string_visitor v) { s.data.vector_source(i, v); });
+        source const table(again);
+        ASSERT_TRUE(table.is_open()) << vx::text::wide_to_utf8(again);
+        EXPECT_EQ(text_of([&](vx::string_visitor v) { table.data.with_name(v); }), name);
+        EXPECT_EQ(text_of([&](vx::string_visitor v) { table.data.vector_source(i, v); }), again);
+    }
+
+    // Options of opening go on to the tables; a path may have either separator; a file name may hold "|".
+    write_file(dir / "p|q.csv", "x,y,label\n1,2,here\n");
+    fs::create_directory(dir / "sub");
+    write_file(dir / "sub" / "r.csv", "x,y,label\n1,2,here\n");
+    std::wstring const folder = vx::text::utf8_to_wide(dir.path().string());
+    source const piped(folder + L"/p|q.csv|X_POSSIBLE_NAMES=x&Y_POSSIBLE_NAMES=y");
+    ASSERT_TRUE(piped.is_open()) << vx::text::wide_to_utf8(source::refusal());
+    source const back(folder + L"\\sub\\r.csv|X_POSSIBLE_NAMES=x&Y_POSSIBLE_NAMES=y");
+    ASSERT_TRUE(back.is_open()) << vx::text::wide_to_utf8(source::refusal());
+    for (source const *const opened : {&piped, &back}) {
+        EXPECT_EQ(opened->table.geom_type(), 1);
+        source const again(text_of([&](vx::string_visitor v) { opened->data.vector_source(0, v); }));
+        ASSERT_TRUE(again.is_open()) << vx::text::wide_to_utf8(source::refusal());
+        EXPECT_EQ(again.table.geom_type(), 1);
+    }
 }
 } // namespace

@@ -269,6 +269,22 @@ TEST(transaction, keeps_its_changes_unless_told)
     }
     EXPECT_EQ(s.transactions[1], 1);
     EXPECT_EQ(s.transactions[2], 1);
+    {
+        vector_transaction t(d);
+        s.commits = false;
+        EXPECT_FALSE(t.commit());
+        s.commits = true;
+        EXPECT_TRUE(t.commit()) << "what was refused is mended";
+        EXPECT_FALSE(t.rollback());
+    }
+    {
+        vector_transaction t(d);
+        s.commits = false;
+        EXPECT_FALSE(t.commit());
+        EXPECT_TRUE(t.rollback()) << "or given up";
+    }
+    EXPECT_EQ(s.transactions[1], 4);
+    EXPECT_EQ(s.transactions[2], 2);
 }
 
 TEST(cells, any_holds_each_kind)

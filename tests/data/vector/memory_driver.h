@@ -132,7 +132,8 @@ public:
     unsigned long long feature_count(bool) override { return rows.size(); }
     void fid_field_name(vx::string_visitor visitor) override { visitor.visit(fid_name.c_str()); }
     bool transaction_start() override { return ++transactions[0] > 0; }
-    bool transaction_commit() override { return ++transactions[1] > 0; }
+    bool commits = true; ///< or refuses
+    bool transaction_commit() override { return ++transactions[1] > 0 && commits; }
     bool transaction_rollback() override { return ++transactions[2] > 0; }
 
     // feature_forward_request

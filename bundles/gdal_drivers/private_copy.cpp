@@ -1,0 +1,30 @@
+#include "private_copy.h"
+
+#include <cstdlib>
+#include <string>
+
+namespace vx::gdal {
+namespace fs = std::filesystem;
+
+std::unique_ptr<private_copy> private_copy::make(fs::path const &base)
+{
+    std::error_code problem;
+    std::string folder = (fs::temp_directory_path(problem) / "vx_base_XXXXXX").string();
+    if (problem || !mkdtemp(folder.data()))
+        return nullptr;
+    std::unique_ptr<private_copy> result(new private_copy);
+    result->f_folder = folder;
+    result->f_name = base.filename();
+    if (!fs::copy_file(base, result->path(), problem) ||
+        !fs::copy_file(base.string() + "-wal", result->path().string() + "-wal", problem))
+        return nullptr;
+    return result;
+}
+
+private_copy::~private_copy()
+{
+    std::error_code ignored;
+    if (!f_folder.empty())
+        fs::remove_all(f_folder, ignored);
+}
+} // namespace vx::gdal
