@@ -53,19 +53,35 @@ class Family:
         self.handle, self.table = f't_vx_{name}_interface', f'vx_{name}_interface_table'
 
 
+class Codes:
+    """The numbers of one enumeration."""
+    def __init__(self, name, prefix, comment):
+        self.name, self.prefix, self.comment, self.values = name, prefix, comment, []
+
+    def add(self, text):
+        text, _, comment = (part.strip() for part in text.partition(' -- '))
+        m = re.fullmatch(r'(\d+) (\w+)', text)
+        if not m or any(int(m.group(1)) == v or m.group(2) == n for v, n, _ in self.values):
+            raise Bad(f'code "{text}"')
+        self.values.append((int(m.group(1)), m.group(2), comment))
+
+
 def read(path):
-    families, groups, defaults = {}, {}, []
+    families, groups, defaults, codes = {}, {}, [], []
     family = group = None
     for number, line in enumerate(path.read_text().splitlines(), 1):
         try:
             if not line.strip() or line.startswith('#'):
                 continue
             if line[0] == ' ':
-                family.methods.append(Method(line.strip()))
+                if family:
+                    family.methods.append(Method(line.strip()))
+                else:
+                    codes[-1].add(line.strip())
                 continue
             line, _, comment = (part.strip() for part in line.partition(' -- '))
             word, *rest = line.split()
-            if comment and word != 'family':
+            if comment and word not in ('family', 'codes'):
                 raise Bad(f'comment of a {word}')
             if word == 'group':
                 group = rest[0]
@@ -75,6 +91,9 @@ def read(path):
                 if name in families or set(flags) - {'datasource', 'passed', 'marker'}:
                     raise Bad(f'family {name}: listed twice, or flags {flags}')
                 family = families[name] = Family(name, revision, flags, group, comment)
+            elif word == 'codes':
+                family = None
+                codes.append(Codes(*rest, comment))
             elif word == 'default':
                 defaults.append((rest[0], rest[1], rest[2:]))
             else:
@@ -93,7 +112,7 @@ def read(path):
                 raise Bad(f'default of {method}: {name} has no such method')
             elif names != ['*']:
                 f.defaults.append((value, method))
-    return families, groups
+    return families, groups, codes
 
 
 def needs(f, families):
@@ -283,6 +302,23 @@ def header(part, families, note):
     return ''.join(out) + '}\n'
 
 
+def codes_header(codes):
+    """Each enumeration as a type of its own, and beside it as plain numbers, for tables of plain functions."""
+    out = [HEAD, '\n// The numbers that cross the component interface beside text and handles. They are fixed.\n\n'
+           'namespace vx::codes\n{\n']
+    for c in codes:
+        out += [sentence(c.comment, ''), f'enum class {c.name} : int\n{{\n']
+        out += [f'    {name} = {value},' + (f' ///< {comment}' if comment else '') + '\n'
+                for value, name, comment in c.values]
+        out.append('};\n\n')
+    out.append('}\n\nnamespace vx::codes::plain\n{\n')
+    for c in codes:
+        out.append(f'enum {c.name} : int\n{{\n')
+        out += [f'    {c.prefix}_{name} = {value},\n' for value, name, _ in c.values]
+        out.append('};\n\n')
+    return ''.join(out) + '}\n'
+
+
 def tidy(text):
     """The layout of the project for the few forms that are written above, lines up to 110 columns."""
     out = []
@@ -308,14 +344,14 @@ def tidy(text):
 
 
 def generate(path):
-    families, groups = read(path)
+    families, groups, codes = read(path)
     parts = components(families)
     for f in families.values():
         f.header = f'{f.group}_families.h'
     for part in parts:
         for name in part:
             families[name].header = f'{part[0]}.h'
-    files = {}
+    files = {'codes.h': tidy(codes_header(codes))}
     for part in parts:
         files[f'{part[0]}.h'] = tidy(header(part, families, ''))
         for name in part[1:]:

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "extension/binding/codes.h"
+
 #include <ogr_core.h>
 
 #include <string_view>
@@ -9,76 +11,7 @@ class OGRGeometry;
 
 /// The numbers that cross the component interface, and what they are in GDAL.
 namespace vx::gdal {
-enum geom_type : int
-{
-    geom_none = 0,
-    geom_point = 1,
-    geom_polyline = 3,
-    geom_polygon = 5,
-    geom_multipoint = 8,
-    geom_point_z = 11,
-    geom_polyline_z = 13,
-    geom_polygon_z = 15,
-    geom_multipoint_z = 18,
-    geom_multipatch = 31,
-    geom_unknown = 100,
-};
-
-enum field_type : int
-{
-    field_none = 0,
-    field_string = 1,
-    field_numeric = 2,
-    field_integer = 3,
-    field_bigint = 4,
-};
-
-enum field_subtype : int
-{
-    subtype_none = 0,
-    subtype_boolean = 1,
-    subtype_date = 2,
-    subtype_time = 3,
-    subtype_date_time = 4,
-    subtype_binary = 5,
-    subtype_list = 6,
-    subtype_structured = 7, ///< structured text: JSON
-};
-
-/// What `has_capability` is asked for. The first number is fixed; the others are this driver's.
-enum capability : int
-{
-    can_read_by_index = 0, ///< single features by index, fast; their identifiers count from 0
-    can_create_features = 1,
-    can_change_features = 2,
-    can_delete_features = 3,
-    can_create_fields = 4,
-    can_delete_fields = 5,
-    can_alter_fields = 6,
-    can_reorder_fields = 7,
-    can_roll_back = 8, ///< transactions are real; elsewhere changes are stored as they come
-    can_create_vectors = 9,
-    can_count_fast = 10,
-    can_filter_by_box_fast = 11,
-};
-
-/// A kind of data set, for `driver_id` and for creation; 0 is any other.
-enum driver_id : int
-{
-    driver_other = 0,
-    driver_shapefile = 1,
-    driver_geopackage = 2,
-    driver_geojson = 3,
-    driver_flatgeobuf = 4,
-    driver_csv = 5,
-    driver_mapinfo = 6,
-    driver_sqlite = 7,
-    driver_kml = 8,
-    driver_gml = 9,
-    driver_geotiff = 10,
-    driver_memory = 11,
-    driver_memory_grid = 12, ///< a grid in memory, which ends with its source
-};
+using namespace codes::plain;
 
 /// `geom_unknown` for a mixed or unknown type. Curves count as the lines that they are drawn by.
 [[nodiscard]] int geom_type_of(OGRwkbGeometryType type);

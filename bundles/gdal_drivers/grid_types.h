@@ -1,5 +1,7 @@
 #pragma once
 
+#include "extension/binding/codes.h"
+
 #include "platform/base/no_data.h"
 
 #include <gdal.h>
@@ -8,43 +10,7 @@ class GDALRasterBand;
 
 /// Numbers of the component interface for grids, and what they are in GDAL.
 namespace vx::gdal {
-/// Answer of every transfer of cells.
-enum transfer_status : int
-{
-    transfer_not_offered = 0,
-    transfer_done = 1,
-    transfer_failed = 2,
-};
-
-/// The type of cells that crosses.
-enum cell_type : int
-{
-    cells_none = 0,
-    cells_uint8 = 1,
-    cells_int8 = 2,
-    cells_int16 = 3,
-    cells_uint16 = 4,
-    cells_int32 = 5,
-    cells_uint32 = 6,
-    cells_int64 = 7,
-    cells_uint64 = 8,
-    cells_float32 = 9,
-    cells_float64 = 10,
-};
-
-/// Kind of the cells of a field.
-enum cell_kind : int
-{
-    cells_measured = 0, ///< numbers of a scale
-    cells_coded = 1,    ///< numbers of classes: the field has a palette or names for its values
-};
-
-/// What a cell of a grid stands for.
-enum grid_kind : int
-{
-    grid_of_areas = 0,
-    grid_of_points = 1, ///< the value is that of the cell's centre
-};
+using namespace codes::plain;
 
 /// Signed bytes are a property of a band of bytes.
 [[nodiscard]] bool has_signed_bytes(GDALRasterBand &band);

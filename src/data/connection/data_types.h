@@ -1,5 +1,7 @@
 #pragma once
 
+#include "extension/binding/codes.h"
+
 #include "platform/base/export.h"
 
 #include <cstdint>
@@ -8,45 +10,9 @@
 /// Types of geometry, of attribute fields and of grid cells. The numbers cross the component interface and
 /// are fixed.
 namespace vx::data {
-enum class geom_type : int
-{
-    none = 0,
-    point = 1,
-    polyline = 3,
-    polygon = 5,
-    multipoint = 8,
-    point_z = 11,
-    polyline_z = 13,
-    polygon_z = 15,
-    multipoint_z = 18,
-    multipatch = 31,
-    unknown = 100,
-};
-
-enum class field_type : int
-{
-    none = 0,
-    string = 1,
-    numeric = 2, ///< 64-bit floating
-    integer = 3, ///< 32-bit signed
-    bigint = 4,  ///< 64-bit signed
-};
-
-/// Unsigned comes first for 8 bits, signed first for the wider ones.
-enum class data_type : int
-{
-    none = 0,
-    uint8 = 1,
-    int8 = 2,
-    int16 = 3,
-    uint16 = 4,
-    int32 = 5,
-    uint32 = 6,
-    int64 = 7,
-    uint64 = 8,
-    float32 = 9,
-    float64 = 10,
-};
+using codes::data_type;
+using codes::field_type;
+using codes::geom_type;
 
 /// An index or a limit as the component interface takes it: cut to the low 32 bits.
 [[nodiscard]] constexpr int interface_index(std::uint64_t number)

@@ -1,6 +1,7 @@
 #include "platform/data/detail/attr_set.h"
 
 #include "captions/engine.h"
+#include "extension/binding/codes.h"
 #include "extension/binding/column_source.h"
 #include "extension/binding/feature_forward_request.h"
 #include "extension/binding/string_visitor.h"
@@ -21,56 +22,35 @@
 
 namespace vx::attr {
 namespace {
-// What the drivers say of a field: its type, and what its text stands for.
-enum driver_type : int
-{
-    c_driver_string = 1,
-    c_driver_numeric = 2,
-    c_driver_integer = 3,
-    c_driver_bigint = 4,
-};
-enum driver_subtype : int
-{
-    c_driver_date = 2,
-    c_driver_time = 3,
-    c_driver_date_time = 4,
-    c_driver_binary = 5,
-};
+using namespace codes::plain;
 
 // Types with z have the number of the flat one and this; a patch of surfaces has no flat form.
-constexpr int c_geom_z = 10;
-enum driver_geometry : int
-{
-    c_geom_point = 1,
-    c_geom_polyline = 3,
-    c_geom_polygon = 5,
-    c_geom_multipoint = 8,
-};
+constexpr int c_geom_z = geom_point_z - geom_point;
 
 constexpr std::size_t c_max_records = std::numeric_limits<int>::max();
 
 int field_type(int type, int subtype)
 {
     switch (subtype) {
-    case c_driver_date:
+    case subtype_date:
         return c_attr_date;
-    case c_driver_time:
+    case subtype_time:
         return c_attr_time;
-    case c_driver_date_time:
+    case subtype_date_time:
         return c_attr_date_time;
-    case c_driver_binary:
+    case subtype_binary:
         return c_attr_binary;
     default:
         break;
     }
     switch (type) {
-    case c_driver_string:
+    case field_string:
         return c_attr_string;
-    case c_driver_numeric:
+    case field_numeric:
         return c_attr_numeric;
-    case c_driver_integer:
+    case field_integer:
         return c_attr_integer;
-    case c_driver_bigint:
+    case field_bigint:
         return c_attr_bigint;
     default:
         return c_attr_unknown;
@@ -244,21 +224,21 @@ private:
     {
         int const type = item.geom_type();
         switch (type > c_geom_z ? type - c_geom_z : type) {
-        case c_geom_point: {
+        case geom_point: {
             Tvx_vtx_d2 point;
             if (item.get_point(&point))
                 return f_shapes->append_point({point.x, point.y});
             break;
         }
-        case c_geom_multipoint:
+        case geom_multipoint:
             if (item.get_multipoint(f_list.get()))
                 return f_shapes->append(c_shape_point, f_list.get());
             break;
-        case c_geom_polyline:
+        case geom_polyline:
             if (item.get_polypoint(f_list.get()))
                 return f_shapes->append(c_shape_polyline, f_list.get());
             break;
-        case c_geom_polygon:
+        case geom_polygon:
             if (item.get_polypoint(f_list.get()))
                 return f_shapes->append(c_shape_polygon, f_list.get());
             break;

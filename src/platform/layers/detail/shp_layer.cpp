@@ -1,6 +1,7 @@
 #include "platform/layers/detail/shp_layer.h"
 
 #include "captions/engine.h"
+#include "extension/binding/codes.h"
 
 #include "platform/base/ascii_case.h"
 #include "platform/base/string_adp.h"
@@ -34,14 +35,14 @@ constexpr keyed_geometry c_geometries[] = {
 /// Layer key for a geometry type of a data set; null when no layer draws it.
 char const *key_of_geometry(int geom_type)
 {
-    constexpr int c_geom_z = 10;
+    constexpr int c_geom_z = codes::plain::geom_point_z - codes::plain::geom_point;
     switch (geom_type > c_geom_z ? geom_type - c_geom_z : geom_type) {
-    case 1:
-    case 8:
+    case codes::plain::geom_point:
+    case codes::plain::geom_multipoint:
         return c_lr_key_shp_pnt;
-    case 3:
+    case codes::plain::geom_polyline:
         return c_lr_key_shp_pln;
-    case 5:
+    case codes::plain::geom_polygon:
         return c_lr_key_shp_pgn;
     default:
         return nullptr;
@@ -62,9 +63,8 @@ int type_of_first_shape(Ivx_attr_data *data)
 /// Geometry type of the data set; where it allows any, that of its first shape.
 int type_to_draw(Ivx_attr_data *data)
 {
-    constexpr int c_geom_unknown = 100;
     int const type = vx_attr_data_get_geom_type(data);
-    return type == c_geom_unknown ? type_of_first_shape(data) : type;
+    return type == codes::plain::geom_unknown ? type_of_first_shape(data) : type;
 }
 
 void *typed_manager(Ivx_layer *layer, shp_geometry const &geometry)
