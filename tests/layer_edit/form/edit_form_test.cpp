@@ -408,7 +408,7 @@ TEST(edit_form, is_worked_by_keyboard)
     EXPECT_TRUE(input::wait_until([&] { return listener.calls == 2; }));
     EXPECT_EQ(pages->GetActivePage()->GetName(), L"f_text_mngr") << "the tab stays across Apply";
     input::press(VK_ESCAPE);
-    EXPECT_TRUE(vx_lr2d_edt_form_get_showing(form.get())) << "there is no Cancel";
+    EXPECT_FALSE(vx_lr2d_edt_form_get_showing(form.get())) << "Esc closes the window";
 }
 
 TEST(edit_form, the_host_may_hand_in_another_layer_from_its_callback)
