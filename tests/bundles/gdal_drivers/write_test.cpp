@@ -2,6 +2,8 @@
 #include "support/temp_dir.h"
 #include "writing.h"
 
+#include "platform/basic/vx_fault.h"
+
 #include <algorithm>
 #include <array>
 #include <chrono>
@@ -134,6 +136,7 @@ std::string in_second_process(std::function<std::string()> const &work)
     EXPECT_EQ(pipe(ends), 0);
     pid_t const child = fork();
     if (child == 0) {
+        vx_reason_set_handler(nullptr); // nobody is there to answer a message
         std::string const text = work();
         for (std::size_t at = 0; at < text.size();) {
             ssize_t const count = write(ends[1], text.data() + at, text.size() - at);
@@ -573,6 +576,7 @@ int killed_writer(fs::path const &path, int driver, std::chrono::microseconds li
     EXPECT_EQ(pipe(ends), 0);
     pid_t const child = fork();
     if (child == 0) {
+        vx_reason_set_handler(nullptr);
         source const s(wide(path), driver);
         if (!make_table(s) || !s.table.flush_changes())
             _exit(1);
