@@ -16,7 +16,13 @@
 using namespace vx_test;
 
 namespace {
-constexpr int c_events = 5000;
+#if defined(__SANITIZE_ADDRESS__) // slows down what is drawn, and keeps what was freed
+constexpr int c_events = 500;
+constexpr bool c_counts_memory = false;
+#else
+constexpr int c_events = 5000; ///< for each seed
+constexpr bool c_counts_memory = true;
+#endif
 
 /// Draws a layer in steps of a millisecond: a few, and each eighth time so many that the user is off again.
 struct slow_drawer
@@ -192,6 +198,7 @@ TEST_F(random_events, leave_the_window_usable)
         if (first == 0)
             first = memory();
     }
-    EXPECT_LT(memory(), first + 48) << "MiB after the first " << c_events << " events: " << first;
+    if (c_counts_memory)
+        EXPECT_LT(memory(), first + 48) << "MiB after the first " << c_events << " events: " << first;
 }
 } // namespace
