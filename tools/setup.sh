@@ -4,7 +4,7 @@
 set -euo pipefail
 packages=(g++ cmake ninja-build ccache pkg-config qt6-base-dev qt6-svg-dev libgl-dev libgdal-dev libsqlite3-dev
           libpugixml-dev libicu-dev python3 fonts-dejavu-core)
-[ "${1:-build}" = test ] && packages+=(libgtest-dev clang-format binutils gdal-bin)
+[ "${1:-build}" = test ] && packages+=(libgtest-dev clang-format clang-tidy binutils gdal-bin)
 
 missing=()
 for p in "${packages[@]}"; do
