@@ -1,23 +1,23 @@
 #include "host/command_line.h"
 
+#include "captions/host.h"
+
+#include "platform/base/text_codec.h"
 #include "platform/basic/vx_options.h"
+#include "platform/basic/vx_res.h"
+
+#include <initializer_list>
 
 namespace {
-constexpr char c_help[] = R"(Usage: vx_map [options] [file...]
-
-Shows map files as layers, the first file at the bottom, and edits how the layers are drawn.
-Opens the vector and raster files that GDAL reads; rasters are listed and edited, but not drawn.
-
-Options:
-  --lang NAME      language of the windows, such as en or ru
-  --shot DIR       go through a tour by itself, write its pictures to DIR, end;
-                   the pictures' paths are printed, the exit code is 0 when all went well
-  --headless       needs no display; only with --shot
-  --data DIR       folder of the example data that the tour opens
-  -h, --help       this text
-  --version        the version
-  --               what follows are files
-)";
+/// A caption in the encoding of the terminal, with a value in its place.
+std::string text(int number, std::initializer_list<std::string> values = {})
+{
+    std::vector<std::wstring> wide;
+    for (auto const &value : values)
+        wide.push_back(vx::text::utf8_to_wide(value));
+    wide.resize(2);
+    return vx::text::wide_to_utf8(vx_res_format_w(number, {wide[0], wide[1]}));
+}
 
 /// Options of the window system that take a value in the next argument.
 constexpr char const *c_window_options[] = {"-platform",           "-style",           "-display",
@@ -63,7 +63,7 @@ private:
         else if (!take_value(argument, "--lang", f_line.language) &&
                  !take_value(argument, "--shot", f_line.shot_directory) &&
                  !take_value(argument, "--data", f_line.data_directory))
-            f_line.error = "unknown option " + argument;
+            f_line.error = text(c_cap_line_unknown_option, {argument});
     }
 
     /// `--name value` or `--name=value`.
@@ -77,7 +77,7 @@ private:
             return false;
         }
         if (value.empty())
-            f_line.error = name + " needs a value";
+            f_line.error = text(c_cap_line_needs_value, {name});
         return true;
     }
 
@@ -86,9 +86,9 @@ private:
         if (!f_line.error.empty() || f_line.help || f_line.version)
             return;
         if (!f_line.language.empty() && !knows_language())
-            f_line.error = "unknown language " + f_line.language + ", known are " + known_languages();
+            f_line.error = text(c_cap_line_unknown_language, {f_line.language, known_languages()});
         else if (f_line.headless && f_line.shot_directory.empty())
-            f_line.error = "--headless needs --shot DIR";
+            f_line.error = text(c_cap_line_needs_shot);
     }
 
     bool knows_language()
@@ -118,7 +118,12 @@ Tvx_command_line vx_command_line_parse(std::vector<std::string> const &arguments
     return reader(arguments).read();
 }
 
-char const *vx_command_line_help()
+std::string vx_command_line_help()
 {
-    return c_help;
+    return text(c_cap_line_help);
+}
+
+std::string vx_command_line_hint()
+{
+    return text(c_cap_line_hint);
 }

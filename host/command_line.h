@@ -7,7 +7,7 @@
 struct Tvx_command_line
 {
     std::vector<std::string> files;
-    /// "en" or "ru"; empty takes the user's language.
+    /// Such as "en"; empty takes the user's language.
     std::string language;
     /// Folder of the tour's pictures; empty for ordinary work.
     std::string shot_directory;
@@ -16,11 +16,13 @@ struct Tvx_command_line
     bool headless = false;
     bool help = false;
     bool version = false;
-    /// What is wrong with the arguments, one line; empty when nothing is.
+    /// What is wrong with the arguments, one line in UTF-8; empty when nothing is.
     std::string error;
 };
 
 /// Arguments without the program's own name. Arguments that belong to the window system (`-platform`,
 /// `-style` and the like) are left to it.
 [[nodiscard]] Tvx_command_line vx_command_line_parse(std::vector<std::string> const &arguments);
-[[nodiscard]] char const *vx_command_line_help();
+/// What `--help` prints, and where a wrong line leads to, in the user's language and UTF-8.
+[[nodiscard]] std::string vx_command_line_help();
+[[nodiscard]] std::string vx_command_line_hint();

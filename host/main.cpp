@@ -7,11 +7,11 @@ int main(int argc, char **argv)
 {
     Tvx_command_line const line = vx_command_line_parse({argv + 1, argv + argc});
     if (!line.error.empty()) {
-        std::fprintf(stderr, "vx_map: %s\nTry 'vx_map --help'.\n", line.error.c_str());
+        std::fprintf(stderr, "vx_map: %s\n%s\n", line.error.c_str(), vx_command_line_hint().c_str());
         return 2;
     }
     if (line.help) {
-        std::fputs(vx_command_line_help(), stdout);
+        std::fputs(vx_command_line_help().c_str(), stdout);
         return 0;
     }
     if (line.version) {

@@ -198,7 +198,8 @@ TEST_F(random_events, leave_the_window_usable)
         if (first == 0)
             first = memory();
     }
-    if (c_counts_memory)
+    if (c_counts_memory) {
         EXPECT_LT(memory(), first + 48) << "MiB after the first " << c_events << " events: " << first;
+    }
 }
 } // namespace
