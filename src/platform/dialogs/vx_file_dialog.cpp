@@ -2,6 +2,7 @@
 
 #include "captions/dialogs.h"
 
+#include "platform/basic/vx_options.h"
 #include "platform/basic/vx_res.h"
 #include "platform/dialogs/detail/common_form.h"
 #include "platform/dialogs/dlg_table_priv.h"
@@ -27,6 +28,8 @@
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QSplitter>
 #include <QtWidgets/QStyle>
+#include <QtWidgets/QStyleOptionViewItem>
+#include <QtWidgets/QStyledItemDelegate>
 #include <QtWidgets/QTreeView>
 
 #include <algorithm>
@@ -91,6 +94,26 @@ bool may_take(Tvx_file_dialog_prm const &prm, UnicodeString const &name)
            vx_yesno(caption(c_dlg_replace).arg(file.fileName()).toStdWString().c_str());
 }
 
+/// Dates as the language of the captions writes them, whatever the system speaks.
+QString date_text(QDateTime const &date)
+{
+    return QLocale(QString::fromUtf8(vx_options_get_language())).toString(date, QLocale::ShortFormat);
+}
+
+class date_delegate final : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, QModelIndex const &index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        auto const path = index.data(QFileSystemModel::FilePathRole).toString();
+        option->text = date_text(QFileInfo(path).lastModified());
+    }
+};
+
 class file_dialog final : public QFileDialog
 {
 public:
@@ -152,6 +175,8 @@ private:
         resize(c_width, c_height);
         if (auto *splitter = findChild<QSplitter *>(QStringLiteral("splitter")))
             splitter->setSizes({c_places_width, c_width - c_places_width});
+        if (auto *const files = findChild<QTreeView *>(QStringLiteral("treeView")))
+            files->setItemDelegateForColumn(c_date_column, new date_delegate(files));
         fit_columns();
         // The list comes when the folder has been read.
         if (auto *model = findChild<QFileSystemModel *>())
@@ -179,8 +204,7 @@ private:
     static int date_width(QFontMetrics const &metrics)
     {
         QDateTime const date(QDate(2020, 12, 28), QTime(22, 58, 58));
-        return metrics.horizontalAdvance(QLocale::system().toString(date, QLocale::ShortFormat)) +
-               metrics.averageCharWidth() * 3;
+        return metrics.horizontalAdvance(date_text(date)) + metrics.averageCharWidth() * 3;
     }
     void filter_selected()
     {

@@ -11,8 +11,13 @@
 #include "platform/toolkit/controls/label.h"
 #include "platform/toolkit/core/screen.h"
 
+#include <QtCore/QDateTime>
+#include <QtCore/QFileInfo>
+#include <QtCore/QLocale>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QScrollBar>
+#include <QtWidgets/QStyleOptionViewItem>
+#include <QtWidgets/QStyledItemDelegate>
 #include <QtWidgets/QTreeView>
 
 #include <atomic>
@@ -129,7 +134,11 @@ TEST_F(dialogs_test, columns_show_sizes_and_types_uncut)
                     bool all = list->model()->rowCount(list->rootIndex()) == 1;
                     for (int column = 1; all && column < 4; ++column) {
                         QString const text =
-                            list->model()->index(0, column, list->rootIndex()).data().toString();
+                            column == 3
+                                ? QLocale(vx_options_get_language())
+                                      .toString(QDateTime(QDate(2020, 12, 28), QTime(22, 58)),
+                                                QLocale::ShortFormat)
+                                : list->model()->index(0, column, list->rootIndex()).data().toString();
                         all = !text.isEmpty() &&
                               list->columnWidth(column) > list->fontMetrics().horizontalAdvance(text);
                     }
@@ -153,6 +162,41 @@ struct filter_listener
         name = name + UnicodeString(index);
     }
 };
+
+TEST_F(dialogs_test, dates_and_the_open_button_speak_the_language_of_the_captions)
+{
+    vx_test::temp_dir const dir;
+    vx_test::write_file(dir / "a.txt", "x");
+    for (char const *language : {"en", "ru"}) {
+        vx_options_set_language(language);
+        on_next_modal([&](modal_window const &w) {
+            auto *list =
+                QApplication::activeModalWidget()->findChild<QTreeView *>(QStringLiteral("treeView"));
+            ASSERT_NE(list, nullptr);
+            struct seen
+            {
+                QTreeView *list;
+                bool is_read() const { return list->model()->rowCount(list->rootIndex()) == 1; }
+            } of_list{list};
+            EXPECT_TRUE(wait_until(make_closure<&seen::is_read>(&of_list)));
+            struct opened : QStyledItemDelegate
+            {
+                using QStyledItemDelegate::initStyleOption;
+            };
+            auto *const delegate = dynamic_cast<QStyledItemDelegate *>(list->itemDelegateForColumn(3));
+            ASSERT_NE(delegate, nullptr);
+            QStyleOptionViewItem option;
+            (delegate->*(&opened::initStyleOption))(&option, list->model()->index(0, 3, list->rootIndex()));
+            QDateTime const date = QFileInfo(QString::fromStdString((dir / "a.txt").string())).lastModified();
+            EXPECT_EQ(option.text, QLocale(language).toString(date, QLocale::ShortFormat));
+            w.reject();
+        });
+        EXPECT_EQ(vx_open_file_dialog(nullptr, 0, 0, nullptr, nullptr, in(dir, "x").c_str()), L"");
+        QString const open = QCoreApplication::translate("QFileDialog", "&Open");
+        EXPECT_EQ(open.contains(QLatin1String("Open")), std::string_view(language) == "en");
+    }
+    vx_options_set_language("en");
+}
 
 TEST_F(dialogs_test, filter_of_a_file_dialog)
 {

@@ -36,6 +36,7 @@ constexpr part c_parts[] = {
     {c_dialog, "Look in:", c_file_look_in},
     {c_dialog, "File &name:", c_file_name},
     {c_dialog, "Files of type:", c_file_types},
+    {c_dialog, "&Open", c_dlg_open_button}, // of the save button while a folder is chosen
     {c_dialog, "Back", c_file_back},
     {c_dialog, "Go back", c_file_back},
     {c_dialog, "Forward", c_file_forward},
