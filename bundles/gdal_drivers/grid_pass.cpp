@@ -218,8 +218,8 @@ struct block_layout
                 static_cast<int>(std::clamp<long long>(across, 1, std::min<long long>(width, c_piece_cells)));
             down = static_cast<int>(std::clamp<long long>(down, 1, std::max(1LL, c_piece_cells / across)));
         }
-        columns = (width + across - 1LL) / across;
-        rows = (height + down - 1LL) / down;
+        columns = (width - 1LL + across) / across; // blocks may be as large as a number can say
+        rows = (height - 1LL + down) / down;
     }
 
     int width, height;
