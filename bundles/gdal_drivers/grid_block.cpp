@@ -116,10 +116,10 @@ bool band_block::store_filled(cell_window const &window)
     int across = 0;
     int down = 0;
     f_band.GetBlockSize(&across, &down);
-    auto const first_full = [](int start, int block) { return (start + block - 1LL) / block; };
+    auto const first_full = [](int start, int block) { return (start - 1LL + block) / block; };
     // A block at the end of the grid is filled by what there is of it.
     auto const end_of_full = [](int end, int block, int whole) {
-        return end == whole ? (end + block - 1LL) / block : end / block;
+        return end == whole ? (end - 1LL + block) / block : end / block;
     };
     for (long long row = first_full(window.y, down);
          row < end_of_full(window.y + window.height, down, f_band.GetYSize()); ++row)
