@@ -1,10 +1,25 @@
 #include "layer_edit/page_set/page_table.h"
 
+#include "layer_edit/shape/shp_lr2d_edit.h"
+
 namespace vx {
+namespace {
+template <class Page>
+Tvx_basic_lr2d_edit *make(TComponent *owner)
+{
+    return new Page(owner);
+}
+
+constexpr lr2d_page_factory c_pages[] = {
+    {lr2d_page::shp_pnt, &make<Tvx_shp_pnt_lr2d_edit>},
+    {lr2d_page::shp_pln, &make<Tvx_shp_pln_lr2d_edit>},
+    {lr2d_page::shp_pgn, &make<Tvx_shp_pgn_lr2d_edit>},
+};
+} // namespace
+
 lr2d_edit_parts const &lr2d_edit_parts_of_library()
 {
-    // One line for each page: {lr2d_page::rtr, &make<Tvx_rtr_id_lr2d_edit>}.
-    static constexpr lr2d_edit_parts parts = {};
+    static constexpr lr2d_edit_parts parts = {.pages = c_pages};
     return parts;
 }
 } // namespace vx
