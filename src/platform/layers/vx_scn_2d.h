@@ -19,6 +19,11 @@ VX_API void vx_scn_2d_set_wcaption(Ivx_scn_2d *scene, wchar_t const *caption);
 /// True when both axes have one scale, as at the start.
 [[nodiscard]] VX_API bool vx_scn_2d_get_izotropic(Ivx_scn_2d const *scene);
 VX_API void vx_scn_2d_set_izotropic(Ivx_scn_2d *scene, bool izotropic);
+/// What is looked at: the point in the middle, in map units, and the size of a pixel in them. False, with
+/// both as they were, for a scene that does not tell, as at the start. Numbers that are not finite, and a
+/// size that is not above 0, take the view away.
+[[nodiscard]] VX_API bool vx_scn_2d_get_view(Ivx_scn_2d const *scene, Tvx_pnt_d2 *center, double *pixel);
+VX_API void vx_scn_2d_set_view(Ivx_scn_2d *scene, Tvx_pnt_d2 center, double pixel);
 
 [[nodiscard]] VX_API int vx_scn_2d_get_count(Ivx_scn_2d const *scene);
 /// Null outside the list.

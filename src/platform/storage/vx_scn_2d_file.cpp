@@ -1,10 +1,16 @@
 #include "platform/storage/vx_scn_2d_file.h"
 
 #include "platform/base/owned.h"
+#include "platform/layers/layer_keys.h"
 #include "platform/layers/vx_lr2d.h"
+#include "platform/layers/vx_rtr_lr2d.h"
 #include "platform/layers/vx_scn_2d.h"
+#include "platform/layers/vx_shp_lr2d.h"
+#include "platform/storage/detail/mngr_xml.h"
 #include "platform/storage/detail/storage_state.h"
+#include "platform/storage/detail/stored_source.h"
 #include "platform/storage/detail/xml_element.h"
+#include "platform/styles/vx_txt_settings.h"
 
 #include <string>
 #include <vector>
@@ -14,34 +20,16 @@ using namespace vx::storage;
 namespace {
 constexpr char const *c_scene_root = "vx_scene";
 constexpr char const *c_layer = "layer";
+constexpr char const *c_view = "view";
+constexpr char const *c_styles = "managers";
+constexpr char const *c_texts = "texts";
+constexpr char const *c_raster = "raster";
+/// 2 knows the view, the managers and how rasters are drawn.
+constexpr int c_version = 2;
+/// More layers than a map is made of.
+constexpr std::size_t c_most_layers = 10'000;
 
-struct layer_record
-{
-    std::string type;
-    std::wstring caption;
-    std::wstring source;
-    bool visible = true;
-    bool own_selected_style = false;
-};
-
-struct scene_record
-{
-    std::wstring caption;
-    bool izotropic = true;
-    std::vector<layer_record> layers;
-};
-
-/// One description for reading and writing.
-template <class Element, class Layer>
-void describe(Element &element, Layer &layer)
-{
-    element.field("type", layer.type);
-    element.field("caption", layer.caption);
-    element.field("source", layer.source);
-    element.field("visible", layer.visible);
-    element.field("own_selected_style", layer.own_selected_style);
-    element.finish();
-}
+using layer_ptr = vx::owned<Ivx_layer, &vx_lr2d_destroy>;
 
 template <class Get>
 std::wstring text_of(Get get)
@@ -52,72 +40,175 @@ std::wstring text_of(Get get)
     return text;
 }
 
-scene_record record_of(Ivx_scn_2d const *scene)
+// ---- parts of a layer
+
+vx::styles::stl_mngr_list *styles_of(Ivx_layer *layer)
 {
-    scene_record record;
-    record.caption = text_of([&](Ivx_string_adp *text) { vx_scn_2d_get_wcaption(scene, text); });
-    record.izotropic = vx_scn_2d_get_izotropic(scene);
-    for (int i = 0; i < vx_scn_2d_get_count(scene); ++i) {
-        Ivx_layer const *const layer = vx_scn_2d_get_layer(scene, i);
-        record.layers.push_back({vx_lr2d_get_lr_type(layer),
-                                 text_of([&](Ivx_string_adp *text) { vx_lr2d_get_wcaption(layer, text); }),
-                                 text_of([&](Ivx_string_adp *text) { vx_lr2d_get_wfilename(layer, text); }),
-                                 vx_lr2d_get_visible(layer), vx_lr_get_own_selected_style_flag(layer)});
-    }
-    return record;
+    return static_cast<vx::styles::stl_mngr_list *>(vx_shp_lr2d_get_style_mngr_list_ptr(layer));
 }
 
-std::string scene_bytes(scene_record const &scene)
+vx::styles::stl_mngr_list *texts_of(Ivx_layer *layer)
+{
+    return static_cast<vx::styles::stl_mngr_list *>(
+        vx_txt_settings_get_stl_mngr_list(vx_shp_lr2d_get_txt_settings(layer)));
+}
+
+bool is_raster(Ivx_layer const *layer)
+{
+    return std::string_view(vx_lr2d_get_lr_type(layer)) == c_lr_key_rtr;
+}
+
+void write_raster(xml_out element, Ivx_layer const *layer)
+{
+    element.field("draw_type", vx_rtr_lr2d_get_draw_type(layer));
+    element.field("transparent", vx_rtr_lr2d_get_transparent_clr(layer));
+    element.field("opacity", vx_rtr_lr2d_get_opacity(layer));
+    element.finish();
+}
+
+void read_raster(xml_in element, Ivx_layer *layer)
+{
+    int draw_type = vx_rtr_lr2d_get_draw_type(layer);
+    Tvx_color transparent = vx_rtr_lr2d_get_transparent_clr(layer);
+    double opacity = vx_rtr_lr2d_get_opacity(layer);
+    element.field("draw_type", draw_type);
+    element.field("transparent", transparent);
+    element.field("opacity", opacity);
+    if (draw_type < c_rtr_draw_normal || draw_type > c_rtr_draw_gray || opacity < 0 || opacity > 1)
+        element.fail();
+    element.finish();
+    vx_rtr_lr2d_set_draw_type(layer, draw_type);
+    vx_rtr_lr2d_set_transparent_clr(layer, transparent);
+    vx_rtr_lr2d_set_opacity(layer, opacity);
+}
+
+// ---- layers
+
+void write_layer(xml_out element, Ivx_layer *layer, std::wstring const &folder)
+{
+    element.field("type", std::string(vx_lr2d_get_lr_type(layer)));
+    element.field("caption", text_of([&](Ivx_string_adp *text) { vx_lr2d_get_wcaption(layer, text); }));
+    element.field(
+        "source",
+        stored_source(text_of([&](Ivx_string_adp *text) { vx_lr2d_get_wfilename(layer, text); }), folder));
+    element.field("visible", vx_lr2d_get_visible(layer));
+    element.field("own_selected_style", vx_lr_get_own_selected_style_flag(layer));
+    if (vx_lr2d_is_shp(layer)) {
+        write_mngr_list(element.child(c_styles), *styles_of(layer));
+        if (auto const *const texts = texts_of(layer); texts && (texts->visible || !is_new(*texts)))
+            write_mngr_list(element.child(c_texts), *texts);
+    } else if (is_raster(layer)) {
+        write_raster(element.child(c_raster), layer);
+    }
+    element.finish();
+}
+
+/// What stands in a file of version 1 is optional; null, and the reading has failed, for a layer of no kind.
+layer_ptr read_layer(xml_in element, std::wstring const &folder)
+{
+    std::string type;
+    std::wstring caption;
+    std::wstring source;
+    bool visible = true;
+    bool own_selected_style = false;
+    element.field("type", type);
+    element.field("caption", caption);
+    element.field("source", source);
+    element.field("visible", visible);
+    element.field("own_selected_style", own_selected_style);
+    layer_ptr layer(vx_lr2d_create(type.c_str()));
+    if (!layer) {
+        element.fail();
+        return layer;
+    }
+    vx_lr2d_set_wcaption(layer.get(), caption.c_str());
+    vx_lr2d_set_wfilename(layer.get(), found_source(source, folder).c_str());
+    vx_lr2d_set_visible(layer.get(), visible);
+    vx_lr_set_own_selected_style_flag(layer.get(), own_selected_style);
+    if (vx_lr2d_is_shp(layer.get()) && element.at(c_styles)) {
+        xml_in styles = element.child(c_styles);
+        read_mngr_list(styles, *styles_of(layer.get()));
+    }
+    if (auto *const texts = texts_of(layer.get()); texts && element.at(c_texts)) {
+        xml_in styles = element.child(c_texts);
+        read_mngr_list(styles, *texts);
+    }
+    if (is_raster(layer.get()) && element.at(c_raster))
+        read_raster(element.child(c_raster), layer.get());
+    element.finish();
+    return layer;
+}
+
+// ---- scenes
+
+std::string scene_bytes(Ivx_scn_2d const *scene, std::wstring const &folder)
 {
     xml_file file;
-    xml_out root = file.make(c_scene_root);
-    root.field("caption", scene.caption);
-    root.field("izotropic", scene.izotropic);
-    for (layer_record const &layer : scene.layers) {
-        xml_out element = root.child(c_layer);
-        describe(element, layer);
+    xml_out root = file.make(c_scene_root, c_version);
+    root.field("caption", text_of([&](Ivx_string_adp *text) { vx_scn_2d_get_wcaption(scene, text); }));
+    root.field("izotropic", vx_scn_2d_get_izotropic(scene));
+    Tvx_pnt_d2 center{};
+    double pixel = 0;
+    if (vx_scn_2d_get_view(scene, &center, &pixel)) {
+        xml_out view = root.child(c_view);
+        view.field("x", center.x);
+        view.field("y", center.y);
+        view.field("pixel", pixel);
+        view.finish();
     }
+    for (int i = 0; i < vx_scn_2d_get_count(scene); ++i)
+        write_layer(root.child(c_layer), vx_scn_2d_get_layer(scene, i), folder);
     root.finish();
     return file.bytes();
 }
 
-xml_fault read_scene(std::string_view bytes, scene_record &scene)
+struct scene_record
+{
+    std::wstring caption;
+    bool izotropic = true;
+    Tvx_pnt_d2 center{};
+    double pixel = 0;
+    std::vector<layer_ptr> layers;
+};
+
+xml_fault read_scene(std::string bytes, std::wstring const &folder, scene_record &scene)
 {
     xml_file file;
-    if (auto const fault = file.parse(bytes, c_scene_root); fault != xml_fault::none)
+    if (auto const fault = file.parse(std::move(bytes), c_scene_root, c_version); fault != xml_fault::none)
         return fault;
     reading state;
     xml_in root = file.root(state);
     root.field("caption", scene.caption);
     root.field("izotropic", scene.izotropic);
+    if (root.at(c_view)) {
+        xml_in view = root.child(c_view);
+        view.field("x", scene.center.x);
+        view.field("y", scene.center.y);
+        view.field("pixel", scene.pixel);
+        if (!(scene.pixel > 0))
+            view.fail();
+        view.finish();
+    }
     while (state.good && root.at(c_layer)) {
-        xml_in element = root.child(c_layer);
-        layer_record layer;
-        describe(element, layer);
-        if (layer.type.empty())
-            element.fail();
-        scene.layers.push_back(std::move(layer));
+        scene.layers.push_back(read_layer(root.child(c_layer), folder));
+        if (scene.layers.size() > c_most_layers)
+            root.fail();
     }
     root.finish();
     return state.good ? xml_fault::none : xml_fault::damaged;
 }
 
-void fill(Ivx_scn_2d *scene, scene_record const &record)
+void fill(Ivx_scn_2d *scene, scene_record &record)
 {
     while (vx_scn_2d_get_count(scene) > 0)
         vx_lr2d_destroy(vx_scn_2d_extract(scene, 0));
     if (!record.caption.empty())
         vx_scn_2d_set_wcaption(scene, record.caption.c_str());
     vx_scn_2d_set_izotropic(scene, record.izotropic);
-    for (layer_record const &from : record.layers) {
-        vx::owned<Ivx_layer, &vx_lr2d_destroy> layer(vx_lr2d_create(from.type.c_str()));
-        vx_lr2d_set_wcaption(layer.get(), from.caption.c_str());
-        vx_lr2d_set_wfilename(layer.get(), from.source.c_str());
-        vx_lr2d_set_visible(layer.get(), from.visible);
-        vx_lr_set_own_selected_style_flag(layer.get(), from.own_selected_style);
+    vx_scn_2d_set_view(scene, record.center, record.pixel);
+    for (layer_ptr &layer : record.layers)
         if (vx_scn_2d_insert(scene, vx_scn_2d_get_count(scene), layer.get()))
             static_cast<void>(layer.release());
-    }
 }
 } // namespace
 
@@ -126,11 +217,11 @@ bool vx_xml_data_load_scn2d_w(Ivx_xml_data *xml, wchar_t const *file, Ivx_scn_2d
     if (!scene)
         return done(xml, fault_text(xml_fault::other, file ? file : L""));
     std::wstring error;
-    auto const bytes = file_bytes(file, error);
+    auto bytes = file_bytes(file, error);
     if (!bytes)
         return done(xml, error);
     scene_record record;
-    auto const fault = read_scene(*bytes, record);
+    auto const fault = read_scene(std::move(*bytes), folder_of(file), record);
     if (fault == xml_fault::none)
         fill(scene, record);
     return done(xml, fault_text(fault, file));
@@ -140,5 +231,5 @@ bool vx_xml_data_save_scn2d_w(Ivx_xml_data *xml, wchar_t const *file, Ivx_scn_2d
 {
     if (!scene)
         return saved(xml, fault_text(xml_fault::other, file ? file : L""));
-    return saved(xml, save_bytes(file, scene_bytes(record_of(scene))));
+    return saved(xml, save_bytes(file, scene_bytes(scene, folder_of(file ? file : L""))));
 }

@@ -4,8 +4,10 @@
 
 struct Ivx_scn_2d;
 
-/// Scenes in files: caption, scale rule, and the layers from the lowest with type, caption, source and
-/// visibility. Styles are not part of a scene's file; they stay in those of the layers.
+/// Scenes in files: caption, scale rule, view, and the layers from the lowest with type, caption, source,
+/// visibility and how they are drawn: the style managers and texts of vector layers, the colours of rasters.
+/// Data are not looked at. In the file, sources near it are named from its folder, so that both can be moved
+/// together, and passwords of connection strings stand as "***".
 ///
 /// A load puts the layers of the file in place of the scene's own, and takes its caption unless that is
 /// empty. False when the file cannot be read, is damaged, newer or no scene; the scene is then as it was.

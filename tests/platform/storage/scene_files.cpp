@@ -2,9 +2,14 @@
 
 #include "platform/base/owned.h"
 #include "platform/layers/layer_keys.h"
+#include "platform/layers/vx_rtr_lr2d.h"
 #include "platform/layers/vx_scn_2d.h"
+#include "platform/layers/vx_shp_lr2d.h"
 #include "platform/storage/vx_scn_2d_file.h"
 #include "platform/storage/vx_xml_save_2d.h"
+#include "platform/styles/vx_stl_mngr_list.h"
+#include "platform/styles/vx_txt_settings.h"
+#include "platform/styles/vxk_styles.h"
 
 #include <gtest/gtest.h>
 
@@ -39,6 +44,33 @@ std::wstring content(Ivx_scn_2d const *scene)
     return all;
 }
 
+/// Two managers that draw by every kind of scale, and texts.
+void style(Ivx_layer *layer)
+{
+    void *const list = vx_shp_lr2d_get_style_mngr_list_ptr(layer);
+    void *const first = vx_stl_mngr_list_get_mngr(list, 0);
+    void *const ranges = vx_stl_mngr_get_rng_scale_ptr(first);
+    vx_stl_mngr_set_mode(first, c_stl_mngr_mode_range);
+    vx_stl_mngr_set_rng_prop_name_w(first, L"DEPTH");
+    vx_rng_scale_set_size(ranges, 2);
+    vx_rng_scale_set_max(ranges, 0, 0.1);
+    vx_scale_prm_set_visible(vx_rng_scale_get_min_prm_ptr(ranges), false);
+    vx_stl_prm_set_color(vx_scale_prm_get_stl_prm_ptr(vx_rng_scale_get_scale_prm_ptr(ranges, 1)), false,
+                         vx_clr_init_rgb(1, 2, 3));
+    void *const second = vx_stl_mngr_list_add(list);
+    vx_stl_mngr_list_set_active_by_idx(list, 1);
+    vx_stl_mngr_set_name_w(second, L"Кто");
+    vx_stl_mngr_set_mode(second, c_stl_mngr_mode_value);
+    vx_stl_mngr_set_val_prop_name_w(second, L"NAME");
+    vx_stl_mngr_set_rotate_flag(second, true);
+    vx_stl_mngr_set_rotate_start(second, 3);
+    for (void *scale : {vx_stl_mngr_get_val_scale_ptr(second), vx_stl_mngr_get_rule_scale_ptr(second)})
+        vx_val_scale_set_text_w(scale, vx_val_scale_add(scale) - 1, L"\"NAME\" EQUAL \"Ёлка\"");
+    void *const texts = vx_txt_settings_get_stl_mngr_list(vx_shp_lr2d_get_txt_settings(layer));
+    vx_stl_mngr_list_set_visible(texts, true);
+    vx_txt_stl_mngr_init(vx_stl_mngr_list_get_active_mngr(texts), L"NAME");
+}
+
 scene_ptr sample()
 {
     scene_ptr scene(vx_scn_2d_create(L"Реки & \"lakes\" <1>"));
@@ -47,8 +79,20 @@ scene_ptr sample()
         vx_scn_2d_insert(scene.get(), 0, make_layer(c_lr_key_shp_pgn, L"Lakes", L"*/data/lakes.shp")));
     EXPECT_TRUE(vx_scn_2d_insert(scene.get(), 1, make_layer(c_lr_key_rtr, L"Map", L"/data/map.tif")));
     EXPECT_TRUE(vx_scn_2d_insert(scene.get(), 2, make_layer("foreign_lr2d", L"", L"")));
-    vx_lr2d_set_visible(vx_scn_2d_get_layer(scene.get(), 1), false);
+    Ivx_layer *const raster = vx_scn_2d_get_layer(scene.get(), 1);
+    vx_lr2d_set_visible(raster, false);
+    vx_rtr_lr2d_set_opacity(raster, 0.25);
+    vx_scn_2d_set_view(scene.get(), {-80.25, 35.5}, 0.001);
+    style(vx_scn_2d_get_layer(scene.get(), 0));
     return scene;
+}
+
+void *mngr_of(Ivx_scn_2d const *scene, unsigned index)
+{
+    Ivx_layer *const layer = vx_scn_2d_get_layer(scene, 0);
+    return index < 2 ? vx_stl_mngr_list_get_mngr(vx_shp_lr2d_get_style_mngr_list_ptr(layer), index)
+                     : vx_stl_mngr_list_get_active_mngr(
+                           vx_txt_settings_get_stl_mngr_list(vx_shp_lr2d_get_txt_settings(layer)));
 }
 } // namespace
 
@@ -62,10 +106,91 @@ TEST(scene_files, come_back_as_they_were)
     ASSERT_TRUE(vx_scn_2d_insert(other.get(), 0, make_layer(c_lr_key_rtr, L"goes away", L"")));
     ASSERT_TRUE(vx_xml_data_load_scn2d_w(nullptr, path.c_str(), other.get()));
     EXPECT_EQ(content(other.get()), content(scene.get()));
+    for (unsigned i = 0; i < 3; ++i)
+        EXPECT_TRUE(vx_stl_mngr_equal(mngr_of(other.get(), i), mngr_of(scene.get(), i))) << i;
+    EXPECT_EQ(vx_stl_mngr_list_get_active_idx(
+                  vx_shp_lr2d_get_style_mngr_list_ptr(vx_scn_2d_get_layer(other.get(), 0))),
+              1u);
+    EXPECT_EQ(vx_rtr_lr2d_get_opacity(vx_scn_2d_get_layer(other.get(), 1)), 0.25);
+    Tvx_pnt_d2 center{};
+    double pixel = 0;
+    ASSERT_TRUE(vx_scn_2d_get_view(other.get(), &center, &pixel));
+    EXPECT_EQ(center.x, -80.25);
+    EXPECT_EQ(center.y, 35.5);
+    EXPECT_EQ(pixel, 0.001);
     std::string const bytes = vx_test::read_file(path);
     ASSERT_TRUE(vx_xml_data_save_scn2d_w(nullptr, path.c_str(), other.get()));
     EXPECT_EQ(vx_test::read_file(path), bytes);
     EXPECT_EQ(dir.count(), 1);
+}
+
+TEST(scene_files, of_version_1_are_read_and_newer_ones_told)
+{
+    vx_test::temp_dir dir;
+    auto const path = (dir / "a_.sn").wstring();
+    scene_ptr const scene(vx_scn_2d_create(L""));
+    auto const load = [&](char const *text) {
+        vx_test::write_file(path, text);
+        return vx_xml_data_load_scn2d_w(nullptr, path.c_str(), scene.get());
+    };
+    EXPECT_TRUE(load("<vx_scene version=\"1\"><layer type=\"shp_pnt_lr2d\" source=\"/a.shp\"/></vx_scene>"));
+    EXPECT_EQ(vx_scn_2d_get_count(scene.get()), 1);
+    EXPECT_FALSE(load("<vx_scene version=\"3\"/>"));
+    for (char const *wrong :
+         {"<view x=\"0\" y=\"0\" pixel=\"0\"/>", "<view x=\"0\" y=\"0\" pixel=\"nan\"/>",
+          "<layer type=\"shp_pnt_lr2d\"><managers/></layer>",
+          "<layer type=\"shp_pnt_lr2d\"><managers active=\"1\"><manager><simple><styles/></simple></manager>"
+          "</managers></layer>",
+          "<layer type=\"shp_pnt_lr2d\"><managers><manager rotate_start=\"4\"><simple><styles/></simple>"
+          "</manager></managers></layer>",
+          "<layer type=\"rtr_lr2d\"><raster opacity=\"2\"/></layer>",
+          "<layer "
+          "type=\"rtr_lr2d\"><managers><manager><simple><styles/></simple></manager></managers></layer>"})
+        EXPECT_FALSE(load((std::string("<vx_scene version=\"2\">") + wrong + "</vx_scene>").c_str()))
+            << wrong;
+    EXPECT_EQ(vx_scn_2d_get_count(scene.get()), 1);
+}
+
+TEST(scene_files, name_sources_near_them_from_their_folder_and_keep_no_password)
+{
+    vx_test::temp_dir dir;
+    std::wstring const here = dir.path().wstring();
+    struct
+    {
+        std::wstring source;
+        std::string stored;
+        std::wstring found; ///< after the move of all
+    } const cases[] = {
+        {here + L"/maps/a.shp", "./a.shp", here + L"/moved/maps/a.shp"},
+        {L"*" + here + L"/maps/sub/a.gpkg|layer=x", "*./sub/a.gpkg|layer=x",
+         L"*" + here + L"/moved/maps/sub/a.gpkg|layer=x"},
+        {here + L"/data/a.shp", "../data/a.shp", here + L"/moved/data/a.shp"},
+        {here + L"/mapsheet.shp", "../mapsheet.shp", here + L"/moved/mapsheet.shp"},
+        {L"NETCDF:\"" + here + L"/maps/a.nc\":t", "NETCDF:&quot;./a.nc&quot;:t",
+         L"NETCDF:\"" + here + L"/moved/maps/a.nc\":t"},
+        {L"/elsewhere/a.shp", "/elsewhere/a.shp", L"/elsewhere/a.shp"},
+        {L"/elsewhere/pass=a b.shp", "/elsewhere/pass=a b.shp", L"/elsewhere/pass=a b.shp"},
+        {L"PG:host=h password='tiger x' dbname=./d", "PG:host=h password=*** dbname=./d",
+         L"PG:host=h password=*** dbname=./d"},
+        {L"PG:postgres://scott:tiger@h/d", "PG:postgres://scott:***@h/d", L"PG:postgres://scott:***@h/d"},
+    };
+    scene_ptr const scene(vx_scn_2d_create(L""));
+    for (int i = 0; auto const &c : cases)
+        ASSERT_TRUE(vx_scn_2d_insert(scene.get(), i++, make_layer(c_lr_key_shp_pnt, L"", c.source.c_str())));
+    std::filesystem::create_directories(dir / "maps");
+    std::filesystem::create_directories(dir / "moved" / "maps");
+    ASSERT_TRUE(vx_xml_data_save_scn2d_w(nullptr, (dir / "maps" / "a_.sn").wstring().c_str(), scene.get()));
+    std::string const bytes = vx_test::read_file(dir / "maps" / "a_.sn");
+    EXPECT_EQ(bytes.find("tiger"), std::string::npos);
+    std::filesystem::rename(dir / "maps" / "a_.sn", dir / "moved" / "maps" / "a_.sn");
+    ASSERT_TRUE(
+        vx_xml_data_load_scn2d_w(nullptr, (dir / "moved" / "maps" / "a_.sn").wstring().c_str(), scene.get()));
+    for (int i = 0; auto const &c : cases) {
+        EXPECT_NE(bytes.find("source=\"" + c.stored + "\""), std::string::npos) << c.stored << "\n" << bytes;
+        std::wstring found;
+        vx_lr2d_get_wfilename(vx_scn_2d_get_layer(scene.get(), i++), Tvx_std_wstring_adapter(found));
+        EXPECT_EQ(found, c.found);
+    }
 }
 
 TEST(scene_files, damaged_ones_leave_the_scene_alone)

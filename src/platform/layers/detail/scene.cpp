@@ -5,6 +5,7 @@
 #include "platform/layers/vx_shp_lr2d.h"
 
 #include <algorithm>
+#include <cmath>
 
 // ---- scene
 
@@ -22,6 +23,8 @@ Ivx_scn_2d *vx_scn_2d_clone(Ivx_scn_2d const *scene)
     auto copy = std::make_unique<Ivx_scn_2d>();
     copy->caption = scene->caption;
     copy->izotropic = scene->izotropic;
+    copy->center = scene->center;
+    copy->pixel = scene->pixel;
     for (auto const &layer : scene->layers)
         copy->layers.push_back(layer->clone());
     return copy.release();
@@ -52,6 +55,24 @@ void vx_scn_2d_set_izotropic(Ivx_scn_2d *scene, bool izotropic)
 {
     if (scene)
         scene->izotropic = izotropic;
+}
+
+bool vx_scn_2d_get_view(Ivx_scn_2d const *scene, Tvx_pnt_d2 *center, double *pixel)
+{
+    if (!scene || !center || !pixel || !(scene->pixel > 0))
+        return false;
+    *center = scene->center;
+    *pixel = scene->pixel;
+    return true;
+}
+
+void vx_scn_2d_set_view(Ivx_scn_2d *scene, Tvx_pnt_d2 center, double pixel)
+{
+    if (!scene)
+        return;
+    bool const good = std::isfinite(center.x) && std::isfinite(center.y) && std::isfinite(pixel) && pixel > 0;
+    scene->center = good ? center : Tvx_pnt_d2{};
+    scene->pixel = good ? pixel : 0;
 }
 
 int vx_scn_2d_get_count(Ivx_scn_2d const *scene)

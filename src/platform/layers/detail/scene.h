@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/base/geometry.h"
 #include "platform/layers/detail/layer.h"
 
 #include <vector>
@@ -19,6 +20,8 @@ struct Ivx_scn_2d final : Ivx_entity, Ivx_entities
 
     std::wstring caption;
     bool izotropic = true;
+    Tvx_pnt_d2 center{};
+    double pixel = 0; ///< 0 for no view
     std::vector<std::unique_ptr<Ivx_layer>> layers;
 };
 

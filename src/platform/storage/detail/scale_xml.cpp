@@ -82,33 +82,37 @@ void read_end(xml_in &root, char const *name, style_table_in const &table, rng_e
     read_row(row, table, end.prm);
 }
 
-xml_out begin_scale(xml_file &file, char const *scale_kind, style_kind style)
+void begin_scale(xml_out &root, char const *scale_kind, style_kind style)
 {
-    auto root = file.make(c_scale_root);
     root.field("kind", std::string(scale_kind));
     root.field("style", std::string(style_key(style)));
-    return root;
 }
 
-/// The root of a file that holds this kind of scale of these styles.
-xml_fault open_scale(xml_file &file, std::string bytes, char const *scale_kind, style_kind style,
-                     reading &state, std::optional<xml_in> &root)
+/// Whether the element holds this kind of scale of these styles.
+bool is_scale(xml_in &root, char const *scale_kind, style_kind style)
 {
-    if (auto const fault = file.parse(std::move(bytes), c_scale_root); fault != xml_fault::none)
-        return fault;
-    root.emplace(file.root(state));
     std::string kind;
     std::string key;
-    root->field("kind", kind);
-    root->field("style", key);
-    return kind == scale_kind && style_kind_of(key.c_str()) == style ? xml_fault::none : xml_fault::other;
+    root.field("kind", kind);
+    root.field("style", key);
+    return kind == scale_kind && style_kind_of(key.c_str()) == style;
+}
+
+template <class Read>
+xml_fault read_scale_file(std::string bytes, Read read)
+{
+    xml_file file;
+    if (auto const fault = file.parse(std::move(bytes), c_scale_root); fault != xml_fault::none)
+        return fault;
+    reading state;
+    xml_in root = file.root(state);
+    return read(root);
 }
 } // namespace
 
-std::string scale_bytes(val_scale const &scale, char const *kind)
+void write_scale(xml_out root, val_scale const &scale, char const *kind)
 {
-    xml_file file;
-    auto root = begin_scale(file, kind, scale.kind());
+    begin_scale(root, kind, scale.kind());
     style_table_out table(root.child("styles"));
     write_opacity(root, scale.opacity);
     auto entries = root.child("entries");
@@ -120,23 +124,25 @@ std::string scale_bytes(val_scale const &scale, char const *kind)
         write_row(row, table, e.prm);
     }
     write_other(root, table, scale.other);
+}
+
+std::string scale_bytes(val_scale const &scale, char const *kind)
+{
+    xml_file file;
+    write_scale(file.make(c_scale_root), scale, kind);
     return file.bytes();
 }
 
-xml_fault read_scale(std::string bytes, val_scale &scale, char const *kind)
+xml_fault read_scale(xml_in &root, val_scale &scale, char const *kind)
 {
-    xml_file file;
-    reading state;
-    std::optional<xml_in> root;
-    if (auto const fault = open_scale(file, std::move(bytes), kind, scale.kind(), state, root);
-        fault != xml_fault::none)
-        return fault;
+    if (!is_scale(root, kind, scale.kind()))
+        return xml_fault::other;
     val_scale fresh(scale.kind());
-    style_table_in const table(root->child("styles"), scale.kind());
-    fresh.opacity = read_opacity(*root);
-    auto entries = root->child("entries");
+    style_table_in const table(root.child("styles"), scale.kind());
+    fresh.opacity = read_opacity(root);
+    auto entries = root.child("entries");
     unsigned count = 0;
-    for (; state.good && entries.at("entry"); ++count) {
+    for (; root.good() && entries.at("entry"); ++count) {
         fresh.resize(count + 1);
         auto row = entries.child("entry");
         val_entry &entry = *fresh.at(count);
@@ -145,18 +151,22 @@ xml_fault read_scale(std::string bytes, val_scale &scale, char const *kind)
         read_row(row, table, entry.prm);
     }
     entries.finish();
-    read_other(*root, table, fresh.other);
-    root->finish();
-    if (!state.good)
+    read_other(root, table, fresh.other);
+    root.finish();
+    if (!root.good())
         return xml_fault::damaged;
     scale = std::move(fresh);
     return xml_fault::none;
 }
 
-std::string scale_bytes(rng_scale const &scale)
+xml_fault read_scale(std::string bytes, val_scale &scale, char const *kind)
 {
-    xml_file file;
-    auto root = begin_scale(file, c_range_scale, scale.kind());
+    return read_scale_file(std::move(bytes), [&](xml_in &root) { return read_scale(root, scale, kind); });
+}
+
+void write_scale(xml_out root, rng_scale const &scale)
+{
+    begin_scale(root, c_range_scale, scale.kind());
     root.field("range_type", scale.rng_type);
     root.field("round_digits", scale.round_digits);
     root.bound("deviation", scale.deviation_coeff);
@@ -174,26 +184,28 @@ std::string scale_bytes(rng_scale const &scale)
     }
     write_end(root, "max", table, scale.max);
     write_other(root, table, scale.other);
+}
+
+std::string scale_bytes(rng_scale const &scale)
+{
+    xml_file file;
+    write_scale(file.make(c_scale_root), scale);
     return file.bytes();
 }
 
-xml_fault read_scale(std::string bytes, rng_scale &scale)
+xml_fault read_scale(xml_in &root, rng_scale &scale)
 {
-    xml_file file;
-    reading state;
-    std::optional<xml_in> root;
-    auto const fault = open_scale(file, std::move(bytes), c_range_scale, scale.kind(), state, root);
-    if (fault != xml_fault::none)
-        return fault;
+    if (!is_scale(root, c_range_scale, scale.kind()))
+        return xml_fault::other;
     rng_scale fresh(scale.kind());
-    root->field("range_type", fresh.rng_type);
-    root->field("round_digits", fresh.round_digits);
-    root->bound("deviation", fresh.deviation_coeff);
-    style_table_in const table(root->child("styles"), scale.kind());
-    fresh.opacity = read_opacity(*root);
-    read_end(*root, "min", table, fresh.min);
-    auto ranges = root->child("ranges");
-    for (unsigned i = 0; state.good && ranges.at("range"); ++i) {
+    root.field("range_type", fresh.rng_type);
+    root.field("round_digits", fresh.round_digits);
+    root.bound("deviation", fresh.deviation_coeff);
+    style_table_in const table(root.child("styles"), scale.kind());
+    fresh.opacity = read_opacity(root);
+    read_end(root, "min", table, fresh.min);
+    auto ranges = root.child("ranges");
+    for (unsigned i = 0; root.good() && ranges.at("range"); ++i) {
         fresh.resize(i + 1);
         auto row = ranges.child("range");
         double from = 0;
@@ -205,13 +217,18 @@ xml_fault read_scale(std::string bytes, rng_scale &scale)
         read_row(row, table, fresh.at(i)->prm);
     }
     ranges.finish();
-    read_end(*root, "max", table, fresh.max);
-    read_other(*root, table, fresh.other);
-    root->finish();
-    if (!state.good)
+    read_end(root, "max", table, fresh.max);
+    read_other(root, table, fresh.other);
+    root.finish();
+    if (!root.good())
         return xml_fault::damaged;
     scale = std::move(fresh);
     return xml_fault::none;
+}
+
+xml_fault read_scale(std::string bytes, rng_scale &scale)
+{
+    return read_scale_file(std::move(bytes), [&](xml_in &root) { return read_scale(root, scale); });
 }
 
 std::string style_bytes(style_kind kind, void const *object)

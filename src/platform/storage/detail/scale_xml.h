@@ -20,6 +20,12 @@ inline constexpr char const *c_rule_scale = "rule";
 [[nodiscard]] xml_fault read_scale(std::string bytes, styles::val_scale &scale, char const *kind);
 [[nodiscard]] xml_fault read_scale(std::string bytes, styles::rng_scale &scale);
 
+/// The same in an element of another file.
+void write_scale(xml_out element, styles::val_scale const &scale, char const *kind);
+void write_scale(xml_out element, styles::rng_scale const &scale);
+[[nodiscard]] xml_fault read_scale(xml_in &element, styles::val_scale &scale, char const *kind);
+[[nodiscard]] xml_fault read_scale(xml_in &element, styles::rng_scale &scale);
+
 /// A composed style by itself, as its plain object.
 [[nodiscard]] std::string style_bytes(styles::style_kind kind, void const *object);
 [[nodiscard]] xml_fault read_style_file(std::string bytes, styles::style_kind kind, void *object);

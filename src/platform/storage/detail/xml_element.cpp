@@ -14,7 +14,6 @@
 
 namespace vx::storage {
 namespace {
-constexpr int c_version = 1;
 constexpr char const *c_crc_name = " crc=\"";
 constexpr std::string_view c_no_crc = "00000000";
 constexpr std::size_t c_head_length = 256; ///< the checksum stands in the first bytes
@@ -363,7 +362,7 @@ xml_file::xml_file() : f_content(std::make_unique<content>())
 }
 xml_file::~xml_file() = default;
 
-xml_fault xml_file::parse(std::string bytes, char const *root_name)
+xml_fault xml_file::parse(std::string bytes, char const *root_name, int newest)
 {
     if (!within_limits(bytes))
         return xml_fault::damaged;
@@ -387,7 +386,7 @@ xml_fault xml_file::parse(std::string bytes, char const *root_name)
     int version = 0;
     if (!from_text(root.attribute("version").value(), version) || version < 1)
         return xml_fault::damaged;
-    if (version > c_version)
+    if (version > newest)
         return xml_fault::newer;
     root.remove_attribute("version");
     if (pugi::xml_attribute const crc = root.attribute("crc")) {
@@ -403,14 +402,14 @@ xml_in xml_file::root(reading &state)
     return {state, f_content->doc.document_element().internal_object()};
 }
 
-xml_out xml_file::make(char const *root_name)
+xml_out xml_file::make(char const *root_name, int version)
 {
     pugi::xml_document &doc = f_content->doc;
     auto declaration = doc.append_child(pugi::node_declaration);
     declaration.append_attribute("version").set_value("1.0");
     declaration.append_attribute("encoding").set_value("UTF-8");
     auto root = doc.append_child(root_name);
-    root.append_attribute("version").set_value(c_version);
+    root.append_attribute("version").set_value(version);
     root.append_attribute("crc").set_value(c_no_crc.data());
     return xml_out(root.internal_object());
 }

@@ -136,17 +136,17 @@ public:
     ~xml_file();
 
     /// Parses and checks all that is the same in every file: size, no document type, one root of this name, a
-    /// known version, the checksum where there is one.
-    [[nodiscard]] xml_fault parse(std::string bytes, char const *root_name);
-    [[nodiscard]] xml_fault parse(std::string_view bytes, char const *root_name)
+    /// known version, the checksum where there is one. `newest` is the highest version that is known.
+    [[nodiscard]] xml_fault parse(std::string bytes, char const *root_name, int newest = 1);
+    [[nodiscard]] xml_fault parse(std::string_view bytes, char const *root_name, int newest = 1)
     {
-        return parse(std::string(bytes), root_name);
+        return parse(std::string(bytes), root_name, newest);
     }
     /// The root of a parsed file.
     [[nodiscard]] xml_in root(reading &state);
 
     /// Begins a file.
-    [[nodiscard]] xml_out make(char const *root_name);
+    [[nodiscard]] xml_out make(char const *root_name, int version = 1);
     /// The file's bytes with their checksum; empty when it is too large to be read again.
     [[nodiscard]] std::string bytes();
 
