@@ -6,8 +6,8 @@
 
 #include "platform/basic/vx_bundle.h"
 #include "platform/basic/vx_options.h"
+#include "platform/toolkit/bridge/qt_application.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QSettings>
 #include <QTimer>
@@ -84,7 +84,7 @@ int vx_map_application_run(int argc, char **argv, Tvx_command_line const &line)
                    stderr);
         return 1;
     }
-    QApplication application(argc, argv);
+    vx_qt_application application(argc, argv);
     screen.reset();
     QApplication::setApplicationName(QStringLiteral("vx_map"));
     if (!line.language.empty())

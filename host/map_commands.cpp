@@ -6,6 +6,7 @@
 #include "host/map_window.h"
 
 #include "platform/layers/vx_shp_lr2d.h"
+#include "platform/toolkit/bridge/qt_events.h"
 
 #include <QActionGroup>
 #include <QMenu>
@@ -314,7 +315,8 @@ QAction *Tvx_map_window::make_command(command_row const &row)
     if (row.is(c_of_panel))
         action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     if (row.run)
-        connect(action, &QAction::triggered, this, [this, run = row.run](bool on) { run(*this, on); });
+        connect(action, &QAction::triggered, this,
+                [this, run = row.run](bool on) { vx_guarded([&] { run(*this, on); }); });
     return action;
 }
 
@@ -327,8 +329,10 @@ void Tvx_map_window::create_commands()
             tools->addAction(action);
         f_commands.insert(QLatin1String(row.name), action);
     }
-    connect(command("recent")->menu(), &QMenu::aboutToShow, this, [this] { fill_recent_menu(); });
-    connect(command("draw_by")->menu(), &QMenu::aboutToShow, this, [this] { fill_draw_by_menu(); });
+    connect(command("recent")->menu(), &QMenu::aboutToShow, this,
+            [this] { vx_guarded([this] { fill_recent_menu(); }); });
+    connect(command("draw_by")->menu(), &QMenu::aboutToShow, this,
+            [this] { vx_guarded([this] { fill_draw_by_menu(); }); });
     command("draw_by")->menu()->setObjectName(QStringLiteral("draw_by_menu"));
 }
 

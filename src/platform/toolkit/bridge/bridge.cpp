@@ -1,4 +1,5 @@
 #include "platform/toolkit/bridge/detail/control_link.h"
+#include "platform/toolkit/bridge/qt_application.h"
 #include "platform/toolkit/bridge/qt_events.h"
 #include "platform/toolkit/bridge/qt_graphics.h"
 #include "platform/toolkit/bridge/qt_values.h"
@@ -23,7 +24,13 @@ void wake_main_thread()
 {
     if (qApp)
         QMetaObject::invokeMethod(
-            qApp, [] { vx_main_thread_pump(); }, Qt::QueuedConnection);
+            qApp,
+            [] {
+                // What waits behind a call that failed is not forgotten.
+                if (!vx_guarded([] { vx_main_thread_pump(); }))
+                    wake_main_thread();
+            },
+            Qt::QueuedConnection);
 }
 
 /// From now on what other threads post is worked off by the loop of the application object, if there is one.
@@ -66,12 +73,21 @@ void vx_qt_ensure_application()
         !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         count = 3;
     // Lives to the end of the process: windows may outlast every static object.
-    static QApplication *const application = new QApplication(count, arguments);
+    static QApplication *const application = new vx_qt_application(count, arguments);
     application->setQuitOnLastWindowClosed(false);
     // Qt has taken the user's locale; numbers in text stay as they are everywhere.
     std::setlocale(LC_NUMERIC, "C");
     begin_listening();
     vx::toolkit::translate_standard_texts();
+}
+
+bool vx_qt_application::notify(QObject *receiver, QEvent *event)
+{
+    bool taken = true;
+    // A window whose question about unsaved work failed stays open.
+    if (!vx_guarded([&] { taken = QApplication::notify(receiver, event); }) && event->type() == QEvent::Close)
+        event->ignore();
+    return taken;
 }
 
 QColor vx_qt_color(TColor color)

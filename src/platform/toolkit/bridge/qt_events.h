@@ -1,9 +1,12 @@
 #pragma once
 
 #include "platform/base/export.h"
+#include "platform/toolkit/core/application.h"
 #include "platform/toolkit/core/types.h"
 
 #include <QtCore/Qt>
+
+#include <utility>
 
 // What events carry, and where user code runs in them.
 
@@ -26,3 +29,17 @@ public:
     ~vx_event_scope();
     [[nodiscard]] static bool active();
 };
+
+/// Runs what may call user code on behalf of an event. No exception may pass through the window system, so
+/// it ends here, and the user is told (`TApplication::HandleException`). Gives whether none came.
+template <class F>
+bool vx_guarded(F &&f) noexcept
+{
+    try {
+        std::forward<F>(f)();
+        return true;
+    } catch (...) {
+        Application->HandleException(Application);
+        return false;
+    }
+}

@@ -51,7 +51,7 @@ public:
         vx_event_scope const scope;
         if (owner && !owner->IsDestroying() && !owner->f_dropped) {
             owner->f_dropped = true;
-            owner->DropDown();
+            vx_guarded([this] { owner->DropDown(); });
             if (!owner)
                 return;
         }
@@ -64,7 +64,7 @@ public:
         vx_event_scope const scope;
         if (owner && !owner->IsDestroying() && owner->f_dropped) {
             owner->f_dropped = false;
-            owner->CloseUp();
+            vx_guarded([this] { owner->CloseUp(); });
         }
     }
 
@@ -87,7 +87,7 @@ protected:
         if (!isEnabled())
             state.Include(odDisabled);
         painter.setClipRect(field);
-        owner->draw(&painter, currentIndex(), vx_rect(field), state);
+        vx_guarded([&] { owner->draw(&painter, currentIndex(), vx_rect(field), state); });
     }
 };
 
@@ -110,7 +110,7 @@ public:
             state.Include(odFocused);
         if (!(option.state & QStyle::State_Enabled))
             state.Include(odDisabled);
-        f_owner->draw(painter, index.row(), vx_rect(option.rect), state);
+        vx_guarded([&] { f_owner->draw(painter, index.row(), vx_rect(option.rect), state); });
     }
     QSize sizeHint(QStyleOptionViewItem const &option, QModelIndex const &index) const override
     {

@@ -84,8 +84,10 @@ private:
     {
         if (!owner || owner->IsDestroying())
             return;
-        vx_event_scope const scope;
-        owner->Click();
+        vx_guarded([this] {
+            vx_event_scope const scope;
+            owner->Click();
+        });
     }
 
     bool f_pressed = false;
@@ -124,7 +126,7 @@ public:
             style->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &mark, painter, mark.widget);
             box.setLeft(at.right() + 1 + c_text_inset);
         }
-        f_owner->draw(painter, index.row(), vx_rect(box), state);
+        vx_guarded([&] { f_owner->draw(painter, index.row(), vx_rect(box), state); });
     }
     QSize sizeHint(QStyleOptionViewItem const &option, QModelIndex const &index) const override
     {

@@ -54,8 +54,10 @@ protected:
         // Left and right belong to the text that is edited.
         if (!vertical)
             return false;
-        vx_event_scope const scope;
-        owner->step(key == Qt::Key_Up ? btNext : btPrev);
+        vx_guarded([&] {
+            vx_event_scope const scope;
+            owner->step(key == Qt::Key_Up ? btNext : btPrev);
+        });
         return true;
     }
 

@@ -1,10 +1,15 @@
 #include "platform/toolkit/core/application.h"
 
+#include "captions/engine.h"
+
 #include "platform/base/flag_scope.h"
+#include "platform/base/text_codec.h"
+#include "platform/basic/vx_fault.h"
 #include "platform/toolkit/bridge/qt_events.h"
 #include "platform/toolkit/bridge/qt_values.h"
 #include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/core/form.h"
+#include "platform/winapi/detail/main_thread.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QEventLoop>
@@ -12,16 +17,92 @@
 #include <QtGui/QGuiApplication>
 #include <QtWidgets/QApplication>
 
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <memory>
+#include <new>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace {
+using moment = std::chrono::steady_clock::time_point;
+
+/// Shorter than this after it came last, a reason is the same trouble still: of a timer, or of the painting
+/// of what a message uncovered.
+constexpr std::chrono::seconds c_quiet{5};
+/// More messages on top of each other help nobody.
+constexpr int c_shown_at_once = 3;
+constexpr std::size_t c_remembered = 32;
+
+struct told_reason
+{
+    std::wstring text;
+    moment last;
+};
+
+/// What came out of handlers lately. Main thread only.
+std::vector<told_reason> &told_reasons()
+{
+    static auto &list = *new std::vector<told_reason>;
+    return list;
+}
+
+/// Whether it is new to the user; it is not for some time from now.
+bool remember(std::wstring const &reason)
+{
+    auto &list = told_reasons();
+    moment const now = std::chrono::steady_clock::now();
+    auto const known =
+        std::find_if(list.begin(), list.end(), [&](told_reason const &told) { return told.text == reason; });
+    if (known != list.end())
+        return now - std::exchange(known->last, now) > c_quiet;
+    if (list.size() >= c_remembered)
+        list.erase(list.begin());
+    list.push_back({reason, now});
+    return true;
+}
+
+void tell(void *data)
+{
+    static int shown = 0;
+    std::unique_ptr<std::wstring const> const reason(static_cast<std::wstring const *>(data));
+    if (!remember(*reason) || shown >= c_shown_at_once)
+        return;
+    ++shown;
+    vx_guarded([&] { vx_reason_report(reason->c_str()); });
+    --shown;
+    remember(*reason);
+}
+
+/// The reason of the exception that is being handled.
+std::wstring current_reason()
+{
+    try {
+        throw;
+    } catch (std::bad_alloc const &) {
+        return vx_fault_reason({c_capt_event_no_memory, {}, 0, {}});
+    } catch (std::exception const &thrown) {
+        return vx_fault_reason({c_capt_event_failed, {}, 0, vx::text::utf8_to_wide(thrown.what())});
+    } catch (...) {
+        return vx_fault_reason({c_capt_event_failed, {}, 0, {}});
+    }
+}
+} // namespace
+
 TApplication::TApplication() : TComponent(nullptr)
 {
     vx_qt_ensure_application();
     QObject::connect(qApp, &QGuiApplication::applicationStateChanged, qApp,
                      [this](Qt::ApplicationState state) {
-                         vx_event_scope const scope;
-                         if (state == Qt::ApplicationActive)
-                             OnActivate(this);
-                         else
-                             OnDeactivate(this);
+                         vx_guarded([&] {
+                             vx_event_scope const scope;
+                             if (state == Qt::ApplicationActive)
+                                 OnActivate(this);
+                             else
+                                 OnDeactivate(this);
+                         });
                      });
 }
 
@@ -78,9 +159,11 @@ void TApplication::HandleMessage()
     if (loop.processEvents())
         return;
     if (OnIdle) {
-        vx_event_scope const scope;
         bool done = true;
-        OnIdle(this, done);
+        vx_guarded([&] {
+            vx_event_scope const scope;
+            OnIdle(this, done);
+        });
         if (!done)
             return;
     }
@@ -111,4 +194,25 @@ bool TApplication::GetActive() const
 bool TApplication::HelpContext(THelpContext context)
 {
     return OnHelp && OnHelp(context);
+}
+
+void TApplication::HandleException(TObject *sender) noexcept
+{
+    try {
+        if (OnException && vx_is_main_thread()) {
+            try {
+                throw;
+            } catch (std::exception const &thrown) {
+                OnException(sender, &thrown);
+            } catch (...) {
+                OnException(sender, nullptr);
+            }
+            return;
+        }
+        auto reason = std::make_unique<std::wstring>(current_reason());
+        vx_main_thread_post(&tell, reason.get());
+        (void)reason.release();
+    } catch (...) { // not even memory for a message
+        std::fputs("an error broke off what was being done, and there is no memory to tell more\n", stderr);
+    }
 }

@@ -2,6 +2,8 @@
 
 #include "platform/toolkit/core/component.h"
 
+#include <exception>
+
 class TCustomForm;
 
 /// The program as the toolkit sees it. Made at first use; it works inside the host's event loop, or with one
@@ -30,6 +32,12 @@ public:
     [[nodiscard]] bool GetTerminated() const { return f_terminated; }
     [[nodiscard]] bool GetActive() const;
 
+    /// For a `catch` block: tells of the exception that is being handled, by `OnException` or, when nobody
+    /// listens or the thread is not the main one, by a message as soon as the program waits for events. What
+    /// comes again and again is told once, until it has been quiet for some seconds. Throws nothing. The
+    /// toolkit calls it for whatever comes out of an event handler, so no exception ends the program there.
+    void HandleException(TObject *sender) noexcept;
+
     /// Asks for help on a context: runs `OnHelp` and gives its result; false if nobody listens.
     bool HelpContext(THelpContext context);
     [[nodiscard]] bool GetShowHint() const { return f_show_hint; }
@@ -46,6 +54,10 @@ public:
     closure<bool(THelpContext context)> OnHelp;
     TNotifyEvent OnActivate;
     TNotifyEvent OnDeactivate;
+    /// Gets what came out of an event handler, in the place of the message; `sender` is what
+    /// `HandleException` got, the application for what the toolkit caught, and `exception` is null for what
+    /// is not derived from `std::exception`.
+    closure<void(TObject *sender, std::exception const *exception)> OnException;
     /// Runs when no event waits any more; `done` false asks to be called again at once.
     closure<void(TObject *sender, bool &done)> OnIdle;
 

@@ -30,6 +30,7 @@
 #include <QtWidgets/QComboBox>
 
 #include <unordered_map>
+#include <utility>
 
 namespace {
 /// Which widget is whose. Never destroyed: controls may end after static objects do.
@@ -82,15 +83,26 @@ public:
     ~input_scope() { --g_input.depth; }
 };
 
+/// Marks an event as handed on by ourselves.
+class passing_scope
+{
+public:
+    explicit passing_scope(QEvent const &event) : f_former(std::exchange(g_input.passing, &event)) {}
+    passing_scope(passing_scope const &) = delete;
+    passing_scope &operator=(passing_scope const &) = delete;
+    ~passing_scope() { g_input.passing = f_former; }
+
+private:
+    QEvent const *f_former;
+};
+
 /// Hands an event to its widget as if nobody watched; gives whether some widget took it.
 bool pass_on(QPointer<QWidget> const &target, QEvent &event)
 {
     if (!target)
         return true;
-    QEvent const *const former = g_input.passing;
-    g_input.passing = &event;
+    passing_scope const passing(event);
     QCoreApplication::sendEvent(target, &event);
-    g_input.passing = former;
     return event.isAccepted();
 }
 } // namespace
@@ -186,7 +198,10 @@ bool vx_control_link::eventFilter(QObject *object, QEvent *event)
     auto *const target = static_cast<QWidget *>(object);
     if (target != widget && (vx_control_of(target) != control || target->window() != widget->window()))
         return false;
-    return filter(target, event);
+    bool taken = true;
+    if (!vx_guarded([&] { taken = filter(target, event); }) && event->type() == QEvent::Close)
+        event->ignore();
+    return taken;
 }
 
 bool vx_control_link::filter(QWidget *target, QEvent *event)

@@ -250,8 +250,8 @@ int TCustomForm::ShowModal()
     while (alive) {
         if (f_modal_result == mrNone && (Application->GetTerminated() || !GetVisible()))
             f_modal_result = mrCancel;
-        if (f_modal_result != mrNone)
-            close_modal();
+        if (f_modal_result != mrNone && !vx_guarded([this] { close_modal(); }) && alive)
+            f_modal_result = mrNone;
         if (!alive || f_modal_result != mrNone)
             break;
         Application->HandleMessage();

@@ -1,5 +1,6 @@
 #include "platform/toolkit/core/timer.h"
 
+#include "platform/toolkit/bridge/qt_events.h"
 #include "platform/toolkit/bridge/qt_widgets.h"
 
 #include <QtCore/QTimer>
@@ -13,7 +14,8 @@ TTimer::TTimer(TComponent *owner) : TComponent(owner)
 {
     vx_qt_ensure_application();
     f_native = std::make_unique<native>();
-    QObject::connect(&f_native->timer, &QTimer::timeout, &f_native->timer, [this] { OnTimer(this); });
+    QObject::connect(&f_native->timer, &QTimer::timeout, &f_native->timer,
+                     [this] { vx_guarded([this] { OnTimer(this); }); });
     update();
 }
 

@@ -39,14 +39,15 @@ TCustomGrid::native::native(TCustomGrid *grid) : p(std::make_unique<parts>())
     };
     p->horz = make(Qt::Horizontal, [grid](int value) {
         if (!grid->f_updating_bars)
-            grid->SetLeftCol(value);
+            vx_guarded([&] { grid->SetLeftCol(value); });
     });
     p->vert = make(Qt::Vertical, [grid](int value) {
         if (!grid->f_updating_bars)
-            grid->SetTopRow(value);
+            vx_guarded([&] { grid->SetTopRow(value); });
     });
     p->timer.setInterval(c_scroll_interval);
-    QObject::connect(&p->timer, &QTimer::timeout, &p->timer, [grid] { grid->timed_scroll(); });
+    QObject::connect(&p->timer, &QTimer::timeout, &p->timer,
+                     [grid] { vx_guarded([grid] { grid->timed_scroll(); }); });
 }
 
 TCustomGrid::native::~native() = default;

@@ -65,10 +65,11 @@ TMenuItem::TMenuItem(TComponent *owner) : TComponent(owner)
     // A popup menu clicks the chosen item itself, once the menu is closed; this is the way of the menu bar.
     QObject::connect(&f_native->action, &QAction::triggered, &f_native->action, [this] {
         apply();
-        if (!dynamic_cast<TPopupMenu *>(GetParentMenu())) {
-            vx_event_scope const scope;
-            Click();
-        }
+        if (!dynamic_cast<TPopupMenu *>(GetParentMenu()))
+            vx_guarded([this] {
+                vx_event_scope const scope;
+                Click();
+            });
     });
     apply();
 }
@@ -106,11 +107,13 @@ void TMenuItem::Insert(int index, TMenuItem *item)
         f_native->menu = std::make_unique<QMenu>();
         f_native->action.setMenu(f_native->menu.get());
         QObject::connect(f_native->menu.get(), &QMenu::aboutToShow, &f_native->action, [this] {
-            vx_event_scope const scope;
-            // The root of a popup menu has told already, by OnPopup.
-            if (f_parent)
-                Click();
-            prepare_below();
+            vx_guarded([this] {
+                vx_event_scope const scope;
+                // The root of a popup menu has told already, by OnPopup.
+                if (f_parent)
+                    Click();
+                prepare_below();
+            });
         });
     }
     QAction *const before =

@@ -65,10 +65,12 @@ void vx_connect(TControl *control, Sender *sender, Signal signal, F f)
     QObject::connect(sender, signal, control->Link(), [control, f](auto &&...args) -> void {
         if (control->IsDestroying())
             return;
-        vx_event_scope const scope;
-        if constexpr (std::is_invocable_v<F const &, decltype(args)...>)
-            f(std::forward<decltype(args)>(args)...);
-        else
-            f();
+        vx_guarded([&] {
+            vx_event_scope const scope;
+            if constexpr (std::is_invocable_v<F const &, decltype(args)...>)
+                f(std::forward<decltype(args)>(args)...);
+            else
+                f();
+        });
     });
 }
