@@ -2,14 +2,13 @@
 
 #include "platform/base/owned.h"
 #include "platform/calculator/vx_calc_filter.h"
+#include "platform/data/detail/attr_row.h"
 #include "platform/data/vx_attr_data.h"
 #include "platform/render/vx_scale_rows.h"
 #include "platform/styles/vx_stl_mngr.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
-#include <optional>
 #include <string>
 
 namespace vx::render {
@@ -20,54 +19,6 @@ int field_index(Ivx_attr_files *files, std::wstring const &name)
 {
     return files && !name.empty() ? vx_attr_files_get_field_index_w(files, name.c_str()) : -1;
 }
-
-/// A record of an attribute table as filters see it.
-class table_row final : public Ivx_calc_row
-{
-public:
-    explicit table_row(Ivx_attr_files *files) : f_files(files) {}
-    void go_to(unsigned record) { f_record = record; }
-
-    [[nodiscard]] int field_index(std::wstring_view name) const override
-    {
-        return render::field_index(f_files, std::wstring(name));
-    }
-    [[nodiscard]] Tvx_calc_cell cell(int field, bool text_needed) override
-    {
-        Tvx_calc_cell cell;
-        if (!f_files || field < 0)
-            return cell;
-        auto const f = static_cast<unsigned>(field);
-        int const type = vx_attr_files_get_field_type(f_files, f);
-        cell.is_number = type == c_attr_integer || type == c_attr_numeric || type == c_attr_bigint;
-        if (cell.is_number) {
-            cell.number = vx_attr_files_get_dbl(f_files, f, f_record, &cell.known);
-            cell.is_number = cell.known;
-            if (cell.known && type != c_attr_numeric)
-                cell.whole = whole_number(f, cell.number);
-        }
-        if (!cell.is_number || text_needed)
-            cell.text = vx_attr_files_get_wstr(f_files, f, f_record, &cell.known);
-        return cell;
-    }
-
-private:
-    /// Past 53 bits only the cell's text has all digits.
-    [[nodiscard]] std::optional<std::int64_t> whole_number(unsigned field, double number)
-    {
-        constexpr double c_exact = 9007199254740992.0;
-        if (std::abs(number) < c_exact)
-            return static_cast<std::int64_t>(number);
-        auto const digits = vx_attr_files_get_utf8(f_files, field, f_record, nullptr);
-        std::int64_t value = 0;
-        bool const good =
-            std::from_chars(digits.data(), digits.data() + digits.size(), value).ec == std::errc();
-        return good ? std::optional(value) : std::nullopt;
-    }
-
-    Ivx_attr_files *f_files;
-    unsigned f_record = 0;
-};
 } // namespace
 
 struct row_source::rules
@@ -91,7 +42,7 @@ struct row_source::rules
         return static_cast<unsigned>(it - tests.begin());
     }
 
-    table_row row;
+    attr::attr_row row;
     std::vector<prepared> tests; ///< null for a text that is no filter
 };
 
