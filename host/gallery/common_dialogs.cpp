@@ -1,6 +1,8 @@
 #include "host/gallery/gallery_dialog.h"
 
+#include "platform/base/owned.h"
 #include "platform/basic/vx_fnt_type.h"
+#include "platform/calculator/vx_calc_filter.h"
 #include "platform/dialogs/vx_dlgs.h"
 #include "platform/dialogs/vx_file_dialog.h"
 #include "platform/dialogs/vx_msgs.h"
@@ -52,6 +54,14 @@ void choose_file(bool save)
     (void)vx_file_dialog(nullptr, 0, 0, &prm);
 }
 
+void edit_filter()
+{
+    vx::owned<void, &vx_calc_filter_destroy> const filter(vx_calc_filter_create());
+    vx_calc_filter_from_str(filter.get(), L"\"LAND\" EQUAL \"forest\" AND \"AREA\" GREATER \"100\" OR "
+                                          L"\"NAME\" CONTAINS NOCASE \"wood\"");
+    (void)vx_attr_filter_dialog(filter.get(), nullptr);
+}
+
 /// Ten seconds of work in two levels.
 void show_progress()
 {
@@ -70,6 +80,7 @@ gallery_dialog const g_color(10, L"Colour", [] { choose_color(c_color_format_rgb
 gallery_dialog const g_plain_color(11, L"Colour without opacity", [] { choose_color(c_color_format_rgb); });
 gallery_dialog const g_font(12, L"Font", choose_font);
 gallery_dialog const g_character(13, L"Character", choose_character);
+gallery_dialog const g_filter(21, L"Filter", edit_filter);
 gallery_dialog const g_open(14, L"Open", [] { choose_file(false); });
 gallery_dialog const g_save(15, L"Save", [] { choose_file(true); });
 gallery_dialog const g_message(16, L"Message", [] { vx_show_wmessage(L"lakes.shp"); });

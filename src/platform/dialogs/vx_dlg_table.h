@@ -8,6 +8,7 @@
 
 #include <cstddef>
 
+struct Ivx_entity;
 class vx_fnt_type;
 
 /// A host's own dialogs, in place of the built-in ones. A null entry leaves the built-in dialog. Each
@@ -31,6 +32,8 @@ struct vx_dlg_table
     void (*progress_set)(void *user, void *progress, int percent, wchar_t const *caption) = nullptr;
     bool (*progress_is_stopped)(void *user, void *progress) = nullptr;
     void (*progress_finish)(void *user, void *progress) = nullptr;
+    /// `data` may be null.
+    bool (*attr_filter)(void *user, HWND parent, void *filter, Ivx_entity *data) = nullptr;
 };
 
 /// Copies the table and puts it into force; null goes back to the built-in dialogs. Gives the former one, so

@@ -6,6 +6,7 @@
 #include "platform/base/unicode_string.h"
 #include "platform/toolkit/core/types.h"
 
+struct Ivx_entity;
 class vx_fnt_type;
 
 /// The common dialogs. All are modal and run on the main thread.
@@ -35,3 +36,8 @@ class vx_fnt_type;
                                                        wchar_t const *title, wchar_t const *file_name);
 [[nodiscard]] VX_API UnicodeString vx_save_file_dialog(HWND parent, int x, int y, wchar_t const *suffix,
                                                        wchar_t const *title, wchar_t const *file_name);
+
+/// Edits a filter (`vx_calc_filter_create`): conditions on the fields of the vector data object `data`, with
+/// the values that its table holds and the number of objects that match. Without data, and with data that
+/// cannot be read, fields and values are typed. In the middle of the screen.
+[[nodiscard]] VX_API bool vx_attr_filter_dialog(void *filter, Ivx_entity *data);
