@@ -1,6 +1,10 @@
 #include "layer_edit/shape/shp_lr2d_edit.h"
 
+#include "platform/base/owned.h"
+#include "platform/base/string_adp.h"
+#include "platform/calculator/vx_calc_filter.h"
 #include "platform/data/vx_attr_data.h"
+#include "platform/dialogs/vx_dlgs.h"
 #include "platform/layers/vx_shp_lr2d.h"
 #include "platform/styles/vx_stl_mngr_list.h"
 
@@ -39,6 +43,7 @@ void Tvx_shp_lr2d_edit::take_stl_mngr_edit(Tvx_typed_stl_mngr_edit *edit, void *
     edit->set_on_data_get_stat({});
     edit->set_on_data_get_str(make_closure<&Tvx_shp_lr2d_edit::on_data_get_str>(this));
     edit->set_on_data_get_val(make_closure<&Tvx_shp_lr2d_edit::on_data_get_val>(this));
+    edit->set_on_edit_value_item(make_closure<&Tvx_shp_lr2d_edit::on_edit_value_item>(this));
 }
 
 void Tvx_shp_lr2d_edit::load_res()
@@ -128,6 +133,18 @@ char const *Tvx_shp_lr2d_edit::on_data_get_str(TObject * /*sender*/, unsigned pr
 double Tvx_shp_lr2d_edit::on_data_get_val(TObject * /*sender*/, unsigned prop, unsigned obj, bool &defined)
 {
     return vx_attr_files_get_dbl(f_attr_files, prop, obj, &defined);
+}
+
+bool Tvx_shp_lr2d_edit::on_edit_value_item(std::wstring &text)
+{
+    if (!get_lr2d())
+        return false;
+    vx::owned<void, &vx_calc_filter_destroy> const filter(vx_calc_filter_create());
+    vx_calc_filter_from_str(filter.get(), text.c_str());
+    if (!vx_attr_filter_dialog(filter.get(), vx_lr2d_get_data_ptr(get_lr2d())))
+        return false;
+    vx_calc_filter_to_str(filter.get(), Tvx_std_wstring_adapter(text));
+    return true;
 }
 
 // ---- the pages of each geometry

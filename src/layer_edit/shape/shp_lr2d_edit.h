@@ -4,6 +4,8 @@
 #include "style_manager/lists/stl_mngr_list_edit.h"
 #include "style_manager/shell/typed_stl_mngr_edits.h"
 
+#include <string>
+
 struct Ivx_attr_files;
 
 /// Base of the pages of vector layers: a strip with the style managers of the layer, below it the editor of
@@ -30,6 +32,9 @@ public:
     char const *on_data_get_prop(TObject *sender, unsigned prop, bool &usable, bool &numeric);
     char const *on_data_get_str(TObject *sender, unsigned prop, unsigned obj, bool &defined);
     double on_data_get_val(TObject *sender, unsigned prop, unsigned obj, bool &defined);
+    /// Lets the user edit the text of a filter over the layer's attributes; true if he accepted. A text that
+    /// is no filter is shown as an empty one.
+    bool on_edit_value_item(std::wstring &text);
 
 protected:
     /// Gives the editor of the leaf its place and its events; called at the end of its `create`. `own_mngr`
