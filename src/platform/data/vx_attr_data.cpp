@@ -13,6 +13,15 @@ constexpr wchar_t c_option_mark = L'|';
 constexpr wchar_t c_option_join = L'&';
 constexpr std::wstring_view c_driver_path = L"/vsi"; ///< paths that only drivers understand
 
+/// Neighbouring records that were read by themselves.
+struct record_page
+{
+    unsigned first;
+    std::vector<vx::attr::column> cells;
+};
+constexpr unsigned c_page_records = 64;
+constexpr std::size_t c_kept_pages = 16;
+
 struct open_table
 {
     Ivx_attr_data *data;
@@ -21,6 +30,8 @@ struct open_table
     std::vector<vx::attr::column const *> columns; ///< of `set`; null until a cell is asked for
     std::string text;                              ///< behind `vx_attr_files_get_str`
     vx::attr::wide_buffer wide;                    ///< behind `vx_attr_files_get_wstr`
+    std::vector<record_page> pages;                ///< the last one used comes last
+    vx::attr::wide_buffer peeked;                  ///< behind `vx_attr_files_peek_wstr`
 };
 
 /// Null past the end. The first call for a field reads it.
@@ -32,6 +43,22 @@ vx::attr::column const *column_of(open_table *table, unsigned field)
     if (!column)
         column = &table->set->cells(field);
     return column;
+}
+
+/// The page of a record; reads it if it is not kept.
+record_page const &page_of(open_table &table, unsigned record)
+{
+    auto &pages = table.pages;
+    unsigned const first = record / c_page_records * c_page_records;
+    auto const kept = std::ranges::find(pages, first, &record_page::first);
+    if (kept != pages.end()) {
+        std::rotate(kept, kept + 1, pages.end());
+        return pages.back();
+    }
+    record_page page{first, table.set->read_records(first, c_page_records)};
+    if (pages.size() == c_kept_pages)
+        pages.erase(pages.begin());
+    return pages.emplace_back(std::move(page));
 }
 
 void tell(bool *ok, bool value)
@@ -191,7 +218,7 @@ Ivx_attr_files *vx_attr_files_open(Ivx_attr_data *data, int read_only, int /*fla
     auto const set = data && read_only ? data->opened() : nullptr;
     if (!set || !set->has_vector())
         return nullptr;
-    auto *const files = new Ivx_attr_files{{vx_attr_data_retain(data), set, {}, {}, {}, {}}};
+    auto *const files = new Ivx_attr_files{{vx_attr_data_retain(data), set, {}, {}, {}, {}, {}, {}}};
     files->columns.resize(set->fields().size());
     for (auto const &field : set->fields())
         files->names.push_back(vx::text::to_bytes(field.name));
@@ -252,6 +279,28 @@ wchar_t const *vx_attr_files_get_wstr(Ivx_attr_files *files, unsigned field, uns
         return L"";
     bool has = false;
     auto const *const text = vx::attr::wide_text_of(*cells, record, files->wide, has);
+    tell(ok, has);
+    return text;
+}
+
+wchar_t const *vx_attr_files_peek_wstr(Ivx_attr_files *files, unsigned field, unsigned record, bool *ok)
+{
+    tell(ok, false);
+    if (field >= vx_attr_files_get_np(files) || record >= vx_attr_files_get_no(files))
+        return L"";
+    if (files->columns[field] || files->set->has_cells(field) || !files->set->finds_records_fast())
+        return vx_attr_files_get_wstr(files, field, record, ok);
+    record_page const &page = page_of(*files, record);
+    if (!files->set->finds_records_fast())
+        return vx_attr_files_get_wstr(files, field, record, ok);
+    if (field >= page.cells.size()) {
+        // Nothing is kept of a refusal, as while the source is being read: the next question tries again.
+        files->pages.pop_back();
+        return L"";
+    }
+    bool has = false;
+    auto const *const text =
+        vx::attr::wide_text_of(page.cells[field], record - page.first, files->peeked, has);
     tell(ok, has);
     return text;
 }

@@ -96,6 +96,11 @@ VX_API void vx_attr_files_close(Ivx_attr_files *files);
 /// The same in UTF-8, whatever the system code page; the cell of a text field is not copied.
 [[nodiscard]] VX_API std::string_view vx_attr_files_get_utf8(Ivx_attr_files *files, unsigned field,
                                                              unsigned record, bool *ok);
+/// As `vx_attr_files_get_wstr`, for a window onto a long table: reads the records next to this one, of all
+/// fields, and keeps the last of what it read. A column that has been read answers itself, and a source that
+/// takes long to find a record is read by columns after all.
+[[nodiscard]] VX_API wchar_t const *vx_attr_files_peek_wstr(Ivx_attr_files *files, unsigned field,
+                                                            unsigned record, bool *ok);
 /// Number of a text cell among the different texts of its field, from 0: cells of one number have one text.
 /// -1 where the cell has no value, and for all cells of a field that is not kept so.
 [[nodiscard]] VX_API int vx_attr_files_get_text_number(Ivx_attr_files *files, unsigned field,

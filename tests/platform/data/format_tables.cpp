@@ -117,6 +117,23 @@ TEST(format_tables, types_and_texts_as_stored)
         EXPECT_EQ(seen.size(), 3333u);
         EXPECT_EQ(std::accumulate(seen.begin(), seen.end(), 0LL), 4999LL * 5000 / 2 - 3LL * 1666 * 1667 / 2);
 
+        attr_data const other(vx_attr_data_create(path.c_str()));
+        attr_files const window(vx_attr_files_open(other.get(), 1, 0));
+        for (unsigned const record : {4999u, 0u, 1234u, 63u, 64u, 4999u, 5000u})
+            for (unsigned field = 0; field < vx_attr_files_get_np(files.get()); ++field) {
+                bool known = false;
+                bool peeked = true;
+                std::wstring const cell = vx_attr_files_get_wstr(files.get(), field, record, &known);
+                EXPECT_EQ(vx_attr_files_peek_wstr(window.get(), field, record, &peeked), cell)
+                    << record << ", " << field;
+                EXPECT_EQ(peeked, known);
+            }
+        bool still = false;
+        EXPECT_STREQ(vx_attr_files_get_wstr(window.get(), at(L"s"), 1, &still),
+                     vx_attr_files_get_wstr(files.get(), at(L"s"), 1, &still))
+            << "a page leaves no filter behind";
+        EXPECT_EQ(vx_attr_files_get_no(window.get()), 5000u);
+
         EXPECT_FALSE(vx_attr_data_is_missing(data.get()));
         std::filesystem::remove(dir / f.name);
         EXPECT_TRUE(vx_attr_data_is_missing(data.get()));

@@ -4,8 +4,10 @@
 #include "extension/binding/codes.h"
 #include "extension/binding/column_source.h"
 #include "extension/binding/feature_forward_request.h"
+#include "extension/binding/feature_random_request.h"
 #include "extension/binding/string_visitor.h"
 
+#include "platform/base/flag_scope.h"
 #include "platform/base/owned.h"
 #include "platform/base/string_adp.h"
 #include "platform/base/text_codec.h"
@@ -132,6 +134,64 @@ private:
             f_cells.append_none();
     }
     int f_field;
+    text_receiver f_receiver;
+};
+
+/// The cells of records that come one by one, for all fields.
+class record_reader final : public feature_reader
+{
+public:
+    record_reader(std::vector<field> const &fields, std::size_t records)
+    {
+        for (field const &f : fields)
+            f_cells.push_back(empty_column(f.type, records));
+    }
+    std::vector<column> f_cells;
+    std::size_t f_size = 0;
+
+private:
+    static column empty_column(int type, std::size_t records)
+    {
+        switch (type) {
+        case c_attr_string:
+        case c_attr_date:
+        case c_attr_time:
+        case c_attr_date_time:
+            return text_cells(records);
+        case c_attr_integer:
+            return number_cells<std::int32_t>(records);
+        case c_attr_bigint:
+            return number_cells<std::int64_t>(records);
+        case c_attr_numeric:
+            return number_cells<double>(records);
+        default:
+            return {};
+        }
+    }
+    void read(vx::feature const &item) override
+    {
+        for (std::size_t i = 0; i < f_cells.size(); ++i)
+            std::visit([&](auto &cells) { append(cells, item, static_cast<int>(i)); }, f_cells[i]);
+        ++f_size;
+    }
+    void append(std::monostate &, vx::feature const &, int) {}
+    void append(text_cells &cells, vx::feature const &item, int field)
+    {
+        bool defined = false;
+        f_receiver.f_text.clear();
+        item.get_string(field, &defined, f_receiver);
+        if (defined)
+            cells.append(vx::text::wide_to_utf8(f_receiver.f_text));
+        else
+            cells.append_none();
+    }
+    template <class T>
+    void append(number_cells<T> &cells, vx::feature const &item, int field)
+    {
+        bool defined = false;
+        auto const value = number_cell<T>(item, field, &defined);
+        cells.append(value, defined);
+    }
     text_receiver f_receiver;
 };
 
@@ -334,6 +394,7 @@ attr_set::walk_result attr_set::walk(vx::feature_visitor visitor) const
         vx_feature_forward_request_interface_specialize(vx_data_source_interface_generalize(f_source)));
     if (!request.reset_reading())
         return c_walk_complained;
+    vx::flag_scope const walking(f_is_walking);
     complaint_listener complaints;
     patience patience;
     for (std::size_t i = 0; i < f_record_count; ++i) {
@@ -393,6 +454,36 @@ column const &attr_set::cells(std::size_t index)
         break;
     }
     return *held;
+}
+
+std::vector<column> attr_set::read_records(std::size_t first, std::size_t count)
+{
+    constexpr std::chrono::milliseconds c_slow{100};
+    auto const source = vx_data_source_interface_generalize(f_source);
+    vx::feature_forward_request const walk(vx_feature_forward_request_interface_specialize(source));
+    vx::feature_random_request const places(vx_feature_random_request_interface_specialize(source));
+    if (f_is_walking || !walk)
+        return {};
+    auto const began = std::chrono::steady_clock::now();
+    record_reader reader(f_fields, count);
+    // Where a place is found by walking to it, a database still steps faster than its driver.
+    bool const by_page = !places.has_moveto_index();
+    bool good =
+        by_page ? walk.set_attribute_filter(
+                      (L"LIMIT " + std::to_wstring(count) + L" OFFSET " + std::to_wstring(first)).c_str()) &&
+                      walk.reset_reading()
+                : places.moveto_index(static_cast<long long>(first));
+    bool const is_there = good;
+    while (good && reader.f_size < count)
+        good = walk.with_next_feature(reader);
+    if (by_page)
+        walk.set_attribute_filter(nullptr);
+    walk.reset_reading();
+    f_finds_records_fast = is_there && std::chrono::steady_clock::now() - began < c_slow;
+    for (column &cells : reader.f_cells)
+        if (auto *const texts = std::get_if<text_cells>(&cells))
+            texts->finish();
+    return std::move(reader.f_cells);
 }
 
 std::shared_ptr<shape_set const> attr_set::shapes()

@@ -42,6 +42,13 @@ public:
 
     /// The column of a field, read from the source at the first call. `index` must be one of `fields`.
     [[nodiscard]] column const &cells(std::size_t index);
+    /// The cells of some records, all fields: what lies `first` from the beginning, `count` or less. Without
+    /// reading columns; empty where the source is being read already or cannot be.
+    [[nodiscard]] std::vector<column> read_records(std::size_t first, std::size_t count);
+    /// False when the last `read_records` took so long that reading whole columns pays.
+    [[nodiscard]] bool finds_records_fast() const { return f_finds_records_fast; }
+    /// Whether the column of a field has been read.
+    [[nodiscard]] bool has_cells(std::size_t index) const { return f_columns[index].has_value(); }
     /// The shapes, read from the source at the first call; held by whoever asks, so they outlive the set.
     /// Null when whoever waits for data sets gave the reading up.
     [[nodiscard]] std::shared_ptr<shape_set const> shapes();
@@ -67,5 +74,7 @@ private:
     std::vector<std::optional<column>> f_columns;
     std::shared_ptr<shape_set const> f_shapes;
     std::size_t f_record_count = 0;
+    mutable bool f_is_walking = false;
+    bool f_finds_records_fast = true;
 };
 } // namespace vx::attr
