@@ -3,6 +3,8 @@
 #include "platform/base/export.h"
 
 struct Ivx_attr_data;
+/// The rows of a manager over a table, for questions about single objects.
+struct Ivx_scale_rows;
 
 /// Rows of the scale that a style manager has in force, and how many objects fall in each. They are the rows
 /// by which a layer is drawn: one row for a simple style; the entries and, last, the other entry for value
@@ -15,3 +17,10 @@ struct Ivx_attr_data;
 /// if the table cannot be read.
 VX_API bool vx_scale_rows_count_objects(void const *stl_mngr, Ivx_attr_data *data, unsigned *counts,
                                         unsigned size);
+
+/// Null when the manager is null or the table cannot be read. The manager must stay as it is for as long.
+[[nodiscard]] VX_API Ivx_scale_rows *vx_scale_rows_open(void const *stl_mngr, Ivx_attr_data *data);
+/// Null is accepted.
+VX_API void vx_scale_rows_close(Ivx_scale_rows *rows);
+/// The row that draws the object of this record, whether it is visible or not.
+[[nodiscard]] VX_API unsigned vx_scale_rows_find(Ivx_scale_rows const *rows, unsigned record);

@@ -173,3 +173,30 @@ bool vx_scale_rows_count_objects(void const *mngr, Ivx_attr_data *data, unsigned
     }
     return true;
 }
+
+struct Ivx_scale_rows
+{
+    vx::owned<Ivx_attr_files, &vx_attr_files_close> files;
+    vx::render::row_source rows;
+
+    Ivx_scale_rows(vx::styles::stl_mngr const &mngr, Ivx_attr_files *opened)
+        : files(opened), rows(mngr, opened)
+    {
+    }
+};
+
+Ivx_scale_rows *vx_scale_rows_open(void const *mngr, Ivx_attr_data *data)
+{
+    Ivx_attr_files *const files = mngr ? vx_attr_files_open(data, 1, 0) : nullptr;
+    return files ? new Ivx_scale_rows(*static_cast<vx::styles::stl_mngr const *>(mngr), files) : nullptr;
+}
+
+void vx_scale_rows_close(Ivx_scale_rows *rows)
+{
+    delete rows;
+}
+
+unsigned vx_scale_rows_find(Ivx_scale_rows const *rows, unsigned record)
+{
+    return rows ? rows->rows.row_of(record) : 0;
+}
