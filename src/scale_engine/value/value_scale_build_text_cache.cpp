@@ -1,6 +1,7 @@
 #include "scale_engine/value/value_scale_build_text_cache.h"
 
 #include "data/source/generic_datasource.h"
+#include "scale_engine/value/detail/kept_texts.h"
 #include "scale_engine/value/detail/table_values.h"
 
 #include <type_traits>
@@ -8,8 +9,16 @@
 
 namespace vx::task {
 namespace {
-template <class Set>
-void read_texts(detail::table_column &column, std::uint64_t limit, Set &values)
+void read_texts(detail::table_column &column, std::uint64_t limit, std::set<std::wstring> &values)
+{
+    detail::kept_texts kept;
+    detail::walk_column<std::wstring_view>(
+        column, limit, [&](unsigned, std::wstring_view text) { return kept.add(text); },
+        [&] { return kept.size(); });
+    kept.move_to(values);
+}
+
+void read_texts(detail::table_column &column, std::uint64_t limit, std::unordered_set<std::wstring> &values)
 {
     detail::seen_texts seen;
     auto const visit = [&](unsigned, std::wstring_view text) {

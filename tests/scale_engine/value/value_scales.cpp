@@ -1,6 +1,6 @@
 #include "scale_engine/real_files.h"
 #include "scale_engine/scale_fixture.h"
-#include "scale_engine/value/detail/seen_texts.h"
+#include "scale_engine/value/detail/kept_texts.h"
 #include "scale_engine/value/value_scale_append_fresh.h"
 #include "scale_engine/value/value_scale_append_value.h"
 #include "scale_engine/value/value_scale_assign_style.h"
@@ -151,18 +151,27 @@ TEST(value_caches, different_texts_of_a_data_set)
 
 TEST(value_caches, many_texts_are_told_apart)
 {
-    detail::seen_texts seen;
-    text_set kept;
-    text_set wanted;
     std::mt19937 random(1);
-    for (int i = 0; i < 20'000; ++i) {
-        std::wstring text(random() % 3, L'x');
-        for (auto n = random() % 6; n > 0; --n)
-            text += static_cast<wchar_t>(random() % 3 ? L'a' + random() % 4 : 0x10000 + random() % 4);
-        EXPECT_EQ(wanted.insert(text).second,
-                  seen.add(text, [&] { return std::wstring_view(*kept.insert(text).first); }));
+    // The last kind is what a damaged text may hold: it compares below all others.
+    for (unsigned const strange : {0x61U, 0x7eU, 0x10000U, 0xffff'fff0U}) {
+        detail::kept_texts kept;
+        text_set wanted;
+        for (int i = 0; i < 10'000; ++i) {
+            std::wstring text = L"common";
+            text.append(random() % 3, L'x');
+            for (auto n = random() % 6; n > 0; --n)
+                text += static_cast<wchar_t>(random() % 3 ? L'a' + random() % 4 : strange + random() % 4);
+            ASSERT_EQ(wanted.insert(text).second, kept.add(text));
+        }
+        wanted.insert(std::wstring(100'000, L'l'));
+        kept.add(std::wstring(100'000, L'l'));
+        text_set sorted;
+        kept.move_to(sorted);
+        EXPECT_EQ(wanted, sorted);
     }
-    EXPECT_EQ(wanted, kept);
+    text_set none;
+    detail::kept_texts().move_to(none);
+    EXPECT_TRUE(none.empty());
 }
 
 TEST(value_rebuild, from_tables_and_data_sets)

@@ -20,22 +20,25 @@ public:
         auto const hash = static_cast<std::uint32_t>(std::hash<std::wstring_view>()(text));
         std::size_t const mask = f_slots.size() - 1;
         std::size_t at = hash & mask;
-        for (; f_slots[at].is_taken; at = (at + 1) & mask)
-            if (f_slots[at].hash == hash && f_slots[at].text == text)
+        for (; f_slots[at].number; at = (at + 1) & mask)
+            if (f_slots[at].hash == hash && f_texts[f_slots[at].number - 1] == text)
                 return false;
-        f_slots[at] = {keep(), hash, true};
-        if (++f_count * 2 > f_slots.size())
+        f_texts.push_back(keep());
+        f_slots[at] = {hash, static_cast<std::uint32_t>(f_texts.size())};
+        if (f_texts.size() * 2 > f_slots.size())
             grow();
         return true;
     }
+
+    /// The texts in the order in which they came.
+    [[nodiscard]] std::vector<std::wstring_view> &texts() { return f_texts; }
 
 private:
     static constexpr std::size_t c_first_slots = 64;
     struct slot
     {
-        std::wstring_view text;
         std::uint32_t hash = 0;
-        bool is_taken = false;
+        std::uint32_t number = 0; ///< of the text, from 1; 0 where the slot is free
     };
 
     void grow()
@@ -43,17 +46,17 @@ private:
         std::vector<slot> slots(f_slots.size() * 2);
         std::size_t const mask = slots.size() - 1;
         for (slot const &taken : f_slots) {
-            if (!taken.is_taken)
+            if (!taken.number)
                 continue;
             std::size_t at = taken.hash & mask;
-            while (slots[at].is_taken)
+            while (slots[at].number)
                 at = (at + 1) & mask;
             slots[at] = taken;
         }
         f_slots.swap(slots);
     }
 
+    std::vector<std::wstring_view> f_texts;
     std::vector<slot> f_slots; ///< a power of two of them, at most half taken
-    std::size_t f_count = 0;
 };
 } // namespace vx::task::detail
