@@ -74,6 +74,8 @@ if(NOT SANITIZE)
     endif()
 endif()
 
+run(${PYTHON} ${source_tree}/tests/abi/check_search_paths.py ${prefix})
+
 # Every header that is installed, in one program that sees nothing but the installation.
 set(include_dir ${prefix}/include/vxk_lr2d_edit_form)
 file(GLOB_RECURSE headers RELATIVE ${include_dir} ${include_dir}/*.h)
