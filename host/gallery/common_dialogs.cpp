@@ -7,6 +7,7 @@
 #include "platform/dialogs/vx_file_dialog.h"
 #include "platform/dialogs/vx_msgs.h"
 #include "platform/dialogs/vx_progress.h"
+#include "platform/styles/vx_stl_mngr.h"
 
 #include <chrono>
 #include <thread>
@@ -62,6 +63,16 @@ void edit_filter()
     (void)vx_attr_filter_dialog(filter.get(), nullptr);
 }
 
+void edit_rotation()
+{
+    vx::owned<void, &vx_stl_mngr_destroy> const areas(vx_stl_mngr_create("pgn_style"));
+    vx_stl_mngr_set_rotate_hatch_flag(areas.get(), true);
+    vx_stl_mngr_set_rotate_prop_name(areas.get(), "ANGLE");
+    vx_stl_mngr_set_rotate_start(areas.get(), 1);
+    vx_stl_mngr_set_rotate_dir(areas.get(), 1);
+    vx_style_advansed_setting_dialog(areas.get(), L"");
+}
+
 /// Ten seconds of work in two levels.
 void show_progress()
 {
@@ -81,6 +92,7 @@ gallery_dialog const g_plain_color(11, L"Colour without opacity", [] { choose_co
 gallery_dialog const g_font(12, L"Font", choose_font);
 gallery_dialog const g_character(13, L"Character", choose_character);
 gallery_dialog const g_filter(21, L"Filter", edit_filter);
+gallery_dialog const g_rotation(22, L"Rotation by an attribute", edit_rotation);
 gallery_dialog const g_open(14, L"Open", [] { choose_file(false); });
 gallery_dialog const g_save(15, L"Save", [] { choose_file(true); });
 gallery_dialog const g_message(16, L"Message", [] { vx_show_wmessage(L"lakes.shp"); });

@@ -41,3 +41,9 @@ class vx_fnt_type;
 /// the values that its table holds and the number of objects that match. Without data, and with data that
 /// cannot be read, fields and values are typed. In the middle of the screen.
 [[nodiscard]] VX_API bool vx_attr_filter_dialog(void *filter, Ivx_entity *data);
+
+/// What a style manager has beside its styles: whether symbols, spots or hatches turn by the angle in a
+/// numeric field, where an angle of 0 points and in which direction larger ones turn. The fields are those of
+/// the vector data set behind the file name or connection string; null, "" and what cannot be read: the field
+/// is typed. In the middle of the screen. False at once for a manager whose styles do not turn.
+VX_API bool vx_style_advansed_setting_dialog(void *mngr, wchar_t const *file_name);

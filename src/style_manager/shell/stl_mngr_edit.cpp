@@ -5,8 +5,11 @@
 #include "style_manager/shell/shell_pictures_priv.h"
 
 #include "platform/base/owned.h"
+#include "platform/base/string_adp.h"
 #include "platform/basic/vx_res.h"
 #include "platform/basic/vx_wstrings.h"
+#include "platform/dialogs/vx_dlgs.h"
+#include "platform/layers/vx_lr.h"
 #include "platform/styles/vx_stl_mngr.h"
 
 namespace {
@@ -43,8 +46,7 @@ void Tvx_stl_mngr_edit::create()
     f_rotate_btn->SetWidth(c_top_height);
     f_rotate_btn->SetAlign(alRight);
     f_rotate_btn->SetShowHint(true);
-    // The dialog of the settings is not there.
-    f_rotate_btn->SetEnabled(false);
+    f_rotate_btn->OnClick = make_closure<&Tvx_stl_mngr_edit::on_rotate_button_click>(this);
     f_smp_edit = new Tvx_smp_edit(this);
     f_smp_edit->SetParent(this);
     f_smp_edit->create();
@@ -205,6 +207,16 @@ void *Tvx_stl_mngr_edit::create_property_list()
         vx_wstrings_add(names.get(), UnicodeString(data.get_prop(this, prop, usable, numeric)).c_str());
     }
     return names.release();
+}
+
+void Tvx_stl_mngr_edit::on_rotate_button_click(TObject * /*sender*/)
+{
+    if (!f_stl_mngr)
+        return;
+    std::wstring file_name;
+    if (f_lr)
+        vx_lr_get_wfilename(f_lr, Tvx_std_wstring_adapter(file_name));
+    vx_style_advansed_setting_dialog(f_stl_mngr, file_name.c_str());
 }
 
 void Tvx_stl_mngr_edit::on_style_mode_changed(TObject * /*sender*/)

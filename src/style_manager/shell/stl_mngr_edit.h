@@ -75,6 +75,7 @@ private:
     Tvx_val_edit *add_val_edit(bool rule);
     void show_editor(Tvx_style_mode mode);
     void show_nothing();
+    void on_rotate_button_click(TObject *sender);
     void on_style_mode_changed(TObject *sender);
     void on_edit_changed(TObject *sender);
 
