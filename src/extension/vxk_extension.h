@@ -50,6 +50,7 @@
 #include "extension/binding/poly_data_3d_chunk_data_visitor.h"
 #include "extension/binding/poly_data_3d_chunk_visitor.h"
 #include "extension/binding/polymorphic.h"
+#include "extension/binding/question_source.h"
 #include "extension/binding/ref.h"
 #include "extension/binding/referent.h"
 #include "extension/binding/referent_object.h"

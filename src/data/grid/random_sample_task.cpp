@@ -1,5 +1,8 @@
 #include "data/grid/random_sample_task.h"
 
+#include "extension/binding/floatings_visitor.h"
+#include "extension/binding/question_source.h"
+
 #include <algorithm>
 #include <cmath>
 #include <exception>
@@ -7,6 +10,19 @@
 
 namespace vx::data {
 namespace {
+class numbers_receiver final : public vx::floatings_visitor_impl
+{
+public:
+    explicit numbers_receiver(std::vector<double> &numbers) : f_numbers(numbers) {}
+    void visit(unsigned long long count, double *values) override
+    {
+        f_numbers.insert(f_numbers.end(), values, values + count);
+    }
+
+private:
+    std::vector<double> &f_numbers;
+};
+
 /// Below this a source that has no quick access to single features is read as a whole.
 constexpr std::uint64_t c_read_whole_below = 1001;
 
@@ -47,6 +63,8 @@ std::vector<double> random_sample_task::execute(generic_datasource &source, std:
 std::vector<double> random_sample_task::execute(vector_datasource &source, std::wstring const &name) const
 {
     field_index_type const field = source.field_index(name);
+    if (std::vector<double> sample; field != c_no_field && draw_by_source(source, field, sample))
+        return sample;
     std::uint64_t const total = field == c_no_field ? 0 : source.feature_count(force_none);
     if (total == 0)
         return {};
@@ -55,6 +73,18 @@ std::vector<double> random_sample_task::execute(vector_datasource &source, std::
         return draw_by_index(source, field, total);
     return is_known && total < c_read_whole_below ? draw_from_all(source, field)
                                                   : draw_in_order(source, field);
+}
+
+bool random_sample_task::draw_by_source(vector_datasource const &source, field_index_type field,
+                                        std::vector<double> &sample) const
+{
+    vx::question_source const questions(
+        vx_question_source_interface_specialize(vx_data_source_interface_generalize(source.handle())));
+    numbers_receiver receiver(sample);
+    if (!questions.with_sample(static_cast<int>(field), f_size, f_minval, f_maxval, receiver))
+        return false;
+    std::erase_if(sample, [&](double value) { return !is_taken(value); });
+    return true;
 }
 
 std::vector<double> random_sample_task::draw_by_index(vector_datasource &source, field_index_type field,

@@ -29,7 +29,10 @@ public:
 
 private:
     [[nodiscard]] bool is_taken(double value) const { return value >= f_minval && value <= f_maxval; }
-    /// The numbers of a field by index or in the order of the features; see the source file.
+    /// The numbers of a field by what the source answers itself (false: nothing), by index or in the order of
+    /// the features; see the source file.
+    [[nodiscard]] bool draw_by_source(vector_datasource const &source, field_index_type field,
+                                      std::vector<double> &sample) const;
     [[nodiscard]] std::vector<double> draw_by_index(vector_datasource &source, field_index_type field,
                                                     std::uint64_t total) const;
     [[nodiscard]] std::vector<double> draw_from_all(vector_datasource &source, field_index_type field) const;

@@ -1,5 +1,7 @@
 #include "data/vector/vector_datasource.h"
 
+#include "extension/binding/floatings_visitor.h"
+#include "extension/binding/question_source.h"
 #include "extension/binding/string_visitors.h"
 
 #include <algorithm>
@@ -55,6 +57,51 @@ void walk_numbers(vector_datasource &source, field_index_type field, Visit visit
     walk_cells(source, field, &vector_feature::read_numeric,
                [&](double value) { return std::isnan(value) || visit(value); });
 }
+
+/// What answers questions about the features instead of a walk; a null handle of most sources.
+vx::question_source questions_of(vector_datasource const &source)
+{
+    return vx::question_source(
+        vx_question_source_interface_specialize(vx_data_source_interface_generalize(source.handle())));
+}
+
+class numbers_receiver final : public vx::floatings_visitor_impl
+{
+public:
+    explicit numbers_receiver(std::vector<double> &numbers) : f_numbers(numbers) {}
+    void visit(unsigned long long count, double *values) override
+    {
+        f_numbers.insert(f_numbers.end(), values, values + count);
+    }
+
+private:
+    std::vector<double> &f_numbers;
+};
+
+/// Receives rows of texts one by one. The first row of a key counts.
+class rows_receiver final : public vx::string_visitor_impl
+{
+public:
+    rows_receiver(std::size_t width, std::map<std::wstring, std::vector<std::wstring>> &rows)
+        : f_width(width), f_rows(rows)
+    {
+    }
+    void visit(wchar_t const *text) override
+    {
+        f_row.emplace_back(text ? text : L"");
+        if (f_row.size() < f_width)
+            return;
+        std::wstring key = std::move(f_row.front());
+        f_row.erase(f_row.begin());
+        f_rows.emplace(std::move(key), std::move(f_row));
+        f_row.clear();
+    }
+
+private:
+    std::size_t f_width;
+    std::map<std::wstring, std::vector<std::wstring>> &f_rows;
+    std::vector<std::wstring> f_row;
+};
 
 using read_text = std::wstring (vector_feature::*)(std::uint64_t, bool &) const;
 
@@ -161,6 +208,10 @@ bool vector_datasource::fetch_values(field_index_type field, std::vector<std::ws
 bool vector_datasource::fetch_values(field_index_type field, std::vector<double> &values)
 {
     values.clear();
+    numbers_receiver receiver(values);
+    if (questions_of(*this).with_numbers(interface_index(field), receiver))
+        return true;
+    values.clear();
     walk_numbers(*this, field, [&](double value) {
         values.push_back(value);
         return true;
@@ -194,6 +245,13 @@ bool vector_datasource::fetch_unique_values(field_index_type key, std::vector<fi
     values.clear();
     if (limit == 0)
         return true;
+    std::vector<int> others(fields.size());
+    std::transform(fields.begin(), fields.end(), others.begin(), interface_index);
+    rows_receiver receiver(fields.size() + 1, values);
+    if (questions_of(*this).with_first_features(interface_index(key), others.data(),
+                                                static_cast<int>(others.size()), limit, receiver))
+        return true;
+    values.clear();
     walk(*this, [&](vector_feature const &feature) {
         bool not_null = false;
         std::wstring name = feature.read_string(key, not_null);
