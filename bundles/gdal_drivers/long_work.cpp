@@ -46,7 +46,7 @@ struct running_work
     }
 };
 
-bool run(std::function<void()> work, std::atomic<bool> *given_up)
+bool run(std::function<void()> work, std::atomic<bool> *given_up, std::function<void()> const &abort)
 {
     auto const waiting = vx_datasource_get_waiting();
     if (!waiting) {
@@ -68,6 +68,8 @@ bool run(std::function<void()> work, std::atomic<bool> *given_up)
         if (!waiting()) {
             if (given_up) {
                 *given_up = true;
+                if (abort)
+                    abort();
                 continue;
             }
             [[maybe_unused]] static int const registered = on_exit(&end_without_gdal, nullptr);
@@ -84,14 +86,15 @@ bool run(std::function<void()> work, std::atomic<bool> *given_up)
 }
 } // namespace
 
-void attend(std::function<void(std::atomic<bool> const &given_up)> const &work)
+void attend(std::function<void(std::atomic<bool> const &given_up)> const &work,
+            std::function<void()> const &abort)
 {
     std::atomic<bool> given_up = false;
-    (void)run([&] { work(given_up); }, &given_up);
+    (void)run([&] { work(given_up); }, &given_up, abort);
 }
 
 bool attend_or_leave(std::function<void()> work)
 {
-    return run(std::move(work), nullptr);
+    return run(std::move(work), nullptr, nullptr);
 }
 } // namespace vx::gdal

@@ -108,6 +108,7 @@ void vector_set::content_changed()
 {
     f_set->touch();
     f_stats.clear();
+    f_distinct.clear();
 }
 
 bool vector_set::can_store(OGRLayer &table, bool is_new)

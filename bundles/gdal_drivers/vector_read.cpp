@@ -1,5 +1,6 @@
 #include "data_types.h"
 #include "dbf_column.h"
+#include "long_work.h"
 #include "paged_filter.h"
 #include "sql_names.h"
 #include "vector_set.h"
@@ -7,6 +8,28 @@
 #include "platform/base/text_codec.h"
 
 namespace vx::gdal {
+namespace {
+/// As a server calls the kinds of geometry that belong to the type.
+std::string names_of_type(int type)
+{
+    switch (flat(type)) {
+    case geom_point:
+        return "'ST_Point'";
+    case geom_multipoint:
+        return "'ST_Point', 'ST_MultiPoint'";
+    case geom_polyline:
+        return "'ST_LineString', 'ST_MultiLineString', 'ST_CircularString', 'ST_CompoundCurve', "
+               "'ST_MultiCurve'";
+    case geom_polygon:
+        return "'ST_Polygon', 'ST_MultiPolygon', 'ST_CurvePolygon', 'ST_MultiSurface', 'ST_Triangle'";
+    case geom_multipatch:
+        return "'ST_PolyhedralSurface', 'ST_Tin'";
+    default:
+        return "''";
+    }
+}
+} // namespace
+
 vector_set::position_keeper::~position_keeper()
 {
     if (!f_set.f_layer)
@@ -51,6 +74,8 @@ bool vector_set::set_spatial_filter(Tvx_box_d2 *box)
         return box == nullptr;
     error_guard guard(f_set->error());
     f_has_box = box && !box->is_empty();
+    f_box = f_has_box ? *box : Tvx_box_d2();
+    filter_changed();
     if (f_has_box)
         f_layer->SetSpatialFilterRect(f_geom_field, box->min_x, box->min_y, box->max_x, box->max_y);
     else
@@ -65,15 +90,17 @@ bool vector_set::set_spatial_filter(Tvx_box_d2 *box)
 std::string vector_set::pushed_page(std::string const &filter, page const &wanted) const
 {
     char const *const fid = f_layer->GetFIDColumn();
-    bool const is_server = f_set->is_driver("PostgreSQL");
+    bool const is_server = f_server.has_value();
     bool const has_sql = is_server || f_set->is_driver("GPKG") || f_set->is_driver("SQLite");
-    if (!has_sql || !*fid || f_has_box || f_only_type != geom_unknown ||
+    if (!has_sql || !*fid || (f_has_box && !is_server) || f_only_type != geom_unknown ||
         (wanted.limit < 0 && wanted.offset == 0))
         return {};
     std::string const name = quoted_name(fid);
-    std::string text = name + " IN (SELECT " + name + " FROM " + table_name(*f_layer, is_server);
-    if (!filter.empty())
-        text += " WHERE (" + filter + ")";
+    std::string text = name + " IN (SELECT " + name + " FROM " +
+                       (is_server ? f_server->name() : table_name(*f_layer, false));
+    std::string const box = f_has_box ? box_condition() : std::string();
+    if (!filter.empty() || !box.empty())
+        text += " WHERE " + (filter.empty() ? box : "(" + filter + ")" + (box.empty() ? "" : " AND " + box));
     text += " ORDER BY " + name;
     if (wanted.limit >= 0)
         text += " LIMIT " + std::to_string(wanted.limit);
@@ -93,17 +120,64 @@ bool vector_set::apply_filter(std::string const &filter, page const &wanted, err
     f_filter = filter;
     f_page = wanted;
     f_is_pushed = !pushed.empty();
+    filter_changed();
     return true;
 }
 
-/// Some drivers take any text and fail at the first feature, so that one is asked for.
+void vector_set::filter_changed()
+{
+    f_stats.clear();
+    f_distinct.clear();
+}
+
+std::string vector_set::box_condition() const
+{
+    return quoted_name(geom_field_at(f_geom_field)->GetNameRef()) + " && " +
+           CPLSPrintf("ST_MakeEnvelope(%.17g,%.17g,%.17g,%.17g)", f_box.min_x, f_box.min_y, f_box.max_x,
+                      f_box.max_y);
+}
+
+server_table const *vector_set::server()
+{
+    if (!f_server || own_page().limit >= 0 || own_page().offset > 0)
+        return nullptr;
+    std::string condition = f_is_pushed ? pushed_page(f_filter, f_page) : f_filter;
+    if (!server_table::is_condition(condition))
+        return nullptr;
+    auto const add = [&](std::string const &more) {
+        condition = condition.empty() ? more : "(" + condition + ") AND " + more;
+    };
+    if (f_has_box)
+        add(box_condition());
+    if (f_only_type != geom_unknown) {
+        if (!geom_field_at(f_geom_field))
+            return nullptr;
+        std::string const shape = quoted_name(geom_field_at(f_geom_field)->GetNameRef());
+        add("(" + shape + " IS NULL OR ST_GeometryType(" + shape + ") IN (" + names_of_type(f_only_type) +
+            "))");
+    }
+    f_server->set_condition(condition);
+    f_server->set_in_transaction(f_in_transaction);
+    return &*f_server;
+}
+
+/// Some drivers take any text and fail at the first feature, so that one is asked for. A server tells without
+/// reading one.
 bool vector_set::install_filter(std::string const &text, error_guard &guard)
 {
+    bool const is_asked = f_server && !text.empty() && server_table::is_condition(text);
+    if (is_asked) {
+        f_server->set_in_transaction(f_in_transaction);
+        if (!f_server->takes(text)) {
+            guard.add(c_drv_filter);
+            return false;
+        }
+    }
     if (f_layer->SetAttributeFilter(text.empty() ? nullptr : text.c_str()) != OGRERR_NONE) {
         guard.add(c_drv_filter);
         return false;
     }
-    if (text.empty())
+    if (text.empty() || is_asked)
         return true;
     f_layer->ResetReading();
     OGRFeatureUniquePtr const first(f_layer->GetNextFeature());
@@ -149,9 +223,20 @@ bool vector_set::is_wanted(OGRFeature const &record) const
            (flat(f_only_type) == geom_multipoint && flat(type) == geom_point);
 }
 
+OGRFeatureUniquePtr vector_set::next_record()
+{
+    // A server sends them in parts, and may take its time for each.
+    constexpr long long c_part = 500;
+    if (!f_server || f_position % c_part != 0)
+        return OGRFeatureUniquePtr(f_layer->GetNextFeature());
+    OGRFeatureUniquePtr record;
+    attend([&](auto const &) { record.reset(f_layer->GetNextFeature()); }, [&] { f_set->gdal().AbortSQL(); });
+    return record;
+}
+
 OGRFeatureUniquePtr vector_set::read_next()
 {
-    while (OGRFeatureUniquePtr record{f_layer->GetNextFeature()}) {
+    while (OGRFeatureUniquePtr record = next_record()) {
         ++f_position;
         if (is_wanted(*record))
             return record;
@@ -212,7 +297,8 @@ bool vector_set::with_feature(long long fid, vx::feature_visitor visitor)
         store_changes();
         // Where reading by identifier is a walk in disguise, it moves the reading position.
         if (f_layer->TestCapability(OLCRandomRead))
-            record.reset(f_layer->GetFeature(fid));
+            attend([&](auto const &) { record.reset(f_layer->GetFeature(fid)); },
+                   [&] { f_set->gdal().AbortSQL(); });
         else {
             position_keeper const keeper(*this);
             record.reset(f_layer->GetFeature(fid));

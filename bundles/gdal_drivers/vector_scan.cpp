@@ -35,6 +35,17 @@ bool has_plain_cells(OGRFieldDefn const &field)
     }
 }
 
+/// False when no more is wanted.
+bool add_cell(column_builder &builder, column_batch::cell_kind kind, OGRFeature const &row, int field)
+{
+    if (!row.IsFieldSetAndNotNull(field))
+        return builder.add_null();
+    if (kind == column_batch::texts)
+        return builder.add_text(cell_bytes(row, field));
+    return kind == column_batch::floatings ? builder.add_floating(row.GetFieldAsDouble(field))
+                                           : builder.add_whole(row.GetFieldAsInteger64(field));
+}
+
 /// Reading only one column spares the drivers that can do so the geometry and all other fields.
 class narrowed_layer
 {
@@ -70,23 +81,23 @@ column_result vector_set::walk_column(int field, column_sink const &sink)
     column_batch::cell_kind const kind = kind_of(*field_at(field));
     column_builder builder(kind, sink);
     f_layer->ResetReading();
-    bool goes_on = true;
-    while (goes_on) {
-        OGRFeatureUniquePtr const record(f_layer->GetNextFeature());
-        if (!record) {
-            builder.finish();
-            break;
-        }
-        if (!record->IsFieldSetAndNotNull(field))
-            goes_on = builder.add_null();
-        else if (kind == column_batch::texts)
-            goes_on = builder.add_text(cell_bytes(*record, field));
-        else if (kind == column_batch::floatings)
-            goes_on = builder.add_floating(record->GetFieldAsDouble(field));
-        else
-            goes_on = builder.add_whole(record->GetFieldAsInteger64(field));
-    }
+    while (OGRFeatureUniquePtr const record{f_layer->GetNextFeature()})
+        if (!add_cell(builder, kind, *record, field))
+            return column_result::done;
+    builder.finish();
     return column_result::done;
+}
+
+column_result vector_set::server_column(int field, column_sink const &sink)
+{
+    column_batch::cell_kind const kind = kind_of(*field_at(field));
+    column_builder builder(kind, sink);
+    bool goes_on = true;
+    bool const is_good = f_server->column(
+        *field_at(field), [&](OGRFeature const &row) { return goes_on = add_cell(builder, kind, row, 0); });
+    if (is_good && goes_on)
+        builder.finish();
+    return is_good ? column_result::done : column_result::failed;
 }
 
 bool vector_set::scan(int field, column_sink const &sink)
@@ -101,6 +112,10 @@ bool vector_set::scan(int field, column_sink const &sink)
     // In a table that is being changed GDAL may hold records that are not in the file yet.
     if (f_set->read_only() && f_set->is_driver("ESRI Shapefile"))
         columns = read_dbf_column(f_set->gdal().GetDescription(), *f_layer, field, sink);
+    if (f_server && f_server->has_columns()) {
+        f_server->set_in_transaction(f_in_transaction);
+        columns = server_column(field, sink);
+    }
     if (columns == column_result::not_offered) {
         narrowed_layer const narrowed(*f_layer, field);
         if (has_plain_cells(*defn))

@@ -3,6 +3,7 @@
 #include "data_types.h"
 #include "field_dict.h"
 #include "long_work.h"
+#include "sql_answer.h"
 #include "sql_names.h"
 
 #include "platform/base/text_codec.h"
@@ -61,6 +62,9 @@ vector_set *vector_set::make(std::unique_ptr<dataset> set, std::wstring &error)
     GDALDataset &gdal = result->f_set->gdal();
     {
         error_guard const guard(result->f_set->error());
+        // Walks over a large table would else begin where another one is.
+        if (result->f_set->is_driver("PostgreSQL"))
+            sql_answer const in_order(gdal, "SET synchronize_seqscans = off");
         std::wstring const &tail = result->f_set->connection().layer_tail;
         if (!tail.empty() && gdal.GetLayerByName(text::wide_to_utf8(tail).c_str()))
             result->f_set->take_layer_tail();
@@ -120,6 +124,10 @@ void vector_set::select(OGRLayer *layer)
     f_has_box = false;
     f_deleted.reset();
     f_stats.clear();
+    f_distinct.clear();
+    f_server.reset();
+    if (layer && f_set->is_driver("PostgreSQL"))
+        f_server.emplace(f_set->gdal(), *layer);
     f_rules = rules_of(*f_set, layer);
     if (layer) {
         layer->SetAttributeFilter(nullptr);
@@ -142,9 +150,9 @@ bool vector_set::has_capability(int capability)
     bool const writable = !f_set->read_only();
     switch (capability) {
     case can_read_by_index:
-        // Some formats find single features fast, but count them from 1.
-        return layer_can(OLCRandomRead) && layer_can(OLCFastSetNextByIndex) && deleted_records().empty() &&
-               OGRFeatureUniquePtr(f_layer->GetFeature(0));
+        // Some formats find single features fast, but count them from 1; servers by numbers with gaps.
+        return !f_server && layer_can(OLCRandomRead) && layer_can(OLCFastSetNextByIndex) &&
+               deleted_records().empty() && OGRFeatureUniquePtr(f_layer->GetFeature(0));
     case can_create_features:
         return writable && layer_can(OLCSequentialWrite);
     case can_change_features:
@@ -180,7 +188,8 @@ bool vector_set::with_extent(Tvx_box_d2 *box, bool force)
     position_keeper const keeper(*this);
     OGREnvelope e;
     OGRErr result = OGRERR_FAILURE;
-    attend([&](auto const &) { result = f_layer->GetExtent(f_geom_field, &e, force); });
+    attend([&](auto const &) { result = f_layer->GetExtent(f_geom_field, &e, force); },
+           [&] { f_set->gdal().AbortSQL(); });
     if (result != OGRERR_NONE)
         return false;
     *box = {e.MinX, e.MinY, e.MaxX, e.MaxY};
@@ -367,6 +376,7 @@ bool vector_set::select_geom_field(wchar_t const *name)
     f_geom_field = found;
     f_layer->SetSpatialFilter(nullptr);
     f_has_box = false;
+    filter_changed();
     reset_reading();
     return true;
 }
@@ -390,7 +400,7 @@ unsigned long long vector_set::feature_count(bool force)
     // GDAL's own count of text tables is wrong once a box filter was taken off.
     bool const is_plain = !f_has_box && f_filter.empty();
     if (f_only_type == geom_unknown && !f_set->is_driver("CSV") && (is_plain || deleted_records().empty())) {
-        attend([&](auto const &) { count = believable_count(force); });
+        attend([&](auto const &) { count = believable_count(force); }, [&] { f_set->gdal().AbortSQL(); });
         if (count >= 0 && is_plain)
             count = std::max(0LL, count - static_cast<long long>(deleted_records().size()));
     } else if (force) {

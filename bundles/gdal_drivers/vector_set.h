@@ -8,9 +8,12 @@
 #include "extension/binding/feature_forward_request.h"
 #include "extension/binding/feature_random_request.h"
 #include "extension/binding/polymorphic.h"
+#include "extension/binding/question_source.h"
 #include "extension/binding/stat_source.h"
 #include "extension/binding/vector_source.h"
 #include "feature.h"
+#include "field_stat.h"
+#include "server_table.h"
 
 #include <ogrsf_frmts.h>
 
@@ -27,7 +30,7 @@ namespace vx::gdal {
 /// addition for every driver: the filtered sequence from feature `OFFSET`, `LIMIT` features long.
 class vector_set final
     : public polymorphic<data_source_impl, vector_source_impl, stat_source_impl, feature_forward_request_impl,
-                         feature_random_request_impl, column_source_impl>,
+                         feature_random_request_impl, column_source_impl, question_source_impl>,
       private feature_store
 {
 public:
@@ -125,22 +128,17 @@ public:
     // column_source: the whole table; with a filter in force columns are not offered
     bool with_column(int field, vx::column_visitor visitor) override;
 
+    // question_source: of servers, about what the filters let pass
+    bool with_sample(int field, unsigned long long count, double minimum, double maximum,
+                     vx::floatings_visitor visitor) override;
+    bool with_numbers(int field, vx::floatings_visitor visitor) override;
+    bool with_first_features(int key, int const *fields, int count, unsigned long long limit,
+                             vx::string_visitor visitor) override;
+
 private:
     class position_keeper;
     /// Below what GDAL takes for "none".
     static constexpr long long c_first_new_fid = -2;
-
-    /// What one pass over a field tells.
-    struct field_stat
-    {
-        double minimum = 0;
-        double maximum = 0;
-        double mean = 0;
-        double sum = 0;
-        double squares = 0; ///< sum of the squared distances from the mean
-        long long count = 0;
-        std::optional<long long> distinct;
-    };
 
     /// What has become of the numbers of rows since the table was saved.
     struct row_numbers
@@ -170,6 +168,8 @@ private:
     void select(OGRLayer *layer);
     [[nodiscard]] OGRFieldDefn const *field_at(int field) const;
     [[nodiscard]] OGRGeomFieldDefn const *geom_field_at(int field) const;
+    [[nodiscard]] OGRFeatureUniquePtr next_record();
+    /// The next one of the wanted type.
     [[nodiscard]] OGRFeatureUniquePtr read_next();
     /// Reads on from feature `index` of those that the layer gives.
     [[nodiscard]] bool seek(long long index);
@@ -183,6 +183,8 @@ private:
     bool install_filter(std::string const &text, error_guard &guard);
     /// The page as a condition that the database works out; empty where this object pages.
     [[nodiscard]] std::string pushed_page(std::string const &filter, page const &wanted) const;
+    /// The box, in the way of a server.
+    [[nodiscard]] std::string box_condition() const;
     /// What this object has to page.
     [[nodiscard]] page own_page() const { return f_is_pushed ? page() : f_page; }
     /// Makes the layer give what the filter and the page say, after one of them or the box changed.
@@ -210,9 +212,17 @@ private:
     /// whole, and with a filter in force.
     bool scan(int field, column_sink const &sink);
     column_result walk_column(int field, column_sink const &sink);
+    column_result server_column(int field, column_sink const &sink);
     /// Lets the database count; false where there is none, or it refuses.
     bool ask_database(int field, field_stat &stat);
-    bool distinct_in_database(int field, int limit, std::function<bool(OGRFeature const &row)> const &visit);
+    bool ask_sqlite(int field, field_stat &stat);
+    /// The server, set to the features that the filters let pass; null where there is none, or no statement
+    /// says which those are.
+    [[nodiscard]] server_table const *server();
+    /// The statistics are about what the filters let pass.
+    [[nodiscard]] bool answers_filtered() { return !has_filter() || server(); }
+    /// What was worked out is about other features from now on.
+    void filter_changed();
     /// The texts of the cells; stops when there are `limit` of them, with -1 never.
     bool collect_texts(int field, long long limit, distinct_texts &texts);
     field_stat const *stat_of(int field);
@@ -221,6 +231,8 @@ private:
     OGRLayer *f_layer = nullptr; ///< null: a new set without tables
     int f_geom_field = 0;
     int f_only_type = 100; ///< geometry type that the connection asks for; 100: all
+    std::optional<server_table> f_server;
+    Tvx_box_d2 f_box; ///< where `f_has_box`
     std::string f_filter;
     page f_page;
     bool f_is_pushed = false; ///< the database pages
@@ -231,6 +243,7 @@ private:
     long long f_delivered = 0; ///< features handed out since the start
     bool f_in_transaction = false;
     std::map<int, field_stat> f_stats;
+    std::map<int, long long> f_distinct;   ///< number of different values by field
     std::vector<gdal_feature *> f_outside; ///< of a set that can be changed; new ones in the order of making
     gdal_feature *f_making = nullptr;      ///< the new feature that a caller fills right now
     bool f_was_made = false;               ///< what became of it when it ended

@@ -1,4 +1,5 @@
 #include "data_types.h"
+#include "sql_answer.h"
 #include "sql_names.h"
 #include "vector_set.h"
 #include "wide_text.h"
@@ -6,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <climits>
 #include <cmath>
 #include <string>
 
@@ -179,71 +181,59 @@ bool add_texts(column_batch const &batch, long long limit, distinct_texts &texts
     return true;
 }
 
-/// The rows of one question to a database, let go in time.
-class database_answer
-{
-public:
-    database_answer(GDALDataset &set, std::string const &question)
-        : f_set(set), f_rows(set.ExecuteSQL(question.c_str(), nullptr, nullptr))
-    {
-    }
-    ~database_answer()
-    {
-        if (f_rows)
-            f_set.ReleaseResultSet(f_rows);
-    }
-    database_answer(database_answer const &) = delete;
-    database_answer &operator=(database_answer const &) = delete;
-    [[nodiscard]] OGRFeatureUniquePtr next()
-    {
-        return OGRFeatureUniquePtr(f_rows ? f_rows->GetNextFeature() : nullptr);
-    }
-
-private:
-    GDALDataset &f_set;
-    OGRLayer *f_rows;
-};
-
 /// What is asked of a number field, in the way of the database. Cells without a number are passed over.
 struct field_question
 {
     std::string number; ///< the field as a real number
     std::string rows;   ///< table and condition
 
-    field_question(OGRLayer &layer, OGRFieldDefn const &field, bool is_server)
+    field_question(OGRLayer &layer, OGRFieldDefn const &field)
     {
         std::string const name = quoted_name(field.GetNameRef());
         number = "CAST(" + name + " AS DOUBLE PRECISION)";
-        rows = " FROM " + table_name(layer, is_server) + " WHERE " + name + " IS NOT NULL";
-        if (is_server && field.GetType() == OFTReal)
-            rows += " AND " + name + " <> 'NaN'";
         // A column of this database takes text as well, which GDAL reads as a number.
-        if (!is_server)
-            rows += " AND typeof(" + name + ") IN ('integer', 'real')";
+        rows = " FROM " + table_name(layer, false) + " WHERE typeof(" + name + ") IN ('integer', 'real')";
     }
 };
 } // namespace
 
-/// One pass gives all: the squares are summed from a value near the others, as far as the first one is near.
-/// If it is far off, so that digits were lost, a second pass sums them from the mean.
 bool vector_set::ask_database(int field, field_stat &stat)
 {
+    server_table const *const asked = server();
+    if (!asked)
+        return !has_filter() && is_number(field_type(field)) && ask_sqlite(field, stat);
+    std::wstring ignored;
+    error_guard const guard(ignored);
+    store_changes();
+    if (!is_number(field_type(field))) {
+        auto const count = asked->count_values(*field_at(field));
+        stat.count = count.value_or(0);
+        return count.has_value();
+    }
+    auto const found = asked->statistics(*field_at(field));
+    stat = found.value_or(field_stat());
+    return found.has_value();
+}
+
+/// One pass gives all: the squares are summed from a value near the others, as far as the first one is near.
+/// If it is far off, so that digits were lost, a second pass sums them from the mean.
+bool vector_set::ask_sqlite(int field, field_stat &stat)
+{
     constexpr double c_far = 1e6; ///< squared distance of the first value from the mean, in variances
-    bool const is_server = f_set->is_driver("PostgreSQL");
-    if (!is_server && !f_set->is_driver("SQLite"))
+    if (!f_set->is_driver("SQLite"))
         return false;
     std::wstring ignored;
     error_guard const guard(ignored);
     store_changes();
     GDALDataset &base = f_set->gdal();
-    field_question const asked(*f_layer, *field_at(field), is_server);
-    auto const first = database_answer(base, "SELECT " + asked.number + asked.rows + " LIMIT 1").next();
+    field_question const asked(*f_layer, *field_at(field));
+    auto const first = sql_answer(base, "SELECT " + asked.number + asked.rows + " LIMIT 1").next();
     if (!guard.text().empty())
         return false;
     if (!first) {
         // Nothing but nulls, or nothing that the database calls a number.
-        auto const any = database_answer(base, "SELECT COUNT(" + quoted_name(field_at(field)->GetNameRef()) +
-                                                   ") FROM " + table_name(*f_layer, is_server))
+        auto const any = sql_answer(base, "SELECT COUNT(" + quoted_name(field_at(field)->GetNameRef()) +
+                                              ") FROM " + table_name(*f_layer, false))
                              .next();
         return any && any->GetFieldAsInteger64(0) == 0;
     }
@@ -260,13 +250,13 @@ bool vector_set::ask_database(int field, field_stat &stat)
     std::string const question = "SELECT COUNT(*), MIN(" + asked.number + "), MAX(" + asked.number +
                                  "), SUM(" + asked.number + "), SUM(" + away_from(start) + "), " +
                                  squares_from(start) + ", (SELECT COUNT(" + field_name + ") FROM " +
-                                 table_name(*f_layer, is_server) + ")" + asked.rows;
-    auto const all = database_answer(base, question).next();
+                                 table_name(*f_layer, false) + ")" + asked.rows;
+    auto const all = sql_answer(base, question).next();
     if (!all || !guard.text().empty())
         return false;
     stat.count = all->GetFieldAsInteger64(0);
     // A text among the numbers: GDAL's reading of it counts.
-    if (!is_server && all->GetFieldAsInteger64(6) != stat.count)
+    if (all->GetFieldAsInteger64(6) != stat.count)
         return false;
     stat.minimum = all->GetFieldAsDouble(1);
     stat.maximum = all->GetFieldAsDouble(2);
@@ -276,7 +266,7 @@ bool vector_set::ask_database(int field, field_stat &stat)
     stat.mean = start + shift;
     stat.squares = std::max(0.0, all->GetFieldAsDouble(5) - shifted);
     if (shifted > c_far * stat.squares) {
-        auto const again = database_answer(base, "SELECT " + squares_from(stat.mean) + asked.rows).next();
+        auto const again = sql_answer(base, "SELECT " + squares_from(stat.mean) + asked.rows).next();
         if (!again || !guard.text().empty())
             return false;
         stat.squares = again->GetFieldAsDouble(0);
@@ -284,9 +274,9 @@ bool vector_set::ask_database(int field, field_stat &stat)
     return std::isfinite(stat.sum);
 }
 
-vector_set::field_stat const *vector_set::stat_of(int field)
+field_stat const *vector_set::stat_of(int field)
 {
-    if (has_filter() || !field_at(field))
+    if (!field_at(field) || !answers_filtered())
         return nullptr;
     auto const known = f_stats.find(field);
     if (known != f_stats.end())
@@ -317,13 +307,13 @@ vector_set::field_stat const *vector_set::stat_of(int field)
     };
     bool const wants_numbers = is_number(field_type(field));
     bool const good =
-        wants_numbers ? ask_database(field, stat) || (stat = {}, scan(field, add)) : scan(field, count);
+        ask_database(field, stat) || (stat = {}, wants_numbers ? scan(field, add) : scan(field, count));
     return good ? &f_stats.emplace(field, stat).first->second : nullptr;
 }
 
 bool vector_set::has_stat(int field)
 {
-    return !has_filter() && f_stats.count(field) != 0;
+    return answers_filtered() && f_stats.count(field) != 0;
 }
 
 bool vector_set::minimum(int field, double *value)
@@ -377,8 +367,20 @@ bool vector_set::count_nonnull(int field, long long *count)
 /// Different numbers may have one text, since a text has fifteen digits.
 bool vector_set::collect_texts(int field, long long limit, distinct_texts &texts)
 {
+    if (!field_at(field) || !answers_filtered())
+        return false;
     if (limit == 0)
-        return field_at(field) && !has_filter();
+        return true;
+    if (server_table const *const asked = server()) {
+        std::wstring ignored;
+        error_guard const guard(ignored);
+        store_changes();
+        if (auto const rows = asked->distinct(*field_at(field), limit)) {
+            for (auto const &row : *rows)
+                texts.insert(cell_bytes(*row, 0));
+            return true;
+        }
+    }
     number_set numbers;
     auto const add_number = [&](auto number) {
         if constexpr (std::is_floating_point_v<decltype(number)>)
@@ -391,48 +393,29 @@ bool vector_set::collect_texts(int field, long long limit, distinct_texts &texts
         return batch.kind == column_batch::texts ? add_texts(batch, limit, texts)
                                                  : numbers.add(batch, add_number);
     };
-    auto const add_row = [&](OGRFeature const &row) {
-        texts.insert(cell_bytes(row, 0));
-        return static_cast<long long>(texts.size()) != limit;
-    };
-    return (!has_filter() && distinct_in_database(field, static_cast<int>(limit), add_row)) ||
-           scan(field, add);
-}
-
-/// Only of a server, which sends no more than the different values; a file is read faster by itself.
-bool vector_set::distinct_in_database(int field, int limit,
-                                      std::function<bool(OGRFeature const &row)> const &visit)
-{
-    if (!field_at(field) || !f_set->is_driver("PostgreSQL"))
-        return false;
-    std::wstring ignored;
-    error_guard const guard(ignored);
-    store_changes();
-    std::string const name = quoted_name(field_at(field)->GetNameRef());
-    std::string question =
-        "SELECT DISTINCT " + name + " FROM " + table_name(*f_layer, true) + " WHERE " + name + " IS NOT NULL";
-    if (limit > 0)
-        question += " LIMIT " + std::to_string(limit);
-    database_answer answer(f_set->gdal(), question);
-    while (OGRFeatureUniquePtr const row = answer.next())
-        if (!visit(*row))
-            break;
-    return guard.text().empty();
+    return scan(field, add);
 }
 
 bool vector_set::count_distinct(int field, long long *count)
 {
-    if (!count || has_filter() || !field_at(field))
+    if (!count || !field_at(field) || !answers_filtered())
         return false;
-    auto known = f_stats.find(field);
-    if (known == f_stats.end() || !known->second.distinct) {
-        distinct_texts texts;
-        if (!stat_of(field) || !collect_texts(field, -1, texts))
-            return false;
-        f_stats.at(field).distinct = static_cast<long long>(texts.size());
+    if (auto const known = f_distinct.find(field); known != f_distinct.end()) {
+        *count = known->second;
+        return true;
     }
-    *count = *f_stats.at(field).distinct;
-    return true;
+    std::optional<long long> found;
+    if (server_table const *const asked = server()) {
+        std::wstring ignored;
+        error_guard const guard(ignored);
+        store_changes();
+        found = asked->count_distinct(*field_at(field));
+    }
+    if (distinct_texts texts; !found && collect_texts(field, -1, texts))
+        found = static_cast<long long>(texts.size());
+    if (found)
+        *count = f_distinct[field] = *found;
+    return found.has_value();
 }
 
 bool vector_set::compute_stats(int field, bool force)
@@ -443,8 +426,22 @@ bool vector_set::compute_stats(int field, bool force)
 bool vector_set::with_unique_numerics(int field, int limit, vx::floatings_visitor visitor)
 {
     // Of other fields the caller reads the cells as numbers.
-    if (has_filter() || !is_number(field_type(field)))
+    if (!is_number(field_type(field)) || !answers_filtered())
         return false;
+    if (server_table const *const asked = limit != 0 ? server() : nullptr) {
+        std::wstring ignored;
+        error_guard const guard(ignored);
+        store_changes();
+        if (auto const rows = asked->distinct_numbers(*field_at(field), limit)) {
+            std::vector<double> found;
+            for (auto const &row : *rows)
+                found.push_back(row->GetFieldAsDouble(0));
+            std::sort(found.begin(), found.end());
+            if (!found.empty())
+                visitor.visit(found.size(), found.data());
+            return true;
+        }
+    }
     number_set numbers;
     auto const is_below = [&](auto) { return static_cast<long long>(numbers.size()) != limit; };
     auto const add = [&](column_batch const &batch) {
@@ -468,9 +465,71 @@ bool vector_set::with_unique_strings(int field, int limit, vx::string_visitor vi
     return true;
 }
 
+bool vector_set::with_sample(int field, unsigned long long count, double minimum, double maximum,
+                             vx::floatings_visitor visitor)
+{
+    server_table const *const asked = is_number(field_type(field)) ? server() : nullptr;
+    if (!asked)
+        return false;
+    error_guard const guard(f_set->error());
+    store_changes();
+    auto found = asked->sample(*field_at(field), count, minimum, maximum);
+    if (found && !found->empty())
+        visitor.visit(found->size(), found->data());
+    return found.has_value();
+}
+
+bool vector_set::with_numbers(int field, vx::floatings_visitor visitor)
+{
+    constexpr std::size_t c_run = 4096;
+    server_table const *const asked = is_number(field_type(field)) ? server() : nullptr;
+    if (!asked || !visitor)
+        return false;
+    error_guard const guard(f_set->error());
+    store_changes();
+    std::vector<double> run;
+    auto const hand_out = [&] {
+        if (!run.empty())
+            visitor.visit(run.size(), run.data());
+        run.clear();
+    };
+    bool const is_good = asked->numbers(*field_at(field), [&](OGRFeature const &row) {
+        run.push_back(row.GetFieldAsDouble(0));
+        if (run.size() == c_run)
+            hand_out();
+        return true;
+    });
+    hand_out();
+    return is_good;
+}
+
+bool vector_set::with_first_features(int key, int const *fields, int count, unsigned long long limit,
+                                     vx::string_visitor visitor)
+{
+    server_table const *const asked = field_at(key) && (fields || count <= 0) ? server() : nullptr;
+    if (!asked)
+        return false;
+    std::vector<OGRFieldDefn const *> others;
+    for (int i = 0; i < count; ++i)
+        if (auto const *const other = field_at(fields[i]))
+            others.push_back(other);
+        else
+            return false;
+    error_guard const guard(f_set->error());
+    store_changes();
+    long long const most = limit > LLONG_MAX ? -1 : static_cast<long long>(limit);
+    auto const rows = asked->first_rows(*field_at(key), others, most);
+    if (!rows)
+        return false;
+    for (auto const &row : *rows)
+        for (int cell = 0; cell < row->GetFieldCount(); ++cell)
+            visit_utf8(visitor, row->IsFieldSetAndNotNull(cell) ? cell_bytes(*row, cell).c_str() : "");
+    return true;
+}
+
 bool vector_set::has_histogram(int field)
 {
-    return !has_filter() && is_number(field_type(field));
+    return is_number(field_type(field)) && answers_filtered();
 }
 
 bool vector_set::with_custom_histogram(int field, double minimum, double maximum, int count,
@@ -478,6 +537,15 @@ bool vector_set::with_custom_histogram(int field, double minimum, double maximum
 {
     if (!force || !has_histogram(field) || count <= 0 || !counts || !(minimum <= maximum))
         return false;
+    if (server_table const *const asked = server()) {
+        std::wstring ignored;
+        error_guard const guard(ignored);
+        store_changes();
+        if (auto const found = asked->histogram(*field_at(field), minimum, maximum, count)) {
+            std::copy(found->begin(), found->end(), counts);
+            return true;
+        }
+    }
     std::fill(counts, counts + count, 0);
     double const width = (maximum - minimum) / count;
     return scan(field, [&](column_batch const &batch) {

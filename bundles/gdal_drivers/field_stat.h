@@ -1,0 +1,14 @@
+#pragma once
+
+namespace vx::gdal {
+/// What one pass over a field tells.
+struct field_stat
+{
+    double minimum = 0;
+    double maximum = 0;
+    double mean = 0;
+    double sum = 0;
+    double squares = 0; ///< sum of the squared distances from the mean
+    long long count = 0;
+};
+} // namespace vx::gdal
