@@ -11,13 +11,9 @@
 #include "platform/basic/vx_stat.h"
 
 #include <algorithm>
-#include <arpa/inet.h>
 #include <cmath>
 #include <gtest/gtest.h>
-#include <netinet/in.h>
 #include <numeric>
-#include <sys/socket.h>
-#include <unistd.h>
 
 using namespace vx::data;
 
@@ -474,32 +470,3 @@ TEST_P(formats, changes)
 
 INSTANTIATE_TEST_SUITE_P(each, formats, testing::ValuesIn(c_formats),
                          [](auto const &info) { return info.param.name; });
-
-namespace {
-bool server_answers()
-{
-    constexpr int c_port = 5432;
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_port = htons(c_port);
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    int const s = socket(AF_INET, SOCK_STREAM, 0);
-    bool const answers = connect(s, reinterpret_cast<sockaddr *>(&address), sizeof address) == 0;
-    close(s);
-    return answers;
-}
-} // namespace
-
-TEST(server, a_database_opens_by_its_connection_string)
-{
-    if (!server_answers())
-        GTEST_SKIP() << "no PostgreSQL server on this machine";
-    vector_datasource d;
-    if (!d.open(L"PG:host=127.0.0.1", access_read))
-        GTEST_SKIP() << "the PostgreSQL server lets nobody in, or has no tables";
-    EXPECT_GT(d.vector_count(), 0);
-    vector_feature f;
-    (void)d.fetch_next_feature(f);
-    for (field_index_type i = 0; i < d.field_count(); ++i)
-        EXPECT_GE(d.field_quantity(i), d.field_distinct(i));
-}
