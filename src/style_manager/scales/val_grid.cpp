@@ -134,8 +134,13 @@ void Tvx_val_grid::update_controls()
 void Tvx_val_grid::set_stl_mngr(void *mngr)
 {
     if (mngr != f_stl_mngr) {
-        HideEditor();
+        // The former manager may have ended: what was begun on it ends without touching it.
+        f_scale = nullptr;
         f_edited = false;
+        HideEditor();
+        if (f_grad_mode)
+            end_gradient();
+        f_mark_anchor = -1;
         f_samples->clear();
     }
     f_stl_mngr = mngr;
@@ -422,6 +427,17 @@ void Tvx_val_grid::DoExit()
 {
     apply_edited_text();
     Tvx_custom_grid::DoExit();
+}
+
+void Tvx_val_grid::end_edit(bool taken)
+{
+    if (!taken) {
+        CancelEditor();
+        f_edited = false;
+        return;
+    }
+    HideEditor();
+    apply_edited_text();
 }
 
 void Tvx_val_grid::apply_edited_text()

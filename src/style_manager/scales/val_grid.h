@@ -46,6 +46,8 @@ public:
     void call_changed() { on_changed(this); }
     /// Takes the text that is being edited over, if there is one.
     void apply_edited_text();
+    /// Closes the in-place editor: with `taken` its text goes into the scale, else it is dropped.
+    void end_edit(bool taken);
 
     /// The menus of the headers, at a point of the screen. A menu that there is not opens nothing.
     void call_select_menu(int x, int y);

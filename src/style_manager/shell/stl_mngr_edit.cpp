@@ -181,6 +181,12 @@ void Tvx_stl_mngr_edit::data_events_changed()
     f_rule_edit->set_data_events(get_data_events());
 }
 
+void Tvx_stl_mngr_edit::end_edit(bool taken)
+{
+    f_val_edit->get_grid()->end_edit(taken);
+    f_rule_edit->get_grid()->end_edit(taken);
+}
+
 void Tvx_stl_mngr_edit::save_current_scl()
 {
     switch (vx_stl_mngr_get_mode(f_stl_mngr)) {

@@ -56,6 +56,8 @@ public:
     {
         f_rule_edit->set_on_edit_value_item(event);
     }
+    /// Ends what is being typed into a cell: with `taken` it goes into the scale, else it is dropped.
+    void end_edit(bool taken);
     /// Saves the scale in force to the file of its property, where that has one.
     void save_current_scl();
 
