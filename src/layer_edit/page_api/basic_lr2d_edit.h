@@ -30,6 +30,9 @@ public:
     /// Writes the scale that is being edited to its store, where one file is kept for each property. Called
     /// before the host learns of an Apply.
     virtual void save_current_scl() {}
+    /// Ends what the user is typing at the moment: with `taken` it counts, else it is dropped. The layer is
+    /// still there. Called before an Apply, and before the layer ends.
+    virtual void end_edit(bool /*taken*/) {}
     /// A panel of the page that stands on the property tab, or null. It exists from `create` on; the page set
     /// gives it its parent, its alignment and its visibility.
     [[nodiscard]] virtual TWinControl *get_coordinate_panel() { return nullptr; }

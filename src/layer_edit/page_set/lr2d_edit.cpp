@@ -56,6 +56,7 @@ Tvx_lr2d_edit::~Tvx_lr2d_edit()
             if (void *instance = plugin_instance(i))
                 f_plugins->get_plugin(static_cast<unsigned>(i))->destroy(instance);
     }
+    end_edit(false);
     f_lr2d.reset();
     f_custom_pages.reset();
 }
@@ -169,6 +170,7 @@ void Tvx_lr2d_edit::take_lr2d(Ivx_layer *layer)
     owned_layer clone(layer ? vx_lr2d_clone(layer) : nullptr);
     hand_to_extensions(clone.get());
     attach_plugins(clone.get());
+    end_edit(false);
     // The channel of a layer goes with its layer, so the client leaves first. A channel that outlives its
     // layer is as well served by this order.
     unhook_update_channel();
@@ -347,12 +349,21 @@ void Tvx_lr2d_edit::save_current_scl()
 {
     if (!f_lr2d)
         return;
+    end_edit(true);
     auto const &row = vx::lr2d_page_row_find(vx_lr2d_get_lr_type(f_lr2d.get()));
     for (auto const place : {vx::lr2d_page::tos_grid, vx::lr2d_page::rtr}) {
         auto *page = get_page(place);
         if (page && row.pages.has(place))
             page->save_current_scl();
     }
+}
+
+/// While a page that has a layer has it still.
+void Tvx_lr2d_edit::end_edit(bool taken)
+{
+    for (auto const field : page_fields())
+        if (auto *page = this->*field; page && page->get_lr2d())
+            page->end_edit(taken);
 }
 
 void Tvx_lr2d_edit::call_changed()

@@ -119,6 +119,7 @@ private:
     void attach_plugins(Ivx_layer *layer);
     [[nodiscard]] void *plugin_instance(int index) const;
     void take_lr2d(Ivx_layer *layer);
+    void end_edit(bool taken);
     void refresh();
     /// One more refresh if an update event came during the last.
     void catch_up();

@@ -66,6 +66,11 @@ void Tvx_shp_lr2d_edit::update_controls()
     f_edit->update_controls();
 }
 
+void Tvx_shp_lr2d_edit::end_edit(bool taken)
+{
+    f_edit->end_edit(taken);
+}
+
 void Tvx_shp_lr2d_edit::on_stl_mngr_list_active_changed(TObject * /*sender*/)
 {
     update_controls();

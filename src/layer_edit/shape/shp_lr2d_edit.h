@@ -20,9 +20,12 @@ public:
     void create() override;
     void load_res() override;
     void update_controls() override;
+    void end_edit(bool taken) override;
 
     [[nodiscard]] Ivx_layer *get_shp_lr2d() const { return get_lr2d(); }
     [[nodiscard]] Tvx_style_stl_mngr_list_edit *get_list_edit() const { return f_list_edit; }
+    /// The editor of the manager; null before `create`.
+    [[nodiscard]] Tvx_stl_mngr_edit *get_edit() const { return f_edit; }
 
     /// The pull events of the editor. Without an open table the counts are 0 and cells have no value.
     bool on_data_open(TObject *sender);
