@@ -2,6 +2,7 @@
 
 #include "platform/base/text_codec.h"
 #include "platform/storage/detail/avl_legend.h"
+#include "platform/storage/detail/gp_env.h"
 #include "platform/winapi/file.h"
 
 #include <string>
@@ -10,11 +11,6 @@ struct gp_avl_to_stlmgr_params
 {
     std::string file;
     void *mngr = nullptr;
-};
-
-struct gp_env_out
-{
-    gp_env_callbacks callbacks;
 };
 
 namespace {

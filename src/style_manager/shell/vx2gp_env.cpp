@@ -6,7 +6,6 @@
 #include "platform/storage/vx_gis_prg.h"
 #include "platform/toolkit/core/screen.h"
 
-#include <algorithm>
 #include <string>
 
 struct Tvx_vx2gp_env::callbacks
@@ -57,9 +56,8 @@ struct Tvx_vx2gp_env::callbacks
         if (!ended)
             return;
         vx_progress_finish(ended);
-        // What was begun later has ended with it.
-        auto &all = of(object).f_progress;
-        std::fill(all.begin() + number, all.end(), nullptr);
+        // What was begun later has ended with it. The next one of an empty list is the main one again.
+        of(object).f_progress.resize(static_cast<std::size_t>(number));
     }
     static bool stopped(void *object) { return vx_progress_is_stopped(progress_of(object, 0)); }
 };

@@ -23,7 +23,7 @@ private:
 
     gp_env_out *f_out;
     gp_env_out *f_former;
-    std::vector<Ivx_progress *> f_progress; ///< by number; null once it has ended
+    std::vector<Ivx_progress *> f_progress; ///< those that run, by number
     int f_waits = 0;
     int f_cursor = 0; ///< the one before the first wait
     bool f_debug = false;

@@ -5,12 +5,13 @@
 
 #include "platform/base/owned.h"
 #include "platform/basic/vx_wstrings.h"
-#include "platform/storage/vx_gis_prg.h"
+#include "platform/storage/detail/gp_env.h"
 #include "platform/styles/vx_base_style.h"
 #include "platform/styles/vx_stl_mngr.h"
 #include "platform/styles/vx_stl_prm.h"
 #include "platform/styles/vx_style.h"
 #include "platform/styles/vx_val_scale.h"
+#include "platform/toolkit/core/screen.h"
 #include "platform/toolkit/core/strings.h"
 
 namespace input = vx::user_input;
@@ -262,4 +263,71 @@ TEST_F(shell, the_environment_lasts_as_long_as_its_object)
         EXPECT_EQ(gp_env_main_get_env(), first);
     }
     EXPECT_EQ(gp_env_main_get_env(), former);
+}
+
+TEST_F(shell, the_environment_is_the_program)
+{
+    std::vector<std::pair<int, std::wstring>> log; // by level: started; 100 + level: finished
+    vx_dlg_table own = table;
+    own.user = &log;
+    own.message = [](void *user, HWND, Tvx_msg_kind kind, wchar_t const *text) {
+        static_cast<decltype(log) *>(user)->emplace_back(200 + kind, text);
+    };
+    own.progress_start = [](void *user, HWND, int level, wchar_t const *caption) -> void * {
+        static_cast<decltype(log) *>(user)->emplace_back(level, caption);
+        return reinterpret_cast<void *>(std::intptr_t{level + 1});
+    };
+    own.progress_set = [](void *, void *, int, wchar_t const *) {};
+    static bool stopped;
+    stopped = false;
+    own.progress_is_stopped = [](void *, void *) { return stopped; };
+    own.progress_finish = [](void *user, void *progress) {
+        static_cast<decltype(log) *>(user)->emplace_back(99 + reinterpret_cast<std::intptr_t>(progress), L"");
+    };
+    vx_dlg_set_table(&own);
+    TCursor const cursor = Screen->GetCursor();
+    {
+        Tvx_vx2gp_env const env;
+        gp_env_callbacks const calls = gp_env_main_get_env()->callbacks;
+        calls.message(calls.object, "said");
+        calls.error(calls.object, "failed");
+        calls.debug_message(calls.object, "silent");
+        calls.set_debug_flag(calls.object, true);
+        calls.debug_message(calls.object, "found");
+        ASSERT_EQ(log.size(), 3u);
+        EXPECT_EQ(log[0], std::pair(200 + int(c_msg_message), std::wstring(L"said")));
+        EXPECT_EQ(log[1], std::pair(200 + int(c_msg_error), std::wstring(L"failed")));
+        EXPECT_EQ(log[2], std::pair(200 + int(c_msg_message), std::wstring(L"DEBUG: found")));
+        log.clear();
+
+        calls.wait_start(calls.object);
+        calls.wait_start(calls.object);
+        calls.wait_finish(calls.object);
+        EXPECT_EQ(Screen->GetCursor(), crHourGlass);
+        calls.wait_finish(calls.object);
+        EXPECT_EQ(Screen->GetCursor(), cursor);
+
+        EXPECT_FALSE(calls.stopped(calls.object)) << "nothing to stop";
+        for (int round = 0; round < 2; ++round) { // one piece of work after the other
+            stopped = false;
+            int const first = calls.progress_start(calls.object, "main");
+            int const second = calls.progress_start(calls.object, "part");
+            calls.progress(calls.object, second, 50);
+            EXPECT_FALSE(calls.stopped(calls.object));
+            stopped = true;
+            EXPECT_TRUE(calls.stopped(calls.object));
+            calls.progress_finish(calls.object, second);
+            EXPECT_TRUE(calls.stopped(calls.object)) << "the main one is asked";
+            calls.progress_finish(calls.object, first);
+            calls.progress_finish(calls.object, first);
+            calls.progress(calls.object, 77, 50);
+            EXPECT_EQ(log, (decltype(log){{0, L"main"}, {1, L"part"}, {101, L""}, {100, L""}}));
+            log.clear();
+        }
+        calls.wait_start(calls.object);
+        (void)calls.progress_start(calls.object, "left open");
+    }
+    EXPECT_EQ(log.back().first, 100) << "what was not ended ends with the environment";
+    EXPECT_EQ(Screen->GetCursor(), cursor);
+    vx_dlg_set_table(&table);
 }
