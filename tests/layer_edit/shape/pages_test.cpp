@@ -1,0 +1,191 @@
+#include "shape_fixture.h"
+#include "support/memory_source.h"
+
+#include "platform/toolkit/controls/button.h"
+#include "platform/toolkit/controls/check_box.h"
+#include "platform/toolkit/controls/combo_box.h"
+#include "platform/toolkit/core/strings.h"
+
+// What the pages are fed with, and what they edit.
+
+namespace {
+constexpr Tvx_color c_red = vx_clr_init_rgb(230, 20, 30);
+
+class towns : public shape_fixture
+{
+protected:
+    towns()
+    {
+        table.fields = {{L"NAME", 1}, {L"ANGLE", 2}, {L"COUNT", 3}, {L"PICTURE", 8}, {L"BIG", 4}};
+        for (int i = 0; i < 1500; ++i)
+            table.features.push_back(
+                {{L"t" + std::to_wstring(1000 + i % 1400), i * 1.5, i, std::monostate(), 1LL << 60},
+                 1,
+                 {{{double(i % 40), double(i / 40)}}}});
+        table.features[7].cells[1] = std::monostate();
+        layer.reset(vx_shp_lr2d_create("shp_pnt_lr2d", L"towns:"));
+    }
+
+    vx_test::memory_table table;
+    vx_test::memory_driver driver{L"towns:", table};
+};
+
+class managers : public shape_fixture
+{
+protected:
+    void SetUp() override { open(L"nc.shp"); }
+    [[nodiscard]] void *list() const { return vx_shp_lr2d_get_style_mngr_list_ptr(copy()); }
+};
+} // namespace
+
+TEST_F(towns, answers_the_pull_events_from_the_attribute_table)
+{
+    edit();
+    Tvx_shp_lr2d_edit &page = *this->page();
+    EXPECT_EQ(page.on_data_get_np(nullptr), 0u);
+    EXPECT_EQ(page.on_data_get_no(nullptr), 0u);
+    ASSERT_TRUE(page.on_data_open(nullptr));
+    ASSERT_TRUE(page.on_data_open(nullptr)) << "the first is closed";
+    EXPECT_EQ(page.on_data_get_np(nullptr), 5u);
+    EXPECT_EQ(page.on_data_get_no(nullptr), 1500u);
+    struct
+    {
+        char const *name;
+        bool usable, numeric;
+    } const fields[] = {{"NAME", true, false},
+                        {"ANGLE", true, true},
+                        {"COUNT", true, true},
+                        {"PICTURE", false, false},
+                        {"BIG", true, true}};
+    for (unsigned i = 0; i < 5; ++i) {
+        bool usable = !fields[i].usable, numeric = !fields[i].numeric;
+        EXPECT_STREQ(page.on_data_get_prop(nullptr, i, usable, numeric), fields[i].name);
+        EXPECT_EQ(usable, fields[i].usable) << fields[i].name;
+        EXPECT_EQ(numeric, fields[i].numeric) << fields[i].name;
+    }
+    bool defined = false;
+    EXPECT_STREQ(page.on_data_get_str(nullptr, 0, 3, defined), "t1003");
+    EXPECT_TRUE(defined);
+    EXPECT_EQ(page.on_data_get_val(nullptr, 1, 3, defined), 4.5);
+    page.on_data_get_val(nullptr, 1, 7, defined);
+    EXPECT_FALSE(defined);
+    page.on_data_close(nullptr);
+    page.on_data_close(nullptr);
+    EXPECT_EQ(page.on_data_get_np(nullptr), 0u);
+    auto const &events = mngr_edit()->get_data_events();
+    EXPECT_FALSE(events.get_stat || events.get_capt_prop || events.get_prop_file_name);
+
+    vx_lr2d_edt_form_set_lr2d(record.get(), nullptr);
+    int reports = 0;
+    page.on_changed =
+        closure<void(TObject *)>([](void *count, TObject *) { ++*static_cast<int *>(count); }, &reports);
+    std::wstring text = L"kept";
+    EXPECT_FALSE(page.on_data_open(nullptr));
+    EXPECT_FALSE(page.on_edit_value_item(text));
+    EXPECT_EQ(text, L"kept");
+    EXPECT_EQ(page.get_edit()->get_stl_mngr(), nullptr);
+    page.get_edit()->call_changed();
+    EXPECT_EQ(reports, 0);
+}
+
+TEST_F(towns, many_values_are_asked_about_once)
+{
+    edit();
+    ASSERT_TRUE(choose_mode(1));
+    for (bool const goes_on : {false, true}) {
+        questions = 0;
+        answer = goes_on;
+        ASSERT_TRUE(choose_field(goes_on ? L"NAME" : L"COUNT"));
+        EXPECT_EQ(questions, 1);
+        EXPECT_EQ(vx_val_scale_get_size(scale_of(copy())), goes_on ? 1400u : 1000u);
+    }
+    // In the order of the texts, whatever the field holds.
+    answer = true;
+    ASSERT_TRUE(choose_field(L"COUNT"));
+    EXPECT_EQ(text_at(scale_of(copy()), 2), L"10");
+}
+
+TEST_F(towns, are_turned_by_the_field_that_the_user_chooses)
+{
+    edit();
+    input::on_next_modal([](input::modal_window const &window) {
+        using dialog_reader::find;
+        EXPECT_TRUE(input::click(find<TCheckBox>(window.form(), L"Turn the symbols"), 8, 10));
+        EXPECT_TRUE(input::choose_item(find<TComboBox>(window.form(), L""), L"ANGLE"));
+        window.press_button(L"OK");
+    });
+    ASSERT_TRUE(input::click(mngr_edit()->get_rotate_btn()));
+    apply();
+    void *const mngr = vx_shp_lr2d_get_stl_mngr_ptr(layer.get());
+    EXPECT_TRUE(vx_stl_mngr_get_rotate_flag(mngr));
+    std::wstring field;
+    vx_stl_mngr_get_rotate_prop_name_w(mngr, Tvx_std_wstring_adapter(field));
+    EXPECT_EQ(field, L"ANGLE");
+}
+
+TEST_F(managers, of_a_layer_draw_in_turn_and_come_and_go_by_the_strip)
+{
+    auto *const strip = page()->get_list_edit();
+    Tvx_pnt_d2 const ashe = place_of(0), other = place_of(50);
+    ASSERT_TRUE(input::click(strip->get_add_btn()));
+    EXPECT_EQ(strip->get_combo_box()->GetText(), L"2");
+    EXPECT_EQ(mngr_edit()->get_stl_mngr(), vx_stl_mngr_list_get_mngr(list(), 1));
+    // The second draws one county alone.
+    std::wstring const name = cells(L"NAME")[0];
+    ASSERT_TRUE(choose_mode(1));
+    ASSERT_TRUE(choose_field(L"NAME"));
+    void *const scale = scale_of(copy());
+    int row = 1;
+    while (text_at(scale, static_cast<unsigned>(row) - 1) != name)
+        ++row;
+    ASSERT_TRUE(change_color(c_red, [&] { return click(val_edit(), 4, row); }));
+    ASSERT_TRUE(click(val_edit(), 0, 1));
+    ASSERT_TRUE(click(val_edit(), 0, row - 1, {ssShift}));
+    ASSERT_TRUE(input::click(val_edit()->get_del_btn()));
+    EXPECT_EQ(text_at(scale, 0), name);
+    ASSERT_TRUE(click(val_edit(), 0, 2));
+    val_edit()->get_grid()->SetTopRow(val_edit()->get_grid()->GetRowCount() - 3);
+    ASSERT_TRUE(click(val_edit(), 0, val_edit()->get_grid()->GetRowCount() - 1, {ssShift}));
+    ASSERT_TRUE(input::click(val_edit()->get_del_btn()));
+    ASSERT_EQ(vx_val_scale_get_size(scale), 1u);
+    if (vx_scale_prm_get_visible(vx_val_scale_get_other_prm_ptr(scale))) {
+        ASSERT_TRUE(input::click(val_edit()->get_other_panel()->get_use_panel(), 8, 10));
+    }
+    map const before(layer.get());
+    apply();
+    map const both(layer.get());
+    EXPECT_EQ(both.at(ashe), c_red);
+    EXPECT_EQ(both.at(other), before.at(other)) << "the first manager draws below";
+
+    // The first is chosen again: its mode is its own.
+    ASSERT_TRUE(input::choose_item(strip->get_combo_box(), 0));
+    EXPECT_TRUE(mngr_edit()->get_smp_edit()->GetShowing());
+    ASSERT_TRUE(input::choose_item(strip->get_combo_box(), 1));
+    EXPECT_TRUE(val_edit()->GetShowing());
+    ASSERT_TRUE(input::click(strip->get_del_btn()));
+    EXPECT_EQ(mngr_edit()->get_stl_mngr(), vx_stl_mngr_list_get_mngr(list(), 0));
+    EXPECT_FALSE(strip->get_del_btn()->GetEnabled()) << "one is always left";
+    apply();
+    EXPECT_EQ(map(layer.get()).at(ashe), before.at(ashe));
+}
+
+TEST_F(managers, stand_in_the_order_that_the_user_likes)
+{
+    auto *const strip = page()->get_list_edit();
+    ASSERT_TRUE(input::click(strip->get_add_btn()));
+    vx_options_set_invert_layers(true);
+    vx_lr2d_edt_form_update(record.get());
+    EXPECT_EQ(strip->get_combo_box()->GetItemIndex(), 0);
+    EXPECT_EQ(strip->get_combo_box()->GetText(), L"2");
+    ASSERT_TRUE(input::choose_item(strip->get_combo_box(), 1));
+    EXPECT_EQ(mngr_edit()->get_stl_mngr(), vx_stl_mngr_list_get_mngr(list(), 0));
+    vx_options_set_invert_layers(false);
+}
+
+TEST_F(managers, show_the_style_of_selected_objects_where_the_layer_has_one)
+{
+    EXPECT_EQ(val_edit()->get_grid()->GetColCount(), 5);
+    vx_lr_set_own_selected_style_flag(layer.get(), true);
+    vx_lr2d_edt_form_set_lr2d(record.get(), layer.get());
+    EXPECT_EQ(val_edit()->get_grid()->GetColCount(), 6);
+}
