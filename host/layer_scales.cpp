@@ -2,15 +2,17 @@
 
 #include "data/filesystem/filesystem.h"
 #include "scale_engine/model/scale_path.h"
-#include "scale_engine/model/scale_save_load.h"
 
 #include "platform/base/owned.h"
 #include "platform/base/string_adp.h"
 #include "platform/data/vx_attr_data.h"
 #include "platform/layers/vx_shp_lr2d.h"
+#include "platform/storage/vx_xml_data.h"
+#include "platform/storage/vx_xml_save_2d.h"
 #include "platform/styles/vx_stl_mngr.h"
 
 namespace {
+using owned_xml = vx::owned<Ivx_xml_data, &vx_xml_save_2d_destroy>;
 using owned_table = vx::owned<Ivx_attr_files, &vx_attr_files_close>;
 
 /// What the three kinds of scales differ in. Rules belong to no property of the manager.
@@ -18,16 +20,16 @@ struct scale_kind
 {
     unsigned mode;
     std::wstring (*path)(std::wstring const &path, std::wstring const &field);
-    bool (*load)(std::wstring const &source, std::wstring const &field, void *manager);
+    bool (*load)(Ivx_xml_data *xml, wchar_t const *file, void *manager, char const *type);
     void (*get_field)(void const *manager, Ivx_string_adp *field);
     void (*set_field)(void *manager, wchar_t const *field);
 };
 constexpr scale_kind c_kinds[] = {
-    {c_stl_mngr_mode_value, &vx::task::scale_path::make_value, &vx::task::scale_save_load::load_value,
+    {c_stl_mngr_mode_value, &vx::task::scale_path::make_value, &vx_xml_data_load_val_scale_w,
      &vx_stl_mngr_get_val_prop_name_w, &vx_stl_mngr_set_val_prop_name_w},
-    {c_stl_mngr_mode_range, &vx::task::scale_path::make_range, &vx::task::scale_save_load::load_range,
+    {c_stl_mngr_mode_range, &vx::task::scale_path::make_range, &vx_xml_data_load_rng_scale_w,
      &vx_stl_mngr_get_rng_prop_name_w, &vx_stl_mngr_set_rng_prop_name_w},
-    {c_stl_mngr_mode_rule, &vx::task::scale_path::make_rule, &vx::task::scale_save_load::load_rule, nullptr,
+    {c_stl_mngr_mode_rule, &vx::task::scale_path::make_rule, &vx_xml_data_load_rule_scale_w, nullptr,
      nullptr},
 };
 
@@ -79,12 +81,18 @@ bool vx_layer_is_drawn_by_rules(Ivx_layer *layer)
     return vx_stl_mngr_get_mode(vx_shp_lr2d_get_stl_mngr_ptr(layer)) == c_stl_mngr_mode_rule;
 }
 
-bool vx_layer_draw_by(Ivx_layer *layer, Tvx_layer_scale const &scale)
+bool vx_layer_draw_by(Ivx_layer *layer, Tvx_layer_scale const &scale, std::wstring &reason)
 {
     void *const manager = vx_shp_lr2d_get_stl_mngr_ptr(layer);
     scale_kind const *const kind = kind_of(scale.mode);
-    if (!manager || !kind || !kind->load(source_of(layer), scale.field, manager))
+    reason.clear();
+    if (!manager || !kind)
         return false;
+    owned_xml const xml(vx_xml_save_2d_create());
+    if (!kind->load(xml.get(), scale.file.c_str(), manager, vx_stl_mngr_get_style_type(manager))) {
+        vx_xml_data_get_error_w(xml.get(), Tvx_std_wstring_adapter(reason));
+        return false;
+    }
     if (kind->set_field)
         kind->set_field(manager, scale.field.c_str());
     vx_stl_mngr_set_mode(manager, scale.mode);

@@ -20,8 +20,9 @@ struct Tvx_layer_scale
 /// tell the field that their file is named after.
 [[nodiscard]] bool vx_layer_is_drawn_by(Ivx_layer *layer, Tvx_layer_scale const &scale);
 [[nodiscard]] bool vx_layer_is_drawn_by_rules(Ivx_layer *layer);
-/// Reads the scale into the layer's manager, which draws by it from then on. False, with the layer as it was,
-/// when the file is gone, damaged, or of another kind of layer.
-[[nodiscard]] bool vx_layer_draw_by(Ivx_layer *layer, Tvx_layer_scale const &scale);
+/// Reads the scale into the layer's manager, which draws by it from then on. False, with the layer as it was
+/// and a sentence about the file in `reason`, when the file is gone, damaged, or of another kind of layer;
+/// the sentence is empty for a layer that takes no scale.
+[[nodiscard]] bool vx_layer_draw_by(Ivx_layer *layer, Tvx_layer_scale const &scale, std::wstring &reason);
 /// Draws all objects of the layer in its simple style again. False for layers that have none.
 [[nodiscard]] bool vx_layer_draw_simple(Ivx_layer *layer);

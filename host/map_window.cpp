@@ -394,14 +394,15 @@ void Tvx_map_window::on_draw_by(Tvx_layer_scale const *scale)
 {
     int const id = f_panel->selected_id();
     Tvx_layer_list::layer_ptr copy(vx_lr2d_clone(f_layers.layer_at(f_panel->selected_row())));
-    if (scale ? vx_layer_draw_by(copy.get(), *scale) : vx_layer_draw_simple(copy.get())) {
+    std::wstring reason;
+    if (scale ? vx_layer_draw_by(copy.get(), *scale, reason) : vx_layer_draw_simple(copy.get())) {
         if (scale && vx_layer_is_drawn_by_rules(copy.get()))
             f_rule_files[id] = scale->file;
         take_over(id, std::move(copy));
     } else if (scale) {
+        QString const path = QDir::toNativeSeparators(QString::fromStdWString(scale->file));
         say(this, QMessageBox::Warning,
-            vx_host_caption(c_cap_err_scale)
-                .arg(QDir::toNativeSeparators(QString::fromStdWString(scale->file))));
+            reason.empty() ? vx_host_caption(c_cap_err_scale).arg(path) : QString::fromStdWString(reason));
     }
 }
 

@@ -60,7 +60,7 @@ void read_palette(xml_in element, void *palette)
 xml_fault read_palettes(std::string_view bytes, void *palettes)
 {
     xml_file file;
-    if (auto const fault = file.parse(bytes, c_palettes_root); fault != xml_fault::none)
+    if (auto fault = file.parse(bytes, c_palettes_root))
         return fault;
     reading state;
     auto root = file.root(state);
@@ -69,9 +69,9 @@ xml_fault read_palettes(std::string_view bytes, void *palettes)
         read_palette(root.child("palette"), vx_clr_palettes_add(fresh.get()));
     root.finish();
     if (!state.good)
-        return xml_fault::damaged;
+        return file.outcome(state);
     vx_clr_palettes_assign(palettes, fresh.get());
-    return xml_fault::none;
+    return {};
 }
 
 /// The user's palettes, when they are first asked for.
@@ -84,7 +84,7 @@ void load_user_palettes(void *palettes)
     vx_ini_data_get_storage_path(ini.get(), name.c_str(), adapter);
     std::wstring error;
     auto const bytes = file_bytes(path.c_str(), error);
-    if (!bytes || read_palettes(*bytes, palettes) == xml_fault::none)
+    if (!bytes || !read_palettes(*bytes, palettes))
         return;
     // The user's next palettes will take the place of a file that cannot be read.
     auto const kept = path + c_kept_ext;
@@ -103,7 +103,7 @@ bool vx_xml_data_load_clr_palettes(Ivx_xml_data *xml, wchar_t const *file, void 
     std::wstring error;
     auto const bytes = palettes ? file_bytes(file, error) : std::nullopt;
     if (!bytes)
-        return done(xml, palettes ? error : fault_text(xml_fault::other, file ? file : L""));
+        return done(xml, palettes ? error : fault_text({xml_fault::other}, file ? file : L""));
     return done(xml, fault_text(read_palettes(*bytes, palettes), file));
 }
 

@@ -174,7 +174,7 @@ struct scene_record
 xml_fault read_scene(std::string bytes, std::wstring const &folder, scene_record &scene)
 {
     xml_file file;
-    if (auto const fault = file.parse(std::move(bytes), c_scene_root, c_version); fault != xml_fault::none)
+    if (auto fault = file.parse(std::move(bytes), c_scene_root, c_version))
         return fault;
     reading state;
     xml_in root = file.root(state);
@@ -195,7 +195,7 @@ xml_fault read_scene(std::string bytes, std::wstring const &folder, scene_record
             root.fail();
     }
     root.finish();
-    return state.good ? xml_fault::none : xml_fault::damaged;
+    return file.outcome(state);
 }
 
 void fill(Ivx_scn_2d *scene, scene_record &record)
@@ -215,14 +215,14 @@ void fill(Ivx_scn_2d *scene, scene_record &record)
 bool vx_xml_data_load_scn2d_w(Ivx_xml_data *xml, wchar_t const *file, Ivx_scn_2d *scene)
 {
     if (!scene)
-        return done(xml, fault_text(xml_fault::other, file ? file : L""));
+        return done(xml, fault_text({xml_fault::other}, file ? file : L""));
     std::wstring error;
     auto bytes = file_bytes(file, error);
     if (!bytes)
         return done(xml, error);
     scene_record record;
     auto const fault = read_scene(std::move(*bytes), folder_of(file), record);
-    if (fault == xml_fault::none)
+    if (!fault)
         fill(scene, record);
     return done(xml, fault_text(fault, file));
 }
@@ -230,6 +230,6 @@ bool vx_xml_data_load_scn2d_w(Ivx_xml_data *xml, wchar_t const *file, Ivx_scn_2d
 bool vx_xml_data_save_scn2d_w(Ivx_xml_data *xml, wchar_t const *file, Ivx_scn_2d const *scene)
 {
     if (!scene)
-        return saved(xml, fault_text(xml_fault::other, file ? file : L""));
+        return saved(xml, fault_text({xml_fault::other}, file ? file : L""));
     return saved(xml, save_bytes(file, scene_bytes(scene, folder_of(file ? file : L""))));
 }

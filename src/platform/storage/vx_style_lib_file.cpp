@@ -92,7 +92,7 @@ void read_list(xml_in styles, style_list &list)
 xml_fault read_lib(std::string_view bytes, style_lib &lib)
 {
     xml_file file;
-    if (auto const fault = file.parse(bytes, c_lib_root); fault != xml_fault::none)
+    if (auto fault = file.parse(bytes, c_lib_root))
         return fault;
     reading state;
     auto root = file.root(state);
@@ -101,7 +101,7 @@ xml_fault read_lib(std::string_view bytes, style_lib &lib)
         read_list(root.child(name), lib.*list);
     read_item(root.child("item"), lib.root, 1);
     root.finish();
-    return state.good ? xml_fault::none : xml_fault::damaged;
+    return file.outcome(state);
 }
 
 // By name, so that the libraries stand in the same order on every machine.
@@ -141,10 +141,10 @@ bool vx_xml_data_load_style_lib(Ivx_xml_data *xml, wchar_t const *file, void *li
     std::wstring error;
     auto const bytes = libs ? file_bytes(file, error) : std::nullopt;
     if (!bytes)
-        return done(xml, libs ? error : fault_text(xml_fault::other, file ? file : L""));
+        return done(xml, libs ? error : fault_text({xml_fault::other}, file ? file : L""));
     auto lib = std::make_unique<style_lib>();
     auto const fault = read_lib(*bytes, *lib);
-    if (fault == xml_fault::none)
+    if (!fault)
         static_cast<style_libs *>(libs)->libs.push_back(std::move(lib));
     return done(xml, fault_text(fault, file));
 }

@@ -35,7 +35,7 @@ template <class Read>
 bool load(Ivx_xml_data *xml, wchar_t const *file, void *mngr, char const *type, Read read)
 {
     if (!is_type_of(mngr_of(mngr), type))
-        return done(xml, fault_text(xml_fault::other, file ? file : L""));
+        return done(xml, fault_text({xml_fault::other}, file ? file : L""));
     std::wstring error;
     auto bytes = file_bytes(file, error);
     return done(xml, bytes ? fault_text(read(std::move(*bytes), *mngr_of(mngr)), file) : error);
@@ -55,7 +55,7 @@ bool save(Ivx_xml_data *xml, wchar_t const *file, void const *mngr, char const *
           std::wstring const &property, wchar_t const *ext, Bytes bytes)
 {
     if (!is_type_of(mngr_of(mngr), type))
-        return saved(xml, fault_text(xml_fault::other, file ? file : L""));
+        return saved(xml, fault_text({xml_fault::other}, file ? file : L""));
     if (file && leads_astray(file, property, ext))
         return saved(xml, vx_res_format_w(c_capt_name_has_separator, property));
     return saved(xml, save_bytes(file, bytes(*mngr_of(mngr))));
@@ -108,7 +108,7 @@ bool load_style(wchar_t const *file, style_kind kind, void *style)
 {
     std::wstring ignored;
     auto const bytes = style ? file_bytes(file, ignored) : std::nullopt;
-    return bytes && read_style_file(*bytes, kind, style) == xml_fault::none;
+    return bytes && !read_style_file(*bytes, kind, style);
 }
 
 bool save_style(wchar_t const *file, style_kind kind, void const *style)
@@ -178,7 +178,7 @@ bool vx_xml_save_style_save_pv_color_map(Ivx_xml_data *xml, wchar_t const *file,
                                          char const *type)
 {
     if (!is_type_of(mngr_of(mngr), type))
-        return saved(xml, fault_text(xml_fault::other, file ? file : L""));
+        return saved(xml, fault_text({xml_fault::other}, file ? file : L""));
     auto const bytes = color_map_bytes(mngr_of(mngr)->ranges, mngr_of(mngr)->rng_prop_name);
     if (bytes.empty())
         return saved(xml, vx_res_format_w(c_capt_no_bounds_to_save, file ? file : L""));

@@ -329,7 +329,9 @@ bool Tvx_val_edit::load(std::wstring const &file, char const *key)
     auto *const read = f_rule ? &vx_xml_data_load_rule_scale_w : &vx_xml_data_load_val_scale_w;
     if (read(xml.get(), file.c_str(), f_stl_mngr, key))
         return true;
-    vx_show_wmessage(f_load_error_text.c_str());
+    std::wstring reason;
+    vx_xml_data_get_error_w(xml.get(), Tvx_std_wstring_adapter(reason));
+    vx_show_wmessage((f_load_error_text + L"\n\n" + reason).c_str());
     return false;
 }
 

@@ -159,15 +159,24 @@ TEST_F(map_scales, that_are_no_scales_are_told_and_change_nothing)
     QImage const before = picture();
     int const revision = layers().revision_at(0);
     std::string const whole = read_file(folder / "nc.BIR74._rg");
+    // As a user would write it: without the checksum, and with a word where a number belongs.
+    std::string by_hand = whole;
+    by_hand.erase(by_hand.find(" crc="), std::strlen(" crc=\"01234567\""));
+    by_hand.replace(by_hand.find("from=\""), 6, "from=\"ten");
+    auto const line = 1 + std::count(by_hand.begin(), by_hand.begin() + by_hand.find("from="), '\n');
+    QString last;
     for (std::string const &bytes :
-         {std::string(), whole.substr(0, whole.size() / 2), std::string("<scale/>")}) {
+         {std::string(), whole.substr(0, whole.size() / 2), std::string("<scale/>"), by_hand}) {
         write_file(folder / "nc.BIR74._rg", bytes);
         message_reader messages;
         choose(3);
         ASSERT_EQ(messages.texts.size(), 1) << bytes.size();
-        EXPECT_TRUE(messages.texts.front().contains("nc.BIR74._rg")) << messages.texts.front().toStdString();
+        last = messages.texts.front();
+        EXPECT_EQ(last.count("nc.BIR74._rg"), 1) << last.toStdString();
         EXPECT_EQ(layers().revision_at(0), revision);
     }
+    EXPECT_TRUE(last.contains(QStringLiteral("; line %1: \"ten").arg(line))) << last.toStdString();
+    EXPECT_TRUE(last.contains("cannot be the value of \"from\".")) << last.toStdString();
     EXPECT_EQ(picture(), before);
 
     // What is no file at all, and a file that goes while the menu is open.

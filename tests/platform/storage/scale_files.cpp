@@ -242,7 +242,7 @@ protected:
         EXPECT_EQ(0, ftruncate(f_memory, size));
         EXPECT_EQ(size, pwrite(f_memory, content.data(), content.size(), 0));
         auto const file = L"/proc/self/fd/" + std::to_wstring(f_memory);
-        bool const loaded = kind().load(nullptr, file.c_str(), f_target.get(), nullptr);
+        bool const loaded = kind().load(f_xml.get(), file.c_str(), f_target.get(), nullptr);
         if (!loaded)
             EXPECT_TRUE(kind().equal(kind().scale(f_before.get()), kind().scale(f_target.get())));
         else
@@ -264,7 +264,10 @@ protected:
         return text.replace(at, from.size(), to);
     }
 
+    [[nodiscard]] std::wstring error() const { return error_of(f_xml); }
+
 private:
+    owned_xml f_xml{vx_xml_save_2d_create()};
     int f_memory = memfd_create("file", MFD_CLOEXEC); ///< thousands of files are read: not from the disk
     owned_mngr f_mngr;
     owned_mngr f_target;
@@ -350,6 +353,46 @@ TEST_P(hostile, contents_that_are_wrong)
         SCOPED_TRACE(text.substr(0, 200));
         EXPECT_FALSE(loads(text));
     }
+}
+
+TEST_P(hostile, the_reason_names_the_line)
+{
+    struct
+    {
+        std::string_view from, to;
+        wchar_t const *says;
+    } const wrong[] = {
+        {"<opacity>", "<opacity new=\"1\">", L"attribute \"new\""},
+        {"<opacity>", "<unknown/><opacity>", L"\"opacity\" is missing"},
+        {"<opacity>", "<opacity>some text", L"text \"some text\""},
+        {"</opacity>", "<more/></opacity>", L"element \"more\""},
+        {"</opacity>", "</opacitY>", L"end tag"},
+        {"<other ", "<other visible ", L"name=\"value\""},
+        {"<other ", "<other <", L"well-formed"},
+        {" size=\"", " size=\"inf", L"of \"size\""},
+        {"</vx_scale>", "</vx_scale>behind", L"beside the one root"},
+        {"</vx_scale>", "</vx_scale><!-- --> behind <!-- -->", L"beside the one root"},
+        {"</vx_scale>", "</vx_scale><more/>", L"beside the one root"},
+        {"<vx_scale", "before <vx_scale", L"beside the one root"},
+    };
+    for (bool const windows : {false, true})
+        for (auto const &[from, to, says] : wrong) {
+            SCOPED_TRACE(to);
+            auto text = unchecked(from, to);
+            auto const line =
+                1 + std::count(text.begin(), text.begin() + std::ptrdiff_t(text.find(to)), '\n');
+            if (windows)
+                for (std::size_t at = 0; (at = text.find('\n', at)) != text.npos; at += 2)
+                    text.replace(at, 1, "\r\n");
+            EXPECT_FALSE(loads(text));
+            auto const place = L"; line " + std::to_wstring(line) + L": ";
+            EXPECT_NE(std::wstring::npos, error().find(place)) << vx::text::wide_to_utf8(error());
+            EXPECT_NE(std::wstring::npos, error().find(says)) << vx::text::wide_to_utf8(error());
+        }
+    auto changed = bytes();
+    changed.replace(changed.find("<opacity>"), 0, "\n");
+    EXPECT_FALSE(loads(changed));
+    EXPECT_NE(std::wstring::npos, error().find(L"; line 2: the checksum does not fit"));
 }
 
 INSTANTIATE_TEST_SUITE_P(kinds, hostile, testing::Range(0, 3),

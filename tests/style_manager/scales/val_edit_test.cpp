@@ -43,7 +43,10 @@ protected:
             ++of(self).questions;
             return of(self).answer;
         };
-        table.message = [](void *self, HWND, Tvx_msg_kind, wchar_t const *) { ++of(self).messages; };
+        table.message = [](void *self, HWND, Tvx_msg_kind, wchar_t const *text) {
+            ++of(self).messages;
+            of(self).last_message = text;
+        };
         table.file = [](void *self, HWND, int, int, Tvx_file_dialog_prm *prm) {
             prm->file_name = of(self).chosen_file;
             return !of(self).chosen_file.empty();
@@ -185,7 +188,7 @@ protected:
     vx_test::temp_dir dir;
     std::vector<std::string> cells;
     std::string buffer;
-    std::wstring chosen_file, seen_item, next_item;
+    std::wstring chosen_file, seen_item, next_item, last_message;
     bool has_data = true, answer = true, dialog_sel = false;
     int events = 0, draws = 0, style_dialogs = 0, opened = 0, closed = 0, cells_read = 0, questions = 0,
         messages = 0;
@@ -423,6 +426,11 @@ TEST_F(val_edit, keeps_a_file_for_each_property_and_spares_a_loaded_scale)
     chosen_file = (dir.path() / "none._vl").wstring();
     ASSERT_TRUE(input::click(edit->get_open_btn()));
     EXPECT_EQ(messages, 1);
+    vx_test::write_file(dir / "none._vl", "<vx_scale version=\"1\"\n kind=value/>");
+    ASSERT_TRUE(input::click(edit->get_open_btn()));
+    EXPECT_EQ(messages, 2);
+    EXPECT_EQ(last_message, L"The scale file cannot be read.\n\nThe file \"" + chosen_file +
+                                L"\" was not loaded; line 2: an attribute is not written as name=\"value\".");
     EXPECT_EQ(all(true), L"kept|b|");
     EXPECT_EQ(taken(), 0);
     EXPECT_FALSE(vx_stl_mngr_get_just_loaded(mngr.get()));

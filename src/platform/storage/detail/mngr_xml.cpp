@@ -47,7 +47,7 @@ void write_mngr(xml_out element, stl_mngr const &mngr)
     element.finish();
 }
 
-void check(xml_in &element, xml_fault fault)
+void check(xml_in &element, xml_fault::kind_type fault)
 {
     if (fault != xml_fault::none)
         element.fail();

@@ -102,11 +102,12 @@ template <class Read>
 xml_fault read_scale_file(std::string bytes, Read read)
 {
     xml_file file;
-    if (auto const fault = file.parse(std::move(bytes), c_scale_root); fault != xml_fault::none)
+    if (auto fault = file.parse(std::move(bytes), c_scale_root))
         return fault;
     reading state;
     xml_in root = file.root(state);
-    return read(root);
+    auto const kind = read(root);
+    return state.good ? xml_fault{kind} : file.outcome(state);
 }
 } // namespace
 
@@ -133,7 +134,7 @@ std::string scale_bytes(val_scale const &scale, char const *kind)
     return file.bytes();
 }
 
-xml_fault read_scale(xml_in &root, val_scale &scale, char const *kind)
+xml_fault::kind_type read_scale(xml_in &root, val_scale &scale, char const *kind)
 {
     if (!is_scale(root, kind, scale.kind()))
         return xml_fault::other;
@@ -193,7 +194,7 @@ std::string scale_bytes(rng_scale const &scale)
     return file.bytes();
 }
 
-xml_fault read_scale(xml_in &root, rng_scale &scale)
+xml_fault::kind_type read_scale(xml_in &root, rng_scale &scale)
 {
     if (!is_scale(root, c_range_scale, scale.kind()))
         return xml_fault::other;
@@ -243,20 +244,20 @@ std::string style_bytes(style_kind kind, void const *object)
 xml_fault read_style_file(std::string bytes, style_kind kind, void *object)
 {
     xml_file file;
-    if (auto const fault = file.parse(std::move(bytes), c_style_root); fault != xml_fault::none)
+    if (auto fault = file.parse(std::move(bytes), c_style_root))
         return fault;
     reading state;
     auto root = file.root(state);
     std::string key;
     root.field("style", key);
     if (style_kind_of(key.c_str()) != kind)
-        return xml_fault::other;
+        return {xml_fault::other};
     auto const fresh = make_default_style(kind, variant_of_style::base);
     read_style_object(root, kind, fresh->value());
     root.finish();
     if (!state.good)
-        return xml_fault::damaged;
+        return file.outcome(state);
     assign_style_object(kind, object, fresh->value());
-    return xml_fault::none;
+    return {};
 }
 } // namespace vx::storage

@@ -23,8 +23,8 @@ inline constexpr char const *c_rule_scale = "rule";
 /// The same in an element of another file.
 void write_scale(xml_out element, styles::val_scale const &scale, char const *kind);
 void write_scale(xml_out element, styles::rng_scale const &scale);
-[[nodiscard]] xml_fault read_scale(xml_in &element, styles::val_scale &scale, char const *kind);
-[[nodiscard]] xml_fault read_scale(xml_in &element, styles::rng_scale &scale);
+[[nodiscard]] xml_fault::kind_type read_scale(xml_in &element, styles::val_scale &scale, char const *kind);
+[[nodiscard]] xml_fault::kind_type read_scale(xml_in &element, styles::rng_scale &scale);
 
 /// A composed style by itself, as its plain object.
 [[nodiscard]] std::string style_bytes(styles::style_kind kind, void const *object);

@@ -32,9 +32,9 @@ std::optional<std::string> file_bytes(wchar_t const *file, std::wstring &error)
     return bytes;
 }
 
-std::wstring fault_text(xml_fault fault, wchar_t const *file)
+std::wstring fault_text(xml_fault const &fault, wchar_t const *file)
 {
-    switch (fault) {
+    switch (fault.kind) {
     case xml_fault::none:
         return {};
     case xml_fault::newer:
@@ -44,7 +44,9 @@ std::wstring fault_text(xml_fault fault, wchar_t const *file)
     case xml_fault::damaged:
         break;
     }
-    return vx_res_format_w(c_capt_file_damaged, file);
+    if (fault.line > 0)
+        return vx_res_format_w(c_capt_file_line, {file, std::to_wstring(fault.line), fault.reason});
+    return vx_res_format_w(c_capt_file_damaged, {file, fault.reason});
 }
 
 std::wstring save_bytes(wchar_t const *file, std::string const &bytes)

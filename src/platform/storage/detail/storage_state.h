@@ -21,7 +21,7 @@ bool saved(Ivx_xml_data *xml, std::wstring const &error);
 /// The file's bytes; nothing, with the reason in `error`.
 [[nodiscard]] std::optional<std::string> file_bytes(wchar_t const *file, std::wstring &error);
 /// One sentence about a file that was read; empty for no fault.
-[[nodiscard]] std::wstring fault_text(xml_fault fault, wchar_t const *file);
+[[nodiscard]] std::wstring fault_text(xml_fault const &fault, wchar_t const *file);
 /// Puts the bytes in place; empty bytes stand for what is too large. The reason (see vx_fault.h), or the
 /// empty text.
 [[nodiscard]] std::wstring save_bytes(wchar_t const *file, std::string const &bytes);

@@ -1,6 +1,9 @@
 #include "platform/storage/detail/xml_element.h"
 
+#include "captions/engine.h"
+
 #include "platform/base/text_codec.h"
+#include "platform/basic/vx_res.h"
 #include "platform/storage/detail/checksum.h"
 
 #include <pugixml.hpp>
@@ -89,6 +92,46 @@ std::array<char, 9> crc_text(std::string_view bytes, std::size_t digits)
     for (std::size_t i = 8; i-- > 0; sum >>= 4)
         text[i] = "0123456789abcdef"[sum & 15];
     return text;
+}
+/// The name of an element, or where a text begins.
+char const *place_of(pugi::xml_node node)
+{
+    char const *place = node.type() == pugi::node_element ? node.name() : node.value();
+    while (is_space(*place))
+        ++place;
+    return place;
+}
+
+/// A name or value of a stranger's file for a message: whole, unless it is long.
+std::wstring quoted(std::string_view text)
+{
+    constexpr std::size_t c_longest = 60;
+    while (!text.empty() && is_space(text.back()))
+        text.remove_suffix(1);
+    std::wstring wide = text::whole_utf8_to_wide(text);
+    if (wide.size() > c_longest)
+        wide.replace(c_longest, wide.npos, L"…");
+    return wide;
+}
+
+std::uint64_t taken_bit(unsigned attribute)
+{
+    constexpr unsigned c_last = 63;
+    return std::uint64_t{1} << std::min(attribute, c_last);
+}
+
+std::wstring parse_reason(pugi::xml_parse_status status)
+{
+    switch (status) {
+    case pugi::status_out_of_memory:
+        return vx_res_get_wstr(c_capt_sys_memory);
+    case pugi::status_end_element_mismatch:
+        return vx_res_get_wstr(c_capt_why_end_tag);
+    case pugi::status_bad_attribute:
+        return vx_res_get_wstr(c_capt_why_bad_attribute);
+    default:
+        return vx_res_get_wstr(c_capt_why_markup);
+    }
 }
 } // namespace
 
@@ -182,20 +225,43 @@ char const *xml_in::take(char const *name)
 {
     // Files that this system wrote have their attributes in the order in which they are asked for.
     pugi::xml_attribute found(f_attribute);
-    if (!found || std::strcmp(found.name(), name) != 0)
-        found = pugi::xml_node(f_node).attribute(name);
+    unsigned at = f_at;
+    if (!found || std::strcmp(found.name(), name) != 0) {
+        at = 0;
+        for (found = pugi::xml_node(f_node).first_attribute(); found && std::strcmp(found.name(), name) != 0;
+             found = found.next_attribute())
+            ++at;
+    }
     if (!found)
         return nullptr;
-    ++f_taken;
+    f_taken |= taken_bit(at);
+    f_at = at + 1;
     f_attribute = found.next_attribute().internal_object();
     return found.value();
+}
+
+void xml_in::fail(char const *place, std::wstring reason)
+{
+    if (f_state->good)
+        *f_state = {false, place, std::move(reason)};
+}
+
+void xml_in::fail()
+{
+    char const *const name = pugi::xml_node(f_node).name();
+    fail(name, vx_res_format_w(c_capt_why_contents, quoted(name)));
+}
+
+void xml_in::refuse(char const *name, char const *value)
+{
+    fail(value, vx_res_format_w(c_capt_why_value, {quoted(value), quoted(name)}));
 }
 
 template <class T>
 void xml_in::number(char const *name, T &value)
 {
     if (char const *text = take(name); text && !from_text<T>(text, value))
-        fail();
+        refuse(name, text);
 }
 
 void xml_in::field(char const *name, bool &value)
@@ -204,7 +270,7 @@ void xml_in::field(char const *name, bool &value)
     if (!text)
         return;
     if ((*text != '0' && *text != '1') || text[1])
-        fail();
+        refuse(name, text);
     else
         value = *text == '1';
 }
@@ -221,9 +287,9 @@ void xml_in::field(char const *name, unsigned &value)
 
 void xml_in::field(char const *name, double &value)
 {
-    number(name, value);
-    if (!std::isfinite(value))
-        fail();
+    char const *text = take(name);
+    if (text && (!from_text(text, value) || !std::isfinite(value)))
+        refuse(name, text);
 }
 
 void xml_in::bound(char const *name, double &value)
@@ -239,7 +305,7 @@ void xml_in::field(char const *name, Tvx_color &value)
     unsigned bits = 0;
     if (std::strlen(text) != 9 || *text != '#' ||
         std::from_chars(text + 1, text + 9, bits, 16).ptr != text + 9)
-        return fail();
+        return refuse(name, text);
     value = vx_clr_init_rgba(static_cast<int>(bits >> 24), static_cast<int>(bits >> 16 & 255),
                              static_cast<int>(bits >> 8 & 255), static_cast<int>(bits & 255));
 }
@@ -263,7 +329,7 @@ void xml_in::field(char const *name, std::vector<double> &values)
         return;
     values.clear();
     if (!for_each_number(text, [&](double value) { values.push_back(value); }))
-        fail();
+        refuse(name, text);
 }
 
 void xml_in::field(char const *name, vx_fnt_type &font)
@@ -290,7 +356,9 @@ bool xml_in::at(char const *name) const
 xml_in xml_in::child(char const *name)
 {
     if (!at(name)) {
-        fail();
+        pugi::xml_node const instead(f_child);
+        fail(place_of(instead ? instead : pugi::xml_node(f_node)),
+             vx_res_format_w(c_capt_why_missing, {quoted(name), quoted(pugi::xml_node(f_node).name())}));
         return {*f_state, nullptr};
     }
     pugi::xml_node const found(f_child);
@@ -300,9 +368,15 @@ xml_in xml_in::child(char const *name)
 
 void xml_in::finish()
 {
-    auto const attributes = pugi::xml_node(f_node).attributes();
-    if (f_child || std::distance(attributes.begin(), attributes.end()) != f_taken)
-        fail();
+    if (pugi::xml_node const child(f_child); child) {
+        char const *const what = place_of(child);
+        bool const is_text = child.type() != pugi::node_element;
+        fail(what, vx_res_format_w(is_text ? c_capt_why_text : c_capt_why_element, quoted(what)));
+    }
+    unsigned at = 0;
+    for (pugi::xml_attribute const attribute : pugi::xml_node(f_node).attributes())
+        if (!(f_taken & taken_bit(at++)))
+            fail(attribute.name(), vx_res_format_w(c_capt_why_attribute, quoted(attribute.name())));
 }
 
 // ---- folding
@@ -353,48 +427,100 @@ void hash_out::field(char const *, vx_fnt_type const &font)
 // ---- files
 struct xml_file::content
 {
-    std::string bytes; ///< what was parsed: the document's texts lie in it
+    std::string bytes;                    ///< what was parsed: the document's names and texts lie in it
+    std::vector<std::uint32_t> line_ends; ///< in them, as they were before they were parsed
     pugi::xml_document doc;
 };
+
+namespace {
+/// Places of the line feeds, up to as many as a message would name.
+std::vector<std::uint32_t> line_ends_of(std::string_view bytes)
+{
+    constexpr std::size_t c_most = 1'000'000;
+    std::vector<std::uint32_t> ends;
+    for (auto at = bytes.find('\n'); at != bytes.npos && ends.size() < c_most; at = bytes.find('\n', at + 1))
+        ends.push_back(static_cast<std::uint32_t>(at));
+    return ends;
+}
+
+/// Where something follows the last tag; npos when only white space does. The parser overlooks some of it.
+std::size_t behind_tags(std::string_view bytes)
+{
+    auto const tag = bytes.rfind('>');
+    auto const rest =
+        std::find_if_not(bytes.begin() + (tag == bytes.npos ? 0 : tag + 1), bytes.end(), is_space);
+    return rest == bytes.end() ? bytes.npos : static_cast<std::size_t>(rest - bytes.begin());
+}
+} // namespace
 
 xml_file::xml_file() : f_content(std::make_unique<content>())
 {
 }
 xml_file::~xml_file() = default;
 
+xml_fault xml_file::fault_at(char const *place, std::wstring reason) const
+{
+    auto const &[bytes, ends, doc] = *f_content;
+    std::size_t line = 0;
+    if (place && place >= bytes.data() && place <= bytes.data() + bytes.size()) {
+        auto const at = static_cast<std::uint32_t>(place - bytes.data());
+        line = static_cast<std::size_t>(std::ranges::lower_bound(ends, at) - ends.begin()) + 1;
+    }
+    return {xml_fault::damaged, line, std::move(reason)};
+}
+
+xml_fault xml_file::outcome(reading const &state) const
+{
+    return state.good ? xml_fault() : fault_at(state.place, state.reason);
+}
+
 xml_fault xml_file::parse(std::string bytes, char const *root_name, int newest)
 {
     if (!within_limits(bytes))
-        return xml_fault::damaged;
+        return {xml_fault::damaged, 0, vx_res_get_wstr(c_capt_why_size)};
     f_content->bytes = std::move(bytes);
     std::string &text = f_content->bytes;
-    // Parsing changes the bytes, so the checksum comes first.
+    // Parsing changes the bytes, so all that looks at them comes first.
+    f_content->line_ends = line_ends_of(text);
     auto const digits = crc_place(text);
     auto const sum = digits == text.npos ? std::array<char, 9>{} : crc_text(text, digits);
+    // The parser takes a zero for the end.
+    auto const zero = text.find('\0');
+    auto const rest = zero == text.npos ? behind_tags(text) : zero;
     pugi::xml_document &doc = f_content->doc;
-    unsigned const flags = pugi::parse_default | pugi::parse_doctype;
-    if (!doc.load_buffer_inplace(text.data(), text.size(), flags, pugi::encoding_utf8))
-        return xml_fault::damaged;
+    // As a fragment, so that texts outside the root are seen. Line ends of texts would move what follows.
+    unsigned const flags =
+        (pugi::parse_default & ~pugi::parse_eol) | pugi::parse_doctype | pugi::parse_fragment;
+    auto const result = doc.load_buffer_inplace(text.data(), text.size(), flags, pugi::encoding_utf8);
+    if (!result)
+        return fault_at(text.data() + result.offset, parse_reason(result.status));
+    if (rest != text.npos)
+        return fault_at(text.data() + rest, vx_res_get_wstr(c_capt_why_outside));
     pugi::xml_node root;
     for (pugi::xml_node const node : doc.children()) {
-        if (node.type() != pugi::node_element || root)
-            return xml_fault::damaged; // a document type, or a second root
-        root = node;
+        if (node.type() == pugi::node_element && !root)
+            root = node;
+        else // a document type, a second root, a text
+            return fault_at(place_of(node), vx_res_get_wstr(c_capt_why_outside));
     }
+    if (!root)
+        return fault_at(nullptr, vx_res_get_wstr(c_capt_why_markup));
     if (std::strcmp(root.name(), root_name) != 0)
-        return xml_fault::other;
+        return {xml_fault::other};
     int version = 0;
-    if (!from_text(root.attribute("version").value(), version) || version < 1)
-        return xml_fault::damaged;
+    if (char const *const given = root.attribute("version").value();
+        !from_text(std::string_view(given), version) || version < 1)
+        return fault_at(*given ? given : root.name(),
+                        vx_res_format_w(c_capt_why_value, {quoted(given), L"version"}));
     if (version > newest)
-        return xml_fault::newer;
+        return {xml_fault::newer};
     root.remove_attribute("version");
     if (pugi::xml_attribute const crc = root.attribute("crc")) {
         if (std::strcmp(crc.value(), sum.data()) != 0)
-            return xml_fault::damaged;
+            return fault_at(crc.name(), vx_res_get_wstr(c_capt_why_checksum));
         root.remove_attribute(crc);
     }
-    return xml_fault::none;
+    return {};
 }
 
 xml_in xml_file::root(reading &state)

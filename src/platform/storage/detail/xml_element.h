@@ -45,10 +45,12 @@ private:
     pugi::xml_node_struct *f_node;
 };
 
-/// Whether all was right so far; once false it stays so.
+/// Whether all was right so far; once false it stays so, and the first reason is kept.
 struct reading
 {
     bool good = true;
+    char const *place = nullptr; ///< in the bytes of the file, where the fault is; null where none is known
+    std::wstring reason = {};
 };
 
 /// An element being read. Attributes that are missing leave the value alone; a value that is none of its type
@@ -75,19 +77,24 @@ public:
     /// The next child, which must have this name.
     [[nodiscard]] xml_in child(char const *name);
     void finish();
-    void fail() { f_state->good = false; }
+    /// What the element holds does not fit together.
+    void fail();
     [[nodiscard]] bool good() const { return f_state->good; }
 
 private:
     [[nodiscard]] char const *take(char const *name);
     template <class T>
     void number(char const *name, T &value);
+    /// The value of the attribute is none of its type.
+    void refuse(char const *name, char const *value);
+    void fail(char const *place, std::wstring reason);
 
     reading *f_state;
     pugi::xml_node_struct *f_node;
     pugi::xml_attribute_struct *f_attribute; ///< where the next one is expected
     pugi::xml_node_struct *f_child;
-    unsigned f_taken = 0;
+    unsigned f_at = 0;         ///< number of that attribute
+    std::uint64_t f_taken = 0; ///< a bit for each attribute that was asked for; those behind share the last
 };
 
 /// Folds what would be written into a number: what is equal has the same.
@@ -114,12 +121,21 @@ private:
     std::uint64_t *f_sum;
 };
 
-enum class xml_fault
+/// What is wrong with a file; false for nothing.
+struct xml_fault
 {
-    none,
-    damaged,
-    newer,
-    other
+    enum kind_type
+    {
+        none,
+        damaged,
+        newer, ///< written by a later version
+        other  ///< holds something else
+    };
+    kind_type kind = none;
+    std::size_t line = 0; ///< from 1; 0 where none can be named
+    std::wstring reason = {};
+
+    explicit operator bool() const { return kind != none; }
 };
 
 /// Largest file that is read, and written.
@@ -135,8 +151,9 @@ public:
     xml_file &operator=(xml_file const &) = delete;
     ~xml_file();
 
-    /// Parses and checks all that is the same in every file: size, no document type, one root of this name, a
-    /// known version, the checksum where there is one. `newest` is the highest version that is known.
+    /// Parses and checks all that is the same in every file: size, no document type, one root of this name
+    /// and nothing else, a known version, the checksum where there is one. `newest` is the highest version
+    /// that is known.
     [[nodiscard]] xml_fault parse(std::string bytes, char const *root_name, int newest = 1);
     [[nodiscard]] xml_fault parse(std::string_view bytes, char const *root_name, int newest = 1)
     {
@@ -144,6 +161,8 @@ public:
     }
     /// The root of a parsed file.
     [[nodiscard]] xml_in root(reading &state);
+    /// How the reading of a parsed file went.
+    [[nodiscard]] xml_fault outcome(reading const &state) const;
 
     /// Begins a file.
     [[nodiscard]] xml_out make(char const *root_name, int version = 1);
@@ -152,6 +171,8 @@ public:
 
 private:
     struct content;
+    [[nodiscard]] xml_fault fault_at(char const *place, std::wstring reason) const;
+
     std::unique_ptr<content> f_content;
 };
 } // namespace vx::storage
