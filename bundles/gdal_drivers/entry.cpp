@@ -4,6 +4,7 @@
 #include "vector_set.h"
 
 #include "platform/basic/vx_bundle.h"
+#include "platform/basic/vx_res.h"
 
 namespace vx::gdal {
 namespace {
@@ -27,6 +28,8 @@ void open(void *, wchar_t const *source, bool read_only, t_vx_data_source_interf
     // The tables of a database are looked at when they are counted and selected.
     opening_budget const budget;
     *result = serve(dataset::open(source ? source : L"", read_only, reason), reason);
+    if (vx_data_source_interface_is_null(*result) && budget.is_spent())
+        reason = reason_about(c_drv_not_opened, source, vx_res_get_wstr(c_drv_endless_view));
     if (!reason.empty())
         vx_string_adp_feed(error, reason.c_str());
 }
@@ -35,6 +38,7 @@ void create(void *, wchar_t const *source, int driver_type, t_vx_data_source_int
             Ivx_string_adp *error)
 {
     std::wstring reason;
+    opening_budget const budget;
     *result = serve(dataset::create(source ? source : L"", driver_type, reason), reason);
     if (!reason.empty())
         vx_string_adp_feed(error, reason.c_str());
@@ -49,7 +53,6 @@ VX_C_API bool vxk_bundle_entry(Tvx_bundle_context const *context)
 {
     if (!context || context->version != c_vx_bundle_version)
         return false;
-    vx::gdal::install_opening_budget();
     vx::gdal::limit_requests();
     GDALAllRegister();
     return context->add_driver(context->host, &vx::gdal::c_driver);

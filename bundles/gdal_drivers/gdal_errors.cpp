@@ -1,5 +1,7 @@
 #include "gdal_errors.h"
 
+#include "database_guard.h"
+
 #include "platform/base/text_codec.h"
 #include "platform/basic/vx_fault.h"
 #include "platform/basic/vx_res.h"
@@ -34,6 +36,7 @@ void CPL_STDCALL on_gdal_error(CPLErr level, CPLErrorNum, char const *message)
 error_guard::error_guard(std::wstring &target) : f_target(target), f_outer(t_innermost)
 {
     t_innermost = this;
+    note_database_progress();
     CPLErrorReset();
     CPLPushErrorHandlerEx(&on_gdal_error, this);
 }
@@ -42,6 +45,8 @@ error_guard::~error_guard()
 {
     CPLPopErrorHandler();
     CPLErrorReset();
+    if (take_endless_statement())
+        add(c_drv_endless_view);
     t_innermost = f_outer;
     if (f_outer) {
         f_outer->add(f_sentence);

@@ -1,5 +1,6 @@
 #include "long_work.h"
 
+#include "database_guard.h"
 #include "gdal_errors.h"
 
 #include "platform/basic/vx_datasource.h"
@@ -31,12 +32,14 @@ struct running_work
     std::function<void()> work;
     std::wstring errors;
     std::promise<void> end;
+    std::atomic<bool> stop = false; ///< nobody waits any more
 
     void run()
     {
         try {
             {
                 error_guard const guard(errors);
+                stop_scope const until(stop);
                 work();
             }
             end.set_value();
@@ -66,6 +69,7 @@ bool run(std::function<void()> work, std::atomic<bool> *given_up, std::function<
     });
     while (end.wait_for(c_between_questions) != std::future_status::ready)
         if (!waiting()) {
+            running->stop = true;
             if (given_up) {
                 *given_up = true;
                 if (abort)

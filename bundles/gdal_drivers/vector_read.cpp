@@ -1,4 +1,5 @@
 #include "data_types.h"
+#include "database_guard.h"
 #include "dbf_column.h"
 #include "long_work.h"
 #include "paged_filter.h"
@@ -238,6 +239,7 @@ OGRFeatureUniquePtr vector_set::read_next()
 {
     while (OGRFeatureUniquePtr record = next_record()) {
         ++f_position;
+        note_database_progress();
         if (is_wanted(*record))
             return record;
     }

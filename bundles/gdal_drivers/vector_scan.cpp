@@ -1,5 +1,6 @@
 #include "arrow_column.h"
 #include "data_types.h"
+#include "database_guard.h"
 #include "dbf_column.h"
 #include "vector_set.h"
 
@@ -81,9 +82,11 @@ column_result vector_set::walk_column(int field, column_sink const &sink)
     column_batch::cell_kind const kind = kind_of(*field_at(field));
     column_builder builder(kind, sink);
     f_layer->ResetReading();
-    while (OGRFeatureUniquePtr const record{f_layer->GetNextFeature()})
+    while (OGRFeatureUniquePtr const record{f_layer->GetNextFeature()}) {
+        note_database_progress();
         if (!add_cell(builder, kind, *record, field))
             return column_result::done;
+    }
     builder.finish();
     return column_result::done;
 }

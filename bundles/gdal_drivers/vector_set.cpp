@@ -1,6 +1,7 @@
 #include "vector_set.h"
 
 #include "data_types.h"
+#include "database_guard.h"
 #include "field_dict.h"
 #include "long_work.h"
 #include "sql_answer.h"
@@ -206,6 +207,7 @@ bool vector_set::with_extent_z(Tvx_box_d3 *box, bool force)
     f_layer->ResetReading();
     Tvx_box_d3 all;
     while (OGRFeatureUniquePtr const record{f_layer->GetNextFeature()}) {
+        note_database_progress();
         OGRGeometry const *const shape = record->GetGeomFieldRef(f_geom_field);
         if (!shape || shape->IsEmpty())
             continue;
@@ -407,6 +409,7 @@ unsigned long long vector_set::feature_count(bool force)
         count = 0;
         attend([&](std::atomic<bool> const &given_up) {
             while (OGRFeatureUniquePtr const record{f_layer->GetNextFeature()}) {
+                note_database_progress();
                 count += is_wanted(*record);
                 if (given_up) {
                     count = -1;

@@ -4,6 +4,7 @@
 
 #include <arpa/inet.h>
 #include <chrono>
+#include <climits>
 #include <filesystem>
 #include <functional>
 #include <gtest/gtest.h>
@@ -266,6 +267,38 @@ TEST(gdal_trap, databases_that_lie)
                       return s.is_open() || !source::refusal().empty() ? 'o' : 'e';
                   }),
                   't');
+        // The view itself opens or is refused; whoever waits can leave each question to it.
+        std::wstring const view = wide(dir / name) + L"|layer=v";
+        EXPECT_NE(in_limits([&] {
+                      source const s(view);
+                      return s.is_open() || !source::refusal().empty() ? 'o' : 'e';
+                  }),
+                  't');
+        struct
+        {
+            char const *name;
+            bool (*is_refused)(source const &s);
+        } const questions[] = {
+            {"rows", [](source const &s) { return rest_of(s).empty() && !s.error().empty(); }},
+            {"count", [](source const &s) { return s.table.feature_count(true) == ULLONG_MAX; }},
+            {"statistics",
+             [](source const &s) {
+                 double value = 0;
+                 return !s.stat.maximum(0, &value);
+             }},
+            {"filter", [](source const &s) { return !s.forward.set_attribute_filter(L"x = -1"); }},
+            {"place", [](source const &s) { return !s.random.moveto_index(5) || rest_of(s).empty(); }},
+        };
+        for (auto const &question : questions) {
+            SCOPED_TRACE(question.name);
+            EXPECT_EQ(in_limits([&] {
+                          vx_datasource_set_waiting(closure<bool()>(
+                              [](void *asked) { return ++*static_cast<int *>(asked) < 3; }, new int(0)));
+                          source const s(view);
+                          return !s.is_open() || question.is_refused(s) ? 'o' : 'e';
+                      }),
+                      'o');
+        }
     }
 }
 
