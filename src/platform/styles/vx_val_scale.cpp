@@ -168,7 +168,13 @@ bool vx_val_scale_get_marked(void const *scale, unsigned index)
 
 void vx_val_scale_set_marked(void *scale, unsigned index, bool marked)
 {
-    set(entry_of(scale, index), &val_entry::marked, marked);
+    if (scale)
+        scale_of(scale)->set_marked(index, marked);
+}
+
+unsigned vx_val_scale_get_marked_count(void const *scale)
+{
+    return scale ? scale_of(scale)->marked_count() : 0;
 }
 
 void *vx_val_scale_get_scale_prm_ptr(void *scale, unsigned index)

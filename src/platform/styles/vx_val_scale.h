@@ -45,6 +45,8 @@ VX_API void vx_val_scale_set_other_caption_w(void *scale, wchar_t const *text);
 VX_API void vx_val_scale_set_other_caption(void *scale, char const *text);
 [[nodiscard]] VX_API bool vx_val_scale_get_marked(void const *scale, unsigned index);
 VX_API void vx_val_scale_set_marked(void *scale, unsigned index, bool marked);
+/// How many entries are marked; known without looking at them.
+[[nodiscard]] VX_API unsigned vx_val_scale_get_marked_count(void const *scale);
 
 [[nodiscard]] VX_API void *vx_val_scale_get_scale_prm_ptr(void *scale, unsigned index);
 [[nodiscard]] VX_API void *vx_val_scale_get_other_prm_ptr(void *scale);

@@ -290,9 +290,9 @@ void Tvx_val_grid::mark_click(int entry, TShiftState shift)
     } else if (shift.Contains(ssCtrl)) {
         vx_val_scale_set_marked(f_scale, index, !vx_val_scale_get_marked(f_scale, index));
     } else {
-        unsigned const count = size();
-        for (unsigned i = 0; i < count; ++i)
-            vx_val_scale_set_marked(f_scale, i, i == index);
+        for (unsigned i = 0; i < size() && vx_val_scale_get_marked_count(f_scale) > 0; ++i)
+            vx_val_scale_set_marked(f_scale, i, false);
+        vx_val_scale_set_marked(f_scale, index, true);
     }
     f_mark_anchor = entry;
     f_del_action->Update();
@@ -645,10 +645,7 @@ void Tvx_val_grid::on_del_action_execute(TObject * /*sender*/)
 
 void Tvx_val_grid::on_del_action_update(TObject * /*sender*/)
 {
-    bool any = false;
-    for (unsigned i = 0, count = size(); i < count && !any; ++i)
-        any = vx_val_scale_get_marked(f_scale, i);
-    f_del_action->SetEnabled(any);
+    f_del_action->SetEnabled(vx_val_scale_get_marked_count(f_scale) > 0);
 }
 
 // ---- menus

@@ -76,6 +76,44 @@ TEST(val_scale, entries_come_go_and_move_and_the_active_one_follows)
     EXPECT_EQ(joined(s), L"a");
 }
 
+TEST(val_scale, marks_are_counted_whatever_is_done)
+{
+    auto const mngr = make_mngr("pnt_style");
+    void *s = vx_stl_mngr_get_val_scale_ptr(mngr.get());
+    std::mt19937 random(1);
+    for (int i = 0; i < 2000; ++i) {
+        unsigned const size = vx_val_scale_get_size(s), at = static_cast<unsigned>(random() % (size + 2));
+        switch (random() % 9) {
+        case 0:
+            vx_val_scale_set_size(s, static_cast<unsigned>(random() % 12));
+            break;
+        case 1:
+            vx_val_scale_del(s, at);
+            break;
+        case 2:
+            if (i % 3 == 0)
+                vx_val_scale_del_marked(s);
+            break;
+        case 3:
+            vx_val_scale_ins(s, at);
+            break;
+        case 4:
+            vx_val_scale_move(s, at, static_cast<unsigned>(random() % (size + 1)));
+            break;
+        case 5:
+            vx_stl_mngr_assign(mngr.get(), owned_mngr(vx_stl_mngr_clone(mngr.get())).get());
+            s = vx_stl_mngr_get_val_scale_ptr(mngr.get());
+            break;
+        default:
+            vx_val_scale_set_marked(s, at, random() % 3 > 0);
+        }
+        unsigned marked = 0;
+        for (unsigned k = 0; k < vx_val_scale_get_size(s); ++k)
+            marked += vx_val_scale_get_marked(s, k);
+        ASSERT_EQ(vx_val_scale_get_marked_count(s), marked) << i;
+    }
+}
+
 TEST(val_scale, order_is_taken_from_a_permutation_only)
 {
     auto const mngr = make_mngr("pnt_style");

@@ -109,9 +109,16 @@ void blend_row(gradient kind, any_style &target, any_style const &first, any_sty
 }
 
 // ---- value scale
+namespace {
+bool is_marked(std::unique_ptr<val_entry> const &entry)
+{
+    return entry->marked;
+}
+} // namespace
+
 val_scale::val_scale(val_scale const &source)
     : other(source.other), opacity(source.opacity), f_entries(clone_all(source.f_entries)),
-      f_active(source.f_active), f_kind(source.f_kind)
+      f_active(source.f_active), f_marked(source.f_marked), f_kind(source.f_kind)
 {
 }
 
@@ -132,12 +139,14 @@ val_scale &val_scale::operator=(val_scale &&source)
     opacity = std::move(source.opacity);
     f_kind = source.f_kind;
     set_entry_list(std::move(source.f_entries), source.f_active);
+    source.set_entry_list({}, -1);
     return *this;
 }
 
 void val_scale::set_entry_list(std::vector<std::unique_ptr<val_entry>> entries, int active)
 {
     f_entries = std::move(entries);
+    f_marked = static_cast<unsigned>(std::ranges::count_if(f_entries, is_marked));
     f_index.clear();
     set_active(active);
 }
@@ -146,6 +155,9 @@ void val_scale::resize(unsigned size)
 {
     f_index.clear();
     unsigned const old = this->size();
+    if (size < old)
+        f_marked -=
+            static_cast<unsigned>(std::count_if(f_entries.begin() + size, f_entries.end(), is_marked));
     f_entries.resize(size);
     for (unsigned i = old; i < size; ++i)
         f_entries[i] = std::make_unique<val_entry>(f_kind);
@@ -166,6 +178,7 @@ void val_scale::erase(unsigned index)
 {
     if (index >= size())
         return;
+    set_marked(index, false);
     f_index.clear();
     f_entries.erase(f_entries.begin() + index);
     if (f_active == static_cast<int>(index))
@@ -180,7 +193,8 @@ void val_scale::erase_marked()
     if (active && active->marked)
         active = nullptr;
     f_index.clear();
-    std::erase_if(f_entries, [](auto const &entry) { return entry->marked; });
+    std::erase_if(f_entries, is_marked);
+    f_marked = 0;
     f_active = -1;
     for (unsigned i = 0; active && i < size(); ++i)
         if (f_entries[i].get() == active)
@@ -220,6 +234,17 @@ void val_scale::set_text(unsigned index, std::wstring_view text)
         return;
     f_index.clear();
     f_entries[index]->text = text;
+}
+
+void val_scale::set_marked(unsigned index, bool marked)
+{
+    if (index >= size() || f_entries[index]->marked == marked)
+        return;
+    f_entries[index]->marked = marked;
+    if (marked)
+        ++f_marked;
+    else
+        --f_marked;
 }
 
 val_scale::slot &val_scale::slot_of(std::string_view text, std::uint32_t hash) const

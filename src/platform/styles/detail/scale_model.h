@@ -45,7 +45,7 @@ struct val_entry
     std::wstring text;
     std::wstring caption;
     scale_prm prm;
-    bool marked = false;
+    bool marked = false; ///< set by the scale, which counts
 };
 
 struct other_entry
@@ -86,6 +86,8 @@ public:
     /// `order[k]` is the old index of the entry for place k. Anything but a permutation changes nothing.
     void set_order(int const *order, unsigned count);
     void set_text(unsigned index, std::wstring_view text);
+    void set_marked(unsigned index, bool marked);
+    [[nodiscard]] unsigned marked_count() const { return f_marked; }
     [[nodiscard]] int active() const { return f_active; }
     void set_active(int index) { f_active = index >= 0 && index < static_cast<int>(size()) ? index : -1; }
 
@@ -99,6 +101,7 @@ public:
 private:
     std::vector<std::unique_ptr<val_entry>> f_entries;
     int f_active = -1;
+    unsigned f_marked = 0; ///< how many entries are marked
     static constexpr std::size_t c_short = 16;
     /// Place of the open hash. A look-up of a short text touches nothing else: the slot holds the text
     /// itself.
