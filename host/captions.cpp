@@ -6,3 +6,8 @@ QString vx_host_caption(Tvx_host_caption number)
 {
     return QString::fromWCharArray(vx_res_get_wstr(number));
 }
+
+QString vx_map_caption(Tvx_map_caption number)
+{
+    return QString::fromWCharArray(vx_res_get_wstr(number));
+}

@@ -55,11 +55,11 @@ QString kind_of(Ivx_layer const *layer)
     return vx_host_caption(c_cap_kind_other);
 }
 
-/// How the map draws all objects of the layer, in true size.
-bool draw_simple(QPainter &painter, Ivx_layer *layer)
+/// How the map draws all objects of the layer, or what has the style, in true size.
+bool draw_simple(QPainter &painter, Ivx_layer *layer, void *style)
 {
     TBitmap sample(c_symbol_width, c_symbol_height);
-    if (!vx_layer_draw_sample(layer, &sample))
+    if (style ? !vx_style_draw_sample(style, &sample) : !vx_layer_draw_sample(layer, &sample))
         return false;
     painter.drawImage(0, 0, vx_qt_image(sample));
     return true;
@@ -93,7 +93,7 @@ void draw_mark(QPainter &painter, Tvx_layer_mark mark)
 {
     constexpr double size = 11;
     QRectF const box(c_symbol_width - size - 1, c_symbol_height - size - 1, size, size);
-    if (mark == c_mark_damaged) {
+    if (mark == c_mark_damaged || mark == c_mark_missing) {
         painter.setPen(QPen(Qt::white, 1.2));
         painter.setBrush(QColor(0xc2, 0x50, 0x00));
         painter.drawPolygon(
@@ -160,7 +160,9 @@ QString vx_layer_tip(Ivx_layer *layer)
         .arg(file.empty() ? vx_host_caption(c_cap_no_file) : shown_file(file), kind);
 }
 
-QIcon vx_layer_symbol(Ivx_layer *layer, Tvx_layer_mark mark)
+/// A frame for lists with what `draw` puts into it.
+template <class Draw>
+static QIcon framed(Draw draw)
 {
     QPixmap pixmap(2 * c_symbol_width, 2 * c_symbol_height);
     pixmap.setDevicePixelRatio(2);
@@ -172,17 +174,32 @@ QIcon vx_layer_symbol(Ivx_layer *layer, Tvx_layer_mark mark)
     painter.setBrush(Qt::white);
     painter.drawRoundedRect(QRectF(0.5, 0.5, c_symbol_width - 1, c_symbol_height - 1), 2, 2);
     painter.setClipRect(1, 1, c_symbol_width - 2, c_symbol_height - 2);
-    if (!vx_lr2d_is_shp(layer))
-        draw_cells(painter);
-    else if (!draw_simple(painter, layer))
-        draw_classes(painter, layer);
-    draw_mark(painter, mark);
+    draw(painter);
     painter.end();
     QIcon icon;
     // The same in a selected line: the colours are what the symbol is for.
     for (QIcon::Mode const mode : {QIcon::Normal, QIcon::Selected, QIcon::Active})
         icon.addPixmap(pixmap, mode);
     return icon;
+}
+
+QIcon vx_layer_symbol(Ivx_layer *layer, Tvx_layer_mark mark)
+{
+    return framed([&](QPainter &painter) {
+        if (!vx_lr2d_is_shp(layer))
+            draw_cells(painter);
+        else if (!draw_simple(painter, layer, nullptr))
+            draw_classes(painter, layer);
+        draw_mark(painter, mark);
+    });
+}
+
+QIcon vx_style_symbol(void *stl_prm)
+{
+    return framed([&](QPainter &painter) {
+        if (stl_prm)
+            draw_simple(painter, nullptr, stl_prm);
+    });
 }
 
 QString vx_layer_mark_text(Tvx_layer_mark mark)
@@ -192,6 +209,8 @@ QString vx_layer_mark_text(Tvx_layer_mark mark)
         return vx_host_caption(c_cap_mark_undrawn);
     case c_mark_damaged:
         return vx_host_caption(c_cap_mark_damaged);
+    case c_mark_missing:
+        return vx_map_caption(c_map_mark_missing);
     default:
         return {};
     }

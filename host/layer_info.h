@@ -18,9 +18,12 @@ enum Tvx_layer_mark
     c_mark_none,
     c_mark_undrawn, ///< of a kind that the map lists without drawing it
     c_mark_damaged, ///< not all of its data can be read
+    c_mark_missing, ///< its data cannot be opened
 };
 /// A sample of how the layer is drawn, in the size of a list icon, with the mark in its corner.
 [[nodiscard]] QIcon vx_layer_symbol(Ivx_layer *layer, Tvx_layer_mark mark = c_mark_none);
+/// The same for one style: a `stl_prm` of points, lines or areas; null gives an empty frame.
+[[nodiscard]] QIcon vx_style_symbol(void *stl_prm);
 /// The sentence for the mark; empty for none.
 [[nodiscard]] QString vx_layer_mark_text(Tvx_layer_mark mark);
 /// Extent in map units; empty when the layer has nothing that has a place.

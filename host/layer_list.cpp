@@ -1,5 +1,7 @@
 #include "host/layer_list.h"
 
+#include "host/layer_classes.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -13,6 +15,7 @@ int Tvx_layer_list::add(layer_ptr layer, std::optional<Tvx_map_unit> unit)
     Tvx_box_d2 const extent = vx_layer_extent(layer.get());
     f_items.insert(f_items.begin(), item{++f_last_id, 0, std::move(layer), extent, unit});
     endInsertRows();
+    replace_classes(0, int(vx_layer_classes_count(layer_at(0))));
     emit picture_changed();
     return f_last_id;
 }
@@ -25,11 +28,66 @@ bool Tvx_layer_list::replace(int id, layer_ptr layer)
     vx_lr2d_set_visible(layer.get(), is_visible(row));
     item &place = f_items[std::size_t(row)];
     place.extent = vx_layer_extent(layer.get());
+    int const classes = int(vx_layer_classes_count(layer.get()));
+    if (classes != place.classes)
+        replace_classes(row, 0);
     place.layer = std::move(layer);
     ++place.revision;
+    replace_classes(row, classes);
     emit dataChanged(index(row), index(row));
+    if (classes > 0)
+        emit dataChanged(index(0, 0, index(row)), index(classes - 1, 0, index(row)));
     emit layer_replaced(id);
     emit picture_changed();
+    return true;
+}
+
+/// The number of classes below a layer changes; while it does, there are none.
+void Tvx_layer_list::replace_classes(int row, int count)
+{
+    item &place = f_items[std::size_t(row)];
+    if (place.classes == count)
+        return;
+    if (place.classes > 0) {
+        beginRemoveRows(index(row), 0, place.classes - 1);
+        place.classes = 0;
+        endRemoveRows();
+    }
+    if (count > 0) {
+        beginInsertRows(index(row), 0, count - 1);
+        place.classes = count;
+        endInsertRows();
+    }
+}
+
+bool Tvx_layer_list::rename(int row, QString const &name)
+{
+    if (!has_row(row))
+        return false;
+    // A name is one line.
+    std::wstring const text = name.simplified().toStdWString();
+    QString const before = name_at(row);
+    vx_lr2d_set_wcaption(layer_at(row), text.c_str());
+    if (name_at(row) == before)
+        return true;
+    emit dataChanged(index(row), index(row), {Qt::DisplayRole, Qt::EditRole});
+    emit layer_renamed(id_at(row));
+    return true;
+}
+
+bool Tvx_layer_list::set_class_visible(int row, int place, bool visible)
+{
+    Ivx_layer *const layer = layer_at(row);
+    std::optional<bool> const before = vx_layer_class_visible(layer, unsigned(place));
+    if (place < 0 || !before)
+        return false;
+    if (*before == visible)
+        return true;
+    layer_ptr copy(vx_lr2d_clone(layer));
+    int const id = id_at(row);
+    if (!vx_layer_class_set_visible(copy.get(), unsigned(place), visible) || !replace(id, std::move(copy)))
+        return false;
+    emit classes_changed(id);
     return true;
 }
 
@@ -62,11 +120,14 @@ void Tvx_layer_list::set_all_visible(bool visible)
         set_layer_visible(row, visible);
 }
 
-void Tvx_layer_list::set_damaged(int id)
+void Tvx_layer_list::set_damaged(int id, Tvx_layer_mark mark, QString const &reason)
 {
     int const row = row_of(id);
-    if (row < 0 || std::exchange(f_items[std::size_t(row)].damaged, true))
+    // What is known to be missing is not read in part.
+    if (row < 0 || f_items[std::size_t(row)].mark != c_mark_none)
         return;
+    f_items[std::size_t(row)].mark = mark;
+    f_items[std::size_t(row)].reason = reason;
     emit dataChanged(index(row), index(row), {Qt::DecorationRole, Qt::ToolTipRole});
 }
 
@@ -101,9 +162,8 @@ Tvx_layer_mark Tvx_layer_list::mark_at(int row) const
 {
     if (!has_row(row))
         return c_mark_none;
-    if (!vx_layer_is_drawn(layer_at(row)))
-        return c_mark_undrawn;
-    return f_items[std::size_t(row)].damaged ? c_mark_damaged : c_mark_none;
+    Tvx_layer_mark const mark = f_items[std::size_t(row)].mark;
+    return mark == c_mark_none && !vx_layer_is_drawn(layer_at(row)) ? c_mark_undrawn : mark;
 }
 
 int Tvx_layer_list::revision_at(int row) const
@@ -155,27 +215,78 @@ bool Tvx_layer_list::is_of_other_unit(int row) const
     return unit && *unit != map_unit();
 }
 
+// An index of a layer carries 0, that of a class the id of its layer.
+
+QModelIndex Tvx_layer_list::index(int row, int column, QModelIndex const &parent) const
+{
+    if (column != 0 || row < 0 || row >= rowCount(parent))
+        return {};
+    return createIndex(row, 0, parent.isValid() ? quintptr(id_at(parent.row())) : 0);
+}
+
+QModelIndex Tvx_layer_list::parent(QModelIndex const &index) const
+{
+    return index.isValid() && index.internalId() != 0 ? this->index(row_of(int(index.internalId())))
+                                                      : QModelIndex();
+}
+
+int Tvx_layer_list::layer_row_of(QModelIndex const &index) const
+{
+    if (!index.isValid())
+        return -1;
+    return index.internalId() == 0 ? index.row() : row_of(int(index.internalId()));
+}
+
 int Tvx_layer_list::rowCount(QModelIndex const &parent) const
 {
-    return parent.isValid() ? 0 : count();
+    if (!parent.isValid())
+        return count();
+    return parent.internalId() == 0 && has_row(parent.row()) ? f_items[std::size_t(parent.row())].classes : 0;
+}
+
+QVariant Tvx_layer_list::class_data(int row, unsigned place, int role) const
+{
+    Ivx_layer *const layer = layer_at(row);
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::ToolTipRole:
+        return vx_layer_class_caption(layer, place);
+    case Qt::CheckStateRole: {
+        std::optional<bool> const visible = vx_layer_class_visible(layer, place);
+        return visible ? QVariant(*visible ? Qt::Checked : Qt::Unchecked) : QVariant();
+    }
+    case Qt::DecorationRole:
+        return vx_layer_class_symbol(layer, place);
+    case c_id_role:
+        return id_at(row);
+    default:
+        return {};
+    }
 }
 
 QVariant Tvx_layer_list::data(QModelIndex const &index, int role) const
 {
-    if (!index.isValid() || !has_row(index.row()))
+    int const row = layer_row_of(index);
+    if (!has_row(row))
         return {};
-    int const row = index.row();
+    if (index.internalId() != 0)
+        return class_data(row, unsigned(index.row()), role);
     switch (role) {
     case Qt::DisplayRole:
+    case Qt::EditRole:
         return name_at(row);
     case Qt::CheckStateRole:
         return is_visible(row) ? Qt::Checked : Qt::Unchecked;
     case Qt::DecorationRole:
         return vx_layer_symbol(layer_at(row), mark_at(row));
-    case Qt::ToolTipRole:
-        return mark_at(row) == c_mark_none
-                   ? vx_layer_tip(layer_at(row))
-                   : vx_layer_tip(layer_at(row)) + '\n' + vx_layer_mark_text(mark_at(row));
+    case Qt::ToolTipRole: {
+        QStringList lines{vx_layer_tip(layer_at(row))};
+        if (mark_at(row) != c_mark_none)
+            lines += vx_layer_mark_text(mark_at(row));
+        if (QString const &reason = f_items[std::size_t(row)].reason; !reason.isEmpty())
+            lines += reason;
+        return lines.join('\n');
+    }
     case Qt::AccessibleDescriptionRole:
         return vx_layer_mark_text(mark_at(row));
     case c_id_role:
@@ -187,17 +298,24 @@ QVariant Tvx_layer_list::data(QModelIndex const &index, int role) const
 
 bool Tvx_layer_list::setData(QModelIndex const &index, QVariant const &value, int role)
 {
-    if (!index.isValid() || role != Qt::CheckStateRole)
+    int const row = layer_row_of(index);
+    bool const is_class = index.internalId() != 0;
+    if (role == Qt::EditRole && !is_class)
+        return rename(row, value.toString());
+    if (role != Qt::CheckStateRole)
         return false;
-    return set_layer_visible(index.row(), value.toInt() == Qt::Checked);
+    bool const on = value.toInt() == Qt::Checked;
+    return is_class ? set_class_visible(row, index.row(), on) : set_layer_visible(row, on);
 }
 
 Qt::ItemFlags Tvx_layer_list::flags(QModelIndex const &index) const
 {
     if (!index.isValid())
         return Qt::ItemIsDropEnabled;
-    return Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsUserCheckable | Qt::ItemIsDragEnabled |
-           Qt::ItemNeverHasChildren;
+    Qt::ItemFlags const all = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
+    if (index.internalId() != 0)
+        return all | Qt::ItemIsUserCheckable | Qt::ItemNeverHasChildren;
+    return all | Qt::ItemIsUserCheckable | Qt::ItemIsDragEnabled | Qt::ItemIsEditable;
 }
 
 bool Tvx_layer_list::moveRows(QModelIndex const &source_parent, int source, int count,

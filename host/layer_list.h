@@ -7,15 +7,17 @@
 #include "platform/base/owned.h"
 #include "platform/layers/vx_lr2d.h"
 
-#include <QAbstractListModel>
+#include <QAbstractItemModel>
 
 #include <vector>
 
 /// The map's layers, first row on top of the picture: the model of the list in the window and of the picture.
+/// Below a layer stand the classes that it is drawn by (host/layer_classes.h).
 ///
 /// The list owns the layers. A layer keeps its id through moves and replacements, so others remember ids, not
-/// rows or pointers.
-class Tvx_layer_list : public QAbstractListModel
+/// rows or pointers. Whatever changes a layer but its name puts a copy in its place: the former one may be in
+/// the middle of being drawn.
+class Tvx_layer_list : public QAbstractItemModel
 {
     Q_OBJECT
 
@@ -26,7 +28,7 @@ public:
         c_id_role = Qt::UserRole
     };
 
-    using QAbstractListModel::QAbstractListModel;
+    using QAbstractItemModel::QAbstractItemModel;
     ~Tvx_layer_list() override;
 
     /// Puts the layer on top and gives its id; a null layer is not taken, -1. The unit is that of its
@@ -40,8 +42,14 @@ public:
     bool move(int from, int to);
     bool set_layer_visible(int row, bool visible);
     void set_all_visible(bool visible);
-    /// Its data cannot all be read: it is marked from now on.
-    void set_damaged(int id);
+    /// Its data cannot all be read, or not be opened at all: it is marked from now on, with the reason.
+    void set_damaged(int id, Tvx_layer_mark mark = c_mark_damaged, QString const &reason = {});
+    /// Without a name the layer is called as its file. Nothing is drawn anew.
+    bool rename(int row, QString const &name);
+    /// Shows or hides the objects of a class of the layer. False for a class that has no such flag.
+    bool set_class_visible(int row, int place, bool visible);
+    /// Takes all layers off.
+    void clear() { removeRows(0, count()); }
 
     [[nodiscard]] int count() const { return int(f_items.size()); }
     /// -1 when there is none.
@@ -67,6 +75,13 @@ public:
     /// The layer's coordinates are known to be in another unit than the map's, so it does not fit in.
     [[nodiscard]] bool is_of_other_unit(int row) const;
 
+    /// Of a layer, or of a class below it.
+    [[nodiscard]] QModelIndex index(int row, int column = 0, QModelIndex const &parent = {}) const override;
+    [[nodiscard]] QModelIndex parent(QModelIndex const &index) const override;
+    using QObject::parent;
+    [[nodiscard]] int columnCount(QModelIndex const & /*parent*/ = {}) const override { return 1; }
+    /// Row of the layer that the index is of, itself or one of its classes; -1 for none.
+    [[nodiscard]] int layer_row_of(QModelIndex const &index) const;
     [[nodiscard]] int rowCount(QModelIndex const &parent = {}) const override;
     [[nodiscard]] QVariant data(QModelIndex const &index, int role) const override;
     bool setData(QModelIndex const &index, QVariant const &value, int role) override;
@@ -81,6 +96,9 @@ signals:
     void picture_changed();
     void layer_removed(int id);
     void layer_replaced(int id);
+    void layer_renamed(int id);
+    /// The user shows or hides classes of the layer by their ticks; it has been replaced.
+    void classes_changed(int id);
 
 private:
     struct item
@@ -90,8 +108,12 @@ private:
         layer_ptr layer;
         Tvx_box_d2 extent;
         std::optional<Tvx_map_unit> unit;
-        bool damaged = false;
+        Tvx_layer_mark mark = c_mark_none;
+        QString reason = {};
+        int classes = 0;
     };
+    void replace_classes(int row, int count);
+    [[nodiscard]] QVariant class_data(int row, unsigned place, int role) const;
     [[nodiscard]] Tvx_box_d2 extent_of(bool only_drawn) const;
     [[nodiscard]] bool has_row(int row) const { return row >= 0 && row < count(); }
 

@@ -4,22 +4,27 @@
 #include "host/layer_list.h"
 
 #include <QAction>
+#include <QDropEvent>
 #include <QKeyEvent>
-#include <QListView>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionViewItem>
 #include <QToolButton>
+#include <QTreeView>
 #include <QVBoxLayout>
 
 #include <functional>
 
+namespace {
+constexpr int c_shown_classes = 24;
+} // namespace
+
 /// The list; says what to do while it is empty, and takes a quick second click on a check box for what it is.
-class Tvx_layer_list_view : public QListView
+class Tvx_layer_list_view : public QTreeView
 {
 public:
-    using QListView::QListView;
+    using QTreeView::QTreeView;
 
     [[nodiscard]] QRect sample_rect(QModelIndex const &index) const
     {
@@ -36,24 +41,50 @@ protected:
         if (enter && event->modifiers() == Qt::NoModifier && currentIndex().isValid())
             emit doubleClicked(currentIndex());
         else
-            QListView::keyPressEvent(event);
+            QTreeView::keyPressEvent(event);
+    }
+
+    void dragMoveEvent(QDragMoveEvent *event) override
+    {
+        QTreeView::dragMoveEvent(event);
+        // Beside the classes of a layer is a place below it.
+        if (event->source() == this)
+            event->acceptProposedAction();
+    }
+
+    /// A layer is moved by the model in one step, rather than taken out and put in.
+    void dropEvent(QDropEvent *event) override
+    {
+        auto *const layers = static_cast<Tvx_layer_list *>(model());
+        int const from = layers->layer_row_of(currentIndex());
+        if (event->source() != this || from < 0)
+            return;
+        int to = drop_row(event->position().toPoint());
+        if (to > from)
+            --to;
+        // Nothing is left to take away for the one who dragged it.
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+        layers->move(from, to);
+        setState(NoState);
+        viewport()->update();
     }
 
     void mouseDoubleClickEvent(QMouseEvent *event) override
     {
         QModelIndex const index = indexAt(event->pos());
         if (index.isValid() && check_box_rect(index).contains(event->pos()))
-            QListView::mousePressEvent(event);
+            QTreeView::mousePressEvent(event);
         else if (index.isValid() && event->button() == Qt::LeftButton &&
                  sample_rect(index).contains(event->pos()))
             on_sample_double_click(index);
         else
-            QListView::mouseDoubleClickEvent(event);
+            QTreeView::mouseDoubleClickEvent(event);
     }
 
     void paintEvent(QPaintEvent *event) override
     {
-        QListView::paintEvent(event);
+        QTreeView::paintEvent(event);
         if (model() && model()->rowCount() > 0)
             return;
         QPainter painter(viewport());
@@ -63,6 +94,18 @@ protected:
     }
 
 private:
+    /// Row before which a layer that is let go at the point comes to stand.
+    [[nodiscard]] int drop_row(QPoint at) const
+    {
+        auto *const layers = static_cast<Tvx_layer_list const *>(model());
+        QModelIndex const index = indexAt(at);
+        if (!index.isValid())
+            return layers->count();
+        int const row = layers->layer_row_of(index);
+        bool const is_below = index.parent().isValid() || at.y() > visualRect(index).center().y();
+        return is_below ? row + 1 : row;
+    }
+
     [[nodiscard]] QRect check_box_rect(QModelIndex const &index) const
     {
         return part_rect(index, QStyle::SE_ItemViewItemCheckIndicator);
@@ -89,7 +132,10 @@ Tvx_layer_panel::Tvx_layer_panel(Tvx_layer_list &layers, QWidget *parent)
     f_view->setDefaultDropAction(Qt::MoveAction);
     f_view->setDropIndicatorShown(true);
     f_view->setIconSize({32, 20});
-    f_view->setSpacing(1);
+    f_view->setHeaderHidden(true);
+    f_view->setUniformRowHeights(true);
+    f_view->setExpandsOnDoubleClick(false);
+    f_view->setIndentation(16);
     f_view->setTextElideMode(Qt::ElideMiddle);
     f_view->setEditTriggers(QAbstractItemView::NoEditTriggers);
     f_view->setContextMenuPolicy(Qt::ActionsContextMenu);
@@ -102,15 +148,22 @@ Tvx_layer_panel::Tvx_layer_panel(Tvx_layer_list &layers, QWidget *parent)
     f_buttons->setSpacing(1);
     column->addLayout(f_buttons);
 
+    // A few classes are seen at once, many when they are asked for.
+    connect(&layers, &QAbstractItemModel::rowsInserted, this,
+            [this](QModelIndex const &parent, int, int last) {
+                if (parent.isValid())
+                    f_view->setExpanded(parent, last < c_shown_classes);
+            });
     connect(f_view->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this] { emit selection_changed(selected_id()); });
     connect(&layers, &QAbstractItemModel::rowsMoved, this, [this] { emit selection_changed(selected_id()); });
     connect(&layers, &QAbstractItemModel::rowsRemoved, this,
             [this] { emit selection_changed(selected_id()); });
-    connect(f_view, &QListView::doubleClicked, this,
-            [this](QModelIndex const &index) { emit activated(f_layers.id_at(index.row())); });
+    connect(f_view, &QTreeView::doubleClicked, this, [this](QModelIndex const &index) {
+        emit activated(f_layers.id_at(f_layers.layer_row_of(index)));
+    });
     f_view->on_sample_double_click = [this](QModelIndex const &index) {
-        emit sample_activated(f_layers.id_at(index.row()));
+        emit sample_activated(f_layers.id_at(f_layers.layer_row_of(index)));
     };
 }
 
@@ -137,7 +190,7 @@ void Tvx_layer_panel::set_commands(QList<QAction *> const &menu, QList<QAction *
 
 int Tvx_layer_panel::selected_row() const
 {
-    return f_view->currentIndex().isValid() ? f_view->currentIndex().row() : -1;
+    return f_layers.layer_row_of(f_view->currentIndex());
 }
 
 int Tvx_layer_panel::selected_id() const
@@ -156,7 +209,17 @@ QPoint Tvx_layer_panel::sample_corner(int id) const
     return f_view->viewport()->mapToGlobal(QPoint(sample.left(), sample.bottom() + 1));
 }
 
-QListView *Tvx_layer_panel::view() const
+void Tvx_layer_panel::edit_name()
+{
+    if (selected_row() < 0)
+        return;
+    QModelIndex const layer = f_layers.index(selected_row());
+    f_view->setCurrentIndex(layer);
+    f_view->setFocus();
+    f_view->edit(layer);
+}
+
+QTreeView *Tvx_layer_panel::view() const
 {
     return f_view;
 }

@@ -6,8 +6,9 @@ class Tvx_layer_list;
 class Tvx_layer_list_view;
 class QAction;
 
-/// The list of layers beside the map: check boxes show and hide, dragging changes the order, one layer is
-/// selected. The commands come from the window; buttons below the list and its context menu offer them.
+/// The list of layers beside the map, each with the classes that it is drawn by: check boxes show and hide,
+/// dragging changes the order, one layer is selected, or one of its classes. The commands come from the
+/// window; buttons below the list and its context menu offer them.
 class Tvx_layer_panel : public QWidget
 {
     Q_OBJECT
@@ -26,8 +27,10 @@ public:
     void select_id(int id);
     /// Lower left corner of the layer's sample on the screen.
     [[nodiscard]] QPoint sample_corner(int id) const;
+    /// Lets the user type another name of the selected layer in its place.
+    void edit_name();
     /// The view itself, for the focus and for who drives it in the user's place.
-    [[nodiscard]] class QListView *view() const;
+    [[nodiscard]] class QTreeView *view() const;
 
 signals:
     /// The selected layer is another one, or has moved; -1 for none.

@@ -3,18 +3,24 @@
 #include "exports/vxk_style_dialog_api.h"
 #include "styles/preview/style_example.h"
 
+#include "platform/layers/layer_keys.h"
+#include "platform/layers/vx_lr.h"
+#include "platform/layers/vx_rtr_lr2d.h"
 #include "platform/layers/vx_shp_lr2d.h"
 #include "platform/styles/vx_base_style.h"
 #include "platform/styles/vx_rng_scale.h"
 #include "platform/styles/vx_scale_prm.h"
 #include "platform/styles/vx_stl_mngr.h"
+#include "platform/styles/vx_stl_mngr_list.h"
 #include "platform/styles/vx_stl_prm.h"
 #include "platform/styles/vx_style.h"
+#include "platform/styles/vx_txt_settings.h"
 #include "platform/styles/vx_val_scale.h"
 #include "platform/winapi/library.h"
 
 #include <algorithm>
 #include <iterator>
+#include <string_view>
 
 namespace {
 struct fill_colors
@@ -127,16 +133,49 @@ bool vx_layer_is_drawn_simple(Ivx_layer *layer)
 
 bool vx_layer_draw_sample(Ivx_layer *layer, TBitmap *bitmap)
 {
-    if (!vx_lr2d_is_shp(layer) || !vx_layer_is_drawn_simple(layer))
-        return false;
-    if (void *style = point_style(layer))
+    return vx_lr2d_is_shp(layer) && vx_layer_is_drawn_simple(layer) &&
+           vx_style_draw_sample(simple_prm(vx_shp_lr2d_get_stl_mngr_ptr(layer)), bitmap);
+}
+
+bool vx_style_draw_sample(void *prm, TBitmap *bitmap)
+{
+    if (void *style = vx_stl_prm_get_pnt_style_ptr(prm, false))
         vx_pnt_style_example_bmp(style, bitmap);
-    else if (void *style = line_style(layer))
+    else if (void *style = vx_stl_prm_get_pln_style_ptr(prm, false))
         vx_pln_style_example_bmp(style, bitmap);
-    else if (void *style = area_style(layer))
+    else if (void *style = vx_stl_prm_get_pgn_style_ptr(prm, false))
         vx_pgn_style_example_bmp(style, bitmap);
     else
         return false;
+    return true;
+}
+
+bool vx_layer_style_fits(Ivx_layer *layer, Ivx_layer *like)
+{
+    if (!layer || !like)
+        return false;
+    if (!vx_lr2d_is_shp(layer))
+        return vx_lr2d_get_lr_type(layer) == std::string_view(c_lr_key_rtr) &&
+               vx_lr2d_get_lr_type(like) == std::string_view(c_lr_key_rtr);
+    char const *const type = vx_stl_mngr_list_get_type(vx_shp_lr2d_get_style_mngr_list_ptr(like));
+    return type &&
+           type == std::string_view(vx_stl_mngr_list_get_type(vx_shp_lr2d_get_style_mngr_list_ptr(layer)));
+}
+
+bool vx_layer_copy_style(Ivx_layer *layer, Ivx_layer *like)
+{
+    if (!vx_layer_style_fits(layer, like))
+        return false;
+    if (vx_lr2d_is_shp(layer)) {
+        vx_stl_mngr_list_assign(vx_shp_lr2d_get_style_mngr_list_ptr(layer),
+                                vx_shp_lr2d_get_style_mngr_list_ptr(like));
+        vx_txt_settings_assign(vx_shp_lr2d_get_txt_settings(layer), vx_shp_lr2d_get_txt_settings(like));
+        vx_lr_set_own_selected_style_flag(layer, vx_lr_get_own_selected_style_flag(like));
+    } else {
+        vx_rtr_lr2d_set_draw_type(layer, vx_rtr_lr2d_get_draw_type(like));
+        vx_rtr_lr2d_set_transparent_clr(layer, vx_rtr_lr2d_get_transparent_clr(like));
+        vx_rtr_lr2d_set_opacity(layer, vx_rtr_lr2d_get_opacity(like));
+    }
     return true;
 }
 

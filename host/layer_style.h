@@ -25,10 +25,18 @@ struct Tvx_layer_colors
 /// Draws the sample of the simple style of a layer that is drawn so; false for others, and the bitmap is left
 /// alone.
 [[nodiscard]] bool vx_layer_draw_sample(Ivx_layer *layer, TBitmap *bitmap);
+/// The same for one style, a `stl_prm`; false for styles that are none of points, lines or areas.
+[[nodiscard]] bool vx_style_draw_sample(void *stl_prm, TBitmap *bitmap);
 /// Whether the style dialog can be had for the layer.
 [[nodiscard]] bool vx_layer_has_style_dialog(Ivx_layer *layer);
 /// Lets the user edit that simple style at a point of the screen; true when it has changed.
 [[nodiscard]] bool vx_layer_style_dialog(Ivx_layer *layer, int x, int y);
+
+/// Whether a layer can be drawn like another: vector layers of one geometry, and rasters.
+[[nodiscard]] bool vx_layer_style_fits(Ivx_layer *layer, Ivx_layer *like);
+/// Draws the layer like another from now on: all managers, texts and their order, the colours of a raster.
+/// False, with the layer as it was, where it does not fit.
+[[nodiscard]] bool vx_layer_copy_style(Ivx_layer *layer, Ivx_layer *like);
 
 /// Gives a newly opened vector layer a simple style of its own: quiet fills with a darker outline, strong
 /// lines and points, the next of a set of colours that are told apart easily, also without full colour

@@ -27,7 +27,6 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
-#include <QListView>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -35,6 +34,7 @@
 #include <QScreen>
 #include <QTabBar>
 #include <QTemporaryDir>
+#include <QTreeView>
 
 #include <cstdio>
 
@@ -179,7 +179,7 @@ void Tvx_tour::show_navigation()
     if (!open_example({"world.shp", "naturalearth_cities.shp"}))
         return;
     Tvx_map_canvas &canvas = f_window.canvas();
-    QListView *list = f_window.panel().view();
+    QTreeView *list = f_window.panel().view();
 
     double const before = canvas.view().units_per_pixel();
     Tvx_screen_point const europe = canvas.view().to_screen({12, 48});
@@ -299,7 +299,7 @@ void Tvx_tour::show_style_dialog()
                      "style_of_" + f_window.layers().name_at(0));
             dialog.reject();
         });
-        QListView *list = f_window.panel().view();
+        QTreeView *list = f_window.panel().view();
         hand::double_click(list->viewport(), hand::picture_of(list, 0));
         vx::user_input::forget_pending_modals();
         check(seen, QString("a double click on the sample opens no style dialog: ") + file);
@@ -342,7 +342,7 @@ bool Tvx_tour::open_example(QStringList const &names)
 
 void Tvx_tour::remove_all_layers()
 {
-    QListView *list = f_window.panel().view();
+    QTreeView *list = f_window.panel().view();
     for (int left = f_window.layers().count(); left > 0; --left) {
         hand::click(list->viewport(), hand::text_of(list, 0));
         hand::press(list, Qt::Key_Delete);
@@ -352,7 +352,7 @@ void Tvx_tour::remove_all_layers()
 
 void Tvx_tour::open_properties_of(int row)
 {
-    QListView *list = f_window.panel().view();
+    QTreeView *list = f_window.panel().view();
     hand::double_click(list->viewport(), hand::text_of(list, row));
     check(f_window.editor().is_showing(), "a double click does not open the properties");
 }

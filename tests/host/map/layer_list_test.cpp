@@ -90,7 +90,8 @@ TEST_F(layer_list, tells_of_each_change_once_and_of_none_where_nothing_changes)
 {
     EXPECT_TRUE(list.set_layer_visible(0, true));
     EXPECT_FALSE(list.set_layer_visible(9, false));
-    EXPECT_FALSE(list.setData(list.index(0), "name", Qt::EditRole));
+    EXPECT_TRUE(list.setData(list.index(0), " n\name ", Qt::EditRole));
+    EXPECT_EQ(list.name_at(0), "n ame") << "one line, and the map stays as it is";
     EXPECT_FALSE(list.remove(3));
     EXPECT_FALSE(list.remove(-1));
     EXPECT_EQ(list.add(nullptr), -1);

@@ -11,9 +11,9 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QListView>
 #include <QMessageBox>
 #include <QTimer>
+#include <QTreeView>
 
 #include <gtest/gtest.h>
 #include <memory>
@@ -74,7 +74,7 @@ protected:
 
     Tvx_layer_list &layers() { return window->layers(); }
     Tvx_map_canvas &canvas() { return window->canvas(); }
-    QListView *list() { return window->panel().view(); }
+    QTreeView *list() { return window->panel().view(); }
     QImage picture() { return canvas().settled_picture(); }
     void select(int row) { hand::click(list()->viewport(), hand::text_of(list(), row)); }
     void run(char const *command) { window->command(command)->trigger(); }

@@ -1,0 +1,207 @@
+#include "host/layer_classes.h"
+
+#include "captions/style_manager.h"
+#include "host/captions.h"
+#include "host/layer_info.h"
+
+#include "platform/base/string_adp.h"
+#include "platform/basic/vx_res.h"
+#include "platform/layers/vx_shp_lr2d.h"
+#include "platform/render/vx_scale_rows.h"
+#include "platform/styles/vx_stl_mngr_list.h"
+#include "platform/styles/vxk_styles.h"
+
+#include <cmath>
+
+namespace {
+/// One class: a row of a manager.
+struct class_row
+{
+    void *mngr = nullptr;
+    unsigned manager = 0;
+    unsigned row = 0;
+
+    [[nodiscard]] bool is_of_scale() const
+    {
+        unsigned const mode = vx_stl_mngr_get_mode(mngr);
+        return mode == c_stl_mngr_mode_value || mode == c_stl_mngr_mode_range || mode == c_stl_mngr_mode_rule;
+    }
+    /// The scale of entries in force; null for ranges and for one style.
+    [[nodiscard]] void *entries() const
+    {
+        switch (vx_stl_mngr_get_mode(mngr)) {
+        case c_stl_mngr_mode_value:
+            return vx_stl_mngr_get_val_scale_ptr(mngr);
+        case c_stl_mngr_mode_rule:
+            return vx_stl_mngr_get_rule_scale_ptr(mngr);
+        default:
+            return nullptr;
+        }
+    }
+    [[nodiscard]] void *ranges() const
+    {
+        return vx_stl_mngr_get_mode(mngr) == c_stl_mngr_mode_range ? vx_stl_mngr_get_rng_scale_ptr(mngr)
+                                                                   : nullptr;
+    }
+    /// Null for one style.
+    [[nodiscard]] void *scale_prm() const
+    {
+        if (void *const scale = entries())
+            return row < vx_val_scale_get_size(scale) ? vx_val_scale_get_scale_prm_ptr(scale, row)
+                                                      : vx_val_scale_get_other_prm_ptr(scale);
+        void *const scale = ranges();
+        unsigned const size = vx_rng_scale_get_size(scale);
+        if (!scale)
+            return nullptr;
+        if (row == 0)
+            return vx_rng_scale_get_min_prm_ptr(scale);
+        if (row <= size)
+            return vx_rng_scale_get_scale_prm_ptr(scale, row - 1);
+        return row == size + 1 ? vx_rng_scale_get_max_prm_ptr(scale) : vx_rng_scale_get_other_prm_ptr(scale);
+    }
+};
+
+void *list_of(Ivx_layer *layer)
+{
+    return vx_shp_lr2d_get_style_mngr_list_ptr(layer);
+}
+
+unsigned rows_of(void *list, unsigned manager)
+{
+    void *const mngr = vx_stl_mngr_list_get_mngr(list, manager);
+    bool const alone = vx_stl_mngr_list_get_count(list) == 1;
+    return alone && !class_row{mngr}.is_of_scale() ? 0 : vx_scale_rows_get_count(mngr);
+}
+
+/// A class without a manager for a place outside.
+class_row find_class(Ivx_layer *layer, unsigned index)
+{
+    void *const list = list_of(layer);
+    for (unsigned i = 0; i < vx_stl_mngr_list_get_count(list); ++i) {
+        unsigned const rows = rows_of(list, i);
+        if (index < rows)
+            return {vx_stl_mngr_list_get_mngr(list, i), i, index};
+        index -= rows;
+    }
+    return {};
+}
+
+template <class Get>
+QString text_of(Get get)
+{
+    std::wstring text;
+    Tvx_std_wstring_adapter adapter(text);
+    get(static_cast<Ivx_string_adp *>(adapter));
+    return QString::fromStdWString(text);
+}
+
+QString caption(int number, std::initializer_list<QString> values = {})
+{
+    QString text = QString::fromWCharArray(vx_res_get_wstr(number));
+    for (QString const &value : values)
+        text = text.arg(value);
+    return text;
+}
+
+QString bound(double value)
+{
+    return QString::number(value, 'g', 10);
+}
+
+QString entry_caption(void *scale, unsigned row)
+{
+    if (row >= vx_val_scale_get_size(scale)) {
+        QString const text =
+            text_of([&](Ivx_string_adp *to) { vx_val_scale_get_other_caption_w(scale, to); });
+        return text.isEmpty() ? caption(c_stl_other) : text;
+    }
+    QString text = text_of([&](Ivx_string_adp *to) { vx_val_scale_get_caption_w(scale, row, to); });
+    if (text.isEmpty())
+        text = text_of([&](Ivx_string_adp *to) { vx_val_scale_get_text_w(scale, row, to); });
+    return text.isEmpty() ? caption(c_map_class_empty) : text;
+}
+
+QString range_caption(void *scale, unsigned row)
+{
+    unsigned const size = vx_rng_scale_get_size(scale);
+    QString text;
+    if (row == 0) {
+        text = text_of([&](Ivx_string_adp *to) { vx_rng_scale_get_min_caption_w(scale, to); });
+        return text.isEmpty() ? caption(c_map_class_below, {bound(vx_rng_scale_get_min_value(scale))}) : text;
+    }
+    if (row <= size) {
+        text = text_of([&](Ivx_string_adp *to) { vx_rng_scale_get_caption_w(scale, row - 1, to); });
+        return text.isEmpty() ? QStringLiteral("%1 - %2").arg(bound(vx_rng_scale_get_min(scale, row - 1)),
+                                                              bound(vx_rng_scale_get_max(scale, row - 1)))
+                              : text;
+    }
+    if (row == size + 1) {
+        text = text_of([&](Ivx_string_adp *to) { vx_rng_scale_get_max_caption_w(scale, to); });
+        return text.isEmpty() ? caption(c_map_class_above, {bound(vx_rng_scale_get_max_value(scale))}) : text;
+    }
+    text = text_of([&](Ivx_string_adp *to) { vx_rng_scale_get_other_caption_w(scale, to); });
+    return text.isEmpty() ? caption(c_stl_other) : text;
+}
+} // namespace
+
+unsigned vx_layer_classes_count(Ivx_layer *layer)
+{
+    void *const list = list_of(layer);
+    unsigned count = 0;
+    for (unsigned i = 0; i < vx_stl_mngr_list_get_count(list); ++i)
+        count += rows_of(list, i);
+    return count;
+}
+
+QString vx_layer_class_caption(Ivx_layer *layer, unsigned index)
+{
+    class_row const found = find_class(layer, index);
+    if (!found.mngr)
+        return {};
+    if (void *const scale = found.entries())
+        return entry_caption(scale, found.row);
+    if (void *const scale = found.ranges())
+        return range_caption(scale, found.row);
+    QString const name = text_of([&](Ivx_string_adp *to) { vx_stl_mngr_get_name_w(found.mngr, to); });
+    return name.isEmpty() ? QString::number(found.manager + 1) : name;
+}
+
+std::optional<bool> vx_layer_class_visible(Ivx_layer *layer, unsigned index)
+{
+    class_row const found = find_class(layer, index);
+    void *const prm = found.mngr ? found.scale_prm() : nullptr;
+    return prm ? std::optional(vx_scale_prm_get_visible(prm)) : std::nullopt;
+}
+
+bool vx_layer_class_set_visible(Ivx_layer *layer, unsigned index, bool visible)
+{
+    class_row const found = find_class(layer, index);
+    void *const prm = found.mngr ? found.scale_prm() : nullptr;
+    vx_scale_prm_set_visible(prm, visible);
+    return prm != nullptr;
+}
+
+void *vx_layer_class_style(Ivx_layer *layer, unsigned index)
+{
+    class_row const found = find_class(layer, index);
+    if (!found.mngr)
+        return nullptr;
+    void *const prm = found.scale_prm();
+    return prm ? vx_scale_prm_get_stl_prm_ptr(prm) : vx_stl_mngr_get_simple_sp_ptr(found.mngr);
+}
+
+QIcon vx_layer_class_symbol(Ivx_layer *layer, unsigned index)
+{
+    return vx_style_symbol(vx_layer_class_style(layer, index));
+}
+
+int vx_layer_class_of(Ivx_layer *layer, unsigned manager, unsigned row)
+{
+    void *const list = list_of(layer);
+    if (manager >= vx_stl_mngr_list_get_count(list) || row >= rows_of(list, manager))
+        return -1;
+    unsigned place = row;
+    for (unsigned i = 0; i < manager; ++i)
+        place += rows_of(list, i);
+    return static_cast<int>(place);
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QIcon>
+#include <QString>
+
+#include <optional>
+
+struct Ivx_layer;
+
+/// The classes that a vector layer is drawn by: the rows of the scales that its managers have in force,
+/// manager after manager. A layer with one manager that draws all objects alike has none; among several
+/// managers such a one is a class without a tick. Null and other layers have no classes; places outside give
+/// neutral values.
+
+[[nodiscard]] unsigned vx_layer_classes_count(Ivx_layer *layer);
+/// The row's caption, else what it is about: the value, the rule, the bounds.
+[[nodiscard]] QString vx_layer_class_caption(Ivx_layer *layer, unsigned index);
+/// Whether objects of the class are drawn; nothing for a class that has no such flag.
+[[nodiscard]] std::optional<bool> vx_layer_class_visible(Ivx_layer *layer, unsigned index);
+/// False, with nothing changed, for a class without a flag.
+bool vx_layer_class_set_visible(Ivx_layer *layer, unsigned index, bool visible);
+/// How the class is drawn, in the size of a list icon.
+[[nodiscard]] QIcon vx_layer_class_symbol(Ivx_layer *layer, unsigned index);
+/// The style parameters of the class, the layer's own; null outside.
+[[nodiscard]] void *vx_layer_class_style(Ivx_layer *layer, unsigned index);
+/// Place of the class that is row `row` (platform/render/vx_scale_rows.h) of the layer's manager `manager`;
+/// -1 when there is none.
+[[nodiscard]] int vx_layer_class_of(Ivx_layer *layer, unsigned manager, unsigned row);
