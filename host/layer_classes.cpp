@@ -5,6 +5,7 @@
 #include "host/layer_info.h"
 
 #include "platform/base/string_adp.h"
+#include "platform/basic/vx_options.h"
 #include "platform/basic/vx_res.h"
 #include "platform/layers/vx_shp_lr2d.h"
 #include "platform/render/vx_scale_rows.h"
@@ -73,11 +74,19 @@ unsigned rows_of(void *list, unsigned manager)
     return alone && !class_row{mngr}.is_of_scale() ? 0 : vx_scale_rows_get_count(mngr);
 }
 
+/// The manager that is listed at a place: lists of layers begin at the top or at the bottom, as the user
+/// likes.
+unsigned listed_manager(void *list, unsigned place)
+{
+    return vx_options_get_invert_layers() ? vx_stl_mngr_list_get_count(list) - 1 - place : place;
+}
+
 /// A class without a manager for a place outside.
 class_row find_class(Ivx_layer *layer, unsigned index)
 {
     void *const list = list_of(layer);
-    for (unsigned i = 0; i < vx_stl_mngr_list_get_count(list); ++i) {
+    for (unsigned place = 0; place < vx_stl_mngr_list_get_count(list); ++place) {
+        unsigned const i = listed_manager(list, place);
         unsigned const rows = rows_of(list, i);
         if (index < rows)
             return {vx_stl_mngr_list_get_mngr(list, i), i, index};
@@ -200,8 +209,8 @@ int vx_layer_class_of(Ivx_layer *layer, unsigned manager, unsigned row)
     void *const list = list_of(layer);
     if (manager >= vx_stl_mngr_list_get_count(list) || row >= rows_of(list, manager))
         return -1;
-    unsigned place = row;
-    for (unsigned i = 0; i < manager; ++i)
-        place += rows_of(list, i);
-    return static_cast<int>(place);
+    unsigned index = row;
+    for (unsigned place = 0; listed_manager(list, place) != manager; ++place)
+        index += rows_of(list, listed_manager(list, place));
+    return static_cast<int>(index);
 }

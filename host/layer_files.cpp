@@ -247,6 +247,23 @@ Tvx_opened_file vx_layer_files_open(QString const &path)
     return result;
 }
 
+std::optional<Tvx_map_unit> vx_layer_files_read(Ivx_layer *layer)
+{
+    read_shapes(layer);
+    std::wstring projection;
+    vx_attr_data_get_proj4(vx_shp_lr2d_get_attr_data_ptr(layer), Tvx_std_wstring_adapter(projection));
+    return vx_map_unit_from_proj4(projection);
+}
+
+std::optional<Tvx_map_unit> vx_layer_files_raster_unit(QString const &source, QString &error)
+{
+    data_set const set(source.toStdWString());
+    if (set && set->grid_count() > 0)
+        return set.unit();
+    error = set ? vx_host_caption(c_cap_err_no_layers) : open_error(source);
+    return {};
+}
+
 QString vx_layer_files_name(QString const &path)
 {
     return vx_layer_files_is_server(path) ? shown_path(path) : QFileInfo(path).fileName();
@@ -288,10 +305,13 @@ QString vx_layer_files_dialog_filter()
         "*.csv *.sqlite *.db *.e00 *.shz";
     QString const rasters =
         "*.tif *.tiff *.img *.asc *.vrt *.nc *.jp2 *.png *.jpg *.jpeg *.dem *.hgt *.grd *.bil";
-    auto const line = [](Tvx_host_caption name, QString const &masks) {
-        return QStringLiteral("%1 (%2)").arg(vx_host_caption(name), masks);
+    auto const line = [](QString const &name, QString const &masks) {
+        return QStringLiteral("%1 (%2)").arg(name, masks);
     };
-    return QStringList{line(c_cap_filter_maps, vectors + " " + rasters), line(c_cap_filter_vectors, vectors),
-                       line(c_cap_filter_rasters, rasters), line(c_cap_filter_all, "*")}
+    return QStringList{line(vx_host_caption(c_cap_filter_maps), vectors + " " + rasters + " *.sn"),
+                       line(vx_map_caption(c_map_filter_scenes), "*.sn"),
+                       line(vx_host_caption(c_cap_filter_vectors), vectors),
+                       line(vx_host_caption(c_cap_filter_rasters), rasters),
+                       line(vx_host_caption(c_cap_filter_all), "*")}
         .join(";;");
 }

@@ -26,6 +26,12 @@ struct Tvx_opened_file
 /// Nothing is shown or printed, and no file is changed.
 [[nodiscard]] Tvx_opened_file vx_layer_files_open(QString const &path);
 
+/// Reads what the first picture of a vector layer needs, while the user sees that something is being read.
+/// The unit of its coordinates, where the data tell.
+std::optional<Tvx_map_unit> vx_layer_files_read(Ivx_layer *layer);
+/// The unit of a raster's coordinates, where it tells; a reason in `error` when it cannot be opened.
+[[nodiscard]] std::optional<Tvx_map_unit> vx_layer_files_raster_unit(QString const &source, QString &error);
+
 /// What a file or server is called where there is little room: no folders, no passwords.
 [[nodiscard]] QString vx_layer_files_name(QString const &path);
 

@@ -60,6 +60,13 @@ void Tvx_layer_list::replace_classes(int row, int count)
     }
 }
 
+void Tvx_layer_list::refresh_classes()
+{
+    for (int row = 0; row < count(); ++row)
+        if (int const classes = f_items[std::size_t(row)].classes; classes > 0)
+            emit dataChanged(index(0, 0, index(row)), index(classes - 1, 0, index(row)), {Qt::DisplayRole});
+}
+
 bool Tvx_layer_list::rename(int row, QString const &name)
 {
     if (!has_row(row))

@@ -48,6 +48,8 @@ public:
     bool rename(int row, QString const &name);
     /// Shows or hides the objects of a class of the layer. False for a class that has no such flag.
     bool set_class_visible(int row, int place, bool visible);
+    /// The order in which classes are listed is another one.
+    void refresh_classes();
     /// Takes all layers off.
     void clear() { removeRows(0, count()); }
 

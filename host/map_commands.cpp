@@ -5,6 +5,8 @@
 #include "host/map_canvas.h"
 #include "host/map_window.h"
 
+#include "platform/basic/vx_options.h"
+#include "platform/basic/vx_res.h"
 #include "platform/layers/vx_shp_lr2d.h"
 #include "platform/toolkit/bridge/qt_events.h"
 
@@ -28,6 +30,11 @@ enum command_trait : unsigned
     c_opens_menu = 64, ///< of a menu that is filled when it opens
 };
 
+QString caption(int number)
+{
+    return QString::fromWCharArray(vx_res_get_wstr(number));
+}
+
 /// Text of a menu command without its access key and dots, for hints and small buttons.
 QString plain(QString text)
 {
@@ -46,8 +53,8 @@ struct Tvx_map_window::command_row
 
     char const *name;
     Tvx_host_caption menu;
-    Tvx_host_caption caption;
-    std::optional<Tvx_host_caption> hint;
+    int caption;
+    std::optional<int> hint;
     char const *glyph;
     QList<QKeySequence> keys;
     unsigned traits;
@@ -61,6 +68,17 @@ struct Tvx_map_window::command_row
 std::vector<Tvx_map_window::command_row> const &Tvx_map_window::command_rows()
 {
     using window = Tvx_map_window;
+    constexpr auto can_save = [](window const &w) { return w.f_layers.count() > 0 || w.is_changed(); };
+    constexpr auto can_begin_anew = [](window const &w) {
+        return w.f_layers.count() > 0 || !w.f_scene_path.isEmpty();
+    };
+    constexpr auto can_paste_style = [](window const &w) {
+        return vx_layer_style_fits(w.f_layers.layer_at(w.selected_row()), w.f_copied_style.get());
+    };
+    constexpr auto can_copy_style = [](window const &w) {
+        Ivx_layer *const layer = w.f_layers.layer_at(w.selected_row());
+        return vx_layer_style_fits(layer, layer);
+    };
     constexpr auto has_layers = [](window const &w) { return w.f_layers.count() > 0; };
     constexpr auto has_selection = [](window const &w) { return w.selected_row() >= 0; };
     constexpr auto is_below = [](window const &w) { return w.selected_row() > 0; };
@@ -77,6 +95,15 @@ std::vector<Tvx_map_window::command_row> const &Tvx_map_window::command_rows()
         return !w.f_layers.extent_at(w.selected_row()).is_empty();
     };
     static std::vector<command_row> const rows = {
+        {"new_scene",
+         c_cap_menu_file,
+         c_map_new_scene,
+         c_map_hint_new_scene,
+         "new",
+         {QKeySequence::New},
+         0,
+         can_begin_anew,
+         [](window &w, bool) { w.new_scene(); }},
         {"open",
          c_cap_menu_file,
          c_cap_open,
@@ -87,12 +114,30 @@ std::vector<Tvx_map_window::command_row> const &Tvx_map_window::command_rows()
          nullptr,
          [](window &w, bool) { w.on_open(); }},
         {"recent", c_cap_menu_file, c_cap_menu_recent, {}, nullptr, {}, c_opens_menu, nullptr, nullptr},
+        {"save_scene",
+         c_cap_menu_file,
+         c_map_save_scene,
+         c_map_hint_save_scene,
+         "save",
+         {QKeySequence::Save},
+         c_begins_group | c_on_tool_bar,
+         can_save,
+         [](window &w, bool) { w.save_scene(); }},
+        {"save_scene_as",
+         c_cap_menu_file,
+         c_map_save_scene_as,
+         c_map_hint_save_scene_as,
+         nullptr,
+         {Qt::CTRL | Qt::SHIFT | Qt::Key_S},
+         0,
+         can_save,
+         [](window &w, bool) { w.save_scene_as(); }},
         {"save_picture",
          c_cap_menu_file,
          c_cap_save_picture,
          {},
          nullptr,
-         {QKeySequence::Save},
+         {Qt::CTRL | Qt::Key_E},
          c_begins_group,
          has_layers,
          [](window &w, bool) { w.on_save_picture(); }},
@@ -172,6 +217,17 @@ std::vector<Tvx_map_window::command_row> const &Tvx_map_window::command_rows()
          [](window const &w) { return w.f_canvas->can_go_forward(); },
          [](window &w, bool) { w.f_canvas->go_forward(); }},
 
+        {"invert_managers",
+         c_cap_menu_view,
+         c_map_invert_managers,
+         c_map_hint_invert_managers,
+         nullptr,
+         {},
+         c_begins_group | c_checkable,
+         nullptr,
+         [](window &w, bool checked) { w.on_invert_managers(checked); },
+         [](window const &) { return vx_options_get_invert_layers(); }},
+
         {"properties",
          c_cap_menu_layer,
          c_cap_properties,
@@ -190,6 +246,24 @@ std::vector<Tvx_map_window::command_row> const &Tvx_map_window::command_rows()
          0,
          has_style,
          [](window &w, bool) { w.on_style(); }},
+        {"copy_style",
+         c_cap_menu_layer,
+         c_map_copy_style,
+         c_map_hint_copy_style,
+         nullptr,
+         {Qt::CTRL | Qt::SHIFT | Qt::Key_C},
+         0,
+         can_copy_style,
+         [](window &w, bool) { w.on_copy_style(); }},
+        {"paste_style",
+         c_cap_menu_layer,
+         c_map_paste_style,
+         c_map_hint_paste_style,
+         nullptr,
+         {Qt::CTRL | Qt::SHIFT | Qt::Key_V},
+         0,
+         can_paste_style,
+         [](window &w, bool) { w.on_paste_style(); }},
         {"draw_by", c_cap_menu_layer, c_cap_draw_by, {}, nullptr, {}, c_opens_menu, is_vector, nullptr},
         {"zoom_to_layer",
          c_cap_menu_layer,
@@ -200,13 +274,22 @@ std::vector<Tvx_map_window::command_row> const &Tvx_map_window::command_rows()
          c_on_tool_bar | c_on_panel,
          has_place,
          [](window &w, bool) { w.f_canvas->show_box(w.f_layers.extent_at(w.selected_row())); }},
+        {"rename",
+         c_cap_menu_layer,
+         c_map_rename,
+         c_map_hint_rename,
+         nullptr,
+         {Qt::Key_F2},
+         c_begins_group,
+         has_selection,
+         [](window &w, bool) { w.f_panel->edit_name(); }},
         {"visible",
          c_cap_menu_layer,
          c_cap_layer_visible,
          {},
          nullptr,
          {Qt::CTRL | Qt::Key_H},
-         c_begins_group | c_checkable,
+         c_checkable,
          has_selection,
          [](window &w, bool checked) { w.f_layers.set_layer_visible(w.selected_row(), checked); },
          [](window const &w) { return w.f_layers.is_visible(w.selected_row()); }},
@@ -299,12 +382,12 @@ std::vector<Tvx_map_window::command_row> const &Tvx_map_window::command_rows()
 
 QAction *Tvx_map_window::make_command(command_row const &row)
 {
-    QString const text = vx_host_caption(row.caption);
+    QString const text = caption(row.caption);
     QAction *action = row.is(c_opens_menu) ? (new QMenu(text, this))->menuAction() : new QAction(text, this);
     action->setObjectName(QLatin1String(row.name));
     action->setIconText(plain(text));
     action->setShortcuts(row.keys);
-    QString tip = row.hint ? vx_host_caption(*row.hint) : plain(text);
+    QString tip = row.hint ? caption(*row.hint) : plain(text);
     action->setStatusTip(row.hint ? tip : QString());
     if (!row.keys.isEmpty())
         tip += QStringLiteral(" (%1)").arg(row.keys.front().toString(QKeySequence::NativeText));

@@ -9,6 +9,7 @@
 #include "host/layer_scales.h"
 #include "host/layer_style.h"
 #include "host/map_canvas.h"
+#include "host/map_scene.h"
 #include "host/map_text.h"
 #include "host/opening_progress.h"
 
@@ -77,6 +78,7 @@ Tvx_map_window::Tvx_map_window(QSettings *settings)
     f_canvas->set_empty_text(vx_host_caption(c_cap_map_empty)
                                  .arg(QKeySequence(QKeySequence::Open).toString(QKeySequence::NativeText)));
     connect_canvas();
+    watch_changes();
     restore_state();
     update_commands();
     update_title();
@@ -113,6 +115,11 @@ void Tvx_map_window::create_layer_dock()
     connect(f_panel, &Tvx_layer_panel::selection_changed, this, &Tvx_map_window::on_selection_changed);
     connect(f_panel, &Tvx_layer_panel::activated, this, &Tvx_map_window::on_properties);
     connect(f_panel, &Tvx_layer_panel::sample_activated, this, &Tvx_map_window::on_sample_activated);
+    connect(&f_layers, &Tvx_layer_list::classes_changed, f_editor, &Tvx_layer_editor::refresh);
+    connect(&f_layers, &Tvx_layer_list::layer_renamed, this, [this](int id) {
+        f_editor->refresh(id);
+        update_title();
+    });
     connect(&f_layers, &Tvx_layer_list::picture_changed, this, [this] {
         update_commands();
         update_scale();
@@ -253,6 +260,10 @@ void Tvx_map_window::fill_draw_by_menu()
 
 void Tvx_map_window::closeEvent(QCloseEvent *event)
 {
+    if (!may_lose_changes()) {
+        event->ignore();
+        return;
+    }
     save_state();
     f_editor->close();
     event->accept();
@@ -262,12 +273,25 @@ void Tvx_map_window::closeEvent(QCloseEvent *event)
 
 int Tvx_map_window::open_files(QStringList const &paths)
 {
-    bool const first = f_layers.count() == 0;
     std::vector<Tvx_failed_file> failed;
     int opened = 0;
+    // A saved map comes first, whatever its place: it takes the layers off that were there.
+    auto const scene = std::ranges::find_if(paths, &vx_map_scene_is_name);
+    if (scene != paths.end()) {
+        if (!may_lose_changes())
+            return 0;
+        opened = open_scene(*scene, failed);
+    }
+    bool const first = f_layers.count() == 0;
     QApplication::setOverrideCursor(Qt::WaitCursor);
     auto progress = std::make_unique<Tvx_opening_progress>(this);
     for (QString const &path : paths) {
+        if (scene != paths.end() && path == *scene)
+            continue;
+        if (vx_map_scene_is_name(path)) {
+            failed.push_back({path, vx_map_caption(c_map_err_one_scene)});
+            continue;
+        }
         QString const text = vx_host_caption(c_cap_status_loading).arg(vx_layer_files_name(path));
         show_message(text);
         progress->set_text(text);
@@ -294,7 +318,9 @@ int Tvx_map_window::open_files(QStringList const &paths)
         f_canvas->show_all();
         f_canvas->forget_steps();
     }
-    if (opened > 0)
+    if (scene != paths.end() && opened > 0)
+        show_message(vx_map_caption(c_map_status_scene_opened).arg(scene_name()));
+    else if (opened > 0)
         tell_about_top_layer();
     if (!failed.empty())
         say(this, QMessageBox::Warning, vx_layer_files_message(failed), vx_layer_files_details(failed));
@@ -465,9 +491,17 @@ void Tvx_map_window::update_scale()
 
 void Tvx_map_window::update_title()
 {
-    QString const name = f_layers.name_at(f_panel->selected_row());
-    setWindowTitle(name.isEmpty() ? vx_host_caption(c_cap_application)
-                                  : vx_host_caption(c_cap_window_title).arg(name));
+    // "[*]" is the place of the mark for changes, so it must not come from a name.
+    auto const plain = [](QString name) { return name.replace("[*]", "[*][*]"); };
+    QString const layer = plain(f_layers.name_at(f_panel->selected_row()));
+    QString text = layer;
+    if (!f_scene_path.isEmpty() || f_changed) {
+        text = plain(scene_name());
+        text = layer.isEmpty() ? text + "[*]" : vx_map_caption(c_map_title).arg(text, layer);
+    }
+    setWindowTitle(text.isEmpty() ? vx_host_caption(c_cap_application)
+                                  : vx_host_caption(c_cap_window_title).arg(text));
+    setWindowModified(f_changed);
 }
 
 void Tvx_map_window::show_message(QString const &text)

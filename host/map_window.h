@@ -12,6 +12,8 @@
 class Tvx_layer_editor;
 class Tvx_layer_panel;
 class Tvx_map_canvas;
+class Tvx_opening_progress;
+struct Tvx_failed_file;
 struct Tvx_layer_scale;
 class QComboBox;
 class QDockWidget;
@@ -33,8 +35,17 @@ public:
     ~Tvx_map_window() override;
 
     /// Opens the files in this order, each on top of the one before. What cannot be opened is told in one
-    /// message at the end. Gives the number of layers that came.
+    /// message at the end. Gives the number of layers that came. A saved map among them takes the place of
+    /// what there is, which the user is asked about where it is not saved.
     int open_files(QStringList const &paths);
+    /// Saves the map in its file, or asks for one. False when it is not saved.
+    bool save_scene();
+    /// Takes all layers off. False, with everything as it was, when the user wants to keep what is not saved.
+    bool new_scene();
+    /// Whether there is work that no file has.
+    [[nodiscard]] bool is_changed() const { return f_changed; }
+    /// Empty for a map without a file.
+    [[nodiscard]] QString const &scene_path() const { return f_scene_path; }
     /// Takes a layer that the caller made; its id.
     int add_layer(Tvx_layer_list::layer_ptr layer);
 
@@ -64,6 +75,17 @@ private:
     void restore_state();
     void save_state();
 
+    void watch_changes();
+    void set_changed(bool changed);
+    /// Asks what to do with work that is not saved; false when nothing is to be done.
+    [[nodiscard]] bool may_lose_changes();
+    bool save_scene_as();
+    bool save_scene_in(QString const &path);
+    [[nodiscard]] bool may_replace(QString const &path);
+    /// Number of layers that came; what went wrong is added to `failed`.
+    int open_scene(QString const &path, std::vector<Tvx_failed_file> &failed);
+    [[nodiscard]] QString scene_name() const;
+
     void on_open();
     void on_save_picture();
     void on_properties();
@@ -72,6 +94,9 @@ private:
     /// Null for one style.
     void on_draw_by(Tvx_layer_scale const *scale);
     void on_move(int by);
+    void on_copy_style();
+    void on_paste_style();
+    void on_invert_managers(bool on);
     void on_selection_changed(int id);
     void on_pointer_moved(double x, double y);
     void on_scale_entered();
@@ -104,4 +129,9 @@ private:
     /// The file of the rules by which a layer is drawn: rules themselves do not tell it.
     QHash<int, std::wstring> f_rule_files;
     QString f_last_directory;
+    QString f_scene_path;
+    bool f_changed = false;
+    bool f_loading = false;
+    /// A copy of the layer whose style was copied.
+    Tvx_layer_list::layer_ptr f_copied_style;
 };

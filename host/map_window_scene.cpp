@@ -1,0 +1,224 @@
+#include "host/captions.h"
+#include "host/layer_editor.h"
+#include "host/layer_files.h"
+#include "host/layer_panel.h"
+#include "host/layer_style.h"
+#include "host/map_canvas.h"
+#include "host/map_scene.h"
+#include "host/map_window.h"
+#include "host/opening_progress.h"
+
+#include "platform/basic/vx_fault.h"
+#include "platform/basic/vx_options.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPushButton>
+
+// The map as a document: its file, what is not in it yet, and what is asked before that is lost.
+
+void Tvx_map_window::watch_changes()
+{
+    auto const changed = [this] { set_changed(true); };
+    connect(&f_layers, &Tvx_layer_list::layer_replaced, this, changed);
+    connect(&f_layers, &Tvx_layer_list::layer_renamed, this, changed);
+    connect(&f_layers, &Tvx_layer_list::rowsMoved, this, changed);
+    // To look at data without a map of one's own is no work yet; the list of recent files has them.
+    connect(&f_layers, &Tvx_layer_list::rowsInserted, this, [this](QModelIndex const &parent) {
+        if (!parent.isValid() && !f_scene_path.isEmpty())
+            set_changed(true);
+    });
+    connect(&f_layers, &Tvx_layer_list::rowsRemoved, this, [this](QModelIndex const &parent) {
+        if (!parent.isValid() && (!f_scene_path.isEmpty() || f_layers.count() > 0))
+            set_changed(true);
+        else if (!parent.isValid())
+            set_changed(false); // nothing is left that anybody could want to keep
+    });
+    connect(&f_layers, &Tvx_layer_list::dataChanged, this,
+            [this](QModelIndex const &, QModelIndex const &, QList<int> const &roles) {
+                if (roles.contains(Qt::CheckStateRole))
+                    set_changed(true);
+            });
+}
+
+void Tvx_map_window::set_changed(bool changed)
+{
+    if (f_loading || f_changed == changed)
+        return;
+    f_changed = changed;
+    update_title();
+}
+
+QString Tvx_map_window::scene_name() const
+{
+    return f_scene_path.isEmpty() ? vx_map_caption(c_map_untitled) : vx_map_scene_name(f_scene_path);
+}
+
+bool Tvx_map_window::may_lose_changes()
+{
+    if (!f_changed)
+        return true;
+    QMessageBox box(QMessageBox::Question, vx_host_caption(c_cap_application),
+                    vx_map_caption(c_map_save_question).arg(scene_name()), QMessageBox::NoButton, this);
+    box.setTextFormat(Qt::PlainText);
+    QPushButton *const save = box.addButton(vx_map_caption(c_map_save_yes), QMessageBox::AcceptRole);
+    QPushButton *const lose = box.addButton(vx_map_caption(c_map_save_no), QMessageBox::DestructiveRole);
+    QPushButton *const cancel = box.addButton(vx_host_caption(c_cap_cancel), QMessageBox::RejectRole);
+    save->setObjectName(QStringLiteral("save"));
+    lose->setObjectName(QStringLiteral("lose"));
+    cancel->setObjectName(QStringLiteral("cancel"));
+    box.setDefaultButton(save);
+    box.setEscapeButton(cancel);
+    box.exec();
+    if (box.clickedButton() == save)
+        return save_scene();
+    return box.clickedButton() == lose;
+}
+
+bool Tvx_map_window::new_scene()
+{
+    if (!may_lose_changes())
+        return false;
+    f_loading = true;
+    f_layers.clear();
+    f_loading = false;
+    f_scene_path.clear();
+    set_changed(false);
+    f_canvas->forget_steps();
+    update_title();
+    return true;
+}
+
+bool Tvx_map_window::save_scene()
+{
+    return f_scene_path.isEmpty() ? save_scene_as() : save_scene_in(f_scene_path);
+}
+
+bool Tvx_map_window::save_scene_as()
+{
+    QString const name = f_scene_path.isEmpty()
+                             ? QDir(f_last_directory).filePath(vx_map_scene_with_suffix(f_layers.name_at(0)))
+                             : f_scene_path;
+    QFileDialog dialog(this, vx_map_caption(c_map_save_title), QFileInfo(name).absolutePath(),
+                       vx_map_caption(c_map_filter_scenes) + " (*.sn)");
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.selectFile(QFileInfo(name).fileName());
+    // The question about a file that is there is asked about the name that is used in the end.
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return false;
+    QString const path = vx_map_scene_with_suffix(dialog.selectedFiles().front());
+    if (path != f_scene_path && QFileInfo::exists(path) && !may_replace(path))
+        return false;
+    return save_scene_in(path);
+}
+
+bool Tvx_map_window::may_replace(QString const &path)
+{
+    QMessageBox box(QMessageBox::Question, vx_host_caption(c_cap_application),
+                    vx_map_caption(c_map_replace_question).arg(QDir::toNativeSeparators(path)),
+                    QMessageBox::NoButton, this);
+    box.setTextFormat(Qt::PlainText);
+    QPushButton *const replace = box.addButton(vx_map_caption(c_map_replace), QMessageBox::AcceptRole);
+    QPushButton *const cancel = box.addButton(vx_host_caption(c_cap_cancel), QMessageBox::RejectRole);
+    replace->setObjectName(QStringLiteral("replace"));
+    box.setDefaultButton(cancel);
+    box.setEscapeButton(cancel);
+    box.exec();
+    return box.clickedButton() == replace;
+}
+
+bool Tvx_map_window::save_scene_in(QString const &path)
+{
+    if (!vx_map_scene_save(path, f_layers, f_canvas->view()))
+        return false;
+    f_scene_path = QFileInfo(path).absoluteFilePath();
+    f_last_directory = QFileInfo(f_scene_path).absolutePath();
+    set_changed(false);
+    update_title();
+    remember_file(f_scene_path);
+    show_message(vx_map_caption(c_map_status_scene_saved).arg(QDir::toNativeSeparators(f_scene_path)));
+    return true;
+}
+
+int Tvx_map_window::open_scene(QString const &path, std::vector<Tvx_failed_file> &failed)
+{
+    Tvx_loaded_scene scene = vx_map_scene_load(path);
+    if (!scene.error.isEmpty()) {
+        failed.push_back({path, scene.error});
+        return 0;
+    }
+    vx_map_scene_ask_passwords(scene.layers, [this](QString const &server) -> std::optional<QString> {
+        bool given = false;
+        QString const text = QInputDialog::getText(this, vx_map_caption(c_map_password),
+                                                   vx_map_caption(c_map_password_text).arg(server),
+                                                   QLineEdit::Password, {}, &given);
+        return given ? std::optional(text) : std::nullopt;
+    });
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    f_loading = true;
+    f_layers.clear();
+    int opened = 0;
+    {
+        Tvx_opening_progress progress(this);
+        for (Tvx_scene_layer &layer : scene.layers) {
+            QString const name = vx_layer_name(layer.layer.get());
+            progress.set_text(vx_host_caption(c_cap_status_loading).arg(name));
+            // Who has no patience for the data still gets the map, each layer with its mark.
+            if (!progress.is_cancelled())
+                vx_map_scene_open_layer(layer);
+            if (progress.is_cancelled() && layer.mark == c_mark_none)
+                layer.mark = c_mark_missing;
+            if (!layer.reason.isEmpty())
+                failed.push_back({name, layer.reason});
+            int const id = f_layers.add(std::move(layer.layer), layer.unit);
+            if (layer.mark != c_mark_none)
+                f_layers.set_damaged(
+                    id, layer.mark,
+                    QString::fromStdWString(vx_reason_split(layer.reason.toStdWString()).sentence));
+            ++opened;
+        }
+    }
+    QApplication::restoreOverrideCursor();
+    f_scene_path = QFileInfo(path).absoluteFilePath();
+    f_last_directory = QFileInfo(path).absolutePath();
+    f_changed = false;
+    f_loading = false;
+    remember_file(f_scene_path);
+    f_panel->select_id(f_layers.id_at(0));
+    if (scene.view)
+        f_canvas->go_to(*scene.view);
+    else
+        f_canvas->show_all();
+    f_canvas->forget_steps();
+    update_title();
+    return opened;
+}
+
+// ---- styles from layer to layer
+
+void Tvx_map_window::on_copy_style()
+{
+    Ivx_layer *const layer = f_layers.layer_at(selected_row());
+    f_copied_style.reset(vx_lr2d_clone(layer));
+    update_commands();
+    show_message(vx_map_caption(c_map_status_style_copied).arg(vx_layer_name(layer)));
+}
+
+void Tvx_map_window::on_paste_style()
+{
+    Tvx_layer_list::layer_ptr copy(vx_lr2d_clone(f_layers.layer_at(selected_row())));
+    if (vx_layer_copy_style(copy.get(), f_copied_style.get()))
+        take_over(f_panel->selected_id(), std::move(copy));
+}
+
+void Tvx_map_window::on_invert_managers(bool on)
+{
+    vx_options_set_invert_layers(on);
+    f_layers.refresh_classes();
+    f_editor->refresh(f_editor->layer_id());
+}
