@@ -103,11 +103,20 @@ outcome own(std::wstring const &source)
 /// Both say the same, but for the deviation, which GDAL gives of the population.
 void check(outcome const &a, outcome const &b)
 {
-    bool const is_same = a.minimum == b.minimum && a.maximum == b.maximum &&
+    // Stored statistics are texts of 14 digits.
+    auto const are_near = [](double x, double y) { return std::fabs(x - y) <= 1e-12 * std::fabs(x); };
+    bool const is_same = are_near(a.minimum, b.minimum) && are_near(a.maximum, b.maximum) &&
                          std::fabs(a.mean - b.mean) < 1e-9 * std::fabs(a.deviation) &&
                          std::fabs(a.deviation - b.deviation) < 1e-6 * a.deviation && a.counts == b.counts;
-    if (!is_same)
+    if (!is_same) {
+        std::fprintf(
+            stderr,
+            "they differ: minimum %.17g %.17g, maximum %.17g %.17g, mean %.17g %.17g, deviation %.17g "
+            "%.17g, counts %s\n",
+            a.minimum, b.minimum, a.maximum, b.maximum, a.mean, b.mean, a.deviation, b.deviation,
+            a.counts == b.counts ? "alike" : "not alike");
         std::abort();
+    }
 }
 
 void use_processors(int count)
