@@ -222,7 +222,8 @@ bool is_read_here(char dbf_type, OGRFieldType type, column_batch::cell_kind &kin
 }
 } // namespace
 
-column_result read_dbf_column(std::string const &path, OGRLayer &layer, int field, column_sink const &sink)
+column_result read_dbf_column(std::string const &path, OGRLayer &layer, int field, column_sink const &sink,
+                              std::optional<std::vector<long long>> &deleted)
 {
     file_holder const file = open_table(path, layer);
     Tvx_dbf_cells cells;
@@ -239,20 +240,25 @@ column_result read_dbf_column(std::string const &path, OGRLayer &layer, int fiel
     auto const width = static_cast<std::size_t>(cells.width);
     std::size_t const records_at_once = std::max<std::size_t>(1, c_block / record_size);
     std::vector<char> block(records_at_once * record_size);
-    for (auto left = static_cast<std::size_t>(cells.records); left > 0;) {
-        std::size_t const count = std::min(left, records_at_once);
+    auto const records = static_cast<std::size_t>(cells.records);
+    std::vector<long long> marked;
+    for (std::size_t first = 0, count = 0; first < records; first += count) {
+        count = std::min(records - first, records_at_once);
         if (VSIFReadL(block.data(), record_size, count, file.get()) != count)
             return column_result::failed;
-        left -= count;
         for (std::size_t i = 0; i < count; ++i) {
             char const *const record = &block[i * record_size];
-            if (*record == c_deleted)
+            if (*record == c_deleted) {
+                marked.push_back(static_cast<long long>(first + i));
                 continue;
+            }
             if (!reader.read(trimmed(record + cells.offset, width)))
                 return column_result::done;
         }
     }
     builder.finish();
+    if (!deleted)
+        deleted = std::move(marked);
     return column_result::done;
 }
 

@@ -9,6 +9,14 @@ namespace vx::gdal {
 namespace {
 /// Classes of the histogram that nobody gave bounds for.
 constexpr int c_default_classes = 256;
+
+/// The number as a cell of 32 bits holds it. By way of memory: GCC 12 takes two such conversions side by side
+/// for none when it puts them into one vector.
+double as_float_cell(double number)
+{
+    float const volatile cell = static_cast<float>(number);
+    return static_cast<double>(cell);
+}
 } // namespace
 
 void grid_set::forget_old()
@@ -34,8 +42,8 @@ std::optional<band_stat> grid_set::stored_stat(int field) const
         return std::nullopt;
     // They are kept as texts of some digits; the bounds are cells, which have fewer.
     if (cell_type_of(*b) == cells_float32) {
-        stat.minimum = static_cast<double>(static_cast<float>(stat.minimum));
-        stat.maximum = static_cast<double>(static_cast<float>(stat.maximum));
+        stat.minimum = as_float_cell(stat.minimum);
+        stat.maximum = as_float_cell(stat.maximum);
         stat.mean = std::clamp(stat.mean, stat.minimum, stat.maximum);
     }
     return stat;

@@ -1,6 +1,7 @@
 #include "server_table.h"
 
 #include "gdal_errors.h"
+#include "id_draw.h"
 #include "long_work.h"
 #include "sql_answer.h"
 #include "sql_names.h"
@@ -11,24 +12,9 @@
 #include <climits>
 #include <cmath>
 #include <cstdint>
-#include <random>
 
 namespace vx::gdal {
 namespace {
-/// More identifiers are not put into one statement.
-constexpr std::size_t c_most_draws = 50'000;
-constexpr int c_rounds = 4;
-/// A table is asked to draw by itself when fewer identifiers hit.
-constexpr double c_fewest_hits = 1.0 / 50;
-
-std::string literal(std::string const &text)
-{
-    std::string result = "'";
-    for (char const c : text)
-        result.append(c == '\'' ? 2 : 1, c);
-    return result + "'";
-}
-
 std::string literal(double value)
 {
     if (std::isnan(value))
@@ -78,7 +64,7 @@ server_table::server_table(GDALDataset &set, OGRLayer &layer)
       f_fid(*layer.GetFIDColumn() ? quoted_name(layer.GetFIDColumn()) : std::string())
 {
     // A point in the name may be one of the table's own.
-    std::string const name = literal(layer.GetName());
+    std::string const name = text_literal(layer.GetName());
     auto const found =
         ask_row("(SELECT quote_ident(n.nspname) || '.' || quote_ident(c.relname) AS whole_name, "
                 "c.relkind IN ('r', 'm', 'p') AS is_plain FROM pg_class c JOIN pg_namespace n ON n.oid = "
@@ -217,32 +203,14 @@ bool server_table::draw(std::string const &number, std::string const &wanted, st
         return false;
     long long const first = ends->GetFieldAsInteger64(0);
     long long const last = ends->GetFieldAsInteger64(1);
-    if (static_cast<unsigned long long>(last) - static_cast<unsigned long long>(first) < count)
-        return true;
-    std::mt19937_64 generator(std::random_device{}());
-    std::uniform_int_distribution<long long> uniform(first, last);
-    std::size_t drawn = 0;
-    for (int round = 0; round < c_rounds && values.size() < count; ++round) {
-        std::size_t draws = count;
-        if (drawn > 0) {
-            double const hits = static_cast<double>(values.size()) / static_cast<double>(drawn);
-            if (hits < c_fewest_hits)
-                return true;
-            draws = static_cast<std::size_t>(static_cast<double>(count - values.size()) / hits) + 1;
-        }
-        draws = std::min(draws, c_most_draws);
-        std::string list;
-        for (std::size_t i = 0; i < draws; ++i)
-            list += (i > 0 ? "," : "") + std::to_string(uniform(generator));
-        auto const hit = ask("(SELECT " + number + " FROM unnest(CAST('{" + list +
+    return draw_by_ids(first, last, count, values, [&](std::string const &ids, std::vector<double> &found) {
+        auto const hit = ask("(SELECT " + number + " FROM unnest(CAST('{" + ids +
                              "}' AS bigint[])) AS drawn_by_chance(drawn_number) JOIN " + f_name + " ON " +
                              f_fid + " = drawn_number" + wanted + ")");
-        if (!hit)
-            return false;
-        append_numbers(*hit, values);
-        drawn += draws;
-    }
-    return true;
+        if (hit)
+            append_numbers(*hit, found);
+        return hit.has_value();
+    });
 }
 
 std::optional<std::vector<double>> server_table::sample(OGRFieldDefn const &field, std::size_t count,

@@ -14,6 +14,14 @@ std::string quoted_name(std::string const &name)
     return text + '"';
 }
 
+std::string text_literal(std::string const &text)
+{
+    std::string result = "'";
+    for (char const c : text)
+        result.append(c == '\'' ? 2 : 1, c);
+    return result + "'";
+}
+
 std::string table_name(OGRLayer &layer, bool is_server)
 {
     std::string const name = layer.GetName();

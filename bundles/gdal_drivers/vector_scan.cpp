@@ -114,7 +114,7 @@ bool vector_set::scan(int field, column_sink const &sink)
     column_result columns = column_result::not_offered;
     // In a table that is being changed GDAL may hold records that are not in the file yet.
     if (f_set->read_only() && f_set->is_driver("ESRI Shapefile"))
-        columns = read_dbf_column(f_set->gdal().GetDescription(), *f_layer, field, sink);
+        columns = read_dbf_column(f_set->gdal().GetDescription(), *f_layer, field, sink, f_deleted);
     if (f_server && f_server->has_columns()) {
         f_server->set_in_transaction(f_in_transaction);
         columns = server_column(field, sink);

@@ -223,6 +223,9 @@ private:
     [[nodiscard]] bool answers_filtered() { return !has_filter() || server(); }
     /// What was worked out is about other features from now on.
     void filter_changed();
+    /// A sample of a table in a database file by its identifiers; false where it is better drawn on a walk.
+    bool draw_from_file(int field, unsigned long long count, double minimum, double maximum,
+                        vx::floatings_visitor visitor);
     /// The texts of the cells; stops when there are `limit` of them, with -1 never.
     bool collect_texts(int field, long long limit, distinct_texts &texts);
     field_stat const *stat_of(int field);

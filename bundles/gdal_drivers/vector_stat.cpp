@@ -1,4 +1,5 @@
 #include "data_types.h"
+#include "id_draw.h"
 #include "sql_answer.h"
 #include "sql_names.h"
 #include "vector_set.h"
@@ -468,15 +469,60 @@ bool vector_set::with_unique_strings(int field, int limit, vx::string_visitor vi
 bool vector_set::with_sample(int field, unsigned long long count, double minimum, double maximum,
                              vx::floatings_visitor visitor)
 {
-    server_table const *const asked = is_number(field_type(field)) ? server() : nullptr;
-    if (!asked)
+    if (!is_number(field_type(field)))
         return false;
+    server_table const *const asked = server();
+    if (!asked)
+        return draw_from_file(field, count, minimum, maximum, visitor);
     error_guard const guard(f_set->error());
     store_changes();
     auto found = asked->sample(*field_at(field), count, minimum, maximum);
     if (found && !found->empty())
         visitor.visit(found->size(), found->data());
     return found.has_value();
+}
+
+bool vector_set::draw_from_file(int field, unsigned long long count, double minimum, double maximum,
+                                vx::floatings_visitor visitor)
+{
+    char const *const fid = f_layer ? f_layer->GetFIDColumn() : "";
+    if (!*fid || has_filter() || count > c_most_draws ||
+        (!f_set->is_driver("GPKG") && !f_set->is_driver("SQLite")))
+        return false;
+    std::wstring ignored;
+    error_guard const guard(ignored);
+    store_changes();
+    GDALDataset &base = f_set->gdal();
+    std::string const id = quoted_name(fid);
+    std::string const table = table_name(*f_layer, false);
+    std::string const name = quoted_name(field_at(field)->GetNameRef());
+    // A view finds no row by its identifier alone.
+    auto const ends = sql_answer(base, "SELECT (SELECT MIN(" + id + ") FROM " + table +
+                                           ") AS first, (SELECT MAX(" + id + ") FROM " + table +
+                                           ") AS last WHERE EXISTS (SELECT 1 FROM sqlite_master WHERE type = "
+                                           "'table' AND lower(name) = lower(" +
+                                           text_literal(f_layer->GetName()) + "))")
+                          .next();
+    if (!ends || !ends->IsFieldSetAndNotNull(0))
+        return false;
+    std::vector<double> values;
+    auto const ask = [&](std::string const &ids, std::vector<double> &found) {
+        sql_answer answer(base, "SELECT CAST(" + name + " AS DOUBLE PRECISION) AS number, typeof(" + name +
+                                    ") IN ('integer', 'real') AS is_number FROM " + table + " WHERE " + id +
+                                    " IN (" + ids + ") AND " + name + " IS NOT NULL");
+        while (OGRFeatureUniquePtr const row = answer.next()) {
+            if (!row->GetFieldAsInteger(1)) // a text, which GDAL may read as a number
+                return false;
+            if (double const value = row->GetFieldAsDouble(0); value >= minimum && value <= maximum)
+                found.push_back(value);
+        }
+        return guard.text().empty();
+    };
+    if (!draw_by_ids(ends->GetFieldAsInteger64(0), ends->GetFieldAsInteger64(1), count, values, ask) ||
+        values.size() < count / 2 || values.empty())
+        return false;
+    visitor.visit(values.size(), values.data());
+    return true;
 }
 
 bool vector_set::with_numbers(int field, vx::floatings_visitor visitor)

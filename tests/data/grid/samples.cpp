@@ -2,6 +2,11 @@
 #include "data/grid/random_sample_task.h"
 #include "data/vector/memory_driver.h"
 #include "extension/binding/feature_random_request.h"
+#include "support/temp_dir.h"
+
+#include "platform/base/text_codec.h"
+
+#include <ogrsf_frmts.h>
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -187,4 +192,56 @@ TEST(random_sample, tables_with_quick_access)
     fill(nothing, 5000, 1);
     EXPECT_TRUE(sample_of(nothing.handle(), random_sample_task(900)).empty());
     EXPECT_EQ(nothing.fetches, 0);
+}
+
+// Identifiers with gaps, a third of them without a number: what is drawn is spread as the numbers are.
+TEST(random_sample, tables_of_database_files)
+{
+    GDALAllRegister();
+    vx_test::temp_dir const dir;
+    for (char const *const driver_name : {"GPKG", "SQLite"}) {
+        SCOPED_TRACE(driver_name);
+        std::string const file = dir.path() / (std::string("t.") + (*driver_name == 'G' ? "gpkg" : "sqlite"));
+        {
+            GDALDatasetUniquePtr const set(GetGDALDriverManager()
+                                               ->GetDriverByName(driver_name)
+                                               ->Create(file.c_str(), 0, 0, 0, GDT_Unknown, nullptr));
+            OGRLayer *const layer = set->CreateLayer("t", nullptr, wkbPoint);
+            for (char const *const name : {"a", "b"}) {
+                OGRFieldDefn field(name, OFTReal);
+                ASSERT_EQ(OGRERR_NONE, layer->CreateField(&field));
+            }
+            (void)set->StartTransaction();
+            for (int i = 0; i < 40'000; ++i) {
+                OGRFeature feature(layer->GetLayerDefn());
+                feature.SetFID(2 * i + 10);
+                if (i % 3)
+                    feature.SetField(0, i);
+                feature.SetField(1, i);
+                ASSERT_EQ(OGRERR_NONE, layer->CreateFeature(&feature));
+            }
+            (void)set->CommitTransaction();
+            // A text in a column of numbers counts as GDAL reads it.
+            (void)set->ExecuteSQL("UPDATE t SET b = b || ' metres' WHERE b > 30000", nullptr, nullptr);
+        }
+        vector_datasource table;
+        ASSERT_TRUE(table.open(vx::text::utf8_to_wide(file), access_read))
+            << vx::text::wide_to_utf8(table.error_message());
+        auto sample = random_sample_task(3000, 100, 40'000).execute(table, L"a");
+        EXPECT_GE(sample.size(), 2700U);
+        EXPECT_LE(sample.size(), 6000U);
+        double const size = static_cast<double>(sample.size());
+        for (double const value : sample)
+            ASSERT_TRUE(value >= 100 && std::fmod(value, 3) > 0) << value;
+        // Six deviations of the mean: hardly once in a hundred million runs.
+        EXPECT_NEAR(std::accumulate(sample.begin(), sample.end(), 0.0) / size, 20'050,
+                    6 * 39'900 / std::sqrt(12 * size));
+        sample = random_sample_task(3000).execute(table, L"b");
+        EXPECT_GT(*std::max_element(sample.begin(), sample.end()), 35'000) << "texts are numbers too";
+        // What a filter leaves is what is drawn from.
+        ASSERT_TRUE(table.set_attribute_filter(L"a < 5000"));
+        sample = random_sample_task(300).execute(table, L"a");
+        EXPECT_FALSE(sample.empty());
+        EXPECT_LT(*std::max_element(sample.begin(), sample.end()), 5000);
+    }
 }
