@@ -49,7 +49,7 @@ public:
     ~data_set()
     {
         if (f_source)
-            f_source.detach();
+            vx_datasource_end(f_source);
     }
 
     [[nodiscard]] vx::data_source const &operator*() const { return f_source; }

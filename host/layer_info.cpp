@@ -121,7 +121,7 @@ Tvx_box_d2 source_extent(Ivx_layer const *layer)
     vx_datasource_open(source.c_str(), true, &set);
     Tvx_box_d2 box;
     bool const known = vxk_datasource_data_source_with_extent(set, &box, true);
-    vxk_datasource_data_source_detach(set);
+    vx_datasource_end(vx::data_source(set));
     return known ? box : Tvx_box_d2{};
 }
 /// The file of a source, without what the drivers need to find the layer in it; of a server all but its

@@ -12,8 +12,11 @@
 
 #include <chrono>
 #include <gtest/gtest.h>
+#include <new>
 #include <optional>
+#include <stdexcept>
 #include <string>
+#include <string_view>
 #include <thread>
 #include <utility>
 #include <variant>
@@ -47,10 +50,22 @@ struct memory_table
     long long missing_features = 0; ///< features that the count tells and the walk does not give
     int delay_us = 0;               ///< what the walk takes for each feature
 
+    std::string_view throws_at = {}; ///< the call that throws, for good
+    bool throws_memory = false;      ///< and what: lack of memory
+
     int opens = 0;  ///< sources opened so far
     int opened = 0; ///< sources opened and not yet ended
     int walks = 0;
     int held_features = 0;
+
+    void enter(std::string_view call) const
+    {
+        if (call != throws_at)
+            return;
+        if (throws_memory)
+            throw std::bad_alloc();
+        throw std::runtime_error("out of order");
+    }
 };
 
 /// One open source on a table; ends itself at detach.
@@ -71,8 +86,10 @@ private:
         feature(memory_table &t, std::size_t i) : table(t), index(i) { ++table.held_features; }
         void detach() override
         {
+            memory_table const &kept = table;
             --table.held_features;
             delete this;
+            kept.enter("feature.detach");
         }
         [[nodiscard]] memory_feature const &record() const { return table.features[index]; }
         int geom_type() override { return record().geom_type; }
@@ -103,6 +120,7 @@ private:
         template <class T>
         T number(int field, bool *not_null) const
         {
+            table.enter("cell");
             auto const &value = record().cells[static_cast<std::size_t>(field)];
             auto const *const held = std::get_if<T>(&value);
             *not_null = held != nullptr;
@@ -134,8 +152,10 @@ private:
         }
         void detach() override
         {
+            memory_table const &kept = owner.f_table;
             --owner.f_table.opened;
             delete &owner;
+            kept.enter("detach");
         }
         int field_count() override { return static_cast<int>(owner.f_table.fields.size()); }
         void field_name(int field, vx::string_visitor visitor) override
@@ -148,6 +168,7 @@ private:
         int grid_count() override { return owner.f_table.grid_count; }
         bool with_extent(Tvx_box_d2 *box, bool force) override
         {
+            owner.f_table.enter("with_extent");
             if (!force)
                 return false;
             ++owner.f_table.walks;
@@ -170,6 +191,7 @@ private:
         int geom_type() override { return owner.f_table.geom_type; }
         decltype(std::declval<vx::vector_source>().feature_count(true)) feature_count(bool) override
         {
+            owner.f_table.enter("feature_count");
             return owner.f_table.features.size() + static_cast<std::size_t>(owner.f_table.missing_features);
         }
         memory_source &owner;
@@ -189,6 +211,7 @@ private:
         }
         bool with_next_feature(vx::feature_visitor visitor) override
         {
+            owner.f_table.enter("with_next_feature");
             if (next >= owner.f_table.features.size())
                 return false;
             std::this_thread::sleep_for(std::chrono::microseconds(owner.f_table.delay_us));

@@ -3,6 +3,8 @@
 #include "data/grid/grid_datasource.h"
 #include "data/grid/grid_io.h"
 
+#include "platform/basic/vx_datasource.h"
+
 namespace vx::data {
 namespace {
 /// Three numbers in the type of the component interface.
@@ -34,12 +36,12 @@ result_type transfer(Slot slot)
 
 grid_block::~grid_block()
 {
-    f_handle.detach();
+    vx_datasource_end(f_handle);
 }
 
 bool grid_block::init(grid_datasource *source, field_index_type field, vx::grid_block handle)
 {
-    f_handle.detach();
+    vx_datasource_end(f_handle);
     f_handle = handle;
     f_source = source;
     f_field = field;

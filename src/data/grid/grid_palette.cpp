@@ -1,14 +1,16 @@
 #include "data/grid/grid_palette.h"
 
+#include "platform/basic/vx_datasource.h"
+
 namespace vx::data {
 grid_palette::~grid_palette()
 {
-    f_handle.detach();
+    vx_datasource_end(f_handle);
 }
 
 bool grid_palette::init(vx::grid_palette handle)
 {
-    f_handle.detach();
+    vx_datasource_end(f_handle);
     f_handle = handle;
     return valid();
 }

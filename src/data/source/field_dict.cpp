@@ -2,15 +2,17 @@
 
 #include "extension/binding/string_visitors.h"
 
+#include "platform/basic/vx_datasource.h"
+
 namespace vx::data {
 field_dict::~field_dict()
 {
-    f_handle.detach();
+    vx_datasource_end(f_handle);
 }
 
 bool field_dict::init(vx::dict handle)
 {
-    f_handle.detach();
+    vx_datasource_end(f_handle);
     f_handle = handle;
     return valid();
 }

@@ -221,7 +221,7 @@ bool generic_datasource::finish_open(t_vx_data_source_interface handle, std::wst
 void generic_datasource::release_handle()
 {
     if (f_owned)
-        f_source.detach();
+        vx_datasource_end(f_source);
     f_owned = false;
     f_source = {};
     f_stat_source = {};

@@ -2,6 +2,8 @@
 
 #include "extension/binding/string_visitors.h"
 
+#include "platform/basic/vx_datasource.h"
+
 namespace vx::data {
 namespace {
 // The two kinds of vertex lists under one name each, so that one body serves both.
@@ -82,7 +84,7 @@ vector_feature::~vector_feature()
 void vector_feature::release()
 {
     if (f_owned)
-        f_handle.detach();
+        vx_datasource_end(f_handle);
     f_owned = false;
     f_handle = {};
 }

@@ -8,9 +8,13 @@
 #include "platform/basic/vx_bundle.h"
 #include "platform/basic/vx_fault.h"
 #include "platform/basic/vx_res.h"
+#include "platform/winapi/detail/main_thread.h"
 
 #include <algorithm>
+#include <dlfcn.h>
 #include <exception>
+#include <memory>
+#include <new>
 #include <optional>
 #include <string>
 #include <vector>
@@ -31,28 +35,70 @@ bool is_null(t_vx_data_source_interface const &handle)
     return vx_data_source_interface_is_null(handle);
 }
 
-/// Runs a driver's code. What it throws, in its own words; nothing when all went well.
+/// What a driver's code threw.
+struct failure
+{
+    bool is_memory = false; ///< which is no fault of the driver's
+    std::wstring details;   ///< in its own words
+};
+
+/// Of the exception that is being handled.
+failure current_failure()
+{
+    try {
+        throw;
+    } catch (std::bad_alloc const &) {
+        return {true, {}};
+    } catch (std::exception const &thrown) {
+        return {false, vx::text::utf8_to_wide(thrown.what())};
+    } catch (...) {
+        return {};
+    }
+}
+
+/// Runs a driver's code. Nothing when all went well.
 template <class Call>
-std::optional<std::wstring> guarded(Call call)
+std::optional<failure> guarded(Call call)
 {
     try {
         call();
-    } catch (std::exception const &thrown) {
-        return vx::text::utf8_to_wide(thrown.what());
     } catch (...) {
-        return std::wstring();
+        return current_failure();
     }
     return std::nullopt;
 }
 
-/// Asks the driver no more, tells the user so, and gives the reason that was told.
+/// Asks the driver no more and gives the reason.
 std::wstring drop(Tvx_datasource_driver const *driver, std::wstring const &details)
 {
     auto const reason =
         vx_fault_reason({c_capt_driver_failed, vx::text::utf8_to_wide(driver->id), 0, details});
     vx_datasource_remove_driver(driver);
-    vx_reason_report(reason.c_str());
     return reason;
+}
+
+/// Where the module lies that an address is from; null for none.
+void const *module_of(void const *address)
+{
+    Dl_info found{};
+    return address && dladdr(address, &found) != 0 ? found.dli_fbase : nullptr;
+}
+
+/// Drops the drivers of the module that the table is from. The reason of one of them; empty when none is
+/// left.
+std::wstring drop_module(void const *table, std::wstring const &details)
+{
+    std::wstring reason;
+    for (auto const *driver : std::vector(drivers()))
+        if (module_of(reinterpret_cast<void const *>(driver->open)) == module_of(table))
+            reason = drop(driver, details);
+    return reason;
+}
+
+void tell(void *data)
+{
+    std::unique_ptr<std::wstring const> const reason(static_cast<std::wstring const *>(data));
+    vx_reason_report(reason->c_str());
 }
 
 // Asks the drivers one after the other. The reason of the first that gives one is kept: it has the greatest
@@ -74,7 +120,9 @@ void ask_drivers(wchar_t const *source, int refusal, t_vx_data_source_interface 
         Tvx_std_wstring_adapter const adapter(error);
         if (auto const thrown = guarded([&] { ask(*driver, adapter); })) {
             *result = {};
-            error = drop(driver, *thrown);
+            error = thrown->is_memory ? vx_res_get_wstr(c_capt_sys_memory) : drop(driver, thrown->details);
+            if (!thrown->is_memory)
+                vx_reason_report(error.c_str());
         }
         if (!is_null(*result)) {
             last_error.clear();
@@ -113,6 +161,21 @@ void vx_datasource_create(wchar_t const *source, int driver_type, t_vx_data_sour
 void vx_datasource_get_error(Ivx_string_adp *error)
 {
     vx_string_adp_feed(error, last_error.c_str());
+}
+
+void vx_datasource_failed(void const *table) noexcept
+{
+    try {
+        auto const thrown = current_failure();
+        auto reason = std::make_unique<std::wstring>(
+            thrown.is_memory ? vx_fault_reason({c_capt_event_no_memory, {}, 0, {}})
+                             : drop_module(table, thrown.details));
+        if (reason->empty())
+            return;
+        vx_main_thread_post(&tell, reason.get());
+        (void)reason.release();
+    } catch (...) { // no memory to tell of it
+    }
 }
 
 void vx_datasource_set_waiting(closure<bool()> waiting)

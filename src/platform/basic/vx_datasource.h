@@ -18,6 +18,21 @@ VX_API void vx_datasource_create(wchar_t const *source, int driver_type, t_vx_da
 /// The reason (platform/basic/vx_fault.h) of this thread's last failed open or create; empty after a success.
 VX_API void vx_datasource_get_error(Ivx_string_adp *error);
 
+/// For a `catch` block round a call of an object of a driver's: the driver from whose module `table` is, the
+/// table of the object's handle, is asked no more, and the user is told so, once, when the main thread comes
+/// to it. A lack of memory is told too, and is no driver's fault.
+VX_API void vx_datasource_failed(void const *table) noexcept;
+/// Ends an object of a driver's, known by its wrapper, by its `detach`. Nothing that this throws comes out.
+template <class Object>
+void vx_datasource_end(Object const &object) noexcept
+{
+    try {
+        object.detach();
+    } catch (...) {
+        vx_datasource_failed(object.handle().table);
+    }
+}
+
 /// Who waits while a data set is opened or read for long: asked on the main thread, some 50 times a second,
 /// so that it can serve its user; false gives the work up. Drivers then do what cannot be interrupted on a
 /// thread of their own. While there is nobody, as at first, everything runs on the main thread and to its

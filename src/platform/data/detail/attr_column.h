@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <deque>
 #include <string>
@@ -10,6 +11,9 @@
 
 /// One column of an attribute table, read whole: a value or none for each record.
 namespace vx::attr {
+/// Room is made at once for so many records and no more: how many will come is what a file or a driver says.
+inline constexpr std::size_t c_most_expected_cells = 1U << 22;
+
 /// Which records have a value. Takes no room while all have one.
 class defined_bits
 {
@@ -47,7 +51,7 @@ class text_cells
 {
 public:
     /// `records` is the number of texts that will come, as far as it is known.
-    explicit text_cells(std::size_t records) : f_records(records) {}
+    explicit text_cells(std::size_t records) : f_records(std::min(records, c_most_expected_cells)) {}
     text_cells(text_cells &&) = default;
     text_cells &operator=(text_cells &&) = default;
 
@@ -91,7 +95,7 @@ private:
     [[nodiscard]] bool is_better_plain() const;
     void make_plain();
 
-    std::size_t f_records;
+    std::size_t f_records; ///< that are taken to come
     defined_bits f_defined;
     bool f_is_plain = false;
     /// Plain: the lower half of the start of each text, and of the end of the last; else places in `f_texts`.
@@ -109,7 +113,7 @@ struct number_cells
     std::vector<T> values; ///< 0 where there is none
     defined_bits defined;
 
-    explicit number_cells(std::size_t records) { values.reserve(records); }
+    explicit number_cells(std::size_t records) { values.reserve(std::min(records, c_most_expected_cells)); }
     void append(T value, bool is_defined)
     {
         values.push_back(is_defined ? value : T{});

@@ -72,8 +72,12 @@ class feature_reader : public vx::feature_visitor_impl
 public:
     void visit(vx::feature item) final
     {
+        struct ending
+        {
+            vx::feature const &item;
+            ~ending() { vx_datasource_end(item); }
+        } const ends{item};
         read(item);
-        item.detach();
     }
 
 protected:
@@ -326,6 +330,10 @@ std::shared_ptr<attr_set> attr_set::take(t_vx_data_source_interface handle, std:
                                          std::wstring &error)
 {
     std::shared_ptr<attr_set> opened(new attr_set(handle));
+    if (!opened->attempt([&] { opened->read_head(); })) {
+        error = vx_res_format_w(c_capt_file_not_read, source);
+        return nullptr;
+    }
     if (!opened->has_vector() && opened->grid_count() <= 0) {
         error = vx_res_format_w(c_capt_no_vector_data, source);
         return nullptr;
@@ -342,7 +350,24 @@ attr_set::attr_set(t_vx_data_source_interface source)
     : f_source(source),
       f_vector(vx_vector_source_interface_specialize(vx_data_source_interface_generalize(source)))
 {
-    if (has_vector()) {
+}
+
+template <class Call>
+bool attr_set::attempt(Call call) const
+{
+    try {
+        call();
+        return true;
+    } catch (...) {
+        vx_datasource_failed(f_source.handle().table);
+        return false;
+    }
+}
+
+void attr_set::read_head()
+{
+    f_has_vector = f_vector && f_source.vector_count() > 0;
+    if (f_has_vector) {
         f_record_count = f_vector.feature_count(true);
         read_fields();
     }
@@ -350,30 +375,40 @@ attr_set::attr_set(t_vx_data_source_interface source)
 
 attr_set::~attr_set()
 {
-    f_source.detach();
+    vx_datasource_end(f_source);
 }
 
-bool attr_set::has_vector() const
+int attr_set::geom_type() const
 {
-    return f_vector && f_source.vector_count() > 0;
+    int type = 0;
+    attempt([&] { type = f_vector.geom_type(); });
+    return type;
+}
+
+int attr_set::grid_count() const
+{
+    int count = 0;
+    attempt([&] { count = f_source.grid_count(); });
+    return count;
 }
 
 bool attr_set::extent(Tvx_box_d2 &box) const
 {
-    if (f_source.with_extent(&box, false) && !box.is_empty())
+    bool is_known = false;
+    if (attempt([&] { is_known = f_source.with_extent(&box, false) && !box.is_empty(); }) && is_known)
         return true;
     // What would be read once more for it has been read already.
     if (f_shapes) {
         box = f_shapes->box();
         return true;
     }
-    return f_source.with_extent(&box, true);
+    return attempt([&] { is_known = f_source.with_extent(&box, true); }) && is_known;
 }
 
 std::wstring attr_set::proj4() const
 {
     text_receiver text;
-    f_source.with_proj4(text);
+    attempt([&] { f_source.with_proj4(text); });
     return text.f_text;
 }
 
@@ -390,23 +425,27 @@ void attr_set::read_fields()
 
 attr_set::walk_result attr_set::walk(vx::feature_visitor visitor) const
 {
-    vx::feature_forward_request const request(
-        vx_feature_forward_request_interface_specialize(vx_data_source_interface_generalize(f_source)));
-    if (!request.reset_reading())
-        return c_walk_complained;
     vx::flag_scope const walking(f_is_walking);
     complaint_listener complaints;
-    patience patience;
-    for (std::size_t i = 0; i < f_record_count; ++i) {
-        if (patience.is_over())
-            return c_walk_given_up;
-        bool const is_read = request.with_next_feature(visitor);
-        // It holds the complaints of its last call only.
-        f_source.with_error(complaints);
-        if (!is_read)
-            break;
-    }
-    return complaints.f_is_heard ? c_walk_complained : c_walk_done;
+    bool is_given_up = false;
+    bool const is_good = attempt([&] {
+        vx::feature_forward_request const request(
+            vx_feature_forward_request_interface_specialize(vx_data_source_interface_generalize(f_source)));
+        bool const is_ready = request.reset_reading();
+        complaints.f_is_heard = !is_ready;
+        patience patience;
+        for (std::size_t i = 0; is_ready && i < f_record_count; ++i) {
+            is_given_up = patience.is_over();
+            bool const is_read = !is_given_up && request.with_next_feature(visitor);
+            // It holds the complaints of its last call only.
+            f_source.with_error(complaints);
+            if (!is_read)
+                break;
+        }
+    });
+    if (is_given_up)
+        return c_walk_given_up;
+    return is_good && !complaints.f_is_heard ? c_walk_done : c_walk_complained;
 }
 
 template <class Cells, class Reader>
@@ -427,8 +466,14 @@ Cells attr_set::read_column(int field) const
 column const &attr_set::cells(std::size_t index)
 {
     auto &held = f_columns[index];
-    if (held)
-        return *held;
+    if (!held && !attempt([&] { read_cells(index); }))
+        held.emplace();
+    return *held;
+}
+
+void attr_set::read_cells(std::size_t index)
+{
+    auto &held = f_columns[index];
     auto const field = static_cast<int>(index);
     switch (f_fields[index].type) {
     case c_attr_string:
@@ -453,10 +498,16 @@ column const &attr_set::cells(std::size_t index)
         held.emplace();
         break;
     }
-    return *held;
 }
 
 std::vector<column> attr_set::read_records(std::size_t first, std::size_t count)
+{
+    std::vector<column> cells;
+    attempt([&] { cells = read_page(first, count); });
+    return cells;
+}
+
+std::vector<column> attr_set::read_page(std::size_t first, std::size_t count)
 {
     constexpr std::chrono::milliseconds c_slow{100};
     auto const source = vx_data_source_interface_generalize(f_source);
@@ -488,19 +539,23 @@ std::vector<column> attr_set::read_records(std::size_t first, std::size_t count)
 
 std::shared_ptr<shape_set const> attr_set::shapes()
 {
-    if (!f_shapes) {
-        shape_reader reader(f_record_count);
-        walk_result const result = walk(reader);
-        if (result == c_walk_given_up)
-            return nullptr;
-        if (result == c_walk_complained)
-            reader.f_shapes->set_damaged();
-        // A driver that gives fewer features than it counts leaves the rest without geometry.
-        while (reader.f_shapes->size() < f_record_count)
-            reader.f_shapes->append_none();
-        reader.f_shapes->finish();
-        f_shapes = reader.f_shapes;
-    }
+    if (!f_shapes)
+        attempt([&] { read_shapes(); });
     return f_shapes;
+}
+
+void attr_set::read_shapes()
+{
+    shape_reader reader(f_record_count);
+    walk_result const result = walk(reader);
+    if (result == c_walk_given_up)
+        return;
+    if (result == c_walk_complained)
+        reader.f_shapes->set_damaged();
+    // A driver that gives fewer features than it counts leaves the rest without geometry.
+    while (reader.f_shapes->size() < f_record_count)
+        reader.f_shapes->append_none();
+    reader.f_shapes->finish();
+    f_shapes = reader.f_shapes;
 }
 } // namespace vx::attr

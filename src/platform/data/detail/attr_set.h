@@ -13,6 +13,8 @@
 #include <vector>
 
 /// An open vector data set: its source, its fields, and the columns and shapes that were asked for so far.
+/// What a driver throws ends here: it is told of (`vx_datasource_failed`), and the answer is as of an empty
+/// set.
 namespace vx::attr {
 struct field
 {
@@ -32,9 +34,9 @@ public:
     attr_set &operator=(attr_set const &) = delete;
     ~attr_set();
 
-    [[nodiscard]] bool has_vector() const;
-    [[nodiscard]] int geom_type() const { return f_vector.geom_type(); }
-    [[nodiscard]] int grid_count() const { return f_source.grid_count(); }
+    [[nodiscard]] bool has_vector() const { return f_has_vector; }
+    [[nodiscard]] int geom_type() const;
+    [[nodiscard]] int grid_count() const;
     [[nodiscard]] bool extent(Tvx_box_d2 &box) const;
     [[nodiscard]] std::wstring proj4() const;
     [[nodiscard]] std::vector<field> const &fields() const { return f_fields; }
@@ -50,12 +52,19 @@ public:
     /// Whether the column of a field has been read.
     [[nodiscard]] bool has_cells(std::size_t index) const { return f_columns[index].has_value(); }
     /// The shapes, read from the source at the first call; held by whoever asks, so they outlive the set.
-    /// Null when whoever waits for data sets gave the reading up.
+    /// Null when whoever waits for data sets gave the reading up, or there is no memory for them.
     [[nodiscard]] std::shared_ptr<shape_set const> shapes();
 
 private:
     explicit attr_set(t_vx_data_source_interface source);
+    /// Runs what calls the driver; false when it threw.
+    template <class Call>
+    bool attempt(Call call) const;
+    void read_head();
     void read_fields();
+    void read_cells(std::size_t index);
+    [[nodiscard]] std::vector<column> read_page(std::size_t first, std::size_t count);
+    void read_shapes();
     enum walk_result
     {
         c_walk_done,
@@ -74,6 +83,7 @@ private:
     std::vector<std::optional<column>> f_columns;
     std::shared_ptr<shape_set const> f_shapes;
     std::size_t f_record_count = 0;
+    bool f_has_vector = false;
     mutable bool f_is_walking = false;
     bool f_finds_records_fast = true;
 };
