@@ -5,8 +5,8 @@
 
 namespace vx_test {
 namespace {
-constexpr std::array<std::wstring_view, 6> c_names = {L"GDAL",       L"CSV",    L"PNG",
-                                                      L"GeoPackage", L"SQLite", L"OK"};
+constexpr std::array<std::wstring_view, 7> c_names = {L"GDAL",   L"CSV", L"PNG", L"GeoPackage",
+                                                      L"SQLite", L"OK",  L"XML"};
 
 bool is_latin(wchar_t c)
 {
