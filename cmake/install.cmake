@@ -19,6 +19,7 @@ install(DIRECTORY ${CMAKE_SOURCE_DIR}/src/ DESTINATION ${CMAKE_INSTALL_INCLUDEDI
 install(TARGETS vxk_user_input EXPORT vxk_user_input_targets
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT user_input NAMELINK_COMPONENT user_input)
 install(FILES ${CMAKE_SOURCE_DIR}/src/user_input/user_input.h ${CMAKE_SOURCE_DIR}/src/user_input/user_hand.h
+              ${CMAKE_SOURCE_DIR}/src/user_input/random_hand.h
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vxk_lr2d_edit_form/user_input COMPONENT user_input)
 # The toolkit's headers were in one folder before they were put into rooms: a host that includes them by their former path
 # builds on.

@@ -1,5 +1,7 @@
 #include "user_input/user_hand.h"
 
+#include "user_input/hand_priv.h"
+
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QPointer>
 #include <QtCore/QThread>
@@ -46,7 +48,7 @@ void send_mouse(QWidget *widget, QEvent::Type type, QPoint at, Qt::MouseButton b
 void send_key(QWidget *widget, int key, Qt::KeyboardModifiers keys, QString const &text)
 {
     QPointer<QWidget> const guard(widget);
-    if (qt_sendShortcutOverrideEvent(widget, 0, key, keys, text, false, 1)) {
+    if (vx::user_hand::detail::run_shortcut(widget, key, keys.toInt(), text)) {
         work_off();
         return;
     }
@@ -59,6 +61,12 @@ void send_key(QWidget *widget, int key, Qt::KeyboardModifiers keys, QString cons
     work_off();
 }
 } // namespace
+
+bool vx::user_hand::detail::run_shortcut(QWidget *widget, int key, int modifiers, QString const &text)
+{
+    return qt_sendShortcutOverrideEvent(widget, 0, key, Qt::KeyboardModifiers::fromInt(modifiers), text,
+                                        false, 1);
+}
 
 namespace vx::user_hand {
 void move(QWidget *widget, QPoint at)
