@@ -312,6 +312,18 @@ TEST(handlers_free, events_of_trees_and_list_views)
         press(VK_RIGHT);
         press(VK_LEFT);
     });
+    free_in<TTreeView>("edited", EVENT(OnEdited), [&](TTreeView *c) {
+        c->SetReadOnly(false);
+        to_first(c);
+        press(VK_F2);
+        type(L"ab\n");
+    });
+    free_in<TTreeView>("deletion", EVENT(OnDeletion), [](TTreeView *c) { c->GetItems()->Clear(); });
+    free_in<TListView>("checked", EVENT(OnItemChecked), [](TListView *c) {
+        c->SetFocus();
+        press(VK_HOME);
+        press(VK_SPACE);
+    });
     free_in<TListView>("selected", EVENT(OnSelectItem), [](TListView *c) {
         c->SetFocus();
         press(VK_DOWN);

@@ -11,6 +11,7 @@
 #include <QtCore/QVariant>
 #include <QtGui/QIcon>
 #include <QtGui/QPixmap>
+#include <QtWidgets/QAbstractItemDelegate>
 #include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QTreeWidget>
@@ -18,6 +19,7 @@
 #include <QtWidgets/QTreeWidgetItemIterator>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 constexpr int c_node_role = Qt::UserRole;
@@ -43,14 +45,18 @@ TTreeNode::TTreeNode(TCustomTreeView *view, TTreeNode *parent, void *native)
 {
 }
 
-TTreeNode::~TTreeNode()
+TTreeNode::~TTreeNode() = default;
+
+void TTreeNode::end(std::unique_ptr<TTreeNode> node, std::weak_ptr<void const> const &life)
 {
-    if (!f_view->IsDestroying())
-        f_view->OnDeletion(f_view, this);
-    f_nodes.clear();
+    TCustomTreeView *const view = node->f_view;
+    if (!life.expired() && !view->IsDestroying())
+        view->OnDeletion(view, node.get());
+    for (auto &child : std::exchange(node->f_nodes, {}))
+        end(std::move(child), life);
     // At the end of the tree the items go with its widget, which may still be at work in the event.
-    if (tree_of(f_view) && !f_view->f_ending)
-        delete native_of(f_native);
+    if (!life.expired() && !view->f_ending)
+        delete native_of(node->f_native);
 }
 
 void TTreeNode::Delete()
@@ -59,13 +65,15 @@ void TTreeNode::Delete()
     auto const at =
         std::find_if(level.begin(), level.end(), [this](auto const &n) { return n.get() == this; });
     // Out of the list first: a handler that looks at the tree does not meet a node that ends.
-    auto const ending = std::move(*at);
+    auto ending = std::move(*at);
     level.erase(at);
+    end(std::move(ending), f_view->Life());
 }
 
 void TTreeNode::DeleteChildren()
 {
-    while (!f_nodes.empty())
+    auto const life = f_view->Life();
+    while (!life.expired() && !f_nodes.empty())
         f_nodes.back()->Delete();
 }
 
@@ -190,7 +198,8 @@ TTreeNode *TTreeNodes::Add(TTreeNode *sibling, UnicodeString const &text)
 
 void TTreeNodes::Clear()
 {
-    while (GetRootCount() > 0)
+    auto const life = f_view->Life();
+    while (!life.expired() && GetRootCount() > 0)
         GetRoot(GetRootCount() - 1)->Delete();
 }
 
@@ -258,7 +267,11 @@ TCustomTreeView::~TCustomTreeView()
     if (f_images)
         f_images->UnRegisterChanges(make_closure<&TCustomTreeView::images_changed>(this));
     f_ending = true;
-    f_roots.clear();
+    // A text that is being edited goes with the tree: nobody commits it once more.
+    if (QTreeWidget const *const tree = tree_of(this))
+        tree->itemDelegate()->blockSignals(true);
+    for (auto &node : std::exchange(f_roots, {}))
+        TTreeNode::end(std::move(node), Life());
 }
 
 std::vector<std::unique_ptr<TTreeNode>> &TCustomTreeView::level(TTreeNode *parent)

@@ -43,6 +43,8 @@ private:
 
     TTreeNode(TCustomTreeView *view, TTreeNode *parent, void *native);
     void apply_image();
+    /// Tells of the end of the node and of those below it, whose handler may free the tree.
+    static void end(std::unique_ptr<TTreeNode> node, std::weak_ptr<void const> const &life);
 
     TCustomTreeView *f_view;
     TTreeNode *f_parent;
