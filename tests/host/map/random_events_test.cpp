@@ -17,14 +17,14 @@ constexpr int c_events = 5000; ///< for each seed
 constexpr bool c_counts_memory = true;
 #endif
 
-/// Draws a layer in steps of a millisecond: a few, and each eighth time so many that the user is off again.
+/// Draws a layer in steps of a millisecond: one, and each 128th time so many that the user is off again.
 struct slow_drawer
 {
     int drawings = 0;
 
     Tvx_drawing_result draw(Ivx_layer *, Tvx_canvas_view const &, QImage &image, closure<bool()> cancelled)
     {
-        int const steps = drawings++ % 8 == 0 ? 300 : 3;
+        int const steps = drawings++ % 128 == 0 ? 300 : 1;
         for (int i = 0; i < steps; ++i) {
             QThread::msleep(1);
             QPainter(&image).fillRect(i, 0, 1, image.height(), Qt::darkGreen);
