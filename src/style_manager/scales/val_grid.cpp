@@ -15,6 +15,7 @@
 #include "platform/styles/vx_stl_mngr.h"
 #include "platform/styles/vx_val_scale.h"
 #include "platform/toolkit/core/application.h"
+#include "platform/toolkit/core/pixel_ratio.h"
 #include "platform/toolkit/core/screen.h"
 #include "platform/toolkit/graphics/bitmap.h"
 #include "platform/toolkit/graphics/canvas.h"
@@ -574,8 +575,9 @@ void Tvx_val_grid::draw_style(int entry, TRect const &rect, bool sel)
     auto *const canvas = GetCanvas();
     auto *const prm = vx_val_scale_get_scale_prm_ptr(f_scale, static_cast<unsigned>(entry));
     auto *const sample = f_samples->get(this, on_draw_style, vx_scale_prm_get_stl_prm_ptr(prm), sel,
-                                        {rect.Width(), rect.Height()}, canvas->GetBrush()->GetColor());
-    canvas->Draw(rect.Left, rect.Top, sample);
+                                        {rect.Width(), rect.Height()}, vx_canvas_pixel_scale(canvas),
+                                        canvas->GetBrush()->GetColor());
+    canvas->StretchDraw(rect, sample);
 }
 
 void Tvx_val_grid::draw_gradient_start(TRect const &rect)

@@ -312,7 +312,10 @@ TEST(edit_form, opens_in_its_pages_and_within_the_screen)
     auto *own = form->get_form();
     ASSERT_NE(own->GetActiveControl(), nullptr);
     EXPECT_TRUE(form->get_lr2d_edit()->ContainsControl(own->GetActiveControl()));
-    EXPECT_LT(own->GetHeight(), Screen->GetWorkAreaRect().Height());
+    TRect const area = Screen->GetWorkAreaRect();
+    EXPECT_LT(own->GetHeight(), area.Height());
+    EXPECT_LE(own->GetWidth(), area.Width());
+    EXPECT_GT(own->GetTop(), area.Top) << "the title bar has room";
 }
 
 TEST(edit_form, calls_ahead_of_their_time_are_quiet)

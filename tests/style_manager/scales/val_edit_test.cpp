@@ -9,8 +9,10 @@
 #include "platform/styles/vxk_styles.h"
 #include "platform/toolkit/core/form.h"
 #include "platform/toolkit/core/key_codes.h"
+#include "platform/toolkit/core/pixel_ratio.h"
 #include "platform/toolkit/core/strings.h"
 #include "platform/toolkit/graphics/bitmap.h"
+#include "platform/toolkit/graphics/canvas.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -87,7 +89,17 @@ protected:
     // ---- the owner
     void on_event(TObject *) { ++events; }
     int taken() { return std::exchange(events, 0); }
-    void draw(TObject *, TBitmap *, void *, bool) { ++draws; }
+    /// Stripes of a pixel of its own each.
+    void draw(TObject *, TBitmap *bitmap, void *, bool)
+    {
+        ++draws;
+        vx_bitmap_set_pixel_scale(*bitmap, 1);
+        for (int x = 0; x < bitmap->GetWidth(); ++x) {
+            bitmap->GetCanvas()->GetBrush()->SetColor(x % 2 ? clWhite : clBlack);
+            bitmap->GetCanvas()->FillRect(Rect(x, 0, x + 1, bitmap->GetHeight()));
+        }
+        vx_bitmap_set_pixel_scale(*bitmap, vx_screen_pixel_scale());
+    }
     bool edit_style(TObject *, int, int, void *stl_prm, bool sel)
     {
         ++style_dialogs;
@@ -434,6 +446,23 @@ TEST_F(val_edit, keeps_a_file_for_each_property_and_spares_a_loaded_scale)
     EXPECT_EQ(all(true), L"kept|b|");
     EXPECT_EQ(taken(), 0);
     EXPECT_FALSE(vx_stl_mngr_get_just_loaded(mngr.get()));
+}
+
+TEST_F(val_edit, draws_samples_in_the_pixels_of_the_screen)
+{
+    fill({L"a", L"b"});
+    input::wait_idle();
+    auto *const grid = edit->get_grid();
+    ASSERT_TRUE(input::save_shot(grid, (dir.path() / "grid.png").wstring()));
+    TBitmap shot;
+    ASSERT_TRUE(shot.LoadFromFile((dir.path() / "grid.png").wstring()));
+    int const scale = vx_screen_pixel_scale();
+    ASSERT_EQ(shot.GetWidth(), grid->GetWidth() * scale);
+    TPoint const middle = input::cell_point(grid, 4, 1);
+    for (int x = middle.X * scale; x < middle.X * scale + 8; ++x)
+        EXPECT_NE(shot.GetCanvas()->GetPixel(x, middle.Y * scale),
+                  shot.GetCanvas()->GetPixel(x + 1, middle.Y * scale))
+            << x << ": a stripe has lost its edge at " << scale << " pixels";
 }
 
 TEST_F(val_edit, draws_samples_once_and_never_an_old_one)

@@ -20,10 +20,10 @@ public:
     Tvx_style_samples(Tvx_style_samples const &) = delete;
     Tvx_style_samples &operator=(Tvx_style_samples const &) = delete;
 
-    /// The example in that size on a ground of `back`, painted by the event only where it is not at hand.
-    /// Lives until the next call.
+    /// The example in that size of logical pixels, with `scale` by `scale` of its own in each, on a ground of
+    /// `back`, painted by the event only where it is not at hand. Lives until the next call.
     [[nodiscard]] TBitmap *get(TObject *sender, Tvx_draw_style_event const &draw, void *stl_prm, bool sel,
-                               TSize size, TColor back);
+                               TSize size, int scale, TColor back);
     void clear();
 
 private:

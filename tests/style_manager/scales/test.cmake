@@ -1,0 +1,1 @@
+vx_test_at_200_percent(${folder} val_edit.draws_samples*)
