@@ -18,9 +18,10 @@ val_scale const *scale_of(void const *scale)
     return static_cast<val_scale const *>(scale);
 }
 
-val_entry *entry_of(void *scale, unsigned index)
+/// To write to.
+val_entry *edited(void *scale, unsigned index)
 {
-    return scale ? scale_of(scale)->at(index) : nullptr;
+    return scale ? scale_of(scale)->edit(index) : nullptr;
 }
 val_entry const *entry_of(void const *scale, unsigned index)
 {
@@ -36,7 +37,7 @@ void run(gradient kind, void *scale, unsigned first, unsigned last, bool sel)
 {
     if (auto *s = scale_of(scale))
         run_gradient(kind, first, last, s->size(), variant_of(sel),
-                     [s](unsigned i) -> stl_prm & { return s->at(i)->prm.prm; });
+                     [s](unsigned i) -> stl_prm & { return s->edit(i)->prm.prm; });
 }
 } // namespace
 
@@ -138,7 +139,7 @@ void vx_val_scale_get_caption_w(void const *scale, unsigned index, Ivx_string_ad
 
 void vx_val_scale_set_caption_w(void *scale, unsigned index, wchar_t const *text)
 {
-    set_text(entry_of(scale, index), &val_entry::caption, text);
+    set_text(edited(scale, index), &val_entry::caption, text);
 }
 
 void vx_val_scale_set_caption(void *scale, unsigned index, char const *text)
@@ -179,7 +180,7 @@ unsigned vx_val_scale_get_marked_count(void const *scale)
 
 void *vx_val_scale_get_scale_prm_ptr(void *scale, unsigned index)
 {
-    return part(entry_of(scale, index), &val_entry::prm);
+    return scale ? part(scale_of(scale)->expose(index), &val_entry::prm) : nullptr;
 }
 
 void *vx_val_scale_get_other_prm_ptr(void *scale)
@@ -189,7 +190,7 @@ void *vx_val_scale_get_other_prm_ptr(void *scale)
 
 void vx_val_scale_set_stl_prm(void *scale, unsigned index, void const *prm, bool sel)
 {
-    auto *entry = entry_of(scale, index);
+    auto *entry = edited(scale, index);
     if (entry && prm)
         entry->prm.prm.assign_variant(*static_cast<stl_prm const *>(prm), variant_of(sel));
 }

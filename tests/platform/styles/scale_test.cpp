@@ -76,6 +76,49 @@ TEST(val_scale, entries_come_go_and_move_and_the_active_one_follows)
     EXPECT_EQ(joined(s), L"a");
 }
 
+TEST(val_scale, what_is_done_to_one_copy_is_not_seen_in_another)
+{
+    auto const mngr = make_mngr("pnt_style");
+    void *const a = vx_stl_mngr_get_val_scale_ptr(mngr.get());
+    fill(a, L"abcd");
+    auto const red = [](void *scale, unsigned i) {
+        void *const prm = vx_scale_prm_get_stl_prm_ptr(vx_val_scale_get_scale_prm_ptr(scale, i));
+        return vx_stl_prm_get_color(prm, false).r;
+    };
+    auto const paint = [](void *prm, unsigned char value) {
+        vx_stl_prm_set_color(vx_scale_prm_get_stl_prm_ptr(prm), false, vx_clr_init_rgb(value, 0, 0));
+    };
+    void *const kept = vx_val_scale_get_scale_prm_ptr(a, 0);
+    paint(kept, 10);
+    owned_mngr const second(vx_stl_mngr_clone(mngr.get()));
+    void *const b = vx_stl_mngr_get_val_scale_ptr(second.get());
+    EXPECT_TRUE(vx_val_scale_equal(a, b));
+    // A pointer that was given away before the copy was made writes to its own scale alone.
+    paint(kept, 20);
+    EXPECT_EQ(red(a, 0), 20);
+    EXPECT_EQ(red(b, 0), 10);
+    vx_val_scale_set_text_w(a, 1, L"x");
+    vx_val_scale_set_caption_w(b, 1, L"y");
+    vx_val_scale_set_marked(b, 2, true);
+    paint(vx_val_scale_get_scale_prm_ptr(b, 3), 30);
+    EXPECT_EQ(joined(a), L"axcd");
+    EXPECT_EQ(joined(b), L"abcd");
+    EXPECT_FALSE(vx_val_scale_get_marked(a, 2));
+    EXPECT_NE(red(a, 3), 30);
+    EXPECT_EQ(vx_val_scale_get_scale_prm_ptr(a, 0), kept);
+    // Over a copy of a copy, and after the first has ended.
+    owned_mngr third(vx_stl_mngr_clone(second.get()));
+    void *const c = vx_stl_mngr_get_val_scale_ptr(third.get());
+    vx_val_scale_clr_gradient(c, 0, 3, false);
+    EXPECT_GT(red(c, 2), 10);
+    EXPECT_EQ(red(b, 2), red(a, 2));
+    vx_stl_mngr_assign(third.get(), mngr.get());
+    EXPECT_EQ(joined(vx_stl_mngr_get_val_scale_ptr(third.get())), L"axcd");
+    third.reset();
+    EXPECT_EQ(vx_val_scale_get_scale_prm_ptr(a, 0), kept);
+    EXPECT_EQ(red(a, 0), 20);
+}
+
 TEST(val_scale, marks_are_counted_whatever_is_done)
 {
     auto const mngr = make_mngr("pnt_style");

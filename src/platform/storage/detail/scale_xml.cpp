@@ -146,7 +146,7 @@ xml_fault::kind_type read_scale(xml_in &root, val_scale &scale, char const *kind
     for (; root.good() && entries.at("entry"); ++count) {
         fresh.resize(count + 1);
         auto row = entries.child("entry");
-        val_entry &entry = *fresh.at(count);
+        val_entry &entry = *fresh.edit(count);
         row.field("text", entry.text);
         row.field("caption", entry.caption);
         read_row(row, table, entry.prm);

@@ -110,14 +110,43 @@ void blend_row(gradient kind, any_style &target, any_style const &first, any_sty
 
 // ---- value scale
 namespace {
-bool is_marked(std::unique_ptr<val_entry> const &entry)
+bool is_marked(std::shared_ptr<val_entry> const &entry)
 {
     return entry->marked;
 }
 } // namespace
 
+val_scale::entry_list val_scale::share(entry_list const &entries)
+{
+    entry_list copy(entries);
+    for (auto &entry : copy)
+        if (entry->exposed) {
+            entry = std::make_shared<val_entry>(*entry);
+            entry->exposed = false;
+        }
+    return copy;
+}
+
+val_entry *val_scale::edit(unsigned index)
+{
+    if (index >= size())
+        return nullptr;
+    auto &entry = f_entries[index];
+    if (entry.use_count() > 1)
+        entry = std::make_shared<val_entry>(*entry);
+    return entry.get();
+}
+
+val_entry *val_scale::expose(unsigned index)
+{
+    val_entry *const entry = edit(index);
+    if (entry)
+        entry->exposed = true;
+    return entry;
+}
+
 val_scale::val_scale(val_scale const &source)
-    : other(source.other), opacity(source.opacity), f_entries(clone_all(source.f_entries)),
+    : other(source.other), opacity(source.opacity), f_entries(share(source.f_entries)),
       f_active(source.f_active), f_marked(source.f_marked), f_kind(source.f_kind)
 {
 }
@@ -129,7 +158,7 @@ val_scale &val_scale::operator=(val_scale const &source)
     other = source.other;
     opacity = source.opacity;
     f_kind = source.f_kind;
-    set_entry_list(clone_all(source.f_entries), source.f_active);
+    set_entry_list(share(source.f_entries), source.f_active);
     return *this;
 }
 
@@ -143,7 +172,7 @@ val_scale &val_scale::operator=(val_scale &&source)
     return *this;
 }
 
-void val_scale::set_entry_list(std::vector<std::unique_ptr<val_entry>> entries, int active)
+void val_scale::set_entry_list(entry_list entries, int active)
 {
     f_entries = std::move(entries);
     f_marked = static_cast<unsigned>(std::ranges::count_if(f_entries, is_marked));
@@ -160,7 +189,7 @@ void val_scale::resize(unsigned size)
             static_cast<unsigned>(std::count_if(f_entries.begin() + size, f_entries.end(), is_marked));
     f_entries.resize(size);
     for (unsigned i = old; i < size; ++i)
-        f_entries[i] = std::make_unique<val_entry>(f_kind);
+        f_entries[i] = std::make_shared<val_entry>(f_kind);
     set_active(f_active);
 }
 
@@ -168,7 +197,7 @@ unsigned val_scale::insert(unsigned index)
 {
     index = std::min(index, size());
     f_index.clear();
-    f_entries.insert(f_entries.begin() + index, std::make_unique<val_entry>(f_kind));
+    f_entries.insert(f_entries.begin() + index, std::make_shared<val_entry>(f_kind));
     if (f_active >= static_cast<int>(index))
         ++f_active;
     return index;
@@ -233,14 +262,14 @@ void val_scale::set_text(unsigned index, std::wstring_view text)
     if (index >= size())
         return;
     f_index.clear();
-    f_entries[index]->text = text;
+    edit(index)->text = text;
 }
 
 void val_scale::set_marked(unsigned index, bool marked)
 {
     if (index >= size() || f_entries[index]->marked == marked)
         return;
-    f_entries[index]->marked = marked;
+    edit(index)->marked = marked;
     if (marked)
         ++f_marked;
     else
@@ -319,7 +348,7 @@ bool operator==(val_scale const &a, val_scale const &b)
 {
     return a.f_kind == b.f_kind && a.other == b.other && a.opacity == b.opacity &&
            std::ranges::equal(a.f_entries, b.f_entries, [](auto const &x, auto const &y) {
-               return x->text == y->text && x->caption == y->caption && x->prm == y->prm;
+               return x == y || (x->text == y->text && x->caption == y->caption && x->prm == y->prm);
            });
 }
 

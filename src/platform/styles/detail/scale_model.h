@@ -45,7 +45,8 @@ struct val_entry
     std::wstring text;
     std::wstring caption;
     scale_prm prm;
-    bool marked = false; ///< set by the scale, which counts
+    bool marked = false;  ///< set by the scale, which counts
+    bool exposed = false; ///< a pointer into it has been given away: never shared again
 };
 
 struct other_entry
@@ -56,7 +57,9 @@ struct other_entry
     bool operator==(other_entry const &) const = default;
 };
 
-/// A value scale; a rule scale as well. Entries keep their address for their life.
+/// A value scale; a rule scale as well. Copies of a scale share their entries until one of them writes to an
+/// entry, or gives a pointer into it away: such an entry keeps its address for its life, and each later copy
+/// of the scale has one of its own.
 class val_scale
 {
 public:
@@ -72,11 +75,14 @@ public:
 
     [[nodiscard]] style_kind kind() const { return f_kind; }
     [[nodiscard]] unsigned size() const { return static_cast<unsigned>(f_entries.size()); }
-    [[nodiscard]] val_entry *at(unsigned index) { return index < size() ? f_entries[index].get() : nullptr; }
     [[nodiscard]] val_entry const *at(unsigned index) const
     {
         return index < size() ? f_entries[index].get() : nullptr;
     }
+    /// To write to, at once: the pointer is not kept beyond the next call.
+    [[nodiscard]] val_entry *edit(unsigned index);
+    /// To give a pointer into the entry away.
+    [[nodiscard]] val_entry *expose(unsigned index);
     void resize(unsigned size);
     /// `index` is cut to the size.
     unsigned insert(unsigned index);
@@ -99,7 +105,10 @@ public:
     friend bool operator==(val_scale const &a, val_scale const &b);
 
 private:
-    std::vector<std::unique_ptr<val_entry>> f_entries;
+    using entry_list = std::vector<std::shared_ptr<val_entry>>;
+    [[nodiscard]] static entry_list share(entry_list const &entries);
+
+    entry_list f_entries;
     int f_active = -1;
     unsigned f_marked = 0; ///< how many entries are marked
     static constexpr std::size_t c_short = 16;
@@ -121,7 +130,7 @@ private:
 
     void build_index() const;
     [[nodiscard]] slot &slot_of(std::string_view text, std::uint32_t hash) const;
-    void set_entry_list(std::vector<std::unique_ptr<val_entry>> entries, int active);
+    void set_entry_list(entry_list entries, int active);
 };
 
 struct rng_entry
