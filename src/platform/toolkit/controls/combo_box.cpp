@@ -38,6 +38,7 @@ public:
     TCustomComboBox *owner = nullptr;
     bool opening = false;
 
+    [[nodiscard]] QListView *list();
     /// The list opens below the box, as long as `DropDownCount` says. A style that would rather lay it over
     /// the box measures every text for that, which takes long for thousands of them.
     void initStyleOption(QStyleOptionComboBox *option) const override
@@ -143,7 +144,7 @@ protected:
         // The widget chooses the first item that comes.
         if (none)
             combo->setCurrentIndex(-1);
-        if (combo->isEditable())
+        if (f_owner->has_edit())
             combo->setEditText(typed);
     }
     void remove_row(int index) override
@@ -153,7 +154,7 @@ protected:
         if (combo->currentIndex() == index)
             combo->setCurrentIndex(-1);
         combo->removeItem(index);
-        if (combo->isEditable())
+        if (f_owner->has_edit())
             combo->setEditText(typed);
     }
     void remove_all_rows() override { f_owner->native()->clear(); }
@@ -174,20 +175,51 @@ TCustomComboBox::TCustomComboBox(TComponent *owner)
     native()->owner = this;
     native()->setInsertPolicy(QComboBox::NoInsert);
     native()->setMaxVisibleItems(8);
-    native()->view()->setTextElideMode(Qt::ElideRight);
-    auto *drawer = new delegate(this);
-    drawer->setParent(native());
-    native()->setItemDelegate(drawer);
     vx_connect(this, native(), &QComboBox::activated, [this](int index) { user_chose(index); });
-    SetStyle(csDropDown);
 }
 
 TCustomComboBox::~TCustomComboBox()
 {
     if (box *widget = native()) {
         widget->owner = nullptr;
-        static_cast<delegate *>(widget->itemDelegate())->forget();
+        if (f_delegate)
+            f_delegate->forget();
     }
+}
+
+void TCustomComboBox::CreateWnd()
+{
+    TWinControl::CreateWnd();
+    make_edit();
+}
+
+/// The edit of a new box is made when it is first needed: most boxes become lists without one, and an edit
+/// and its completer cost as much as ten other controls.
+void TCustomComboBox::make_edit() const
+{
+    box *const widget = native();
+    if ((f_style != csDropDown && f_style != csSimple) || widget->isEditable())
+        return;
+    int const index = widget->currentIndex();
+    widget->setEditable(true);
+    widget->setCurrentIndex(index);
+    auto *const self = const_cast<TCustomComboBox *>(this);
+    vx_connect(self, widget->lineEdit(), &QLineEdit::textEdited,
+               [self](QString const &) { self->user_typed(); });
+}
+
+/// The list, which is made when it first drops down.
+QListView *TCustomComboBox::box::list()
+{
+    auto *const made = static_cast<QListView *>(view());
+    if (!owner->f_delegate) {
+        owner->f_delegate = new delegate(owner);
+        owner->f_delegate->setParent(this);
+        setItemDelegate(owner->f_delegate);
+        made->setTextElideMode(Qt::ElideRight);
+    }
+    made->setUniformItemSizes(owner->f_style != csOwnerDrawVariable);
+    return made;
 }
 
 TCustomComboBox::box *TCustomComboBox::native() const
@@ -207,6 +239,7 @@ bool TCustomComboBox::owner_drawn() const
 
 bool TCustomComboBox::has_edit() const
 {
+    make_edit();
     return native()->isEditable();
 }
 
@@ -256,7 +289,7 @@ void TCustomComboBox::DropDown()
     OnDropDown(this);
     if (life.expired())
         return;
-    native()->view()->setMinimumWidth(f_drop_down_width > 0 ? f_drop_down_width : text_width());
+    native()->list()->setMinimumWidth(f_drop_down_width > 0 ? f_drop_down_width : text_width());
 }
 
 /// Room for the text of the most characters: that is the longest one, or nearly so, and the only one to
@@ -277,7 +310,7 @@ int TCustomComboBox::text_width() const
     }
     if (!longest.isValid())
         return 0;
-    int const room = native()->view()->sizeHintForIndex(longest).width() +
+    int const room = native()->list()->sizeHintForIndex(longest).width() +
                      native()->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, native());
     return std::min(room, native()->screen()->availableGeometry().width() / 2);
 }
@@ -356,20 +389,16 @@ void TCustomComboBox::SetText(UnicodeString const &text)
 void TCustomComboBox::SetStyle(TComboBoxStyle style)
 {
     f_style = style;
-    bool const edit = style == csDropDown || style == csSimple;
     box *widget = native();
-    if (edit != widget->isEditable()) {
+    if (style != csDropDown && style != csSimple && widget->isEditable()) {
         int const index = widget->currentIndex();
         // The edit hands its focus on to the box; at its end, which comes later, it would take it from there.
-        if (!edit)
-            widget->lineEdit()->setFocusProxy(nullptr);
-        widget->setEditable(edit);
+        widget->lineEdit()->setFocusProxy(nullptr);
+        widget->setEditable(false);
         widget->setCurrentIndex(index);
-        if (edit)
-            vx_connect(this, widget->lineEdit(), &QLineEdit::textEdited,
-                       [this](QString const &) { user_typed(); });
     }
-    static_cast<QListView *>(widget->view())->setUniformItemSizes(style != csOwnerDrawVariable);
+    if (HandleAllocated())
+        make_edit();
     remember();
     Invalidate();
 }

@@ -91,6 +91,7 @@ protected:
     virtual void DrawItem(int index, TRect const &rect, TOwnerDrawState const &state);
     virtual void MeasureItem(int index, int &height);
     [[nodiscard]] bool WantsKey(Word key, TShiftState shift) const override;
+    void CreateWnd() override;
 
 private:
     class strings;
@@ -99,6 +100,7 @@ private:
     friend class delegate;
 
     [[nodiscard]] box *native() const;
+    void make_edit() const;
     void user_chose(int index);
     void user_typed();
     void remember();
@@ -109,6 +111,7 @@ private:
 
     std::unique_ptr<vx_item_strings> f_items;
     std::unique_ptr<TCanvas> f_canvas;
+    delegate *f_delegate = nullptr; ///< of the list; null until there is one
     TComboBoxStyle f_style = csDropDown;
     int f_item_height = 16;
     int f_drop_down_width = 0;
