@@ -238,6 +238,8 @@ bool put_text(OGRFeature &record, int field, std::string const &utf8, cell_rules
     case OFTString:
         if (rules.is_dbf && !fits_dbf_text(defn, utf8, rules))
             return false;
+        if (rules.bounds_texts && defn.GetWidth() > 0 && CPLStrlenUTF8(utf8.c_str()) > defn.GetWidth())
+            return false;
         break;
     default:
         break;

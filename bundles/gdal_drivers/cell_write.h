@@ -12,8 +12,9 @@ struct cell_rules
 {
     bool keeps_nan = false;
     bool keeps_infinity = false;
-    bool is_dbf = false;  ///< numbers and texts have a width in bytes
-    std::string encoding; ///< of texts in the file; empty: every character is kept
+    bool is_dbf = false;       ///< numbers and texts have a width in bytes
+    bool bounds_texts = false; ///< the width of a text field is the most characters it takes
+    std::string encoding;      ///< of texts in the file; empty: every character is kept
 };
 
 [[nodiscard]] bool put_text(OGRFeature &record, int field, std::string const &utf8, cell_rules const &rules);

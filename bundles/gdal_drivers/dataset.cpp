@@ -511,6 +511,18 @@ GDALDatasetUniquePtr dataset::open_again() const
     return is_same ? std::move(again) : GDALDatasetUniquePtr();
 }
 
+bool dataset::reconnect()
+{
+    char const *const only[] = {driver_name(), nullptr};
+    unsigned const flags = GDAL_OF_VECTOR | (f_read_only ? GDAL_OF_READONLY : GDAL_OF_UPDATE);
+    GDALDatasetUniquePtr again(GDALDataset::Open(text::wide_to_utf8(f_connection.source).c_str(), flags, only,
+                                                 options_of(f_connection).List()));
+    if (!again)
+        return false;
+    f_gdal = std::move(again);
+    return true;
+}
+
 int dataset::driver_id() const
 {
     return driver_id_of(driver_name());

@@ -44,6 +44,10 @@ public:
     /// one that was opened for reading, of a format that may be read by several threads.
     [[nodiscard]] GDALDatasetUniquePtr open_again() const;
 
+    /// Opens a database server anew, over another connection; what is held of the former one ends. False,
+    /// with all as it was, when that fails.
+    [[nodiscard]] bool reconnect();
+
     /// True between `create` of a set for a grid and `make_grid`.
     [[nodiscard]] bool awaits_grid() const { return f_grid_driver != nullptr; }
     /// Makes the file of an awaited grid, all cells 0; `type` is a `cell_type`. `name` brings options of the

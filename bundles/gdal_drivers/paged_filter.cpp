@@ -67,12 +67,15 @@ paged_filter::paged_filter(std::wstring const &text)
     expression = rest;
 }
 
-bool selects_all_identifiers(std::wstring const &expression)
+bool selects_all_identifiers(std::wstring const &expression, std::wstring_view name)
 {
-    std::wstring bare;
-    for (wchar_t c : expression)
-        if (!is_blank(c))
-            bare += c;
-    return same_word(bare, L"FID>=0");
+    auto const bare = [](std::wstring_view text) {
+        std::wstring result;
+        for (wchar_t const c : text)
+            if (!is_blank(c))
+                result += c >= L'a' && c <= L'z' ? c - (L'a' - L'A') : c;
+        return result;
+    };
+    return bare(expression) == bare(name) + L">=0";
 }
 } // namespace vx::gdal

@@ -13,6 +13,6 @@ struct paged_filter
     explicit paged_filter(std::wstring const &text);
 };
 
-/// True for `FID >= 0`, in any case and with any blanks.
-[[nodiscard]] bool selects_all_identifiers(std::wstring const &expression);
+/// True for `FID >= 0` with the name of the identifier, in any case and with any blanks.
+[[nodiscard]] bool selects_all_identifiers(std::wstring const &expression, std::wstring_view name = L"FID");
 } // namespace vx::gdal

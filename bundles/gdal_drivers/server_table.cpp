@@ -132,6 +132,13 @@ std::string server_table::rows_with(OGRFieldDefn const &field) const
 
 // A statement in brackets is sent once, as it is; for any other question with rows GDAL opens two cursors.
 
+std::optional<long long> server_table::count() const
+{
+    auto const row =
+        ask_row("(SELECT COUNT(*) FROM " + f_name + (f_condition.empty() ? "" : where("TRUE")) + ")");
+    return row ? std::optional(static_cast<long long>(row->GetFieldAsInteger64(0))) : std::nullopt;
+}
+
 std::optional<field_stat> server_table::statistics(OGRFieldDefn const &field) const
 {
     auto const row = ask_row("(SELECT COUNT(x), MIN(x), MAX(x), SUM(x), AVG(x), VAR_SAMP(x) FROM (SELECT " +

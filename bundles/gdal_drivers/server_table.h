@@ -31,6 +31,7 @@ public:
     /// With its schema, as it stands in statements.
     [[nodiscard]] std::string const &name() const { return f_name; }
 
+    [[nodiscard]] std::optional<long long> count() const;
     /// Of a number field.
     [[nodiscard]] std::optional<field_stat> statistics(OGRFieldDefn const &field) const;
     [[nodiscard]] std::optional<long long> count_values(OGRFieldDefn const &field) const;

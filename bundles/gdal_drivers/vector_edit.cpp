@@ -130,10 +130,24 @@ bool vector_set::store(OGRLayer &table, OGRFeature &record, bool is_new)
         return false;
     }
     content_changed();
+    server_savepoint point(f_set->gdal(), f_server && f_in_transaction);
+    if (!point.is_good() || !store_in(table, record, is_new, guard))
+        return false;
+    point.keep();
+    return true;
+}
+
+bool vector_set::store_in(OGRLayer &table, OGRFeature &record, bool is_new, error_guard &guard)
+{
     if (!is_new)
         return table.SetFeature(&record) == OGRERR_NONE;
     GIntBig const wanted = record.GetFID();
-    if (wanted != OGRNullFID && OGRFeatureUniquePtr(table.GetFeature(wanted))) {
+    bool is_taken = false;
+    if (wanted != OGRNullFID) {
+        quiet_errors const quiet; // it is no error that there is none
+        is_taken = OGRFeatureUniquePtr(table.GetFeature(wanted)) != nullptr;
+    }
+    if (is_taken) {
         guard.add(c_drv_fid_taken);
         return false;
     }
@@ -265,6 +279,9 @@ bool vector_set::create_vector(wchar_t const *name, int geom_type, long long,
     // Closing the gaps of deleted records would change the identifiers under whoever knows them.
     if (f_set->is_driver("ESRI Shapefile") && !options.FetchNameValue("AUTO_REPACK"))
         options.SetNameValue("AUTO_REPACK", "NO");
+    // Names stay as they are given.
+    if (f_set->is_driver("PostgreSQL") && !options.FetchNameValue("LAUNDER"))
+        options.SetNameValue("LAUNDER", "NO");
     OGRSpatialReference *const system =
         make_system(asked([&](vx::string_visitor v) { definition.with_proj4(v); }));
     OGRLayer *const layer =
@@ -414,8 +431,13 @@ bool vector_set::transaction_commit()
     if (!store_all(guard))
         return false;
     if (f_in_transaction) {
+        // A server takes everything back, and calls that a success, when a statement has failed before.
+        if (!server_savepoint(f_set->gdal(), f_server.has_value()).is_good())
+            return false;
         f_in_transaction = false;
-        if (f_set->gdal().CommitTransaction() != OGRERR_NONE) {
+        bool const is_committed = f_set->gdal().CommitTransaction() == OGRERR_NONE;
+        renew_connection();
+        if (!is_committed) {
             content_changed();
             return false;
         }
@@ -449,6 +471,7 @@ bool vector_set::transaction_rollback()
     }
     if (was_open)
         reset_reading();
+    renew_connection();
     return is_good;
 }
 
@@ -502,8 +525,10 @@ bool vector_set::delete_feature(long long fid)
         (void)next_row(*f_layer); // counts the rows before one is missing
         --f_rows[f_layer].last;
     }
-    if (f_layer->DeleteFeature(fid) != OGRERR_NONE)
+    server_savepoint point(f_set->gdal(), f_server && f_in_transaction);
+    if (!point.is_good() || f_layer->DeleteFeature(fid) != OGRERR_NONE)
         return false;
+    point.keep();
     // Saving closes the gaps that deleted rows leave.
     if (f_set->is_driver("CSV"))
         f_rows[f_layer].deleted.push_back(fid);

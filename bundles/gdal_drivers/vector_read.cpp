@@ -194,17 +194,20 @@ bool vector_set::set_attribute_filter(wchar_t const *text)
     paged_filter const wanted(text ? text : L"");
     // Formats that only have numbers of records for identifiers find a page by its number, without a filter.
     bool const is_everything = !*f_layer->GetFIDColumn() && selects_all_identifiers(wanted.expression);
-    std::string const expression = is_everything ? std::string() : text::wide_to_utf8(wanted.expression);
+    std::string expression = is_everything ? std::string() : text::wide_to_utf8(wanted.expression);
+    // Whoever asks for a page does not know how names are written.
+    std::string const fid = f_layer->GetFIDColumn();
+    if (!fid.empty() && selects_all_identifiers(wanted.expression, text::utf8_to_wide(fid)))
+        expression = quoted_name(fid) + " >= 0";
     bool const taken = apply_filter(expression, {wanted.limit, wanted.offset}, guard);
-    f_layer->ResetReading();
-    f_started = false;
-    f_position = f_delivered = 0;
+    (void)reset_reading();
     return taken;
 }
 
 bool vector_set::reset_reading()
 {
-    f_started = false;
+    renew_connection();
+    f_started = f_is_broken_off = false;
     f_position = f_delivered = 0;
     if (!f_layer)
         return false;
@@ -228,11 +231,60 @@ OGRFeatureUniquePtr vector_set::next_record()
 {
     // A server sends them in parts, and may take its time for each.
     constexpr long long c_part = 500;
-    if (!f_server || f_position % c_part != 0)
+    if (!f_server)
         return OGRFeatureUniquePtr(f_layer->GetNextFeature());
+    if (f_is_broken_off)
+        return nullptr;
     OGRFeatureUniquePtr record;
-    attend([&](auto const &) { record.reset(f_layer->GetNextFeature()); }, [&] { f_set->gdal().AbortSQL(); });
+    if (f_position % c_part != 0)
+        record.reset(f_layer->GetNextFeature());
+    else
+        record = read_by_server([&] { return f_layer->GetNextFeature(); });
+    f_is_broken_off = !record;
     return record;
+}
+
+OGRFeatureUniquePtr vector_set::read_by_server(std::function<OGRFeature *()> const &read)
+{
+    server_savepoint point(f_set->gdal(), f_in_transaction);
+    OGRFeatureUniquePtr record;
+    std::wstring reason;
+    if (point.is_good()) {
+        error_guard const guard(reason);
+        attend([&](auto const &) { record.reset(read()); }, [&] { f_set->gdal().AbortSQL(); });
+    }
+    if (reason.empty())
+        point.keep();
+    f_is_stuck = f_is_stuck || !reason.empty();
+    renew_connection();
+    return record;
+}
+
+/// GDAL never ends the transaction of a cursor that has failed, and the server takes nothing more in it.
+void vector_set::renew_connection()
+{
+    if (!f_is_stuck || f_in_transaction || !f_outside.empty())
+        return;
+    std::wstring ignored;
+    error_guard guard(ignored);
+    std::string const name = f_layer->GetName();
+    if (!f_set->reconnect())
+        return;
+    f_is_stuck = false;
+    start_session(f_set->gdal());
+    int const geom_field = f_geom_field;
+    bool const is_broken_off = f_is_broken_off;
+    std::string const filter = f_filter;
+    page const paged = f_page;
+    Tvx_box_d2 box = f_box;
+    select(f_set->gdal().GetLayerByName(name.c_str()));
+    if (!f_layer)
+        return;
+    f_geom_field = geom_field;
+    if (!box.is_empty())
+        (void)set_spatial_filter(&box);
+    (void)apply_filter(filter, paged, guard);
+    f_is_broken_off = is_broken_off;
 }
 
 OGRFeatureUniquePtr vector_set::read_next()
@@ -298,13 +350,11 @@ bool vector_set::with_feature(long long fid, vx::feature_visitor visitor)
         error_guard const guard(f_set->error());
         store_changes();
         // Where reading by identifier is a walk in disguise, it moves the reading position.
-        if (f_layer->TestCapability(OLCRandomRead))
-            attend([&](auto const &) { record.reset(f_layer->GetFeature(fid)); },
-                   [&] { f_set->gdal().AbortSQL(); });
-        else {
-            position_keeper const keeper(*this);
-            record.reset(f_layer->GetFeature(fid));
-        }
+        auto const read = [&] { return f_layer->GetFeature(fid); };
+        std::optional<position_keeper> keeper;
+        if (!f_layer->TestCapability(OLCRandomRead))
+            keeper.emplace(*this);
+        record = f_server ? read_by_server(read) : OGRFeatureUniquePtr(read());
     }
     if (!record)
         return false;

@@ -115,9 +115,9 @@ bool vector_set::scan(int field, column_sink const &sink)
     // In a table that is being changed GDAL may hold records that are not in the file yet.
     if (f_set->read_only() && f_set->is_driver("ESRI Shapefile"))
         columns = read_dbf_column(f_set->gdal().GetDescription(), *f_layer, field, sink, f_deleted);
-    if (f_server && f_server->has_columns()) {
+    if (f_server) {
         f_server->set_in_transaction(f_in_transaction);
-        columns = server_column(field, sink);
+        columns = f_server->has_columns() ? server_column(field, sink) : column_result::failed;
     }
     if (columns == column_result::not_offered) {
         narrowed_layer const narrowed(*f_layer, field);

@@ -40,6 +40,7 @@ cell_rules rules_of(dataset const &set, OGRLayer *layer)
     bool const is_binary = set.is_driver("FlatGeobuf") || set.is_driver("Memory");
     rules.keeps_nan = is_server || is_binary;
     rules.keeps_infinity = rules.keeps_nan || set.is_driver("GPKG") || set.is_driver("SQLite");
+    rules.bounds_texts = is_server;
     rules.is_dbf = set.is_driver("ESRI Shapefile");
     char const *const encoding =
         rules.is_dbf && layer ? layer->GetMetadataItem("SOURCE_ENCODING", "SHAPEFILE") : nullptr;
@@ -63,9 +64,8 @@ vector_set *vector_set::make(std::unique_ptr<dataset> set, std::wstring &error)
     GDALDataset &gdal = result->f_set->gdal();
     {
         error_guard const guard(result->f_set->error());
-        // Walks over a large table would else begin where another one is.
         if (result->f_set->is_driver("PostgreSQL"))
-            sql_answer const in_order(gdal, "SET synchronize_seqscans = off");
+            start_session(gdal);
         std::wstring const &tail = result->f_set->connection().layer_tail;
         if (!tail.empty() && gdal.GetLayerByName(text::wide_to_utf8(tail).c_str()))
             result->f_set->take_layer_tail();
@@ -86,6 +86,12 @@ vector_set *vector_set::make(std::unique_ptr<dataset> set, std::wstring &error)
     }
     result->f_only_type = geom_type_of_name(connection.geom_type);
     return result;
+}
+
+void vector_set::start_session(GDALDataset &server)
+{
+    // Walks over a large table would else begin where another one is.
+    sql_answer const in_order(server, "SET synchronize_seqscans = off");
 }
 
 vector_set::~vector_set()
@@ -123,6 +129,7 @@ void vector_set::select(OGRLayer *layer)
     f_page = {};
     f_is_pushed = false;
     f_has_box = false;
+    f_box = {};
     f_deleted.reset();
     f_stats.clear();
     f_distinct.clear();
@@ -396,6 +403,10 @@ unsigned long long vector_set::feature_count(bool force)
         return 0;
     error_guard const guard(f_set->error());
     store_changes();
+    if (server_table const *const asked = server()) {
+        auto const counted = asked->count();
+        return counted ? static_cast<unsigned long long>(*counted) : ULLONG_MAX;
+    }
     position_keeper const keeper(*this);
     long long count = -1;
     f_layer->ResetReading();

@@ -165,10 +165,15 @@ private:
     void left_behind(gdal_feature *feature) override;
     void refuse(std::wstring const &reason) override { f_set->error() = reason; }
 
+    bool store_in(OGRLayer &table, OGRFeature &record, bool is_new, error_guard &guard);
     void select(OGRLayer *layer);
     [[nodiscard]] OGRFieldDefn const *field_at(int field) const;
     [[nodiscard]] OGRGeomFieldDefn const *geom_field_at(int field) const;
     [[nodiscard]] OGRFeatureUniquePtr next_record();
+    static void start_session(GDALDataset &server);
+    void renew_connection();
+    /// What may take the server a while, and fail without harm to what is open.
+    [[nodiscard]] OGRFeatureUniquePtr read_by_server(std::function<OGRFeature *()> const &read);
     /// The next one of the wanted type.
     [[nodiscard]] OGRFeatureUniquePtr read_next();
     /// Reads on from feature `index` of those that the layer gives.
@@ -241,9 +246,11 @@ private:
     bool f_is_pushed = false; ///< the database pages
     bool f_has_box = false;
     std::optional<std::vector<long long>> f_deleted;
-    bool f_started = false;    ///< the offset is passed
-    long long f_position = 0;  ///< features that the layer gave since its start
-    long long f_delivered = 0; ///< features handed out since the start
+    bool f_started = false;       ///< the offset is passed
+    bool f_is_stuck = false;      ///< the connection to a server has to be made anew
+    bool f_is_broken_off = false; ///< the server gives nothing more before reading begins anew
+    long long f_position = 0;     ///< features that the layer gave since its start
+    long long f_delivered = 0;    ///< features handed out since the start
     bool f_in_transaction = false;
     std::map<int, field_stat> f_stats;
     std::map<int, long long> f_distinct;   ///< number of different values by field

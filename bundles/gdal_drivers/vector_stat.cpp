@@ -307,8 +307,12 @@ field_stat const *vector_set::stat_of(int field)
         return true;
     };
     bool const wants_numbers = is_number(field_type(field));
-    bool const good =
-        ask_database(field, stat) || (stat = {}, wants_numbers ? scan(field, add) : scan(field, count));
+    bool good = ask_database(field, stat);
+    // What a server does not answer is left to the caller, who asks on the way whether to go on.
+    if (!good && !f_server) {
+        stat = {};
+        good = wants_numbers ? scan(field, add) : scan(field, count);
+    }
     return good ? &f_stats.emplace(field, stat).first->second : nullptr;
 }
 
@@ -376,11 +380,11 @@ bool vector_set::collect_texts(int field, long long limit, distinct_texts &texts
         std::wstring ignored;
         error_guard const guard(ignored);
         store_changes();
-        if (auto const rows = asked->distinct(*field_at(field), limit)) {
+        auto const rows = asked->distinct(*field_at(field), limit);
+        if (rows)
             for (auto const &row : *rows)
                 texts.insert(cell_bytes(*row, 0));
-            return true;
-        }
+        return rows.has_value();
     }
     number_set numbers;
     auto const add_number = [&](auto number) {
@@ -433,15 +437,16 @@ bool vector_set::with_unique_numerics(int field, int limit, vx::floatings_visito
         std::wstring ignored;
         error_guard const guard(ignored);
         store_changes();
-        if (auto const rows = asked->distinct_numbers(*field_at(field), limit)) {
-            std::vector<double> found;
-            for (auto const &row : *rows)
-                found.push_back(row->GetFieldAsDouble(0));
-            std::sort(found.begin(), found.end());
-            if (!found.empty())
-                visitor.visit(found.size(), found.data());
-            return true;
-        }
+        auto const rows = asked->distinct_numbers(*field_at(field), limit);
+        if (!rows)
+            return false;
+        std::vector<double> found;
+        for (auto const &row : *rows)
+            found.push_back(row->GetFieldAsDouble(0));
+        std::sort(found.begin(), found.end());
+        if (!found.empty())
+            visitor.visit(found.size(), found.data());
+        return true;
     }
     number_set numbers;
     auto const is_below = [&](auto) { return static_cast<long long>(numbers.size()) != limit; };
@@ -587,10 +592,10 @@ bool vector_set::with_custom_histogram(int field, double minimum, double maximum
         std::wstring ignored;
         error_guard const guard(ignored);
         store_changes();
-        if (auto const found = asked->histogram(*field_at(field), minimum, maximum, count)) {
+        auto const found = asked->histogram(*field_at(field), minimum, maximum, count);
+        if (found)
             std::copy(found->begin(), found->end(), counts);
-            return true;
-        }
+        return found.has_value();
     }
     std::fill(counts, counts + count, 0);
     double const width = (maximum - minimum) / count;
