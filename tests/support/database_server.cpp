@@ -21,7 +21,6 @@ namespace {
 constexpr char c_settings[] = R"(
 listen_addresses = ''
 fsync = off
-synchronous_commit = off
 full_page_writes = off
 max_wal_size = 4GB
 max_connections = 20
