@@ -7,6 +7,7 @@
 #include "style_manager/api/style_mode.h"
 #include "style_manager/lists/stl_mngr_list_edit.h"
 #include "style_manager/scales/scale_grid.h"
+#include "style_manager/scales/scale_tool_panel.h"
 #include "style_manager/scales/val_edit.h"
 #include "style_manager/scales/val_edit_btn.h"
 #include "style_manager/scales/val_grid.h"

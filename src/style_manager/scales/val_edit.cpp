@@ -1,11 +1,11 @@
 #include "style_manager/scales/val_edit.h"
 
-#include "captions/dialogs.h"
 #include "captions/style_manager.h"
-#include "controls/prop/image_convert.h"
 #include "data/filesystem/filesystem.h"
+#include "style_manager/scales/detail/scale_data.h"
 #include "style_manager/scales/detail/scale_pictures.h"
 #include "style_manager/scales/val_edit_btn.h"
+#include "style_manager/widgets/detail/open_data.h"
 #include "style_manager/widgets/init_default_txt_line.h"
 
 #include "platform/base/owned.h"
@@ -19,7 +19,6 @@
 #include "platform/styles/vx_stl_mngr.h"
 #include "platform/styles/vx_val_scale.h"
 #include "platform/toolkit/core/screen.h"
-#include "platform/winapi/case_map.h"
 #include "platform/winapi/file.h"
 
 #include <algorithm>
@@ -28,7 +27,6 @@
 #include <vector>
 
 namespace {
-constexpr int c_tool_height = 20;
 constexpr std::size_t c_many_values = 1000;
 constexpr std::string_view c_blanks = " \t\n\r\v\f";
 constexpr std::size_t c_shortest_file_name = 4;
@@ -49,29 +47,6 @@ std::string_view trimmed(char const *text)
     return first == whole.npos ? std::string_view()
                                : whole.substr(first, whole.find_last_not_of(c_blanks) - first + 1);
 }
-
-/// Closes the data however the reading ends.
-class open_data
-{
-public:
-    open_data(Tvx_data_events const &events, TObject *sender)
-        : f_events(events), f_sender(sender), f_open(events.open(sender))
-    {
-    }
-    open_data(open_data const &) = delete;
-    open_data &operator=(open_data const &) = delete;
-    ~open_data()
-    {
-        if (f_open)
-            f_events.close(f_sender);
-    }
-    explicit operator bool() const { return f_open; }
-
-private:
-    Tvx_data_events f_events;
-    TObject *f_sender;
-    bool f_open;
-};
 
 /// The different values of a property, sorted; all of them, or those met until the user had enough.
 std::vector<std::string> read_values(Tvx_data_events const &data, TObject *sender, unsigned prop)
@@ -115,9 +90,8 @@ void Tvx_val_edit::create()
     f_prp_scale->SetVisible(!f_rule);
     f_prp_scale->on_changed = make_closure<&Tvx_val_edit::on_prop_edit_changed>(this);
 
-    f_tool_panel = new Tvx_panel(this);
+    f_tool_panel = new Tvx_scale_tool_panel(this);
     f_tool_panel->SetParent(this);
-    f_tool_panel->SetHeight(c_tool_height);
     f_tool_panel->SetTop(f_prp_scale->GetHeight());
     f_tool_panel->SetAlign(alTop);
 
@@ -134,47 +108,16 @@ void Tvx_val_edit::create()
     f_other_panel->on_changed = make_closure<&Tvx_val_edit::on_other_panel_changed>(this);
 
     f_build_btn = new Tvx_val_edit_btn(this);
-    f_build_btn->SetParent(f_tool_panel);
-    f_build_btn->SetBounds(0, 0, c_tool_height, c_tool_height);
-    f_build_btn->SetVisible(!f_rule);
     f_build_btn->on_changed = make_closure<&Tvx_val_edit::on_val_edit_changed>(this);
-    int left = f_rule ? 0 : c_tool_height + c_tool_height / 2;
-    auto const add = [&](int gap) {
-        auto *const button = new Tvx_bitbtn(this);
-        button->SetParent(f_tool_panel);
-        button->SetBounds(left + gap, 0, c_tool_height, c_tool_height);
-        button->SetShowHint(true);
-        left += gap + c_tool_height;
-        return button;
-    };
-    f_save_btn = add(0);
-    f_save_btn->OnClick = make_closure<&Tvx_val_edit::on_save_btn_click>(this);
-    f_open_btn = add(0);
-    f_open_btn->OnClick = make_closure<&Tvx_val_edit::on_open_btn_click>(this);
-    f_ins_btn = add(c_tool_height / 2);
-    f_ins_btn->SetAction(f_grid->get_ins_action());
-    f_del_btn = add(0);
-    f_del_btn->SetAction(f_grid->get_del_action());
-    f_style_btn = add_tool(alRight);
-    f_style_btn->OnClick = make_closure<&Tvx_val_edit::on_style_btn_click>(this);
-    f_sel_style_btn = add_tool(alRight);
-    f_sel_style_btn->SetLeft(f_tool_panel->GetWidth()); // as the columns stand
-    f_sel_style_btn->OnClick = make_closure<&Tvx_val_edit::on_sel_style_btn_click>(this);
+    if (!f_rule)
+        f_tool_panel->add_builder(f_build_btn);
+    f_tool_panel->create(f_grid);
+    get_save_btn()->OnClick = make_closure<&Tvx_val_edit::on_save_btn_click>(this);
+    get_open_btn()->OnClick = make_closure<&Tvx_val_edit::on_open_btn_click>(this);
 
     f_open_dialog = new TOpenDialog(this);
     f_save_dialog = new TSaveDialog(this);
     f_save_dialog->SetOptions({ofOverwritePrompt});
-}
-
-Tvx_bitbtn *Tvx_val_edit::add_tool(TAlign align)
-{
-    auto *const button = new Tvx_bitbtn(this);
-    button->SetParent(f_tool_panel);
-    button->SetWidth(c_tool_height);
-    button->SetLeft(0); // at the left of those before
-    button->SetAlign(align);
-    button->SetShowHint(true);
-    return button;
 }
 
 void Tvx_val_edit::load_res()
@@ -186,18 +129,8 @@ void Tvx_val_edit::load_res()
     f_prp_scale->load_res();
     f_grid->load_res();
     f_other_panel->load_res();
-    auto const fill = [](TBitBtn *button, int picture, int hint) {
-        vx_glyph_get_res(button->GetGlyph(), picture);
-        button->SetHint(vx_res_get_wstr(hint));
-        button->SetAccessibleName(button->GetHint());
-    };
-    fill(f_build_btn, c_picture_build, c_scl_build);
-    fill(f_save_btn, c_picture_save, c_scl_save);
-    fill(f_open_btn, c_picture_open, c_scl_open);
-    fill(f_style_btn, c_picture_style, c_scl_styles);
-    fill(f_sel_style_btn, c_picture_sel_style, c_scl_sel_styles);
-    f_ins_btn->SetAccessibleName(vx_res_get_wstr(c_scl_insert));
-    f_del_btn->SetAccessibleName(vx_res_get_wstr(c_scl_delete));
+    f_tool_panel->load_res();
+    Tvx_scale_tool_panel::load_button(f_build_btn, c_picture_build, c_scl_build);
 }
 
 void Tvx_val_edit::update_controls()
@@ -224,7 +157,7 @@ void Tvx_val_edit::update_controls()
 
 void Tvx_val_edit::enable_selection_style(bool enabled)
 {
-    f_sel_style_btn->SetVisible(enabled);
+    f_tool_panel->enable_selection_style(enabled);
     f_grid->enable_selection_style(enabled);
     f_other_panel->enable_selection_style(enabled);
 }
@@ -262,52 +195,24 @@ std::wstring Tvx_val_edit::prop_name() const
     return name;
 }
 
-int Tvx_val_edit::find_prop(std::wstring const &name)
-{
-    auto const &data = get_data_events();
-    auto const wanted = vx_lower_w(name);
-    unsigned const count = data.get_np(this);
-    for (unsigned i = 0; i < count; ++i) {
-        bool usable = false, numeric = false;
-        auto const *const text = data.get_prop(this, i, usable, numeric);
-        if (usable && text && vx_lower_w(vx::text::to_wide(text)) == wanted)
-            return static_cast<int>(i);
-    }
-    return -1;
-}
-
 std::wstring Tvx_val_edit::generate_file_name_scale()
 {
-    auto const &data = get_data_events();
-    auto const name = f_stl_mngr ? prop_name() : std::wstring();
-    if (f_rule || name.empty() || !data.open || !data.close || !data.get_np || !data.get_no ||
-        !data.get_prop || !data.get_str || !data.get_val || !data.get_prop_file_name)
+    if (f_rule || !f_stl_mngr)
         return {};
-    int prop = -1;
-    {
-        open_data const opened(data, this);
-        if (!opened || data.get_np(this) == 0)
-            return {};
-        prop = std::max(find_prop(name), 0);
-    }
-    std::wstring file;
-    Tvx_std_wstring_adapter adapter(file);
-    data.get_prop_file_name(this, static_cast<unsigned>(prop), adapter);
-    return file.empty() ? file : vx::filesystem::change_extension(file, c_val_scale_ext);
+    return vx_scale_file_of_prop(get_data_events(), this, prop_name(), c_val_scale_ext);
 }
 
 void Tvx_val_edit::generate_default_scale()
 {
     auto const &data = get_data_events();
-    if (f_rule || !f_stl_mngr || !data.open || !data.close || !data.get_np || !data.get_no ||
-        !data.get_prop || !data.get_str || !data.get_val)
+    if (f_rule || !f_stl_mngr || !vx_has_all_data(data))
         return;
     open_data const opened(data, this);
     if (!opened)
         return;
     auto const name = prop_name();
     std::vector<std::string> values;
-    if (int const prop = find_prop(name); prop >= 0) {
+    if (int const prop = vx_find_prop(data, this, name); prop >= 0) {
         vx_wait_cursor const waiting;
         values = read_values(data, this, static_cast<unsigned>(prop));
     }
@@ -329,9 +234,7 @@ bool Tvx_val_edit::load(std::wstring const &file, char const *key)
     auto *const read = f_rule ? &vx_xml_data_load_rule_scale_w : &vx_xml_data_load_val_scale_w;
     if (read(xml.get(), file.c_str(), f_stl_mngr, key))
         return true;
-    std::wstring reason;
-    vx_xml_data_get_error_w(xml.get(), Tvx_std_wstring_adapter(reason));
-    vx_show_wmessage((f_load_error_text + L"\n\n" + reason).c_str());
+    vx_show_unreadable(f_load_error_text, xml.get());
     return false;
 }
 
@@ -395,8 +298,7 @@ void Tvx_val_edit::on_save_btn_click(TObject * /*sender*/)
         return;
     std::wstring const chosen = f_save_dialog->GetFileName().str();
     auto const file = with_suffix(chosen);
-    // The dialog has asked about the name that was typed, not about the one that is written.
-    if (file != chosen && vx_path_exists(file) && !vx_yesno(vx_res_format_w(c_dlg_replace, file).c_str()))
+    if (!vx_may_replace(chosen, file))
         return;
     save_val_scale(file, f_mngr_style);
     f_file_name = file;
@@ -415,18 +317,6 @@ void Tvx_val_edit::on_open_btn_click(TObject * /*sender*/)
         }
     }
     update_controls();
-}
-
-void Tvx_val_edit::on_style_btn_click(TObject * /*sender*/)
-{
-    TPoint const at = f_style_btn->ClientToScreen({0, f_style_btn->GetHeight()});
-    f_grid->call_style_menu(at.X, at.Y, false);
-}
-
-void Tvx_val_edit::on_sel_style_btn_click(TObject * /*sender*/)
-{
-    TPoint const at = f_sel_style_btn->ClientToScreen({0, f_sel_style_btn->GetHeight()});
-    f_grid->call_style_menu(at.X, at.Y, true);
 }
 
 void Tvx_val_edit::on_other_panel_changed(TObject * /*sender*/)

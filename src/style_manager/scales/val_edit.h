@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/forms/panels.h"
+#include "style_manager/scales/scale_tool_panel.h"
 #include "style_manager/scales/val_grid.h"
 #include "style_manager/widgets/data_event_owner.h"
 #include "style_manager/widgets/other_panel.h"
@@ -52,10 +53,10 @@ public:
     [[nodiscard]] Tvx_val_grid *get_grid() const { return f_grid; }
     [[nodiscard]] Tvx_prp_scale *get_prp_scale() const { return f_prp_scale; }
     [[nodiscard]] Tvx_other_panel *get_other_panel() const { return f_other_panel; }
-    [[nodiscard]] Tvx_bitbtn *get_save_btn() const { return f_save_btn; }
-    [[nodiscard]] Tvx_bitbtn *get_open_btn() const { return f_open_btn; }
-    [[nodiscard]] Tvx_bitbtn *get_ins_btn() const { return f_ins_btn; }
-    [[nodiscard]] Tvx_bitbtn *get_del_btn() const { return f_del_btn; }
+    [[nodiscard]] Tvx_bitbtn *get_save_btn() const { return f_tool_panel->get_save_btn(); }
+    [[nodiscard]] Tvx_bitbtn *get_open_btn() const { return f_tool_panel->get_open_btn(); }
+    [[nodiscard]] Tvx_bitbtn *get_ins_btn() const { return f_tool_panel->get_ins_btn(); }
+    [[nodiscard]] Tvx_bitbtn *get_del_btn() const { return f_tool_panel->get_del_btn(); }
 
     /// The user changed the scale; once for each action.
     TNotifyEvent on_changed;
@@ -64,18 +65,13 @@ protected:
     void data_events_changed() override;
 
 private:
-    Tvx_bitbtn *add_tool(TAlign align);
     [[nodiscard]] bool load(std::wstring const &file, char const *key);
     [[nodiscard]] std::wstring prop_name() const;
-    /// The property of that name among those that are offered; -1 for none.
-    [[nodiscard]] int find_prop(std::wstring const &name);
     [[nodiscard]] std::wstring with_suffix(std::wstring const &file) const;
 
     void on_prop_edit_changed(TObject *sender);
     void on_save_btn_click(TObject *sender);
     void on_open_btn_click(TObject *sender);
-    void on_style_btn_click(TObject *sender);
-    void on_sel_style_btn_click(TObject *sender);
     void on_other_panel_changed(TObject *sender);
     void on_val_grid_changed(TObject *sender);
     void on_val_edit_changed(TObject *sender);
@@ -86,14 +82,8 @@ private:
     std::wstring f_file_name; ///< offered by the dialogs
     std::wstring f_load_error_text;
     Tvx_prp_scale *f_prp_scale = nullptr;
-    Tvx_panel *f_tool_panel = nullptr;
-    Tvx_val_edit_btn *f_build_btn = nullptr;
-    Tvx_bitbtn *f_save_btn = nullptr;
-    Tvx_bitbtn *f_open_btn = nullptr;
-    Tvx_bitbtn *f_ins_btn = nullptr;
-    Tvx_bitbtn *f_del_btn = nullptr;
-    Tvx_bitbtn *f_style_btn = nullptr;
-    Tvx_bitbtn *f_sel_style_btn = nullptr;
+    Tvx_scale_tool_panel *f_tool_panel = nullptr;
+    Tvx_val_edit_btn *f_build_btn = nullptr; ///< not seen in the editor of rules
     Tvx_val_grid *f_grid = nullptr;
     Tvx_other_panel *f_other_panel = nullptr;
     TOpenDialog *f_open_dialog = nullptr;

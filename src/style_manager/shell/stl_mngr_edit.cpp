@@ -3,6 +3,7 @@
 #include "captions/style_manager.h"
 #include "controls/prop/image_convert.h"
 #include "style_manager/shell/shell_pictures_priv.h"
+#include "style_manager/widgets/detail/open_data.h"
 
 #include "platform/base/owned.h"
 #include "platform/base/string_adp.h"
@@ -14,20 +15,6 @@
 
 namespace {
 constexpr int c_top_height = 22;
-
-/// Closes the data on every way out.
-class open_data
-{
-public:
-    open_data(TObject *sender, Tvx_data_events const &events) : f_sender(sender), f_events(events) {}
-    open_data(open_data const &) = delete;
-    open_data &operator=(open_data const &) = delete;
-    ~open_data() { f_events.close(f_sender); }
-
-private:
-    TObject *f_sender;
-    Tvx_data_events const &f_events;
-};
 } // namespace
 
 void Tvx_stl_mngr_edit::create()
@@ -203,9 +190,11 @@ void *Tvx_stl_mngr_edit::create_property_list()
 {
     vx::owned<void, &vx_wstrings_destroy> names(vx_wstrings_create());
     Tvx_data_events const &data = get_data_events();
-    if (!data.open || !data.get_np || !data.get_prop || !data.close || !data.open(this))
+    if (!data.open || !data.get_np || !data.get_prop || !data.close)
         return names.release();
-    open_data const opened(this, data);
+    open_data const opened(data, this);
+    if (!opened)
+        return names.release();
     unsigned const count = data.get_np(this);
     for (unsigned prop = 0; prop < count; ++prop) {
         bool usable = false;
