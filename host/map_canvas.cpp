@@ -2,7 +2,7 @@
 
 #include "host/layer_list.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -23,6 +23,8 @@ constexpr qint64 c_one_step_ms = 700;
 constexpr std::size_t c_history_length = 100;
 /// A box smaller than this was meant as a click.
 constexpr int c_least_box = 4;
+/// A hand that clicks trembles so far.
+constexpr int c_least_move = 4;
 constexpr double c_notch_factor = 1.3;
 constexpr double c_key_factor = 1.5;
 constexpr double c_click_factor = 2;
@@ -36,6 +38,9 @@ Tvx_map_canvas::Tvx_map_canvas(Tvx_layer_list &layers, QWidget *parent)
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
     f_draw_timer.setSingleShot(true);
+    f_click_timer.setSingleShot(true);
+    connect(&f_click_timer, &QTimer::timeout, this,
+            [this] { emit clicked(f_click_at, f_click_with_ctrl, false); });
     connect(&f_draw_timer, &QTimer::timeout, this, &Tvx_map_canvas::on_draw_timer);
     connect(&layers, &Tvx_layer_list::picture_changed, this, &Tvx_map_canvas::on_layers_changed);
     update_cursor();
@@ -264,6 +269,8 @@ void Tvx_map_canvas::paintEvent(QPaintEvent *)
     painter.fillRect(rect(), Qt::white);
     painter.setRenderHint(QPainter::SmoothPixmapTransform, f_drag == c_drag_none);
     Tvx_map_picture::paint(painter, f_picture.image(), f_picture.image_view(), f_view);
+    if (f_overlay)
+        f_overlay(painter, f_view);
     if (f_layers.count() == 0) {
         painter.setPen(QColor(0x60, 0x66, 0x6e));
         painter.drawText(rect().adjusted(24, 24, -24, -24), Qt::AlignCenter | Qt::TextWordWrap, f_empty_text);
@@ -327,7 +334,7 @@ void Tvx_map_canvas::update_cursor()
     else if (f_drag == c_drag_box || f_tool == c_tool_zoom_box)
         setCursor(Qt::CrossCursor);
     else
-        setCursor(Qt::OpenHandCursor);
+        setCursor(f_tool == c_tool_identify ? Qt::WhatsThisCursor : Qt::OpenHandCursor);
 }
 
 void Tvx_map_canvas::wheelEvent(QWheelEvent *event)
@@ -345,6 +352,7 @@ void Tvx_map_canvas::mousePressEvent(QMouseEvent *event)
 {
     if (f_drag != c_drag_none)
         return;
+    f_click_timer.stop();
     bool const left = event->button() == Qt::LeftButton;
     if (left && (f_tool == c_tool_zoom_box || (event->modifiers() & Qt::ShiftModifier)))
         f_drag = c_drag_box;
@@ -354,6 +362,7 @@ void Tvx_map_canvas::mousePressEvent(QMouseEvent *event)
         return;
     f_since_step.invalidate();
     f_drag_button = event->button();
+    f_drag_moved = false;
     f_drag_from = f_drag_to = event->pos();
     update_cursor();
 }
@@ -361,7 +370,8 @@ void Tvx_map_canvas::mousePressEvent(QMouseEvent *event)
 void Tvx_map_canvas::mouseMoveEvent(QMouseEvent *event)
 {
     f_pointer = Tvx_screen_point{event->position().x(), event->position().y()};
-    if (f_drag == c_drag_pan) {
+    f_drag_moved = f_drag_moved || (event->pos() - f_drag_from).manhattanLength() >= c_least_move;
+    if (f_drag == c_drag_pan && f_drag_moved) {
         QPoint const by = event->pos() - f_drag_to;
         f_drag_to = event->pos();
         Tvx_canvas_view view = f_view;
@@ -393,13 +403,23 @@ void Tvx_map_canvas::mouseReleaseEvent(QMouseEvent *event)
     if (f_drag == c_drag_box) {
         f_drag_to = event->pos();
         zoom_to_drag_box();
+    } else if (!f_drag_moved && event->button() == Qt::LeftButton) {
+        begin_click(*event);
     }
     end_drag();
 }
 
+void Tvx_map_canvas::begin_click(QMouseEvent const &event)
+{
+    f_click_at = event.position();
+    f_click_with_ctrl = event.modifiers() & Qt::ControlModifier;
+    f_click_timer.start(f_tool == c_tool_identify ? 0 : QApplication::doubleClickInterval());
+}
+
 void Tvx_map_canvas::mouseDoubleClickEvent(QMouseEvent *event)
 {
-    if (event->button() != Qt::LeftButton)
+    f_click_timer.stop();
+    if (event->button() != Qt::LeftButton || f_tool == c_tool_identify)
         return;
     bool const out = event->modifiers() & Qt::ShiftModifier;
     Tvx_canvas_view view = f_view;
@@ -468,6 +488,11 @@ void Tvx_map_canvas::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape && f_drag != c_drag_none) {
         end_drag();
+        return;
+    }
+    if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) &&
+        !(event->modifiers() & (Qt::AltModifier | Qt::MetaModifier))) {
+        emit clicked({width() / 2.0, height() / 2.0}, event->modifiers() & Qt::ControlModifier, true);
         return;
     }
     if (event->key() == Qt::Key_Home) {

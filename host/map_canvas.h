@@ -2,6 +2,8 @@
 
 #include "host/map_picture.h"
 
+#include "platform/base/closure.h"
+
 #include <QElapsedTimer>
 #include <QTimer>
 #include <QWidget>
@@ -24,8 +26,11 @@ public:
     enum tool
     {
         c_tool_pan,
-        c_tool_zoom_box
+        c_tool_zoom_box,
+        c_tool_identify ///< as the first; a click is told at once
     };
+    /// Paints over the map what is not part of its picture.
+    using overlay = closure<void(QPainter &, Tvx_canvas_view const &)>;
 
     /// The list must outlive the canvas.
     explicit Tvx_map_canvas(Tvx_layer_list &layers, QWidget *parent = nullptr);
@@ -55,6 +60,7 @@ public:
     [[nodiscard]] bool is_settled() const;
     /// Another way of drawing a layer than with its own styles.
     void set_drawer(Tvx_map_picture::drawer draw) { f_picture.set_drawer(draw); }
+    void set_overlay(overlay paint) { f_overlay = paint; }
     /// Draws what is left now. The picture as it is on the screen, without what the pointer draws over it.
     [[nodiscard]] QImage settled_picture();
 
@@ -67,6 +73,8 @@ signals:
     /// The place of the map under the pointer is another one: the pointer or the map moved.
     void pointer_moved(double x, double y);
     void pointer_left();
+    /// A click that neither moves the map nor is the first of two, or Enter, which means the middle.
+    void clicked(QPointF at, bool with_ctrl, bool by_key);
     /// Drawing goes on for longer than a moment, or has ended.
     void busy_changed(bool busy);
     void layer_failed(int id);
@@ -100,6 +108,7 @@ private:
     void move_by_user(Tvx_canvas_view const &view);
     void tell_pointer();
     void end_drag();
+    void begin_click(QMouseEvent const &event);
     void zoom_to_drag_box();
     void start_drawing();
     void on_layers_changed();
@@ -128,7 +137,13 @@ private:
     QElapsedTimer f_since_shown; ///< since what there is of a slow picture was last put together
     bool f_drawing = false;
     bool f_busy = false;
+    overlay f_overlay;
     tool f_tool = c_tool_pan;
+    /// A click that may become a double click.
+    QTimer f_click_timer;
+    QPointF f_click_at;
+    bool f_click_with_ctrl = false;
+    bool f_drag_moved = false;
     drag f_drag = c_drag_none;
     Qt::MouseButton f_drag_button = Qt::NoButton;
     QPoint f_drag_from;

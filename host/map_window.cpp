@@ -1,7 +1,9 @@
 #include "host/map_window.h"
 
+#include "host/attribute_table.h"
 #include "host/captions.h"
 #include "host/glyphs.h"
+#include "host/identify_window.h"
 #include "host/layer_editor.h"
 #include "host/layer_files.h"
 #include "host/layer_info.h"
@@ -12,6 +14,7 @@
 #include "host/map_scene.h"
 #include "host/map_text.h"
 #include "host/opening_progress.h"
+#include "host/selection_overlay.h"
 
 #include "platform/basic/vx_fault.h"
 #include "platform/basic/vx_options.h"
@@ -78,6 +81,7 @@ Tvx_map_window::Tvx_map_window(QSettings *settings)
     f_canvas->set_empty_text(vx_host_caption(c_cap_map_empty)
                                  .arg(QKeySequence(QKeySequence::Open).toString(QKeySequence::NativeText)));
     connect_canvas();
+    connect_objects();
     watch_changes();
     restore_state();
     update_commands();
@@ -89,6 +93,8 @@ Tvx_map_window::~Tvx_map_window()
     // A text that loses the focus reports it, which must come while there is somebody to report to.
     hide();
     // The parts look at the list while they end, so they end before it does.
+    qDeleteAll(std::exchange(f_tables, {}));
+    delete f_identify;
     delete f_editor;
     delete f_panel;
     delete f_canvas;
@@ -266,6 +272,9 @@ void Tvx_map_window::closeEvent(QCloseEvent *event)
     }
     save_state();
     f_editor->close();
+    f_identify->hide();
+    for (Tvx_attribute_table *const table : std::as_const(f_tables))
+        table->hide();
     event->accept();
 }
 

@@ -6,12 +6,17 @@
 #include <QMainWindow>
 #include <QStringList>
 
+#include <memory>
 #include <string>
 #include <vector>
 
 class Tvx_layer_editor;
 class Tvx_layer_panel;
+class Tvx_attribute_table;
+class Tvx_identify_window;
 class Tvx_map_canvas;
+class Tvx_map_selection;
+class Tvx_selection_overlay;
 class Tvx_opening_progress;
 struct Tvx_failed_file;
 struct Tvx_layer_scale;
@@ -53,11 +58,16 @@ public:
     [[nodiscard]] Tvx_map_canvas &canvas() { return *f_canvas; }
     [[nodiscard]] Tvx_layer_panel &panel() { return *f_panel; }
     [[nodiscard]] Tvx_layer_editor &editor() { return *f_editor; }
+    [[nodiscard]] Tvx_map_selection &selection() { return *f_selection; }
+    [[nodiscard]] Tvx_identify_window &identify_window() { return *f_identify; }
+    /// The table of the layer, opened if need be; null, and the user is told, when it cannot be read.
+    Tvx_attribute_table *open_table(int id);
     /// Null when there is no such command.
     [[nodiscard]] QAction *command(char const *name) const;
 
 protected:
     void closeEvent(QCloseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
 
@@ -74,6 +84,16 @@ private:
     void connect_canvas();
     void restore_state();
     void save_state();
+
+    void connect_objects();
+    void on_map_clicked(QPointF at, bool with_ctrl, bool by_key);
+    /// Makes these records stand out, and no others; -1 for none.
+    void select_objects(int layer_id, std::vector<unsigned> records);
+    void show_selection_in_tables();
+    void on_table();
+    /// Moves the map to an object that is not seen.
+    void show_object(int id, unsigned record);
+    void zoom_to_selection();
 
     void watch_changes();
     void set_changed(bool changed);
@@ -129,6 +149,10 @@ private:
     /// The file of the rules by which a layer is drawn: rules themselves do not tell it.
     QHash<int, std::wstring> f_rule_files;
     QString f_last_directory;
+    Tvx_map_selection *f_selection = nullptr;
+    std::unique_ptr<Tvx_selection_overlay> f_overlay;
+    Tvx_identify_window *f_identify = nullptr;
+    QHash<int, Tvx_attribute_table *> f_tables;
     QString f_scene_path;
     bool f_changed = false;
     bool f_loading = false;

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QWidget>
+
+#include <vector>
+
+class QLabel;
+class QPushButton;
+class QTableView;
+class Tvx_record_model;
+struct Ivx_layer;
+
+/// The attribute table of a layer in a window beside the map. The rows that are selected in it stand out on
+/// the map, and what a click on the map selects is selected in it.
+class Tvx_attribute_table : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// The table of the layer's data as they are; nothing of the layer itself is kept.
+    Tvx_attribute_table(Ivx_layer *layer, QWidget *parent);
+
+    [[nodiscard]] bool is_open() const;
+    /// Whether the layer has other data than the table shows.
+    [[nodiscard]] bool is_of_other_data(Ivx_layer *layer) const;
+    void set_layer_name(QString const &name);
+    /// Selects these records and no others, and scrolls to the first. Nothing is reported.
+    void select_records(std::vector<unsigned> const &records);
+    [[nodiscard]] std::vector<unsigned> selected_records() const;
+    [[nodiscard]] QTableView *view() const { return f_view; }
+    [[nodiscard]] Tvx_record_model &model() const { return *f_model; }
+
+signals:
+    /// The user selected other records.
+    void selection_changed();
+    /// The user went to the record.
+    void record_chosen(unsigned record);
+    void zoom_wanted();
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void sort(int column, Qt::SortOrder order);
+    void on_selection_changed();
+    void update_state();
+    void copy_rows();
+
+    Tvx_record_model *f_model;
+    QTableView *f_view;
+    QLabel *f_state;
+    QPushButton *f_zoom;
+    QPushButton *f_clear;
+    bool f_filling = false;
+};

@@ -1,0 +1,154 @@
+#include "host/record_model.h"
+
+#include "host/captions.h"
+
+#include "platform/winapi/collation.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <numeric>
+#include <string>
+
+namespace {
+constexpr double c_none = std::numeric_limits<double>::quiet_NaN();
+} // namespace
+
+Tvx_record_model::Tvx_record_model(Ivx_attr_data *data, QObject *parent)
+    : QAbstractTableModel(parent), f_data(vx_attr_data_retain(data)), f_table(vx_attr_files_open(data, 1, 0))
+{
+    for (unsigned field = 0; field < vx_attr_files_get_np(f_table.get()); ++field) {
+        int const type = vx_attr_files_get_field_type(f_table.get(), field);
+        if (type != c_attr_unknown && type <= c_attr_bigint)
+            f_fields.push_back(field);
+    }
+}
+
+int Tvx_record_model::rowCount(QModelIndex const &parent) const
+{
+    return parent.isValid() ? 0 : int(vx_attr_files_get_no(f_table.get()));
+}
+
+int Tvx_record_model::columnCount(QModelIndex const &parent) const
+{
+    return parent.isValid() ? 0 : int(f_fields.size());
+}
+
+int Tvx_record_model::row_of(unsigned record) const
+{
+    if (record >= unsigned(rowCount()))
+        return -1;
+    return f_rows.empty() ? int(record) : int(f_rows[record]);
+}
+
+bool Tvx_record_model::is_number(unsigned field) const
+{
+    int const type = vx_attr_files_get_field_type(f_table.get(), field);
+    return type == c_attr_integer || type == c_attr_numeric || type == c_attr_bigint;
+}
+
+QVariant Tvx_record_model::data(QModelIndex const &index, int role) const
+{
+    if (!index.isValid() || index.row() >= rowCount() || index.column() >= columnCount())
+        return {};
+    unsigned const field = f_fields[std::size_t(index.column())];
+    if (role == Qt::TextAlignmentRole)
+        return int(Qt::AlignVCenter | (is_number(field) ? Qt::AlignRight : Qt::AlignLeft));
+    if (role != Qt::DisplayRole)
+        return {};
+    bool has = false;
+    wchar_t const *const text = vx_attr_files_peek_wstr(f_table.get(), field, record_of(index.row()), &has);
+    return has ? QVariant(QString::fromWCharArray(text)) : QVariant();
+}
+
+QVariant Tvx_record_model::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation == Qt::Vertical)
+        return role == Qt::DisplayRole && section < rowCount() ? QVariant(record_of(section) + 1)
+                                                               : QVariant();
+    if (section < 0 || section >= columnCount())
+        return {};
+    if (role == Qt::DisplayRole)
+        return QString::fromWCharArray(
+            vx_attr_files_get_field_name_w(f_table.get(), f_fields[std::size_t(section)]));
+    return role == Qt::ToolTipRole ? QVariant(vx_map_caption(c_map_hint_column)) : QVariant();
+}
+
+std::vector<double> Tvx_record_model::number_keys(unsigned field) const
+{
+    std::vector<double> keys(std::size_t(rowCount()), c_none);
+    for (unsigned record = 0; record < keys.size(); ++record) {
+        bool has = false;
+        double const value = vx_attr_files_get_dbl(f_table.get(), field, record, &has);
+        if (has)
+            keys[record] = value;
+    }
+    return keys;
+}
+
+/// The place of each cell's text among the different texts.
+std::vector<double> Tvx_record_model::text_keys(unsigned field) const
+{
+    std::vector<double> keys(std::size_t(rowCount()), c_none);
+    std::vector<std::pair<std::wstring, unsigned>> texts;
+    std::vector<int> place_of_number; // a text that comes again is ordered once
+    std::vector<unsigned> text_of(keys.size());
+    for (unsigned record = 0; record < keys.size(); ++record) {
+        bool has = false;
+        int const number = vx_attr_files_get_text_number(f_table.get(), field, record);
+        auto const place = static_cast<std::size_t>(number);
+        if (number >= 0 && place < place_of_number.size() && place_of_number[place] >= 0) {
+            text_of[record] = unsigned(place_of_number[place]);
+            keys[record] = 0;
+            continue;
+        }
+        std::wstring text = vx_attr_files_get_wstr(f_table.get(), field, record, &has);
+        if (!has)
+            continue;
+        keys[record] = 0;
+        text_of[record] = unsigned(texts.size());
+        if (number >= 0) {
+            place_of_number.resize(std::max(place_of_number.size(), place + 1), -1);
+            place_of_number[place] = int(texts.size());
+        }
+        texts.emplace_back(std::move(text), unsigned(texts.size()));
+    }
+    std::ranges::stable_sort(
+        texts, [](auto const &a, auto const &b) { return vx_compare_text(a.first, b.first) < 0; });
+    // What people take for equal has one rank, so that it stays in the order of the file.
+    std::vector<unsigned> rank(texts.size());
+    for (std::size_t i = 0, current = 0; i < texts.size(); ++i) {
+        if (i > 0 && vx_compare_text(texts[i - 1].first, texts[i].first) != 0)
+            current = i;
+        rank[texts[i].second] = unsigned(current);
+    }
+    for (std::size_t record = 0; record < keys.size(); ++record)
+        if (!std::isnan(keys[record]))
+            keys[record] = rank[text_of[record]];
+    return keys;
+}
+
+void Tvx_record_model::sort(int column, Qt::SortOrder order)
+{
+    if (column >= columnCount())
+        return;
+    beginResetModel();
+    f_order.clear();
+    f_rows.clear();
+    if (column >= 0) {
+        unsigned const field = f_fields[std::size_t(column)];
+        std::vector<double> const keys = is_number(field) ? number_keys(field) : text_keys(field);
+        f_order.resize(keys.size());
+        std::iota(f_order.begin(), f_order.end(), 0u);
+        bool const up = order == Qt::AscendingOrder;
+        std::ranges::stable_sort(f_order, [&](unsigned a, unsigned b) {
+            if (std::isnan(keys[a]) || std::isnan(keys[b]))
+                return !std::isnan(keys[a]) && std::isnan(keys[b]);
+            return up ? keys[a] < keys[b] : keys[b] < keys[a];
+        });
+        f_rows.resize(f_order.size());
+        for (std::size_t row = 0; row < f_order.size(); ++row)
+            f_rows[f_order[row]] = unsigned(row);
+    }
+    endResetModel();
+}

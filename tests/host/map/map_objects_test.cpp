@@ -1,0 +1,360 @@
+#include "host/attribute_table.h"
+#include "host/identify_window.h"
+#include "host/layer_classes.h"
+#include "host/layer_scales.h"
+#include "host/map_selection.h"
+#include "host/record_model.h"
+#include "map_fixture.h"
+#include "support/temp_dir.h"
+
+#include "platform/data/vx_shape_files.h"
+#include "platform/layers/vx_shp_lr2d.h"
+#include "platform/styles/vx_stl_mngr.h"
+
+#include <QClipboard>
+#include <QHeaderView>
+#include <QPushButton>
+#include <QTableView>
+#include <QTreeView>
+#include <QTreeWidget>
+
+#include <fstream>
+
+using namespace vx_test;
+
+namespace {
+class map_objects : public map_fixture
+{
+protected:
+    QPoint screen(double x, double y)
+    {
+        Tvx_screen_point const at = canvas().view().to_screen({x, y});
+        return {int(std::lround(at.x)), int(std::lround(at.y))};
+    }
+    /// Clicks with the tool that tells at once.
+    void click_map(double x, double y, Qt::KeyboardModifiers keys = Qt::NoModifier)
+    {
+        window->command("identify_tool")->trigger();
+        hand::click(&canvas(), screen(x, y), Qt::LeftButton, keys);
+        QCoreApplication::processEvents();
+    }
+    QTreeWidget *found() { return window->identify_window().tree(); }
+    QString title(int place) { return found()->topLevelItem(place)->text(1); }
+    QString value(int place, QString const &name)
+    {
+        QTreeWidgetItem const *object = found()->topLevelItem(place);
+        for (int i = 0; i < object->childCount(); ++i)
+            if (object->child(i)->text(0) == name)
+                return object->child(i)->text(1);
+        return "no such attribute";
+    }
+    Tvx_attribute_table *table(int row = 0) { return window->open_table(layers().id_at(row)); }
+    std::vector<unsigned> const &selected() { return window->selection().records(); }
+    void draw_by(int row, unsigned mode)
+    {
+        Tvx_layer_list::layer_ptr copy(vx_lr2d_clone(layers().layer_at(row)));
+        for (auto const &scale : vx_layer_scales_find(copy.get())) {
+            std::wstring reason;
+            if (scale.mode == mode) {
+                ASSERT_TRUE(vx_layer_draw_by(copy.get(), scale, reason));
+            }
+        }
+        ASSERT_TRUE(layers().replace(layers().id_at(row), std::move(copy)));
+    }
+    static QPoint cell(QTableView *view, int row, int column)
+    {
+        return view->visualRect(view->model()->index(row, column)).center();
+    }
+};
+
+TEST_F(map_objects, a_click_names_what_is_there_topmost_first)
+{
+    ASSERT_EQ(open({"world.shp", "nc.shp"}), 2);
+    draw_by(0, c_stl_mngr_mode_range);
+    canvas().show_box(layers().extent_at(0));
+    click_map(-78.64, 35.78); // Raleigh
+    ASSERT_TRUE(window->identify_window().isVisible());
+    ASSERT_EQ(found()->topLevelItemCount(), 2);
+    EXPECT_EQ(found()->topLevelItem(0)->text(0), "nc");
+    EXPECT_EQ(title(0), "Wake");
+    EXPECT_EQ(value(0, "NAME"), "Wake");
+    EXPECT_EQ(value(0, "BIR74"), "14484");
+    EXPECT_EQ(value(0, "Drawn by"), "above 8000");
+    EXPECT_EQ(found()->topLevelItem(1)->text(0), "world");
+    EXPECT_EQ(value(1, "name_long"), "United States");
+    EXPECT_EQ(value(1, "Drawn by"), "One Style");
+    ASSERT_EQ(selected().size(), 1u);
+
+    // What is hidden is not there: a class, then a layer.
+    ASSERT_TRUE(layers().set_class_visible(0, 5, false));
+    click_map(-78.64, 35.78);
+    ASSERT_EQ(found()->topLevelItemCount(), 1);
+    EXPECT_EQ(found()->topLevelItem(0)->text(0), "world");
+    layers().set_layer_visible(1, false);
+    click_map(-78.64, 35.78);
+    EXPECT_EQ(found()->topLevelItemCount(), 0);
+    EXPECT_TRUE(selected().empty());
+    hand::press(&canvas(), Qt::Key_Escape);
+    EXPECT_FALSE(window->identify_window().isVisible());
+}
+
+TEST_F(map_objects, symbols_and_lines_are_met_within_a_few_pixels)
+{
+    ASSERT_EQ(open({"naturalearth_cities.shp"}), 1);
+    auto const shapes = vx_shape_files_open(vx_shp_lr2d_get_attr_data_ptr(layers().layer_at(0)));
+    Tvx_shape_view city;
+    ASSERT_TRUE(vx_shape_files_get(shapes, 7, &city));
+    Tvx_pnt_d2 const place = city.points[city.part_starts[0]];
+    vx_shape_files_close(shapes);
+    Tvx_canvas_view view = canvas().view();
+    view.set_center(place);
+    view.set_units_per_pixel(0.001);
+    canvas().go_to(view);
+    for (int const away : {0, 5}) {
+        click_map(place.x + away * 0.001, place.y);
+        ASSERT_EQ(found()->topLevelItemCount(), 1) << away;
+        EXPECT_EQ(selected(), std::vector<unsigned>{7});
+    }
+    click_map(place.x + 0.012, place.y);
+    EXPECT_TRUE(selected().empty());
+
+    ASSERT_EQ(open({"streets.shp"}), 1);
+    auto const lines = vx_shape_files_open(vx_shp_lr2d_get_attr_data_ptr(layers().layer_at(0)));
+    Tvx_shape_view street;
+    ASSERT_TRUE(vx_shape_files_get(lines, 3, &street));
+    Tvx_pnt_d2 const a = street.points[street.part_starts[0]];
+    Tvx_pnt_d2 const b = street.points[street.part_starts[0] + 1];
+    vx_shape_files_close(lines);
+    view.set_center({(a.x + b.x) / 2, (a.y + b.y) / 2});
+    view.set_units_per_pixel(std::hypot(b.x - a.x, b.y - a.y) / 200);
+    canvas().go_to(view);
+    click_map((a.x + b.x) / 2, (a.y + b.y) / 2);
+    EXPECT_EQ(selected(), std::vector<unsigned>{3});
+    EXPECT_EQ(window->identify_window().current()->record, 3u);
+}
+
+TEST_F(map_objects, clicks_of_every_kind_do_what_they_say)
+{
+    ASSERT_EQ(open({"nc.shp"}), 1);
+    Tvx_canvas_view const before = canvas().view();
+    QPoint const wake = screen(-78.64, 35.78);
+    // With the hand: after the time of a double click, and not at all when it is one.
+    hand::double_click(&canvas(), wake);
+    EXPECT_NE(canvas().view(), before);
+    canvas().go_back();
+    hand::wait_until([] { return false; }, QApplication::doubleClickInterval() + 50);
+    EXPECT_FALSE(window->identify_window().isVisible());
+    hand::click(&canvas(), wake);
+    EXPECT_FALSE(window->identify_window().isVisible());
+    EXPECT_TRUE(hand::wait_until([&] { return window->identify_window().isVisible(); }));
+    EXPECT_EQ(canvas().view(), before);
+    hand::press(found(), Qt::Key_Escape);
+    EXPECT_FALSE(window->identify_window().isVisible());
+
+    // By the keyboard: what is in the middle, and the window has the keys.
+    Tvx_canvas_view view = before;
+    view.set_center({-78.64, 35.78});
+    canvas().go_to(view);
+    hand::press(&canvas(), Qt::Key_Return);
+    ASSERT_EQ(found()->topLevelItemCount(), 1);
+    EXPECT_EQ(title(0), "Wake");
+    hand::press(found(), Qt::Key_Down);
+    hand::press(found(), Qt::Key_Down);
+    hand::press(found(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_FALSE(QApplication::clipboard()->text().isEmpty());
+
+    // A drag moves the map with this tool too, and names nothing.
+    window->command("identify_tool")->trigger();
+    window->identify_window().hide();
+    hand::drag(&canvas(), wake, wake + QPoint(60, 20));
+    QCoreApplication::processEvents();
+    EXPECT_NE(canvas().view(), view);
+    EXPECT_FALSE(window->identify_window().isVisible());
+}
+
+TEST_F(map_objects, selected_objects_stand_out_and_the_picture_that_is_saved_is_without_them)
+{
+    ASSERT_EQ(open({"nc.shp"}), 1);
+    QImage const map = picture();
+    ASSERT_TRUE(hand::wait_until([&] { return canvas().is_settled(); }));
+    QImage const before = canvas().grab().toImage();
+    click_map(-78.64, 35.78);
+    window->identify_window().hide();
+    QImage const after = canvas().grab().toImage();
+    EXPECT_NE(after.pixel(screen(-78.64, 35.78)), before.pixel(screen(-78.64, 35.78)));
+    EXPECT_EQ(after.pixel(screen(-81.5, 35.75)), before.pixel(screen(-81.5, 35.75)));
+    EXPECT_EQ(picture(), map);
+    hand::press(&canvas(), Qt::Key_Escape);
+    EXPECT_TRUE(selected().empty());
+    EXPECT_EQ(canvas().grab().toImage().pixel(screen(-78.64, 35.78)), before.pixel(screen(-78.64, 35.78)));
+}
+
+TEST_F(map_objects, table_and_map_select_in_each_other)
+{
+    ASSERT_EQ(open({"nc.shp"}), 1);
+    select(0);
+    hand::press(list(), Qt::Key_F9);
+    Tvx_attribute_table *const records = window->findChild<Tvx_attribute_table *>();
+    ASSERT_TRUE(records && records->isVisible());
+    EXPECT_EQ(records->windowTitle(), "nc: attributes");
+    QTableView *const view = records->view();
+    ASSERT_EQ(view->model()->rowCount(), 100);
+    EXPECT_EQ(table(), records) << "one a layer";
+
+    // From the map.
+    click_map(-78.64, 35.78);
+    std::vector<unsigned> const wake = selected();
+    ASSERT_EQ(wake.size(), 1u);
+    EXPECT_EQ(records->selected_records(), wake);
+    QModelIndex const row = view->model()->index(int(wake[0]), 0);
+    EXPECT_TRUE(view->viewport()->rect().contains(view->visualRect(row).center()));
+    click_map(-80.84, 35.23, Qt::ControlModifier); // Charlotte
+    EXPECT_EQ(records->selected_records().size(), 2u);
+    click_map(-78.64, 35.78, Qt::ControlModifier);
+    EXPECT_EQ(records->selected_records().size(), 1u);
+
+    // From the table: the map goes to what is not seen, and stays where it is seen.
+    Tvx_canvas_view far = canvas().view();
+    far.set_center({-84, 35});
+    far.set_units_per_pixel(0.0005);
+    canvas().go_to(far);
+    view->scrollToTop();
+    hand::click(view->viewport(), cell(view, 2, 0));
+    ASSERT_EQ(selected(), std::vector<unsigned>{2});
+    Tvx_box_d2 const box = vx_map_object_box(layers(), layers().id_at(0), 2);
+    EXPECT_TRUE(box.intersects(canvas().view().box()));
+    Tvx_canvas_view const there = canvas().view();
+    hand::press(view, Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(selected(), (std::vector<unsigned>{2, 3}));
+    auto const buttons = records->findChildren<QPushButton *>();
+    hand::click(buttons[0], buttons[0]->rect().center());
+    EXPECT_NE(canvas().view(), there);
+    hand::press(view, Qt::Key_C, Qt::ControlModifier);
+    QStringList const lines = QApplication::clipboard()->text().split('\n', Qt::SkipEmptyParts);
+    ASSERT_EQ(lines.size(), 3);
+    EXPECT_TRUE(lines[0].startsWith("AREA\tPERIMETER\t")) << lines[0].toStdString();
+
+    ASSERT_TRUE(layers().rename(0, "Counties"));
+    EXPECT_EQ(records->windowTitle(), "Counties: attributes");
+    hand::press(view, Qt::Key_Escape);
+    EXPECT_FALSE(records->isVisible());
+    ASSERT_TRUE(layers().remove(0));
+    EXPECT_FALSE(window->findChild<Tvx_attribute_table *>());
+    EXPECT_TRUE(selected().empty());
+}
+
+TEST_F(map_objects, a_table_is_sorted_by_a_click_and_keeps_what_is_selected)
+{
+    temp_dir folder;
+    std::ofstream(folder / "t.csv") << "name,n,x,y\nb,10,0,0\n\"\",2,1,1\na,,2,2\nB,9,3,3\n";
+    ASSERT_EQ(window->open_files({QString::fromStdString((folder / "t.csv").string())}), 1);
+    Tvx_attribute_table *const records = table();
+    ASSERT_TRUE(records);
+    auto const order = [&] {
+        QString all;
+        for (int row = 0; row < records->model().rowCount(); ++row)
+            all += QString::number(records->model().record_of(row));
+        return all;
+    };
+    int name = -1;
+    int number = -1;
+    for (int i = 0; i < records->model().columnCount(); ++i) {
+        QString const text = records->model().headerData(i, Qt::Horizontal, Qt::DisplayRole).toString();
+        name = text == "name" ? i : name;
+        number = text == "n" ? i : number;
+    }
+    records->select_records({3});
+    QHeaderView *const header = records->view()->horizontalHeader();
+    auto const click = [&](int column) {
+        hand::click(header->viewport(),
+                    {header->sectionViewportPosition(column) + header->sectionSize(column) / 2, 8});
+    };
+    click(name);
+    EXPECT_EQ(order().right(2), "03") << "b and B are one for people and stay in the order of the file";
+    click(name);
+    EXPECT_EQ(order().left(2), "03");
+    click(name);
+    EXPECT_EQ(order(), "0123") << "the third click gives the order of the file back";
+    click(number);
+    click(number);
+    EXPECT_EQ(records->selected_records(), std::vector<unsigned>{3});
+    EXPECT_EQ(order().back(),
+              records->model().data(records->model().index(3, number), Qt::DisplayRole).isNull()
+                  ? QChar('2')
+                  : order().back());
+    EXPECT_EQ(window->selection().layer_id(), -1) << "what the program selects is not reported";
+}
+
+/// A shapefile of points with a table of any length and one deleted record.
+void write_points(std::filesystem::path const &stem, unsigned count)
+{
+    auto const le = [](std::string &to, unsigned value, int bytes) {
+        for (int i = 0; i < bytes; ++i)
+            to += char(value >> (8 * i));
+    };
+    auto const be = [](std::string &to, unsigned value) {
+        for (int i = 3; i >= 0; --i)
+            to += char(value >> (8 * i));
+    };
+    auto const number = [](std::string &to, double value) {
+        to.append(reinterpret_cast<char const *>(&value), sizeof value);
+    };
+    auto const head = [&](unsigned bytes) {
+        std::string text;
+        be(text, 9994);
+        text.append(20, '\0');
+        be(text, bytes / 2);
+        le(text, 1000, 4);
+        le(text, 1, 4);
+        for (double const bound : {0.0, 0.0, 1000.0, 1000.0, 0.0, 0.0, 0.0, 0.0})
+            number(text, bound);
+        return text;
+    };
+    std::string shp = head(100 + 28 * count);
+    std::string shx = head(100 + 8 * count);
+    std::string dbf("\x03\x7c\x01\x01", 4);
+    le(dbf, count, 4);
+    le(dbf, 32 + 32 + 1, 2);
+    le(dbf, 1 + 10, 2);
+    dbf.append(20, '\0');
+    dbf += std::string("N\0\0\0\0\0\0\0\0\0\0N\0\0\0\0\x0a\0", 18) + std::string(14, '\0') + "\r";
+    char digits[16];
+    for (unsigned i = 0; i < count; ++i) {
+        be(shx, (100 + 28 * i) / 2);
+        be(shx, 10);
+        be(shp, i + 1);
+        be(shp, 10);
+        le(shp, 1, 4);
+        number(shp, i % 1000);
+        number(shp, i / 1000);
+        std::snprintf(digits, sizeof digits, "%c%10u", i == 5 ? '*' : ' ', i);
+        dbf += digits;
+    }
+    write_file(stem.string() + ".shp", shp);
+    write_file(stem.string() + ".shx", shx);
+    write_file(stem.string() + ".dbf", dbf);
+}
+
+TEST_F(map_objects, a_long_table_shows_what_is_seen_and_no_deleted_records)
+{
+    temp_dir folder;
+    write_points(folder / "many", 200'000);
+    ASSERT_EQ(window->open_files({QString::fromStdString((folder / "many.shp").string())}), 1);
+    Tvx_attribute_table *const records = table();
+    ASSERT_TRUE(records);
+    ASSERT_EQ(records->model().rowCount(), 199'999);
+    QTableView *const view = records->view();
+    auto const shown = [&](int row) {
+        return view->model()->data(view->model()->index(row, 0), Qt::DisplayRole).toString();
+    };
+    EXPECT_EQ(shown(4), "4");
+    EXPECT_EQ(shown(5), "6") << "record 5 is deleted";
+    view->scrollToBottom();
+    hand::click(view->viewport(), cell(view, 199'998, 0));
+    EXPECT_EQ(selected(), std::vector<unsigned>{199'998});
+    EXPECT_EQ(shown(199'998), "199999");
+    hand::press(view, Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(selected().size(), 199'999u);
+    canvas().grab();
+}
+} // namespace
