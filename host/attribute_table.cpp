@@ -67,7 +67,7 @@ Tvx_attribute_table::Tvx_attribute_table(Ivx_layer *layer, QWidget *parent)
     column->setContentsMargins(6, 6, 6, 6);
     column->addWidget(f_view);
     column->addLayout(line);
-    resize(760, 360);
+    resize(700, 340);
     f_view->resizeColumnsToContents();
     for (int i = 0; i < f_model->columnCount(); ++i)
         f_view->setColumnWidth(i, std::clamp(f_view->columnWidth(i) + 8, c_least_column, c_most_column));

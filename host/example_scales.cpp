@@ -1,6 +1,10 @@
 #include "host/example_scales.h"
 
 #include "data/filesystem/filesystem.h"
+#include "host/layer_files.h"
+#include "host/layer_scales.h"
+#include "host/layer_style.h"
+#include "host/map_scene.h"
 #include "scale_engine/model/scale_path.h"
 #include "scale_engine/model/scale_save_load.h"
 
@@ -179,4 +183,36 @@ bool vx_example_scales_save(Ivx_layer *layer)
         good = good && save_rules(scale_path::make_rule(path, field), manager.get());
     }
     return good;
+}
+
+bool vx_example_map_save(QString const &folder)
+{
+    struct part
+    {
+        char const *file;
+        char const *name;
+        std::optional<unsigned> mode; ///< of the scale that draws it
+    };
+    constexpr part c_parts[] = {{"world.shp", "Countries by continent", c_stl_mngr_mode_value},
+                                {"nc.shp", "Counties by births", c_stl_mngr_mode_range},
+                                {"naturalearth_cities.shp", "Cities", {}}};
+    vx_layer_restart_default_styles();
+    Tvx_layer_list layers;
+    for (part const &p : c_parts) {
+        Tvx_opened_file file = vx_layer_files_open(folder + '/' + QLatin1String(p.file));
+        if (file.layers.size() != 1)
+            return false;
+        Ivx_layer *const layer = file.layers.front().layer.get();
+        vx_lr2d_set_wcaption(layer, QString(p.name).toStdWString().c_str());
+        for (Tvx_layer_scale const &scale : vx_layer_scales_find(layer)) {
+            std::wstring reason;
+            if (p.mode == scale.mode && !vx_layer_draw_by(layer, scale, reason))
+                return false;
+        }
+        layers.add(std::move(file.layers.front().layer));
+    }
+    Tvx_canvas_view view;
+    view.set_center({5, 15});
+    view.set_units_per_pixel(0.375);
+    return vx_map_scene_save(folder + '/' + c_example_map, layers, view);
 }

@@ -38,6 +38,9 @@ protected:
     void keyPressEvent(QKeyEvent *event) override
     {
         bool const enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+        // The key that ends a name comes here too.
+        if (enter && state() == EditingState)
+            return;
         if (enter && event->modifiers() == Qt::NoModifier && currentIndex().isValid())
             emit doubleClicked(currentIndex());
         else

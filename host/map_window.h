@@ -91,6 +91,7 @@ private:
     void select_objects(int layer_id, std::vector<unsigned> records);
     void show_selection_in_tables();
     void on_table();
+    void place_beside(QWidget &window) const;
     /// Moves the map to an object that is not seen.
     void show_object(int id, unsigned record);
     void zoom_to_selection();

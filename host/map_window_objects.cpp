@@ -136,12 +136,25 @@ Tvx_attribute_table *Tvx_map_window::open_table(int id)
         connect(table, &Tvx_attribute_table::zoom_wanted, this, &Tvx_map_window::zoom_to_selection);
         if (f_selection->layer_id() == id)
             table->select_records(f_selection->records());
-        place_window(*table, geometry().bottomRight() - QPoint(table->width(), table->height()));
+        place_beside(*table);
     }
     table->show();
     table->raise();
     table->activateWindow();
     return table;
+}
+
+/// Where the screen has room: to the right of the window or below it, else over the lower part of the map.
+void Tvx_map_window::place_beside(QWidget &window) const
+{
+    QRect const screen = this->screen()->availableGeometry();
+    QRect const frame = frameGeometry();
+    if (frame.right() + c_window_gap + window.width() <= screen.right())
+        place_window(window, {frame.right() + c_window_gap, frame.bottom() - window.height()});
+    else if (frame.bottom() + c_window_gap + window.height() <= screen.bottom())
+        place_window(window, {frame.left(), frame.bottom() + c_window_gap});
+    else
+        place_window(window, f_canvas->mapToGlobal(QPoint(0, f_canvas->height() - window.height())));
 }
 
 void Tvx_map_window::show_object(int id, unsigned record)

@@ -2,8 +2,10 @@
 
 #include "captions/forms.h"
 #include "exports/vxk_lr2d_edit_form_api.h"
+#include "host/attribute_table.h"
 #include "host/captions.h"
 #include "host/example_scales.h"
+#include "host/identify_window.h"
 #include "host/layer_editor.h"
 #include "host/layer_info.h"
 #include "host/layer_panel.h"
@@ -27,12 +29,14 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPainter>
 #include <QScreen>
 #include <QTabBar>
+#include <QTableView>
 #include <QTemporaryDir>
 #include <QTreeView>
 
@@ -76,7 +80,9 @@ void draw_window(QPainter &painter, QWidget &window)
     QRect const title(body.left(), body.top() - c_title_height, body.width(), c_title_height);
     painter.fillRect(body.united(title).adjusted(-1, -1, 1, 1), QColor(0x4a, 0x55, 0x62));
     painter.setPen(Qt::white);
-    painter.drawText(title.adjusted(10, 0, -10, 0), Qt::AlignVCenter | Qt::AlignLeft, window.windowTitle());
+    QString text = window.windowTitle();
+    text.replace("[*]", window.isWindowModified() ? "*" : "");
+    painter.drawText(title.adjusted(10, 0, -10, 0), Qt::AlignVCenter | Qt::AlignLeft, text);
     painter.drawPixmap(body.topLeft(), window.grab());
 }
 } // namespace
@@ -106,6 +112,8 @@ bool Tvx_tour::run(QStringList const &files)
         shoot_map("empty");
         show_example_maps();
         show_scales();
+        show_sample_map();
+        show_objects();
         show_navigation();
         show_layer_kinds();
         show_apply();
@@ -172,6 +180,68 @@ void Tvx_tour::show_scales()
         shoot_map(names[scale.mode]);
     }
     remove_all_layers();
+}
+
+void Tvx_tour::show_sample_map()
+{
+    QTemporaryDir const folder;
+    for (QString const &name :
+         QDir(f_data).entryList({"world.*", "nc.*", "naturalearth_cities.*", c_example_map}))
+        check(QFile::copy(f_data + "/" + name, folder.filePath(name)), "cannot copy " + name);
+    check(f_window.open_files({folder.filePath(c_example_map)}) == 3, "the sample map was not opened");
+    QTreeView *list = f_window.panel().view();
+    shoot_map("sample_map");
+
+    // A class off, a layer with another name, and the star of what is not saved.
+    QModelIndex const countries = f_window.layers().index(2);
+    QRect const africa = list->visualRect(f_window.layers().index(0, 0, countries));
+    hand::click(list->viewport(), {africa.left() + 10, africa.center().y()});
+    hand::click(list->viewport(), hand::text_of(list, 0));
+    hand::press(list, Qt::Key_F2);
+    if (auto *const edit = list->findChild<QLineEdit *>())
+        hand::type(edit, "Large cities");
+    shoot_map("sample_map_changed");
+    if (auto *const edit = list->findChild<QLineEdit *>())
+        hand::press(edit, Qt::Key_Return);
+    check(f_window.layers().name_at(0) == "Large cities", "the layer was not renamed");
+    check(!f_window.editor().is_showing(), "a name that is typed opens the properties");
+    check(f_window.is_changed(), "a change is not known as one");
+    f_expected_messages = 1;
+    check(!f_window.new_scene(), "the map is taken away though it is not saved");
+    check(f_expected_messages == 0, "no question before the map is lost");
+    hand::press(list, Qt::Key_S, Qt::ControlModifier);
+    check(!f_window.is_changed(), "the map was not saved");
+    check(f_window.open_files({folder.filePath(c_example_map)}) == 3, "the saved map was not opened");
+    shoot_map("sample_map_again");
+    check(f_window.new_scene(), "a saved map is not closed");
+}
+
+void Tvx_tour::show_objects()
+{
+    check(f_window.open_files({f_data + "/" + c_example_map}) == 3, "the sample map was not opened");
+    QTreeView *list = f_window.panel().view();
+    Tvx_map_canvas &canvas = f_window.canvas();
+    hand::click(list->viewport(), hand::text_of(list, 1));
+    hand::press(list, Qt::Key_L, Qt::ControlModifier);
+    hand::press(list, Qt::Key_F9);
+    Tvx_attribute_table *const table = f_window.open_table(f_window.layers().id_at(1));
+    check(table && table->isVisible(), "F9 opens no table");
+    hand::press(&canvas, Qt::Key_F8);
+    Tvx_screen_point const wake = canvas.view().to_screen({-78.64, 35.78});
+    hand::click(&canvas, {int(wake.x), int(wake.y)});
+    check(hand::wait_until([this] { return f_window.identify_window().isVisible(); }),
+          "a click names nothing");
+    check(table && table->selected_records().size() == 1, "a click on the map selects nothing in the table");
+    shoot_screen("what_is_here_and_table");
+    hand::press(&canvas, Qt::Key_Escape);
+    if (table) {
+        hand::press(table->view(), Qt::Key_Home, Qt::ControlModifier);
+        hand::press(table->view(), Qt::Key_Down, Qt::ShiftModifier);
+        hand::press(table->view(), Qt::Key_Down, Qt::ShiftModifier);
+        shoot_screen("selected_in_the_table");
+    }
+    hand::press(&canvas, Qt::Key_F6);
+    check(f_window.new_scene(), "a map that was only looked at is not closed");
 }
 
 void Tvx_tour::show_navigation()
@@ -402,8 +472,10 @@ void Tvx_tour::shoot_screen(QString const &name)
     picture.fill(QColor(0x7d, 0x8b, 0x99));
     QPainter painter(&picture);
     draw_window(painter, f_window);
-    if (QWidget *editor = editor_window())
-        draw_window(painter, *editor);
+    for (QWidget *window : QApplication::topLevelWidgets())
+        if (window->isVisible() && window != &f_window && window->windowType() != Qt::ToolTip &&
+            window->windowType() != Qt::Popup)
+            draw_window(painter, *window);
     painter.end();
     save(picture, name);
 }

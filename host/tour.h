@@ -22,6 +22,8 @@ private:
     void show_files(QStringList const &files);
     void show_example_maps();
     void show_scales();
+    void show_sample_map();
+    void show_objects();
     void show_navigation();
     void show_menu(int place);
     /// Opens the menu of the scales beside the selected layer; null and a failure when it does not open.
@@ -38,7 +40,7 @@ private:
     [[nodiscard]] QWidget *editor_window();
     void shoot_map(QString const &name);
     void shoot_editor(QString const &name);
-    /// Map and editor as they stand on the screen.
+    /// All windows as they stand on the screen.
     void shoot_screen(QString const &name);
     void save(class QImage const &picture, QString const &name);
     void check(bool ok, QString const &what);

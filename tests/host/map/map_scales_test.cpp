@@ -225,4 +225,24 @@ TEST_F(map_fixture, the_examples_bring_the_scales_that_the_program_makes)
     }
     EXPECT_EQ(made.size(), 7u);
 }
+
+TEST_F(map_fixture, the_examples_bring_the_map_that_the_program_makes)
+{
+    temp_dir folder;
+    for (auto const &entry : std::filesystem::directory_iterator(VX_EXAMPLE_DATA))
+        if (entry.path().extension() != ".tif")
+            std::filesystem::copy(entry.path(), folder.path());
+    ASSERT_TRUE(vx_example_map_save(QString::fromStdString(folder.path().string())));
+    std::filesystem::path const shipped = std::filesystem::path(VX_EXAMPLE_DATA) / c_example_map;
+    if (std::getenv("VX_WRITE_EXAMPLES"))
+        std::filesystem::copy_file(folder / c_example_map, shipped,
+                                   std::filesystem::copy_options::overwrite_existing);
+    EXPECT_EQ(read_file(folder / c_example_map), read_file(shipped));
+    ASSERT_EQ(open({c_example_map}), 3);
+    EXPECT_EQ(layers().name_at(0), "Cities");
+    EXPECT_GT(layers().rowCount(layers().index(1)), 4);
+    EXPECT_GT(layers().rowCount(layers().index(2)), 6);
+    EXPECT_GT(drawn_part(picture()), 0.2);
+    EXPECT_FALSE(window->is_changed());
+}
 } // namespace

@@ -1,4 +1,5 @@
 #include "host/layer_classes.h"
+#include "host/layer_editor.h"
 #include "host/layer_scales.h"
 #include "host/map_scene.h"
 #include "map_fixture.h"
@@ -397,6 +398,7 @@ TEST_F(map_scene, layers_get_other_names_and_the_styles_of_others)
     edit->selectAll();
     hand::type(edit, "Counties\n");
     EXPECT_EQ(layers().name_at(0), "Counties");
+    EXPECT_FALSE(window->editor().is_showing()) << "the key that ends the name does nothing else";
     EXPECT_EQ(window->windowTitle(), "Untitled[*] - Counties - Map");
     hand::press(list(), Qt::Key_F2);
     ASSERT_TRUE(edit = list()->findChild<QLineEdit *>());
