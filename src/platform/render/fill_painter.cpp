@@ -1,4 +1,5 @@
 #include "platform/render/detail/style_painter.h"
+#include "platform/render/detail/tangle.h"
 #include "platform/toolkit/bridge/qt_graphics.h"
 
 #include <QtGui/QPainter>
@@ -27,6 +28,11 @@ constexpr double c_max_random_reach_px = 250;
 QColor qt_color(Tvx_color c)
 {
     return QColor(c.r, c.g, c.b, c.a);
+}
+
+Tvx_color plain_color(QColor const &c)
+{
+    return vx_clr_init_rgba(c.red(), c.green(), c.blue(), c.alpha());
 }
 
 /// The rest of a division that is finite for all numbers.
@@ -145,6 +151,20 @@ private:
     }
 };
 
+/// Few points cross themselves seldom enough.
+crossings crossings_of(std::span<px_line const> rings, Tvx_box_d2 const &clip)
+{
+    constexpr std::size_t c_few = 256;
+    crossings work(clip);
+    std::size_t count = 0;
+    for (px_line const &ring : rings)
+        count += ring.size();
+    for (px_line const &ring : rings)
+        if (count > c_few)
+            work.add(ring);
+    return work;
+}
+
 using fill_item = std::variant<QColor, hatch, spots>;
 
 /// A hatch whose line style has no layers.
@@ -220,6 +240,42 @@ struct fill_painter::impl
         else if (auto const *spot = std::get_if<pgn_spot_lr>(&lr.data))
             items.emplace_back(make_spots(target, *spot));
     }
+
+    void draw_pattern(fill_item &item, Tvx_box_d2 const &box, double hatch_angle, double spot_angle)
+    {
+        if (auto *h = std::get_if<hatch>(&item))
+            h->draw(target, box, hatch_angle);
+        else
+            std::get<spots>(item).draw(target, box, spot_angle);
+    }
+    void draw_tangled(std::span<px_line const> rings, Tvx_box_d2 const &clip, crossings const &work,
+                      double hatch_angle, double spot_angle)
+    {
+        std::vector<px_line> seen;
+        Tvx_box_d2 box;
+        for (px_line const &ring : rings) {
+            seen.push_back(clip_ring(ring, clip));
+            box.add(box_of(seen.back()));
+            if (!go_on(target, static_cast<double>(ring.size()) * cost::c_vertex))
+                return;
+        }
+        if (box.is_empty())
+            return;
+        tangled_area const area(target, seen, box, work);
+        QPainter &painter = *vx_qt_painter(target.painter);
+        for (auto &it : items) {
+            if (!go_on(target, box.width() * box.height() * cost::c_pixel))
+                return;
+            if (auto const *color = std::get_if<QColor>(&it)) {
+                area.fill(target, plain_color(*color));
+                continue;
+            }
+            painter.save();
+            area.clip(target);
+            draw_pattern(it, box, hatch_angle, spot_angle);
+            painter.restore();
+        }
+    }
 };
 
 fill_painter::fill_painter(surface const &target, bpgn_style const &style)
@@ -239,6 +295,10 @@ void fill_painter::draw(std::span<px_line const> rings, double hatch_angle, doub
 {
     impl &d = *f_impl;
     Tvx_box_d2 const clip = grown(d.target.clip, 2);
+    if (crossings const work = crossings_of(rings, clip); work.are_many()) {
+        d.draw_tangled(rings, clip, work, hatch_angle, spot_angle);
+        return;
+    }
     QPainterPath path;
     path.setFillRule(Qt::OddEvenFill);
     Tvx_box_d2 box;
@@ -274,10 +334,7 @@ void fill_painter::draw(std::span<px_line const> rings, double hatch_angle, doub
         }
         painter.save();
         painter.setClipPath(path, Qt::IntersectClip);
-        if (auto *h = std::get_if<hatch>(&it))
-            h->draw(d.target, box, hatch_angle);
-        else
-            std::get<spots>(it).draw(d.target, box, spot_angle);
+        d.draw_pattern(it, box, hatch_angle, spot_angle);
         painter.restore();
     }
 }

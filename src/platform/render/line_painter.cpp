@@ -1,4 +1,5 @@
 #include "platform/render/detail/style_painter.h"
+#include "platform/render/detail/tangle.h"
 #include "platform/toolkit/bridge/qt_graphics.h"
 
 #include <QtCore/QList>
@@ -25,6 +26,9 @@ constexpr double c_thin_px = 1.5;
 /// Patterns that are finer than this do not show; they are drawn as a full stroke, or not at all.
 constexpr double c_min_pattern_px = 1;
 constexpr double c_max_elements_per_px = 2;
+/// A line of so few points is drawn at once, whatever it does; one of so many never.
+constexpr std::size_t c_few_points = 256;
+constexpr std::size_t c_many_points = 1U << 15;
 
 QColor qt_color(Tvx_color c)
 {
@@ -51,9 +55,19 @@ bool is_ring(std::span<Tvx_pnt_d2 const> line)
     return line.size() > 3 && line.front() == line.back();
 }
 
-/// Strokes the line with the painter's pen; a ring gets a join where it closes.
-void stroke_line(QPainter &painter, std::span<Tvx_pnt_d2 const> line)
+/// Strokes the line with the painter's pen; a ring gets a join where it closes. `start` is where the line
+/// begins along the one that it is a piece of.
+void stroke_line(surface const &target, std::span<Tvx_pnt_d2 const> line, double start = 0)
 {
+    QPainter &painter = *vx_qt_painter(target.painter);
+    if (line.size() > c_few_points) {
+        crossings work(target.clip);
+        work.add(line);
+        if (line.size() > c_many_points || work.are_many()) {
+            stroke_in_runs(target, line, start);
+            return;
+        }
+    }
     bool const ring = is_ring(line);
     if (ring)
         line = line.first(line.size() - 1);
@@ -134,7 +148,7 @@ struct stroke
         if (dashed)
             pen.setDashOffset(start / pen.widthF());
         painter.setPen(pen);
-        stroke_line(painter, piece);
+        stroke_line(target, piece, start);
     }
     [[nodiscard]] double reach() const { return pen.widthF() * 2; }
     [[nodiscard]] double thickness() const { return pen.widthF(); }
@@ -250,7 +264,7 @@ struct pattern
         painter.setPen(pen);
         bool const fine = too_fine();
         if (elements.full || (fine && !elements.dashes.empty()))
-            stroke_line(painter, piece);
+            stroke_line(target, piece);
         if (fine)
             return;
         // The pattern begins `shift` along the line and repeats both ways: a dash may come into the first
@@ -275,7 +289,6 @@ private:
     }
     void draw_dashes(surface const &target, std::span<Tvx_pnt_d2 const> piece, double first) const
     {
-        QPainter &painter = *vx_qt_painter(target.painter);
         if (elements.dashes.empty())
             return;
         line_walk walk(piece);
@@ -287,7 +300,7 @@ private:
                     continue;
                 if (!go_on(target, cost::c_path))
                     return;
-                stroke_line(painter, walk.cut(from, to));
+                stroke_line(target, walk.cut(from, to));
             }
     }
     void draw_marks(surface const &target, std::span<Tvx_pnt_d2 const> piece, double first)

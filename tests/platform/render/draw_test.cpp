@@ -182,4 +182,34 @@ TEST(drwc, boxes_checks_and_text)
     EXPECT_EQ(vx_bmp_dc_get_pixel(dc.get(), 30, 32), vx_clr_init_grey(0)) << "the stem of the letter";
     EXPECT_EQ(vx_bmp_dc_get_pixel(dc.get(), 20, 40), c_white);
 }
+TEST(render, tangled_lines_and_areas_cover_what_they_pass)
+{
+    constexpr int c_side = 200;
+    constexpr int c_points = 20'000;
+    std::vector<Tvx_vtx_d2> zigzag;
+    for (int i = 0; i < c_points; ++i)
+        zigzag.push_back({static_cast<double>(c_side) * i / c_points, i % 2 ? c_side : 0.0});
+    zigzag.insert(zigzag.end(), {{c_side, -1.0}, {0.0, -1.0}}); // round below
+    geometry const shape({zigzag});
+    auto const mean_ink = [](page const &p) {
+        double sum = 0;
+        for (int y = 10; y < c_side - 10; ++y)
+            for (int x = 10; x < c_side - 10; ++x)
+                sum += p.ink(x, y);
+        return sum / ((c_side - 20) * (c_side - 20));
+    };
+    for (int const alpha : {255, 128}) {
+        Tvx_color const black = vx_clr_init_rgba(0, 0, 0, alpha);
+        page areas(c_side);
+        owned_bpgn const fill(vx_bpgn_style_create());
+        vx_bpgn_style_set_color(fill.get(), black);
+        vx_render_cr_bpgn(areas.render.get(), shape.list.get(), fill.get());
+        EXPECT_NEAR(mean_ink(areas), alpha / 2.0, 6) << "inside as often as outside";
+        page lines(c_side);
+        owned_bpln const line(vx_bpln_style_create());
+        vx_bpln_style_set_color(line.get(), black);
+        vx_render_cr_bpln(lines.render.get(), shape.list.get(), line.get());
+        EXPECT_NEAR(mean_ink(lines), alpha, 2) << "once, however often it passes";
+    }
+}
 } // namespace

@@ -382,6 +382,39 @@ TEST(render_layer, one_area_with_a_pattern_can_be_cancelled)
     }
 }
 
+/// A zigzag over the page: half of every pixel lies in an odd number of turns.
+std::vector<Tvx_pnt_d2> zigzag(int points, double side)
+{
+    std::vector<Tvx_pnt_d2> line;
+    for (int i = 0; i < points; ++i)
+        line.push_back({side * i / points, i % 2 ? side : 0});
+    line.push_back({side, -1});
+    line.push_back({0, -1});
+    line.push_back(line.front());
+    return line;
+}
+
+TEST(render_layer, one_tangled_area_is_drawn_soon_and_can_be_cancelled)
+{
+    constexpr int c_side = 600;
+    for (bool const hatched : {false, true}) {
+        patterned page(c_side);
+        page.table.features = {{{}, 5, {zigzag(20'000, c_side)}}};
+        if (hatched)
+            vx_pgn_htch_lr_set_delta(page.add_layer("pgn_htch_slr"), 0.6);
+        else
+            vx_pgn_fill_lr_set_color(page.add_layer("pgn_fill_slr"), c_black);
+        questions q{0, 3};
+        EXPECT_FALSE(
+            vx_render_layer(page.layer.get(), page.view, page.dc.get(), make_closure<&questions::ask>(&q)));
+        EXPECT_EQ(q.asked, 3);
+        questions all;
+        EXPECT_TRUE(
+            vx_render_layer(page.layer.get(), page.view, page.dc.get(), make_closure<&questions::ask>(&all)));
+        EXPECT_LT(all.asked, 300) << "some 20 milliseconds each";
+    }
+}
+
 TEST(render_layer, the_work_for_a_pattern_is_bound_by_what_can_be_seen)
 {
     // Each of these would draw for minutes if all elements were drawn that have a place. Questions come every
