@@ -498,13 +498,13 @@ bool dataset::make_grid(std::wstring const &name, int width, int height, int ban
     return true;
 }
 
-GDALDatasetUniquePtr dataset::open_again() const
+GDALDatasetUniquePtr dataset::open_again(unsigned flags) const
 {
-    char const *const only[] = {"GTiff", nullptr};
+    char const *const only[] = {flags == GDAL_OF_RASTER ? "GTiff" : "FlatGeobuf", nullptr};
     if (!f_read_only || !is_driver(only[0]) || kind_of_source(f_connection.source) != path_kind::file)
         return {};
-    GDALDatasetUniquePtr again(GDALDataset::Open(f_gdal->GetDescription(), GDAL_OF_RASTER | GDAL_OF_READONLY,
-                                                 only, options_of(f_connection).List()));
+    GDALDatasetUniquePtr again(GDALDataset::Open(f_gdal->GetDescription(), flags | GDAL_OF_READONLY, only,
+                                                 options_of(f_connection).List()));
     bool const is_same = again && again->GetRasterXSize() == f_gdal->GetRasterXSize() &&
                          again->GetRasterYSize() == f_gdal->GetRasterYSize() &&
                          again->GetRasterCount() == f_gdal->GetRasterCount();

@@ -40,9 +40,10 @@ public:
     /// Counts the changes of cells, so that what was worked out from them is known to be old.
     [[nodiscard]] unsigned long long changes() const { return f_changes; }
     void note_change() { ++f_changes; }
-    /// Another GDAL data set over the same file, for a thread of its own. Null unless the file is a regular
-    /// one that was opened for reading, of a format that may be read by several threads.
-    [[nodiscard]] GDALDatasetUniquePtr open_again() const;
+    /// Another GDAL data set over the same file, for a thread or a walk of its own: of grids, or of tables as
+    /// `flags` say. Null unless the file is a regular one that was opened for reading, of a format that may
+    /// be read by several threads and is opened in no time.
+    [[nodiscard]] GDALDatasetUniquePtr open_again(unsigned flags = GDAL_OF_RASTER) const;
 
     /// Opens a database server anew, over another connection; what is held of the former one ends. False,
     /// with all as it was, when that fails.

@@ -9,6 +9,7 @@
 #include "extension/binding/feature_random_request.h"
 #include "extension/binding/polymorphic.h"
 #include "extension/binding/question_source.h"
+#include "extension/binding/shape_source.h"
 #include "extension/binding/stat_source.h"
 #include "extension/binding/vector_source.h"
 #include "feature.h"
@@ -28,10 +29,10 @@ namespace vx::gdal {
 ///
 /// The attribute filter takes the language of the driver, with `LIMIT n` and `OFFSET n` at its end as an
 /// addition for every driver: the filtered sequence from feature `OFFSET`, `LIMIT` features long.
-class vector_set final
-    : public polymorphic<data_source_impl, vector_source_impl, stat_source_impl, feature_forward_request_impl,
-                         feature_random_request_impl, column_source_impl, question_source_impl>,
-      private feature_store
+class vector_set final : public polymorphic<data_source_impl, vector_source_impl, stat_source_impl,
+                                            feature_forward_request_impl, feature_random_request_impl,
+                                            column_source_impl, question_source_impl, shape_source_impl>,
+                         private feature_store
 {
 public:
     /// Null with a reason in `error` when the connection names a table that is not there.
@@ -134,6 +135,9 @@ public:
     bool with_numbers(int field, vx::floatings_visitor visitor) override;
     bool with_first_features(int key, int const *fields, int count, unsigned long long limit,
                              vx::string_visitor visitor) override;
+
+    // shape_source: the whole table; with a filter in force, and in a set that can be changed, not offered
+    bool read_shapes(Tvx_box_d2 *window, vx::shape_reading_visitor visitor) override;
 
 private:
     class position_keeper;

@@ -7,6 +7,14 @@
 
 namespace vx::codes
 {
+/// How a reading of shapes stands.
+enum class reading : int
+{
+    ended = 0,
+    goes_on = 1,
+    damaged = 2, ///< at its end; not all shapes could be read
+};
+
 /// Types of geometry.
 enum class geom_type : int
 {
@@ -123,6 +131,13 @@ enum class driver_id : int
 
 namespace vx::codes::plain
 {
+enum reading : int
+{
+    reading_ended = 0,
+    reading_goes_on = 1,
+    reading_damaged = 2,
+};
+
 enum geom_type : int
 {
     geom_none = 0,

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "shape_run.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+struct sqlite3;
+class GDALDataset;
+class OGRLayer;
+
+namespace vx::gdal {
+/// A way through the shapes of a table, some at a time.
+class shape_walk
+{
+public:
+    shape_walk() = default;
+    shape_walk(shape_walk const &) = delete;
+    shape_walk &operator=(shape_walk const &) = delete;
+    virtual ~shape_walk() = default;
+
+    enum step_result
+    {
+        c_more,
+        c_end,
+        c_broken, ///< the rest cannot be read
+    };
+    /// Adds what comes next to the run: what takes a fraction of a millisecond, or a single shape.
+    [[nodiscard]] virtual step_result step(shape_run &run) = 0;
+};
+
+/// Shapes straight from a shapefile's records, in blocks. A record that is not just as it should be is left
+/// to GDAL. Null for a table that does not fit its index; `path` is the name of one of its files, or of the
+/// folder that they are in. `deleted` are the numbers of records that are none, ascending.
+[[nodiscard]] std::unique_ptr<shape_walk> walk_shapefile(std::string const &path, OGRLayer &layer,
+                                                         std::vector<long long> deleted);
+
+/// Shapes straight from the rows of a GeoPackage's table, in the order of their identifiers, which is that in
+/// which GDAL gives them. With a window, in the units of the table, those that its index finds: null where
+/// there is none, or identifiers have gaps, so that it does not tell which record has which.
+struct geopackage_window
+{
+    double min_x, min_y, max_x, max_y;
+};
+[[nodiscard]] std::unique_ptr<shape_walk> walk_geopackage(sqlite3 *base, OGRLayer &layer,
+                                                          geopackage_window const *window);
+
+/// GDAL's own way to the features, by a data set that nobody else uses. `numbers_records` says that features
+/// are known by the numbers of their records.
+[[nodiscard]] std::unique_ptr<shape_walk> walk_features(std::shared_ptr<GDALDataset> set, OGRLayer &layer,
+                                                        bool numbers_records);
+} // namespace vx::gdal

@@ -1,0 +1,257 @@
+#include "data_types.h"
+#include "shape_walk.h"
+
+#include <cpl_conv.h>
+#include <cpl_string.h>
+#include <cpl_vsi.h>
+#include <ogrsf_frmts.h>
+
+#include <algorithm>
+#include <bit>
+#include <cstdint>
+#include <cstring>
+
+namespace vx::gdal {
+namespace {
+constexpr std::size_t c_head = 100;        ///< bytes before the first record, in both files
+constexpr std::size_t c_record_head = 8;   ///< and before each record's content
+constexpr std::size_t c_block = 1 << 17;   ///< bytes that are read at once; stays in the cache
+constexpr std::size_t c_entries = 1 << 13; ///< of the index, read at once
+constexpr std::size_t c_entry = 8;
+constexpr int c_at_once = 2048; ///< records in one step
+
+struct file_closer
+{
+    void operator()(VSILFILE *file) const { VSIFCloseL(file); }
+};
+using file_holder = std::unique_ptr<VSILFILE, file_closer>;
+
+template <class T>
+T little(unsigned char const *bytes)
+{
+    static_assert(std::endian::native == std::endian::little, "numbers are copied as they lie in the file");
+    T value;
+    std::memcpy(&value, bytes, sizeof value);
+    return value;
+}
+
+std::uint32_t big(unsigned char const *bytes)
+{
+    return std::uint32_t{bytes[0]} << 24 | std::uint32_t{bytes[1]} << 16 | std::uint32_t{bytes[2]} << 8 |
+           bytes[3];
+}
+
+/// A file of the set by its ending in lower or upper case; null for anything but a regular file.
+file_holder open_part(std::string const &path, OGRLayer &layer, char const *ending)
+{
+    VSIStatBufL info;
+    if (VSIStatL(path.c_str(), &info) != 0)
+        return nullptr;
+    bool const is_folder = VSI_ISDIR(info.st_mode);
+    std::string const own = CPLGetExtension(path.c_str());
+    if (!is_folder && !EQUAL(own.c_str(), "shp") && !EQUAL(own.c_str(), "shx") && !EQUAL(own.c_str(), "dbf"))
+        return nullptr;
+    CPLString upper(ending);
+    upper.toupper();
+    for (std::string const &e : {std::string(ending), std::string(upper)}) {
+        std::string const name = is_folder ? CPLFormFilename(path.c_str(), layer.GetName(), e.c_str())
+                                           : CPLResetExtension(path.c_str(), e.c_str());
+        if (VSIStatL(name.c_str(), &info) == 0 && VSI_ISREG(info.st_mode))
+            return file_holder(VSIFOpenL(name.c_str(), "rb"));
+    }
+    return nullptr;
+}
+
+std::uint64_t size_of(VSILFILE *file)
+{
+    VSIFSeekL(file, 0, SEEK_END);
+    return VSIFTellL(file);
+}
+
+class shapefile_walk final : public shape_walk
+{
+public:
+    shapefile_walk(file_holder shapes, file_holder index, OGRLayer &layer, std::size_t records,
+                   std::vector<long long> deleted)
+        : f_shapes(std::move(shapes)), f_index(std::move(index)), f_layer(layer), f_records(records),
+          f_deleted(std::move(deleted)), f_size(size_of(f_shapes.get()))
+    {
+    }
+
+    step_result step(shape_run &run) override
+    {
+        for (int i = 0; i < c_at_once && !run.is_large(); ++i, ++f_next) {
+            if (f_next == f_records)
+                return c_end;
+            if (f_deleted_seen < f_deleted.size() &&
+                f_deleted[f_deleted_seen] == static_cast<long long>(f_next)) {
+                ++f_deleted_seen;
+                continue;
+            }
+            unsigned char const *const entry = index_entry();
+            if (!entry)
+                return c_broken;
+            if (!add(run, big(entry) * std::uint64_t{2}, big(entry + 4) * std::uint64_t{2}))
+                leave_to_gdal(run);
+        }
+        return c_more;
+    }
+
+private:
+    [[nodiscard]] unsigned long long record() const { return f_next - f_deleted_seen; }
+
+    unsigned char const *index_entry()
+    {
+        if (f_next >= f_entries_end) {
+            std::size_t const count = std::min(c_entries, f_records - f_next);
+            f_entries.resize(count * c_entry);
+            VSIFSeekL(f_index.get(), c_head + f_next * c_entry, SEEK_SET);
+            if (VSIFReadL(f_entries.data(), c_entry, count, f_index.get()) != count)
+                return nullptr;
+            f_entries_begin = f_next;
+            f_entries_end = f_next + count;
+        }
+        return f_entries.data() + (f_next - f_entries_begin) * c_entry;
+    }
+
+    /// The bytes of the file from `at` on; null when they are not all there.
+    unsigned char const *bytes(std::uint64_t at, std::size_t count)
+    {
+        if (at > f_size || count > f_size - at)
+            return nullptr;
+        if (at < f_block_at || at + count > f_block_at + f_block.size()) {
+            auto const wanted =
+                static_cast<std::size_t>(std::min<std::uint64_t>(std::max(count, c_block), f_size - at));
+            f_block.resize(wanted);
+            f_block_at = at;
+            VSIFSeekL(f_shapes.get(), at, SEEK_SET);
+            f_block.resize(VSIFReadL(f_block.data(), 1, wanted, f_shapes.get()));
+            if (f_block.size() < count)
+                return nullptr;
+        }
+        return f_block.data() + (at - f_block_at);
+    }
+
+    [[nodiscard]] bool add(shape_run &run, std::uint64_t at, std::uint64_t length)
+    {
+        unsigned char const *const head = length >= 4 ? bytes(at, c_record_head + length) : nullptr;
+        if (!head || big(head + 4) * std::uint64_t{2} != length)
+            return false;
+        unsigned char const *const content = head + c_record_head;
+        switch (little<std::int32_t>(content)) {
+        case 0:
+            run.add_none(record());
+            return true;
+        case 1:
+        case 11:
+        case 21:
+            if (length < 20)
+                return false;
+            run.add_point(little<double>(content + 4), little<double>(content + 12), record());
+            return true;
+        case 3:
+        case 13:
+        case 23:
+            return add_parts(run, geom_polyline, content, length);
+        case 5:
+        case 15:
+        case 25:
+            return add_parts(run, geom_polygon, content, length);
+        case 8:
+        case 18:
+        case 28:
+            return add_multipoint(run, content, length);
+        default:
+            return false;
+        }
+    }
+
+    [[nodiscard]] bool add_multipoint(shape_run &run, unsigned char const *content, std::uint64_t length)
+    {
+        constexpr std::size_t c_fixed = 40;
+        if (length < c_fixed)
+            return false;
+        auto const count = little<std::uint32_t>(content + 36);
+        if (count == 0 || count > (length - c_fixed) / 16)
+            return false;
+        f_counts.assign(count, 1);
+        std::memcpy(run.add_shape(geom_multipoint, f_counts.data(), count, record()), content + c_fixed,
+                    std::size_t{count} * 16);
+        return true;
+    }
+
+    [[nodiscard]] bool add_parts(shape_run &run, int kind, unsigned char const *content, std::uint64_t length)
+    {
+        constexpr std::size_t c_fixed = 44;
+        if (length < c_fixed)
+            return false;
+        auto const parts = little<std::uint32_t>(content + 36);
+        auto const vertices = little<std::uint32_t>(content + 40);
+        if (parts == 0 || vertices == 0 ||
+            std::uint64_t{parts} * 4 + std::uint64_t{vertices} * 16 > length - c_fixed)
+            return false;
+        f_counts.clear();
+        std::uint32_t begin = little<std::uint32_t>(content + c_fixed);
+        if (begin != 0)
+            return false;
+        for (std::uint32_t p = 1; p <= parts; ++p) {
+            std::uint32_t const end =
+                p < parts ? little<std::uint32_t>(content + c_fixed + 4 * std::size_t{p}) : vertices;
+            if (end <= begin || end > vertices)
+                return false;
+            f_counts.push_back(end - begin);
+            begin = end;
+        }
+        std::memcpy(run.add_shape(kind, f_counts.data(), parts, record()),
+                    content + c_fixed + 4 * std::size_t{parts}, std::size_t{vertices} * 16);
+        return true;
+    }
+
+    void leave_to_gdal(shape_run &run)
+    {
+        OGRFeatureUniquePtr const feature(f_layer.GetFeature(static_cast<GIntBig>(f_next)));
+        run.add(feature ? feature->GetGeometryRef() : nullptr, record());
+    }
+
+    file_holder f_shapes;
+    file_holder f_index;
+    OGRLayer &f_layer;
+    std::size_t f_records;
+    std::vector<long long> f_deleted;
+    std::uint64_t f_size;
+    std::size_t f_next = 0;
+    std::size_t f_deleted_seen = 0;
+    std::vector<unsigned char> f_entries;
+    std::size_t f_entries_begin = 0;
+    std::size_t f_entries_end = 0;
+    std::vector<unsigned char> f_block;
+    std::uint64_t f_block_at = 0;
+    std::vector<unsigned> f_counts;
+};
+} // namespace
+
+std::unique_ptr<shape_walk> walk_shapefile(std::string const &path, OGRLayer &layer,
+                                           std::vector<long long> deleted)
+{
+    constexpr std::uint32_t c_mark = 9994;
+    if (layer.GetLayerDefn()->GetGeomFieldCount() == 0)
+        return nullptr;
+    file_holder shapes = open_part(path, layer, "shp");
+    file_holder index = open_part(path, layer, "shx");
+    if (!shapes || !index)
+        return nullptr;
+    unsigned char head[c_head];
+    std::uint64_t const index_size = size_of(index.get());
+    VSIFSeekL(index.get(), 0, SEEK_SET);
+    if (VSIFReadL(head, 1, c_head, index.get()) != c_head || big(head) != c_mark)
+        return nullptr;
+    std::uint64_t const told = big(head + 24) * std::uint64_t{2};
+    if (told < c_head || told > index_size || (told - c_head) % c_entry != 0)
+        return nullptr;
+    auto const records = static_cast<std::size_t>((told - c_head) / c_entry);
+    if (static_cast<GIntBig>(records) != layer.GetFeatureCount(FALSE))
+        return nullptr;
+    return std::make_unique<shapefile_walk>(std::move(shapes), std::move(index), layer, records,
+                                            std::move(deleted));
+}
+} // namespace vx::gdal
