@@ -5,8 +5,8 @@
 
 struct Ivx_attr_data;
 
-/// Geometry of a vector data set, read whole on first use and then held in plain arrays. Shape `i` belongs to
-/// record `i` of the attribute table. Main thread only.
+/// Geometry of a vector data set, read once and then held in plain arrays: whole on first use, or in slices
+/// by who asks for them. Shape `i` belongs to record `i` of the attribute table. Main thread only.
 struct Ivx_shape_files;
 
 /// What a shape consists of; the numbers are those of the geometry types without z.
@@ -33,9 +33,24 @@ struct Tvx_shape_view
 /// Null when the data object is null, cannot be opened or has no vector part, and when whoever waits for the
 /// data set gave the reading up.
 [[nodiscard]] VX_API Ivx_shape_files *vx_shape_files_open(Ivx_attr_data *data);
+/// The shapes as far as they were read, which may be not at all: null only when the data object is null,
+/// cannot be opened or has no vector part.
+[[nodiscard]] VX_API Ivx_shape_files *vx_shape_files_begin(Ivx_attr_data *data);
+/// The shapes that meet `window`, to be read by `vx_shape_files_read_on`, for a look before all are read.
+/// They are visited by the numbers of their records, and are not got by index. Null where that is not faster
+/// than to read what is left: the window shows much of the extent, the format has no index, all has been
+/// read.
+[[nodiscard]] VX_API Ivx_shape_files *vx_shape_files_begin_window(Ivx_attr_data *data,
+                                                                  Tvx_box_d2 const *window);
+/// Reads for about so many milliseconds. What is read can be seen at the end; views that were got before stay
+/// valid. False when there is nothing left to read.
+VX_API bool vx_shape_files_read_on(Ivx_shape_files *shapes, int milliseconds);
+/// All shapes are read.
+[[nodiscard]] VX_API bool vx_shape_files_is_whole(Ivx_shape_files const *shapes);
 /// Null is accepted.
 VX_API void vx_shape_files_close(Ivx_shape_files *shapes);
 
+/// Shapes that were read so far.
 [[nodiscard]] VX_API unsigned vx_shape_files_get_count(Ivx_shape_files const *shapes);
 /// True when the source could not read all shapes, as of a file that was cut; those have no geometry here.
 [[nodiscard]] VX_API bool vx_shape_files_is_damaged(Ivx_shape_files const *shapes);
@@ -48,3 +63,6 @@ VX_API bool vx_shape_files_get(Ivx_shape_files const *shapes, unsigned index, Tv
 using Tvx_shape_visit = bool (*)(unsigned index, Tvx_shape_view const *view, void *user);
 VX_API void vx_shape_files_visit(Ivx_shape_files const *shapes, Tvx_box_d2 const *box, Tvx_shape_visit visit,
                                  void *user);
+/// The same from the shape `first` on, so that what was read meanwhile is visited once.
+VX_API void vx_shape_files_visit_from(Ivx_shape_files const *shapes, Tvx_box_d2 const *box, unsigned first,
+                                      Tvx_shape_visit visit, void *user);

@@ -13,6 +13,9 @@ using namespace vx::render;
 namespace {
 using vx::styles::variant_of_style;
 
+/// Of reading, before who waits is asked.
+constexpr int c_slice_ms = 10;
+
 struct pass
 {
     mngr_painter &painter;
@@ -62,7 +65,7 @@ bool draw_layer(Ivx_layer *layer, Tvx_map_view const &view, void *dc, variant_of
     if (view.mm2px_y > 0)
         target.px_per_mm_y = view.mm2px_y;
     Ivx_attr_data *data = vx_shp_lr2d_get_attr_data_ptr(layer);
-    vx::owned<Ivx_shape_files, &vx_shape_files_close> shapes(vx_shape_files_open(data));
+    vx::owned<Ivx_shape_files, &vx_shape_files_close> shapes(vx_shape_files_begin(data));
     if (!shapes)
         return false;
     vx::owned<Ivx_attr_files, &vx_attr_files_close> files(vx_attr_files_open(data, 1, 0));
@@ -70,11 +73,24 @@ bool draw_layer(Ivx_layer *layer, Tvx_map_view const &view, void *dc, variant_of
     void *list = vx_shp_lr2d_get_style_mngr_list_ptr(layer);
     if (!vx_stl_mngr_list_get_visible(list))
         return true;
+    if (!vx_shape_files_is_whole(shapes.get()))
+        if (Ivx_shape_files *const window = vx_shape_files_begin_window(data, &box))
+            shapes.reset(window);
     for (unsigned i = 0; i < vx_stl_mngr_list_get_count(list); ++i) {
         auto const &mngr = *static_cast<vx::styles::stl_mngr const *>(vx_stl_mngr_list_get_mngr(list, i));
         mngr_painter painter(target, view, mngr, files.get(), variant);
         pass p{painter, selected, meter};
-        vx_shape_files_visit(shapes.get(), &box, &pass::visit, &p);
+        for (unsigned first = 0;;) {
+            unsigned const end = vx_shape_files_get_count(shapes.get());
+            vx_shape_files_visit_from(shapes.get(), &box, first, &pass::visit, &p);
+            first = end;
+            // What comes is drawn on the way.
+            if (meter.stopped() || (!vx_shape_files_read_on(shapes.get(), c_slice_ms) &&
+                                    first == vx_shape_files_get_count(shapes.get())))
+                break;
+            if (!meter.go_on(c_slice_ms * 1e6))
+                break;
+        }
         if (meter.stopped())
             return false;
     }

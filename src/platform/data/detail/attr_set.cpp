@@ -26,9 +26,6 @@ namespace vx::attr {
 namespace {
 using namespace codes::plain;
 
-// Types with z have the number of the flat one and this; a patch of surfaces has no flat form.
-constexpr int c_geom_z = geom_point_z - geom_point;
-
 constexpr std::size_t c_max_records = std::numeric_limits<int>::max();
 
 int field_type(int type, int subtype)
@@ -83,13 +80,6 @@ public:
 protected:
     ~feature_reader() = default;
     virtual void read(vx::feature const &item) = 0;
-};
-
-class complaint_listener final : public vx::string_visitor_impl
-{
-public:
-    void visit(wchar_t const *) override { f_is_heard = true; }
-    bool f_is_heard = false;
 };
 
 template <class T>
@@ -275,44 +265,6 @@ private:
     closure<bool()> f_waiting = vx_datasource_get_waiting();
     std::chrono::steady_clock::time_point f_next = std::chrono::steady_clock::now() + c_between_questions;
 };
-
-class shape_reader final : public feature_reader
-{
-public:
-    explicit shape_reader(std::size_t records) : f_shapes(std::make_shared<shape_set>(records)) {}
-
-    std::shared_ptr<shape_set> f_shapes;
-
-private:
-    void read(vx::feature const &item) override
-    {
-        int const type = item.geom_type();
-        switch (type > c_geom_z ? type - c_geom_z : type) {
-        case geom_point: {
-            Tvx_vtx_d2 point;
-            if (item.get_point(&point))
-                return f_shapes->append_point({point.x, point.y});
-            break;
-        }
-        case geom_multipoint:
-            if (item.get_multipoint(f_list.get()))
-                return f_shapes->append(c_shape_point, f_list.get());
-            break;
-        case geom_polyline:
-            if (item.get_polypoint(f_list.get()))
-                return f_shapes->append(c_shape_polyline, f_list.get());
-            break;
-        case geom_polygon:
-            if (item.get_polypoint(f_list.get()))
-                return f_shapes->append(c_shape_polygon, f_list.get());
-            break;
-        default:
-            break;
-        }
-        f_shapes->append_none();
-    }
-    vx::owned<Tvx_op2d, &vx_ov_d2_destroy> f_list{vx_ov_d2_create()};
-};
 } // namespace
 
 std::shared_ptr<attr_set> attr_set::open(std::wstring const &source, std::wstring &error)
@@ -375,6 +327,7 @@ void attr_set::read_head()
 
 attr_set::~attr_set()
 {
+    f_feed.reset();
     vx_datasource_end(f_source);
 }
 
@@ -398,8 +351,8 @@ bool attr_set::extent(Tvx_box_d2 &box) const
     if (attempt([&] { is_known = f_source.with_extent(&box, false) && !box.is_empty(); }) && is_known)
         return true;
     // What would be read once more for it has been read already.
-    if (f_shapes) {
-        box = f_shapes->box();
+    if (f_feed && f_feed->is_over()) {
+        box = f_feed->shapes()->box();
         return true;
     }
     return attempt([&] { is_known = f_source.with_extent(&box, true); }) && is_known;
@@ -423,29 +376,19 @@ void attr_set::read_fields()
     f_columns.resize(f_fields.size());
 }
 
-attr_set::walk_result attr_set::walk(vx::feature_visitor visitor) const
+void attr_set::walk(vx::feature_visitor visitor) const
 {
     vx::flag_scope const walking(f_is_walking);
-    complaint_listener complaints;
-    bool is_given_up = false;
-    bool const is_good = attempt([&] {
+    if (f_feed)
+        f_feed->lose_place();
+    attempt([&] {
         vx::feature_forward_request const request(
             vx_feature_forward_request_interface_specialize(vx_data_source_interface_generalize(f_source)));
-        bool const is_ready = request.reset_reading();
-        complaints.f_is_heard = !is_ready;
+        bool goes_on = request.reset_reading();
         patience patience;
-        for (std::size_t i = 0; is_ready && i < f_record_count; ++i) {
-            is_given_up = patience.is_over();
-            bool const is_read = !is_given_up && request.with_next_feature(visitor);
-            // It holds the complaints of its last call only.
-            f_source.with_error(complaints);
-            if (!is_read)
-                break;
-        }
+        for (std::size_t i = 0; goes_on && i < f_record_count; ++i)
+            goes_on = !patience.is_over() && request.with_next_feature(visitor);
     });
-    if (is_given_up)
-        return c_walk_given_up;
-    return is_good && !complaints.f_is_heard ? c_walk_done : c_walk_complained;
 }
 
 template <class Cells, class Reader>
@@ -530,6 +473,8 @@ std::vector<column> attr_set::read_page(std::size_t first, std::size_t count)
     if (by_page)
         walk.set_attribute_filter(nullptr);
     walk.reset_reading();
+    if (f_feed)
+        f_feed->lose_place();
     f_finds_records_fast = is_there && std::chrono::steady_clock::now() - began < c_slow;
     for (column &cells : reader.f_cells)
         if (auto *const texts = std::get_if<text_cells>(&cells))
@@ -537,25 +482,63 @@ std::vector<column> attr_set::read_page(std::size_t first, std::size_t count)
     return std::move(reader.f_cells);
 }
 
-std::shared_ptr<shape_set const> attr_set::shapes()
+shape_feed *attr_set::feed()
 {
-    if (!f_shapes)
-        attempt([&] { read_shapes(); });
-    return f_shapes;
+    if (!f_feed)
+        attempt([&] { f_feed = std::make_unique<shape_feed>(f_source, f_record_count); });
+    return f_feed.get();
 }
 
-void attr_set::read_shapes()
+std::shared_ptr<shape_set const> attr_set::shapes()
 {
-    shape_reader reader(f_record_count);
-    walk_result const result = walk(reader);
-    if (result == c_walk_given_up)
-        return;
-    if (result == c_walk_complained)
-        reader.f_shapes->set_damaged();
-    // A driver that gives fewer features than it counts leaves the rest without geometry.
-    while (reader.f_shapes->size() < f_record_count)
-        reader.f_shapes->append_none();
-    reader.f_shapes->finish();
-    f_shapes = reader.f_shapes;
+    constexpr int c_slice_ms = 20;
+    patience patience;
+    while (read_shapes(c_slice_ms))
+        if (patience.is_over())
+            return nullptr;
+    return f_feed && !f_feed->is_broken() ? f_feed->shapes() : nullptr;
+}
+
+std::shared_ptr<shape_set const> attr_set::shapes_so_far()
+{
+    shape_feed *const all = feed();
+    return all ? all->shapes() : nullptr;
+}
+
+bool attr_set::read_shapes(int milliseconds)
+{
+    shape_feed *const all = f_is_walking ? nullptr : feed();
+    return all && read_on(*all, milliseconds);
+}
+
+bool attr_set::read_on(shape_feed &from, int milliseconds)
+{
+    bool is_more = false;
+    if (!attempt([&] { is_more = from.read_on(milliseconds); }))
+        from.give_up();
+    return is_more;
+}
+
+std::unique_ptr<shape_feed> attr_set::shapes_in(Tvx_box_d2 const &window)
+{
+    constexpr double c_small_part = 1.0 / 4; // of the area; a larger one is not found faster than all is read
+    std::unique_ptr<shape_feed> found;
+    attempt([&] {
+        Tvx_box_d2 whole;
+        if (f_is_walking || (f_feed && f_feed->is_over()) || window.is_empty() ||
+            !f_source.with_extent(&whole, false) || whole.is_empty())
+            return;
+        auto const share = [](double from, double to, double whole_from, double whole_to) {
+            return whole_to > whole_from
+                       ? std::max(0.0, std::min(to, whole_to) - std::max(from, whole_from)) /
+                             (whole_to - whole_from)
+                       : 1.0;
+        };
+        double const part = share(window.min_x, window.max_x, whole.min_x, whole.max_x) *
+                            share(window.min_y, window.max_y, whole.min_y, whole.max_y);
+        if (part <= c_small_part)
+            found = shape_feed::in_window(f_source, f_record_count, window);
+    });
+    return found;
 }
 } // namespace vx::attr

@@ -5,7 +5,7 @@
 #include "extension/binding/vector_source.h"
 
 #include "platform/data/detail/attr_column.h"
-#include "platform/data/detail/shape_set.h"
+#include "platform/data/detail/shape_feed.h"
 
 #include <memory>
 #include <optional>
@@ -54,6 +54,15 @@ public:
     /// The shapes, read from the source at the first call; held by whoever asks, so they outlive the set.
     /// Null when whoever waits for data sets gave the reading up, or there is no memory for them.
     [[nodiscard]] std::shared_ptr<shape_set const> shapes();
+    /// The shapes as far as they were read; nothing is read for it. Null when they cannot be.
+    [[nodiscard]] std::shared_ptr<shape_set const> shapes_so_far();
+    /// Reads shapes for about so long. False when there is nothing left to read.
+    bool read_shapes(int milliseconds);
+    /// The same of some of its shapes.
+    bool read_on(shape_feed &from, int milliseconds);
+    /// The shapes of a small part of the extent, where the driver finds them faster than it reads all that is
+    /// left to read; null elsewhere. It has to end before the set.
+    [[nodiscard]] std::unique_ptr<shape_feed> shapes_in(Tvx_box_d2 const &window);
 
 private:
     explicit attr_set(t_vx_data_source_interface source);
@@ -64,15 +73,10 @@ private:
     void read_fields();
     void read_cells(std::size_t index);
     [[nodiscard]] std::vector<column> read_page(std::size_t first, std::size_t count);
-    void read_shapes();
-    enum walk_result
-    {
-        c_walk_done,
-        c_walk_complained, ///< the source had something to complain about on the way
-        c_walk_given_up,   ///< by the one who waits
-    };
     /// Hands each feature to `visitor`, in record order, not more than there are records.
-    walk_result walk(vx::feature_visitor visitor) const;
+    void walk(vx::feature_visitor visitor) const;
+    /// Null when the source cannot be read.
+    [[nodiscard]] shape_feed *feed();
     /// All cells of a field: by the driver's columns if it offers them, else by a walk with a `Reader`.
     template <class Cells, class Reader>
     [[nodiscard]] Cells read_column(int field) const;
@@ -81,7 +85,7 @@ private:
     vx::vector_source f_vector;
     std::vector<field> f_fields;
     std::vector<std::optional<column>> f_columns;
-    std::shared_ptr<shape_set const> f_shapes;
+    std::unique_ptr<shape_feed> f_feed; ///< null before the first question for shapes
     std::size_t f_record_count = 0;
     bool f_has_vector = false;
     mutable bool f_is_walking = false;

@@ -1,123 +1,220 @@
 #include "platform/data/detail/shape_set.h"
 
-#include "platform/base/vertex_list.h"
-
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <utility>
 
 namespace vx::attr {
 namespace {
-/// Room is made beforehand for as many shapes as a stranger's file may claim without harm.
-constexpr std::size_t c_most_expected = std::size_t{1} << 24;
+/// A block is full with so many.
+constexpr std::size_t c_block_points = 1 << 16;
+constexpr std::size_t c_block_shapes = 1 << 14;
 constexpr double c_none = std::numeric_limits<double>::quiet_NaN();
+
+constexpr std::size_t c_large_run = 1 << 12; ///< points that are worth a block of their own
+
+bool is_number(Tvx_pnt_d2 const &p)
+{
+    return std::isfinite(p.x) && std::isfinite(p.y);
+}
+
+/// The box of some points; not a box when one of them is no number.
+bool find_box(std::span<Tvx_pnt_d2 const> points, Tvx_box_d2 &box)
+{
+    // What is no number, or infinite, less itself is no number, and stays so in any sum.
+    double rest = 0;
+    for (Tvx_pnt_d2 const &p : points) {
+        box.min_x = p.x < box.min_x ? p.x : box.min_x;
+        box.min_y = p.y < box.min_y ? p.y : box.min_y;
+        box.max_x = p.x > box.max_x ? p.x : box.max_x;
+        box.max_y = p.y > box.max_y ? p.y : box.max_y;
+        rest += (p.x - p.x) + (p.y - p.y);
+    }
+    return rest == 0;
+}
 } // namespace
 
-shape_set::shape_set(std::size_t expected) : f_expected(std::min(expected, c_most_expected))
+shape_set::shape_set() = default;
+shape_set::~shape_set() = default;
+
+std::size_t shape_set::hidden_count() const
 {
+    return f_coming.size();
 }
 
 void shape_set::leave_plain()
 {
-    if (!f_is_plain)
+    if (!f_coming.is_plain)
         return;
-    f_is_plain = false;
-    auto const points = std::exchange(f_points, {});
-    for (Tvx_pnt_d2 const &point : points) {
-        begin(c_shape_point);
-        add_point(point.x, point.y);
-        end_part();
-        end();
-    }
+    publish_block();
+    f_coming.is_plain = false;
 }
 
-void shape_set::begin(Tvx_shape_kind kind)
-{
-    shape next;
-    next.kind = kind;
-    next.first_part = static_cast<unsigned>(f_part_starts.size());
-    f_shapes.push_back(next);
-    f_part_starts.push_back(static_cast<unsigned>(f_points.size()));
-}
-
-void shape_set::add_point(double x, double y)
-{
-    if (!std::isfinite(x) || !std::isfinite(y))
-        return;
-    f_points.push_back({x, y});
-    f_shapes.back().box.add(x, y);
-}
-
-void shape_set::end_part()
-{
-    auto const end = static_cast<unsigned>(f_points.size());
-    if (f_part_starts.back() == end)
-        return;
-    f_part_starts.push_back(end);
-    ++f_shapes.back().part_count;
-}
-
-void shape_set::end()
-{
-    if (f_shapes.back().part_count == 0)
-        f_shapes.back().kind = c_shape_none;
-    f_box.add(f_shapes.back().box);
-}
-
-void shape_set::append(Tvx_shape_kind kind, Tvx_op2d const *list)
+void shape_set::append(Tvx_shape_kind kind, std::span<unsigned const> part_sizes, Tvx_pnt_d2 const *points)
 {
     leave_plain();
-    begin(kind);
-    for (std::size_t p = 0; p < vx_ov_d2_get_size(list); ++p) {
-        auto const *const part = vx_ov_d2_get_pv_ptr(list, p);
-        auto const *const vertices = vx_pv_d2_get_data(part);
-        for (std::size_t v = 0; v < vx_pv_d2_get_size(part); ++v)
-            add_point(vertices[v].x, vertices[v].y);
+    block &to = f_coming;
+    shape next;
+    next.kind = kind;
+    next.first_part = static_cast<unsigned>(to.part_starts.size());
+    for (unsigned const size : part_sizes) {
+        std::size_t const begin = to.points.size();
+        Tvx_box_d2 box;
+        if (find_box({points, size}, box)) {
+            to.points.insert(to.points.end(), points, points + size);
+            next.box.add(box);
+        } else {
+            std::copy_if(points, points + size, std::back_inserter(to.points), is_number);
+            for (std::size_t i = begin; i < to.points.size(); ++i)
+                next.box.add(to.points[i].x, to.points[i].y);
+        }
+        points += size;
         // A multipoint is one part of many points: nothing tells its points apart but their place.
-        if (kind != c_shape_point)
-            end_part();
+        if (to.points.size() == begin || (kind == c_shape_point && next.part_count > 0))
+            continue;
+        to.part_starts.push_back(static_cast<unsigned>(begin));
+        ++next.part_count;
     }
-    end_part();
-    end();
+    if (next.part_count == 0)
+        next.kind = c_shape_none;
+    to.shapes.push_back(next);
+    f_box.add(next.box);
+    if (to.points.size() >= c_block_points || to.shapes.size() >= c_block_shapes)
+        publish_block();
 }
 
-void shape_set::append_point(Tvx_pnt_d2 point)
+bool shape_set::append_block(std::span<Tvx_shape_kind const> kinds, unsigned const *part_counts,
+                             unsigned const *part_sizes, std::span<Tvx_pnt_d2 const> points)
 {
-    if (!f_is_plain) {
-        begin(c_shape_point);
-        add_point(point.x, point.y);
-        end_part();
-        return end();
+    auto made = std::make_unique<block>();
+    made->is_plain = false;
+    made->shapes.reserve(kinds.size());
+    Tvx_box_d2 whole;
+    std::size_t parts = 0;
+    std::size_t begin = 0;
+    for (std::size_t i = 0; i < kinds.size(); ++i) {
+        shape next{{}, static_cast<unsigned>(parts), part_counts[i], kinds[i]};
+        std::size_t end = begin;
+        bool has_gap = (part_counts[i] == 0) != (kinds[i] == c_shape_none);
+        for (unsigned const size : std::span(part_sizes + parts, part_counts[i])) {
+            has_gap = has_gap || size == 0;
+            end += size;
+        }
+        // The parts of a multipoint become one.
+        if (has_gap || (kinds[i] == c_shape_point && part_counts[i] > 1) ||
+            !find_box(points.subspan(begin, end - begin), next.box))
+            return false;
+        whole.add(next.box);
+        parts += part_counts[i];
+        begin = end;
+        made->shapes.push_back(next);
     }
-    if (!std::isfinite(point.x) || !std::isfinite(point.y))
-        return append_none();
-    if (f_points.empty())
-        f_points.reserve(f_expected);
-    f_points.push_back(point);
-    f_box.add(point.x, point.y);
+    made->part_starts.reserve(parts + 1);
+    unsigned start = 0;
+    for (std::size_t p = 0; p < parts; start += part_sizes[p++])
+        made->part_starts.push_back(start);
+    made->part_starts.push_back(start);
+    made->points.assign(points.begin(), points.end());
+    publish_block();
+    f_box.add(whole);
+    take(std::move(made));
+    return true;
+}
+
+void shape_set::append_run(std::span<Tvx_shape_kind const> kinds, unsigned const *part_counts,
+                           unsigned const *part_sizes, Tvx_pnt_d2 const *points)
+{
+    std::size_t parts = 0;
+    for (std::size_t i = 0; i < kinds.size(); ++i)
+        parts += part_counts[i];
+    std::size_t total = 0;
+    for (std::size_t p = 0; p < parts; ++p)
+        total += part_sizes[p];
+    leave_plain();
+    if (total >= c_large_run && append_block(kinds, part_counts, part_sizes, {points, total}))
+        return;
+    for (std::size_t i = 0; i < kinds.size(); ++i) {
+        append(kinds[i], {part_sizes, part_counts[i]}, points);
+        for (unsigned p = 0; p < part_counts[i]; ++p)
+            points += *part_sizes++;
+    }
+}
+
+void shape_set::append_points(std::span<Tvx_pnt_d2 const> points)
+{
+    if (!f_coming.is_plain) {
+        static constexpr unsigned c_one[] = {1};
+        for (Tvx_pnt_d2 const &p : points)
+            append(c_shape_point, c_one, &p);
+        return;
+    }
+    for (Tvx_pnt_d2 const &p : points) {
+        bool const is_there = is_number(p);
+        f_coming.points.push_back(is_there ? p : Tvx_pnt_d2{c_none, c_none});
+        if (is_there)
+            f_box.add(p.x, p.y);
+        if (f_coming.points.size() == c_block_points)
+            publish_block();
+    }
 }
 
 void shape_set::append_none()
 {
-    if (f_is_plain)
-        f_points.push_back({c_none, c_none});
+    if (f_coming.is_plain)
+        append_points({{Tvx_pnt_d2{c_none, c_none}}});
     else
-        begin(c_shape_none);
+        append(c_shape_none, {}, nullptr);
+}
+
+/// The arrays get just the room that they need; those that are being filled keep theirs.
+void shape_set::publish_block()
+{
+    if (f_coming.size() == 0)
+        return;
+    auto made = std::make_unique<block>();
+    made->is_plain = f_coming.is_plain;
+    if (!made->is_plain)
+        f_coming.part_starts.push_back(static_cast<unsigned>(f_coming.points.size()));
+    if (f_coming.points.size() > 2 * c_block_points) // a shape of its own, which is not to be there twice
+        made->points = std::exchange(f_coming.points, {});
+    else
+        made->points.assign(f_coming.points.begin(), f_coming.points.end());
+    made->part_starts.assign(f_coming.part_starts.begin(), f_coming.part_starts.end());
+    made->shapes.assign(f_coming.shapes.begin(), f_coming.shapes.end());
+    f_coming.points.clear();
+    f_coming.part_starts.clear();
+    f_coming.shapes.clear();
+    take(std::move(made));
+}
+
+void shape_set::take(std::unique_ptr<block> made)
+{
+    made->first = f_size;
+    f_size += made->size();
+    f_firsts.push_back(made->first);
+    f_blocks.push_back(std::move(made));
+}
+
+void shape_set::publish()
+{
+    publish_block();
 }
 
 void shape_set::finish()
 {
-    f_points.shrink_to_fit();
-    f_part_starts.shrink_to_fit();
-    f_shapes.shrink_to_fit();
+    publish_block();
+    bool const was_plain = f_coming.is_plain;
+    f_coming = {};
+    f_coming.is_plain = was_plain;
+    f_is_finished = true;
 }
 
-Tvx_box_d2 shape_set::box_of(std::size_t index) const
+std::size_t shape_set::block_of(std::size_t index) const
 {
-    if (!f_is_plain)
-        return f_shapes[index].box;
-    Tvx_pnt_d2 const &p = f_points[index];
-    return std::isnan(p.x) ? Tvx_box_d2{} : Tvx_box_d2{p.x, p.y, p.x, p.y};
+    return static_cast<std::size_t>(std::upper_bound(f_firsts.begin(), f_firsts.end(), index) -
+                                    f_firsts.begin()) -
+           1;
 }
 
 bool shape_set::is_small_part(Tvx_box_d2 const &window) const
@@ -133,20 +230,27 @@ bool shape_set::is_small_part(Tvx_box_d2 const &window) const
     if (!(width * height <= c_small_area))
         return false;
     if (!f_grid.is_built())
-        f_grid.build(f_box, size(), [this](std::size_t i) { return box_of(i); });
+        f_grid.build(f_box, size(), [this](std::size_t i) { return view(i).box; });
     return f_grid.count(window) <= size() / c_small_part;
+}
+
+Tvx_shape_view shape_set::block::view(std::size_t index) const
+{
+    static constexpr unsigned c_one_part[] = {0, 1};
+    if (!is_plain) {
+        shape const &s = shapes[index];
+        return {s.kind, static_cast<int>(s.part_count), part_starts.data() + s.first_part, points.data(),
+                s.box};
+    }
+    Tvx_pnt_d2 const &p = points[index];
+    if (std::isnan(p.x))
+        return {c_shape_none, 0, c_one_part, &p, {}};
+    return {c_shape_point, 1, c_one_part, &p, {p.x, p.y, p.x, p.y}};
 }
 
 Tvx_shape_view shape_set::view(std::size_t index) const
 {
-    static constexpr unsigned c_one_part[] = {0, 1};
-    if (f_is_plain) {
-        bool const is_there = !std::isnan(f_points[index].x);
-        return {is_there ? c_shape_point : c_shape_none, is_there ? 1 : 0, c_one_part, &f_points[index],
-                box_of(index)};
-    }
-    auto const &s = f_shapes[index];
-    return {s.kind, static_cast<int>(s.part_count), f_part_starts.data() + s.first_part, f_points.data(),
-            s.box};
+    block const &in = *f_blocks[block_of(index)];
+    return in.view(index - in.first);
 }
 } // namespace vx::attr

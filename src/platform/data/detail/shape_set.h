@@ -4,50 +4,67 @@
 #include "platform/data/detail/shape_grid.h"
 #include "platform/data/vx_shape_files.h"
 
-#include <cmath>
+#include <cstddef>
+#include <memory>
+#include <span>
 #include <vector>
-
-struct Tvx_op2d;
 
 /// Geometry of a whole data set in plain arrays.
 namespace vx::attr {
-/// As long as each shape is one point, or none, there are the points and nothing else: 16 bytes a shape, and
-/// 5 of the grid once a small part of them was asked for.
+/// Shapes lie in blocks that never move once they can be seen, so a set may grow while its shapes are looked
+/// at. As long as each shape is one point, or none, a block holds the points and nothing else: 16 bytes a
+/// shape, and 5 of the grid once a small part of them was asked for.
 class shape_set
 {
 public:
-    /// `expected` is the number of shapes that will come, as far as it is known.
-    explicit shape_set(std::size_t expected);
+    shape_set();
+    shape_set(shape_set const &) = delete;
+    shape_set &operator=(shape_set const &) = delete;
+    ~shape_set();
 
-    /// Appends the next shape. Points that are no numbers, and parts that have no points, are left out.
-    void append(Tvx_shape_kind kind, Tvx_op2d const *list);
-    void append_point(Tvx_pnt_d2 point);
+    /// Appends the next shape, whose parts have so many points. Points that are no numbers, and parts that
+    /// have no points, are left out.
+    void append(Tvx_shape_kind kind, std::span<unsigned const> part_sizes, Tvx_pnt_d2 const *points);
+    /// Appends many at once: `part_counts` of each shape, then the sizes of all parts and all points.
+    void append_run(std::span<Tvx_shape_kind const> kinds, unsigned const *part_counts,
+                    unsigned const *part_sizes, Tvx_pnt_d2 const *points);
+    /// Points that are no number stand for no geometry.
+    void append_points(std::span<Tvx_pnt_d2 const> points);
     void append_none();
+    /// Shapes that were appended are seen from here on.
+    void publish();
+    /// Shapes that were appended and are not seen yet.
+    [[nodiscard]] std::size_t hidden_count() const;
+    /// Nothing more comes; publishes the rest.
     void finish();
     /// The source could not read all shapes; those are without geometry here.
     void set_damaged() { f_is_damaged = true; }
 
-    [[nodiscard]] std::size_t size() const { return f_is_plain ? f_points.size() : f_shapes.size(); }
+    [[nodiscard]] std::size_t size() const { return f_size; }
     [[nodiscard]] Tvx_box_d2 const &box() const { return f_box; }
+    [[nodiscard]] bool is_finished() const { return f_is_finished; }
     [[nodiscard]] bool is_damaged() const { return f_is_damaged; }
     [[nodiscard]] Tvx_shape_view view(std::size_t index) const;
-    [[nodiscard]] bool meets(std::size_t index, Tvx_box_d2 const &box) const
-    {
-        return f_is_plain ? holds(box, f_points[index]) : f_shapes[index].box.intersects(box);
-    }
-    /// Calls `visit` with the number of each shape whose box meets `box`, in order, until it gives false.
+    /// Calls `visit` with the number and the view of each shape from `first` on whose box meets `box`, in
+    /// order, until it gives false. What is appended meanwhile is not visited.
     template <class Visit>
-    void visit(Tvx_box_d2 const &box, Visit visit) const
+    void visit(Tvx_box_d2 const &box, std::size_t first, Visit visit) const
     {
-        if (is_small_part(box)) {
-            for (std::uint32_t const i : f_grid.find(box))
-                if (meets(i, box) && !visit(std::size_t{i}))
+        if (first == 0 && f_is_finished && is_small_part(box)) {
+            for (std::uint32_t const i : f_grid.find(box)) {
+                Tvx_shape_view const found = view(i);
+                if (found.box.intersects(box) && !visit(std::size_t{i}, found))
                     return;
+            }
             return;
         }
-        for (std::size_t i = 0; i < size(); ++i)
-            if (meets(i, box) && !visit(i))
-                return;
+        std::size_t const end = f_size;
+        for (std::size_t b = block_of(first); first < end; ++b) {
+            block const &in = *f_blocks[b];
+            for (std::size_t i = first - in.first; i < in.size(); ++i, ++first)
+                if (in.meets(i, box) && !visit(first, in.view(i)))
+                    return;
+        }
     }
 
 private:
@@ -58,6 +75,21 @@ private:
         unsigned part_count = 0;
         Tvx_shape_kind kind = c_shape_none;
     };
+    struct block
+    {
+        [[nodiscard]] std::size_t size() const { return is_plain ? points.size() : shapes.size(); }
+        [[nodiscard]] Tvx_shape_view view(std::size_t index) const;
+        [[nodiscard]] bool meets(std::size_t index, Tvx_box_d2 const &box) const
+        {
+            return is_plain ? holds(box, points[index]) : shapes[index].box.intersects(box);
+        }
+
+        std::size_t first = 0; ///< number of the first shape
+        bool is_plain = true;  ///< shape i is point i
+        std::vector<Tvx_pnt_d2> points;
+        std::vector<unsigned> part_starts; ///< of all shapes, and one entry behind them
+        std::vector<shape> shapes;
+    };
     /// A point that is no number, which stands for no geometry, lies in no box. One jump for all four bounds:
     /// where points lie cannot be foretold.
     [[nodiscard]] static bool holds(Tvx_box_d2 const &box, Tvx_pnt_d2 const &p)
@@ -65,24 +97,25 @@ private:
         return (int{p.x >= box.min_x} & int{p.x <= box.max_x} & int{p.y >= box.min_y} &
                 int{p.y <= box.max_y}) != 0;
     }
-    [[nodiscard]] Tvx_box_d2 box_of(std::size_t index) const;
+    [[nodiscard]] std::size_t block_of(std::size_t index) const;
     /// Whether the grid answers the window faster than a look at all; makes the grid when it is first worth
     /// it.
     [[nodiscard]] bool is_small_part(Tvx_box_d2 const &window) const;
-    /// Goes over to shapes of any kind.
+    /// From here on each shape says what it is.
     void leave_plain();
-    void begin(Tvx_shape_kind kind);
-    void add_point(double x, double y);
-    void end_part();
-    void end();
+    void publish_block();
+    void take(std::unique_ptr<block> made);
+    /// A run becomes a block as it is; false when something in it has to be left out.
+    [[nodiscard]] bool append_block(std::span<Tvx_shape_kind const> kinds, unsigned const *part_counts,
+                                    unsigned const *part_sizes, std::span<Tvx_pnt_d2 const> points);
 
-    std::size_t f_expected;
-    std::vector<Tvx_pnt_d2> f_points;
-    bool f_is_plain = true;              ///< shape i is point i
-    std::vector<unsigned> f_part_starts; ///< each shape's parts, and one entry behind them
-    std::vector<shape> f_shapes;
+    std::vector<std::unique_ptr<block const>> f_blocks;
+    std::vector<std::size_t> f_firsts; ///< of the blocks
+    std::size_t f_size = 0;
+    block f_coming; ///< what is appended and not seen yet
     Tvx_box_d2 f_box;
     mutable shape_grid f_grid;
+    bool f_is_finished = false;
     bool f_is_damaged = false;
 };
 } // namespace vx::attr

@@ -6,6 +6,7 @@
 #include "platform/base/ascii_case.h"
 #include "platform/base/string_adp.h"
 #include "platform/base/text_codec.h"
+#include "platform/basic/vx_datasource.h"
 #include "platform/basic/vx_fault.h"
 #include "platform/data/vx_shape_files.h"
 #include "platform/layers/layer_keys.h"
@@ -52,12 +53,19 @@ char const *key_of_geometry(int geom_type)
 /// What the first shape is, as a geometry type; 0 when no record has a geometry that can be drawn.
 int type_of_first_shape(Ivx_attr_data *data)
 {
-    vx::owned<Ivx_shape_files, &vx_shape_files_close> const shapes(vx_shape_files_open(data));
+    constexpr int c_slice_ms = 10;
+    vx::owned<Ivx_shape_files, &vx_shape_files_close> const shapes(vx_shape_files_begin(data));
+    auto const waiting = vx_datasource_get_waiting();
     Tvx_shape_view view;
-    for (unsigned i = 0; vx_shape_files_get(shapes.get(), i, &view); ++i)
-        if (view.kind != c_shape_none)
-            return view.kind;
-    return 0;
+    for (unsigned i = 0;;) {
+        for (; vx_shape_files_get(shapes.get(), i, &view); ++i)
+            if (view.kind != c_shape_none)
+                return view.kind;
+        if (!vx_shape_files_read_on(shapes.get(), c_slice_ms) && i == vx_shape_files_get_count(shapes.get()))
+            return 0;
+        if (waiting && !waiting())
+            return 0;
+    }
 }
 
 /// Geometry type of the data set; where it allows any, that of its first shape.

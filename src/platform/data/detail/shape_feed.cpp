@@ -1,0 +1,296 @@
+#include "platform/data/detail/shape_feed.h"
+
+#include "extension/binding/codes.h"
+#include "extension/binding/feature_random_request.h"
+#include "extension/binding/feature_visitor.h"
+#include "extension/binding/shape_reading_visitor.h"
+#include "extension/binding/shape_source.h"
+#include "extension/binding/string_visitor.h"
+
+#include "platform/base/owned.h"
+#include "platform/base/vertex_list.h"
+#include "platform/basic/vx_datasource.h"
+
+#include <algorithm>
+#include <chrono>
+
+namespace vx::attr {
+namespace {
+using namespace codes::plain;
+using clock = std::chrono::steady_clock;
+
+// Types with z have the number of the flat one and this; a patch of surfaces has no flat form.
+constexpr int c_geom_z = geom_point_z - geom_point;
+/// Shapes that are read slowly are seen when there are so many of them.
+constexpr std::size_t c_worth_seeing = 256;
+
+Tvx_shape_kind kind_of(int geom_type)
+{
+    switch (geom_type > c_geom_z ? geom_type - c_geom_z : geom_type) {
+    case geom_point:
+    case geom_multipoint:
+        return c_shape_point;
+    case geom_polyline:
+        return c_shape_polyline;
+    case geom_polygon:
+        return c_shape_polygon;
+    default:
+        return c_shape_none;
+    }
+}
+
+class reading_taker final : public vx::shape_reading_visitor_impl
+{
+public:
+    vx::shape_reading f_reading;
+    void visit(vx::shape_reading item) override { f_reading = item; }
+};
+
+class complaint_listener final : public vx::string_visitor_impl
+{
+public:
+    void visit(wchar_t const *) override { f_is_heard = true; }
+    bool f_is_heard = false;
+};
+
+class feature_skipper final : public vx::feature_visitor_impl
+{
+public:
+    void visit(vx::feature item) override { item.detach(); }
+};
+
+vx::shape_reading begin_reading(vx::data_source source, Tvx_box_d2 const *window)
+{
+    vx::shape_source const shapes(
+        vx_shape_source_interface_specialize(vx_data_source_interface_generalize(source)));
+    reading_taker taker;
+    Tvx_box_d2 box = window ? *window : Tvx_box_d2{};
+    if (!shapes || !shapes.read_shapes(window ? &box : nullptr, taker))
+        return {};
+    return taker.f_reading;
+}
+} // namespace
+
+/// Receives the runs of a driver, not more of them than there are records.
+class shape_feed::run_reader final : public vx::shape_visitor_impl
+{
+public:
+    explicit run_reader(shape_feed &feed) : f_feed(feed) {}
+
+    void visit_points(unsigned long long count, double const *places,
+                      unsigned long long const *records) override
+    {
+        static_assert(sizeof(Tvx_pnt_d2) == 2 * sizeof(double));
+        auto const *const points = reinterpret_cast<Tvx_pnt_d2 const *>(places);
+        if (!records) {
+            std::size_t const taken = std::min<std::size_t>(count, f_feed.f_record_count - f_feed.f_taken);
+            f_feed.f_shapes->append_points({points, taken});
+            f_feed.f_taken += taken;
+            return;
+        }
+        for (unsigned long long i = 0; i < count; ++i)
+            if (takes(records, i))
+                f_feed.f_shapes->append_points({points + i, 1});
+    }
+    void visit_shapes(unsigned long long count, int const *kinds, unsigned const *part_counts,
+                      unsigned const *vertex_counts, double const *places,
+                      unsigned long long const *records) override
+    {
+        auto const *points = reinterpret_cast<Tvx_pnt_d2 const *>(places);
+        if (!records) {
+            std::size_t const taken = std::min<std::size_t>(count, f_feed.f_record_count - f_feed.f_taken);
+            f_kinds.assign(taken, c_shape_none);
+            std::transform(kinds, kinds + taken, f_kinds.begin(), kind_of);
+            f_feed.f_shapes->append_run(f_kinds, part_counts, vertex_counts, points);
+            f_feed.f_taken += taken;
+            return;
+        }
+        for (unsigned long long i = 0; i < count; ++i) {
+            std::span<unsigned const> const sizes(vertex_counts, part_counts[i]);
+            if (takes(records, i))
+                f_feed.f_shapes->append(kind_of(kinds[i]), sizes, points);
+            for (unsigned const size : sizes)
+                points += size;
+            vertex_counts += sizes.size();
+        }
+    }
+
+private:
+    /// Whether shape `i` of the run belongs to a record; that is noted then.
+    [[nodiscard]] bool takes(unsigned long long const *records, unsigned long long i)
+    {
+        if (!f_feed.f_records || records[i] >= f_feed.f_record_count)
+            return false;
+        f_feed.f_records->push_back(static_cast<unsigned>(records[i]));
+        return true;
+    }
+
+    shape_feed &f_feed;
+    std::vector<Tvx_shape_kind> f_kinds;
+};
+
+/// Receives features one by one; each is ended as soon as it was looked at.
+class shape_feed::feature_reader final : public vx::feature_visitor_impl
+{
+public:
+    explicit feature_reader(shape_set &shapes) : f_shapes(shapes) {}
+
+    void visit(vx::feature item) override
+    {
+        read(item);
+        item.detach();
+    }
+    complaint_listener f_complaints;
+
+private:
+    void read(vx::feature const &item)
+    {
+        int const type = item.geom_type();
+        Tvx_shape_kind const kind = kind_of(type);
+        bool const is_single = (type > c_geom_z ? type - c_geom_z : type) == geom_point;
+        if (is_single) {
+            Tvx_vtx_d2 vertex;
+            Tvx_pnt_d2 const point = item.get_point(&vertex) ? Tvx_pnt_d2{vertex.x, vertex.y} : c_nowhere;
+            return f_shapes.append_points({&point, 1});
+        }
+        bool const is_read = kind == c_shape_point  ? item.get_multipoint(f_list.get())
+                             : kind != c_shape_none ? item.get_polypoint(f_list.get())
+                                                    : false;
+        if (!is_read)
+            return f_shapes.append_none();
+        f_sizes.clear();
+        f_points.clear();
+        for (std::size_t p = 0; p < vx_ov_d2_get_size(f_list.get()); ++p) {
+            Tvx_pv_d2 const *const part = vx_ov_d2_get_pv_ptr(f_list.get(), p);
+            Tvx_vtx_d2 const *const vertices = vx_pv_d2_get_data(part);
+            f_sizes.push_back(static_cast<unsigned>(vx_pv_d2_get_size(part)));
+            for (std::size_t v = 0; v < f_sizes.back(); ++v)
+                f_points.push_back({vertices[v].x, vertices[v].y});
+        }
+        f_shapes.append(kind, f_sizes, f_points.data());
+    }
+
+    static constexpr Tvx_pnt_d2 c_nowhere{std::numeric_limits<double>::quiet_NaN(),
+                                          std::numeric_limits<double>::quiet_NaN()};
+    shape_set &f_shapes;
+    vx::owned<Tvx_op2d, &vx_ov_d2_destroy> f_list{vx_ov_d2_create()};
+    std::vector<unsigned> f_sizes;
+    std::vector<Tvx_pnt_d2> f_points;
+};
+
+shape_feed::shape_feed(vx::data_source source, std::size_t record_count)
+    : f_source(source), f_reading(begin_reading(source, nullptr)), f_record_count(record_count)
+{
+    if (f_reading)
+        return;
+    f_request = vx::feature_forward_request(
+        vx_feature_forward_request_interface_specialize(vx_data_source_interface_generalize(source)));
+    f_features = std::make_unique<feature_reader>(*f_shapes);
+    if (!f_request.reset_reading())
+        finish(true);
+}
+
+std::unique_ptr<shape_feed> shape_feed::in_window(vx::data_source source, std::size_t record_count,
+                                                  Tvx_box_d2 const &window)
+{
+    vx::shape_reading const reading = begin_reading(source, &window);
+    if (!reading)
+        return nullptr;
+    std::unique_ptr<shape_feed> feed(new shape_feed(source, record_count, reading));
+    feed->f_records = std::make_shared<std::vector<unsigned>>();
+    return feed;
+}
+
+shape_feed::shape_feed(vx::data_source source, std::size_t record_count, vx::shape_reading reading)
+    : f_source(source), f_reading(reading), f_record_count(record_count)
+{
+}
+
+shape_feed::~shape_feed()
+{
+    end_reading();
+}
+
+void shape_feed::end_reading()
+{
+    if (f_reading)
+        vx_datasource_end(f_reading);
+    f_reading = {};
+    f_features.reset();
+}
+
+void shape_feed::give_up()
+{
+    f_is_over = f_is_broken = true;
+    f_shapes->set_damaged();
+    end_reading();
+}
+
+bool shape_feed::read_on(int milliseconds)
+{
+    if (f_is_over)
+        return false;
+    if (f_reading)
+        read_runs(milliseconds);
+    else
+        read_features(milliseconds);
+    if (!f_is_over && f_shapes->hidden_count() >= c_worth_seeing)
+        f_shapes->publish();
+    return !f_is_over;
+}
+
+void shape_feed::read_runs(int milliseconds)
+{
+    run_reader reader(*this);
+    int const state = f_reading.next(milliseconds, reader);
+    if (state != reading_goes_on)
+        finish(state == reading_damaged);
+}
+
+bool shape_feed::find_place()
+{
+    if (f_has_place)
+        return true;
+    f_has_place = true;
+    vx::feature_random_request const random(
+        vx_feature_random_request_interface_specialize(vx_data_source_interface_generalize(f_source)));
+    if (random && random.moveto_index(static_cast<long long>(f_taken)))
+        return true;
+    feature_skipper skipper;
+    bool is_there = f_request.reset_reading();
+    for (std::size_t i = 0; is_there && i < f_taken; ++i)
+        is_there = f_request.with_next_feature(skipper);
+    return is_there;
+}
+
+void shape_feed::read_features(int milliseconds)
+{
+    if (!find_place())
+        return finish(true);
+    auto const end = clock::now() + std::chrono::milliseconds(milliseconds);
+    while (f_taken < f_record_count) {
+        bool const is_read = f_request.with_next_feature(*f_features);
+        // It holds the complaints of its last call only.
+        f_source.with_error(f_features->f_complaints);
+        if (!is_read)
+            break;
+        ++f_taken;
+        if (clock::now() >= end)
+            return;
+    }
+    finish(f_features->f_complaints.f_is_heard);
+}
+
+void shape_feed::finish(bool is_damaged)
+{
+    // A driver that gives fewer features than it counts leaves the rest without geometry.
+    if (!f_records)
+        for (; f_taken < f_record_count; ++f_taken)
+            f_shapes->append_none();
+    if (is_damaged)
+        f_shapes->set_damaged();
+    f_shapes->finish();
+    f_is_over = true;
+    end_reading();
+}
+} // namespace vx::attr
