@@ -2,6 +2,8 @@
 #include "platform/render/detail/tangle.h"
 #include "platform/toolkit/bridge/qt_graphics.h"
 
+#include <QtCore/QPointF>
+#include <QtCore/QVarLengthArray>
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>
 
@@ -290,6 +292,32 @@ fill_painter::fill_painter(surface const &target, bpgn_style const &style)
 
 fill_painter::fill_painter(fill_painter &&) noexcept = default;
 fill_painter::~fill_painter() = default;
+
+bool fill_painter::draw_with(line_painter const &outline, std::span<px_line const> rings)
+{
+    impl const &d = *f_impl;
+    auto const *const color = d.items.size() == 1 ? std::get_if<QColor>(&d.items.front()) : nullptr;
+    if (!color || rings.size() != 1)
+        return false;
+    std::span<Tvx_pnt_d2 const> ring = rings.front();
+    // The painter closes it; the line is not a ring with fewer vertices.
+    if (ring.size() > 1 && ring.front() == ring.back())
+        ring = ring.first(ring.size() - 1);
+    Tvx_box_d2 const box = box_of(ring);
+    if (ring.size() < 3 || !holds(grown(d.target.clip, 2), box) || !outline.lend_pen(box))
+        return false;
+    if (!go_on(d.target, 2 * (cost::c_path + static_cast<double>(ring.size()) * cost::c_vertex) +
+                             box.width() * box.height() * cost::c_pixel))
+        return true;
+    QVarLengthArray<QPointF, 64> points;
+    points.reserve(static_cast<qsizetype>(ring.size()));
+    for (Tvx_pnt_d2 const &p : ring)
+        points.append(QPointF(p.x, p.y));
+    QPainter &painter = *vx_qt_painter(d.target.painter);
+    painter.setBrush(*color);
+    painter.drawPolygon(points.constData(), static_cast<int>(points.size()), Qt::OddEvenFill);
+    return true;
+}
 
 void fill_painter::draw(std::span<px_line const> rings, double hatch_angle, double spot_angle)
 {

@@ -506,12 +506,29 @@ double line_painter::thickness() const
     return widest;
 }
 
+bool line_painter::needs_lengths() const
+{
+    return std::ranges::any_of(f_impl->items, [](stroke_item const &it) { return it.needs_lengths(); });
+}
+
 double line_painter::calls_per_px() const
 {
     double calls = 0;
     for (stroke_item const &it : f_impl->items)
         calls += it.calls_per_px();
     return calls;
+}
+
+bool line_painter::lend_pen(Tvx_box_d2 const &box) const
+{
+    impl const &d = *f_impl;
+    if (d.items.size() != 1 || d.items.front().delta != 0)
+        return false;
+    auto const *const full = std::get_if<stroke>(&d.items.front().what);
+    if (!full || full->dashed || !holds(grown(d.target.clip, full->reach() + 2), box))
+        return false;
+    vx_qt_painter(d.target.painter)->setPen(full->pen);
+    return true;
 }
 
 void line_painter::draw(std::span<Tvx_pnt_d2 const> line)

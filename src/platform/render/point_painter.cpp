@@ -370,14 +370,13 @@ struct point_painter::impl
         made->width = image.width();
         made->height = image.height();
         made->shift = shift;
-        made->coverage.reserve(static_cast<std::size_t>(image.width()) *
-                               static_cast<std::size_t>(image.height()));
+        made->make_room();
         for (int y = 0; y < image.height(); ++y) {
             auto const *row = reinterpret_cast<QRgb const *>(image.constScanLine(y));
             for (int x = 0; x < image.width(); ++x)
-                made->coverage.push_back(static_cast<std::uint8_t>(qAlpha(row[x])));
+                made->coverage[static_cast<std::size_t>(y * made->stride + x)] =
+                    static_cast<std::uint8_t>(qAlpha(row[x]));
         }
-        made->find_spans();
         return made;
     }
 
@@ -474,7 +473,7 @@ void point_painter::draw(Tvx_pnt_d2 at, double angle)
     if (angle != 0)
         d.draw_turned(at, angle);
     else if (d.mask)
-        d.mask->blend(d.target, at, d.color);
+        d.mask->blend(d.target, d.mask->pixel_of(at), d.color);
     else
         d.draw_upright(QPoint(static_cast<int>(std::floor(at.x - d.shift.x + 0.5)),
                               static_cast<int>(std::floor(at.y - d.shift.y + 0.5))));

@@ -83,6 +83,7 @@ bool draw_layer(Ivx_layer *layer, Tvx_map_view const &view, void *dc, variant_of
         for (unsigned first = 0;;) {
             unsigned const end = vx_shape_files_get_count(shapes.get());
             vx_shape_files_visit_from(shapes.get(), &box, first, &pass::visit, &p);
+            painter.finish();
             first = end;
             // What comes is drawn on the way.
             if (meter.stopped() || (!vx_shape_files_read_on(shapes.get(), c_slice_ms) &&

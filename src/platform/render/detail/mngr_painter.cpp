@@ -9,8 +9,10 @@ namespace vx::render {
 namespace {
 using namespace vx::styles;
 
-/// Vertices nearer than this to the one before do not show.
-constexpr double c_vertex_px = 0.3;
+/// Vertices nearer than this to the one before, along both axes, hardly show.
+constexpr double c_near_px = 0.5;
+/// They do where something goes by the vertices or the length of the line.
+constexpr double c_near_exact_px = 0.3;
 } // namespace
 
 struct mngr_painter::prepared
@@ -21,6 +23,7 @@ struct mngr_painter::prepared
     std::optional<point_painter> point;
     std::optional<point_painter> end;
     std::optional<point_painter> beg;
+    double near_px = c_near_px;
 };
 
 mngr_painter::mngr_painter(surface const &target, Tvx_map_view const &view, stl_mngr const &mngr,
@@ -64,25 +67,29 @@ mngr_painter::prepared &mngr_painter::row_painter(unsigned row)
         if (pgn->pnt_visible)
             p.point.emplace(f_target, pgn->bpnt);
     }
+    if (p.point || (p.line && p.line->needs_lengths()))
+        p.near_px = c_near_exact_px;
     if (p.point)
         f_symbols[row] = {p.point->mask(), p.point->color()};
     return p;
 }
 
-void mngr_painter::load_parts(Tvx_shape_view const &shape)
+void mngr_painter::load_parts(Tvx_shape_view const &shape, double near_px)
 {
     f_parts.resize(static_cast<std::size_t>(shape.part_count));
     for (int i = 0; i < shape.part_count; ++i) {
         px_line &part = f_parts[static_cast<std::size_t>(i)];
         part.clear();
-        unsigned const end = shape.part_starts[i + 1];
-        for (unsigned k = shape.part_starts[i]; k < end; ++k) {
-            Tvx_pnt_d2 const p{f_view.world_to_px_x(shape.points[k].x),
-                               f_view.world_to_px_y(shape.points[k].y)};
-            bool const last = k + 1 == end;
-            if (last || part.empty() || std::abs(p.x - part.back().x) > c_vertex_px ||
-                std::abs(p.y - part.back().y) > c_vertex_px)
-                part.push_back(p);
+        Tvx_pnt_d2 const *const begin = shape.points + shape.part_starts[i];
+        Tvx_pnt_d2 const *const last = shape.points + shape.part_starts[i + 1] - 1;
+        Tvx_pnt_d2 kept;
+        for (Tvx_pnt_d2 const *v = begin; v <= last; ++v) {
+            Tvx_pnt_d2 const p{f_view.world_to_px_x(v->x), f_view.world_to_px_y(v->y)};
+            bool const is_near = std::abs(p.x - kept.x) <= near_px && std::abs(p.y - kept.y) <= near_px;
+            if (is_near && v != begin && v != last)
+                continue;
+            part.push_back(p);
+            kept = p;
         }
     }
 }
@@ -98,6 +105,7 @@ void mngr_painter::draw(unsigned record, Tvx_shape_view const &shape)
         draw_symbols(f_symbols[row], shape);
         return;
     }
+    finish();
     prepared &with = row_painter(row);
     if (!with.visible)
         return;
@@ -105,10 +113,10 @@ void mngr_painter::draw(unsigned record, Tvx_shape_view const &shape)
     case c_shape_point:
         return draw_points(with, shape, angle);
     case c_shape_polyline:
-        load_parts(shape);
+        load_parts(shape, with.near_px);
         return draw_lines(with, angle);
     case c_shape_polygon:
-        load_parts(shape);
+        load_parts(shape, with.near_px);
         return draw_areas(with, angle);
     case c_shape_none:
         return;
@@ -123,8 +131,30 @@ void mngr_painter::draw_symbols(plain_symbol const &symbol, Tvx_shape_view const
         double const x = f_view.world_to_px_x(shape.points[k].x);
         double const y = f_view.world_to_px_y(shape.points[k].y);
         if (std::abs(x) < c_far && std::abs(y) < c_far)
-            symbol.mask->blend(f_target, {x, y}, symbol.color);
+            add_coming({symbol.mask, symbol.color, symbol.mask->pixel_of({x, y})});
     }
+}
+
+void mngr_painter::add_coming(coming_symbol const &symbol)
+{
+    if (f_coming_count == c_coming)
+        draw_first_coming();
+    symbol.mask->fetch(f_target, symbol.at);
+    f_coming[(f_coming_begin + f_coming_count++) % c_coming] = symbol;
+}
+
+void mngr_painter::draw_first_coming()
+{
+    coming_symbol const &first = f_coming[f_coming_begin];
+    first.mask->blend(f_target, first.at, first.color);
+    f_coming_begin = (f_coming_begin + 1) % c_coming;
+    --f_coming_count;
+}
+
+void mngr_painter::finish()
+{
+    while (f_coming_count > 0)
+        draw_first_coming();
 }
 
 void mngr_painter::draw_points(prepared &with, Tvx_shape_view const &shape, double angle)
@@ -140,10 +170,17 @@ void mngr_painter::draw_points(prepared &with, Tvx_shape_view const &shape, doub
 
 void mngr_painter::draw_lines(prepared &with, double angle)
 {
-    double const turn = f_mngr.rotate_flag ? angle : 0;
     if (with.line)
         for (px_line const &part : f_parts)
             with.line->draw(part);
+    draw_marks(with, angle);
+}
+
+void mngr_painter::draw_marks(prepared &with, double angle)
+{
+    if (!with.point && !with.end && !with.beg)
+        return;
+    double const turn = f_mngr.rotate_flag ? angle : 0;
     for (px_line const &part : f_parts) {
         if (part.empty())
             continue;
@@ -159,12 +196,14 @@ void mngr_painter::draw_lines(prepared &with, double angle)
 
 void mngr_painter::draw_areas(prepared &with, double angle)
 {
-    if (with.fill)
-        with.fill->draw(f_parts, f_mngr.rotate_hatch_flag ? angle : 0, f_mngr.rotate_spot_flag ? angle : 0);
     // Rings may come without their first vertex at the end.
     for (px_line &ring : f_parts)
         if (ring.size() > 2 && ring.front() != ring.back())
             ring.push_back(ring.front());
+    if (with.fill && with.line && with.fill->draw_with(*with.line, f_parts))
+        return draw_marks(with, angle);
+    if (with.fill)
+        with.fill->draw(f_parts, f_mngr.rotate_hatch_flag ? angle : 0, f_mngr.rotate_spot_flag ? angle : 0);
     draw_lines(with, angle);
 }
 } // namespace vx::render

@@ -6,6 +6,7 @@
 #include "platform/render/vx_map_view.h"
 #include "platform/styles/detail/mngr_model.h"
 
+#include <array>
 #include <memory>
 #include <vector>
 
@@ -24,6 +25,8 @@ public:
     ~mngr_painter();
 
     void draw(unsigned record, Tvx_shape_view const &shape);
+    /// Draws what waits for its turn; `draw` may leave the last few symbols.
+    void finish();
 
 private:
     struct prepared;
@@ -33,13 +36,26 @@ private:
         point_mask const *mask = nullptr;
         Tvx_color color;
     };
+    /// A symbol whose pixels are on their way.
+    struct coming_symbol
+    {
+        point_mask const *mask = nullptr;
+        Tvx_color color;
+        pixel_place at;
+    };
+    static constexpr unsigned c_coming = 8;
+
     [[nodiscard]] prepared &row_painter(unsigned row);
+    void add_coming(coming_symbol const &symbol);
+    void draw_first_coming();
     void draw_symbols(plain_symbol const &symbol, Tvx_shape_view const &shape);
     void draw_points(prepared &with, Tvx_shape_view const &shape, double angle);
     void draw_lines(prepared &with, double angle);
+    /// Points on the vertices and at the ends of lines.
+    void draw_marks(prepared &with, double angle);
     void draw_areas(prepared &with, double angle);
-    /// The parts in pixels, less vertices that fall on the one before.
-    void load_parts(Tvx_shape_view const &shape);
+    /// The parts in pixels, less vertices that are no farther from the one before.
+    void load_parts(Tvx_shape_view const &shape, double near_px);
 
     surface f_target;
     mask_cache f_masks;
@@ -50,5 +66,8 @@ private:
     std::vector<std::unique_ptr<prepared>> f_prepared;
     std::vector<plain_symbol> f_symbols;
     std::vector<px_line> f_parts;
+    std::array<coming_symbol, c_coming> f_coming; ///< a ring
+    unsigned f_coming_begin = 0;
+    unsigned f_coming_count = 0;
 };
 } // namespace vx::render

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <cstring>
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
 
 namespace vx::render {
 namespace {
@@ -23,65 +26,113 @@ constexpr std::uint32_t scaled(std::uint32_t pixel, std::uint32_t by)
     odd = (odd + ((odd >> 8) & 0xFF00FF) + 0x800080) & 0xFF00FF00;
     return odd | even;
 }
-} // namespace
 
-void point_mask::find_spans()
+/// The ink through a coverage over what is there.
+void mix_one(std::uint32_t ink, std::uint8_t cover, unsigned char *pixel)
 {
-    f_spans.assign(static_cast<std::size_t>(height), {});
-    for (int row = 0; row < height; ++row) {
-        std::uint8_t const *cover = coverage.data() + static_cast<std::ptrdiff_t>(row) * width;
-        span &s = f_spans[static_cast<std::size_t>(row)];
-        auto const covered = [](std::uint8_t c) { return c != 0; };
-        auto const is_full = [](std::uint8_t c) { return c == 255; };
-        std::uint8_t const *const last = cover + width;
-        std::uint8_t const *const begin = std::find_if(cover, last, covered);
-        std::uint8_t const *end = last;
-        while (end > begin && end[-1] == 0)
-            --end;
-        std::uint8_t const *const full = std::find_if(begin, end, is_full);
-        std::uint8_t const *const full_end = std::find_if_not(full, end, is_full);
-        s = {static_cast<int>(begin - cover), static_cast<int>(full - cover),
-             static_cast<int>(full_end - cover), static_cast<int>(end - cover)};
-    }
+    std::uint32_t const part = scaled(ink, cover);
+    std::uint32_t under;
+    std::memcpy(&under, pixel, 4);
+    under = part + scaled(under, 255 - (part >> 24));
+    std::memcpy(pixel, &under, 4);
 }
 
-void point_mask::blend_pixels(surface const &target, int x, int y, Tvx_color color) const
+#ifdef __SSE2__
+/// a * b / 255, rounded, in each 16 bits; both are bytes.
+__m128i byte_products(__m128i a, __m128i b)
 {
-    int const corner = x + left;
-    int const y0 = std::max(0, y + top);
-    int const y1 = std::min(target.height, y + top + height);
-    if (corner >= target.width || corner + width <= 0)
-        return;
+    __m128i const t = _mm_add_epi16(_mm_mullo_epi16(a, b), _mm_set1_epi16(128));
+    return _mm_srli_epi16(_mm_add_epi16(t, _mm_srli_epi16(t, 8)), 8);
+}
+
+/// The ink through a coverage in each channel, over what is there; two pixels.
+__m128i mixed(__m128i ink, __m128i cover, __m128i under)
+{
+    __m128i const part = byte_products(ink, cover);
+    constexpr int c_alpha = 0xFF; // the last channel, to all four
+    __m128i const alpha = _mm_shufflehi_epi16(_mm_shufflelo_epi16(part, c_alpha), c_alpha);
+    return _mm_add_epi16(part, byte_products(under, _mm_sub_epi16(_mm_set1_epi16(255), alpha)));
+}
+#endif
+
+/// Four pixels.
+void mix_four(std::uint32_t ink, std::uint8_t const *cover, unsigned char *pixels)
+{
+#ifdef __SSE2__
+    __m128i const zero = _mm_setzero_si128();
+    __m128i const inks = _mm_unpacklo_epi8(_mm_set1_epi32(static_cast<int>(ink)), zero);
+    std::int32_t four;
+    std::memcpy(&four, cover, 4);
+    __m128i covers = _mm_cvtsi32_si128(four);
+    covers = _mm_unpacklo_epi8(covers, covers);
+    covers = _mm_unpacklo_epi16(covers, covers); // each byte four times
+    __m128i const under = _mm_loadu_si128(reinterpret_cast<__m128i const *>(pixels));
+    __m128i const low = mixed(inks, _mm_unpacklo_epi8(covers, zero), _mm_unpacklo_epi8(under, zero));
+    __m128i const high = mixed(inks, _mm_unpackhi_epi8(covers, zero), _mm_unpackhi_epi8(under, zero));
+    _mm_storeu_si128(reinterpret_cast<__m128i *>(pixels), _mm_packus_epi16(low, high));
+#else
+    for (int i = 0; i < 4; ++i)
+        mix_one(ink, cover[i], pixels + 4 * i);
+#endif
+}
+} // namespace
+
+void point_mask::blend(surface const &target, pixel_place at, Tvx_color color) const
+{
     std::uint32_t const a = color.a;
     std::uint32_t const ink =
         a << 24 | byte_product(color.r, a) << 16 | byte_product(color.g, a) << 8 | byte_product(color.b, a);
-    // Columns of the mask that lie on the surface.
+    int const corner = at.x + left;
+    int const upper = at.y + top;
+    if (corner < 0 || upper < 0 || corner + stride > target.width || upper + height > target.height)
+        return blend_part(target, at, ink);
+    constexpr std::uint32_t c_all = 0xFFFFFFFF;
+    std::uint8_t const *cover = coverage.data();
+    unsigned char *row = target.pixels + static_cast<std::ptrdiff_t>(upper) * target.bytes_per_line +
+                         static_cast<std::ptrdiff_t>(corner) * 4;
+    for (int r = 0; r < height; ++r, row += target.bytes_per_line)
+        for (int i = 0; i < stride; i += 4, cover += 4) {
+            std::uint32_t four;
+            std::memcpy(&four, cover, 4);
+            if (four == 0)
+                continue;
+            unsigned char *const pixels = row + i * 4;
+            if (four == c_all && a == 255)
+                for (int k = 0; k < 4; ++k)
+                    std::memcpy(pixels + 4 * k, &ink, 4);
+            else
+                mix_four(ink, cover, pixels);
+        }
+}
+
+void point_mask::fetch(surface const &target, pixel_place at) const
+{
+    constexpr int c_most_rows = 24; // larger symbols take their time in any case
+    int const corner = at.x + left;
+    int const upper = at.y + top;
+    if (corner < 0 || upper < 0 || corner + stride > target.width || upper + height > target.height)
+        return;
+    unsigned char const *row = target.pixels + static_cast<std::ptrdiff_t>(upper) * target.bytes_per_line +
+                               static_cast<std::ptrdiff_t>(corner) * 4;
+    for (int r = 0; r < std::min(height, c_most_rows); ++r, row += target.bytes_per_line) {
+        __builtin_prefetch(row, 1);
+        __builtin_prefetch(row + static_cast<std::ptrdiff_t>(stride) * 4 - 1, 1);
+    }
+}
+
+void point_mask::blend_part(surface const &target, pixel_place at, std::uint32_t ink) const
+{
+    int const corner = at.x + left;
+    int const upper = at.y + top;
     int const first = std::max(0, -corner);
     int const last = std::min(width, target.width - corner);
-    for (int row = y0; row < y1; ++row) {
-        span const &s = f_spans[static_cast<std::size_t>(row - y - top)];
-        std::uint8_t const *const cover =
-            coverage.data() + static_cast<std::ptrdiff_t>(row - y - top) * width;
-        unsigned char *const pixels = target.pixels +
-                                      static_cast<std::ptrdiff_t>(row) * target.bytes_per_line +
-                                      static_cast<std::ptrdiff_t>(corner) * 4;
-        auto const mix = [&](int from, int to) {
-            for (int i = std::max(from, first); i < std::min(to, last); ++i) {
-                std::uint32_t const part = cover[i] == 255 ? ink : scaled(ink, cover[i]);
-                std::uint32_t under;
-                std::memcpy(&under, pixels + i * 4, 4);
-                under = part + scaled(under, 255 - (part >> 24));
-                std::memcpy(pixels + i * 4, &under, 4);
-            }
-        };
-        if (a < 255) {
-            mix(s.begin, s.end);
-            continue;
-        }
-        mix(s.begin, s.full_begin);
-        for (int i = std::max(s.full_begin, first); i < std::min(s.full_end, last); ++i)
-            std::memcpy(pixels + i * 4, &ink, 4);
-        mix(s.full_end, s.end);
+    for (int r = std::max(0, -upper); r < std::min(height, target.height - upper); ++r) {
+        std::uint8_t const *const cover = coverage.data() + static_cast<std::ptrdiff_t>(r) * stride;
+        unsigned char *const row = target.pixels +
+                                   static_cast<std::ptrdiff_t>(upper + r) * target.bytes_per_line +
+                                   static_cast<std::ptrdiff_t>(corner) * 4;
+        for (int i = first; i < last; ++i)
+            mix_one(ink, cover[i], row + static_cast<std::ptrdiff_t>(i) * 4);
     }
 }
 

@@ -11,39 +11,47 @@
 
 /// Symbols of one colour, kept as how much of each pixel they cover: whatever the colour, one mask serves.
 namespace vx::render {
+struct pixel_place
+{
+    int x = 0;
+    int y = 0;
+};
+
 struct point_mask
 {
     int left = 0; ///< of the mask's corner from the anchor
     int top = 0;
     int width = 0;
     int height = 0;
-    Tvx_pnt_d2 shift;                   ///< where in its pixel the anchor lies, 0 or 0.5
-    std::vector<std::uint8_t> coverage; ///< by rows
+    Tvx_pnt_d2 shift; ///< where in its pixel the anchor lies, 0 or 0.5
+    /// By rows, each of which begins `stride` behind the one before; zero behind the width.
+    std::vector<std::uint8_t> coverage;
+    int stride = 0;
 
-    /// To be called once the coverage is complete.
-    void find_spans();
-
-    /// Lays the colour through the mask, with the anchor as near to `at` as the grid of pixels allows.
-    void blend(surface const &target, Tvx_pnt_d2 at, Tvx_color color) const
+    /// Makes room for the size.
+    void make_room()
     {
-        // Halves go to the right and down, as everywhere where points are put on the grid.
-        blend_pixels(target, static_cast<int>(std::floor(at.x - shift.x + 0.5)),
-                     static_cast<int>(std::floor(at.y - shift.y + 0.5)), color);
+        constexpr int c_at_once = 4; // pixels that are mixed together
+        stride = (width + c_at_once - 1) / c_at_once * c_at_once;
+        coverage.assign(static_cast<std::size_t>(stride) * static_cast<std::size_t>(height), 0);
     }
 
-private:
-    /// Of a row: what is covered at all, and within it pixels that are covered wholly, which an opaque colour
-    /// need not be mixed into.
-    struct span
+    /// The pixel that stands for a place, as near to it as the grid of pixels allows. Halves go to the right
+    /// and down, as everywhere where points are put on the grid.
+    [[nodiscard]] pixel_place pixel_of(Tvx_pnt_d2 at) const
     {
-        int begin = 0;
-        int full_begin = 0;
-        int full_end = 0;
-        int end = 0;
-    };
-    std::vector<span> f_spans;
+        return {static_cast<int>(std::floor(at.x - shift.x + 0.5)),
+                static_cast<int>(std::floor(at.y - shift.y + 0.5))};
+    }
+    /// Lays the colour through the mask, with the anchor on that pixel.
+    void blend(surface const &target, pixel_place at, Tvx_color color) const;
+    /// Has the pixels that `blend` will change brought near: symbols come in no order, and waiting for each
+    /// takes longer than mixing.
+    void fetch(surface const &target, pixel_place at) const;
 
-    void blend_pixels(surface const &target, int x, int y, Tvx_color color) const;
+private:
+    /// Of a symbol that lies in part beside the surface.
+    void blend_part(surface const &target, pixel_place at, std::uint32_t ink) const;
 };
 
 /// What tells the masks of plain point styles apart.

@@ -74,9 +74,14 @@ public:
 
     /// A ring comes with its first vertex repeated at the end.
     void draw(std::span<Tvx_pnt_d2 const> line);
+    /// Where the style is one full stroke along the line itself: makes its pen the painter's, so that whoever
+    /// fills a ring that lies in `box` draws the line with it. False when more is to be done.
+    [[nodiscard]] bool lend_pen(Tvx_box_d2 const &box) const;
     [[nodiscard]] double reach() const;
     /// How wide what it draws is across the line, wherever that lies.
     [[nodiscard]] double thickness() const;
+    /// What it draws goes by the length along the line.
+    [[nodiscard]] bool needs_lengths() const;
     /// Calls of the painter for a pixel of the line's length.
     [[nodiscard]] double calls_per_px() const;
 
@@ -94,6 +99,9 @@ public:
 
     /// The area that lies in an odd number of rings; the angles turn hatches and spots.
     void draw(std::span<px_line const> rings, double hatch_angle = 0, double spot_angle = 0);
+    /// The area and the line round it in one call of the painter, which gives the pixels of two. False, with
+    /// nothing drawn, where that cannot be.
+    [[nodiscard]] bool draw_with(line_painter const &outline, std::span<px_line const> rings);
 
 private:
     struct impl;
