@@ -45,6 +45,7 @@ namespace {
 constexpr int c_recent_files = 10;
 constexpr int c_message_ms = 8000;
 constexpr int c_editor_gap = 12;
+constexpr int c_title_room = 40; ///< what the title bar takes of the screen
 constexpr int c_scales[] = {500,    1000,   2500,    5000,    10000,   25000,    50000,    100000,
                             250000, 500000, 1000000, 2500000, 5000000, 10000000, 50000000, 100000000};
 
@@ -67,7 +68,8 @@ Tvx_map_window::Tvx_map_window(QSettings *settings)
     setObjectName(QStringLiteral("map_window"));
     setWindowIcon(vx_host_glyph("app"));
     setAcceptDrops(true);
-    resize(1280, 800);
+    // The frame of the window needs room too.
+    resize(QSize(1280, 800).boundedTo(screen()->availableSize() - QSize(0, c_title_room)));
     // Messages of the library name the program as its window does.
     QGuiApplication::setApplicationDisplayName(vx_host_caption(c_cap_application));
     f_canvas->setObjectName(QStringLiteral("canvas"));

@@ -26,6 +26,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
+#include <QScreen>
 #include <QSettings>
 #include <QStatusBar>
 #include <QTabBar>
@@ -83,6 +84,14 @@ protected:
         vx_bpgn_style_set_color(fill, vx_clr_init_rgb(10, 200, 30));
     }
 };
+
+TEST_F(map_window, comes_within_the_screen)
+{
+    Tvx_map_window const fresh;
+    QSize const room = fresh.screen()->availableSize();
+    EXPECT_LE(fresh.width(), room.width());
+    EXPECT_LT(fresh.height(), room.height());
+}
 
 TEST_F(map_window, opens_and_draws_a_real_file)
 {
