@@ -10,6 +10,8 @@
 #include "platform/base/text_codec.h"
 #include "platform/base/virtual_mark.h"
 #include "platform/basic/vx_res.h"
+#include "platform/data/vx_dbf.h"
+#include "platform/winapi/codepage.h"
 
 #include <cpl_string.h>
 #include <ogrsf_frmts.h>
@@ -72,6 +74,36 @@ CPLStringList options_of(connection_text const &connection)
     return options;
 }
 
+/// Name under which GDAL converts texts of a code page; empty when it does not.
+std::string encoding_of(unsigned page)
+{
+    constexpr unsigned c_iso_8859_pages = 28590;
+    struct
+    {
+        unsigned page;
+        char const *name;
+    } constexpr c_names[] = {{CP_UTF8, "UTF-8"},           {20866, "KOI8-R"},    {21866, "KOI8-U"},
+                             {20127, "US-ASCII"},          {10000, "MACINTOSH"}, {10007, "MAC-CYRILLIC"},
+                             {10029, "MAC-CENTRALEUROPE"}, {54936, "GB18030"},   {51932, "EUC-JP"}};
+    std::string name = "CP" + std::to_string(page);
+    for (auto const &known : c_names)
+        if (known.page == page)
+            name = known.name;
+    if (page > c_iso_8859_pages && page <= c_iso_8859_pages + 16)
+        name = "ISO-8859-" + std::to_string(page - c_iso_8859_pages);
+    return page != 0 && CPLCanRecode("a", name.c_str(), CPL_ENC_UTF8) ? name : std::string();
+}
+
+/// The code page of a shapefile's texts, found as whoever reads its table alone finds it.
+std::string encoding_of_shapefile(std::string const &path)
+{
+    for (char const *const ending : {"dbf", "DBF"})
+        if (unsigned const page =
+                vx_dbf_find_code_page_w(text::utf8_to_wide(CPLResetExtension(path.c_str(), ending)).c_str()))
+            return encoding_of(page);
+    return {};
+}
+
 /// Options of the driver's own by which it makes no files beside the source.
 CPLStringList open_options(connection_text const &connection, char const *driver, bool read_only)
 {
@@ -79,6 +111,10 @@ CPLStringList open_options(connection_text const &connection, char const *driver
     // Closing the gaps of deleted records would change the identifiers under whoever knows them.
     if (driver && !read_only && EQUAL(driver, "ESRI Shapefile") && !options.FetchNameValue("AUTO_REPACK"))
         options.SetNameValue("AUTO_REPACK", "NO");
+    if (driver && EQUAL(driver, "ESRI Shapefile") && !options.FetchNameValue("ENCODING"))
+        if (std::string const encoding = encoding_of_shapefile(text::wide_to_utf8(connection.source));
+            !encoding.empty())
+            options.SetNameValue("ENCODING", encoding.c_str());
     if (!read_only || !driver)
         return options;
     if (EQUAL(driver, "GML")) {

@@ -63,6 +63,12 @@ std::string page_mark(std::string const &path)
     return {};
 }
 
+unsigned marked_page(std::string const &path, unsigned char driver)
+{
+    auto const mark = page_mark(path);
+    return mark.empty() ? vx::dbf::code_page_of_driver(driver) : vx::dbf::code_page_of(mark);
+}
+
 // ---- deleted records
 
 /// Numbers of the deleted records, ascending, and of the records that could be looked at.
@@ -401,16 +407,27 @@ Ivx_dbf *vx_dbf_open_w(wchar_t const *name, int, int dos_flag)
     table->file = std::move(file);
     if (dos_flag)
         table->page = c_dos_page;
-    else if (auto const mark = page_mark(path); !mark.empty())
-        table->page = vx::dbf::code_page_of(mark);
     else
-        table->page = vx::dbf::code_page_of_driver(table->header.driver);
+        table->page = marked_page(path, table->header.driver);
     for (auto const &field : table->header.fields) {
         auto wide = decode(field.name, table->page, false);
         auto narrow = vx::text::to_bytes(wide);
         table->field_names.push_back({std::move(narrow), std::move(wide)});
     }
     return table.release();
+}
+
+unsigned vx_dbf_find_code_page_w(wchar_t const *name)
+{
+    if (!name || !*name)
+        return 0;
+    std::string const path = vx_path_to_native(name);
+    struct stat info = {};
+    auto const file = open_regular(path.c_str(), info);
+    char head[vx::dbf::c_driver_at + 1];
+    if (!file || std::fread(head, 1, sizeof head, file.get()) != sizeof head)
+        return 0;
+    return marked_page(path, static_cast<unsigned char>(head[vx::dbf::c_driver_at]));
 }
 
 bool vx_dbf_find_cells(void const *head, std::size_t head_size, std::uint64_t file_size, int field,

@@ -45,6 +45,9 @@ enum Tvx_dbf_type : int
 /// A file that ends early has the records that it holds wholly.
 [[nodiscard]] VX_API Ivx_dbf *vx_dbf_open(char const *name, int read_only, int dos_flag);
 [[nodiscard]] VX_API Ivx_dbf *vx_dbf_open_w(wchar_t const *name, int read_only, int dos_flag);
+/// The code page that the mark of a table names, found as `vx_dbf_open` finds it, without a look at its
+/// records. 0 when there is no file, or its mark says nothing, or nothing known.
+[[nodiscard]] VX_API unsigned vx_dbf_find_code_page_w(wchar_t const *name);
 /// Null is accepted, here and below: it has no fields and no records.
 VX_API void vx_dbf_close(Ivx_dbf *table);
 

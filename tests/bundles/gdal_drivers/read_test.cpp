@@ -3,6 +3,8 @@
 #include "support/temp_dir.h"
 #include "writing.h"
 
+#include "platform/data/vx_dbf.h"
+
 #include <climits>
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -430,6 +432,53 @@ TEST(gdal_read, deleted_records_are_no_features)
         ASSERT_TRUE(s.forward.set_spatial_filter(&box));
         EXPECT_EQ(s.table.feature_count(true), 2u);
         EXPECT_EQ(rest_of(s), (std::vector<long long>{6, 7}));
+    }
+}
+
+TEST(gdal_read, code_pages_are_those_of_the_table)
+{
+    temp_dir const dir;
+    {
+        source const s((dir / "t.shp").wstring() + L"|ENCODING=CP866", 1);
+        ASSERT_TRUE(s.table.create_vector(L"t", 1, 0, definition({{L"s", 1, 0, 8}})));
+        ASSERT_TRUE(add(s, [](vx::feature f) { EXPECT_TRUE(f.set_string(0, L"xy")); }));
+    }
+    std::string const table = read_file(dir / "t.dbf");
+    std::size_t const cell = table.find("xy");
+    ASSERT_NE(cell, std::string::npos);
+    struct
+    {
+        char const *beside; ///< null: no such file
+        unsigned char mark;
+        char const *bytes;
+        wchar_t const *expected;
+    } const cases[] = {
+        {"OEM 866", 0, "\x86\xA6", L"Жж"},   {"LDID/201", 0, "\xC6\xE6", L"Жж"},
+        {"KOI8-R", 0, "\xF6\xD6", L"Жж"},    {"866", 0xC9, "\x86\xA6", L"Жж"},
+        {"ANSI 1251", 0, "\xC6\xE6", L"Жж"}, {"ISO88595", 0, "\xB6\xD6", L"Жж"},
+        {nullptr, 0xC9, "\xC6\xE6", L"Жж"},  {nullptr, 0x26, "\x86\xA6", L"Жж"},
+        {"Shift_JIS", 0, "\x93\xFA", L"日"}, {"Big5", 0, "\xA4\xE9", L"日"},
+        {"UTF-8", 0x57, "\xD0\x96", L"Ж"},
+    };
+    for (auto const &[beside, mark, bytes, expected] : cases) {
+        SCOPED_TRACE((beside ? beside : "no mark beside") + std::string(" ") + std::to_string(mark));
+        fs::remove(dir / "t.cpg");
+        if (beside)
+            write_file(dir / "t.cpg", beside);
+        std::string changed = table;
+        changed[29] = static_cast<char>(mark);
+        changed.replace(cell, 2, bytes);
+        write_file(dir / "t.dbf", changed);
+        vx::dbf_handle const dbf(vx_dbf_open_w((dir / "t.dbf").wstring().c_str(), 1, 0));
+        EXPECT_STREQ(vx_dbf_get_wstr(dbf.get(), 0, 0, nullptr), expected);
+        for (bool const read_only : {true, false}) {
+            source const s((dir / "t.shp").wstring(), read_only);
+            keeper k;
+            ASSERT_TRUE(s.forward.with_next_feature(k));
+            EXPECT_EQ(k.text(0), expected);
+            EXPECT_EQ(texts_of([&](vx::string_visitor v) { s.stat.with_unique_strings(0, -1, v); }),
+                      std::vector<std::wstring>{expected});
+        }
     }
 }
 

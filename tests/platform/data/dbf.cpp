@@ -158,6 +158,10 @@ TEST_F(dbf, code_page_by_flag_and_by_mark)
         {false, 0x00, "CP1251", "\xC6", L"Ж"},
         {false, 0x00, "ISO-8859-5", "\xB6", L"Ж"},
         {false, 0x00, "ISO88595", "\xB6", L"Ж"},
+        {false, 0x00, "OEM 866", "\x86", L"Ж"},
+        {false, 0x00, "LDID/201", "\xC6", L"Ж"},
+        {false, 0x00, "KOI8-R", "\xF6", L"Ж"},
+        {false, 0x00, "koi8_u", "\xF6", L"Ж"},
         {false, 0x57, "utf-8\r\n", "\xD0\x96", L"Ж"},
         {false, 0x00, "nonsense", "\xD0\x96", L"Ж"}, // as without a mark
         {false, 0x00, nullptr, "\xD0\x96", L"Ж"},

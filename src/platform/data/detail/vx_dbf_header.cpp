@@ -112,13 +112,34 @@ constexpr driver_page c_driver_pages[] = {
     {0xCC, 1257},
 };
 
-constexpr unsigned c_iso_8859 = 8859;
-constexpr unsigned c_iso_8859_pages = 28590; ///< plus the number of the part
-
 unsigned known(unsigned page)
 {
     return page && vx_is_code_page(page) ? page : 0;
 }
+
+struct named_page
+{
+    std::string_view name; ///< letters and digits of the name
+    unsigned page;
+};
+/// Names without the number of the page, or with another number in them.
+constexpr named_page c_named_pages[] = {
+    {"KOI8R", 20866},       {"KOI8U", 21866},     {"SHIFTJIS", 932}, {"SJIS", 932},    {"GBK", 936},
+    {"GB2312", 936},        {"GB18030", 54936},   {"BIG5", 950},     {"EUCKR", 949},   {"EUCJP", 51932},
+    {"MACCYRILLIC", 10007}, {"MACINTOSH", 10000}, {"LATIN1", 1252},  {"ASCII", 20127}, {"USASCII", 20127},
+};
+
+unsigned page_of_name(std::string_view upper)
+{
+    std::string name;
+    std::ranges::copy_if(upper, std::back_inserter(name),
+                         [](char c) { return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9'); });
+    auto const found = std::ranges::find(c_named_pages, name, &named_page::name);
+    return found == std::end(c_named_pages) ? 0 : known(found->page);
+}
+
+constexpr unsigned c_iso_8859 = 8859;
+constexpr unsigned c_iso_8859_pages = 28590; ///< plus the number of the part
 
 /// The next number in the text, with what comes before it cut off; 0 if there is none.
 unsigned take_number(std::string_view &text)
@@ -142,7 +163,7 @@ std::optional<header> parse_header(std::string_view bytes, std::uint64_t file_si
     std::uint64_t const count = word(bytes, 4) | std::uint64_t{word(bytes, 6)} << 16;
     made.length = word(bytes, 8);
     made.record_length = word(bytes, 10);
-    made.driver = static_cast<unsigned char>(bytes[29]);
+    made.driver = static_cast<unsigned char>(bytes[c_driver_at]);
     if (version == 0 || (version & 7U) == c_version_7 || made.length <= c_slot ||
         made.length > bytes.size() || made.length > file_size || made.record_length < 2 ||
         count > static_cast<std::uint64_t>(std::numeric_limits<int>::max()))
@@ -184,6 +205,8 @@ unsigned code_page_of(std::string_view mark)
         return code_page_of_driver(take_number(rest));
     if (rest.find("UTF") != std::string_view::npos)
         return rest.find('8') != std::string_view::npos ? CP_UTF8 : 0;
+    if (unsigned const page = page_of_name(upper))
+        return page;
     unsigned number = take_number(rest);
     if (number != c_iso_8859) {
         // "ISO88595" has its part without a sign between.

@@ -30,13 +30,15 @@ struct header
 };
 
 inline constexpr std::size_t c_header_limit = 0xFFFF;
+/// Where the mark of the language driver stands.
+inline constexpr std::size_t c_driver_at = 29;
 
 /// `bytes` are the first ones of the file, up to `c_header_limit`. Nothing for a header that is incomplete,
 /// contradicts itself, or belongs to a version with another layout.
 [[nodiscard]] std::optional<header> parse_header(std::string_view bytes, std::uint64_t file_size);
 
-/// Code page of the mark in a .cpg file, such as "UTF-8", "1251", "ISO 8859-5" or "IBM866", or "LDID/201" for
-/// the language driver 201. 0 for a mark that says nothing, or nothing known.
+/// Code page of the mark in a .cpg file, such as "UTF-8", "OEM 866", "ISO 8859-5", "KOI8-R" or "Shift_JIS",
+/// or "LDID/201" for the language driver 201. 0 for a mark that says nothing, or nothing known.
 [[nodiscard]] unsigned code_page_of(std::string_view mark);
 /// The same for the mark of a language driver.
 [[nodiscard]] unsigned code_page_of_driver(unsigned driver);
