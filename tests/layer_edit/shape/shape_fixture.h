@@ -64,6 +64,10 @@ protected:
         vx_dlg_set_table(nullptr);
     }
 
+    /// Round the host's taking over of what is applied.
+    virtual void before_apply() {}
+    virtual void after_apply() {}
+
     /// Opens the layer and the editor on it.
     void open(wchar_t const *name)
     {
@@ -77,8 +81,10 @@ protected:
         vx_lr2d_edt_form_create_all(record.get());
         vx_lr2d_edt_form_set_callback(record.get(), this, [](void *self) {
             auto &f = *static_cast<shape_fixture *>(self);
+            f.before_apply();
             ++f.applied;
             f.layer.reset(vx_lr2d_clone(vx_lr2d_edt_form_get_lr2d_ptr(f.record.get())));
+            f.after_apply();
         });
         vx_lr2d_edt_form_set_lr2d(record.get(), layer.get());
         vx_lr2d_edt_form_update(record.get());

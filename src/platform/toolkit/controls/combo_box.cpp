@@ -50,6 +50,9 @@ public:
     void showPopup() override
     {
         vx_event_scope const scope;
+        // A list that the window system has closed tells nothing.
+        if (owner && owner->f_dropped && !view()->isVisible())
+            owner->f_dropped = false;
         if (owner && !owner->IsDestroying() && !owner->f_dropped) {
             owner->f_dropped = true;
             vx_guarded([this] { owner->DropDown(); });
