@@ -94,6 +94,7 @@ void Tvx_scale_grid::update_controls()
 {
     SetRowCount(static_cast<int>(std::max(get_n_row(), 1U)) + 1);
     f_active_row = GetRow(); // brought into a grid that has become shorter
+    f_ins_action->Update();
     f_del_action->Update();
     InvalidateGrid();
 }

@@ -17,6 +17,32 @@ namespace {
 constexpr int c_top_height = 22;
 } // namespace
 
+template <class Edit, class... Args>
+Edit *Tvx_stl_mngr_edit::add_edit(Args... args)
+{
+    auto *const edit = new Edit(this, args...);
+    edit->SetParent(this);
+    edit->create();
+    edit->SetAlign(alClient);
+    edit->on_changed = make_closure<&Tvx_stl_mngr_edit::on_edit_changed>(this);
+    return edit;
+}
+
+template <class Act>
+void Tvx_stl_mngr_edit::each_scale_editor(Act const &act)
+{
+    act(f_val_edit, c_style_mode_value);
+    act(f_rng_edit, c_style_mode_range);
+    act(f_rule_edit, c_style_mode_rule);
+}
+
+template <class Act>
+void Tvx_stl_mngr_edit::each_editor(Act const &act)
+{
+    act(f_smp_edit, c_style_mode_simple);
+    each_scale_editor(act);
+}
+
 void Tvx_stl_mngr_edit::create()
 {
     f_top_panel = new Tvx_panel(this);
@@ -34,13 +60,10 @@ void Tvx_stl_mngr_edit::create()
     f_rotate_btn->SetAlign(alRight);
     f_rotate_btn->SetShowHint(true);
     f_rotate_btn->OnClick = make_closure<&Tvx_stl_mngr_edit::on_rotate_button_click>(this);
-    f_smp_edit = new Tvx_smp_edit(this);
-    f_smp_edit->SetParent(this);
-    f_smp_edit->create();
-    f_smp_edit->SetAlign(alClient);
-    f_smp_edit->on_changed = make_closure<&Tvx_stl_mngr_edit::on_edit_changed>(this);
-    f_val_edit = add_val_edit(false);
-    f_rule_edit = add_val_edit(true);
+    f_smp_edit = add_edit<Tvx_smp_edit>();
+    f_val_edit = add_edit<Tvx_val_edit>(false);
+    f_rng_edit = add_edit<Tvx_rng_edit>();
+    f_rule_edit = add_edit<Tvx_val_edit>(true);
     set_data_events({});
     set_on_draw_style({});
     set_on_edit_style({});
@@ -56,19 +79,7 @@ void Tvx_stl_mngr_edit::load_res()
     f_rotate_btn->SetAccessibleName(action);
     vx_glyph_get_res(f_rotate_btn->GetGlyph(), c_picture_rotate);
     f_mode_edit->load_res();
-    f_smp_edit->load_res();
-    f_val_edit->load_res();
-    f_rule_edit->load_res();
-}
-
-Tvx_val_edit *Tvx_stl_mngr_edit::add_val_edit(bool rule)
-{
-    auto *const edit = new Tvx_val_edit(this, rule);
-    edit->SetParent(this);
-    edit->create();
-    edit->SetAlign(alClient);
-    edit->on_changed = make_closure<&Tvx_stl_mngr_edit::on_edit_changed>(this);
-    return edit;
+    each_editor([](auto *edit, Tvx_style_mode) { edit->load_res(); });
 }
 
 void Tvx_stl_mngr_edit::update_controls()
@@ -79,48 +90,42 @@ void Tvx_stl_mngr_edit::update_controls()
     set_style_mode(mode);
     f_mode_edit->SetVisible(true);
     f_rotate_btn->SetVisible(can_rotate_flag());
-    f_smp_edit->set_stl_mngr(f_stl_mngr);
-    f_val_edit->set_stl_mngr(f_stl_mngr);
-    f_rule_edit->set_stl_mngr(f_stl_mngr);
+    each_editor([this](auto *edit, Tvx_style_mode) { edit->set_stl_mngr(f_stl_mngr); });
     if (mode <= c_style_mode_none)
         show_editor(mode);
 }
 
 void Tvx_stl_mngr_edit::show_nothing()
 {
-    auto const clear = [](auto *edit) {
-        edit->set_stl_mngr(nullptr);
-        edit->update_controls();
-        edit->SetVisible(false);
-    };
     set_style_mode(c_style_mode_simple);
     f_mode_edit->SetVisible(false);
     f_rotate_btn->SetVisible(false);
-    clear(f_smp_edit);
-    clear(f_val_edit);
-    clear(f_rule_edit);
+    each_editor([](auto *edit, Tvx_style_mode) {
+        edit->set_stl_mngr(nullptr);
+        edit->update_controls();
+        edit->SetVisible(false);
+    });
 }
 
 void Tvx_stl_mngr_edit::show_editor(Tvx_style_mode mode)
 {
     // Only one of them takes the room at any time.
-    auto const hide = [mode](auto *edit, Tvx_style_mode own) {
+    each_editor([mode](auto *edit, Tvx_style_mode own) {
         if (mode != own)
             edit->SetVisible(false);
-    };
-    auto const show = [mode](auto *edit, Tvx_style_mode own) {
-        if (mode != own)
-            return;
-        edit->SetVisible(true);
-        edit->update_controls();
-    };
-    auto const each = [this](auto const &act) {
-        act(f_smp_edit, c_style_mode_simple);
-        act(f_val_edit, c_style_mode_value);
-        act(f_rule_edit, c_style_mode_rule);
-    };
-    each(hide);
-    each(show);
+    });
+    each_editor([mode](auto *edit, Tvx_style_mode own) {
+        if (mode == own)
+            edit->SetVisible(true);
+    });
+    if (mode == c_style_mode_range && vx_stl_mngr_get_need_scale(f_stl_mngr)) {
+        vx_stl_mngr_set_need_scale(f_stl_mngr, false);
+        f_rng_edit->fill_scale();
+    }
+    each_editor([mode](auto *edit, Tvx_style_mode own) {
+        if (mode == own)
+            edit->update_controls();
+    });
 }
 
 void Tvx_stl_mngr_edit::set_style_mode(Tvx_style_mode mode)
@@ -131,29 +136,22 @@ void Tvx_stl_mngr_edit::set_style_mode(Tvx_style_mode mode)
 
 void Tvx_stl_mngr_edit::enable_selection_style(bool enabled)
 {
-    f_smp_edit->enable_selection_style(enabled);
-    f_val_edit->enable_selection_style(enabled);
-    f_rule_edit->enable_selection_style(enabled);
+    each_editor([enabled](auto *edit, Tvx_style_mode) { edit->enable_selection_style(enabled); });
 }
 
 void Tvx_stl_mngr_edit::set_mngr_style(char const *key)
 {
-    f_val_edit->set_mngr_style(key);
-    f_rule_edit->set_mngr_style(key);
+    each_scale_editor([key](auto *edit, Tvx_style_mode) { edit->set_mngr_style(key); });
 }
 
 void Tvx_stl_mngr_edit::set_on_draw_style(Tvx_draw_style_event event)
 {
-    f_smp_edit->set_on_draw_style(event);
-    f_val_edit->set_on_draw_style(event);
-    f_rule_edit->set_on_draw_style(event);
+    each_editor([event](auto *edit, Tvx_style_mode) { edit->set_on_draw_style(event); });
 }
 
 void Tvx_stl_mngr_edit::set_on_edit_style(Tvx_edit_style_event event)
 {
-    f_smp_edit->set_on_edit_style(event);
-    f_val_edit->set_on_edit_style(event);
-    f_rule_edit->set_on_edit_style(event);
+    each_editor([event](auto *edit, Tvx_style_mode) { edit->set_on_edit_style(event); });
 }
 
 void Tvx_stl_mngr_edit::set_on_lib_symbol_style(Tvx_lib_symbol_style_event event)
@@ -164,26 +162,21 @@ void Tvx_stl_mngr_edit::set_on_lib_symbol_style(Tvx_lib_symbol_style_event event
 
 void Tvx_stl_mngr_edit::data_events_changed()
 {
-    f_val_edit->set_data_events(get_data_events());
-    f_rule_edit->set_data_events(get_data_events());
+    each_scale_editor([this](auto *edit, Tvx_style_mode) { edit->set_data_events(get_data_events()); });
 }
 
 void Tvx_stl_mngr_edit::end_edit(bool taken)
 {
-    f_val_edit->get_grid()->end_edit(taken);
-    f_rule_edit->get_grid()->end_edit(taken);
+    each_scale_editor([taken](auto *edit, Tvx_style_mode) { edit->get_grid()->end_edit(taken); });
 }
 
 void Tvx_stl_mngr_edit::save_current_scl()
 {
-    switch (vx_stl_mngr_get_mode(f_stl_mngr)) {
-    case c_style_mode_value:
-        return f_val_edit->save_current_scl();
-    case c_style_mode_rule:
-        return f_rule_edit->save_current_scl();
-    default:
-        break;
-    }
+    Tvx_style_mode const mode = vx_stl_mngr_get_mode(f_stl_mngr);
+    each_scale_editor([mode](auto *edit, Tvx_style_mode own) {
+        if (mode == own)
+            edit->save_current_scl();
+    });
 }
 
 void *Tvx_stl_mngr_edit::create_property_list()
@@ -218,8 +211,6 @@ void Tvx_stl_mngr_edit::on_style_mode_changed(TObject * /*sender*/)
 {
     if (!f_stl_mngr)
         return;
-    if (f_mode_edit->mode == c_style_mode_range)
-        return show_editor(c_style_mode_range);
     vx_stl_mngr_set_mode(f_stl_mngr, f_mode_edit->mode);
     update_controls();
     call_changed();

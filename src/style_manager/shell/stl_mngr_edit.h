@@ -3,6 +3,7 @@
 #include "controls/forms/buttons.h"
 #include "controls/forms/panels.h"
 #include "style_manager/api/style_mode.h"
+#include "style_manager/scales/rng_edit.h"
 #include "style_manager/scales/val_edit.h"
 #include "style_manager/shell/smp_edit.h"
 #include "style_manager/widgets/data_event_owner.h"
@@ -13,8 +14,6 @@ struct Ivx_layer;
 /// Edits one style manager: a choice of modes and below it the editor of the mode in force. It owns no style
 /// data: everything it shows is read from the manager, and everything the user does is written into it at
 /// once. Data come through the pull events (`Tvx_data_event_owner`), changes leave through `on_changed`.
-/// There is no editor of ranges: their mode shows an empty place, and to choose it changes nothing in the
-/// manager.
 ///
 /// Whoever makes one calls `create` and `load_res`, binds events, and calls `update_controls` after each
 /// change of manager or layer; the setters only store.
@@ -65,6 +64,7 @@ public:
     [[nodiscard]] Tvx_bitbtn *get_rotate_btn() const { return f_rotate_btn; }
     [[nodiscard]] Tvx_smp_edit *get_smp_edit() const { return f_smp_edit; }
     [[nodiscard]] Tvx_val_edit *get_val_edit() const { return f_val_edit; }
+    [[nodiscard]] Tvx_rng_edit *get_rng_edit() const { return f_rng_edit; }
     [[nodiscard]] Tvx_val_edit *get_rule_edit() const { return f_rule_edit; }
 
     /// Runs once after every change that the manager has taken.
@@ -74,7 +74,14 @@ protected:
     void data_events_changed() override;
 
 private:
-    Tvx_val_edit *add_val_edit(bool rule);
+    template <class Edit, class... Args>
+    Edit *add_edit(Args... args);
+    /// Runs `act` on the editor of each mode and the mode, in the order of the modes.
+    template <class Act>
+    void each_editor(Act const &act);
+    /// The same on the editors of scales alone.
+    template <class Act>
+    void each_scale_editor(Act const &act);
     void show_editor(Tvx_style_mode mode);
     void show_nothing();
     void on_rotate_button_click(TObject *sender);
@@ -88,5 +95,6 @@ private:
     Tvx_style_mode_edit *f_mode_edit = nullptr;
     Tvx_smp_edit *f_smp_edit = nullptr;
     Tvx_val_edit *f_val_edit = nullptr;
+    Tvx_rng_edit *f_rng_edit = nullptr;
     Tvx_val_edit *f_rule_edit = nullptr;
 };

@@ -7,6 +7,7 @@
 #include "platform/basic/vx_wstrings.h"
 #include "platform/storage/detail/gp_env.h"
 #include "platform/styles/vx_base_style.h"
+#include "platform/styles/vx_rng_scale.h"
 #include "platform/styles/vx_stl_mngr.h"
 #include "platform/styles/vx_stl_prm.h"
 #include "platform/styles/vx_style.h"
@@ -29,7 +30,22 @@ public:
     }
     void close(TObject *) { --opens; }
     unsigned get_np(TObject *) { return static_cast<unsigned>(names.size()); }
-    char const *get_prop(TObject *, unsigned prop, bool &, bool &) { return names[prop]; }
+    char const *get_prop(TObject *, unsigned prop, bool &usable, bool &numeric)
+    {
+        usable = numeric = true;
+        return names[prop];
+    }
+    unsigned get_no(TObject *) { return 2; }
+    char const *get_str(TObject *, unsigned, unsigned, bool &) { return ""; }
+    double get_val(TObject *, unsigned, unsigned object, bool &defined)
+    {
+        defined = true;
+        return object * 100.0;
+    }
+    void get_prop_file_name(TObject *, unsigned, Ivx_string_adp *name)
+    {
+        vx_string_adp_feed(name, scale_file.c_str());
+    }
 
 protected:
     template <class Edit>
@@ -43,6 +59,7 @@ protected:
     }
     owned_mngr mngr{vx_stl_mngr_create("pgn_style")};
     std::vector<char const *> names;
+    std::wstring scale_file;
     int opens = 0;
     bool has_data = true;
 };
@@ -70,6 +87,7 @@ TEST_F(shell, shows_the_editor_of_the_mode_and_takes_the_users_choice)
     auto *const edit = add_edit<Tvx_pgn_stl_mngr_edit>();
     TControl *const values = edit->get_val_edit();
     TControl *const rules = edit->get_rule_edit();
+    TControl *const ranges = edit->get_rng_edit();
     auto *const combo = edit->get_mode_edit()->get_combo_box();
     // Without a manager there is nothing to edit.
     edit->update_controls();
@@ -93,11 +111,13 @@ TEST_F(shell, shows_the_editor_of_the_mode_and_takes_the_users_choice)
     EXPECT_EQ(vx_val_scale_get_size(vx_stl_mngr_get_val_scale_ptr(mngr.get())), 1u);
     EXPECT_EQ(taken_events(), 1) << "once, on the whole way up";
 
-    // A place without an editor is empty.
     ASSERT_TRUE(input::choose_item(combo, 2));
-    EXPECT_FALSE(values->GetShowing() || edit->get_smp_edit()->GetShowing());
-    EXPECT_EQ(vx_stl_mngr_get_mode(mngr.get()), c_style_mode_value);
-    EXPECT_EQ(taken_events(), 0);
+    EXPECT_EQ(vx_stl_mngr_get_mode(mngr.get()), c_style_mode_range);
+    EXPECT_EQ(edit->get_rng_edit()->get_grid()->get_scale(), vx_stl_mngr_get_rng_scale_ptr(mngr.get()));
+    EXPECT_EQ(taken_events(), 1);
+    ASSERT_TRUE(input::click(edit->get_rng_edit()->get_tool_panel()->get_ins_btn()));
+    EXPECT_EQ(vx_rng_scale_get_size(vx_stl_mngr_get_rng_scale_ptr(mngr.get())), 1u);
+    EXPECT_EQ(taken_events(), 1);
 
     struct
     {
@@ -107,13 +127,14 @@ TEST_F(shell, shows_the_editor_of_the_mode_and_takes_the_users_choice)
     } const cases[] = {{c_style_mode_rule, -1, rules},
                        {c_style_mode_none, 0, nullptr},
                        {c_style_mode_simple, 0, edit->get_smp_edit()},
-                       {9, 0, edit->get_smp_edit()}, // nothing further changes
+                       {c_style_mode_range, 2, ranges},
+                       {9, 0, ranges}, // nothing further changes
                        {c_style_mode_value, 1, values}};
     for (auto const &c : cases) {
         vx_stl_mngr_set_mode(mngr.get(), c.mode);
         edit->update_controls();
         EXPECT_EQ(combo->GetItemIndex(), c.index) << c.mode;
-        for (TControl *control : {values, rules, static_cast<TControl *>(edit->get_smp_edit())})
+        for (TControl *control : {values, ranges, rules, static_cast<TControl *>(edit->get_smp_edit())})
             EXPECT_EQ(control->GetShowing(), control == c.shown) << c.mode;
     }
     // The entry of rules takes its mode along.
@@ -125,20 +146,46 @@ TEST_F(shell, shows_the_editor_of_the_mode_and_takes_the_users_choice)
     EXPECT_EQ(taken_events(), 1);
 }
 
-TEST_F(shell, ranges_wait_for_their_editor)
+TEST_F(shell, fills_a_range_scale_that_needs_it_once)
 {
+    vx_test::temp_dir const dir;
     auto *const edit = add_edit<Tvx_clr_stl_mngr_edit>();
+    names = {"HEIGHT"};
+    scale_file = (dir.path() / "grid.HEIGHT.tif").wstring();
+    edit->set_on_data_open(make_closure<&shell::open>(this));
+    edit->set_on_data_close(make_closure<&shell::close>(this));
+    edit->set_on_data_get_np(make_closure<&shell::get_np>(this));
+    edit->set_on_data_get_no(make_closure<&shell::get_no>(this));
+    edit->set_on_data_get_prop(make_closure<&shell::get_prop>(this));
+    edit->set_on_data_get_str(make_closure<&shell::get_str>(this));
+    edit->set_on_data_get_val(make_closure<&shell::get_val>(this));
+    edit->set_on_data_get_prop_file_name(make_closure<&shell::get_prop_file_name>(this));
     owned_mngr const colors(vx_stl_mngr_create("clr_style"));
+    vx_stl_mngr_set_rng_prop_name_w(colors.get(), L"HEIGHT");
     edit->set_clr_stl_mngr(colors.get());
     edit->set_style_mngr_mode(c_style_mode_range);
     vx_stl_mngr_set_need_scale(colors.get(), true);
     edit->update_controls();
     EXPECT_EQ(edit->get_mode_edit()->get_combo_box()->GetItemIndex(), 2);
-    EXPECT_TRUE(vx_stl_mngr_get_need_scale(colors.get()));
-    EXPECT_FALSE(edit->get_val_edit()->GetShowing() || edit->get_smp_edit()->GetShowing());
+    EXPECT_FALSE(vx_stl_mngr_get_need_scale(colors.get()));
     EXPECT_FALSE(edit->get_rotate_btn()->GetShowing()) << "colours do not turn";
-    edit->save_current_scl();
+    EXPECT_TRUE(std::filesystem::exists(dir.path() / "grid.HEIGHT._rg"));
+    void *const scale = vx_stl_mngr_get_rng_scale_ptr(colors.get());
+    EXPECT_EQ(vx_rng_scale_get_size(scale), 10u);
+    vx_rng_scale_set_size(scale, 3);
+    edit->update_controls();
+    EXPECT_EQ(vx_rng_scale_get_size(scale), 3u);
     EXPECT_EQ(taken_events(), 0);
+    EXPECT_EQ(opens, 0);
+    // What is in force goes to that file, and the next manager takes it from there.
+    edit->save_current_scl();
+    owned_mngr const others(vx_stl_mngr_create("clr_style"));
+    vx_stl_mngr_set_mode(others.get(), c_style_mode_range);
+    vx_stl_mngr_set_rng_prop_name_w(others.get(), L"HEIGHT");
+    vx_stl_mngr_set_need_scale(others.get(), true);
+    edit->set_clr_stl_mngr(others.get());
+    edit->update_controls();
+    EXPECT_EQ(vx_rng_scale_get_size(vx_stl_mngr_get_rng_scale_ptr(others.get())), 3u);
 }
 
 TEST_F(shell, hands_its_events_on)

@@ -10,3 +10,4 @@ inline constexpr int c_picture_delete = 142;
 inline constexpr int c_picture_save = 143;
 inline constexpr int c_picture_open = 144;
 inline constexpr int c_picture_build = 145;
+inline constexpr int c_picture_rescale = 147;

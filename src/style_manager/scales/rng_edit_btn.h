@@ -1,0 +1,23 @@
+#pragma once
+
+#include "controls/forms/buttons.h"
+#include "style_manager/api/data_events.h"
+
+/// Opens the builder of range scales, or classifies the ranges anew. Disabled as long as there is nothing
+/// behind it.
+class VX_API Tvx_rng_edit_btn : public Tvx_bitbtn
+{
+public:
+    explicit Tvx_rng_edit_btn(TComponent *owner);
+
+    void set_stl_mngr(void *mngr) { f_stl_mngr = mngr; }
+    [[nodiscard]] void *get_stl_mngr() const { return f_stl_mngr; }
+    void set_data_events(Tvx_data_events const &events) { f_data = events; }
+
+    /// The builder changed the scale.
+    TNotifyEvent on_changed;
+
+private:
+    void *f_stl_mngr = nullptr;
+    Tvx_data_events f_data;
+};
