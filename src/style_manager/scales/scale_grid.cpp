@@ -456,7 +456,11 @@ void Tvx_scale_grid::draw_row_cell(int col, int grid_row, TRect const &rect)
 
 void Tvx_scale_grid::draw_text_cell(unsigned row, int col, TRect const &rect)
 {
-    GetCanvas()->TextRect(rect, rect.Left + c_text_indent, rect.Top + c_text_indent, cell_text(row, col));
+    TRect inner = rect;
+    inner.Left += c_text_indent;
+    inner.Top += c_text_indent;
+    // A number that is cut off must not look like another one.
+    GetCanvas()->TextRect(inner, cell_text(row, col), {tfSingleLine, tfEndEllipsis, tfNoPrefix});
 }
 
 void Tvx_scale_grid::draw_header(int col, TRect const &rect)
