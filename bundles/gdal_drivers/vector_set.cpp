@@ -193,7 +193,10 @@ bool vector_set::with_extent(Tvx_box_d2 *box, bool force)
     if (!f_layer || !box || f_geom_field >= f_layer->GetLayerDefn()->GetGeomFieldCount())
         return false;
     error_guard const guard(f_set->error());
-    position_keeper const keeper(*this);
+    // A server works it out beside what is being read.
+    std::optional<position_keeper> keeper;
+    if (!f_server)
+        keeper.emplace(*this);
     OGREnvelope e;
     OGRErr result = OGRERR_FAILURE;
     attend([&](auto const &) { result = f_layer->GetExtent(f_geom_field, &e, force); },

@@ -13,6 +13,7 @@
 #include "platform/base/text_codec.h"
 #include "platform/base/vertex_list.h"
 #include "platform/basic/vx_datasource.h"
+#include "platform/basic/vx_fault.h"
 #include "platform/basic/vx_res.h"
 #include "platform/data/vx_attr_data.h"
 
@@ -80,6 +81,11 @@ public:
 protected:
     ~feature_reader() = default;
     virtual void read(vx::feature const &item) = 0;
+};
+
+class feature_dropper final : public feature_reader
+{
+    void read(vx::feature const &) override {}
 };
 
 template <class T>
@@ -281,17 +287,23 @@ std::shared_ptr<attr_set> attr_set::open(std::wstring const &source, std::wstrin
 std::shared_ptr<attr_set> attr_set::take(t_vx_data_source_interface handle, std::wstring const &source,
                                          std::wstring &error)
 {
+    std::wstring const shown = vx_mask_passwords(source);
     std::shared_ptr<attr_set> opened(new attr_set(handle));
     if (!opened->attempt([&] { opened->read_head(); })) {
-        error = vx_res_format_w(c_capt_file_not_read, source);
+        error = vx_res_format_w(c_capt_file_not_read, shown);
         return nullptr;
     }
     if (!opened->has_vector() && opened->grid_count() <= 0) {
-        error = vx_res_format_w(c_capt_no_vector_data, source);
+        error = vx_res_format_w(c_capt_no_vector_data, shown);
         return nullptr;
     }
     if (opened->f_record_count > c_max_records) {
-        error = vx_res_format_w(c_capt_too_many_records, source);
+        // What does not know its count says why, or it was given up.
+        bool const is_known = opened->f_record_count != std::numeric_limits<unsigned long long>::max();
+        text_receiver why;
+        if (!is_known)
+            opened->f_source.with_error(why);
+        error = why.f_text.empty() ? vx_res_format_w(c_capt_too_many_records, shown) : why.f_text;
         return nullptr;
     }
     error.clear();
@@ -348,10 +360,15 @@ int attr_set::grid_count() const
 bool attr_set::extent(Tvx_box_d2 &box) const
 {
     bool is_known = false;
+    // What has been read already is known better than a server's estimate, and need not be read once more.
+    bool const is_read = f_feed && f_feed->is_over();
+    if (is_read && !f_feed->shapes()->is_damaged() && !f_feed->shapes()->box().is_empty()) {
+        box = f_feed->shapes()->box();
+        return true;
+    }
     if (attempt([&] { is_known = f_source.with_extent(&box, false) && !box.is_empty(); }) && is_known)
         return true;
-    // What would be read once more for it has been read already.
-    if (f_feed && f_feed->is_over()) {
+    if (is_read) {
         box = f_feed->shapes()->box();
         return true;
     }
@@ -388,6 +405,10 @@ void attr_set::walk(vx::feature_visitor visitor) const
         patience patience;
         for (std::size_t i = 0; goes_on && i < f_record_count; ++i)
             goes_on = !patience.is_over() && request.with_next_feature(visitor);
+        // A server holds the table as it was, for whoever has not come to its end.
+        feature_dropper last;
+        if (goes_on)
+            (void)request.with_next_feature(last);
     });
 }
 

@@ -278,6 +278,10 @@ void shape_feed::read_features(int milliseconds)
         if (clock::now() >= end)
             return;
     }
+    // A server holds the table as it was, for whoever has not come to its end.
+    feature_skipper last;
+    if (f_taken == f_record_count)
+        (void)f_request.with_next_feature(last);
     finish(f_features->f_complaints.f_is_heard);
 }
 
