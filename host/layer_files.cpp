@@ -1,5 +1,6 @@
 #include "host/layer_files.h"
 
+#include "data/connection/connection_params.h"
 #include "extension/binding/data_source.h"
 #include "extension/binding/string_visitor.h"
 #include "host/captions.h"
@@ -129,11 +130,18 @@ void add_vector(Tvx_layer_list::layer_ptr layer, QString const &path, std::wstri
     result.layers.push_back({std::move(layer), vx_map_unit_from_proj4(projection)});
 }
 
+/// The connection string of a server names the one table that is wanted.
+bool names_table(QString const &path)
+{
+    return vx_layer_files_is_server(path) &&
+           !vx::data::vector_connection_params(path.toStdWString()).layer.empty();
+}
+
 /// An only table is the file: it needs no name, and goes on with the data set that is open already.
 void add_only_vector(data_set set, QString const &path, std::wstring const &file, Tvx_opened_file &result)
 {
     text_receiver name;
-    set->vector_name(0, name);
+    set->with_name(name);
     t_vx_data_source_interface const opened = set.release();
     std::wstring error;
     Tvx_layer_list::layer_ptr layer(vx_shp_lr2d_take(file.c_str(), &opened, Tvx_std_wstring_adapter(error)));
@@ -229,7 +237,7 @@ Tvx_opened_file vx_layer_files_open(QString const &path)
         return result;
     }
     add_grids(set, path, file, result);
-    if (set->vector_count() == 1)
+    if (names_table(path) || set->vector_count() == 1)
         add_only_vector(std::move(set), path, file, result);
     else
         add_vectors(set, path, file, result);

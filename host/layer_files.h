@@ -22,7 +22,8 @@ struct Tvx_opened_file
 /// True for the connection string of a database server, such as "PG:host=localhost", that names no file.
 [[nodiscard]] bool vx_layer_files_is_server(QString const &path);
 
-/// Opens a vector or raster file, a folder that is a data set, or a database server, with every layer in it.
+/// Opens a vector or raster file, a folder that is a data set, or a database server, with every layer in it;
+/// of a server that is followed by "|layer=" and a name only that table.
 /// Nothing is shown or printed, and no file is changed.
 [[nodiscard]] Tvx_opened_file vx_layer_files_open(QString const &path);
 
