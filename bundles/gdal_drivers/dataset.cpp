@@ -9,6 +9,7 @@
 
 #include "platform/base/text_codec.h"
 #include "platform/base/virtual_mark.h"
+#include "platform/basic/vx_fault.h"
 #include "platform/basic/vx_res.h"
 #include "platform/data/vx_dbf.h"
 #include "platform/winapi/codepage.h"
@@ -64,6 +65,14 @@ bool is_free(std::wstring const &source)
 {
     path_kind const kind = kind_of_source(source.empty() ? L"." : source);
     return kind == path_kind::missing || kind == path_kind::no_path;
+}
+
+/// A server that takes the connection and says nothing would be waited for without end.
+std::string with_time_limit(std::string const &source)
+{
+    constexpr char c_limit[] = "connect_timeout";
+    bool const is_server = EQUALN(source.c_str(), "PG:", 3) && source.find("://") == std::string::npos;
+    return is_server && source.find(c_limit) == std::string::npos ? source + " " + c_limit + "=10" : source;
 }
 
 CPLStringList options_of(connection_text const &connection)
@@ -276,7 +285,7 @@ std::unique_ptr<dataset> dataset::open(std::wstring const &connection, bool read
     {
         error_guard guard(reason);
         network_guard const local(kind != path_kind::no_path && !parsed.allows_network);
-        std::string opened = path;
+        std::string opened = with_time_limit(path);
         auto const work = std::make_shared<opening_work>();
         bool is_ready = true;
         // Before anybody asks the file what it is: some drivers open a database for that, and work off its
@@ -551,8 +560,9 @@ bool dataset::reconnect()
 {
     char const *const only[] = {driver_name(), nullptr};
     unsigned const flags = GDAL_OF_VECTOR | (f_read_only ? GDAL_OF_READONLY : GDAL_OF_UPDATE);
-    GDALDatasetUniquePtr again(GDALDataset::Open(text::wide_to_utf8(f_connection.source).c_str(), flags, only,
-                                                 options_of(f_connection).List()));
+    GDALDatasetUniquePtr again(
+        GDALDataset::Open(with_time_limit(text::wide_to_utf8(f_connection.source)).c_str(), flags, only,
+                          options_of(f_connection).List()));
     if (!again)
         return false;
     f_gdal = std::move(again);
@@ -631,7 +641,8 @@ void dataset::grid_name(int index, vx::string_visitor visitor) const
 void dataset::with_name(vx::string_visitor visitor) const
 {
     std::string const name = f_whole ? f_whole->work_path() : f_gdal->GetDescription();
-    visit_utf8(visitor, CPLGetBasename(name.c_str()));
+    // Of a server it is a piece of the connection string.
+    visitor.visit(vx_mask_passwords(text::utf8_to_wide(CPLGetBasename(name.c_str()))).c_str());
 }
 
 void dataset::with_description(vx::string_visitor visitor) const

@@ -432,7 +432,8 @@ unsigned long long vector_set::feature_count(bool force)
             }
         });
     }
-    if (count < 0)
+    // GDAL counts none where the server refuses.
+    if (count < 0 || (f_server && !guard.text().empty()))
         return ULLONG_MAX;
     page const paged = own_page();
     count = std::max(0LL, count - paged.offset);

@@ -2,7 +2,10 @@
 
 #include "platform/basic/vx_fault.h"
 
+#include <arpa/inet.h>
 #include <chrono>
+#include <sys/socket.h>
+#include <unistd.h>
 
 // A server that goes away, refuses, or takes its time: the reason is told, nothing is said to be stored that
 // is not, and the work goes on afterwards.
@@ -248,6 +251,32 @@ TEST_F(server_failures, a_slow_answer_ends_when_nobody_waits_for_it_any_more)
         server().sql("SELECT count(*) FROM pg_stat_activity WHERE query LIKE '%slow%' AND state = 'active' "
                      "AND application_name <> 'sql'"),
         "0\n");
+}
+
+TEST_F(server_failures, a_server_that_says_nothing_is_not_waited_for_without_end)
+{
+    int const listener = socket(AF_INET, SOCK_STREAM, 0);
+    sockaddr_in address = {};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t length = sizeof address;
+    ASSERT_EQ(bind(listener, reinterpret_cast<sockaddr *>(&address), length), 0);
+    ASSERT_EQ(listen(listener, 4), 0);
+    ASSERT_EQ(getsockname(listener, reinterpret_cast<sockaddr *>(&address), &length), 0);
+    std::wstring const silent =
+        L"PG:host=127.0.0.1 password=barley port=" + std::to_wstring(ntohs(address.sin_port));
+    auto start = clock::now();
+    vector_datasource table;
+    EXPECT_FALSE(table.open(silent, access_read));
+    EXPECT_LT(clock::now() - start, std::chrono::seconds(15));
+    EXPECT_NE(last_error().find("timeout"), std::string::npos) << last_error();
+    EXPECT_EQ(last_error().find("barley"), std::string::npos) << last_error();
+    // Whoever waits need not wait so long.
+    impatience const waiting(std::chrono::milliseconds(200));
+    start = clock::now();
+    EXPECT_FALSE(table.open(silent, access_read));
+    EXPECT_LT(clock::now() - start, std::chrono::seconds(2));
+    close(listener);
 }
 
 TEST_F(server_failures, a_wrong_password_is_told_without_it)
