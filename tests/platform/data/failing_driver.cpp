@@ -101,5 +101,8 @@ TEST(failing_driver, claims_more_records_than_it_has)
         EXPECT_NE(vx_attr_files_get_wstr(files.get(), field, 4999, &ok), nullptr);
         EXPECT_TRUE(ok) << field;
     }
+    shape_files const shapes(vx_shape_files_open(data.get()));
+    EXPECT_TRUE(vx_shape_files_is_damaged(shapes.get()));
+    EXPECT_GE(vx_shape_files_get_count(shapes.get()), 5000U);
     setrlimit(RLIMIT_AS, &before);
 }

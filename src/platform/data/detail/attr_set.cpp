@@ -28,6 +28,8 @@ namespace {
 using namespace codes::plain;
 
 constexpr std::size_t c_max_records = std::numeric_limits<int>::max();
+/// More than any format has, and few enough to ask for each.
+constexpr int c_max_fields = 1 << 16;
 
 int field_type(int type, int subtype)
 {
@@ -384,7 +386,7 @@ std::wstring attr_set::proj4() const
 
 void attr_set::read_fields()
 {
-    int const count = f_source.field_count();
+    int const count = std::min(f_source.field_count(), c_max_fields);
     for (int i = 0; i < count; ++i) {
         text_receiver name;
         f_source.field_name(i, name);

@@ -23,6 +23,7 @@ using clock = std::chrono::steady_clock;
 constexpr int c_geom_z = geom_point_z - geom_point;
 /// Shapes that are read slowly are seen when there are so many of them.
 constexpr std::size_t c_worth_seeing = 256;
+constexpr std::size_t c_most_missing = 1U << 20;
 
 Tvx_shape_kind kind_of(int geom_type)
 {
@@ -56,7 +57,7 @@ public:
 class feature_skipper final : public vx::feature_visitor_impl
 {
 public:
-    void visit(vx::feature item) override { item.detach(); }
+    void visit(vx::feature item) override { vx_datasource_end(item); }
 };
 
 vx::shape_reading begin_reading(vx::data_source source, Tvx_box_d2 const *window)
@@ -137,8 +138,12 @@ public:
 
     void visit(vx::feature item) override
     {
+        struct ending
+        {
+            vx::feature const &item;
+            ~ending() { vx_datasource_end(item); }
+        } const ends{item};
         read(item);
-        item.detach();
     }
     complaint_listener f_complaints;
 
@@ -287,11 +292,13 @@ void shape_feed::read_features(int milliseconds)
 
 void shape_feed::finish(bool is_damaged)
 {
-    // A driver that gives fewer features than it counts leaves the rest without geometry.
+    // A driver that gives fewer features than it counts leaves the rest without geometry; far fewer, and its
+    // count is not believed.
+    std::size_t const filled = std::min(f_record_count, f_taken + c_most_missing);
     if (!f_records)
-        for (; f_taken < f_record_count; ++f_taken)
+        for (; f_taken < filled; ++f_taken)
             f_shapes->append_none();
-    if (is_damaged)
+    if (is_damaged || (!f_records && filled < f_record_count))
         f_shapes->set_damaged();
     f_shapes->finish();
     f_is_over = true;
