@@ -268,6 +268,13 @@ void Tvx_map_window::fill_draw_by_menu()
 
 void Tvx_map_window::closeEvent(QCloseEvent *event)
 {
+    if (f_opening) {
+        // What is being opened ends first, which is soon.
+        f_opening->cancel();
+        f_closes_after_opening = true;
+        event->ignore();
+        return;
+    }
     if (!may_lose_changes()) {
         event->ignore();
         return;
@@ -295,8 +302,10 @@ int Tvx_map_window::open_files(QStringList const &paths)
     }
     bool const first = f_layers.count() == 0;
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    auto progress = std::make_unique<Tvx_opening_progress>(this);
+    auto progress = begin_opening();
     for (QString const &path : paths) {
+        if (f_closes_after_opening)
+            break;
         if (scene != paths.end() && path == *scene)
             continue;
         if (vx_map_scene_is_name(path)) {
@@ -325,6 +334,8 @@ int Tvx_map_window::open_files(QStringList const &paths)
     progress.reset();
     QApplication::restoreOverrideCursor();
     statusBar()->clearMessage();
+    if (std::exchange(f_closes_after_opening, false) && close())
+        return opened;
     if (opened > 0 && first) {
         f_canvas->show_all();
         f_canvas->forget_steps();
@@ -336,6 +347,13 @@ int Tvx_map_window::open_files(QStringList const &paths)
     if (!failed.empty())
         say(this, QMessageBox::Warning, vx_layer_files_message(failed), vx_layer_files_details(failed));
     return opened;
+}
+
+std::unique_ptr<Tvx_opening_progress> Tvx_map_window::begin_opening()
+{
+    auto progress = std::make_unique<Tvx_opening_progress>(this, command("quit"));
+    f_opening = progress.get();
+    return progress;
 }
 
 void Tvx_map_window::tell_about_top_layer()

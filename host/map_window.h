@@ -4,6 +4,7 @@
 
 #include <QHash>
 #include <QMainWindow>
+#include <QPointer>
 #include <QStringList>
 
 #include <memory>
@@ -96,6 +97,7 @@ private:
     void show_object(int id, unsigned record);
     void zoom_to_selection();
 
+    [[nodiscard]] std::unique_ptr<Tvx_opening_progress> begin_opening();
     void watch_changes();
     void set_changed(bool changed);
     /// Asks what to do with work that is not saved; false when nothing is to be done.
@@ -157,6 +159,9 @@ private:
     QString f_scene_path;
     bool f_changed = false;
     bool f_loading = false;
+    /// While something is being opened.
+    QPointer<Tvx_opening_progress> f_opening;
+    bool f_closes_after_opening = false;
     /// A copy of the layer whose style was copied.
     Tvx_layer_list::layer_ptr f_copied_style;
 };

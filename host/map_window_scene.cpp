@@ -164,14 +164,14 @@ int Tvx_map_window::open_scene(QString const &path, std::vector<Tvx_failed_file>
     f_layers.clear();
     int opened = 0;
     {
-        Tvx_opening_progress progress(this);
+        auto const progress = begin_opening();
         for (Tvx_scene_layer &layer : scene.layers) {
             QString const name = vx_layer_name(layer.layer.get());
-            progress.set_text(vx_host_caption(c_cap_status_loading).arg(name));
+            progress->set_text(vx_host_caption(c_cap_status_loading).arg(name));
             // Who has no patience for the data still gets the map, each layer with its mark.
-            if (!progress.is_cancelled())
+            if (!progress->is_cancelled())
                 vx_map_scene_open_layer(layer);
-            if (progress.is_cancelled() && layer.mark == c_mark_none)
+            if (progress->is_cancelled() && layer.mark == c_mark_none)
                 layer.mark = c_mark_missing;
             if (!layer.reason.isEmpty())
                 failed.push_back({name, layer.reason});

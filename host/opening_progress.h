@@ -3,23 +3,33 @@
 #include <QElapsedTimer>
 #include <QProgressDialog>
 
+class QAction;
+
 /// Keeps the window alive while data sets are opened and read, and tells the user of it once that takes
 /// longer than half a second: what is being opened, with a button that gives it up.
-class Tvx_opening_progress
+///
+/// The window's commands rest meanwhile. It can be closed at any time, which a modal dialog would forbid.
+class Tvx_opening_progress : public QObject
 {
 public:
-    explicit Tvx_opening_progress(QWidget *parent);
-    Tvx_opening_progress(Tvx_opening_progress const &) = delete;
-    Tvx_opening_progress &operator=(Tvx_opening_progress const &) = delete;
-    ~Tvx_opening_progress();
+    /// `quit` can be run by its key all the time.
+    Tvx_opening_progress(QWidget *parent, QAction *quit);
+    ~Tvx_opening_progress() override;
 
     void set_text(QString const &text);
+    void cancel() { f_dialog.cancel(); }
     /// The user has given it up.
     [[nodiscard]] bool is_cancelled() const { return f_dialog.wasCanceled(); }
 
+    bool eventFilter(QObject *object, QEvent *event) override;
+
 private:
     [[nodiscard]] bool goes_on();
+    [[nodiscard]] bool is_begun_elsewhere(QObject const *object, QEvent const &event);
 
     QProgressDialog f_dialog;
+    QAction *f_quit;
     QElapsedTimer f_since_start;
+    /// Their press reached nobody, nor does their release.
+    Qt::MouseButtons f_lost_buttons;
 };

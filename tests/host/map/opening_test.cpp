@@ -1,14 +1,19 @@
+#include "host/map_scene.h"
 #include "map_fixture.h"
 #include "support/memory_source.h"
 #include "support/temp_dir.h"
 
+#include "platform/layers/layer_keys.h"
 #include "platform/layers/vx_shp_lr2d.h"
 
 #include <QElapsedTimer>
+#include <QMouseEvent>
 #include <QProgressDialog>
 #include <QPushButton>
+#include <QWindow>
 
 #include <algorithm>
+#include <functional>
 
 using namespace vx_test;
 
@@ -96,6 +101,120 @@ TEST_F(opening, can_be_given_up)
     cancels = false;
     table.delay_us = 0;
     EXPECT_EQ(open_slowly(), 1);
+}
+
+/// The window system's close of the window, as an event of its own.
+void close_from_outside(QWidget *widget)
+{
+    widget->windowHandle()->close();
+}
+
+TEST_F(opening, ends_at_once_when_the_window_is_closed)
+{
+    table.delay_us = 5000; // ten seconds in all
+    QApplication::setQuitOnLastWindowClosed(true);
+    QElapsedTimer closing;
+    std::function<void()> const open_it = [&] { window->open_files({"memory:slow", "memory:slow"}); };
+    // The reading is left to the drawing, which does it in slices.
+    std::function<void()> const draw_it = [&] {
+        window->add_layer(Tvx_layer_list::layer_ptr(vx_shp_lr2d_create(c_lr_key_shp_pnt, L"memory:slow")));
+        canvas().show_box({0, 0, 1000, 40});
+    };
+    std::function<void()> const press = [&] {
+        QPointF const at = canvas().rect().center();
+        QMouseEvent down(QEvent::MouseButtonPress, at, canvas().mapToGlobal(at), Qt::LeftButton,
+                         Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&canvas(), &down);
+        hand::move(&canvas(), at.toPoint() + QPoint(30, 10));
+    };
+    std::function<void()> const close = [&] {
+        EXPECT_FALSE(QApplication::activeModalWidget()) << "which keeps the close away";
+        close_from_outside(window.get());
+    };
+    std::function<void()> const nothing = [] {};
+    struct
+    {
+        char const *name;
+        std::function<void()> before, work;
+        int milliseconds;
+        std::function<void()> close;
+    } const states[] = {
+        {"at the start", nothing, open_it, 60, close},
+        {"not yet told", nothing, open_it, 300, close},
+        {"told", nothing, open_it, 700, close},
+        {"drag", press, open_it, 300, close},
+        {"drag, told", press, open_it, 700, close},
+        {"reading", nothing, draw_it, 200, close},
+        {"reading for long", nothing, draw_it, 700, close},
+        {"reading, drag", press, draw_it, 300, close},
+    };
+    message_reader messages;
+    for (auto const &state : states) {
+        SCOPED_TRACE(state.name);
+        qint64 shortest = 1000;
+        // A machine with other work may be late.
+        for (int attempt = 0; attempt < 4 && shortest >= 100; ++attempt) {
+            window = std::make_unique<Tvx_map_window>();
+            window->show();
+            QCoreApplication::processEvents();
+            state.before();
+            QTimer::singleShot(0, window.get(), state.work);
+            QTimer::singleShot(state.milliseconds, window.get(), [&] {
+                closing.start();
+                state.close();
+            });
+            QApplication::exec();
+            window.reset();
+            shortest = std::min(shortest, closing.elapsed());
+            EXPECT_EQ(table.opened, 0);
+        }
+        EXPECT_LT(shortest, 100);
+    }
+    EXPECT_EQ(messages.texts, QStringList());
+    QApplication::setQuitOnLastWindowClosed(false);
+}
+
+TEST_F(opening, that_is_closed_asks_for_what_is_not_saved)
+{
+    table.delay_us = 5000;
+    temp_dir folder;
+    QString const file = QString::fromStdString((folder.path() / "map.sn").string());
+    ASSERT_EQ(open({"nc.shp"}), 1);
+    ASSERT_TRUE(vx_map_scene_save(file, layers(), canvas().view()));
+    ASSERT_EQ(window->open_files({file}), 1);
+    layers().set_layer_visible(0, false);
+    ASSERT_TRUE(window->is_changed());
+    message_reader messages; // "Cancel" at the question
+    QTimer::singleShot(300, window.get(), [&] { close_from_outside(window.get()); });
+    EXPECT_EQ(open_slowly(), 0);
+    EXPECT_EQ(messages.texts.size(), 1);
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(layers().count(), 1);
+    EXPECT_LT(since_start.elapsed(), 3000);
+}
+
+TEST_F(opening, keeps_commands_away_until_it_ends)
+{
+    table.delay_us = 500;
+    ASSERT_EQ(open({"nc.shp"}), 1);
+    for (int const milliseconds : {200, 700}) {
+        QTimer::singleShot(milliseconds, window.get(), [&] {
+            hand::press(window.get(), Qt::Key_N, Qt::ControlModifier);
+            hand::press(list(), Qt::Key_Delete);
+            hand::wheel(&canvas(), canvas().rect().center(), 3);
+        });
+        int const before = layers().count();
+        Tvx_canvas_view const view = canvas().view();
+        EXPECT_EQ(open_slowly(), 1);
+        EXPECT_EQ(layers().count(), before + 1);
+        EXPECT_EQ(canvas().view(), view);
+    }
+    // The cross of the progress window gives the opening up, and nothing else.
+    QTimer::singleShot(800, window.get(),
+                       [&] { close_from_outside(window->findChild<QProgressDialog *>()); });
+    table.delay_us = 5000;
+    EXPECT_EQ(open_slowly(), 0);
+    EXPECT_TRUE(window->isVisible());
 }
 
 TEST_F(opening, of_a_quick_source_shows_nothing)
