@@ -7,9 +7,13 @@
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
+#include <charconv>
+#include <csignal>
 #include <fcntl.h>
 #include <filesystem>
+#include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <system_error>
 #include <unistd.h>
 
@@ -76,8 +80,42 @@ private:
     int f_number;
 };
 
+/// In a folder where anybody may put links, one leads only where its owner may save already: who follows it
+/// owns it, or the folder's owner does. So does the system itself where it is set to.
+bool may_follow(std::string const &link)
+{
+    struct stat info
+    {
+    };
+    struct stat folder
+    {
+    };
+    auto const parent = std::filesystem::path(link).parent_path();
+    if (lstat(link.c_str(), &info) != 0 || stat(parent.empty() ? "." : parent.c_str(), &folder) != 0)
+        return false;
+    bool const is_open_to_all = (folder.st_mode & S_ISVTX) && (folder.st_mode & S_IWOTH);
+    return !is_open_to_all || info.st_uid == geteuid() || info.st_uid == folder.st_uid;
+}
+
+/// Keeps the lock of a file that is closed.
+class lock_holder
+{
+public:
+    explicit lock_holder(int file) : f_number(fcntl(file, F_DUPFD_CLOEXEC, 0)) {}
+    lock_holder(lock_holder const &) = delete;
+    lock_holder &operator=(lock_holder const &) = delete;
+    ~lock_holder()
+    {
+        if (f_number >= 0)
+            ::close(f_number);
+    }
+
+private:
+    int f_number;
+};
+
 /// The file that a chain of symbolic links ends at, there or not. Empty, with `errno`, when the chain does
-/// not end.
+/// not end or has a link of somebody who must not lead there.
 std::string follow_links(std::string path)
 {
     for (int i = 0; i < c_link_limit; ++i) {
@@ -85,6 +123,10 @@ std::string follow_links(std::string path)
         auto const next = std::filesystem::read_symlink(path, code);
         if (code)
             return path;
+        if (!may_follow(path)) {
+            errno = EACCES;
+            return {};
+        }
         path =
             next.is_absolute() ? next.string() : (std::filesystem::path(path).parent_path() / next).string();
     }
@@ -113,6 +155,86 @@ int flush(int file)
         if (errno != EINTR)
             return errno;
     return 0;
+}
+
+constexpr char c_access_list[] = "system.posix_acl_access";
+
+/// Attributes that stay with a file whose content is replaced: access lists and what users attach. The rest
+/// belongs to the content or to the system, which gives the new file its own.
+bool is_kept_attribute(std::string_view name)
+{
+    return name == c_access_list || name == "system.nfs4_acl" || name.starts_with("user.");
+}
+
+/// What `get`, called with a buffer and its size, has to give.
+template <class Get>
+std::optional<std::string> sized(Get get)
+{
+    for (;;) {
+        auto const size = get(nullptr, 0);
+        if (size < 0)
+            return std::nullopt;
+        std::string bytes(static_cast<std::size_t>(size), '\0');
+        auto const done = size == 0 ? 0 : get(bytes.data(), bytes.size());
+        if (done >= 0) {
+            bytes.resize(static_cast<std::size_t>(done));
+            return bytes;
+        }
+        if (errno != ERANGE) // else it grew in between
+            return std::nullopt;
+    }
+}
+
+/// False when the source has an access list that the file does not take.
+bool copy_attributes(std::string const &source, int file)
+{
+    // What the folder hands down to new files is not the target's.
+    fremovexattr(file, c_access_list);
+    auto const names =
+        sized([&](char *room, std::size_t size) { return listxattr(source.c_str(), room, size); });
+    bool good = true;
+    for (std::size_t at = 0; names && at < names->size();) {
+        std::string const name = names->c_str() + at;
+        at += name.size() + 1;
+        if (!is_kept_attribute(name))
+            continue;
+        auto const value = sized(
+            [&](char *room, std::size_t size) { return getxattr(source.c_str(), name.c_str(), room, size); });
+        bool const set = value && fsetxattr(file, name.c_str(), value->data(), value->size(), 0) == 0;
+        good = good && (set || name != c_access_list);
+    }
+    return good;
+}
+
+/// The process in the name of a temporary file, after the part before it: "12-3.tmp". 0 for another name.
+pid_t process_of(std::string_view rest)
+{
+    pid_t process = 0;
+    unsigned number = 0;
+    auto const *const end = rest.data() + rest.size();
+    auto const first = std::from_chars(rest.data(), end, process);
+    if (first.ec != std::errc() || first.ptr == end || *first.ptr != '-')
+        return 0;
+    auto const second = std::from_chars(first.ptr + 1, end, number);
+    return second.ec == std::errc() && std::string_view(second.ptr, end) == ".tmp" ? process : 0;
+}
+
+/// A file of this user's that nobody is about to put in a target's place: neither a process of this machine,
+/// nor one that sees the folder from elsewhere and holds its lock.
+bool is_litter(std::string const &path, pid_t process)
+{
+    if (process <= 0 || kill(process, 0) == 0 || errno != ESRCH)
+        return false;
+    int const file = ::open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    if (file < 0)
+        return false;
+    struct stat info
+    {
+    };
+    bool const ours = fstat(file, &info) == 0 && S_ISREG(info.st_mode) && info.st_uid == geteuid() &&
+                      flock(file, LOCK_EX | LOCK_NB) == 0;
+    ::close(file);
+    return ours;
 }
 
 /// One save on its way: owns the temporary file until it has taken the target's place.
@@ -147,6 +269,7 @@ private:
         if (file.number() < 0)
             return when == naming::last ? run(bytes, fault, naming::first)
                                         : failed(fault, c_capt_file_not_made, errno);
+        static_cast<void>(flock(file.number(), LOCK_EX | LOCK_NB));
         if (f_present)
             take_over_rights(file.number());
         if (int const code = write_all(file.number(), bytes))
@@ -157,12 +280,29 @@ private:
             static_cast<void>(file.close()); // gives its room back
             return run(bytes, fault, naming::first);
         }
+        // The lock stays until the new file has its place; a close tells of failures before that.
+        lock_holder const lock(file.number());
         if (int const code = file.close())
             return failed(fault, c_capt_file_not_written, code);
         if (file_calls.rename(f_temp.c_str(), f_target.c_str()) != 0)
             return failed(fault, c_capt_file_not_replaced, errno);
         f_temp.clear();
+        remove_litter();
         return flush_directory(fault);
+    }
+
+    /// What saves of this target left that were killed.
+    void remove_litter() const
+    {
+        auto const start = temp_start();
+        std::error_code code;
+        for (std::filesystem::directory_iterator i(directory(), code), end; !code && i != end;
+             i.increment(code)) {
+            auto const name = i->path().filename().string();
+            if (name.starts_with(start) &&
+                is_litter(i->path().string(), process_of(std::string_view(name).substr(start.size()))))
+                file_calls.unlink(i->path().c_str());
+        }
     }
 
     bool failed(vx::fault &fault, int code, int system) const
@@ -177,6 +317,11 @@ private:
         return parent.empty() ? std::filesystem::path(".") : parent;
     }
 
+    [[nodiscard]] std::string temp_start() const
+    {
+        return "." + std::filesystem::path(f_target).filename().string().substr(0, c_temp_name_limit) + ".";
+    }
+
     [[nodiscard]] unsigned mode() const { return f_present ? 0600 : 0666; }
 
     /// Runs `make` with names until one is free; it gives -1 with EEXIST for one that is not.
@@ -184,9 +329,8 @@ private:
     int with_free_name(Make make)
     {
         static std::atomic<unsigned> counter{0};
-        auto const name = std::filesystem::path(f_target).filename().string().substr(0, c_temp_name_limit);
         for (int i = 0; i < c_temp_tries; ++i) {
-            auto const path = (directory() / ("." + name + "." + std::to_string(getpid()) + "-" +
+            auto const path = (directory() / (temp_start() + std::to_string(getpid()) + "-" +
                                               std::to_string(counter.fetch_add(1)) + ".tmp"))
                                   .string();
             int const made = make(path.c_str());
@@ -222,7 +366,9 @@ private:
     void take_over_rights(int file) const
     {
         [[maybe_unused]] int const ignored = fchown(file, f_present->st_uid, f_present->st_gid);
-        fchmod(file, f_present->st_mode & 07777);
+        // Below an access list the bits of the group are its mask, which would give the group too much.
+        unsigned const lost = copy_attributes(f_target, file) ? 0 : S_IRWXG;
+        fchmod(file, f_present->st_mode & 07777 & ~lost);
     }
 
     // Some file systems cannot flush a directory, and a directory may be closed to reading; neither is a

@@ -31,9 +31,12 @@ inline constexpr std::size_t c_file_read_limit = std::size_t{1} << 30;
 /// The bytes go into a new file beside the target, are flushed to the disk, and take the target's place in
 /// one step; the directory is flushed last. At any failure, a full disk or a crash included, the target is
 /// what it was. A failure leaves no other file, and a crash leaves none where the file system knows files
-/// without a name, but for the moment in which the new file has a name of its own. A symbolic link stays a
-/// link: the file that it points to is replaced. An existing target keeps its permissions. False, with the
-/// reason in `fault`, when a step failed.
+/// without a name, but for the moment in which the new file has a name of its own: the next save of the same
+/// target removes that. A symbolic link stays a link: the file that it points to is replaced; not followed
+/// is a link of a stranger's in a folder that is sticky and writable by all. An existing target keeps its
+/// permissions, access list and the attributes in "user.". Its other names (hard links) keep the old
+/// content; labels of the system and of capabilities are those of a new file. False, with the reason in
+/// `fault`, when a step failed.
 [[nodiscard]] VX_API bool vx_save_atomic(std::wstring const &path, std::string_view bytes, vx::fault &fault);
 
 /// Makes a directory with all levels above it; true when it exists afterwards.

@@ -4,12 +4,16 @@
 
 #include <cerrno>
 #include <csignal>
+#include <cstdint>
+#include <cstring>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <random>
+#include <sys/file.h>
 #include <sys/mount.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 #include <vector>
 
@@ -238,6 +242,9 @@ TEST(file, a_save_that_is_killed_leaves_the_old_file_or_the_new_one)
     EXPECT_GT(seen[1], 0);
     // A kill right between naming the new file and the renaming leaves it.
     EXPECT_LT(litter, c_kills / 10);
+    vx::fault error;
+    EXPECT_TRUE(vx_save_atomic(wide(dir / "target"), "x", error));
+    EXPECT_EQ(1, dir.count()) << "the next save clears up";
 }
 
 TEST(file, both_separators_lead_to_the_same_file)
@@ -315,6 +322,120 @@ TEST(file, keeps_mode_and_links)
 
     std::filesystem::create_symlink("round", dir / "round");
     EXPECT_FALSE(vx_save_atomic(wide(dir / "round"), "x", error));
+}
+
+TEST(file, removes_what_killed_saves_of_the_same_target_left)
+{
+    vx_test::temp_dir const dir;
+    pid_t const dead = fork();
+    if (dead == 0)
+        _exit(0);
+    ASSERT_EQ(dead, waitpid(dead, nullptr, 0));
+    auto const of_dead = [&](std::string const &name, char const *rest) {
+        return dir / ("." + name + "." + std::to_string(dead) + rest);
+    };
+    std::string const longest(255, 'n');
+    std::filesystem::path const litter[] = {of_dead("t", "-0.tmp"), of_dead("t", "-17.tmp"),
+                                            of_dead(longest.substr(0, 200), "-1.tmp")};
+    auto const locked = of_dead("t", "-2.tmp");
+    std::filesystem::path const kept[] = {
+        dir / (".t." + std::to_string(getppid()) + "-0.tmp"), // its process lives
+        dir / ".t.-1-0.tmp",
+        dir / ".t.x-0.tmp",
+        of_dead("t", "-0.tmp.txt"),
+        of_dead("t", "-.tmp"),
+        of_dead("other", "-0.tmp"),
+        locked, // a process that is not seen from here
+    };
+    for (auto const &path : litter)
+        vx_test::write_file(path, "part");
+    for (auto const &path : kept)
+        vx_test::write_file(path, "part");
+    std::filesystem::create_symlink(locked, of_dead("t", "-5.tmp"));
+    int const lock = open(locked.c_str(), O_RDONLY | O_CLOEXEC);
+    ASSERT_EQ(0, flock(lock, LOCK_EX));
+    vx::fault error;
+    ASSERT_TRUE(vx_save_atomic(wide(dir / "t"), "x", error));
+    ASSERT_TRUE(vx_save_atomic(wide(dir / longest), "x", error));
+    for (auto const &path : litter)
+        EXPECT_FALSE(std::filesystem::exists(path)) << path;
+    for (auto const &path : kept)
+        EXPECT_TRUE(std::filesystem::exists(path)) << path;
+    EXPECT_TRUE(std::filesystem::is_symlink(of_dead("t", "-5.tmp")));
+    close(lock);
+    ASSERT_TRUE(vx_save_atomic(wide(dir / "t"), "x", error));
+    EXPECT_FALSE(std::filesystem::exists(locked));
+}
+
+TEST(file, follows_no_link_of_a_stranger_where_anybody_may_put_one)
+{
+    vx_test::temp_dir const dir;
+    vx_test::write_file(dir / "mine", "old");
+    for (char const *name : {"sticky", "plain"})
+        std::filesystem::create_directory(dir / name);
+    constexpr uid_t c_stranger = 65534;
+    for (auto const *link : {"sticky/link", "plain/link", "sticky/own"}) {
+        std::filesystem::create_symlink("../mine", dir / link);
+        if (std::string_view(link).ends_with("link") &&
+            lchown((dir / link).c_str(), c_stranger, c_stranger) != 0)
+            GTEST_SKIP() << "only the super user gives files away";
+    }
+    std::filesystem::create_symlink("sticky/link", dir / "by way");
+    ASSERT_EQ(0, chmod((dir / "sticky").c_str(), 01777));
+    vx::fault error;
+    for (auto const *link : {"sticky/link", "by way"}) {
+        EXPECT_FALSE(vx_save_atomic(wide(dir / link), "new", error));
+        EXPECT_EQ(EACCES, error.system);
+        EXPECT_EQ("old", vx_test::read_file(dir / "mine"));
+    }
+    for (auto const *link : {"sticky/own", "plain/link"})
+        EXPECT_TRUE(vx_save_atomic(wide(dir / link), link, error));
+    // The link of the folder's owner leads on.
+    ASSERT_EQ(0, chown((dir / "sticky").c_str(), c_stranger, c_stranger));
+    EXPECT_TRUE(vx_save_atomic(wide(dir / "sticky/link"), "new", error));
+    EXPECT_EQ("new", vx_test::read_file(dir / "mine"));
+}
+
+TEST(file, keeps_access_lists_and_attributes_of_users)
+{
+    struct entry
+    {
+        std::uint16_t tag, rights;
+        std::uint32_t id;
+    };
+    struct list
+    {
+        std::uint32_t version = 2;
+        // The owner, user 1234, the group, the mask, the others.
+        entry entries[5] = {{1, 6, ~0u}, {2, 4, 1234}, {4, 0, ~0u}, {16, 4, ~0u}, {32, 0, ~0u}};
+    } const access;
+    vx_test::temp_dir const dir;
+    vx_test::write_file(dir / "target", "old");
+    vx_test::write_file(dir / "plain", "old");
+    ASSERT_EQ(0, chmod((dir / "plain").c_str(), 0660));
+    if (setxattr((dir / "target").c_str(), "user.note", "text", 4, 0) != 0 ||
+        setxattr((dir / "target").c_str(), "system.posix_acl_access", &access, sizeof access, 0) != 0)
+        GTEST_SKIP() << "this file system has none";
+    setxattr((dir / "target").c_str(), "user.empty", "", 0, 0);
+    // New files of this folder get the list, which the plain file has not.
+    ASSERT_EQ(0, setxattr(dir.path().c_str(), "system.posix_acl_default", &access, sizeof access, 0));
+    vx::fault error;
+    for (auto const where : {call::open, call::rename}) { // without and with a name from the start
+        faulty_calls const faulty({where, where == call::open ? 1 : 0, EOPNOTSUPP});
+        for (auto const *name : {"target", "plain"})
+            ASSERT_TRUE(vx_save_atomic(wide(dir / name), "new", error));
+        list got;
+        char text[8] = {};
+        auto const target = (dir / "target").string();
+        EXPECT_EQ(4, getxattr(target.c_str(), "user.note", text, sizeof text));
+        EXPECT_STREQ("text", text);
+        EXPECT_EQ(0, getxattr(target.c_str(), "user.empty", text, sizeof text));
+        ASSERT_EQ(ssize_t(sizeof got), getxattr(target.c_str(), "system.posix_acl_access", &got, sizeof got));
+        EXPECT_EQ(0, std::memcmp(&access, &got, sizeof got));
+        EXPECT_EQ(0640u, mode_of(target));
+        EXPECT_EQ(-1, getxattr((dir / "plain").c_str(), "system.posix_acl_access", &got, sizeof got));
+        EXPECT_EQ(0660u, mode_of(dir / "plain"));
+    }
 }
 
 TEST(file, names_at_the_limit_of_the_system)
