@@ -60,14 +60,15 @@ Tvx_attribute_table::Tvx_attribute_table(Ivx_layer *layer, QWidget *parent)
     f_view->setContextMenuPolicy(Qt::ActionsContextMenu);
 
     auto *const line = new QHBoxLayout;
+    line->setContentsMargins(4, 0, 4, 0);
     line->addWidget(f_state, 1);
     line->addWidget(f_zoom);
     line->addWidget(f_clear);
     auto *const column = new QVBoxLayout(this);
-    column->setContentsMargins(6, 6, 6, 6);
+    column->setContentsMargins(0, 0, 0, 2);
+    column->setSpacing(2);
     column->addWidget(f_view);
     column->addLayout(line);
-    resize(700, 340);
     f_view->resizeColumnsToContents();
     for (int i = 0; i < f_model->columnCount(); ++i)
         f_view->setColumnWidth(i, std::clamp(f_view->columnWidth(i) + 8, c_least_column, c_most_column));
@@ -93,11 +94,6 @@ bool Tvx_attribute_table::is_open() const
 bool Tvx_attribute_table::is_of_other_data(Ivx_layer *layer) const
 {
     return vx_shp_lr2d_get_attr_data_ptr(layer) != f_model->source();
-}
-
-void Tvx_attribute_table::set_layer_name(QString const &name)
-{
-    setWindowTitle(vx_map_caption(c_map_table_title).arg(name));
 }
 
 void Tvx_attribute_table::select_records(std::vector<unsigned> const &records)
@@ -187,7 +183,7 @@ void Tvx_attribute_table::copy_rows()
 void Tvx_attribute_table::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape)
-        close();
+        emit close_wanted();
     else
         QWidget::keyPressEvent(event);
 }

@@ -10,7 +10,7 @@ class QTableView;
 class Tvx_record_model;
 struct Ivx_layer;
 
-/// The attribute table of a layer in a window beside the map. The rows that are selected in it stand out on
+/// The attribute table of a layer, a panel beside the map. The rows that are selected in it stand out on
 /// the map, and what a click on the map selects is selected in it.
 class Tvx_attribute_table : public QWidget
 {
@@ -18,12 +18,11 @@ class Tvx_attribute_table : public QWidget
 
 public:
     /// The table of the layer's data as they are; nothing of the layer itself is kept.
-    Tvx_attribute_table(Ivx_layer *layer, QWidget *parent);
+    explicit Tvx_attribute_table(Ivx_layer *layer, QWidget *parent = nullptr);
 
     [[nodiscard]] bool is_open() const;
     /// Whether the layer has other data than the table shows.
     [[nodiscard]] bool is_of_other_data(Ivx_layer *layer) const;
-    void set_layer_name(QString const &name);
     /// Selects these records and no others, and scrolls to the first. Nothing is reported.
     void select_records(std::vector<unsigned> const &records);
     [[nodiscard]] std::vector<unsigned> selected_records() const;
@@ -36,6 +35,8 @@ signals:
     /// The user went to the record.
     void record_chosen(unsigned record);
     void zoom_wanted();
+    /// Esc.
+    void close_wanted();
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;

@@ -455,6 +455,9 @@ void Tvx_map_window::create_menus()
     QAction *layers = f_layer_dock->toggleViewAction();
     layers->setText(vx_host_caption(c_cap_show_layers));
     view->addAction(layers);
+    QAction *identify = f_identify_dock->toggleViewAction();
+    identify->setText(vx_map_caption(c_map_show_identify));
+    view->addAction(identify);
 }
 
 void Tvx_map_window::create_tool_bar()

@@ -1,9 +1,8 @@
 #include "host/map_window.h"
 
-#include "host/attribute_table.h"
 #include "host/captions.h"
 #include "host/glyphs.h"
-#include "host/identify_window.h"
+#include "host/identify_panel.h"
 #include "host/layer_editor.h"
 #include "host/layer_files.h"
 #include "host/layer_info.h"
@@ -77,6 +76,7 @@ Tvx_map_window::Tvx_map_window(QSettings *settings)
     setCentralWidget(f_canvas);
     create_commands();
     create_layer_dock();
+    create_identify_dock();
     create_menus();
     create_tool_bar();
     create_status_bar();
@@ -95,8 +95,8 @@ Tvx_map_window::~Tvx_map_window()
     // A text that loses the focus reports it, which must come while there is somebody to report to.
     hide();
     // The parts look at the list while they end, so they end before it does.
-    qDeleteAll(std::exchange(f_tables, {}));
-    delete f_identify;
+    f_tables.clear();
+    delete f_identify_dock;
     delete f_editor;
     delete f_panel;
     delete f_canvas;
@@ -281,9 +281,6 @@ void Tvx_map_window::closeEvent(QCloseEvent *event)
     }
     save_state();
     f_editor->close();
-    f_identify->hide();
-    for (Tvx_attribute_table *const table : std::as_const(f_tables))
-        table->hide();
     event->accept();
 }
 

@@ -14,7 +14,7 @@
 class Tvx_layer_editor;
 class Tvx_layer_panel;
 class Tvx_attribute_table;
-class Tvx_identify_window;
+class Tvx_identify_panel;
 class Tvx_map_canvas;
 class Tvx_map_selection;
 class Tvx_selection_overlay;
@@ -60,7 +60,7 @@ public:
     [[nodiscard]] Tvx_layer_panel &panel() { return *f_panel; }
     [[nodiscard]] Tvx_layer_editor &editor() { return *f_editor; }
     [[nodiscard]] Tvx_map_selection &selection() { return *f_selection; }
-    [[nodiscard]] Tvx_identify_window &identify_window() { return *f_identify; }
+    [[nodiscard]] Tvx_identify_panel &identify() { return *f_identify; }
     /// The table of the layer, opened if need be; null, and the user is told, when it cannot be read.
     Tvx_attribute_table *open_table(int id);
     /// Null when there is no such command.
@@ -92,7 +92,8 @@ private:
     void select_objects(int layer_id, std::vector<unsigned> records);
     void show_selection_in_tables();
     void on_table();
-    void place_beside(QWidget &window) const;
+    bool create_table(int id);
+    void create_identify_dock();
     /// Moves the map to an object that is not seen.
     void show_object(int id, unsigned record);
     void zoom_to_selection();
@@ -154,8 +155,15 @@ private:
     QString f_last_directory;
     Tvx_map_selection *f_selection = nullptr;
     std::unique_ptr<Tvx_selection_overlay> f_overlay;
-    Tvx_identify_window *f_identify = nullptr;
-    QHash<int, Tvx_attribute_table *> f_tables;
+    Tvx_identify_panel *f_identify = nullptr;
+    QDockWidget *f_identify_dock = nullptr;
+    /// By the ids of their layers.
+    struct table_dock
+    {
+        QDockWidget *dock = nullptr;
+        Tvx_attribute_table *table = nullptr;
+    };
+    QHash<int, table_dock> f_tables;
     QString f_scene_path;
     bool f_changed = false;
     bool f_loading = false;

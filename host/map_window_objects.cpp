@@ -1,6 +1,6 @@
 #include "host/attribute_table.h"
 #include "host/captions.h"
-#include "host/identify_window.h"
+#include "host/identify_panel.h"
 #include "host/layer_panel.h"
 #include "host/map_canvas.h"
 #include "host/map_selection.h"
@@ -9,37 +9,46 @@
 
 #include "platform/layers/vx_shp_lr2d.h"
 
+#include <QDockWidget>
 #include <QKeyEvent>
-#include <QScreen>
+#include <QTableView>
+#include <QTreeWidget>
 
 // Objects of the map: what lies under a click, their tables, and which of them stand out.
 
 namespace {
 constexpr std::size_t c_most_objects = 100;
-constexpr int c_window_gap = 16;
-
-/// Puts a window at a place of the screen, all of it.
-void place_window(QWidget &window, QPoint at)
-{
-    QRect const screen = window.screen()->availableGeometry();
-    window.move(std::clamp(at.x(), screen.left(), std::max(screen.left(), screen.right() - window.width())),
-                std::clamp(at.y(), screen.top(), std::max(screen.top(), screen.bottom() - window.height())));
-}
+constexpr int c_identify_width = 320;
+constexpr int c_table_height = 220;
 } // namespace
+
+void Tvx_map_window::create_identify_dock()
+{
+    f_identify_dock = new QDockWidget(vx_map_caption(c_map_identify_title), this);
+    f_identify_dock->setObjectName(QStringLiteral("identify_dock"));
+    f_identify_dock->setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
+    f_identify = new Tvx_identify_panel(f_layers, f_identify_dock);
+    f_identify_dock->setWidget(f_identify);
+    addDockWidget(Qt::RightDockWidgetArea, f_identify_dock);
+    resizeDocks({f_identify_dock}, {c_identify_width}, Qt::Horizontal);
+    f_identify_dock->hide();
+    // Tables take the room between the panels at the sides.
+    setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
+    setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
+}
 
 void Tvx_map_window::connect_objects()
 {
     f_selection = new Tvx_map_selection(this);
     f_overlay = std::make_unique<Tvx_selection_overlay>(f_layers, *f_canvas, *f_selection);
     f_canvas->set_overlay(make_closure<&Tvx_selection_overlay::paint>(f_overlay.get()));
-    f_identify = new Tvx_identify_window(f_layers, this);
     connect(f_selection, &Tvx_map_selection::changed, f_canvas, qOverload<>(&QWidget::update));
     connect(f_canvas, &Tvx_map_canvas::clicked, this, &Tvx_map_window::on_map_clicked);
-    connect(f_identify, &Tvx_identify_window::object_chosen, this,
+    connect(f_identify, &Tvx_identify_panel::object_chosen, this,
             [this](int id, unsigned record) { select_objects(id, {record}); });
-    connect(f_identify, &Tvx_identify_window::zoom_wanted, this,
+    connect(f_identify, &Tvx_identify_panel::zoom_wanted, this,
             [this](int id, unsigned record) { f_canvas->show_box(vx_map_object_box(f_layers, id, record)); });
-    connect(f_identify, &Tvx_identify_window::table_wanted, this, [this](int id, unsigned record) {
+    connect(f_identify, &Tvx_identify_panel::table_wanted, this, [this](int id, unsigned record) {
         if (Tvx_attribute_table *const table = open_table(id))
             table->select_records({record});
     });
@@ -47,20 +56,25 @@ void Tvx_map_window::connect_objects()
         f_identify->forget_layer(id);
         if (f_selection->layer_id() == id)
             f_selection->clear();
-        delete f_tables.take(id);
+        delete f_tables.take(id).dock;
+    });
+    connect(f_identify, &Tvx_identify_panel::close_wanted, this, [this] {
+        f_identify_dock->hide();
+        f_canvas->setFocus();
     });
     connect(&f_layers, &Tvx_layer_list::layer_renamed, this, [this](int id) {
-        if (Tvx_attribute_table *const table = f_tables.value(id))
-            table->set_layer_name(f_layers.name_at(f_layers.row_of(id)));
+        if (QDockWidget *const dock = f_tables.value(id).dock)
+            dock->setWindowTitle(
+                vx_map_caption(c_map_table_title).arg(f_layers.name_at(f_layers.row_of(id))));
     });
     connect(&f_layers, &Tvx_layer_list::layer_replaced, this, [this](int id) {
         // Records of other data are other objects.
-        Tvx_attribute_table *const table = f_tables.value(id);
+        Tvx_attribute_table *const table = f_tables.value(id).table;
         if (!table || !table->is_of_other_data(f_layers.layer_at(f_layers.row_of(id))))
             return;
         if (f_selection->layer_id() == id)
             f_selection->clear();
-        delete f_tables.take(id);
+        delete f_tables.take(id).dock;
     });
 }
 
@@ -86,12 +100,11 @@ void Tvx_map_window::on_map_clicked(QPointF at, bool with_ctrl, bool by_key)
         return;
     }
     select_objects(first.layer_id, {first.record});
-    if (!f_identify->isVisible())
-        place_window(*f_identify, f_canvas->mapToGlobal(QPoint(
-                                      f_canvas->width() - f_identify->width() - c_window_gap, c_window_gap)));
     f_identify->show_objects(std::move(found), is_all);
+    f_identify_dock->show();
+    f_identify_dock->raise();
     if (by_key)
-        f_identify->activateWindow();
+        f_identify->tree()->setFocus();
 }
 
 void Tvx_map_window::select_objects(int layer_id, std::vector<unsigned> records)
@@ -103,8 +116,8 @@ void Tvx_map_window::select_objects(int layer_id, std::vector<unsigned> records)
 void Tvx_map_window::show_selection_in_tables()
 {
     for (auto i = f_tables.begin(); i != f_tables.end(); ++i)
-        i.value()->select_records(i.key() == f_selection->layer_id() ? f_selection->records()
-                                                                     : std::vector<unsigned>());
+        i.value().table->select_records(i.key() == f_selection->layer_id() ? f_selection->records()
+                                                                           : std::vector<unsigned>());
 }
 
 void Tvx_map_window::on_table()
@@ -114,47 +127,51 @@ void Tvx_map_window::on_table()
 
 Tvx_attribute_table *Tvx_map_window::open_table(int id)
 {
-    Ivx_layer *const layer = f_layers.layer_at(f_layers.row_of(id));
-    Tvx_attribute_table *&table = f_tables[id];
-    if (!table) {
-        auto opened = std::make_unique<Tvx_attribute_table>(layer, this);
-        if (!opened->is_open()) {
-            f_tables.remove(id);
-            show_message(vx_map_caption(c_map_err_table).arg(vx_layer_name(layer)));
-            return nullptr;
-        }
-        table = opened.release();
-        table->set_layer_name(vx_layer_name(layer));
-        connect(table, &Tvx_attribute_table::selection_changed, this, [this, id, table] {
-            f_selection->set(id, table->selected_records());
-            for (auto i = f_tables.begin(); i != f_tables.end(); ++i)
-                if (i.key() != id)
-                    i.value()->select_records({});
-        });
-        connect(table, &Tvx_attribute_table::record_chosen, this,
-                [this, id](unsigned record) { show_object(id, record); });
-        connect(table, &Tvx_attribute_table::zoom_wanted, this, &Tvx_map_window::zoom_to_selection);
-        if (f_selection->layer_id() == id)
-            table->select_records(f_selection->records());
-        place_beside(*table);
-    }
-    table->show();
-    table->raise();
-    table->activateWindow();
-    return table;
+    if (!f_tables.contains(id) && !create_table(id))
+        return nullptr;
+    table_dock const &opened = f_tables[id];
+    opened.dock->show();
+    opened.dock->raise();
+    opened.table->view()->setFocus();
+    return opened.table;
 }
 
-/// Where the screen has room: to the right of the window or below it, else over the lower part of the map.
-void Tvx_map_window::place_beside(QWidget &window) const
+bool Tvx_map_window::create_table(int id)
 {
-    QRect const screen = this->screen()->availableGeometry();
-    QRect const frame = frameGeometry();
-    if (frame.right() + c_window_gap + window.width() <= screen.right())
-        place_window(window, {frame.right() + c_window_gap, frame.bottom() - window.height()});
-    else if (frame.bottom() + c_window_gap + window.height() <= screen.bottom())
-        place_window(window, {frame.left(), frame.bottom() + c_window_gap});
+    Ivx_layer *const layer = f_layers.layer_at(f_layers.row_of(id));
+    auto created = std::make_unique<Tvx_attribute_table>(layer);
+    if (!created->is_open()) {
+        show_message(vx_map_caption(c_map_err_table).arg(vx_layer_name(layer)));
+        return false;
+    }
+    Tvx_attribute_table *const table = created.get();
+    auto *const dock = new QDockWidget(vx_map_caption(c_map_table_title).arg(vx_layer_name(layer)), this);
+    dock->setObjectName(QStringLiteral("table_dock_%1").arg(id));
+    dock->setAllowedAreas(Qt::BottomDockWidgetArea | Qt::TopDockWidgetArea);
+    dock->setWidget(created.release());
+    QDockWidget *const beside = f_tables.isEmpty() ? nullptr : f_tables.begin()->dock;
+    addDockWidget(Qt::BottomDockWidgetArea, dock);
+    if (beside)
+        tabifyDockWidget(beside, dock);
     else
-        place_window(window, f_canvas->mapToGlobal(QPoint(0, f_canvas->height() - window.height())));
+        resizeDocks({dock}, {c_table_height}, Qt::Vertical);
+    f_tables.insert(id, {dock, table});
+    connect(table, &Tvx_attribute_table::selection_changed, this, [this, id, table] {
+        f_selection->set(id, table->selected_records());
+        for (auto i = f_tables.begin(); i != f_tables.end(); ++i)
+            if (i.key() != id)
+                i.value().table->select_records({});
+    });
+    connect(table, &Tvx_attribute_table::record_chosen, this,
+            [this, id](unsigned record) { show_object(id, record); });
+    connect(table, &Tvx_attribute_table::zoom_wanted, this, &Tvx_map_window::zoom_to_selection);
+    connect(table, &Tvx_attribute_table::close_wanted, this, [this, dock] {
+        dock->hide();
+        f_canvas->setFocus();
+    });
+    if (f_selection->layer_id() == id)
+        table->select_records(f_selection->records());
+    return true;
 }
 
 void Tvx_map_window::show_object(int id, unsigned record)
@@ -183,8 +200,8 @@ void Tvx_map_window::zoom_to_selection()
 
 void Tvx_map_window::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Escape && f_identify->isVisible())
-        f_identify->hide();
+    if (event->key() == Qt::Key_Escape && f_identify_dock->isVisible())
+        f_identify_dock->hide();
     else if (event->key() == Qt::Key_Escape)
         select_objects(-1, {});
     else

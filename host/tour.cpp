@@ -5,7 +5,7 @@
 #include "host/attribute_table.h"
 #include "host/captions.h"
 #include "host/example_scales.h"
-#include "host/identify_window.h"
+#include "host/identify_panel.h"
 #include "host/layer_editor.h"
 #include "host/layer_info.h"
 #include "host/layer_panel.h"
@@ -229,8 +229,7 @@ void Tvx_tour::show_objects()
     hand::press(&canvas, Qt::Key_F8);
     Tvx_screen_point const wake = canvas.view().to_screen({-78.64, 35.78});
     hand::click(&canvas, {int(wake.x), int(wake.y)});
-    check(hand::wait_until([this] { return f_window.identify_window().isVisible(); }),
-          "a click names nothing");
+    check(hand::wait_until([this] { return f_window.identify().isVisible(); }), "a click names nothing");
     check(table && table->selected_records().size() == 1, "a click on the map selects nothing in the table");
     shoot_screen("what_is_here_and_table");
     hand::press(&canvas, Qt::Key_Escape);

@@ -1,5 +1,5 @@
 #include "host/attribute_table.h"
-#include "host/identify_window.h"
+#include "host/identify_panel.h"
 #include "host/layer_classes.h"
 #include "host/layer_scales.h"
 #include "host/map_selection.h"
@@ -38,7 +38,8 @@ protected:
         hand::click(&canvas(), screen(x, y), Qt::LeftButton, keys);
         QCoreApplication::processEvents();
     }
-    QTreeWidget *found() { return window->identify_window().tree(); }
+    void hide_panel() { hand::press(found(), Qt::Key_Escape); }
+    QTreeWidget *found() { return window->identify().tree(); }
     QString title(int place) { return found()->topLevelItem(place)->text(1); }
     QString value(int place, QString const &name)
     {
@@ -73,7 +74,7 @@ TEST_F(map_objects, a_click_names_what_is_there_topmost_first)
     draw_by(0, c_stl_mngr_mode_range);
     canvas().show_box(layers().extent_at(0));
     click_map(-78.64, 35.78); // Raleigh
-    ASSERT_TRUE(window->identify_window().isVisible());
+    ASSERT_TRUE(window->identify().isVisible());
     ASSERT_EQ(found()->topLevelItemCount(), 2);
     EXPECT_EQ(found()->topLevelItem(0)->text(0), "nc");
     EXPECT_EQ(title(0), "Wake");
@@ -95,7 +96,7 @@ TEST_F(map_objects, a_click_names_what_is_there_topmost_first)
     EXPECT_EQ(found()->topLevelItemCount(), 0);
     EXPECT_TRUE(selected().empty());
     hand::press(&canvas(), Qt::Key_Escape);
-    EXPECT_FALSE(window->identify_window().isVisible());
+    EXPECT_FALSE(window->identify().isVisible());
 }
 
 TEST_F(map_objects, symbols_and_lines_are_met_within_a_few_pixels)
@@ -130,7 +131,7 @@ TEST_F(map_objects, symbols_and_lines_are_met_within_a_few_pixels)
     canvas().go_to(view);
     click_map((a.x + b.x) / 2, (a.y + b.y) / 2);
     EXPECT_EQ(selected(), std::vector<unsigned>{3});
-    EXPECT_EQ(window->identify_window().current()->record, 3u);
+    EXPECT_EQ(window->identify().current()->record, 3u);
 }
 
 TEST_F(map_objects, clicks_of_every_kind_do_what_they_say)
@@ -143,13 +144,14 @@ TEST_F(map_objects, clicks_of_every_kind_do_what_they_say)
     EXPECT_NE(canvas().view(), before);
     canvas().go_back();
     hand::wait_until([] { return false; }, QApplication::doubleClickInterval() + 50);
-    EXPECT_FALSE(window->identify_window().isVisible());
+    EXPECT_FALSE(window->identify().isVisible());
     hand::click(&canvas(), wake);
-    EXPECT_FALSE(window->identify_window().isVisible());
-    EXPECT_TRUE(hand::wait_until([&] { return window->identify_window().isVisible(); }));
-    EXPECT_EQ(canvas().view(), before);
+    EXPECT_FALSE(window->identify().isVisible());
+    EXPECT_TRUE(hand::wait_until([&] { return window->identify().isVisible(); }));
+    EXPECT_EQ(canvas().view().center(), before.center()) << "the panel takes room, the map stays";
+    EXPECT_EQ(canvas().view().units_per_pixel(), before.units_per_pixel());
     hand::press(found(), Qt::Key_Escape);
-    EXPECT_FALSE(window->identify_window().isVisible());
+    EXPECT_FALSE(window->identify().isVisible());
 
     // By the keyboard: what is in the middle, and the window has the keys.
     Tvx_canvas_view view = before;
@@ -165,11 +167,11 @@ TEST_F(map_objects, clicks_of_every_kind_do_what_they_say)
 
     // A drag moves the map with this tool too, and names nothing.
     window->command("identify_tool")->trigger();
-    window->identify_window().hide();
+    hide_panel();
     hand::drag(&canvas(), wake, wake + QPoint(60, 20));
     QCoreApplication::processEvents();
     EXPECT_NE(canvas().view(), view);
-    EXPECT_FALSE(window->identify_window().isVisible());
+    EXPECT_FALSE(window->identify().isVisible());
 }
 
 TEST_F(map_objects, selected_objects_stand_out_and_the_picture_that_is_saved_is_without_them)
@@ -179,7 +181,7 @@ TEST_F(map_objects, selected_objects_stand_out_and_the_picture_that_is_saved_is_
     ASSERT_TRUE(hand::wait_until([&] { return canvas().is_settled(); }));
     QImage const before = canvas().grab().toImage();
     click_map(-78.64, 35.78);
-    window->identify_window().hide();
+    hide_panel();
     QImage const after = canvas().grab().toImage();
     EXPECT_NE(after.pixel(screen(-78.64, 35.78)), before.pixel(screen(-78.64, 35.78)));
     EXPECT_EQ(after.pixel(screen(-81.5, 35.75)), before.pixel(screen(-81.5, 35.75)));
@@ -196,7 +198,7 @@ TEST_F(map_objects, table_and_map_select_in_each_other)
     hand::press(list(), Qt::Key_F9);
     Tvx_attribute_table *const records = window->findChild<Tvx_attribute_table *>();
     ASSERT_TRUE(records && records->isVisible());
-    EXPECT_EQ(records->windowTitle(), "nc: attributes");
+    EXPECT_EQ(records->parentWidget()->windowTitle(), "nc: attributes");
     QTableView *const view = records->view();
     ASSERT_EQ(view->model()->rowCount(), 100);
     EXPECT_EQ(table(), records) << "one a layer";
@@ -235,7 +237,7 @@ TEST_F(map_objects, table_and_map_select_in_each_other)
     EXPECT_TRUE(lines[0].startsWith("AREA\tPERIMETER\t")) << lines[0].toStdString();
 
     ASSERT_TRUE(layers().rename(0, "Counties"));
-    EXPECT_EQ(records->windowTitle(), "Counties: attributes");
+    EXPECT_EQ(records->parentWidget()->windowTitle(), "Counties: attributes");
     hand::press(view, Qt::Key_Escape);
     EXPECT_FALSE(records->isVisible());
     ASSERT_TRUE(layers().remove(0));

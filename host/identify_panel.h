@@ -11,13 +11,13 @@ class QTreeWidgetItem;
 
 /// What lies under a click: the objects from the topmost, each with its attributes and the class that draws
 /// it.
-class Tvx_identify_window : public QWidget
+class Tvx_identify_panel : public QWidget
 {
     Q_OBJECT
 
 public:
     /// The list must outlive the window.
-    Tvx_identify_window(Tvx_layer_list const &layers, QWidget *parent);
+    explicit Tvx_identify_panel(Tvx_layer_list const &layers, QWidget *parent = nullptr);
 
     /// Shows these objects, the first one open, in front of the map but never in the way of its keys.
     /// `is_all` tells whether there are no more.
@@ -33,6 +33,8 @@ signals:
     void object_chosen(int layer_id, unsigned record);
     void zoom_wanted(int layer_id, unsigned record);
     void table_wanted(int layer_id, unsigned record);
+    /// Esc.
+    void close_wanted();
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;

@@ -1,4 +1,4 @@
-#include "host/identify_window.h"
+#include "host/identify_panel.h"
 
 #include "host/captions.h"
 #include "host/layer_list.h"
@@ -19,15 +19,12 @@ namespace {
 constexpr int c_place_role = Qt::UserRole;
 } // namespace
 
-Tvx_identify_window::Tvx_identify_window(Tvx_layer_list const &layers, QWidget *parent)
-    : QWidget(parent, Qt::Tool), f_layers(layers), f_tree(new QTreeWidget(this)), f_more(new QLabel(this)),
+Tvx_identify_panel::Tvx_identify_panel(Tvx_layer_list const &layers, QWidget *parent)
+    : QWidget(parent), f_layers(layers), f_tree(new QTreeWidget(this)), f_more(new QLabel(this)),
       f_zoom(new QPushButton(vx_map_caption(c_map_zoom_to_object), this)),
       f_table(new QPushButton(vx_map_caption(c_map_show_in_table), this))
 {
-    setObjectName(QStringLiteral("identify_window"));
-    setWindowTitle(vx_map_caption(c_map_identify_title));
-    // A click on the map shows it, and the next key is still the map's.
-    setAttribute(Qt::WA_ShowWithoutActivating);
+    setObjectName(QStringLiteral("identify"));
     f_tree->setObjectName(QStringLiteral("objects"));
     f_tree->setAccessibleName(vx_map_caption(c_map_identify_title));
     f_tree->setHeaderLabels({vx_map_caption(c_map_attribute), vx_map_caption(c_map_value)});
@@ -40,7 +37,7 @@ Tvx_identify_window::Tvx_identify_window(Tvx_layer_list const &layers, QWidget *
     auto *const copy = new QAction(vx_map_caption(c_map_copy_value), this);
     copy->setShortcut(QKeySequence::Copy);
     copy->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    connect(copy, &QAction::triggered, this, &Tvx_identify_window::copy_value);
+    connect(copy, &QAction::triggered, this, &Tvx_identify_panel::copy_value);
     f_tree->addAction(copy);
     f_tree->setContextMenuPolicy(Qt::ActionsContextMenu);
 
@@ -49,13 +46,16 @@ Tvx_identify_window::Tvx_identify_window(Tvx_layer_list const &layers, QWidget *
     buttons->addWidget(f_table);
     buttons->addStretch();
     auto *const column = new QVBoxLayout(this);
-    column->setContentsMargins(6, 6, 6, 6);
+    column->setContentsMargins(0, 0, 0, 2);
+    column->setSpacing(2);
     column->addWidget(f_tree);
     column->addWidget(f_more);
     column->addLayout(buttons);
-    resize(380, 420);
+    f_more->hide();
+    f_zoom->setEnabled(false);
+    f_table->setEnabled(false);
 
-    connect(f_tree, &QTreeWidget::currentItemChanged, this, &Tvx_identify_window::on_current_changed);
+    connect(f_tree, &QTreeWidget::currentItemChanged, this, &Tvx_identify_panel::on_current_changed);
     connect(f_zoom, &QPushButton::clicked, this, [this] {
         if (auto const *object = current())
             emit zoom_wanted(object->layer_id, object->record);
@@ -66,7 +66,7 @@ Tvx_identify_window::Tvx_identify_window(Tvx_layer_list const &layers, QWidget *
     });
 }
 
-void Tvx_identify_window::show_objects(std::vector<Tvx_found_object> objects, bool is_all)
+void Tvx_identify_panel::show_objects(std::vector<Tvx_found_object> objects, bool is_all)
 {
     {
         vx::flag_scope const filling(f_filling);
@@ -84,11 +84,9 @@ void Tvx_identify_window::show_objects(std::vector<Tvx_found_object> objects, bo
     }
     f_zoom->setEnabled(!f_objects.empty());
     f_table->setEnabled(!f_objects.empty());
-    show();
-    raise();
 }
 
-void Tvx_identify_window::add_object(int place)
+void Tvx_identify_panel::add_object(int place)
 {
     Tvx_object_info const info = vx_map_object_info(f_layers, f_objects[std::size_t(place)]);
     auto *const object = new QTreeWidgetItem(f_tree, {info.layer, info.title});
@@ -112,16 +110,14 @@ void Tvx_identify_window::add_object(int place)
     }
 }
 
-void Tvx_identify_window::forget_layer(int id)
+void Tvx_identify_panel::forget_layer(int id)
 {
     if (std::ranges::none_of(f_objects, [id](auto const &o) { return o.layer_id == id; }))
         return;
-    f_objects.clear();
-    f_tree->clear();
-    hide();
+    show_objects({}, true);
 }
 
-Tvx_found_object const *Tvx_identify_window::current() const
+Tvx_found_object const *Tvx_identify_panel::current() const
 {
     QTreeWidgetItem *item = f_tree->currentItem();
     while (item && item->parent())
@@ -130,22 +126,22 @@ Tvx_found_object const *Tvx_identify_window::current() const
     return place < f_objects.size() ? &f_objects[place] : nullptr;
 }
 
-void Tvx_identify_window::on_current_changed()
+void Tvx_identify_panel::on_current_changed()
 {
     if (auto const *object = current(); object && !f_filling)
         emit object_chosen(object->layer_id, object->record);
 }
 
-void Tvx_identify_window::copy_value()
+void Tvx_identify_panel::copy_value()
 {
     if (QTreeWidgetItem const *const item = f_tree->currentItem())
         QGuiApplication::clipboard()->setText(item->text(1));
 }
 
-void Tvx_identify_window::keyPressEvent(QKeyEvent *event)
+void Tvx_identify_panel::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape)
-        hide();
+        emit close_wanted();
     else
         QWidget::keyPressEvent(event);
 }
