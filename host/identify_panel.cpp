@@ -78,25 +78,34 @@ void Tvx_identify_panel::show_objects(std::vector<Tvx_found_object> objects, boo
             first->setExpanded(true);
             f_tree->setCurrentItem(first);
         }
-        f_tree->resizeColumnToContents(0);
-        f_tree->setColumnWidth(0, std::min(f_tree->columnWidth(0) + 12, f_tree->viewport()->width() * 3 / 5));
+        f_tree->setColumnWidth(0, name_width());
         f_more->setVisible(!is_all);
     }
     f_zoom->setEnabled(!f_objects.empty());
     f_table->setEnabled(!f_objects.empty());
 }
 
+int Tvx_identify_panel::name_width() const
+{
+    int width = 60;
+    for (int i = 0; i < f_tree->topLevelItemCount(); ++i)
+        for (int line = 0; line < f_tree->topLevelItem(i)->childCount(); ++line)
+            width = std::max(width,
+                             fontMetrics().horizontalAdvance(f_tree->topLevelItem(i)->child(line)->text(0)));
+    return std::min(width + 2 * f_tree->indentation() + 12, std::max(100, f_tree->width() * 3 / 5));
+}
+
 void Tvx_identify_panel::add_object(int place)
 {
     Tvx_object_info const info = vx_map_object_info(f_layers, f_objects[std::size_t(place)]);
-    auto *const object = new QTreeWidgetItem(f_tree, {info.layer, info.title});
+    auto *const object = new QTreeWidgetItem(f_tree, {info.layer + ": " + info.title, info.title});
+    object->setFirstColumnSpanned(true);
     object->setData(0, c_place_role, place);
     object->setIcon(0, info.symbol);
     QFont strong = font();
     strong.setBold(true);
     object->setFont(0, strong);
-    object->setFont(1, strong);
-    object->setToolTip(1, info.title);
+    object->setToolTip(0, object->text(0));
     auto const add_line = [&](QString const &name, QString const &value) {
         auto *const line = new QTreeWidgetItem(object, {name, value});
         line->setToolTip(1, value);

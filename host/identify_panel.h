@@ -41,6 +41,8 @@ protected:
 
 private:
     void add_object(int place);
+    /// Room for the names of the attributes.
+    [[nodiscard]] int name_width() const;
     void on_current_changed();
     void copy_value();
 

@@ -76,12 +76,12 @@ TEST_F(map_objects, a_click_names_what_is_there_topmost_first)
     click_map(-78.64, 35.78); // Raleigh
     ASSERT_TRUE(window->identify().isVisible());
     ASSERT_EQ(found()->topLevelItemCount(), 2);
-    EXPECT_EQ(found()->topLevelItem(0)->text(0), "nc");
+    EXPECT_EQ(found()->topLevelItem(0)->text(0), "nc: Wake");
     EXPECT_EQ(title(0), "Wake");
     EXPECT_EQ(value(0, "NAME"), "Wake");
     EXPECT_EQ(value(0, "BIR74"), "14484");
     EXPECT_EQ(value(0, "Drawn by"), "above 8000");
-    EXPECT_EQ(found()->topLevelItem(1)->text(0), "world");
+    EXPECT_EQ(found()->topLevelItem(1)->text(0), "world: US");
     EXPECT_EQ(value(1, "name_long"), "United States");
     EXPECT_EQ(value(1, "Drawn by"), "One Style");
     ASSERT_EQ(selected().size(), 1u);
@@ -90,7 +90,7 @@ TEST_F(map_objects, a_click_names_what_is_there_topmost_first)
     ASSERT_TRUE(layers().set_class_visible(0, 5, false));
     click_map(-78.64, 35.78);
     ASSERT_EQ(found()->topLevelItemCount(), 1);
-    EXPECT_EQ(found()->topLevelItem(0)->text(0), "world");
+    EXPECT_EQ(found()->topLevelItem(0)->text(0), "world: US");
     layers().set_layer_visible(1, false);
     click_map(-78.64, 35.78);
     EXPECT_EQ(found()->topLevelItemCount(), 0);
