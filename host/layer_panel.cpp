@@ -31,6 +31,8 @@ public:
         return part_rect(index, QStyle::SE_ItemViewItemDecoration);
     }
 
+    [[nodiscard]] bool is_editing() const { return state() == EditingState; }
+
     /// Gets what a double click on a sample is about.
     std::function<void(QModelIndex const &)> on_sample_double_click;
 
@@ -214,7 +216,7 @@ QPoint Tvx_layer_panel::sample_corner(int id) const
 
 void Tvx_layer_panel::edit_name()
 {
-    if (selected_row() < 0)
+    if (selected_row() < 0 || f_view->is_editing() || !f_view->isVisible())
         return;
     QModelIndex const layer = f_layers.index(selected_row());
     f_view->setCurrentIndex(layer);

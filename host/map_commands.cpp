@@ -301,7 +301,10 @@ std::vector<Tvx_map_window::command_row> const &Tvx_map_window::command_rows()
          {Qt::Key_F2},
          c_begins_group,
          has_selection,
-         [](window &w, bool) { w.f_panel->edit_name(); }},
+         [](window &w, bool) {
+             w.f_layer_dock->show();
+             w.f_panel->edit_name();
+         }},
         {"visible",
          c_cap_menu_layer,
          c_cap_layer_visible,

@@ -1,4 +1,5 @@
 #include "map_fixture.h"
+#include "support/temp_dir.h"
 #include "user_input/random_hand.h"
 
 #include <QPainter>
@@ -63,7 +64,19 @@ class random_events : public map_fixture
 // VX_SEED replays one seed.
 TEST_F(random_events, leave_the_window_usable)
 {
-    ASSERT_EQ(open({"nc.shp", "streets.shp", "lc.tif"}), 3);
+    // Classes below layers, a table and the panel of what is here stand beside the map.
+    // The hand may save the map, so the map is one of its own.
+    temp_dir folder;
+    for (auto const &entry : std::filesystem::directory_iterator(VX_EXAMPLE_DATA))
+        if (entry.path().extension() != ".tif")
+            std::filesystem::copy(entry.path(), folder.path());
+    ASSERT_EQ(window->open_files({QString::fromStdString((folder / "sample_.sn").string()),
+                                  example_file("streets.shp"), example_file("lc.tif")}),
+              5);
+    select(3);
+    run("table");
+    ASSERT_TRUE(window->open_table(layers().id_at(3)));
+    hand::press(&canvas(), Qt::Key_Return);
     slow_drawer drawer;
     canvas().set_drawer(make_closure<&slow_drawer::draw>(&drawer));
     taken_layers taken(*window);
