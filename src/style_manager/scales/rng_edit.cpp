@@ -164,7 +164,8 @@ void Tvx_rng_edit::enable_selection_style(bool enabled)
     f_tool_panel->enable_selection_style(enabled);
     f_grid->enable_selection_style(enabled);
     f_other_panel->enable_selection_style(enabled);
-    on_tool_panel_resize(f_tool_panel);
+    // The manager may be one that is gone: what the line says waits for the next update.
+    place_row_line();
 }
 
 void Tvx_rng_edit::call_changed()
@@ -362,10 +363,15 @@ void Tvx_rng_edit::fit_row_line(std::initializer_list<std::wstring> texts)
 
 // ---- events
 
-void Tvx_rng_edit::on_tool_panel_resize(TObject * /*sender*/)
+void Tvx_rng_edit::place_row_line()
 {
     TRect const free = f_tool_panel->get_free_rect();
     f_row_line->SetBounds(free.Left, free.Top, std::max(free.Width(), 0), free.Height());
+}
+
+void Tvx_rng_edit::on_tool_panel_resize(TObject * /*sender*/)
+{
+    place_row_line();
     show_row_line();
 }
 

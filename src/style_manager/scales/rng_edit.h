@@ -80,6 +80,7 @@ private:
     void fill_from(std::wstring const &file);
     void color_default_scale();
     void show_row_line();
+    void place_row_line();
     /// Puts the longest of the texts that has room there.
     void fit_row_line(std::initializer_list<std::wstring> texts);
 
