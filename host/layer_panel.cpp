@@ -31,6 +31,8 @@ public:
         return part_rect(index, QStyle::SE_ItemViewItemDecoration);
     }
 
+    /// Lets the user type in the line, unless the hand is at something else, such as a drag.
+    void begin_edit(QModelIndex const &index) { edit(index, AllEditTriggers, nullptr); }
     [[nodiscard]] bool is_editing() const { return state() == EditingState; }
 
     /// Gets what a double click on a sample is about.
@@ -221,7 +223,7 @@ void Tvx_layer_panel::edit_name()
     QModelIndex const layer = f_layers.index(selected_row());
     f_view->setCurrentIndex(layer);
     f_view->setFocus();
-    f_view->edit(layer);
+    f_view->begin_edit(layer);
 }
 
 QTreeView *Tvx_layer_panel::view() const
