@@ -2,6 +2,7 @@
 
 #include "platform/base/owned.h"
 #include "platform/basic/vx_options.h"
+#include "platform/data/vx_shape_files.h"
 #include "platform/layers/vx_shp_lr2d.h"
 #include "platform/render/vx_bmp_dc.h"
 #include "platform/render/vx_render_layer.h"
@@ -22,6 +23,17 @@ struct cancel_watch
     }
 };
 } // namespace
+
+Tvx_reading_result vx_layer_read_on(Ivx_layer *layer, int milliseconds)
+{
+    vx::owned<Ivx_shape_files, &vx_shape_files_close> const shapes(
+        vx_shape_files_begin(vx_shp_lr2d_get_attr_data_ptr(layer)));
+    if (!shapes || vx_shape_files_is_whole(shapes.get()))
+        return c_reading_ended;
+    if (vx_shape_files_read_on(shapes.get(), milliseconds))
+        return c_reading_goes_on;
+    return vx_shape_files_is_damaged(shapes.get()) ? c_reading_failed : c_reading_ended;
+}
 
 Tvx_drawing_result vx_layer_draw(Ivx_layer *layer, Tvx_canvas_view const &view, QImage &image,
                                  closure<bool()> cancelled)

@@ -15,6 +15,17 @@ enum Tvx_drawing_result
     c_drawing_failed,
 };
 
+enum Tvx_reading_result
+{
+    c_reading_goes_on,
+    c_reading_ended,
+    /// Not all of the layer's data could be read.
+    c_reading_failed,
+};
+
+/// Reads what drawing the layer may need and has not read so far, for about so many milliseconds.
+[[nodiscard]] Tvx_reading_result vx_layer_read_on(Ivx_layer *layer, int milliseconds);
+
 /// Draws the layer with its own styles over what the image holds: as large as the view times its device pixel
 /// ratio, of the premultiplied 32-bit kind. `cancelled` is asked now and then and ends the drawing with true.
 /// Layers of kinds that are not drawn leave the image as it is.

@@ -185,10 +185,13 @@ void add_grids(data_set const &set, QString const &path, std::wstring const &fil
     }
 }
 
-/// The shapes, while the user sees that something is being read, rather than at the first picture.
+/// The shapes of a format that does not store where they lie, while the user sees that something is being
+/// read. Those of others are read as the map shows them.
 void read_shapes(Ivx_layer *layer)
 {
-    vx_shape_files_close(vx_shape_files_open(vx_shp_lr2d_get_attr_data_ptr(layer)));
+    Ivx_attr_data *const data = vx_shp_lr2d_get_attr_data_ptr(layer);
+    if (Tvx_box_d2 box; !vx_attr_data_get_known_extent(data, &box))
+        vx_shape_files_close(vx_shape_files_open(data));
 }
 
 QString open_error(QString const &path)

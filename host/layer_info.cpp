@@ -9,7 +9,6 @@
 #include "platform/basic/vx_datasource.h"
 #include "platform/basic/vx_fault.h"
 #include "platform/data/vx_attr_data.h"
-#include "platform/data/vx_shape_files.h"
 #include "platform/layers/layer_keys.h"
 #include "platform/layers/vx_shp_lr2d.h"
 #include "platform/toolkit/bridge/qt_bridge.h"
@@ -151,10 +150,9 @@ QString vx_layer_tip(Ivx_layer *layer)
     std::wstring file;
     vx_lr2d_get_wfilename(layer, Tvx_std_wstring_adapter(file));
     QString kind = kind_of(layer);
-    if (Ivx_shape_files *shapes = vx_shape_files_open(vx_shp_lr2d_get_attr_data_ptr(layer))) {
-        kind +=
-            QStringLiteral(", ") + vx_host_caption(c_cap_feature_count).arg(vx_shape_files_get_count(shapes));
-        vx_shape_files_close(shapes);
+    if (Ivx_attr_files *files = vx_attr_files_open(vx_shp_lr2d_get_attr_data_ptr(layer), 1, 0)) {
+        kind += QStringLiteral(", ") + vx_host_caption(c_cap_feature_count).arg(vx_attr_files_get_no(files));
+        vx_attr_files_close(files);
     }
     return vx_host_caption(c_cap_layer_tip)
         .arg(file.empty() ? vx_host_caption(c_cap_no_file) : shown_file(file), kind);

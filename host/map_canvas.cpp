@@ -13,6 +13,8 @@
 namespace {
 /// Drawing gives way to the user's events after this long.
 constexpr qint64 c_slice_ms = 12;
+/// So does reading for later.
+constexpr int c_read_slice_ms = 8;
 /// A view that is being drawn is drawn to its end for this long, though the user moved on: so a map that is
 /// dragged fills in on the way.
 constexpr qint64 c_finish_ms = 250;
@@ -42,6 +44,8 @@ Tvx_map_canvas::Tvx_map_canvas(Tvx_layer_list &layers, QWidget *parent)
     connect(&f_click_timer, &QTimer::timeout, this,
             [this] { emit clicked(f_click_at, f_click_with_ctrl, false); });
     connect(&f_draw_timer, &QTimer::timeout, this, &Tvx_map_canvas::on_draw_timer);
+    f_read_timer.setSingleShot(true);
+    connect(&f_read_timer, &QTimer::timeout, this, &Tvx_map_canvas::on_read_timer);
     connect(&layers, &Tvx_layer_list::picture_changed, this, &Tvx_map_canvas::on_layers_changed);
     update_cursor();
 }
@@ -186,6 +190,7 @@ void Tvx_map_canvas::on_draw_timer()
     for (int const id : f_picture.take_failed_ids())
         emit layer_failed(id);
     if (is_settled()) {
+        f_read_timer.start(0);
         f_drawing_for.invalidate();
         f_since_shown.invalidate();
         set_busy(false);
@@ -199,6 +204,24 @@ void Tvx_map_canvas::on_draw_timer()
     // A window that is not seen any more is drawn when it is shown again.
     if (isVisible())
         f_draw_timer.start(0);
+}
+
+void Tvx_map_canvas::on_read_timer()
+{
+    if (f_drawing || !isVisible() || !is_settled())
+        return;
+    for (int row = 0; row < f_layers.count(); ++row) {
+        if (!f_layers.is_visible(row))
+            continue;
+        int const id = f_layers.id_at(row);
+        Tvx_reading_result const result = vx_layer_read_on(f_layers.layer_at(row), c_read_slice_ms);
+        if (result == c_reading_failed)
+            emit layer_failed(id);
+        if (result == c_reading_ended)
+            continue;
+        f_read_timer.start(0);
+        return;
+    }
 }
 
 void Tvx_map_canvas::draw_slice()

@@ -17,7 +17,7 @@ class Tvx_layer_list;
 ///
 /// Painting never waits for drawing: what is there is shown at once, moved and stretched to the view, and
 /// replaced as soon as the layers are drawn, in slices between the user's events. Within a large layer the
-/// events are served too.
+/// events are served too. What was not read for the picture is read while the user looks at it.
 class Tvx_map_canvas : public QWidget
 {
     Q_OBJECT
@@ -114,6 +114,8 @@ private:
     void on_layers_changed();
     void on_draw_timer();
     void draw_slice();
+    /// Reads a little of what the layers in sight will need elsewhere.
+    void on_read_timer();
     /// Tells that drawing takes its time, and shows what it has.
     void show_progress();
     /// Asked while a layer is being drawn: serves the user, then tells whether the drawing is still wanted.
@@ -131,6 +133,7 @@ private:
     std::vector<Tvx_canvas_view> f_forward;
     QElapsedTimer f_since_step;
     QTimer f_draw_timer;
+    QTimer f_read_timer;
     QElapsedTimer f_drawing_for; ///< since the picture was last right
     QElapsedTimer f_view_for;    ///< since the view that is being drawn was asked for
     QElapsedTimer f_slice;

@@ -138,13 +138,20 @@ void identify_in(Tvx_layer_list const &layers, int row, search &s, std::size_t m
                  std::vector<Tvx_found_object> &result)
 {
     Ivx_layer *const layer = layers.layer_at(row);
-    owned_shapes const shapes(vx_shape_files_open(vx_shp_lr2d_get_attr_data_ptr(layer)));
+    Ivx_attr_data *const data = vx_shp_lr2d_get_attr_data_ptr(layer);
+    owned_shapes shapes(vx_shape_files_begin(data));
     if (!shapes || !vx_stl_mngr_list_get_visible(vx_shp_lr2d_get_style_mngr_list_ptr(layer)))
         return;
     Tvx_box_d2 box;
     box.add(s.at.x - s.reach, s.at.y - s.reach);
     box.add(s.at.x + s.reach, s.at.y + s.reach);
     s.found.clear();
+    // While the file is still being read, its index finds what lies here.
+    constexpr int c_slice_ms = 20;
+    if (Ivx_shape_files *const near = vx_shape_files_begin_window(data, &box))
+        shapes.reset(near);
+    while (vx_shape_files_read_on(shapes.get(), c_slice_ms)) {
+    }
     vx_shape_files_visit(shapes.get(), &box, &search::visit, &s);
     if (s.found.empty())
         return;

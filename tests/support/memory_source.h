@@ -48,6 +48,7 @@ struct memory_table
     int vector_count = 1;
     int grid_count = 0;
     long long missing_features = 0; ///< features that the count tells and the walk does not give
+    bool stores_extent = false;
     int delay_us = 0;               ///< what the walk takes for each feature
 
     std::string_view throws_at = {}; ///< the call that throws, for good
@@ -169,9 +170,9 @@ private:
         bool with_extent(Tvx_box_d2 *box, bool force) override
         {
             owner.f_table.enter("with_extent");
-            if (!force)
+            if (!force && !owner.f_table.stores_extent)
                 return false;
-            ++owner.f_table.walks;
+            owner.f_table.walks += !owner.f_table.stores_extent;
             for (auto const &feature : owner.f_table.features)
                 for (auto const &part : feature.parts)
                     for (auto const &point : part)

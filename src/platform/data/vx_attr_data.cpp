@@ -201,6 +201,15 @@ bool vx_attr_data_get_extent(Ivx_attr_data *data, Tvx_box_d2 *box)
     return set && set->extent(*box) && !box->is_empty();
 }
 
+bool vx_attr_data_get_known_extent(Ivx_attr_data *data, Tvx_box_d2 *box)
+{
+    if (!box)
+        return false;
+    *box = {};
+    auto const set = data ? data->opened() : nullptr;
+    return set && set->known_extent(*box) && !box->is_empty();
+}
+
 bool vx_attr_data_is_field_unicode(Ivx_attr_data *data, char const *field_name)
 {
     auto const set = data && field_name ? data->opened() : nullptr;

@@ -66,6 +66,8 @@ VX_API void vx_attr_data_reload(Ivx_attr_data *data);
 /// The coordinate system in PROJ.4 form.
 VX_API void vx_attr_data_get_proj4(Ivx_attr_data *data, Ivx_string_adp *text);
 [[nodiscard]] VX_API bool vx_attr_data_get_extent(Ivx_attr_data *data, Tvx_box_d2 *box);
+/// The extent as far as it is known at once; false when all shapes would have to be read for it.
+[[nodiscard]] VX_API bool vx_attr_data_get_known_extent(Ivx_attr_data *data, Tvx_box_d2 *box);
 
 /// Opens the table. `read_only` must be 1: writing has no form here yet. `flags` is 0. Null when the data
 /// object is null, its data set cannot be opened, or has no vector table.

@@ -359,7 +359,7 @@ int attr_set::grid_count() const
     return count;
 }
 
-bool attr_set::extent(Tvx_box_d2 &box) const
+bool attr_set::known_extent(Tvx_box_d2 &box) const
 {
     bool is_known = false;
     // What has been read already is known better than a server's estimate, and need not be read once more.
@@ -370,10 +370,16 @@ bool attr_set::extent(Tvx_box_d2 &box) const
     }
     if (attempt([&] { is_known = f_source.with_extent(&box, false) && !box.is_empty(); }) && is_known)
         return true;
-    if (is_read) {
+    if (is_read)
         box = f_feed->shapes()->box();
+    return is_read;
+}
+
+bool attr_set::extent(Tvx_box_d2 &box) const
+{
+    if (known_extent(box))
         return true;
-    }
+    bool is_known = false;
     return attempt([&] { is_known = f_source.with_extent(&box, true); }) && is_known;
 }
 

@@ -38,6 +38,8 @@ public:
     [[nodiscard]] int geom_type() const;
     [[nodiscard]] int grid_count() const;
     [[nodiscard]] bool extent(Tvx_box_d2 &box) const;
+    /// False when it would have to be read.
+    [[nodiscard]] bool known_extent(Tvx_box_d2 &box) const;
     [[nodiscard]] std::wstring proj4() const;
     [[nodiscard]] std::vector<field> const &fields() const { return f_fields; }
     [[nodiscard]] std::size_t record_count() const { return f_record_count; }

@@ -1,0 +1,104 @@
+#include "map_fixture.h"
+#include "support/memory_source.h"
+
+#include <QElapsedTimer>
+#include <QMouseEvent>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <cmath>
+
+using namespace vx_test;
+
+namespace {
+/// Many points behind a driver that stores where they lie and takes its time for each.
+class slow_reading : public map_fixture
+{
+protected:
+    void SetUp() override
+    {
+        map_fixture::SetUp();
+        table.stores_extent = true;
+        table.features.resize(3000);
+        for (std::size_t i = 0; i < table.features.size(); ++i) {
+            table.features[i].geom_type = 1;
+            table.features[i].parts = {{{double(i * 7 % 60), double(i * 11 % 40)}}};
+        }
+        QObject::connect(&pulse, &QTimer::timeout,
+                         [this] { longest_pause = std::max(longest_pause, since_pulse.restart()); });
+    }
+    /// What a hand does, through the queue of events, all the time.
+    void act()
+    {
+        QPointF const at = canvas().rect().center();
+        QPointF const there = canvas().mapToGlobal(at);
+        auto const mouse = [&](QEvent::Type type, double x, Qt::MouseButton button, Qt::MouseButtons held) {
+            QCoreApplication::postEvent(&canvas(),
+                                        new QMouseEvent(type, at + QPointF(x, 0), there + QPointF(x, 0),
+                                                        button, held, Qt::NoModifier));
+        };
+        if (++acts % 2) {
+            QCoreApplication::postEvent(
+                &canvas(), new QWheelEvent(at, there, QPoint(), QPoint(0, acts % 4 == 1 ? 120 : -120),
+                                           Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false));
+            return;
+        }
+        mouse(QEvent::MouseButtonPress, 0, Qt::LeftButton, Qt::LeftButton);
+        mouse(QEvent::MouseMove, acts % 4 ? 20 : -20, Qt::NoButton, Qt::LeftButton);
+        mouse(QEvent::MouseButtonRelease, acts % 4 ? 20 : -20, Qt::LeftButton, Qt::NoButton);
+    }
+
+    memory_table table;
+    memory_driver driver{L"memory:slow", table};
+    QTimer pulse;
+    QElapsedTimer since_pulse;
+    qint64 longest_pause = 0;
+    int acts = 0;
+};
+} // namespace
+
+TEST_F(slow_reading, leaves_the_window_to_the_user_from_the_first_moment)
+{
+    table.delay_us = 1000;
+    for (int attempt = 0; attempt < 3; ++attempt) { // a machine with other work may be late once
+        longest_pause = 0;
+        table.walks = 0;
+        since_pulse.start();
+        pulse.start(2);
+        ASSERT_EQ(window->open_files({"memory:slow"}), 1);
+        QTimer hand_timer;
+        QObject::connect(&hand_timer, &QTimer::timeout, [this] { act(); });
+        hand_timer.start(40);
+        ASSERT_FALSE(canvas().is_settled()) << "nothing is read before it is shown";
+        ASSERT_TRUE(hand::wait_until([&] { return acts > 20 * (attempt + 1); }));
+        hand_timer.stop();
+        ASSERT_TRUE(hand::wait_until([&] { return canvas().is_settled(); }, 10000));
+        pulse.stop();
+        EXPECT_EQ(table.walks, 1) << "what was read stays, whatever was given up";
+        if (longest_pause < 50)
+            break;
+        window->layers().remove(0);
+    }
+    EXPECT_LT(longest_pause, 50);
+    canvas().show_all();
+    EXPECT_GT(drawn_part(picture()), 0.01);
+    EXPECT_EQ(table.walks, 1);
+}
+
+TEST_F(slow_reading, shows_what_it_has_and_ends_with_its_layer)
+{
+    table.delay_us = 2000;
+    ASSERT_EQ(window->open_files({"memory:slow"}), 1);
+    double early = 0;
+    ASSERT_TRUE(hand::wait_until(
+        [&] {
+            early = drawn_part(canvas().grab().toImage());
+            return early > 0.002;
+        },
+        8000))
+        << "long before all is read";
+    EXPECT_FALSE(canvas().is_settled());
+    window->layers().remove(0);
+    EXPECT_TRUE(hand::wait_until([&] { return canvas().is_settled(); }, 1000));
+    EXPECT_EQ(table.opened, 0);
+}
