@@ -185,12 +185,16 @@ void add_grids(data_set const &set, QString const &path, std::wstring const &fil
     }
 }
 
-/// The shapes of a format that does not store where they lie, while the user sees that something is being
-/// read. Those of others are read as the map shows them.
+/// The shapes of a format that does not store where they lie, and of a server, which estimates it, while the
+/// user sees that something is being read. Those of others are read as the map shows them.
 void read_shapes(Ivx_layer *layer)
 {
     Ivx_attr_data *const data = vx_shp_lr2d_get_attr_data_ptr(layer);
-    if (Tvx_box_d2 box; !vx_attr_data_get_known_extent(data, &box))
+    std::wstring source;
+    vx_attr_data_get_wsource(data, Tvx_std_wstring_adapter(source));
+    Tvx_box_d2 box;
+    if (vx_layer_files_is_server(QString::fromStdWString(source)) ||
+        !vx_attr_data_get_known_extent(data, &box))
         vx_shape_files_close(vx_shape_files_open(data));
 }
 

@@ -49,7 +49,7 @@ struct memory_table
     int grid_count = 0;
     long long missing_features = 0; ///< features that the count tells and the walk does not give
     bool stores_extent = false;
-    int delay_us = 0;               ///< what the walk takes for each feature
+    int delay_us = 0; ///< what the walk takes for each feature
 
     std::string_view throws_at = {}; ///< the call that throws, for good
     bool throws_memory = false;      ///< and what: lack of memory

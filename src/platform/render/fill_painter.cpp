@@ -305,7 +305,8 @@ bool fill_painter::draw_with(line_painter const &outline, std::span<px_line cons
         ring = ring.first(ring.size() - 1);
     constexpr std::size_t c_most = 500; // a longer one may cross itself too often for the painter
     Tvx_box_d2 const box = box_of(ring);
-    if (ring.size() < 3 || ring.size() > c_most || !holds(grown(d.target.clip, 2), box) || !outline.lend_pen(box))
+    if (ring.size() < 3 || ring.size() > c_most || !holds(grown(d.target.clip, 2), box) ||
+        !outline.lend_pen(box))
         return false;
     if (!go_on(d.target, 2 * (cost::c_path + static_cast<double>(ring.size()) * cost::c_vertex) +
                              box.width() * box.height() * cost::c_pixel))

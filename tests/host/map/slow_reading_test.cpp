@@ -1,5 +1,6 @@
 #include "map_fixture.h"
 #include "support/memory_source.h"
+#include "support/temp_dir.h"
 
 #include <QElapsedTimer>
 #include <QMouseEvent>
@@ -7,6 +8,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
+#include <fstream>
 
 using namespace vx_test;
 
@@ -48,8 +51,15 @@ protected:
         mouse(QEvent::MouseButtonRelease, acts % 4 ? 20 : -20, Qt::LeftButton, Qt::NoButton);
     }
 
+    temp_dir folder;
+    /// A file, which a server's name would not be.
+    std::filesystem::path file = [this] {
+        auto const path = folder.path() / "slow.map";
+        std::ofstream(path) << "points";
+        return path;
+    }();
     memory_table table;
-    memory_driver driver{L"memory:slow", table};
+    memory_driver driver{file.wstring(), table};
     QTimer pulse;
     QElapsedTimer since_pulse;
     qint64 longest_pause = 0;
@@ -65,7 +75,7 @@ TEST_F(slow_reading, leaves_the_window_to_the_user_from_the_first_moment)
         table.walks = 0;
         since_pulse.start();
         pulse.start(2);
-        ASSERT_EQ(window->open_files({"memory:slow"}), 1);
+        ASSERT_EQ(window->open_files({QString::fromStdString(file.string())}), 1);
         QTimer hand_timer;
         QObject::connect(&hand_timer, &QTimer::timeout, [this] { act(); });
         hand_timer.start(40);
@@ -88,7 +98,7 @@ TEST_F(slow_reading, leaves_the_window_to_the_user_from_the_first_moment)
 TEST_F(slow_reading, shows_what_it_has_and_ends_with_its_layer)
 {
     table.delay_us = 2000;
-    ASSERT_EQ(window->open_files({"memory:slow"}), 1);
+    ASSERT_EQ(window->open_files({QString::fromStdString(file.string())}), 1);
     double early = 0;
     ASSERT_TRUE(hand::wait_until(
         [&] {

@@ -554,7 +554,7 @@ std::unique_ptr<shape_feed> attr_set::shapes_in(Tvx_box_d2 const &window)
     std::unique_ptr<shape_feed> found;
     attempt([&] {
         Tvx_box_d2 whole;
-        if (f_is_walking || (f_feed && f_feed->is_over()) || window.is_empty() ||
+        if (f_is_walking || (f_feed && !f_feed->has_runs()) || window.is_empty() ||
             !f_source.with_extent(&whole, false) || whole.is_empty())
             return;
         auto const share = [](double from, double to, double whole_from, double whole_to) {

@@ -28,6 +28,8 @@ public:
     /// Reads for about so long. False when there is nothing left to read.
     bool read_on(int milliseconds);
     [[nodiscard]] bool is_over() const { return f_is_over; }
+    /// The driver offers runs, and may know windows too.
+    [[nodiscard]] bool has_runs() const { return bool(f_reading); }
     /// The source failed: what was read is all there is.
     void give_up();
     [[nodiscard]] bool is_broken() const { return f_is_broken; }
