@@ -1,0 +1,241 @@
+// The editor of unique values: from the choice of a field to the painted grid, against what reading the
+// values and building the entries cost alone; and a grid of 100,000 entries against one of 100, for painting,
+// scrolling and marking. Measured in turn in one run, by the processor's time; the least counts.
+
+#include "data/source/generic_datasource.h"
+#include "layer_edit/shape/shp_lr2d_edit.h"
+#include "sample_table.h"
+
+#include "platform/base/owned.h"
+#include "platform/base/text_codec.h"
+#include "platform/data/vx_attr_data.h"
+#include "platform/dialogs/vx_dlg_table.h"
+#include "platform/layers/vx_shp_lr2d.h"
+#include "platform/styles/vxk_styles.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
+#include "platform/toolkit/core/form.h"
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QWidget>
+
+#include <set>
+
+using namespace vx_bench;
+
+namespace {
+constexpr int c_codes = 42'049; ///< synthetic postal codes
+using owned_layer = vx::owned<Ivx_layer, &vx_lr2d_destroy>;
+using owned_data = vx::owned<Ivx_attr_data, &vx_attr_data_release>;
+using owned_table = vx::owned<Ivx_attr_files, &vx_attr_files_close>;
+using owned_mngr = vx::owned<void, &vx_stl_mngr_destroy>;
+
+/// As many points as there are codes, each with its own, in no order.
+std::string code_file()
+{
+    auto const folder = std::filesystem::path(VX_BINARY_DIR) / "bench_data";
+    std::filesystem::create_directories(folder);
+    auto const file = (folder / "codes.gpkg").string();
+    if (std::filesystem::exists(file))
+        return file;
+    auto *const driver = GetGDALDriverManager()->GetDriverByName("GPKG");
+    std::unique_ptr<GDALDataset> const set(driver->Create(file.c_str(), 0, 0, 0, GDT_Unknown, nullptr));
+    auto *const layer = set->CreateLayer("points", nullptr, wkbPoint);
+    OGRFieldDefn code("code", OFTString);
+    layer->CreateField(&code);
+    (void)set->StartTransaction();
+    for (int i = 0; i < c_codes; ++i) {
+        OGRFeature feature(layer->GetLayerDefn());
+        OGRPoint const point(i % 1000, i / 1000);
+        feature.SetGeometry(&point);
+        char text[16];
+        std::snprintf(text, sizeof text, "%05d", static_cast<int>(i * 31'337LL % c_codes) + 10'000);
+        feature.SetField(0, text);
+        if (layer->CreateFeature(&feature) != OGRERR_NONE)
+            std::abort();
+    }
+    (void)set->CommitTransaction();
+    return file;
+}
+
+/// The page of a point layer on a window of its own.
+class page_window
+{
+public:
+    explicit page_window(owned_layer layer)
+        : f_layer(std::move(layer)), f_page(new Tvx_shp_pnt_lr2d_edit(&f_form))
+    {
+        f_form.SetBounds(50, 50, 480, 600);
+        f_page->SetParent(&f_form);
+        f_page->create();
+        f_page->SetAlign(alClient);
+        f_page->load_res();
+        void *const mngr = vx_shp_lr2d_get_stl_mngr_ptr(f_layer.get());
+        vx_stl_mngr_set_mode(mngr, c_stl_mngr_mode_value);
+        f_page->set_lr2d(f_layer.get());
+        f_page->update_controls();
+        f_form.Show();
+        QApplication::processEvents();
+    }
+    Tvx_val_edit *edit() { return f_page->get_stl_mngr_edit()->get_val_edit(); }
+    Tvx_val_grid *grid() { return edit()->get_grid(); }
+    unsigned entries() { return vx_val_scale_get_size(grid()->get_scale()); }
+    /// As the click on the line of the list does, to the picture.
+    void choose(wchar_t const *field)
+    {
+        auto *const box = edit()->get_prp_scale();
+        box->set_prop_name(field);
+        box->on_changed(box);
+        QApplication::processEvents();
+        grid()->Update();
+    }
+    void paint()
+    {
+        grid()->Invalidate();
+        grid()->Update();
+    }
+    void click_mark(int row)
+    {
+        TRect const cell = grid()->CellRect(0, row);
+        QPointF const at(cell.CenterPoint().X, cell.CenterPoint().Y);
+        auto *const widget = vx_qt_widget(grid());
+        for (auto const type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+            QMouseEvent event(type, at, widget->mapToGlobal(at), Qt::LeftButton,
+                              type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton,
+                              Qt::NoModifier);
+            QApplication::sendEvent(widget, &event);
+        }
+    }
+
+private:
+    TForm f_form{nullptr};
+    owned_layer f_layer;
+    Tvx_shp_pnt_lr2d_edit *f_page;
+};
+
+void build_plain(std::wstring const &source, wchar_t const *field, void *mngr)
+{
+    owned_data const data(vx_attr_data_create(source.c_str()));
+    owned_table const table(vx_attr_files_open(data.get(), 1, 0));
+    auto const column = static_cast<unsigned>(vx_attr_files_get_field_index_w(table.get(), field));
+    std::set<std::wstring> values;
+    for (unsigned i = 0, count = vx_attr_files_get_no(table.get()); i < count; ++i) {
+        bool known = false;
+        wchar_t const *const text = vx_attr_files_get_wstr(table.get(), column, i, &known);
+        if (known)
+            values.insert(text);
+    }
+    void *const scale = vx_stl_mngr_get_val_scale_ptr(mngr);
+    vx_val_scale_set_size(scale, static_cast<unsigned>(values.size()));
+    unsigned entry = 0;
+    for (std::wstring const &value : values) {
+        vx_val_scale_set_text_w(scale, entry, value.c_str());
+        vx_val_scale_set_caption_w(scale, entry++, value.c_str());
+    }
+}
+
+void compare_codes()
+{
+    std::wstring const source = vx::text::utf8_to_wide(code_file());
+    auto const plain = [&] {
+        owned_mngr mngr(vx_stl_mngr_create("pnt_style"));
+        build_plain(source, L"code", mngr.get());
+        return mngr;
+    };
+    pair_of_times least;
+    for (int i = 0; i < 9; ++i) {
+        two_times const a = measure(plain);
+        page_window window(owned_layer(vx_shp_lr2d_create("shp_pnt_lr2d", source.c_str())));
+        two_times const b = measure([&] { window.choose(L"code"); });
+        if (window.entries() != c_codes)
+            std::abort();
+        least.plain.processor = std::min(least.plain.processor, a.processor);
+        least.own.processor = std::min(least.own.processor, b.processor);
+        least.plain.wall = std::min(least.plain.wall, a.wall);
+        least.own.wall = std::min(least.own.wall, b.wall);
+    }
+    print("42,049 codes, to the painted grid", least, 1.5);
+}
+
+void compare_classes(char const *driver, char const *file)
+{
+    std::string const path = sample_file(driver, file);
+    if (path.empty())
+        return;
+    std::wstring const source = vx::text::utf8_to_wide(path);
+    pair_of_times least;
+    for (int i = 0; i < 5; ++i) {
+        two_times const a = measure([&] {
+            vx::data::generic_datasource data;
+            std::set<std::wstring> values;
+            if (!data.open(source, vx::data::access_read) ||
+                !data.field_unique_values(c_text_2000, vx::data::c_no_limit, values))
+                std::abort();
+            return values;
+        });
+        page_window window(owned_layer(vx_shp_lr2d_create("shp_pnt_lr2d", source.c_str())));
+        two_times const b = measure([&] { window.choose(L"text2000"); });
+        if (window.entries() != 2000)
+            std::abort();
+        least.plain.processor = std::min(least.plain.processor, a.processor);
+        least.own.processor = std::min(least.own.processor, b.processor);
+        least.plain.wall = std::min(least.plain.wall, a.wall);
+        least.own.wall = std::min(least.own.wall, b.wall);
+    }
+    print((std::string("2,000 of 1,000,000, ") + driver).c_str(), least, 2);
+}
+
+owned_layer layer_with(unsigned entries)
+{
+    owned_layer layer(vx_shp_lr2d_create("shp_pnt_lr2d", L""));
+    void *const scale = vx_stl_mngr_get_val_scale_ptr(vx_shp_lr2d_get_stl_mngr_ptr(layer.get()));
+    vx_val_scale_set_size(scale, entries);
+    for (unsigned i = 0; i < entries; ++i) {
+        std::wstring const text = std::to_wstring(10000 + i);
+        vx_val_scale_set_text_w(scale, i, text.c_str());
+        vx_val_scale_set_caption_w(scale, i, text.c_str());
+    }
+    return layer;
+}
+
+void compare_lengths()
+{
+    page_window few(layer_with(100)), many(layer_with(100'000));
+    auto const repeat = [](page_window &window, auto act) {
+        return [&window, act] {
+            for (int i = 0; i < 50; ++i)
+                act(window, i);
+        };
+    };
+    auto const run = [&](char const *what, double bound, auto act) {
+        print(what, compare(repeat(few, act), repeat(many, act), 9), bound);
+    };
+    run("50 repaints, 100,000 against 100", 1.2, [](page_window &window, int) { window.paint(); });
+    run("50 marks, 100,000 against 100", 1.5, [](page_window &window, int i) {
+        window.click_mark(1 + i % 10);
+        window.paint();
+    });
+    // Back and forth over the last 2,000 that were shown, against as many repaints of what stands there.
+    auto const page = [](page_window &window, int i) {
+        window.grid()->SetTopRow(1 + 20 * (i % 100));
+        window.grid()->Update();
+    };
+    for (int i = 0; i < 100; ++i)
+        page(many, i);
+    print("50 pages of samples at hand, against repaints",
+          compare(repeat(many, [](page_window &window, int) { window.paint(); }), repeat(many, page), 9), 2);
+}
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QApplication const application(argc, argv);
+    GDALAllRegister();
+    vx_dlg_table dialogs;
+    dialogs.yesno = [](void *, HWND, wchar_t const *) { return true; };
+    vx_dlg_set_table(&dialogs);
+    compare_codes();
+    compare_classes("GPKG", "points.gpkg");
+    compare_classes("ESRI Shapefile", "points.shp");
+    compare_lengths();
+}
