@@ -79,6 +79,15 @@ std::string_view module_name(std::string_view file_name)
     return file_name;
 }
 
+/// The same folder, if need be by another way: the loader keeps the names by which it found its modules.
+bool is_same_directory(std::string const &a, std::string const &b)
+{
+    char resolved_a[PATH_MAX];
+    char resolved_b[PATH_MAX];
+    return a == b || (realpath(a.c_str(), resolved_a) && realpath(b.c_str(), resolved_b) &&
+                      std::string_view(resolved_a) == resolved_b);
+}
+
 struct loaded_search
 {
     split_path wanted;
@@ -91,13 +100,13 @@ int look_at_loaded(dl_phdr_info *info, std::size_t, void *data)
     if (!info->dlpi_name || !*info->dlpi_name)
         return 0;
     auto const parts = split(info->dlpi_name);
-    if (!search.wanted.directory.empty() && parts.directory != search.wanted.directory)
-        return 0;
     auto const name = module_name(parts.name);
     bool const plain = vx::text::ascii_same(name, search.wanted.name);
     bool const prefixed = name.starts_with(c_module_prefix) &&
                           vx::text::ascii_same(name.substr(c_module_prefix.size()), search.wanted.name);
     if (!plain && !prefixed)
+        return 0;
+    if (!search.wanted.directory.empty() && !is_same_directory(parts.directory, search.wanted.directory))
         return 0;
     search.found = info->dlpi_name;
     return 1;
