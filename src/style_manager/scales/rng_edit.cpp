@@ -352,13 +352,19 @@ void Tvx_rng_edit::show_row_line()
                   vx_res_format_w(c_scl_row_counted, {holds, count}), count});
 }
 
-void Tvx_rng_edit::fit_row_line(std::initializer_list<std::wstring> texts)
+void Tvx_rng_edit::fit_row_line(std::vector<std::wstring> texts)
+{
+    f_row_texts = std::move(texts);
+    refit_row_line();
+}
+
+void Tvx_rng_edit::refit_row_line()
 {
     int const room = f_row_line->GetWidth();
     auto *const canvas = f_grid->GetCanvas();
     auto const fitting =
-        std::ranges::find_if(texts, [&](auto const &text) { return canvas->TextWidth(text) <= room; });
-    f_row_line->SetCaption(fitting == texts.end() ? std::wstring() : *fitting);
+        std::ranges::find_if(f_row_texts, [&](auto const &text) { return canvas->TextWidth(text) <= room; });
+    f_row_line->SetCaption(fitting == f_row_texts.end() ? std::wstring() : *fitting);
 }
 
 // ---- events
@@ -372,7 +378,8 @@ void Tvx_rng_edit::place_row_line()
 void Tvx_rng_edit::on_tool_panel_resize(TObject * /*sender*/)
 {
     place_row_line();
-    show_row_line();
+    // The window may be laid out after the manager has gone: only the room is new.
+    refit_row_line();
 }
 
 /// Whoever goes from row to row wants to know what is in them.

@@ -10,6 +10,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 class TOpenDialog;
 class TSaveDialog;
@@ -82,7 +83,8 @@ private:
     void show_row_line();
     void place_row_line();
     /// Puts the longest of the texts that has room there.
-    void fit_row_line(std::initializer_list<std::wstring> texts);
+    void fit_row_line(std::vector<std::wstring> texts);
+    void refit_row_line();
 
     void on_prop_edit_changed(TObject *sender);
     void on_save_btn_click(TObject *sender);
@@ -98,6 +100,7 @@ private:
     char const *f_mngr_style = nullptr;
     std::wstring f_file_name; ///< offered by the dialogs
     std::wstring f_load_error_text;
+    std::vector<std::wstring> f_row_texts; ///< what the line may say, the longest first
     Tvx_prp_scale *f_prp_scale = nullptr;
     Tvx_scale_tool_panel *f_tool_panel = nullptr;
     Tvx_rng_edit_btn *f_build_btn = nullptr;
