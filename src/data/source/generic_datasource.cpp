@@ -10,6 +10,7 @@
 #include "platform/basic/vx_stat.h"
 #include "platform/winapi/collation.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace vx::data {
@@ -312,8 +313,9 @@ std::wstring generic_datasource::error_message() const
 
 field_index_type generic_datasource::field_count() const
 {
-    int const count = f_source.field_count();
-    return count > 0 ? static_cast<field_index_type>(count) : 0;
+    // More than any format has, and few enough to ask for each: the number is what a driver claims.
+    constexpr int c_max_fields = 1 << 16;
+    return static_cast<field_index_type>(std::clamp(f_source.field_count(), 0, c_max_fields));
 }
 
 std::wstring generic_datasource::field_name(field_index_type i) const

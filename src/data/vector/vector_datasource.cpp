@@ -364,7 +364,9 @@ bool vector_datasource::remove_field(std::wstring const &name)
 
 bool vector_datasource::reorder_fields(std::vector<field_index_type> const &order)
 {
-    if (order.size() != field_count()) // the driver is not told the length of the list
+    // The driver is not told the length of the list, and may read as many entries as it says to have fields.
+    int const count = f_source.field_count();
+    if (count < 0 || order.size() != static_cast<std::size_t>(count))
         return false;
     std::vector<int> numbers(order.size());
     std::transform(order.begin(), order.end(), numbers.begin(), interface_index);
