@@ -77,19 +77,21 @@ mngr_painter::prepared &mngr_painter::row_painter(unsigned row)
 void mngr_painter::load_parts(Tvx_shape_view const &shape, double near_px)
 {
     f_parts.resize(static_cast<std::size_t>(shape.part_count));
+    // Looked at where they lie: most of many are left out, and not worth two divisions.
+    double const near_x = near_px * f_view.world.width() / f_view.width;
+    double const near_y = near_px * f_view.world.height() / f_view.height;
     for (int i = 0; i < shape.part_count; ++i) {
         px_line &part = f_parts[static_cast<std::size_t>(i)];
         part.clear();
         Tvx_pnt_d2 const *const begin = shape.points + shape.part_starts[i];
         Tvx_pnt_d2 const *const last = shape.points + shape.part_starts[i + 1] - 1;
-        Tvx_pnt_d2 kept;
+        Tvx_pnt_d2 const *kept = begin;
         for (Tvx_pnt_d2 const *v = begin; v <= last; ++v) {
-            Tvx_pnt_d2 const p{f_view.world_to_px_x(v->x), f_view.world_to_px_y(v->y)};
-            bool const is_near = std::abs(p.x - kept.x) <= near_px && std::abs(p.y - kept.y) <= near_px;
+            bool const is_near = std::abs(v->x - kept->x) <= near_x && std::abs(v->y - kept->y) <= near_y;
             if (is_near && v != begin && v != last)
                 continue;
-            part.push_back(p);
-            kept = p;
+            part.push_back({f_view.world_to_px_x(v->x), f_view.world_to_px_y(v->y)});
+            kept = v;
         }
     }
 }
