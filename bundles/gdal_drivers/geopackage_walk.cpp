@@ -314,7 +314,7 @@ bool is_table(sqlite3 *base, std::string const &name)
 }
 } // namespace
 
-std::unique_ptr<shape_walk> walk_geopackage(sqlite3 *base, OGRLayer &layer, geopackage_window const *window)
+std::unique_ptr<shape_walk> walk_geopackage(sqlite3 *base, OGRLayer &layer, shape_window const *window)
 {
     std::string const fid = layer.GetFIDColumn();
     std::string const geom = layer.GetGeometryColumn();

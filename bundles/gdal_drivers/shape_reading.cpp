@@ -92,14 +92,15 @@ bool vector_set::read_shapes(Tvx_box_d2 *window, vx::shape_reading_visitor visit
         return false;
     error_guard const guard(f_set->error());
     std::unique_ptr<shape_walk> walk;
+    shape_window box{};
+    if (window)
+        box = {window->min_x, window->min_y, window->max_x, window->max_y};
     if (f_set->is_driver("GPKG") && f_geom_field == 0) {
-        geopackage_window box{};
-        if (window)
-            box = {window->min_x, window->min_y, window->max_x, window->max_y};
         walk = walk_geopackage(static_cast<sqlite3 *>(f_set->gdal().GetInternalHandle("SQLITE_HANDLE")),
                                *f_layer, window ? &box : nullptr);
-    } else if (f_set->is_driver("ESRI Shapefile") && !window) {
-        walk = walk_shapefile(f_set->gdal().GetDescription(), *f_layer, deleted_records());
+    } else if (f_set->is_driver("ESRI Shapefile")) {
+        walk = walk_shapefile(f_set->gdal().GetDescription(), *f_layer, deleted_records(),
+                              window ? &box : nullptr);
     } else if (f_set->is_driver("FlatGeobuf") && (!window || f_layer->TestCapability(OLCFastSpatialFilter))) {
         OGRLayer *layer = nullptr;
         if (std::shared_ptr<GDALDataset> apart = open_apart(*f_set, f_layer->GetName(), layer)) {

@@ -30,21 +30,26 @@ public:
     [[nodiscard]] virtual step_result step(shape_run &run) = 0;
 };
 
-/// Shapes straight from a shapefile's records, in blocks. A record that is not just as it should be is left
-/// to GDAL. Null for a table that does not fit its index; `path` is the name of one of its files, or of the
-/// folder that they are in. `deleted` are the numbers of records that are none, ascending.
-[[nodiscard]] std::unique_ptr<shape_walk> walk_shapefile(std::string const &path, OGRLayer &layer,
-                                                         std::vector<long long> deleted);
-
-/// Shapes straight from the rows of a GeoPackage's table, in the order of their identifiers, which is that in
-/// which GDAL gives them. With a window, in the units of the table, those that its index finds: null where
-/// there is none, or identifiers have gaps, so that it does not tell which record has which.
-struct geopackage_window
+/// In the units of the table.
+struct shape_window
 {
     double min_x, min_y, max_x, max_y;
 };
+
+/// Shapes straight from a shapefile's records, in blocks. A record that is not just as it should be is left
+/// to GDAL. Null for a table that does not fit its index; `path` is the name of one of its files, or of the
+/// folder that they are in. `deleted` are the numbers of records that are none, ascending. With a window the
+/// records are looked at for their boxes: null where taking them all is as fast, as of points, or where the
+/// file is so large that it had better be read once.
+[[nodiscard]] std::unique_ptr<shape_walk> walk_shapefile(std::string const &path, OGRLayer &layer,
+                                                         std::vector<long long> deleted,
+                                                         shape_window const *window);
+
+/// Shapes straight from the rows of a GeoPackage's table, in the order of their identifiers, which is that in
+/// which GDAL gives them. With a window those that its index finds: null where there is none, or identifiers
+/// have gaps, so that it does not tell which record has which.
 [[nodiscard]] std::unique_ptr<shape_walk> walk_geopackage(sqlite3 *base, OGRLayer &layer,
-                                                          geopackage_window const *window);
+                                                          shape_window const *window);
 
 /// GDAL's own way to the features, by a data set that nobody else uses. `numbers_records` says that features
 /// are known by the numbers of their records.

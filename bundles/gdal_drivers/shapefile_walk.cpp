@@ -10,6 +10,7 @@
 #include <bit>
 #include <cstdint>
 #include <cstring>
+#include <optional>
 
 namespace vx::gdal {
 namespace {
@@ -72,9 +73,10 @@ class shapefile_walk final : public shape_walk
 {
 public:
     shapefile_walk(file_holder shapes, file_holder index, OGRLayer &layer, std::size_t records,
-                   std::vector<long long> deleted)
+                   std::vector<long long> deleted, shape_window const *window)
         : f_shapes(std::move(shapes)), f_index(std::move(index)), f_layer(layer), f_records(records),
-          f_deleted(std::move(deleted)), f_size(size_of(f_shapes.get()))
+          f_deleted(std::move(deleted)), f_size(size_of(f_shapes.get())),
+          f_window(window ? std::optional(*window) : std::nullopt)
     {
     }
 
@@ -91,7 +93,11 @@ public:
             unsigned char const *const entry = index_entry();
             if (!entry)
                 return c_broken;
-            if (!add(run, big(entry) * std::uint64_t{2}, big(entry + 4) * std::uint64_t{2}))
+            std::uint64_t const at = big(entry) * std::uint64_t{2};
+            std::uint64_t const length = big(entry + 4) * std::uint64_t{2};
+            if (f_window && lies_beside(at, length))
+                continue;
+            if (!add(run, at, length))
                 leave_to_gdal(run);
         }
         return c_more;
@@ -130,6 +136,20 @@ private:
                 return nullptr;
         }
         return f_block.data() + (at - f_block_at);
+    }
+
+    /// By the box that stands in the record, if there is one.
+    [[nodiscard]] bool lies_beside(std::uint64_t at, std::uint64_t length)
+    {
+        constexpr std::size_t c_boxed = 36; // type and box
+        unsigned char const *const head = length >= c_boxed ? bytes(at, c_record_head + c_boxed) : nullptr;
+        if (!head)
+            return false;
+        unsigned char const *const content = head + c_record_head;
+        return little<double>(content + 4) > f_window->max_x ||
+               little<double>(content + 12) > f_window->max_y ||
+               little<double>(content + 20) < f_window->min_x ||
+               little<double>(content + 28) < f_window->min_y;
     }
 
     [[nodiscard]] bool add(shape_run &run, std::uint64_t at, std::uint64_t length)
@@ -219,6 +239,7 @@ private:
     std::size_t f_records;
     std::vector<long long> f_deleted;
     std::uint64_t f_size;
+    std::optional<shape_window> f_window;
     std::size_t f_next = 0;
     std::size_t f_deleted_seen = 0;
     std::vector<unsigned char> f_entries;
@@ -231,9 +252,10 @@ private:
 } // namespace
 
 std::unique_ptr<shape_walk> walk_shapefile(std::string const &path, OGRLayer &layer,
-                                           std::vector<long long> deleted)
+                                           std::vector<long long> deleted, shape_window const *window)
 {
     constexpr std::uint32_t c_mark = 9994;
+    constexpr std::uint64_t c_read_once = std::uint64_t{256} << 20; // what is larger may not stay in memory
     if (layer.GetLayerDefn()->GetGeomFieldCount() == 0)
         return nullptr;
     file_holder shapes = open_part(path, layer, "shp");
@@ -248,10 +270,13 @@ std::unique_ptr<shape_walk> walk_shapefile(std::string const &path, OGRLayer &la
     std::uint64_t const told = big(head + 24) * std::uint64_t{2};
     if (told < c_head || told > index_size || (told - c_head) % c_entry != 0)
         return nullptr;
+    bool const is_points = head[32] % 10 == 1;
+    if (window && (is_points || size_of(shapes.get()) > c_read_once))
+        return nullptr;
     auto const records = static_cast<std::size_t>((told - c_head) / c_entry);
     if (static_cast<GIntBig>(records) != layer.GetFeatureCount(FALSE))
         return nullptr;
     return std::make_unique<shapefile_walk>(std::move(shapes), std::move(index), layer, records,
-                                            std::move(deleted));
+                                            std::move(deleted), window);
 }
 } // namespace vx::gdal
