@@ -157,6 +157,82 @@ TEST(val_scale, marks_are_counted_whatever_is_done)
     }
 }
 
+TEST(val_scale, copies_of_long_scales_agree_with_plain_lists)
+{
+    struct entry
+    {
+        std::wstring text;
+        int red = 0;
+        bool marked = false;
+        void *prm = nullptr; ///< where it was given away
+    };
+    constexpr int c_copies = 3;
+    std::vector<owned_mngr> mngrs;
+    std::vector<std::vector<entry>> plain(c_copies);
+    for (int i = 0; i < c_copies; ++i)
+        mngrs.push_back(make_mngr("pnt_style"));
+    auto const scale = [&](std::size_t i) { return vx_stl_mngr_get_val_scale_ptr(mngrs[i].get()); };
+    auto const style = [](void *prm) { return vx_scale_prm_get_stl_prm_ptr(prm); };
+    int const untouched = vx_stl_prm_get_color(vx_stl_mngr_get_simple_sp_ptr(mngrs[0].get()), false).r;
+    std::mt19937 random(3);
+    auto const chance = [&](std::size_t n) { return static_cast<unsigned>(random() % n); };
+    for (int step = 0; step < 3000; ++step) {
+        unsigned const own = chance(c_copies), other = (own + 1) % c_copies;
+        void *const s = scale(own);
+        auto &list = plain[own];
+        auto const size = static_cast<unsigned>(list.size());
+        unsigned const at = chance(size + 1);
+        if (unsigned const what = chance(40); what < 2) {
+            vx_stl_mngr_assign(mngrs[other].get(), mngrs[own].get());
+            plain[other] = list;
+            for (entry &e : plain[other])
+                e.prm = nullptr;
+        } else if (what == 2) {
+            list.resize(chance(900), entry{{}, untouched});
+            vx_val_scale_set_size(s, static_cast<unsigned>(list.size()));
+        } else if (what == 3) {
+            std::erase_if(list, [](entry const &e) { return e.marked; });
+            vx_val_scale_del_marked(s);
+        } else if (what < 8 || at == size) {
+            list.insert(list.begin() + at, entry{{}, untouched});
+            vx_val_scale_ins(s, at);
+        } else if (what < 12) {
+            list.erase(list.begin() + at);
+            vx_val_scale_del(s, at);
+        } else if (what < 16) {
+            unsigned const to = chance(size);
+            entry const moved = list[at];
+            list.erase(list.begin() + at);
+            list.insert(list.begin() + to, moved);
+            vx_val_scale_move(s, at, to);
+        } else if (what < 22) {
+            list[at].text = std::to_wstring(step);
+            vx_val_scale_set_text_w(s, at, list[at].text.c_str());
+        } else if (what < 26) {
+            list[at].marked = chance(4) == 0;
+            vx_val_scale_set_marked(s, at, list[at].marked);
+        } else if (what < 33) {
+            list[at].prm = vx_val_scale_get_scale_prm_ptr(s, at);
+        } else if (list[at].prm) { // through a pointer that may be an old one
+            list[at].red = static_cast<int>(chance(256));
+            vx_stl_prm_set_color(style(list[at].prm), false, vx_clr_init_rgb(list[at].red, 0, 0));
+        }
+        for (std::size_t i = 0; step % 50 == 0 && i < c_copies; ++i) {
+            ASSERT_EQ(vx_val_scale_get_size(scale(i)), plain[i].size()) << step;
+            for (unsigned k = 0; k < plain[i].size(); ++k) {
+                ASSERT_EQ(val_text(scale(i), k), plain[i][k].text) << step;
+                ASSERT_EQ(vx_val_scale_get_marked(scale(i), k), plain[i][k].marked) << step;
+            }
+        }
+    }
+    for (std::size_t i = 0; i < c_copies; ++i)
+        for (unsigned k = 0; k < plain[i].size(); ++k) {
+            void *const prm = vx_val_scale_get_scale_prm_ptr(scale(i), k);
+            ASSERT_EQ(vx_stl_prm_get_color(style(prm), false).r, plain[i][k].red);
+            ASSERT_TRUE(!plain[i][k].prm || plain[i][k].prm == prm);
+        }
+}
+
 TEST(val_scale, order_is_taken_from_a_permutation_only)
 {
     auto const mngr = make_mngr("pnt_style");

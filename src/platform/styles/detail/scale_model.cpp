@@ -11,6 +11,7 @@
 #include <cmath>
 #include <cstring>
 #include <functional>
+#include <iterator>
 #include <limits>
 #include <random>
 
@@ -116,38 +117,92 @@ bool is_marked(std::shared_ptr<val_entry> const &entry)
 }
 } // namespace
 
-val_scale::entry_list val_scale::share(entry_list const &entries)
+val_entries::val_entries(val_entries const &source) : f_blocks(source.f_blocks), f_size(source.f_size)
 {
-    entry_list copy(entries);
-    for (auto &entry : copy)
-        if (entry->exposed) {
-            entry = std::make_shared<val_entry>(*entry);
-            entry->exposed = false;
-        }
-    return copy;
+    for (auto &shared : f_blocks) {
+        if (!shared->exposed)
+            continue;
+        auto own = std::make_shared<block>(block{shared->entries});
+        for (auto &entry : own->entries)
+            if (entry->exposed) {
+                entry = std::make_shared<val_entry>(*entry);
+                entry->exposed = false;
+            }
+        shared = std::move(own);
+    }
+}
+
+/// A block that is shared has no exposed entry.
+val_entries::block &val_entries::own_block(std::size_t index)
+{
+    auto &wanted = f_blocks[index / c_block];
+    if (wanted.use_count() > 1)
+        wanted = std::make_shared<block>(*wanted);
+    return *wanted;
+}
+
+val_entry &val_entries::edit(std::size_t index)
+{
+    auto &entry = own_block(index).entries[index % c_block];
+    if (entry.use_count() > 1)
+        entry = std::make_shared<val_entry>(*entry);
+    return *entry;
+}
+
+val_entry &val_entries::expose(std::size_t index)
+{
+    val_entry &entry = edit(index);
+    entry.exposed = true;
+    own_block(index).exposed = true;
+    return entry;
+}
+
+void val_entries::append(std::shared_ptr<val_entry> entry)
+{
+    if (f_size % c_block == 0)
+        f_blocks.push_back(std::make_shared<block>());
+    block &last = own_block(f_size++);
+    last.exposed = last.exposed || entry->exposed;
+    last.entries.push_back(std::move(entry));
+}
+
+val_entries::list val_entries::take()
+{
+    list all;
+    all.reserve(f_size);
+    for (auto &block : f_blocks) {
+        if (block.use_count() > 1)
+            all.insert(all.end(), block->entries.begin(), block->entries.end());
+        else
+            std::ranges::move(block->entries, std::back_inserter(all));
+    }
+    f_blocks.clear();
+    f_size = 0;
+    return all;
+}
+
+void val_entries::put(list entries)
+{
+    f_blocks.clear();
+    f_blocks.reserve(entries.size() / c_block + 1);
+    f_size = 0;
+    for (auto &entry : entries)
+        append(std::move(entry));
 }
 
 val_entry *val_scale::edit(unsigned index)
 {
-    if (index >= size())
-        return nullptr;
-    auto &entry = f_entries[index];
-    if (entry.use_count() > 1)
-        entry = std::make_shared<val_entry>(*entry);
-    return entry.get();
+    return index < size() ? &f_entries.edit(index) : nullptr;
 }
 
 val_entry *val_scale::expose(unsigned index)
 {
-    val_entry *const entry = edit(index);
-    if (entry)
-        entry->exposed = true;
-    return entry;
+    return index < size() ? &f_entries.expose(index) : nullptr;
 }
 
 val_scale::val_scale(val_scale const &source)
-    : other(source.other), opacity(source.opacity), f_entries(share(source.f_entries)),
-      f_active(source.f_active), f_marked(source.f_marked), f_kind(source.f_kind)
+    : other(source.other), opacity(source.opacity), f_entries(source.f_entries), f_active(source.f_active),
+      f_marked(source.f_marked), f_kind(source.f_kind)
 {
 }
 
@@ -158,7 +213,7 @@ val_scale &val_scale::operator=(val_scale const &source)
     other = source.other;
     opacity = source.opacity;
     f_kind = source.f_kind;
-    set_entry_list(share(source.f_entries), source.f_active);
+    take_over(val_entries(source.f_entries), source.f_marked, source.f_active);
     return *this;
 }
 
@@ -167,15 +222,15 @@ val_scale &val_scale::operator=(val_scale &&source)
     other = source.other;
     opacity = std::move(source.opacity);
     f_kind = source.f_kind;
-    set_entry_list(std::move(source.f_entries), source.f_active);
-    source.set_entry_list({}, -1);
+    take_over(std::move(source.f_entries), source.f_marked, source.f_active);
+    source.take_over({}, 0, -1);
     return *this;
 }
 
-void val_scale::set_entry_list(entry_list entries, int active)
+void val_scale::take_over(val_entries entries, unsigned marked, int active)
 {
     f_entries = std::move(entries);
-    f_marked = static_cast<unsigned>(std::ranges::count_if(f_entries, is_marked));
+    f_marked = marked;
     f_index.clear();
     set_active(active);
 }
@@ -183,13 +238,14 @@ void val_scale::set_entry_list(entry_list entries, int active)
 void val_scale::resize(unsigned size)
 {
     f_index.clear();
-    unsigned const old = this->size();
+    auto entries = f_entries.take();
+    auto const old = entries.size();
     if (size < old)
-        f_marked -=
-            static_cast<unsigned>(std::count_if(f_entries.begin() + size, f_entries.end(), is_marked));
-    f_entries.resize(size);
-    for (unsigned i = old; i < size; ++i)
-        f_entries[i] = std::make_shared<val_entry>(f_kind);
+        f_marked -= static_cast<unsigned>(std::count_if(entries.begin() + size, entries.end(), is_marked));
+    entries.resize(size);
+    for (auto i = old; i < size; ++i)
+        entries[i] = std::make_shared<val_entry>(f_kind);
+    f_entries.put(std::move(entries));
     set_active(f_active);
 }
 
@@ -197,7 +253,14 @@ unsigned val_scale::insert(unsigned index)
 {
     index = std::min(index, size());
     f_index.clear();
-    f_entries.insert(f_entries.begin() + index, std::make_shared<val_entry>(f_kind));
+    auto fresh = std::make_shared<val_entry>(f_kind);
+    if (index == size()) {
+        f_entries.append(std::move(fresh));
+    } else {
+        auto entries = f_entries.take();
+        entries.insert(entries.begin() + index, std::move(fresh));
+        f_entries.put(std::move(entries));
+    }
     if (f_active >= static_cast<int>(index))
         ++f_active;
     return index;
@@ -209,7 +272,9 @@ void val_scale::erase(unsigned index)
         return;
     set_marked(index, false);
     f_index.clear();
-    f_entries.erase(f_entries.begin() + index);
+    auto entries = f_entries.take();
+    entries.erase(entries.begin() + index);
+    f_entries.put(std::move(entries));
     if (f_active == static_cast<int>(index))
         f_active = -1;
     else if (f_active > static_cast<int>(index))
@@ -222,11 +287,13 @@ void val_scale::erase_marked()
     if (active && active->marked)
         active = nullptr;
     f_index.clear();
-    std::erase_if(f_entries, is_marked);
+    auto entries = f_entries.take();
+    std::erase_if(entries, is_marked);
+    f_entries.put(std::move(entries));
     f_marked = 0;
     f_active = -1;
     for (unsigned i = 0; active && i < size(); ++i)
-        if (f_entries[i].get() == active)
+        if (at(i) == active)
             f_active = static_cast<int>(i);
 }
 
@@ -235,7 +302,9 @@ void val_scale::move(unsigned from, unsigned to)
     if (from >= size() || to >= size() || from == to)
         return;
     f_index.clear();
-    move_item(f_entries, from, to);
+    auto entries = f_entries.take();
+    move_item(entries, from, to);
+    f_entries.put(std::move(entries));
     int const a = f_active;
     int const f = static_cast<int>(from);
     int const t = static_cast<int>(to);
@@ -250,7 +319,10 @@ void val_scale::move(unsigned from, unsigned to)
 void val_scale::set_order(int const *order, unsigned count)
 {
     std::vector<unsigned> place;
-    if (!reorder(f_entries, order, count, &place))
+    auto entries = f_entries.take();
+    bool const done = reorder(entries, order, count, &place);
+    f_entries.put(std::move(entries));
+    if (!done)
         return;
     f_index.clear();
     if (f_active >= 0)
@@ -262,14 +334,14 @@ void val_scale::set_text(unsigned index, std::wstring_view text)
     if (index >= size())
         return;
     f_index.clear();
-    edit(index)->text = text;
+    f_entries.edit(index).text = text;
 }
 
 void val_scale::set_marked(unsigned index, bool marked)
 {
-    if (index >= size() || f_entries[index]->marked == marked)
+    if (index >= size() || f_entries[index].marked == marked)
         return;
-    edit(index)->marked = marked;
+    f_entries.edit(index).marked = marked;
     if (marked)
         ++f_marked;
     else
@@ -302,7 +374,7 @@ void val_scale::build_index() const
     std::random_device chance;
     f_seed = static_cast<std::uint64_t>(chance()) << 32 | chance();
     for (std::uint32_t i = 0; i < f_entries.size(); ++i) {
-        std::string const text = text::wide_to_whole_utf8(text::trimmed(f_entries[i]->text));
+        std::string const text = text::wide_to_whole_utf8(text::trimmed(f_entries[i].text));
         std::uint32_t const hash = hash_of(text, f_seed);
         slot &s = slot_of(text, hash);
         if (s.entry) // the first of equal texts stays
@@ -346,10 +418,14 @@ int val_scale::find(std::string_view utf8) const
 
 bool operator==(val_scale const &a, val_scale const &b)
 {
-    return a.f_kind == b.f_kind && a.other == b.other && a.opacity == b.opacity &&
-           std::ranges::equal(a.f_entries, b.f_entries, [](auto const &x, auto const &y) {
-               return x == y || (x->text == y->text && x->caption == y->caption && x->prm == y->prm);
-           });
+    if (a.f_kind != b.f_kind || !(a.other == b.other) || a.opacity != b.opacity || a.size() != b.size())
+        return false;
+    for (unsigned i = 0; i < a.size(); ++i) {
+        val_entry const &x = a.f_entries[i], &y = b.f_entries[i];
+        if (&x != &y && !(x.text == y.text && x.caption == y.caption && x.prm == y.prm))
+            return false;
+    }
+    return true;
 }
 
 // ---- range scale

@@ -49,6 +49,48 @@ struct val_entry
     bool exposed = false; ///< a pointer into it has been given away: never shared again
 };
 
+/// The entries of a value scale, in blocks. Copies share blocks, and blocks share entries, until one of them
+/// writes to an entry or gives a pointer into it away.
+class val_entries
+{
+public:
+    using list = std::vector<std::shared_ptr<val_entry>>;
+
+    val_entries() = default;
+    val_entries(val_entries const &source);
+    val_entries &operator=(val_entries const &source) = delete;
+    val_entries(val_entries &&) = default;
+    val_entries &operator=(val_entries &&) = default;
+    ~val_entries() = default;
+
+    [[nodiscard]] std::size_t size() const { return f_size; }
+    [[nodiscard]] bool empty() const { return f_size == 0; }
+    [[nodiscard]] val_entry const &operator[](std::size_t index) const
+    {
+        return *f_blocks[index / c_block]->entries[index % c_block];
+    }
+    /// To write to, at once.
+    [[nodiscard]] val_entry &edit(std::size_t index);
+    /// To give a pointer into it away.
+    [[nodiscard]] val_entry &expose(std::size_t index);
+    void append(std::shared_ptr<val_entry> entry);
+    /// All entries at once, for changes of their number and order: they are taken out and put back.
+    [[nodiscard]] list take();
+    void put(list entries);
+
+private:
+    static constexpr std::size_t c_block = 256;
+    struct block
+    {
+        list entries;
+        bool exposed = false; ///< one of the entries is
+    };
+    [[nodiscard]] block &own_block(std::size_t index);
+
+    std::vector<std::shared_ptr<block>> f_blocks; ///< all full but the last
+    std::size_t f_size = 0;
+};
+
 struct other_entry
 {
     explicit other_entry(style_kind kind) : prm(kind) {}
@@ -77,7 +119,7 @@ public:
     [[nodiscard]] unsigned size() const { return static_cast<unsigned>(f_entries.size()); }
     [[nodiscard]] val_entry const *at(unsigned index) const
     {
-        return index < size() ? f_entries[index].get() : nullptr;
+        return index < size() ? &f_entries[index] : nullptr;
     }
     /// To write to, at once: the pointer is not kept beyond the next call.
     [[nodiscard]] val_entry *edit(unsigned index);
@@ -105,10 +147,7 @@ public:
     friend bool operator==(val_scale const &a, val_scale const &b);
 
 private:
-    using entry_list = std::vector<std::shared_ptr<val_entry>>;
-    [[nodiscard]] static entry_list share(entry_list const &entries);
-
-    entry_list f_entries;
+    val_entries f_entries;
     int f_active = -1;
     unsigned f_marked = 0; ///< how many entries are marked
     static constexpr std::size_t c_short = 16;
@@ -130,7 +169,7 @@ private:
 
     void build_index() const;
     [[nodiscard]] slot &slot_of(std::string_view text, std::uint32_t hash) const;
-    void set_entry_list(entry_list entries, int active);
+    void take_over(val_entries entries, unsigned marked, int active);
 };
 
 struct rng_entry
