@@ -348,7 +348,8 @@ void Tvx_rng_edit::show_row_line()
     auto const count = std::to_wstring((*counts)[static_cast<unsigned>(row)]);
     auto const others = std::to_wstring(counts->back());
     f_row_line->SetHint(vx_res_format_w(c_scl_row_hint_counted, {holds, count, others}));
-    fit_row_line({vx_res_format_w(c_scl_row_counted_others, {holds, count, others}),
+    fit_row_line({vx_res_format_w(c_scl_row_counted_objects, {holds, count, others}),
+                  vx_res_format_w(c_scl_row_counted_others, {holds, count, others}),
                   vx_res_format_w(c_scl_row_counted, {holds, count}), count});
 }
 

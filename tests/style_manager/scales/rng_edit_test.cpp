@@ -516,10 +516,10 @@ TEST_F(rng_edit, tells_what_the_current_row_holds)
     cells_read = 0;
     EXPECT_EQ(line(), L"x ≤ 0.00");
     EXPECT_EQ(cells_read, 0) << "nobody has asked yet";
-    std::pair<int, wchar_t const *> const lines[] = {{2, L"0.00 < x ≤ 9.00: 1, other values: 2"},
-                                                     {3, L"10.00 < x ≤ 20.00: 2, other values: 2"},
-                                                     {4, L"x > 20.00: 3, other values: 2"},
-                                                     {1, L"x ≤ 0.00: 1, other values: 2"}};
+    std::pair<int, wchar_t const *> const lines[] = {{2, L"0.00 < x ≤ 9.00: objects 1, other values 2"},
+                                                     {3, L"10.00 < x ≤ 20.00: objects 2, other values 2"},
+                                                     {4, L"x > 20.00: objects 3, other values 2"},
+                                                     {1, L"x ≤ 0.00: objects 1, other values 2"}};
     for (auto const &[row, text] : lines) {
         ASSERT_TRUE(click(caption, row));
         EXPECT_EQ(line(), text);
@@ -528,13 +528,16 @@ TEST_F(rng_edit, tells_what_the_current_row_holds)
     type(caption, 3, L"x\n");
     EXPECT_EQ(cells_read, 9) << "kept through what moves no object";
     type(upper, 2, L"10\n");
-    EXPECT_EQ(line(), L"0.00 < x ≤ 10.00: 2, other values: 1");
+    EXPECT_EQ(line(), L"0.00 < x ≤ 10.00: objects 2, other values 1");
     EXPECT_EQ(cells_read, 18);
     values.emplace_back(3.0);
     edit->update_controls(); // the owner has other data
-    EXPECT_EQ(line(), L"0.00 < x ≤ 10.00: 3, other values: 1");
+    EXPECT_EQ(line(), L"0.00 < x ≤ 10.00: objects 3, other values 1");
     EXPECT_EQ(cells_read, 28);
     // Little room takes the less important away, never a part of a number.
+    form.SetWidth(460);
+    input::wait_idle();
+    EXPECT_EQ(line(), L"0.00 < x ≤ 10.00: objects 3, other values 1");
     form.SetWidth(290);
     input::wait_idle();
     EXPECT_EQ(line(), L"3");
