@@ -1,6 +1,7 @@
 #include "host/tour.h"
 
 #include "captions/forms.h"
+#include "controls/forms/apply_form.h"
 #include "exports/vxk_lr2d_edit_form_api.h"
 #include "host/attribute_table.h"
 #include "host/captions.h"
@@ -13,18 +14,25 @@
 #include "host/layer_style.h"
 #include "host/map_canvas.h"
 #include "host/map_window.h"
+#include "layer_edit/form/lr2d_edit_form.h"
+#include "scale_engine/range/range_scale_default.h"
+#include "style_manager/shell/stl_mngr_edit.h"
 #include "user_input/user_hand.h"
 #include "user_input/user_input.h"
 
+#include "platform/base/owned.h"
 #include "platform/basic/vx_res.h"
 #include "platform/layers/layer_keys.h"
 #include "platform/layers/vx_shp_lr2d.h"
 #include "platform/styles/vx_base_style.h"
+#include "platform/styles/vx_rng_scale.h"
 #include "platform/styles/vx_stl_mngr.h"
 #include "platform/styles/vx_stl_prm.h"
 #include "platform/styles/vx_style.h"
+#include "platform/styles/vx_style_keys.h"
 #include "platform/toolkit/bridge/qt_bridge.h"
 #include "platform/toolkit/core/form.h"
+#include "platform/toolkit/core/key_codes.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -48,6 +56,7 @@ namespace {
 constexpr QSize c_window_size{1360, 860};
 constexpr int c_title_height = 28;
 constexpr int c_message_check_ms = 30;
+constexpr unsigned c_tour_ranges = 10;
 
 struct layer_kind
 {
@@ -72,6 +81,19 @@ constexpr layer_kind c_kinds[] = {
     {c_lr_key_shp_pgnz_sub, "Polygons with z", nullptr},
     {"foreign_lr2d", "Of another program", nullptr},
 };
+
+/// The first control of the class that is seen, at or below one; null for none.
+template <class T>
+T *find_control(TWinControl *control)
+{
+    if (auto *const found = dynamic_cast<T *>(control); found && found->GetShowing())
+        return found;
+    for (int i = 0; i < control->GetControlCount(); ++i)
+        if (auto *const child = dynamic_cast<TWinControl *>(control->GetControls(i)))
+            if (auto *const found = find_control<T>(child))
+                return found;
+    return nullptr;
+}
 
 /// A window with a title bar, which the window system would draw.
 void draw_window(QPainter &painter, QWidget &window)
@@ -117,6 +139,7 @@ bool Tvx_tour::run(QStringList const &files)
         show_navigation();
         show_layer_kinds();
         show_apply();
+        show_range_editor();
         show_style_dialog();
         show_broken_file();
     }
@@ -153,10 +176,8 @@ void Tvx_tour::show_example_maps()
 
 void Tvx_tour::show_scales()
 {
-    // Beside a copy: the example data are not the tour's to write into.
     QTemporaryDir const folder;
-    for (char const *name : {"nc.shp", "nc.shx", "nc.dbf", "nc.prj"})
-        check(QFile::copy(f_data + "/" + name, folder.filePath(name)), QString("cannot copy ") + name);
+    copy_counties(folder.path());
     vx_layer_restart_default_styles();
     if (f_window.open_files({folder.filePath("nc.shp")}) != 1) {
         check(false, "the copy of the counties was not opened");
@@ -339,18 +360,56 @@ void Tvx_tour::show_apply()
     vx_bpln_style_set_color(vx_pgn_style_get_bpln_style_ptr(style), vx_clr_init_rgb(0x1f, 0x5c, 0x2e));
     check(canvas.settled_picture() == before, "the map changes before Apply");
 
-    QAbstractButton *apply = nullptr;
-    if (QWidget *editor = editor_window())
-        for (auto *button : editor->findChildren<QAbstractButton *>())
-            if (button->isVisible() &&
-                button->text() == QString::fromWCharArray(vx_res_get_wstr(c_caption_apply)))
-                apply = button;
-    check(apply, "the editor has no Apply button");
+    QAbstractButton *const apply = apply_button();
     if (!apply)
         return;
     hand::click(apply, apply->rect().center());
     check(canvas.settled_picture() != before, "Apply does not change the map");
     shoot_screen("screen_after_apply");
+    f_window.editor().close();
+}
+
+/// Counties by births in ten ranges: the editor takes the scale from a file that lies beside the layer.
+void Tvx_tour::show_range_editor()
+{
+    remove_all_layers();
+    QTemporaryDir const folder;
+    copy_counties(folder.path());
+    QString const file = folder.filePath("nc.shp");
+    vx::owned<void, &vx_stl_mngr_destroy> const manager(vx_stl_mngr_create(c_pgn_style));
+    vx::task::range_scale_default const ranges(vx::data::connection(file.toStdWString().c_str()), L"BIR74",
+                                               c_palette_blue_white_red);
+    check(ranges.execute(manager.get(), c_tour_ranges), "the ranges cannot be saved");
+    if (f_window.open_files({file}) != 1) {
+        check(false, "the copy of the counties was not opened");
+        return;
+    }
+    open_properties_of(0);
+    auto *const form = f_window.editor().handle() ? f_window.editor().handle()->get_form() : nullptr;
+    auto *const manager_edit = form ? find_control<Tvx_stl_mngr_edit>(form) : nullptr;
+    check(manager_edit, "the editor has no page of styles");
+    if (!manager_edit)
+        return;
+    namespace input = vx::user_input;
+    auto *const edit = manager_edit->get_rng_edit();
+    check(input::choose_item(manager_edit->get_mode_edit()->get_combo_box(), c_style_mode_range),
+          "the mode cannot be chosen");
+    input::on_next_modal([&folder](input::modal_window const &) {
+        input::press('A', {ssCtrl});
+        input::type(UnicodeString(folder.filePath("nc.BIR74._rg").toStdWString()));
+        input::press(VK_RETURN);
+    });
+    check(input::click(edit->get_tool_panel()->get_open_btn()), "the scale cannot be opened");
+    check(input::choose_item(edit->get_prp_scale()->get_combo_box(), L"BIR74"), "no field BIR74");
+    check(input::click_cell(edit->get_grid(), 3, 3), "the grid of ranges is not seen");
+    QAbstractButton *const apply = apply_button();
+    if (!apply)
+        return;
+    hand::click(apply, apply->rect().center());
+    check(vx_rng_scale_get_size(vx_stl_mngr_get_rng_scale_ptr(
+              vx_shp_lr2d_get_stl_mngr_ptr(f_window.layers().layer_at(0)))) == c_tour_ranges,
+          "Apply does not bring the ranges to the map");
+    shoot_screen("screen_ranges");
     f_window.editor().close();
 }
 
@@ -384,6 +443,24 @@ void Tvx_tour::show_broken_file()
 }
 
 // ---- steps
+
+QAbstractButton *Tvx_tour::apply_button()
+{
+    if (QWidget *editor = editor_window())
+        for (auto *button : editor->findChildren<QAbstractButton *>())
+            if (button->isVisible() &&
+                button->text() == QString::fromWCharArray(vx_res_get_wstr(c_caption_apply)))
+                return button;
+    check(false, "the editor has no Apply button");
+    return nullptr;
+}
+
+/// The example data are not the tour's to write into.
+void Tvx_tour::copy_counties(QString const &folder)
+{
+    for (char const *name : {"nc.shp", "nc.shx", "nc.dbf", "nc.prj"})
+        check(QFile::copy(f_data + "/" + name, folder + "/" + name), QString("cannot copy ") + name);
+}
 
 void Tvx_tour::close_message()
 {

@@ -30,10 +30,15 @@ private:
     [[nodiscard]] class QMenu *open_draw_by_menu();
     void show_layer_kinds();
     void show_apply();
+    void show_range_editor();
     void show_style_dialog();
     void show_broken_file();
 
     bool open_example(QStringList const &names);
+    /// Copies the files of the counties into the folder.
+    void copy_counties(QString const &folder);
+    /// The button of the editor's window; null and a failure when it is not there.
+    [[nodiscard]] class QAbstractButton *apply_button();
     void remove_all_layers();
     void open_properties_of(int row);
     /// The window of the editor; null and a failure when it is not on the screen.
