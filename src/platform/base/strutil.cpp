@@ -2,12 +2,14 @@
 
 #include "platform/base/owned.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
 #include <cwchar>
 #include <locale.h>
+#include <string_view>
 
 namespace vx::strutil {
 namespace {
@@ -24,6 +26,23 @@ double kept_if_small(double value)
         errno = 0;
     return value;
 }
+
+/// The system's printf takes the argument of "%s" for bytes, in wide formats too.
+std::wstring with_wide_texts(wchar_t const *format)
+{
+    std::wstring_view const text = format;
+    std::wstring result;
+    for (std::size_t at = 0; at < text.size();) {
+        std::size_t end = at + 1;
+        if (text[at] == L'%')
+            end = std::min(text.find_first_not_of(L"-+ #0123456789.*", end), text.size() - 1) + 1;
+        result += text.substr(at, end - at);
+        if (text[at] == L'%' && result.back() == L's')
+            result.insert(result.size() - 1, 1, L'l');
+        at = end;
+    }
+    return result;
+}
 } // namespace
 
 double to_double(char const *text, char **end)
@@ -38,6 +57,7 @@ double to_double(wchar_t const *text, wchar_t **end)
 
 std::wstring format(wchar_t const *format, ...)
 {
+    std::wstring const wide = with_wide_texts(format);
     // A stream in memory measures and keeps the text in one pass.
     wchar_t *buffer = nullptr;
     std::size_t length = 0;
@@ -46,7 +66,7 @@ std::wstring format(wchar_t const *format, ...)
         return {};
     va_list arguments;
     va_start(arguments, format);
-    bool const good = std::vfwprintf(stream, format, arguments) > 0;
+    bool const good = std::vfwprintf(stream, wide.c_str(), arguments) > 0;
     va_end(arguments);
     std::fclose(stream);
     vx::owned<wchar_t, &std::free> const owned(buffer);

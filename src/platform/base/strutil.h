@@ -84,6 +84,7 @@ auto to_numeric_safe(Function function, Char const *text, bool *ok)
 VX_API double to_double(char const *text, char **end);
 VX_API double to_double(wchar_t const *text, wchar_t **end);
 
-/// What the wide `printf` makes of the format and the arguments; empty when it makes nothing.
+/// What the wide `printf` makes of the format and the arguments; empty when it makes nothing. "%s" stands for
+/// a wide text, as "%ls" does: so a template serves the 8-bit `printf` with texts of its kind as well.
 [[nodiscard]] VX_API std::wstring format(wchar_t const *format, ...);
 } // namespace vx::strutil

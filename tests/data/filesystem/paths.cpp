@@ -168,6 +168,9 @@ TEST(text, utilities)
     EXPECT_EQ(Tutils::str_dos2win("\x8F\xE0\xA8\xA2\xA5\xE2"), "Привет");
     EXPECT_EQ(Tutils::str_win2dos(Tutils::str_dos2win("\x8F\xE0")), "\x8F\xE0");
     EXPECT_EQ(Tutils::str_rus2eng_simple("\xCC\xEE\xF1\xEA\xE2\xE0 \xA8\xB8 \xDA"), "Moskva Ee _");
+    EXPECT_EQ(vx::strutil::format(L"%s %ls %3s|%-3s|%hs%% %d%%s", L"Ж", L"b", L"c", L"d", "e", 7),
+              L"Ж b   c|d  |e% 7%s");
+    EXPECT_EQ(vx::strutil::format(L""), L"");
     using vx::strutil::split_any;
     EXPECT_EQ(split_any(std::string("a,;b,"), ",;"), (std::vector<std::string>{"a", "", "b", ""}));
     EXPECT_EQ(split_any(std::string("a,;b,"), ",;", 1), (std::vector<std::string>{"a", "b"}));

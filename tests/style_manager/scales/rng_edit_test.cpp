@@ -1,3 +1,4 @@
+#include "captions/style_manager.h"
 #include "style_manager/scales/rng_edit.h"
 #include "style_manager/scales/rng_edit_btn.h"
 #include "support/temp_dir.h"
@@ -5,7 +6,9 @@
 
 #include "platform/base/owned.h"
 #include "platform/base/string_adp.h"
+#include "platform/base/text_codec.h"
 #include "platform/basic/vx_options.h"
+#include "platform/basic/vx_res.h"
 #include "platform/styles/vxk_styles.h"
 #include "platform/toolkit/core/key_codes.h"
 #include "platform/toolkit/core/strings.h"
@@ -28,6 +31,14 @@ enum : int
     style,
     sel_style
 };
+
+template <class... Texts>
+std::wstring narrow(int caption_number, Texts... texts)
+{
+    char filled[100];
+    std::snprintf(filled, sizeof filled, vx_res_get_str(caption_number), texts...);
+    return vx::text::to_wide(filled);
+}
 
 /// An editor over a table with a geometry, a text and a number.
 class rng_edit : public prop_form
@@ -229,6 +240,10 @@ TEST_F(rng_edit, makes_ten_ranges_of_the_chosen_field)
         EXPECT_EQ(read(&vx_rng_scale_get_min_caption_w), english ? L"up to 0.00" : L"до 0.00");
         EXPECT_EQ(read(&vx_rng_scale_get_caption_w, 3U), L"75.00 - 100.00");
         EXPECT_EQ(read(&vx_rng_scale_get_max_caption_w), english ? L"above 250.00" : L"более 250.00");
+        // The templates serve 8-bit texts as well.
+        EXPECT_EQ(narrow(c_caption_range_below, "0.00"), read(&vx_rng_scale_get_min_caption_w));
+        EXPECT_EQ(narrow(c_caption_range_between, "75.00", "100.00"), L"75.00 - 100.00");
+        EXPECT_EQ(narrow(c_caption_range_above, "250.00"), read(&vx_rng_scale_get_max_caption_w));
     }
     EXPECT_STREQ(vx_stl_mngr_get_rng_prop_name(mngr.get()), "Births");
     // Without data the scale stays; without values there is still something to edit.
