@@ -12,6 +12,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QMessageBox>
+#include <QProcess>
 #include <QTimer>
 #include <QTreeView>
 
@@ -85,6 +86,22 @@ protected:
         for (char const *name : names)
             paths.append(example_file(name));
         return window->open_files(paths);
+    }
+
+    /// Another process opens the map and shows what this window showed, to the pixel; `shots` is a folder
+    /// for its pictures.
+    void expect_shown_elsewhere(QString const &map, QImage const &shown, QString const &shots)
+    {
+        QProcess other;
+        other.start(QCoreApplication::applicationDirPath() + "/vx_map", {"--headless", "--shot", shots, map});
+        ASSERT_TRUE(other.waitForFinished(60000));
+        EXPECT_EQ(other.exitCode(), 0) << other.readAllStandardError().toStdString();
+        QImage const shot(shots + "/01_map.png");
+        QRect const place(canvas().mapTo(window.get(), QPoint()), canvas().size());
+        QRect const inside = place.adjusted(2, 2, -2, -2); // without the frame of the focus
+        ASSERT_TRUE(shot.rect().contains(inside));
+        EXPECT_EQ(shot.copy(inside).convertToFormat(QImage::Format_RGB32),
+                  shown.copy(inside.translated(-place.topLeft())).convertToFormat(QImage::Format_RGB32));
     }
 
     std::unique_ptr<Tvx_map_window> window;
