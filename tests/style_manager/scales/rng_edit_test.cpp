@@ -14,6 +14,7 @@
 #include "platform/toolkit/core/strings.h"
 #include "platform/toolkit/graphics/bitmap.h"
 
+#include <functional>
 #include <limits>
 #include <optional>
 
@@ -320,6 +321,44 @@ TEST_F(rng_edit, an_edit_that_is_none_leaves_the_value_unrounded)
         ASSERT_TRUE(input::press(VK_F2));
         EXPECT_FALSE(grid->GetEditorMode()) << col << ' ' << row;
     }
+}
+
+TEST_F(rng_edit, what_is_being_typed_is_taken_before_anything_else)
+{
+    auto *const panel = edit->get_tool_panel();
+    values = {0.0, 100.0};
+    next_file = (dir.path() / "typed._rg").wstring();
+    struct
+    {
+        char const *what;
+        std::function<bool()> act;
+        std::string bounds;
+    } const cases[] = {
+        {"insert", [&] { return input::click(panel->get_ins_btn()); }, "<0 0..5 5..5.5 5.5..6 5.5..20 >20"},
+        {"mark", [&] { return click(mark, 4); }, "<0 0..5 5..6 5.5..20 >20"},
+        {"delete", [&] { return click(mark, 3) && input::click(panel->get_del_btn()); },
+         "<0 0..5 5.5..20 >20"},
+        {"move", [&] { return input::drag_cell(edit->get_grid(), mark, 3, mark, 2); },
+         "<0 5..6 0..5 5.5..20 >20"},
+        {"hide", [&] { return click(visible, 2); }, "<0 0..5 5..6 5.5..20 >20"},
+        {"save", [&] { return input::click(panel->get_save_btn()) && input::click(panel->get_open_btn()); },
+         "<0 0..5 5..6 5.5..20 >20"},
+        {"next cell", [&] { return input::press(VK_TAB); }, "<0 0..5 5..6 5.5..20 >20"},
+        {"next row", [&] { return input::press(VK_DOWN); }, "<0 0..5 5..6 5.5..20 >20"},
+    };
+    for (auto const &c : cases) {
+        fill({0, 5, 5.5, 20});
+        type(upper, 3, L"6");
+        EXPECT_EQ(taken_events(), 0) << c.what;
+        EXPECT_TRUE(c.act()) << c.what;
+        EXPECT_EQ(bounds(), c.bounds) << c.what;
+        taken_events();
+    }
+    // A field makes another scale: what was typed into the former one goes with it.
+    vx_stl_mngr_set_just_loaded(mngr.get(), false);
+    type(upper, 3, L"6");
+    ASSERT_TRUE(input::choose_item(edit->get_prp_scale()->get_combo_box(), L"Births"));
+    EXPECT_EQ(vx_rng_scale_get_max(scale(), 1), 20);
 }
 
 TEST_F(rng_edit, captions_are_taken_without_a_report)
