@@ -3,21 +3,12 @@
 // scrolling and marking. Measured in turn in one run, by the processor's time; the least counts.
 
 #include "data/source/generic_datasource.h"
-#include "layer_edit/shape/shp_lr2d_edit.h"
-#include "sample_table.h"
+#include "page_window.h"
 
 #include "platform/base/owned.h"
 #include "platform/base/text_codec.h"
 #include "platform/data/vx_attr_data.h"
 #include "platform/dialogs/vx_dlg_table.h"
-#include "platform/layers/vx_shp_lr2d.h"
-#include "platform/styles/vxk_styles.h"
-#include "platform/toolkit/bridge/qt_widgets.h"
-#include "platform/toolkit/core/form.h"
-
-#include <QApplication>
-#include <QMouseEvent>
-#include <QWidget>
 
 #include <set>
 
@@ -25,9 +16,9 @@ using namespace vx_bench;
 
 namespace {
 constexpr int c_codes = 42'049; ///< synthetic postal codes
-using owned_layer = vx::owned<Ivx_layer, &vx_lr2d_destroy>;
 using owned_data = vx::owned<Ivx_attr_data, &vx_attr_data_release>;
 using owned_table = vx::owned<Ivx_attr_files, &vx_attr_files_close>;
+using value_window = page_window<c_stl_mngr_mode_value>;
 using owned_mngr = vx::owned<void, &vx_stl_mngr_destroy>;
 
 /// As many points as there are codes, each with its own, in no order.
@@ -57,61 +48,6 @@ std::string code_file()
     (void)set->CommitTransaction();
     return file;
 }
-
-/// The page of a point layer on a window of its own.
-class page_window
-{
-public:
-    explicit page_window(owned_layer layer)
-        : f_layer(std::move(layer)), f_page(new Tvx_shp_pnt_lr2d_edit(&f_form))
-    {
-        f_form.SetBounds(50, 50, 480, 600);
-        f_page->SetParent(&f_form);
-        f_page->create();
-        f_page->SetAlign(alClient);
-        f_page->load_res();
-        void *const mngr = vx_shp_lr2d_get_stl_mngr_ptr(f_layer.get());
-        vx_stl_mngr_set_mode(mngr, c_stl_mngr_mode_value);
-        f_page->set_lr2d(f_layer.get());
-        f_page->update_controls();
-        f_form.Show();
-        QApplication::processEvents();
-    }
-    Tvx_val_edit *edit() { return f_page->get_stl_mngr_edit()->get_val_edit(); }
-    Tvx_val_grid *grid() { return edit()->get_grid(); }
-    unsigned entries() { return vx_val_scale_get_size(grid()->get_scale()); }
-    /// As the click on the line of the list does, to the picture.
-    void choose(wchar_t const *field)
-    {
-        auto *const box = edit()->get_prp_scale();
-        box->set_prop_name(field);
-        box->on_changed(box);
-        QApplication::processEvents();
-        grid()->Update();
-    }
-    void paint()
-    {
-        grid()->Invalidate();
-        grid()->Update();
-    }
-    void click_mark(int row)
-    {
-        TRect const cell = grid()->CellRect(0, row);
-        QPointF const at(cell.CenterPoint().X, cell.CenterPoint().Y);
-        auto *const widget = vx_qt_widget(grid());
-        for (auto const type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-            QMouseEvent event(type, at, widget->mapToGlobal(at), Qt::LeftButton,
-                              type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton,
-                              Qt::NoModifier);
-            QApplication::sendEvent(widget, &event);
-        }
-    }
-
-private:
-    TForm f_form{nullptr};
-    owned_layer f_layer;
-    Tvx_shp_pnt_lr2d_edit *f_page;
-};
 
 void build_plain(std::wstring const &source, wchar_t const *field, void *mngr)
 {
@@ -145,7 +81,7 @@ void compare_codes()
     pair_of_times least;
     for (int i = 0; i < 9; ++i) {
         two_times const a = measure(plain);
-        page_window window(owned_layer(vx_shp_lr2d_create("shp_pnt_lr2d", source.c_str())));
+        value_window window(owned_layer(vx_shp_lr2d_create("shp_pnt_lr2d", source.c_str())));
         two_times const b = measure([&] { window.choose(L"code"); });
         if (window.entries() != c_codes)
             std::abort();
@@ -173,7 +109,7 @@ void compare_classes(char const *driver, char const *file)
                 std::abort();
             return values;
         });
-        page_window window(owned_layer(vx_shp_lr2d_create("shp_pnt_lr2d", source.c_str())));
+        value_window window(owned_layer(vx_shp_lr2d_create("shp_pnt_lr2d", source.c_str())));
         two_times const b = measure([&] { window.choose(L"text2000"); });
         if (window.entries() != 2000)
             std::abort();
@@ -200,8 +136,8 @@ owned_layer layer_with(unsigned entries)
 
 void compare_lengths()
 {
-    page_window few(layer_with(100)), many(layer_with(100'000));
-    auto const repeat = [](page_window &window, auto act) {
+    value_window few(layer_with(100)), many(layer_with(100'000));
+    auto const repeat = [](value_window &window, auto act) {
         return [&window, act] {
             for (int i = 0; i < 50; ++i)
                 act(window, i);
@@ -210,20 +146,20 @@ void compare_lengths()
     auto const run = [&](char const *what, double bound, auto act) {
         print(what, compare(repeat(few, act), repeat(many, act), 9), bound);
     };
-    run("50 repaints, 100,000 against 100", 1.2, [](page_window &window, int) { window.paint(); });
-    run("50 marks, 100,000 against 100", 1.5, [](page_window &window, int i) {
+    run("50 repaints, 100,000 against 100", 1.2, [](value_window &window, int) { window.paint(); });
+    run("50 marks, 100,000 against 100", 1.5, [](value_window &window, int i) {
         window.click_mark(1 + i % 10);
         window.paint();
     });
     // Back and forth over the last 2,000 that were shown, against as many repaints of what stands there.
-    auto const page = [](page_window &window, int i) {
+    auto const page = [](value_window &window, int i) {
         window.grid()->SetTopRow(1 + 20 * (i % 100));
         window.grid()->Update();
     };
     for (int i = 0; i < 100; ++i)
         page(many, i);
     print("50 pages of samples at hand, against repaints",
-          compare(repeat(many, [](page_window &window, int) { window.paint(); }), repeat(many, page), 9), 2);
+          compare(repeat(many, [](value_window &window, int) { window.paint(); }), repeat(many, page), 9), 2);
 }
 } // namespace
 
