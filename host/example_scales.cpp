@@ -34,7 +34,7 @@ using owned_xml = vx::owned<Ivx_xml_data, &vx_xml_save_2d_destroy>;
 constexpr Tvx_color c_area_colors[] = {
     vx_clr_init_rgb(0xa8, 0xc8, 0xe4), vx_clr_init_rgb(0xf8, 0xcf, 0x9c), vx_clr_init_rgb(0xb4, 0xdb, 0xae),
     vx_clr_init_rgb(0xf0, 0xb4, 0xb0), vx_clr_init_rgb(0xcf, 0xc0, 0xe2), vx_clr_init_rgb(0xf2, 0xe3, 0x9a),
-    vx_clr_init_rgb(0xc9, 0xc3, 0xbb),
+    vx_clr_init_rgb(0xc9, 0xc3, 0xbb), vx_clr_init_rgb(0xb5, 0xde, 0xdb),
 };
 constexpr Tvx_color c_point_colors[] = {
     vx_clr_init_rgb(0xc2, 0x50, 0x00), vx_clr_init_rgb(0x00, 0x72, 0xb2), vx_clr_init_rgb(0x00, 0x8a, 0x63),
@@ -95,12 +95,10 @@ void make_values(void *manager, Ivx_attr_data *data, example const &about)
     void *const scale = vx_stl_mngr_get_val_scale_ptr(manager);
     owned_table const table(vx_attr_files_open(data, 1, 0));
     int const field = vx_attr_files_get_field_index_w(table.get(), about.value_field);
-    std::set<std::wstring> seen;
-    for (unsigned record = 0; field >= 0 && record < vx_attr_files_get_no(table.get()); ++record) {
-        std::wstring const text =
-            vx_attr_files_get_wstr(table.get(), static_cast<unsigned>(field), record, nullptr);
-        if (!seen.insert(text).second)
-            continue;
+    std::set<std::wstring> values;
+    for (unsigned record = 0; field >= 0 && record < vx_attr_files_get_no(table.get()); ++record)
+        values.insert(vx_attr_files_get_wstr(table.get(), static_cast<unsigned>(field), record, nullptr));
+    for (std::wstring const &text : values) {
         unsigned const i = vx_val_scale_add(scale) - 1;
         vx_val_scale_set_text_w(scale, i, text.c_str());
         vx_val_scale_set_caption_w(scale, i, text.c_str());
@@ -115,6 +113,7 @@ void make_ranges(void *manager, example const &about)
     void *const simple = vx_stl_mngr_get_simple_sp_ptr(manager);
     void *const scale = vx_stl_mngr_get_rng_scale_ptr(manager);
     unsigned const size = static_cast<unsigned>(about.bounds.size()) - 1;
+    vx_rng_scale_set_round_digits(scale, 0);
     vx_rng_scale_set_size(scale, size);
     vx_rng_scale_set_min_value(scale, about.bounds.front());
     vx_rng_scale_set_max_value(scale, about.bounds.back());

@@ -317,7 +317,7 @@ TEST_F(map_scene, classes_are_listed_with_a_tick_that_the_map_follows)
     ASSERT_NO_FATAL_FAILURE(make_map());
     ASSERT_EQ(layers().rowCount(layers().index(0)), 7) << "below, 4 ranges, above, other values";
     EXPECT_TRUE(list()->isExpanded(layers().index(0)));
-    EXPECT_EQ(layers().data(class_at(0, 1), Qt::DisplayRole).toString(), "500.00 - 1000.00");
+    EXPECT_EQ(layers().data(class_at(0, 1), Qt::DisplayRole).toString(), "500 - 1000");
     EXPECT_EQ(layers().data(class_at(0, 6), Qt::DisplayRole).toString(), "Other values");
     EXPECT_FALSE(layers().data(class_at(0, 1), Qt::DecorationRole).value<QIcon>().isNull());
 
