@@ -1,6 +1,5 @@
 #include "host/tour.h"
 
-#include "captions/forms.h"
 #include "controls/forms/apply_form.h"
 #include "exports/vxk_lr2d_edit_form_api.h"
 #include "host/attribute_table.h"
@@ -14,6 +13,8 @@
 #include "host/layer_style.h"
 #include "host/map_canvas.h"
 #include "host/map_window.h"
+#include "host/tour_controls.h"
+#include "host/tour_maps.h"
 #include "layer_edit/form/lr2d_edit_form.h"
 #include "scale_engine/range/range_scale_default.h"
 #include "style_manager/shell/stl_mngr_edit.h"
@@ -21,7 +22,6 @@
 #include "user_input/user_input.h"
 
 #include "platform/base/owned.h"
-#include "platform/basic/vx_res.h"
 #include "platform/layers/layer_keys.h"
 #include "platform/layers/vx_shp_lr2d.h"
 #include "platform/styles/vx_base_style.h"
@@ -34,28 +34,23 @@
 #include "platform/toolkit/core/form.h"
 #include "platform/toolkit/core/key_codes.h"
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMessageBox>
-#include <QPainter>
-#include <QScreen>
-#include <QTabBar>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTreeView>
 
-#include <cstdio>
+#include <cmath>
 
 namespace hand = vx::user_hand;
 
 namespace {
 constexpr QSize c_window_size{1360, 860};
-constexpr int c_title_height = 28;
-constexpr int c_message_check_ms = 30;
+/// For pictures with the editor beside the map, which documents show.
+constexpr QSize c_small_window_size{900, 600};
 constexpr unsigned c_tour_ranges = 10;
 
 struct layer_kind
@@ -82,40 +77,7 @@ constexpr layer_kind c_kinds[] = {
     {"foreign_lr2d", "Of another program", nullptr},
 };
 
-/// The first control of the class that is seen, at or below one; null for none.
-template <class T>
-T *find_control(TWinControl *control)
-{
-    if (auto *const found = dynamic_cast<T *>(control); found && found->GetShowing())
-        return found;
-    for (int i = 0; i < control->GetControlCount(); ++i)
-        if (auto *const child = dynamic_cast<TWinControl *>(control->GetControls(i)))
-            if (auto *const found = find_control<T>(child))
-                return found;
-    return nullptr;
-}
-
-/// A window with a title bar, which the window system would draw.
-void draw_window(QPainter &painter, QWidget &window)
-{
-    QRect const body(window.mapToGlobal(QPoint(0, 0)), window.size());
-    QRect const title(body.left(), body.top() - c_title_height, body.width(), c_title_height);
-    painter.fillRect(body.united(title).adjusted(-1, -1, 1, 1), QColor(0x4a, 0x55, 0x62));
-    painter.setPen(Qt::white);
-    QString text = window.windowTitle();
-    text.replace("[*]", window.isWindowModified() ? "*" : "");
-    painter.drawText(title.adjusted(10, 0, -10, 0), Qt::AlignVCenter | Qt::AlignLeft, text);
-    painter.drawPixmap(body.topLeft(), window.grab());
-}
 } // namespace
-
-Tvx_tour::Tvx_tour(Tvx_map_window &window, QString data_directory, QString picture_directory)
-    : f_window(window), f_data(std::move(data_directory)), f_pictures(std::move(picture_directory))
-{
-    // Nobody else is there to close a message.
-    QObject::connect(&f_messages, &QTimer::timeout, [this] { close_message(); });
-    f_messages.start(c_message_check_ms);
-}
 
 bool Tvx_tour::run(QStringList const &files)
 {
@@ -140,6 +102,7 @@ bool Tvx_tour::run(QStringList const &files)
         show_layer_kinds();
         show_apply();
         show_range_editor();
+        show_maps();
         show_style_dialog();
         show_broken_file();
     }
@@ -177,7 +140,7 @@ void Tvx_tour::show_example_maps()
 void Tvx_tour::show_scales()
 {
     QTemporaryDir const folder;
-    copy_counties(folder.path());
+    copy_example("nc", folder.path());
     vx_layer_restart_default_styles();
     if (f_window.open_files({folder.filePath("nc.shp")}) != 1) {
         check(false, "the copy of the counties was not opened");
@@ -252,13 +215,13 @@ void Tvx_tour::show_objects()
     hand::click(&canvas, {int(wake.x), int(wake.y)});
     check(hand::wait_until([this] { return f_window.identify().isVisible(); }), "a click names nothing");
     check(table && table->selected_records().size() == 1, "a click on the map selects nothing in the table");
-    shoot_screen("what_is_here_and_table");
+    shoot_windows("what_is_here_and_table");
     hand::press(&canvas, Qt::Key_Escape);
     if (table) {
         hand::press(table->view(), Qt::Key_Home, Qt::ControlModifier);
         hand::press(table->view(), Qt::Key_Down, Qt::ShiftModifier);
         hand::press(table->view(), Qt::Key_Down, Qt::ShiftModifier);
-        shoot_screen("selected_in_the_table");
+        shoot_windows("selected_in_the_table");
     }
     hand::press(&canvas, Qt::Key_F6);
     check(f_window.new_scene(), "a map that was only looked at is not closed");
@@ -271,6 +234,7 @@ void Tvx_tour::show_navigation()
     Tvx_map_canvas &canvas = f_window.canvas();
     QTreeView *list = f_window.panel().view();
 
+    check(wait_for_map(), "the map is not drawn in time");
     double const before = canvas.view().units_per_pixel();
     Tvx_screen_point const europe = canvas.view().to_screen({12, 48});
     QPoint const place{int(europe.x), int(europe.y)};
@@ -278,6 +242,8 @@ void Tvx_tour::show_navigation()
     check(canvas.view().units_per_pixel() < before, "the wheel does not zoom");
     hand::drag(&canvas, place, QPoint(canvas.width() / 2, canvas.height() / 2));
     hand::move(&canvas, QPoint(canvas.width() / 2, canvas.height() / 2));
+    Tvx_pnt_d2 const middle = canvas.view().center();
+    check(std::abs(middle.x - 12) < 1 && std::abs(middle.y - 48) < 1, "dragging does not bring Europe here");
     shoot_map("zoomed_to_europe");
 
     hand::drag(&canvas, {canvas.width() / 2 - 150, canvas.height() / 2 - 100},
@@ -350,7 +316,7 @@ void Tvx_tour::show_apply()
     Tvx_map_canvas &canvas = f_window.canvas();
     open_properties_of(0);
     QImage const before = canvas.settled_picture();
-    shoot_screen("screen_before_apply");
+    shoot_windows("screen_before_apply");
 
     // What a style page does to the working copy.
     Ivx_layer *const copy = vx_lr2d_edt_form_get_lr2d_ptr(f_window.editor().handle());
@@ -360,12 +326,9 @@ void Tvx_tour::show_apply()
     vx_bpln_style_set_color(vx_pgn_style_get_bpln_style_ptr(style), vx_clr_init_rgb(0x1f, 0x5c, 0x2e));
     check(canvas.settled_picture() == before, "the map changes before Apply");
 
-    QAbstractButton *const apply = apply_button();
-    if (!apply)
-        return;
-    hand::click(apply, apply->rect().center());
+    apply();
     check(canvas.settled_picture() != before, "Apply does not change the map");
-    shoot_screen("screen_after_apply");
+    shoot_windows("screen_after_apply");
     f_window.editor().close();
 }
 
@@ -374,7 +337,7 @@ void Tvx_tour::show_range_editor()
 {
     remove_all_layers();
     QTemporaryDir const folder;
-    copy_counties(folder.path());
+    copy_example("nc", folder.path());
     QString const file = folder.filePath("nc.shp");
     vx::owned<void, &vx_stl_mngr_destroy> const manager(vx_stl_mngr_create(c_pgn_style));
     vx::task::range_scale_default const ranges(vx::data::connection(file.toStdWString().c_str()), L"BIR74",
@@ -386,7 +349,7 @@ void Tvx_tour::show_range_editor()
     }
     open_properties_of(0);
     auto *const form = f_window.editor().handle() ? f_window.editor().handle()->get_form() : nullptr;
-    auto *const manager_edit = form ? find_control<Tvx_stl_mngr_edit>(form) : nullptr;
+    auto *const manager_edit = form ? vx_tour_find<Tvx_stl_mngr_edit>(form) : nullptr;
     check(manager_edit, "the editor has no page of styles");
     if (!manager_edit)
         return;
@@ -402,15 +365,20 @@ void Tvx_tour::show_range_editor()
     check(input::click(edit->get_tool_panel()->get_open_btn()), "the scale cannot be opened");
     check(input::choose_item(edit->get_prp_scale()->get_combo_box(), L"BIR74"), "no field BIR74");
     check(input::click_cell(edit->get_grid(), 3, 3), "the grid of ranges is not seen");
-    QAbstractButton *const apply = apply_button();
-    if (!apply)
-        return;
-    hand::click(apply, apply->rect().center());
+    apply();
     check(vx_rng_scale_get_size(vx_stl_mngr_get_rng_scale_ptr(
               vx_shp_lr2d_get_stl_mngr_ptr(f_window.layers().layer_at(0)))) == c_tour_ranges,
           "Apply does not bring the ranges to the map");
-    shoot_screen("screen_ranges");
+    shoot_windows("screen_ranges");
     f_window.editor().close();
+}
+
+void Tvx_tour::show_maps()
+{
+    remove_all_layers();
+    f_window.resize(c_small_window_size);
+    Tvx_tour_maps(*this).show();
+    f_window.resize(c_window_size);
 }
 
 void Tvx_tour::show_style_dialog()
@@ -440,134 +408,4 @@ void Tvx_tour::show_broken_file()
     check(f_window.open_files({f_data + "/no_such_file.shp"}) == 0, "a missing file was opened");
     check(f_expected_messages == 0, "no message about a missing file");
     f_expected_messages = 0;
-}
-
-// ---- steps
-
-QAbstractButton *Tvx_tour::apply_button()
-{
-    if (QWidget *editor = editor_window())
-        for (auto *button : editor->findChildren<QAbstractButton *>())
-            if (button->isVisible() &&
-                button->text() == QString::fromWCharArray(vx_res_get_wstr(c_caption_apply)))
-                return button;
-    check(false, "the editor has no Apply button");
-    return nullptr;
-}
-
-/// The example data are not the tour's to write into.
-void Tvx_tour::copy_counties(QString const &folder)
-{
-    for (char const *name : {"nc.shp", "nc.shx", "nc.dbf", "nc.prj"})
-        check(QFile::copy(f_data + "/" + name, folder + "/" + name), QString("cannot copy ") + name);
-}
-
-void Tvx_tour::close_message()
-{
-    auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-    if (!box || !box->isVisible())
-        return;
-    save(box->grab().toImage(), "message");
-    if (f_expected_messages > 0)
-        --f_expected_messages;
-    else
-        check(false, box->text().replace("\n\n", " "));
-    hand::press(box, Qt::Key_Escape);
-}
-
-bool Tvx_tour::open_example(QStringList const &names)
-{
-    QStringList paths;
-    for (QString const &name : names)
-        paths.append(f_data + "/" + name);
-    vx_layer_restart_default_styles();
-    bool const ok = f_window.open_files(paths) >= int(names.size());
-    check(ok, "not all opened: " + paths.join(", "));
-    return ok;
-}
-
-void Tvx_tour::remove_all_layers()
-{
-    QTreeView *list = f_window.panel().view();
-    for (int left = f_window.layers().count(); left > 0; --left) {
-        hand::click(list->viewport(), hand::text_of(list, 0));
-        hand::press(list, Qt::Key_Delete);
-    }
-    check(f_window.layers().count() == 0, "Del does not remove the layer");
-}
-
-void Tvx_tour::open_properties_of(int row)
-{
-    QTreeView *list = f_window.panel().view();
-    hand::double_click(list->viewport(), hand::text_of(list, row));
-    check(f_window.editor().is_showing(), "a double click does not open the properties");
-}
-
-QWidget *Tvx_tour::editor_window()
-{
-    for (QWidget *window : QApplication::topLevelWidgets())
-        if (window->isVisible() && window != &f_window && window->windowType() != Qt::ToolTip &&
-            window->windowType() != Qt::Popup)
-            return window;
-    check(false, "the editor is not on the screen");
-    return nullptr;
-}
-
-bool Tvx_tour::wait_for_map()
-{
-    return hand::wait_until([this] { return f_window.canvas().is_settled(); });
-}
-
-void Tvx_tour::shoot_map(QString const &name)
-{
-    check(wait_for_map(), "the map is not drawn in time: " + name);
-    save(f_window.grab().toImage(), name);
-}
-
-void Tvx_tour::shoot_editor(QString const &name)
-{
-    QCoreApplication::processEvents();
-    QWidget *editor = editor_window();
-    if (!editor)
-        return;
-    for (QTabBar const *bar : editor->findChildren<QTabBar *>())
-        for (int i = 0; i < bar->count(); ++i)
-            check(!bar->isTabVisible(i) || !bar->tabText(i).isEmpty(), "a tab has no caption: " + name);
-    QImage picture(editor->size() + QSize(2, c_title_height + 2), QImage::Format_RGB32);
-    QPainter painter(&picture);
-    painter.translate(QPoint(1, c_title_height + 1) - editor->mapToGlobal(QPoint(0, 0)));
-    draw_window(painter, *editor);
-    painter.end();
-    save(picture, name);
-}
-
-void Tvx_tour::shoot_screen(QString const &name)
-{
-    check(wait_for_map(), "the map is not drawn in time: " + name);
-    QImage picture(f_window.screen()->size(), QImage::Format_RGB32);
-    picture.fill(QColor(0x7d, 0x8b, 0x99));
-    QPainter painter(&picture);
-    draw_window(painter, f_window);
-    for (QWidget *window : QApplication::topLevelWidgets())
-        if (window->isVisible() && window != &f_window && window->windowType() != Qt::ToolTip &&
-            window->windowType() != Qt::Popup)
-            draw_window(painter, *window);
-    painter.end();
-    save(picture, name);
-}
-
-void Tvx_tour::save(QImage const &picture, QString const &name)
-{
-    QString const path =
-        QDir(f_pictures).absoluteFilePath(QString("%1_%2.png").arg(++f_count, 2, 10, QChar('0')).arg(name));
-    check(picture.save(path), "cannot write " + path);
-    std::puts(QFile::encodeName(path).constData());
-}
-
-void Tvx_tour::check(bool ok, QString const &what)
-{
-    if (ok)
-        return;
-    ++f_failures;
-    std::fprintf(stderr, "vx_map: %s\n", what.toLocal8Bit().constData());
 }

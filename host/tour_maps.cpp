@@ -1,0 +1,264 @@
+#include "host/tour_maps.h"
+
+#include "captions/attr_dialogs.h"
+#include "captions/dialogs.h"
+#include "captions/simple.h"
+#include "controls/forms/apply_form.h"
+#include "controls/numeric/size_panel.h"
+#include "controls/prop/clr_panel.h"
+#include "host/layer_editor.h"
+#include "host/map_window.h"
+#include "host/tour_controls.h"
+#include "host/tour_stage.h"
+#include "layer_edit/form/lr2d_edit_form.h"
+#include "style_manager/shell/stl_mngr_edit.h"
+#include "user_input/user_input.h"
+
+#include "platform/basic/vx_res.h"
+#include "platform/layers/vx_shp_lr2d.h"
+#include "platform/styles/vx_rng_scale.h"
+#include "platform/styles/vx_stl_mngr.h"
+#include "platform/styles/vx_val_scale.h"
+#include "platform/toolkit/controls/combo_box.h"
+#include "platform/toolkit/controls/edit.h"
+#include "platform/toolkit/core/form.h"
+#include "platform/toolkit/core/key_codes.h"
+
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <string>
+
+namespace input = vx::user_input;
+
+namespace {
+/// Columns of the grids. That of ranges has one more column of numbers.
+enum : int
+{
+    c_val_mark,
+    c_val_text,
+    c_val_caption,
+    c_val_visible,
+    c_val_style,
+};
+enum : int
+{
+    c_rng_mark,
+    c_rng_min,
+    c_rng_max,
+    c_rng_caption,
+    c_rng_visible,
+    c_rng_style,
+};
+/// A grid of ranges has the header and the row below the scale before its first range.
+constexpr int c_first_range = 2;
+/// Until the dialog of a rule has counted the objects.
+constexpr int c_counting_ms = 500;
+
+/// Classes of cities, the first and the last of them open.
+struct city_class
+{
+    wchar_t const *up_to, *caption, *size;
+};
+constexpr city_class c_city_classes[] = {{L"2000000", L"up to 2 million", L"1"},
+                                         {L"5000000", L"2 to 5 million", L"1.8"},
+                                         {L"10000000", L"5 to 10 million", L"3"},
+                                         {L"", L"above 10 million", L"4.6"}};
+constexpr wchar_t const *c_city_color = L"#b4283ca0";
+
+/// A caption as one reads it.
+std::wstring plain(int caption)
+{
+    std::wstring text = vx_res_get_wstr(caption);
+    std::erase(text, L'&');
+    return text;
+}
+
+/// A line of a caption that holds several.
+std::wstring line_of(int caption, int line)
+{
+    std::wstring text = vx_res_get_wstr(caption);
+    for (; line > 0; --line)
+        text.erase(0, text.find(L'\n') + 1);
+    return text.substr(0, text.find(L'\n'));
+}
+
+TCustomGrid *grid_of(Tvx_stl_mngr_edit *edit)
+{
+    switch (edit->get_mode_edit()->mode) {
+    case c_style_mode_range:
+        return edit->get_rng_edit()->get_grid();
+    case c_style_mode_rule:
+        return edit->get_rule_edit()->get_grid();
+    default:
+        return edit->get_val_edit()->get_grid();
+    }
+}
+} // namespace
+
+void Tvx_tour_maps::show()
+{
+    show_counties_by_births();
+    show_countries_by_continent();
+    show_cities_by_size();
+    show_streets_by_rule();
+}
+
+void Tvx_tour_maps::show_counties_by_births()
+{
+    QTemporaryDir const folder;
+    Tvx_stl_mngr_edit *const edit = open("nc", folder.path());
+    if (!edit)
+        return;
+    f_stage.shoot_windows("births_1_properties");
+    choose_mode(edit, c_style_mode_range);
+    choose_field(edit, L"BIR74");
+    hide_other_values(edit->get_rng_edit()->get_other_panel());
+    f_stage.shoot_windows("births_2_ranges");
+    finish("births_4_map");
+}
+
+void Tvx_tour_maps::show_countries_by_continent()
+{
+    QTemporaryDir const folder;
+    Tvx_stl_mngr_edit *const edit = open("world", folder.path());
+    if (!edit)
+        return;
+    choose_mode(edit, c_style_mode_value);
+    choose_field(edit, L"continent");
+    hide_other_values(edit->get_val_edit()->get_other_panel());
+    finish("continents");
+}
+
+void Tvx_tour_maps::show_cities_by_size()
+{
+    QTemporaryDir const folder;
+    f_stage.check(f_stage.open_example({"world.shp"}), "no countries behind the cities");
+    Tvx_stl_mngr_edit *const edit = open("large_cities", folder.path());
+    if (!edit)
+        return;
+    choose_mode(edit, c_style_mode_range);
+    choose_field(edit, L"population");
+    // What the first and the last class have no bound for, the rows outside the ranges hold. Of the ten
+    // ranges two are needed.
+    auto *const ranges = edit->get_rng_edit();
+    int const last = static_cast<int>(std::size(c_city_classes)) - 1;
+    f_stage.check(
+        input::click_cell(ranges->get_grid(), c_rng_mark, c_first_range + last - 1) &&
+            input::click_cell(ranges->get_grid(), c_rng_mark, c_first_range + 9, mbLeft, {ssShift}) &&
+            input::click(ranges->get_tool_panel()->get_del_btn()),
+        "the ranges cannot be deleted");
+    for (int i = 0; i <= last; ++i) {
+        int const row = c_first_range - 1 + i;
+        if (i > 0)
+            type_into_cell(edit, c_rng_min, row, c_city_classes[i - 1].up_to);
+        if (i < last)
+            type_into_cell(edit, c_rng_max, row, c_city_classes[i].up_to);
+        type_into_cell(edit, c_rng_caption, row, c_city_classes[i].caption);
+        change_style(edit, c_rng_style, row, c_city_color, c_city_classes[i].size,
+                     i == last ? "cities_1_style" : nullptr);
+    }
+    hide_other_values(ranges->get_other_panel());
+    finish("cities_2_map");
+}
+
+void Tvx_tour_maps::show_streets_by_rule()
+{
+    QTemporaryDir const folder;
+    Tvx_stl_mngr_edit *const edit = open("streets", folder.path());
+    if (!edit)
+        return;
+    choose_mode(edit, c_style_mode_rule);
+    input::on_next_modal([this](input::modal_window const &dialog) {
+        constexpr int c_at_least = 6;
+        f_stage.check(
+            input::choose_item(vx_tour_find<TComboBox>(dialog.form(), plain(c_flt_field)), L"Length") &&
+                input::choose_item(vx_tour_find<TComboBox>(dialog.form(), plain(c_flt_relation)),
+                                   line_of(c_flt_relations, c_at_least)) &&
+                input::enter_text(vx_tour_find<TComboBox>(dialog.form(), plain(c_flt_value)), L"400"),
+            "the condition cannot be entered");
+        auto pause = [] { return false; };
+        input::wait_until(pause, c_counting_ms);
+        f_stage.shoot_windows("streets_1_rule");
+        dialog.press_button(plain(c_dlg_ok));
+    });
+    f_stage.check(input::click(edit->get_rule_edit()->get_ins_btn()), "no rule can be inserted");
+    type_into_cell(edit, c_val_caption, 1, L"400 m and longer");
+    change_style(edit, c_val_style, 1, L"#c8501e", L"0.8", "streets_2_style");
+    finish("streets_3_map");
+}
+
+// ---- steps
+
+Tvx_stl_mngr_edit *Tvx_tour_maps::open(QString const &name, QString const &folder)
+{
+    Tvx_map_window &window = f_stage.window();
+    f_stage.copy_example(name, folder);
+    f_stage.check(window.open_files({folder + "/" + name + ".shp"}) == 1, name + " was not opened");
+    f_stage.open_properties_of(0);
+    auto *const record = window.editor().handle();
+    auto *const edit =
+        record && record->get_form() ? vx_tour_find<Tvx_stl_mngr_edit>(record->get_form()) : nullptr;
+    f_stage.check(edit, "the editor has no page of styles: " + name);
+    return edit;
+}
+
+void Tvx_tour_maps::choose_mode(Tvx_stl_mngr_edit *edit, int mode)
+{
+    f_stage.check(input::choose_item(edit->get_mode_edit()->get_combo_box(), mode),
+                  "the mode cannot be chosen");
+}
+
+void Tvx_tour_maps::choose_field(Tvx_stl_mngr_edit *edit, wchar_t const *field)
+{
+    auto *const choice = edit->get_mode_edit()->mode == c_style_mode_range
+                             ? edit->get_rng_edit()->get_prp_scale()
+                             : edit->get_val_edit()->get_prp_scale();
+    f_stage.check(input::choose_item(choice->get_combo_box(), field),
+                  "there is no field " + QString::fromWCharArray(field));
+}
+
+void Tvx_tour_maps::type_into_cell(Tvx_stl_mngr_edit *edit, int col, int row, wchar_t const *text)
+{
+    f_stage.check(input::click_cell(grid_of(edit), col, row) && input::press(VK_F2) &&
+                      input::press('A', {ssCtrl}) && input::type(UnicodeString(text) + L"\n"),
+                  "nothing can be typed into a cell");
+}
+
+void Tvx_tour_maps::change_style(Tvx_stl_mngr_edit *edit, int col, int row, wchar_t const *color,
+                                 wchar_t const *size, char const *picture)
+{
+    input::on_next_modal([=, this](input::modal_window const &dialog) {
+        if (color) {
+            input::on_next_modal([=, this](input::modal_window const &colors) {
+                f_stage.check(input::enter_text(vx_tour_find<TEdit>(colors.form(), plain(c_dlg_code)), color),
+                              "no colour can be entered");
+                colors.press_button(plain(c_dlg_ok));
+            });
+            auto *const panel = vx_tour_find<Tvx_clr_panel>(dialog.form());
+            f_stage.check(panel && input::click(panel->get_button()), "no colour can be chosen");
+        }
+        if (size) {
+            auto *const panel = vx_tour_find<Tvx_size_panel>(dialog.form());
+            f_stage.check(panel && input::enter_text(panel->get_edit(), size), "no size can be entered");
+        }
+        if (picture)
+            f_stage.shoot_windows(picture);
+        dialog.accept();
+    });
+    f_stage.check(input::click_cell(grid_of(edit), col, row), "the style of a row cannot be edited");
+}
+
+void Tvx_tour_maps::hide_other_values(Tvx_other_panel *panel)
+{
+    f_stage.check(input::click(panel->get_use_panel(), panel->get_use_panel()->GetWidth() - 8, 10),
+                  "the other values cannot be hidden");
+}
+
+void Tvx_tour_maps::finish(char const *picture)
+{
+    f_stage.apply();
+    f_stage.shoot_windows(picture);
+    f_stage.window().editor().close();
+    f_stage.remove_all_layers();
+}
