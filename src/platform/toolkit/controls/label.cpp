@@ -52,9 +52,12 @@ void TCustomLabel::apply()
         text.replace(u'&', QStringLiteral("&&"));
     else if (f_show_accel_char && !f_focus_control)
         text = label_without_accelerator(text);
-    label->setBuddy(f_focus_control ? vx_qt_widget(f_focus_control) : nullptr);
+    QWidget *const buddy = f_focus_control ? vx_qt_widget(f_focus_control) : nullptr;
+    if (label->buddy() != buddy)
+        label->setBuddy(buddy);
     label->setText(text);
-    label->setWordWrap(f_word_wrap);
+    if (label->wordWrap() != f_word_wrap)
+        label->setWordWrap(f_word_wrap);
     Qt::Alignment alignment = f_alignment == taCenter         ? Qt::AlignHCenter
                               : f_alignment == taRightJustify ? Qt::AlignRight
                                                               : Qt::AlignLeft;

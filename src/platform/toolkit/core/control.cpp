@@ -54,20 +54,20 @@ bool is_vertical_bar(TAlign align)
 /// The caption as it is read out: without the marks of accelerators.
 QString spoken(UnicodeString const &caption)
 {
-    QString text;
-    std::wstring const &source = caption.str();
-    for (std::size_t i = 0; i < source.size(); ++i) {
-        if (source[i] == L'&' && (++i == source.size()))
-            break;
-        text += QString::fromWCharArray(&source[i], 1);
-    }
+    QString text = vx_qt_string(caption);
+    // A mark goes, what follows it stays, another mark too.
+    for (qsizetype i = text.indexOf(u'&'); i >= 0; i = text.indexOf(u'&', i + 1))
+        text.remove(i, 1);
     return text;
 }
 
 /// The part before the bar, which pops up.
 QString short_hint(UnicodeString const &hint)
 {
-    return vx_qt_string(hint).section(QLatin1Char('|'), 0, 0);
+    QString text = vx_qt_string(hint);
+    if (qsizetype const bar = text.indexOf(u'|'); bar >= 0)
+        text.truncate(bar);
+    return text;
 }
 } // namespace
 
@@ -372,8 +372,10 @@ void TControl::SetVisible(bool value)
 
 void TControl::apply_visible()
 {
-    if (f_link->widget)
-        f_link->widget->setVisible(f_visible && f_parent);
+    // A child that was never shown by itself comes with its parent: to show it would only polish it early.
+    bool const shown = f_visible && f_parent;
+    if (f_link->widget && (!shown || f_link->widget->isHidden()))
+        f_link->widget->setVisible(shown);
 }
 
 bool TControl::GetShowing() const
@@ -445,8 +447,22 @@ void TControl::set_label_name(UnicodeString const &name)
 void TControl::apply_name()
 {
     QWidget *const widget = f_link->widget;
-    if (!widget)
+    // Who cannot be seen is not asked for a name: the widget gets it when it is shown.
+    if (!widget || !widget->isVisible())
         return;
+    QString const name = vx_qt_string(GetAccessibleName());
+    if (widget->accessibleName() == name)
+        return;
+    widget->setAccessibleName(name);
+    // The inner widget that has the focus is what is read out.
+    if (QWidget *const inner = widget->focusProxy())
+        inner->setAccessibleName(name);
+}
+
+UnicodeString TControl::GetAccessibleName() const
+{
+    if (!f_link->widget)
+        return {};
     // Three dots or an arrow say nothing, so they come last.
     QString const caption = spoken(f_text);
     bool const speaks =
@@ -456,15 +472,7 @@ void TControl::apply_name()
                                 short_hint(f_hint), caption})
         if (name.isEmpty())
             name = text;
-    widget->setAccessibleName(name);
-    // The inner widget that has the focus is what is read out.
-    if (QWidget *const inner = widget->focusProxy())
-        inner->setAccessibleName(name);
-}
-
-UnicodeString TControl::GetAccessibleName() const
-{
-    return f_link->widget ? vx_unicode_string(f_link->widget->accessibleName()) : UnicodeString();
+    return vx_unicode_string(name);
 }
 
 void TControl::SetHint(UnicodeString const &hint)

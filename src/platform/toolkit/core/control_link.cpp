@@ -259,6 +259,9 @@ bool vx_control_link::filter_own(QEvent *event)
     case QEvent::Resize:
         control->bounds_moved();
         return false;
+    case QEvent::Show:
+        control->apply_name();
+        return window_event(event);
     case QEvent::Enter: {
         vx_event_scope const scope;
         control->MouseEnter();

@@ -114,7 +114,13 @@ void TWinControl::AlignControls(TControl *control, TRect &rect)
     auto const stands = [this](TControl const *child) {
         return std::find(f_controls.begin(), f_controls.end(), child) != f_controls.end();
     };
-    for (TAlign const align : {alTop, alBottom, alLeft, alRight, alClient, alNone})
+    auto const has = [this](TAlign align) {
+        return std::any_of(f_controls.begin(), f_controls.end(),
+                           [align](TControl const *child) { return child->f_align == align; });
+    };
+    for (TAlign const align : {alTop, alBottom, alLeft, alRight, alClient, alNone}) {
+        if (!has(align))
+            continue;
         for (TControl *const child : sorted_for(align, control)) {
             if (!stands(child))
                 continue;
@@ -125,6 +131,7 @@ void TWinControl::AlignControls(TControl *control, TRect &rect)
             if (life.expired())
                 return;
         }
+    }
     if (f_use_dock_manager && f_dock_manager)
         f_dock_manager->ResetBounds();
     ControlsAligned();

@@ -52,14 +52,20 @@ TCustomGrid::native::native(TCustomGrid *grid) : p(std::make_unique<parts>())
 
 TCustomGrid::native::~native() = default;
 
+/// The room that a bar takes across.
+static int extent_of(QScrollBar const *bar)
+{
+    return bar->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, bar);
+}
+
 int TCustomGrid::native::bar_width() const
 {
-    return p->vert && !p->vert->isHidden() ? p->vert->sizeHint().width() : 0;
+    return p->vert && !p->vert->isHidden() ? extent_of(p->vert) : 0;
 }
 
 int TCustomGrid::native::bar_height() const
 {
-    return p->horz && !p->horz->isHidden() ? p->horz->sizeHint().height() : 0;
+    return p->horz && !p->horz->isHidden() ? extent_of(p->horz) : 0;
 }
 
 void TCustomGrid::native::set_timer(bool on)
@@ -84,7 +90,7 @@ void TCustomGrid::update_scroll_bars()
 {
     QScrollBar *const horz_bar = f_native->p->horz;
     QScrollBar *const vert_bar = f_native->p->vert;
-    if (!horz_bar || !vert_bar || f_updating_bars)
+    if (!horz_bar || !vert_bar || f_updating_bars || !HandleAllocated())
         return;
     TRect const old = GetClientRect();
     TRect client;
@@ -98,15 +104,14 @@ void TCustomGrid::update_scroll_bars()
         };
         bool need_horz = may_horz && too_long(f_cols, whole.Width());
         bool const need_vert =
-            may_vert && too_long(f_rows, whole.Height() - (need_horz ? horz_bar->sizeHint().height() : 0));
-        need_horz =
-            may_horz && too_long(f_cols, whole.Width() - (need_vert ? vert_bar->sizeHint().width() : 0));
+            may_vert && too_long(f_rows, whole.Height() - (need_horz ? extent_of(horz_bar) : 0));
+        need_horz = may_horz && too_long(f_cols, whole.Width() - (need_vert ? extent_of(vert_bar) : 0));
         horz_bar->setVisible(need_horz);
         vert_bar->setVisible(need_vert);
 
         client = GetClientRect();
-        int const width = vert_bar->sizeHint().width();
-        int const height = horz_bar->sizeHint().height();
+        int const width = extent_of(vert_bar);
+        int const height = extent_of(horz_bar);
         horz_bar->setGeometry(0, client.Bottom, client.Right, height);
         vert_bar->setGeometry(client.Right, 0, width, client.Bottom);
         TGridCoord const last = max_top_left();
