@@ -8,6 +8,7 @@
 #include "platform/toolkit/graphics/image_list.h"
 
 #include <algorithm>
+#include <map>
 #include <utility>
 
 namespace {
@@ -41,6 +42,20 @@ Tvx_color to_color(std::uint8_t const *pixel, bool has_opacity)
         return {};
     return {undo_opacity(pixel[2], opacity), undo_opacity(pixel[1], opacity), undo_opacity(pixel[0], opacity),
             opacity};
+}
+
+/// The same few pictures stand on the buttons of every page, so they are made once.
+TBitmap const &picture_of(int number, int scale)
+{
+    static auto &made = *new std::map<std::pair<int, int>, TBitmap>;
+    auto const [place, fresh] = made.try_emplace({number, scale});
+    TBitmap &picture = place->second;
+    if (fresh) {
+        dib_2_bmp(vx_res_get_dib(number, scale), &picture);
+        if (!picture.GetEmpty())
+            vx_bitmap_set_pixel_scale(picture, scale);
+    }
+    return picture;
 }
 
 /// In the screen's own pixels.
@@ -140,12 +155,7 @@ void vx_glyph_get_res(TBitmap *glyph, int number)
 {
     if (!glyph)
         return;
-    int const scale = vx_screen_pixel_scale();
-    TBitmap picture;
-    dib_2_bmp(vx_res_get_dib(number, scale), &picture);
-    if (!picture.GetEmpty())
-        vx_bitmap_set_pixel_scale(picture, scale);
-    glyph->Assign(&picture);
+    glyph->Assign(&picture_of(number, vx_screen_pixel_scale()));
 }
 
 void canvas_draw_rsrc(TCanvas *canvas, int number, TRect const &rect, bool enabled)
@@ -166,9 +176,6 @@ int vx_image_list_get_res(TCustomImageList *list, int number)
 {
     if (!list)
         return -1;
-    TBitmap picture;
-    dib_2_bmp(vx_res_get_dib(number), &picture);
-    if (picture.GetEmpty())
-        return -1;
-    return list->Add(&picture, nullptr);
+    TBitmap const &picture = picture_of(number, 1);
+    return picture.GetEmpty() ? -1 : list->Add(&picture, nullptr);
 }
