@@ -48,14 +48,14 @@ double milliseconds_since(double start)
 
 // ---- the same widgets in plain Qt
 
-/// A widget of the editor as anybody would make it.
+/// A widget of the editor as anybody would make it, with what it shows: text, picture, hint, lines.
 struct plain_widget
 {
     std::function<QWidget *(QWidget *parent)> make;
     int parent; ///< -1 is the window
     QRect place;
-    bool hidden;
-    std::vector<int> children = {};
+    bool hidden, disabled;
+    QString hint;
 };
 
 template <class Widget>
@@ -63,18 +63,25 @@ QWidget *make_widget(QWidget *parent)
 {
     return new Widget(parent);
 }
-/// A button or label with its text.
+/// A button, label or edit with its text, a button with its picture.
 template <class Widget>
 bool take_text(QWidget *of, std::function<QWidget *(QWidget *)> &make)
 {
     auto *const widget = qobject_cast<Widget *>(of);
-    if (widget)
-        make = [text = widget->text()](QWidget *parent) {
-            auto *made = new Widget(parent);
-            made->setText(text);
-            return made;
-        };
-    return widget != nullptr;
+    if (!widget)
+        return false;
+    QPixmap picture;
+    if constexpr (std::is_base_of_v<QAbstractButton, Widget>)
+        picture = widget->icon().pixmap(widget->iconSize());
+    make = [text = widget->text(), picture](QWidget *parent) {
+        auto *made = new Widget(parent);
+        made->setText(text);
+        if constexpr (std::is_base_of_v<QAbstractButton, Widget>)
+            if (!picture.isNull())
+                made->setIcon(QIcon(picture));
+        return made;
+    };
+    return true;
 }
 
 void list_widgets(QWidget *of, int parent, std::vector<plain_widget> &all)
@@ -86,8 +93,16 @@ void list_widgets(QWidget *of, int parent, std::vector<plain_widget> &all)
         std::function<QWidget *(QWidget *)> make;
         // What Qt makes inside a widget comes with that.
         bool inside = true;
-        if (qobject_cast<QComboBox *>(widget)) {
-            make = &make_widget<QComboBox>;
+        if (auto *combo = qobject_cast<QComboBox *>(widget)) {
+            QStringList lines;
+            for (int i = 0; i < combo->count(); ++i)
+                lines += combo->itemText(i);
+            make = [lines, current = combo->currentIndex()](QWidget *p) {
+                auto *made = new QComboBox(p);
+                made->addItems(lines);
+                made->setCurrentIndex(current);
+                return made;
+            };
         } else if (auto *tabs = qobject_cast<QTabBar *>(widget)) {
             make = [count = tabs->count()](QWidget *p) {
                 auto *made = new QTabBar(p);
@@ -103,7 +118,8 @@ void list_widgets(QWidget *of, int parent, std::vector<plain_widget> &all)
             make = &make_widget<QWidget>;
             inside = false;
         }
-        all.push_back({make, parent, widget->geometry(), widget->isHidden()});
+        all.push_back({make, parent, widget->geometry(), widget->isHidden(),
+                       widget->testAttribute(Qt::WA_ForceDisabled), widget->toolTip()});
         if (!inside)
             list_widgets(widget, static_cast<int>(all.size()) - 1, all);
     }
@@ -116,6 +132,10 @@ void make_plain(QWidget &window, std::vector<plain_widget> const &all)
     for (plain_widget const &w : all) {
         QWidget *const widget = w.make(w.parent < 0 ? &window : made[static_cast<std::size_t>(w.parent)]);
         widget->setGeometry(w.place);
+        if (!w.hint.isEmpty())
+            widget->setToolTip(w.hint);
+        if (w.disabled)
+            widget->setEnabled(false);
         if (w.hidden)
             widget->hide();
         made.push_back(widget);
@@ -194,6 +214,10 @@ int main(int argc, char **argv)
     {
         owned_form const form(vx_lr2d_edt_form_create());
         vx_lr2d_edt_form_create_all(form.get());
+        vx_lr2d_edt_form_set_lr2d(form.get(), few.get());
+        vx_lr2d_edt_form_update(form.get());
+        vx_lr2d_edt_form_show_pos(form.get(), 100, 100);
+        QApplication::processEvents();
         list_widgets(vx_qt_widget(form->get_form())->window(), -1, all);
     }
     std::printf("%zu widgets\n", all.size());
