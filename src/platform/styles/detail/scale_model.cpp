@@ -190,6 +190,20 @@ void val_entries::put(list entries)
         append(std::move(entry));
 }
 
+bool val_entries::same(val_entries const &other) const
+{
+    if (f_size != other.f_size)
+        return false;
+    for (std::size_t i = 0; i < f_blocks.size(); ++i)
+        if (f_blocks[i] != other.f_blocks[i] &&
+            !std::ranges::equal(
+                f_blocks[i]->entries, other.f_blocks[i]->entries, [](auto const &x, auto const &y) {
+                    return x == y || (x->text == y->text && x->caption == y->caption && x->prm == y->prm);
+                }))
+            return false;
+    return true;
+}
+
 val_entry *val_scale::edit(unsigned index)
 {
     return index < size() ? &f_entries.edit(index) : nullptr;
@@ -418,14 +432,9 @@ int val_scale::find(std::string_view utf8) const
 
 bool operator==(val_scale const &a, val_scale const &b)
 {
-    if (a.f_kind != b.f_kind || !(a.other == b.other) || a.opacity != b.opacity || a.size() != b.size())
+    if (a.f_kind != b.f_kind || !(a.other == b.other) || a.opacity != b.opacity)
         return false;
-    for (unsigned i = 0; i < a.size(); ++i) {
-        val_entry const &x = a.f_entries[i], &y = b.f_entries[i];
-        if (&x != &y && !(x.text == y.text && x.caption == y.caption && x.prm == y.prm))
-            return false;
-    }
-    return true;
+    return a.f_entries.same(b.f_entries);
 }
 
 // ---- range scale

@@ -74,6 +74,8 @@ public:
     /// To give a pointer into it away.
     [[nodiscard]] val_entry &expose(std::size_t index);
     void append(std::shared_ptr<val_entry> entry);
+    /// Whether texts, captions and styles are those of `other`; what is shared is not looked at.
+    [[nodiscard]] bool same(val_entries const &other) const;
     /// All entries at once, for changes of their number and order: they are taken out and put back.
     [[nodiscard]] list take();
     void put(list entries);
