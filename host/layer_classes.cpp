@@ -39,6 +39,8 @@ struct class_row
             return nullptr;
         }
     }
+    /// The same row of another manager, whatever is in force there; null for none.
+    [[nodiscard]] void *scale_prm_in(void *other) const;
     [[nodiscard]] void *ranges() const
     {
         return vx_stl_mngr_get_mode(mngr) == c_stl_mngr_mode_range ? vx_stl_mngr_get_rng_scale_ptr(mngr)
@@ -102,6 +104,52 @@ QString text_of(Get get)
     Tvx_std_wstring_adapter adapter(text);
     get(static_cast<Ivx_string_adp *>(adapter));
     return QString::fromStdWString(text);
+}
+
+QString entry_text(void *scale, unsigned row)
+{
+    return text_of([&](Ivx_string_adp *to) { vx_val_scale_get_text_w(scale, row, to); });
+}
+
+void *entry_like(void *scale, void *other, unsigned row)
+{
+    if (row >= vx_val_scale_get_size(scale))
+        return vx_val_scale_get_other_prm_ptr(other);
+    QString const text = entry_text(scale, row);
+    unsigned const size = vx_val_scale_get_size(other);
+    // Nearly always it has stayed where it was.
+    for (unsigned i = 0; i <= size; ++i)
+        if (unsigned const place = i == 0 ? row : i - 1; place < size && entry_text(other, place) == text)
+            return vx_val_scale_get_scale_prm_ptr(other, place);
+    return nullptr;
+}
+
+void *range_like(void *scale, void *other, unsigned row)
+{
+    unsigned const size = vx_rng_scale_get_size(scale);
+    if (row == 0)
+        return vx_rng_scale_get_min_prm_ptr(other);
+    if (row > size)
+        return row == size + 1 ? vx_rng_scale_get_max_prm_ptr(other) : vx_rng_scale_get_other_prm_ptr(other);
+    for (unsigned i = 0; i < vx_rng_scale_get_size(other); ++i)
+        if (vx_rng_scale_get_min(other, i) == vx_rng_scale_get_min(scale, row - 1) &&
+            vx_rng_scale_get_max(other, i) == vx_rng_scale_get_max(scale, row - 1))
+            return vx_rng_scale_get_scale_prm_ptr(other, i);
+    return nullptr;
+}
+
+void *class_row::scale_prm_in(void *other) const
+{
+    switch (vx_stl_mngr_get_mode(mngr)) {
+    case c_stl_mngr_mode_value:
+        return entry_like(entries(), vx_stl_mngr_get_val_scale_ptr(other), row);
+    case c_stl_mngr_mode_rule:
+        return entry_like(entries(), vx_stl_mngr_get_rule_scale_ptr(other), row);
+    case c_stl_mngr_mode_range:
+        return range_like(ranges(), vx_stl_mngr_get_rng_scale_ptr(other), row);
+    default:
+        return nullptr;
+    }
 }
 
 QString caption(int number, std::initializer_list<QString> values = {})
@@ -188,6 +236,15 @@ bool vx_layer_class_set_visible(Ivx_layer *layer, unsigned index, bool visible)
     void *const prm = found.mngr ? found.scale_prm() : nullptr;
     vx_scale_prm_set_visible(prm, visible);
     return prm != nullptr;
+}
+
+void vx_layer_class_take_visible(Ivx_layer *layer, Ivx_layer *like, unsigned index)
+{
+    class_row const found = find_class(like, index);
+    void *const mngr = found.mngr ? vx_stl_mngr_list_get_mngr(list_of(layer), found.manager) : nullptr;
+    void *const prm = mngr ? found.scale_prm_in(mngr) : nullptr;
+    if (prm && found.scale_prm())
+        vx_scale_prm_set_visible(prm, vx_scale_prm_get_visible(found.scale_prm()));
 }
 
 void *vx_layer_class_style(Ivx_layer *layer, unsigned index)

@@ -19,6 +19,10 @@ struct Ivx_layer;
 [[nodiscard]] std::optional<bool> vx_layer_class_visible(Ivx_layer *layer, unsigned index);
 /// False, with nothing changed, for a class without a flag.
 bool vx_layer_class_set_visible(Ivx_layer *layer, unsigned index, bool visible);
+/// Shows or hides in `layer` the class that is number `index` of `like`, a layer that was once its equal: the
+/// entry of the same value, rule or bounds, wherever it stands there and whether or not its scale is in
+/// force.
+void vx_layer_class_take_visible(Ivx_layer *layer, Ivx_layer *like, unsigned index);
 /// How the class is drawn, in the size of a list icon.
 [[nodiscard]] QIcon vx_layer_class_symbol(Ivx_layer *layer, unsigned index);
 /// The style parameters of the class, the layer's own; null outside.

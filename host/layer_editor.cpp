@@ -1,10 +1,22 @@
 #include "host/layer_editor.h"
 
 #include "exports/vxk_lr2d_edit_form_api.h"
+#include "host/captions.h"
+#include "host/layer_classes.h"
 #include "host/layer_list.h"
+#include "host/layer_style.h"
 
-Tvx_layer_editor::Tvx_layer_editor(Tvx_layer_list &layers, QObject *parent)
-    : QObject(parent), f_layers(layers)
+#include "platform/base/string_adp.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+
+#include <array>
+#include <utility>
+
+Tvx_layer_editor::Tvx_layer_editor(Tvx_layer_list &layers, QWidget *window)
+    : QObject(window), f_layers(layers), f_window(window)
 {
     connect(&layers, &Tvx_layer_list::layer_removed, this, &Tvx_layer_editor::on_layer_removed);
 }
@@ -20,21 +32,93 @@ void Tvx_layer_editor::open(int id, QPoint where)
         return;
     bool const fresh = !is_showing();
     ensure_window();
-    if (fresh || id != f_layer_id)
+    if (fresh)
         show_layer(id);
+    else
+        follow(id);
     vx_lr2d_edt_form_show_pos(f_form, where.x(), where.y());
 }
 
 void Tvx_layer_editor::follow(int id)
 {
-    if (is_showing() && id != f_layer_id)
-        show_layer(id);
+    f_wanted = id;
+    if (!is_showing() || id == f_layer_id)
+        return;
+    if (!has_changes())
+        return show_layer(id);
+    // In the middle of a click, or of the layer's own removal, is no time to ask.
+    if (!std::exchange(f_asks, true))
+        QTimer::singleShot(0, this, &Tvx_layer_editor::ask_to_follow);
+}
+
+void Tvx_layer_editor::ask_to_follow()
+{
+    bool const goes = !is_showing() || f_wanted == f_layer_id || may_lose_changes();
+    f_asks = false;
+    if (!goes)
+        emit stayed(f_layer_id);
+    else if (is_showing() && f_wanted != f_layer_id)
+        show_layer(f_wanted);
+}
+
+bool Tvx_layer_editor::has_changes() const
+{
+    Ivx_layer *const copy = is_showing() ? vx_lr2d_edt_form_get_lr2d_ptr(f_form) : nullptr;
+    return copy && f_unchanged && !vx_layer_has_style_of(copy, f_unchanged.get());
+}
+
+bool Tvx_layer_editor::may_lose_changes(int id)
+{
+    if ((id >= 0 && id != f_layer_id) || !has_changes())
+        return true;
+    QMessageBox box(QMessageBox::Question, vx_host_caption(c_cap_application),
+                    vx_map_caption(c_map_apply_question).arg(f_layers.name_at(f_layers.row_of(f_layer_id))),
+                    QMessageBox::NoButton, f_window);
+    box.setTextFormat(Qt::PlainText);
+    QPushButton *const apply = box.addButton(vx_map_caption(c_map_apply_yes), QMessageBox::AcceptRole);
+    QPushButton *const lose = box.addButton(vx_map_caption(c_map_apply_no), QMessageBox::DestructiveRole);
+    QPushButton *const cancel = box.addButton(vx_host_caption(c_cap_cancel), QMessageBox::RejectRole);
+    apply->setObjectName(QStringLiteral("apply"));
+    lose->setObjectName(QStringLiteral("lose"));
+    cancel->setObjectName(QStringLiteral("cancel"));
+    box.setDefaultButton(apply);
+    box.setEscapeButton(cancel);
+    box.exec();
+    if (box.clickedButton() == apply)
+        on_apply();
+    return box.clickedButton() == apply || box.clickedButton() == lose;
 }
 
 void Tvx_layer_editor::refresh(int id)
 {
     if (f_form && id == f_layer_id)
         show_layer(id);
+}
+
+void Tvx_layer_editor::take_class(int id, int place)
+{
+    if (!f_form || id != f_layer_id)
+        return;
+    Ivx_layer *const layer = f_layers.layer_at(f_layers.row_of(id));
+    for (Ivx_layer *const copy : std::array{vx_lr2d_edt_form_get_lr2d_ptr(f_form), f_unchanged.get()})
+        vx_layer_class_take_visible(copy, layer, unsigned(place));
+    update();
+}
+
+void Tvx_layer_editor::take_name(int id)
+{
+    if (!f_form || id != f_layer_id)
+        return;
+    std::wstring name;
+    vx_lr2d_get_wcaption(f_layers.layer_at(f_layers.row_of(id)), Tvx_std_wstring_adapter(name));
+    vx_lr2d_set_wcaption(vx_lr2d_edt_form_get_lr2d_ptr(f_form), name.c_str());
+    update();
+}
+
+void Tvx_layer_editor::update()
+{
+    if (f_form)
+        vx_lr2d_edt_form_update(f_form);
 }
 
 void Tvx_layer_editor::close()
@@ -67,6 +151,7 @@ void Tvx_layer_editor::show_layer(int id)
     vx_lr2d_edt_form_set_lr2d(f_form, f_layers.layer_at(row));
     // The title follows the layer at an update only.
     vx_lr2d_edt_form_update(f_form);
+    f_unchanged.reset(vx_lr2d_clone(vx_lr2d_edt_form_get_lr2d_ptr(f_form)));
 }
 
 void Tvx_layer_editor::on_layer_removed(int id)
@@ -80,6 +165,7 @@ void Tvx_layer_editor::on_apply()
     Ivx_layer const *const copy = vx_lr2d_edt_form_get_lr2d_ptr(f_form);
     if (!copy || f_layer_id < 0)
         return;
+    f_unchanged.reset(vx_lr2d_clone(copy));
     if (f_layers.replace(f_layer_id, Tvx_layer_list::layer_ptr(vx_lr2d_clone(copy))))
         emit applied(f_layer_id);
 }

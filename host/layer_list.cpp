@@ -94,7 +94,7 @@ bool Tvx_layer_list::set_class_visible(int row, int place, bool visible)
     int const id = id_at(row);
     if (!vx_layer_class_set_visible(copy.get(), unsigned(place), visible) || !replace(id, std::move(copy)))
         return false;
-    emit classes_changed(id);
+    emit class_changed(id, place);
     return true;
 }
 

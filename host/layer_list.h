@@ -99,8 +99,8 @@ signals:
     void layer_removed(int id);
     void layer_replaced(int id);
     void layer_renamed(int id);
-    /// The user shows or hides classes of the layer by their ticks; it has been replaced.
-    void classes_changed(int id);
+    /// The user shows or hides a class of the layer by its tick; it has been replaced.
+    void class_changed(int id, int place);
 
 private:
     struct item

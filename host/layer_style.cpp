@@ -179,6 +179,22 @@ bool vx_layer_copy_style(Ivx_layer *layer, Ivx_layer *like)
     return true;
 }
 
+bool vx_layer_has_style_of(Ivx_layer *layer, Ivx_layer *like)
+{
+    if (!vx_lr2d_is_shp(layer))
+        return vx_rtr_lr2d_get_draw_type(layer) == vx_rtr_lr2d_get_draw_type(like) &&
+               vx_rtr_lr2d_get_transparent_clr(layer) == vx_rtr_lr2d_get_transparent_clr(like) &&
+               vx_rtr_lr2d_get_opacity(layer) == vx_rtr_lr2d_get_opacity(like);
+    void *const own = vx_shp_lr2d_get_style_mngr_list_ptr(layer);
+    void *const other = vx_shp_lr2d_get_style_mngr_list_ptr(like);
+    unsigned const count = vx_stl_mngr_list_get_count(own);
+    bool same = count == vx_stl_mngr_list_get_count(other) &&
+                vx_lr_get_own_selected_style_flag(layer) == vx_lr_get_own_selected_style_flag(like);
+    for (unsigned i = 0; same && i < count; ++i)
+        same = vx_stl_mngr_equal(vx_stl_mngr_list_get_mngr(own, i), vx_stl_mngr_list_get_mngr(other, i));
+    return same;
+}
+
 bool vx_layer_has_style_dialog(Ivx_layer *layer)
 {
     return vx_lr2d_is_shp(layer) && vx_layer_is_drawn_simple(layer) &&

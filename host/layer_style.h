@@ -38,6 +38,9 @@ struct Tvx_layer_colors
 /// False, with the layer as it was, where it does not fit.
 [[nodiscard]] bool vx_layer_copy_style(Ivx_layer *layer, Ivx_layer *like);
 
+/// Whether two layers of one kind are drawn alike: all that `vx_layer_copy_style` copies but the texts.
+[[nodiscard]] bool vx_layer_has_style_of(Ivx_layer *layer, Ivx_layer *like);
+
 /// Gives a newly opened vector layer a simple style of its own: quiet fills with a darker outline, strong
 /// lines and points, the next of a set of colours that are told apart easily, also without full colour
 /// vision. Other layers are left alone.

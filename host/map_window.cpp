@@ -123,9 +123,10 @@ void Tvx_map_window::create_layer_dock()
     connect(f_panel, &Tvx_layer_panel::selection_changed, this, &Tvx_map_window::on_selection_changed);
     connect(f_panel, &Tvx_layer_panel::activated, this, &Tvx_map_window::on_properties);
     connect(f_panel, &Tvx_layer_panel::sample_activated, this, &Tvx_map_window::on_sample_activated);
-    connect(&f_layers, &Tvx_layer_list::classes_changed, f_editor, &Tvx_layer_editor::refresh);
+    connect(&f_layers, &Tvx_layer_list::class_changed, f_editor, &Tvx_layer_editor::take_class);
+    connect(f_editor, &Tvx_layer_editor::stayed, f_panel, &Tvx_layer_panel::select_id);
     connect(&f_layers, &Tvx_layer_list::layer_renamed, this, [this](int id) {
-        f_editor->refresh(id);
+        f_editor->take_name(id);
         update_title();
     });
     connect(&f_layers, &Tvx_layer_list::picture_changed, this, [this] {
@@ -435,6 +436,8 @@ void Tvx_map_window::on_properties()
 void Tvx_map_window::on_style()
 {
     int const id = f_panel->selected_id();
+    if (!f_editor->may_lose_changes(id))
+        return;
     Tvx_layer_list::layer_ptr copy(vx_lr2d_clone(f_layers.layer_at(f_panel->selected_row())));
     QPoint const at = f_panel->sample_corner(id);
     if (vx_layer_style_dialog(copy.get(), at.x(), at.y()))
@@ -444,6 +447,8 @@ void Tvx_map_window::on_style()
 void Tvx_map_window::on_draw_by(Tvx_layer_scale const *scale)
 {
     int const id = f_panel->selected_id();
+    if (!f_editor->may_lose_changes(id))
+        return;
     Tvx_layer_list::layer_ptr copy(vx_lr2d_clone(f_layers.layer_at(f_panel->selected_row())));
     std::wstring reason;
     if (scale ? vx_layer_draw_by(copy.get(), *scale, reason) : vx_layer_draw_simple(copy.get())) {

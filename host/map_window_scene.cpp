@@ -60,6 +60,8 @@ QString Tvx_map_window::scene_name() const
 
 bool Tvx_map_window::may_lose_changes()
 {
+    if (!f_editor->may_lose_changes())
+        return false;
     if (!f_changed)
         return true;
     QMessageBox box(QMessageBox::Question, vx_host_caption(c_cap_application),
@@ -211,6 +213,8 @@ void Tvx_map_window::on_copy_style()
 
 void Tvx_map_window::on_paste_style()
 {
+    if (!f_editor->may_lose_changes(f_panel->selected_id()))
+        return;
     Tvx_layer_list::layer_ptr copy(vx_lr2d_clone(f_layers.layer_at(selected_row())));
     if (vx_layer_copy_style(copy.get(), f_copied_style.get()))
         take_over(f_panel->selected_id(), std::move(copy));
@@ -220,5 +224,5 @@ void Tvx_map_window::on_invert_managers(bool on)
 {
     vx_options_set_invert_layers(on);
     f_layers.refresh_classes();
-    f_editor->refresh(f_editor->layer_id());
+    f_editor->update();
 }

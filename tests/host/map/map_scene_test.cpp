@@ -1,3 +1,4 @@
+#include "answerer.h"
 #include "host/layer_classes.h"
 #include "host/layer_editor.h"
 #include "host/layer_scales.h"
@@ -9,10 +10,7 @@
 #include "platform/styles/vx_stl_mngr_list.h"
 #include "platform/styles/vxk_styles.h"
 
-#include <QAbstractButton>
 #include <QDir>
-#include <QFileDialog>
-#include <QInputDialog>
 #include <QLineEdit>
 #include <QProcess>
 #include <QTreeView>
@@ -25,42 +23,6 @@
 using namespace vx_test;
 
 namespace {
-/// Answers each question by the button of that name, each file dialog and password by that text.
-class answerer
-{
-public:
-    answerer(char const *button, QString text = {}) : f_button(button), f_text(std::move(text))
-    {
-        QObject::connect(&f_timer, &QTimer::timeout, [this] { answer(); });
-        f_timer.start(5);
-    }
-    QStringList questions;
-
-private:
-    void answer()
-    {
-        QWidget *const asked = QApplication::activeModalWidget();
-        if (auto *box = qobject_cast<QMessageBox *>(asked)) {
-            questions.append(box->text());
-            auto *button = box->findChild<QAbstractButton *>(QLatin1String(f_button));
-            if (button)
-                hand::click(button, button->rect().center());
-            else
-                hand::press(box, Qt::Key_Escape);
-        } else if (qobject_cast<QFileDialog *>(asked) || qobject_cast<QInputDialog *>(asked)) {
-            questions.append(asked->windowTitle());
-            auto *edit = asked->findChild<QLineEdit *>();
-            if (f_text.isEmpty())
-                return hand::press(asked, Qt::Key_Escape);
-            edit->setText(f_text);
-            hand::press(edit, Qt::Key_Return);
-        }
-    }
-    char const *f_button;
-    QString f_text;
-    QTimer f_timer;
-};
-
 class map_scene : public map_fixture
 {
 protected:
