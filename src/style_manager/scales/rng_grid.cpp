@@ -310,7 +310,7 @@ void Tvx_rng_grid::draw_indef(TRect const &rect, bool plus)
 {
     auto *const canvas = GetCanvas();
     auto *const font = canvas->GetFont();
-    int const size = std::abs(font->GetSize()), quarter = size / 4;
+    int const size = std::abs(font->GetHeight()), quarter = size / 4;
     int const x = (rect.Left + rect.Right) / 2, y = (rect.Top + rect.Bottom) / 2;
     auto *const pen = canvas->GetPen();
     pen->SetColor(font->GetColor());
