@@ -204,12 +204,7 @@ TEST_F(handlers_throw, close_modal_and_posted_calls)
 TEST_F(handlers_throw, no_memory_and_what_comes_again)
 {
     auto *const button = add<TButton>(10);
-    button->OnClick = TNotifyEvent(
-        [](void *, TObject *) {
-            std::vector<char> v;
-            v.reserve(static_cast<std::size_t>(-1) / 4);
-        },
-        nullptr);
+    button->OnClick = TNotifyEvent([](void *, TObject *) { throw std::bad_alloc(); }, nullptr);
     form.Show();
     wait_idle();
     for (int i = 0; i < 3; ++i)
