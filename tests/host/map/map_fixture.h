@@ -23,6 +23,15 @@
 namespace vx_test {
 namespace hand = vx::user_hand;
 
+/// The window never stands still longer; the sanitizers make everything a few times slower.
+#if defined(__SANITIZE_ADDRESS__)
+inline constexpr qint64 c_longest_pause_ms = 150;
+#else
+inline constexpr qint64 c_longest_pause_ms = 50;
+#endif
+/// A machine with other work may be late a few times.
+inline constexpr int c_pause_attempts = 5;
+
 [[nodiscard]] inline QString example_file(char const *name)
 {
     return QStringLiteral(VX_EXAMPLE_DATA "/") + name;
