@@ -114,33 +114,63 @@ bool column_taker::take(ArrowArray const &column, column_sink const &sink)
     }
     return sink(batch);
 }
+
+/// The batches of a stream.
+class arrow_walk final : public column_walk
+{
+public:
+    explicit arrow_walk(std::shared_ptr<GDALDataset> set) : f_set(std::move(set)) {}
+
+    [[nodiscard]] bool begin(OGRLayer &layer, char const *field, char const *const *options)
+    {
+        if (!layer.TestCapability(OLCFastGetArrowStream))
+            return false;
+        layer.ResetReading();
+        if (!layer.GetArrowStream(f_stream.get(), options))
+            return false;
+        released<ArrowSchema> schema;
+        if (f_stream->get_schema(f_stream.get(), schema.get()) != 0)
+            return false;
+        while (f_place < schema->n_children && std::strcmp(schema->children[f_place]->name, field) != 0)
+            ++f_place;
+        return f_place < schema->n_children && !schema->children[f_place]->dictionary &&
+               f_taker.accept(schema->children[f_place]->format);
+    }
+
+    step_result step(column_sink const &sink) override
+    {
+        released<ArrowArray> batch;
+        if (f_stream->get_next(f_stream.get(), batch.get()) != 0)
+            return c_broken;
+        return batch->release && f_taker.take(*batch->children[f_place], sink) ? c_more : c_end;
+    }
+
+private:
+    std::shared_ptr<GDALDataset> f_set; ///< null: somebody else's
+    released<ArrowArrayStream> f_stream;
+    column_taker f_taker;
+    std::int64_t f_place = 0;
+};
 } // namespace
 
 column_result read_arrow_column(OGRLayer &layer, char const *field, column_sink const &sink)
 {
-    if (!layer.TestCapability(OLCFastGetArrowStream))
-        return column_result::not_offered;
-    layer.ResetReading();
     char const *const options[] = {"INCLUDE_FID=NO", nullptr};
-    released<ArrowArrayStream> stream;
-    if (!layer.GetArrowStream(stream.get(), options))
+    arrow_walk walk(nullptr);
+    if (!walk.begin(layer, field, options))
         return column_result::not_offered;
-    released<ArrowSchema> schema;
-    if (stream->get_schema(stream.get(), schema.get()) != 0)
-        return column_result::not_offered;
-    std::int64_t place = 0;
-    while (place < schema->n_children && std::strcmp(schema->children[place]->name, field) != 0)
-        ++place;
-    column_taker taker;
-    if (place == schema->n_children || schema->children[place]->dictionary ||
-        !taker.accept(schema->children[place]->format))
-        return column_result::not_offered;
-    for (;;) {
-        released<ArrowArray> batch;
-        if (stream->get_next(stream.get(), batch.get()) != 0)
-            return column_result::failed;
-        if (!batch->release || !taker.take(*batch->children[place], sink))
-            return column_result::done;
-    }
+    column_walk::step_result result = column_walk::c_more;
+    while (result == column_walk::c_more)
+        result = walk.step(sink);
+    return result == column_walk::c_broken ? column_result::failed : column_result::done;
+}
+
+std::unique_ptr<column_walk> walk_arrow_column(std::shared_ptr<GDALDataset> set, OGRLayer &layer,
+                                               char const *field)
+{
+    // Some milliseconds each.
+    char const *const options[] = {"INCLUDE_FID=NO", "MAX_FEATURES_IN_BATCH=8192", nullptr};
+    auto walk = std::make_unique<arrow_walk>(std::move(set));
+    return walk->begin(layer, field, options) ? std::move(walk) : nullptr;
 }
 } // namespace vx::gdal

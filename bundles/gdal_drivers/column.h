@@ -51,6 +51,25 @@ enum class column_result
     failed,
 };
 
+/// A way through the cells of a field, some at a time, that leaves all other reading alone.
+class column_walk
+{
+public:
+    column_walk() = default;
+    column_walk(column_walk const &) = delete;
+    column_walk &operator=(column_walk const &) = delete;
+    virtual ~column_walk() = default;
+
+    enum step_result
+    {
+        c_more,
+        c_end,    ///< also where the sink wants no more
+        c_broken, ///< the rest cannot be read
+    };
+    /// Hands out what comes next: what takes a few milliseconds at most.
+    [[nodiscard]] virtual step_result step(column_sink const &sink) = 0;
+};
+
 /// Collects single cells and hands them out in batches. `finish` hands out the rest; each call gives false
 /// when the sink wants no more.
 class column_builder

@@ -220,45 +220,90 @@ bool is_read_here(char dbf_type, OGRFieldType type, column_batch::cell_kind &kin
         return false;
     }
 }
-} // namespace
-
-column_result read_dbf_column(std::string const &path, OGRLayer &layer, int field, column_sink const &sink,
-                              std::optional<std::vector<long long>> &deleted)
+/// Through the blocks of a table. What is handed out goes to the sink of the step.
+class dbf_walk final : public column_walk
 {
-    file_holder const file = open_table(path, layer);
+public:
+    dbf_walk(file_holder file, OGRLayer &layer, int field, Tvx_dbf_cells const &cells,
+             column_batch::cell_kind kind)
+        : f_file(std::move(file)), f_cells(cells), f_builder(kind, f_forward),
+          f_reader(layer, field, f_builder), f_record_size(static_cast<std::size_t>(cells.record_length)),
+          f_block(std::max<std::size_t>(1, c_block / f_record_size) * f_record_size)
+    {
+        VSIFSeekL(f_file.get(), cells.first_record, SEEK_SET);
+    }
+
+    step_result step(column_sink const &sink) override
+    {
+        f_sink = &sink;
+        auto const records = static_cast<std::size_t>(f_cells.records);
+        std::size_t const count = std::min(records - f_next, f_block.size() / f_record_size);
+        if (VSIFReadL(f_block.data(), f_record_size, count, f_file.get()) != count)
+            return c_broken;
+        for (std::size_t i = 0; i < count; ++i) {
+            char const *const record = &f_block[i * f_record_size];
+            if (*record == c_deleted) {
+                f_marked.push_back(static_cast<long long>(f_next + i));
+                continue;
+            }
+            if (!f_reader.read(trimmed(record + f_cells.offset, static_cast<std::size_t>(f_cells.width))))
+                return c_end;
+        }
+        f_next += count;
+        if (f_next < records)
+            return c_more;
+        f_builder.finish();
+        f_is_whole = true;
+        return c_end;
+    }
+    /// Numbers of the deleted records; null unless all was read.
+    [[nodiscard]] std::vector<long long> *marked() { return f_is_whole ? &f_marked : nullptr; }
+
+private:
+    file_holder f_file;
+    Tvx_dbf_cells f_cells;
+    column_sink const *f_sink = nullptr;
+    column_sink f_forward = [this](column_batch const &batch) { return (*f_sink)(batch); };
+    column_builder f_builder;
+    cell_reader f_reader;
+    std::size_t f_record_size;
+    std::vector<char> f_block;
+    std::size_t f_next = 0;
+    std::vector<long long> f_marked;
+    bool f_is_whole = false;
+};
+
+std::unique_ptr<dbf_walk> begin_walk(std::string const &path, OGRLayer &layer, int field)
+{
+    file_holder file = open_table(path, layer);
     Tvx_dbf_cells cells;
     column_batch::cell_kind kind = column_batch::texts;
     OGRFieldDefn const *const defn = layer.GetLayerDefn()->GetFieldDefn(field);
     if (!file || !find_cells(file.get(), layer, field, cells) || defn->GetSubType() != OFSTNone ||
         !is_read_here(cells.letter, defn->GetType(), kind))
-        return column_result::not_offered;
-    VSIFSeekL(file.get(), cells.first_record, SEEK_SET);
+        return nullptr;
+    return std::make_unique<dbf_walk>(std::move(file), layer, field, cells, kind);
+}
+} // namespace
 
-    column_builder builder(kind, sink);
-    cell_reader reader(layer, field, builder);
-    auto const record_size = static_cast<std::size_t>(cells.record_length);
-    auto const width = static_cast<std::size_t>(cells.width);
-    std::size_t const records_at_once = std::max<std::size_t>(1, c_block / record_size);
-    std::vector<char> block(records_at_once * record_size);
-    auto const records = static_cast<std::size_t>(cells.records);
-    std::vector<long long> marked;
-    for (std::size_t first = 0, count = 0; first < records; first += count) {
-        count = std::min(records - first, records_at_once);
-        if (VSIFReadL(block.data(), record_size, count, file.get()) != count)
-            return column_result::failed;
-        for (std::size_t i = 0; i < count; ++i) {
-            char const *const record = &block[i * record_size];
-            if (*record == c_deleted) {
-                marked.push_back(static_cast<long long>(first + i));
-                continue;
-            }
-            if (!reader.read(trimmed(record + cells.offset, width)))
-                return column_result::done;
-        }
-    }
-    builder.finish();
-    if (!deleted)
-        deleted = std::move(marked);
+std::unique_ptr<column_walk> walk_dbf_column(std::string const &path, OGRLayer &layer, int field)
+{
+    return begin_walk(path, layer, field);
+}
+
+column_result read_dbf_column(std::string const &path, OGRLayer &layer, int field, column_sink const &sink,
+                              std::optional<std::vector<long long>> &deleted)
+{
+    auto const walk = begin_walk(path, layer, field);
+    if (!walk)
+        return column_result::not_offered;
+    column_walk::step_result result = column_walk::c_more;
+    while (result == column_walk::c_more)
+        result = walk->step(sink);
+    if (result == column_walk::c_broken)
+        return column_result::failed;
+    if (!deleted && walk->marked())
+        deleted = std::move(*walk->marked());
     return column_result::done;
 }
 

@@ -2,6 +2,7 @@
 
 #include "column.h"
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -18,6 +19,9 @@ namespace vx::gdal {
 [[nodiscard]] column_result read_dbf_column(std::string const &path, OGRLayer &layer, int field,
                                             column_sink const &sink,
                                             std::optional<std::vector<long long>> &deleted);
+/// The same, some cells at a time; null where it is not offered. The layer must outlive it.
+[[nodiscard]] std::unique_ptr<column_walk> walk_dbf_column(std::string const &path, OGRLayer &layer,
+                                                           int field);
 /// Numbers of the records of the layer's table that are marked as deleted, ascending.
 [[nodiscard]] std::vector<long long> read_deleted_records(std::string const &path, OGRLayer &layer);
 } // namespace vx::gdal

@@ -8,12 +8,14 @@
 #include <bit>
 #include <cstdint>
 #include <cstring>
+#include <limits>
 #include <sqlite3.h>
 
 namespace vx::gdal {
 namespace {
 constexpr int c_at_once = 512;        ///< rows in one step
 constexpr int c_found_at_once = 4096; ///< entries of the index in one step
+constexpr int c_cells_at_once = 2048; ///< of a column
 
 struct statement_closer
 {
@@ -303,6 +305,74 @@ private:
     std::size_t f_next = 0;
 };
 
+class cell_walk final : public column_walk
+{
+public:
+    cell_walk(statement rows, column_batch::cell_kind kind)
+        : f_rows(std::move(rows)), f_kind(kind), f_builder(kind, f_forward)
+    {
+    }
+
+    step_result step(column_sink const &sink) override
+    {
+        f_sink = &sink;
+        for (int i = 0; i < c_cells_at_once; ++i) {
+            int const result = sqlite3_step(f_rows.get());
+            if (result != SQLITE_ROW) {
+                f_builder.finish();
+                return result == SQLITE_DONE ? c_end : c_broken;
+            }
+            bool goes_on = true;
+            if (!add(goes_on))
+                return c_broken;
+            if (!goes_on)
+                return c_end;
+        }
+        return c_more;
+    }
+
+private:
+    /// False for a cell of another kind than its column's.
+    [[nodiscard]] bool add(bool &goes_on)
+    {
+        sqlite3_stmt *const row = f_rows.get();
+        int const type = sqlite3_column_type(row, 0);
+        if (type == SQLITE_NULL) {
+            goes_on = f_builder.add_null();
+            return true;
+        }
+        switch (f_kind) {
+        case column_batch::texts: {
+            if (type != SQLITE_TEXT)
+                return false;
+            auto const *const text = reinterpret_cast<char const *>(sqlite3_column_text(row, 0));
+            goes_on = f_builder.add_text({text, static_cast<std::size_t>(sqlite3_column_bytes(row, 0))});
+            return text != nullptr;
+        }
+        case column_batch::floatings:
+            if (type != SQLITE_FLOAT && type != SQLITE_INTEGER)
+                return false;
+            goes_on = f_builder.add_floating(sqlite3_column_double(row, 0));
+            return true;
+        default: {
+            long long const value = sqlite3_column_int64(row, 0);
+            bool const is_narrow = f_kind == column_batch::integers;
+            if (type != SQLITE_INTEGER || (is_narrow && (value < std::numeric_limits<std::int32_t>::min() ||
+                                                         value > std::numeric_limits<std::int32_t>::max())))
+                return false;
+            goes_on = f_builder.add_whole(value);
+            return true;
+        }
+        }
+    }
+
+    statement f_rows;
+    column_batch::cell_kind f_kind;
+    column_sink const *f_sink = nullptr;
+    column_sink f_forward = [this](column_batch const &batch) { return (*f_sink)(batch); };
+    column_builder f_builder;
+};
+
 bool is_table(sqlite3 *base, std::string const &name)
 {
     statement const query =
@@ -350,5 +420,32 @@ std::unique_ptr<shape_walk> walk_geopackage(sqlite3 *base, OGRLayer &layer, shap
     sqlite3_bind_double(index.get(), 4, window->max_y);
     return std::make_unique<window_walk>(layer, std::move(lock), std::move(index), std::move(row), first,
                                          last);
+}
+
+std::unique_ptr<column_walk> walk_geopackage_column(sqlite3 *base, OGRLayer &layer, int field)
+{
+    OGRFieldDefn const &defn = *layer.GetLayerDefn()->GetFieldDefn(field);
+    column_batch::cell_kind kind = column_batch::texts;
+    switch (defn.GetType()) {
+    case OFTString:
+        break;
+    case OFTInteger:
+        kind = column_batch::integers;
+        break;
+    case OFTInteger64:
+        kind = column_batch::bigints;
+        break;
+    case OFTReal:
+        kind = column_batch::floatings;
+        break;
+    default:
+        return nullptr;
+    }
+    if (!base || defn.GetSubType() != OFSTNone || *layer.GetFIDColumn() == 0 ||
+        !is_table(base, layer.GetName()))
+        return nullptr;
+    statement rows = prepared(base, "SELECT " + quoted_name(defn.GetNameRef()) + " FROM " +
+                                        quoted_name(layer.GetName()) + " NOT INDEXED");
+    return rows ? std::make_unique<cell_walk>(std::move(rows), kind) : nullptr;
 }
 } // namespace vx::gdal

@@ -2,6 +2,7 @@
 
 #include "data_types.h"
 #include "gdal_errors.h"
+#include "layer_apart.h"
 #include "vector_set.h"
 
 #include <ogrsf_frmts.h>
@@ -37,23 +38,6 @@ private:
     OGRLayer &f_layer;
     bool f_numbers_records;
 };
-
-/// The table `name` of a data set over the same source, without its fields and with nobody else about it.
-std::shared_ptr<GDALDataset> open_apart(dataset const &set, char const *name, OGRLayer *&layer)
-{
-    layer = nullptr;
-    std::shared_ptr<GDALDataset> apart(set.open_again(GDAL_OF_VECTOR));
-    layer = apart ? apart->GetLayerByName(name) : nullptr;
-    if (!layer)
-        return nullptr;
-    std::vector<char const *> ignored{"OGR_STYLE"};
-    for (int i = 0; i < layer->GetLayerDefn()->GetFieldCount(); ++i)
-        ignored.push_back(layer->GetLayerDefn()->GetFieldDefn(i)->GetNameRef());
-    ignored.push_back(nullptr);
-    if (layer->TestCapability(OLCIgnoreFields))
-        (void)layer->SetIgnoredFields(ignored.data());
-    return apart;
-}
 } // namespace
 
 std::unique_ptr<shape_walk> walk_features(std::shared_ptr<GDALDataset> set, OGRLayer &layer,
@@ -102,11 +86,11 @@ bool vector_set::read_shapes(Tvx_box_d2 *window, vx::shape_reading_visitor visit
         walk = walk_shapefile(f_set->gdal().GetDescription(), *f_layer, deleted_records(),
                               window ? &box : nullptr);
     } else if (f_set->is_driver("FlatGeobuf") && (!window || f_layer->TestCapability(OLCFastSpatialFilter))) {
-        OGRLayer *layer = nullptr;
-        if (std::shared_ptr<GDALDataset> apart = open_apart(*f_set, f_layer->GetName(), layer)) {
+        layer_apart const apart = open_apart(*f_set, f_layer->GetName(), c_no_field);
+        if (apart.layer) {
             if (window)
-                layer->SetSpatialFilterRect(window->min_x, window->min_y, window->max_x, window->max_y);
-            walk = walk_features(std::move(apart), *layer, window != nullptr);
+                apart.layer->SetSpatialFilterRect(window->min_x, window->min_y, window->max_x, window->max_y);
+            walk = walk_features(apart.set, *apart.layer, window != nullptr);
         }
     }
     if (!walk)

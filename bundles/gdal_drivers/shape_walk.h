@@ -1,5 +1,6 @@
 #pragma once
 
+#include "column.h"
 #include "shape_run.h"
 
 #include <memory>
@@ -50,6 +51,10 @@ struct shape_window
 /// have gaps, so that it does not tell which record has which.
 [[nodiscard]] std::unique_ptr<shape_walk> walk_geopackage(sqlite3 *base, OGRLayer &layer,
                                                           shape_window const *window);
+
+/// The cells of a field straight from the rows of a GeoPackage's table, in the same order; null for what is
+/// no number and no text. A cell of another kind than its column's breaks it: GDAL makes of it what it will.
+[[nodiscard]] std::unique_ptr<column_walk> walk_geopackage_column(sqlite3 *base, OGRLayer &layer, int field);
 
 /// GDAL's own way to the features, by a data set that nobody else uses. `numbers_records` says that features
 /// are known by the numbers of their records.

@@ -1,4 +1,5 @@
 #include "arrow_column.h"
+#include "column_reading.h"
 #include "data_types.h"
 #include "database_guard.h"
 #include "dbf_column.h"
@@ -19,20 +20,6 @@ column_batch::cell_kind kind_of(OGRFieldDefn const &field)
         return column_batch::floatings;
     default:
         return column_batch::texts;
-    }
-}
-
-/// Columns come in the form in which cells are read: dates and lists do not.
-bool has_plain_cells(OGRFieldDefn const &field)
-{
-    switch (field.GetType()) {
-    case OFTInteger:
-    case OFTInteger64:
-    case OFTReal:
-    case OFTString:
-        return field.GetSubType() != OFSTBoolean;
-    default:
-        return false;
     }
 }
 
@@ -76,6 +63,19 @@ private:
     bool f_is_narrow = false;
 };
 } // namespace
+
+bool vector_set::has_plain_cells(OGRFieldDefn const &field)
+{
+    switch (field.GetType()) {
+    case OFTInteger:
+    case OFTInteger64:
+    case OFTReal:
+    case OFTString:
+        return field.GetSubType() != OFSTBoolean;
+    default:
+        return false;
+    }
+}
 
 column_result vector_set::walk_column(int field, column_sink const &sink)
 {
@@ -133,17 +133,6 @@ bool vector_set::with_column(int field, vx::column_visitor visitor)
 {
     if (!visitor)
         return false;
-    return scan(field, [&](column_batch const &batch) {
-        switch (batch.kind) {
-        case column_batch::integers:
-            return visitor.visit_integers(batch.count, batch.numbers<int>(), batch.defined);
-        case column_batch::bigints:
-            return visitor.visit_bigints(batch.count, batch.numbers<long long>(), batch.defined);
-        case column_batch::floatings:
-            return visitor.visit_floatings(batch.count, batch.numbers<double>(), batch.defined);
-        default:
-            return visitor.visit_texts(batch.count, batch.bytes, batch.starts, batch.defined);
-        }
-    });
+    return scan(field, sink_of(visitor));
 }
 } // namespace vx::gdal

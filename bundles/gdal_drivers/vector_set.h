@@ -126,8 +126,10 @@ public:
     bool has_moveto_index() override;
     bool moveto_index(long long index) override;
 
-    // column_source: the whole table; with a filter in force columns are not offered
+    // column_source: the whole table; with a filter in force columns are not offered, and a reading neither
+    // of a set that can be changed
     bool with_column(int field, vx::column_visitor visitor) override;
+    bool read_column(int field, vx::column_reading_visitor visitor) override;
 
     // question_source: of servers, about what the filters let pass
     bool with_sample(int field, unsigned long long count, double minimum, double maximum,
@@ -220,6 +222,8 @@ private:
     /// Reads one field of all features, by columns where that is faster. False when the table cannot be read
     /// whole, and with a filter in force.
     bool scan(int field, column_sink const &sink);
+    /// Columns come in the form in which cells are read: dates and lists do not.
+    [[nodiscard]] static bool has_plain_cells(OGRFieldDefn const &field);
     column_result walk_column(int field, column_sink const &sink);
     column_result server_column(int field, column_sink const &sink);
     /// Lets the database count; false where there is none, or it refuses.

@@ -1,3 +1,6 @@
+#include "extension/binding/codes.h"
+#include "extension/binding/column_reading.h"
+#include "extension/binding/column_reading_visitor.h"
 #include "extension/binding/column_source.h"
 #include "source.h"
 #include "support/temp_dir.h"
@@ -72,6 +75,70 @@ vx::column_source columns_of(source const &s)
     return vx_column_source_interface_specialize(vx_data_source_interface_generalize(s.data));
 }
 
+/// The column of a field by a reading of it.
+class reading_keeper final : public vx::column_reading_visitor_impl
+{
+public:
+    vx::column_reading reading;
+    column_keeper column;
+    int state = vx::codes::plain::reading_goes_on;
+
+    void visit(vx::column_reading item) override { reading = item; }
+    void step() { state = reading.next(0, column); }
+    [[nodiscard]] bool is_on() const { return reading && state == vx::codes::plain::reading_goes_on; }
+    ~reading_keeper()
+    {
+        if (reading)
+            reading.detach();
+    }
+};
+
+/// Also where both are no number.
+void expect_same(std::vector<std::optional<double>> const &found,
+                 std::vector<std::optional<double>> const &wanted)
+{
+    ASSERT_EQ(found.size(), wanted.size());
+    for (std::size_t i = 0; i < wanted.size(); ++i)
+        EXPECT_TRUE(found[i] == wanted[i] ||
+                    (wanted[i] && found[i] && std::isnan(*wanted[i]) && std::isnan(*found[i])))
+            << i << ": " << wanted[i].value_or(-99) << ", " << found[i].value_or(-99);
+}
+
+/// Readings of all fields that offer one, and a walk, step by step in turn: none minds the others. Gives how
+/// many there are.
+int expect_readings_as_columns(source const &s)
+{
+    auto const count = static_cast<std::size_t>(s.data.field_count());
+    std::vector<reading_keeper> readings(count);
+    int offered = 0;
+    for (std::size_t i = 0; i < count; ++i)
+        offered += columns_of(s).read_column(static_cast<int>(i), readings[i]);
+    s.forward.reset_reading();
+    std::size_t walked = 0;
+    for (bool is_on = true; is_on;) {
+        is_on = false;
+        for (reading_keeper &r : readings)
+            if (r.is_on()) {
+                r.step();
+                is_on = true;
+            }
+        keeper k;
+        walked += s.forward.with_next_feature(k);
+    }
+    EXPECT_EQ(rest_of(s).size() + walked, s.table.feature_count(true));
+    for (std::size_t i = 0; i < count; ++i) {
+        if (!readings[i].reading)
+            continue;
+        SCOPED_TRACE(i);
+        column_keeper whole;
+        EXPECT_TRUE(columns_of(s).with_column(static_cast<int>(i), whole));
+        EXPECT_EQ(readings[i].state, vx::codes::plain::reading_ended);
+        EXPECT_EQ(readings[i].column.texts, whole.texts);
+        expect_same(readings[i].column.numbers, whole.numbers);
+    }
+    return offered;
+}
+
 class number_list final : public vx::floatings_visitor_impl
 {
 public:
@@ -102,12 +169,7 @@ void expect_columns_as_walked(source const &s)
                 numbers.push_back(not_null ? std::optional(number) : std::nullopt);
         }
         EXPECT_EQ(column.texts, texts);
-        ASSERT_EQ(column.numbers.size(), numbers.size());
-        for (std::size_t i = 0; i < numbers.size(); ++i)
-            EXPECT_TRUE(column.numbers[i] == numbers[i] ||
-                        (numbers[i] && column.numbers[i] && std::isnan(*numbers[i]) &&
-                         std::isnan(*column.numbers[i])))
-                << i << ": " << numbers[i].value_or(-99) << ", " << column.numbers[i].value_or(-99);
+        expect_same(column.numbers, numbers);
     }
 }
 
@@ -187,6 +249,7 @@ TEST(gdal_column, of_a_dbase_table_is_what_gdal_reads)
         long long count = 0;
         EXPECT_TRUE(s.stat.count_nonnull(0, &count));
         EXPECT_EQ(count, static_cast<long long>(cells.size()) - 4 + 2) << "without empty and deleted ones";
+        EXPECT_EQ(expect_readings_as_columns(s), 6) << "all but the date and the flag";
     }
 }
 
@@ -244,6 +307,8 @@ TEST(gdal_column, of_every_format_is_what_a_walk_finds)
         EXPECT_NE(k.item.fid(), fifth);
         EXPECT_EQ(rest_of(s).size(), 94u) << "the reading position stays";
         expect_columns_as_walked(s);
+        bool const has_readings = c.driver == 1 || c.driver == 2 || c.driver == 4;
+        EXPECT_GE(expect_readings_as_columns(s), has_readings ? 4 : 0);
 
         column_keeper few;
         few.most_runs = 1;
@@ -255,6 +320,37 @@ TEST(gdal_column, of_every_format_is_what_a_walk_finds)
         ASSERT_TRUE(s.forward.set_attribute_filter(L"n < -50"));
         EXPECT_FALSE(columns_of(s).with_column(0, few)) << "a column is a whole one";
         EXPECT_EQ(few.runs, 1);
+        reading_keeper none;
+        EXPECT_FALSE(columns_of(s).read_column(0, none));
+        EXPECT_FALSE(columns_of(s).read_column(-1, none));
+    }
+}
+
+TEST(gdal_column, a_cell_of_another_kind_damages_a_reading)
+{
+    temp_dir const dir;
+    auto const path = dir / "t.gpkg";
+    {
+        source const made(vx::text::utf8_to_wide(path.string()), 2);
+        ASSERT_TRUE(
+            made.table.create_vector(L"t|SPATIAL_INDEX=NO", 1, 0, definition({{L"n", 3}, {L"s", 1}})));
+        for (int i = 0; i < 10; ++i)
+            ASSERT_TRUE(add(made, [&](vx::feature f) { EXPECT_TRUE(f.set_integer(0, i)); }));
+    }
+    sqlite3 *base = nullptr;
+    ASSERT_EQ(sqlite3_open(path.c_str(), &base), SQLITE_OK);
+    EXPECT_EQ(sqlite3_exec(base,
+                           "UPDATE t SET n = 4000000000 WHERE fid = 4; UPDATE t SET s = x'41' WHERE fid = 2",
+                           nullptr, nullptr, nullptr),
+              SQLITE_OK);
+    sqlite3_close(base);
+    source const s(vx::text::utf8_to_wide(path.string()));
+    for (int field = 0; field < 2; ++field) {
+        reading_keeper reading;
+        ASSERT_TRUE(columns_of(s).read_column(field, reading));
+        while (reading.is_on())
+            reading.step();
+        EXPECT_EQ(reading.state, vx::codes::plain::reading_damaged) << field;
     }
 }
 
