@@ -280,6 +280,11 @@ int vx_attr_files_get_field_index_w(Ivx_attr_files const *files, wchar_t const *
     return at == fields.end() ? -1 : static_cast<int>(at - fields.begin());
 }
 
+bool vx_attr_files_read_on(Ivx_attr_files *files, unsigned field, int milliseconds)
+{
+    return field < vx_attr_files_get_np(files) && files->set->read_cells(field, milliseconds);
+}
+
 wchar_t const *vx_attr_files_get_wstr(Ivx_attr_files *files, unsigned field, unsigned record, bool *ok)
 {
     tell(ok, false);

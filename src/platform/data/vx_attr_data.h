@@ -88,6 +88,10 @@ VX_API void vx_attr_files_close(Ivx_attr_files *files);
 /// is none.
 [[nodiscard]] VX_API int vx_attr_files_get_field_index_w(Ivx_attr_files const *files, wchar_t const *name);
 
+/// Reads the column of a field for about so many milliseconds. False when there is nothing left to read: the
+/// cells of the field are there at once then. What was read stays, also for other tables of the same data.
+VX_API bool vx_attr_files_read_on(Ivx_attr_files *files, unsigned field, int milliseconds);
+
 /// A cell as text. `*ok` (may be null) tells whether the cell has a value; without one the text is empty. The
 /// first cell of a field reads the whole column. The pointer is valid until the next call of the same
 /// function on this table.

@@ -79,6 +79,9 @@ bool draw_layer(Ivx_layer *layer, Tvx_map_view const &view, void *dc, variant_of
     for (unsigned i = 0; i < vx_stl_mngr_list_get_count(list); ++i) {
         auto const &mngr = *static_cast<vx::styles::stl_mngr const *>(vx_stl_mngr_list_get_mngr(list, i));
         mngr_painter painter(target, view, mngr, files.get(), variant);
+        while (painter.read_on(c_slice_ms))
+            if (!meter.go_on(c_slice_ms * 1e6))
+                return false;
         pass p{painter, selected, meter};
         for (unsigned first = 0;;) {
             unsigned const end = vx_shape_files_get_count(shapes.get());

@@ -5,6 +5,7 @@
 #include "platform/base/owned.h"
 #include "platform/data/vx_attr_data.h"
 #include "platform/data/vx_entity.h"
+#include "platform/data/vx_shape_files.h"
 #include "platform/data/vx_table.h"
 #include "platform/winapi/codepage.h"
 #include "platform/winapi/file.h"
@@ -154,6 +155,45 @@ TEST_F(attr_table, reads_a_column_once)
     EXPECT_EQ(1, f_table.walks) << "what is not offered is not read";
     EXPECT_EQ(0, f_table.held_features) << "each feature is ended";
     EXPECT_EQ(1, f_table.opened);
+}
+
+TEST_F(attr_table, is_read_in_slices_beside_shapes_and_single_records)
+{
+    using shape_files = vx::owned<Ivx_shape_files, &vx_shape_files_close>;
+    constexpr unsigned count = 300;
+    constexpr unsigned c_page = 64;
+    f_table.stores_extent = true;
+    f_table.delay_us = 200;
+    f_table.features.resize(count, f_table.features[1]);
+    for (unsigned i = 4; i < count; ++i)
+        f_table.features[i] = {{std::to_wstring(i), 0.5 * i, int(i), {}, {}, {}}, 1, {{{1.0 * i, 3}}}};
+    open();
+    shape_files const shapes(vx_shape_files_begin(f_data.get()));
+    int slices = 0;
+    for (bool is_on = true; is_on; ++slices) {
+        is_on = vx_attr_files_read_on(f_files.get(), c_number, 20);
+        is_on = (slices % 4 == 0 && vx_shape_files_read_on(shapes.get(), 40)) || is_on;
+        if (slices == 2) {
+            EXPECT_STREQ(vx_attr_files_peek_wstr(f_files.get(), c_text, c_page, nullptr), L"64");
+        }
+    }
+    EXPECT_GT(slices, 2);
+    while (vx_shape_files_read_on(shapes.get(), 10)) {
+    }
+    int const walks = f_table.walks;
+    for (unsigned i = 4; i < count; ++i)
+        EXPECT_EQ(vx_attr_files_get_dbl(f_files.get(), c_number, i, nullptr), 0.5 * i);
+    EXPECT_EQ(vx_shape_files_get_count(shapes.get()), count);
+    Tvx_shape_view view;
+    EXPECT_TRUE(vx_shape_files_get(shapes.get(), count - 1, &view));
+    EXPECT_EQ(view.points[view.part_starts[0]].x, count - 1);
+    EXPECT_EQ(f_table.walks, walks) << "what was read stays";
+    EXPECT_FALSE(vx_attr_files_read_on(f_files.get(), c_number, 10));
+    EXPECT_FALSE(vx_attr_files_read_on(f_files.get(), c_binary, 10));
+    EXPECT_FALSE(vx_attr_files_read_on(f_files.get(), 6, 10));
+    EXPECT_TRUE(vx_attr_files_read_on(f_files.get(), c_integer, 1));
+    EXPECT_EQ(vx_attr_files_get_int(f_files.get(), c_integer, 7, nullptr), 7) << "the rest at once";
+    EXPECT_EQ(0, f_table.held_features);
 }
 
 TEST_F(attr_table, describes_its_fields)

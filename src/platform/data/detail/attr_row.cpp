@@ -9,8 +9,12 @@
 namespace vx::attr {
 int attr_row::field_index(std::wstring_view name) const
 {
-    return f_files && !name.empty() ? vx_attr_files_get_field_index_w(f_files, std::wstring(name).c_str())
-                                    : -1;
+    if (!f_files || name.empty())
+        return -1;
+    int const field = vx_attr_files_get_field_index_w(f_files, std::wstring(name).c_str());
+    if (field >= 0)
+        f_fields.insert(field);
+    return field;
 }
 
 Tvx_calc_cell attr_row::cell(int field, bool text_needed)

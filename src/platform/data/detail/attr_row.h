@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <set>
 
 struct Ivx_attr_files;
 
@@ -15,6 +16,8 @@ public:
     /// Null is a table without fields. The table must outlive the row.
     explicit attr_row(Ivx_attr_files *files) : f_files(files) {}
     void go_to(unsigned record) { f_record = record; }
+    /// Those that were looked up.
+    [[nodiscard]] std::set<int> const &fields() const { return f_fields; }
 
     [[nodiscard]] int field_index(std::wstring_view name) const override;
     [[nodiscard]] Tvx_calc_cell cell(int field, bool text_needed) override;
@@ -23,6 +26,7 @@ private:
     [[nodiscard]] std::optional<std::int64_t> whole_number(unsigned field, double number);
 
     Ivx_attr_files *f_files;
+    mutable std::set<int> f_fields;
     unsigned f_record = 0;
 };
 } // namespace vx::attr

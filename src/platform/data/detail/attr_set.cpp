@@ -8,10 +8,7 @@
 #include "extension/binding/string_visitor.h"
 
 #include "platform/base/flag_scope.h"
-#include "platform/base/owned.h"
 #include "platform/base/string_adp.h"
-#include "platform/base/text_codec.h"
-#include "platform/base/vertex_list.h"
 #include "platform/basic/vx_datasource.h"
 #include "platform/basic/vx_fault.h"
 #include "platform/basic/vx_res.h"
@@ -20,8 +17,6 @@
 #include <algorithm>
 #include <chrono>
 #include <limits>
-#include <type_traits>
-#include <utility>
 
 namespace vx::attr {
 namespace {
@@ -66,194 +61,17 @@ public:
     std::wstring f_text;
 };
 
-/// Receives the features of a walk; each is ended as soon as it was looked at.
-class feature_reader : public vx::feature_visitor_impl
+class feature_dropper final : public vx::feature_visitor_impl
 {
 public:
-    void visit(vx::feature item) final
-    {
-        struct ending
-        {
-            vx::feature const &item;
-            ~ending() { vx_datasource_end(item); }
-        } const ends{item};
-        read(item);
-    }
-
-protected:
-    ~feature_reader() = default;
-    virtual void read(vx::feature const &item) = 0;
+    void visit(vx::feature item) override { vx_datasource_end(item); }
 };
 
-class feature_dropper final : public feature_reader
+/// A field of that type has cells to be read.
+bool has_cells_of(int type)
 {
-    void read(vx::feature const &) override {}
-};
-
-template <class T>
-T number_cell(vx::feature const &item, int field, bool *defined)
-{
-    if constexpr (std::is_same_v<T, double>)
-        return item.get_numeric(field, defined);
-    else if constexpr (std::is_same_v<T, std::int64_t>)
-        return item.get_bigint(field, defined);
-    else
-        return item.get_integer(field, defined);
+    return !std::holds_alternative<std::monostate>(empty_column(type, 0));
 }
-
-template <class T>
-class number_reader final : public feature_reader
-{
-public:
-    number_reader(int field, std::size_t records) : f_cells(records), f_field(field) {}
-    number_cells<T> f_cells;
-
-private:
-    void read(vx::feature const &item) override
-    {
-        bool defined = false;
-        auto const value = number_cell<T>(item, f_field, &defined);
-        f_cells.append(value, defined);
-    }
-    int f_field;
-};
-
-class text_reader final : public feature_reader
-{
-public:
-    text_reader(int field, std::size_t records) : f_cells(records), f_field(field) {}
-    text_cells f_cells;
-
-private:
-    void read(vx::feature const &item) override
-    {
-        bool defined = false;
-        f_receiver.f_text.clear();
-        item.get_string(f_field, &defined, f_receiver);
-        if (defined)
-            f_cells.append(vx::text::wide_to_utf8(f_receiver.f_text));
-        else
-            f_cells.append_none();
-    }
-    int f_field;
-    text_receiver f_receiver;
-};
-
-/// The cells of records that come one by one, for all fields.
-class record_reader final : public feature_reader
-{
-public:
-    record_reader(std::vector<field> const &fields, std::size_t records)
-    {
-        for (field const &f : fields)
-            f_cells.push_back(empty_column(f.type, records));
-    }
-    std::vector<column> f_cells;
-    std::size_t f_size = 0;
-
-private:
-    static column empty_column(int type, std::size_t records)
-    {
-        switch (type) {
-        case c_attr_string:
-        case c_attr_date:
-        case c_attr_time:
-        case c_attr_date_time:
-            return text_cells(records);
-        case c_attr_integer:
-            return number_cells<std::int32_t>(records);
-        case c_attr_bigint:
-            return number_cells<std::int64_t>(records);
-        case c_attr_numeric:
-            return number_cells<double>(records);
-        default:
-            return {};
-        }
-    }
-    void read(vx::feature const &item) override
-    {
-        for (std::size_t i = 0; i < f_cells.size(); ++i)
-            std::visit([&](auto &cells) { append(cells, item, static_cast<int>(i)); }, f_cells[i]);
-        ++f_size;
-    }
-    void append(std::monostate &, vx::feature const &, int) {}
-    void append(text_cells &cells, vx::feature const &item, int field)
-    {
-        bool defined = false;
-        f_receiver.f_text.clear();
-        item.get_string(field, &defined, f_receiver);
-        if (defined)
-            cells.append(vx::text::wide_to_utf8(f_receiver.f_text));
-        else
-            cells.append_none();
-    }
-    template <class T>
-    void append(number_cells<T> &cells, vx::feature const &item, int field)
-    {
-        bool defined = false;
-        auto const value = number_cell<T>(item, field, &defined);
-        cells.append(value, defined);
-    }
-    text_receiver f_receiver;
-};
-
-/// Receives the runs of a whole column of one kind; another kind, and what is past the records, is refused.
-template <class Cells>
-class column_reader final : public vx::column_visitor_impl
-{
-public:
-    explicit column_reader(std::size_t records) : f_cells(records), f_left(records) {}
-    Cells f_cells;
-    bool f_is_good = true;
-
-    bool visit_integers(unsigned long long count, int const *values, unsigned char const *defined) override
-    {
-        return take<number_cells<std::int32_t>>(count, values, defined);
-    }
-    bool visit_bigints(unsigned long long count, long long const *values,
-                       unsigned char const *defined) override
-    {
-        return take<number_cells<std::int64_t>>(count, values, defined);
-    }
-    bool visit_floatings(unsigned long long count, double const *values,
-                         unsigned char const *defined) override
-    {
-        return take<number_cells<double>>(count, values, defined);
-    }
-    bool visit_texts(unsigned long long count, char const *bytes, int const *starts,
-                     unsigned char const *defined) override
-    {
-        if constexpr (std::is_same_v<Cells, text_cells>)
-            return for_each(count, defined, [&](std::size_t i, bool is_defined) {
-                if (is_defined)
-                    f_cells.append({bytes + starts[i], static_cast<std::size_t>(starts[i + 1] - starts[i])});
-                else
-                    f_cells.append_none();
-            });
-        return f_is_good = false;
-    }
-
-private:
-    template <class Wanted, class T>
-    bool take(unsigned long long count, T const *values, unsigned char const *defined)
-    {
-        if constexpr (std::is_same_v<Cells, Wanted>)
-            return for_each(count, defined,
-                            [&](std::size_t i, bool is_defined) { f_cells.append(values[i], is_defined); });
-        return f_is_good = false;
-    }
-    template <class Append>
-    bool for_each(unsigned long long count, unsigned char const *defined, Append append)
-    {
-        auto const taken = std::min<std::size_t>(count, f_left);
-        for (std::size_t i = 0; i < taken; ++i)
-            append(i, !defined || (defined[i / 8] >> (i % 8) & 1) != 0);
-        f_left -= taken;
-        return f_left > 0;
-    }
-
-    std::size_t f_left;
-};
 
 /// Asks the one who waits for data sets, if there is one, now and then whether to go on.
 class patience
@@ -341,6 +159,7 @@ void attr_set::read_head()
 
 attr_set::~attr_set()
 {
+    f_column_feeds.clear();
     f_feed.reset();
     vx_datasource_end(f_source);
 }
@@ -404,8 +223,7 @@ void attr_set::read_fields()
 void attr_set::walk(vx::feature_visitor visitor) const
 {
     vx::flag_scope const walking(f_is_walking);
-    if (f_feed)
-        f_feed->lose_place();
+    take_place(nullptr);
     attempt([&] {
         vx::feature_forward_request const request(
             vx_feature_forward_request_interface_specialize(vx_data_source_interface_generalize(f_source)));
@@ -420,56 +238,74 @@ void attr_set::walk(vx::feature_visitor visitor) const
     });
 }
 
-template <class Cells, class Reader>
-Cells attr_set::read_column(int field) const
+column attr_set::read_column(std::size_t index) const
 {
+    auto const field = static_cast<int>(index);
+    int const type = f_fields[index].type;
     vx::column_source const columns(
         vx_column_source_interface_specialize(vx_data_source_interface_generalize(f_source)));
     if (columns) {
-        column_reader<Cells> reader(f_record_count);
+        column_cells reader(type, f_record_count);
         if (columns.with_column(field, reader) && reader.f_is_good)
             return std::move(reader.f_cells);
     }
-    Reader reader(field, f_record_count);
+    feature_cells reader(f_record_count);
+    reader.add_field(field, type);
     walk(reader);
-    return std::move(reader.f_cells);
+    return std::move(reader.f_cells.front());
 }
 
 column const &attr_set::cells(std::size_t index)
 {
+    constexpr int c_at_once_ms = 1000;
+    while (f_column_feeds.contains(index) && read_cells(index, c_at_once_ms)) {
+    }
     auto &held = f_columns[index];
-    if (!held && !attempt([&] { read_cells(index); }))
+    if (!held)
+        attempt([&] {
+            column cells = has_cells_of(f_fields[index].type) ? read_column(index) : column();
+            finish(cells);
+            held = std::move(cells);
+        });
+    if (!held)
         held.emplace();
     return *held;
 }
 
-void attr_set::read_cells(std::size_t index)
+bool attr_set::read_cells(std::size_t index, int milliseconds)
 {
     auto &held = f_columns[index];
-    auto const field = static_cast<int>(index);
-    switch (f_fields[index].type) {
-    case c_attr_string:
-    case c_attr_date:
-    case c_attr_time:
-    case c_attr_date_time: {
-        auto texts = read_column<text_cells, text_reader>(field);
-        texts.finish();
-        held = std::move(texts);
-        break;
+    if (held || f_is_walking || !has_cells_of(f_fields[index].type))
+        return false;
+    bool is_more = false;
+    bool const is_good = attempt([&] {
+        auto &feed = f_column_feeds[index];
+        if (!feed)
+            feed = std::make_unique<column_feed>(f_source, static_cast<int>(index), f_fields[index].type,
+                                                 f_record_count);
+        if (feed->walks_features())
+            take_place(feed.get());
+        is_more = feed->read_on(milliseconds);
+        if (!is_more)
+            held = feed->take();
+    });
+    if (!is_more) {
+        if (!is_good)
+            held.emplace();
+        f_column_feeds.erase(index);
     }
-    case c_attr_integer:
-        held = read_column<number_cells<std::int32_t>, number_reader<std::int32_t>>(field);
-        break;
-    case c_attr_bigint:
-        held = read_column<number_cells<std::int64_t>, number_reader<std::int64_t>>(field);
-        break;
-    case c_attr_numeric:
-        held = read_column<number_cells<double>, number_reader<double>>(field);
-        break;
-    default:
-        held.emplace();
-        break;
-    }
+    return is_more;
+}
+
+void attr_set::take_place(void const *by) const
+{
+    if (f_place_of == by && by)
+        return;
+    f_place_of = by;
+    if (f_feed)
+        f_feed->lose_place();
+    for (auto const &[index, feed] : f_column_feeds)
+        feed->lose_place();
 }
 
 std::vector<column> attr_set::read_records(std::size_t first, std::size_t count)
@@ -488,7 +324,9 @@ std::vector<column> attr_set::read_page(std::size_t first, std::size_t count)
     if (f_is_walking || !walk)
         return {};
     auto const began = std::chrono::steady_clock::now();
-    record_reader reader(f_fields, count);
+    feature_cells reader(count);
+    for (std::size_t i = 0; i < f_fields.size(); ++i)
+        reader.add_field(static_cast<int>(i), f_fields[i].type);
     // Where a place is found by walking to it, a database still steps faster than its driver.
     bool const by_page = !places.has_moveto_index();
     bool good =
@@ -502,12 +340,10 @@ std::vector<column> attr_set::read_page(std::size_t first, std::size_t count)
     if (by_page)
         walk.set_attribute_filter(nullptr);
     walk.reset_reading();
-    if (f_feed)
-        f_feed->lose_place();
+    take_place(nullptr);
     f_finds_records_fast = is_there && std::chrono::steady_clock::now() - began < c_slow;
     for (column &cells : reader.f_cells)
-        if (auto *const texts = std::get_if<text_cells>(&cells))
-            texts->finish();
+        finish(cells);
     return std::move(reader.f_cells);
 }
 
@@ -543,6 +379,8 @@ bool attr_set::read_shapes(int milliseconds)
 bool attr_set::read_on(shape_feed &from, int milliseconds)
 {
     bool is_more = false;
+    if (from.walks_features())
+        take_place(&from);
     if (!attempt([&] { is_more = from.read_on(milliseconds); }))
         from.give_up();
     return is_more;

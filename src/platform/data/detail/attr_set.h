@@ -5,8 +5,10 @@
 #include "extension/binding/vector_source.h"
 
 #include "platform/data/detail/attr_column.h"
+#include "platform/data/detail/column_feed.h"
 #include "platform/data/detail/shape_feed.h"
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -46,6 +48,9 @@ public:
 
     /// The column of a field, read from the source at the first call. `index` must be one of `fields`.
     [[nodiscard]] column const &cells(std::size_t index);
+    /// Reads the column of a field for about so long. False when there is nothing left to read; `cells` gives
+    /// it at once then.
+    bool read_cells(std::size_t index, int milliseconds);
     /// The cells of some records, all fields: what lies `first` from the beginning, `count` or less. Without
     /// reading columns; empty where the source is being read already or cannot be.
     [[nodiscard]] std::vector<column> read_records(std::size_t first, std::size_t count);
@@ -73,21 +78,23 @@ private:
     bool attempt(Call call) const;
     void read_head();
     void read_fields();
-    void read_cells(std::size_t index);
     [[nodiscard]] std::vector<column> read_page(std::size_t first, std::size_t count);
     /// Hands each feature to `visitor`, in record order, not more than there are records.
     void walk(vx::feature_visitor visitor) const;
     /// Null when the source cannot be read.
     [[nodiscard]] shape_feed *feed();
-    /// All cells of a field: by the driver's columns if it offers them, else by a walk with a `Reader`.
-    template <class Cells, class Reader>
-    [[nodiscard]] Cells read_column(int field) const;
+    /// All cells of a field in one piece: by the driver's columns if it offers them, else by a walk.
+    [[nodiscard]] column read_column(std::size_t index) const;
+    /// To be called by whoever goes over the features of the source: the others lose their places.
+    void take_place(void const *by) const;
 
     vx::data_source f_source;
     vx::vector_source f_vector;
     std::vector<field> f_fields;
     std::vector<std::optional<column>> f_columns;
     std::unique_ptr<shape_feed> f_feed; ///< null before the first question for shapes
+    std::map<std::size_t, std::unique_ptr<column_feed>> f_column_feeds; ///< of columns that are being read
+    mutable void const *f_place_of = nullptr; ///< the feed that last went over the features
     std::size_t f_record_count = 0;
     bool f_has_vector = false;
     mutable bool f_is_walking = false;

@@ -1,23 +1,19 @@
 #include "platform/data/detail/shape_feed.h"
 
 #include "extension/binding/codes.h"
-#include "extension/binding/feature_random_request.h"
 #include "extension/binding/feature_visitor.h"
 #include "extension/binding/shape_reading_visitor.h"
 #include "extension/binding/shape_source.h"
-#include "extension/binding/string_visitor.h"
 
 #include "platform/base/owned.h"
 #include "platform/base/vertex_list.h"
 #include "platform/basic/vx_datasource.h"
 
 #include <algorithm>
-#include <chrono>
 
 namespace vx::attr {
 namespace {
 using namespace codes::plain;
-using clock = std::chrono::steady_clock;
 
 // Types with z have the number of the flat one and this; a patch of surfaces has no flat form.
 constexpr int c_geom_z = geom_point_z - geom_point;
@@ -45,19 +41,6 @@ class reading_taker final : public vx::shape_reading_visitor_impl
 public:
     vx::shape_reading f_reading;
     void visit(vx::shape_reading item) override { f_reading = item; }
-};
-
-class complaint_listener final : public vx::string_visitor_impl
-{
-public:
-    void visit(wchar_t const *) override { f_is_heard = true; }
-    bool f_is_heard = false;
-};
-
-class feature_skipper final : public vx::feature_visitor_impl
-{
-public:
-    void visit(vx::feature item) override { vx_datasource_end(item); }
 };
 
 vx::shape_reading begin_reading(vx::data_source source, Tvx_box_d2 const *window)
@@ -145,7 +128,6 @@ public:
         } const ends{item};
         read(item);
     }
-    complaint_listener f_complaints;
 
 private:
     void read(vx::feature const &item)
@@ -188,11 +170,8 @@ shape_feed::shape_feed(vx::data_source source, std::size_t record_count)
 {
     if (f_reading)
         return;
-    f_request = vx::feature_forward_request(
-        vx_feature_forward_request_interface_specialize(vx_data_source_interface_generalize(source)));
+    f_walk = std::make_unique<feature_walk>(source, record_count);
     f_features = std::make_unique<feature_reader>(*f_shapes);
-    if (!f_request.reset_reading())
-        finish(true);
 }
 
 std::unique_ptr<shape_feed> shape_feed::in_window(vx::data_source source, std::size_t record_count,
@@ -221,6 +200,7 @@ void shape_feed::end_reading()
     if (f_reading)
         vx_datasource_end(f_reading);
     f_reading = {};
+    f_walk.reset();
     f_features.reset();
 }
 
@@ -252,42 +232,12 @@ void shape_feed::read_runs(int milliseconds)
         finish(state == reading_damaged);
 }
 
-bool shape_feed::find_place()
-{
-    if (f_has_place)
-        return true;
-    f_has_place = true;
-    vx::feature_random_request const random(
-        vx_feature_random_request_interface_specialize(vx_data_source_interface_generalize(f_source)));
-    if (random && random.moveto_index(static_cast<long long>(f_taken)))
-        return true;
-    feature_skipper skipper;
-    bool is_there = f_request.reset_reading();
-    for (std::size_t i = 0; is_there && i < f_taken; ++i)
-        is_there = f_request.with_next_feature(skipper);
-    return is_there;
-}
-
 void shape_feed::read_features(int milliseconds)
 {
-    if (!find_place())
-        return finish(true);
-    auto const end = clock::now() + std::chrono::milliseconds(milliseconds);
-    while (f_taken < f_record_count) {
-        bool const is_read = f_request.with_next_feature(*f_features);
-        // It holds the complaints of its last call only.
-        f_source.with_error(f_features->f_complaints);
-        if (!is_read)
-            break;
-        ++f_taken;
-        if (clock::now() >= end)
-            return;
-    }
-    // A server holds the table as it was, for whoever has not come to its end.
-    feature_skipper last;
-    if (f_taken == f_record_count)
-        (void)f_request.with_next_feature(last);
-    finish(f_features->f_complaints.f_is_heard);
+    auto const state = f_walk->read_on(milliseconds, *f_features);
+    f_taken = f_walk->taken();
+    if (state != feature_walk::c_more)
+        finish(state == feature_walk::c_damaged);
 }
 
 void shape_feed::finish(bool is_damaged)

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "extension/binding/data_source.h"
-#include "extension/binding/feature_forward_request.h"
 #include "extension/binding/shape_reading.h"
 
+#include "platform/data/detail/feature_walk.h"
 #include "platform/data/detail/shape_set.h"
 
 #include <memory>
@@ -33,8 +33,13 @@ public:
     /// The source failed: what was read is all there is.
     void give_up();
     [[nodiscard]] bool is_broken() const { return f_is_broken; }
+    [[nodiscard]] bool walks_features() const { return bool(f_walk); }
     /// Somebody else has walked over the features of the source.
-    void lose_place() { f_has_place = false; }
+    void lose_place()
+    {
+        if (f_walk)
+            f_walk->lose_place();
+    }
     [[nodiscard]] std::shared_ptr<shape_set const> const &shapes() const { return f_seen; }
     /// Numbers of the records of the shapes of a window.
     [[nodiscard]] std::shared_ptr<std::vector<unsigned> const> records() const { return f_records; }
@@ -46,20 +51,18 @@ private:
     shape_feed(vx::data_source source, std::size_t record_count, vx::shape_reading reading);
     void read_runs(int milliseconds);
     void read_features(int milliseconds);
-    [[nodiscard]] bool find_place();
     void finish(bool is_damaged);
     void end_reading();
 
     vx::data_source f_source;
     vx::shape_reading f_reading; ///< null: feature by feature
-    vx::feature_forward_request f_request;
+    std::unique_ptr<feature_walk> f_walk;
     std::unique_ptr<feature_reader> f_features;
     std::size_t f_record_count;
     std::shared_ptr<shape_set> f_shapes = std::make_shared<shape_set>();
     std::shared_ptr<shape_set const> f_seen = f_shapes;
     std::shared_ptr<std::vector<unsigned>> f_records; ///< null: shape i is that of record i
     std::size_t f_taken = 0;                          ///< records that were read
-    bool f_has_place = true;                          ///< the source goes on with the feature that is wanted
     bool f_is_over = false;
     bool f_is_broken = false;
 };

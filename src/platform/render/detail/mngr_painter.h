@@ -24,6 +24,8 @@ public:
     mngr_painter &operator=(mngr_painter const &) = delete;
     ~mngr_painter();
 
+    /// See `row_source`: to be called until nothing is left to read.
+    bool read_on(int milliseconds) { return f_rows.read_on(milliseconds); }
     void draw(unsigned record, Tvx_shape_view const &shape);
     /// Draws what waits for its turn; `draw` may leave the last few symbols.
     void finish();

@@ -60,6 +60,15 @@ row_source::row_source(stl_mngr const &mngr, Ivx_attr_files *files) : f_mngr(mng
 
 row_source::~row_source() = default;
 
+bool row_source::read_on(int milliseconds)
+{
+    auto const read = [&](int field) {
+        return field >= 0 && vx_attr_files_read_on(f_files, static_cast<unsigned>(field), milliseconds);
+    };
+    return read(f_field) || read(f_rotate_field) ||
+           (f_rules && std::ranges::any_of(f_rules->row.fields(), read));
+}
+
 val_scale const *row_source::entries() const
 {
     if (f_mngr.mode == c_stl_mngr_mode_value)

@@ -26,6 +26,9 @@ public:
     row_source &operator=(row_source const &) = delete;
     ~row_source();
 
+    /// Reads the columns that the rows go by for about so many milliseconds; false when nothing is left to
+    /// read. Before, any of the questions reads them in one piece.
+    bool read_on(int milliseconds);
     [[nodiscard]] unsigned row_count() const;
     [[nodiscard]] unsigned row_of(unsigned record) const;
     [[nodiscard]] styles::stl_prm const &style(unsigned row) const;
