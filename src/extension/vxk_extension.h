@@ -5,6 +5,8 @@
 #include "extension/binding/bigints_visitor.h"
 #include "extension/binding/bytes_visitor.h"
 #include "extension/binding/codes.h"
+#include "extension/binding/column_reading.h"
+#include "extension/binding/column_reading_visitor.h"
 #include "extension/binding/column_source.h"
 #include "extension/binding/column_visitor.h"
 #include "extension/binding/context_menu_visitor.h"
