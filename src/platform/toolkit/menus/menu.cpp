@@ -16,8 +16,11 @@
 #include <QtGui/QIcon>
 #include <QtGui/QKeySequence>
 #include <QtGui/QPixmap>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QMenuBar>
+#include <QtWidgets/QProxyStyle>
+#include <QtWidgets/QStyle>
 
 #include <algorithm>
 
@@ -41,6 +44,43 @@ QString without_accelerator(UnicodeString const &caption)
     text.replace(QStringLiteral("&&"), QStringLiteral("\x01"));
     text.remove(u'&');
     return text.replace(QStringLiteral("\x01"), QStringLiteral("&"));
+}
+
+constexpr char const *c_picture_width = "vx_picture_width";
+
+/// Qt gives the pictures of a menu the room of a small square; here they get that of the widest one.
+class picture_style final : public QProxyStyle
+{
+public:
+    picture_style() : QProxyStyle(QApplication::style()->name()) {}
+
+    int pixelMetric(PixelMetric metric, QStyleOption const *option, QWidget const *widget) const override
+    {
+        int const usual = QProxyStyle::pixelMetric(metric, option, widget);
+        if (metric != PM_SmallIconSize || !widget)
+            return usual;
+        return std::max(usual, widget->property(c_picture_width).toInt());
+    }
+};
+
+/// One for all menus; the application ends it.
+QStyle *wide_pictures()
+{
+    static QPointer<QStyle> style;
+    if (!style) {
+        style = new picture_style;
+        style->setParent(qApp);
+    }
+    return style;
+}
+
+void make_room(QWidget *menu, QSize const &picture)
+{
+    int const width = std::max(menu->property(c_picture_width).toInt(), picture.width());
+    if (width <= menu->style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, menu))
+        return;
+    menu->setProperty(c_picture_width, width);
+    menu->setStyle(wide_pictures());
 }
 
 QKeySequence to_sequence(TShortCut short_cut)
@@ -211,7 +251,10 @@ void TMenuItem::apply()
     }
     if (picture.GetTransparent() && picture.GetAlphaFormat() == afIgnored && !picture.GetEmpty())
         picture.Mask(picture.GetTransparentColor());
-    action.setIcon(picture.GetEmpty() ? QIcon() : QIcon(QPixmap::fromImage(vx_qt_image(picture))));
+    auto const pixmap = picture.GetEmpty() ? QPixmap() : QPixmap::fromImage(vx_qt_image(picture));
+    if (QMenu *const menu = f_parent ? f_parent->f_native->menu.get() : nullptr; menu && !pixmap.isNull())
+        make_room(menu, pixmap.deviceIndependentSize().toSize());
+    action.setIcon(pixmap.isNull() ? QIcon() : QIcon(pixmap));
     action.setIconVisibleInMenu(true);
 }
 
