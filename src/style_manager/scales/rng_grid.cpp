@@ -10,7 +10,6 @@
 #include "platform/styles/vx_round_digits.h"
 #include "platform/styles/vx_stl_mngr.h"
 #include "platform/toolkit/graphics/canvas.h"
-#include "platform/toolkit/menus/menu.h"
 
 #include <algorithm>
 #include <cmath>
@@ -361,8 +360,7 @@ void Tvx_rng_grid::call_title_menu(int col, TPoint at)
     call_name_menu(at.X, at.Y, col == c_caption_col, col == c_min_col);
 }
 
-void Tvx_rng_grid::call_name_menu(int x, int y, bool /*caption*/, bool /*is_min*/)
+void Tvx_rng_grid::call_name_menu(int x, int y, bool caption, bool is_min)
 {
-    if (f_name_menu)
-        f_name_menu->Popup(x, y);
+    open_name_menu(x, y, caption, is_min);
 }

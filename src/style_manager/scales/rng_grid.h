@@ -23,8 +23,7 @@ public:
     /// Copies the base or the selection style of `stl_prm` into the row.
     void set_row_stl_prm(unsigned row, void const *stl_prm, bool sel);
 
-    /// The menu of the bounds or the captions, at a point of the screen. A menu that there is not opens
-    /// nothing.
+    /// The menu of the bounds or the captions, at a point of the screen.
     void call_name_menu(int x, int y, bool caption, bool is_min);
 
     /// The text of a number under the scale's round digits, with "." as decimal separator.

@@ -4,6 +4,10 @@
 #include "controls/prop/image_convert.h"
 #include "style_manager/scales/detail/scale_pictures.h"
 #include "style_manager/scales/detail/style_samples.h"
+#include "style_manager/scales/name_menu.h"
+#include "style_manager/scales/select_menu.h"
+#include "style_manager/scales/style_menu.h"
+#include "style_manager/scales/visible_menu.h"
 
 #include "platform/base/text_codec.h"
 #include "platform/basic/vx_res.h"
@@ -14,7 +18,6 @@
 #include "platform/toolkit/graphics/bitmap.h"
 #include "platform/toolkit/graphics/canvas.h"
 #include "platform/toolkit/graphics/image_list.h"
-#include "platform/toolkit/menus/menu.h"
 
 #include <algorithm>
 
@@ -84,6 +87,14 @@ void Tvx_scale_grid::create_grid()
 
 void Tvx_scale_grid::load_grid_res(UnicodeString const &name)
 {
+    auto const load = [](auto *menu) {
+        if (menu)
+            menu->load_res();
+    };
+    load(f_name_menu);
+    load(f_select_menu);
+    load(f_style_menu);
+    load(f_visible_menu);
     f_ins_action->SetHint(vx_res_get_wstr(c_scl_insert));
     f_del_action->SetHint(vx_res_get_wstr(c_scl_delete));
     SetAccessibleName(name);
@@ -110,6 +121,7 @@ void Tvx_scale_grid::set_stl_mngr(void *mngr)
             end_gradient();
         f_mark_anchor = -1;
         f_samples->clear();
+        release_menus();
     }
     f_stl_mngr = mngr;
     f_scale = mngr ? scale_of(mngr) : nullptr;
@@ -188,22 +200,25 @@ void Tvx_scale_grid::call_click(int col, int grid_row, TShiftState shift)
 {
     if (!f_scale || (grid_row > 0 && row_at(grid_row) < 0))
         return;
-    bool const was_picking = f_grad_mode;
     bool const is_mark = grid_row > 0 && col == c_mark_col;
-    auto const row = static_cast<unsigned>(std::max(grid_row - 1, 0));
-    if (grid_row == 0)
-        header_click(col);
-    else if (is_mark)
+    if (!is_mark)
+        f_mark_anchor = -1;
+    if (grid_row == 0) {
+        // A pick that the menu starts goes on.
+        if (f_grad_mode)
+            end_gradient();
+        return header_click(col);
+    }
+    bool const was_picking = f_grad_mode;
+    auto const row = static_cast<unsigned>(grid_row - 1);
+    if (is_mark)
         mark_click(row, shift);
     else if (col == visible_col())
         visible_click(row, shift);
     else if (col == style_col() || col == sel_style_col())
         style_click(row, col == sel_style_col());
-    // A pick that a menu of this very click has started goes on.
     if (was_picking)
         end_gradient();
-    if (!is_mark)
-        f_mark_anchor = -1;
 }
 
 void Tvx_scale_grid::header_click(int col)
@@ -534,20 +549,102 @@ void Tvx_scale_grid::on_del_action_update(TObject * /*sender*/)
 
 // ---- menus
 
-void Tvx_scale_grid::call_select_menu(int x, int y)
+bool Tvx_scale_grid::prepare_menu()
 {
-    if (f_select_menu)
-        f_select_menu->Popup(x, y);
+    // A sort would carry the entry away from below what is typed.
+    end_edit(true);
+    return f_scale != nullptr;
 }
 
-void Tvx_scale_grid::call_style_menu(int x, int y, bool /*sel*/)
+void Tvx_scale_grid::release_menu(Tvx_scale_menu *menu)
 {
-    if (f_style_menu)
-        f_style_menu->Popup(x, y);
+    if (!menu)
+        return;
+    menu->CloseMenu();
+    menu->set_stl_mngr(nullptr);
+}
+
+void Tvx_scale_grid::release_menus()
+{
+    release_menu(f_name_menu);
+    release_menu(f_select_menu);
+    release_menu(f_style_menu);
+    release_menu(f_visible_menu);
+}
+
+void Tvx_scale_grid::open_name_menu(int x, int y, bool caption, bool is_min)
+{
+    if (!prepare_menu())
+        return;
+    auto *const menu = need_menu(f_name_menu);
+    menu->set_stl_mngr(f_stl_mngr);
+    menu->set_caption_flag(caption);
+    menu->set_is_min_flag(is_min);
+    menu->update_controls();
+    menu->Popup(x, y);
+}
+
+void Tvx_scale_grid::call_select_menu(int x, int y)
+{
+    if (!prepare_menu())
+        return;
+    auto *const menu = need_menu(f_select_menu);
+    menu->set_stl_mngr(f_stl_mngr);
+    menu->on_changed = make_closure<&Tvx_scale_grid::on_select_menu_changed>(this);
+    menu->Popup(x, y);
+}
+
+void Tvx_scale_grid::call_style_menu(int x, int y, bool sel)
+{
+    if (!prepare_menu())
+        return;
+    auto *const menu = need_menu(f_style_menu);
+    menu->set_stl_mngr(f_stl_mngr);
+    menu->set_sel_style(sel);
+    menu->on_draw_style = on_draw_style;
+    menu->on_edit_style = on_edit_style;
+    menu->on_lib_symbol_style = lib_symbol_event();
+    menu->on_clr_gradient = make_closure<&Tvx_scale_grid::on_clr_gradient_click>(this);
+    menu->on_transparency_gradient = make_closure<&Tvx_scale_grid::on_transparency_gradient_click>(this);
+    menu->on_size_gradient = make_closure<&Tvx_scale_grid::on_size_gradient_click>(this);
+    menu->update_controls();
+    menu->Popup(x, y);
 }
 
 void Tvx_scale_grid::call_visible_menu(int x, int y)
 {
-    if (f_visible_menu)
-        f_visible_menu->Popup(x, y);
+    if (!prepare_menu())
+        return;
+    auto *const menu = need_menu(f_visible_menu);
+    menu->set_stl_mngr(f_stl_mngr);
+    menu->update_controls();
+    menu->Popup(x, y);
+}
+
+void Tvx_scale_grid::on_menu_changed(TObject * /*sender*/)
+{
+    update_controls();
+    call_changed();
+}
+
+/// Marks are no change of the scale.
+void Tvx_scale_grid::on_select_menu_changed(TObject * /*sender*/)
+{
+    f_del_action->Update();
+    InvalidateGrid();
+}
+
+void Tvx_scale_grid::on_clr_gradient_click(TObject * /*sender*/)
+{
+    start_gradient(c_gradient_color, f_style_menu->get_sel_style());
+}
+
+void Tvx_scale_grid::on_transparency_gradient_click(TObject * /*sender*/)
+{
+    start_gradient(c_gradient_transparency, f_style_menu->get_sel_style());
+}
+
+void Tvx_scale_grid::on_size_gradient_click(TObject * /*sender*/)
+{
+    start_gradient(c_gradient_size, f_style_menu->get_sel_style());
 }

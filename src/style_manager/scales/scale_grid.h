@@ -9,8 +9,12 @@
 #include <string>
 
 class TCustomImageList;
-class TPopupMenu;
+class Tvx_name_menu;
+class Tvx_scale_menu;
+class Tvx_select_menu;
+class Tvx_style_menu;
 class Tvx_style_samples;
+class Tvx_visible_menu;
 
 /// What a gradient between two rows changes.
 enum Tvx_gradient_kind
@@ -47,7 +51,8 @@ public:
     /// Closes the in-place editor: with `taken` its text goes into the scale, else it is dropped.
     void end_edit(bool taken);
 
-    /// The menus of the headers, at a point of the screen. A menu that there is not opens nothing.
+    /// The menus of the headers, at a point of the screen. What is being edited is taken before. Without a
+    /// scale nothing opens.
     void call_select_menu(int x, int y);
     void call_style_menu(int x, int y, bool sel);
     void call_visible_menu(int x, int y);
@@ -119,14 +124,24 @@ protected:
     void DoExit() override;
     void WMSize() override;
 
+    /// What serves the libraries of symbols; unset where they do not serve the scale.
+    [[nodiscard]] virtual Tvx_lib_symbol_style_event lib_symbol_event() { return {}; }
+    /// Lets go of the manager that the menus are bound to, and closes one that is open.
+    virtual void release_menus();
+    static void release_menu(Tvx_scale_menu *menu);
+
     /// The row of the scale that a grid row shows; -1 for none.
     [[nodiscard]] int row_at(int grid_row) const;
-
-    /// The menus of the headers; null where there is none.
-    TPopupMenu *f_name_menu = nullptr;
-    TPopupMenu *f_select_menu = nullptr;
-    TPopupMenu *f_style_menu = nullptr;
-    TPopupMenu *f_visible_menu = nullptr;
+    /// Takes what is being edited, and says whether there is a scale for a menu.
+    [[nodiscard]] bool prepare_menu();
+    /// The menu, made when it is first asked for: most grids never show theirs. Its commands change the
+    /// scale.
+    template <class Menu>
+    Menu *need_menu(Menu *&menu);
+    /// Binds the menu of the texts and opens it.
+    void open_name_menu(int x, int y, bool caption, bool is_min);
+    /// A command of a menu has changed the scale.
+    void on_menu_changed(TObject *sender);
 
 private:
     [[nodiscard]] int visible_col() const { return c_first_text_col + f_text_cols; }
@@ -153,7 +168,16 @@ private:
 
     void on_del_action_update(TObject *sender);
 
+    void on_select_menu_changed(TObject *sender);
+    void on_clr_gradient_click(TObject *sender);
+    void on_transparency_gradient_click(TObject *sender);
+    void on_size_gradient_click(TObject *sender);
+
     int f_text_cols;
+    Tvx_name_menu *f_name_menu = nullptr; ///< the menus are null until they are needed
+    Tvx_select_menu *f_select_menu = nullptr;
+    Tvx_style_menu *f_style_menu = nullptr;
+    Tvx_visible_menu *f_visible_menu = nullptr;
     TActionList *f_actions = nullptr;
     TAction *f_ins_action = nullptr;
     TAction *f_del_action = nullptr;
@@ -176,3 +200,16 @@ private:
     bool f_selection_style = true;
     std::unique_ptr<Tvx_style_samples> f_samples;
 };
+
+template <class Menu>
+Menu *Tvx_scale_grid::need_menu(Menu *&menu)
+{
+    if (!menu) {
+        menu = new Menu(this);
+        if constexpr (requires { menu->create(); })
+            menu->create();
+        menu->load_res();
+        menu->on_changed = make_closure<&Tvx_scale_grid::on_menu_changed>(this);
+    }
+    return menu;
+}

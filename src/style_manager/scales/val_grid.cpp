@@ -1,6 +1,7 @@
 #include "style_manager/scales/val_grid.h"
 
 #include "captions/style_manager.h"
+#include "style_manager/scales/rule_import_menu.h"
 
 #include "platform/base/owned.h"
 #include "platform/base/string_adp.h"
@@ -9,7 +10,7 @@
 #include "platform/calculator/vx_calc_filter.h"
 #include "platform/styles/vx_stl_mngr.h"
 #include "platform/styles/vx_val_scale.h"
-#include "platform/toolkit/menus/menu.h"
+#include "platform/toolkit/core/screen.h"
 
 #include <algorithm>
 
@@ -54,6 +55,8 @@ void Tvx_val_grid::load_res()
 {
     f_title_value = vx_res_get_wstr(f_rule ? c_scl_rule : c_scl_value);
     f_title_caption = vx_res_get_wstr(c_scl_caption);
+    if (f_rule_import_menu)
+        f_rule_import_menu->load_res();
     load_grid_res(vx_res_get_wstr(f_rule ? c_scl_rules : c_scl_values));
 }
 
@@ -210,6 +213,31 @@ void Tvx_val_grid::call_title_menu(int col, TPoint at)
 
 void Tvx_val_grid::call_name_menu(int x, int y, bool caption)
 {
-    if (auto *const menu = f_rule && !caption ? f_rule_import_menu : f_name_menu)
-        menu->Popup(x, y);
+    if (!f_rule || caption)
+        return open_name_menu(x, y, caption, false);
+    if (!prepare_menu())
+        return;
+    auto *const menu = need_menu(f_rule_import_menu);
+    menu->set_stl_mngr(get_stl_mngr());
+    menu->update_controls();
+    menu->Popup(x, y);
+}
+
+void Tvx_val_grid::release_menus()
+{
+    Tvx_scale_grid::release_menus();
+    release_menu(f_rule_import_menu);
+}
+
+Tvx_lib_symbol_style_event Tvx_val_grid::lib_symbol_event()
+{
+    return on_lib_symbol_style ? make_closure<&Tvx_val_grid::on_menu_lib_symbol_style>(this)
+                               : Tvx_lib_symbol_style_event();
+}
+
+bool Tvx_val_grid::on_menu_lib_symbol_style(TObject * /*sender*/, int lib_idx, int code, void *stl_prm,
+                                            bool sel, std::wstring &caption)
+{
+    vx_wait_cursor const waiting;
+    return on_lib_symbol_style(this, lib_idx, code, stl_prm, sel, caption);
 }

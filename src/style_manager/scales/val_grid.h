@@ -2,6 +2,8 @@
 
 #include "style_manager/scales/scale_grid.h"
 
+class Tvx_rule_import_menu;
+
 /// The entries of a value scale or, with the rule flag, of a rule scale: entry i is row i.
 class VX_API Tvx_val_grid : public Tvx_scale_grid
 {
@@ -12,8 +14,8 @@ public:
     void load_res();
 
     [[nodiscard]] bool is_rule() const { return f_rule; }
-    /// The menu of the texts or the captions, at a point of the screen. A menu that there is not opens
-    /// nothing.
+    /// The menu of the texts or the captions, at a point of the screen; for the texts of rules that which
+    /// imports other scales.
     void call_name_menu(int x, int y, bool caption);
     /// Lets the user edit the filter of an entry.
     virtual void call_value_click(unsigned entry);
@@ -43,11 +45,16 @@ protected:
     void on_ins_action_execute(TObject *sender) override;
     void on_del_action_execute(TObject *sender) override;
 
+    [[nodiscard]] Tvx_lib_symbol_style_event lib_symbol_event() override;
+    void release_menus() override;
+
 private:
     void on_double_click(TObject *sender);
+    bool on_menu_lib_symbol_style(TObject *sender, int lib_idx, int code, void *stl_prm, bool sel,
+                                  std::wstring &caption);
 
     bool f_rule;
     UnicodeString f_title_value;
     UnicodeString f_title_caption;
-    TPopupMenu *f_rule_import_menu = nullptr; ///< null where there is none
+    Tvx_rule_import_menu *f_rule_import_menu = nullptr; ///< null until it is needed
 };
