@@ -43,6 +43,14 @@ void range_scale_classify_natural_breaks::execute(void *scale, vx::data::connect
     detail::finish_classify(scale, f_digits);
 }
 
+void range_scale_classify_natural_breaks::execute(void *scale, std::vector<double> values) const
+{
+    detail::keep_within(values, f_minval, f_maxval);
+    detail::begin_classify(scale, c_rng_type_natural_breaks, f_digits);
+    make_scale(scale, build_breaks(values));
+    detail::finish_classify(scale, f_digits);
+}
+
 bool range_scale_classify_natural_breaks::load_values(vx::data::connection const &connection,
                                                       std::vector<double> &values) const
 {

@@ -22,6 +22,8 @@ public:
     /// A data set that does not open leaves number and bounds of the ranges; they are rounded and captioned
     /// all the same.
     void execute(void *scale, vx::data::connection const &connection) const;
+    /// The same of values that are at hand, in any order, instead of those of the field.
+    void execute(void *scale, std::vector<double> values) const;
 
     /// The sample; false when the data set does not open. A field that is not there has no values.
     bool load_values(vx::data::connection const &connection, std::vector<double> &values) const;

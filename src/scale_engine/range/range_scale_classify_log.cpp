@@ -49,7 +49,7 @@ private:
 range_scale_classify_log::range_scale_classify_log(Tvx_stat_data const *stat, int base_idx, bool two_sided,
                                                    int digits)
     : f_minval(vx_stat_get_minimum(stat, nullptr)), f_maxval(vx_stat_get_maximum(stat, nullptr)),
-      f_base_idx(std::clamp(base_idx, 0, c_step_count - 1)), f_two_sided(two_sided), f_digits(digits)
+      f_base_idx(base_idx), f_two_sided(two_sided), f_digits(digits)
 {
 }
 
@@ -62,18 +62,24 @@ void range_scale_classify_log::execute(void *scale) const
 
 std::vector<double> range_scale_classify_log::log_values() const
 {
+    return log_values(f_minval, f_maxval, f_base_idx, f_two_sided, f_digits);
+}
+
+std::vector<double> range_scale_classify_log::log_values(double minval, double maxval, int base_idx,
+                                                         bool two_sided, int digits)
+{
     std::vector<double> bounds;
     auto const add_up_to = [&](double limit, double sign) {
-        step_series steps(f_base_idx, f_digits);
+        step_series steps(std::clamp(base_idx, 0, c_step_count - 1), digits);
         bounds.push_back(sign * steps.value());
         while (limit > steps.value()) {
             steps.advance();
             bounds.push_back(sign * steps.value());
         }
     };
-    add_up_to(f_maxval, 1);
-    if (f_two_sided)
-        add_up_to(-f_minval, -1);
+    add_up_to(maxval, 1);
+    if (two_sided)
+        add_up_to(-minval, -1);
     else
         bounds.push_back(0);
     std::sort(bounds.begin(), bounds.end());

@@ -23,11 +23,13 @@ public:
     /// The rows that the scale would have: its ranges, min and max entry.
     [[nodiscard]] static int estimate_nranges(Tvx_stat_data const *stat, int base_idx, bool two_sided,
                                               int digits);
+    /// The bounds of such a scale in ascending order, at least two.
+    [[nodiscard]] static std::vector<double> log_values(double minval, double maxval, int base_idx,
+                                                        bool two_sided, int digits);
     /// The three first steps as text: "0.01", "0.02", "0.05" for digits of -2.
     [[nodiscard]] static std::array<std::wstring, 3> fetch_logbase(int digits);
 
 private:
-    /// Bounds in ascending order, at least two.
     [[nodiscard]] std::vector<double> log_values() const;
     static void log_scale(void *scale, std::vector<double> const &bounds);
 
