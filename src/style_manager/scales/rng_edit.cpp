@@ -2,6 +2,7 @@
 
 #include "captions/style_manager.h"
 #include "data/filesystem/filesystem.h"
+#include "scale_builders/range/rng_type_dlg.h"
 #include "scale_engine/range/detail/classify.h"
 #include "scale_engine/range/range_scale_make_colors.h"
 #include "style_manager/scales/detail/range_counts.h"
@@ -100,6 +101,7 @@ void Tvx_rng_edit::create()
     f_build_btn->on_changed = make_closure<&Tvx_rng_edit::on_rng_edit_changed>(this);
     f_tool_panel->add_builder(f_build_btn);
     f_rescale_btn = new Tvx_rng_edit_btn(this);
+    f_rescale_btn->OnClick = make_closure<&Tvx_rng_edit::on_rescale_btn_click>(this);
     f_tool_panel->add_builder(f_rescale_btn);
     f_tool_panel->create(f_grid);
     f_tool_panel->get_save_btn()->OnClick = make_closure<&Tvx_rng_edit::on_save_btn_click>(this);
@@ -456,4 +458,16 @@ void Tvx_rng_edit::on_rng_edit_changed(TObject * /*sender*/)
 {
     f_grid->update_controls();
     call_changed();
+}
+
+void Tvx_rng_edit::on_rescale_btn_click(TObject * /*sender*/)
+{
+    if (!f_stl_mngr)
+        return;
+    auto const &data = get_data_events();
+    auto const life = Life();
+    if (vx_rng_type_rescale(f_stl_mngr, data.open, data.close, data.get_np, data.get_no, data.get_prop,
+                            data.get_stat, data.get_str, data.get_val) &&
+        !life.expired())
+        on_rng_edit_changed(this);
 }

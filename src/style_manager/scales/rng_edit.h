@@ -92,6 +92,7 @@ private:
     void on_other_panel_changed(TObject *sender);
     void on_rng_grid_changed(TObject *sender);
     void on_rng_edit_changed(TObject *sender);
+    void on_rescale_btn_click(TObject *sender);
     void on_row_selected(TObject *sender);
     void on_tool_panel_resize(TObject *sender);
 

@@ -603,8 +603,6 @@ TEST_F(rng_edit, tells_what_the_current_row_holds)
 
 TEST_F(rng_edit, writes_the_other_row_and_does_nothing_without_a_manager)
 {
-    EXPECT_FALSE(edit->get_build_btn()->GetEnabled());
-    EXPECT_FALSE(edit->get_rescale_btn()->GetEnabled());
     vx_scale_prm_set_visible(vx_rng_scale_get_other_prm_ptr(scale()), true);
     edit->update_controls();
     ASSERT_TRUE(input::enter_text(edit->get_other_panel()->get_cpt_edit(), L"z"));
@@ -613,6 +611,8 @@ TEST_F(rng_edit, writes_the_other_row_and_does_nothing_without_a_manager)
     edit->set_stl_mngr(nullptr);
     edit->update_controls();
     EXPECT_EQ(edit->get_grid()->GetRowCount(), 2);
+    EXPECT_FALSE(edit->get_build_btn()->GetEnabled());
+    EXPECT_FALSE(edit->get_rescale_btn()->GetEnabled());
     EXPECT_EQ(line(), L"");
     for (int col = mark; col <= sel_style; ++col)
         EXPECT_TRUE(click(col, 1));

@@ -14,12 +14,6 @@
 
 #include <algorithm>
 
-bool vx_has_all_data(Tvx_data_events const &data)
-{
-    return data.open && data.close && data.get_np && data.get_no && data.get_prop && data.get_str &&
-           data.get_val;
-}
-
 int vx_find_prop(Tvx_data_events const &data, TObject *sender, std::wstring const &name)
 {
     auto const wanted = vx_lower_w(name);

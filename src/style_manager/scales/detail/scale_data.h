@@ -8,8 +8,6 @@ struct Ivx_xml_data;
 
 /// What the editors of scales ask of the data and of the files behind them.
 
-/// Whether all events are there that reading every value takes: open, close, counts, properties, cells.
-[[nodiscard]] bool vx_has_all_data(Tvx_data_events const &data);
 /// The property of that name, in any case, among those that are offered; -1 for none. The data are open.
 [[nodiscard]] int vx_find_prop(Tvx_data_events const &data, TObject *sender, std::wstring const &name);
 /// The file of the scale of a property, with this extension; of property 0 where there is none of the name.

@@ -2,6 +2,13 @@
 
 #include "style_manager/api/data_events.h"
 
+/// Whether all events are there that reading every value takes: open, close, counts, properties, cells.
+[[nodiscard]] inline bool vx_has_all_data(Tvx_data_events const &data)
+{
+    return data.open && data.close && data.get_np && data.get_no && data.get_prop && data.get_str &&
+           data.get_val;
+}
+
 /// Opens the data of the events and closes them however the reading ends. All events that are used must be
 /// set.
 class open_data
