@@ -3,6 +3,7 @@
 #include "host/map_window.h"
 #include "host/offscreen.h"
 #include "host/tour.h"
+#include "scale_builders/range/rng_type_dlg.h"
 
 #include "platform/basic/vx_bundle.h"
 #include "platform/basic/vx_options.h"
@@ -91,5 +92,6 @@ int vx_map_application_run(int argc, char **argv, Tvx_command_line const &line)
         vx_options_set_language(line.language.c_str());
     // The style dialogs come from one of the bundles, which nothing else asks for.
     vx_bundles_load();
+    vx_rng_type_set_offer_natural(true);
     return line.shot_directory.empty() ? run_window(line) : run_tour(line);
 }

@@ -1,4 +1,5 @@
 #include "host/gallery/gallery_page.h"
+#include "host/gallery/squares.h"
 #include "style_manager/shell/typed_stl_mngr_edits.h"
 
 #include "platform/base/owned.h"
@@ -16,44 +17,6 @@ constexpr int c_narrow = 280;
 constexpr int c_height = 400;
 
 using owned_mngr = vx::owned<void, &vx_stl_mngr_destroy>;
-
-/// A table of one numeric field whose values are 0, 1, 4, 9 ...
-struct squares
-{
-    static constexpr unsigned c_count = 100;
-
-    static bool open(void *, TObject *) { return true; }
-    static void close(void *, TObject *) {}
-    static unsigned count_fields(void *, TObject *) { return 1; }
-    static unsigned count(void *, TObject *) { return c_count; }
-    static char const *field(void *, TObject *, unsigned, bool &usable, bool &numeric)
-    {
-        usable = numeric = true;
-        return "AREA";
-    }
-    static char const *text(void *, TObject *, unsigned, unsigned, bool &defined)
-    {
-        defined = false;
-        return "";
-    }
-    static double value(void *, TObject *, unsigned, unsigned object, bool &defined)
-    {
-        defined = object % 10 != 7;
-        return double(object) * object;
-    }
-    static Tvx_data_events events()
-    {
-        Tvx_data_events data;
-        data.open = {&open, nullptr};
-        data.close = {&close, nullptr};
-        data.get_np = {&count_fields, nullptr};
-        data.get_no = {&count, nullptr};
-        data.get_prop = {&field, nullptr};
-        data.get_str = {&text, nullptr};
-        data.get_val = {&value, nullptr};
-        return data;
-    }
-};
 
 template <class Edit>
 void add_edit(TWinControl *page, int left, int width, void *mngr)
