@@ -7,6 +7,9 @@
 #include "platform/storage/vx_xml_save_2d.h"
 #include "platform/winapi/file.h"
 
+#include <cstdint>
+#include <filesystem>
+
 using namespace vx::storage;
 
 namespace {
@@ -74,14 +77,42 @@ xml_fault read_palettes(std::string_view bytes, void *palettes)
     return {};
 }
 
-/// The user's palettes, when they are first asked for.
-void load_user_palettes(void *palettes)
+/// Which file the user's palettes were last read from: another time or size is another file.
+struct file_stamp
+{
+    std::filesystem::file_time_type time;
+    std::uintmax_t size = 0;
+    friend bool operator==(file_stamp const &, file_stamp const &) = default;
+};
+file_stamp g_seen;
+
+std::wstring user_path()
 {
     vx::owned<Ivx_ini_data, &vx_ini_data_destroy> const ini(vx_ini_data_create());
     std::wstring path;
     Tvx_std_wstring_adapter adapter(path);
     auto const name = std::wstring(c_clr_palettes_basename) + c_clr_palettes_ext;
     vx_ini_data_get_storage_path(ini.get(), name.c_str(), adapter);
+    return path;
+}
+
+/// That of no file is empty.
+file_stamp stamp_of(std::wstring const &path)
+{
+    std::filesystem::path const file = vx_path_to_native(path);
+    std::error_code error;
+    file_stamp stamp;
+    stamp.time = std::filesystem::last_write_time(file, error);
+    if (!error)
+        stamp.size = std::filesystem::file_size(file, error);
+    return error ? file_stamp() : stamp;
+}
+
+/// The user's palettes, when they are first asked for.
+void load_user_palettes(void *palettes)
+{
+    auto const path = user_path();
+    g_seen = stamp_of(path);
     std::wstring error;
     auto const bytes = file_bytes(path.c_str(), error);
     if (!bytes || !read_palettes(*bytes, palettes))
@@ -97,6 +128,15 @@ void load_user_palettes(void *palettes)
     return true;
 }();
 } // namespace
+
+void vx_user_palettes_refresh()
+{
+    void *const palettes = vx_get_user_palettes();
+    auto const stamp = stamp_of(user_path());
+    // Palettes that could not be saved stay beside a file that is as it was.
+    if (stamp != g_seen && stamp != file_stamp())
+        load_user_palettes(palettes);
+}
 
 bool vx_xml_data_load_clr_palettes(Ivx_xml_data *xml, wchar_t const *file, void *palettes)
 {

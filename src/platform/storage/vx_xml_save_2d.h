@@ -25,3 +25,6 @@ VX_API bool vx_xml_data_save_rule_scale_w(Ivx_xml_data *xml, wchar_t const *file
 [[nodiscard]] VX_API bool vx_xml_data_load_clr_palettes(Ivx_xml_data *xml, wchar_t const *file,
                                                         void *palettes);
 VX_API bool vx_xml_data_save_clr_palettes(Ivx_xml_data *xml, wchar_t const *file, void const *palettes);
+/// Takes into the user's palettes (vx_palette.h) what another process has saved since they were read here.
+/// The palettes of the list are others afterwards. A file that is missing or cannot be read changes nothing.
+VX_API void vx_user_palettes_refresh();
