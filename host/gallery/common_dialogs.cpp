@@ -2,6 +2,7 @@
 
 #include "platform/base/owned.h"
 #include "platform/basic/vx_fnt_type.h"
+#include "platform/basic/vx_palette.h"
 #include "platform/calculator/vx_calc_filter.h"
 #include "platform/dialogs/vx_dlgs.h"
 #include "platform/dialogs/vx_file_dialog.h"
@@ -11,6 +12,8 @@
 
 #include <chrono>
 #include <thread>
+#include <utility>
+#include <vector>
 
 namespace {
 void choose_color(int format)
@@ -73,6 +76,27 @@ void edit_rotation()
     vx_style_advansed_setting_dialog(areas.get(), L"");
 }
 
+void edit_palettes()
+{
+    static vx::owned<void, &vx_clr_palettes_destroy> const palettes = [] {
+        vx::owned<void, &vx_clr_palettes_destroy> list(vx_clr_palettes_create());
+        std::pair<wchar_t const *, std::vector<Tvx_color>> const made[] = {
+            {L"Soil", {{247, 240, 214, 255}, {201, 160, 96, 255}, {110, 68, 36, 255}}},
+            {L"Coast", {{12, 48, 96, 255}, {96, 180, 220, 255}, {246, 232, 180, 255}, {60, 140, 80, 255}}},
+            {L"Warning", {{40, 160, 80, 255}, {250, 210, 60, 255}, {210, 40, 40, 255}}},
+        };
+        for (auto const &[name, colors] : made) {
+            void *const palette = vx_clr_palettes_add(list.get());
+            vx_clr_palette_set_wcaption(palette, name);
+            vx_clr_palette_set_size(palette, static_cast<unsigned>(colors.size()));
+            for (unsigned i = 0; i < colors.size(); ++i)
+                vx_clr_palette_set_color(palette, i, colors[i]);
+        }
+        return list;
+    }();
+    (void)vx_clr_palettes_dialog(palettes.get(), 0);
+}
+
 /// Ten seconds of work in two levels.
 void show_progress()
 {
@@ -93,6 +117,7 @@ gallery_dialog const g_font(12, L"Font", choose_font);
 gallery_dialog const g_character(13, L"Character", choose_character);
 gallery_dialog const g_filter(21, L"Filter", edit_filter);
 gallery_dialog const g_rotation(22, L"Rotation by an attribute", edit_rotation);
+gallery_dialog const g_palettes(23, L"User palettes", edit_palettes);
 gallery_dialog const g_open(14, L"Open", [] { choose_file(false); });
 gallery_dialog const g_save(15, L"Save", [] { choose_file(true); });
 gallery_dialog const g_message(16, L"Message", [] { vx_show_wmessage(L"lakes.shp"); });

@@ -35,6 +35,7 @@ struct vx_dlg_table
     /// `data` may be null.
     bool (*attr_filter)(void *user, HWND parent, void *filter, Ivx_entity *data) = nullptr;
     bool (*style_advanced)(void *user, HWND parent, void *mngr, wchar_t const *file_name) = nullptr;
+    bool (*clr_palettes)(void *user, HWND parent, void *palettes, wchar_t const *title) = nullptr;
 };
 
 /// Copies the table and puts it into force; null goes back to the built-in dialogs. Gives the former one, so

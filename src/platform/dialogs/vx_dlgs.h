@@ -42,6 +42,10 @@ class vx_fnt_type;
 /// cannot be read, fields and values are typed. In the middle of the screen.
 [[nodiscard]] VX_API bool vx_attr_filter_dialog(void *filter, Ivx_entity *data);
 
+/// Edits a list of palettes (vx_palette.h): makes, renames, orders and deletes palettes and their colours.
+/// `title` is minus the number of the window's caption; 0 is the usual one. In the middle of the screen.
+[[nodiscard]] VX_API bool vx_clr_palettes_dialog(void *palettes, int title);
+
 /// What a style manager has beside its styles: whether symbols, spots or hatches turn by the angle in a
 /// numeric field, where an angle of 0 points and in which direction larger ones turn. The fields are those of
 /// the vector data set behind the file name or connection string; null, "" and what cannot be read: the field
