@@ -1,6 +1,7 @@
 #include "style_manager/scales/style_menu.h"
 
 #include "captions/scale_menus.h"
+#include "captions/style_manager.h"
 #include "data/filesystem/tutils.h"
 #include "scale_engine/range/range_scale_invert.h"
 #include "scale_engine/value/value_scale_invert.h"
@@ -12,6 +13,10 @@
 #include "platform/base/string_adp.h"
 #include "platform/basic/vx_res.h"
 #include "platform/basic/vx_wstrings.h"
+#include "platform/dialogs/vx_dlgs.h"
+#include "platform/storage/file_names.h"
+#include "platform/storage/vx_ini_data.h"
+#include "platform/storage/vx_xml_save_2d.h"
 #include "platform/styles/vx_global_lib_styles.h"
 #include "platform/styles/vx_stl_mngr.h"
 #include "platform/styles/vx_stl_prm.h"
@@ -31,6 +36,8 @@ namespace {
 constexpr int c_sample_size = 16;
 constexpr std::size_t c_longest_name = 60; ///< characters of a palette's name in the menu
 
+using owned_ini = vx::owned<Ivx_ini_data, &vx_ini_data_destroy>;
+using owned_xml = vx::owned<Ivx_xml_data, &vx_xml_save_2d_destroy>;
 using owned_strings = vx::owned<void, &vx_wstrings_destroy>;
 using owned_prm = vx::owned<void, &vx_stl_prm_destroy>;
 
@@ -135,8 +142,8 @@ void Tvx_style_menu::create()
     f_symbol_item = add_item(nullptr, L"Symbol", 0, {});
     f_symbol_item->SetVisible(false);
     add_separator(nullptr);
-    f_user_palettes_item = add_item(nullptr, L"User palettes", 0, {});
-    f_user_palettes_item->SetEnabled(false);
+    f_user_palettes_item = add_item(nullptr, L"User palettes", 0,
+                                    make_closure<&Tvx_style_menu::on_item_user_palette_settings_click>(this));
 }
 
 void Tvx_style_menu::add_palettes()
@@ -247,6 +254,7 @@ void Tvx_style_menu::clear_user_palette_tools(Tvx_menu_item *item, int keep)
 
 void Tvx_style_menu::add_user_palettes()
 {
+    vx_user_palettes_refresh();
     void *const palettes = vx_get_user_palettes();
     unsigned const count = vx_clr_palettes_get_size(palettes);
     auto const click = make_closure<&Tvx_style_menu::on_item_user_palette_click>(this);
@@ -384,4 +392,19 @@ void Tvx_style_menu::on_item_lib_symbol_click(TObject *sender)
             vx_val_scale_set_caption_w(rows.get_scale(), row, caption.c_str());
     }
     call_changed();
+}
+
+/// No report: the scale is as it was. The storage tells the user what goes wrong.
+void Tvx_style_menu::on_item_user_palette_settings_click(TObject * /*sender*/)
+{
+    void *const palettes = vx_get_user_palettes();
+    if (!vx_clr_palettes_dialog(palettes, -c_stl_palettes))
+        return;
+    owned_ini const ini(vx_ini_data_create());
+    std::wstring path;
+    Tvx_std_wstring_adapter adapter(path);
+    auto const name = std::wstring(c_clr_palettes_basename) + c_clr_palettes_ext;
+    vx_ini_data_get_storage_path(ini.get(), name.c_str(), adapter);
+    owned_xml const xml(vx_xml_save_2d_create());
+    vx_xml_data_save_clr_palettes(xml.get(), path.c_str(), palettes);
 }

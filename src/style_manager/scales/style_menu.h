@@ -62,6 +62,7 @@ private:
     void on_item_clr_click(TObject *sender);
     void on_item_user_palette_click(TObject *sender);
     void on_item_lib_symbol_click(TObject *sender);
+    void on_item_user_palette_settings_click(TObject *sender);
 
     bool f_sel_style = false;
     bool f_use_for_marked = false;

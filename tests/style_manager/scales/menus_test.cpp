@@ -1,9 +1,12 @@
 #include "style_manager/scales/style_menu.h"
 #include "style_manager/shell/typed_stl_mngr_edits.h"
+#include "support/temp_dir.h"
 #include "tests/controls/prop/prop_form.h"
 
 #include "platform/base/owned.h"
 #include "platform/base/string_adp.h"
+#include "platform/storage/vx_ini_data.h"
+#include "platform/storage/vx_xml_save_2d.h"
 #include "platform/styles/vx_global_lib_styles.h"
 #include "platform/styles/vx_style_lib.h"
 #include "platform/styles/vxk_styles.h"
@@ -11,6 +14,8 @@
 
 #include <algorithm>
 #include <functional>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace input = vx::user_input;
 using owned_mngr = vx::owned<void, &vx_stl_mngr_destroy>;
@@ -48,6 +53,7 @@ protected:
     void SetUp() override
     {
         prop_form::SetUp();
+        vx_ini_data_set_storage_directory(dir.path().wstring().c_str());
         edit = add<Tvx_pgn_stl_mngr_edit>(400);
         edit->create();
         edit->load_res();
@@ -59,6 +65,7 @@ protected:
     void TearDown() override
     {
         vx_clr_palettes_clear(vx_get_user_palettes());
+        vx_ini_data_set_storage_directory(nullptr);
         prop_form::TearDown();
     }
 
@@ -180,6 +187,7 @@ protected:
     }
     bool choose_style(bool sel, UnicodeString const &path) { return choose(style_col(sel), path); }
 
+    vx_test::temp_dir dir; ///< the user's storage
     owned_mngr mngr{vx_stl_mngr_create("pgn_style")};
     Tvx_pgn_stl_mngr_edit *edit = nullptr;
     int style_dialogs = 0;
@@ -577,6 +585,47 @@ TEST_F(scale_menus, palettes_of_strangers_stay_single_lines)
     vx_clr_palettes_clear(vx_get_user_palettes());
     EXPECT_FALSE(choose_style(false, L"Palette in its order|a b c"));
     EXPECT_EQ(taken_events(), 3);
+}
+
+TEST_F(scale_menus, user_palettes_are_kept_for_all_processes)
+{
+    show(c_style_mode_value);
+    fill_rows();
+    vx_dlg_set_table(nullptr); // the built-in dialogs
+    input::on_next_modal([](input::modal_window const &w) {
+        EXPECT_EQ(w.title(), L"User palettes");
+        EXPECT_TRUE(w.press_button(L"Add"));
+        EXPECT_TRUE(input::type(L"Soil"));
+        EXPECT_TRUE(w.press_button(L"OK"));
+    });
+    ASSERT_TRUE(choose_style(false, L"User palettes..."));
+    vx_dlg_set_table(&table);
+    EXPECT_EQ(taken_events(), 0) << "the scale is as it was";
+    ASSERT_TRUE(choose_style(false, L"Palette in its order|Soil"));
+    EXPECT_EQ(taken_events(), 1);
+
+    // Another process finds it, and adds one of its own.
+    pid_t const other = fork();
+    if (other == 0) {
+        vx::owned<void, &vx_clr_palettes_destroy> const list(vx_clr_palettes_create());
+        vx::owned<Ivx_xml_data, &vx_xml_save_2d_destroy> const xml(vx_xml_save_2d_create());
+        auto const file = (dir.path() / "user_palettes.clrs").wstring();
+        bool const found = vx_xml_data_load_clr_palettes(xml.get(), file.c_str(), list.get()) &&
+                           vx_clr_palettes_get_size(list.get()) == 1;
+        void *const own = vx_clr_palettes_add(list.get());
+        vx_clr_palette_set_wcaption(own, L"Coast");
+        vx_clr_palette_set_size(own, 1);
+        vx_clr_palette_set_color(own, 0, vx_clr_init_rgb(4, 5, 6));
+        _exit(found && vx_xml_data_save_clr_palettes(xml.get(), file.c_str(), list.get()) ? 0 : 1);
+    }
+    int status = -1;
+    ASSERT_EQ(waitpid(other, &status, 0), other);
+    ASSERT_EQ(status, 0);
+    ASSERT_TRUE(choose_style(false, L"Palette in its order|Coast")) << "the list was read before";
+    EXPECT_EQ(colors(false), colors_t(c_rows, vx_clr_init_rgb(4, 5, 6)));
+    // One that cannot be read takes nothing away.
+    vx_test::write_file(dir / "user_palettes.clrs", "<vx_palettes");
+    ASSERT_TRUE(choose_style(false, L"Palette in its order|Soil"));
 }
 
 TEST_F(scale_menus, outlive_a_manager_that_goes_in_the_middle)
