@@ -191,7 +191,8 @@ std::string Tvx_rng_exec::dbl2str(double value)
 
 void Tvx_rng_exec::round_rng_scale(int digits)
 {
-    auto const round = [digits](double value) { return round_to_digits(value, digits); };
+    // Adding 0 takes the sign from a zero.
+    auto const round = [digits](double value) { return round_to_digits(value, digits) + 0.0; };
     vx::task::detail::set_span(f_scale, round(vx_rng_scale_get_min_value(f_scale)),
                                round(vx_rng_scale_get_max_value(f_scale)));
     unsigned const size = vx_rng_scale_get_size(f_scale);
