@@ -325,7 +325,13 @@ void fill_painter::draw(std::span<px_line const> rings, double hatch_angle, doub
 {
     impl &d = *f_impl;
     Tvx_box_d2 const clip = grown(d.target.clip, 2);
-    if (crossings const work = crossings_of(rings, clip); work.are_many()) {
+    crossings const work = crossings_of(rings, clip);
+    std::size_t vertices = 0;
+    for (px_line const &ring : rings)
+        vertices += ring.size();
+    if (!go_on(d.target, static_cast<double>(vertices) * cost::c_vertex))
+        return;
+    if (work.are_many()) {
         d.draw_tangled(rings, clip, work, hatch_angle, spot_angle);
         return;
     }
@@ -353,10 +359,10 @@ void fill_painter::draw(std::span<px_line const> rings, double hatch_angle, doub
     if (path.isEmpty())
         return;
     QPainter &painter = *vx_qt_painter(d.target.painter);
-    double const work = cost::c_path + static_cast<double>(path.elementCount()) * cost::c_vertex +
-                        box.width() * box.height() * cost::c_pixel;
+    double const ahead = cost::c_path + static_cast<double>(path.elementCount()) * cost::c_vertex +
+                         box.width() * box.height() * cost::c_pixel;
     for (auto &it : d.items) {
-        if (!go_on(d.target, work))
+        if (!go_on(d.target, ahead))
             return;
         if (auto const *color = std::get_if<QColor>(&it)) {
             painter.fillPath(path, *color);

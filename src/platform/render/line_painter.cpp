@@ -28,7 +28,9 @@ constexpr double c_min_pattern_px = 1;
 constexpr double c_max_elements_per_px = 2;
 /// A line of so few points is drawn at once, whatever it does; one of so many never.
 constexpr std::size_t c_few_points = 256;
-constexpr std::size_t c_many_points = 1U << 15;
+constexpr std::size_t c_many_points = 1U << 14;
+/// Round joins take so many times as long as plain ones.
+constexpr std::size_t c_round_factor = 8;
 
 QColor qt_color(Tvx_color c)
 {
@@ -63,7 +65,8 @@ void stroke_line(surface const &target, std::span<Tvx_pnt_d2 const> line, double
     if (line.size() > c_few_points) {
         crossings work(target.clip);
         work.add(line);
-        if (line.size() > c_many_points || work.are_many()) {
+        bool const is_round = painter.pen().joinStyle() == Qt::RoundJoin;
+        if (line.size() * (is_round ? c_round_factor : 1) > c_many_points || work.are_many()) {
             stroke_in_runs(target, line, start);
             return;
         }
@@ -467,9 +470,14 @@ struct line_painter::impl
             it.draw(target, line, 0);
             return;
         }
-        for (line_piece const &piece : clip_line(line, clip, it.needs_lengths()))
+        for (line_piece const &piece : clip_line(line, clip, it.needs_lengths())) {
+            Tvx_box_d2 const own = box_of(piece.points);
+            if (!go_on(target, cost::c_path + static_cast<double>(piece.points.size()) * cost::c_vertex +
+                                   (own.width() + own.height()) * it.thickness() * cost::c_pixel))
+                return;
             if (piece.points.size() > 1)
                 it.draw(target, piece.points, piece.start);
+        }
     }
 };
 

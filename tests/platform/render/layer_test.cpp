@@ -411,14 +411,56 @@ TEST(render_layer, one_tangled_area_is_drawn_soon_and_can_be_cancelled)
         questions all;
         EXPECT_TRUE(
             vx_render_layer(page.layer.get(), page.view, page.dc.get(), make_closure<&questions::ask>(&all)));
-        EXPECT_LT(all.asked, 300) << "some 20 milliseconds each";
+        EXPECT_LT(all.asked, 300) << "some 12 milliseconds each";
     }
+}
+
+TEST(render_layer, one_object_with_many_symbols_can_be_cancelled)
+{
+    constexpr int c_side = 500;
+    constexpr int c_count = 300'000;
+    constexpr int c_questions = 5;
+    std::vector<std::vector<Tvx_pnt_d2>> line(1);
+    for (int i = 0; i < c_count; ++i)
+        line[0].push_back({i * 7919 % c_side + 0.5, i * 104729 % c_side + 0.5});
+    for (bool const is_line : {true, false})
+        for (double const size : {2.0, 20.0}) { // with a mask, and without
+            memory_table table;
+            memory_driver const driver(L"symbols:", table);
+            table.geom_type = is_line ? 3 : 8;
+            table.features = {{{}, table.geom_type, line}};
+            owned_layer const layer(
+                vx_shp_lr2d_create(is_line ? c_lr_key_shp_pln : c_lr_key_shp_pnt, L"symbols:"));
+            void *base = nullptr;
+            if (is_line) {
+                void *const style = vx_stl_prm_get_pln_style_ptr(
+                    vx_stl_mngr_get_simple_sp_ptr(vx_shp_pln_lr2d_get_stl_mngr_ptr(layer.get())), false);
+                vx_pln_style_set_pln_visible(style, false);
+                vx_pln_style_set_pnt_visible(style, true);
+                base = vx_pln_style_get_bpnt_style_ptr(style);
+            } else {
+                base = vx_pnt_style_get_bpnt_style_ptr(vx_stl_prm_get_pnt_style_ptr(
+                    vx_stl_mngr_get_simple_sp_ptr(vx_shp_pnt_lr2d_get_stl_mngr_ptr(layer.get())), false));
+            }
+            vx_bpnt_style_set_size(base, size);
+            vx::owned<void, &vx_bmp_dc_destroy> const dc(vx_bmp_dc_create());
+            vx_bmp_dc_set_nxy(dc.get(), c_side, c_side);
+            vx_bmp_dc_clear(dc.get(), c_white);
+            Tvx_map_view view;
+            view.world.add(0, 0);
+            view.world.add(c_side, c_side);
+            view.width = view.height = c_side;
+            ASSERT_TRUE(vx_render_layer(layer.get(), view, dc.get())) << "all is read";
+            questions q{0, c_questions};
+            EXPECT_FALSE(vx_render_layer(layer.get(), view, dc.get(), make_closure<&questions::ask>(&q)));
+            EXPECT_EQ(q.asked, c_questions) << is_line << ' ' << size;
+        }
 }
 
 TEST(render_layer, the_work_for_a_pattern_is_bound_by_what_can_be_seen)
 {
     // Each of these would draw for minutes if all elements were drawn that have a place. Questions come every
-    // 20 milliseconds.
+    // 12 milliseconds.
     struct
     {
         char const *what;

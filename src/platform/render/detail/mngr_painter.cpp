@@ -98,8 +98,10 @@ void mngr_painter::load_parts(Tvx_shape_view const &shape, double near_px)
 
 void mngr_painter::draw(unsigned record, Tvx_shape_view const &shape)
 {
-    if (shape.part_count <= 0 ||
-        !go_on(f_target, cost::c_object * (1 + shape.part_starts[shape.part_count] - shape.part_starts[0])))
+    if (shape.part_count <= 0)
+        return;
+    double const ahead = cost::c_object * (1 + shape.part_starts[shape.part_count] - shape.part_starts[0]);
+    if (!go_on(f_target, ahead))
         return;
     unsigned const row = f_rows.row_of(record);
     double const angle = f_rows.angle_of(record);
@@ -116,10 +118,14 @@ void mngr_painter::draw(unsigned record, Tvx_shape_view const &shape)
         return draw_points(with, shape, angle);
     case c_shape_polyline:
         load_parts(shape, with.near_px);
-        return draw_lines(with, angle);
+        if (go_on(f_target, ahead))
+            draw_lines(with, angle);
+        return;
     case c_shape_polygon:
         load_parts(shape, with.near_px);
-        return draw_areas(with, angle);
+        if (go_on(f_target, ahead))
+            draw_areas(with, angle);
+        return;
     case c_shape_none:
         return;
     }
@@ -128,12 +134,15 @@ void mngr_painter::draw(unsigned record, Tvx_shape_view const &shape)
 void mngr_painter::draw_symbols(plain_symbol const &symbol, Tvx_shape_view const &shape)
 {
     constexpr double c_far = 1e6; // off every picture, and safe to turn into an int
+    constexpr unsigned c_between_looks = 4096;
     unsigned const end = shape.part_starts[shape.part_count];
     for (unsigned k = shape.part_starts[0]; k < end; ++k) {
         double const x = f_view.world_to_px_x(shape.points[k].x);
         double const y = f_view.world_to_px_y(shape.points[k].y);
         if (std::abs(x) < c_far && std::abs(y) < c_far)
             add_coming({symbol.mask, symbol.color, symbol.mask->pixel_of({x, y})});
+        if (k % c_between_looks == 0 && !go_on(f_target, c_between_looks * cost::c_object))
+            return;
     }
 }
 
@@ -165,7 +174,7 @@ void mngr_painter::draw_points(prepared &with, Tvx_shape_view const &shape, doub
         return;
     double const turn = f_mngr.rotate_flag ? angle : 0;
     unsigned const end = shape.part_starts[shape.part_count];
-    for (unsigned k = shape.part_starts[0]; k < end; ++k)
+    for (unsigned k = shape.part_starts[0]; k < end && go_on(f_target, cost::c_object); ++k)
         with.point->draw({f_view.world_to_px_x(shape.points[k].x), f_view.world_to_px_y(shape.points[k].y)},
                          turn);
 }
@@ -187,8 +196,11 @@ void mngr_painter::draw_marks(prepared &with, double angle)
         if (part.empty())
             continue;
         if (with.point)
-            for (Tvx_pnt_d2 const &at : part)
+            for (Tvx_pnt_d2 const &at : part) {
+                if (!go_on(f_target, cost::c_object))
+                    return;
                 with.point->draw(at, turn);
+            }
         if (with.end)
             with.end->draw(part.back(), turn);
         if (with.beg)

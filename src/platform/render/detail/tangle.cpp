@@ -16,7 +16,7 @@
 
 namespace vx::render {
 namespace {
-/// Steps that the painter may take to sort: a tenth of a second or so.
+/// Steps that the painter may take to sort: some hundredths of a second.
 constexpr double c_most_steps = 5e7;
 /// Samples across a pixel, and down it unless there are too many crossings.
 constexpr int c_across = 4;
@@ -145,15 +145,20 @@ int turn_edge(sample_rows &samples, Tvx_pnt_d2 a, Tvx_pnt_d2 b)
 
 void crossings::add(std::span<Tvx_pnt_d2 const> line)
 {
-    for (std::size_t i = 1; i < line.size(); ++i)
-        f_rows += std::abs(std::clamp(line[i].y, f_box.min_y, f_box.max_y) -
-                           std::clamp(line[i - 1].y, f_box.min_y, f_box.max_y));
+    for (std::size_t i = 1; i < line.size(); ++i) {
+        double const above = std::clamp(line[i - 1].y, f_box.min_y, f_box.max_y);
+        double const below = std::clamp(line[i].y, f_box.min_y, f_box.max_y);
+        f_rows += std::abs(below - above);
+        if (line[i - 1].y == above || line[i].y == below)
+            f_columns += std::abs(std::clamp(line[i].x, f_box.min_x, f_box.max_x) -
+                                  std::clamp(line[i - 1].x, f_box.min_x, f_box.max_x));
+    }
 }
 
 bool crossings::are_many() const
 {
     double const rows = std::max(1.0, f_box.height());
-    double const in_row = f_rows / rows;
+    double const in_row = (f_rows + f_columns) / rows;
     return in_row * std::min(in_row, f_box.width()) / 2 * rows > c_most_steps;
 }
 
@@ -177,6 +182,8 @@ tangled_area::tangled_area(surface const &target, std::span<px_line const> rings
     f_cover.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
     auto cover = f_cover.begin();
     for (int y = 0; y < height; ++y) {
+        if (!go_on(target, width * down * cost::c_pixel))
+            return;
         for (int row = y * down; row < (y + 1) * down; ++row)
             samples.settle(row);
         for (int x = 0; x < width; ++x) {

@@ -22,6 +22,7 @@ public:
 private:
     Tvx_box_d2 f_box;
     double f_rows = 0;
+    double f_columns = 0; ///< the same of columns: a flat piece of a line counts in each pixel
 };
 
 /// The pixels that lie in an odd number of rings.

@@ -6,7 +6,7 @@
 
 /// Lets a drawing be ended from anywhere inside it.
 namespace vx::render {
-/// Asks whether the drawing is to end: at the start, and then about every 20 milliseconds, however little or
+/// Asks whether the drawing is to end: at the start, and then about every 12 milliseconds, however little or
 /// much is drawn between. Who draws says how much work is coming, in nanoseconds as good as they are known,
 /// so that the clock is looked at now and then only.
 class work_meter
@@ -29,7 +29,7 @@ public:
 private:
     using clock = std::chrono::steady_clock;
     static constexpr double c_between_looks = 200'000;
-    static constexpr std::chrono::milliseconds c_between_questions{20};
+    static constexpr std::chrono::milliseconds c_between_questions{12};
 
     void look()
     {
