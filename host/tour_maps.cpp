@@ -2,6 +2,8 @@
 
 #include "captions/attr_dialogs.h"
 #include "captions/dialogs.h"
+#include "captions/forms.h"
+#include "captions/scale_menus.h"
 #include "captions/simple.h"
 #include "controls/forms/apply_form.h"
 #include "controls/numeric/size_panel.h"
@@ -12,6 +14,7 @@
 #include "host/tour_stage.h"
 #include "layer_edit/form/lr2d_edit_form.h"
 #include "style_manager/shell/stl_mngr_edit.h"
+#include "user_input/user_hand.h"
 #include "user_input/user_input.h"
 
 #include "platform/basic/vx_res.h"
@@ -24,11 +27,16 @@
 #include "platform/toolkit/core/form.h"
 #include "platform/toolkit/core/key_codes.h"
 
+#include <QAction>
+#include <QApplication>
+#include <QMenu>
 #include <QTemporaryDir>
+#include <QTimer>
 
 #include <algorithm>
 #include <string>
 
+namespace hand = vx::user_hand;
 namespace input = vx::user_input;
 
 namespace {
@@ -54,16 +62,17 @@ enum : int
 constexpr int c_first_range = 2;
 /// Until the dialog of a rule has counted the objects.
 constexpr int c_counting_ms = 500;
+constexpr int c_menu_check_ms = 20;
 
 /// Classes of cities, the first and the last of them open.
 struct city_class
 {
-    wchar_t const *up_to, *caption, *size;
+    wchar_t const *up_to, *caption;
 };
-constexpr city_class c_city_classes[] = {{L"2000000", L"up to 2 million", L"1"},
-                                         {L"5000000", L"2 to 5 million", L"1.8"},
-                                         {L"10000000", L"5 to 10 million", L"3"},
-                                         {L"", L"above 10 million", L"4.6"}};
+constexpr city_class c_city_classes[] = {{L"2000000", L"up to 2 million"},
+                                         {L"5000000", L"2 to 5 million"},
+                                         {L"10000000", L"5 to 10 million"},
+                                         {L"", L"above 10 million"}};
 constexpr wchar_t const *c_city_color = L"#b4283ca0";
 
 /// A caption as one reads it.
@@ -81,6 +90,18 @@ std::wstring line_of(int caption, int line)
     for (; line > 0; --line)
         text.erase(0, text.find(L'\n') + 1);
     return text.substr(0, text.find(L'\n'));
+}
+
+/// Null for a menu that is not there or has no such line that can be chosen.
+QAction *line_of_menu(QMenu const *menu, int caption)
+{
+    if (!menu)
+        return nullptr;
+    QString const wanted = QString::fromStdWString(plain(caption));
+    for (QAction *line : menu->actions())
+        if (line->isVisible() && line->isEnabled() && line->text().remove('&') == wanted)
+            return line;
+    return nullptr;
 }
 
 TCustomGrid *grid_of(Tvx_stl_mngr_edit *edit)
@@ -115,6 +136,8 @@ void Tvx_tour_maps::show_counties_by_births()
     choose_field(edit, L"BIR74");
     hide_other_values(edit->get_rng_edit()->get_other_panel());
     f_stage.shoot_windows("births_2_ranges");
+    choose_in_header(edit, c_rng_style, {c_menu_gradient_palettes, c_menu_palette_blue_white_red},
+                     "births_3_palette");
     finish("births_4_map");
 }
 
@@ -127,7 +150,9 @@ void Tvx_tour_maps::show_countries_by_continent()
     choose_mode(edit, c_style_mode_value);
     choose_field(edit, L"continent");
     hide_other_values(edit->get_val_edit()->get_other_panel());
-    finish("continents");
+    choose_in_header(edit, c_val_style, {c_menu_random_palettes, c_menu_palette_different},
+                     "continents_1_palette");
+    finish("continents_2_map");
 }
 
 void Tvx_tour_maps::show_cities_by_size()
@@ -148,18 +173,30 @@ void Tvx_tour_maps::show_cities_by_size()
             input::click_cell(ranges->get_grid(), c_rng_mark, c_first_range + 9, mbLeft, {ssShift}) &&
             input::click(ranges->get_tool_panel()->get_del_btn()),
         "the ranges cannot be deleted");
+    int const first_row = c_first_range - 1, last_row = first_row + last;
     for (int i = 0; i <= last; ++i) {
-        int const row = c_first_range - 1 + i;
         if (i > 0)
-            type_into_cell(edit, c_rng_min, row, c_city_classes[i - 1].up_to);
+            type_into_cell(edit, c_rng_min, first_row + i, c_city_classes[i - 1].up_to);
         if (i < last)
-            type_into_cell(edit, c_rng_max, row, c_city_classes[i].up_to);
-        type_into_cell(edit, c_rng_caption, row, c_city_classes[i].caption);
-        change_style(edit, c_rng_style, row, c_city_color, c_city_classes[i].size,
-                     i == last ? "cities_1_style" : nullptr);
+            type_into_cell(edit, c_rng_max, first_row + i, c_city_classes[i].up_to);
+        type_into_cell(edit, c_rng_caption, first_row + i, c_city_classes[i].caption);
     }
+    // One colour for all, a size for the smallest and for the largest, and what lies between.
+    in_style_dialog(c_city_color, nullptr);
+    choose_in_header(edit, c_rng_style, {c_menu_edit_style});
+    in_style_dialog(nullptr, L"4.6", "cities_1_style");
+    click_cell(edit, c_rng_style, last_row);
+    in_style_dialog(nullptr, L"1");
+    click_cell(edit, c_rng_style, first_row);
+    choose_in_header(edit, c_rng_style, {c_menu_size_gradient}, "cities_2_gradient");
+    click_cell(edit, c_rng_style, last_row);
     hide_other_values(ranges->get_other_panel());
-    finish("cities_2_map");
+    input::on_next_modal([this](input::modal_window const &dialog) {
+        f_stage.shoot_windows("advanced_settings");
+        dialog.reject();
+    });
+    f_stage.check(input::click(edit->get_rotate_btn()), "the advanced settings do not open");
+    finish("cities_3_map");
 }
 
 void Tvx_tour_maps::show_streets_by_rule()
@@ -184,7 +221,8 @@ void Tvx_tour_maps::show_streets_by_rule()
     });
     f_stage.check(input::click(edit->get_rule_edit()->get_ins_btn()), "no rule can be inserted");
     type_into_cell(edit, c_val_caption, 1, L"400 m and longer");
-    change_style(edit, c_val_style, 1, L"#c8501e", L"0.8", "streets_2_style");
+    in_style_dialog(L"#c8501e", L"0.8", "streets_2_style");
+    click_cell(edit, c_val_style, 1);
     finish("streets_3_map");
 }
 
@@ -225,8 +263,45 @@ void Tvx_tour_maps::type_into_cell(Tvx_stl_mngr_edit *edit, int col, int row, wc
                   "nothing can be typed into a cell");
 }
 
-void Tvx_tour_maps::change_style(Tvx_stl_mngr_edit *edit, int col, int row, wchar_t const *color,
-                                 wchar_t const *size, char const *picture)
+void Tvx_tour_maps::click_cell(Tvx_stl_mngr_edit *edit, int col, int row)
+{
+    f_stage.check(input::click_cell(grid_of(edit), col, row), "a cell cannot be clicked");
+}
+
+void Tvx_tour_maps::choose_in_header(Tvx_stl_mngr_edit *edit, int col, std::vector<int> const &captions,
+                                     char const *picture)
+{
+    // The menu has a loop of its own.
+    bool chosen = false;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&] {
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        if (!menu)
+            return;
+        timer.stop();
+        for (int const &caption : captions) {
+            QAction *const line = line_of_menu(menu, caption);
+            if (!line)
+                break;
+            if (&caption != &captions.back()) {
+                menu = hand::open_menu(menu, line);
+                continue;
+            }
+            hand::move(menu, menu->actionGeometry(line).center());
+            if (picture)
+                f_stage.shoot_windows(picture);
+            chosen = true;
+            hand::choose(menu, line);
+        }
+        while (QWidget *const open = chosen ? nullptr : QApplication::activePopupWidget())
+            open->close();
+    });
+    timer.start(c_menu_check_ms);
+    click_cell(edit, col, 0);
+    f_stage.check(chosen, "the menu of a header has no such line");
+}
+
+void Tvx_tour_maps::in_style_dialog(wchar_t const *color, wchar_t const *size, char const *picture)
 {
     input::on_next_modal([=, this](input::modal_window const &dialog) {
         if (color) {
@@ -244,9 +319,8 @@ void Tvx_tour_maps::change_style(Tvx_stl_mngr_edit *edit, int col, int row, wcha
         }
         if (picture)
             f_stage.shoot_windows(picture);
-        dialog.accept();
+        dialog.press_button(plain(c_caption_apply));
     });
-    f_stage.check(input::click_cell(grid_of(edit), col, row), "the style of a row cannot be edited");
 }
 
 void Tvx_tour_maps::hide_other_values(Tvx_other_panel *panel)

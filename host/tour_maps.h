@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 class QString;
 class Tvx_other_panel;
 class Tvx_stl_mngr_edit;
@@ -27,10 +29,13 @@ private:
     /// The choice of the field that the scale in force is made of.
     void choose_field(Tvx_stl_mngr_edit *edit, wchar_t const *field);
     void type_into_cell(Tvx_stl_mngr_edit *edit, int col, int row, wchar_t const *text);
-    /// Opens the style of a cell; in its dialog sets a colour, unless it is null, and a size, unless that is;
+    void click_cell(Tvx_stl_mngr_edit *edit, int col, int row);
+    /// Opens the menu of a header and clicks the line that the captions lead to; with a name also a picture.
+    void choose_in_header(Tvx_stl_mngr_edit *edit, int col, std::vector<int> const &captions,
+                          char const *picture = nullptr);
+    /// In the style dialog that opens next, sets a colour, unless it is null, and a size, unless that is;
     /// with a name also a picture.
-    void change_style(Tvx_stl_mngr_edit *edit, int col, int row, wchar_t const *color, wchar_t const *size,
-                      char const *picture = nullptr);
+    void in_style_dialog(wchar_t const *color, wchar_t const *size, char const *picture = nullptr);
     void hide_other_values(Tvx_other_panel *panel);
     /// Apply, a picture, and all closed again.
     void finish(char const *picture);
