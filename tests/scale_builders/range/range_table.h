@@ -8,9 +8,12 @@
 #include "platform/styles/vxk_styles.h"
 
 #include <charconv>
+#include <chrono>
+#include <functional>
 #include <gtest/gtest.h>
 #include <optional>
 #include <string>
+#include <thread>
 #include <vector>
 
 /// A style manager over a table with a geometry, a text and one field of numbers, "Births".
@@ -82,6 +85,10 @@ protected:
         EXPECT_EQ(prop_index, 2U);
         EXPECT_EQ(opened, 1);
         defined = values[i].has_value();
+        if (microseconds_a_cell > 0)
+            std::this_thread::sleep_for(std::chrono::microseconds(microseconds_a_cell));
+        if (on_cell)
+            on_cell();
         return values[i].value_or(-77);
     }
     bool stat(TObject *, unsigned, double &min, double &max, double &mean, double &deviation, bool &defined)
@@ -161,4 +168,6 @@ protected:
     int opened = 0;
     int cells_read = 0;
     int stop_after = 0;
+    int microseconds_a_cell = 0;
+    std::function<void()> on_cell;
 };

@@ -4,8 +4,12 @@
 #include "user_input/user_input.h"
 
 #include "platform/basic/vx_options.h"
+#include "platform/toolkit/controls/button.h"
 #include "platform/toolkit/controls/combo_box.h"
+#include "platform/toolkit/controls/gauge.h"
+#include "platform/toolkit/core/form.h"
 #include "platform/toolkit/core/key_codes.h"
+#include "platform/toolkit/core/screen.h"
 #include "platform/toolkit/core/strings.h"
 
 namespace input = vx::user_input;
@@ -365,4 +369,34 @@ TEST_F(rng_dialog, stopped_reading_opens_nothing)
         EXPECT_TRUE(window.form());
     }));
     EXPECT_EQ(bounds(), "0 -1: <0 0..4 4..8 >8");
+}
+
+TEST_F(rng_dialog, long_reading_shows_a_window_that_holds_the_others_back)
+{
+    values.assign(100'000, 3.0);
+    fill(c_rng_type_equal_ranges);
+    microseconds_a_cell = 100;
+    TForm form(nullptr);
+    auto *const button = new TButton(&form);
+    button->SetParent(&form);
+    form.Show();
+    input::wait_idle();
+    auto const window = [&form] {
+        auto *const active = Screen->GetActiveForm();
+        return active != &form ? active : nullptr;
+    };
+    bool was_blocked = false;
+    on_cell = [&] {
+        if (cells_read % 1000 != 0 || !window() || was_blocked)
+            return;
+        was_blocked = !input::click(button);
+        auto *const gauge = dynamic_cast<TGauge *>(window()->GetControls(2));
+        EXPECT_TRUE(gauge && gauge->GetProgress() < 50);
+        EXPECT_TRUE(input::press(VK_ESCAPE)); // as its button does
+    };
+    EXPECT_FALSE(Tvx_rng_rescale::execute(mngr.get(), data()));
+    EXPECT_TRUE(was_blocked);
+    EXPECT_LT(cells_read, 50'000);
+    EXPECT_EQ(bounds(), "0 -1: <0 0..4 4..8 >8");
+    EXPECT_TRUE(input::click(button));
 }
