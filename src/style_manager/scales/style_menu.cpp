@@ -125,6 +125,7 @@ void Tvx_style_menu::create()
 {
     f_only_selected_item = add_item(nullptr, L"Only selected", 0,
                                     make_closure<&Tvx_style_menu::on_item_only_selected_click>(this));
+    f_only_selected_item->SetAutoCheck(true);
     add_separator(nullptr);
     f_edit_item = add_item(nullptr, L"Edit style", 0, make_closure<&Tvx_style_menu::on_item_edt_click>(this));
     f_invert_item =

@@ -26,6 +26,7 @@ Tvx_visible_menu::Tvx_visible_menu(TComponent *owner) : Tvx_scale_menu(owner)
 {
     f_only_selected_item = add_item(nullptr, L"Only selected", 0,
                                     make_closure<&Tvx_visible_menu::on_item_only_selected_click>(this));
+    f_only_selected_item->SetAutoCheck(true);
     add_separator(nullptr);
     for (TTag const tag : {c_show, c_hide, c_invert})
         add_item(nullptr, {}, tag, make_closure<&Tvx_visible_menu::on_item_click>(this));
