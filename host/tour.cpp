@@ -1,5 +1,7 @@
 #include "host/tour.h"
 
+#include "captions/palettes.h"
+#include "captions/scale_menus.h"
 #include "controls/forms/apply_form.h"
 #include "exports/vxk_lr2d_edit_form_api.h"
 #include "host/attribute_table.h"
@@ -22,6 +24,7 @@
 #include "user_input/user_input.h"
 
 #include "platform/base/owned.h"
+#include "platform/basic/vx_res.h"
 #include "platform/layers/layer_keys.h"
 #include "platform/layers/vx_shp_lr2d.h"
 #include "platform/styles/vx_base_style.h"
@@ -370,7 +373,23 @@ void Tvx_tour::show_range_editor()
               vx_shp_lr2d_get_stl_mngr_ptr(f_window.layers().layer_at(0)))) == c_tour_ranges,
           "Apply does not bring the ranges to the map");
     shoot_windows("screen_ranges");
+    show_user_palettes(*edit->get_grid());
     f_window.editor().close();
+}
+
+void Tvx_tour::show_user_palettes(Tvx_scale_grid &grid)
+{
+    namespace input = vx::user_input;
+    constexpr int c_style_col = 5;
+    input::on_next_modal([this](input::modal_window const &dialog) {
+        dialog.press_button(vx_res_get_wstr(c_pal_add));
+        shoot_windows("screen_user_palettes");
+        dialog.reject();
+    });
+    input::choose_in_next_menu(vx_res_get_wstr(c_menu_user_palettes));
+    check(input::click_cell(&grid, c_style_col, 0) && input::menu_choice_done(),
+          "the dialog of palettes does not open");
+    input::forget_pending_modals();
 }
 
 void Tvx_tour::show_maps()
