@@ -6,6 +6,7 @@
 #include "platform/toolkit/controls/tool_bar.h"
 #include "platform/toolkit/core/action.h"
 #include "platform/toolkit/core/form.h"
+#include "platform/toolkit/core/timer.h"
 #include "platform/toolkit/graphics/bitmap.h"
 #include "platform/toolkit/graphics/canvas.h"
 #include "platform/toolkit/graphics/image_list.h"
@@ -92,6 +93,38 @@ TEST_F(menu_test, popup_clicks_what_is_chosen)
     EXPECT_EQ(take(), lines{"popup"});
     off->Click();
     EXPECT_EQ(take(), lines{});
+}
+
+TEST_F(menu_test, an_open_menu_does_not_open_again)
+{
+    struct meddler
+    {
+        TPopupMenu menu{nullptr};
+        TTimer timer{nullptr};
+        int popups = 0, timers = 0;
+        void on_popup(TObject *)
+        {
+            ++popups;
+            timer.SetEnabled(true);
+        }
+        void on_timer(TObject *)
+        {
+            timer.SetEnabled(false);
+            ++timers;
+            menu.Popup(200, 200);
+            menu.CloseMenu();
+        }
+    } m;
+    m.timer.SetEnabled(false);
+    m.timer.SetInterval(1);
+    m.timer.OnTimer = make_closure<&meddler::on_timer>(&m);
+    m.menu.OnPopup = make_closure<&meddler::on_popup>(&m);
+    item(m.menu.GetItems(), L"First");
+    form.Show();
+    wait_idle();
+    m.menu.Popup(100, 100); // comes back
+    EXPECT_EQ(m.popups, 1);
+    EXPECT_EQ(m.timers, 1);
 }
 
 TEST_F(menu_test, checks_and_radio_items)

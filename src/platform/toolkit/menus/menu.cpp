@@ -512,6 +512,9 @@ void TPopupMenu::DoPopup(TObject *sender)
 
 void TPopupMenu::Popup(int x, int y)
 {
+    // One that is open stays so: of two loops on one menu the outer would not end.
+    if (QMenu const *const open = f_items->f_native->menu.get(); open && open->isVisible())
+        return;
     f_popup_point = {x, y};
     DoPopup(this);
     f_items->prepare_below();

@@ -152,7 +152,7 @@ public:
 
     /// Runs `OnPopup` and shows the menu at a point of the screen until an item is chosen or it is given up.
     /// The chosen item is clicked after the menu has closed, before this returns. Nothing opens if no item is
-    /// visible.
+    /// visible, and nothing happens while the menu is open already.
     virtual void Popup(int x, int y);
     /// The control for which the menu opened, if it opened for one.
     [[nodiscard]] TComponent *GetPopupComponent() const { return f_popup_component; }
