@@ -220,7 +220,7 @@ void Tvx_tour_maps::show_streets_by_rule()
         dialog.press_button(plain(c_dlg_ok));
     });
     f_stage.check(input::click(edit->get_rule_edit()->get_ins_btn()), "no rule can be inserted");
-    type_into_cell(edit, c_val_caption, 1, L"400 m and longer");
+    type_into_cell(edit, c_val_caption, 1, L"length from 400");
     in_style_dialog(L"#c8501e", L"0.8", "streets_2_style");
     click_cell(edit, c_val_style, 1);
     finish("streets_3_map");
