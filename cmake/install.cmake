@@ -11,6 +11,8 @@ if(vx_bundles)
 endif()
 if(TARGET vx_map)
     install(TARGETS vx_map RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+    # Where vx_map looks for what its tour opens.
+    install(DIRECTORY ${CMAKE_SOURCE_DIR}/examples/data DESTINATION ${CMAKE_INSTALL_DATADIR}/vxk_lr2d_edit_form/examples)
 endif()
 install(DIRECTORY ${CMAKE_SOURCE_DIR}/src/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vxk_lr2d_edit_form
         FILES_MATCHING PATTERN "*.h" PATTERN "*_priv.h" EXCLUDE PATTERN "detail" EXCLUDE

@@ -13,6 +13,7 @@
 #include "host/tour_controls.h"
 #include "host/tour_stage.h"
 #include "layer_edit/form/lr2d_edit_form.h"
+#include "style_manager/scales/rng_edit_btn.h"
 #include "style_manager/shell/stl_mngr_edit.h"
 #include "user_input/user_hand.h"
 #include "user_input/user_input.h"
@@ -138,6 +139,10 @@ void Tvx_tour_maps::show_counties_by_births()
     f_stage.shoot_windows("births_2_ranges");
     choose_in_header(edit, c_rng_style, {c_menu_gradient_palettes, c_menu_palette_blue_white_red},
                      "births_3_palette");
+    show_dialog("range_builder");
+    f_stage.check(input::click(edit->get_rng_edit()->get_build_btn()), "the ranges cannot be built anew");
+    show_dialog("user_palettes");
+    choose_in_header(edit, c_rng_style, {c_menu_user_palettes});
     finish("births_4_map");
 }
 
@@ -191,10 +196,7 @@ void Tvx_tour_maps::show_cities_by_size()
     choose_in_header(edit, c_rng_style, {c_menu_size_gradient}, "cities_2_gradient");
     click_cell(edit, c_rng_style, last_row);
     hide_other_values(ranges->get_other_panel());
-    input::on_next_modal([this](input::modal_window const &dialog) {
-        f_stage.shoot_windows("advanced_settings");
-        dialog.reject();
-    });
+    show_dialog("advanced_settings");
     f_stage.check(input::click(edit->get_rotate_btn()), "the advanced settings do not open");
     finish("cities_3_map");
 }
@@ -320,6 +322,14 @@ void Tvx_tour_maps::in_style_dialog(wchar_t const *color, wchar_t const *size, c
         if (picture)
             f_stage.shoot_windows(picture);
         dialog.press_button(plain(c_caption_apply));
+    });
+}
+
+void Tvx_tour_maps::show_dialog(char const *picture)
+{
+    input::on_next_modal([this, picture](input::modal_window const &dialog) {
+        f_stage.shoot_windows(picture);
+        dialog.reject();
     });
 }
 

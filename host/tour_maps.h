@@ -36,6 +36,8 @@ private:
     /// In the style dialog that opens next, sets a colour, unless it is null, and a size, unless that is;
     /// with a name also a picture.
     void in_style_dialog(wchar_t const *color, wchar_t const *size, char const *picture = nullptr);
+    /// Makes a picture of the dialog that opens next, and cancels it.
+    void show_dialog(char const *picture);
     void hide_other_values(Tvx_other_panel *panel);
     /// Apply, a picture, and all closed again.
     void finish(char const *picture);
