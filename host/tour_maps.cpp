@@ -141,8 +141,6 @@ void Tvx_tour_maps::show_counties_by_births()
                      "births_3_palette");
     show_dialog("range_builder");
     f_stage.check(input::click(edit->get_rng_edit()->get_build_btn()), "the ranges cannot be built anew");
-    show_dialog("user_palettes");
-    choose_in_header(edit, c_rng_style, {c_menu_user_palettes});
     finish("births_4_map");
 }
 
