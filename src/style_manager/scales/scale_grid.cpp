@@ -13,6 +13,7 @@
 #include "platform/basic/vx_res.h"
 #include "platform/styles/vx_scale_prm.h"
 #include "platform/toolkit/core/application.h"
+#include "platform/toolkit/core/key_codes.h"
 #include "platform/toolkit/core/pixel_ratio.h"
 #include "platform/toolkit/core/screen.h"
 #include "platform/toolkit/graphics/bitmap.h"
@@ -194,6 +195,17 @@ void Tvx_scale_grid::MouseUp(TMouseButton button, TShiftState shift, int x, int 
         call_click(cell.X, cell.Y, shift);
 }
 
+void Tvx_scale_grid::KeyDown(Word &key, TShiftState shift)
+{
+    auto const life = Life();
+    bool const asks = key == VK_APPS || (key == VK_F10 && shift.Contains(ssShift));
+    Tvx_custom_grid::KeyDown(key, shift);
+    if (life.expired() || !asks || key == 0 || !f_scale)
+        return;
+    key = 0;
+    header_click(shift.Contains(ssCtrl) ? c_mark_col : GetCol());
+}
+
 // ---- clicks
 
 void Tvx_scale_grid::call_click(int col, int grid_row, TShiftState shift)
@@ -201,14 +213,10 @@ void Tvx_scale_grid::call_click(int col, int grid_row, TShiftState shift)
     if (!f_scale || (grid_row > 0 && row_at(grid_row) < 0))
         return;
     bool const is_mark = grid_row > 0 && col == c_mark_col;
+    if (grid_row == 0)
+        return header_click(col);
     if (!is_mark)
         f_mark_anchor = -1;
-    if (grid_row == 0) {
-        // A pick that the menu starts goes on.
-        if (f_grad_mode)
-            end_gradient();
-        return header_click(col);
-    }
     bool const was_picking = f_grad_mode;
     auto const row = static_cast<unsigned>(grid_row - 1);
     if (is_mark)
@@ -223,6 +231,10 @@ void Tvx_scale_grid::call_click(int col, int grid_row, TShiftState shift)
 
 void Tvx_scale_grid::header_click(int col)
 {
+    f_mark_anchor = -1;
+    // A pick that the menu starts goes on.
+    if (f_grad_mode)
+        end_gradient();
     TRect const rect = CellRect(col, 0);
     TPoint const at = ClientToScreen({rect.Left, rect.Bottom});
     if (col == c_mark_col)

@@ -116,6 +116,9 @@ protected:
     void MouseDown(TMouseButton button, TShiftState shift, int x, int y) override;
     void MouseMove(TShiftState shift, int x, int y) override;
     void MouseUp(TMouseButton button, TShiftState shift, int x, int y) override;
+    /// The menu key, and Shift+F10, open the menu of the current column's header, with Ctrl that of the
+    /// marks.
+    void KeyDown(Word &key, TShiftState shift) override;
     void DrawCell(int col, int row, TRect const &rect, TGridDrawState state) override;
     void RowMoved(int from, int to) override;
     bool CanEditShow() override;

@@ -468,6 +468,24 @@ TEST_F(scale_menus, a_text_that_is_being_typed_goes_into_its_own_entry)
     EXPECT_EQ(taken_events(), 2);
 }
 
+TEST_F(scale_menus, keys_open_the_menu_of_the_column_and_that_of_the_marks)
+{
+    for (auto const mode : c_modes) {
+        show(mode);
+        fill_rows();
+        ASSERT_TRUE(input::click_cell(grid(), caption_col(), 2));
+        input::choose_in_next_menu(L"Sort as text|Descending");
+        ASSERT_TRUE(input::press(VK_APPS));
+        EXPECT_TRUE(input::menu_choice_done());
+        EXPECT_EQ(captions(), is_range() ? L"d|c|b|" : L"e|d|c|b|a|");
+        input::choose_in_next_menu(L"Mark all");
+        ASSERT_TRUE(input::press(VK_F10, {ssShift, ssCtrl}));
+        EXPECT_TRUE(input::menu_choice_done());
+        EXPECT_EQ(marks(), "xxxxx");
+        EXPECT_EQ(taken_events(), 1);
+    }
+}
+
 TEST_F(scale_menus, rules_are_made_of_the_other_scales)
 {
     show(c_style_mode_range);
