@@ -30,10 +30,18 @@ struct stat status_of(std::wstring const &path)
     return s;
 }
 
+std::wstring without_last_separators(std::wstring path)
+{
+    while (path.size() > 1 && (path.back() == L'\\' || path.back() == L'/'))
+        path.pop_back();
+    return path;
+}
+
+/// With a separator at its end too, behind which the system would follow the link.
 bool is_link(std::wstring const &path)
 {
     std::error_code error;
-    return fs::is_symlink(system_path(path), error);
+    return fs::is_symlink(system_path(without_last_separators(path)), error);
 }
 
 bool can_open(std::wstring const &path, int mode)
@@ -267,7 +275,9 @@ bool remove_directory(std::wstring const &path)
 
 int remove_path(std::wstring const &path)
 {
-    if (is_link(path) || !is_directory(path))
+    if (is_link(path))
+        return remove_file(without_last_separators(path)) ? 1 : 0;
+    if (!is_directory(path))
         return remove_file(path) ? 1 : 0;
     int removed = 0;
     auto const entries = find(path, L"*", c_find_directories | c_find_files);
