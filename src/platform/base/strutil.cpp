@@ -43,16 +43,39 @@ std::wstring with_wide_texts(wchar_t const *format)
     }
     return result;
 }
+
+/// Behind the 0 of a hexadecimal number, of which no other file or table of ours is read as one; null for
+/// other texts.
+template <class Char>
+Char const *end_of_hexadecimal(Char const *text)
+{
+    while (*text == Char(' ') || (*text >= Char('\t') && *text <= Char('\r')))
+        ++text;
+    if (*text == Char('-') || *text == Char('+'))
+        ++text;
+    return text[0] == Char('0') && (text[1] == Char('x') || text[1] == Char('X')) ? text + 1 : nullptr;
+}
+
+template <class Char, class Function>
+double read(Char const *text, Char **end, Function function)
+{
+    Char const *const stop = end_of_hexadecimal(text);
+    if (!stop)
+        return kept_if_small(function(text, end, c_locale()));
+    if (end)
+        *end = const_cast<Char *>(stop);
+    return 0;
+}
 } // namespace
 
 double to_double(char const *text, char **end)
 {
-    return kept_if_small(strtod_l(text, end, c_locale()));
+    return read(text, end, &strtod_l);
 }
 
 double to_double(wchar_t const *text, wchar_t **end)
 {
-    return kept_if_small(wcstod_l(text, end, c_locale()));
+    return read(text, end, &wcstod_l);
 }
 
 std::wstring format(wchar_t const *format, ...)

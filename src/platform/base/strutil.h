@@ -80,7 +80,7 @@ auto to_numeric_safe(Function function, Char const *text, bool *ok)
 
 /// `strtod` and `wcstod` in the "C" locale, whatever the locale of the process: leading blanks are skipped,
 /// `*end` is set behind the last character taken, a value out of range sets `errno` to `ERANGE` and gives
-/// plus or minus infinity, or 0 when it is too small.
+/// plus or minus infinity, or 0 when it is too small. Of a hexadecimal number only the first 0 is taken.
 VX_API double to_double(char const *text, char **end);
 VX_API double to_double(wchar_t const *text, wchar_t **end);
 

@@ -134,6 +134,8 @@ TEST(numbers, comma_and_point)
                          {L"+-1", 0, false},
                          {L"1 ", 1, false},
                          {L"5€", 5, false},
+                         {L"0x1F", 0, false},
+                         {L" -0X1p3", 0, false},
                          {L"4.9e-324", std::numeric_limits<double>::denorm_min(), true}};
     std::wstring const zeros(400, L'0');
     std::wstring const long_texts[] = {L"1" + zeros, L"1" + zeros + L"e-5", L"0." + zeros + L"1",
