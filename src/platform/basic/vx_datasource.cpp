@@ -133,8 +133,7 @@ void ask_drivers(wchar_t const *source, int refusal, t_vx_data_source_interface 
             last_error = vx_mask_passwords(error);
     }
     if (last_error.empty())
-        last_error =
-            vx_fault_sentence({drivers().empty() ? c_capt_no_driver_loaded : refusal, source, 0, {}});
+        last_error = vx_fault_reason({drivers().empty() ? c_capt_no_driver_loaded : refusal, source, 0, {}});
 }
 } // namespace
 
