@@ -115,8 +115,8 @@ VX_API bool vx_attr_files_read_on(Ivx_attr_files *files, unsigned field, int mil
 /// separator, else as no value.
 [[nodiscard]] VX_API double vx_attr_files_get_dbl(Ivx_attr_files *files, unsigned field, unsigned record,
                                                   bool *ok);
-/// As above; a value outside the range of the type, or with a fraction, is cut to the nearest whole number
-/// inside it.
+/// As above; the fraction is left out, as data sets do when they read a whole number, and what lies outside
+/// the range of the type is cut to its end.
 [[nodiscard]] VX_API int vx_attr_files_get_int(Ivx_attr_files *files, unsigned field, unsigned record,
                                                bool *ok);
 

@@ -69,7 +69,7 @@ cell_case const cells[] = {
     {c_text, 1, {}, {}, {}},
     {c_text, 2, L" -2.5e1 ", -25, -25},
     {c_text, 3, L"1,5", {}, {}}, // the decimal separator is the point, in every locale
-    {c_number, 0, L"1.5", 1.5, 2},
+    {c_number, 0, L"1.5", 1.5, 1},
     {c_number, 1, {}, {}, {}},
     {c_number, 2, L"1e+300", c_huge, INT_MAX},
     {c_number, 3, L"0.1", 0.1, 0},

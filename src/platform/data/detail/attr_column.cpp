@@ -22,7 +22,7 @@ template <class T>
 std::string_view number_text(T value, text::number_buffer &buffer)
 {
     if constexpr (std::is_floating_point_v<T>)
-        return text::shown_number(value, buffer);
+        return text::shown_number(value + 0.0, buffer); // both zeros are one value
     else
         return {buffer.data(), std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr};
 }
@@ -47,7 +47,7 @@ int cut_to_int(double value)
         return std::numeric_limits<int>::min();
     if (value >= std::numeric_limits<int>::max())
         return std::numeric_limits<int>::max();
-    return static_cast<int>(std::lround(value));
+    return static_cast<int>(value); // towards zero, as data sets read a whole number
 }
 
 int cut_to_int(std::int64_t value)
