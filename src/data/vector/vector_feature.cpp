@@ -145,6 +145,7 @@ bool vector_feature::fetch_point3d(Tvx_vtx_d3 &vertex) const
 bool vector_feature::fetch_point2d(Tvx_op2d *list) const
 {
     Tvx_vtx_d2 vertex;
+    flat_list::clear(list);
     if (!fetch_point2d(vertex))
         return false;
     flat_list::set_one(list, vertex);
@@ -154,6 +155,7 @@ bool vector_feature::fetch_point2d(Tvx_op2d *list) const
 bool vector_feature::fetch_point3d(Tvx_ovtx_d3 *list) const
 {
     Tvx_vtx_d3 vertex;
+    space_list::clear(list);
     if (!fetch_point3d(vertex))
         return false;
     space_list::set_one(list, vertex);

@@ -19,8 +19,11 @@ public:
     std::string calls;
 
     int geom_type() override { return type; }
+    bool is_empty = false;
     bool get_point(Tvx_vtx_d2 *v) override
     {
+        if (is_empty)
+            return false;
         *v = {3, 4};
         return called("point ");
     }
@@ -88,6 +91,13 @@ TEST(geometry, read_by_type)
         }
     }
     auto const l = make_list({{1, 1}}, c_vector_points);
+    shape empty;
+    empty.type = 1;
+    empty.is_empty = true;
+    vector_feature point;
+    point.from_handle(empty);
+    EXPECT_FALSE(point.fetch_geom2d(l.get()));
+    EXPECT_EQ(vx_ov_d2_get_vtx_count(l.get()), 0u) << "none of the shape before";
     EXPECT_FALSE(vector_feature().fetch_geom2d(l.get()));
     EXPECT_EQ(vx_ov_d2_get_vector_type(l.get()), c_vector_none);
 }
