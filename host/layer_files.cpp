@@ -1,5 +1,6 @@
 #include "host/layer_files.h"
 
+#include "captions/driver_faults.h"
 #include "data/connection/connection_params.h"
 #include "extension/binding/data_source.h"
 #include "extension/binding/string_visitor.h"
@@ -9,6 +10,7 @@
 #include "platform/base/string_adp.h"
 #include "platform/basic/vx_datasource.h"
 #include "platform/basic/vx_fault.h"
+#include "platform/basic/vx_res.h"
 #include "platform/data/vx_attr_data.h"
 #include "platform/data/vx_shape_files.h"
 #include "platform/layers/layer_keys.h"
@@ -38,10 +40,10 @@ public:
 class data_set
 {
 public:
-    explicit data_set(std::wstring const &source)
+    explicit data_set(std::wstring const &source, bool read_only = true)
     {
         t_vx_data_source_interface handle;
-        vx_datasource_open(source.c_str(), true, &handle);
+        vx_datasource_open(source.c_str(), read_only, &handle);
         f_source = vx::data_source(handle);
     }
     data_set(data_set &&other) noexcept : f_source(std::exchange(other.f_source, vx::data_source())) {}
@@ -260,6 +262,21 @@ Tvx_opened_file vx_layer_files_open(QString const &path)
         return height_of(a.layer.get()) < height_of(b.layer.get());
     });
     return result;
+}
+
+bool vx_layer_files_wants_repair(QString const &reason)
+{
+    return vx_reason_split(reason.toStdWString()).sentence.find(vx_res_get_wstr(c_drv_not_closed)) !=
+           std::wstring::npos;
+}
+
+QString vx_layer_files_repair(QString const &source)
+{
+    data_set const set(vx_layer_files_is_server(source) || source.contains('|')
+                           ? source.toStdWString()
+                           : source_of(QFileInfo(source).absoluteFilePath()),
+                       false);
+    return set ? QString() : open_error(source);
 }
 
 std::optional<Tvx_map_unit> vx_layer_files_read(Ivx_layer *layer)

@@ -27,6 +27,12 @@ struct Tvx_opened_file
 /// Nothing is shown or printed, and no file is changed.
 [[nodiscard]] Tvx_opened_file vx_layer_files_open(QString const &path);
 
+/// The reason is that the file's last writer was broken off, which an opening for changes puts right.
+[[nodiscard]] bool vx_layer_files_wants_repair(QString const &reason);
+/// Opens the data set, named by a path or connection string, for changes, and closes it. Empty when that went
+/// well, else a reason.
+[[nodiscard]] QString vx_layer_files_repair(QString const &source);
+
 /// Reads what the first picture of a vector layer needs, while the user sees that something is being read.
 /// The unit of its coordinates, where the data tell.
 std::optional<Tvx_map_unit> vx_layer_files_read(Ivx_layer *layer);

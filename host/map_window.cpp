@@ -290,6 +290,7 @@ void Tvx_map_window::closeEvent(QCloseEvent *event)
 int Tvx_map_window::open_files(QStringList const &paths)
 {
     std::vector<Tvx_failed_file> failed;
+    std::vector<Tvx_failed_file> unclosed;
     int opened = 0;
     // A saved map comes first, whatever its place: it takes the layers off that were there.
     auto const scene = std::ranges::find_if(paths, &vx_map_scene_is_name);
@@ -317,7 +318,7 @@ int Tvx_map_window::open_files(QStringList const &paths)
         if (progress->is_cancelled())
             break;
         if (file.layers.empty()) {
-            failed.push_back({path, file.error});
+            (vx_layer_files_wants_repair(file.error) ? unclosed : failed).push_back({path, file.error});
             continue;
         }
         for (auto &layer : file.layers) {
@@ -342,9 +343,33 @@ int Tvx_map_window::open_files(QStringList const &paths)
         show_message(vx_map_caption(c_map_status_scene_opened).arg(scene_name()));
     else if (opened > 0)
         tell_about_top_layer();
+    QStringList repaired;
+    for (auto const &[path, reason] : unclosed)
+        if (may_repair(path)) {
+            QString const problem = vx_layer_files_repair(path);
+            if (problem.isEmpty())
+                repaired.push_back(path);
+            else
+                failed.push_back({path, problem});
+        }
     if (!failed.empty())
         say(this, QMessageBox::Warning, vx_layer_files_message(failed), vx_layer_files_details(failed));
-    return opened;
+    return repaired.isEmpty() ? opened : opened + open_files(repaired);
+}
+
+bool Tvx_map_window::may_repair(QString const &path)
+{
+    QMessageBox box(QMessageBox::Question, vx_host_caption(c_cap_application),
+                    vx_map_caption(c_map_repair_question).arg(vx_layer_files_name(path)),
+                    QMessageBox::NoButton, this);
+    box.setTextFormat(Qt::PlainText);
+    QPushButton *const repair = box.addButton(vx_map_caption(c_map_repair_yes), QMessageBox::AcceptRole);
+    QPushButton *const cancel = box.addButton(vx_host_caption(c_cap_cancel), QMessageBox::RejectRole);
+    repair->setObjectName(QStringLiteral("repair"));
+    box.setDefaultButton(repair);
+    box.setEscapeButton(cancel);
+    box.exec();
+    return box.clickedButton() == repair;
 }
 
 std::unique_ptr<Tvx_opening_progress> Tvx_map_window::begin_opening()

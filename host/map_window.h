@@ -20,6 +20,7 @@ class Tvx_map_selection;
 class Tvx_selection_overlay;
 class Tvx_opening_progress;
 struct Tvx_failed_file;
+struct Tvx_scene_layer;
 struct Tvx_layer_scale;
 class QComboBox;
 class QDockWidget;
@@ -108,6 +109,11 @@ private:
     [[nodiscard]] bool may_replace(QString const &path);
     /// Number of layers that came; what went wrong is added to `failed`.
     int open_scene(QString const &path, std::vector<Tvx_failed_file> &failed);
+    /// Asks whether a file whose last writer was broken off may be changed to put it right.
+    [[nodiscard]] bool may_repair(QString const &path);
+    /// Of those layers that could not be opened for that, and opens them. What stays as it is keeps its
+    /// reason.
+    void repair_layers(std::vector<Tvx_scene_layer> &layers);
     [[nodiscard]] QString scene_name() const;
 
     void on_open();

@@ -8,6 +8,7 @@
 #include "host/map_window.h"
 #include "host/opening_progress.h"
 
+#include "platform/base/string_adp.h"
 #include "platform/basic/vx_fault.h"
 #include "platform/basic/vx_options.h"
 
@@ -16,6 +17,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
+#include <QMap>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -147,6 +149,26 @@ bool Tvx_map_window::save_scene_in(QString const &path)
     return true;
 }
 
+void Tvx_map_window::repair_layers(std::vector<Tvx_scene_layer> &layers)
+{
+    QMap<QString, QString> known; // what became of each file; a reason where it stays as it is
+    for (Tvx_scene_layer &layer : layers) {
+        if (!vx_layer_files_wants_repair(layer.reason))
+            continue;
+        std::wstring source;
+        vx_lr2d_get_wfilename(layer.layer.get(), Tvx_std_wstring_adapter(source));
+        QString const connection = QString::fromStdWString(source);
+        QString const file = connection.section('|', 0, 0);
+        if (!known.contains(file))
+            known.insert(file, may_repair(file) ? vx_layer_files_repair(connection) : layer.reason);
+        layer.reason = known.value(file);
+        if (!layer.reason.isEmpty())
+            continue;
+        layer.mark = c_mark_none;
+        vx_map_scene_open_layer(layer);
+    }
+}
+
 int Tvx_map_window::open_scene(QString const &path, std::vector<Tvx_failed_file> &failed)
 {
     Tvx_loaded_scene scene = vx_map_scene_load(path);
@@ -175,17 +197,20 @@ int Tvx_map_window::open_scene(QString const &path, std::vector<Tvx_failed_file>
                 vx_map_scene_open_layer(layer);
             if (progress->is_cancelled() && layer.mark == c_mark_none)
                 layer.mark = c_mark_missing;
-            if (!layer.reason.isEmpty())
-                failed.push_back({name, layer.reason});
-            int const id = f_layers.add(std::move(layer.layer), layer.unit);
-            if (layer.mark != c_mark_none)
-                f_layers.set_damaged(
-                    id, layer.mark,
-                    QString::fromStdWString(vx_reason_split(layer.reason.toStdWString()).sentence));
-            ++opened;
         }
     }
     QApplication::restoreOverrideCursor();
+    repair_layers(scene.layers);
+    for (Tvx_scene_layer &layer : scene.layers) {
+        if (!layer.reason.isEmpty() && !vx_layer_files_wants_repair(layer.reason))
+            failed.push_back({vx_layer_name(layer.layer.get()), layer.reason});
+        int const id = f_layers.add(std::move(layer.layer), layer.unit);
+        if (layer.mark != c_mark_none)
+            f_layers.set_damaged(
+                id, layer.mark,
+                QString::fromStdWString(vx_reason_split(layer.reason.toStdWString()).sentence));
+        ++opened;
+    }
     f_scene_path = QFileInfo(path).absoluteFilePath();
     f_last_directory = QFileInfo(path).absolutePath();
     f_changed = false;

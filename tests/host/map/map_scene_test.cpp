@@ -1,4 +1,5 @@
 #include "answerer.h"
+#include "bundles/gdal_drivers/writing.h"
 #include "host/layer_classes.h"
 #include "host/layer_editor.h"
 #include "host/layer_scales.h"
@@ -16,6 +17,7 @@
 #include <QTreeView>
 
 #include <csignal>
+#include <sqlite3.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -222,6 +224,61 @@ TEST_F(map_scene, keeps_layers_whose_data_are_gone)
     ASSERT_EQ(window->open_files({file("a_.sn")}), 2);
     EXPECT_EQ(answers.questions.size(), 1);
     EXPECT_STREQ(vx_lr2d_get_lr_type(layers().layer_at(0)), "shp_pnt_lr2d");
+    EXPECT_EQ(layers().mark_at(0), c_mark_none);
+}
+
+TEST_F(map_scene, offers_to_repair_what_was_not_closed)
+{
+    auto const sql = [&](char const *statements, bool is_killed) {
+        pid_t const child = fork();
+        if (child == 0) {
+            sqlite3 *base = nullptr;
+            sqlite3_open((folder / "cut.gpkg").c_str(), &base);
+            sqlite3_exec(base, statements, nullptr, nullptr, nullptr);
+            if (is_killed)
+                raise(SIGKILL);
+            sqlite3_close(base);
+            _exit(0);
+        }
+        waitpid(child, nullptr, 0);
+    };
+    {
+        source const made(file("cut.gpkg").toStdWString(), 2);
+        ASSERT_TRUE(made.table.create_vector(L"t|SPATIAL_INDEX=NO", 1, 0, definition({{L"s", 1}})));
+        for (int i = 0; i < 300; ++i)
+            ASSERT_TRUE(add(made, [&](vx::feature f) {
+                Tvx_vtx_d2 place{1.0 * i, 2};
+                EXPECT_TRUE(f.set_point(&place));
+            }));
+    }
+    sql("UPDATE t SET s = hex(randomblob(1000))", false);
+    auto const cut = [&] {
+        sql("PRAGMA cache_size=1; PRAGMA cache_spill=1; BEGIN IMMEDIATE; UPDATE t SET s = "
+            "hex(randomblob(1000))",
+            true);
+        ASSERT_TRUE(QFile::exists(file("cut.gpkg-journal")));
+    };
+    cut();
+    {
+        answerer answers("cancel");
+        EXPECT_EQ(window->open_files({file("cut.gpkg")}), 0);
+        ASSERT_EQ(answers.questions.size(), 1);
+        EXPECT_EQ(answers.questions.front().count("cut.gpkg"), 1) << answers.questions.front().toStdString();
+        EXPECT_TRUE(QFile::exists(file("cut.gpkg-journal"))) << "who says no has what was there";
+    }
+    answerer answers("repair");
+    EXPECT_EQ(window->open_files({file("cut.gpkg")}), 1);
+    EXPECT_FALSE(QFile::exists(file("cut.gpkg-journal")));
+    EXPECT_EQ(layers().count(), 1);
+    // A map whose data were broken off after it was saved.
+    vx_lr2d_set_wcaption(layers().layer_at(0), L"Broken off");
+    ASSERT_TRUE(vx_map_scene_save(file("map_.sn"), layers(), Tvx_canvas_view()));
+    layers().clear();
+    cut();
+    EXPECT_EQ(window->open_files({file("map_.sn")}), 1);
+    EXPECT_EQ(answers.questions.size(), 2) << answers.questions.join("\n").toStdString();
+    ASSERT_EQ(layers().count(), 1);
+    EXPECT_EQ(layers().name_at(0), "Broken off");
     EXPECT_EQ(layers().mark_at(0), c_mark_none);
 }
 
