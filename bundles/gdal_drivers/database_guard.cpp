@@ -14,6 +14,8 @@ constexpr long long c_budget = 2'000'000;
 /// Without a row: some ten seconds. To look at each of fifty million rows takes less.
 constexpr long long c_longest_search = 1'000'000'000;
 constexpr int c_steps = 10'000; ///< between two looks
+/// Bytes of a row. A cell is copied on its way, and takes four times as much as a wide text.
+constexpr int c_longest_row = 128 << 20;
 constexpr long long c_no_bound = -1;
 constexpr std::chrono::milliseconds c_between_questions{20};
 
@@ -65,6 +67,8 @@ bool is_of_coordinate_systems(sqlite3 *base)
 
 int on_database(sqlite3 *base, char **, void const *)
 {
+    if (t_left != c_no_bound)
+        sqlite3_limit(base, SQLITE_LIMIT_LENGTH, c_longest_row);
     if (t_left != c_no_bound && !is_of_coordinate_systems(base))
         sqlite3_progress_handler(base, c_steps, &on_progress, nullptr);
     return SQLITE_OK;

@@ -54,6 +54,7 @@ VX_C_API bool vxk_bundle_entry(Tvx_bundle_context const *context)
     if (!context || context->version != c_vx_bundle_version)
         return false;
     vx::gdal::limit_requests();
+    vx::gdal::limit_features();
     GDALAllRegister();
     return context->add_driver(context->host, &vx::gdal::c_driver);
 }

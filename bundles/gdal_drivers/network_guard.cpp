@@ -46,4 +46,10 @@ void limit_requests()
     set_default("GDAL_HTTP_TIMEOUT", "10");
     set_default("GDAL_HTTP_MAX_RETRY", "0");
 }
+
+void limit_features()
+{
+    // Megabytes of text. What is made of it takes several times as much.
+    set_default("OGR_GEOJSON_MAX_OBJ_SIZE", "64");
+}
 } // namespace vx::gdal

@@ -17,4 +17,6 @@ private:
 
 /// Gives every request a time limit, where the user's own settings give none.
 void limit_requests();
+/// Bounds what a single feature of a text format may take, where the user's own settings do not.
+void limit_features();
 } // namespace vx::gdal

@@ -1,3 +1,4 @@
+#include "run_sql.h"
 #include "source.h"
 #include "support/comma_locale.h"
 #include "support/temp_dir.h"
@@ -336,8 +337,8 @@ TEST(gdal_read, connection_options)
     std::wstring const folder = vx::text::utf8_to_wide(VX_EXAMPLE_DATA);
     source const all(folder);
     ASSERT_TRUE(all.is_open());
-    EXPECT_EQ(all.data.vector_count(), 4);
-    for (int i = 0; i < 4; ++i) {
+    EXPECT_EQ(all.data.vector_count(), 5);
+    for (int i = 0; i < 5; ++i) {
         source const one(text_of([&](vx::string_visitor v) { all.data.vector_source(i, v); }));
         ASSERT_TRUE(one.is_open());
         EXPECT_EQ(text_of([&](vx::string_visitor v) { one.data.with_name(v); }),
@@ -479,6 +480,37 @@ TEST(gdal_read, code_pages_are_those_of_the_table)
             EXPECT_EQ(texts_of([&](vx::string_visitor v) { s.stat.with_unique_strings(0, -1, v); }),
                       std::vector<std::wstring>{expected});
         }
+    }
+}
+
+TEST(gdal_read, pages_by_identifiers_of_any_name)
+{
+    temp_dir const dir;
+    for (std::string const name : {"my id", "a\"b", "select", "id;", "limit 3 offset 1", "x'y", "№"}) {
+        SCOPED_TRACE(name);
+        fs::path const path = dir / "t.gpkg";
+        fs::remove(path);
+        std::wstring const wide = vx::text::utf8_to_wide(path.string());
+        {
+            source const s(wide, 2);
+            definition fields({{L"n", 3}});
+            ASSERT_TRUE(s.table.create_vector(L"base", 1, 0, fields));
+        }
+        std::string quoted;
+        for (char const c : name)
+            quoted.append(c == '"' ? 2 : 1, c);
+        run_sql(
+            path,
+            ("CREATE TABLE t (\"" + quoted +
+             "\" INTEGER PRIMARY KEY AUTOINCREMENT NOT NULL, n INTEGER); INSERT INTO gpkg_contents "
+             "(table_name, data_type, identifier) VALUES ('t', 'attributes', 't'); INSERT INTO t (n) "
+             "WITH RECURSIVE c(x) AS (SELECT 0 UNION ALL SELECT x + 1 FROM c WHERE x < 9) SELECT x FROM c")
+                .c_str());
+        source const s(wide + L"|layer=t");
+        std::wstring const fid = text_of([&](vx::string_visitor v) { s.table.fid_field_name(v); });
+        ASSERT_EQ(vx::text::wide_to_utf8(fid), name);
+        ASSERT_TRUE(s.forward.set_attribute_filter((fid + L" >= 0 LIMIT 3 OFFSET 4").c_str()));
+        EXPECT_EQ(rest_of(s), (std::vector<long long>{5, 6, 7}));
     }
 }
 
