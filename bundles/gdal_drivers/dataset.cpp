@@ -428,6 +428,14 @@ bool dataset::finish_table(OGRLayer *table, bool is_good)
     if (is_good && f_new_tables) {
         // What the format refuses shows when a file of it is made.
         is_good = write_new_tables();
+    } else if (is_good && (is_driver("GPKG") || is_driver("SQLite"))) {
+        // These put the making of a table off until somebody asks about it.
+        std::wstring reason;
+        {
+            error_guard const inner(reason);
+            (void)table->GetFeatureCount(FALSE);
+        }
+        is_good = reason.empty();
     }
     if (is_good)
         return true;

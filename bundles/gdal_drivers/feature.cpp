@@ -53,8 +53,9 @@ std::string date_text(OGRFeature const &record, int field, OGRFieldType type)
 
 std::string number_text(double value)
 {
+    // Both zeros are one value: the sum makes a negative one positive.
     char text[40];
-    auto const end = std::to_chars(text, text + sizeof text, value, std::chars_format::general, 15).ptr;
+    auto const end = std::to_chars(text, text + sizeof text, value + 0.0, std::chars_format::general, 15).ptr;
     return {text, end};
 }
 

@@ -1,5 +1,9 @@
 #include "new_tables.h"
 
+#include "gdal_errors.h"
+
+#include "platform/basic/vx_res.h"
+
 #include <cpl_conv.h>
 #include <cpl_error.h>
 
@@ -50,7 +54,7 @@ OGRLayer *new_tables::add(GDALDataset &memory, std::string const &name, OGRSpati
                           OGRwkbGeometryType type, CPLStringList options)
 {
     if (!f_tables.empty() && !is_format("KML") && !is_format("GML")) {
-        CPLError(CE_Failure, CPLE_NotSupported, "A file of this format holds one table.");
+        error_guard::add_to_innermost(vx_res_get_wstr(c_drv_one_table));
         return nullptr;
     }
     // Without being told how, the format would keep no geometry.

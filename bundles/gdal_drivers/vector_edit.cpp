@@ -82,6 +82,24 @@ std::unique_ptr<OGRFieldDefn> make_field(vx::vector_definition definition, int f
     return result;
 }
 
+/// The name that would be there twice, in the definition or with the fields of `layer`, which may be null;
+/// empty when all differ. Some formats find out late, others never.
+std::string double_name(vx::vector_definition definition, OGRLayer *layer, bool minds_case)
+{
+    std::vector<std::string> names;
+    for (int i = 0; layer && i < layer->GetLayerDefn()->GetFieldCount(); ++i)
+        names.emplace_back(layer->GetLayerDefn()->GetFieldDefn(i)->GetNameRef());
+    for (int i = 0; i < definition.field_count(); ++i) {
+        std::string name = asked([&](vx::string_visitor v) { definition.field_name(i, v); });
+        if (std::any_of(names.begin(), names.end(), [&](std::string const &other) {
+                return minds_case ? other == name : EQUAL(other.c_str(), name.c_str());
+            }))
+            return name;
+        names.push_back(std::move(name));
+    }
+    return {};
+}
+
 /// Null for an empty text. Coordinates go x first.
 OGRSpatialReference *make_system(std::string const &proj4)
 {
@@ -257,12 +275,22 @@ bool vector_set::release_features(error_guard &guard)
     return true;
 }
 
+bool vector_set::minds_case_of_names() const
+{
+    return !f_set->is_driver("GPKG") && !f_set->is_driver("SQLite") && !f_set->is_driver("ESRI Shapefile") &&
+           !f_set->is_driver("CSV");
+}
+
 bool vector_set::create_vector(wchar_t const *name, int geom_type, long long,
                                vx::vector_definition definition)
 {
     error_guard guard(f_set->error());
     if (f_set->read_only() || !name) {
         guard.add(c_drv_read_only);
+        return false;
+    }
+    if (std::string const twice = double_name(definition, nullptr, minds_case_of_names()); !twice.empty()) {
+        guard.add(vx_res_format_w(c_drv_field_twice, text::utf8_to_wide(twice)));
         return false;
     }
     connection_text const parsed(name);
@@ -304,6 +332,10 @@ bool vector_set::create_field(vx::vector_definition definition)
     error_guard guard(f_set->error());
     if (!may_change(guard) || definition.field_count() == 0)
         return false;
+    if (std::string const twice = double_name(definition, f_layer, minds_case_of_names()); !twice.empty()) {
+        guard.add(vx_res_format_w(c_drv_field_twice, text::utf8_to_wide(twice)));
+        return false;
+    }
     if (!release_features(guard))
         return false;
     for (int field = 0; field < definition.field_count(); ++field) {

@@ -176,6 +176,8 @@ private:
     [[nodiscard]] OGRFieldDefn const *field_at(int field) const;
     [[nodiscard]] OGRGeomFieldDefn const *geom_field_at(int field) const;
     [[nodiscard]] OGRFeatureUniquePtr next_record();
+    /// Names of fields that differ in case alone are two names.
+    [[nodiscard]] bool minds_case_of_names() const;
     static void start_session(GDALDataset &server);
     void renew_connection();
     /// What may take the server a while, and fail without harm to what is open.
@@ -241,6 +243,8 @@ private:
                         vx::floatings_visitor visitor);
     /// The texts of the cells; stops when there are `limit` of them, with -1 never.
     bool collect_texts(int field, long long limit, distinct_texts &texts);
+    /// Statistics of a number field by reading it.
+    bool scan_numbers(int field, field_stat &stat);
     field_stat const *stat_of(int field);
 
     std::unique_ptr<dataset> f_set;

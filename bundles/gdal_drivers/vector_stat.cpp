@@ -58,18 +58,18 @@ bool for_each_number(column_batch const &batch, Visit visit)
     }
 }
 
-/// Statistics of one batch.
-struct batch_stat
+/// Statistics of batches. `Real` is what is summed with: the larger type has room for the squares of any
+/// number.
+template <class Real>
+class running_stat
 {
-    double minimum = HUGE_VAL;
-    double maximum = -HUGE_VAL;
-    double sum = 0;
-    double mean = 0;
-    double squares = 0;
-    long long count = 0;
-
-    explicit batch_stat(column_batch const &batch)
+public:
+    void add(column_batch const &batch)
     {
+        double minimum = HUGE_VAL;
+        double maximum = -HUGE_VAL;
+        Real sum = 0;
+        long long count = 0;
         for_each_number(batch, [&](auto number) {
             auto const value = static_cast<double>(number);
             minimum = std::min(minimum, value);
@@ -80,13 +80,50 @@ struct batch_stat
         });
         if (count == 0)
             return;
-        mean = sum / static_cast<double>(count);
+        Real const mean = sum / static_cast<Real>(count);
+        Real squares = 0;
         for_each_number(batch, [&](auto number) {
-            double const away = static_cast<double>(number) - mean;
+            Real const away = static_cast<double>(number) - mean;
             squares += away * away;
             return true;
         });
+        f_minimum = std::min(f_minimum, minimum);
+        f_maximum = std::max(f_maximum, maximum);
+        f_sum += sum;
+        // Two sets of values joined, by Chan, Golub and LeVeque: no loss of digits where the spread is small
+        // beside the mean.
+        auto const before = static_cast<Real>(f_count);
+        auto const more = static_cast<Real>(count);
+        Real const away = mean - f_mean;
+        f_squares += squares + away * away * before * more / (before + more);
+        f_mean += away * more / (before + more);
+        f_count += count;
     }
+    [[nodiscard]] bool is_finite() const { return std::isfinite(f_mean) && std::isfinite(f_squares); }
+    [[nodiscard]] field_stat result() const
+    {
+        field_stat stat;
+        stat.count = f_count;
+        if (f_count == 0)
+            return stat;
+        stat.minimum = f_minimum;
+        stat.maximum = f_maximum;
+        stat.mean = static_cast<double>(f_mean);
+        stat.sum = static_cast<double>(f_sum);
+        stat.squares = static_cast<double>(f_squares);
+        // Where an infinite number is among them, so is the deviation.
+        if (f_count > 1)
+            stat.deviation = is_finite()
+                                 ? static_cast<double>(std::sqrt(f_squares / static_cast<Real>(f_count - 1)))
+                                 : HUGE_VAL;
+        return stat;
+    }
+
+private:
+    double f_minimum = HUGE_VAL;
+    double f_maximum = -HUGE_VAL;
+    Real f_sum = 0, f_mean = 0, f_squares = 0;
+    long long f_count = 0;
 };
 
 template <class T>
@@ -182,6 +219,12 @@ bool add_texts(column_batch const &batch, long long limit, distinct_texts &texts
     return true;
 }
 
+/// A limit is looked at behind each value, so that none lets one value through.
+long long at_least_one(long long limit)
+{
+    return limit == 0 ? 1 : limit;
+}
+
 /// What is asked of a number field, in the way of the database. Cells without a number are passed over.
 struct field_question
 {
@@ -264,6 +307,8 @@ bool vector_set::ask_sqlite(int field, field_stat &stat)
     stat.sum = all->GetFieldAsDouble(3);
     double const shift = all->GetFieldAsDouble(4) / static_cast<double>(stat.count);
     double const shifted = static_cast<double>(stat.count) * shift * shift;
+    if (!std::isfinite(shifted) || !std::isfinite(all->GetFieldAsDouble(5)))
+        return false;
     stat.mean = start + shift;
     stat.squares = std::max(0.0, all->GetFieldAsDouble(5) - shifted);
     if (shifted > c_far * stat.squares) {
@@ -273,6 +318,19 @@ bool vector_set::ask_sqlite(int field, field_stat &stat)
         stat.squares = again->GetFieldAsDouble(0);
     }
     return std::isfinite(stat.sum);
+}
+
+bool vector_set::scan_numbers(int field, field_stat &stat)
+{
+    auto const summed = [&](auto sums) {
+        bool const good = scan(field, [&](column_batch const &batch) { return sums.add(batch), true; });
+        stat = sums.result();
+        return std::pair(good, sums.is_finite());
+    };
+    auto const [good, is_finite] = summed(running_stat<double>());
+    if (!good || is_finite || !std::isfinite(stat.minimum) || !std::isfinite(stat.maximum))
+        return good;
+    return summed(running_stat<long double>()).first;
 }
 
 field_stat const *vector_set::stat_of(int field)
@@ -289,29 +347,14 @@ field_stat const *vector_set::stat_of(int field)
             stat.count += batch.is_defined(i);
         return true;
     };
-    auto const add = [&](column_batch const &batch) {
-        batch_stat const part(batch);
-        if (part.count == 0)
-            return true;
-        stat.minimum = stat.count == 0 ? part.minimum : std::min(stat.minimum, part.minimum);
-        stat.maximum = stat.count == 0 ? part.maximum : std::max(stat.maximum, part.maximum);
-        stat.sum += part.sum;
-        // Two sets of values joined, by Chan, Golub and LeVeque: no loss of digits where the spread is small
-        // beside the mean.
-        auto const before = static_cast<double>(stat.count);
-        auto const more = static_cast<double>(part.count);
-        double const away = part.mean - stat.mean;
-        stat.squares += part.squares + away * away * before * more / (before + more);
-        stat.mean += away * more / (before + more);
-        stat.count += part.count;
-        return true;
-    };
     bool const wants_numbers = is_number(field_type(field));
     bool good = ask_database(field, stat);
+    if (good && stat.count > 1)
+        stat.deviation = std::sqrt(stat.squares / static_cast<double>(stat.count - 1));
     // What a server does not answer is left to the caller, who asks on the way whether to go on.
     if (!good && !f_server) {
         stat = {};
-        good = wants_numbers ? scan(field, add) : scan(field, count);
+        good = wants_numbers ? scan_numbers(field, stat) : scan(field, count);
     }
     return good ? &f_stats.emplace(field, stat).first->second : nullptr;
 }
@@ -349,7 +392,7 @@ bool vector_set::stdev(int field, double *value)
 {
     auto const *const stat = is_number(field_type(field)) ? stat_of(field) : nullptr;
     if (stat && value)
-        *value = stat->count > 1 ? std::sqrt(stat->squares / static_cast<double>(stat->count - 1)) : 0;
+        *value = stat->deviation;
     return stat && value;
 }
 
@@ -374,8 +417,7 @@ bool vector_set::collect_texts(int field, long long limit, distinct_texts &texts
 {
     if (!field_at(field) || !answers_filtered())
         return false;
-    if (limit == 0)
-        return true;
+    limit = at_least_one(limit);
     if (server_table const *const asked = server()) {
         std::wstring ignored;
         error_guard const guard(ignored);
@@ -433,7 +475,8 @@ bool vector_set::with_unique_numerics(int field, int limit, vx::floatings_visito
     // Of other fields the caller reads the cells as numbers.
     if (!is_number(field_type(field)) || !answers_filtered())
         return false;
-    if (server_table const *const asked = limit != 0 ? server() : nullptr) {
+    limit = static_cast<int>(at_least_one(limit));
+    if (server_table const *const asked = server()) {
         std::wstring ignored;
         error_guard const guard(ignored);
         store_changes();
@@ -453,7 +496,7 @@ bool vector_set::with_unique_numerics(int field, int limit, vx::floatings_visito
     auto const add = [&](column_batch const &batch) {
         return limit < 0 ? (numbers.collect(batch), true) : numbers.add(batch, is_below);
     };
-    if (limit != 0 && !scan(field, add))
+    if (!scan(field, add))
         return false;
     std::vector<double> list = numbers.take_sorted();
     if (!list.empty())
@@ -568,7 +611,7 @@ bool vector_set::with_first_features(int key, int const *fields, int count, unsi
             return false;
     error_guard const guard(f_set->error());
     store_changes();
-    long long const most = limit > LLONG_MAX ? -1 : static_cast<long long>(limit);
+    long long const most = limit > LLONG_MAX ? -1 : at_least_one(static_cast<long long>(limit));
     auto const rows = asked->first_rows(*field_at(key), others, most);
     if (!rows)
         return false;

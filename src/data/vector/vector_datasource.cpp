@@ -105,7 +105,7 @@ private:
 
 using read_text = std::wstring (vector_feature::*)(std::uint64_t, bool &) const;
 
-/// Puts what is handed to it into the set until the limit is reached.
+/// Puts what is handed to it into the set until the limit is reached, which is looked at behind each value.
 template <class Value>
 auto insert_up_to(std::uint64_t limit, std::set<Value> &values)
 {
@@ -158,7 +158,7 @@ bool vector_datasource::compute_stat_common(field_index_type field, statistic &s
 {
     double minimum = std::numeric_limits<double>::max();
     double maximum = std::numeric_limits<double>::lowest();
-    double sum = 0;
+    long double sum = 0; // has room for the sum of any numbers
     std::uint64_t quantity = 0;
     walk_numbers(*this, field, [&](double value) {
         minimum = std::min(minimum, value);
@@ -169,7 +169,7 @@ bool vector_datasource::compute_stat_common(field_index_type field, statistic &s
     });
     stat.minimum = quantity ? minimum : 0;
     stat.maximum = quantity ? maximum : 0;
-    stat.average = quantity ? sum / static_cast<double>(quantity) : 0;
+    stat.average = quantity ? static_cast<double>(sum / static_cast<long double>(quantity)) : 0;
     stat.quantity = quantity;
     stat.common_done = true;
     return true;
@@ -177,12 +177,15 @@ bool vector_datasource::compute_stat_common(field_index_type field, statistic &s
 
 bool vector_datasource::compute_stat_stdev(field_index_type field, statistic &stat)
 {
-    double squares = 0;
+    long double squares = 0;
     walk_numbers(*this, field, [&](double value) {
-        squares += (value - stat.average) * (value - stat.average);
+        long double const away = static_cast<long double>(value) - stat.average;
+        squares += away * away;
         return true;
     });
-    stat.stdev = stat.quantity >= 2 ? std::sqrt(squares / static_cast<double>(stat.quantity - 1)) : 0;
+    stat.stdev = stat.quantity >= 2
+                     ? static_cast<double>(std::sqrt(squares / static_cast<long double>(stat.quantity - 1)))
+                     : 0;
     stat.stdev_done = true;
     return true;
 }
@@ -223,9 +226,8 @@ bool vector_datasource::fetch_unique_values(field_index_type field, std::uint64_
                                             std::set<std::wstring> &values)
 {
     values.clear();
-    if (limit != 0)
-        walk_cells(*this, field, static_cast<read_text>(&vector_feature::read_string),
-                   insert_up_to(limit, values));
+    walk_cells(*this, field, static_cast<read_text>(&vector_feature::read_string),
+               insert_up_to(limit, values));
     return true;
 }
 
@@ -233,8 +235,7 @@ bool vector_datasource::fetch_unique_values(field_index_type field, std::uint64_
                                             std::set<double> &values)
 {
     values.clear();
-    if (limit != 0)
-        walk_numbers(*this, field, insert_up_to(limit, values));
+    walk_numbers(*this, field, insert_up_to(limit, values));
     return true;
 }
 
@@ -243,8 +244,6 @@ bool vector_datasource::fetch_unique_values(field_index_type key, std::vector<fi
                                             std::map<std::wstring, std::vector<std::wstring>> &values)
 {
     values.clear();
-    if (limit == 0)
-        return true;
     std::vector<int> others(fields.size());
     std::transform(fields.begin(), fields.end(), others.begin(), interface_index);
     rows_receiver receiver(fields.size() + 1, values);

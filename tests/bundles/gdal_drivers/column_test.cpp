@@ -6,9 +6,13 @@
 #include "support/temp_dir.h"
 #include "writing.h"
 
+#include "platform/data/vx_attr_data.h"
+
+#include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
+#include <numeric>
 #include <optional>
 #include <set>
 #include <sqlite3.h>
@@ -406,6 +410,67 @@ TEST(gdal_column, what_is_no_number_has_no_part_in_statistics)
         EXPECT_TRUE(s.stat.count_nonnull(2, &count) && s.stat.average(2, &value));
         EXPECT_EQ(count, 0);
         EXPECT_EQ(value, 0);
+    }
+}
+
+TEST(gdal_column, numbers_at_the_ends_of_their_range)
+{
+    temp_dir const dir;
+    struct
+    {
+        char const *name;
+        int driver;
+    } const cases[] = {{"t.gpkg", 2}, {"t.fgb", 4}, {"t.sqlite", 7}, {"t.geojson", 3}};
+    struct
+    {
+        std::vector<double> values;
+        double mean, deviation;
+    } const columns[] = {{{1, 1e300, 2}, 1e300 / 3, 1e300 / std::sqrt(3.0)},
+                         {{1e300, -1e300, 1e300}, 1e300 / 3, 1e300 * std::sqrt(4.0 / 3)},
+                         {{1.7e308, 1.7e308, 1.7e308}, 1.7e308, 0},
+                         {{0, -0.0, 3.63}, 1.21, 3.63 / std::sqrt(3.0)}};
+    for (auto const &c : cases) {
+        SCOPED_TRACE(c.name);
+        auto const path = vx::text::utf8_to_wide((dir / c.name).string());
+        {
+            source const made(path, c.driver);
+            ASSERT_TRUE(made.table.create_vector(L"t", 1, 0,
+                                                 definition({{L"a", 2}, {L"b", 2}, {L"c", 2}, {L"d", 2}})));
+            for (std::size_t row = 0; row < 3; ++row)
+                ASSERT_TRUE(add(made, [&](vx::feature f) {
+                    Tvx_vtx_d2 place{1, 2};
+                    EXPECT_TRUE(f.set_point(&place));
+                    for (int field = 0; field < 4; ++field)
+                        EXPECT_TRUE(f.set_numeric(field, columns[field].values[row]));
+                }));
+        }
+        source const s(path);
+        for (int field = 0; field < 4; ++field) {
+            double mean = 0, deviation = 0;
+            EXPECT_TRUE(s.stat.average(field, &mean) && s.stat.stdev(field, &deviation));
+            EXPECT_DOUBLE_EQ(mean, columns[field].mean) << field;
+            EXPECT_DOUBLE_EQ(deviation, columns[field].deviation) << field;
+        }
+        // Both zeros are one value in every form, and a whole number is what stands before the point.
+        EXPECT_EQ(texts_of([&](vx::string_visitor v) { EXPECT_TRUE(s.stat.with_unique_strings(3, -1, v)); }),
+                  (std::vector<std::wstring>{L"0", L"3.63"}));
+        std::vector<std::wstring> cells;
+        std::vector<int> whole;
+        for (keeper k; s.forward.with_next_feature(k);) {
+            cells.push_back(k.text(3));
+            whole.push_back(k.item.get_integer(3, nullptr));
+        }
+        std::sort(cells.begin(), cells.end()); // one of the formats has an order of its own
+        EXPECT_EQ(cells, (std::vector<std::wstring>{L"0", L"0", L"3.63"}));
+        EXPECT_EQ(std::accumulate(whole.begin(), whole.end(), 0), 3);
+        vx::owned<Ivx_attr_data, &vx_attr_data_release> const data(vx_attr_data_create(path.c_str()));
+        vx::owned<Ivx_attr_files, &vx_attr_files_close> const files(vx_attr_files_open(data.get(), 1, 0));
+        int of_table = 0;
+        for (unsigned row = 0; row < 3; ++row) {
+            of_table += vx_attr_files_get_int(files.get(), 3, row, nullptr);
+            EXPECT_STRNE(vx_attr_files_get_wstr(files.get(), 3, row, nullptr), L"-0");
+        }
+        EXPECT_EQ(of_table, 3);
     }
 }
 

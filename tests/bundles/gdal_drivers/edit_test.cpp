@@ -4,6 +4,8 @@
 #include "support/temp_dir.h"
 #include "writing.h"
 
+#include "platform/basic/vx_fault.h"
+
 #include <cmath>
 #include <filesystem>
 #include <functional>
@@ -324,6 +326,85 @@ TEST(gdal_transaction, rolls_back_and_commits)
     }
     source const again(path);
     EXPECT_EQ(column(again, 0), std::vector<std::wstring>{L"3"});
+}
+
+TEST(gdal_edit_refusals, a_table_that_cannot_be_made_leaves_nothing)
+{
+    static std::vector<std::wstring> told;
+    told.clear();
+    auto *const former = vx_reason_set_handler([](wchar_t const *reason) { told.emplace_back(reason); });
+    temp_dir const dir;
+    struct
+    {
+        char const *name;
+        int driver;
+        bool minds_case;
+    } const cases[] = {{"t.gpkg", 2, false},   {"t.sqlite", 7, false}, {"t.shp", 1, false},
+                       {"t.geojson", 3, true}, {"t.csv", 5, false},    {"t.gml", 9, true}};
+    for (auto const &c : cases) {
+        SCOPED_TRACE(c.name);
+        std::wstring const path = wide(dir / c.name);
+        {
+            source const s(path, c.driver);
+            EXPECT_FALSE(
+                s.table.create_vector(L"twice", 1, 0, definition({{L"n", 3}, {L"m", 3}, {L"n", 1}})));
+            EXPECT_NE(s.error().find(L"“n”"), std::wstring::npos);
+            EXPECT_EQ(s.data.vector_count(), 0);
+            EXPECT_TRUE(s.table.create_vector(L"good", 1, 0, definition({{L"n", 3}})));
+            EXPECT_FALSE(s.table.create_field(definition({{L"k", 3}, {L"n", 3}})));
+            EXPECT_EQ(s.data.field_count(), 1) << "all of them or none";
+            EXPECT_EQ(s.table.create_field(definition({{L"N", 3}})), c.minds_case);
+            EXPECT_TRUE(add(s, [](vx::feature f) { EXPECT_TRUE(f.set_integer(0, 5)); }));
+            EXPECT_TRUE(s.table.flush_changes()) << vx::text::wide_to_utf8(s.error());
+        }
+        EXPECT_TRUE(told.empty()) << vx::text::wide_to_utf8(told.front());
+        told.clear();
+        source const again(path);
+        EXPECT_EQ(again.data.vector_count(), 1);
+        EXPECT_EQ(rest_of(again).size(), 1u);
+    }
+    source const s(wide(dir / "one.geojson"), 3);
+    EXPECT_TRUE(s.table.create_vector(L"a", 1, 0, definition({{L"n", 3}})));
+    EXPECT_FALSE(s.table.create_vector(L"b", 1, 0, definition({{L"n", 3}})));
+    EXPECT_EQ(s.error().find(L'\n'), std::wstring::npos) << "the reason is a sentence of ours";
+    EXPECT_FALSE(source(wide(dir / "x"), 999).is_open());
+    EXPECT_FALSE(source::refusal().empty()) << "of a kind that no driver makes";
+    vx_reason_set_handler(former);
+}
+
+TEST(gdal_edit_refusals, tables_without_fields_have_their_shapes)
+{
+    temp_dir const dir;
+    std::pair<char const *, int> const cases[] = {{"t.shp", 1}, {"t.gpkg", 2}, {"t.geojson", 3},
+                                                  {"t.fgb", 4}, {"t.csv", 5},  {"t.sqlite", 7},
+                                                  {"t.kml", 8}, {"t.gml", 9}};
+    for (auto const &[name, driver] : cases) {
+        SCOPED_TRACE(name);
+        {
+            source const s(wide(dir / name), driver);
+            ASSERT_TRUE(s.table.create_vector(L"t", 1, 0, definition({})));
+            EXPECT_EQ(s.data.field_count(), 0);
+            for (int i = 0; i < 3; ++i)
+                EXPECT_TRUE(add(s, [&](vx::feature f) {
+                    Tvx_vtx_d2 place{1.0 * i, 2};
+                    EXPECT_TRUE(f.set_point(&place));
+                }));
+            EXPECT_TRUE(s.table.flush_changes()) << vx::text::wide_to_utf8(s.error());
+        }
+        source const s(wide(dir / name));
+        EXPECT_EQ(s.table.feature_count(true), 3u);
+        double sum = 0;
+        for (keeper k; s.forward.with_next_feature(k);) {
+            Tvx_vtx_d2 place;
+            EXPECT_TRUE(k.item.get_point(&place));
+            sum += place.x;
+        }
+        EXPECT_EQ(sum, 3);
+        Tvx_box_d2 box;
+        EXPECT_TRUE(s.data.with_extent(&box, true));
+        double value = 0;
+        EXPECT_FALSE(s.stat.minimum(99, &value));
+    }
 }
 
 TEST(gdal_edit_refusals, a_data_set_in_the_way_stays)

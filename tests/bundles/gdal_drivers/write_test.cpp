@@ -518,9 +518,10 @@ std::string fill_disk(fs::path const &path, int driver, std::function<void()> co
 TEST_P(every_format, full_disk)
 {
     std::string const problem = in_second_process([&] {
-        // A file may have so many bytes and no more, as on a disk with no room for others.
+        // A file may have so many bytes and no more, as on a disk with no room for others: room for its
+        // tables.
         std::signal(SIGXFSZ, SIG_IGN);
-        rlimit const small{30'000, 1 << 30};
+        rlimit const small{GetParam().driver == 2 ? rlim_t{150'000} : rlim_t{30'000}, 1 << 30};
         rlimit const large{1 << 30, 1 << 30};
         setrlimit(RLIMIT_FSIZE, &small);
         return fill_disk(path(), GetParam().driver, [&] { setrlimit(RLIMIT_FSIZE, &large); });

@@ -277,7 +277,7 @@ TEST_P(formats, unique_values_and_limits)
         std::uint64_t limit;
         std::size_t names;
         std::size_t numbers;
-    } const cases[] = {{c_no_limit, 4, 7}, {1, 1, 1}, {3, 3, 3}, {4, 4, 4}, {1000, 4, 7}, {0, 0, 0}};
+    } const cases[] = {{c_no_limit, 4, 7}, {1, 1, 1}, {3, 3, 3}, {4, 4, 4}, {1000, 4, 7}, {0, 1, 1}};
     for (auto const &c : cases) {
         std::set<std::wstring> texts{L"not emptied"};
         std::set<double> values;
@@ -301,6 +301,9 @@ TEST_P(formats, unique_values_and_limits)
         EXPECT_EQ(key, name_of(std::stoi(others[0].substr(1))));
         EXPECT_EQ(others[1], L"");
     }
+    EXPECT_TRUE(d.field_unique_values(name, {d.field_index(L"big")}, 0, rows));
+    EXPECT_EQ(rows.size(), 1u) << "the limit is looked at behind each value";
+    EXPECT_TRUE(d.field_unique_values(name, {d.field_index(L"big")}, c_no_limit, rows));
     EXPECT_EQ(sorted(rest_of(opened)).size(), 0u) << "the last walk went to the end";
 }
 
