@@ -564,13 +564,18 @@ GDALDatasetUniquePtr dataset::open_again(unsigned flags) const
     return is_same ? std::move(again) : GDALDatasetUniquePtr();
 }
 
-bool dataset::reconnect()
+GDALDatasetUniquePtr dataset::connect_apart() const
 {
     char const *const only[] = {driver_name(), nullptr};
     unsigned const flags = GDAL_OF_VECTOR | (f_read_only ? GDAL_OF_READONLY : GDAL_OF_UPDATE);
-    GDALDatasetUniquePtr again(
+    return GDALDatasetUniquePtr(
         GDALDataset::Open(with_time_limit(text::wide_to_utf8(f_connection.source)).c_str(), flags, only,
                           options_of(f_connection).List()));
+}
+
+bool dataset::reconnect()
+{
+    GDALDatasetUniquePtr again = connect_apart();
     if (!again)
         return false;
     f_gdal = std::move(again);

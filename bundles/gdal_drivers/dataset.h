@@ -45,6 +45,8 @@ public:
     /// be read by several threads and is opened in no time.
     [[nodiscard]] GDALDatasetUniquePtr open_again(unsigned flags = GDAL_OF_RASTER) const;
 
+    /// Another connection to a database server; null with GDAL's errors.
+    [[nodiscard]] GDALDatasetUniquePtr connect_apart() const;
     /// Opens a database server anew, over another connection; what is held of the former one ends. False,
     /// with all as it was, when that fails.
     [[nodiscard]] bool reconnect();

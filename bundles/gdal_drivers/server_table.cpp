@@ -293,6 +293,22 @@ bool server_table::numbers(OGRFieldDefn const &field,
     return read("SELECT " + number_of(field) + rows_with(field), take);
 }
 
+bool server_table::cells(OGRFieldDefn const &field,
+                         std::function<bool(OGRFeature const &row)> const &take) const
+{
+    std::string const name = quoted_name(field.GetNameRef());
+    return read("SELECT " + name + " FROM " + f_name + where(name + " IS NOT NULL"), take);
+}
+
+std::string server_table::shapes(std::string const &geom_field, std::string const &condition) const
+{
+    std::string const name = quoted_name(geom_field);
+    if (condition.empty())
+        return "SELECT " + name + " FROM " + f_name;
+    return "SELECT place_in_order, " + name + " FROM (SELECT row_number() OVER () - 1 AS place_in_order, " +
+           name + " FROM " + f_name + ") AS in_order WHERE " + condition;
+}
+
 bool server_table::column(OGRFieldDefn const &field,
                           std::function<bool(OGRFeature const &row)> const &take) const
 {

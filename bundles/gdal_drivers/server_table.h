@@ -56,6 +56,12 @@ public:
     /// All numbers of a field, in rows of one cell, as they come; false from `take` ends it.
     [[nodiscard]] bool numbers(OGRFieldDefn const &field,
                                std::function<bool(OGRFeature const &row)> const &take) const;
+    /// All cells of a field that hold something, as they come; false from `take` ends it.
+    [[nodiscard]] bool cells(OGRFieldDefn const &field,
+                             std::function<bool(OGRFeature const &row)> const &take) const;
+    /// The statement that gives the geometries of the whole table in the order in which features are read;
+    /// with a condition those that meet it, each behind its place in that order.
+    [[nodiscard]] std::string shapes(std::string const &geom_field, std::string const &condition) const;
     /// All cells of a field in the order in which features are read, in rows of one cell; false from `take`
     /// ends it. Not offered by a view, which may give its rows in another order to another question.
     [[nodiscard]] bool has_columns() const { return f_is_plain; }

@@ -92,6 +92,12 @@ bool vector_set::read_shapes(Tvx_box_d2 *window, vx::shape_reading_visitor visit
                 apart.layer->SetSpatialFilterRect(window->min_x, window->min_y, window->max_x, window->max_y);
             walk = walk_features(apart.set, *apart.layer, window != nullptr);
         }
+    } else if (f_server && f_server->has_columns()) {
+        if (GDALDatasetUniquePtr apart = f_set->connect_apart())
+            walk = walk_server(std::move(apart),
+                               f_server->shapes(geom_field_at(f_geom_field)->GetNameRef(),
+                                                window ? box_condition(*window) : std::string()),
+                               window != nullptr);
     }
     if (!walk)
         return false;

@@ -3,12 +3,13 @@
 #include "column.h"
 #include "shape_run.h"
 
+#include <gdal_priv.h>
+
 #include <memory>
 #include <string>
 #include <vector>
 
 struct sqlite3;
-class GDALDataset;
 class OGRLayer;
 
 namespace vx::gdal {
@@ -60,4 +61,9 @@ struct shape_window
 /// are known by the numbers of their records.
 [[nodiscard]] std::unique_ptr<shape_walk> walk_features(std::shared_ptr<GDALDataset> set, OGRLayer &layer,
                                                         bool numbers_records);
+
+/// The geometries that the rows of a statement hold, over a connection that nobody else uses. With
+/// `numbers_records` the first cell of a row is the number of its record.
+[[nodiscard]] std::unique_ptr<shape_walk> walk_server(GDALDatasetUniquePtr connection, std::string statement,
+                                                      bool numbers_records);
 } // namespace vx::gdal

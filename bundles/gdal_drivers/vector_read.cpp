@@ -99,7 +99,7 @@ std::string vector_set::pushed_page(std::string const &filter, page const &wante
     std::string const name = quoted_name(fid);
     std::string text = name + " IN (SELECT " + name + " FROM " +
                        (is_server ? f_server->name() : table_name(*f_layer, false));
-    std::string const box = f_has_box ? box_condition() : std::string();
+    std::string const box = f_has_box ? box_condition(f_box) : std::string();
     if (!filter.empty() || !box.empty())
         text += " WHERE " + (filter.empty() ? box : "(" + filter + ")" + (box.empty() ? "" : " AND " + box));
     text += " ORDER BY " + name;
@@ -131,11 +131,10 @@ void vector_set::filter_changed()
     f_distinct.clear();
 }
 
-std::string vector_set::box_condition() const
+std::string vector_set::box_condition(Tvx_box_d2 const &box) const
 {
     return quoted_name(geom_field_at(f_geom_field)->GetNameRef()) + " && " +
-           CPLSPrintf("ST_MakeEnvelope(%.17g,%.17g,%.17g,%.17g)", f_box.min_x, f_box.min_y, f_box.max_x,
-                      f_box.max_y);
+           CPLSPrintf("ST_MakeEnvelope(%.17g,%.17g,%.17g,%.17g)", box.min_x, box.min_y, box.max_x, box.max_y);
 }
 
 server_table const *vector_set::server()
@@ -149,7 +148,7 @@ server_table const *vector_set::server()
         condition = condition.empty() ? more : "(" + condition + ") AND " + more;
     };
     if (f_has_box)
-        add(box_condition());
+        add(box_condition(f_box));
     if (f_only_type != geom_unknown) {
         if (!geom_field_at(f_geom_field))
             return nullptr;

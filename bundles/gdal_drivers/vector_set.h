@@ -135,6 +135,7 @@ public:
     bool with_sample(int field, unsigned long long count, double minimum, double maximum,
                      vx::floatings_visitor visitor) override;
     bool with_numbers(int field, vx::floatings_visitor visitor) override;
+    bool with_texts(int field, vx::string_visitor visitor) override;
     bool with_first_features(int key, int const *fields, int count, unsigned long long limit,
                              vx::string_visitor visitor) override;
 
@@ -196,8 +197,8 @@ private:
     bool install_filter(std::string const &text, error_guard &guard);
     /// The page as a condition that the database works out; empty where this object pages.
     [[nodiscard]] std::string pushed_page(std::string const &filter, page const &wanted) const;
-    /// The box, in the way of a server.
-    [[nodiscard]] std::string box_condition() const;
+    /// A box as a condition, in the way of a server.
+    [[nodiscard]] std::string box_condition(Tvx_box_d2 const &box) const;
     /// What this object has to page.
     [[nodiscard]] page own_page() const { return f_is_pushed ? page() : f_page; }
     /// Makes the layer give what the filter and the page say, after one of them or the box changed.

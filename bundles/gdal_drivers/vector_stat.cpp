@@ -597,6 +597,20 @@ bool vector_set::with_numbers(int field, vx::floatings_visitor visitor)
     return is_good;
 }
 
+bool vector_set::with_texts(int field, vx::string_visitor visitor)
+{
+    server_table const *const asked = field_at(field) && visitor ? server() : nullptr;
+    if (!asked)
+        return false;
+    error_guard const guard(f_set->error());
+    store_changes();
+    wide_text wide;
+    return asked->cells(*field_at(field), [&](OGRFeature const &row) {
+        visitor.visit(wide.of(cell_bytes(row, 0)));
+        return true;
+    });
+}
+
 bool vector_set::with_first_features(int key, int const *fields, int count, unsigned long long limit,
                                      vx::string_visitor visitor)
 {

@@ -201,6 +201,10 @@ bool vector_datasource::compute_stat_distinct(field_index_type field, statistic 
 bool vector_datasource::fetch_values(field_index_type field, std::vector<std::wstring> &values)
 {
     values.clear();
+    vx::stdwstring_list_visitor receiver(values);
+    if (questions_of(*this).with_texts(interface_index(field), receiver))
+        return true;
+    values.clear();
     walk_cells(*this, field, static_cast<read_text>(&vector_feature::read_string), [&](std::wstring value) {
         values.push_back(std::move(value));
         return true;

@@ -16,8 +16,9 @@ struct vx_question_source_interface_table
     bool (*with_numbers)(void const* table, void* self, int field, t_vx_floatings_visitor_interface visitor);
     bool (*with_first_features)(void const* table, void* self, int key, int const* fields, int count,
         unsigned long long limit, t_vx_string_visitor_interface visitor);
+    bool (*with_texts)(void const* table, void* self, int field, t_vx_string_visitor_interface visitor);
 };
-VX_BINDING_FUNCTIONS(question_source, 0)
+VX_BINDING_FUNCTIONS(question_source, 1)
 VX_LOCAL inline bool vxk_datasource_question_source_with_sample(
     t_vx_question_source_interface h, int field, unsigned long long count, double minimum, double maximum,
         t_vx_floatings_visitor_interface visitor)
@@ -36,6 +37,11 @@ VX_LOCAL inline bool vxk_datasource_question_source_with_first_features(
 {
     return h.table && h.self ? h.table->with_first_features(h.table, h.self, key, fields, count, limit,
         visitor) : false;
+}
+VX_LOCAL inline bool vxk_datasource_question_source_with_texts(
+    t_vx_question_source_interface h, int field, t_vx_string_visitor_interface visitor)
+{
+    return h.table && h.self ? h.table->with_texts(h.table, h.self, field, visitor) : false;
 }
 namespace vx
 {
@@ -57,6 +63,9 @@ public:
         vx::string_visitor visitor) const
     { return vxk_datasource_question_source_with_first_features(f_handle, key, fields, count, limit,
         visitor); }
+    /// The texts of all cells of the field that hold something; false: not answered, or not to the end.
+    VX_LOCAL bool with_texts(int field, vx::string_visitor visitor) const
+    { return vxk_datasource_question_source_with_texts(f_handle, field, visitor); }
 };
 class VX_API question_source_impl
     : public binding::implementation<question_source_impl, vx::question_source>
@@ -66,6 +75,7 @@ public:
     virtual bool with_numbers(int, vx::floatings_visitor) { return false; }
     virtual bool with_first_features(int, int const*, int, unsigned long long,
         vx::string_visitor) { return false; }
+    virtual bool with_texts(int, vx::string_visitor) { return false; }
     VX_LOCAL static char const* interface_name() { return vx_question_source_interface_name; }
     VX_LOCAL static vx_question_source_interface_table const* family_table();
 protected:
@@ -76,6 +86,7 @@ VX_LOCAL inline constexpr vx_question_source_interface_table question_source_fam
     &binding::slot<&question_source_impl::with_sample>::call,
     &binding::slot<&question_source_impl::with_numbers>::call,
     &binding::slot<&question_source_impl::with_first_features>::call,
+    &binding::slot<&question_source_impl::with_texts>::call,
 };
 inline vx_question_source_interface_table const* question_source_impl::family_table()
 { return &question_source_family_table; }

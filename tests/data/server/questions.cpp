@@ -1,6 +1,10 @@
 #include "data/grid/random_sample_task.h"
 #include "data/server/server_test.h"
+#include "extension/binding/codes.h"
 #include "extension/binding/column_source.h"
+#include "extension/binding/shape_reading_visitor.h"
+#include "extension/binding/shape_source.h"
+#include "extension/binding/shape_visitor.h"
 #include "scale_engine/value/value_scale_build_cache.h"
 
 #include "platform/base/owned.h"
@@ -254,6 +258,89 @@ TEST_F(server_questions, pages_and_counts_are_worked_out_there)
     EXPECT_EQ(feature.fid(), 77);
     EXPECT_EQ(server().rows_sent("\"nc\""), 1);
     EXPECT_FALSE(table.fetch_feature(1000, feature));
+}
+
+TEST_F(server_questions, shapes_and_texts_come_without_the_other_columns)
+{
+    vector_datasource table;
+    open(table, L"cities");
+    server().forget();
+    std::vector<std::wstring> texts;
+    ASSERT_TRUE(table.field_values(table.field_index(L"name"), texts));
+    EXPECT_EQ(texts.size(), 243u);
+    EXPECT_EQ(server().rows_sent("public.cities"), 243);
+    for (auto const &asked : server().statements("cities"))
+        EXPECT_EQ(asked.text.find("geom"), std::string::npos) << asked.text;
+    ASSERT_TRUE(table.set_attribute_filter(L"name LIKE 'B%'"));
+    ASSERT_TRUE(table.field_values(table.field_index(L"name"), texts));
+    EXPECT_TRUE(std::ranges::all_of(texts, [](std::wstring const &text) { return text.starts_with(L'B'); }));
+    EXPECT_GT(texts.size(), 5u);
+    ASSERT_TRUE(table.set_attribute_filter(L""));
+
+    std::vector<Tvx_pnt_d2> wanted;
+    vector_feature feature;
+    table.reset_reading();
+    for (Tvx_vtx_d2 place; table.fetch_next_feature(feature) && feature.fetch_point2d(place);)
+        wanted.push_back({place.x, place.y});
+    struct receiver final : vx::shape_visitor_impl, vx::shape_reading_visitor_impl
+    {
+        void visit(vx::shape_reading item) override { reading = item; }
+        void visit_points(unsigned long long count, double const *places,
+                          unsigned long long const *records) override
+        {
+            for (std::size_t i = 0; i < count; ++i)
+                points.emplace(records ? records[i] : points.size(),
+                               Tvx_pnt_d2{places[2 * i], places[2 * i + 1]});
+        }
+        vx::shape_reading reading;
+        std::map<std::size_t, Tvx_pnt_d2> points;
+    };
+    vx::shape_source const shapes(
+        vx_shape_source_interface_specialize(vx_data_source_interface_generalize(table.handle())));
+    auto const read = [&](Tvx_box_d2 *window) {
+        server().forget();
+        receiver taken;
+        EXPECT_TRUE(shapes.read_shapes(window, taken));
+        int state = vx::codes::plain::reading_goes_on;
+        while (state == vx::codes::plain::reading_goes_on)
+            state = taken.reading.next(10, taken);
+        EXPECT_EQ(state, vx::codes::plain::reading_ended);
+        taken.reading.detach();
+        for (auto const &asked : server().statements("cities"))
+            EXPECT_EQ(asked.text.find("name\""), std::string::npos) << asked.text;
+        return taken.points;
+    };
+    auto const all = read(nullptr);
+    ASSERT_EQ(all.size(), wanted.size());
+    for (std::size_t i = 0; i < wanted.size(); ++i)
+        EXPECT_EQ(all.at(i), wanted[i]) << i;
+    EXPECT_EQ(server().rows_sent("public.cities"), 243);
+
+    Tvx_box_d2 window{0, 40, 30, 60};
+    auto const seen = read(&window);
+    EXPECT_EQ(server().rows_sent("public.cities"), static_cast<long long>(seen.size()));
+    std::size_t within = 0;
+    for (std::size_t i = 0; i < wanted.size(); ++i)
+        if (window.min_x <= wanted[i].x && wanted[i].x <= window.max_x && window.min_y <= wanted[i].y &&
+            wanted[i].y <= window.max_y) {
+            ++within;
+            EXPECT_EQ(seen.at(i), wanted[i]) << "known by the number of its record";
+        }
+    EXPECT_EQ(seen.size(), within);
+    EXPECT_GT(within, 10u);
+
+    // Who leaves in the middle holds nothing up.
+    server().sql("CREATE TABLE many_points AS SELECT n AS id, ST_Point(n, n) AS geom FROM generate_series(1, "
+                 "100000) n");
+    vector_datasource points;
+    open(points, L"many_points");
+    vx::shape_source const many(
+        vx_shape_source_interface_specialize(vx_data_source_interface_generalize(points.handle())));
+    receiver taken;
+    EXPECT_TRUE(many.read_shapes(nullptr, taken));
+    (void)taken.reading.next(1, taken);
+    taken.reading.detach();
+    EXPECT_EQ(server().sql("SELECT count(*) FROM pg_stat_activity WHERE state LIKE 'idle in%'"), "0\n");
 }
 
 TEST_F(server_questions, walks_agree_in_their_order)
