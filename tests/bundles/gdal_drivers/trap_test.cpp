@@ -28,7 +28,8 @@ constexpr bool c_has_limits = false;
 #else
 constexpr bool c_has_limits = true;
 #endif
-constexpr auto c_longest = std::chrono::seconds(1);
+constexpr std::chrono::seconds c_longest(1);   ///< of the processor
+constexpr std::chrono::seconds c_patience(30); ///< by the clock: who waits for a pipe needs no processor
 constexpr rlim_t c_memory = rlim_t{512} << 20;
 
 std::wstring wide(fs::path const &path)
@@ -54,6 +55,8 @@ char in_limits(std::function<char()> const &work)
         if (c_has_limits) {
             rlimit const limit{address_space() + c_memory, RLIM_INFINITY};
             setrlimit(RLIMIT_AS, &limit);
+            rlimit const time{c_longest.count(), c_longest.count() + 1};
+            setrlimit(RLIMIT_CPU, &time);
         }
         _exit(work());
     }
@@ -61,8 +64,10 @@ char in_limits(std::function<char()> const &work)
     int status = 0;
     for (;;) {
         if (waitpid(child, &status, WNOHANG) == child)
-            return WIFEXITED(status) ? static_cast<char>(WEXITSTATUS(status)) : 'c';
-        if (std::chrono::steady_clock::now() - start > c_longest * (c_has_limits ? 1 : 30)) {
+            return WIFEXITED(status)             ? static_cast<char>(WEXITSTATUS(status))
+                   : WTERMSIG(status) == SIGXCPU ? 't'
+                                                 : 'c';
+        if (std::chrono::steady_clock::now() - start > c_patience) {
             kill(child, SIGKILL);
             waitpid(child, &status, 0);
             return 't';
@@ -305,10 +310,10 @@ TEST(gdal_trap, more_fields_than_any_table_has)
     EXPECT_NE(in_limits([&] { return open_and_read(wide(dir / "wide.csv")); }), 't');
 }
 
-TEST(gdal_trap, cells_of_hundreds_of_megabytes)
+TEST(gdal_trap, cells_of_150_megabytes)
 {
     temp_dir const dir;
-    constexpr std::size_t c_cell = 300'000'000;
+    constexpr std::size_t c_cell = 150'000'000;
     auto const write = [&](char const *name, std::string_view before, std::string_view after) {
         std::ofstream file(dir / name, std::ios::binary);
         file << before;
@@ -320,15 +325,14 @@ TEST(gdal_trap, cells_of_hundreds_of_megabytes)
     write("t.geojson", R"({"type":"FeatureCollection","features":[{"type":"Feature","properties":{"s":")",
           R"("},"geometry":{"type":"Point","coordinates":[1,2]}}]})");
     write("t.csv", "n,s\n1,small\n2,", "\n3,small\n");
-    write("u.csv", "n,s\n1,small\n2,\"", "\"\n3,small\n");
     for (char const *const name : {"t.gpkg", "t.sqlite"}) {
         ASSERT_NO_FATAL_FAILURE(make_points(dir / name, std::string_view(name) == "t.gpkg" ? 2 : 7));
         // What keeps the index of places up to date calls functions that only the driver has.
         for (int i = 1; i <= 7; ++i)
             run_sql(dir / name, ("DROP TRIGGER IF EXISTS rtree_t_geom_update" + std::to_string(i)).c_str());
-        run_sql(dir / name, "UPDATE t SET s = hex(zeroblob(150000000)) WHERE n = 1");
+        run_sql(dir / name, "UPDATE t SET s = hex(zeroblob(75000000)) WHERE n = 1");
     }
-    for (char const *const name : {"t.geojson", "t.csv", "u.csv", "t.gpkg", "t.sqlite"}) {
+    for (char const *const name : {"t.geojson", "t.csv", "t.gpkg", "t.sqlite"}) {
         SCOPED_TRACE(name);
         EXPECT_EQ(in_limits([&] {
                       source const s(wide(dir / name));
