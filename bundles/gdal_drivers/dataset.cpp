@@ -250,6 +250,54 @@ std::uintmax_t number_in(std::string const &path, std::streamoff at, int count, 
     }
     return file ? value : 0;
 }
+
+bool put_number(std::string const &path, std::streamoff at, std::uintmax_t value, bool is_big_endian)
+{
+    std::fstream file(path, std::ios::binary | std::ios::in | std::ios::out);
+    file.seekp(at);
+    for (int i = 0; i < 4; ++i)
+        file.put(static_cast<char>(value >> 8 * (is_big_endian ? 3 - i : i)));
+    return file.flush().good();
+}
+
+/// The index of a shapefile and its table. A writer that was killed leaves an index whose head counts entries
+/// that it did not come to write, and the format library opens none such.
+class shapefile_index
+{
+public:
+    explicit shapefile_index(std::string const &path)
+    {
+        for (char const *const ending : {"shx", "SHX"})
+            if (std::string const file = CPLResetExtension(path.c_str(), ending);
+                kind_of(file) == path_kind::file)
+                f_index = file;
+        for (char const *const ending : {"dbf", "DBF"})
+            if (std::string const file = CPLResetExtension(path.c_str(), ending);
+                kind_of(file) == path_kind::file)
+                f_table = file;
+    }
+    [[nodiscard]] bool is_short() const
+    {
+        return size_at(f_index) >= c_head && number_in(f_index, c_length_at, 4, true) * 2 > size_at(f_index);
+    }
+    /// Leaves what index and table both have.
+    [[nodiscard]] bool mend() const
+    {
+        std::uintmax_t entries = (size_at(f_index) - c_head) / c_entry;
+        if (!f_table.empty())
+            entries = std::min(entries, number_in(f_table, c_records_at, 4, false));
+        return put_number(f_index, c_length_at, (c_head + entries * c_entry) / 2, true) &&
+               (f_table.empty() || put_number(f_table, c_records_at, entries, false));
+    }
+
+private:
+    static constexpr std::uintmax_t c_head = 100;
+    static constexpr std::uintmax_t c_entry = 8;
+    static constexpr std::streamoff c_length_at = 24; ///< in words of two bytes
+    static constexpr std::streamoff c_records_at = 4;
+
+    std::string f_index, f_table;
+};
 } // namespace
 
 void visit_utf8(vx::string_visitor visitor, char const *text)
@@ -307,6 +355,11 @@ std::unique_ptr<dataset> dataset::open(std::wstring const &connection, bool read
         CPLStringList options = open_options(parsed, driver_name, read_only);
         if (read_only && !work->copy && is_idle_write_ahead_database(path, driver_name))
             options.SetNameValue("IMMUTABLE", "YES");
+        if (kind == path_kind::file && is_one_of(driver_name, {"ESRI Shapefile"}))
+            if (shapefile_index const index(path); index.is_short() && (read_only || !index.mend())) {
+                guard.add(c_drv_not_closed);
+                is_ready = false;
+            }
         if (kind == path_kind::file && is_rewritten(driver_name) && !read_only) {
             std::wstring refusal;
             work->whole = whole_file::load(parsed.source, refusal);
