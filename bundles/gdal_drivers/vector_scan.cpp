@@ -9,31 +9,6 @@
 
 namespace vx::gdal {
 namespace {
-column_batch::cell_kind kind_of(OGRFieldDefn const &field)
-{
-    switch (field_type_of(field)) {
-    case field_integer:
-        return column_batch::integers;
-    case field_bigint:
-        return column_batch::bigints;
-    case field_numeric:
-        return column_batch::floatings;
-    default:
-        return column_batch::texts;
-    }
-}
-
-/// False when no more is wanted.
-bool add_cell(column_builder &builder, column_batch::cell_kind kind, OGRFeature const &row, int field)
-{
-    if (!row.IsFieldSetAndNotNull(field))
-        return builder.add_null();
-    if (kind == column_batch::texts)
-        return builder.add_text(cell_bytes(row, field));
-    return kind == column_batch::floatings ? builder.add_floating(row.GetFieldAsDouble(field))
-                                           : builder.add_whole(row.GetFieldAsInteger64(field));
-}
-
 /// Reading only one column spares the drivers that can do so the geometry and all other fields.
 class narrowed_layer
 {
@@ -75,6 +50,37 @@ bool vector_set::has_plain_cells(OGRFieldDefn const &field)
     default:
         return false;
     }
+}
+
+bool vector_set::is_read_as_text() const
+{
+    for (char const *const format : {"CSV", "GeoJSON", "GeoJSONSeq", "KML", "LIBKML", "GML", "GPX"})
+        if (f_set->is_driver(format))
+            return true;
+    return false;
+}
+
+kept_columns const *vector_set::columns_of_one_walk()
+{
+    // One question may be all there is: its walk keeps nothing.
+    if (!f_set->read_only() || !is_read_as_text() || f_walked_columns++ == 0)
+        return nullptr;
+    if (f_kept || f_walked_columns < 0)
+        return f_kept.get();
+    auto all = std::make_unique<kept_columns>(*f_layer->GetLayerDefn());
+    bool fits = true;
+    std::wstring reason;
+    {
+        error_guard const guard(reason);
+        f_layer->ResetReading();
+        while (OGRFeatureUniquePtr const record{fits ? f_layer->GetNextFeature() : nullptr})
+            fits = all->add(*record);
+    }
+    if (fits && reason.empty())
+        f_kept = std::move(all);
+    else
+        f_walked_columns = c_never_kept;
+    return f_kept.get();
 }
 
 column_result vector_set::walk_column(int field, column_sink const &sink)
@@ -119,6 +125,11 @@ bool vector_set::scan(int field, column_sink const &sink)
         f_server->set_in_transaction(f_in_transaction);
         columns = f_server->has_columns() ? server_column(field, sink) : column_result::failed;
     }
+    if (columns == column_result::not_offered)
+        if (kept_columns const *const kept = columns_of_one_walk()) {
+            kept->give(field, sink);
+            columns = column_result::done;
+        }
     if (columns == column_result::not_offered) {
         narrowed_layer const narrowed(*f_layer, field);
         if (has_plain_cells(*defn))

@@ -133,6 +133,8 @@ void vector_set::select(OGRLayer *layer)
     f_deleted.reset();
     f_stats.clear();
     f_distinct.clear();
+    f_kept.reset();
+    f_walked_columns = 0;
     f_server.reset();
     if (layer && f_set->is_driver("PostgreSQL"))
         f_server.emplace(f_set->gdal(), *layer);

@@ -14,6 +14,7 @@
 #include "extension/binding/vector_source.h"
 #include "feature.h"
 #include "field_stat.h"
+#include "kept_columns.h"
 #include "server_table.h"
 
 #include <ogrsf_frmts.h>
@@ -227,6 +228,10 @@ private:
     bool scan(int field, column_sink const &sink);
     /// Columns come in the form in which cells are read: dates and lists do not.
     [[nodiscard]] static bool has_plain_cells(OGRFieldDefn const &field);
+    /// To read a cell of the format all before it has to be read.
+    [[nodiscard]] bool is_read_as_text() const;
+    /// Where several columns of such a table are asked for; null where each is walked for.
+    [[nodiscard]] kept_columns const *columns_of_one_walk();
     column_result walk_column(int field, column_sink const &sink);
     column_result server_column(int field, column_sink const &sink);
     /// Lets the database count; false where there is none, or it refuses.
@@ -265,6 +270,10 @@ private:
     long long f_position = 0;     ///< features that the layer gave since its start
     long long f_delivered = 0;    ///< features handed out since the start
     bool f_in_transaction = false;
+    static constexpr long long c_never_kept = -1'000'000'000;
+    std::unique_ptr<kept_columns> f_kept;
+    long long f_walked_columns =
+        0; ///< questions about columns since the table was selected; below 0: not kept
     std::map<int, field_stat> f_stats;
     std::map<int, long long> f_distinct;   ///< number of different values by field
     std::vector<gdal_feature *> f_outside; ///< of a set that can be changed; new ones in the order of making

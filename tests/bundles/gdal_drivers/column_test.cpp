@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <fstream>
 #include <gtest/gtest.h>
 #include <limits>
 #include <numeric>
@@ -410,6 +411,52 @@ TEST(gdal_column, what_is_no_number_has_no_part_in_statistics)
         EXPECT_TRUE(s.stat.count_nonnull(2, &count) && s.stat.average(2, &value));
         EXPECT_EQ(count, 0);
         EXPECT_EQ(value, 0);
+    }
+}
+
+TEST(gdal_column, several_of_a_text_format_are_read_by_one_walk)
+{
+    temp_dir const dir;
+    std::pair<char const *, int> const cases[] = {{"t.geojson", 3}, {"t.csv", 5}, {"t.kml", 8}, {"t.gml", 9}};
+    for (auto const &[name, driver] : cases) {
+        SCOPED_TRACE(name);
+        auto const path = vx::text::utf8_to_wide((dir / name).string());
+        {
+            source const made(path, driver);
+            ASSERT_TRUE(made.table.create_vector(
+                L"t", 1, 0, definition({{L"whole", 3}, {L"real", 2}, {L"text", 1}, {L"more", 3}})));
+            for (int i = 0; i < 5000; ++i)
+                ASSERT_TRUE(add(made, [&](vx::feature f) {
+                    Tvx_vtx_d2 place{1.0 * i, 2};
+                    EXPECT_TRUE(f.set_point(&place) && f.set_integer(0, 7000 + i % 9));
+                    if (i % 4 != 0) {
+                        EXPECT_TRUE(f.set_numeric(1, i / 8.0) &&
+                                    f.set_string(2, std::to_wstring(i % 11).c_str()) &&
+                                    f.set_integer(3, 7100 + i));
+                    }
+                }));
+        }
+        auto const column = [](source const &s, wchar_t const *field) {
+            column_keeper kept;
+            EXPECT_TRUE(columns_of(s).with_column(s.field(field), kept));
+            return std::pair(kept.texts, kept.numbers);
+        };
+        std::vector<wchar_t const *> const fields{L"whole", L"real", L"text", L"more"};
+        std::vector<decltype(column(source(path), L""))> alone;
+        for (wchar_t const *const field : fields)
+            alone.push_back(column(source(path), field));
+        source const s(path);
+        EXPECT_EQ(column(s, L"whole"), alone[0]);
+        EXPECT_EQ(column(s, L"real"), alone[1]);
+        // What no walk looks at any more may be gone.
+        std::string bytes = read_file(dir / name);
+        std::replace(bytes.begin(), bytes.end(), '7', '8');
+        std::ofstream(dir / name, std::ios::binary | std::ios::in) << bytes;
+        for (std::size_t i = 0; i < fields.size(); ++i)
+            EXPECT_EQ(column(s, fields[i]), alone[i]) << i;
+        double highest = 0;
+        EXPECT_EQ(s.stat.maximum(s.field(L"whole"), &highest), driver != 5) << "there, all is text";
+        EXPECT_EQ(highest, driver != 5 ? 7008 : 0);
     }
 }
 
