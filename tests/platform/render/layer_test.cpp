@@ -2,6 +2,7 @@
 
 #include "platform/base/owned.h"
 #include "platform/data/vx_attr_data.h"
+#include "platform/data/vx_shape_files.h"
 #include "platform/layers/layer_keys.h"
 #include "platform/layers/vx_lr2d.h"
 #include "platform/layers/vx_shp_lr2d.h"
@@ -422,7 +423,7 @@ TEST(render_layer, one_object_with_many_symbols_can_be_cancelled)
     constexpr int c_questions = 5;
     std::vector<std::vector<Tvx_pnt_d2>> line(1);
     for (int i = 0; i < c_count; ++i)
-        line[0].push_back({i * 7919 % c_side + 0.5, i * 104729 % c_side + 0.5});
+        line[0].push_back({(i * 37 % c_side) + 0.5, (i * 113 % c_side) + 0.5});
     for (bool const is_line : {true, false})
         for (double const size : {2.0, 20.0}) { // with a mask, and without
             memory_table table;
@@ -450,7 +451,9 @@ TEST(render_layer, one_object_with_many_symbols_can_be_cancelled)
             view.world.add(0, 0);
             view.world.add(c_side, c_side);
             view.width = view.height = c_side;
-            ASSERT_TRUE(vx_render_layer(layer.get(), view, dc.get())) << "all is read";
+            vx::owned<Ivx_shape_files, &vx_shape_files_close> const shapes(
+                vx_shape_files_open(vx_shp_lr2d_get_attr_data_ptr(layer.get())));
+            ASSERT_TRUE(shapes) << "all is read";
             questions q{0, c_questions};
             EXPECT_FALSE(vx_render_layer(layer.get(), view, dc.get(), make_closure<&questions::ask>(&q)));
             EXPECT_EQ(q.asked, c_questions) << is_line << ' ' << size;
