@@ -509,6 +509,10 @@ TEST_F(scale_menus, rules_are_made_of_the_other_scales)
     EXPECT_EQ(colors(false), started(false));
     EXPECT_EQ(taken_events(), 1);
     EXPECT_FALSE(choose(caption_col(), ranges)) << "captions are sorted";
+    // The grid shows its rows by itself, whoever listens.
+    edit->get_rule_edit()->on_changed = {};
+    ASSERT_TRUE(choose(1, values));
+    EXPECT_EQ(grid()->GetRowCount(), 3);
 }
 
 TEST_F(scale_menus, gradients_are_picked_after_their_menu)
