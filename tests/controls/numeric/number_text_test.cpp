@@ -77,8 +77,9 @@ TEST(number_text, general_form)
           entry(1.5e-7, 15, 0, L"1.5E-7"), entry(0.00001, 15, 0, L"0.00001"),
           entry(0.00000999, 15, 0, L"9.99E-6"), entry(c_nan, 15, 0, L"NAN"), entry(-c_inf, 2, 4, L"-INF"),
           entry(123.456, 8, 3, L"123.456"), entry(123456789.0, 8, 3, L"1.2345679E008"),
-          entry(1e20, 8, 3, L"1E020"), entry(-2.5e-10, 8, 4, L"-2.5E-0010"), entry(0.999999999, 8, 3, L"1"),
-          entry(99.96, 3, 0, L"100"), entry(999.6, 3, 0, L"1E3"), entry(12.5, 0, 0, L"1E1")})
+          entry(1e20, 8, 3, L"1E020"), entry(1e20, 7, 5, L"1E20"), entry(-2.5e-10, 8, 4, L"-2.5E-0010"),
+          entry(0.999999999, 8, 3, L"1"), entry(99.96, 3, 0, L"100"), entry(999.6, 3, 0, L"1E3"),
+          entry(12.5, 0, 0, L"1E1")})
         EXPECT_EQ(vx::float_to_str(value, precision, digits), text) << value;
     EXPECT_EQ(vx::float_to_str(1.0 / 3), L"0.333333333333333");
 }

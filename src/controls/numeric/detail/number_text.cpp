@@ -12,6 +12,7 @@
 namespace {
 constexpr int c_double_digits = 15;
 constexpr int c_most_digits = 18;
+constexpr int c_most_exponent_digits = 4;
 /// Numbers from 10 to this power on are written without an exponent.
 constexpr int c_least_fixed_exponent = -5;
 /// Sign, digits before the point and the point of the largest double.
@@ -189,7 +190,7 @@ std::wstring float_to_str(double value, int precision, int digits)
     if (count > 1)
         mantissa.insert(1, 1, '.');
     std::string const power = std::to_string(std::abs(exponent));
-    auto const padding = std::clamp(digits, 0, 4) - static_cast<int>(power.size());
+    auto const padding = (digits <= c_most_exponent_digits ? digits : 0) - static_cast<int>(power.size());
     result += mantissa + (exponent < 0 ? "E-" : "E");
     result += std::string(static_cast<std::size_t>(std::max(padding, 0)), '0') + power;
     return widened(result);

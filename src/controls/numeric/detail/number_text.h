@@ -24,8 +24,8 @@ namespace vx {
 /// In general form with 15 significant digits.
 [[nodiscard]] VX_API std::wstring float_to_str(double value);
 /// In general form: `precision` significant digits (1 to 18) without trailing zeros; with more than
-/// `precision` digits before the point, or below 0.00001, as in "1.5E-7", with at least `digits` (0 to 4)
-/// digits of the exponent. What is no number gives "NAN", "INF" or "-INF".
+/// `precision` digits before the point, or below 0.00001, as in "1.5E-7", with at least `digits` (0 to 4,
+/// more than that is 0) digits of the exponent. What is no number gives "NAN", "INF" or "-INF".
 [[nodiscard]] VX_API std::wstring float_to_str(double value, int precision, int digits);
 /// With exactly so many decimals, 0 or more; "nan", "inf" or "-inf" for what is no number.
 [[nodiscard]] VX_API std::wstring float_to_fixed(double value, int decimals);
