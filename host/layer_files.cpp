@@ -7,6 +7,7 @@
 #include "host/captions.h"
 #include "host/layer_style.h"
 
+#include "platform/base/owned.h"
 #include "platform/base/string_adp.h"
 #include "platform/basic/vx_datasource.h"
 #include "platform/basic/vx_fault.h"
@@ -279,9 +280,16 @@ QString vx_layer_files_repair(QString const &source)
     return set ? QString() : open_error(source);
 }
 
-std::optional<Tvx_map_unit> vx_layer_files_read(Ivx_layer *layer)
+std::optional<Tvx_map_unit> vx_layer_files_read(Ivx_layer *layer, std::optional<Tvx_box_d2> const &view)
 {
-    read_shapes(layer);
+    Ivx_attr_data *const data = vx_shp_lr2d_get_attr_data_ptr(layer);
+    std::wstring source;
+    vx_attr_data_get_wsource(data, Tvx_std_wstring_adapter(source));
+    bool const is_server = vx_layer_files_is_server(QString::fromStdWString(source));
+    vx::owned<Ivx_shape_files, &vx_shape_files_close> const seen(
+        view && is_server ? vx_shape_files_begin_window(data, &*view) : nullptr);
+    if (!seen)
+        read_shapes(layer);
     std::wstring projection;
     vx_attr_data_get_proj4(vx_shp_lr2d_get_attr_data_ptr(layer), Tvx_std_wstring_adapter(projection));
     return vx_map_unit_from_proj4(projection);

@@ -4,6 +4,7 @@
 
 #include <QString>
 
+#include <optional>
 #include <vector>
 
 /// What opening one file gave: its layers in the order of the file, or a reason (platform/basic/vx_fault.h)
@@ -34,8 +35,9 @@ struct Tvx_opened_file
 [[nodiscard]] QString vx_layer_files_repair(QString const &source);
 
 /// Reads what the first picture of a vector layer needs, while the user sees that something is being read.
-/// The unit of its coordinates, where the data tell.
-std::optional<Tvx_map_unit> vx_layer_files_read(Ivx_layer *layer);
+/// Where a server tells what is in `view`, the part that the map shows, nothing is read yet: the map draws
+/// that first. The unit of its coordinates, where the data tell.
+std::optional<Tvx_map_unit> vx_layer_files_read(Ivx_layer *layer, std::optional<Tvx_box_d2> const &view = {});
 /// The unit of a raster's coordinates, where it tells; a reason in `error` when it cannot be opened.
 [[nodiscard]] std::optional<Tvx_map_unit> vx_layer_files_raster_unit(QString const &source, QString &error);
 

@@ -43,7 +43,7 @@ void miss(Tvx_scene_layer &layer, QString const &reason)
     layer.reason = reason;
 }
 
-void open_vector(Tvx_scene_layer &scene)
+void open_vector(Tvx_scene_layer &scene, std::optional<Tvx_box_d2> const &view)
 {
     std::wstring error;
     Tvx_layer_list::layer_ptr opened(vx_shp_lr2d_open(source_of(scene.layer.get()).toStdWString().c_str(),
@@ -57,7 +57,7 @@ void open_vector(Tvx_scene_layer &scene)
         scene.reason = vx_map_caption(c_map_err_other_kind);
     }
     scene.layer = std::move(opened);
-    scene.unit = vx_layer_files_read(scene.layer.get());
+    scene.unit = vx_layer_files_read(scene.layer.get(), view);
 }
 } // namespace
 
@@ -122,7 +122,7 @@ void vx_map_scene_ask_passwords(std::vector<Tvx_scene_layer> &layers, Tvx_passwo
     }
 }
 
-void vx_map_scene_open_layer(Tvx_scene_layer &scene)
+void vx_map_scene_open_layer(Tvx_scene_layer &scene, std::optional<Tvx_box_d2> const &view)
 {
     QString const source = source_of(scene.layer.get());
     if (source.isEmpty())
@@ -130,7 +130,7 @@ void vx_map_scene_open_layer(Tvx_scene_layer &scene)
     if (wants_password(source))
         return miss(scene, vx_map_caption(c_map_err_password));
     if (vx_lr2d_is_shp(scene.layer.get()))
-        return open_vector(scene);
+        return open_vector(scene, view);
     if (vx_lr2d_get_lr_type(scene.layer.get()) != std::string_view(c_lr_key_rtr))
         return;
     QString error;

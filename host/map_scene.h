@@ -43,9 +43,10 @@ struct Tvx_loaded_scene
 using Tvx_password_question = std::function<std::optional<QString>(QString const &server)>;
 /// Puts passwords in the places that the file has for them; asks once for each server.
 void vx_map_scene_ask_passwords(std::vector<Tvx_scene_layer> &layers, Tvx_password_question const &ask);
-/// Opens the data of a layer that was loaded, and reads what its first picture needs. A layer whose data
-/// cannot be opened is marked, one whose data have become of another kind gets a style of its own.
-void vx_map_scene_open_layer(Tvx_scene_layer &layer);
+/// Opens the data of a layer that was loaded, and reads what its first picture needs, which shows `view`. A
+/// layer whose data cannot be opened is marked, one whose data have become of another kind gets a style of
+/// its own.
+void vx_map_scene_open_layer(Tvx_scene_layer &layer, std::optional<Tvx_box_d2> const &view);
 
 /// Saves the layers and the view. False when that fails, which the user has been told.
 [[nodiscard]] bool vx_map_scene_save(QString const &path, Tvx_layer_list const &layers,

@@ -113,7 +113,7 @@ private:
     [[nodiscard]] bool may_repair(QString const &path);
     /// Of those layers that could not be opened for that, and opens them. What stays as it is keeps its
     /// reason.
-    void repair_layers(std::vector<Tvx_scene_layer> &layers);
+    void repair_layers(std::vector<Tvx_scene_layer> &layers, std::optional<Tvx_box_d2> const &view);
     [[nodiscard]] QString scene_name() const;
 
     void on_open();

@@ -149,7 +149,8 @@ bool Tvx_map_window::save_scene_in(QString const &path)
     return true;
 }
 
-void Tvx_map_window::repair_layers(std::vector<Tvx_scene_layer> &layers)
+void Tvx_map_window::repair_layers(std::vector<Tvx_scene_layer> &layers,
+                                   std::optional<Tvx_box_d2> const &view)
 {
     QMap<QString, QString> known; // what became of each file; a reason where it stays as it is
     for (Tvx_scene_layer &layer : layers) {
@@ -165,7 +166,7 @@ void Tvx_map_window::repair_layers(std::vector<Tvx_scene_layer> &layers)
         if (!layer.reason.isEmpty())
             continue;
         layer.mark = c_mark_none;
-        vx_map_scene_open_layer(layer);
+        vx_map_scene_open_layer(layer, view);
     }
 }
 
@@ -183,6 +184,11 @@ int Tvx_map_window::open_scene(QString const &path, std::vector<Tvx_failed_file>
                                                    QLineEdit::Password, {}, &given);
         return given ? std::optional(text) : std::nullopt;
     });
+    std::optional<Tvx_box_d2> view;
+    if (scene.view) {
+        scene.view->set_size(f_canvas->width(), f_canvas->height());
+        view = scene.view->box();
+    }
     QApplication::setOverrideCursor(Qt::WaitCursor);
     f_loading = true;
     f_layers.clear();
@@ -194,13 +200,13 @@ int Tvx_map_window::open_scene(QString const &path, std::vector<Tvx_failed_file>
             progress->set_text(vx_host_caption(c_cap_status_loading).arg(name));
             // Who has no patience for the data still gets the map, each layer with its mark.
             if (!progress->is_cancelled())
-                vx_map_scene_open_layer(layer);
+                vx_map_scene_open_layer(layer, view);
             if (progress->is_cancelled() && layer.mark == c_mark_none)
                 layer.mark = c_mark_missing;
         }
     }
     QApplication::restoreOverrideCursor();
-    repair_layers(scene.layers);
+    repair_layers(scene.layers, view);
     for (Tvx_scene_layer &layer : scene.layers) {
         if (!layer.reason.isEmpty() && !vx_layer_files_wants_repair(layer.reason))
             failed.push_back({vx_layer_name(layer.layer.get()), layer.reason});

@@ -1,6 +1,8 @@
 #include "host/layer_info.h"
+#include "host/map_scene.h"
 #include "map_fixture.h"
 #include "support/database_server.h"
+#include "support/temp_dir.h"
 
 #include <QElapsedTimer>
 #include <QProgressDialog>
@@ -81,6 +83,32 @@ TEST_F(map_of_server, shows_each_table_read_once_and_no_password)
     }
     // What was read stays on the map.
     EXPECT_EQ(picture(), before);
+}
+
+TEST_F(map_of_server, a_map_that_shows_a_part_asks_for_it_first)
+{
+    temp_dir const folder;
+    QString const map = QString::fromStdString((folder / "part_.sn").string());
+    database_server server;
+    server.load(VX_EXAMPLE_DATA "/world.shp", "world", "-nlt PROMOTE_TO_MULTI");
+    ASSERT_EQ(window->open_files({text(server.connection(L"|layer=world"))}), 1);
+    Tvx_canvas_view view;
+    view.set_center({10, 50});
+    view.set_units_per_pixel(0.03);
+    canvas().go_to(view);
+    QImage const before = picture();
+    EXPECT_GT(drawn_part(before), 0.3);
+    ASSERT_TRUE(vx_map_scene_save(map, layers(), view));
+    layers().clear();
+    server.forget();
+    ASSERT_EQ(window->open_files({map}), 1);
+    EXPECT_LT(server.rows_sent("FROM public.world"), 100) << "not all 177 before the first picture";
+    EXPECT_EQ(picture(), before);
+    long long seen = 0;
+    for (auto const &asked : server.statements("ST_MakeEnvelope"))
+        seen = std::max(seen, asked.rows);
+    EXPECT_GT(seen, 10);
+    EXPECT_LT(seen, 100) << "of 177";
 }
 
 TEST_F(map_of_server, a_table_that_never_answers_can_be_given_up)
