@@ -7,6 +7,7 @@
 #include "platform/toolkit/graphics/canvas.h"
 
 #include <limits>
+#include <memory>
 
 namespace {
 namespace ui = vx::user_input;
@@ -398,5 +399,38 @@ TEST_F(item_grid, ends_with_its_parent_under_the_open_box)
     EXPECT_EQ(own.get_edit_cbx(), nullptr);
     EXPECT_TRUE(ui::click_cell(&own, 0, 1));
     EXPECT_EQ(own.GetRow(), 1);
+}
+
+TEST_F(item_grid, its_end_asks_and_tells_nothing)
+{
+    int asked = 0;
+    for (int const type : {c_item_col_wstr, c_item_col_int, c_item_col_wstr_cbx}) {
+        auto window = std::make_unique<TForm>(nullptr);
+        auto *const own = new Tvx_item_grid(window.get());
+        own->SetParent(window.get());
+        own->SetBounds(0, 0, 300, 200);
+        own->get_columns()->set_count(1);
+        auto *const column = own->get_columns()->get_col(0);
+        column->set_col_type(type);
+        column->on_get_wstr = {[](void *n, Tvx_item_column *, int) -> wchar_t const * {
+                                   ++*static_cast<int *>(n);
+                                   return L"1";
+                               },
+                               &asked};
+        column->on_get_int = {[](void *n, Tvx_item_column *, int) { return ++*static_cast<int *>(n); },
+                              &asked};
+        column->on_set_int = {[](void *n, Tvx_item_column *, int, int) { ++*static_cast<int *>(n); }, &asked};
+        column->on_set_cbx = {
+            [](void *n, Tvx_item_column *, int, Tvx_combo_box *) { ++*static_cast<int *>(n); }, &asked};
+        own->set_item_count(3);
+        own->update_controls();
+        window->Show();
+        ui::wait_idle();
+        ASSERT_TRUE(ui::click_cell(own, 0, 2));
+        ui::type(L"2");
+        asked = 0;
+        window.reset();
+        EXPECT_EQ(asked, 0) << type;
+    }
 }
 } // namespace
