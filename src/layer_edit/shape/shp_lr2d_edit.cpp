@@ -28,6 +28,7 @@ void Tvx_shp_lr2d_edit::create()
 
 void Tvx_shp_lr2d_edit::take_stl_mngr_edit(Tvx_typed_stl_mngr_edit *edit, void *(*own_mngr)(Ivx_layer *layer))
 {
+    DisableAlign();
     f_edit = edit;
     f_own_mngr = own_mngr;
     edit->SetParent(this);
@@ -44,6 +45,7 @@ void Tvx_shp_lr2d_edit::take_stl_mngr_edit(Tvx_typed_stl_mngr_edit *edit, void *
     edit->set_on_data_get_str(make_closure<&Tvx_shp_lr2d_edit::on_data_get_str>(this));
     edit->set_on_data_get_val(make_closure<&Tvx_shp_lr2d_edit::on_data_get_val>(this));
     edit->set_on_edit_value_item(make_closure<&Tvx_shp_lr2d_edit::on_edit_value_item>(this));
+    EnableAlign();
 }
 
 void Tvx_shp_lr2d_edit::load_res()

@@ -72,6 +72,7 @@ Tvx_rng_edit::~Tvx_rng_edit() = default;
 
 void Tvx_rng_edit::create()
 {
+    DisableAlign();
     f_prp_scale = new Tvx_prp_scale(this);
     f_prp_scale->SetParent(this);
     f_prp_scale->create();
@@ -118,6 +119,7 @@ void Tvx_rng_edit::create()
     f_open_dialog = new TOpenDialog(this);
     f_save_dialog = new TSaveDialog(this);
     f_save_dialog->SetOptions({ofOverwritePrompt});
+    EnableAlign();
 }
 
 void Tvx_rng_edit::load_res()

@@ -48,6 +48,7 @@ Tvx_bitbtn *Tvx_scale_tool_panel::add_right(bool sel)
 
 void Tvx_scale_tool_panel::create(Tvx_scale_grid *grid)
 {
+    DisableAlign();
     f_grid = grid;
     f_save_btn = add_left(f_left > 0 ? c_gap : 0);
     f_open_btn = add_left(0);
@@ -57,6 +58,7 @@ void Tvx_scale_tool_panel::create(Tvx_scale_grid *grid)
     f_del_btn->SetAction(grid->get_del_action());
     f_style_btn = add_right(false);
     f_sel_style_btn = add_right(true);
+    EnableAlign();
 }
 
 void Tvx_scale_tool_panel::load_button(Tvx_bitbtn *button, int picture, int hint)

@@ -83,6 +83,7 @@ Tvx_val_edit::Tvx_val_edit(TComponent *owner, bool rule)
 
 void Tvx_val_edit::create()
 {
+    DisableAlign();
     f_prp_scale = new Tvx_prp_scale(this);
     f_prp_scale->SetParent(this);
     f_prp_scale->create();
@@ -118,6 +119,7 @@ void Tvx_val_edit::create()
     f_open_dialog = new TOpenDialog(this);
     f_save_dialog = new TSaveDialog(this);
     f_save_dialog->SetOptions({ofOverwritePrompt});
+    EnableAlign();
 }
 
 void Tvx_val_edit::load_res()

@@ -45,6 +45,7 @@ void Tvx_stl_mngr_edit::each_editor(Act const &act)
 
 void Tvx_stl_mngr_edit::create()
 {
+    DisableAlign();
     f_top_panel = new Tvx_panel(this);
     f_top_panel->SetParent(this);
     f_top_panel->SetHeight(c_top_height);
@@ -70,6 +71,7 @@ void Tvx_stl_mngr_edit::create()
     set_on_lib_symbol_style({});
     set_on_edit_value_item({});
     show_nothing();
+    EnableAlign();
 }
 
 void Tvx_stl_mngr_edit::load_res()

@@ -20,6 +20,7 @@ Tvx_other_panel::Tvx_other_panel(TComponent *owner) : Tvx_panel(owner)
 
 void Tvx_other_panel::create()
 {
+    DisableAlign();
     f_use_panel = new Tvx_bool_panel(this);
     f_use_panel->SetParent(this);
     f_use_panel->SetHeight(c_use_height);
@@ -46,6 +47,7 @@ void Tvx_other_panel::create()
     f_style_btn = add(false);
     f_sel_style_btn = add(true);
     f_edit_panel->SetVisible(false);
+    EnableAlign();
 }
 
 void Tvx_other_panel::load_res()
