@@ -3,6 +3,7 @@
 #include "platform/base/text_codec.h"
 #include "platform/winapi/detail/utf16.h"
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <unicode/ucol.h>
@@ -50,6 +51,29 @@ int vx_compare_text(std::wstring_view a, std::wstring_view b)
     auto const b16 = vx::text::wide_to_utf16(b);
     return ucol_strcoll(collator, a16.data(), static_cast<int>(a16.size()), b16.data(),
                         static_cast<int>(b16.size()));
+}
+
+std::string vx_text_sort_key(std::wstring_view text)
+{
+    auto const *const collator = root_collator();
+    if (!collator)
+        return vx::text::wide_to_whole_utf8(text); // bytes stand in the order of the code points
+    auto const units = vx::text::wide_to_utf16(text);
+    std::string key(16 + 3 * units.size(), '\0');
+    auto const fill = [&] {
+        return static_cast<std::size_t>(
+            ucol_getSortKey(collator, units.data(), static_cast<int>(units.size()),
+                            reinterpret_cast<std::uint8_t *>(key.data()), static_cast<int>(key.size())));
+    };
+    if (std::size_t const size = fill(); size > key.size()) {
+        key.resize(size);
+        fill();
+    } else {
+        key.resize(size);
+    }
+    if (!key.empty())
+        key.pop_back(); // its end is marked by a zero
+    return key;
 }
 
 int lstrcmpiW(wchar_t const *a, wchar_t const *b)

@@ -2,6 +2,7 @@
 
 #include "platform/base/export.h"
 
+#include <string>
 #include <string_view>
 
 /// Order of texts for people: negative, 0 or positive. Case does not count, accents do, digits are compared
@@ -11,3 +12,5 @@
 [[nodiscard]] VX_API int lstrcmpiW(wchar_t const *a, wchar_t const *b);
 [[nodiscard]] VX_API int lstrcmpiA(char const *a, char const *b);
 [[nodiscard]] VX_API int vx_compare_text(std::wstring_view a, std::wstring_view b);
+/// Bytes that compare as `vx_compare_text` compares their texts, for who compares a text many times.
+[[nodiscard]] VX_API std::string vx_text_sort_key(std::wstring_view text);

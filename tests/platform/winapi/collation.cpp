@@ -31,7 +31,21 @@ TEST(collation, orders_as_people_do)
         SCOPED_TRACE(testing::Message() << (c.a ? c.a : L"null") << L" and " << (c.b ? c.b : L"null"));
         EXPECT_EQ(c.order, sign(lstrcmpiW(c.a, c.b)));
         EXPECT_EQ(-c.order, sign(lstrcmpiW(c.b, c.a)));
+        if (c.a && c.b) {
+            EXPECT_EQ(c.order, sign(vx_text_sort_key(c.a).compare(vx_text_sort_key(c.b))));
+        }
     }
+}
+
+TEST(collation, keys_of_any_length_order_as_the_texts)
+{
+    for (std::size_t size = 0; size < 400; size += 7)
+        for (wchar_t const c : {L'a', L'я', L'\x1F600', L'\x301'}) {
+            std::wstring const text = std::wstring(size, c) + L"b", next = std::wstring(size, c) + L"C";
+            EXPECT_EQ(sign(vx_compare_text(text, next)),
+                      sign(vx_text_sort_key(text).compare(vx_text_sort_key(next))))
+                << size;
+        }
 }
 
 TEST(collation, takes_8_bit_text_and_no_locale)
