@@ -21,8 +21,11 @@
 namespace {
 constexpr int c_least_column = 48;
 constexpr int c_most_column = 260;
+constexpr int c_measured_rows = 60;
 /// Rows that are copied as text; more are no use to anybody and would fill the memory.
 constexpr int c_most_copied = 100'000;
+/// A column of more may take longer to read than a window can be left alone.
+constexpr int c_many_rows = 200'000;
 } // namespace
 
 Tvx_attribute_table::Tvx_attribute_table(Ivx_layer *layer, QWidget *parent)
@@ -44,8 +47,8 @@ Tvx_attribute_table::Tvx_attribute_table(Ivx_layer *layer, QWidget *parent)
     f_view->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     f_view->verticalHeader()->setDefaultSectionSize(f_view->fontMetrics().height() + 6);
     f_view->verticalHeader()->setDefaultAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    // Widths by the rows that are seen: nothing else is read.
-    f_view->horizontalHeader()->setResizeContentsPrecision(0);
+    // Widths by the first rows: nothing else is read. Those that are seen would be all, as long as none is.
+    f_view->horizontalHeader()->setResizeContentsPrecision(c_measured_rows);
     f_view->horizontalHeader()->setSortIndicatorShown(true);
     f_view->horizontalHeader()->setSortIndicatorClearable(true);
     f_view->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
@@ -132,13 +135,24 @@ std::vector<unsigned> Tvx_attribute_table::selected_records() const
 
 void Tvx_attribute_table::sort(int column, Qt::SortOrder order)
 {
+    if (column == f_sorted_column && order == f_sorted_order)
+        return;
     std::vector<unsigned> const selected = selected_records();
-    QApplication::setOverrideCursor(Qt::WaitCursor);
+    bool done = true;
     {
         vx::flag_scope const filling(f_filling);
-        f_model->sort(column, order);
+        auto const work = [&](std::function<bool()> const &goes_on) {
+            done = f_model->sort_by(column, order, goes_on);
+        };
+        if (f_wait)
+            f_wait(column >= 0 && f_model->rowCount() > c_many_rows, work);
+        else
+            work({});
     }
-    QApplication::restoreOverrideCursor();
+    if (!done) // it stays as it was
+        return f_view->horizontalHeader()->setSortIndicator(f_sorted_column, f_sorted_order);
+    f_sorted_column = column;
+    f_sorted_order = order;
     select_records(selected);
 }
 

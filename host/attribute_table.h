@@ -2,6 +2,7 @@
 
 #include <QWidget>
 
+#include <functional>
 #include <vector>
 
 class QLabel;
@@ -19,6 +20,13 @@ class Tvx_attribute_table : public QWidget
 public:
     /// The table of the layer's data as they are; nothing of the layer itself is kept.
     explicit Tvx_attribute_table(Ivx_layer *layer, QWidget *parent = nullptr);
+
+    /// Does long work while the window lives: `work(goes_on)` is to ask often whether to go on. At once,
+    /// where it takes less than anybody would notice.
+    using wait_event =
+        std::function<void(bool is_long, std::function<void(std::function<bool()> const &)> const &)>;
+    /// How long work is waited for; without it the window rests meanwhile.
+    void set_wait(wait_event wait) { f_wait = std::move(wait); }
 
     [[nodiscard]] bool is_open() const;
     /// Whether the layer has other data than the table shows.
@@ -53,4 +61,7 @@ private:
     QPushButton *f_zoom;
     QPushButton *f_clear;
     bool f_filling = false;
+    wait_event f_wait;
+    int f_sorted_column = -1;
+    Qt::SortOrder f_sorted_order = Qt::AscendingOrder;
 };

@@ -28,8 +28,8 @@ bool is_begin(QEvent::Type type)
 }
 } // namespace
 
-Tvx_opening_progress::Tvx_opening_progress(QWidget *parent, QAction *quit)
-    : f_dialog(QString(), vx_host_caption(c_cap_cancel), 0, 0, parent), f_quit(quit)
+Tvx_opening_progress::Tvx_opening_progress(QWidget *parent, QAction *quit, work what)
+    : f_dialog(QString(), vx_host_caption(c_cap_cancel), 0, 0, parent), f_quit(quit), f_work(what)
 {
     f_dialog.setObjectName(QStringLiteral("opening"));
     f_dialog.setWindowTitle(vx_host_caption(c_cap_application));
@@ -43,12 +43,14 @@ Tvx_opening_progress::Tvx_opening_progress(QWidget *parent, QAction *quit)
     f_dialog.reset();
     f_since_start.start();
     QCoreApplication::instance()->installEventFilter(this);
-    vx_datasource_set_waiting(make_closure<&Tvx_opening_progress::goes_on>(this));
+    if (f_work == c_opening)
+        vx_datasource_set_waiting(make_closure<&Tvx_opening_progress::goes_on>(this));
 }
 
 Tvx_opening_progress::~Tvx_opening_progress()
 {
-    vx_datasource_set_waiting({});
+    if (f_work == c_opening)
+        vx_datasource_set_waiting({});
 }
 
 void Tvx_opening_progress::set_text(QString const &text)
@@ -81,6 +83,12 @@ bool Tvx_opening_progress::is_begun_elsewhere(QObject const *object, QEvent cons
     if (event.type() == QEvent::MouseButtonPress)
         f_lost_buttons |= static_cast<QMouseEvent const &>(event).button();
     return true;
+}
+
+void Tvx_opening_progress::show_now()
+{
+    f_dialog.show();
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
 bool Tvx_opening_progress::goes_on()

@@ -4,11 +4,14 @@
 
 #include "platform/winapi/collation.h"
 
+#include <QElapsedTimer>
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
 #include <numeric>
 #include <string>
+#include <utility>
 
 namespace {
 constexpr double c_none = std::numeric_limits<double>::quiet_NaN();
@@ -74,7 +77,33 @@ QVariant Tvx_record_model::headerData(int section, Qt::Orientation orientation, 
     return role == Qt::ToolTipRole ? QVariant(vx_map_caption(c_map_hint_column)) : QVariant();
 }
 
-std::vector<double> Tvx_record_model::number_keys(unsigned field) const
+/// Asks from time to time whether to go on, and ends what is being done where not.
+class Tvx_record_model::patience
+{
+public:
+    struct is_over
+    {
+    };
+    explicit patience(std::function<bool()> const &goes_on) : f_goes_on(goes_on) { f_since_asked.start(); }
+
+    void step()
+    {
+        if (++f_steps % c_steps != 0 || !f_goes_on || f_since_asked.elapsed() < c_interval_ms)
+            return;
+        if (!f_goes_on())
+            throw is_over();
+        f_since_asked.restart();
+    }
+
+private:
+    static constexpr unsigned c_steps = 256;
+    static constexpr qint64 c_interval_ms = 20;
+    std::function<bool()> const &f_goes_on;
+    QElapsedTimer f_since_asked;
+    unsigned f_steps = 0;
+};
+
+std::vector<double> Tvx_record_model::number_keys(unsigned field, patience &wait) const
 {
     std::vector<double> keys(std::size_t(rowCount()), c_none);
     for (unsigned record = 0; record < keys.size(); ++record) {
@@ -82,18 +111,20 @@ std::vector<double> Tvx_record_model::number_keys(unsigned field) const
         double const value = vx_attr_files_get_dbl(f_table.get(), field, record, &has);
         if (has)
             keys[record] = value;
+        wait.step();
     }
     return keys;
 }
 
 /// The place of each cell's text among the different texts.
-std::vector<double> Tvx_record_model::text_keys(unsigned field) const
+std::vector<double> Tvx_record_model::text_keys(unsigned field, patience &wait) const
 {
     std::vector<double> keys(std::size_t(rowCount()), c_none);
-    std::vector<std::pair<std::wstring, unsigned>> texts;
+    std::vector<std::pair<std::string, unsigned>> texts;
     std::vector<int> place_of_number; // a text that comes again is ordered once
     std::vector<unsigned> text_of(keys.size());
     for (unsigned record = 0; record < keys.size(); ++record) {
+        wait.step();
         bool has = false;
         int const number = vx_attr_files_get_text_number(f_table.get(), field, record);
         auto const place = static_cast<std::size_t>(number);
@@ -102,7 +133,7 @@ std::vector<double> Tvx_record_model::text_keys(unsigned field) const
             keys[record] = 0;
             continue;
         }
-        std::wstring text = vx_attr_files_get_wstr(f_table.get(), field, record, &has);
+        wchar_t const *const text = vx_attr_files_get_wstr(f_table.get(), field, record, &has);
         if (!has)
             continue;
         keys[record] = 0;
@@ -111,16 +142,19 @@ std::vector<double> Tvx_record_model::text_keys(unsigned field) const
             place_of_number.resize(std::max(place_of_number.size(), place + 1), -1);
             place_of_number[place] = int(texts.size());
         }
-        texts.emplace_back(std::move(text), unsigned(texts.size()));
+        texts.emplace_back(vx_text_sort_key(text), unsigned(texts.size()));
     }
-    std::ranges::stable_sort(
-        texts, [](auto const &a, auto const &b) { return vx_compare_text(a.first, b.first) < 0; });
+    std::ranges::sort(texts, [&](auto const &a, auto const &b) {
+        wait.step();
+        return a.first < b.first;
+    });
     // What people take for equal has one rank, so that it stays in the order of the file.
     std::vector<unsigned> rank(texts.size());
     for (std::size_t i = 0, current = 0; i < texts.size(); ++i) {
-        if (i > 0 && vx_compare_text(texts[i - 1].first, texts[i].first) != 0)
+        if (i > 0 && texts[i - 1].first != texts[i].first)
             current = i;
         rank[texts[i].second] = unsigned(current);
+        wait.step();
     }
     for (std::size_t record = 0; record < keys.size(); ++record)
         if (!std::isnan(keys[record]))
@@ -128,27 +162,37 @@ std::vector<double> Tvx_record_model::text_keys(unsigned field) const
     return keys;
 }
 
-void Tvx_record_model::sort(int column, Qt::SortOrder order)
+bool Tvx_record_model::sort_by(int column, Qt::SortOrder order, std::function<bool()> const &goes_on)
 {
     if (column >= columnCount())
-        return;
-    beginResetModel();
-    f_order.clear();
-    f_rows.clear();
+        return true;
+    std::vector<unsigned> records;
+    std::vector<unsigned> rows;
     if (column >= 0) {
-        unsigned const field = f_fields[std::size_t(column)];
-        std::vector<double> const keys = is_number(field) ? number_keys(field) : text_keys(field);
-        f_order.resize(keys.size());
-        std::iota(f_order.begin(), f_order.end(), 0u);
-        bool const up = order == Qt::AscendingOrder;
-        std::ranges::stable_sort(f_order, [&](unsigned a, unsigned b) {
-            if (std::isnan(keys[a]) || std::isnan(keys[b]))
-                return !std::isnan(keys[a]) && std::isnan(keys[b]);
-            return up ? keys[a] < keys[b] : keys[b] < keys[a];
-        });
-        f_rows.resize(f_order.size());
-        for (std::size_t row = 0; row < f_order.size(); ++row)
-            f_rows[f_order[row]] = unsigned(row);
+        patience wait(goes_on);
+        try {
+            unsigned const field = f_fields[std::size_t(column)];
+            std::vector<double> const keys =
+                is_number(field) ? number_keys(field, wait) : text_keys(field, wait);
+            records.resize(keys.size());
+            std::iota(records.begin(), records.end(), 0u);
+            bool const up = order == Qt::AscendingOrder;
+            std::ranges::stable_sort(records, [&](unsigned a, unsigned b) {
+                wait.step();
+                if (std::isnan(keys[a]) || std::isnan(keys[b]))
+                    return !std::isnan(keys[a]) && std::isnan(keys[b]);
+                return up ? keys[a] < keys[b] : keys[b] < keys[a];
+            });
+        } catch (patience::is_over const &) {
+            return false;
+        }
+        rows.resize(records.size());
+        for (std::size_t row = 0; row < records.size(); ++row)
+            rows[records[row]] = unsigned(row);
     }
+    beginResetModel();
+    f_order = std::move(records);
+    f_rows = std::move(rows);
     endResetModel();
+    return true;
 }

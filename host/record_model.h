@@ -5,6 +5,7 @@
 
 #include <QAbstractTableModel>
 
+#include <functional>
 #include <vector>
 
 /// The attribute table of a data set as rows and columns. Cells are read when they are seen, so that a table
@@ -33,12 +34,18 @@ public:
     /// By numbers where the field holds numbers, else as people order texts; cells without a value come last,
     /// what is equal stays in the order of the file. Column -1 gives the order of the file back. The model is
     /// reset.
-    void sort(int column, Qt::SortOrder order) override;
+    void sort(int column, Qt::SortOrder order) override { sort_by(column, order, {}); }
+    /// The same for a long table: `goes_on` is called some 50 times a second once the column has been read,
+    /// and answers whether to go on. It may run events, but must leave the model alone. False, with
+    /// everything as it was, when it said no.
+    bool sort_by(int column, Qt::SortOrder order, std::function<bool()> const &goes_on);
 
 private:
+    class patience;
+
     [[nodiscard]] bool is_number(unsigned field) const;
-    [[nodiscard]] std::vector<double> number_keys(unsigned field) const;
-    [[nodiscard]] std::vector<double> text_keys(unsigned field) const;
+    [[nodiscard]] std::vector<double> number_keys(unsigned field, patience &wait) const;
+    [[nodiscard]] std::vector<double> text_keys(unsigned field, patience &wait) const;
 
     vx::owned<Ivx_attr_data, &vx_attr_data_release> f_data;
     vx::owned<Ivx_attr_files, &vx_attr_files_close> f_table;
