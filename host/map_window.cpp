@@ -86,6 +86,9 @@ Tvx_map_window::Tvx_map_window(QSettings *settings)
     connect_objects();
     watch_changes();
     restore_state();
+    for (QDockWidget *const dock : {f_layer_dock, f_identify_dock})
+        connect(dock, &QDockWidget::dockLocationChanged, this, &Tvx_map_window::order_stops);
+    order_stops();
     update_commands();
     update_title();
 }
@@ -137,6 +140,40 @@ void Tvx_map_window::create_layer_dock()
     connect(f_editor, &Tvx_layer_editor::applied, this, [this](int id) {
         show_message(vx_host_caption(c_cap_status_applied).arg(f_layers.name_at(f_layers.row_of(id))));
     });
+}
+
+void Tvx_map_window::order_stops()
+{
+    // From left to right, then what lies below.
+    struct room
+    {
+        int place;
+        QWidget *widget;
+    };
+    auto const place_of = [this](QDockWidget *dock) {
+        return dockWidgetArea(dock) == Qt::RightDockWidgetArea ? 2 : 0;
+    };
+    std::vector<room> rooms{
+        {place_of(f_layer_dock), f_layer_dock}, {1, f_canvas}, {place_of(f_identify_dock), f_identify_dock}};
+    for (table_dock const &table : std::as_const(f_tables))
+        rooms.push_back({dockWidgetArea(table.dock) == Qt::TopDockWidgetArea ? -1 : 3, table.dock});
+    rooms.push_back({4, statusBar()});
+    std::ranges::stable_sort(rooms, {}, &room::place);
+    QWidget *before = nullptr;
+    for (auto const &[place, widget] : rooms) {
+        QWidgetList stops;
+        QWidget *w = widget;
+        do {
+            bool const inside = w == widget || widget->isAncestorOf(w);
+            if (inside && (w->focusPolicy() & Qt::TabFocus) == Qt::TabFocus && !w->focusProxy())
+                stops.append(w);
+        } while ((w = w->nextInFocusChain()) != widget);
+        for (QWidget *const stop : std::as_const(stops)) {
+            if (before)
+                setTabOrder(before, stop);
+            before = stop;
+        }
+    }
 }
 
 void Tvx_map_window::create_status_bar()

@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -83,6 +84,8 @@ private:
     void create_layer_dock();
     void give_commands_to_panel();
     void create_status_bar();
+    /// Tab goes through list, map, docks and status bar as they lie in the window.
+    void order_stops();
     void connect_canvas();
     void restore_state();
     void save_state();
@@ -94,6 +97,8 @@ private:
     void show_selection_in_tables();
     void on_table();
     bool create_table(int id);
+    /// Keeps the window alive while a table is being sorted.
+    void wait_for_table(bool is_long, std::function<void(std::function<bool()> const &)> const &work);
     void create_identify_dock();
     /// Moves the map to an object that is not seen.
     void show_object(int id, unsigned record);

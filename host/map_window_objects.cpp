@@ -5,14 +5,19 @@
 #include "host/map_canvas.h"
 #include "host/map_selection.h"
 #include "host/map_window.h"
+#include "host/opening_progress.h"
 #include "host/selection_overlay.h"
 
 #include "platform/layers/vx_shp_lr2d.h"
 
+#include <QApplication>
 #include <QDockWidget>
 #include <QKeyEvent>
 #include <QTableView>
+#include <QTimer>
 #include <QTreeWidget>
+
+#include <utility>
 
 // Objects of the map: what lies under a click, their tables, and which of them stand out.
 
@@ -169,9 +174,30 @@ bool Tvx_map_window::create_table(int id)
         dock->hide();
         f_canvas->setFocus();
     });
+    connect(dock, &QDockWidget::dockLocationChanged, this, &Tvx_map_window::order_stops);
+    order_stops();
+    table->set_wait([this](bool is_long, auto const &work) { wait_for_table(is_long, work); });
     if (f_selection->layer_id() == id)
         table->select_records(f_selection->records());
     return true;
+}
+
+void Tvx_map_window::wait_for_table(bool is_long,
+                                    std::function<void(std::function<bool()> const &)> const &work)
+{
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    {
+        Tvx_opening_progress progress(this, command("quit"), Tvx_opening_progress::c_own);
+        f_opening = &progress;
+        progress.set_text(vx_map_caption(c_map_sorting));
+        if (is_long)
+            progress.show_now();
+        work([&] { return progress.goes_on(); });
+    }
+    QApplication::restoreOverrideCursor();
+    // The window was closed meanwhile.
+    if (std::exchange(f_closes_after_opening, false))
+        QTimer::singleShot(0, this, &QWidget::close);
 }
 
 void Tvx_map_window::show_object(int id, unsigned record)

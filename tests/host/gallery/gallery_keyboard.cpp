@@ -26,14 +26,6 @@ protected:
     ~gallery_keyboard() override { vx_options_set_language("en"); }
 };
 
-std::set<TWinControl *> controls_of(std::vector<stop> const &stops)
-{
-    std::set<TWinControl *> controls;
-    for (stop const &s : stops)
-        controls.insert(s.control);
-    return controls;
-}
-
 /// Of the choices of a group one is a stop, for all of them.
 bool is_other_choice(TControl *control, std::set<TWinControl *> const &visited)
 {
@@ -41,36 +33,6 @@ bool is_other_choice(TControl *control, std::set<TWinControl *> const &visited)
            std::any_of(visited.begin(), visited.end(), [control](TWinControl *other) {
                return dynamic_cast<TRadioButton *>(other) && other->GetParent() == control->GetParent();
            });
-}
-
-/// The controls in the scope that the mouse or a call can give the focus, and that show: Tab must reach them.
-std::set<TWinControl *> focusable(TWinControl *scope)
-{
-    std::set<TWinControl *> found;
-    for (QWidget *const w : vx_qt_widget(scope)->findChildren<QWidget *>()) {
-        auto *const control = dynamic_cast<TWinControl *>(vx_control_of(w));
-        bool const takes_focus = w->focusPolicy() != Qt::NoFocus || (control && control->GetTabStop());
-        if (control && takes_focus && w->isVisible() && w->isEnabled() && control->CanFocus() &&
-            !dynamic_cast<TScrollBox *>(control) && control != scope)
-            found.insert(control);
-    }
-    return found;
-}
-
-/// A stop must not come after one that it stands above of in the same column, or left of in the same row.
-void expect_reading_order(std::vector<stop> const &stops)
-{
-    for (std::size_t i = 0; i < stops.size(); ++i)
-        for (std::size_t k = i + 1; k < stops.size(); ++k) {
-            QRect const before = stops[i].place();
-            QRect const after = stops[k].place();
-            bool const above = after.bottom() < before.top() && after.left() <= before.right() &&
-                               before.left() <= after.right();
-            bool const left = after.right() < before.left() && after.top() <= before.bottom() &&
-                              before.top() <= after.bottom();
-            EXPECT_FALSE(above || left)
-                << '"' << stops[k].name() << "\" comes after \"" << stops[i].name() << '"';
-        }
 }
 
 /// Forms that say another order themselves, with the reason.

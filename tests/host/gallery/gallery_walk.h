@@ -2,6 +2,7 @@
 
 #include "host/gallery/gallery_dialog.h"
 #include "host/gallery/gallery_form.h"
+#include "support/tab_round.h"
 #include "user_input/user_input.h"
 
 #include "platform/basic/vx_options.h"
@@ -75,50 +76,6 @@ inline void visit_gallery(std::function<void(shown const &)> const &look)
         dialog->open();
         input::wait_idle();
     }
-}
-
-/// A place where Tab stops.
-struct stop
-{
-    QWidget *widget; ///< that has the focus
-    TWinControl *control;
-
-    [[nodiscard]] std::string name() const { return control->GetAccessibleName().to_utf8(); }
-    [[nodiscard]] QRect place() const
-    {
-        return QRect(widget->mapTo(widget->window(), QPoint()), widget->size());
-    }
-};
-
-inline stop current_stop()
-{
-    return {QApplication::focusWidget(), FindFocusedControl()};
-}
-
-/// The stops within the scope, in the order of a whole round of Tab, or of Shift+Tab, from where the focus
-/// is. `at` runs at each.
-inline std::vector<stop> round(
-    TWinControl *scope, bool forward, std::function<void(stop const &)> const &at = [](stop const &) {})
-{
-    constexpr int c_limit = 200;
-    std::vector<stop> stops;
-    auto const *const first = QApplication::focusWidget();
-    for (int i = 0; i < c_limit; ++i) {
-        stop const here = current_stop();
-        if (!here.control) {
-            ADD_FAILURE() << "the focus is lost after " << i << " stops";
-            return stops;
-        }
-        if (scope->ContainsControl(here.control)) {
-            stops.push_back(here);
-            at(here);
-        }
-        EXPECT_TRUE(input::press(VK_TAB, forward ? TShiftState{} : TShiftState{ssShift}));
-        if (QApplication::focusWidget() == first)
-            return stops;
-    }
-    ADD_FAILURE() << "Tab does not come round";
-    return stops;
 }
 
 /// Puts the focus where a round may begin.

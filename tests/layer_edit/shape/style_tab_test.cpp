@@ -1,4 +1,5 @@
 #include "shape_fixture.h"
+#include "support/tab_round.h"
 
 #include "platform/toolkit/core/strings.h"
 
@@ -161,6 +162,31 @@ TEST_P(style_tab, a_rule_made_in_its_dialog_draws_the_map)
     map const second(layer.get());
     EXPECT_FALSE(is_near(second.at(place_of(one)), c_red));
     EXPECT_TRUE(is_near(second.at(place_of(another)), c_red));
+}
+
+TEST_P(style_tab, tab_goes_through_the_window_in_reading_order)
+{
+    TCustomForm *const form = record->get_form();
+    for (int mode = 0; mode < 4; ++mode) {
+        SCOPED_TRACE(mode);
+        ASSERT_TRUE(choose_mode(mode));
+        if (mode == 1) {
+            ASSERT_TRUE(choose_field(GetParam().field));
+        }
+        mngr_edit()->get_mode_edit()->get_combo_box()->SetFocus();
+        auto stops = vx_test::round(form, true);
+        // A round begins anywhere.
+        std::ranges::rotate(stops, std::ranges::min_element(stops, {}, [](vx_test::stop const &s) {
+                                return std::pair(s.place().top(), s.place().left());
+                            }));
+        vx_test::expect_reading_order(stops);
+        auto const visited = vx_test::controls_of(stops);
+        EXPECT_EQ(visited.size(), stops.size());
+        for (TWinControl *const control : vx_test::focusable(form))
+            EXPECT_TRUE(visited.contains(control))
+                << "Tab does not reach \"" << control->GetAccessibleName().to_utf8() << "\", a "
+                << typeid(*control).name();
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(examples, style_tab,
