@@ -1,0 +1,57 @@
+#include "controls/forms/apply_form.h"
+#include "exports/vxk_lr2d_edit_form_api.h"
+#include "host/layer_classes.h"
+#include "host/layer_editor.h"
+#include "layer_edit/form/lr2d_edit_form.h"
+#include "layer_edit/shape/shp_lr2d_edit.h"
+#include "map_fixture.h"
+#include "tests/bundles/scene_editor/dialog_reader.h"
+#include "user_input/user_input.h"
+
+#include "platform/base/string_adp.h"
+#include "platform/styles/vx_val_scale.h"
+
+using namespace vx_test;
+namespace input = vx::user_input;
+
+// From the list of the map's window to the map again, by mouse and keyboard alone.
+TEST_F(map_fixture, a_class_that_the_editor_hides_goes_from_the_map_and_from_the_ticks)
+{
+    ASSERT_EQ(open({"nc.shp"}), 1);
+    Tvx_screen_point const at = canvas().view().to_screen({-78.64, 35.78});
+    QPoint const wake(int(at.x), int(at.y));
+    QRgb const nothing = qRgb(255, 255, 255);
+    ASSERT_NE(picture().pixel(wake), nothing);
+
+    hand::press(list(), Qt::Key_Return);
+    ASSERT_TRUE(window->editor().is_showing());
+    Tvx_apply_form *const form = window->editor().handle()->get_form();
+    auto *const page = dialog_reader::find<Tvx_shp_lr2d_edit>(form, L"");
+    ASSERT_TRUE(page);
+    Tvx_val_edit *const edit = page->get_edit()->get_val_edit();
+    ASSERT_TRUE(input::choose_item(page->get_edit()->get_mode_edit()->get_combo_box(), 1));
+    ASSERT_TRUE(input::choose_item(edit->get_prp_scale()->get_combo_box(), L"NAME"));
+    int row = 0;
+    for (std::wstring text; text != L"Wake";)
+        vx_val_scale_get_text_w(edit->get_grid()->get_scale(), unsigned(row++),
+                                Tvx_std_wstring_adapter(text));
+    edit->get_grid()->SetTopRow(row);
+    ASSERT_TRUE(input::click_cell(edit->get_grid(), 3, row));
+    EXPECT_EQ(layers().rowCount(layers().index(0)), 0) << "nothing is applied yet";
+    ASSERT_NE(picture().pixel(wake), nothing);
+    ASSERT_TRUE(input::click(form->get_apply_btn()));
+
+    EXPECT_EQ(layers().rowCount(layers().index(0)), 101);
+    EXPECT_EQ(vx_layer_class_visible(layers().layer_at(0), unsigned(row) - 1), false);
+    EXPECT_EQ(picture().pixel(wake), nothing);
+    // The tick of the list brings it back, here and in the editor.
+    QModelIndex const wake_class = layers().index(row - 1, 0, layers().index(0));
+    EXPECT_EQ(layers().data(wake_class, Qt::DisplayRole), "Wake");
+    list()->setExpanded(layers().index(0), true);
+    list()->setCurrentIndex(wake_class);
+    hand::press(list(), Qt::Key_Space);
+    EXPECT_NE(picture().pixel(wake), nothing);
+    EXPECT_EQ(
+        vx_layer_class_visible(vx_lr2d_edt_form_get_lr2d_ptr(window->editor().handle()), unsigned(row) - 1),
+        true);
+}
