@@ -241,6 +241,15 @@ TEST_F(val_edit, marks_by_click_shift_and_ctrl)
     EXPECT_EQ(all(), L"a|c|e|");
     EXPECT_EQ(taken(), 1);
     EXPECT_FALSE(del->GetEnabled());
+    // Neither deletion nor insertion moves the anchor.
+    ASSERT_TRUE(click(mark, 1));
+    ASSERT_TRUE(input::click(edit->get_ins_btn()));
+    ASSERT_TRUE(click(mark, 3, {ssShift}));
+    EXPECT_EQ(marks(), "xxx.");
+    ASSERT_TRUE(input::click(edit->get_del_btn()));
+    EXPECT_EQ(all(), L"e|");
+    ASSERT_TRUE(click(mark, 1, {ssShift}));
+    EXPECT_EQ(marks(), "x");
 }
 
 TEST_F(val_edit, shows_and_hides_entries)

@@ -146,6 +146,31 @@ TEST_F(shell, shows_the_editor_of_the_mode_and_takes_the_users_choice)
     EXPECT_EQ(taken_events(), 1);
 }
 
+TEST_F(shell, shows_a_change_before_it_reports_it)
+{
+    auto *const edit = add_edit<Tvx_pgn_stl_mngr_edit>();
+    edit->set_pgn_stl_mngr(mngr.get());
+    edit->update_controls();
+    struct watcher
+    {
+        void on_changed(TObject *)
+        {
+            shown = edit->get_val_edit()->GetShowing();
+            rows = edit->get_val_edit()->get_grid()->GetRowCount();
+        }
+        Tvx_stl_mngr_edit *edit;
+        bool shown = false;
+        int rows = 0;
+    } at_report{edit};
+    edit->on_changed = make_closure<&watcher::on_changed>(&at_report);
+    ASSERT_TRUE(input::choose_item(edit->get_mode_edit()->get_combo_box(), 1));
+    EXPECT_TRUE(at_report.shown);
+    for (int const rows : {2, 3}) {
+        ASSERT_TRUE(input::click(edit->get_val_edit()->get_ins_btn()));
+        EXPECT_EQ(at_report.rows, rows);
+    }
+}
+
 TEST_F(shell, fills_a_range_scale_that_needs_it_once)
 {
     vx_test::temp_dir const dir;
