@@ -30,6 +30,8 @@ bool vx_rng_type_dlg(int x, int y, void *stl_mngr, Tvx_data_open_event on_data_o
                      Tvx_data_get_stat_event on_data_get_stat, Tvx_data_get_str_event on_data_get_str,
                      Tvx_data_get_val_event on_data_get_val)
 {
+    if (!stl_mngr)
+        return false;
     Tvx_vcl_rng_type_form form(nullptr);
     return form.dialog(x, y, stl_mngr,
                        gathered(on_data_open, on_data_close, on_data_get_np, on_data_get_no, on_data_get_prop,
