@@ -136,12 +136,16 @@ void mngr_painter::draw_symbols(plain_symbol const &symbol, Tvx_shape_view const
     constexpr double c_far = 1e6; // off every picture, and safe to turn into an int
     constexpr unsigned c_between_looks = 4096;
     unsigned const end = shape.part_starts[shape.part_count];
+    unsigned until_look = c_between_looks;
     for (unsigned k = shape.part_starts[0]; k < end; ++k) {
         double const x = f_view.world_to_px_x(shape.points[k].x);
         double const y = f_view.world_to_px_y(shape.points[k].y);
         if (std::abs(x) < c_far && std::abs(y) < c_far)
             add_coming({symbol.mask, symbol.color, symbol.mask->pixel_of({x, y})});
-        if (k % c_between_looks == 0 && !go_on(f_target, c_between_looks * cost::c_object))
+        if (--until_look > 0)
+            continue;
+        until_look = c_between_looks;
+        if (!go_on(f_target, c_between_looks * cost::c_object))
             return;
     }
 }
