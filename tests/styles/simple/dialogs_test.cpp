@@ -17,6 +17,13 @@
 #include "platform/toolkit/graphics/canvas.h"
 #include "platform/winapi/library.h"
 
+#include <QCoreApplication>
+#include <QEvent>
+#include <QPixmapCache>
+
+#include <functional>
+#include <malloc.h>
+
 namespace input = vx::user_input;
 
 namespace {
@@ -65,6 +72,14 @@ std::string saved_form(kind const &k, void const *style)
     return vx_test::read_file(file);
 }
 
+template <class Dialog>
+void open_once()
+{
+    Dialog dialog(nullptr);
+    input::on_next_modal([](input::modal_window const &window) { window.reject(); });
+    dialog.ShowModal();
+}
+
 TColor middle_of(Tvx_basic_style_btn *button)
 {
     return button->GetGlyph()->GetCanvas()->GetPixel(10, 10);
@@ -98,6 +113,42 @@ TEST_F(style_dialogs, ok_assigns_and_everything_else_leaves_the_style)
         EXPECT_TRUE(k.dialog(0, 0, style.get()));
         EXPECT_EQ(saved_form(k, style.get()), after) << k.name << ": a style goes through unchanged";
         EXPECT_FALSE(k.dialog(0, 0, nullptr));
+    }
+}
+
+/// Fonts and pictures are kept for a while, some kilobytes in all; what an opening leaves stays.
+TEST_F(style_dialogs, leave_the_heap_as_it_was)
+{
+    constexpr int c_openings = 60;
+    constexpr double c_tolerance = 384; ///< bytes for each opening
+    std::vector<std::pair<std::string, std::function<void()>>> dialogs = {
+        {"bpnt", &open_once<Tvx_bpnt_style_dlg>},
+        {"bpln", &open_once<Tvx_bpln_style_dlg>},
+        {"bpgn", &open_once<Tvx_bpgn_style_dlg>}};
+    for (kind const &k : c_kinds)
+        for (wchar_t const *button : {L"Cancel", L"Apply"})
+            dialogs.emplace_back(k.name, [&k, button] {
+                style_ptr const style(k.create(), k.destroy);
+                input::on_next_modal([&](input::modal_window const &window) {
+                    k.change(window.form());
+                    window.press_button(button);
+                });
+                k.dialog(0, 0, style.get());
+            });
+    for (auto const &[name, open] : dialogs) {
+        auto const used_after = [&](int times) {
+            for (int n = 0; n < times; ++n)
+                open();
+            // What a running program does in between.
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            QCoreApplication::processEvents();
+            QPixmapCache::clear(); // else it holds the last pictures of buttons, up to its limit
+            auto const info = mallinfo2();
+            return double(info.uordblks + info.hblkhd);
+        };
+        double const before = used_after(30);
+        double const grown = used_after(c_openings) - before;
+        EXPECT_LT(grown, c_openings * c_tolerance) << name;
     }
 }
 
