@@ -161,6 +161,8 @@ void Tvx_map_window::order_stops()
     std::ranges::stable_sort(rooms, {}, &room::place);
     QWidget *before = nullptr;
     for (auto const &[place, widget] : rooms) {
+        if (widget->window() != this) // a dock that floats has an order of its own
+            continue;
         QWidgetList stops;
         QWidget *w = widget;
         do {
