@@ -10,6 +10,7 @@
 #include "host/map_canvas.h"
 #include "host/map_window.h"
 
+#include "platform/basic/vx_bundle.h"
 #include "platform/toolkit/bridge/qt_bridge.h"
 
 #include <QApplication>
@@ -99,6 +100,7 @@ int main(int argc, char **argv)
     if (!qEnvironmentVariableIsSet("DISPLAY"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     vx_qt_ensure_application();
+    vx_bundles_load(); // as the map host does before its window is seen
     for (int i = 1; i < argc; ++i)
         measure(QString::fromLocal8Bit(argv[i]));
 }
