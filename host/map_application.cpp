@@ -66,6 +66,8 @@ int run_window(Tvx_command_line const &line)
 {
     QSettings settings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("vxk"),
                        QStringLiteral("vx_map"));
+    // At the first opening, the window would stand still for as long as the drivers' libraries take to load.
+    vx_bundles_load();
     Tvx_map_window window(&settings);
     window.show();
     QStringList const files = file_names(line);
