@@ -5,6 +5,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <deque>
+#include <exception>
 #include <mutex>
 #include <thread>
 
@@ -60,8 +61,22 @@ private:
     static constexpr std::size_t c_part = 128; ///< rows that are handed over at once
     static constexpr std::size_t c_most_parts = 32;
 
-    /// On the thread of its own.
+    /// On the thread of its own, which nothing leaves: want of memory is an answer that broke off.
     void read(std::string const &statement)
+    {
+        bool is_good = false;
+        try {
+            is_good = is_read_whole(statement);
+        } catch (std::exception const &) {
+        }
+        {
+            std::lock_guard const lock(f_mutex);
+            f_is_over = true;
+            f_is_broken = !is_good;
+        }
+        f_news.notify_all();
+    }
+    bool is_read_whole(std::string const &statement)
     {
         std::wstring reason;
         bool is_good = false;
@@ -83,12 +98,7 @@ private:
             }
             (void)hand_over(part);
         }
-        {
-            std::lock_guard const lock(f_mutex);
-            f_is_over = true;
-            f_is_broken = !is_good || !reason.empty();
-        }
-        f_news.notify_all();
+        return is_good && reason.empty();
     }
     /// Waits for room. False when nobody wants more.
     bool hand_over(rows &part)
