@@ -1,9 +1,9 @@
 #include "host/gallery/gallery_form.h"
+#include "support/random_seeds.h"
 #include "user_input/random_hand.h"
 
 #include "platform/toolkit/bridge/qt_widgets.h"
 
-#include <cstdlib>
 #include <gtest/gtest.h>
 #include <vector>
 
@@ -21,17 +21,13 @@ constexpr bool c_counts_memory = true;
 // VX_SEED replays one seed, VX_LOG names a file for what is done.
 TEST(random_events, leave_all_controls_usable)
 {
-    std::vector<unsigned> seeds{1, 2, 3, 4};
-    if (char const *seed = std::getenv("VX_SEED"))
-        seeds = {unsigned(std::strtoul(seed, nullptr, 10))};
-    char const *const log = std::getenv("VX_LOG");
     double first = 0;
-    for (unsigned const seed : seeds) {
+    for (unsigned const seed : vx_test::random_seeds()) {
         SCOPED_TRACE("VX_SEED=" + std::to_string(seed));
         gallery_form form;
         form.Show();
         hand::random_hand user(
-            {.window = vx_qt_widget(&form), .seed = seed, .events = c_events, .log = log ? log : ""});
+            {.window = vx_qt_widget(&form), .seed = seed, .events = c_events, .log = vx_test::random_log()});
         ASSERT_TRUE(user.run()) << user.last_lines();
         if (first == 0)
             first = hand::resident_memory();

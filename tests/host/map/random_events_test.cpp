@@ -1,11 +1,10 @@
 #include "map_fixture.h"
+#include "support/random_seeds.h"
 #include "support/temp_dir.h"
 #include "user_input/random_hand.h"
 
 #include <QPainter>
 #include <QThread>
-
-#include <cstdlib>
 
 using namespace vx_test;
 
@@ -80,11 +79,8 @@ TEST_F(random_events, leave_the_window_usable)
     slow_drawer drawer;
     canvas().set_drawer(make_closure<&slow_drawer::draw>(&drawer));
     taken_layers taken(*window);
-    std::vector<unsigned> seeds{1, 2, 3, 4};
-    if (char const *seed = std::getenv("VX_SEED"))
-        seeds = {unsigned(std::strtoul(seed, nullptr, 10))};
     double first = 0;
-    for (unsigned const seed : seeds) {
+    for (unsigned const seed : vx_test::random_seeds()) {
         SCOPED_TRACE("VX_SEED=" + std::to_string(seed));
         hand::random_hand user({.window = window.get(),
                                 .favourite = &canvas(),

@@ -111,7 +111,7 @@ TEST_F(slow_reading, leaves_the_window_to_the_user_while_it_classifies)
     ASSERT_TRUE(hand::wait_until([&] { return canvas().is_settled(); }, 10000));
     double const in_one_style = drawn_part(picture());
     table.delay_us = 1000;
-    for (int attempt = 0; attempt < 3; ++attempt) { // a machine with other work may be late once
+    for (int attempt = 0; attempt < vx_test::c_pause_attempts; ++attempt) {
         vx::owned<Ivx_layer, &vx_lr2d_destroy> copy(vx_lr2d_clone(layers().layer_at(0)));
         vx_attr_data_reload(vx_shp_lr2d_get_attr_data_ptr(copy.get()));
         void *const mngr = vx_shp_pnt_lr2d_get_stl_mngr_ptr(copy.get());

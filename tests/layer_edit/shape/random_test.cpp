@@ -1,11 +1,10 @@
 #include "shape_fixture.h"
+#include "support/random_seeds.h"
 #include "user_input/random_hand.h"
 
 #include "platform/toolkit/bridge/qt_widgets.h"
 
 #include <QtWidgets/QWidget>
-
-#include <cstdlib>
 
 namespace {
 #if defined(__SANITIZE_ADDRESS__)
@@ -41,11 +40,7 @@ TEST_P(random_hands, leave_the_editor_usable_and_the_layer_of_the_host_alone)
     vx_dlg_set_table(nullptr);
     open(GetParam());
     after_apply();
-    std::vector<unsigned> seeds{1, 2, 3, 4};
-    if (char const *seed = std::getenv("VX_SEED"))
-        seeds = {unsigned(std::strtoul(seed, nullptr, 10))};
-    char const *const log = std::getenv("VX_LOG");
-    for (unsigned const seed : seeds) {
+    for (unsigned const seed : vx_test::random_seeds()) {
         SCOPED_TRACE("VX_SEED=" + std::to_string(seed));
         std::string done;
         {
@@ -53,7 +48,7 @@ TEST_P(random_hands, leave_the_editor_usable_and_the_layer_of_the_host_alone)
                                              .favourite = vx_qt_widget(val_edit()->get_grid()),
                                              .seed = seed,
                                              .events = c_events,
-                                             .log = log ? log : ""});
+                                             .log = vx_test::random_log()});
             bool const usable = user.run();
             done = user.last_lines();
             ASSERT_TRUE(usable) << done;

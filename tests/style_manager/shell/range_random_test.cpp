@@ -1,4 +1,5 @@
 #include "style_manager/shell/typed_stl_mngr_edits.h"
+#include "support/random_seeds.h"
 #include "support/temp_dir.h"
 #include "user_input/random_hand.h"
 
@@ -9,7 +10,6 @@
 #include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/core/form.h"
 
-#include <cstdlib>
 #include <gtest/gtest.h>
 
 namespace hand = vx::user_hand;
@@ -75,11 +75,7 @@ TEST(random_events, leave_the_editor_of_ranges_usable)
     };
     table.message = [](void *, HWND, Tvx_msg_kind, wchar_t const *) {};
     vx_dlg_set_table(&table);
-    std::vector<unsigned> seeds{1, 2, 3, 4};
-    if (char const *seed = std::getenv("VX_SEED"))
-        seeds = {unsigned(std::strtoul(seed, nullptr, 10))};
-    char const *const log = std::getenv("VX_LOG");
-    for (unsigned const seed : seeds) {
+    for (unsigned const seed : vx_test::random_seeds()) {
         SCOPED_TRACE("VX_SEED=" + std::to_string(seed));
         vx::owned<void, &vx_stl_mngr_destroy> const mngr(vx_stl_mngr_create("pgn_style"));
         vx_stl_mngr_set_mode(mngr.get(), c_style_mode_range);
@@ -111,7 +107,7 @@ TEST(random_events, leave_the_editor_of_ranges_usable)
                                 .seed = seed,
                                 .events = c_events,
                                 .before_each = make_closure<&numbers::before_each>(&data),
-                                .log = log ? log : ""});
+                                .log = vx_test::random_log()});
         ASSERT_TRUE(user.run()) << user.last_lines();
         EXPECT_EQ(data.opened, 0);
         EXPECT_GT(data.reports, c_events / 100) << "a hand that meets nothing finds nothing";
