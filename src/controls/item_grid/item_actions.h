@@ -11,6 +11,7 @@ class Tvx_item_grid;
 class VX_API Tvx_item_grid_action : public Tvx_action
 {
 public:
+    explicit Tvx_item_grid_action(TComponent *owner);
     ~Tvx_item_grid_action() override;
 
     [[nodiscard]] Tvx_item_grid *get_item_grid() const { return f_grid; }
@@ -18,8 +19,6 @@ public:
     void set_item_grid(Tvx_item_grid *grid);
 
 protected:
-    explicit Tvx_item_grid_action(TComponent *owner);
-
     /// Whether the command can be given now.
     [[nodiscard]] virtual bool can_execute() const { return f_grid != nullptr; }
     /// Gives it; there is a grid.
@@ -37,7 +36,7 @@ private:
 class VX_API Tvx_item_ins_action : public Tvx_item_grid_action
 {
 public:
-    explicit Tvx_item_ins_action(TComponent *owner) : Tvx_item_grid_action(owner) {}
+    using Tvx_item_grid_action::Tvx_item_grid_action;
 
 protected:
     [[nodiscard]] bool can_execute() const override;
@@ -47,15 +46,17 @@ protected:
 /// A command for marked items: there is one at least.
 class VX_API Tvx_item_marked_action : public Tvx_item_grid_action
 {
-protected:
+public:
     using Tvx_item_grid_action::Tvx_item_grid_action;
+
+protected:
     [[nodiscard]] bool can_execute() const override;
 };
 
 class VX_API Tvx_item_del_action : public Tvx_item_marked_action
 {
 public:
-    explicit Tvx_item_del_action(TComponent *owner) : Tvx_item_marked_action(owner) {}
+    using Tvx_item_marked_action::Tvx_item_marked_action;
 
 protected:
     void execute(Tvx_item_grid *grid) override;
@@ -64,7 +65,7 @@ protected:
 class VX_API Tvx_item_sav_action : public Tvx_item_grid_action
 {
 public:
-    explicit Tvx_item_sav_action(TComponent *owner) : Tvx_item_grid_action(owner) {}
+    using Tvx_item_grid_action::Tvx_item_grid_action;
 
 protected:
     void execute(Tvx_item_grid *grid) override;
@@ -73,7 +74,7 @@ protected:
 class VX_API Tvx_item_open_action : public Tvx_item_grid_action
 {
 public:
-    explicit Tvx_item_open_action(TComponent *owner) : Tvx_item_grid_action(owner) {}
+    using Tvx_item_grid_action::Tvx_item_grid_action;
 
 protected:
     void execute(Tvx_item_grid *grid) override;
@@ -83,7 +84,7 @@ protected:
 class VX_API Tvx_item_parm_action : public Tvx_item_grid_action
 {
 public:
-    explicit Tvx_item_parm_action(TComponent *owner) : Tvx_item_grid_action(owner) {}
+    using Tvx_item_grid_action::Tvx_item_grid_action;
 
 protected:
     [[nodiscard]] bool can_execute() const override { return true; }
@@ -93,7 +94,7 @@ protected:
 class VX_API Tvx_item_up_action : public Tvx_item_marked_action
 {
 public:
-    explicit Tvx_item_up_action(TComponent *owner) : Tvx_item_marked_action(owner) {}
+    using Tvx_item_marked_action::Tvx_item_marked_action;
 
 protected:
     void execute(Tvx_item_grid *grid) override;
@@ -102,7 +103,7 @@ protected:
 class VX_API Tvx_item_down_action : public Tvx_item_marked_action
 {
 public:
-    explicit Tvx_item_down_action(TComponent *owner) : Tvx_item_marked_action(owner) {}
+    using Tvx_item_marked_action::Tvx_item_marked_action;
 
 protected:
     void execute(Tvx_item_grid *grid) override;
