@@ -241,7 +241,7 @@ bool is_litter(std::string const &path, pid_t process)
 class atomic_save
 {
 public:
-    atomic_save(std::wstring path, std::string target, struct stat const *present)
+    atomic_save(std::wstring path, std::string target, std::optional<struct stat> const &present)
         : f_path(std::move(path)), f_target(std::move(target)), f_present(present)
     {
     }
@@ -254,6 +254,25 @@ public:
     }
 
     bool run(std::string_view bytes, vx::fault &fault) { return run(bytes, fault, naming::last); }
+
+    /// Makes the new file, for somebody else to fill.
+    bool begin(vx::fault &fault)
+    {
+        f_file.emplace(make_temp());
+        if (f_file->number() < 0)
+            return failed(fault, c_capt_file_not_made, errno);
+        static_cast<void>(flock(f_file->number(), LOCK_EX | LOCK_NB));
+        if (f_present)
+            take_over_rights(f_file->number());
+        return true;
+    }
+    /// Puts what `begin` made in the target's place.
+    bool commit(vx::fault &fault)
+    {
+        int const code = flush(f_file->number());
+        return code == 0 ? publish(*f_file, fault) : failed(fault, c_capt_file_not_written, code);
+    }
+    [[nodiscard]] std::string const &temp() const { return f_temp; }
 
 private:
     /// When the new file gets a name: a file that has none yet goes with the process.
@@ -280,6 +299,11 @@ private:
             static_cast<void>(file.close()); // gives its room back
             return run(bytes, fault, naming::first);
         }
+        return publish(file, fault);
+    }
+
+    bool publish(open_file &file, vx::fault &fault)
+    {
         // The lock stays until the new file has its place; a close tells of failures before that.
         lock_holder const lock(file.number());
         if (int const code = file.close())
@@ -386,9 +410,40 @@ private:
 
     std::wstring f_path; ///< as the caller names it
     std::string f_target;
-    struct stat const *f_present;
+    std::optional<struct stat> f_present;
+    std::optional<open_file> f_file; ///< of `begin`
     std::string f_temp;
 };
+
+/// The file that a save of `path` replaces, there or not.
+bool find_target(std::wstring const &path, std::string &target, std::optional<struct stat> &present,
+                 vx::fault &fault)
+{
+    fault = {};
+    std::string native;
+    if (!native_path(path, native, fault))
+        return false;
+    target = follow_links(native);
+    if (target.empty()) {
+        fault = make_fault(c_capt_file_not_written, path, errno);
+        return false;
+    }
+    struct stat info
+    {
+    };
+    if (stat(target.c_str(), &info) != 0)
+        return true;
+    present = info;
+    if (!S_ISREG(info.st_mode)) {
+        fault = make_fault(c_capt_no_regular_file, path);
+        return false;
+    }
+    if (faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) {
+        fault = make_fault(c_capt_file_not_written, path, errno);
+        return false;
+    }
+    return true;
+}
 } // namespace
 
 std::string vx_path_to_native(std::wstring_view path)
@@ -468,28 +523,47 @@ std::optional<std::string> vx_file_read(std::wstring const &path, vx::fault &fau
 
 bool vx_save_atomic(std::wstring const &path, std::string_view bytes, vx::fault &fault)
 {
-    fault = {};
-    std::string native;
-    if (!native_path(path, native, fault))
+    std::string target;
+    std::optional<struct stat> present;
+    return find_target(path, target, present, fault) && atomic_save(path, target, present).run(bytes, fault);
+}
+
+struct Tvx_atomic_file::state
+{
+    atomic_save save;
+};
+
+Tvx_atomic_file::Tvx_atomic_file() = default;
+Tvx_atomic_file::~Tvx_atomic_file() = default;
+
+bool Tvx_atomic_file::begin(std::wstring const &path, vx::fault &fault)
+{
+    f_state.reset();
+    std::string target;
+    std::optional<struct stat> present;
+    if (!find_target(path, target, present, fault))
         return false;
-    auto const target = follow_links(native);
-    if (target.empty()) {
-        fault = make_fault(c_capt_file_not_written, path, errno);
-        return false;
-    }
-    struct stat info
-    {
-    };
-    bool const present = stat(target.c_str(), &info) == 0;
-    if (present && !S_ISREG(info.st_mode)) {
-        fault = make_fault(c_capt_no_regular_file, path);
-        return false;
-    }
-    if (present && faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) {
-        fault = make_fault(c_capt_file_not_written, path, errno);
-        return false;
-    }
-    return atomic_save(path, target, present ? &info : nullptr).run(bytes, fault);
+    f_state.reset(new state{atomic_save(path, target, present)});
+    if (f_state->save.begin(fault))
+        return true;
+    f_state.reset();
+    return false;
+}
+
+std::string Tvx_atomic_file::native_path() const
+{
+    return f_state ? f_state->save.temp() : std::string();
+}
+
+bool Tvx_atomic_file::commit(vx::fault &fault)
+{
+    auto const ended = std::move(f_state);
+    return ended && ended->save.commit(fault);
+}
+
+void Tvx_atomic_file::drop()
+{
+    f_state.reset();
 }
 
 bool vx_make_directories(std::wstring const &path)

@@ -4,6 +4,7 @@
 #include "platform/base/fault.h"
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -38,6 +39,31 @@ inline constexpr std::size_t c_file_read_limit = std::size_t{1} << 30;
 /// content; labels of the system and of capabilities are those of a new file. False, with the reason in
 /// `fault`, when a step failed.
 [[nodiscard]] VX_API bool vx_save_atomic(std::wstring const &path, std::string_view bytes, vx::fault &fault);
+
+/// The same save of what does not lie in memory: somebody else fills the new file by its path, and `commit`
+/// flushes it and puts it in the target's place. Until then it lies beside the target under a name of its
+/// own; it goes with this object, and what a crash leaves, the next save of the same target removes.
+class VX_API Tvx_atomic_file
+{
+public:
+    Tvx_atomic_file();
+    Tvx_atomic_file(Tvx_atomic_file const &) = delete;
+    Tvx_atomic_file &operator=(Tvx_atomic_file const &) = delete;
+    ~Tvx_atomic_file();
+
+    /// Makes the new file, empty. False, with the reason in `fault`, when that cannot be.
+    [[nodiscard]] bool begin(std::wstring const &path, vx::fault &fault);
+    /// Path of the new file, as the system takes it; empty before `begin` and after `commit`.
+    [[nodiscard]] std::string native_path() const;
+    /// To be called once, when nobody else has the new file open any more. At a failure it is gone.
+    [[nodiscard]] bool commit(vx::fault &fault);
+    /// Gives up: the new file is gone.
+    void drop();
+
+private:
+    struct state;
+    std::unique_ptr<state> f_state;
+};
 
 /// Makes a directory with all levels above it; true when it exists afterwards.
 [[nodiscard]] VX_API bool vx_make_directories(std::wstring const &path);
