@@ -1,8 +1,8 @@
-#include "platform/storage/detail/checksum.h"
+#include "platform/base/detail/checksum.h"
 
 #include <array>
 
-namespace vx::storage {
+namespace vx {
 namespace {
 constexpr std::size_t c_step = 8;
 using crc_table = std::array<std::uint32_t, 256>;
@@ -39,4 +39,4 @@ std::uint32_t crc32(std::string_view bytes, std::uint32_t before)
         c = c_tables[0][(c ^ byte(i)) & 255] ^ c >> 8;
     return ~c;
 }
-} // namespace vx::storage
+} // namespace vx
