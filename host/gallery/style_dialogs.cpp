@@ -1,5 +1,6 @@
 #include "controls/prop/figure_dialog_form.h"
 #include "host/gallery/gallery_dialog.h"
+#include "styles/complex/edit_cpx_style.h"
 #include "styles/simple/style_dialog.h"
 
 #include "platform/base/owned.h"
@@ -86,6 +87,82 @@ void choose_figure()
     (void)vx_figure_dialog(nullptr, 0, 0, &figure);
 }
 
+/// A point in a ring, with a text symbol.
+void add_point_layers(void *style)
+{
+    void *const layers = vx_cpx_style_get_style_lrs_ptr(style);
+    void *const ring = vx_style_lrs_add_lr(layers, c_pnt_figr_style_lr);
+    vx_pnt_figr_lr_set_lr_figure(ring, 1);
+    vx_pnt_figr_lr_set_size_x(ring, 9);
+    vx_pnt_figr_lr_set_size_y(ring, 9);
+    vx_pnt_figr_lr_set_line_width(ring, 0.6);
+    void *const symbol = vx_style_lrs_add_lr(layers, c_pnt_symb_style_lr);
+    vx_pnt_symb_lr_set_size(symbol, 5);
+    vx_pnt_symb_lr_set_symbol(symbol, L'H');
+    vx_pnt_symb_lr_set_color(symbol, vx_clr_init_rgb(200, 40, 40));
+}
+
+void edit_complex_point(bool symbol_first)
+{
+    vx::owned<void, &vx_cpx_pnt_style_destroy> const style(vx_cpx_pnt_style_create());
+    add_point_layers(style.get());
+    if (symbol_first)
+        vx_style_lrs_move_lr(vx_cpx_style_get_style_lrs_ptr(style.get()), 1, 0);
+    (void)vx_edit_cpx_pnt_style(style.get());
+}
+
+/// A railway: sleepers over a line.
+void edit_complex_line(bool template_first)
+{
+    vx::owned<void, &vx_cpx_pln_style_destroy> const style(vx_cpx_pln_style_create());
+    void *const layers = vx_cpx_style_get_style_lrs_ptr(style.get());
+    vx_pln_line_lr_set_width(vx_style_lrs_add_lr(layers, c_pln_line_style_lr), 0.4);
+    void *const sleepers = vx_style_lrs_add_lr(layers, c_pln_tplt_style_lr);
+    vx_pln_tplt_lr_set_template(sleepers, "03x");
+    vx_pln_tplt_lr_set_width(sleepers, 0.4);
+    if (template_first)
+        vx_style_lrs_move_lr(layers, 1, 0);
+    (void)vx_edit_cpx_pln_style(style.get());
+}
+
+void add_wood_fill(void *layers)
+{
+    vx_pgn_fill_lr_set_color(vx_style_lrs_add_lr(layers, c_pgn_fill_style_lr),
+                             vx_clr_init_rgb(210, 235, 200));
+}
+
+void add_hatch(void *layers)
+{
+    void *const hatch = vx_style_lrs_add_lr(layers, c_pgn_htch_style_lr);
+    void *const line = vx_style_lrs_add_lr(
+        vx_cpx_style_get_style_lrs_ptr(vx_pgn_htch_lr_get_cpx_pln_style_ptr(hatch)), c_pln_line_style_lr);
+    vx_pln_line_lr_set_color(line, vx_clr_init_rgb(120, 170, 110));
+}
+
+void add_trees(void *layers, bool complex)
+{
+    void *const trees = vx_style_lrs_add_lr(layers, c_pgn_spot_style_lr);
+    vx_pgn_spot_lr_set_use_cpx_pnt(trees, complex);
+    vx_pgn_spot_lr_set_dx(trees, 7);
+    vx_pgn_spot_lr_set_dy(trees, 7);
+    vx_pgn_spot_lr_set_random_x(trees, true);
+    vx_pgn_spot_lr_set_point_size(trees, 1.5);
+    vx_pgn_spot_lr_set_point_clr(trees, vx_clr_init_rgb(30, 110, 50));
+    void *const crown = vx_style_lrs_add_lr(
+        vx_cpx_style_get_style_lrs_ptr(vx_pgn_spot_lr_get_cpx_pnt_style_ptr(trees)), c_pnt_figr_style_lr);
+    vx_pnt_figr_lr_set_lr_figure(crown, 7);
+    vx_pnt_figr_lr_set_color(crown, vx_clr_init_rgb(30, 110, 50));
+}
+
+/// A wood; the layer that is drawn first is the one that is shown.
+void edit_complex_fill(void (*add)(void *layers))
+{
+    vx::owned<void, &vx_cpx_pgn_style_destroy> const style(vx_cpx_pgn_style_create());
+    void *const layers = vx_cpx_style_get_style_lrs_ptr(style.get());
+    add(layers);
+    (void)vx_edit_cpx_pgn_style(style.get());
+}
+
 gallery_dialog const g_point(30, L"Point style", [] { edit_point(true, false); });
 gallery_dialog const g_symbol(31, L"Character as point", [] { edit_point(false, false); });
 gallery_dialog const g_complex(32, L"Complex point style", [] { edit_point(true, true); });
@@ -98,4 +175,33 @@ gallery_dialog const g_polygon_text(37, L"Text style of polygons",
 gallery_dialog const g_common(38, L"What texts have in common", edit_common);
 gallery_dialog const g_managers(39, L"Managers of a list", edit_managers);
 gallery_dialog const g_figure(40, L"Figure", choose_figure);
+gallery_dialog const g_figure_layer(41, L"Layers of a point", [] { edit_complex_point(false); });
+gallery_dialog const g_symbol_layer(42, L"Layer of a font symbol", [] { edit_complex_point(true); });
+gallery_dialog const g_line_layer(43, L"Layers of a line", [] { edit_complex_line(false); });
+gallery_dialog const g_template_layer(44, L"Layer by a template", [] { edit_complex_line(true); });
+gallery_dialog const g_fill_layer(45, L"Layers of a polygon", [] {
+    edit_complex_fill([](void *layers) {
+        add_wood_fill(layers);
+        add_hatch(layers);
+        add_trees(layers, false);
+    });
+});
+gallery_dialog const g_hatch_layer(46, L"Layer of a hatch", [] {
+    edit_complex_fill([](void *layers) {
+        add_hatch(layers);
+        add_trees(layers, true);
+    });
+});
+gallery_dialog const g_spot_layer(47, L"Layer of spots", [] {
+    edit_complex_fill([](void *layers) {
+        add_trees(layers, false);
+        add_hatch(layers);
+    });
+});
+gallery_dialog const g_symbol_spot_layer(48, L"Layer of symbols", [] {
+    edit_complex_fill([](void *layers) {
+        add_trees(layers, true);
+        add_hatch(layers);
+    });
+});
 } // namespace

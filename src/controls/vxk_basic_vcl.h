@@ -2,6 +2,9 @@
 
 // Umbrella header for users of the library; written by tools/make_umbrella_headers.py.
 
+#include "controls/files/vcl_file_panels.h"
+#include "controls/files/vcl_many_file_panel.h"
+#include "controls/files/vcl_new_dir_panel.h"
 #include "controls/forms/apply_form.h"
 #include "controls/forms/bottom_panel.h"
 #include "controls/forms/buttons.h"

@@ -1,8 +1,8 @@
 #include "controls/prop/file_panel.h"
 
 #include "captions/prop.h"
-#include "controls/forms/misc.h"
 #include "controls/prop/detail/action_name.h"
+#include "controls/prop/detail/path_view.h"
 #include "controls/prop/detail/sample_frame.h"
 #include "data/filesystem/filesystem.h"
 
@@ -14,7 +14,6 @@
 #include "platform/dialogs/vx_file_dialog.h"
 #include "platform/toolkit/core/clipboard.h"
 #include "platform/toolkit/core/strings.h"
-#include "platform/toolkit/graphics/canvas.h"
 
 #include <algorithm>
 
@@ -107,39 +106,10 @@ void Tvx_menu_file_panel_item::on_item_click(TObject *sender)
     }
 }
 
-/// Leaves out the middle of a path that is too long.
-class Tvx_file_panel::name_view final : public Tvx_gr_ctrl
-{
-public:
-    using Tvx_gr_ctrl::Tvx_gr_ctrl;
-
-    void SetText(UnicodeString const &text) override
-    {
-        Tvx_gr_ctrl::SetText(text);
-        Invalidate();
-    }
-
-protected:
-    void Paint() override
-    {
-        TRect rect = GetClientRect();
-        GetCanvas()->SetFont(GetFont());
-        GetCanvas()->GetBrush()->SetStyle(bsClear);
-        if (!GetEnabled())
-            GetCanvas()->GetFont()->SetColor(clGrayText);
-        GetCanvas()->TextRect(rect, GetText(),
-                              {tfSingleLine, tfVerticalCenter, tfLeft, tfNoPrefix, tfPathEllipsis});
-    }
-    void EnabledChanged() override
-    {
-        Tvx_gr_ctrl::EnabledChanged();
-        Invalidate();
-    }
-};
-
 Tvx_file_panel::Tvx_file_panel(TComponent *owner)
     : Tvx_children_enabled_panel(owner), f_caption_panel(new Tvx_caption_panel(this)),
-      f_name_panel(new Tvx_sample_frame(this)), f_name(new name_view(this)), f_button(new Tvx_button(this))
+      f_name_panel(new Tvx_sample_frame(this)), f_name(new Tvx_path_view(this)),
+      f_button(new Tvx_button(this))
 {
     SetHeight(c_height);
     f_caption_panel->SetParent(this);

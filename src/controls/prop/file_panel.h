@@ -8,6 +8,7 @@
 #include <string>
 
 class Tvx_file_panel;
+class Tvx_path_view;
 
 /// The menu of a file panel: how it shows the name, and the name for the clipboard.
 class VX_API Tvx_menu_file_panel_item : public Tvx_popup_menu
@@ -97,8 +98,6 @@ protected:
     void Resize() override;
 
 private:
-    class name_view;
-
     void on_button_click(TObject *sender);
     void ask_open();
     void ask_save();
@@ -109,7 +108,7 @@ private:
 
     Tvx_caption_panel *f_caption_panel;
     Tvx_panel *f_name_panel;
-    name_view *f_name;
+    Tvx_path_view *f_name;
     Tvx_button *f_button;
     Tvx_menu_file_panel_item *f_menu = nullptr;
     std::wstring f_filename;

@@ -4,6 +4,7 @@
 #include "platform/base/string_adp.h"
 #include "platform/calculator/vx_calc_filter.h"
 #include "platform/data/vx_attr_data.h"
+#include "platform/dialogs/column_reading.h"
 #include "platform/dialogs/vx_dlgs.h"
 #include "platform/layers/vx_shp_lr2d.h"
 #include "platform/styles/vx_stl_mngr_list.h"
@@ -57,6 +58,9 @@ void Tvx_shp_lr2d_edit::load_res()
 void Tvx_shp_lr2d_edit::update_controls()
 {
     Ivx_layer *const layer = get_lr2d();
+    // Whoever reads the table of another layer learns that it is gone.
+    if (f_attr_files && layer != f_table_layer)
+        on_data_close(this);
     void *const list = layer ? vx_shp_lr2d_get_style_mngr_list_ptr(layer) : nullptr;
     f_list_edit->set_stl_mngr_list(list);
     f_list_edit->set_lr2d(layer);
@@ -88,9 +92,13 @@ void Tvx_shp_lr2d_edit::report_change()
 
 bool Tvx_shp_lr2d_edit::on_data_open(TObject *sender)
 {
+    if (f_is_reading) // what is asked for while events are handled must not take the table away
+        return false;
     on_data_close(sender);
-    Ivx_attr_data *const data = get_lr2d() ? vx_shp_lr2d_get_attr_data_ptr(get_lr2d()) : nullptr;
+    f_table_layer = get_lr2d();
+    Ivx_attr_data *const data = f_table_layer ? vx_shp_lr2d_get_attr_data_ptr(f_table_layer) : nullptr;
     f_attr_files = data ? vx_attr_files_open(data, 1, 0) : nullptr;
+    f_read_columns.assign(vx_attr_files_get_np(f_attr_files), false);
     return f_attr_files != nullptr;
 }
 
@@ -131,15 +139,49 @@ char const *Tvx_shp_lr2d_edit::on_data_get_prop(TObject * /*sender*/, unsigned p
     return vx_attr_files_get_field_name(f_attr_files, prop);
 }
 
+bool Tvx_shp_lr2d_edit::read_column(unsigned prop)
+{
+    if (!f_attr_files || prop >= f_read_columns.size())
+        return false;
+    if (f_read_columns[prop])
+        return true;
+    auto const life = Life();
+    bool is_read = false;
+    {
+        struct reading
+        {
+            Tvx_shp_lr2d_edit *page;
+            std::weak_ptr<void const> life;
+            ~reading()
+            {
+                if (!life.expired())
+                    page->f_is_reading = false;
+            }
+        };
+        f_is_reading = true;
+        reading const ends{this, life};
+        is_read = vx_attr_files_read_column(f_attr_files, prop);
+    }
+    if (life.expired())
+        return false;
+    if (!is_read)
+        on_data_close(this);
+    else if (f_attr_files)
+        f_read_columns[prop] = true;
+    return f_attr_files != nullptr;
+}
+
 char const *Tvx_shp_lr2d_edit::on_data_get_str(TObject * /*sender*/, unsigned prop, unsigned obj,
                                                bool &defined)
 {
-    return vx_attr_files_get_str(f_attr_files, prop, obj, &defined);
+    defined = false;
+    return read_column(prop) ? vx_attr_files_get_str(f_attr_files, prop, obj, &defined) : "";
 }
 
 double Tvx_shp_lr2d_edit::on_data_get_val(TObject * /*sender*/, unsigned prop, unsigned obj, bool &defined)
 {
-    return vx_attr_files_get_dbl(f_attr_files, prop, obj, &defined);
+    defined = false;
+    return read_column(prop) ? vx_attr_files_get_dbl(f_attr_files, prop, obj, &defined) : 0;
 }
 
 bool Tvx_shp_lr2d_edit::on_edit_value_item(std::wstring &text)

@@ -5,6 +5,7 @@
 #include "style_manager/shell/typed_stl_mngr_edits.h"
 
 #include <string>
+#include <vector>
 
 struct Ivx_attr_files;
 
@@ -27,7 +28,9 @@ public:
     /// The editor of the manager; null before `create`.
     [[nodiscard]] Tvx_stl_mngr_edit *get_edit() const { return f_edit; }
 
-    /// The pull events of the editor. Without an open table the counts are 0 and cells have no value.
+    /// The pull events of the editor. Without an open table the counts are 0 and cells have no value. The
+    /// first cell of a field reads its column, as `vx_attr_files_read_column` does; where the user stops
+    /// that, the table is closed.
     bool on_data_open(TObject *sender);
     void on_data_close(TObject *sender);
     unsigned on_data_get_np(TObject *sender);
@@ -47,8 +50,13 @@ protected:
 
 private:
     void on_stl_mngr_list_active_changed(TObject *sender);
+    /// False when there is no such cell, or no table any more.
+    bool read_column(unsigned prop);
 
     Ivx_attr_files *f_attr_files = nullptr; ///< the open table, owned
+    std::vector<bool> f_read_columns;       ///< of the open table
+    Ivx_layer *f_table_layer = nullptr;     ///< whose table that is; not touched
+    bool f_is_reading = false;
     Tvx_style_stl_mngr_list_edit *f_list_edit = nullptr;
     Tvx_typed_stl_mngr_edit *f_edit = nullptr; ///< the one of the leaf
     void *(*f_own_mngr)(Ivx_layer *layer) = nullptr;

@@ -243,6 +243,11 @@ void vx_attr_files_close(Ivx_attr_files *files)
     vx_attr_data_release(data);
 }
 
+Ivx_attr_data *vx_attr_files_get_data(Ivx_attr_files const *files)
+{
+    return files ? files->data : nullptr;
+}
+
 unsigned vx_attr_files_get_np(Ivx_attr_files const *files)
 {
     return files ? static_cast<unsigned>(files->set->fields().size()) : 0;
@@ -283,6 +288,11 @@ int vx_attr_files_get_field_index_w(Ivx_attr_files const *files, wchar_t const *
 bool vx_attr_files_read_on(Ivx_attr_files *files, unsigned field, int milliseconds)
 {
     return field < vx_attr_files_get_np(files) && files->set->read_cells(field, milliseconds);
+}
+
+double vx_attr_files_get_read_part(Ivx_attr_files const *files, unsigned field)
+{
+    return field < vx_attr_files_get_np(files) ? files->set->read_part(field) : 0;
 }
 
 wchar_t const *vx_attr_files_get_wstr(Ivx_attr_files *files, unsigned field, unsigned record, bool *ok)

@@ -75,6 +75,9 @@ VX_API void vx_attr_data_get_proj4(Ivx_attr_data *data, Ivx_string_adp *text);
 /// Null is accepted.
 VX_API void vx_attr_files_close(Ivx_attr_files *files);
 
+/// What the table was opened from; it stays as long as the table is open. Null for null.
+[[nodiscard]] VX_API Ivx_attr_data *vx_attr_files_get_data(Ivx_attr_files const *files);
+
 /// Number of fields and of records; 0 for null.
 [[nodiscard]] VX_API unsigned vx_attr_files_get_np(Ivx_attr_files const *files);
 [[nodiscard]] VX_API unsigned vx_attr_files_get_no(Ivx_attr_files const *files);
@@ -91,6 +94,8 @@ VX_API void vx_attr_files_close(Ivx_attr_files *files);
 /// Reads the column of a field for about so many milliseconds. False when there is nothing left to read: the
 /// cells of the field are there at once then. What was read stays, also for other tables of the same data.
 VX_API bool vx_attr_files_read_on(Ivx_attr_files *files, unsigned field, int milliseconds);
+/// How much of the column of a field has been read, from 0 to 1.
+[[nodiscard]] VX_API double vx_attr_files_get_read_part(Ivx_attr_files const *files, unsigned field);
 
 /// A cell as text. `*ok` (may be null) tells whether the cell has a value; without one the text is empty. The
 /// first cell of a field reads the whole column. The pointer is valid until the next call of the same

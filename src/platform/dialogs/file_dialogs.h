@@ -3,10 +3,12 @@
 #include "platform/base/export.h"
 #include "platform/toolkit/core/component.h"
 #include "platform/toolkit/core/set_of.h"
+#include "platform/toolkit/core/strings.h"
 
 enum TOpenOption
 {
-    ofOverwritePrompt ///< the user is asked before the name of an existing file is taken
+    ofOverwritePrompt, ///< the user is asked before the name of an existing file is taken
+    ofAllowMultiSelect ///< several files may be chosen
 };
 using TOpenOptions = set_of<TOpenOption>;
 
@@ -32,6 +34,8 @@ public:
     /// The name to begin with; after `Execute` the chosen one, with its path.
     [[nodiscard]] UnicodeString const &GetFileName() const { return f_file_name; }
     void SetFileName(UnicodeString const &name) { f_file_name = name; }
+    /// After `Execute`: all that was chosen.
+    [[nodiscard]] TStrings const *GetFiles() const { return &f_files; }
     [[nodiscard]] TOpenOptions GetOptions() const { return f_options; }
     void SetOptions(TOpenOptions options) { f_options = options; }
 
@@ -46,6 +50,7 @@ private:
     UnicodeString f_default_ext;
     UnicodeString f_title;
     UnicodeString f_file_name;
+    TStringList f_files;
     int f_filter_index = 1;
     TOpenOptions f_options;
 };
@@ -57,4 +62,43 @@ public:
     using TOpenDialog::TOpenDialog;
 
     [[nodiscard]] bool Execute(HWND parent = nullptr) override;
+};
+
+enum TFileDialogOption
+{
+    fdoPickFolders,     ///< a directory is asked for, not a file
+    fdoForceFileSystem, ///< what is no place of the file system cannot be chosen: always so
+    fdoPathMustExist    ///< what does not exist cannot be chosen: always so
+};
+using TFileDialogOptions = set_of<TFileDialogOption>;
+
+/// Asks for a file or a directory that exists.
+class VX_API TFileOpenDialog : public TComponent
+{
+public:
+    using TComponent::TComponent;
+
+    [[nodiscard]] TFileDialogOptions GetOptions() const { return f_options; }
+    void SetOptions(TFileDialogOptions options) { f_options = options; }
+    /// Empty: the usual one, here and for the button.
+    [[nodiscard]] UnicodeString const &GetTitle() const { return f_title; }
+    void SetTitle(UnicodeString const &title) { f_title = title; }
+    [[nodiscard]] UnicodeString const &GetOkButtonLabel() const { return f_ok_button_label; }
+    void SetOkButtonLabel(UnicodeString const &label) { f_ok_button_label = label; }
+    /// The directory to begin in where the name has none.
+    [[nodiscard]] UnicodeString const &GetDefaultFolder() const { return f_default_folder; }
+    void SetDefaultFolder(UnicodeString const &folder) { f_default_folder = folder; }
+    /// The name to begin with; after `Execute` the chosen one, with its path.
+    [[nodiscard]] UnicodeString const &GetFileName() const { return f_file_name; }
+    void SetFileName(UnicodeString const &name) { f_file_name = name; }
+
+    /// True when a name was chosen; else nothing has changed. A null parent is the application's window.
+    [[nodiscard]] bool Execute(HWND parent = nullptr);
+
+private:
+    TFileDialogOptions f_options;
+    UnicodeString f_title;
+    UnicodeString f_ok_button_label;
+    UnicodeString f_default_folder;
+    UnicodeString f_file_name;
 };

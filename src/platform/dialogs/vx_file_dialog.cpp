@@ -121,11 +121,17 @@ public:
         : QFileDialog(parent), f_prm(prm), f_kinds(kinds_of(prm.filter))
     {
         setAcceptMode(prm.save ? AcceptSave : AcceptOpen);
-        setFileMode(prm.save ? AnyFile : ExistingFile);
+        setFileMode(prm.save        ? AnyFile
+                    : prm.directory ? Directory
+                    : prm.several   ? ExistingFiles
+                                    : ExistingFile);
+        setOption(ShowDirsOnly, asks_directory());
         setOption(DontUseCustomDirectoryIcons);
         setWindowTitle(prm.title.IsEmpty() ? caption(prm.save ? c_dlg_save : c_dlg_open)
                                            : vx_qt_string(prm.title));
-        setLabelText(Accept, caption(prm.save ? c_dlg_save_button : c_dlg_open_button));
+        setLabelText(Accept, prm.accept_caption.IsEmpty()
+                                 ? caption(prm.save ? c_dlg_save_button : c_dlg_open_button)
+                                 : vx_qt_string(prm.accept_caption));
         setLabelText(Reject, caption(c_dlg_cancel));
         QStringList filters;
         for (auto const &kind : f_kinds)
@@ -154,9 +160,14 @@ public:
     [[nodiscard]] QString chosen() const { return selectedFiles().value(0); }
 
 private:
+    [[nodiscard]] bool asks_directory() const { return f_prm.directory && !f_prm.save; }
     void go_to_start()
     {
         QFileInfo const start(vx_qt_string(f_prm.file_name));
+        if (asks_directory() && start.isDir()) {
+            setDirectory(start.absoluteFilePath());
+            return;
+        }
         if (f_prm.file_name.IsEmpty()) {
             if (!fs_last_directory.isEmpty())
                 setDirectory(fs_last_directory);
@@ -224,8 +235,11 @@ private:
     /// In our own window: everything that there is to say about the name, before the window closes.
     void accept() override
     {
-        QFileInfo const file(chosen());
-        if (f_name_box && !file.isDir() && !(f_prm.save ? complete_name() : find_file(file)))
+        QStringList const names = selectedFiles();
+        bool const enters = QFileInfo(chosen()).isDir();
+        if (f_name_box && !enters &&
+            !(f_prm.save ? complete_name()
+                         : std::ranges::all_of(names, [this](auto const &name) { return find_file(name); })))
             return;
         QFileDialog::accept();
     }
@@ -236,17 +250,21 @@ private:
             f_name_box->setText(vx_qt_string(name));
         return may_take(f_prm, name);
     }
-    static bool find_file(QFileInfo const &file)
+    [[nodiscard]] bool find_file(QString const &name) const
     {
-        if (file.exists())
+        QFileInfo const file(name);
+        if (asks_directory() ? file.isDir() : file.exists())
             return true;
-        vx_show_wwarning(caption(c_dlg_no_file).arg(file.fileName()).toStdWString().c_str());
+        vx_show_wwarning(caption(asks_directory() ? c_dlg_no_folder : c_dlg_no_file)
+                             .arg(file.fileName())
+                             .toStdWString()
+                             .c_str());
         return false;
     }
     void done(int result) override
     {
         if (result == QDialog::Accepted)
-            fs_last_directory = QFileInfo(chosen()).absolutePath();
+            fs_last_directory = asks_directory() ? chosen() : QFileInfo(chosen()).absolutePath();
         QFileDialog::done(result);
     }
 
@@ -270,6 +288,7 @@ QString file_dialog::fs_last_directory;
 bool ask(HWND parent, int x, int y, Tvx_file_dialog_prm *prm)
 {
     auto *owner = vx::dialogs::owner_window(parent);
+    prm->file_names.clear();
     if (auto const &table = vx::dialogs::table(); table.file)
         return table.file(table.user, owner, x, y, prm);
     // It goes with its owner if that ends meanwhile.
@@ -280,6 +299,8 @@ bool ask(HWND parent, int x, int y, Tvx_file_dialog_prm *prm)
     if (accepted) {
         prm->filter_index = dialog->filter_index();
         prm->file_name = vx_unicode_string(dialog->chosen());
+        for (auto const &name : dialog->selectedFiles())
+            prm->file_names.push_back(vx_unicode_string(name));
     }
     delete dialog;
     return accepted;
@@ -298,6 +319,8 @@ bool run(HWND parent, int x, int y, Tvx_file_dialog_prm *prm)
             continue;
         prm->filter_index = answer.filter_index;
         prm->file_name = name;
+        // A host that knows of one name only has chosen that.
+        prm->file_names = prm->several && !answer.file_names.empty() ? answer.file_names : std::vector{name};
         return true;
     }
     return false;

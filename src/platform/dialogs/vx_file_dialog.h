@@ -5,11 +5,17 @@
 #include "platform/base/unicode_string.h"
 #include "platform/toolkit/core/types.h"
 
+#include <vector>
+
 /// Question to and answer of the file dialog.
 struct Tvx_file_dialog_prm
 {
     /// True: the name of a file to be written, which need not exist. False: a file that exists.
     bool save = false;
+    /// Without `save`: a directory that exists; filter and extension then count for nothing.
+    bool directory = false;
+    /// Neither `save` nor `directory`: several files may be chosen. All of them are in `file_names`.
+    bool several = false;
     /// With `save`: the user is asked before the name of an existing file is taken.
     bool overwrite_prompt = true;
     /// Number of the pair of `filter`, from 1; 0 or one that is not there is the first. Holds the user's
@@ -22,9 +28,13 @@ struct Tvx_file_dialog_prm
     UnicodeString default_ext;
     /// Empty: the usual title.
     UnicodeString title;
+    /// Empty: the usual caption of the button that takes the name.
+    UnicodeString accept_caption;
     /// Name to begin with; its directory, where it has one that exists, is the one shown. Without one the
     /// directory is where the last dialog ended. Holds the chosen name, with its path, afterwards.
     UnicodeString file_name;
+    /// Afterwards: what was chosen, with paths, in the order of the dialog. One name but for `several`.
+    std::vector<UnicodeString> file_names;
     /// The user chose another pair of the filter while the dialog is open. `name` is the text of the name
     /// box; a changed one is put back into it.
     closure<void(int filter_index, UnicodeString &name)> on_filter_changed;

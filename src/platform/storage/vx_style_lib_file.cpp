@@ -20,7 +20,10 @@ namespace {
 constexpr char const *c_lib_root = "vx_style_library";
 constexpr wchar_t const *c_lib_folder = L"style_libs";
 constexpr wchar_t const *c_shared_folder = L"../share/vxk/style_libs";
-constexpr int c_depth_limit = 64; ///< levels of the tree
+constexpr int c_depth_limit = 64;               ///< levels of the tree
+constexpr std::size_t c_item_limit = 100'000;   ///< of the tree
+constexpr std::size_t c_style_limit = 100'000;  ///< in each list
+constexpr std::size_t c_gradient_limit = 1'000; ///< colours
 
 struct list_name
 {
@@ -38,38 +41,85 @@ void number_fields(Io &io, T &object)
     io.field("version", object.version);
 }
 
+/// The tree is written as deep as it is read.
 void write_item(xml_out element, style_item const &item, int depth)
 {
-    element.field("caption", item.caption);
+    element.field("caption", item.caption.text);
+    element.field("caption", item.caption.others);
     number_fields(element, item);
     if (depth < c_depth_limit)
         for (auto const &child : item.items)
             write_item(element.child("item"), *child, depth + 1);
 }
 
-void read_item(xml_in element, style_item &item, int depth)
+void read_item(xml_in element, style_item &item, int depth, std::size_t &count)
 {
-    element.field("caption", item.caption);
+    element.field("caption", item.caption.text);
+    element.field("caption", item.caption.others);
     number_fields(element, item);
     while (element.good() && element.at("item")) {
-        if (depth == c_depth_limit)
+        if (depth == c_depth_limit || ++count > c_item_limit)
             return element.fail();
-        read_item(element.child("item"), *item.items.emplace_back(std::make_unique<style_item>()), depth + 1);
+        read_item(element.child("item"), *item.items.emplace_back(std::make_unique<style_item>()), depth + 1,
+                  count);
     }
     element.finish();
+}
+
+void write_gradient(xml_out style, style_gradient const &gradient)
+{
+    if (!gradient.of && gradient.colors.empty())
+        return;
+    auto element = style.child("gradient");
+    if (gradient.of)
+        element.field("of", *gradient.of);
+    for (Tvx_color const color : gradient.colors)
+        element.child("color").field("value", color);
+}
+
+void read_gradient(xml_in &style, style_gradient &gradient)
+{
+    if (!style.at("gradient"))
+        return;
+    auto element = style.child("gradient");
+    constexpr Tvx_color c_none = vx_clr_init_rgba(0, 0, 0, 0);
+    Tvx_color of = c_none;
+    element.field("of", of);
+    if (of != c_none)
+        gradient.of = of;
+    while (element.good() && element.at("color")) {
+        auto step = element.child("color");
+        step.field("value", gradient.colors.emplace_back());
+        step.finish();
+    }
+    if (gradient.colors.size() == 1 || gradient.colors.size() > c_gradient_limit)
+        element.fail();
+    element.finish();
+}
+
+void write_text(xml_out &element, char const *name, std::wstring const &text)
+{
+    if (!text.empty())
+        element.field(name, text);
 }
 
 std::string lib_bytes(style_lib const &lib)
 {
     xml_file file;
-    auto root = file.make(c_lib_root);
-    root.field("name", lib.name);
+    auto root = file.make(c_lib_root, 1, false);
+    root.field("name", lib.name.text);
+    root.field("name", lib.name.others);
+    write_text(root, "source", lib.source);
+    write_text(root, "licence", lib.licence);
     for (auto const &[name, list] : c_lists) {
         auto styles = root.child(name);
         for (auto const &style : (lib.*list).styles) {
             auto element = styles.child("style");
             number_fields(element, *style);
+            write_text(element, "source", style->source);
+            write_text(element, "licence", style->licence);
             write_style(element, style->kind, *style->style);
+            write_gradient(element, style->gradient);
         }
     }
     write_item(root.child("item"), lib.root, 1);
@@ -82,9 +132,14 @@ void read_list(xml_in styles, style_list &list)
         auto element = styles.child("style");
         auto style = std::make_unique<idx_style>(list.kind);
         number_fields(element, *style);
+        element.field("source", style->source);
+        element.field("licence", style->licence);
         style->style = read_style(element, list.kind);
+        read_gradient(element, style->gradient);
         element.finish();
         list.styles.push_back(std::move(style));
+        if (list.styles.size() > c_style_limit)
+            return styles.fail();
     }
     styles.finish();
 }
@@ -96,10 +151,14 @@ xml_fault read_lib(std::string_view bytes, style_lib &lib)
         return fault;
     reading state;
     auto root = file.root(state);
-    root.field("name", lib.name);
+    root.field("name", lib.name.text);
+    root.field("name", lib.name.others);
+    root.field("source", lib.source);
+    root.field("licence", lib.licence);
     for (auto const &[name, list] : c_lists)
         read_list(root.child(name), lib.*list);
-    read_item(root.child("item"), lib.root, 1);
+    std::size_t count = 1;
+    read_item(root.child("item"), lib.root, 1, count);
     root.finish();
     return file.outcome(state);
 }
@@ -144,6 +203,7 @@ bool vx_xml_data_load_style_lib(Ivx_xml_data *xml, wchar_t const *file, void *li
         return done(xml, libs ? error : fault_text({xml_fault::other}, file ? file : L""));
     auto lib = std::make_unique<style_lib>();
     auto const fault = read_lib(*bytes, *lib);
+    lib->file = file;
     if (!fault)
         static_cast<style_libs *>(libs)->libs.push_back(std::move(lib));
     return done(xml, fault_text(fault, file));

@@ -1,11 +1,10 @@
 #include "platform/styles/vx_global_lib_styles.h"
 
-#include "platform/basic/detail/vx_oklab.h"
 #include "platform/basic/vx_wstrings.h"
 #include "platform/styles/detail/lib_model.h"
 #include "platform/styles/vx_style_lib.h"
 
-#include <algorithm>
+#include <utility>
 
 using namespace vx::styles;
 
@@ -13,7 +12,7 @@ namespace {
 struct global_libs
 {
     style_libs libs;
-    bool (*loader)(void *) = nullptr;
+    Tvx_style_libs_loader loader = nullptr;
     bool tried = false;
 };
 
@@ -41,8 +40,8 @@ style_lib *lib_at(int index)
 idx_style const *find_style(int lib, int code, style_list style_lib::*list)
 {
     style_lib *l = lib_at(lib);
-    unsigned place = 0;
-    return l && vx_style_list_find_idx(&(l->*list), code, &place) ? (l->*list).styles[place].get() : nullptr;
+    auto const place = l ? (l->*list).find(code) : std::nullopt;
+    return place ? (l->*list).styles[*place].get() : nullptr;
 }
 
 template <class Style>
@@ -55,23 +54,6 @@ bool copy_style(int lib, int code, style_list style_lib::*list, void *target)
     return true;
 }
 
-/// Lightness from which a colour counts as light: its gradient then ends in a shade instead of beginning in a
-/// tint.
-constexpr double c_light = 0.75;
-/// How far the tint lies towards white, and the shade towards black.
-constexpr double c_tint = 0.75;
-constexpr double c_shade = 0.6;
-
-Tvx_color gradient_step(Tvx_color own, unsigned position, unsigned count)
-{
-    if (count < 2)
-        return own;
-    double const t = static_cast<double>(std::min(position, count - 1)) / (count - 1);
-    bool const light = vx::color::to_oklab(own).l > c_light;
-    Tvx_color const target = light ? vx_clr_init_rgb(0, 0, 0) : vx_clr_init_rgb(255, 255, 255);
-    return vx::color::mix(own, target, light ? c_shade * t : c_tint * (1 - t));
-}
-
 template <class Style>
 bool copy_step(int lib, int code, style_list style_lib::*list, unsigned position, unsigned count,
                void *target)
@@ -80,7 +62,7 @@ bool copy_step(int lib, int code, style_list style_lib::*list, unsigned position
     if (!found)
         return false;
     auto const step = found->style->clone();
-    step->set_color(gradient_step(step->color(), position, count));
+    found->gradient.apply(*step, position, count);
     *static_cast<Style *>(target) = *static_cast<Style const *>(step->value());
     return true;
 }
@@ -121,7 +103,7 @@ void *vx_global_lib_styles_create_name_list()
 {
     void *names = vx_wstrings_create();
     for (auto const &lib : ready_libs().libs)
-        vx_wstrings_add(names, lib->name.c_str());
+        vx_wstrings_add(names, lib->name.spoken().c_str());
     return names;
 }
 
@@ -164,10 +146,10 @@ void *vx_global_lib_styles_get_spec_style_item(int lib, int code)
     return l && code >= 0 ? find_item(l->root, code) : nullptr;
 }
 
-void vx_global_lib_styles_set_loader(bool (*loader)(void *libs))
+Tvx_style_libs_loader vx_global_lib_styles_set_loader(Tvx_style_libs_loader loader)
 {
     global_libs &g = globals();
     g.libs.libs.clear();
-    g.loader = loader;
     g.tried = false;
+    return std::exchange(g.loader, loader);
 }

@@ -20,10 +20,10 @@
 [[nodiscard]] VX_API bool vx_global_lib_styles_get_spec_pnt(int lib, int code, void *style);
 [[nodiscard]] VX_API bool vx_global_lib_styles_get_spec_pln(int lib, int code, void *style);
 [[nodiscard]] VX_API bool vx_global_lib_styles_get_spec_pgn(int lib, int code, void *style);
-/// The same as step `position`, from 0, of a gradient of `count` steps: its leading colour runs through a
-/// perceptually even space from a pale tint to the style's own colour, or from that to a deep shade if it is
-/// light itself, so that the steps go from light to dark. A position past the end is the last step; with less
-/// than two steps the style comes as it is.
+/// The same as step `position`, from 0, of a gradient of `count` steps, which look equally far apart. The
+/// colours are those that the library gives for the style; where it gives none, the leading colour runs from
+/// a pale tint over itself to a deep shade, or is an end itself if it is light or dark enough. The opacity
+/// stays. A position past the end is the last step; with less than two steps the style comes as it is.
 [[nodiscard]] VX_API bool vx_global_lib_styles_get_spec_pnt_gradient(int lib, int code, unsigned position,
                                                                      unsigned count, void *style);
 [[nodiscard]] VX_API bool vx_global_lib_styles_get_spec_pln_gradient(int lib, int code, unsigned position,
@@ -33,6 +33,7 @@
 /// The first item of the library's tree that names a style of this index, null if there is none.
 [[nodiscard]] VX_API void *vx_global_lib_styles_get_spec_style_item(int lib, int code);
 
-/// `loader` fills an empty list; false if it cannot, whatever it has put there then counts as not read. Ends
-/// the libraries read so far.
-VX_API void vx_global_lib_styles_set_loader(bool (*loader)(void *libs));
+/// Fills an empty list; false if it cannot, and whatever it has put there then counts as not read.
+using Tvx_style_libs_loader = bool (*)(void *libs);
+/// Ends the libraries read so far. Gives the former loader.
+VX_API Tvx_style_libs_loader vx_global_lib_styles_set_loader(Tvx_style_libs_loader loader);

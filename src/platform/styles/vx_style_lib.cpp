@@ -5,6 +5,7 @@
 #include "platform/winapi/case_map.h"
 
 #include <algorithm>
+#include <sstream>
 
 using namespace vx::styles;
 
@@ -46,18 +47,11 @@ void *style_of(void *style, style_kind kind)
     return s && s->kind == kind ? s->style->value() : nullptr;
 }
 
-template <class Matches>
-bool find_place(void const *list, unsigned *position, Matches matches)
+bool found(std::optional<unsigned> place, unsigned *position)
 {
-    if (!list)
-        return false;
-    auto const &styles = list_of(list)->styles;
-    auto const it = std::ranges::find_if(styles, [&](auto const &s) { return matches(*s); });
-    if (it == styles.end())
-        return false;
-    if (position)
-        *position = static_cast<unsigned>(it - styles.begin());
-    return true;
+    if (place && position)
+        *position = *place;
+    return place.has_value();
 }
 
 struct text_search
@@ -65,15 +59,33 @@ struct text_search
     std::vector<style_item *> found;
     std::size_t next = 0;
 
-    void collect(style_item &item, std::wstring const &text)
+    void collect(style_item &item, std::vector<std::wstring> const &words)
     {
-        if (vx_lower_w(item.caption).find(text) != std::wstring::npos)
+        std::wstring const caption = vx_lower_w(item.caption.spoken().c_str());
+        if (std::ranges::all_of(words, [&](auto const &w) { return caption.find(w) != caption.npos; }))
             found.push_back(&item);
         for (auto const &child : item.items)
-            collect(*child, text);
+            collect(*child, words);
     }
     [[nodiscard]] style_item *take() { return next < found.size() ? found[next++] : nullptr; }
 };
+
+std::vector<std::wstring> words_of(std::wstring const &text)
+{
+    std::vector<std::wstring> words;
+    std::wistringstream stream(text);
+    for (std::wstring word; stream >> word;)
+        words.push_back(word);
+    return words;
+}
+
+wchar_t const *own_or_shared(void const *lib, void const *style, std::wstring idx_style::*own,
+                             std::wstring style_lib::*shared)
+{
+    if (style && !(idx_of(style)->*own).empty())
+        return (idx_of(style)->*own).c_str();
+    return lib ? (static_cast<style_lib const *>(lib)->*shared).c_str() : L"";
+}
 } // namespace
 
 // ---- lists of libraries
@@ -108,7 +120,7 @@ void *vx_style_libs_add_lib(void *libs, wchar_t const *name)
     if (!libs)
         return nullptr;
     auto &lib = *libs_of(libs)->libs.emplace_back(std::make_unique<style_lib>());
-    lib.name = name ? name : L"";
+    lib.name.text = name ? name : L"";
     lib.root.caption = lib.name;
     return &lib;
 }
@@ -116,7 +128,22 @@ void *vx_style_libs_add_lib(void *libs, wchar_t const *name)
 // ---- libraries
 wchar_t const *vx_style_lib_get_name_w(void const *lib)
 {
-    return lib ? static_cast<style_lib const *>(lib)->name.c_str() : L"";
+    return lib ? static_cast<style_lib const *>(lib)->name.spoken().c_str() : L"";
+}
+
+wchar_t const *vx_style_lib_get_source_w(void const *lib, void const *style)
+{
+    return own_or_shared(lib, style, &idx_style::source, &style_lib::source);
+}
+
+wchar_t const *vx_style_lib_get_licence_w(void const *lib, void const *style)
+{
+    return own_or_shared(lib, style, &idx_style::licence, &style_lib::licence);
+}
+
+wchar_t const *vx_style_lib_get_file_w(void const *lib)
+{
+    return lib ? static_cast<style_lib const *>(lib)->file.c_str() : L"";
 }
 
 void *vx_style_lib_get_root_item_ptr(void *lib)
@@ -163,13 +190,12 @@ void *vx_style_list_add_idx_style(void *list, int index, int version)
 
 bool vx_style_list_find_idx(void const *list, int index, unsigned *position)
 {
-    return find_place(list, position, [&](idx_style const &s) { return s.index == index; });
+    return list && found(list_of(list)->find(index), position);
 }
 
 bool vx_style_list_find_idx_ver(void const *list, int index, int version, unsigned *position)
 {
-    return find_place(list, position,
-                      [&](idx_style const &s) { return s.index == index && s.version == version; });
+    return list && found(list_of(list)->find(index, version), position);
 }
 
 // ---- indexed styles
@@ -209,13 +235,13 @@ char const *vx_style_item_get_caption(void const *item)
     if (!item)
         return "";
     auto const *i = item_of(item);
-    i->narrow_caption = vx::text::to_bytes(i->caption);
+    i->narrow_caption = vx::text::to_bytes(i->caption.spoken());
     return i->narrow_caption.c_str();
 }
 
 wchar_t const *vx_style_item_get_caption_w(void const *item)
 {
-    return item ? item_of(item)->caption.c_str() : L"";
+    return item ? item_of(item)->caption.spoken().c_str() : L"";
 }
 
 void vx_style_item_get_caption_adp(void const *item, Ivx_string_adp *adp)
@@ -253,7 +279,7 @@ void *vx_style_items_add(void *items, wchar_t const *caption, int index, int ver
     if (!items)
         return nullptr;
     auto &item = *static_cast<items_t *>(items)->emplace_back(std::make_unique<style_item>());
-    item.caption = caption ? caption : L"";
+    item.caption.text = caption ? caption : L"";
     item.index = index;
     item.version = version;
     return &item;
@@ -276,8 +302,9 @@ void *vx_style_item_search_str_get_first(void *search, void *root, wchar_t const
         return nullptr;
     auto *s = static_cast<text_search *>(search);
     *s = {};
-    if (root && text && *text)
-        s->collect(*static_cast<style_item *>(root), vx_lower_w(text));
+    auto const words = text ? words_of(vx_lower_w(text)) : std::vector<std::wstring>();
+    if (root && !words.empty())
+        s->collect(*static_cast<style_item *>(root), words);
     return s->take();
 }
 

@@ -17,8 +17,15 @@ VX_API void vx_style_libs_clear(void *libs);
 /// Appends an empty library, whose root item carries the name too, and returns it.
 VX_API void *vx_style_libs_add_lib(void *libs, wchar_t const *name);
 
-/// Lives as long as the library.
+/// The texts that a library gives out live as long as it does. A name or caption that it has in several
+/// languages comes in that of the captions, else as it was first written.
 [[nodiscard]] VX_API wchar_t const *vx_style_lib_get_name_w(void const *lib);
+/// Where a style comes from, and under which licence it may be used: what it says itself, else what the
+/// library says of all its styles; with a null style the latter. Empty where nothing is said.
+[[nodiscard]] VX_API wchar_t const *vx_style_lib_get_source_w(void const *lib, void const *idx_style);
+[[nodiscard]] VX_API wchar_t const *vx_style_lib_get_licence_w(void const *lib, void const *idx_style);
+/// The file that the library was read from; empty for one that was not.
+[[nodiscard]] VX_API wchar_t const *vx_style_lib_get_file_w(void const *lib);
 [[nodiscard]] VX_API void *vx_style_lib_get_root_item_ptr(void *lib);
 [[nodiscard]] VX_API void *vx_style_lib_get_pnt_list_ptr(void *lib);
 [[nodiscard]] VX_API void *vx_style_lib_get_pln_list_ptr(void *lib);
@@ -59,9 +66,10 @@ VX_API void vx_style_item_get_caption_adp(void const *item, Ivx_string_adp *adp)
 /// Appends an item and returns it.
 VX_API void *vx_style_items_add(void *items, wchar_t const *caption, int index, int version);
 
-/// Search for items whose caption holds a text, without regard to case, in the order of the tree: an item
-/// before its children. `get_first` begins anew below and at `root`; both give null when there is no further
-/// item, and for an empty text. The tree must outlive the search.
+/// Search for items whose caption, as it is shown, holds each word of a text somewhere, without regard to
+/// case, in the order of the tree: an item before its children. `get_first` begins anew at and below `root`;
+/// both give null when there is no further item, and for a text without words. The tree must outlive the
+/// search.
 [[nodiscard]] VX_API void *vx_style_item_search_str_create();
 VX_API void vx_style_item_search_str_destroy(void *search);
 [[nodiscard]] VX_API void *vx_style_item_search_str_get_first(void *search, void *root, wchar_t const *text);

@@ -5,7 +5,13 @@
 struct Ivx_string_adp;
 
 /// The other pull events: objects (rows) and properties (columns) are counted from 0. Between a successful
-/// open and its close the counts and the property list do not change.
+/// open and its close the counts and the property list do not change, but for one case: reading that lasts is
+/// shown to the user, inside the question for a cell, and where he stops it, or the data go, the number of
+/// objects is 0 from then on and no cell has a value. Whoever walks over the objects therefore asks for their
+/// number again where a cell has no value (`is_given_up` of `open_data`), and leaves everything as it was
+/// when it is another.
+///
+/// Events of windows are handled while reading is shown.
 
 using Tvx_data_get_no_event = closure<unsigned(TObject *sender)>;
 /// Ready statistics of a numeric property: least and greatest value, mean, standard deviation, and whether

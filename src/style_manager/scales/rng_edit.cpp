@@ -38,8 +38,9 @@ using owned_xml = vx::owned<Ivx_xml_data, &vx_xml_save_2d_destroy>;
 using owned_style_xml = vx::owned<Ivx_xml_data, &vx_xml_save_style_destroy>;
 using span = std::pair<double, double>;
 
-/// Least and greatest value of a property; those of statistics where there are some.
-span read_span(Tvx_data_events const &data, TObject *sender, unsigned prop)
+/// Least and greatest value of a property; those of statistics where there are some. What comes of a reading
+/// that was given up is of no use.
+span read_span(open_data const &opened, Tvx_data_events const &data, TObject *sender, unsigned prop)
 {
     span result{0, 1};
     double mean = 0, deviation = 0;
@@ -54,6 +55,8 @@ span read_span(Tvx_data_events const &data, TObject *sender, unsigned prop)
     for (unsigned i = 0; i < count; ++i) {
         bool defined = false;
         double const value = data.get_val(sender, prop, i, defined);
+        if (!defined && opened.is_given_up())
+            break;
         if (!defined || !std::isfinite(value))
             continue;
         found = any ? span{std::min(found.first, value), std::max(found.second, value)} : span{value, value};
@@ -225,18 +228,22 @@ std::wstring Tvx_rng_edit::generate_file_name_scale()
                       : std::wstring();
 }
 
-void Tvx_rng_edit::generate_default_scale()
+bool Tvx_rng_edit::generate_default_scale()
 {
-    auto const &data = get_data_events();
-    if (!f_stl_mngr || !vx_has_all_data(data))
-        return;
+    Tvx_data_events const data = get_data_events();
+    auto *const mngr = f_stl_mngr;
+    if (!mngr || !vx_has_all_data(data))
+        return true;
     open_data const opened(data, this);
     if (!opened)
-        return;
+        return true;
     auto const name = prop_name();
     int const prop = vx_find_prop(data, this, name);
-    auto const [min, max] = prop < 0 ? span{0, 1} : read_span(data, this, static_cast<unsigned>(prop));
-    auto *const scale = vx_stl_mngr_get_rng_scale_ptr(f_stl_mngr);
+    auto const [min, max] =
+        prop < 0 ? span{0, 1} : read_span(opened, data, this, static_cast<unsigned>(prop));
+    if (opened.is_given_up() || f_stl_mngr != mngr)
+        return false;
+    auto *const scale = vx_stl_mngr_get_rng_scale_ptr(mngr);
     vx_rng_scale_init_opacity_pts(scale);
     vx_rng_scale_set_size(scale, 0);
     vx::task::detail::equal_ranges(scale, c_default_ranges, min, max);
@@ -249,6 +256,7 @@ void Tvx_rng_edit::generate_default_scale()
     for (unsigned i = 0; i < c_default_ranges; ++i)
         vx_rng_scale_set_caption_w(scale, i, f_grid->get_default_rng_caption(scale, i).c_str());
     Tvx_init_default_txt_line::execute_rng(scale, name.c_str());
+    return true;
 }
 
 void Tvx_rng_edit::color_default_scale()
@@ -266,21 +274,23 @@ void Tvx_rng_edit::generate_default_scale_with_clr()
     call_changed();
 }
 
-void Tvx_rng_edit::fill_from(std::wstring const &file)
+bool Tvx_rng_edit::fill_from(std::wstring const &file)
 {
     if (vx_is_file(file)) {
         static_cast<void>(load(file, f_mngr_style));
-        return;
+        return true;
     }
-    generate_default_scale();
+    if (!generate_default_scale())
+        return false;
     color_default_scale();
     save_rng_scale(file, f_mngr_style);
+    return true;
 }
 
-void Tvx_rng_edit::fill_scale()
+bool Tvx_rng_edit::fill_scale()
 {
-    if (auto const file = generate_file_name_scale(); !file.empty())
-        fill_from(file);
+    auto const file = generate_file_name_scale();
+    return file.empty() || fill_from(file);
 }
 
 bool Tvx_rng_edit::load(std::wstring const &file, char const *key)
@@ -343,8 +353,17 @@ void Tvx_rng_edit::show_row_line()
     auto const holds = is_min   ? vx_res_format_w(c_scl_row_up_to, upper)
                        : is_max ? vx_res_format_w(c_scl_row_above, lower)
                                 : vx_res_format_w(c_scl_row_between, {lower, upper});
-    auto const *const counts =
-        f_counting && GetShowing() ? f_counts->get(scale, prop_name(), get_data_events(), this) : nullptr;
+    std::vector<unsigned> const *counts = nullptr;
+    if (f_counting && GetShowing()) {
+        auto const life = Life();
+        bool is_given_up = false;
+        counts = f_counts->get(scale, prop_name(), get_data_events(), this, is_given_up);
+        if (life.expired())
+            return;
+        f_counting = !is_given_up; // until the user goes to another row
+        if (f_grid->get_scale() != scale || f_grid->get_current_row() != row)
+            return;
+    }
     if (!counts) {
         f_row_line->SetHint(vx_res_format_w(c_scl_row_hint, holds));
         return fit_row_line({holds});
@@ -398,13 +417,20 @@ void Tvx_rng_edit::on_prop_edit_changed(TObject * /*sender*/)
 {
     if (!f_stl_mngr)
         return;
-    vx_stl_mngr_set_rng_prop_name_w(f_stl_mngr, f_prp_scale->get_prop_name());
-    if (vx_stl_mngr_get_just_loaded(f_stl_mngr))
-        vx_stl_mngr_set_just_loaded(f_stl_mngr, false);
-    else if (auto const file = generate_file_name_scale(); file.empty())
-        generate_default_scale();
-    else
-        fill_from(file);
+    auto const life = Life();
+    auto *const mngr = f_stl_mngr;
+    auto const former_prop = prop_name();
+    vx_stl_mngr_set_rng_prop_name_w(mngr, f_prp_scale->get_prop_name());
+    if (vx_stl_mngr_get_just_loaded(mngr)) {
+        vx_stl_mngr_set_just_loaded(mngr, false);
+    } else if (auto const file = generate_file_name_scale();
+               !(file.empty() ? generate_default_scale() : fill_from(file))) {
+        if (life.expired() || f_stl_mngr != mngr)
+            return;
+        // As if the field had not been chosen.
+        vx_stl_mngr_set_rng_prop_name_w(mngr, former_prop.c_str());
+        return update_controls();
+    }
     f_grid->update_controls();
     call_changed();
 }

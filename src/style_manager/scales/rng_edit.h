@@ -40,8 +40,9 @@ public:
     /// Writes the scale to the file that belongs to its property, if there is one.
     void save_current_scl();
     /// Takes the scale from the file that belongs to its property, or makes that file with a default scale.
-    /// Does nothing where scales have no files. Fires nothing.
-    void fill_scale();
+    /// Does nothing where scales have no files. False when the reading was given up: the scale is as it was
+    /// then. Fires nothing.
+    bool fill_scale();
 
     void set_on_draw_style(Tvx_draw_style_event event);
     void set_on_edit_style(Tvx_edit_style_event event);
@@ -55,8 +56,9 @@ public:
     /// The file that belongs to the scale's property; empty where scales have no files.
     [[nodiscard]] std::wstring generate_file_name_scale();
     /// Ten equal ranges over the values of the property, or from 0 to 1 where there are no values; without
-    /// data the scale stays. Reads every object unless there are statistics at hand.
-    void generate_default_scale();
+    /// data the scale stays. Reads every object unless there are statistics at hand. False when that was
+    /// given up: the scale is as it was then.
+    bool generate_default_scale();
     /// Gives min row, ranges and max row the colours from blue over white to red, and reports that.
     void generate_default_scale_with_clr();
 
@@ -78,7 +80,7 @@ protected:
 private:
     [[nodiscard]] bool load(std::wstring const &file, char const *key);
     [[nodiscard]] std::wstring prop_name() const;
-    void fill_from(std::wstring const &file);
+    bool fill_from(std::wstring const &file);
     void color_default_scale();
     void show_row_line();
     void place_row_line();

@@ -48,8 +48,10 @@ std::string_view trimmed(char const *text)
                                : whole.substr(first, whole.find_last_not_of(c_blanks) - first + 1);
 }
 
-/// The different values of a property, sorted; all of them, or those met until the user had enough.
-std::vector<std::string> read_values(Tvx_data_events const &data, TObject *sender, unsigned prop)
+/// The different values of a property, sorted; all of them, or those met until the user had enough. What
+/// comes of a reading that was given up is of no use.
+std::vector<std::string> read_values(open_data const &opened, Tvx_data_events const &data, TObject *sender,
+                                     unsigned prop)
 {
     text_set values;
     bool asked = false;
@@ -57,6 +59,8 @@ std::vector<std::string> read_values(Tvx_data_events const &data, TObject *sende
     for (unsigned i = 0; i < count; ++i) {
         bool defined = false;
         auto const text = trimmed(data.get_str(sender, prop, i, defined));
+        if (!defined && opened.is_given_up())
+            break;
         if (!defined || values.contains(text))
             continue;
         values.emplace(text);
@@ -204,21 +208,24 @@ std::wstring Tvx_val_edit::generate_file_name_scale()
     return vx_scale_file_of_prop(get_data_events(), this, prop_name(), c_val_scale_ext);
 }
 
-void Tvx_val_edit::generate_default_scale()
+bool Tvx_val_edit::generate_default_scale()
 {
-    auto const &data = get_data_events();
-    if (f_rule || !f_stl_mngr || !vx_has_all_data(data))
-        return;
+    Tvx_data_events const data = get_data_events();
+    auto *const mngr = f_stl_mngr;
+    if (f_rule || !mngr || !vx_has_all_data(data))
+        return true;
     open_data const opened(data, this);
     if (!opened)
-        return;
+        return true;
     auto const name = prop_name();
     std::vector<std::string> values;
     if (int const prop = vx_find_prop(data, this, name); prop >= 0) {
         vx_wait_cursor const waiting;
-        values = read_values(data, this, static_cast<unsigned>(prop));
+        values = read_values(opened, data, this, static_cast<unsigned>(prop));
     }
-    auto *const scale = vx_stl_mngr_get_val_scale_ptr(f_stl_mngr);
+    if (opened.is_given_up() || f_stl_mngr != mngr)
+        return false;
+    auto *const scale = vx_stl_mngr_get_val_scale_ptr(mngr);
     vx_val_scale_init_opacity_pts(scale);
     vx_val_scale_set_size(scale, 0);
     vx_val_scale_set_size(scale, static_cast<unsigned>(values.size()));
@@ -228,6 +235,7 @@ void Tvx_val_edit::generate_default_scale()
         vx_val_scale_set_caption_w(scale, i, text.c_str());
     }
     Tvx_init_default_txt_line::execute_val(scale, name.c_str());
+    return true;
 }
 
 bool Tvx_val_edit::load(std::wstring const &file, char const *key)
@@ -277,15 +285,21 @@ void Tvx_val_edit::on_prop_edit_changed(TObject * /*sender*/)
 {
     if (!f_stl_mngr)
         return;
-    vx_stl_mngr_set_val_prop_name_w(f_stl_mngr, f_prp_scale->get_prop_name());
-    if (vx_stl_mngr_get_just_loaded(f_stl_mngr)) {
-        vx_stl_mngr_set_just_loaded(f_stl_mngr, false);
-    } else if (auto const file = generate_file_name_scale(); file.empty()) {
-        generate_default_scale();
-    } else if (vx_is_file(file)) {
+    auto const life = Life();
+    auto *const mngr = f_stl_mngr;
+    auto const former_prop = prop_name();
+    vx_stl_mngr_set_val_prop_name_w(mngr, f_prp_scale->get_prop_name());
+    if (vx_stl_mngr_get_just_loaded(mngr)) {
+        vx_stl_mngr_set_just_loaded(mngr, false);
+    } else if (auto const file = generate_file_name_scale(); vx_is_file(file)) {
         static_cast<void>(load(file, f_mngr_style));
-    } else {
-        generate_default_scale();
+    } else if (!generate_default_scale()) {
+        if (life.expired() || f_stl_mngr != mngr)
+            return;
+        // As if the field had not been chosen.
+        vx_stl_mngr_set_val_prop_name_w(mngr, former_prop.c_str());
+        return update_controls();
+    } else if (!file.empty()) {
         save_val_scale(file, f_mngr_style);
     }
     f_grid->update_controls();

@@ -47,8 +47,9 @@ public:
     /// The file that belongs to the scale's property; empty where scales have no files.
     [[nodiscard]] std::wstring generate_file_name_scale();
     /// Fills the scale with the different values of its property, in ordinal order. Reads every object; asks
-    /// once, at a thousand different values, whether to go on.
-    void generate_default_scale();
+    /// once, at a thousand different values, whether to go on. False when the reading was given up: the scale
+    /// is as it was then.
+    bool generate_default_scale();
 
     [[nodiscard]] Tvx_val_grid *get_grid() const { return f_grid; }
     [[nodiscard]] Tvx_prp_scale *get_prp_scale() const { return f_prp_scale; }

@@ -86,15 +86,21 @@ void Tvx_stl_mngr_edit::load_res()
 
 void Tvx_stl_mngr_edit::update_controls()
 {
-    if (!f_stl_mngr)
-        return show_nothing();
+    static_cast<void>(show_mngr());
+}
+
+bool Tvx_stl_mngr_edit::show_mngr()
+{
+    if (!f_stl_mngr) {
+        show_nothing();
+        return true;
+    }
     Tvx_style_mode const mode = vx_stl_mngr_get_mode(f_stl_mngr);
     set_style_mode(mode);
     f_mode_edit->SetVisible(true);
     f_rotate_btn->SetVisible(can_rotate_flag());
     each_editor([this](auto *edit, Tvx_style_mode) { edit->set_stl_mngr(f_stl_mngr); });
-    if (mode <= c_style_mode_none)
-        show_editor(mode);
+    return mode > c_style_mode_none || show_editor(mode);
 }
 
 void Tvx_stl_mngr_edit::show_nothing()
@@ -109,8 +115,9 @@ void Tvx_stl_mngr_edit::show_nothing()
     });
 }
 
-void Tvx_stl_mngr_edit::show_editor(Tvx_style_mode mode)
+bool Tvx_stl_mngr_edit::show_editor(Tvx_style_mode mode)
 {
+    bool is_filled = true;
     // Only one of them takes the room at any time.
     each_editor([mode](auto *edit, Tvx_style_mode own) {
         if (mode != own)
@@ -121,13 +128,19 @@ void Tvx_stl_mngr_edit::show_editor(Tvx_style_mode mode)
             edit->SetVisible(true);
     });
     if (mode == c_style_mode_range && vx_stl_mngr_get_need_scale(f_stl_mngr)) {
-        vx_stl_mngr_set_need_scale(f_stl_mngr, false);
-        f_rng_edit->fill_scale();
+        auto const life = Life();
+        auto *const mngr = f_stl_mngr;
+        vx_stl_mngr_set_need_scale(mngr, false);
+        is_filled = f_rng_edit->fill_scale();
+        if (life.expired() || f_stl_mngr != mngr)
+            return false;
+        vx_stl_mngr_set_need_scale(mngr, !is_filled);
     }
     each_editor([mode](auto *edit, Tvx_style_mode own) {
         if (mode == own)
             edit->update_controls();
     });
+    return is_filled;
 }
 
 void Tvx_stl_mngr_edit::set_style_mode(Tvx_style_mode mode)
@@ -213,9 +226,17 @@ void Tvx_stl_mngr_edit::on_style_mode_changed(TObject * /*sender*/)
 {
     if (!f_stl_mngr)
         return;
-    vx_stl_mngr_set_mode(f_stl_mngr, f_mode_edit->mode);
+    auto const life = Life();
+    auto *const mngr = f_stl_mngr;
+    Tvx_style_mode const former = vx_stl_mngr_get_mode(mngr);
+    vx_stl_mngr_set_mode(mngr, f_mode_edit->mode);
+    if (show_mngr())
+        return call_changed();
+    if (life.expired() || f_stl_mngr != mngr)
+        return;
+    // As if the mode had not been chosen.
+    vx_stl_mngr_set_mode(mngr, former);
     update_controls();
-    call_changed();
 }
 
 void Tvx_stl_mngr_edit::on_edit_changed(TObject * /*sender*/)

@@ -82,7 +82,9 @@ private:
     /// The same on the editors of scales alone.
     template <class Act>
     void each_scale_editor(Act const &act);
-    void show_editor(Tvx_style_mode mode);
+    /// False when what the mode needs was to be read and the user gave that up, or this has ended meanwhile.
+    [[nodiscard]] bool show_editor(Tvx_style_mode mode);
+    [[nodiscard]] bool show_mngr();
     void show_nothing();
     void on_rotate_button_click(TObject *sender);
     void on_style_mode_changed(TObject *sender);

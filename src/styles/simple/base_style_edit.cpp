@@ -1,7 +1,6 @@
 #include "styles/simple/base_style_edit.h"
 
 #include "captions/simple.h"
-#include "styles/complex/edit_cpx_style.h"
 
 #include "platform/basic/vx_res.h"
 
@@ -89,9 +88,6 @@ void Tvx_base_style_edit::show_rows()
     void const *const style = get_style();
     bool const complex = f_functions.get_use_complex(style);
     f_use_cpx->set_flag(complex);
-    // Nobody is led to a style that he cannot edit; back to the plain values there is always a way.
-    f_use_cpx->set_enabled(complex || vx_cpx_style_editor_exists());
-    f_cpx_panel->get_button()->SetEnabled(vx_cpx_style_editor_exists());
     DisableAlign();
     int top = 0;
     auto const put = [&top](TControl *control, bool visible) {

@@ -1,10 +1,13 @@
 #include "shape_fixture.h"
 #include "support/memory_source.h"
 
+#include "platform/base/text_codec.h"
 #include "platform/toolkit/controls/button.h"
 #include "platform/toolkit/controls/check_box.h"
 #include "platform/toolkit/controls/combo_box.h"
 #include "platform/toolkit/core/strings.h"
+
+#include <functional>
 
 // What the pages are fed with, and what they edit.
 
@@ -28,6 +31,38 @@ protected:
 
     vx_test::memory_table table;
     vx_test::memory_driver driver{L"towns:", table};
+};
+
+/// A column takes longer than is waited for in silence; the user stops that at the third question.
+class slow_towns : public towns
+{
+protected:
+    slow_towns()
+    {
+        table.delay_us = 50;
+        dialogs.progress_start = [](void *self, HWND, int, wchar_t const *caption) -> void * {
+            of(self).shown.emplace_back(caption);
+            of(self).asked = 0;
+            return nullptr;
+        };
+        dialogs.progress_set = [](void *, void *, int percent, wchar_t const *) { EXPECT_LE(percent, 100); };
+        dialogs.progress_finish = [](void *, void *) {};
+        dialogs.progress_is_stopped = [](void *self, void *) {
+            if (auto const act = of(self).meanwhile)
+                act();
+            return of(self).stops && ++of(self).asked == 3;
+        };
+        vx_dlg_set_table(&dialogs);
+    }
+    static slow_towns &of(void *self)
+    {
+        return static_cast<slow_towns &>(*static_cast<shape_fixture *>(self));
+    }
+
+    std::vector<std::wstring> shown;
+    std::function<void()> meanwhile;
+    bool stops = false;
+    int asked = 0;
 };
 
 class managers : public shape_fixture
@@ -103,6 +138,81 @@ TEST_F(towns, many_values_are_asked_about_once)
     answer = true;
     ASSERT_TRUE(choose_field(L"COUNT"));
     EXPECT_EQ(text_at(scale_of(copy()), 2), L"10");
+}
+
+TEST_F(slow_towns, a_reading_that_is_given_up_changes_nothing)
+{
+    edit();
+    int reports = 0;
+    page()->on_changed =
+        closure<void(TObject *)>([](void *count, TObject *) { ++*static_cast<int *>(count); }, &reports);
+    void *const mngr = vx_shp_lr2d_get_stl_mngr_ptr(copy());
+    struct
+    {
+        int mode;
+        wchar_t const *field; // one after the other
+        bool is_stopped;
+        unsigned size; // of the scale, afterwards
+    } const choices[] = {{1, L"NAME", true, 0},  {1, L"NAME", false, 1400}, {1, L"COUNT", true, 1400},
+                         {2, L"ANGLE", true, 0}, {2, L"ANGLE", false, 10},  {2, L"COUNT", true, 10}};
+    std::wstring field;
+    for (auto const &choice : choices) {
+        SCOPED_TRACE(vx::text::wide_to_utf8(choice.field));
+        bool const is_range = choice.mode == 2;
+        ASSERT_TRUE(choose_mode(choice.mode));
+        auto *const prp =
+            is_range ? mngr_edit()->get_rng_edit()->get_prp_scale() : val_edit()->get_prp_scale();
+        auto const name_of = is_range ? &vx_stl_mngr_get_rng_prop_name_w : &vx_stl_mngr_get_val_prop_name_w;
+        std::wstring expected;
+        name_of(mngr, Tvx_std_wstring_adapter(expected));
+        if (!choice.is_stopped)
+            expected = choice.field;
+        stops = choice.is_stopped;
+        reports = 0;
+        shown.clear();
+        ASSERT_TRUE(input::choose_item(prp->get_combo_box(), choice.field));
+        EXPECT_EQ(shown, std::vector{L"Reading the values of \"" + std::wstring(choice.field) + L"\""});
+        name_of(mngr, Tvx_std_wstring_adapter(field));
+        EXPECT_EQ(field, expected);
+        EXPECT_EQ(prp->get_prop_name(), expected);
+        EXPECT_EQ(is_range ? vx_rng_scale_get_size(vx_stl_mngr_get_rng_scale_ptr(mngr))
+                           : vx_val_scale_get_size(vx_stl_mngr_get_val_scale_ptr(mngr)),
+                  choice.size);
+        EXPECT_EQ(reports, choice.is_stopped ? 0 : 1);
+    }
+    EXPECT_EQ(text_at(scale_of(copy()), 1399), L"t2399") << "read to the end where it was stopped";
+}
+
+TEST_F(slow_towns, may_go_while_they_are_being_read)
+{
+    for (int const what : {0, 1, 2, 3}) {
+        SCOPED_TRACE(what);
+        table.opens = 0;
+        layer.reset(vx_shp_lr2d_create("shp_pnt_lr2d", L"towns:"));
+        edit();
+        ASSERT_TRUE(choose_mode(1));
+        meanwhile = [&] {
+            meanwhile = nullptr;
+            switch (what) {
+            case 0:
+                EXPECT_FALSE(page()->on_data_open(nullptr)) << "the table is in use";
+                break;
+            case 1:
+                vx_lr2d_edt_form_set_lr2d(record.get(), nullptr);
+                break;
+            case 2:
+                vx_lr2d_edt_form_set_lr2d(record.get(), layer.get());
+                break;
+            default:
+                record.reset();
+            }
+        };
+        EXPECT_TRUE(choose_field(L"NAME"));
+        EXPECT_FALSE(meanwhile);
+        EXPECT_EQ(record && copy() ? vx_val_scale_get_size(scale_of(copy())) : 0, what == 0 ? 1400u : 0u);
+    }
+    layer.reset();
+    EXPECT_EQ(table.opened, 0);
 }
 
 TEST_F(towns, are_turned_by_the_field_that_the_user_chooses)

@@ -1,9 +1,11 @@
 #include "support.h"
 
+#include "platform/basic/vx_options.h"
 #include "platform/basic/vx_palette.h"
 #include "platform/storage/file_names.h"
 #include "platform/storage/vx_ini_data.h"
 #include "platform/storage/vx_style_lib_file.h"
+#include "platform/styles/vx_cpx_style.h"
 #include "platform/styles/vx_global_lib_styles.h"
 #include "platform/styles/vx_style_lib.h"
 
@@ -255,11 +257,107 @@ TEST(style_lib_files, come_back)
         deep += "<item>";
     for (int i = 0; i < 100'000; ++i)
         deep += "</item>";
-    for (auto const &wrong : {bytes.substr(0, bytes.size() / 2), deep + "</vx_style_library>"}) {
+    auto const with = [](std::string const &points, std::string const &rest) {
+        return "<vx_style_library version=\"1\"><points>" + points + "</points><lines/><polygons/>" + rest +
+               "</vx_style_library>";
+    };
+    std::string const one =
+        bytes.substr(bytes.find("<style"), bytes.find("</style>") + 8 - bytes.find("<style"));
+    auto const gradient = [&](std::string const &content) {
+        return with(one.substr(0, one.size() - 8) + "<gradient>" + content + "</gradient></style>",
+                    "<item/>");
+    };
+    std::string many;
+    for (int i = 0; i < 100'001; ++i)
+        many += "<item/>";
+    write_file(dir / "w.slib", with(one + one, "<item/>"));
+    EXPECT_TRUE(vx_xml_data_load_style_lib(nullptr, file.c_str(), libs.get())) << "two of one index";
+    for (auto const &wrong :
+         {bytes.substr(0, bytes.size() / 2), deep + "</vx_style_library>", bytes + bytes,
+          with("", "<item>" + many + "</item>"), with("", "<item/><item/>"), with("", ""),
+          with("", "<item index=\"99999999999\"/>"), with("", "<item caption_1=\"x\"/>"),
+          gradient("<color value=\"#000000ff\"/>"), gradient("<color value=\"#00000\"/><color/>")}) {
         write_file(dir / "w.slib", wrong);
-        EXPECT_FALSE(vx_xml_data_load_style_lib(nullptr, file.c_str(), libs.get()));
+        EXPECT_FALSE(vx_xml_data_load_style_lib(nullptr, file.c_str(), libs.get())) << wrong.substr(0, 300);
     }
-    EXPECT_EQ(2u, vx_style_libs_get_size(libs.get()));
+    EXPECT_EQ(3u, vx_style_libs_get_size(libs.get()));
+}
+
+/// A cased road in two languages, with all that a library can say.
+constexpr char const *c_roads = R"(<?xml version="1.0" encoding="UTF-8"?>
+<vx_style_library version="1" name="Roads" name_de="Straßen" name_ru="Дороги" source="our survey" licence="CC0-1.0">
+ <points />
+ <lines>
+  <style index="5" version="1" licence="ODbL-1.0" show_line="1" show_point="0" show_end="0" show_begin="0">
+   <line color="#484848ff" width="0.25" use_complex="1">
+    <complex>
+     <layer type="pln_line_slr" color="#282828ff" width="2" delta="0" />
+     <layer type="pln_line_slr" color="#fac83c80" width="1.4" delta="0" />
+    </complex>
+   </line>
+   <point use_figure="1" figure="0" font="DejaVu Sans" charset="1" bold="0" italic="0" underline="0" strikeout="0" symbol="9679" color="#386098ff" size="2" use_complex="0" />
+   <end use_figure="1" figure="0" font="DejaVu Sans" charset="1" bold="0" italic="0" underline="0" strikeout="0" symbol="9679" color="#386098ff" size="2" use_complex="0" />
+   <begin use_figure="1" figure="0" font="DejaVu Sans" charset="1" bold="0" italic="0" underline="0" strikeout="0" symbol="9679" color="#386098ff" size="2" use_complex="0" />
+   <gradient of="#fac83cff">
+    <color value="#fff0c8ff" />
+    <color value="#783c00ff" />
+   </gradient>
+  </style>
+ </lines>
+ <polygons />
+ <item caption="Roads" caption_ru="Дороги" index="-1" version="-1">
+  <item caption="Main road" caption_ru="Главная дорога" index="5" version="1" />
+ </item>
+</vx_style_library>
+)";
+
+/// Colours of the two layers of a road, as a step of its gradient.
+std::vector<Tvx_color> road_step(unsigned position, unsigned count)
+{
+    vx::owned<void, &vx_pln_style_destroy> const road(vx_pln_style_create());
+    EXPECT_TRUE(vx_global_lib_styles_get_spec_pln_gradient(0, 5, position, count, road.get()));
+    void *const line = vx_pln_style_get_bpln_style_ptr(road.get());
+    void *const layers = vx_cpx_style_get_style_lrs_ptr(vx_bpln_style_get_complex_style(line));
+    std::vector<Tvx_color> colors;
+    for (unsigned i = 0; i < vx_style_lrs_get_size(layers); ++i)
+        colors.push_back(vx_pln_line_lr_get_color(vx_style_lrs_get_lr_ptr(layers, i)));
+    return colors;
+}
+
+TEST(style_lib_files, speak_languages_name_their_source_and_give_gradients)
+{
+    storage_dir const storage;
+    std::filesystem::create_directories(storage / "style_libs");
+    write_file(storage / "style_libs/roads.slib", c_roads);
+    owned_libs const libs(vx_style_libs_create());
+    auto const file = wide(storage / "style_libs/roads.slib");
+    ASSERT_TRUE(vx_xml_data_load_style_lib(nullptr, file.c_str(), libs.get()));
+    void *const lib = vx_style_libs_get_lib_ptr(libs.get(), 0);
+    void *const main_road = vx_style_items_get_style_item_ptr(
+        vx_style_item_get_style_items_ptr(vx_style_lib_get_root_item_ptr(lib)), 0);
+    EXPECT_STREQ(L"Roads", vx_style_lib_get_name_w(lib));
+    ASSERT_TRUE(vx_options_set_language("ru"));
+    EXPECT_STREQ(L"Дороги", vx_style_lib_get_name_w(lib));
+    EXPECT_STREQ(L"Главная дорога", vx_style_item_get_caption_w(main_road));
+    vx_options_set_language("en");
+    EXPECT_STREQ(L"Main road", vx_style_item_get_caption_w(main_road));
+    EXPECT_EQ(file, vx_style_lib_get_file_w(lib));
+    void *const road = vx_style_list_get_idx_style(vx_style_lib_get_pln_list_ptr(lib), 0);
+    EXPECT_STREQ(L"our survey", vx_style_lib_get_source_w(lib, road));
+    EXPECT_STREQ(L"ODbL-1.0", vx_style_lib_get_licence_w(lib, road));
+    EXPECT_STREQ(L"CC0-1.0", vx_style_lib_get_licence_w(lib, nullptr));
+    ASSERT_TRUE(vx_xml_data_save_style_lib(nullptr, file.c_str(), lib));
+    EXPECT_EQ(c_roads, read_file(storage / "style_libs/roads.slib")) << "a merge finds nothing that differs";
+
+    auto const loader = vx_global_lib_styles_set_loader([](void *libs) {
+        auto const path = storage_path(L"style_libs") + L"/roads.slib";
+        return vx_xml_data_load_style_lib(nullptr, path.c_str(), libs);
+    });
+    constexpr Tvx_color c_casing = vx_clr_init_rgb(40, 40, 40);
+    EXPECT_EQ(road_step(0, 1), (std::vector{c_casing, vx_clr_init_rgba(250, 200, 60, 128)}));
+    EXPECT_EQ(road_step(0, 3), (std::vector{c_casing, vx_clr_init_rgba(255, 240, 200, 128)}));
+    EXPECT_EQ(road_step(2, 3), (std::vector{c_casing, vx_clr_init_rgba(120, 60, 0, 128)}));
+    vx_global_lib_styles_set_loader(loader);
 }
 
 TEST(style_lib_files, are_found_in_the_users_storage)

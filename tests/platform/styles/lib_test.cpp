@@ -4,6 +4,8 @@
 #include "platform/styles/vx_global_lib_styles.h"
 #include "platform/styles/vx_style_lib.h"
 
+#include <array>
+#include <cmath>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
@@ -141,16 +143,56 @@ TEST(style_lib, steps_of_a_gradient_run_from_light_to_dark_and_keep_the_rest)
     EXPECT_EQ(step(7, 4, 5), c_navy) << "a dark colour ends as it is";
     EXPECT_EQ(step(9, 0, 5), c_lemon) << "a light one begins so";
     EXPECT_EQ(step(7, 9, 5), step(7, 4, 5));
-    for (int const code : {7, 9}) {
-        int last = 1000;
-        for (unsigned i = 0; i < 5; ++i) {
-            Tvx_color const c = step(code, i, 5);
-            EXPECT_LT(c.r + c.g, last) << code << " " << i;
-            last = c.r + c.g;
-            EXPECT_EQ(c.a, code == 7 ? 200 : 255);
+    EXPECT_EQ(step(7, 2, 5).a, 200);
+    EXPECT_EQ(size_of(pnt.get()), 4);
+}
+
+/// OKLab, by its definition.
+std::array<double, 3> lab_of(Tvx_color c)
+{
+    auto const linear = [](int v) {
+        double const x = v / 255.0;
+        return x <= 0.04045 ? x / 12.92 : std::pow((x + 0.055) / 1.055, 2.4);
+    };
+    double const r = linear(c.r), g = linear(c.g), b = linear(c.b);
+    double const l = std::cbrt(0.4122214708 * r + 0.5363325363 * g + 0.0514459929 * b);
+    double const m = std::cbrt(0.2119034982 * r + 0.6806995451 * g + 0.1073969566 * b);
+    double const s = std::cbrt(0.0883024619 * r + 0.2817188376 * g + 0.6299787005 * b);
+    return {0.2104542553 * l + 0.7936177850 * m - 0.0040720468 * s,
+            1.9779984951 * l - 2.4285922050 * m + 0.4505937099 * s,
+            0.0259040371 * l + 0.7827717662 * m - 0.8086757660 * s};
+}
+
+TEST(style_lib, steps_of_any_colour_can_be_told_apart)
+{
+    vx_global_lib_styles_set_loader([](void *libs) {
+        void *lines = vx_style_lib_get_pln_list_ptr(vx_style_libs_add_lib(libs, L"Colours"));
+        for (int i = 0; i < 216; ++i) {
+            void *style = vx_idx_pln_style_get_pln_style_ptr(vx_style_list_add_idx_style(lines, i, 1));
+            vx_bpln_style_set_color(vx_pln_style_get_bpln_style_ptr(style),
+                                    vx_clr_init_rgb(i / 36 * 51, i / 6 % 6 * 51, i % 6 * 51));
         }
-    }
-    EXPECT_EQ(size_of(pnt.get()), 5);
+        return true;
+    });
+    vx::owned<void, &vx_pln_style_destroy> const pln(vx_pln_style_create());
+    for (int code = 0; code < 216; ++code)
+        for (unsigned const count : {2u, 5u, 20u}) {
+            std::array<double, 3> last{};
+            double even = 0;
+            for (unsigned i = 0; i < count; ++i) {
+                ASSERT_TRUE(vx_global_lib_styles_get_spec_pln_gradient(0, code, i, count, pln.get()));
+                auto const lab = lab_of(vx_bpln_style_get_color(vx_pln_style_get_bpln_style_ptr(pln.get())));
+                double const step = std::hypot(lab[0] - last[0], lab[1] - last[1], lab[2] - last[2]);
+                if (i > 0) {
+                    EXPECT_LT(lab[0], last[0]) << code << ": " << i << " of " << count;
+                    EXPECT_GT(step, 0.38 / (count - 1) - 0.004) << code << ": " << i << " of " << count;
+                    even = i == 1 ? step : even;
+                    EXPECT_NEAR(step, even, 0.5 * even) << code << ": " << i << " of " << count;
+                }
+                last = lab;
+            }
+        }
+    vx_global_lib_styles_set_loader(nullptr);
 }
 
 TEST(style_lib, text_search_walks_the_tree_without_regard_to_case)
@@ -166,7 +208,10 @@ TEST(style_lib, text_search_walks_the_tree_without_regard_to_case)
                        {L"überl", {L"ÜBERLAUF 7"}},
                        {L"city", {L"City"}},
                        {L"", {}},
+                       {L" \t", {}},
                        {L"sea", {}},
+                       {L" 7 über", {L"ÜBERLAUF 7"}},
+                       {L"water 7", {}},
                        {L"t", {L"City", L"Water", L"Waterfall"}}};
     for (auto const &t : table) {
         std::vector<std::wstring> found;

@@ -1,6 +1,5 @@
 #include "controls/forms/grids.h"
 #include "controls/prop/figure_dialog_form.h"
-#include "styles/complex/edit_cpx_style.h"
 #include "styles/simple/bpgn_edit.h"
 #include "styles/simple/bpln_edit.h"
 #include "styles/simple/bpnt_edit.h"
@@ -207,20 +206,4 @@ TEST_F(base_edits, lines_and_fills_have_fewer_rows)
     EXPECT_EQ(rows_of({fill->get_color(), fill->get_cpx_panel()}),
               std::vector<TControl *>{fill->get_color()});
     EXPECT_EQ(fill->get_color()->get_color(), next_color);
-}
-
-TEST_F(base_edits, nobody_is_led_to_a_style_that_nothing_edits)
-{
-    ASSERT_FALSE(vx_cpx_style_editor_exists());
-    auto *edit = add_edit<Tvx_bpln_edit>();
-    TWinControl *const box = edit->get_use_cpx()->get_check_box();
-    EXPECT_FALSE(box->GetEnabled());
-    EXPECT_FALSE(input::click(box));
-    EXPECT_FALSE(vx_bpln_style_get_use_complex(edit->get_bpln_style()));
-    vx_bpln_style_set_use_complex(edit->get_bpln_style(), true);
-    edit->update_controls();
-    EXPECT_FALSE(edit->get_cpx_panel()->get_button()->GetEnabled());
-    ASSERT_TRUE(input::click(box)) << "there is a way back";
-    EXPECT_FALSE(box->GetEnabled());
-    EXPECT_EQ(taken_events(), 1);
 }

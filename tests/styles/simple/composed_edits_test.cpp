@@ -1,6 +1,7 @@
 #include "styles/simple/pgn_stl_edit.h"
 #include "styles/simple/pln_stl_edit.h"
 #include "styles/simple/pnt_stl_edit.h"
+#include "support/paint_counter.h"
 #include "support/temp_dir.h"
 #include "tests/controls/prop/prop_form.h"
 
@@ -10,14 +11,9 @@
 #include "platform/styles/vx_global_lib_styles.h"
 #include "platform/styles/vx_style.h"
 #include "platform/styles/vx_style_lib.h"
-#include "platform/toolkit/bridge/qt_bridge.h"
 #include "platform/winapi/file.h"
 
-#include <QApplication>
-#include <QEvent>
-
 #include <cerrno>
-#include <set>
 
 namespace input = vx::user_input;
 
@@ -53,26 +49,6 @@ std::vector<std::string> visible_tabs(Tvx_page_control *pages)
 }
 
 using names = std::vector<std::string>;
-
-/// Which widgets were painted during its life.
-class paint_counter final : public QObject
-{
-public:
-    paint_counter() { qApp->installEventFilter(this); }
-    [[nodiscard]] int of(TControl const *control) const
-    {
-        return static_cast<int>(f_painted.count(vx_qt_widget(control)));
-    }
-    bool eventFilter(QObject *object, QEvent *event) override
-    {
-        if (event->type() == QEvent::Paint)
-            f_painted.insert(object);
-        return false;
-    }
-
-private:
-    std::multiset<QObject *> f_painted;
-};
 } // namespace
 
 TEST_F(composed_edits, tabs_of_a_line_follow_their_boxes)

@@ -297,6 +297,12 @@ bool attr_set::read_cells(std::size_t index, int milliseconds)
     return is_more;
 }
 
+double attr_set::read_part(std::size_t index) const
+{
+    auto const feed = f_column_feeds.find(index);
+    return feed == f_column_feeds.end() ? double(has_cells(index)) : feed->second->part();
+}
+
 void attr_set::take_place(void const *by) const
 {
     if (f_place_of == by && by)

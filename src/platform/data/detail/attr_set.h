@@ -51,6 +51,8 @@ public:
     /// Reads the column of a field for about so long. False when there is nothing left to read; `cells` gives
     /// it at once then.
     bool read_cells(std::size_t index, int milliseconds);
+    /// How much of the column of a field has been read, from 0 to 1.
+    [[nodiscard]] double read_part(std::size_t index) const;
     /// The cells of some records, all fields: what lies `first` from the beginning, `count` or less. Without
     /// reading columns; empty where the source is being read already or cannot be.
     [[nodiscard]] std::vector<column> read_records(std::size_t first, std::size_t count);

@@ -56,6 +56,8 @@ public:
     column_cells(int type, std::size_t records) : f_cells(empty_column(type, records)), f_left(records) {}
     column f_cells;
     bool f_is_good = true;
+    /// Records whose cells have not come yet.
+    [[nodiscard]] std::size_t left() const { return f_left; }
 
     bool visit_integers(unsigned long long count, int const *values, unsigned char const *defined) override
     {

@@ -64,6 +64,14 @@ bool column_feed::read_on(int milliseconds)
     return true;
 }
 
+double column_feed::part() const
+{
+    if (f_record_count == 0)
+        return 1;
+    std::size_t const read = f_runs ? f_record_count - f_runs->left() : f_features->f_size;
+    return double(read) / double(f_record_count);
+}
+
 column column_feed::take()
 {
     column cells = f_runs ? std::move(f_runs->f_cells) : std::move(f_features->f_cells.front());

@@ -29,6 +29,8 @@ public:
         if (f_walk)
             f_walk->lose_place();
     }
+    /// How much has been read, from 0 to 1.
+    [[nodiscard]] double part() const;
     /// What was read, ready for use.
     [[nodiscard]] column take();
 

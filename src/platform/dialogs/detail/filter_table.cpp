@@ -1,6 +1,7 @@
 #include "platform/dialogs/detail/filter_table.h"
 
 #include "platform/base/strutil.h"
+#include "platform/dialogs/column_reading.h"
 #include "platform/winapi/case_map.h"
 #include "platform/winapi/collation.h"
 
@@ -43,6 +44,8 @@ std::vector<std::wstring> filter_table::values(std::wstring const &name, std::ws
     if (!wanted)
         return {};
     auto found = f_values.find(wanted->index);
+    if (found == f_values.end() && !vx_attr_files_read_column(f_files.get(), wanted->index))
+        return {};
     if (found == f_values.end())
         found = f_values.emplace(wanted->index, read(*wanted, nullptr, c_most_values + 1)).first;
     if (found->second.size() <= c_most_values)
@@ -96,6 +99,10 @@ bool match_counter::step(std::chrono::milliseconds time)
 {
     constexpr unsigned c_objects_between_looks = 256;
     auto const end = std::chrono::steady_clock::now() + time;
+    for (int const field : f_row.fields())
+        if (vx_attr_files_read_on(f_table.get_files(), static_cast<unsigned>(field),
+                                  static_cast<int>(time.count())))
+            return false;
     unsigned const size = f_prepared ? f_table.get_size() : 0;
     while (f_next < size) {
         f_row.go_to(f_next++);

@@ -36,6 +36,7 @@ public:
     [[nodiscard]] field const *find(std::wstring const &name) const;
     /// The different values of a field, in order: numbers by value, texts as people sort them. Of a field
     /// with more than `c_most_values` those that begin with the text, and of them no more than that many.
+    /// None when the user has stopped the reading, which the next call takes up.
     [[nodiscard]] std::vector<std::wstring> values(std::wstring const &name, std::wstring const &beginning);
 
     [[nodiscard]] Ivx_attr_files *get_files() const { return f_files.get(); }

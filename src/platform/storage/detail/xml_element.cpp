@@ -209,6 +209,12 @@ void xml_out::field(char const *name, vx_fnt_type const &font)
     field("strikeout", font.strikeout);
 }
 
+void xml_out::field(char const *name, std::map<std::string, std::wstring> const &texts)
+{
+    for (auto const &[language, text] : texts)
+        field((name + ("_" + language)).c_str(), text);
+}
+
 xml_out xml_out::child(char const *name)
 {
     return xml_out(pugi::xml_node(f_node).append_child(name).internal_object());
@@ -348,6 +354,23 @@ void xml_in::field(char const *name, vx_fnt_type &font)
     font.charset = static_cast<unsigned char>(charset);
 }
 
+void xml_in::field(char const *name, std::map<std::string, std::wstring> &texts)
+{
+    std::string const prefix = name + std::string("_");
+    unsigned at = 0;
+    for (pugi::xml_attribute const attribute : pugi::xml_node(f_node).attributes()) {
+        std::string_view language = attribute.name();
+        bool const ours = language.starts_with(prefix);
+        language.remove_prefix(ours ? prefix.size() : 0);
+        if (ours && language.size() >= 2 && language.size() <= 3 &&
+            std::ranges::all_of(language, [](char c) { return c >= 'a' && c <= 'z'; })) {
+            texts[std::string(language)] = text::whole_utf8_to_wide(attribute.value());
+            f_taken |= taken_bit(at);
+        }
+        ++at;
+    }
+}
+
 bool xml_in::at(char const *name) const
 {
     return f_child && std::strcmp(pugi::xml_node(f_child).name(), name) == 0;
@@ -430,6 +453,7 @@ struct xml_file::content
     std::string bytes;                    ///< what was parsed: the document's names and texts lie in it
     std::vector<std::uint32_t> line_ends; ///< in them, as they were before they were parsed
     pugi::xml_document doc;
+    bool with_checksum = true; ///< of a file being written
 };
 
 namespace {
@@ -460,7 +484,8 @@ xml_file::~xml_file() = default;
 
 xml_fault xml_file::fault_at(char const *place, std::wstring reason) const
 {
-    auto const &[bytes, ends, doc] = *f_content;
+    auto const &bytes = f_content->bytes;
+    auto const &ends = f_content->line_ends;
     std::size_t line = 0;
     if (place && place >= bytes.data() && place <= bytes.data() + bytes.size()) {
         auto const at = static_cast<std::uint32_t>(place - bytes.data());
@@ -528,7 +553,7 @@ xml_in xml_file::root(reading &state)
     return {state, f_content->doc.document_element().internal_object()};
 }
 
-xml_out xml_file::make(char const *root_name, int version)
+xml_out xml_file::make(char const *root_name, int version, bool with_checksum)
 {
     pugi::xml_document &doc = f_content->doc;
     auto declaration = doc.append_child(pugi::node_declaration);
@@ -536,7 +561,9 @@ xml_out xml_file::make(char const *root_name, int version)
     declaration.append_attribute("encoding").set_value("UTF-8");
     auto root = doc.append_child(root_name);
     root.append_attribute("version").set_value(version);
-    root.append_attribute("crc").set_value(c_no_crc.data());
+    f_content->with_checksum = with_checksum;
+    if (with_checksum)
+        root.append_attribute("crc").set_value(c_no_crc.data());
     return xml_out(root.internal_object());
 }
 
@@ -552,10 +579,14 @@ std::string xml_file::bytes()
     };
     writer out;
     f_content->doc.save(out, " ", pugi::format_indent, pugi::encoding_utf8);
-    auto const digits = crc_place(out.bytes);
-    if (digits == out.bytes.npos || !within_limits(out.bytes))
+    if (!within_limits(out.bytes))
         return {};
-    out.bytes.replace(digits, c_no_crc.size(), crc_text(out.bytes, digits).data());
+    if (f_content->with_checksum) {
+        auto const digits = crc_place(out.bytes);
+        if (digits == out.bytes.npos)
+            return {};
+        out.bytes.replace(digits, c_no_crc.size(), crc_text(out.bytes, digits).data());
+    }
     return std::move(out.bytes);
 }
 } // namespace vx::storage

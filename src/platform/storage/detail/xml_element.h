@@ -4,6 +4,7 @@
 #include "platform/basic/vx_fnt_type.h"
 
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -35,6 +36,8 @@ public:
     void field(char const *name, std::string const &value);
     void field(char const *name, std::vector<double> const &values);
     void field(char const *name, vx_fnt_type const &font);
+    /// A text in further languages: the attribute `<name>_<language>` for each.
+    void field(char const *name, std::map<std::string, std::wstring> const &texts);
     /// A number that may be infinite or none.
     void bound(char const *name, double value);
     [[nodiscard]] xml_out child(char const *name);
@@ -71,6 +74,8 @@ public:
     void field(char const *name, std::string &value);
     void field(char const *name, std::vector<double> &values);
     void field(char const *name, vx_fnt_type &font);
+    /// Adds what there is; a language is two or three small letters.
+    void field(char const *name, std::map<std::string, std::wstring> &texts);
     void bound(char const *name, double &value);
     /// Whether the next child is an element of this name.
     [[nodiscard]] bool at(char const *name) const;
@@ -164,9 +169,9 @@ public:
     /// How the reading of a parsed file went.
     [[nodiscard]] xml_fault outcome(reading const &state) const;
 
-    /// Begins a file.
-    [[nodiscard]] xml_out make(char const *root_name, int version = 1);
-    /// The file's bytes with their checksum; empty when it is too large to be read again.
+    /// Begins a file. One that people merge as text goes without a checksum.
+    [[nodiscard]] xml_out make(char const *root_name, int version = 1, bool with_checksum = true);
+    /// The file's bytes, with their checksum if it has one; empty when it is too large to be read again.
     [[nodiscard]] std::string bytes();
 
 private:

@@ -239,6 +239,28 @@ void set_all_colors(cpx_style &style, Tvx_color color)
     }
 }
 
+bool replace_color(Tvx_color &color, Tvx_color of, Tvx_color by)
+{
+    if (color.r != of.r || color.g != of.g || color.b != of.b)
+        return false;
+    color = vx_clr_init_rgba(by.r, by.g, by.b, color.a);
+    return true;
+}
+
+bool replace_color(cpx_style &style, Tvx_color of, Tvx_color by)
+{
+    bool found = false;
+    for (auto &lr : style.lrs) {
+        if (Tvx_color *own = own_color(*lr))
+            found = replace_color(*own, of, by) || found;
+        if (auto *cart = std::get_if<pln_cart_lr>(&lr->data))
+            found = replace_color(cart->casing_color, of, by) || found;
+        if (cpx_slot *slot = nested(*lr); slot && slot->find())
+            found = replace_color(slot->get(), of, by) || found;
+    }
+    return found;
+}
+
 std::optional<double> leading_size(cpx_style const &style)
 {
     for (auto const &lr : style.lrs) {

@@ -212,6 +212,10 @@ struct cpx_style
 void set_leading_color(cpx_style &style, Tvx_color color);
 /// In all layers, nested styles included.
 void set_all_colors(cpx_style &style, Tvx_color color);
+/// Whether the colour is `of`, whatever its opacity, which stays; it then becomes `by`.
+bool replace_color(Tvx_color &color, Tvx_color of, Tvx_color by);
+/// The same in all layers, nested styles and casings included; whether there was one.
+bool replace_color(cpx_style &style, Tvx_color of, Tvx_color by);
 /// The leading size is that of the first layer that has one; setting it scales the lengths of all layers
 /// alike.
 [[nodiscard]] std::optional<double> leading_size(cpx_style const &style);

@@ -2,12 +2,38 @@
 
 #include "platform/styles/detail/style_model.h"
 
+#include <cstdint>
+#include <map>
 #include <memory>
+#include <optional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 /// Style libraries behind the opaque pointers. Everything keeps its address while it is in its list.
 namespace vx::styles {
+/// A text for people: in the language of its writer, and in others by their short names ("ru").
+struct spoken_text
+{
+    std::wstring text;
+    std::map<std::string, std::wstring> others;
+
+    /// In the language of the captions, else as its writer has it.
+    [[nodiscard]] std::wstring const &spoken() const;
+};
+
+/// How a style runs through the steps of a gradient: `of`, else its leading colour, is replaced wherever the
+/// style has it by colours on the way through `colors`. Without these the way is made from the colour itself.
+struct style_gradient
+{
+    std::optional<Tvx_color> of;
+    std::vector<Tvx_color> colors; ///< none, or at least two
+
+    /// Turns the style into a step; a position past the end is the last one. With less than two steps it
+    /// stays as it is.
+    void apply(any_style &style, unsigned position, unsigned count) const;
+};
+
 /// A style of a library under a number and a version. Several versions of one number may stand in a list.
 struct idx_style
 {
@@ -17,21 +43,38 @@ struct idx_style
     int index = 0;
     int version = 0;
     std::unique_ptr<any_style> style; ///< never null
+    style_gradient gradient;
+    std::wstring source;  ///< empty: that of the library
+    std::wstring licence; ///< the same
 };
 
-struct style_list
+/// Styles of one kind, in the order in which the library shows them.
+class style_list
 {
+public:
     explicit style_list(style_kind k) : kind(k) {}
+
+    /// The place of the first style of the index, or of the index and version; nothing if there is none.
+    /// Styles are added behind the others, and keep index and version.
+    [[nodiscard]] std::optional<unsigned> find(int index) const;
+    [[nodiscard]] std::optional<unsigned> find(int index, int version) const;
 
     style_kind kind; ///< pnt, pln or pgn
     std::vector<std::unique_ptr<idx_style>> styles;
+
+private:
+    void look_up() const;
+
+    mutable std::unordered_map<std::uint64_t, unsigned> f_places; ///< by index and version
+    mutable std::unordered_map<int, unsigned> f_first;            ///< by index
+    mutable std::size_t f_known = 0;                              ///< as many styles stand in the two
 };
 
 /// A node of a library's tree. It names a style by number and version; a node that only groups others names
 /// -1, -1.
 struct style_item
 {
-    std::wstring caption;
+    spoken_text caption;
     int index = -1;
     int version = -1;
     std::vector<std::unique_ptr<style_item>> items;
@@ -41,7 +84,10 @@ struct style_item
 
 struct style_lib
 {
-    std::wstring name;
+    spoken_text name;
+    std::wstring source; ///< where its styles come from
+    std::wstring licence;
+    std::wstring file; ///< that it was read from
     style_item root;
     style_list pnt{style_kind::pnt};
     style_list pln{style_kind::pln};

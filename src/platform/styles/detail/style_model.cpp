@@ -44,6 +44,16 @@ void put_all_colors(T &s, Tvx_color color)
 }
 
 template <class T>
+bool swap_color(T &s, Tvx_color of, Tvx_color by)
+{
+    if constexpr (requires { s.complex; }) {
+        if (s.use_complex)
+            return s.complex.find() && replace_color(s.complex.get(), of, by);
+    }
+    return replace_color(s.color, of, by);
+}
+
+template <class T>
 auto &own_size(T &s)
 {
     if constexpr (requires { s.size; })
@@ -180,6 +190,16 @@ public:
             style.color = color;
         else
             for_each_component(style, [&](auto &part) { put_all_colors(part, color); });
+    }
+    void replace_color(Tvx_color of, Tvx_color by) override
+    {
+        bool found = false;
+        if constexpr (c_plain)
+            found = styles::replace_color(style.color, of, by);
+        else
+            for_each_component(style, [&](auto &part) { found = swap_color(part, of, by) || found; });
+        if (!found)
+            set_color(vx_clr_init_rgba(by.r, by.g, by.b, color().a));
     }
     [[nodiscard]] double size() const override
     {

@@ -193,6 +193,9 @@ public:
     virtual void set_color(Tvx_color color) = 0;
     /// In all components and layers; of a text the letters alone.
     virtual void set_all_colors(Tvx_color color) = 0;
+    /// Puts `by` where the style has the colour `of`, in parts and layers and whatever their opacity, which
+    /// stays; in the leading colour if it has it nowhere.
+    virtual void replace_color(Tvx_color of, Tvx_color by) = 0;
     /// The leading size: of a point its size, of a line its width, of a polygon its outline's width, of a
     /// text its font's size. A colour has none, and reads 0.
     [[nodiscard]] virtual double size() const = 0;

@@ -35,6 +35,7 @@ constexpr std::string_view c_message = "QMessageBox";
 constexpr part c_parts[] = {
     {c_dialog, "Look in:", c_file_look_in},
     {c_dialog, "File &name:", c_file_name},
+    {c_dialog, "Directory:", c_file_directory},
     {c_dialog, "Files of type:", c_file_types},
     {c_dialog, "&Open", c_dlg_open_button}, // of the save button while a folder is chosen
     {c_dialog, "Back", c_file_back},

@@ -53,8 +53,7 @@ void field_reading::find_field()
 
 bool field_reading::goes_on(unsigned object)
 {
-    // The first value may have a whole column read, which nothing can be shown of: a window that came up for
-    // what is left of the reading would be gone at once.
+    // The first value may have a whole column read, which shows its progress itself.
     if (object == 0 && f_pass == 0)
         return true;
     if (!f_progress) {
@@ -63,6 +62,6 @@ bool field_reading::goes_on(unsigned object)
     }
     f_progress->set(static_cast<int>(100 * (f_pass + double(object) / f_count) / f_passes));
     // What waited for the user has had its turn: whoever opens the data too closes them here.
-    f_is_stopped = f_is_stopped || f_progress->is_stopped() || f_data.get_no(nullptr) != f_count;
+    f_is_stopped = f_is_stopped || f_progress->is_stopped() || f_opened.is_given_up();
     return !f_is_stopped;
 }

@@ -41,6 +41,7 @@ public:
             take(is_defined && std::isfinite(value), value);
         }
         ++f_pass;
+        f_is_stopped = f_is_stopped || f_opened.is_given_up();
         return !f_is_stopped;
     }
 

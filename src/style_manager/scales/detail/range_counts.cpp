@@ -24,8 +24,9 @@ bool Tvx_range_counts::has(void const *scale, std::wstring const &prop_name) con
 }
 
 std::vector<unsigned> const *Tvx_range_counts::get(void const *scale, std::wstring const &prop_name,
-                                                   Tvx_data_events const &data, TObject *sender)
+                                                   Tvx_data_events data, TObject *sender, bool &is_given_up)
 {
+    is_given_up = false;
     if (has(scale, prop_name))
         return &f_counts;
     f_counts.clear();
@@ -35,17 +36,24 @@ std::vector<unsigned> const *Tvx_range_counts::get(void const *scale, std::wstri
     if (!opened)
         return nullptr;
     vx_wait_cursor const waiting;
-    std::vector<unsigned> counts(vx_rng_scale_get_size(scale) + 3, 0);
     unsigned const objects = data.get_no(sender);
     int const found = vx_find_prop(data, sender, prop_name);
-    if (found < 0)
-        counts.back() = objects;
     auto const prop = static_cast<unsigned>(found);
+    std::vector<unsigned> counts;
     for (unsigned i = 0; found >= 0 && i < objects; ++i) {
         bool defined = false;
         double const value = data.get_val(sender, prop, i, defined);
+        if (i == 0) { // after events were handled, if the column had to be read
+            is_given_up = opened.is_given_up();
+            if (is_given_up)
+                return nullptr;
+            counts.resize(vx_rng_scale_get_size(scale) + 3);
+        }
         ++counts[defined ? vx_rng_scale_find(scale, value) : counts.size() - 1];
     }
+    counts.resize(vx_rng_scale_get_size(scale) + 3);
+    if (found < 0)
+        counts.back() = objects;
     f_counts = std::move(counts);
     f_bounds = bounds_of(scale);
     f_prop_name = prop_name;

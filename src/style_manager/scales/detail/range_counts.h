@@ -10,9 +10,10 @@ class Tvx_range_counts
 {
 public:
     /// Counts of the min row, the ranges, the max row and, last, the other row. Reads every object unless
-    /// they are at hand. Null without data.
+    /// they are at hand. Null without data, and when the reading was given up: this may have ended then, with
+    /// the sender.
     [[nodiscard]] std::vector<unsigned> const *get(void const *scale, std::wstring const &prop_name,
-                                                   Tvx_data_events const &data, TObject *sender);
+                                                   Tvx_data_events data, TObject *sender, bool &is_given_up);
     /// Whether `get` would answer without reading.
     [[nodiscard]] bool has(void const *scale, std::wstring const &prop_name) const;
     /// The data have changed.
