@@ -22,7 +22,7 @@
 
 namespace {
 using clock_type = std::chrono::steady_clock;
-constexpr auto c_show_after = std::chrono::milliseconds(333);
+constexpr auto c_show_after = std::chrono::milliseconds(500);
 constexpr auto c_refresh_after = std::chrono::milliseconds(40);
 
 constexpr int c_width = 380;

@@ -10,7 +10,7 @@ struct Ivx_progress;
 /// Begins a piece of work. The first one opens a window with a caption, a bar and a stop button, which blocks
 /// the other windows until the work has ended; work begun inside it adds a line to that window, and is
 /// stopped with it. Ended in the opposite order. The window is shown only for work that lasts: at the first
-/// `vx_progress_set` or `vx_progress_is_stopped` after a third of a second. Main thread only. Never null.
+/// `vx_progress_set` or `vx_progress_is_stopped` after half a second. Main thread only. Never null.
 [[nodiscard]] VX_API Ivx_progress *vx_progress_start(wchar_t const *caption);
 /// Closes the line, and the window with the first one. Work that was begun later and not ended is ended too.
 /// Null is accepted, as in all of these.
