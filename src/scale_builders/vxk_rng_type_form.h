@@ -2,6 +2,8 @@
 
 // Umbrella header for users of the library; written by tools/make_umbrella_headers.py.
 
+#include "scale_builders/common/builder_form.h"
+#include "scale_builders/common/choice_panel.h"
 #include "scale_builders/range/rng_choice_panels.h"
 #include "scale_builders/range/rng_exec.h"
 #include "scale_builders/range/rng_logarithm_params_panel.h"

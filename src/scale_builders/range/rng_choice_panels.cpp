@@ -1,7 +1,7 @@
 #include "scale_builders/range/rng_choice_panels.h"
 
 #include "captions/builders.h"
-#include "scale_builders/range/detail/rows.h"
+#include "scale_builders/common/detail/rows.h"
 #include "scale_builders/range/rng_params.h"
 #include "scale_builders/range/rng_type_dlg.h"
 #include "scale_engine/range/range_scale_classify_log.h"
@@ -25,18 +25,13 @@ constexpr std::array<coefficient, 4> c_coefficients{{{0.5, L"1/2 "}, {1, L"1 "},
 constexpr unsigned c_coefficient_of_one = 1;
 constexpr double c_near = 0.1;
 
-struct kind
-{
-    int type;
-    wchar_t const *text; ///< until the captions are loaded
-    int caption;
-};
-constexpr std::array<kind, 5> c_kinds{{{c_rng_builder_equal_ranges, L"Min and max", c_bld_equal_ranges},
-                                       {c_rng_builder_std_dev, L"Standart deviation", c_bld_std_dev},
-                                       {c_rng_builder_logarithm, L"Logaritmic", c_bld_logarithm},
-                                       {c_rng_builder_log_space, L"Logspace", c_bld_log_space},
-                                       {c_rng_builder_natural, L"Natural", c_bld_natural}}};
-constexpr int c_kind_caption_width = 100;
+/// Natural breaks are the last one.
+constexpr std::array<Tvx_builder_choice, 5> c_kinds{
+    {{c_rng_builder_equal_ranges, L"Min and max", c_bld_equal_ranges},
+     {c_rng_builder_std_dev, L"Standart deviation", c_bld_std_dev},
+     {c_rng_builder_logarithm, L"Logaritmic", c_bld_logarithm},
+     {c_rng_builder_log_space, L"Logspace", c_bld_log_space},
+     {c_rng_builder_natural, L"Natural", c_bld_natural}}};
 
 /// A box over the whole of a panel.
 Tvx_vcl_select_box_panel *fill_with_box(Tvx_vcl_panel *panel)
@@ -152,31 +147,31 @@ void Tvx_vcl_log_start_panel::update_select_box()
 
 void Tvx_vcl_rng_type_select_panel::create()
 {
-    Tvx_vcl_panel::create();
-    f_group = vx::builders::add_group(this);
-    f_box = builders::add_row<Tvx_vcl_select_box_panel>(f_group);
-    f_box->set_caption_width(c_kind_caption_width);
-    for (auto const &kind : c_kinds)
-        if (kind.type != c_rng_builder_natural || vx_rng_type_get_offer_natural())
-            f_box->add_item(kind.text, static_cast<unsigned>(kind.type));
-    f_box->set_on_change(make_closure<&Tvx_vcl_rng_type_select_panel::on_box_change>(this));
+    f_offers_natural = vx_rng_type_get_offer_natural();
+    Tvx_vcl_choice_panel::create();
 }
 
-void Tvx_vcl_rng_type_select_panel::load_rc()
+std::span<Tvx_builder_choice const> Tvx_vcl_rng_type_select_panel::choices() const
 {
-    f_group->SetText(vx_res_get_wstr(c_bld_method));
-    f_box->set_caption(vx_res_get_wstr(c_bld_kind));
-    // A place that the list does not have is passed over.
-    for (std::size_t i = 0; i < c_kinds.size(); ++i)
-        f_box->set_item_captions(static_cast<int>(i), vx_res_get_wstr(c_kinds[i].caption));
+    return std::span(c_kinds).first(c_kinds.size() - (f_offers_natural ? 0 : 1));
+}
+
+int Tvx_vcl_rng_type_select_panel::group_caption() const
+{
+    return c_bld_method;
+}
+
+int Tvx_vcl_rng_type_select_panel::box_caption() const
+{
+    return c_bld_kind;
 }
 
 int Tvx_vcl_rng_type_select_panel::get_rng_type() const
 {
-    return static_cast<int>(f_box->get_active_idx());
+    return static_cast<int>(get_box()->get_active_idx());
 }
 
 void Tvx_vcl_rng_type_select_panel::set_rng_type(int type)
 {
-    f_box->set_active_idx(static_cast<unsigned>(type));
+    get_box()->set_active_idx(static_cast<unsigned>(type));
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/forms/vcl_select_box.h"
+#include "scale_builders/common/choice_panel.h"
 
 /// Boxes in which the range builder offers some choices. All operations need `create`; setters fire nothing.
 
@@ -74,28 +75,25 @@ private:
     int f_digit_count = -2;
 };
 
-/// The kinds of classification in a group box; ids are the builder types (rng_params.h). Natural breaks are
-/// offered where the host wants them (rng_type_dlg.h).
-class VX_API Tvx_vcl_rng_type_select_panel : public Tvx_vcl_panel
+/// The kinds of classification; ids are the builder types (rng_params.h). Natural breaks are offered where
+/// the host wants them (rng_type_dlg.h).
+class VX_API Tvx_vcl_rng_type_select_panel : public Tvx_vcl_choice_panel
 {
 public:
-    using Tvx_vcl_panel::Tvx_vcl_panel;
+    using Tvx_vcl_choice_panel::Tvx_vcl_choice_panel;
 
     void create() override;
-    void load_rc() override;
 
     /// 0 while nothing is chosen.
     [[nodiscard]] int get_rng_type() const;
     /// Nothing is chosen for a kind that is not offered.
     void set_rng_type(int type);
-    [[nodiscard]] Tvx_vcl_select_box_panel *get_box() const { return f_box; }
 
-    /// The user chose; the sender is the panel.
-    closure<void(TObject *)> on_change;
+protected:
+    std::span<Tvx_builder_choice const> choices() const override;
+    int group_caption() const override;
+    int box_caption() const override;
 
 private:
-    void on_box_change(TObject *) { on_change(this); }
-
-    TWinControl *f_group = nullptr;
-    Tvx_vcl_select_box_panel *f_box = nullptr;
+    bool f_offers_natural = false;
 };

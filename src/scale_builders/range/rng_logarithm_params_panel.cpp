@@ -2,7 +2,7 @@
 
 #include "captions/builders.h"
 #include "controls/prop/clr_vsb_panel.h"
-#include "scale_builders/range/detail/rows.h"
+#include "scale_builders/common/detail/rows.h"
 #include "scale_builders/range/rng_choice_panels.h"
 #include "scale_builders/range/rng_exec.h"
 #include "scale_builders/range/rng_params.h"

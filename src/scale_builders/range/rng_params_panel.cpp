@@ -1,7 +1,7 @@
 #include "scale_builders/range/rng_params_panel.h"
 
 #include "captions/builders.h"
-#include "scale_builders/range/detail/rows.h"
+#include "scale_builders/common/detail/rows.h"
 #include "scale_builders/range/rng_choice_panels.h"
 #include "scale_builders/range/rng_logarithm_params_panel.h"
 #include "scale_builders/range/rng_param_panels.h"

@@ -1,7 +1,8 @@
 #include "scale_builders/range/rng_sample_calc.h"
 
-#include "scale_builders/range/detail/field_reading.h"
+#include "scale_builders/common/detail/field_reading.h"
 
+#include "platform/styles/vx_stl_mngr.h"
 #include "platform/toolkit/core/screen.h"
 
 #include <algorithm>
@@ -17,7 +18,7 @@ bool Tvx_rng_sample_calc::execute(std::vector<double> &values, void *stl_mngr, T
                                   double min, double max)
 {
     vx_wait_cursor const waiting;
-    field_reading field(stl_mngr, data, 1);
+    field_reading field(vx_stl_mngr_get_rng_prop_name(stl_mngr), field_kind::usable_numeric, data, 1);
     std::vector<double> sample;
     auto const [low, high] = std::minmax(min, max);
     std::mt19937_64 generator(c_seed);
@@ -32,7 +33,7 @@ bool Tvx_rng_sample_calc::execute(std::vector<double> &values, void *stl_mngr, T
         else if (auto const place = generator() % seen; place < c_sample)
             sample[place] = value;
     };
-    if (field.is_found() && !field.walk(take))
+    if (field.get_field() && !field.walk(take))
         return false;
     values = std::move(sample);
     return true;

@@ -1,7 +1,7 @@
 #include "scale_builders/range/rng_stat_info_panel.h"
 
 #include "captions/builders.h"
-#include "scale_builders/range/detail/rows.h"
+#include "scale_builders/common/detail/rows.h"
 
 #include "platform/basic/vx_res.h"
 

@@ -1,12 +1,13 @@
 #include "scale_builders/range/rng_statistic_calc.h"
 
 #include "captions/builders.h"
-#include "scale_builders/range/detail/field_reading.h"
+#include "scale_builders/common/detail/field_reading.h"
 
 #include "platform/base/strutil.h"
 #include "platform/base/text_codec.h"
 #include "platform/basic/vx_res.h"
 #include "platform/dialogs/vx_msgs.h"
+#include "platform/styles/vx_stl_mngr.h"
 #include "platform/toolkit/core/screen.h"
 
 #include <algorithm>
@@ -51,13 +52,14 @@ bool Tvx_rng_statistic_calc::do_execute()
 {
     constexpr int c_passes = 2;
     vx_wait_cursor const waiting;
-    field_reading field(f_stl_mngr, f_data, c_passes);
-    if (!field.is_found()) {
+    field_reading field(vx_stl_mngr_get_rng_prop_name(f_stl_mngr), field_kind::usable_numeric, f_data,
+                        c_passes);
+    if (!field.get_field()) {
         auto const name = vx::text::to_wide(field.get_name());
         vx_show_werror(vx::strutil::format(vx_res_get_wstr(c_bld_no_field), name.c_str()).c_str());
         return true;
     }
-    if (bool has_values = false; take_ready(field.get_prop(), has_values))
+    if (bool has_values = false; take_ready(static_cast<unsigned>(field.get_field().prop), has_values))
         return has_values;
     auto &found = f_statistic;
     double sum = 0;

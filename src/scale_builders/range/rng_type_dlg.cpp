@@ -5,23 +5,6 @@
 
 namespace {
 bool offers_natural = false;
-
-Tvx_data_events gathered(Tvx_data_open_event open, Tvx_data_close_event close, Tvx_data_get_np_event get_np,
-                         Tvx_data_get_no_event get_no, Tvx_data_get_prop_event get_prop,
-                         Tvx_data_get_stat_event get_stat, Tvx_data_get_str_event get_str,
-                         Tvx_data_get_val_event get_val)
-{
-    Tvx_data_events data;
-    data.open = open;
-    data.close = close;
-    data.get_np = get_np;
-    data.get_no = get_no;
-    data.get_prop = get_prop;
-    data.get_stat = get_stat;
-    data.get_str = get_str;
-    data.get_val = get_val;
-    return data;
-}
 } // namespace
 
 bool vx_rng_type_dlg(int x, int y, void *stl_mngr, Tvx_data_open_event on_data_open,
@@ -34,8 +17,8 @@ bool vx_rng_type_dlg(int x, int y, void *stl_mngr, Tvx_data_open_event on_data_o
         return false;
     Tvx_vcl_rng_type_form form(nullptr);
     return form.dialog(x, y, stl_mngr,
-                       gathered(on_data_open, on_data_close, on_data_get_np, on_data_get_no, on_data_get_prop,
-                                on_data_get_stat, on_data_get_str, on_data_get_val));
+                       vx_gather_data(on_data_open, on_data_close, on_data_get_np, on_data_get_no,
+                                      on_data_get_prop, on_data_get_stat, on_data_get_str, on_data_get_val));
 }
 
 bool vx_rng_type_rescale(void *stl_mngr, Tvx_data_open_event on_data_open, Tvx_data_close_event on_data_close,
@@ -43,9 +26,9 @@ bool vx_rng_type_rescale(void *stl_mngr, Tvx_data_open_event on_data_open, Tvx_d
                          Tvx_data_get_prop_event on_data_get_prop, Tvx_data_get_stat_event on_data_get_stat,
                          Tvx_data_get_str_event on_data_get_str, Tvx_data_get_val_event on_data_get_val)
 {
-    return Tvx_rng_rescale::execute(stl_mngr, gathered(on_data_open, on_data_close, on_data_get_np,
-                                                       on_data_get_no, on_data_get_prop, on_data_get_stat,
-                                                       on_data_get_str, on_data_get_val));
+    return Tvx_rng_rescale::execute(
+        stl_mngr, vx_gather_data(on_data_open, on_data_close, on_data_get_np, on_data_get_no,
+                                 on_data_get_prop, on_data_get_stat, on_data_get_str, on_data_get_val));
 }
 
 void vx_rng_type_set_offer_natural(bool offer)
