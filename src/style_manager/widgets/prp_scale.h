@@ -12,6 +12,8 @@ public:
 
     void create();
     void load_res();
+    /// In place of the caption that `load_res` gives.
+    void set_caption(UnicodeString const &caption) { f_label->SetCaption(caption); }
     /// Reads the list anew. Fires nothing.
     void update_controls();
 
