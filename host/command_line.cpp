@@ -62,6 +62,7 @@ private:
             ++f_at;
         else if (!take_value(argument, "--lang", f_line.language) &&
                  !take_value(argument, "--shot", f_line.shot_directory) &&
+                 !take_value(argument, "--style-sheets", f_line.sheet_directory) &&
                  !take_value(argument, "--data", f_line.data_directory))
             f_line.error = text(c_cap_line_unknown_option, {argument});
     }
@@ -87,7 +88,7 @@ private:
             return;
         if (!f_line.language.empty() && !knows_language())
             f_line.error = text(c_cap_line_unknown_language, {f_line.language, known_languages()});
-        else if (f_line.headless && f_line.shot_directory.empty())
+        else if (f_line.headless && f_line.shot_directory.empty() && f_line.sheet_directory.empty())
             f_line.error = text(c_cap_line_needs_shot);
     }
 

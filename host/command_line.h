@@ -13,6 +13,8 @@ struct Tvx_command_line
     std::string shot_directory;
     /// Folder of the example data for the tour; empty for the one that came with the program.
     std::string data_directory;
+    /// Folder for pictures of style libraries, which `files` then are; empty for ordinary work.
+    std::string sheet_directory;
     bool headless = false;
     bool help = false;
     bool version = false;

@@ -2,6 +2,7 @@
 
 #include "host/map_window.h"
 #include "host/offscreen.h"
+#include "host/style_sheets.h"
 #include "host/tour.h"
 #include "scale_builders/range/rng_type_dlg.h"
 
@@ -80,7 +81,8 @@ int run_window(Tvx_command_line const &line)
 int vx_map_application_run(int argc, char **argv, Tvx_command_line const &line)
 {
     std::optional<Tvx_offscreen> screen;
-    if (line.headless) {
+    bool const sheets = !line.sheet_directory.empty();
+    if (line.headless || sheets) {
         screen.emplace("vx_map");
     } else if (!has_display(argc, argv)) {
         std::fputs("vx_map: there is no display. Use --headless --shot DIR for pictures without one.\n",
@@ -92,6 +94,9 @@ int vx_map_application_run(int argc, char **argv, Tvx_command_line const &line)
     QApplication::setApplicationName(QStringLiteral("vx_map"));
     if (!line.language.empty())
         vx_options_set_language(line.language.c_str());
+    if (sheets)
+        return vx_style_sheets_write(file_names(line), QFile::decodeName(line.sheet_directory.c_str())) ? 0
+                                                                                                        : 1;
     // The style dialogs come from one of the bundles, which nothing else asks for.
     vx_bundles_load();
     vx_rng_type_set_offer_natural(true);

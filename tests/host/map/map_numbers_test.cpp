@@ -120,6 +120,9 @@ TEST(command_line, is_read)
     EXPECT_EQ(line.language, "ru");
     EXPECT_EQ(line.shot_directory, "out");
     EXPECT_TRUE(line.headless);
+    Tvx_command_line const sheets = vx_command_line_parse({"--style-sheets=out", "a.slib"});
+    EXPECT_EQ(sheets.error, "");
+    EXPECT_EQ(sheets.sheet_directory, "out");
 }
 
 TEST(command_line, what_is_wrong_is_told)
