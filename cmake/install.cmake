@@ -9,6 +9,7 @@ if(vx_bundles)
     add_dependencies(vxk_bundles ${vx_bundles})
     install(TARGETS ${vx_bundles} LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/vxk_bundles)
 endif()
+install(DIRECTORY ${CMAKE_SOURCE_DIR}/resources/style_libs DESTINATION ${CMAKE_INSTALL_DATADIR}/vxk)
 if(TARGET vx_map)
     install(TARGETS vx_map RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
     # Where vx_map looks for what its tour opens.

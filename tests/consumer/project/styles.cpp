@@ -3,7 +3,9 @@
 #include "exports/vxk_style_dialog_api.h"
 #include "user_input/user_input.h"
 
+#include "platform/styles/vx_global_lib_styles.h"
 #include "platform/styles/vx_style.h"
+#include "platform/styles/vx_style_lib.h"
 #include "platform/winapi/library.h"
 
 #include <cstdio>
@@ -23,6 +25,9 @@ void check(bool ok, char const *what)
 
 int main()
 {
+    check(vx_global_lib_styles_load(), "there are style libraries");
+    check(vx_style_libs_get_size(vx_global_lib_styles_get_libs()) >= 4,
+          "the starter libraries are installed");
     void *const style = vx_pnt_style_create();
     check(!vx_pnt_style_dialog(0, 0, style), "no module, no dialog");
     check(LoadLibraryW(L"vxk_scene2d_editor_bdl.dll") != nullptr, "the module is installed");
