@@ -182,10 +182,16 @@ bool load_global_libs(void *libs)
     Tvx_std_wstring_adapter adapter(users);
     vx_ini_data_get_storage_path(ini.get(), c_lib_folder, adapter);
     bool any = false;
+    Ivx_xml_data reading;
     for (auto const &directory : {users, vx_library_get_own_directory() + std::wstring(c_shared_folder)})
         if (!directory.empty())
-            for (auto const &file : lib_files(directory))
-                any = vx_xml_data_load_style_lib(nullptr, file.c_str(), libs) || any;
+            for (auto const &file : lib_files(directory)) {
+                if (vx_xml_data_load_style_lib(&reading, file.c_str(), libs))
+                    any = true;
+                else // of a reason, its sentence
+                    static_cast<style_libs *>(libs)->faults.push_back(
+                        reading.error.substr(0, reading.error.find(L'\n')));
+            }
     return any;
 }
 

@@ -83,6 +83,7 @@ bool vx_global_lib_styles_load()
     global_libs &g = globals();
     if (g.libs.libs.empty() && g.loader) {
         g.tried = true;
+        g.libs.faults.clear();
         if (!g.loader(&g.libs))
             g.libs.libs.clear();
     }
@@ -92,6 +93,14 @@ bool vx_global_lib_styles_load()
 bool vx_global_lib_styles_exists()
 {
     return !ready_libs().libs.empty();
+}
+
+void vx_global_lib_styles_take_faults(Ivx_string_adp *adp)
+{
+    std::wstring all;
+    for (auto const &fault : std::exchange(ready_libs().faults, {}))
+        all += (all.empty() ? L"" : L"\n") + fault;
+    vx_string_adp_feed(adp, all.c_str());
 }
 
 void *vx_global_lib_styles_get_libs()
@@ -149,7 +158,7 @@ void *vx_global_lib_styles_get_spec_style_item(int lib, int code)
 Tvx_style_libs_loader vx_global_lib_styles_set_loader(Tvx_style_libs_loader loader)
 {
     global_libs &g = globals();
-    g.libs.libs.clear();
+    g.libs = {};
     g.tried = false;
     return std::exchange(g.loader, loader);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/base/export.h"
+#include "platform/base/string_adp.h"
 
 /// The style libraries of the process, one list (vx_style_lib.h). They are read once, by the loader that the
 /// storage sets, when something first asks for them, and stay until the loader is set again: pointers into
@@ -10,6 +11,9 @@
 [[nodiscard]] VX_API bool vx_global_lib_styles_load();
 /// Whether there is a library. A reading that failed before is not tried again.
 [[nodiscard]] VX_API bool vx_global_lib_styles_exists();
+/// What could not be read at the last reading, a sentence in a line of its own for each, empty for nothing.
+/// It is told once: a second call gives nothing.
+VX_API void vx_global_lib_styles_take_faults(Ivx_string_adp *adp);
 /// The list of libraries; never null.
 [[nodiscard]] VX_API void *vx_global_lib_styles_get_libs();
 /// The names of the libraries as a list of wide strings, which the caller ends with `vx_wstrings_destroy`.

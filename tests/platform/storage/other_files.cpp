@@ -374,6 +374,13 @@ TEST(style_lib_files, are_found_in_the_users_storage)
     write_file(storage / "style_libs/damaged.slib", "<vx_style_library");
     write_file(storage / "style_libs/readme.txt", "no library");
     ASSERT_TRUE(vx_global_lib_styles_load());
+    auto const faults = [] {
+        return text_from([](Ivx_string_adp *adp) { vx_global_lib_styles_take_faults(adp); });
+    };
+    auto const told = faults();
+    EXPECT_NE(told.find(L"damaged.slib"), told.npos);
+    EXPECT_EQ(told.find(L'\n'), told.npos) << told;
+    EXPECT_EQ(faults(), L"") << "told once";
     void *const global = vx_global_lib_styles_get_libs();
     ASSERT_LE(2u, vx_style_libs_get_size(global));
     EXPECT_STREQ(L"first", vx_style_lib_get_name_w(vx_style_libs_get_lib_ptr(global, 0)));

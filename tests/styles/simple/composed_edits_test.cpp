@@ -1,3 +1,6 @@
+#include "styles/libraries/lib_panel.h"
+#include "styles/libraries/lib_style_panel.h"
+#include "styles/libraries/style_libs_form.h"
 #include "styles/simple/pgn_stl_edit.h"
 #include "styles/simple/pln_stl_edit.h"
 #include "styles/simple/pnt_stl_edit.h"
@@ -331,22 +334,35 @@ TEST_F(style_files, stay_whole_on_a_full_disk)
 
 TEST_F(composed_edits, the_library_button_needs_a_library)
 {
-    vx_global_lib_styles_set_loader(nullptr);
+    auto const loader = vx_global_lib_styles_set_loader(nullptr);
     auto *edit = add_edit<Tvx_pnt_stl_edit>();
     Tvx_lib_stl_panel *const strip = edit->get_lib_panel();
     EXPECT_FALSE(strip->get_main_btn()->GetShowing());
     EXPECT_TRUE(strip->get_load_btn()->GetShowing() && strip->get_save_btn()->GetShowing());
     EXPECT_EQ(strip->get_load_btn()->GetWidth(), strip->get_load_btn()->GetHeight());
 
-    vx_global_lib_styles_set_loader(
-        [](void *libs) { return vx_style_libs_add_lib(libs, L"Signs") != nullptr; });
+    vx_global_lib_styles_set_loader([](void *libs) {
+        void *const list = vx_style_lib_get_pnt_list_ptr(vx_style_libs_add_lib(libs, L"Signs"));
+        void *const style = vx_idx_pnt_style_get_pnt_style_ptr(vx_style_list_add_idx_style(list, 1, 1));
+        vx_bpnt_style_set_size(vx_pnt_style_get_bpnt_style_ptr(style), 7);
+        return true;
+    });
     edit->update_controls();
     input::wait_idle();
-    ASSERT_TRUE(input::click(strip->get_main_btn()));
-    EXPECT_EQ(taken_events(), 0) << "nothing was taken over";
+    for (bool const takes : {false, true}) {
+        input::on_next_modal([&](input::modal_window const &window) {
+            EXPECT_EQ(window.title(), L"Style libraries");
+            auto const &browser = dynamic_cast<Tvx_style_libs_form &>(*window.form());
+            ASSERT_TRUE(input::click_tab(browser.get_lib_panel()->get_style_panel()->get_pages(), 1));
+            window.press_button(takes ? L"Apply" : L"Cancel");
+        });
+        ASSERT_TRUE(input::click(strip->get_main_btn()));
+        EXPECT_EQ(taken_events(), takes);
+        EXPECT_EQ(edit->get_bpnt_edit()->get_size()->get_size(), takes ? 7 : 2);
+    }
     strip->set_on_click(recorder());
     ASSERT_TRUE(input::click(strip->get_main_btn()));
     EXPECT_EQ(taken_events(), 1);
     EXPECT_EQ(strip->get_on_click(), recorder());
-    vx_global_lib_styles_set_loader(nullptr);
+    vx_global_lib_styles_set_loader(loader);
 }

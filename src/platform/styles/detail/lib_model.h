@@ -97,5 +97,6 @@ struct style_lib
 struct style_libs
 {
     std::vector<std::unique_ptr<style_lib>> libs;
+    std::vector<std::wstring> faults; ///< what could not be read, a sentence for each
 };
 } // namespace vx::styles

@@ -1,0 +1,2 @@
+# Paint events are counted at the widgets themselves.
+target_link_libraries(${test_target} PRIVATE Qt6::Core Qt6::Gui Qt6::Widgets)
