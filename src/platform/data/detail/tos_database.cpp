@@ -13,7 +13,7 @@
 
 namespace vx::tos {
 namespace {
-constexpr int c_page = 8192;
+constexpr int c_page = 16384;
 constexpr int c_longest_value = 64 << 10; ///< bytes of a row; ours have less
 constexpr int c_longest_words = 8 << 10;
 constexpr int c_most_tables = 32;
