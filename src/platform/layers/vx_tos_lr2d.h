@@ -18,6 +18,8 @@ VX_API void vx_tos_grid_lr2d_set_opacity(Ivx_layer *layer, double opacity);
 VX_API void vx_tos_grid_lr2d_set_interpolate(Ivx_layer *layer, bool interpolate);
 /// The manager of the colour scale, of style type "clr_style"; the layer's own.
 [[nodiscard]] VX_API void *vx_tos_grid_lr2d_get_clr_stl_mngr_ptr(Ivx_layer *layer);
+/// The channels of the draw types channels and gray (platform/basic/vx_clr_channel.h); the layer's own.
+[[nodiscard]] VX_API void *vx_tos_grid_lr2d_get_rgb_channels_ptr(Ivx_layer *layer);
 
 /// Slice shown, from 0; a number outside the stack is cut.
 [[nodiscard]] VX_API int vx_tos_slice_lr2d_get_zslice(Ivx_layer const *layer);

@@ -3,6 +3,9 @@
 #include "platform/layers/layer_keys.h"
 #include "platform/layers/vx_rtr_lr2d.h"
 
+#include <algorithm>
+#include <limits>
+
 namespace vx::layers {
 rtr_layer::rtr_layer() : Ivx_layer(c_lr_key_rtr)
 {
@@ -15,11 +18,97 @@ std::unique_ptr<Ivx_layer> rtr_layer::clone() const
     copy->draw_type = draw_type;
     copy->transparent = transparent;
     copy->opacity = opacity;
+    copy->source = source;
+    for (auto const &[band, stat] : statistics) {
+        auto &kept = copy->statistics[band];
+        kept.reset(vx_stat_create());
+        vx_stat_assign(kept.get(), stat.get());
+    }
+    copy->channels.reset(vx_rgb_channels_clone(channels.get()));
+    copy->has_fed_channels = has_fed_channels;
     return copy;
+}
+
+void rtr_layer::file_name_changed()
+{
+    source.reset();
+    statistics.clear();
+    channels.reset(vx_rgb_channels_create());
+    has_fed_channels = false;
+}
+
+Tvx_rtr_source &rtr_layer::opened_source()
+{
+    if (!source)
+        source = std::make_shared<Tvx_rtr_source>(file_name);
+    return *source;
+}
+
+Tvx_stat_data *rtr_layer::statistic(unsigned band)
+{
+    if (band >= opened_source().bands().size())
+        return nullptr;
+    auto &stat = statistics[band];
+    if (!stat)
+        stat.reset(vx_stat_create());
+    return stat.get();
+}
+
+void *rtr_layer::rgb_channels()
+{
+    auto const &bands = opened_source().bands();
+    if (has_fed_channels || bands.empty())
+        return channels.get();
+    has_fed_channels = true;
+    auto const feed = [&](void *channel, std::size_t band) {
+        unsigned const of = static_cast<unsigned>(std::min(band, bands.size() - 1));
+        double low = 0, high = 0;
+        vx_clr_channel_set_prop_name_w(channel, bands[of].c_str());
+        if (source->is_bytes(of) || !source->quick_bounds(of, low, high))
+            return;
+        vx_clr_channel_set_min(channel, low);
+        vx_clr_channel_set_max(channel, high);
+    };
+    feed(vx_rgb_channels_get_red(channels.get()), 0);
+    feed(vx_rgb_channels_get_green(channels.get()), 1);
+    feed(vx_rgb_channels_get_blue(channels.get()), 2);
+    feed(vx_rgb_channels_get_gray(channels.get()), 0);
+    return channels.get();
 }
 } // namespace vx::layers
 
+struct Tvx_rtr_stat
+{
+    Tvx_rtr_source &source;
+    unsigned band;
+};
+
 using vx::layers::rtr_layer;
+
+namespace {
+bool fill_histogram(Tvx_rtr_source &source, unsigned band, Tvx_stat_data *stat)
+{
+    return (vx_stat_has_statistic(stat) || source.compute_stat(band, stat)) &&
+           source.compute_histogram(band, stat, vx_stat_get_minimum(stat, nullptr),
+                                    vx_stat_get_maximum(stat, nullptr));
+}
+
+/// The band's record with its histogram; null when there is none.
+Tvx_stat_data *with_histogram(Ivx_layer *layer, unsigned band)
+{
+    auto *const raster = vx::layers::as<rtr_layer>(layer);
+    auto *const stat = raster ? raster->statistic(band) : nullptr;
+    bool const has = stat && vx_stat_has_statistic(stat) && vx_stat_has_histogramm(stat);
+    return has || (stat && fill_histogram(raster->opened_source(), band, stat)) ? stat : nullptr;
+}
+
+template <class T>
+void tell(T *out, T value)
+{
+    if (out)
+        *out = value;
+}
+} // namespace
 
 Ivx_layer *vx_rtr_lr2d_create(wchar_t const *source)
 {
@@ -58,4 +147,83 @@ void vx_rtr_lr2d_set_opacity(Ivx_layer *layer, double opacity)
 {
     if (vx::layers::cut_opacity(opacity))
         vx::layers::set(layer, &rtr_layer::opacity, opacity);
+}
+
+void *vx_rtr_lr2d_get_rgb_channels_ptr(Ivx_layer *layer)
+{
+    auto *const raster = vx::layers::as<rtr_layer>(layer);
+    return raster ? raster->rgb_channels() : nullptr;
+}
+
+// ---- bands
+
+unsigned vx_rtr_lr2d_get_prop_count(Ivx_layer *layer)
+{
+    auto *const raster = vx::layers::as<rtr_layer>(layer);
+    return raster ? static_cast<unsigned>(raster->opened_source().bands().size()) : 0;
+}
+
+wchar_t const *vx_rtr_lr2d_get_prop_name(Ivx_layer *layer, unsigned band)
+{
+    auto *const raster = vx::layers::as<rtr_layer>(layer);
+    return band < vx_rtr_lr2d_get_prop_count(layer) ? raster->opened_source().bands()[band].c_str() : L"";
+}
+
+Tvx_stat_data *vx_rtr_lr2d_get_statistic(Ivx_layer *layer, unsigned band)
+{
+    auto *const raster = vx::layers::as<rtr_layer>(layer);
+    return raster ? raster->statistic(band) : nullptr;
+}
+
+Tvx_rtr_source *vx_rtr_lr2d_get_sourse(Ivx_layer *layer)
+{
+    auto *const raster = vx::layers::as<rtr_layer>(layer);
+    return raster ? &raster->opened_source() : nullptr;
+}
+
+Tvx_rtr_stat *vx_rtr_lr2d_rastr_stat_create(Tvx_rtr_source *source, unsigned band)
+{
+    return source ? new Tvx_rtr_stat{*source, band} : nullptr;
+}
+
+void vx_rtr_lr2d_rastr_stat_destroy(Tvx_rtr_stat *rs)
+{
+    delete rs;
+}
+
+bool vx_rtr_lr2d_compute_stat(Tvx_rtr_stat *rs, Tvx_stat_data *stat)
+{
+    return rs && stat && rs->source.compute_stat(rs->band, stat);
+}
+
+bool vx_rtr_lr2d_compute_hg(Tvx_rtr_stat *rs, Tvx_stat_data *stat)
+{
+    return rs && stat && fill_histogram(rs->source, rs->band, stat);
+}
+
+bool vx_rtr_lr2d_compute_hg_min_max(Tvx_rtr_stat *rs, Tvx_stat_data *stat, double minimum, double maximum)
+{
+    return rs && stat && rs->source.compute_histogram(rs->band, stat, minimum, maximum);
+}
+
+bool vx_rtr_lr2d_get_hg_stats(Ivx_layer *layer, unsigned band, unsigned *count, double *minimum,
+                              double *maximum, double *average, double *deviation)
+{
+    auto *const stat = with_histogram(layer, band);
+    if (!stat)
+        return false;
+    vx_histogramm_get_params(vx_stat_get_histogramm(stat, nullptr), count, minimum, maximum);
+    tell(average, vx_stat_get_average(stat, nullptr));
+    tell(deviation, vx_stat_get_stddev(stat, nullptr));
+    return true;
+}
+
+int vx_rtr_lr2d_get_hg_value(Ivx_layer *layer, unsigned band, unsigned bin)
+{
+    auto *const raster = vx::layers::as<rtr_layer>(layer);
+    auto *const stat = raster ? raster->statistic(band) : nullptr;
+    if (!vx_stat_has_histogramm(stat))
+        return 0;
+    double const cells = vx_histogramm_get(vx_stat_get_histogramm(stat, nullptr), bin);
+    return static_cast<int>(std::min(cells, static_cast<double>(std::numeric_limits<int>::max())));
 }

@@ -1,7 +1,12 @@
 #pragma once
 
 #include "platform/base/color.h"
+#include "platform/basic/vx_clr_channel.h"
+#include "platform/basic/vx_stat.h"
 #include "platform/layers/detail/layer.h"
+#include "platform/layers/detail/rtr_source.h"
+
+#include <map>
 
 namespace vx::layers {
 struct rtr_layer final : Ivx_layer
@@ -9,8 +14,21 @@ struct rtr_layer final : Ivx_layer
     rtr_layer();
     [[nodiscard]] std::unique_ptr<Ivx_layer> clone() const override;
 
+    void file_name_changed() override;
+    /// Made on first use.
+    [[nodiscard]] Tvx_rtr_source &opened_source();
+    /// Null past the end.
+    [[nodiscard]] Tvx_stat_data *statistic(unsigned band);
+    [[nodiscard]] void *rgb_channels();
+
     int draw_type = 0;
     Tvx_color transparent;
     double opacity = 1;
+
+private:
+    std::shared_ptr<Tvx_rtr_source> source; ///< the clones' too
+    std::map<unsigned, vx::owned<Tvx_stat_data, &vx_stat_destroy>> statistics;
+    vx::owned<void, &vx_rgb_channels_destroy> channels{vx_rgb_channels_create()};
+    bool has_fed_channels = false;
 };
 } // namespace vx::layers

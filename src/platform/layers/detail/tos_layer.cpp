@@ -31,8 +31,21 @@ std::wstring text_of(wchar_t const *text)
 }
 } // namespace
 
+Ivx_entity *tos_layer::data()
+{
+    if (!tos_data && !file_name.empty())
+        tos_data.reset(vx_tos_data_create(file_name.c_str()));
+    return vx_tos_data_safe_upcast(tos_data.get());
+}
+
+void tos_layer::take_common(tos_layer const &source)
+{
+    Ivx_layer::take_common(source);
+    tos_data.reset(vx_tos_data_retain(source.tos_data.get()));
+}
+
 tos_grid_layer::tos_grid_layer(std::string type_key)
-    : Ivx_layer(std::move(type_key)), colors(vx_stl_mngr_create(c_clr_style))
+    : tos_layer(std::move(type_key)), colors(vx_stl_mngr_create(c_clr_style))
 {
 }
 
@@ -51,11 +64,12 @@ std::unique_ptr<Ivx_layer> tos_grid_layer::clone() const
     copy->slice = slice;
     copy->slice_count = slice_count;
     copy->colors.reset(vx_stl_mngr_clone(colors.get()));
+    copy->channels.reset(vx_rgb_channels_clone(channels.get()));
     return copy;
 }
 
 tos_curve_layer::tos_curve_layer()
-    : Ivx_layer(c_lr_key_tos_grid_1d), styles(vx_stl_mngr_create(c_grid1d_clr_style))
+    : tos_layer(c_lr_key_tos_grid_1d), styles(vx_stl_mngr_create(c_grid1d_clr_style))
 {
 }
 
@@ -69,7 +83,7 @@ std::unique_ptr<Ivx_layer> tos_curve_layer::clone() const
 }
 
 tos_2crd_layer::tos_2crd_layer()
-    : Ivx_layer(c_lr_key_tos_2crd), styles(vx_stl_mngr_create(c_pnt_style)),
+    : tos_layer(c_lr_key_tos_2crd), styles(vx_stl_mngr_create(c_pnt_style)),
       texts(vx_txt_settings_create(c_txt_pnt_style)), text_layer(std::make_unique<dtld_layer>(this))
 {
 }
@@ -127,6 +141,12 @@ void *vx_tos_grid_lr2d_get_clr_stl_mngr_ptr(Ivx_layer *layer)
 {
     auto *const grid = as<tos_grid_layer>(layer);
     return grid ? grid->colors.get() : nullptr;
+}
+
+void *vx_tos_grid_lr2d_get_rgb_channels_ptr(Ivx_layer *layer)
+{
+    auto *const grid = as<tos_grid_layer>(layer);
+    return grid ? grid->channels.get() : nullptr;
 }
 
 int vx_tos_slice_lr2d_get_zslice(Ivx_layer const *layer)

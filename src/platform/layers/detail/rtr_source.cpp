@@ -1,0 +1,199 @@
+#include "platform/layers/detail/rtr_source.h"
+
+#include "extension/binding/codes.h"
+#include "extension/binding/grid_source.h"
+#include "extension/binding/histogram_visitor.h"
+#include "extension/binding/string_visitor.h"
+
+#include "platform/basic/vx_datasource.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace vx::layers {
+namespace {
+/// More than any format has, and few enough to ask for each.
+constexpr int c_most_bands = 1 << 16;
+
+class text_receiver final : public vx::string_visitor_impl
+{
+public:
+    void visit(wchar_t const *text) override { f_text = text ? text : L""; }
+    std::wstring f_text;
+};
+
+class histogram_receiver final : public vx::histogram_visitor_impl
+{
+public:
+    void visit(double low, double high, int count, long long *counts) override
+    {
+        f_low = low;
+        f_high = high;
+        f_counts.assign(counts, counts + std::max(count, 0));
+    }
+    double f_low = 0;
+    double f_high = 0;
+    std::vector<long long> f_counts;
+};
+
+/// Place of a value among classes of equal width, of which the last holds the upper bound.
+std::size_t class_of(double value, double low, double high)
+{
+    if (!(low < high))
+        return 0;
+    double const place = (value - low) * (c_raster_classes / (high - low));
+    return std::min<std::size_t>(static_cast<std::size_t>(place), c_raster_classes - 1);
+}
+
+/// Classes between bounds from the counts of whole numbers; false when it has others.
+bool from_whole_numbers(histogram_receiver const &of, double low, double high, std::vector<long long> &counts)
+{
+    bool const is_of_whole = !of.f_counts.empty() &&
+                             of.f_high - of.f_low == static_cast<double>(of.f_counts.size()) &&
+                             of.f_low + 0.5 == std::floor(of.f_low + 0.5);
+    if (!is_of_whole)
+        return false;
+    std::ranges::fill(counts, 0);
+    for (std::size_t i = 0; i < of.f_counts.size(); ++i) {
+        double const value = of.f_low + 0.5 + static_cast<double>(i);
+        if (value >= low && value <= high)
+            counts[class_of(value, low, high)] += of.f_counts[i];
+    }
+    return true;
+}
+} // namespace
+} // namespace vx::layers
+
+using namespace vx::layers;
+
+Tvx_rtr_source::~Tvx_rtr_source()
+{
+    close();
+}
+
+void Tvx_rtr_source::close()
+{
+    if (f_set)
+        vx_datasource_end(f_set);
+    f_set = {};
+    f_stat = {};
+}
+
+template <class Call>
+bool Tvx_rtr_source::attempt(Call call)
+{
+    try {
+        return call();
+    } catch (...) {
+        vx_datasource_failed(f_set.handle().table);
+        return false;
+    }
+}
+
+bool Tvx_rtr_source::open()
+{
+    if (f_set)
+        return true;
+    t_vx_data_source_interface handle;
+    vx_datasource_open(f_name.c_str(), true, &handle);
+    f_set = vx::data_source(handle);
+    if (!f_set)
+        return false;
+    f_stat = vx::stat_source(vx_stat_source_interface_specialize(vx_data_source_interface_generalize(f_set)));
+    bool const has_cells = f_stat && attempt([&] {
+                               f_bands.clear();
+                               int const count = f_set.grid_count() > 0 ? f_set.field_count() : 0;
+                               for (int i = 0; i < std::min(count, c_most_bands); ++i) {
+                                   text_receiver name;
+                                   f_set.field_name(i, name);
+                                   f_bands.push_back(name.f_text);
+                               }
+                               return !f_bands.empty();
+                           });
+    if (!has_cells)
+        close();
+    return has_cells;
+}
+
+std::vector<std::wstring> const &Tvx_rtr_source::bands()
+{
+    if (f_bands.empty())
+        (void)open();
+    return f_bands;
+}
+
+bool Tvx_rtr_source::compute_stat(unsigned band, Tvx_stat_data *stat)
+{
+    close();
+    if (!open() || band >= f_bands.size())
+        return false;
+    int const field = static_cast<int>(band);
+    double minimum = 0, maximum = 0, average = 0, deviation = 0;
+    long long count = 0;
+    bool const good = attempt([&] {
+        return f_stat.compute_stats(field, true) && f_stat.count_nonnull(field, &count) && count > 0 &&
+               f_stat.minimum(field, &minimum) && f_stat.maximum(field, &maximum) &&
+               f_stat.average(field, &average) && f_stat.stdev(field, &deviation);
+    });
+    if (!good || !std::isfinite(minimum) || !std::isfinite(maximum))
+        return false;
+    vx_stat_set_minimum(stat, minimum);
+    vx_stat_set_maximum(stat, maximum);
+    vx_stat_set_average(stat, average);
+    vx_stat_set_stddev(stat, deviation);
+    return true;
+}
+
+/// Bytes are counted once, each value by itself, and any other classes are made of that.
+bool Tvx_rtr_source::count_cells(int band, double low, double high, std::vector<long long> &counts)
+{
+    if (is_bytes(static_cast<unsigned>(band))) {
+        histogram_receiver values;
+        if (f_stat.with_default_histogram(band, true, values) &&
+            from_whole_numbers(values, low, high, counts))
+            return true;
+    }
+    if (low < high)
+        return f_stat.with_custom_histogram(band, low, high, static_cast<int>(counts.size()), counts.data(),
+                                            true);
+    // Classes without a width: the driver has none, and all cells of the value are in the first.
+    double const next = std::nextafter(high, HUGE_VAL);
+    std::vector<long long> one(1);
+    std::ranges::fill(counts, 0);
+    bool const good = f_stat.with_custom_histogram(band, low, next, 1, one.data(), true);
+    counts[0] = one[0];
+    return good;
+}
+
+bool Tvx_rtr_source::compute_histogram(unsigned band, Tvx_stat_data *stat, double low, double high)
+{
+    if (!std::isfinite(low) || !std::isfinite(high) || !(low <= high) || !open() || band >= f_bands.size())
+        return false;
+    std::vector<long long> counts(c_raster_classes);
+    if (!attempt([&] { return count_cells(static_cast<int>(band), low, high, counts); }))
+        return false;
+    auto *const histogram = vx_stat_get_histogramm(stat, nullptr);
+    vx_histogramm_set_params(histogram, c_raster_classes, low, high);
+    for (unsigned i = 0; i < c_raster_classes; ++i)
+        vx_histogramm_set(histogram, i, static_cast<double>(counts[i]));
+    vx_stat_set_histogramm(stat, true);
+    return true;
+}
+
+bool Tvx_rtr_source::quick_bounds(unsigned band, double &low, double &high)
+{
+    int const field = static_cast<int>(band);
+    return open() && band < f_bands.size() && attempt([&] {
+               return f_stat.has_stat(field) && f_stat.minimum(field, &low) && f_stat.maximum(field, &high);
+           });
+}
+
+bool Tvx_rtr_source::is_bytes(unsigned band)
+{
+    return open() && attempt([&] {
+               vx::grid_source const grid(
+                   vx_grid_source_interface_specialize(vx_data_source_interface_generalize(f_set)));
+               int const type = grid.field_datatype(static_cast<int>(band));
+               return type == vx::codes::plain::cells_uint8 || type == vx::codes::plain::cells_int8;
+           });
+}
