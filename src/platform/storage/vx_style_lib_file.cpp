@@ -19,7 +19,8 @@ using namespace vx::styles;
 namespace {
 constexpr char const *c_lib_root = "vx_style_library";
 constexpr wchar_t const *c_lib_folder = L"style_libs";
-constexpr wchar_t const *c_shared_folder = L"../share/vxk/style_libs";
+/// From the folder of the system's own library, which may lie below one of the machine's kind.
+constexpr wchar_t const *c_shared_folders[] = {L"../share/vxk/style_libs", L"../../share/vxk/style_libs"};
 constexpr int c_depth_limit = 64;               ///< levels of the tree
 constexpr std::size_t c_item_limit = 100'000;   ///< of the tree
 constexpr std::size_t c_style_limit = 100'000;  ///< in each list
@@ -175,6 +176,18 @@ std::vector<std::wstring> lib_files(std::wstring const &directory)
     return files;
 }
 
+/// The libraries that came with the system; empty if there are none.
+std::wstring shared_directory()
+{
+    for (wchar_t const *folder : c_shared_folders) {
+        std::wstring const directory = vx_library_get_own_directory() + std::wstring(folder);
+        std::error_code code;
+        if (std::filesystem::is_directory(vx_path_to_native(directory), code))
+            return directory;
+    }
+    return {};
+}
+
 bool load_global_libs(void *libs)
 {
     vx::owned<Ivx_ini_data, &vx_ini_data_destroy> const ini(vx_ini_data_create());
@@ -183,7 +196,7 @@ bool load_global_libs(void *libs)
     vx_ini_data_get_storage_path(ini.get(), c_lib_folder, adapter);
     bool any = false;
     Ivx_xml_data reading;
-    for (auto const &directory : {users, vx_library_get_own_directory() + std::wstring(c_shared_folder)})
+    for (auto const &directory : {users, shared_directory()})
         if (!directory.empty())
             for (auto const &file : lib_files(directory)) {
                 if (vx_xml_data_load_style_lib(&reading, file.c_str(), libs))
