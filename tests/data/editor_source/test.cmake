@@ -1,0 +1,2 @@
+# Tables are read through the real driver.
+add_dependencies(${test_target} vxk_gdal_drivers)
