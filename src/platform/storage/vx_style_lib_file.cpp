@@ -1,12 +1,16 @@
 #include "platform/storage/vx_style_lib_file.h"
 
+#include "captions/engine.h"
+
 #include "platform/base/owned.h"
+#include "platform/basic/vx_res.h"
 #include "platform/storage/detail/storage_state.h"
 #include "platform/storage/detail/style_xml.h"
 #include "platform/storage/file_names.h"
 #include "platform/storage/vx_ini_data.h"
 #include "platform/styles/detail/lib_model.h"
 #include "platform/styles/vx_global_lib_styles.h"
+#include "platform/styles/vx_style_lib.h"
 #include "platform/winapi/file.h"
 #include "platform/winapi/library.h"
 
@@ -21,6 +25,7 @@ constexpr char const *c_lib_root = "vx_style_library";
 constexpr wchar_t const *c_lib_folder = L"style_libs";
 /// From the folder of the system's own library, which may lie below one of the machine's kind.
 constexpr wchar_t const *c_shared_folders[] = {L"../share/vxk/style_libs", L"../../share/vxk/style_libs"};
+constexpr int c_put_version = 1;
 constexpr int c_depth_limit = 64;               ///< levels of the tree
 constexpr std::size_t c_item_limit = 100'000;   ///< of the tree
 constexpr std::size_t c_style_limit = 100'000;  ///< in each list
@@ -188,12 +193,46 @@ std::wstring shared_directory()
     return {};
 }
 
-bool load_global_libs(void *libs)
+/// Empty where the user has no storage.
+std::wstring user_folder()
 {
     vx::owned<Ivx_ini_data, &vx_ini_data_destroy> const ini(vx_ini_data_create());
-    std::wstring users;
-    Tvx_std_wstring_adapter adapter(users);
+    std::wstring folder;
+    Tvx_std_wstring_adapter adapter(folder);
     vx_ini_data_get_storage_path(ini.get(), c_lib_folder, adapter);
+    return folder;
+}
+
+/// A file in the folder that is not there yet. What a name may not hold everywhere stands as "_".
+std::wstring new_file(std::wstring const &folder, std::wstring name)
+{
+    constexpr std::size_t c_longest = 60;
+    name.resize(std::min(name.size(), c_longest));
+    for (wchar_t &c : name)
+        if (c < L' ' || std::wstring_view(L"\\/:*?\"<>|.").find(c) != std::wstring_view::npos)
+            c = L'_';
+    std::wstring const stem = folder + L"/" + (name.empty() ? L"_" : name);
+    std::wstring file = stem + c_style_lib_ext;
+    for (int i = 2; vx_path_exists(file); ++i)
+        file = stem + L"_" + std::to_wstring(i) + c_style_lib_ext;
+    return file;
+}
+
+/// The same in the libraries of the process. Where they were read just now, they have it.
+void take_over(std::unique_ptr<style_lib> saved, char const *type, void const *style, int index,
+               void const *groups, wchar_t const *caption)
+{
+    auto &libs = static_cast<style_libs *>(vx_global_lib_styles_get_libs())->libs;
+    auto const known = std::ranges::find_if(libs, [&](auto const &lib) { return lib->file == saved->file; });
+    if (known == libs.end())
+        libs.push_back(std::move(saved));
+    else
+        vx_style_lib_put_style(known->get(), type, style, index, c_put_version, groups, caption);
+}
+
+bool load_global_libs(void *libs)
+{
+    std::wstring const users = user_folder();
     bool any = false;
     Ivx_xml_data reading;
     for (auto const &directory : {users, shared_directory()})
@@ -231,4 +270,38 @@ bool vx_xml_data_load_style_lib(Ivx_xml_data *xml, wchar_t const *file, void *li
 bool vx_xml_data_save_style_lib(Ivx_xml_data *xml, wchar_t const *file, void const *lib)
 {
     return lib && saved(xml, save_bytes(file, lib_bytes(*static_cast<style_lib const *>(lib))));
+}
+
+void vx_xml_data_load_user_style_libs(void *libs)
+{
+    if (std::wstring const folder = user_folder(); !folder.empty())
+        for (auto const &file : lib_files(folder))
+            static_cast<void>(vx_xml_data_load_style_lib(nullptr, file.c_str(), libs));
+}
+
+bool vx_xml_data_put_user_style(Ivx_xml_data *xml, wchar_t const *file, wchar_t const *name, char const *type,
+                                void const *style, int index, void const *groups, wchar_t const *caption)
+{
+    style_libs libs;
+    std::wstring path = file ? file : L"";
+    if (!path.empty()) {
+        Ivx_xml_data reading;
+        if (!vx_xml_data_load_style_lib(&reading, path.c_str(), &libs))
+            return saved(xml, reading.error);
+    } else {
+        std::wstring const folder = user_folder();
+        vx_style_libs_add_lib(&libs, name);
+        if (folder.empty() || !vx_make_directories(folder))
+            return saved(xml, vx_res_format_w(c_capt_file_not_made, folder));
+        path = new_file(folder, name ? name : L"");
+    }
+    style_lib &lib = *libs.libs.front();
+    lib.file = path;
+    if (!vx_style_lib_put_style(&lib, type, style, index, c_put_version, groups, caption))
+        return saved(xml,
+                     vx_res_format_w(c_capt_number_in_library, {std::to_wstring(index), lib.name.spoken()}));
+    if (!saved(xml, save_bytes(path.c_str(), lib_bytes(lib))))
+        return false;
+    take_over(std::move(libs.libs.front()), type, style, index, groups, caption);
+    return true;
 }

@@ -1,11 +1,15 @@
 #include "platform/styles/vx_style_lib.h"
 
 #include "platform/base/text_codec.h"
+#include "platform/basic/vx_wstrings.h"
 #include "platform/styles/detail/lib_model.h"
+#include "platform/styles/vx_style.h"
 #include "platform/winapi/case_map.h"
 
 #include <algorithm>
+#include <random>
 #include <sstream>
+#include <string_view>
 
 using namespace vx::styles;
 
@@ -77,6 +81,45 @@ std::vector<std::wstring> words_of(std::wstring const &text)
     for (std::wstring word; stream >> word;)
         words.push_back(word);
     return words;
+}
+
+style_list *list_of_type(style_lib &lib, std::string_view type)
+{
+    for (style_list *list : {&lib.pnt, &lib.pln, &lib.pgn})
+        if (type == style_key(list->kind))
+            return list;
+    return nullptr;
+}
+
+void assign_composed(idx_style &to, void const *style)
+{
+    void *const target = to.style->value();
+    if (to.kind == style_kind::pnt)
+        vx_pnt_style_assign(target, style);
+    else if (to.kind == style_kind::pln)
+        vx_pln_style_assign(target, style);
+    else
+        vx_pgn_style_assign(target, style);
+}
+
+/// In front of the first one that comes later in the alphabet, by characters alone: the order of a file must
+/// not depend on who writes it.
+style_item &insert_item(style_item &group, std::wstring const &caption)
+{
+    auto const at =
+        std::ranges::find_if(group.items, [&](auto const &item) { return item->caption.text > caption; });
+    style_item &item = **group.items.insert(at, std::make_unique<style_item>());
+    item.caption.text = caption;
+    return item;
+}
+
+/// The child of this caption that names no style, made if there is none.
+style_item &group_of(style_item &parent, std::wstring const &caption)
+{
+    for (auto const &item : parent.items)
+        if (item->index == -1 && (item->caption.text == caption || item->caption.spoken() == caption))
+            return *item;
+    return insert_item(parent, caption);
 }
 
 wchar_t const *own_or_shared(void const *lib, void const *style, std::wstring idx_style::*own,
@@ -196,6 +239,40 @@ bool vx_style_list_find_idx(void const *list, int index, unsigned *position)
 bool vx_style_list_find_idx_ver(void const *list, int index, int version, unsigned *position)
 {
     return list && found(list_of(list)->find(index, version), position);
+}
+
+// ---- additions
+void *vx_style_lib_put_style(void *lib, char const *type, void const *style, int index, int version,
+                             void const *groups, wchar_t const *caption)
+{
+    style_list *const list = lib && style && type ? list_of_type(*lib_of(lib), type) : nullptr;
+    if (!list || index < 0 || vx_style_lib_has_index(lib, index))
+        return nullptr;
+    idx_style &added = list->insert(index, version);
+    assign_composed(added, style);
+    style_item *group = &lib_of(lib)->root;
+    for (unsigned i = 0; i < vx_wstrings_get_size(groups); ++i)
+        group = &group_of(*group, vx_wstrings_get_str(groups, i));
+    style_item &item = insert_item(*group, caption ? caption : L"");
+    item.index = index;
+    item.version = version;
+    return &added;
+}
+
+bool vx_style_lib_has_index(void const *lib, int index)
+{
+    auto const *l = static_cast<style_lib const *>(lib);
+    return l && (l->pnt.find(index) || l->pln.find(index) || l->pgn.find(index));
+}
+
+int vx_style_lib_draw_index(void const *lib)
+{
+    std::random_device random;
+    std::uniform_int_distribution<int> six_digits(100'000, 999'999);
+    int index = six_digits(random);
+    while (vx_style_lib_has_index(lib, index))
+        index = index < 999'999 ? index + 1 : 100'000;
+    return index;
 }
 
 // ---- indexed styles

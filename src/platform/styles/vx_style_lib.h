@@ -41,6 +41,20 @@ VX_API void *vx_style_list_add_idx_style(void *list, int index, int version);
 [[nodiscard]] VX_API bool vx_style_list_find_idx_ver(void const *list, int index, int version,
                                                      unsigned *position);
 
+/// Puts a copy of a composed style of the kind that the type key names into the library, under an index that
+/// none of its styles has, and an item with the caption that names it. The style stands in the order of the
+/// indices, the item in that of the captions, in the group that is reached from the root by the captions of
+/// `groups` (platform/basic/vx_wstrings.h, null for the root itself); what is missing of these is made. Gives
+/// the indexed style; null, with nothing done, for an index that is below 0 or taken, and a key of none of
+/// the three kinds.
+VX_API void *vx_style_lib_put_style(void *lib, char const *type, void const *style, int index, int version,
+                                    void const *groups, wchar_t const *caption);
+/// Whether one of its styles has the index.
+[[nodiscard]] VX_API bool vx_style_lib_has_index(void const *lib, int index);
+/// An index of six digits that none of its styles has, drawn at random, so that two people who add to copies
+/// of one library do not take the same.
+[[nodiscard]] VX_API int vx_style_lib_draw_index(void const *lib);
+
 /// Of an indexed style: "pnt_style", "pln_style" or "pgn_style", static text; its index and version, 0 for
 /// null.
 [[nodiscard]] VX_API char const *vx_idx_style_get_type(void const *idx_style);

@@ -1,7 +1,9 @@
 #include "support.h"
 
+#include "platform/basic/vx_fault.h"
 #include "platform/basic/vx_options.h"
 #include "platform/basic/vx_palette.h"
+#include "platform/basic/vx_wstrings.h"
 #include "platform/storage/file_names.h"
 #include "platform/storage/vx_ini_data.h"
 #include "platform/storage/vx_style_lib_file.h"
@@ -12,6 +14,7 @@
 #include <pugixml.hpp>
 
 #include <charconv>
+#include <cstdlib>
 #include <gtest/gtest.h>
 #include <set>
 #include <sys/wait.h>
@@ -385,6 +388,150 @@ TEST(style_lib_files, are_found_in_the_users_storage)
     ASSERT_LE(2u, vx_style_libs_get_size(global));
     EXPECT_STREQ(L"first", vx_style_lib_get_name_w(vx_style_libs_get_lib_ptr(global, 0)));
     EXPECT_STREQ(L"second", vx_style_lib_get_name_w(vx_style_libs_get_lib_ptr(global, 1)));
+}
+
+/// Puts a line of this width into a library of the user's, below "Ways" and the group.
+bool put_line(std::wstring const &file, int index, wchar_t const *group, wchar_t const *caption, double width)
+{
+    vx::owned<void, &vx_pln_style_destroy> const line(vx_pln_style_create());
+    vx_bpln_style_set_width(vx_pln_style_get_bpln_style_ptr(line.get()), width);
+    vx::owned<void, &vx_wstrings_destroy> const groups(vx_wstrings_create());
+    vx_wstrings_split_str(groups.get(), group, L'|');
+    return vx_xml_data_put_user_style(nullptr, file.c_str(), L"My: ways/..", "pln_style", line.get(), index,
+                                      groups.get(), caption);
+}
+
+/// Captions of the tree with the numbers they name, a level deeper in brackets.
+std::wstring tree_text(void *item)
+{
+    std::wstring text = vx_style_item_get_caption_w(item);
+    if (vx_style_item_get_index(item) >= 0)
+        text += L" " + std::to_wstring(vx_style_item_get_index(item));
+    void *const items = vx_style_item_get_style_items_ptr(item);
+    for (unsigned i = 0; i < vx_style_items_get_size(items); ++i)
+        text += (i == 0 ? L" (" : L", ") + tree_text(vx_style_items_get_style_item_ptr(items, i));
+    return vx_style_items_get_size(items) > 0 ? text + L")" : text;
+}
+
+std::wstring tree_of_file(std::wstring const &file)
+{
+    owned_libs const libs(vx_style_libs_create());
+    if (!vx_xml_data_load_style_lib(nullptr, file.c_str(), libs.get()))
+        return L"unreadable";
+    return tree_text(vx_style_lib_get_root_item_ptr(vx_style_libs_get_lib_ptr(libs.get(), 0)));
+}
+
+/// The reasons that the user was told.
+std::vector<std::wstring> told_reasons;
+
+class user_style_libs : public testing::Test
+{
+protected:
+    user_style_libs()
+    {
+        forget_libs();
+        f_handler = vx_reason_set_handler([](wchar_t const *reason) { told_reasons.emplace_back(reason); });
+    }
+    ~user_style_libs() override
+    {
+        vx_reason_set_handler(f_handler);
+        forget_libs();
+        EXPECT_TRUE(told_reasons.empty());
+        told_reasons.clear();
+    }
+    /// As at the start of another process.
+    static void forget_libs() { vx_global_lib_styles_set_loader(vx_global_lib_styles_set_loader(nullptr)); }
+    static void *users_lib() { return vx_style_libs_get_lib_ptr(vx_global_lib_styles_get_libs(), 0); }
+
+    storage_dir storage;
+
+private:
+    Tvx_reason_handler f_handler;
+};
+
+TEST_F(user_style_libs, take_styles_at_once_and_in_another_process)
+{
+    void *const before = vx_global_lib_styles_get_libs();
+    unsigned const shared = vx_style_libs_get_size(before);
+    ASSERT_TRUE(put_line(L"", 500, L"Ways|Narrow", L"Path", 0.1));
+    auto const file = wide(storage / "style_libs/My_ ways___.slib");
+    ASSERT_EQ(vx_style_libs_get_size(before), shared + 1) << "the process has it at once";
+    void *const lib = vx_style_libs_get_lib_ptr(before, shared);
+    EXPECT_STREQ(vx_style_lib_get_name_w(lib), L"My: ways/..");
+    EXPECT_EQ(vx_style_lib_get_file_w(lib), file);
+    void *const root = vx_style_lib_get_root_item_ptr(lib);
+    ASSERT_TRUE(put_line(file, 300, L"Ways|Narrow", L"Alley", 0.2));
+    ASSERT_TRUE(put_line(file, 400, L"Ways", L"Lane", 0.3));
+    ASSERT_TRUE(put_line(file, 200, L"", L"A line", 0.4));
+    auto const whole = L"My: ways/.. (A line 200, Ways (Lane 400, Narrow (Alley 300, Path 500)))";
+    EXPECT_EQ(tree_text(root), whole) << "and its pointers stay good";
+    EXPECT_EQ(tree_of_file(file), whole);
+    ASSERT_TRUE(put_line(L"", 1, L"", L"x", 1)) << "another one of that name";
+    EXPECT_TRUE(std::filesystem::exists(storage / "style_libs/My_ ways____2.slib"));
+
+    forget_libs();
+    EXPECT_EQ(tree_text(vx_style_lib_get_root_item_ptr(users_lib())), whole);
+    vx::owned<void, &vx_pln_style_destroy> const line(vx_pln_style_create());
+    ASSERT_TRUE(vx_global_lib_styles_get_spec_pln(0, 300, line.get()));
+    EXPECT_EQ(vx_bpln_style_get_width(vx_pln_style_get_bpln_style_ptr(line.get())), 0.2);
+    void *const lines = vx_style_lib_get_pln_list_ptr(users_lib());
+    for (unsigned i = 0; i < 4; ++i)
+        EXPECT_EQ(vx_idx_style_get_index(vx_style_list_get_idx_style(lines, i)),
+                  200 + 100 * static_cast<int>(i));
+}
+
+TEST_F(user_style_libs, lose_nothing_where_a_style_cannot_be_put)
+{
+    ASSERT_TRUE(put_line(L"", 500, L"", L"Path", 0.1));
+    auto const file = storage / "style_libs/My_ ways___.slib";
+    auto const bytes = read_file(file);
+    // Somebody else has put one there since the process read it.
+    ASSERT_NE(users_lib(), nullptr);
+    std::string theirs = bytes;
+    theirs.replace(theirs.find("index=\"500\""), 11, "index=\"600\"");
+    write_file(file, theirs);
+    EXPECT_FALSE(put_line(wide(file), 600, L"", L"Lane", 1));
+    EXPECT_EQ(read_file(file), theirs);
+    EXPECT_EQ(std::exchange(told_reasons, {}).size(), 1u);
+    for (auto const &damaged : {bytes.substr(0, 300), std::string(), bytes + bytes}) {
+        write_file(file, damaged);
+        EXPECT_FALSE(put_line(wide(file), 700, L"", L"Lane", 1));
+        EXPECT_EQ(read_file(file), damaged);
+        EXPECT_EQ(std::exchange(told_reasons, {}).size(), 1u);
+    }
+    EXPECT_FALSE(put_line(wide(storage / "gone.slib"), 700, L"", L"Lane", 1));
+    vx_ini_data_set_storage_directory(wide(file).c_str()); // a file where the folder should be
+    EXPECT_FALSE(put_line(L"", 700, L"", L"Lane", 1));
+    EXPECT_EQ(std::exchange(told_reasons, {}).size(), 2u);
+    void *const lib = users_lib();
+    for (int const index : {-1, 500})
+        EXPECT_EQ(vx_style_lib_put_style(lib, "pnt_style", lib, index, 1, nullptr, L"x"), nullptr);
+    EXPECT_EQ(vx_style_lib_put_style(lib, "txt_style", lib, 1, 1, nullptr, L"x"), nullptr);
+    EXPECT_EQ(vx_style_lib_put_style(lib, "pnt_style", nullptr, 1, 1, nullptr, L"x"), nullptr);
+}
+
+TEST_F(user_style_libs, merge_as_text)
+{
+    if (std::system("git --version > /dev/null 2>&1") != 0)
+        GTEST_SKIP() << "there is no git";
+    temp_dir const dir;
+    std::string const users = (storage / "style_libs/My_ ways___.slib").string();
+    auto const copy = [&](char const *name) { std::filesystem::copy_file(users, dir / name); };
+    ASSERT_TRUE(put_line(L"", 100'000, L"Ways", L"Lane", 1));
+    ASSERT_TRUE(put_line(wide(users), 500'000, L"Ways", L"Path", 1));
+    ASSERT_TRUE(put_line(wide(users), 900'000, L"Ways", L"Track", 1));
+    copy("base");
+    auto const base = read_file(users);
+    ASSERT_TRUE(put_line(wide(users), 700'000, L"Ways", L"Road", 2));
+    copy("mine");
+    write_file(users, base);
+    ASSERT_TRUE(put_line(wide(users), 300'000, L"Ways", L"Alley", 3));
+    copy("theirs");
+    auto const path = dir.path().string();
+    ASSERT_EQ(0, std::system(("cd '" + path + "' && git merge-file mine base theirs").c_str()))
+        << "a conflict";
+    EXPECT_EQ(tree_of_file(wide(dir / "mine")),
+              L"My: ways/.. (Ways (Alley 300000, Lane 100000, Path 500000, Road 700000, Track 900000))");
 }
 
 // ---- colour maps

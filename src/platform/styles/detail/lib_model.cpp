@@ -80,13 +80,20 @@ void style_gradient::apply(any_style &style, unsigned position, unsigned count) 
     style.replace_color(from, step);
 }
 
+idx_style &style_list::insert(int index, int version)
+{
+    auto const at = std::ranges::find_if(styles, [=](auto const &s) { return s->index > index; });
+    auto &style = **styles.insert(at, std::make_unique<idx_style>(kind));
+    style.index = index;
+    style.version = version;
+    f_places.clear();
+    f_first.clear();
+    f_known = 0;
+    return style;
+}
+
 void style_list::look_up() const
 {
-    if (f_known > styles.size()) { // the last ones were taken out again
-        f_places.clear();
-        f_first.clear();
-        f_known = 0;
-    }
     for (; f_known < styles.size(); ++f_known) {
         idx_style const &style = *styles[f_known];
         auto const place = static_cast<unsigned>(f_known);

@@ -54,8 +54,9 @@ class style_list
 public:
     explicit style_list(style_kind k) : kind(k) {}
 
+    /// Puts a default style in front of the first one of a higher index; styles keep index and version.
+    idx_style &insert(int index, int version);
     /// The place of the first style of the index, or of the index and version; nothing if there is none.
-    /// Styles are added behind the others, and keep index and version.
     [[nodiscard]] std::optional<unsigned> find(int index) const;
     [[nodiscard]] std::optional<unsigned> find(int index, int version) const;
 
@@ -67,7 +68,7 @@ private:
 
     mutable std::unordered_map<std::uint64_t, unsigned> f_places; ///< by index and version
     mutable std::unordered_map<int, unsigned> f_first;            ///< by index
-    mutable std::size_t f_known = 0;                              ///< as many styles stand in the two
+    mutable std::size_t f_known = 0; ///< as many styles from the front stand in the two
 };
 
 /// A node of a library's tree. It names a style by number and version; a node that only groups others names
