@@ -28,6 +28,9 @@ struct surface
     double px_per_mm_x = 1;
     double px_per_mm_y = 1;
     Tvx_box_d2 clip;
+    /// Where patterns of areas have their origin, in pixels: a place of the map where one is drawn, else the
+    /// upper left corner. It may lie far outside.
+    Tvx_pnt_d2 origin{0, 0};
 
     [[nodiscard]] double px_per_mm() const { return (px_per_mm_x + px_per_mm_y) / 2; }
 };

@@ -4,6 +4,8 @@
 
 #include <QtCore/QPointF>
 #include <QtCore/QVarLengthArray>
+#include <QtGui/QBrush>
+#include <QtGui/QImage>
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>
 
@@ -24,6 +26,9 @@ constexpr double c_min_hatch_step_px = 1;
 constexpr double c_min_spot_step_px = 2;
 /// Of the lines of a hatch: calls of the painter for a pixel of the area.
 constexpr double c_max_calls_per_px = 0.25;
+/// Symbols are put on the grid of pixels. Places on a net are often just between two, and which one is taken
+/// may not hang on the last digits: so they all lie this much off.
+constexpr double c_between_px = 1.0 / 256;
 /// How far from its place a symbol may be drawn that is turned at random, unless it is large itself.
 constexpr double c_max_random_reach_px = 250;
 
@@ -44,12 +49,12 @@ double wrapped(double v, double period)
     return std::isfinite(rest) ? rest : 0;
 }
 
-/// Parallel lines. The pattern belongs to the page, not to the area: areas that touch share it.
+/// Parallel lines. The pattern belongs to the surface, not to the area: areas that touch share it.
 struct hatch
 {
     double step;  ///< `delta`: from line to line
     double angle; ///< of the lines
-    double shift; ///< of the first line from the page's upper left corner, to the right of its direction
+    double shift; ///< of the first line from the surface's origin, to the right of its direction
     line_painter line;
 
     void draw(surface const &target, Tvx_box_d2 const &box, double turn)
@@ -61,17 +66,21 @@ struct hatch
         auto const [n0, n1] = extent(box, normal);
         auto const [d0, d1] = extent(box, dir);
         double const reach = std::min(line.reach(), c_max_reach_px);
-        for (double i = std::ceil((n0 - reach - shift) / step); i * step + shift <= n1 + reach; ++i) {
-            double const n = i * step + shift;
+        double const first = std::fmod(along(target.origin, normal) + shift, step);
+        // What goes by the length along a line is fixed to the map too.
+        double const start = d0 - reach - along(target.origin, dir);
+        for (double i = std::ceil((n0 - reach - first) / step); i * step + first <= n1 + reach; ++i) {
+            double const n = i * step + first;
             px_line const ends{{normal.x * n + dir.x * (d0 - reach), normal.y * n + dir.y * (d0 - reach)},
                                {normal.x * n + dir.x * (d1 + reach), normal.y * n + dir.y * (d1 + reach)}};
-            line.draw(ends);
+            line.draw(ends, start);
             if (!go_on(target, cost::c_path))
                 return;
         }
     }
 
 private:
+    static double along(Tvx_pnt_d2 at, Tvx_pnt_d2 axis) { return at.x * axis.x + at.y * axis.y; }
     /// Of the box along an axis.
     static std::pair<double, double> extent(Tvx_box_d2 const &box, Tvx_pnt_d2 axis)
     {
@@ -94,29 +103,31 @@ double cell_random(long long column, long long row, unsigned salt)
     return static_cast<double>(h >> 11) / 9007199254740992.0;
 }
 
-/// Points on a net that belongs to the page, as a hatch does.
+/// Points on a net that belongs to the surface, as a hatch does.
 struct spots
 {
     pgn_spot_lr const *layer;
     double dx; ///< steps of the net
     double dy;
-    double x0; ///< place of a first point, to the right and down from the page's upper left corner
+    double x0; ///< place of a first point, to the right and down from the surface's origin
     double y0;
     point_painter point;
 
     void draw(surface const &target, Tvx_box_d2 const &box, double turn)
     {
         Tvx_box_d2 const ink = grown(symbol_box(turn), 1); // points may be put on the grid of pixels
-        long long const first_row = cell(box.min_y - ink.max_y, y0, dy) - 1;
-        long long const last_row = cell(box.max_y - ink.min_y, y0, dy) + 2;
-        long long const first_col = cell(box.min_x - ink.max_x, x0, dx) - 1;
-        long long const last_col = cell(box.max_x - ink.min_x, x0, dx) + 2;
+        double const left = target.origin.x + x0 + c_between_px;
+        double const top = target.origin.y + y0 + c_between_px;
+        long long const first_row = cell(box.min_y - ink.max_y, top, dy) - 1;
+        long long const last_row = cell(box.max_y - ink.min_y, top, dy) + 2;
+        long long const first_col = cell(box.min_x - ink.max_x, left, dx) - 1;
+        long long const last_col = cell(box.max_x - ink.min_x, left, dx) + 2;
         for (long long row = first_row; row <= last_row; ++row) {
             // With spot type 1 every other row is moved by half a step.
             double const moved = layer->spot_type == 1 && (row & 1) ? dx / 2 : 0;
             for (long long col = first_col; col <= last_col; ++col) {
-                double x = x0 + static_cast<double>(col) * dx + moved;
-                double y = y0 + static_cast<double>(row) * dy;
+                double x = left + static_cast<double>(col) * dx + moved;
+                double y = top + static_cast<double>(row) * dy;
                 // A random place is one in the point's own cell, with the place on the net as its middle.
                 if (layer->random_x)
                     x += (cell_random(col, row, 1) - 0.5) * dx;
@@ -167,8 +178,6 @@ crossings crossings_of(std::span<px_line const> rings, Tvx_box_d2 const &clip)
     return work;
 }
 
-using fill_item = std::variant<QColor, hatch, spots>;
-
 /// A hatch whose line style has no layers.
 bpln_style const &default_hatch_line()
 {
@@ -217,10 +226,81 @@ spots make_spots(surface const &s, pgn_spot_lr const &l)
     return spots{&l,
                  dx,
                  dy,
-                 wrapped(l.x0 * s.px_per_mm_x, dx),
-                 wrapped(l.y0 * s.px_per_mm_y, 2 * dy), // two rows, of which one may be moved
+                 std::clamp(l.x0 * s.px_per_mm_x, -c_max_length_px, c_max_length_px),
+                 std::clamp(l.y0 * s.px_per_mm_y, -c_max_length_px, c_max_length_px),
                  std::move(point)};
 }
+
+/// What pictures of patterns take in all, in bytes; main thread only.
+qsizetype &kept_bytes()
+{
+    static qsizetype bytes = 0;
+    return bytes;
+}
+
+/// A pattern over the whole surface, from which areas are filled. That is much less work for many small areas
+/// than to draw the pattern in each, cut to its outline.
+class pattern_page
+{
+public:
+    pattern_page() = default;
+    pattern_page(pattern_page const &) = delete;
+    pattern_page(pattern_page &&other) noexcept
+        : f_image(std::exchange(other.f_image, {})), f_spent(other.f_spent)
+    {
+    }
+    pattern_page &operator=(pattern_page &&) = delete;
+    ~pattern_page() { kept_bytes() -= f_image.sizeInBytes(); }
+
+    /// To be filled with; null until so much was spent on areas of that size that the page is worth it.
+    /// `make` makes the pattern for a surface.
+    template <class Make>
+    [[nodiscard]] QImage const *for_area(surface const &target, Tvx_box_d2 const &area, Make make)
+    {
+        if (!f_image.isNull())
+            return &f_image;
+        double const page = double(target.width) * target.height;
+        f_spent += c_clip_px + area.width() * area.height();
+        qsizetype const bytes = qsizetype(page) * 4;
+        if (f_spent < page || kept_bytes() + bytes > c_max_bytes)
+            return nullptr;
+        f_image = QImage(target.width, target.height, QImage::Format_ARGB32_Premultiplied);
+        if (f_image.isNull())
+            return nullptr;
+        kept_bytes() += f_image.sizeInBytes();
+        f_image.fill(Qt::transparent);
+        QPainter painter(&f_image);
+        painter.setRenderHint(QPainter::Antialiasing);
+        surface whole = target;
+        whole.painter = vx_native(&painter);
+        make(whole).draw(whole, target.clip, 0);
+        return &f_image;
+    }
+
+private:
+    /// What it costs to cut to an outline, in pixels that could be filled meanwhile.
+    static constexpr double c_clip_px = 3000;
+    static constexpr qsizetype c_max_bytes = qsizetype(192) << 20;
+
+    QImage f_image;
+    double f_spent = 0;
+};
+
+struct hatch_item
+{
+    pgn_htch_lr const *layer;
+    hatch pattern;
+    pattern_page page = {};
+};
+
+struct spots_item
+{
+    pgn_spot_lr const *layer;
+    spots pattern;
+    pattern_page page = {};
+};
+
+using fill_item = std::variant<QColor, hatch_item, spots_item>;
 } // namespace
 
 struct fill_painter::impl
@@ -238,17 +318,30 @@ struct fill_painter::impl
         if (auto const *fill = std::get_if<pgn_fill_lr>(&lr.data))
             items.emplace_back(qt_color(fill->color));
         else if (auto const *htch = std::get_if<pgn_htch_lr>(&lr.data))
-            items.emplace_back(make_hatch(target, *htch));
+            items.emplace_back(hatch_item{htch, make_hatch(target, *htch)});
         else if (auto const *spot = std::get_if<pgn_spot_lr>(&lr.data))
-            items.emplace_back(make_spots(target, *spot));
+            items.emplace_back(spots_item{spot, make_spots(target, *spot)});
     }
 
     void draw_pattern(fill_item &item, Tvx_box_d2 const &box, double hatch_angle, double spot_angle)
     {
-        if (auto *h = std::get_if<hatch>(&item))
-            h->draw(target, box, hatch_angle);
+        if (auto *h = std::get_if<hatch_item>(&item))
+            h->pattern.draw(target, box, hatch_angle);
         else
-            std::get<spots>(item).draw(target, box, spot_angle);
+            std::get<spots_item>(item).pattern.draw(target, box, spot_angle);
+    }
+    /// What the area can be filled from in one go; null if there is nothing.
+    QImage const *pattern_picture(fill_item &item, Tvx_box_d2 const &box, double hatch_angle,
+                                  double spot_angle)
+    {
+        if (auto *h = std::get_if<hatch_item>(&item))
+            return hatch_angle != 0 ? nullptr : h->page.for_area(target, box, [h](surface const &whole) {
+                return make_hatch(whole, *h->layer);
+            });
+        auto &s = std::get<spots_item>(item);
+        return spot_angle != 0 ? nullptr : s.page.for_area(target, box, [&s](surface const &whole) {
+            return make_spots(whole, *s.layer);
+        });
     }
     void draw_tangled(std::span<px_line const> rings, Tvx_box_d2 const &clip, crossings const &work,
                       double hatch_angle, double spot_angle)
@@ -366,6 +459,10 @@ void fill_painter::draw(std::span<px_line const> rings, double hatch_angle, doub
             return;
         if (auto const *color = std::get_if<QColor>(&it)) {
             painter.fillPath(path, *color);
+            continue;
+        }
+        if (QImage const *picture = d.pattern_picture(it, box, hatch_angle, spot_angle)) {
+            painter.fillPath(path, QBrush(*picture));
             continue;
         }
         painter.save();

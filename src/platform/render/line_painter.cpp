@@ -141,29 +141,26 @@ private:
 struct stroke
 {
     QPen pen;
-    /// Dashes go by the length along the whole line.
-    bool dashed = false;
+    /// Of the dashes, which go by the length along the whole line, in pixels; 0 without dashes.
+    double period = 0;
 
     /// `start` is where the piece begins along its line, so that dashes do not move when the view does.
     void draw(surface const &target, std::span<Tvx_pnt_d2 const> piece, double start)
     {
         QPainter &painter = *vx_qt_painter(target.painter);
-        if (dashed)
-            pen.setDashOffset(start / pen.widthF());
+        if (period > 0)
+            pen.setDashOffset(std::fmod(start, period) / pen.widthF());
         painter.setPen(pen);
         stroke_line(target, piece, start);
     }
     [[nodiscard]] double reach() const { return pen.widthF() * 2; }
     [[nodiscard]] double thickness() const { return pen.widthF(); }
     /// Whether what is drawn goes by the length along the line.
-    [[nodiscard]] bool needs_lengths() const { return dashed; }
+    [[nodiscard]] bool needs_lengths() const { return period > 0; }
     /// Qt makes one path of all dashes.
     [[nodiscard]] double calls_per_px() const
     {
-        double period = 0;
-        for (double const part : pen.dashPattern())
-            period += part * pen.widthF();
-        return dashed ? static_cast<double>(pen.dashPattern().size()) / period : 0;
+        return period > 0 ? static_cast<double>(pen.dashPattern().size()) / period : 0;
     }
 };
 
@@ -411,7 +408,7 @@ void add_cart(std::vector<stroke_item> &items, surface const &s, pln_cart_lr con
         QPen casing = pen;
         casing.setColor(qt_color(l.casing_color));
         casing.setWidthF(pen.widthF() + 2 * std::min(to_px(s, l.casing_width), c_max_width_px));
-        items.push_back({delta, stroke{casing, false}});
+        items.push_back({delta, stroke{casing}});
     }
     QList<qreal> dashes;
     double sum = 0;
@@ -420,13 +417,15 @@ void add_cart(std::vector<stroke_item> &items, surface const &s, pln_cart_lr con
         dashes.push_back(px / pen.widthF()); // in units of the pen's width
         sum += px;
     }
-    if (dashes.size() % 2)
+    if (dashes.size() % 2) {
+        sum += dashes.back() * pen.widthF();
         dashes.push_back(dashes.back());
+    }
     bool const dashed =
         sum >= c_min_pattern_px && static_cast<double>(dashes.size()) <= sum * c_max_elements_per_px;
     if (dashed)
         pen.setDashPattern(dashes);
-    items.push_back({delta, stroke{pen, dashed}});
+    items.push_back({delta, stroke{pen, dashed ? sum : 0}});
 }
 
 std::vector<stroke_item> stroke_items(surface const &s, cpx_style const &style)
@@ -434,7 +433,7 @@ std::vector<stroke_item> stroke_items(surface const &s, cpx_style const &style)
     std::vector<stroke_item> items;
     for (auto const &lr : style.lrs) {
         if (auto const *line = std::get_if<pln_line_lr>(&lr->data))
-            items.push_back({to_px(s, line->delta), stroke{plain_pen(s, line->color, line->width), false}});
+            items.push_back({to_px(s, line->delta), stroke{plain_pen(s, line->color, line->width)}});
         else if (auto const *tplt = std::get_if<pln_tplt_lr>(&lr->data))
             items.push_back({to_px(s, tplt->delta), make_pattern(s, *tplt)});
         else if (auto const *cart = std::get_if<pln_cart_lr>(&lr->data))
@@ -459,7 +458,8 @@ struct line_painter::impl
             reach = std::max(reach, std::abs(it.delta) * c_mitre + it.reach());
     }
     /// The whole line, or the pieces of it that show.
-    void draw_item(stroke_item &it, std::span<Tvx_pnt_d2 const> line, Tvx_box_d2 const &box) const
+    void draw_item(stroke_item &it, std::span<Tvx_pnt_d2 const> line, double start,
+                   Tvx_box_d2 const &box) const
     {
         double const seen = std::min(box.width() + box.height(), target.clip.width() + target.clip.height());
         if (!go_on(target, cost::c_path + static_cast<double>(line.size()) * cost::c_vertex +
@@ -467,7 +467,7 @@ struct line_painter::impl
             return;
         Tvx_box_d2 const clip = grown(target.clip, it.reach() + 2);
         if (holds(clip, box)) {
-            it.draw(target, line, 0);
+            it.draw(target, line, start);
             return;
         }
         for (line_piece const &piece : clip_line(line, clip, it.needs_lengths())) {
@@ -476,7 +476,7 @@ struct line_painter::impl
                                    (own.width() + own.height()) * it.thickness() * cost::c_pixel))
                 return;
             if (piece.points.size() > 1)
-                it.draw(target, piece.points, piece.start);
+                it.draw(target, piece.points, start + piece.start);
         }
     }
 };
@@ -485,7 +485,7 @@ line_painter::line_painter(surface const &target, bpln_style const &style)
     : f_impl(std::make_unique<impl>(target))
 {
     if (!style.use_complex)
-        f_impl->items.push_back({0, stroke{plain_pen(target, style.color, style.width), false}});
+        f_impl->items.push_back({0, stroke{plain_pen(target, style.color, style.width)}});
     else if (cpx_style const *cpx = style.complex.find())
         f_impl->items = stroke_items(target, *cpx);
     f_impl->measure();
@@ -533,13 +533,13 @@ bool line_painter::lend_pen(Tvx_box_d2 const &box) const
     if (d.items.size() != 1 || d.items.front().delta != 0)
         return false;
     auto const *const full = std::get_if<stroke>(&d.items.front().what);
-    if (!full || full->dashed || !holds(grown(d.target.clip, full->reach() + 2), box))
+    if (!full || full->needs_lengths() || !holds(grown(d.target.clip, full->reach() + 2), box))
         return false;
     vx_qt_painter(d.target.painter)->setPen(full->pen);
     return true;
 }
 
-void line_painter::draw(std::span<Tvx_pnt_d2 const> line)
+void line_painter::draw(std::span<Tvx_pnt_d2 const> line, double start)
 {
     impl &d = *f_impl;
     if (line.size() < 2)
@@ -551,13 +551,13 @@ void line_painter::draw(std::span<Tvx_pnt_d2 const> line)
     painter.setBrush(Qt::NoBrush);
     for (stroke_item &it : d.items) {
         if (it.delta == 0) {
-            d.draw_item(it, line, box);
+            d.draw_item(it, line, start, box);
             continue;
         }
         // Moved before it is cut, so that the pattern stays when the view moves.
         px_line const moved = offset_line(line, it.delta);
         if (moved.size() > 1)
-            d.draw_item(it, moved, box_of(moved));
+            d.draw_item(it, moved, start, box_of(moved));
     }
 }
 } // namespace vx::render

@@ -20,6 +20,13 @@ struct Tvx_map_view
     [[nodiscard]] double world_to_px_y(double y) const { return (world.max_y - y) * height / world.height(); }
     [[nodiscard]] double px_to_world_x(double x) const { return world.min_x + x * world.width() / width; }
     [[nodiscard]] double px_to_world_y(double y) const { return world.max_y - y * world.height() / height; }
+    /// Where the point (0, 0) of the world lies, in pixels, reckoned from the middle: the corners are
+    /// rounded, each for itself. Patterns of areas are fixed to the map by it.
+    [[nodiscard]] Tvx_pnt_d2 origin() const
+    {
+        return {width * (0.5 - (world.min_x + world.width() / 2) / world.width()),
+                height * (0.5 + (world.min_y + world.height() / 2) / world.height())};
+    }
 };
 
 /// The view of `width` by `height` pixels that shows all of `box`, centred, with square pixels and

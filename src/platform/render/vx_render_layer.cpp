@@ -8,6 +8,8 @@
 #include "platform/render/detail/mngr_painter.h"
 #include "platform/styles/vx_stl_mngr_list.h"
 
+#include <cmath>
+
 using namespace vx::render;
 
 namespace {
@@ -48,6 +50,15 @@ Tvx_box_d2 search_box(Tvx_map_view const &view, surface const &s)
     return box;
 }
 
+/// The origin of the map; so far away that its place is not known to the pixel, the corner of the picture.
+Tvx_pnt_d2 pattern_origin(Tvx_map_view const &view)
+{
+    constexpr double c_farthest = 1e15;
+    Tvx_pnt_d2 const at = view.origin();
+    bool const known = std::abs(at.x) < c_farthest && std::abs(at.y) < c_farthest;
+    return known ? at : Tvx_pnt_d2{0, 0};
+}
+
 bool draw_layer(Ivx_layer *layer, Tvx_map_view const &view, void *dc, variant_of_style variant,
                 closure<bool(unsigned long long)> selected, closure<bool()> cancelled)
 {
@@ -64,6 +75,7 @@ bool draw_layer(Ivx_layer *layer, Tvx_map_view const &view, void *dc, variant_of
         target.px_per_mm_x = view.mm2px_x;
     if (view.mm2px_y > 0)
         target.px_per_mm_y = view.mm2px_y;
+    target.origin = pattern_origin(view);
     Ivx_attr_data *data = vx_shp_lr2d_get_attr_data_ptr(layer);
     vx::owned<Ivx_shape_files, &vx_shape_files_close> shapes(vx_shape_files_begin(data));
     if (!shapes)

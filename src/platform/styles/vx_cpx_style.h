@@ -164,7 +164,11 @@ VX_API void vx_pln_cart_lr_set_dashes(void *layer, double const *lengths, unsign
 [[nodiscard]] VX_API Tvx_color vx_pgn_fill_lr_get_color(void const *layer);
 VX_API void vx_pgn_fill_lr_set_color(void *layer, Tvx_color value);
 
-/// Parallel lines, `delta` apart.
+// Patterns of areas are fixed to the map: they begin at its origin, the point (0, 0), and move with it. In a
+// sample they begin at the upper left corner.
+
+/// Parallel lines, `delta` apart, at `angle`; the first one `shift` from the origin, to the right of its
+/// direction.
 [[nodiscard]] VX_API double vx_pgn_htch_lr_get_delta(void const *layer);
 VX_API void vx_pgn_htch_lr_set_delta(void *layer, double value);
 [[nodiscard]] VX_API double vx_pgn_htch_lr_get_angle(void const *layer);
@@ -174,8 +178,9 @@ VX_API void vx_pgn_htch_lr_set_shift(void *layer, double value);
 /// The lines; a style without layers gives thin black ones.
 [[nodiscard]] VX_API void *vx_pgn_htch_lr_get_cpx_pln_style_ptr(void *layer);
 
-/// Points on a net of steps `dx`, `dy` from (`x0`, `y0`): `spot_type` 0 in rows, 1 with every other row moved
-/// by half a step.
+/// Points on a net of steps `dx`, `dy` from (`x0`, `y0`) to the right of and below the origin: `spot_type` 0
+/// in rows, 1 with every other row moved by half a step. The random flags put each point somewhere in its own
+/// cell of the net and turn it, always in the same way.
 [[nodiscard]] VX_API int vx_pgn_spot_lr_get_spot_type(void const *layer);
 VX_API void vx_pgn_spot_lr_set_spot_type(void *layer, int value);
 [[nodiscard]] VX_API double vx_pgn_spot_lr_get_dx(void const *layer);

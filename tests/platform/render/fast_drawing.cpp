@@ -33,6 +33,8 @@ struct style_case
     std::function<void(void *style)> set; ///< of a point, a line or an area, by the type of geometry
     /// What leaving vertices out may change in the mean, of 255, over the pixels that are drawn on.
     double most_change = 9;
+    /// What drawing all at once may change in a pixel: thin lines are shaded by where they begin.
+    int most_difference = 0;
 };
 
 void set_point(void *style, int figure, double size, Tvx_color color)
@@ -117,7 +119,8 @@ std::vector<style_case> const &cases()
              void *const base = vx_pgn_style_get_bpgn_style_ptr(s);
              vx_bpgn_style_set_use_complex(base, true);
              (void)add_layer(vx_bpgn_style_get_complex_style(base), "pgn_htch_slr");
-         }},
+         },
+         9, 20},
         {"spotted areas", 5,
          [](void *s) {
              void *const base = vx_pgn_style_get_bpgn_style_ptr(s);
@@ -168,9 +171,15 @@ struct two_pictures
     int ink = 0; ///< pixels that are not white
 };
 
-/// Draws the table both ways, `scale` pixels to the unit.
-two_pictures compare(style_case const &with, memory_table &table, int scale)
+/// Draws the table both ways, `scale` pixels to the unit. The origin of the map, to which patterns are fixed,
+/// is the upper left corner, where they begin without a map.
+two_pictures compare(style_case const &with, memory_table table, int scale)
 {
+    Tvx_box_d2 const world = vx_box_d2_make_xy(0, -c_side, c_side, 0);
+    for (memory_feature &f : table.features)
+        for (auto &part : f.parts)
+            for (Tvx_pnt_d2 &p : part)
+                p.y -= c_side;
     memory_driver const driver(L"fast:", table);
     char const *const key = with.geom_type == 1   ? c_lr_key_shp_pnt
                             : with.geom_type == 3 ? c_lr_key_shp_pln
@@ -190,11 +199,11 @@ two_pictures compare(style_case const &with, memory_table &table, int scale)
         return dc;
     };
     auto const fast = page_of();
-    Tvx_map_view const view{page::box(c_side), side, side, 4.0 * scale, 4.0 * scale};
+    Tvx_map_view const view{world, side, side, 4.0 * scale, 4.0 * scale};
     EXPECT_TRUE(vx_render_layer(layer.get(), view, fast.get()));
     auto const plain = page_of();
     vx::owned<void, &vx_render_destroy> const render(vx_render_create());
-    vx_render_init(render.get(), page::box(c_side), plain.get());
+    vx_render_init(render.get(), world, plain.get());
     for (memory_feature const &f : table.features) {
         std::vector<std::vector<Tvx_vtx_d2>> parts;
         for (auto const &part : f.parts) {
@@ -238,7 +247,7 @@ TEST(fast_drawing, gives_the_pixels_of_one_geometry_after_the_other)
             two_pictures const seen = compare(with, table, scale);
             EXPECT_GT(seen.ink, 100);
             // A mask is mixed with its colour in another order than a path is filled.
-            EXPECT_LE(seen.largest, with.geom_type == 1 ? 3 : 0);
+            EXPECT_LE(seen.largest, with.geom_type == 1 ? 3 : with.most_difference);
         }
 }
 

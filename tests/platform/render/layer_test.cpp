@@ -1,3 +1,4 @@
+#include "patterned.h"
 #include "support/memory_source.h"
 
 #include "platform/base/owned.h"
@@ -21,7 +22,6 @@
 
 namespace {
 using namespace vx_test;
-using owned_layer = vx::owned<Ivx_layer, &vx_lr2d_destroy>;
 
 constexpr Tvx_color c_white = vx_clr_init_rgb(255, 255, 255);
 constexpr Tvx_color c_red = vx_clr_init_rgb(255, 0, 0);
@@ -303,41 +303,6 @@ TEST(render_layer, selection_and_cancelling)
     EXPECT_FALSE(vx_render_layer(big.get(), squares::view(), s.dc.get(), make_closure<&chosen::stop>(&c)));
     EXPECT_EQ(c.asked, 1);
 }
-
-/// A polygon over a large page, with a pattern that asks for much work.
-struct patterned
-{
-    memory_table table;
-    memory_driver driver{L"pattern:", table};
-    owned_layer layer;
-    vx::owned<void, &vx_bmp_dc_destroy> dc{vx_bmp_dc_create()};
-    Tvx_map_view view;
-
-    explicit patterned(int side)
-    {
-        double const s = side;
-        table.geom_type = 5;
-        table.features = {{{}, 5, {{{0, 0}, {0, s}, {s, s}, {s, 0}, {0, 0}}}}};
-        layer.reset(vx_shp_lr2d_create(c_lr_key_shp_pgn, L"pattern:"));
-        vx_bmp_dc_set_nxy(dc.get(), side, side);
-        vx_bmp_dc_clear(dc.get(), c_white);
-        view.world.add(0, 0);
-        view.world.add(s, s);
-        view.width = side;
-        view.height = side;
-        view.mm2px_x = 4;
-        view.mm2px_y = 4;
-    }
-    void *add_layer(char const *key)
-    {
-        void *mngr = vx_shp_pgn_lr2d_get_stl_mngr_ptr(layer.get());
-        void *pgn = vx_stl_prm_get_pgn_style_ptr(vx_stl_mngr_get_simple_sp_ptr(mngr), false);
-        void *fill = vx_pgn_style_get_bpgn_style_ptr(pgn);
-        vx_bpgn_style_set_use_complex(fill, true);
-        return vx_style_lrs_add_lr(vx_cpx_style_get_style_lrs_ptr(vx_bpgn_style_get_complex_style(fill)),
-                                   key);
-    }
-};
 
 void table_of_small_areas(memory_table &table, int side)
 {

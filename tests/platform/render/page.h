@@ -14,18 +14,18 @@ namespace vx_test {
 inline constexpr Tvx_color c_white = vx_clr_init_rgb(255, 255, 255);
 inline constexpr Tvx_color c_red = vx_clr_init_rgb(255, 0, 0);
 
-/// A square page, white, of which a pixel is a unit of the geometry; 4 pixels to the millimetre.
+/// A square page, white, of which a pixel is a unit of the geometry; 4 pixels to the millimetre unless told.
 struct page
 {
     vx::owned<void, &vx_bmp_dc_destroy> dc{vx_bmp_dc_create()};
     vx::owned<void, &vx_render_destroy> render{vx_render_create()};
     int side;
 
-    explicit page(int side_px = 100) : side(side_px)
+    explicit page(int side_px = 100, double px_per_mm = 4) : side(side_px)
     {
         vx_bmp_dc_set_nxy(dc.get(), side, side);
         vx_bmp_dc_set_transparent_clr(dc.get(), c_white);
-        vx_bmp_dc_set_mm2pxl(dc.get(), box(side / 4.0), {0, 0, side, side});
+        vx_bmp_dc_set_mm2pxl(dc.get(), box(side / px_per_mm), {0, 0, side, side});
         vx_render_init(render.get(), box(side), dc.get());
     }
     static Tvx_box_d2 box(double side) { return vx_box_d2_make_xy(0, 0, side, side); }

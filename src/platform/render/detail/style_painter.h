@@ -72,8 +72,9 @@ public:
     line_painter(line_painter &&) noexcept;
     ~line_painter();
 
-    /// A ring comes with its first vertex repeated at the end.
-    void draw(std::span<Tvx_pnt_d2 const> line);
+    /// A ring comes with its first vertex repeated at the end. What goes by the length begins `start` pixels
+    /// along the line of which this is a piece.
+    void draw(std::span<Tvx_pnt_d2 const> line, double start = 0);
     /// Where the style is one full stroke along the line itself: makes its pen the painter's, so that whoever
     /// fills a ring that lies in `box` draws the line with it. False when more is to be done.
     [[nodiscard]] bool lend_pen(Tvx_box_d2 const &box) const;

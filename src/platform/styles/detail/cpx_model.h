@@ -145,7 +145,7 @@ struct pgn_fill_lr
     bool operator==(pgn_fill_lr const &) const = default;
 };
 
-/// Parallel lines, `delta` apart, at `angle`, the first one `shift` from the origin of the page. Without
+/// Parallel lines, `delta` apart, at `angle`, the first one `shift` from the origin of the map. Without
 /// layers in the line style they are thin black lines.
 struct pgn_htch_lr
 {
