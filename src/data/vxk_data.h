@@ -24,6 +24,7 @@
 #include "data/grid/grid_palette.h"
 #include "data/grid/grid_types.h"
 #include "data/grid/random_sample_task.h"
+#include "data/property_import/property_import.h"
 #include "data/source/field_dict.h"
 #include "data/source/generic_datasource.h"
 #include "data/source/statistic.h"

@@ -3,6 +3,7 @@
 #include "platform/basic/vx_fault.h"
 #include "platform/data/detail/tos_file.h"
 #include "platform/data/detail/tos_writer.h"
+#include "platform/winapi/file.h"
 
 #include <algorithm>
 #include <cmath>
@@ -63,6 +64,11 @@ unsigned as_unsigned(double value)
 } // namespace
 
 // ---- file
+
+bool vx_tos4_is_file_w(wchar_t const *name)
+{
+    return vx::tos::has_property_head(vx_path_to_native(text_of(name)));
+}
 
 Ivx_tos4_file *vx_tos4_file_open_w(wchar_t const *name, bool read_only)
 {

@@ -32,6 +32,8 @@ struct Tvx_tos4_grid
 
 // ---- reading
 
+/// Whether the file calls itself a property file; it may be damaged all the same.
+[[nodiscard]] VX_API bool vx_tos4_is_file_w(wchar_t const *name);
 /// Null when the file cannot be opened so; `vx_tos4_get_werror` then says why. Opened for reading the file is
 /// not written, nor is anything beside it.
 [[nodiscard]] VX_API Ivx_tos4_file *vx_tos4_file_open_w(wchar_t const *name, bool read_only);

@@ -141,6 +141,12 @@ void defend(sqlite3 *base)
 }
 } // namespace
 
+bool has_property_head(std::string const &path)
+{
+    vx::fault fault;
+    return check_file(path, fault) || fault.code == c_capt_tos_damaged || fault.code == c_capt_file_newer;
+}
+
 void close_database(sqlite3 *base)
 {
     sqlite3_close_v2(base);

@@ -27,6 +27,9 @@ inline constexpr std::string_view c_tables[][2] = {
     {"tos_record", "CREATE TABLE tos_record(id INTEGER PRIMARY KEY, a BLOB, b BLOB)"},
 };
 
+/// Whether the file says that it is a property file, by its first bytes.
+[[nodiscard]] bool has_property_head(std::string const &path);
+
 void close_database(sqlite3 *base);
 void end_statement(sqlite3_stmt *statement);
 
