@@ -23,7 +23,7 @@ TARGET = ROOT / 'resources' / 'style_libs'
 # The browser shows the libraries in the order of the files' names.
 LIBRARIES = {'01_general': general, '02_topographic': topographic, '03_patterns': patterns, '04_statistics': statistics_signs}
 SOURCE = 'Drawn for this project (tools/style_libs)'
-LICENCE = 'The licence of this project'
+LICENCE = 'Project licence'
 KINDS = ('points', 'lines', 'polygons')
 PAGE = ROOT / 'docs' / 'style_catalogue.md'
 PICTURES = ROOT / 'docs' / 'style_catalogue'

@@ -151,6 +151,13 @@ CROSS_ON_TINT = [pgn(460 + i, f'Lattice over a tint, {en}', f'Косая сет�
                  for i, (color, tint, en, ru) in enumerate(COLORS, 1)]
 DOTS_ON_TINT = [pgn(480 + i, f'Dots over a tint, {en}', f'Точки по фону, {ru}', fill(tint), spots(2.4, 1.2, color=color, size=0.65), gradient=color)
                 for i, (color, tint, en, ru) in enumerate(COLORS, 1)]
+# Ordered classes: a tint that deepens under lines that close up, readable in colour and in grey.
+ORDERED = [pgn(first + i, f'Steps in {en}, class {i + 1}', f'Ступени, {ru}, класс {i + 1}', fill(tint), hatch_line(STEPS[i], 45, color, 0.3), gradient=color)
+           for first, en, ru, color, tints in (
+               (541, 'blue', 'синие', '#1d4f8a', ('#eaf2fa', '#d0e2f3', '#aecce8', '#86b1d9', '#5f95c8')),
+               (551, 'brown', 'коричневые', '#6b3f14', ('#faf3e6', '#f2e0c2', '#e5c89a', '#d4ab70', '#bf8d4c')),
+               (561, 'green', 'зелёные', '#24562a', ('#edf6e8', '#d3e9c8', '#afd5a0', '#86bd78', '#61a257')))
+           for i, tint in enumerate(tints)]
 VEILS = [pgn(500 + i, f'Veil, {en}', f'Полупрозрачный фон, {ru}', fill(color + '66'), outline=(color, 0.4))
          for i, (color, tint, en, ru) in enumerate(COLORS, 1)]
 ZONES = [
@@ -179,5 +186,6 @@ TREE = [
         (('Tints and full colours', 'Фоны и насыщенные цвета'), TINTS + FULL),
         (('Patterns over tints', 'Узоры по фону'), ON_TINT + CROSS_ON_TINT + DOTS_ON_TINT),
         (('Veils', 'Полупрозрачные фоны'), VEILS)]),
+    (('Ordered classes', 'Упорядоченные классы'), ORDERED),
     (('Zones', 'Зоны'), ZONES),
 ]
