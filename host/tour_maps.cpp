@@ -3,9 +3,11 @@
 #include "captions/attr_dialogs.h"
 #include "captions/dialogs.h"
 #include "captions/forms.h"
+#include "captions/libraries.h"
 #include "captions/scale_menus.h"
 #include "captions/simple.h"
 #include "controls/forms/apply_form.h"
+#include "controls/forms/pages.h"
 #include "controls/numeric/size_panel.h"
 #include "controls/prop/clr_panel.h"
 #include "host/layer_editor.h"
@@ -15,13 +17,16 @@
 #include "layer_edit/form/lr2d_edit_form.h"
 #include "style_manager/scales/rng_edit_btn.h"
 #include "style_manager/shell/stl_mngr_edit.h"
+#include "styles/simple/lib_stl_panel.h"
 #include "user_input/user_hand.h"
 #include "user_input/user_input.h"
 
 #include "platform/basic/vx_res.h"
 #include "platform/layers/vx_shp_lr2d.h"
+#include "platform/styles/vx_global_lib_styles.h"
 #include "platform/styles/vx_rng_scale.h"
 #include "platform/styles/vx_stl_mngr.h"
+#include "platform/styles/vx_style_lib.h"
 #include "platform/styles/vx_val_scale.h"
 #include "platform/toolkit/controls/combo_box.h"
 #include "platform/toolkit/controls/edit.h"
@@ -65,15 +70,11 @@ constexpr int c_first_range = 2;
 constexpr int c_counting_ms = 500;
 constexpr int c_menu_check_ms = 20;
 
-/// Classes of cities, the first and the last of them open.
-struct city_class
-{
-    wchar_t const *up_to, *caption;
-};
-constexpr city_class c_city_classes[] = {{L"2000000", L"up to 2 million"},
-                                         {L"5000000", L"2 to 5 million"},
-                                         {L"10000000", L"5 to 10 million"},
-                                         {L"", L"above 10 million"}};
+/// The row of the first of classes that are made: the one below the scale.
+constexpr int c_first_class = c_first_range - 1;
+/// Files of libraries that come with the program.
+constexpr wchar_t const *c_general_map = L"01_general.slib";
+constexpr wchar_t const *c_hatches = L"03_patterns.slib";
 constexpr wchar_t const *c_city_color = L"#b4283ca0";
 
 /// A caption as one reads it.
@@ -105,6 +106,18 @@ QAction *line_of_menu(QMenu const *menu, int caption)
     return nullptr;
 }
 
+/// The name that the user sees of a library; empty if it was not found.
+std::wstring library_name(wchar_t const *file)
+{
+    void *libs = vx_global_lib_styles_get_libs();
+    for (unsigned i = 0; i < vx_style_libs_get_size(libs); ++i) {
+        void const *const lib = vx_style_libs_get_lib_ptr(libs, i);
+        if (std::wstring_view(vx_style_lib_get_file_w(lib)).ends_with(file))
+            return vx_style_lib_get_name_w(lib);
+    }
+    return {};
+}
+
 TCustomGrid *grid_of(Tvx_stl_mngr_edit *edit)
 {
     switch (edit->get_mode_edit()->mode) {
@@ -124,6 +137,7 @@ void Tvx_tour_maps::show()
     show_countries_by_continent();
     show_cities_by_size();
     show_streets_by_rule();
+    show_library_styles();
 }
 
 void Tvx_tour_maps::show_counties_by_births()
@@ -167,23 +181,11 @@ void Tvx_tour_maps::show_cities_by_size()
         return;
     choose_mode(edit, c_style_mode_range);
     choose_field(edit, L"population");
-    // What the first and the last class have no bound for, the rows outside the ranges hold. Of the ten
-    // ranges two are needed.
-    auto *const ranges = edit->get_rng_edit();
-    int const last = static_cast<int>(std::size(c_city_classes)) - 1;
-    f_stage.check(
-        input::click_cell(ranges->get_grid(), c_rng_mark, c_first_range + last - 1) &&
-            input::click_cell(ranges->get_grid(), c_rng_mark, c_first_range + 9, mbLeft, {ssShift}) &&
-            input::click(ranges->get_tool_panel()->get_del_btn()),
-        "the ranges cannot be deleted");
-    int const first_row = c_first_range - 1, last_row = first_row + last;
-    for (int i = 0; i <= last; ++i) {
-        if (i > 0)
-            type_into_cell(edit, c_rng_min, first_row + i, c_city_classes[i - 1].up_to);
-        if (i < last)
-            type_into_cell(edit, c_rng_max, first_row + i, c_city_classes[i].up_to);
-        type_into_cell(edit, c_rng_caption, first_row + i, c_city_classes[i].caption);
-    }
+    make_classes(edit, {{L"2000000", L"up to 2 million"},
+                        {L"5000000", L"2 to 5 million"},
+                        {L"10000000", L"5 to 10 million"},
+                        {L"", L"above 10 million"}});
+    int const first_row = c_first_class, last_row = c_first_class + 3;
     // One colour for all, a size for the smallest and for the largest, and what lies between.
     in_style_dialog(c_city_color, nullptr);
     choose_in_header(edit, c_rng_style, {c_menu_edit_style});
@@ -193,7 +195,7 @@ void Tvx_tour_maps::show_cities_by_size()
     click_cell(edit, c_rng_style, first_row);
     choose_in_header(edit, c_rng_style, {c_menu_size_gradient}, "cities_2_gradient");
     click_cell(edit, c_rng_style, last_row);
-    hide_other_values(ranges->get_other_panel());
+    hide_other_values(edit->get_rng_edit()->get_other_panel());
     show_dialog("advanced_settings");
     f_stage.check(input::click(edit->get_rotate_btn()), "the advanced settings do not open");
     finish("cities_3_map");
@@ -226,6 +228,39 @@ void Tvx_tour_maps::show_streets_by_rule()
     finish("streets_3_map");
 }
 
+void Tvx_tour_maps::show_library_styles()
+{
+    QTemporaryDir const folder;
+    if (Tvx_stl_mngr_edit *const edit = open("streets", folder.path())) {
+        in_library(c_general_map, L"103", "library_1_roads");
+        f_stage.check(input::click(edit->get_smp_edit()->get_style_panel()->get_btn()),
+                      "the style of all does not open");
+        finish("library_2_streets");
+    }
+    if (Tvx_stl_mngr_edit *const edit = open("nc", folder.path())) {
+        choose_mode(edit, c_style_mode_range);
+        choose_field(edit, L"BIR74");
+        make_classes(edit, {{L"1000", L"up to 1000"},
+                            {L"2500", L"1000 to 2500"},
+                            {L"5000", L"2500 to 5000"},
+                            {L"", L"above 5000"}});
+        wchar_t const *const hatches[] = {L"541", L"542", L"543", L"545"};
+        for (int i = 0; i < 4; ++i) {
+            in_library(c_hatches, hatches[i], i == 3 ? "library_3_hatches" : nullptr);
+            click_cell(edit, c_rng_style, c_first_class + i);
+        }
+        hide_other_values(edit->get_rng_edit()->get_other_panel());
+        finish("library_4_counties");
+    }
+    f_stage.check(f_stage.open_example({"world.shp"}), "no countries behind the cities");
+    if (Tvx_stl_mngr_edit *const edit = open("large_cities", folder.path())) {
+        in_library(c_general_map, L"955", "library_5_settlements");
+        f_stage.check(input::click(edit->get_smp_edit()->get_style_panel()->get_btn()),
+                      "the style of all does not open");
+        finish("library_6_cities");
+    }
+}
+
 // ---- steps
 
 Tvx_stl_mngr_edit *Tvx_tour_maps::open(QString const &name, QString const &folder)
@@ -239,6 +274,27 @@ Tvx_stl_mngr_edit *Tvx_tour_maps::open(QString const &name, QString const &folde
         record && record->get_form() ? vx_tour_find<Tvx_stl_mngr_edit>(record->get_form()) : nullptr;
     f_stage.check(edit, "the editor has no page of styles: " + name);
     return edit;
+}
+
+void Tvx_tour_maps::make_classes(Tvx_stl_mngr_edit *edit, std::vector<class_of_values> const &classes)
+{
+    // What the first and the last class have no bound for, the rows outside the ranges hold.
+    auto *const ranges = edit->get_rng_edit();
+    int const last = static_cast<int>(classes.size()) - 1;
+    f_stage.check(
+        input::click_cell(ranges->get_grid(), c_rng_mark, c_first_range + last - 1) &&
+            input::click_cell(ranges->get_grid(), c_rng_mark, c_first_range + 9, mbLeft, {ssShift}) &&
+            input::click(ranges->get_tool_panel()->get_del_btn()),
+        "the ranges cannot be deleted");
+    for (int i = 0; i <= last; ++i) {
+        auto const &own = classes[static_cast<std::size_t>(i)];
+        if (i > 0)
+            type_into_cell(edit, c_rng_min, c_first_class + i,
+                           classes[static_cast<std::size_t>(i - 1)].up_to);
+        if (i < last)
+            type_into_cell(edit, c_rng_max, c_first_class + i, own.up_to);
+        type_into_cell(edit, c_rng_caption, c_first_class + i, own.caption);
+    }
 }
 
 void Tvx_tour_maps::choose_mode(Tvx_stl_mngr_edit *edit, int mode)
@@ -328,6 +384,34 @@ void Tvx_tour_maps::show_dialog(char const *picture)
     input::on_next_modal([this, picture](input::modal_window const &dialog) {
         f_stage.shoot_windows(picture);
         dialog.reject();
+    });
+}
+
+void Tvx_tour_maps::in_library(wchar_t const *library, wchar_t const *number, char const *picture)
+{
+    input::on_next_modal([=, this](input::modal_window const &dialog) {
+        input::on_next_modal([=, this](input::modal_window const &browser) {
+            auto *const box = vx_tour_find<TComboBox>(browser.form());
+            f_stage.check(box && input::choose_item(box, library_name(library)),
+                          "there is no library of this name");
+            input::on_next_modal([=, this](input::modal_window const &search) {
+                auto *const pages = vx_tour_find<Tvx_page_control>(search.form());
+                f_stage.check(pages && input::click_tab(pages, plain(c_lib_by_number)),
+                              "no search by number");
+                auto *const asked = vx_tour_find<Tvx_size_panel>(search.form());
+                f_stage.check(asked && input::enter_text(asked->get_edit(), number),
+                              "no number can be entered");
+                search.press_button(plain(c_caption_apply));
+            });
+            auto *const button = vx_tour_find<TButton>(browser.form(), plain(c_lib_search));
+            f_stage.check(button && input::click(button), "nothing can be searched in a library");
+            if (picture)
+                f_stage.shoot_windows(picture);
+            browser.press_button(plain(c_caption_apply));
+        });
+        auto *const libraries = vx_tour_find<Tvx_lib_stl_panel>(dialog.form());
+        f_stage.check(libraries && input::click(libraries->get_main_btn()), "no library can be opened");
+        dialog.press_button(plain(c_caption_apply));
     });
 }
 

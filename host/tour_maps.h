@@ -18,13 +18,23 @@ public:
     void show();
 
 private:
+    struct class_of_values
+    {
+        wchar_t const *up_to, *caption;
+    };
+
     void show_counties_by_births();
     void show_countries_by_continent();
     void show_cities_by_size();
     void show_streets_by_rule();
+    /// Streets, hatches by class, cities: styles of the libraries.
+    void show_library_styles();
 
     /// Opens a copy of an example and the editor on it; null and a failure when that does not come about.
     Tvx_stl_mngr_edit *open(QString const &name, QString const &folder);
+    /// Classes of a range scale that has ten, the first and the last of them open: upper bounds, without the
+    /// last one, and captions.
+    void make_classes(Tvx_stl_mngr_edit *edit, std::vector<class_of_values> const &classes);
     void choose_mode(Tvx_stl_mngr_edit *edit, int mode);
     /// The choice of the field that the scale in force is made of.
     void choose_field(Tvx_stl_mngr_edit *edit, wchar_t const *field);
@@ -38,6 +48,9 @@ private:
     void in_style_dialog(wchar_t const *color, wchar_t const *size, char const *picture = nullptr);
     /// Makes a picture of the dialog that opens next, and cancels it.
     void show_dialog(char const *picture);
+    /// In the style dialog that opens next, takes the style of this number from the library of a file; with a
+    /// name also a picture of the library.
+    void in_library(wchar_t const *library, wchar_t const *number, char const *picture = nullptr);
     void hide_other_values(Tvx_other_panel *panel);
     /// Apply, a picture, and all closed again.
     void finish(char const *picture);
