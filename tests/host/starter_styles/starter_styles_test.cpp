@@ -44,6 +44,12 @@ style_libs &starter_libs()
     return *static_cast<style_libs *>(vx_global_lib_styles_get_libs());
 }
 
+class starter_styles : public testing::Test
+{
+protected:
+    void SetUp() override { ASSERT_EQ(std::size(c_names), starter_libs().libs.size()); }
+};
+
 std::vector<idx_style const *> all_styles(style_lib const &lib)
 {
     std::vector<idx_style const *> styles;
@@ -91,7 +97,7 @@ void check_item(style_lib &lib, style_item const &item, std::multiset<int> &name
     }
 }
 
-TEST(starter_styles, are_read_without_a_word)
+TEST_F(starter_styles, are_read_without_a_word)
 {
     vx::owned<void, &vx_style_libs_destroy> const libs(vx_style_libs_create());
     vx::owned<Ivx_xml_data, &vx_xml_data_destroy> const xml(vx_xml_save_style_create());
@@ -106,10 +112,9 @@ TEST(starter_styles, are_read_without_a_word)
     }
 }
 
-TEST(starter_styles, are_complete)
+TEST_F(starter_styles, are_complete)
 {
     std::map<style_kind, int> kinds;
-    ASSERT_EQ(std::size(c_names), starter_libs().libs.size());
     for (auto const &lib : starter_libs().libs) {
         EXPECT_TRUE(is_english(lib->name.text));
         EXPECT_TRUE(is_russian(lib->name.others["ru"]));
@@ -222,7 +227,7 @@ double step_size(std::vector<Tvx_color> const &before, std::vector<Tvx_color> co
     return most;
 }
 
-TEST(starter_styles, steps_of_gradients_can_be_told_apart)
+TEST_F(starter_styles, steps_of_gradients_can_be_told_apart)
 {
     constexpr double c_just_noticeable = 2.3; // in CIE 1976 distances
     double least = 100;
@@ -261,7 +266,7 @@ int differences(QImage const &a, QImage const &b, int tolerance)
 }
 
 // ---- pictures
-TEST(starter_styles, no_two_look_the_same)
+TEST_F(starter_styles, no_two_look_the_same)
 {
     for (std::size_t lib = 0; lib < std::size(c_names); ++lib) {
         std::map<style_kind, std::vector<std::pair<int, QImage>>> seen;
@@ -291,7 +296,7 @@ void expect_same(QImage const &drawn, QImage const &wanted, std::string const &w
 
 // Pictures that somebody looked at. `vx_map --lang en --style-sheets docs/style_catalogue
 // resources/style_libs/*.slib` draws them anew.
-TEST(starter_styles, look_as_the_catalogue_shows_them)
+TEST_F(starter_styles, look_as_the_catalogue_shows_them)
 {
     for (std::size_t lib = 0; lib < std::size(c_names); ++lib)
         for (Tvx_style_sheet const &sheet : sheets_of(lib)) {
@@ -305,7 +310,7 @@ TEST(starter_styles, look_as_the_catalogue_shows_them)
 }
 
 // The same with one pixel for each of the sample's own, for some groups; VX_WRITE_GOLDEN=1 draws them anew.
-TEST(starter_styles, look_as_they_did_on_plain_screens)
+TEST_F(starter_styles, look_as_they_did_on_plain_screens)
 {
     std::set<QString> const chosen = {"01_general-101",  "01_general-201",  "01_general-501",
                                       "01_general-821",  "01_general-951",  "02_topographic-501",
