@@ -11,7 +11,8 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 CAPTIONS = 'resources/captions/en.txt'
-FOR_USERS = ('README.md', 'docs/using_the_editor.md')
+PICTURES = ('docs/complex_styles', 'docs/pictures')
+FOR_USERS = ('README.md', 'docs/complex_styles.md', 'docs/using_the_editor.md')
 TREE = ('bench', 'bundles', 'cmake', 'docs', 'examples', 'fuzz', 'host', 'resources', 'src', 'tests', 'tools')
 
 
@@ -67,8 +68,8 @@ def main():
     known, shown, faults = captions(), set(), []
     for name in names:
         faults += check(name, (ROOT / name).read_text(encoding='utf-8'), known, shown)
-    faults += [f'docs/pictures/{picture.name}: no document shows it'
-               for picture in sorted((ROOT / 'docs/pictures').iterdir()) if picture.resolve() not in shown]
+    faults += [f'{folder}/{picture.name}: no document shows it' for folder in PICTURES
+               for picture in sorted((ROOT / folder).iterdir()) if picture.resolve() not in shown]
     print('\n'.join(faults) or f'{len(names)} documents')
     return 1 if faults else 0
 

@@ -1,4 +1,5 @@
 #include "host/gallery/gallery_form.h"
+#include "host/gallery/parameter_pictures.h"
 #include "host/gallery/pictures.h"
 #include "host/offscreen.h"
 
@@ -10,8 +11,8 @@
 #include <optional>
 
 // Every control of the toolkit and of the library on the pages of one form. `--shot DIR` writes a picture of
-// each page and dialog, at the usual and at the double resolution, and ends; `--headless` before it needs no
-// display.
+// each page and dialog, at the usual and at the double resolution, and ends, and `--parameters DIR` one of
+// each parameter of the layers of complex styles; `--headless` before them needs no display.
 
 int main(int argc, char **argv)
 {
@@ -23,8 +24,10 @@ int main(int argc, char **argv)
     }
     if (argc == first + 2 && std::strcmp(argv[first], "--shot") == 0)
         return shoot_gallery(argv, argv[first + 1]);
+    if (argc == first + 2 && std::strcmp(argv[first], "--parameters") == 0)
+        return write_parameter_pictures(argv[first + 1]);
     if (argc != first || screen) {
-        std::fprintf(stderr, "usage: vx_gallery [[--headless] --shot DIR]\n");
+        std::fprintf(stderr, "usage: vx_gallery [[--headless] --shot DIR | --parameters DIR]\n");
         return EXIT_FAILURE;
     }
     gallery_form form;
