@@ -33,7 +33,7 @@ constexpr int c_pixel_scale = 2;
 /// Logical pixels.
 constexpr int c_page_width = 744;
 constexpr int c_gap = 20;
-constexpr int c_line_height = 12; ///< of a caption, which has two lines
+constexpr int c_line_height = 12; ///< of a caption, which has two lines as a rule
 constexpr int c_below_sample = 2 * c_line_height + 12;
 
 /// What the samples show, in a square of 100 by 100 that is stretched over them.
@@ -154,20 +154,30 @@ QImage with_few_colors(QImage const &picture)
     return few;
 }
 
-/// Two lines in the middle; what is longer ends in an ellipsis.
+/// In lines one below the other, in the middle: two, or three that are a little closer. What is longer ends
+/// in an ellipsis.
 void draw_caption(QPainter &painter, QRect const &room, QString const &text)
 {
-    QFontMetrics const metrics(painter.font());
+    constexpr int c_most_lines = 3;
     QTextLayout layout(text, painter.font());
     layout.beginLayout();
-    QTextLine line = layout.createLine();
-    line.setLineWidth(room.width());
-    int const length = line.textLength();
+    QStringList lines;
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(room.width());
+        if (lines.size() + 1 == c_most_lines) {
+            QString const rest = text.mid(line.textStart()).trimmed();
+            lines += QFontMetrics(painter.font()).elidedText(rest, Qt::ElideRight, room.width());
+            break;
+        }
+        lines += text.mid(line.textStart(), line.textLength()).trimmed();
+    }
     layout.endLayout();
-    QString const rest = metrics.elidedText(text.mid(length).trimmed(), Qt::ElideRight, room.width());
-    QRect const first(room.left(), room.top(), room.width(), c_line_height);
-    painter.drawText(first, Qt::AlignCenter, text.left(length).trimmed());
-    painter.drawText(first.translated(0, c_line_height), Qt::AlignCenter, rest);
+    bool const close = lines.size() == c_most_lines;
+    QRect place(room.left(), room.top() - close, room.width(), c_line_height);
+    for (QString const &line : lines) {
+        painter.drawText(place, Qt::AlignCenter, line);
+        place.translate(0, c_line_height - close);
+    }
 }
 
 QString shown(wchar_t const *text)
