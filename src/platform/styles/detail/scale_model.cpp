@@ -2,6 +2,7 @@
 
 #include "platform/base/detail/white_space.h"
 #include "platform/base/text_codec.h"
+#include "platform/base/text_hash.h"
 #include "platform/basic/detail/vx_oklab.h"
 
 #include <queue>
@@ -13,7 +14,6 @@
 #include <functional>
 #include <iterator>
 #include <limits>
-#include <random>
 
 namespace vx::styles {
 namespace {
@@ -35,22 +35,6 @@ void move_item(std::vector<T> &items, unsigned from, unsigned to)
         std::rotate(at(from), at(from + 1), at(to + 1));
     else
         std::rotate(at(to), at(from), at(from + 1));
-}
-
-/// Mixes eight bytes at a time.
-std::uint32_t hash_of(std::string_view text, std::uint64_t seed)
-{
-    std::uint64_t h = seed ^ text.size() * 0x9E3779B97F4A7C15u;
-    std::uint64_t word = 0;
-    for (; text.size() >= sizeof word; text.remove_prefix(sizeof word)) {
-        std::memcpy(&word, text.data(), sizeof word);
-        h = (h ^ word) * 0xBF58476D1CE4E5B9u;
-        h ^= h >> 32;
-    }
-    word = 0;
-    std::memcpy(&word, text.data(), text.size());
-    h = (h ^ word) * 0x94D049BB133111EBu;
-    return static_cast<std::uint32_t>(h ^ (h >> 29));
 }
 
 /// Doubles that are the same setting: a NaN equals a NaN.
@@ -385,11 +369,10 @@ void val_scale::build_index() const
         buckets *= 2;
     f_index.assign(buckets, {});
     f_texts.clear();
-    std::random_device chance;
-    f_seed = static_cast<std::uint64_t>(chance()) << 32 | chance();
+    f_seed = text::chance_seed();
     for (std::uint32_t i = 0; i < f_entries.size(); ++i) {
         std::string const text = text::wide_to_whole_utf8(text::trimmed(f_entries[i].text));
-        std::uint32_t const hash = hash_of(text, f_seed);
+        std::uint32_t const hash = text::seeded_hash(text, f_seed);
         slot &s = slot_of(text, hash);
         if (s.entry) // the first of equal texts stays
             continue;
@@ -427,7 +410,7 @@ int val_scale::find(std::string_view utf8) const
     utf8 = text::trimmed(utf8);
     if (utf8.empty())
         utf8 = ""; // never a null pointer
-    return static_cast<int>(slot_of(utf8, hash_of(utf8, f_seed)).entry) - 1;
+    return static_cast<int>(slot_of(utf8, text::seeded_hash(utf8, f_seed)).entry) - 1;
 }
 
 bool operator==(val_scale const &a, val_scale const &b)
