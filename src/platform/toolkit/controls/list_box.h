@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/toolkit/controls/check_box.h"
 #include "platform/toolkit/core/win_control.h"
 #include "platform/toolkit/graphics/owner_draw.h"
 
@@ -13,11 +14,14 @@ enum TListBoxStyle
 {
     lbStandard,
     lbOwnerDrawFixed,
-    lbOwnerDrawVariable
+    lbOwnerDrawVariable,
+    lbVirtual ///< the list has no texts of its own: `OnData` is asked for those that are seen
 };
+using TLBGetDataEvent = closure<void(TWinControl *control, int index, UnicodeString &text)>;
 
 /// A list of texts, 121 by 97. A click on an item, and a key that moves the choice, run `OnClick`;
-/// `SetItemIndex`, `SetSelected` and changes of `Items` run nothing.
+/// `SetItemIndex`, `SetSelected` and changes of `Items` run nothing. Lines that are not seen cost no more
+/// than their texts; many are added fastest between `BeginUpdate` and `EndUpdate` of the items.
 class VX_API TCustomListBox : public TWinControl
 {
 public:
@@ -45,6 +49,10 @@ public:
     void DeleteSelected();
     [[nodiscard]] TListBoxStyle GetStyle() const { return f_style; }
     void SetStyle(TListBoxStyle style);
+    /// Number of lines of a virtual list, which is not changed by its `Items`; of any other one the number is
+    /// that of its items. What is shown is asked for anew.
+    void SetCount(int count);
+    [[nodiscard]] int GetCount() const;
     /// Height of a line in the owner-drawn styles.
     [[nodiscard]] int GetItemHeight() const { return f_item_height; }
     void SetItemHeight(int height);
@@ -65,6 +73,8 @@ public:
 
     TDrawItemEvent OnDrawItem;
     TMeasureItemEvent OnMeasureItem;
+    /// Gives the text of a line of a virtual list.
+    TLBGetDataEvent OnData;
 
 protected:
     virtual void DrawItem(int index, TRect const &rect, TOwnerDrawState const &state);
@@ -72,18 +82,27 @@ protected:
     /// The user turned the check mark of an item, in lists that have them.
     virtual void CheckClicked(int) {}
     [[nodiscard]] virtual bool HasChecks() const { return false; }
+    /// Unchecked and disabled for a line that is not there; changes of such a line do nothing, others tell
+    /// nobody.
+    [[nodiscard]] TCheckBoxState GetLineCheck(int index) const;
+    void SetLineCheck(int index, TCheckBoxState state);
+    [[nodiscard]] bool GetLineEnabled(int index) const;
+    void SetLineEnabled(int index, bool enabled);
 
 private:
+    class lines;
     class strings;
     class delegate;
     class view;
     friend class delegate;
 
     [[nodiscard]] view *native() const;
+    [[nodiscard]] bool is_there(int index) const;
     void apply_mode();
     [[nodiscard]] bool owner_drawn() const;
     void draw(void *painter, int index, TRect const &rect, TOwnerDrawState const &state);
 
+    lines *f_lines; ///< the widget's
     std::unique_ptr<vx_item_strings> f_items;
     std::unique_ptr<TCanvas> f_canvas;
     TListBoxStyle f_style = lbStandard;

@@ -1,6 +1,5 @@
 #include "platform/toolkit/controls/detail/item_strings.h"
 
-#include "platform/base/flag_scope.h"
 #include "platform/toolkit/bridge/qt_values.h"
 #include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/core/win_control.h"
@@ -46,7 +45,6 @@ UnicodeString vx_item_strings::GetStrings(int index) const
 
 void vx_item_strings::SetStrings(int index, UnicodeString const &text)
 {
-    vx::flag_scope const changing(f_changing);
     model_of(f_owner)->setData(item(f_owner, index), vx_qt_string(text), Qt::DisplayRole);
     changed();
 }
@@ -58,7 +56,6 @@ TObject *vx_item_strings::GetObjects(int index) const
 
 void vx_item_strings::SetObjects(int index, TObject *object)
 {
-    vx::flag_scope const changing(f_changing);
     model_of(f_owner)->setData(item(f_owner, index),
                                QVariant::fromValue(reinterpret_cast<qulonglong>(object)), c_object_role);
 }
@@ -79,7 +76,6 @@ void vx_item_strings::InsertObject(int index, UnicodeString const &text, TObject
 {
     if (index < 0 || index > GetCount())
         throw std::out_of_range("item");
-    vx::flag_scope const changing(f_changing);
     insert_row(index, text);
     SetObjects(index, object);
     changed();
@@ -87,14 +83,12 @@ void vx_item_strings::InsertObject(int index, UnicodeString const &text, TObject
 
 void vx_item_strings::Delete(int index)
 {
-    vx::flag_scope const changing(f_changing);
     remove_row(item(f_owner, index).row());
     changed();
 }
 
 void vx_item_strings::Clear()
 {
-    vx::flag_scope const changing(f_changing);
     remove_all_rows();
     changed();
 }

@@ -24,9 +24,6 @@ public:
     /// Puts the items that are there in order.
     void Sort();
 
-    /// True while the program changes the items.
-    [[nodiscard]] bool is_changing() const { return f_changing; }
-
 protected:
     virtual void insert_row(int index, UnicodeString const &text) = 0;
     virtual void remove_row(int index) = 0;
@@ -37,5 +34,4 @@ protected:
 private:
     TWinControl *f_owner;
     bool const &f_sorted;
-    bool f_changing = false;
 };
