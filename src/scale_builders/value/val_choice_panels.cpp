@@ -5,7 +5,6 @@
 #include "scale_builders/value/val_params.h"
 
 #include "platform/basic/vx_res.h"
-#include "platform/toolkit/core/strings.h"
 
 namespace {
 constexpr Tvx_builder_choice c_modes[] = {
@@ -24,6 +23,8 @@ void Tvx_vcl_val_statistic_panel::create()
     f_list = new Tvx_vcl_list_box(f_group);
     f_list->SetParent(f_group);
     f_list->SetAlign(alClient);
+    f_list->SetStyle(lbVirtual);
+    f_list->OnData = make_closure<&Tvx_vcl_val_statistic_panel::on_list_data>(this);
 }
 
 void Tvx_vcl_val_statistic_panel::load_rc()
@@ -34,18 +35,20 @@ void Tvx_vcl_val_statistic_panel::load_rc()
 
 void Tvx_vcl_val_statistic_panel::set_statistic(Tvx_val_statistic *statistic)
 {
-    auto *const items = f_list->GetItems();
-    items->BeginUpdate();
-    items->Clear();
-    for (char const *text = statistic->get_first(); text; text = statistic->get_next())
-        items->Add(text);
-    items->EndUpdate();
+    f_statistic = statistic;
+    f_list->SetCount(statistic ? static_cast<int>(statistic->get_size()) : 0);
     show_count();
+}
+
+void Tvx_vcl_val_statistic_panel::on_list_data(TWinControl * /*control*/, int index, UnicodeString &text)
+{
+    if (auto const place = static_cast<unsigned>(index); f_statistic && place < f_statistic->get_size())
+        text = f_statistic->get(place);
 }
 
 void Tvx_vcl_val_statistic_panel::show_count()
 {
-    f_group->SetText(vx_res_format_w(c_bld_field_values, std::to_wstring(f_list->GetItems()->GetCount())));
+    f_group->SetText(vx_res_format_w(c_bld_field_values, std::to_wstring(f_list->GetCount())));
 }
 
 // ---- modes

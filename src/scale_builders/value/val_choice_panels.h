@@ -15,14 +15,17 @@ public:
     void create() override;
     void load_rc() override;
 
-    /// Shows the values in their order.
+    /// Shows the values in their order: the list asks for those that are seen, so that they must live as
+    /// long as they are shown, and be shown anew when they change.
     void set_statistic(Tvx_val_statistic *statistic);
     [[nodiscard]] Tvx_vcl_list_box *get_list_box() const { return f_list; }
 
 private:
     void show_count();
+    void on_list_data(TWinControl *control, int index, UnicodeString &text);
 
     TWinControl *f_group = nullptr;
+    Tvx_val_statistic *f_statistic = nullptr;
     Tvx_vcl_list_box *f_list = nullptr;
 };
 

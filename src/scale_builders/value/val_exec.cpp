@@ -10,6 +10,9 @@
 #include "platform/styles/vx_val_scale.h"
 #include "platform/toolkit/core/screen.h"
 
+#include <algorithm>
+#include <vector>
+
 int Tvx_val_exec::execute(Tvx_val_params *params, Tvx_data_events const &data)
 {
     return Tvx_val_exec().exec(params, data);
@@ -111,9 +114,13 @@ void Tvx_val_exec::do_execute_modify()
 
 void Tvx_val_exec::do_modify_add()
 {
-    f_present.clear();
+    std::vector<std::string> texts;
     for (unsigned i = 0, count = vx_val_scale_get_size(scale()); i < count; ++i)
-        f_present.add(text_of(i).c_str());
+        texts.push_back(text_of(i));
+    std::ranges::sort(texts);
+    f_present.clear();
+    for (auto const &text : texts)
+        f_present.add(text.c_str());
     auto &values = *f_params->get_statistic_ptr();
     for (char const *value = values.get_first(); value; value = values.get_next()) {
         std::string const text(vx_trimmed(value));

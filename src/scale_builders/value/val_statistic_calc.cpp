@@ -1,15 +1,13 @@
 #include "scale_builders/value/val_statistic_calc.h"
 
 #include "captions/style_manager.h"
+#include "scale_builders/common/detail/distinct_texts.h"
 #include "scale_builders/common/detail/field_reading.h"
 
 #include "platform/dialogs/vx_msgs.h"
 #include "platform/styles/vx_stl_mngr.h"
 
-#include <algorithm>
-#include <unordered_set>
 #include <utility>
-#include <vector>
 
 namespace {
 constexpr std::size_t c_many_values = 1000;
@@ -23,12 +21,6 @@ public:
 
 private:
     bool f_asked = false;
-};
-
-struct text_hash
-{
-    using is_transparent = void;
-    std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }
 };
 } // namespace
 
@@ -61,22 +53,18 @@ bool Tvx_val_statistic_calc::do_execute()
     auto const &field = reading.get_field();
     if (!reading.is_open() || !field)
         return false;
-    std::unordered_set<std::string, text_hash, std::equal_to<>> values;
+    distinct_texts values;
     patience user;
     f_is_stopped = !reading.walk_objects([&](unsigned object) {
         bool is_defined = false;
         auto const text = reading.get_text(field, object, is_defined);
-        if (!is_defined || values.contains(text))
+        if (!is_defined || !values.add(text))
             return true;
-        values.emplace(text);
         return values.size() < c_many_values || user.lasts();
     });
     if (f_is_stopped)
         return false;
-    std::vector<std::string_view> sorted(values.begin(), values.end());
-    std::ranges::sort(sorted);
-    for (auto const text : sorted)
-        f_statistic->add(text.data());
+    f_statistic->set_sorted(values.take_sorted());
     return true;
 }
 

@@ -2,6 +2,7 @@
 
 #include "captions/style_manager.h"
 #include "data/filesystem/filesystem.h"
+#include "scale_builders/common/detail/distinct_texts.h"
 #include "style_manager/scales/detail/scale_data.h"
 #include "style_manager/scales/detail/scale_pictures.h"
 #include "style_manager/scales/val_edit_btn.h"
@@ -21,9 +22,7 @@
 #include "platform/toolkit/core/screen.h"
 #include "platform/winapi/file.h"
 
-#include <algorithm>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 namespace {
@@ -32,13 +31,6 @@ constexpr std::string_view c_blanks = " \t\n\r\v\f";
 constexpr std::size_t c_shortest_file_name = 4;
 
 using owned_xml = vx::owned<Ivx_xml_data, &vx_xml_save_2d_destroy>;
-
-struct text_hash
-{
-    using is_transparent = void;
-    std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }
-};
-using text_set = std::unordered_set<std::string, text_hash, std::equal_to<>>;
 
 std::string_view trimmed(char const *text)
 {
@@ -53,7 +45,7 @@ std::string_view trimmed(char const *text)
 std::vector<std::string> read_values(open_data const &opened, Tvx_data_events const &data, TObject *sender,
                                      unsigned prop)
 {
-    text_set values;
+    distinct_texts values;
     bool asked = false;
     unsigned const count = data.get_no(sender);
     for (unsigned i = 0; i < count; ++i) {
@@ -61,21 +53,15 @@ std::vector<std::string> read_values(open_data const &opened, Tvx_data_events co
         auto const text = trimmed(data.get_str(sender, prop, i, defined));
         if (!defined && opened.is_given_up())
             break;
-        if (!defined || values.contains(text))
+        if (!defined || !values.add(text))
             continue;
-        values.emplace(text);
         if (!asked && values.size() >= c_many_values) {
             asked = true;
             if (!vx_yesno_res(c_stl_many_values))
                 break;
         }
     }
-    std::vector<std::string> sorted;
-    sorted.reserve(values.size());
-    while (!values.empty())
-        sorted.push_back(std::move(values.extract(values.begin()).value()));
-    std::ranges::sort(sorted);
-    return sorted;
+    return values.take_sorted();
 }
 } // namespace
 
