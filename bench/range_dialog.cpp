@@ -3,13 +3,12 @@
 // opening the same widgets put together in plain Qt. Measured in turn in one run, by the processor's time;
 // the least counts.
 
+#include "builder_dialog.h"
 #include "sample_table.h"
 #include "scale_builders/range/rng_type_dlg.h"
 
 #include "platform/base/owned.h"
-#include "platform/base/string_adp.h"
 #include "platform/base/text_codec.h"
-#include "platform/data/vx_attr_data.h"
 #include "platform/styles/vxk_styles.h"
 
 #include <QApplication>
@@ -22,60 +21,14 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTimer>
 
 #include <cmath>
 
 using namespace vx_bench;
 
 namespace {
-using owned_data = vx::owned<Ivx_attr_data, &vx_attr_data_release>;
-using owned_table = vx::owned<Ivx_attr_files, &vx_attr_files_close>;
 using owned_mngr = vx::owned<void, &vx_stl_mngr_destroy>;
 constexpr wchar_t const *c_field = L"number1m";
-
-/// An open table, of which no column has been read.
-struct table
-{
-    explicit table(std::wstring const &source)
-        : data(vx_attr_data_create(source.c_str())), files(vx_attr_files_open(data.get(), 1, 0))
-    {
-        if (!files)
-            std::abort();
-    }
-    owned_data data;
-    owned_table files;
-
-    // ---- the pull events, as the page of a layer answers them
-    bool open(TObject *) { return true; }
-    void close(TObject *) {}
-    unsigned np(TObject *) { return vx_attr_files_get_np(files.get()); }
-    unsigned no(TObject *) { return vx_attr_files_get_no(files.get()); }
-    char const *prop(TObject *, unsigned i, bool &usable, bool &numeric)
-    {
-        int const type = vx_attr_files_get_field_type(files.get(), i);
-        usable = true;
-        numeric = type == c_attr_integer || type == c_attr_numeric || type == c_attr_bigint;
-        return vx_attr_files_get_field_name(files.get(), i);
-    }
-    char const *str(TObject *, unsigned i, unsigned object, bool &defined)
-    {
-        return vx_attr_files_get_str(files.get(), i, object, &defined);
-    }
-    double val(TObject *, unsigned i, unsigned object, bool &defined)
-    {
-        return vx_attr_files_get_dbl(files.get(), i, object, &defined);
-    }
-};
-
-/// What runs the window's loop ends it once the window has been painted.
-void close_when_shown()
-{
-    QTimer::singleShot(0, [] {
-        QApplication::processEvents();
-        QApplication::activeModalWidget()->close();
-    });
-}
 
 void open_own(table &t)
 {
@@ -89,30 +42,11 @@ void open_own(table &t)
         std::abort();
 }
 
-template <class Control>
-Control *add_row(QVBoxLayout *column, char const *caption)
-{
-    auto *const row = new QHBoxLayout;
-    row->addWidget(new QLabel(QString::fromUtf8(caption)));
-    auto *const control = new Control;
-    control->setFixedWidth(120);
-    row->addWidget(control);
-    column->addLayout(row);
-    return control;
-}
-
 void add_patterns(QVBoxLayout *column)
 {
     auto *const box = add_row<QComboBox>(column, "Round to");
     for (int i = 0; i < 21; ++i)
         box->addItem(QString(i, QLatin1Char('d')));
-}
-
-QVBoxLayout *add_group(QBoxLayout *layout, char const *caption)
-{
-    auto *const group = new QGroupBox(QString::fromUtf8(caption));
-    layout->addWidget(group);
-    return new QVBoxLayout(group);
 }
 
 /// A panel for a kind of classification; the first one shows.

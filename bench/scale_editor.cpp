@@ -2,6 +2,7 @@
 // values and building the entries cost alone; and a grid of 100,000 entries against one of 100, for painting,
 // scrolling and marking. Measured in turn in one run, by the processor's time; the least counts.
 
+#include "code_file.h"
 #include "data/source/generic_datasource.h"
 #include "page_window.h"
 
@@ -15,39 +16,10 @@
 using namespace vx_bench;
 
 namespace {
-constexpr int c_codes = 42'049; ///< synthetic postal codes
 using owned_data = vx::owned<Ivx_attr_data, &vx_attr_data_release>;
 using owned_table = vx::owned<Ivx_attr_files, &vx_attr_files_close>;
 using value_window = page_window<c_stl_mngr_mode_value>;
 using owned_mngr = vx::owned<void, &vx_stl_mngr_destroy>;
-
-/// As many points as there are codes, each with its own, in no order.
-std::string code_file()
-{
-    auto const folder = std::filesystem::path(VX_BINARY_DIR) / "bench_data";
-    std::filesystem::create_directories(folder);
-    auto const file = (folder / "codes.gpkg").string();
-    if (std::filesystem::exists(file))
-        return file;
-    auto *const driver = GetGDALDriverManager()->GetDriverByName("GPKG");
-    std::unique_ptr<GDALDataset> const set(driver->Create(file.c_str(), 0, 0, 0, GDT_Unknown, nullptr));
-    auto *const layer = set->CreateLayer("points", nullptr, wkbPoint);
-    OGRFieldDefn code("code", OFTString);
-    layer->CreateField(&code);
-    (void)set->StartTransaction();
-    for (int i = 0; i < c_codes; ++i) {
-        OGRFeature feature(layer->GetLayerDefn());
-        OGRPoint const point(i % 1000, i / 1000);
-        feature.SetGeometry(&point);
-        char text[16];
-        std::snprintf(text, sizeof text, "%05d", static_cast<int>(i * 31'337LL % c_codes) + 10'000);
-        feature.SetField(0, text);
-        if (layer->CreateFeature(&feature) != OGRERR_NONE)
-            std::abort();
-    }
-    (void)set->CommitTransaction();
-    return file;
-}
 
 void build_plain(std::wstring const &source, wchar_t const *field, void *mngr)
 {
