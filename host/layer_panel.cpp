@@ -205,6 +205,12 @@ int Tvx_layer_panel::selected_id() const
     return f_layers.id_at(selected_row());
 }
 
+int Tvx_layer_panel::selected_class() const
+{
+    QModelIndex const index = f_view->currentIndex();
+    return index.parent().isValid() ? index.row() : -1;
+}
+
 void Tvx_layer_panel::select_id(int id)
 {
     f_view->setCurrentIndex(f_layers.index(f_layers.row_of(id)));

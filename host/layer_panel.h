@@ -24,6 +24,8 @@ public:
     /// Row of the selected layer, -1 without one.
     [[nodiscard]] int selected_row() const;
     [[nodiscard]] int selected_id() const;
+    /// Place of the selected class among those of its layer, -1 while the layer itself is selected.
+    [[nodiscard]] int selected_class() const;
     void select_id(int id);
     /// Lower left corner of the layer's sample on the screen.
     [[nodiscard]] QPoint sample_corner(int id) const;

@@ -131,10 +131,17 @@ bool vx_layer_is_drawn_simple(Ivx_layer *layer)
     return vx_stl_mngr_get_mode(vx_shp_lr2d_get_stl_mngr_ptr(layer)) == c_stl_mngr_mode_simple;
 }
 
+void *vx_layer_simple_style(Ivx_layer *layer)
+{
+    return vx_lr2d_is_shp(layer) && vx_layer_is_drawn_simple(layer)
+               ? simple_prm(vx_shp_lr2d_get_stl_mngr_ptr(layer))
+               : nullptr;
+}
+
 bool vx_layer_draw_sample(Ivx_layer *layer, TBitmap *bitmap)
 {
-    return vx_lr2d_is_shp(layer) && vx_layer_is_drawn_simple(layer) &&
-           vx_style_draw_sample(simple_prm(vx_shp_lr2d_get_stl_mngr_ptr(layer)), bitmap);
+    void *const style = vx_layer_simple_style(layer);
+    return style && vx_style_draw_sample(style, bitmap);
 }
 
 bool vx_style_draw_sample(void *prm, TBitmap *bitmap)

@@ -22,6 +22,9 @@ struct Tvx_layer_colors
 /// True when the layer's manager draws all objects alike.
 [[nodiscard]] bool vx_layer_is_drawn_simple(Ivx_layer *layer);
 
+/// Style parameters of a layer that is drawn so, the layer's own; null for others.
+[[nodiscard]] void *vx_layer_simple_style(Ivx_layer *layer);
+
 /// Draws the sample of the simple style of a layer that is drawn so; false for others, and the bitmap is left
 /// alone.
 [[nodiscard]] bool vx_layer_draw_sample(Ivx_layer *layer, TBitmap *bitmap);

@@ -2,6 +2,7 @@
 #include "host/glyphs.h"
 #include "host/layer_panel.h"
 #include "host/layer_style.h"
+#include "host/library_dialog.h"
 #include "host/map_canvas.h"
 #include "host/map_window.h"
 
@@ -90,6 +91,9 @@ std::vector<Tvx_map_window::command_row> const &Tvx_map_window::command_rows()
     };
     constexpr auto has_style = [](window const &w) {
         return vx_layer_has_style_dialog(w.f_layers.layer_at(w.selected_row()));
+    };
+    constexpr auto has_single_style = [](window const &w) {
+        return Tvx_library_dialog::can_take(w.selected_style());
     };
     constexpr auto has_place = [](window const &w) {
         return !w.f_layers.extent_at(w.selected_row()).is_empty();
@@ -283,6 +287,15 @@ std::vector<Tvx_map_window::command_row> const &Tvx_map_window::command_rows()
          0,
          can_paste_style,
          [](window &w, bool) { w.on_paste_style(); }},
+        {"to_library",
+         c_cap_menu_layer,
+         c_map_to_library,
+         c_map_hint_to_library,
+         nullptr,
+         {},
+         0,
+         has_single_style,
+         [](window &w, bool) { w.on_to_library(); }},
         {"draw_by", c_cap_menu_layer, c_cap_draw_by, {}, nullptr, {}, c_opens_menu, is_vector, nullptr},
         {"zoom_to_layer",
          c_cap_menu_layer,

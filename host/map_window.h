@@ -131,6 +131,7 @@ private:
     void on_move(int by);
     void on_copy_style();
     void on_paste_style();
+    void on_to_library();
     void on_invert_managers(bool on);
     void on_selection_changed(int id);
     void on_pointer_moved(double x, double y);
@@ -139,6 +140,9 @@ private:
     void on_shortcuts();
 
     [[nodiscard]] int selected_row() const;
+    /// Style parameters of the selected class, or of the selected layer if it is drawn in one style; null for
+    /// others.
+    [[nodiscard]] void *selected_style() const;
     /// Puts an edited copy in the layer's place.
     void take_over(int id, Tvx_layer_list::layer_ptr layer);
     void show_message(QString const &text);

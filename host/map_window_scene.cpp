@@ -1,16 +1,21 @@
 #include "host/captions.h"
+#include "host/layer_classes.h"
 #include "host/layer_editor.h"
 #include "host/layer_files.h"
+#include "host/layer_info.h"
 #include "host/layer_panel.h"
 #include "host/layer_style.h"
+#include "host/library_dialog.h"
 #include "host/map_canvas.h"
 #include "host/map_scene.h"
 #include "host/map_window.h"
 #include "host/opening_progress.h"
 
+#include "platform/base/owned.h"
 #include "platform/base/string_adp.h"
 #include "platform/basic/vx_fault.h"
 #include "platform/basic/vx_options.h"
+#include "platform/styles/vx_stl_prm.h"
 
 #include <QApplication>
 #include <QDir>
@@ -249,6 +254,28 @@ void Tvx_map_window::on_paste_style()
     Tvx_layer_list::layer_ptr copy(vx_lr2d_clone(f_layers.layer_at(selected_row())));
     if (vx_layer_copy_style(copy.get(), f_copied_style.get()))
         take_over(f_panel->selected_id(), std::move(copy));
+}
+
+void *Tvx_map_window::selected_style() const
+{
+    Ivx_layer *const layer = f_layers.layer_at(selected_row());
+    if (int const place = f_panel->selected_class(); place >= 0)
+        return vx_layer_class_style(layer, static_cast<unsigned>(place));
+    return vx_layer_simple_style(layer);
+}
+
+void Tvx_map_window::on_to_library()
+{
+    // The dialog lets the map go on, which may put another layer in this one's place.
+    vx::owned<void, &vx_stl_prm_destroy> const style(vx_stl_prm_clone(selected_style()));
+    Ivx_layer *const layer = f_layers.layer_at(selected_row());
+    int const place = f_panel->selected_class();
+    Tvx_library_dialog dialog(
+        style.get(),
+        place < 0 ? vx_layer_name(layer) : vx_layer_class_caption(layer, static_cast<unsigned>(place)), this);
+    if (dialog.exec() == QDialog::Accepted)
+        show_message(
+            vx_map_caption(c_map_status_in_library).arg(dialog.style_caption(), dialog.chosen_name()));
 }
 
 void Tvx_map_window::on_invert_managers(bool on)
