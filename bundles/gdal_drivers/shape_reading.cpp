@@ -51,16 +51,22 @@ int gdal_shape_reading::next(int milliseconds, vx::shape_visitor visitor)
     using clock = std::chrono::steady_clock;
     auto const end = clock::now() + std::chrono::milliseconds(milliseconds);
     std::wstring complaints;
+    // What the last call had no time for.
+    if (f_run.is_huge())
+        f_run.flush(visitor);
     while (f_walk) {
         error_guard const guard(complaints);
         auto const result = f_walk->step(f_run);
         bool const is_over = result != shape_walk::c_more;
         f_is_damaged = f_is_damaged || result == shape_walk::c_broken || !guard.text().empty();
+        bool const is_late = clock::now() >= end;
+        if (!is_over && is_late && f_run.is_huge())
+            return reading_goes_on;
         if (is_over || f_run.is_large())
             f_run.flush(visitor);
         if (is_over)
             f_walk.reset();
-        else if (clock::now() >= end)
+        else if (is_late)
             break;
     }
     f_run.flush(visitor);

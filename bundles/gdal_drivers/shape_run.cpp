@@ -74,6 +74,19 @@ double *shape_run::add_shape(int kind, unsigned const *vertex_counts, std::size_
     return room_for(vertices);
 }
 
+void shape_run::add_shape(int kind, std::vector<unsigned> const &vertex_counts, unsigned long long record,
+                          std::unique_ptr<double[]> vertices, std::size_t count)
+{
+    if (f_count == 0 && f_place_room < 2 * count) {
+        f_places = std::move(vertices);
+        f_place_room = 2 * count;
+        (void)add_shape(kind, vertex_counts.data(), vertex_counts.size(), record);
+    } else {
+        std::copy_n(vertices.get(), 2 * count,
+                    add_shape(kind, vertex_counts.data(), vertex_counts.size(), record));
+    }
+}
+
 void shape_run::add(OGRGeometry const *geometry, unsigned long long record)
 {
     int const kind = flat(geom_type_of_geometry(geometry));

@@ -31,10 +31,16 @@ public:
     /// Room for the vertices of a shape with these parts, x and y of each; valid until the next call.
     [[nodiscard]] double *add_shape(int kind, unsigned const *vertex_counts, std::size_t parts,
                                     unsigned long long record);
+    /// A shape with its vertices, which are taken over where the run is empty, and copied elsewhere.
+    void add_shape(int kind, std::vector<unsigned> const &vertex_counts, unsigned long long record,
+                   std::unique_ptr<double[]> vertices, std::size_t count);
     /// The same of a geometry of the format library; null counts as none.
     void add(OGRGeometry const *geometry, unsigned long long record);
     /// What is in the run is worth handing out.
     [[nodiscard]] bool is_large() const { return f_count >= c_shapes || f_place_count >= c_numbers; }
+
+    /// It is so large that handing it out takes some milliseconds.
+    [[nodiscard]] bool is_huge() const { return f_place_count >= c_huge; }
 
     /// Hands out what there is, and begins anew.
     void flush(vx::shape_visitor visitor);
@@ -42,6 +48,8 @@ public:
 private:
     static constexpr std::size_t c_shapes = 8192;
     static constexpr std::size_t c_numbers = 1 << 15; ///< so many stay in the processor's cache
+
+    static constexpr std::size_t c_huge = 1 << 18;
 
     void note(unsigned long long record)
     {

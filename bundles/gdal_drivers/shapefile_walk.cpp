@@ -10,6 +10,8 @@
 #include <bit>
 #include <cstdint>
 #include <cstring>
+#include <memory>
+#include <new>
 #include <optional>
 
 namespace vx::gdal {
@@ -17,6 +19,7 @@ namespace {
 constexpr std::size_t c_head = 100;        ///< bytes before the first record, in both files
 constexpr std::size_t c_record_head = 8;   ///< and before each record's content
 constexpr std::size_t c_block = 1 << 17;   ///< bytes that are read at once; stays in the cache
+constexpr std::size_t c_piece = 1 << 20;   ///< of a record that is larger
 constexpr std::size_t c_entries = 1 << 13; ///< of the index, read at once
 constexpr std::size_t c_entry = 8;
 constexpr int c_at_once = 2048; ///< records in one step
@@ -82,6 +85,8 @@ public:
 
     step_result step(shape_run &run) override
     {
+        if (f_large)
+            return read_large(run);
         for (int i = 0; i < c_at_once && !run.is_large(); ++i, ++f_next) {
             if (f_next == f_records)
                 return c_end;
@@ -97,6 +102,8 @@ public:
             std::uint64_t const length = big(entry + 4) * std::uint64_t{2};
             if (f_window && lies_beside(at, length))
                 continue;
+            if (length > c_piece && begin_large(at, length))
+                return c_more;
             if (!add(run, at, length))
                 leave_to_gdal(run);
         }
@@ -186,6 +193,48 @@ private:
         }
     }
 
+    /// A line or an area that is worth being read in several steps. False for what has another form.
+    [[nodiscard]] bool begin_large(std::uint64_t at, std::uint64_t length)
+    {
+        unsigned char const *head = bytes(at, c_record_head + c_parts_fixed);
+        if (!head || at + c_record_head + length > f_size || big(head + 4) * std::uint64_t{2} != length)
+            return false;
+        auto const type = little<std::int32_t>(head + c_record_head);
+        auto const parts = little<std::uint32_t>(head + c_record_head + 36);
+        if (!(type == 3 || type == 13 || type == 23 || type == 5 || type == 15 || type == 25) ||
+            std::uint64_t{parts} * 4 > std::min<std::uint64_t>(length - c_parts_fixed, c_piece))
+            return false;
+        head = bytes(at, c_record_head + c_parts_fixed + 4 * std::size_t{parts});
+        if (!head || !read_counts(head + c_record_head, length))
+            return false;
+        large_record large;
+        large.kind = type % 10 == 3 ? geom_polyline : geom_polygon;
+        large.count = little<std::uint32_t>(head + c_record_head + 40);
+        large.at = at + c_record_head + c_parts_fixed + 4 * std::size_t{parts};
+        large.vertices.reset(new (std::nothrow) double[2 * large.count]);
+        if (!large.vertices)
+            return false;
+        f_large = std::move(large);
+        return true;
+    }
+
+    step_result read_large(shape_run &run)
+    {
+        std::size_t const size = f_large->count * 16;
+        std::size_t const wanted = std::min(c_piece, size - f_large->read);
+        VSIFSeekL(f_shapes.get(), f_large->at + f_large->read, SEEK_SET);
+        auto *const to = reinterpret_cast<unsigned char *>(f_large->vertices.get()) + f_large->read;
+        if (VSIFReadL(to, 1, wanted, f_shapes.get()) != wanted)
+            return c_broken;
+        f_large->read += wanted;
+        if (f_large->read == size) {
+            run.add_shape(f_large->kind, f_counts, record(), std::move(f_large->vertices), f_large->count);
+            f_large.reset();
+            ++f_next;
+        }
+        return c_more;
+    }
+
     [[nodiscard]] bool add_multipoint(shape_run &run, unsigned char const *content, std::uint64_t length)
     {
         constexpr std::size_t c_fixed = 40;
@@ -202,28 +251,35 @@ private:
 
     [[nodiscard]] bool add_parts(shape_run &run, int kind, unsigned char const *content, std::uint64_t length)
     {
-        constexpr std::size_t c_fixed = 44;
-        if (length < c_fixed)
+        if (!read_counts(content, length))
+            return false;
+        auto const vertices = little<std::uint32_t>(content + 40);
+        std::memcpy(run.add_shape(kind, f_counts.data(), f_counts.size(), record()),
+                    content + c_parts_fixed + 4 * f_counts.size(), std::size_t{vertices} * 16);
+        return true;
+    }
+    /// The vertices of each part.
+    [[nodiscard]] bool read_counts(unsigned char const *content, std::uint64_t length)
+    {
+        if (length < c_parts_fixed)
             return false;
         auto const parts = little<std::uint32_t>(content + 36);
         auto const vertices = little<std::uint32_t>(content + 40);
         if (parts == 0 || vertices == 0 ||
-            std::uint64_t{parts} * 4 + std::uint64_t{vertices} * 16 > length - c_fixed)
+            std::uint64_t{parts} * 4 + std::uint64_t{vertices} * 16 > length - c_parts_fixed)
             return false;
         f_counts.clear();
-        std::uint32_t begin = little<std::uint32_t>(content + c_fixed);
+        std::uint32_t begin = little<std::uint32_t>(content + c_parts_fixed);
         if (begin != 0)
             return false;
         for (std::uint32_t p = 1; p <= parts; ++p) {
             std::uint32_t const end =
-                p < parts ? little<std::uint32_t>(content + c_fixed + 4 * std::size_t{p}) : vertices;
+                p < parts ? little<std::uint32_t>(content + c_parts_fixed + 4 * std::size_t{p}) : vertices;
             if (end <= begin || end > vertices)
                 return false;
             f_counts.push_back(end - begin);
             begin = end;
         }
-        std::memcpy(run.add_shape(kind, f_counts.data(), parts, record()),
-                    content + c_fixed + 4 * std::size_t{parts}, std::size_t{vertices} * 16);
         return true;
     }
 
@@ -233,8 +289,20 @@ private:
         run.add(feature ? feature->GetGeometryRef() : nullptr, record());
     }
 
+    /// A record whose vertices are being read.
+    struct large_record
+    {
+        int kind = geom_none;
+        std::size_t count = 0;
+        std::uint64_t at = 0; ///< the vertices in the file
+        std::size_t read = 0; ///< bytes of them
+        std::unique_ptr<double[]> vertices;
+    };
+    static constexpr std::size_t c_parts_fixed = 44; ///< bytes before the parts of a line or an area
+
     file_holder f_shapes;
     file_holder f_index;
+    std::optional<large_record> f_large;
     OGRLayer &f_layer;
     std::size_t f_records;
     std::vector<long long> f_deleted;
