@@ -31,6 +31,15 @@ constexpr double c_max_calls_per_px = 0.25;
 constexpr double c_between_px = 1.0 / 256;
 /// How far from its place a symbol may be drawn that is turned at random, unless it is large itself.
 constexpr double c_max_random_reach_px = 250;
+/// Nanoseconds that a line takes for a pixel of its length, cut out by an area.
+constexpr double c_clipped_pixel = 100;
+/// Of the vertices of an area from which on its pattern is drawn on a picture of its own: each line of it
+/// would be cut out by all of them.
+constexpr std::size_t c_many_vertices = 2000;
+/// Areas of no more vertices are left to the painter, whatever they do.
+constexpr std::size_t c_few_vertices = 256;
+/// So are those that take it no longer, in nanoseconds.
+constexpr double c_most_at_once = 8e6;
 
 QColor qt_color(Tvx_color c)
 {
@@ -73,9 +82,9 @@ struct hatch
             double const n = i * step + first;
             px_line const ends{{normal.x * n + dir.x * (d0 - reach), normal.y * n + dir.y * (d0 - reach)},
                                {normal.x * n + dir.x * (d1 + reach), normal.y * n + dir.y * (d1 + reach)}};
-            line.draw(ends, start);
-            if (!go_on(target, cost::c_path))
+            if (!go_on(target, cost::c_path + (box.width() + box.height()) * c_clipped_pixel))
                 return;
+            line.draw(ends, start);
         }
     }
 
@@ -163,20 +172,6 @@ private:
         return static_cast<long long>(std::floor((at - origin) / step));
     }
 };
-
-/// Few points cross themselves seldom enough.
-crossings crossings_of(std::span<px_line const> rings, Tvx_box_d2 const &clip)
-{
-    constexpr std::size_t c_few = 256;
-    crossings work(clip);
-    std::size_t count = 0;
-    for (px_line const &ring : rings)
-        count += ring.size();
-    for (px_line const &ring : rings)
-        if (count > c_few)
-            work.add(ring);
-    return work;
-}
 
 /// A hatch whose line style has no layers.
 bpln_style const &default_hatch_line()
@@ -322,6 +317,11 @@ struct fill_painter::impl
         else if (auto const *spot = std::get_if<pgn_spot_lr>(&lr.data))
             items.emplace_back(spots_item{spot, make_spots(target, *spot)});
     }
+    [[nodiscard]] bool has_patterns() const
+    {
+        return std::ranges::any_of(items,
+                                   [](auto const &item) { return !std::holds_alternative<QColor>(item); });
+    }
 
     void draw_pattern(fill_item &item, Tvx_box_d2 const &box, double hatch_angle, double spot_angle)
     {
@@ -343,32 +343,44 @@ struct fill_painter::impl
             return make_spots(whole, *s.layer);
         });
     }
-    void draw_tangled(std::span<px_line const> rings, Tvx_box_d2 const &clip, crossings const &work,
-                      double hatch_angle, double spot_angle)
+    /// The pattern on a picture of its own, of which the area can be cut out.
+    QImage pattern_of(fill_item &item, QRect const &where, Tvx_box_d2 const &box, double hatch_angle,
+                      double spot_angle)
     {
-        std::vector<px_line> seen;
-        Tvx_box_d2 box;
-        for (px_line const &ring : rings) {
-            seen.push_back(clip_ring(ring, clip));
-            box.add(box_of(seen.back()));
-            if (!go_on(target, static_cast<double>(ring.size()) * cost::c_vertex))
-                return;
-        }
-        if (box.is_empty())
-            return;
-        tangled_area const area(target, seen, box, work);
-        QPainter &painter = *vx_qt_painter(target.painter);
-        for (auto &it : items) {
+        if (QImage const *page = pattern_picture(item, box, hatch_angle, spot_angle))
+            return page->copy(where);
+        QImage picture(where.size(), QImage::Format_ARGB32_Premultiplied);
+        if (picture.isNull())
+            return picture;
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.translate(-where.topLeft());
+        surface own = target;
+        own.painter = vx_native(&painter);
+        if (auto const *h = std::get_if<hatch_item>(&item))
+            make_hatch(own, *h->layer).draw(own, box, hatch_angle);
+        else
+            make_spots(own, *std::get<spots_item>(item).layer).draw(own, box, spot_angle);
+        return picture;
+    }
+    /// By its cover: what the painter would do in one long call.
+    void draw_large(px_rings rings, Tvx_box_d2 const &box, crossings const &work, double hatch_angle,
+                    double spot_angle)
+    {
+        area_cover const area(target, rings, box, work);
+        for (std::size_t i = 0; i < items.size(); ++i) {
             if (!go_on(target, box.width() * box.height() * cost::c_pixel))
                 return;
-            if (auto const *color = std::get_if<QColor>(&it)) {
+            if (auto const *color = std::get_if<QColor>(&items[i])) {
                 area.fill(target, plain_color(*color));
                 continue;
             }
-            painter.save();
-            area.clip(target);
-            draw_pattern(it, box, hatch_angle, spot_angle);
-            painter.restore();
+            QImage picture = pattern_of(items[i], QRect(area.left(), area.top(), area.width(), area.height()),
+                                        box, hatch_angle, spot_angle);
+            if (picture.isNull())
+                return;
+            area.lay(target, picture.bits(), static_cast<int>(picture.bytesPerLine()));
         }
     }
 };
@@ -418,39 +430,47 @@ void fill_painter::draw(std::span<px_line const> rings, double hatch_angle, doub
 {
     impl &d = *f_impl;
     Tvx_box_d2 const clip = grown(d.target.clip, 2);
-    crossings const work = crossings_of(rings, clip);
-    std::size_t vertices = 0;
-    for (px_line const &ring : rings)
-        vertices += ring.size();
-    if (!go_on(d.target, static_cast<double>(vertices) * cost::c_vertex))
-        return;
-    if (work.are_many()) {
-        d.draw_tangled(rings, clip, work, hatch_angle, spot_angle);
-        return;
-    }
-    QPainterPath path;
-    path.setFillRule(Qt::OddEvenFill);
+    std::vector<px_line> clipped; // of rings that do not lie in the clip
+    QVarLengthArray<std::span<Tvx_pnt_d2 const>, 8> shown;
     Tvx_box_d2 box;
+    std::size_t vertices = 0;
     for (px_line const &ring : rings) {
-        Tvx_box_d2 const ring_box = box_of(ring);
+        if (!go_on(d.target, static_cast<double>(ring.size()) * cost::c_vertex))
+            return;
+        Tvx_box_d2 ring_box = box_of(ring);
         if (!clip.intersects(ring_box))
             continue;
-        px_line clipped;
         std::span<Tvx_pnt_d2 const> points = ring;
         if (!holds(clip, ring_box)) {
-            clipped = clip_ring(ring, clip);
-            points = clipped;
+            points = clipped.emplace_back(clip_ring(ring, clip, d.target.meter));
+            ring_box = box_of(points);
         }
         if (points.size() < 3)
             continue;
+        shown.append(points);
+        box.add(ring_box);
+        vertices += points.size();
+    }
+    if (shown.isEmpty())
+        return;
+    if (vertices > c_few_vertices) {
+        crossings work(clip);
+        for (auto const &points : shown)
+            work.add(points);
+        if (!go_on(d.target, static_cast<double>(vertices) * cost::c_vertex / 4))
+            return;
+        if (work.cost() > c_most_at_once || (vertices > c_many_vertices && d.has_patterns()))
+            return d.draw_large({shown.data(), std::size_t(shown.size())}, box, work, hatch_angle,
+                                spot_angle);
+    }
+    QPainterPath path;
+    path.setFillRule(Qt::OddEvenFill);
+    for (auto const &points : shown) {
         path.moveTo(points[0].x, points[0].y);
         for (std::size_t i = 1; i < points.size(); ++i)
             path.lineTo(points[i].x, points[i].y);
         path.closeSubpath();
-        box.add(box_of(points));
     }
-    if (path.isEmpty())
-        return;
     QPainter &painter = *vx_qt_painter(d.target.painter);
     double const ahead = cost::c_path + static_cast<double>(path.elementCount()) * cost::c_vertex +
                          box.width() * box.height() * cost::c_pixel;

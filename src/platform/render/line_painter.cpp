@@ -31,6 +31,7 @@ constexpr std::size_t c_few_points = 256;
 constexpr std::size_t c_many_points = 1U << 14;
 /// Round joins take so many times as long as plain ones.
 constexpr std::size_t c_round_factor = 8;
+constexpr double c_stroked_pixel = 10; ///< nanoseconds
 
 QColor qt_color(Tvx_color c)
 {
@@ -463,17 +464,19 @@ struct line_painter::impl
     {
         double const seen = std::min(box.width() + box.height(), target.clip.width() + target.clip.height());
         if (!go_on(target, cost::c_path + static_cast<double>(line.size()) * cost::c_vertex +
-                               seen * it.thickness() * cost::c_pixel))
+                               seen * it.thickness() * c_stroked_pixel))
             return;
         Tvx_box_d2 const clip = grown(target.clip, it.reach() + 2);
         if (holds(clip, box)) {
             it.draw(target, line, start);
             return;
         }
-        for (line_piece const &piece : clip_line(line, clip, it.needs_lengths())) {
+        line_clipper pieces(line, clip, it.needs_lengths(), target.meter);
+        while (pieces.next()) {
+            line_piece const &piece = pieces.piece();
             Tvx_box_d2 const own = box_of(piece.points);
             if (!go_on(target, cost::c_path + static_cast<double>(piece.points.size()) * cost::c_vertex +
-                                   (own.width() + own.height()) * it.thickness() * cost::c_pixel))
+                                   (own.width() + own.height()) * it.thickness() * c_stroked_pixel))
                 return;
             if (piece.points.size() > 1)
                 it.draw(target, piece.points, start + piece.start);
@@ -555,7 +558,7 @@ void line_painter::draw(std::span<Tvx_pnt_d2 const> line, double start)
             continue;
         }
         // Moved before it is cut, so that the pattern stays when the view moves.
-        px_line const moved = offset_line(line, it.delta);
+        px_line const moved = offset_line(line, it.delta, d.target.meter);
         if (moved.size() > 1)
             d.draw_item(it, moved, start, box_of(moved));
     }

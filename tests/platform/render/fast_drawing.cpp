@@ -7,6 +7,10 @@
 #include "platform/render/vx_map_view.h"
 #include "platform/render/vx_render_layer.h"
 
+#include <QtGui/QImage>
+#include <QtGui/QPainter>
+#include <QtGui/QPainterPath>
+
 #include <cmath>
 #include <functional>
 #include <gtest/gtest.h>
@@ -287,5 +291,62 @@ TEST(fast_drawing, changes_little_where_vertices_are_left_out)
                 }
             }
     }
+}
+/// An area that the painter would take long for is painted in pieces; its pixels are the painter's.
+TEST(fast_drawing, paints_large_areas_as_the_painter_does)
+{
+    constexpr int c_vertices = 1500;
+    for (int const scale : {1, 2})
+        for (Tvx_color const color : {c_red, c_clear_blue})
+            for (bool const is_beside : {false, true}) {
+                SCOPED_TRACE(std::to_string(scale) + (color.a == 255 ? " opaque" : " clear"));
+                std::mt19937 random(3);
+                std::uniform_real_distribution radius(0.0, 40.0);
+                std::vector<Tvx_pnt_d2> ring;
+                for (int i = 0; i < c_vertices; ++i) {
+                    double const a = -14 * M_PI * i / c_vertices;
+                    double const r = (i % 2 ? 20 : 70) + radius(random);
+                    ring.push_back({(is_beside ? 200 : 120) + r * std::cos(a), 120 + r * std::sin(a)});
+                }
+                int const side = c_side * scale;
+                Tvx_map_view const view{page::box(c_side), side, side, 4.0 * scale, 4.0 * scale};
+                QImage expected(side, side, QImage::Format_ARGB32_Premultiplied);
+                expected.fill(Qt::white);
+                QPainterPath path;
+                for (Tvx_pnt_d2 const &p : ring) {
+                    QPointF const at(view.world_to_px_x(p.x), view.world_to_px_y(p.y));
+                    path.elementCount() ? path.lineTo(at) : path.moveTo(at);
+                }
+                path.closeSubpath();
+                QPainter painter(&expected);
+                painter.setRenderHint(QPainter::Antialiasing);
+                painter.fillPath(path, QColor(color.r, color.g, color.b, color.a));
+                painter.end();
+
+                memory_table table;
+                table.geom_type = 5;
+                table.features = {{{}, 5, {ring}}};
+                memory_driver const driver(L"fast:", table);
+                owned_layer const layer(vx_shp_lr2d_create(c_lr_key_shp_pgn, L"fast:"));
+                void *const style = vx_stl_prm_get_pgn_style_ptr(
+                    vx_stl_mngr_get_simple_sp_ptr(vx_shp_lr2d_get_stl_mngr_ptr(layer.get())), false);
+                vx_pgn_style_set_pln_visible(style, false);
+                vx_bpgn_style_set_color(vx_pgn_style_get_bpgn_style_ptr(style), color);
+                vx::owned<void, &vx_bmp_dc_destroy> const dc(vx_bmp_dc_create());
+                vx_bmp_dc_set_nxy(dc.get(), side, side);
+                vx_bmp_dc_clear(dc.get(), c_white);
+                ASSERT_TRUE(vx_render_layer(layer.get(), view, dc.get()));
+                int largest = 0;
+                for (int y = 0; y < side; ++y)
+                    for (int x = 0; x < side; ++x) {
+                        Tvx_color const seen = vx_bmp_dc_get_pixel(dc.get(), x, y);
+                        QRgb const wanted = expected.pixel(x, y);
+                        largest =
+                            std::max({largest, std::abs(seen.r - qRed(wanted)),
+                                      std::abs(seen.g - qGreen(wanted)), std::abs(seen.b - qBlue(wanted))});
+                    }
+                // What lies beside the page is cut off, which moves an edge by the rounding of its new end.
+                EXPECT_LE(largest, is_beside ? 8 : 0);
+            }
 }
 } // namespace

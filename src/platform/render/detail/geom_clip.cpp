@@ -1,5 +1,7 @@
 #include "platform/render/detail/geom_clip.h"
 
+#include "platform/render/detail/work_meter.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -27,85 +29,173 @@ bool segment_span(Tvx_pnt_d2 a, Tvx_pnt_d2 b, Tvx_box_d2 const &box, double &t0,
            cut(dy, box.max_y - a.y);
 }
 
+/// Tells a meter of each so many vertices.
+class vertex_count
+{
+public:
+    explicit vertex_count(work_meter *meter) : f_meter(meter) {}
+    /// One more vertex; false when the drawing is to end.
+    [[nodiscard]] bool go_on()
+    {
+        if (--f_until_look > 0)
+            return true;
+        f_until_look = c_between_looks;
+        return !f_meter || f_meter->go_on(c_between_looks * c_cost);
+    }
+
+private:
+    static constexpr unsigned c_between_looks = 4096;
+    static constexpr double c_cost = 10;
+    work_meter *f_meter;
+    unsigned f_until_look = c_between_looks;
+};
+
 Tvx_pnt_d2 between(Tvx_pnt_d2 a, Tvx_pnt_d2 b, double t)
 {
     return {std::lerp(a.x, b.x, t), std::lerp(a.y, b.y, t)};
 }
 
-/// One pass of the polygon clipping of Sutherland and Hodgman, 1974.
-template <class Inside, class Cross>
-px_line clip_side(px_line const &ring, Inside inside, Cross cross)
+/// The polygon clipping of Sutherland and Hodgman, 1974, each vertex through all four sides at once.
+class ring_clipper
 {
+public:
+    explicit ring_clipper(Tvx_box_d2 const &box) : f_box(box) {}
+    void add(Tvx_pnt_d2 p) { pass(0, p); }
+    /// Closes the ring.
+    px_line take()
+    {
+        for (std::size_t side = 0; side < c_sides; ++side)
+            if (f_last[side].is_there)
+                cross(side, f_last[side].first);
+        return std::move(f_out);
+    }
+
+private:
+    static constexpr std::size_t c_sides = 4;
+    struct passed
+    {
+        bool is_there = false;
+        Tvx_pnt_d2 first, last;
+    };
+
+    [[nodiscard]] bool is_inside(std::size_t side, Tvx_pnt_d2 p) const
+    {
+        switch (side) {
+        case 0:
+            return p.x >= f_box.min_x;
+        case 1:
+            return p.x <= f_box.max_x;
+        case 2:
+            return p.y >= f_box.min_y;
+        default:
+            return p.y <= f_box.max_y;
+        }
+    }
+    void pass(std::size_t side, Tvx_pnt_d2 p)
+    {
+        if (side == c_sides)
+            return f_out.push_back(p);
+        passed &own = f_last[side];
+        if (own.is_there)
+            cross(side, p);
+        else
+            own.first = p;
+        own.is_there = true;
+        own.last = p;
+        if (is_inside(side, p))
+            pass(side + 1, p);
+    }
+    /// What the edge from the last vertex to this one has on the side.
+    void cross(std::size_t side, Tvx_pnt_d2 b)
+    {
+        Tvx_pnt_d2 const a = f_last[side].last;
+        if (is_inside(side, a) == is_inside(side, b))
+            return;
+        if (side < 2) {
+            double const x = side == 0 ? f_box.min_x : f_box.max_x;
+            return pass(side + 1, {x, std::lerp(a.y, b.y, (x - a.x) / (b.x - a.x))});
+        }
+        double const y = side == 2 ? f_box.min_y : f_box.max_y;
+        pass(side + 1, {std::lerp(a.x, b.x, (y - a.y) / (b.y - a.y)), y});
+    }
+
+    Tvx_box_d2 f_box;
+    passed f_last[c_sides];
+    px_line f_out;
+};
+} // namespace
+
+bool line_clipper::next()
+{
+    vertex_count count(f_meter);
+    px_line &points = f_piece.points;
+    points.clear();
+    while (f_next < f_line.size() && count.go_on()) {
+        Tvx_pnt_d2 const a = f_line[f_next - 1];
+        Tvx_pnt_d2 const b = f_line[f_next];
+        double t0;
+        double t1;
+        bool const shows = segment_span(a, b, f_box, t0, t1);
+        if (!points.empty() && (!shows || t0 > 0))
+            return true; // the segment is the next piece's
+        double const length = f_lengths ? std::hypot(b.x - a.x, b.y - a.y) : 0;
+        if (shows) {
+            if (points.empty()) {
+                f_piece.start = f_along + length * t0;
+                points.push_back(between(a, b, t0));
+            }
+            points.push_back(t1 < 1 ? between(a, b, t1) : b);
+        }
+        f_along += length;
+        ++f_next;
+        if (shows && t1 < 1)
+            return true;
+    }
+    return !points.empty();
+}
+
+px_line clip_ring(std::span<Tvx_pnt_d2 const> ring, Tvx_box_d2 const &box, work_meter *meter)
+{
+    vertex_count count(meter);
+    ring_clipper clipper(box);
+    for (Tvx_pnt_d2 const &p : ring) {
+        clipper.add(p);
+        if (!count.go_on())
+            break;
+    }
+    return clipper.take();
+}
+
+px_line within_rows(std::span<Tvx_pnt_d2 const> ring, double top, double bottom)
+{
+    auto const side = [&](std::size_t i) { return ring[i].y < top ? -1 : ring[i].y > bottom ? 1 : 0; };
     px_line out;
+    if (ring.empty())
+        return out;
+    int before = side(ring.size() - 1);
+    int own = side(0);
     for (std::size_t i = 0; i < ring.size(); ++i) {
-        Tvx_pnt_d2 const a = ring[i ? i - 1 : ring.size() - 1];
-        Tvx_pnt_d2 const b = ring[i];
-        if (inside(a) != inside(b))
-            out.push_back(cross(a, b));
-        if (inside(b))
-            out.push_back(b);
+        int const behind = side(i + 1 < ring.size() ? i + 1 : 0);
+        if (own == 0 || before != own || behind != own)
+            out.push_back(ring[i]);
+        before = own;
+        own = behind;
     }
     return out;
 }
-} // namespace
 
-std::vector<line_piece> clip_line(std::span<Tvx_pnt_d2 const> line, Tvx_box_d2 const &box, bool lengths)
-{
-    std::vector<line_piece> pieces;
-    bool open = false;
-    double along = 0;
-    for (std::size_t i = 1; i < line.size(); ++i) {
-        Tvx_pnt_d2 const a = line[i - 1];
-        Tvx_pnt_d2 const b = line[i];
-        double const length = lengths ? std::hypot(b.x - a.x, b.y - a.y) : 0;
-        double t0;
-        double t1;
-        if (segment_span(a, b, box, t0, t1)) {
-            if (!open) {
-                pieces.emplace_back();
-                pieces.back().start = along + length * t0;
-                pieces.back().points.push_back(between(a, b, t0));
-            }
-            pieces.back().points.push_back(t1 < 1 ? between(a, b, t1) : b);
-            open = t1 == 1;
-        } else {
-            open = false;
-        }
-        along += length;
-    }
-    return pieces;
-}
-
-px_line clip_ring(std::span<Tvx_pnt_d2 const> ring, Tvx_box_d2 const &box)
-{
-    px_line out(ring.begin(), ring.end());
-    auto const at_x = [](double x) {
-        return [x](Tvx_pnt_d2 a, Tvx_pnt_d2 b) {
-            return Tvx_pnt_d2{x, std::lerp(a.y, b.y, (x - a.x) / (b.x - a.x))};
-        };
-    };
-    auto const at_y = [](double y) {
-        return [y](Tvx_pnt_d2 a, Tvx_pnt_d2 b) {
-            return Tvx_pnt_d2{std::lerp(a.x, b.x, (y - a.y) / (b.y - a.y)), y};
-        };
-    };
-    out = clip_side(
-        out, [&](Tvx_pnt_d2 p) { return p.x >= box.min_x; }, at_x(box.min_x));
-    out = clip_side(
-        out, [&](Tvx_pnt_d2 p) { return p.x <= box.max_x; }, at_x(box.max_x));
-    out = clip_side(
-        out, [&](Tvx_pnt_d2 p) { return p.y >= box.min_y; }, at_y(box.min_y));
-    return clip_side(
-        out, [&](Tvx_pnt_d2 p) { return p.y <= box.max_y; }, at_y(box.max_y));
-}
-
-px_line offset_line(std::span<Tvx_pnt_d2 const> line, double distance)
+px_line offset_line(std::span<Tvx_pnt_d2 const> line, double distance, work_meter *meter)
 {
     constexpr double c_mitre_limit = 4;
+    vertex_count count(meter);
     px_line clean;
-    for (Tvx_pnt_d2 const p : line)
+    clean.reserve(line.size());
+    for (Tvx_pnt_d2 const p : line) {
+        if (!count.go_on())
+            return {};
         if (clean.empty() || clean.back() != p)
             clean.push_back(p);
+    }
     if (clean.size() < 2 || distance == 0)
         return clean;
     std::size_t const strokes = clean.size() - 1;
@@ -123,6 +213,8 @@ px_line offset_line(std::span<Tvx_pnt_d2 const> line, double distance)
     px_line out;
     out.reserve(clean.size());
     for (std::size_t i = 0; i < clean.size(); ++i) {
+        if (!count.go_on())
+            return {};
         Tvx_pnt_d2 const a = normal(before(i));
         Tvx_pnt_d2 const b = normal(behind(i));
         Tvx_pnt_d2 const sum{a.x + b.x, a.y + b.y};

@@ -76,6 +76,7 @@ mngr_painter::prepared &mngr_painter::row_painter(unsigned row)
 
 void mngr_painter::load_parts(Tvx_shape_view const &shape, double near_px)
 {
+    constexpr std::size_t c_between_looks = 4096;
     f_parts.resize(static_cast<std::size_t>(shape.part_count));
     // Looked at where they lie: most of many are left out, and not worth two divisions.
     double const near_x = near_px * f_view.world.width() / f_view.width;
@@ -86,10 +87,15 @@ void mngr_painter::load_parts(Tvx_shape_view const &shape, double near_px)
         Tvx_pnt_d2 const *const begin = shape.points + shape.part_starts[i];
         Tvx_pnt_d2 const *const last = shape.points + shape.part_starts[i + 1] - 1;
         Tvx_pnt_d2 const *kept = begin;
+        // Room for all, and one that closes a ring: what is not used costs nothing, and moving does.
+        part.reserve(static_cast<std::size_t>(last - begin) + 2);
         for (Tvx_pnt_d2 const *v = begin; v <= last; ++v) {
             bool const is_near = std::abs(v->x - kept->x) <= near_x && std::abs(v->y - kept->y) <= near_y;
             if (is_near && v != begin && v != last)
                 continue;
+            if (part.size() % c_between_looks == c_between_looks - 1 &&
+                !go_on(f_target, c_between_looks * cost::c_object))
+                return;
             part.push_back({f_view.world_to_px_x(v->x), f_view.world_to_px_y(v->y)});
             kept = v;
         }

@@ -5,19 +5,24 @@
 #include <QtCore/QVarLengthArray>
 #include <QtGui/QImage>
 #include <QtGui/QPainter>
+#include <QtGui/QPainterPath>
 #include <QtGui/QPen>
-#include <QtGui/QRegion>
 
 #include <algorithm>
 #include <bit>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 namespace vx::render {
 namespace {
 /// Steps that the painter may take to sort: some hundredths of a second.
 constexpr double c_most_steps = 5e7;
+constexpr double c_step = 1; ///< nanoseconds
+/// Nanoseconds that the painter may take for one call, unless it is for one row.
+constexpr double c_most_at_once = 6e6;
 /// Samples across a pixel, and down it unless there are too many crossings.
 constexpr int c_across = 4;
 constexpr int c_down = 4;
@@ -31,7 +36,8 @@ constexpr int c_dashed_passes = 64;
 constexpr double c_most_reach = 500;
 constexpr double c_drawn_pixel = 20; ///< nanoseconds
 constexpr double c_passed_pixel = 2;
-constexpr double c_run_diagonals = 16;
+constexpr double c_run_diagonals = 16; ///< of a thin line
+constexpr double c_wide_run_diagonals = 3;
 
 /// Bit rows of samples: each crossing turns the samples to its right.
 class sample_rows
@@ -145,6 +151,7 @@ int turn_edge(sample_rows &samples, Tvx_pnt_d2 a, Tvx_pnt_d2 b)
 
 void crossings::add(std::span<Tvx_pnt_d2 const> line)
 {
+    f_vertices += static_cast<double>(line.size());
     for (std::size_t i = 1; i < line.size(); ++i) {
         double const above = std::clamp(line[i - 1].y, f_box.min_y, f_box.max_y);
         double const below = std::clamp(line[i].y, f_box.min_y, f_box.max_y);
@@ -155,76 +162,159 @@ void crossings::add(std::span<Tvx_pnt_d2 const> line)
     }
 }
 
-bool crossings::are_many() const
+double crossings::steps() const
 {
     double const rows = std::max(1.0, f_box.height());
     double const in_row = (f_rows + f_columns) / rows;
-    return in_row * std::min(in_row, f_box.width()) / 2 * rows > c_most_steps;
+    return in_row * std::min(in_row, std::max(1.0, f_box.width())) / 2 * rows;
 }
 
-tangled_area::tangled_area(surface const &target, std::span<px_line const> rings, Tvx_box_d2 const &box,
-                           crossings const &work)
-    : f_left(static_cast<int>(std::floor(box.min_x))), f_top(static_cast<int>(std::floor(box.min_y)))
+bool crossings::are_many() const
 {
-    int const width = static_cast<int>(std::ceil(box.max_x)) - f_left + 1;
-    int const height = static_cast<int>(std::ceil(box.max_y)) - f_top + 1;
-    int const down = work.rows() * c_down <= c_most_crossings ? c_down : 1;
-    sample_rows samples(width * c_across, height * down);
+    return steps() > c_most_steps;
+}
+
+double crossings::cost() const
+{
+    return f_vertices * cost::c_vertex + (f_rows + f_columns) * c_crossing + steps() * c_step;
+}
+
+area_cover::area_cover(surface const &target, px_rings rings, Tvx_box_d2 const &box, crossings const &work)
+    : f_left(static_cast<int>(std::floor(box.min_x))), f_top(static_cast<int>(std::floor(box.min_y))),
+      f_width(static_cast<int>(std::ceil(box.max_x)) - f_left + 1),
+      f_height(static_cast<int>(std::ceil(box.max_y)) - f_top + 1),
+      f_cover(static_cast<std::size_t>(f_width) * static_cast<std::size_t>(f_height))
+{
+    if (work.are_many())
+        sample(target, rings, work.rows() * c_down <= c_most_crossings ? c_down : 1);
+    else if (!paint(target, rings, 0, f_height))
+        f_height = 0;
+}
+
+void area_cover::sample(surface const &target, px_rings rings, int down)
+{
+    sample_rows samples(f_width * c_across, f_height * down);
     auto const place = [&](Tvx_pnt_d2 p) {
         return Tvx_pnt_d2{(p.x - f_left) * c_across, (p.y - f_top) * down};
     };
-    for (px_line const &ring : rings)
+    int const height = std::exchange(f_height, 0);
+    for (auto const &ring : rings)
         for (std::size_t i = 0; i < ring.size(); ++i) {
             Tvx_pnt_d2 const a = place(ring[i ? i - 1 : ring.size() - 1]);
             if (!go_on(target, cost::c_vertex + turn_edge(samples, a, place(ring[i])) * c_crossing))
                 return;
         }
-    f_cover.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
     auto cover = f_cover.begin();
     for (int y = 0; y < height; ++y) {
-        if (!go_on(target, width * down * cost::c_pixel))
+        if (!go_on(target, f_width * down * cost::c_pixel))
             return;
         for (int row = y * down; row < (y + 1) * down; ++row)
             samples.settle(row);
-        for (int x = 0; x < width; ++x) {
+        for (int x = 0; x < f_width; ++x) {
             int inside = 0;
             for (int row = y * down; row < (y + 1) * down; ++row)
                 inside += samples.count(row, x);
             *cover++ = static_cast<unsigned char>(inside * 255 / (c_across * down));
         }
     }
-    f_width = width;
     f_height = height;
 }
 
-void tangled_area::fill(surface const &target, Tvx_color color) const
+/// The rows from `first` to before `last`, in pieces that the painter has soon done. False when the drawing
+/// is to end.
+bool area_cover::paint(surface const &target, px_rings rings, int first, int last)
 {
+    Tvx_box_d2 box;
+    box.add(f_left, f_top + first);
+    box.add(f_left + f_width, f_top + last);
+    crossings work(box);
+    std::size_t vertices = 0;
+    for (auto const &ring : rings) {
+        work.add(ring);
+        vertices += ring.size();
+    }
+    if (last - first == 1 || work.cost() <= c_most_at_once) {
+        paint_rows(rings, first, last);
+        return go_on(target, work.cost());
+    }
+    if (!go_on(target, static_cast<double>(vertices) * cost::c_vertex / 4))
+        return false;
+    int const middle = (first + last) / 2;
+    auto const paint_part = [&](int from, int to) {
+        std::vector<px_line> lines;
+        for (auto const &ring : rings)
+            if (auto shown = within_rows(ring, f_top + from, f_top + to); shown.size() > 2)
+                lines.push_back(std::move(shown));
+        std::vector<std::span<Tvx_pnt_d2 const>> const parts(lines.begin(), lines.end());
+        return paint(target, parts, from, to);
+    };
+    return paint_part(first, middle) && paint_part(middle, last);
+}
+
+void area_cover::paint_rows(px_rings rings, int first, int last)
+{
+    QImage picture(f_cover.data() + static_cast<std::size_t>(first) * f_width, f_width, last - first, f_width,
+                   QImage::Format_Alpha8);
+    QPainterPath path;
+    path.setFillRule(Qt::OddEvenFill);
+    for (auto const &ring : rings) {
+        if (ring.size() < 3)
+            continue;
+        path.moveTo(ring[0].x, ring[0].y);
+        for (std::size_t i = 1; i < ring.size(); ++i)
+            path.lineTo(ring[i].x, ring[i].y);
+        path.closeSubpath();
+    }
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(-f_left, -f_top - first);
+    painter.fillPath(path, Qt::white);
+}
+
+namespace {
+/// Each of the four channels times `by`, of 255, rounded as the painter does.
+QRgb times(QRgb pixel, unsigned by)
+{
+    auto const half = [by](QRgb channels) {
+        QRgb const t = channels * by;
+        return (t + (t >> 8 & 0xff00ff) + 0x800080) >> 8 & 0xff00ff;
+    };
+    return half(pixel & 0xff00ff) | half(pixel >> 8 & 0xff00ff) << 8;
+}
+} // namespace
+
+void area_cover::fill(surface const &target, Tvx_color color) const
+{
+    if (f_height == 0)
+        return;
     QImage picture(f_width, f_height, QImage::Format_ARGB32_Premultiplied);
+    QRgb const whole = qPremultiply(qRgba(color.r, color.g, color.b, color.a));
     auto cover = f_cover.begin();
     for (int y = 0; y < f_height; ++y) {
+        if (!go_on(target, f_width * cost::c_pixel))
+            return;
         auto *const line = reinterpret_cast<QRgb *>(picture.scanLine(y));
         for (int x = 0; x < f_width; ++x)
-            line[x] = qPremultiply(qRgba(color.r, color.g, color.b, color.a * *cover++ / 255));
+            line[x] = times(whole, *cover++);
     }
     vx_qt_painter(target.painter)->drawImage(f_left, f_top, picture);
 }
 
-void tangled_area::clip(surface const &target) const
+void area_cover::lay(surface const &target, unsigned char *pixels, int bytes_per_line) const
 {
-    QVarLengthArray<QRect, 256> runs;
+    auto cover = f_cover.begin();
     for (int y = 0; y < f_height; ++y) {
-        unsigned char const *const cover = f_cover.data() + static_cast<std::size_t>(y) * f_width;
-        for (int x = 0; x < f_width; ++x) {
-            int const first = x;
-            while (x < f_width && cover[x] > 127)
-                ++x;
-            if (x > first)
-                runs.append(QRect(f_left + first, f_top + y, x - first, 1));
-        }
+        if (!go_on(target, f_width * cost::c_pixel))
+            return;
+        auto *const line = reinterpret_cast<QRgb *>(pixels + static_cast<std::ptrdiff_t>(y) * bytes_per_line);
+        for (int x = 0; x < f_width; ++x)
+            line[x] = times(line[x], *cover++);
     }
-    QRegion region;
-    region.setRects(runs.constData(), static_cast<int>(runs.size()));
-    vx_qt_painter(target.painter)->setClipRegion(region, Qt::IntersectClip);
+    if (f_height > 0)
+        vx_qt_painter(target.painter)
+            ->drawImage(
+                f_left, f_top,
+                QImage(pixels, f_width, f_height, bytes_per_line, QImage::Format_ARGB32_Premultiplied));
 }
 
 void stroke_in_runs(surface const &target, std::span<Tvx_pnt_d2 const> line, double start)
@@ -251,7 +341,8 @@ void stroke_in_runs(surface const &target, std::span<Tvx_pnt_d2 const> line, dou
     }
     QPainter &to = own.isActive() ? own : painter;
     bool const dashed = pen.style() == Qt::CustomDashLine;
-    double const longest = c_run_diagonals * std::hypot(shown.width(), shown.height());
+    double const longest = (pen.widthF() > 2 ? c_wide_run_diagonals : c_run_diagonals) *
+                           std::hypot(shown.width(), shown.height());
     int const reach = static_cast<int>(std::min(pen.widthF() * 2 + 3, c_most_reach));
     passed_pixels passed(shown.adjusted(-reach, -reach, reach, reach), dashed ? c_dashed_passes : c_passes);
     QVarLengthArray<QPointF, c_run_points> run;
