@@ -54,6 +54,8 @@ public:
     [[nodiscard]] Tvx_val_grid *get_grid() const { return f_grid; }
     [[nodiscard]] Tvx_prp_scale *get_prp_scale() const { return f_prp_scale; }
     [[nodiscard]] Tvx_other_panel *get_other_panel() const { return f_other_panel; }
+    /// Not seen in the editor of rules.
+    [[nodiscard]] Tvx_val_edit_btn *get_build_btn() const { return f_build_btn; }
     [[nodiscard]] Tvx_bitbtn *get_save_btn() const { return f_tool_panel->get_save_btn(); }
     [[nodiscard]] Tvx_bitbtn *get_open_btn() const { return f_tool_panel->get_open_btn(); }
     [[nodiscard]] Tvx_bitbtn *get_ins_btn() const { return f_tool_panel->get_ins_btn(); }

@@ -1,11 +1,9 @@
+#include "dbf_cells.h"
 #include "scale_builders/vxk_rng_type_form.h"
 #include "shape_fixture.h"
 #include "style_manager/scales/rng_edit_btn.h"
 
 #include <cmath>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <limits>
 #include <optional>
 
@@ -14,29 +12,14 @@
 namespace {
 using column = std::vector<std::optional<double>>;
 
-/// A numeric field of a dBase table, read without the library.
+/// A numeric field of a dBase table.
 column read_dbf(std::string const &file, std::string const &field)
 {
-    std::ifstream in(file, std::ios::binary);
-    std::string const bytes{std::istreambuf_iterator<char>(in), {}};
-    auto const number = [&](std::size_t at, int size) {
-        std::size_t value = 0;
-        for (int i = size - 1; i >= 0; --i)
-            value = value << 8 | static_cast<unsigned char>(bytes[at + static_cast<std::size_t>(i)]);
-        return value;
-    };
-    std::size_t const rows = number(4, 4), head = number(8, 2), width = number(10, 2);
     column values;
-    for (std::size_t entry = 32, offset = 1; bytes[entry] != '\r'; entry += 32) {
-        std::size_t const length = number(entry + 16, 1);
-        if (field == &bytes[entry])
-            for (std::size_t row = 0; row < rows; ++row) {
-                std::string const cell = bytes.substr(head + row * width + offset, length);
-                char *end = nullptr;
-                double const value = std::strtod(cell.c_str(), &end);
-                values.push_back(end != cell.c_str() ? std::optional(value) : std::nullopt);
-            }
-        offset += length;
+    for (auto const &cell : dbf_cells(file, field)) {
+        char *end = nullptr;
+        double const value = std::strtod(cell.c_str(), &end);
+        values.push_back(end != cell.c_str() ? std::optional(value) : std::nullopt);
     }
     return values;
 }
@@ -173,24 +156,9 @@ protected:
             auto const row =
                 static_cast<std::size_t>(std::ranges::lower_bound(bounds, *values[i]) - bounds.begin());
             ++seen;
-            Tvx_color const at = now.at(place_of(i));
-            EXPECT_TRUE(is_close(at.r, colors[row].r) && is_close(at.g, colors[row].g) &&
-                        is_close(at.b, colors[row].b))
-                << "object " << i << " in row " << row;
+            EXPECT_TRUE(is_close(now.at(place_of(i)), colors[row])) << "object " << i << " in row " << row;
         }
         EXPECT_GE(seen, 20);
-    }
-    static bool is_close(int a, int b) { return std::abs(a - b) <= 2; }
-    /// Some pixels wide and high.
-    [[nodiscard]] bool is_seen(unsigned object) const
-    {
-        owned_shapes const shapes(vx_shape_files_open(vx_shp_lr2d_get_attr_data_ptr(layer.get())));
-        Tvx_shape_view view;
-        double extent[4];
-        EXPECT_TRUE(vx_shape_files_get(shapes.get(), object, &view));
-        EXPECT_TRUE(vx_host_get_extent(layer.get(), extent));
-        double const pixel = std::max((extent[2] - extent[0]) / c_width, (extent[3] - extent[1]) / c_height);
-        return view.box.max_x - view.box.min_x > 20 * pixel && view.box.max_y - view.box.min_y > 20 * pixel;
     }
 
     column values;

@@ -24,6 +24,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <set>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -217,6 +218,28 @@ protected:
         double f_extent[4] = {};
         std::vector<unsigned char> f_pixels;
     };
+
+    /// The same but for what the edges of areas mix in.
+    [[nodiscard]] static bool is_close(Tvx_color a, Tvx_color b)
+    {
+        auto const near = [](int x, int y) { return std::abs(x - y) <= 2; };
+        return near(a.r, b.r) && near(a.g, b.g) && near(a.b, b.b);
+    }
+    /// The part of the object in which `place_of` lies is some pixels wide and high.
+    [[nodiscard]] bool is_seen(unsigned object) const
+    {
+        owned_shapes const shapes(vx_shape_files_open(vx_shp_lr2d_get_attr_data_ptr(layer.get())));
+        Tvx_shape_view view;
+        double extent[4];
+        EXPECT_TRUE(vx_shape_files_get(shapes.get(), object, &view));
+        EXPECT_TRUE(vx_host_get_extent(layer.get(), extent));
+        double const pixel = std::max((extent[2] - extent[0]) / c_width, (extent[3] - extent[1]) / c_height);
+        auto const *const first = view.points + view.part_starts[0];
+        auto const *const end = view.points + view.part_starts[1];
+        auto const [west, east] = std::ranges::minmax(std::span(first, end), {}, &Tvx_pnt_d2::x);
+        auto const [south, north] = std::ranges::minmax(std::span(first, end), {}, &Tvx_pnt_d2::y);
+        return east.x - west.x > 20 * pixel && north.y - south.y > 20 * pixel;
+    }
 
     vx_dlg_table dialogs;
     owned_layer layer;
