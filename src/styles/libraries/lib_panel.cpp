@@ -56,7 +56,9 @@ Tvx_lib_panel::Tvx_lib_panel(TComponent *owner)
 void Tvx_lib_panel::load_res()
 {
     f_search_btn->SetCaption(vx_res_get_wstr(c_lib_search));
+    f_search_btn->SetAccessibleName(vx_res_get_wstr(c_lib_search_title));
     f_next_btn->SetCaption(vx_res_get_wstr(c_lib_search_next));
+    f_splitter->SetAccessibleName(vx_res_get_wstr(c_lib_splitter));
     f_tree_panel->load_res();
     f_style_panel->load_res();
 }

@@ -125,8 +125,11 @@ void Tvx_style_libs_form::set_last_params()
 {
     f_libs_panel->set_index(fs_lib);
     f_libs_panel->update_controls();
-    fill_lib_panel();
+    // A large tree is not made twice.
+    if (f_lib_panel->get_lib() != f_libs_panel->get_lib())
+        fill_lib_panel();
     f_lib_panel->set_index_ver(fs_idx, fs_ver);
+    enable_disable();
 }
 
 void Tvx_style_libs_form::no_libs_message()

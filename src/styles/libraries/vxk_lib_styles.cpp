@@ -1,6 +1,7 @@
 #include "styles/libraries/vxk_lib_styles.h"
 
 #include "captions/libraries.h"
+#include "styles/libraries/libs_select_panel.h"
 #include "styles/libraries/style_libs_form.h"
 
 #include "platform/base/string_adp.h"
@@ -50,6 +51,7 @@ bool take_style(void *style, void (Tvx_style_libs_form::*set_target)(void *)) no
         }
         auto const form = std::make_unique<Tvx_style_libs_form>(nullptr);
         ((*form).*set_target)(style);
+        form->get_libs_panel()->set_index(Tvx_style_libs_form::fs_lib); // filled once, with what is seen
         form->update_controls();
         form->set_last_params();
         return form->show_modal() == mrOk;

@@ -1,5 +1,6 @@
 #include "styles/simple/lib_stl_panel.h"
 
+#include "captions/libraries.h"
 #include "captions/simple.h"
 #include "controls/prop/image_convert.h"
 
@@ -47,6 +48,7 @@ void Tvx_lib_stl_panel::load_res()
     load_button(f_save_btn, c_smp_picture_save, c_smp_save_file);
     load_button(f_load_btn, c_smp_picture_load, c_smp_load_file);
     f_main_btn->SetCaption(vx_res_get_wstr(c_smp_library));
+    f_main_btn->SetAccessibleName(vx_res_get_wstr(c_lib_title));
 }
 
 void Tvx_lib_stl_panel::Resize()
