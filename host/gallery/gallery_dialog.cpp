@@ -31,12 +31,12 @@ private:
 
 void fill_page(TWinControl *page)
 {
-    constexpr int c_rows = 11;
+    constexpr int c_rows = 14;
     int i = 0;
     for (auto const *dialog : gallery_dialog::all()) {
         auto *button = new dialog_button(page, *dialog);
         button->SetParent(page);
-        button->SetBounds(16 + i / c_rows * 216, 16 + i % c_rows * 34, 200, 26);
+        button->SetBounds(16 + i / c_rows * 216, 12 + i % c_rows * 28, 200, 26);
         ++i;
     }
 }

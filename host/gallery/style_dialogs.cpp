@@ -1,6 +1,9 @@
 #include "controls/prop/figure_dialog_form.h"
 #include "host/gallery/gallery_dialog.h"
 #include "styles/complex/edit_cpx_style.h"
+#include "styles/libraries/lib_panel.h"
+#include "styles/libraries/stl_lib_search_form.h"
+#include "styles/libraries/style_libs_form.h"
 #include "styles/simple/style_dialog.h"
 
 #include "platform/base/owned.h"
@@ -163,6 +166,44 @@ void edit_complex_fill(void (*add)(void *layers))
     (void)vx_edit_cpx_pgn_style(style.get());
 }
 
+/// A library of three styles in two groups, and the second one that is empty.
+void fill_library(void *libs)
+{
+    void *const lib = vx_style_libs_add_lib(libs, L"Town");
+    vx_style_libs_add_lib(libs, L"Empty");
+    void *const root = vx_style_item_get_style_items_ptr(vx_style_lib_get_root_item_ptr(lib));
+    void *const signs = vx_style_items_add(root, L"Signs", -1, -1);
+    void *const point = vx_style_list_add_idx_style(vx_style_lib_get_pnt_list_ptr(lib), 7, 1);
+    void *const base = vx_pnt_style_get_bpnt_style_ptr(vx_idx_pnt_style_get_pnt_style_ptr(point));
+    vx_bpnt_style_set_use_complex(base, true);
+    add_point_layers(vx_bpnt_style_get_complex_style(base));
+    vx_style_items_add(vx_style_item_get_style_items_ptr(signs), L"Hospital", 7, 1);
+    void *const wood = vx_style_list_add_idx_style(vx_style_lib_get_pgn_list_ptr(lib), 12, 1);
+    void *const fill = vx_pgn_style_get_bpgn_style_ptr(vx_idx_pgn_style_get_pgn_style_ptr(wood));
+    vx_bpgn_style_set_use_complex(fill, true);
+    void *const layers = vx_cpx_style_get_style_lrs_ptr(vx_bpgn_style_get_complex_style(fill));
+    add_wood_fill(layers);
+    add_trees(layers, true);
+    vx_style_items_add(root, L"Wood", 12, 1);
+}
+
+/// The browser with a style in front; those of the process are read again afterwards.
+void browse_libraries(int index, void (Tvx_style_libs_form::*set_target)(void *), void *target)
+{
+    auto const loader = vx_global_lib_styles_set_loader([](void *libs) {
+        fill_library(libs);
+        return true;
+    });
+    {
+        Tvx_style_libs_form form(nullptr);
+        (form.*set_target)(target);
+        form.update_controls();
+        form.get_lib_panel()->set_index_ver(index, 1);
+        (void)form.show_modal();
+    }
+    vx_global_lib_styles_set_loader(loader);
+}
+
 gallery_dialog const g_point(30, L"Point style", [] { edit_point(true, false); });
 gallery_dialog const g_symbol(31, L"Character as point", [] { edit_point(false, false); });
 gallery_dialog const g_complex(32, L"Complex point style", [] { edit_point(true, true); });
@@ -203,5 +244,18 @@ gallery_dialog const g_symbol_spot_layer(48, L"Layer of symbols", [] {
         add_trees(layers, true);
         add_hatch(layers);
     });
+});
+gallery_dialog const g_library(49, L"Style libraries", [] {
+    owned_pgn const style(vx_pgn_style_create());
+    browse_libraries(12, &Tvx_style_libs_form::set_pgn_style, style.get());
+});
+gallery_dialog const g_library_point(50, L"Style libraries, another kind", [] {
+    owned_pgn const style(vx_pgn_style_create());
+    browse_libraries(7, &Tvx_style_libs_form::set_pgn_style, style.get());
+});
+gallery_dialog const g_library_search(51, L"Search in a library", [] {
+    Tvx_stl_lib_search_form form(nullptr);
+    form.create_controls();
+    (void)form.show_pos(0, 0);
 });
 } // namespace
