@@ -173,6 +173,21 @@ private:
     }
 };
 
+/// Whether the ring is a level rectangle round all that shows: a sample, or a map far inside an area.
+bool covers(std::span<Tvx_pnt_d2 const> ring, Tvx_box_d2 const &shown)
+{
+    std::size_t const corners = ring.size() - (ring.size() > 1 && ring.front() == ring.back() ? 1 : 0);
+    if (corners != 4)
+        return false;
+    for (std::size_t i = 0; i < 4; ++i) {
+        Tvx_pnt_d2 const a = ring[i];
+        Tvx_pnt_d2 const b = ring[(i + 1) % 4];
+        if ((i % 2 == 0) == (ring[0].x == ring[1].x) ? a.x != b.x : a.y != b.y)
+            return false;
+    }
+    return holds(box_of(ring), shown);
+}
+
 /// A hatch whose line style has no layers.
 bpln_style const &default_hatch_line()
 {
@@ -474,11 +489,16 @@ void fill_painter::draw(std::span<px_line const> rings, double hatch_angle, doub
     QPainter &painter = *vx_qt_painter(d.target.painter);
     double const ahead = cost::c_path + static_cast<double>(path.elementCount()) * cost::c_vertex +
                          box.width() * box.height() * cost::c_pixel;
+    bool const covering = shown.size() == 1 && covers(shown.front(), d.target.clip);
     for (auto &it : d.items) {
         if (!go_on(d.target, ahead))
             return;
         if (auto const *color = std::get_if<QColor>(&it)) {
             painter.fillPath(path, *color);
+            continue;
+        }
+        if (covering) {
+            d.draw_pattern(it, d.target.clip, hatch_angle, spot_angle);
             continue;
         }
         if (QImage const *picture = d.pattern_picture(it, box, hatch_angle, spot_angle)) {

@@ -1,0 +1,296 @@
+// Opening the dialog of a complex style, from its creation to the first picture on the screen, against the
+// same widgets put together in plain Qt with its own layouts. Both are measured in turn in one run, by the
+// processor's time; the median counts.
+
+#include "styles/complex/cpx_styles_form.h"
+
+#include "platform/base/owned.h"
+#include "platform/styles/vxk_styles.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFrame>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTableWidget>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <cstdio>
+#include <ctime>
+#include <vector>
+
+namespace {
+constexpr int c_rounds = 60;
+constexpr int c_warm_up = 5;
+
+double processor_ms()
+{
+    timespec now{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
+    return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) * 1e-6;
+}
+
+double open_dialog(void *style)
+{
+    double const start = processor_ms();
+    Tvx_cpx_styles_form dialog(nullptr);
+    dialog.set_cpx_pgn_style(style);
+    dialog.get_panel()->update_controls();
+    dialog.load_res();
+    dialog.Show();
+    QApplication::processEvents();
+    return processor_ms() - start;
+}
+
+QHBoxLayout *add_row(QVBoxLayout *column, char const *caption)
+{
+    auto *area = new QWidget;
+    column->addWidget(area);
+    auto *row = new QHBoxLayout(area);
+    row->setContentsMargins(6, 3, 6, 3);
+    row->addWidget(new QLabel(QString::fromUtf8(caption)));
+    row->addStretch();
+    return row;
+}
+
+void add_button(QVBoxLayout *column, char const *caption)
+{
+    auto *button = new QPushButton(QStringLiteral("..."));
+    button->setFixedWidth(20);
+    add_row(column, caption)->addWidget(button);
+}
+
+void add_sample(QVBoxLayout *column, char const *caption)
+{
+    QHBoxLayout *row = add_row(column, caption);
+    auto *frame = new QFrame;
+    frame->setFrameShape(QFrame::Panel);
+    frame->setFixedSize(20, 20);
+    auto *sample = new QLabel(frame);
+    QPixmap picture(18, 18);
+    picture.fill(Qt::blue);
+    sample->setPixmap(picture);
+    row->addWidget(frame);
+    auto *button = new QPushButton(QStringLiteral("..."));
+    button->setFixedWidth(20);
+    row->addWidget(button);
+}
+
+void add_numbers(QVBoxLayout *column, int count)
+{
+    for (int i = 0; i < count; ++i) {
+        QHBoxLayout *row = add_row(column, "Offset to the right");
+        row->addWidget(new QLineEdit(QStringLiteral("2.00")));
+        row->addWidget(new QLabel(QStringLiteral("mm")));
+    }
+}
+
+/// A list below the buttons for its rows, the boxes that it edits cells in, and the menu that one button
+/// opens.
+void add_list(QVBoxLayout *column, std::vector<char const *> const &rows, int menu_lines)
+{
+    auto *tools = new QHBoxLayout;
+    column->addLayout(tools);
+    QPixmap glyph(16, 16);
+    glyph.fill(Qt::gray);
+    for (int i = 0; i < 4; ++i) {
+        auto *button = new QPushButton;
+        button->setIcon(glyph);
+        tools->addWidget(button);
+    }
+    tools->addStretch();
+    auto *table = new QTableWidget(int(rows.size()), 1);
+    table->setHorizontalHeaderLabels({QStringLiteral("Layer")});
+    table->horizontalHeader()->setStretchLastSection(true);
+    for (int i = 0; i < int(rows.size()); ++i)
+        table->setItem(i, 0, new QTableWidgetItem(QString::fromUtf8(rows[std::size_t(i)])));
+    column->addWidget(table);
+    for (int i = 0; i < 2; ++i)
+        (new QComboBox(table))->hide();
+    auto *menu = new QMenu(table);
+    for (int i = 0; i < menu_lines; ++i)
+        menu->addAction(QStringLiteral("Hatch"));
+}
+
+/// The editor of the layer that is shown, or those of all seven kinds.
+QWidget *make_editors(bool all_kinds)
+{
+    auto *all = new QWidget;
+    auto *column = new QVBoxLayout(all);
+    auto const editor = [&](bool seen) {
+        auto *page = new QWidget;
+        column->addWidget(page);
+        page->setVisible(seen);
+        return new QVBoxLayout(page);
+    };
+    auto *hatch = editor(true);
+    add_numbers(hatch, 3);
+    add_button(hatch, "Style of the lines");
+    hatch->addStretch();
+    if (!all_kinds)
+        return all;
+    auto *symbol = editor(false);
+    add_sample(symbol, "Symbol");
+    add_sample(symbol, "Colour");
+    add_numbers(symbol, 4);
+    auto *figure = editor(false);
+    add_sample(figure, "Symbol");
+    add_sample(figure, "Colour");
+    add_numbers(figure, 6);
+    auto *line = editor(false);
+    add_sample(line, "Colour");
+    add_numbers(line, 2);
+    auto *tplt = editor(false);
+    auto *tplt_tabs = new QTabWidget;
+    tplt->addWidget(tplt_tabs);
+    for (bool const values : {true, false}) {
+        auto *page = new QWidget;
+        auto *rows = new QVBoxLayout(page);
+        if (values) {
+            add_sample(rows, "Colour");
+            add_numbers(rows, 5);
+            add_button(rows, "Style of the symbols");
+        } else {
+            add_list(rows, {}, 9);
+        }
+        tplt_tabs->addTab(page, QStringLiteral("Template"));
+    }
+    add_sample(editor(false), "Colour");
+    auto *spots = editor(false);
+    auto *types = new QComboBox;
+    types->addItems({QStringLiteral("in rows"), QStringLiteral("every other row moved")});
+    add_row(spots, "Arrangement")->addWidget(types);
+    auto *spot_tabs = new QTabWidget;
+    spots->addWidget(spot_tabs);
+    for (bool const values : {true, false}) {
+        auto *page = new QWidget;
+        auto *rows = new QVBoxLayout(page);
+        for (int i = values ? 2 : 0; i < 3; ++i)
+            rows->addWidget(new QCheckBox(QStringLiteral("Random angle")));
+        if (values) {
+            add_numbers(rows, 5);
+            add_sample(rows, "Point colour");
+            add_button(rows, "Point style");
+        }
+        spot_tabs->addTab(page, QStringLiteral("Places"));
+    }
+    return all;
+}
+
+/// A hatch, over a fill or over the check pattern alone.
+QWidget *make_sample(int height, bool filled)
+{
+    constexpr int c_width = 190;
+    auto *sample = new QLabel;
+    QPixmap picture(c_width, height);
+    picture.fill(Qt::white);
+    QPainter p(&picture);
+    QPixmap checks(8, 8);
+    checks.fill(Qt::white);
+    QPainter c(&checks);
+    c.fillRect(0, 0, 4, 4, QColor(229, 229, 229));
+    c.fillRect(4, 4, 4, 4, QColor(229, 229, 229));
+    c.end();
+    p.fillRect(picture.rect(), QBrush(checks));
+    p.setRenderHint(QPainter::Antialiasing);
+    if (filled)
+        p.fillRect(picture.rect(), QColor(200, 200, 200));
+    QPainterPath area;
+    area.addPolygon(QPolygonF(QRectF(picture.rect())));
+    p.setClipPath(area, Qt::IntersectClip);
+    constexpr double c_step = 2 * 3.78 * 1.414;
+    for (double x = -height; x < c_width; x += c_step)
+        p.drawLine(QPointF(x, height), QPointF(x + height, 0));
+    p.end();
+    sample->setPixmap(picture);
+    return sample;
+}
+
+/// A frame below a bold caption.
+QVBoxLayout *add_quarter(QGridLayout *halves, int row, int col)
+{
+    auto *area = new QWidget;
+    halves->addWidget(area, row, col);
+    auto *column = new QVBoxLayout(area);
+    auto *top = new QWidget;
+    column->addWidget(top);
+    auto *label = new QLabel(QStringLiteral("Layer"));
+    (new QVBoxLayout(top))->addWidget(label);
+    QFont font = label->font();
+    font.setBold(true);
+    label->setFont(font);
+    auto *frame = new QFrame;
+    frame->setFrameShape(QFrame::Panel);
+    column->addWidget(frame);
+    return new QVBoxLayout(frame);
+}
+
+double open_plain(bool all_kinds)
+{
+    double const start = processor_ms();
+    QWidget window(nullptr, Qt::Tool);
+    window.resize(640, 480);
+    auto *column = new QVBoxLayout(&window);
+    auto *halves = new QGridLayout;
+    column->addLayout(halves);
+    add_quarter(halves, 0, 0)->addWidget(make_sample(110, true));
+    add_list(add_quarter(halves, 0, 1), {"Hatch", "Fill"}, 9);
+    add_quarter(halves, 1, 0)->addWidget(make_sample(260, false));
+    add_quarter(halves, 1, 1)->addWidget(make_editors(all_kinds));
+    auto *bottom = new QHBoxLayout;
+    column->addLayout(bottom);
+    bottom->addStretch();
+    for (char const *caption : {"&Apply", "&Cancel", "&Help"}) {
+        auto *button = new QPushButton(QString::fromUtf8(caption));
+        button->setVisible(caption[1] != 'H');
+        bottom->addWidget(button);
+    }
+    window.setWindowTitle(QStringLiteral("Complex style"));
+    window.show();
+    QApplication::processEvents();
+    return processor_ms() - start;
+}
+
+double median(std::vector<double> values)
+{
+    std::ranges::sort(values);
+    return values[values.size() / 2];
+}
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QApplication const application(argc, argv);
+    vx::owned<void, &vx_cpx_pgn_style_destroy> const style(vx_cpx_pgn_style_create());
+    void *const layers = vx_cpx_style_get_style_lrs_ptr(style.get());
+    for (char const *key : {"pgn_htch_slr", "pgn_fill_slr"})
+        if (!vx_style_lrs_add_lr(layers, key))
+            return 1;
+    std::vector<double> ours;
+    std::vector<double> plain;
+    std::vector<double> plain_all;
+    for (int i = -c_warm_up; i < c_rounds; ++i) {
+        double const dialog = open_dialog(style.get());
+        double const raw = open_plain(false);
+        double const raw_all = open_plain(true);
+        if (i < 0)
+            continue;
+        ours.push_back(dialog);
+        plain.push_back(raw);
+        plain_all.push_back(raw_all);
+    }
+    std::printf("dialog:                        %.3f ms\n", median(ours));
+    std::printf("plain, the same widgets:       %.3f ms, ratio %.2f\n", median(plain),
+                median(ours) / median(plain));
+    std::printf("plain, of all kinds of layers: %.3f ms, ratio %.2f\n", median(plain_all),
+                median(ours) / median(plain_all));
+}
