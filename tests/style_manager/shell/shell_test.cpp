@@ -7,10 +7,12 @@
 #include "platform/basic/vx_wstrings.h"
 #include "platform/storage/detail/gp_env.h"
 #include "platform/styles/vx_base_style.h"
+#include "platform/styles/vx_global_lib_styles.h"
 #include "platform/styles/vx_rng_scale.h"
 #include "platform/styles/vx_stl_mngr.h"
 #include "platform/styles/vx_stl_prm.h"
 #include "platform/styles/vx_style.h"
+#include "platform/styles/vx_style_lib.h"
 #include "platform/styles/vx_val_scale.h"
 #include "platform/toolkit/core/screen.h"
 #include "platform/toolkit/core/strings.h"
@@ -228,6 +230,52 @@ TEST_F(shell, hands_its_events_on)
     EXPECT_TRUE(bool(edit->get_rule_edit()->get_grid()->on_edit_value_item));
     EXPECT_FALSE(bool(edit->get_val_edit()->get_grid()->on_edit_value_item)) << "of rules alone";
     EXPECT_FALSE(bool(add_edit<Tvx_clr_stl_mngr_edit>()->get_val_edit()->get_grid()->on_lib_symbol_style));
+}
+
+/// One style of each kind under the number 7, and a line 8 that no item names.
+bool fill_symbols(void *libs)
+{
+    void *const lib = vx_style_libs_add_lib(libs, L"Signs");
+    void *(*const lists[])(void *) = {&vx_style_lib_get_pnt_list_ptr, &vx_style_lib_get_pln_list_ptr,
+                                      &vx_style_lib_get_pgn_list_ptr};
+    for (auto const list : lists)
+        vx_style_list_add_idx_style(list(lib), 7, 1);
+    void *const line = vx_idx_pln_style_get_pln_style_ptr(
+        vx_style_list_add_idx_style(vx_style_lib_get_pln_list_ptr(lib), 8, 1));
+    vx_bpln_style_set_width(vx_pln_style_get_bpln_style_ptr(line), 3);
+    vx_style_items_add(vx_style_item_get_style_items_ptr(vx_style_lib_get_root_item_ptr(lib)), L"Seven", 7,
+                       1);
+    return true;
+}
+
+TEST_F(shell, symbols_of_a_library_come_in_the_kind_of_the_manager)
+{
+    auto const loader = vx_global_lib_styles_set_loader(&fill_symbols);
+    struct
+    {
+        Tvx_stl_mngr_edit *edit;
+        char const *type;
+        bool has_eight;
+    } const table[] = {{add_edit<Tvx_pnt_stl_mngr_edit>(), "pnt_style", false},
+                       {add_edit<Tvx_pln_stl_mngr_edit>(), "pln_style", true},
+                       {add_edit<Tvx_pgn_stl_mngr_edit>(), "pgn_style", false}};
+    for (auto const &[edit, type, has_eight] : table) {
+        SCOPED_TRACE(type);
+        vx::owned<void, &vx_stl_prm_destroy> const prm(vx_stl_prm_create(type));
+        auto const take = [&, e = edit](int lib, int code) {
+            std::wstring caption = L"before";
+            return e->get_val_edit()->get_grid()->on_lib_symbol_style(e, lib, code, prm.get(), false, caption)
+                       ? caption
+                       : L"none, " + caption;
+        };
+        EXPECT_EQ(take(0, 7), L"Seven");
+        EXPECT_EQ(take(0, 8), has_eight ? L"" : L"none, before");
+        EXPECT_EQ(vx_stl_prm_get_size(prm.get(), false) == 3, has_eight);
+        EXPECT_EQ(take(0, 9), L"none, before");
+        EXPECT_EQ(take(1, 7), L"none, before");
+        EXPECT_EQ(take(-1, 7), L"none, before");
+    }
+    vx_global_lib_styles_set_loader(loader);
 }
 
 TEST_F(shell, a_style_is_edited_by_its_button)
