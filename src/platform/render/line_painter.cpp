@@ -293,16 +293,20 @@ private:
         if (elements.dashes.empty())
             return;
         line_walk walk(piece);
-        for (double at = first; at < walk.length(); at += elements.period)
-            for (auto const &dash : elements.dashes) {
-                double const from = std::max(at + dash.from, 0.0);
-                double const to = std::min(at + dash.to, walk.length());
+        // A period may be longer than many lines: only the elements on this one are looked at.
+        auto const &dashes = elements.dashes;
+        for (double at = first; at < walk.length(); at += elements.period) {
+            auto dash = std::ranges::upper_bound(dashes, -at, {}, &pattern_elements::dash::to);
+            for (; dash != dashes.end() && at + dash->from < walk.length(); ++dash) {
+                double const from = std::max(at + dash->from, 0.0);
+                double const to = std::min(at + dash->to, walk.length());
                 if (from >= to)
                     continue;
                 if (!go_on(target, cost::c_path))
                     return;
                 stroke_line(target, walk.cut(from, to));
             }
+        }
     }
     void draw_marks(surface const &target, std::span<Tvx_pnt_d2 const> piece, double first)
     {
@@ -314,15 +318,15 @@ private:
         line_walk walk(piece);
         // Where a ring closes, the mark of its beginning is enough.
         double const last = is_ring(piece) ? std::nextafter(walk.length(), 0.0) : walk.length();
-        for (double at = first; at <= last; at += step)
-            for (auto const &mark : elements.marks) {
-                double const place = at + mark.at;
-                if (!(place >= 0 && place <= last))
-                    continue;
+        auto const &marks = elements.marks;
+        for (double at = first; at <= last; at += step) {
+            auto mark = std::ranges::lower_bound(marks, -at, {}, &pattern_elements::mark::at);
+            for (; mark != marks.end() && at + mark->at <= last; ++mark) {
                 if (!go_on(target, cost::c_path))
                     return;
-                draw_mark(painter, mark.what, walk.at(place));
+                draw_mark(painter, mark->what, walk.at(at + mark->at));
             }
+        }
     }
     /// A point ("2") is as large as the stroke is wide. Dashes at 90 ("3"), 45 ("5") and 135 degrees ("6") to
     /// the line are as long as a dash and stand with their middle on it. A symbol ("4") is turned with the
