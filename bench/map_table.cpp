@@ -39,6 +39,7 @@ constexpr int c_width = 1600;
 constexpr int c_height = 1000;
 constexpr int c_values = 2000;
 constexpr int c_polygons = 100'000;
+constexpr int c_parcels = 500'000;
 constexpr int c_ring = 31; ///< vertices, the last as the first
 constexpr int c_coast = 2'000'000;
 constexpr int c_coast_lines = 20;
@@ -115,6 +116,21 @@ std::string polygons_file(char const *driver, char const *ending)
             ring->addPoint(cx + r * std::cos(a), cy + r * std::sin(a));
         }
         ring->closeRings();
+        auto polygon = std::make_unique<OGRPolygon>();
+        polygon->addRingDirectly(ring.release());
+        return polygon;
+    });
+}
+
+/// Parcels: polygons of four corners.
+std::string parcels_file(char const *driver, char const *ending)
+{
+    return made_file(driver, std::string("map_parcels.") + ending, wkbPolygon, c_parcels, [](int i) {
+        constexpr int c_columns = 1000;
+        double const x = i % c_columns * 1.6, y = i / c_columns * 2.0;
+        auto ring = std::make_unique<OGRLinearRing>();
+        for (auto const &[dx, dy] : {std::pair(0.1, 0.1), {0.1, 1.8}, {1.4, 1.9}, {1.5, 0.2}, {0.1, 0.1}})
+            ring->addPoint(x + dx, y + dy);
         auto polygon = std::make_unique<OGRPolygon>();
         polygon->addRingDirectly(ring.release());
         return polygon;
@@ -549,6 +565,8 @@ void memory(char const *program)
         {points_file("ESRI Shapefile", "shp"), "1000000", "24", "point"},
         {polygons_file("GPKG", "gpkg"), "3100000", "20.8", "vertex"},
         {polygons_file("ESRI Shapefile", "shp"), "3100000", "20.8", "vertex"},
+        {parcels_file("GPKG", "gpkg"), "2500000", "20.8", "vertex"},
+        {parcels_file("ESRI Shapefile", "shp"), "2500000", "20.8", "vertex"},
         {coast_file(), "2000000", "20.8", "vertex"},
     };
     for (auto const &c : cases) {

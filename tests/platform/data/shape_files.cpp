@@ -124,8 +124,11 @@ TEST_F(shapes, windows_of_any_size_give_what_meets_them)
             double const length = line ? std::exp(in(-3, 6)) : 0;
             if (none)
                 f_table.features.push_back({{}, 0, {}});
-            else if (line)
-                f_table.features.push_back({{}, 3, {{at, {at.x + length, at.y + length / 3}}}});
+            else if (line) // of two points, or of so many that its box is kept
+                f_table.features.push_back(
+                    {{},
+                     3,
+                     {std::vector<Tvx_pnt_d2>(i % 2 ? 1 : 20, at), {{at.x + length, at.y + length / 3}}}});
             else
                 f_table.features.push_back({{}, 1, {{at}}});
         }

@@ -12,6 +12,9 @@ constexpr std::size_t c_block_points = 1 << 16;
 constexpr std::size_t c_block_shapes = 1 << 14;
 constexpr double c_none = std::numeric_limits<double>::quiet_NaN();
 
+/// The box of so many is found as soon as it would be looked up.
+constexpr unsigned c_few_points = 16;
+
 constexpr std::size_t c_large_run = 1 << 12; ///< points that are worth a block of their own
 
 bool is_number(Tvx_pnt_d2 const &p)
@@ -54,7 +57,7 @@ void shape_set::leave_plain()
 void shape_set::append(Tvx_shape_kind kind, std::span<unsigned const> part_sizes, Tvx_pnt_d2 const *points)
 {
     leave_plain();
-    block &to = f_coming;
+    coming &to = f_coming;
     shape next;
     next.kind = kind;
     next.first_part = static_cast<unsigned>(to.part_starts.size());
@@ -89,7 +92,8 @@ bool shape_set::append_block(std::span<Tvx_shape_kind const> kinds, unsigned con
 {
     auto made = std::make_unique<block>();
     made->is_plain = false;
-    made->shapes.reserve(kinds.size());
+    std::vector<shape> shapes;
+    shapes.reserve(kinds.size());
     Tvx_box_d2 whole;
     std::size_t parts = 0;
     std::size_t begin = 0;
@@ -108,7 +112,7 @@ bool shape_set::append_block(std::span<Tvx_shape_kind const> kinds, unsigned con
         whole.add(next.box);
         parts += part_counts[i];
         begin = end;
-        made->shapes.push_back(next);
+        shapes.push_back(next);
     }
     made->part_starts.reserve(parts + 1);
     unsigned start = 0;
@@ -116,6 +120,7 @@ bool shape_set::append_block(std::span<Tvx_shape_kind const> kinds, unsigned con
         made->part_starts.push_back(start);
     made->part_starts.push_back(start);
     made->points.assign(points.begin(), points.end());
+    made->pack(shapes);
     publish_block();
     f_box.add(whole);
     take(std::move(made));
@@ -181,7 +186,10 @@ void shape_set::publish_block()
     else
         made->points.assign(f_coming.points.begin(), f_coming.points.end());
     made->part_starts.assign(f_coming.part_starts.begin(), f_coming.part_starts.end());
-    made->shapes.assign(f_coming.shapes.begin(), f_coming.shapes.end());
+    if (made->is_plain)
+        made->size = made->points.size();
+    else
+        made->pack(f_coming.shapes);
     f_coming.points.clear();
     f_coming.part_starts.clear();
     f_coming.shapes.clear();
@@ -191,7 +199,7 @@ void shape_set::publish_block()
 void shape_set::take(std::unique_ptr<block> made)
 {
     made->first = f_size;
-    f_size += made->size();
+    f_size += made->size;
     f_firsts.push_back(made->first);
     f_blocks.push_back(std::move(made));
 }
@@ -234,18 +242,100 @@ bool shape_set::is_small_part(Tvx_box_d2 const &window) const
     return f_grid.count(window) <= size() / c_small_part;
 }
 
+void shape_set::packed_boxes::pack(std::vector<shape> const &shapes)
+{
+    for (shape const &s : shapes)
+        f_whole.add(s.box);
+    f_per_x = f_whole.width() > 0 ? c_steps / f_whole.width() : 0;
+    f_per_y = f_whole.height() > 0 ? c_steps / f_whole.height() : 0;
+    auto const step = [](double from, double to, double per) {
+        double const steps = (to - from) * per;
+        return static_cast<std::uint16_t>(steps > 0 ? std::min(steps, c_steps) : 0);
+    };
+    f_boxes.reserve(shapes.size());
+    for (auto const &[box, first_part, part_count, kind] : shapes)
+        f_boxes.push_back({step(f_whole.min_x, box.min_x, f_per_x), step(f_whole.min_y, box.min_y, f_per_y),
+                           step(f_whole.min_x, box.max_x, f_per_x), step(f_whole.min_y, box.max_y, f_per_y)});
+}
+
+/// A step larger on all sides, which is more than rounding takes away.
+shape_set::packed_window shape_set::packed_boxes::window(Tvx_box_d2 const &box) const
+{
+    if (!box.intersects(f_whole))
+        return {1, 1, -1, -1}; // before all boxes
+    auto const low = [](double from, double to, double per) {
+        double const steps = (to - from) * per - 1;
+        return steps > -1 ? static_cast<int>(std::min(steps, c_steps)) - 1 : -1;
+    };
+    auto const high = [](double from, double to, double per) {
+        double const steps = (to - from) * per + 1;
+        return steps < c_steps ? static_cast<int>(std::max(steps, 0.0)) + 1 : static_cast<int>(c_steps);
+    };
+    return {low(f_whole.min_x, box.min_x, f_per_x), low(f_whole.min_y, box.min_y, f_per_y),
+            high(f_whole.min_x, box.max_x, f_per_x), high(f_whole.min_y, box.max_y, f_per_y)};
+}
+
+void shape_set::block::pack(std::vector<shape> const &shapes)
+{
+    size = shapes.size();
+    boxes.pack(shapes);
+    bool is_single = true;
+    bool is_one_kind = true;
+    for (shape const &s : shapes) {
+        is_single = is_single && s.part_count == 1;
+        if (kind == c_shape_none)
+            kind = s.kind;
+        is_one_kind = is_one_kind && (s.kind == kind || s.part_count == 0);
+    }
+    if (!is_single) {
+        first_parts.reserve(size + 1);
+        for (shape const &s : shapes)
+            first_parts.push_back(s.first_part);
+        first_parts.push_back(static_cast<unsigned>(part_starts.size() - 1));
+    }
+    if (!is_one_kind) {
+        kinds.reserve(size);
+        for (shape const &s : shapes)
+            kinds.push_back(static_cast<unsigned char>(s.kind));
+    }
+    auto const is_large = [this](shape const &s) {
+        return part_starts[s.first_part + s.part_count] - part_starts[s.first_part] > c_few_points;
+    };
+    auto const count = static_cast<std::size_t>(std::ranges::count_if(shapes, is_large));
+    large.reserve(count);
+    large_boxes.reserve(count);
+    for (std::size_t i = 0; i < size && large.size() < count; ++i)
+        if (is_large(shapes[i])) {
+            large.push_back(static_cast<unsigned>(i));
+            large_boxes.push_back(shapes[i].box);
+        }
+}
+
 Tvx_shape_view shape_set::block::view(std::size_t index) const
 {
     static constexpr unsigned c_one_part[] = {0, 1};
-    if (!is_plain) {
-        shape const &s = shapes[index];
-        return {s.kind, static_cast<int>(s.part_count), part_starts.data() + s.first_part, points.data(),
-                s.box};
+    if (is_plain) {
+        Tvx_pnt_d2 const &p = points[index];
+        if (std::isnan(p.x))
+            return {c_shape_none, 0, c_one_part, &p, {}};
+        return {c_shape_point, 1, c_one_part, &p, {p.x, p.y, p.x, p.y}};
     }
-    Tvx_pnt_d2 const &p = points[index];
-    if (std::isnan(p.x))
-        return {c_shape_none, 0, c_one_part, &p, {}};
-    return {c_shape_point, 1, c_one_part, &p, {p.x, p.y, p.x, p.y}};
+    std::size_t const part = first_parts.empty() ? index : first_parts[index];
+    unsigned const parts = first_parts.empty() ? 1 : first_parts[index + 1] - first_parts[index];
+    unsigned const *const starts = part_starts.data() + part;
+    Tvx_shape_view found{parts == 0      ? c_shape_none
+                         : kinds.empty() ? kind
+                                         : static_cast<Tvx_shape_kind>(kinds[index]),
+                         static_cast<int>(parts),
+                         starts,
+                         points.data(),
+                         {}};
+    if (starts[parts] - starts[0] > c_few_points)
+        found.box = large_boxes[static_cast<std::size_t>(
+            std::ranges::lower_bound(large, static_cast<unsigned>(index)) - large.begin())];
+    else
+        (void)find_box({points.data() + starts[0], starts[parts] - starts[0]}, found.box);
+    return found;
 }
 
 Tvx_shape_view shape_set::view(std::size_t index) const

@@ -5,6 +5,7 @@
 #include "platform/data/vx_shape_files.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <span>
 #include <vector>
@@ -13,7 +14,9 @@
 namespace vx::attr {
 /// Shapes lie in blocks that never move once they can be seen, so a set may grow while its shapes are looked
 /// at. As long as each shape is one point, or none, a block holds the points and nothing else: 16 bytes a
-/// shape, and 5 of the grid once a small part of them was asked for.
+/// shape. Else a shape takes 12 more, where all shapes of a block have one part and are of one kind, and 36
+/// with many points; what is not so takes another 4 or 1. To that come 5 of the grid once a small part of all
+/// was asked for.
 class shape_set
 {
 public:
@@ -61,9 +64,20 @@ public:
         std::size_t const end = f_size;
         for (std::size_t b = block_of(first); first < end; ++b) {
             block const &in = *f_blocks[b];
-            for (std::size_t i = first - in.first; i < in.size(); ++i, ++first)
-                if (in.meets(i, box) && !visit(first, in.view(i)))
+            if (in.is_plain) {
+                for (std::size_t i = first - in.first; i < in.size; ++i, ++first)
+                    if (holds(box, in.points[i]) && !visit(first, in.view(i)))
+                        return;
+                continue;
+            }
+            packed_window const window = in.boxes.window(box);
+            for (std::size_t i = first - in.first; i < in.size; ++i, ++first) {
+                if (!in.boxes.may_meet(i, window))
+                    continue;
+                Tvx_shape_view const found = in.view(i);
+                if (found.box.intersects(box) && !visit(first, found))
                     return;
+            }
         }
     }
 
@@ -75,20 +89,62 @@ private:
         unsigned part_count = 0;
         Tvx_shape_kind kind = c_shape_none;
     };
-    struct block
+    struct packed_window
     {
-        [[nodiscard]] std::size_t size() const { return is_plain ? points.size() : shapes.size(); }
-        [[nodiscard]] Tvx_shape_view view(std::size_t index) const;
-        [[nodiscard]] bool meets(std::size_t index, Tvx_box_d2 const &box) const
+        int min_x, min_y, max_x, max_y;
+    };
+    /// Boxes in 8 bytes each: in steps of the box that holds them all.
+    class packed_boxes
+    {
+    public:
+        void pack(std::vector<shape> const &shapes);
+        [[nodiscard]] packed_window window(Tvx_box_d2 const &box) const;
+        /// False for boxes that do not meet that of the window.
+        [[nodiscard]] bool may_meet(std::size_t index, packed_window const &w) const
         {
-            return is_plain ? holds(box, points[index]) : shapes[index].box.intersects(box);
+            packed const &b = f_boxes[index];
+            return (int{b.min_x <= w.max_x} & int{b.max_x >= w.min_x} & int{b.min_y <= w.max_y} &
+                    int{b.max_y >= w.min_y}) != 0;
         }
 
+    private:
+        struct packed
+        {
+            std::uint16_t min_x, min_y, max_x, max_y;
+        };
+        static constexpr double c_steps = 65535;
+        Tvx_box_d2 f_whole;
+        double f_per_x = 0; ///< steps in a unit
+        double f_per_y = 0;
+        std::vector<packed> f_boxes;
+    };
+    /// Shapes on their way into a block.
+    struct coming
+    {
+        [[nodiscard]] std::size_t size() const { return is_plain ? points.size() : shapes.size(); }
+
+        bool is_plain = true; ///< shape i is point i
+        std::vector<Tvx_pnt_d2> points;
+        std::vector<unsigned> part_starts; ///< of all shapes
+        std::vector<shape> shapes;
+    };
+    struct block
+    {
+        [[nodiscard]] Tvx_shape_view view(std::size_t index) const;
+        /// Packs shapes whose points and parts are here.
+        void pack(std::vector<shape> const &shapes);
+
         std::size_t first = 0; ///< number of the first shape
-        bool is_plain = true;  ///< shape i is point i
+        std::size_t size = 0;
+        bool is_plain = true; ///< shape i is point i
         std::vector<Tvx_pnt_d2> points;
         std::vector<unsigned> part_starts; ///< of all shapes, and one entry behind them
-        std::vector<shape> shapes;
+        std::vector<unsigned> first_parts; ///< and one entry behind them; empty where shape i is part i
+        Tvx_shape_kind kind = c_shape_none;
+        std::vector<unsigned char> kinds; ///< empty where all that have parts are of `kind`
+        packed_boxes boxes;
+        std::vector<unsigned> large; ///< numbers of the shapes whose boxes are here, ascending
+        std::vector<Tvx_box_d2> large_boxes;
     };
     /// A point that is no number, which stands for no geometry, lies in no box. One jump for all four bounds:
     /// where points lie cannot be foretold.
@@ -112,7 +168,7 @@ private:
     std::vector<std::unique_ptr<block const>> f_blocks;
     std::vector<std::size_t> f_firsts; ///< of the blocks
     std::size_t f_size = 0;
-    block f_coming; ///< what is appended and not seen yet
+    coming f_coming; ///< what is appended and not seen yet
     Tvx_box_d2 f_box;
     mutable shape_grid f_grid;
     bool f_is_finished = false;
