@@ -15,7 +15,9 @@
 #include "host/tour_controls.h"
 #include "host/tour_stage.h"
 #include "layer_edit/form/lr2d_edit_form.h"
+#include "scale_builders/vxk_val_type_form.h"
 #include "style_manager/scales/rng_edit_btn.h"
+#include "style_manager/scales/val_edit_btn.h"
 #include "style_manager/shell/stl_mngr_edit.h"
 #include "styles/simple/lib_stl_panel.h"
 #include "user_input/user_hand.h"
@@ -28,6 +30,7 @@
 #include "platform/styles/vx_stl_mngr.h"
 #include "platform/styles/vx_style_lib.h"
 #include "platform/styles/vx_val_scale.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/controls/combo_box.h"
 #include "platform/toolkit/controls/edit.h"
 #include "platform/toolkit/core/form.h"
@@ -134,6 +137,7 @@ TCustomGrid *grid_of(Tvx_stl_mngr_edit *edit)
 void Tvx_tour_maps::show()
 {
     show_counties_by_births();
+    show_counties_by_legend();
     show_countries_by_continent();
     show_cities_by_size();
     show_streets_by_rule();
@@ -156,6 +160,47 @@ void Tvx_tour_maps::show_counties_by_births()
     show_dialog("range_builder");
     f_stage.check(input::click(edit->get_rng_edit()->get_build_btn()), "the ranges cannot be built anew");
     finish("births_4_map");
+}
+
+/// The dialog of values in each of its modes, and the legend that is an example beside the counties.
+void Tvx_tour_maps::show_counties_by_legend()
+{
+    QTemporaryDir const folder;
+    Tvx_stl_mngr_edit *const edit = open("nc", folder.path());
+    if (!edit)
+        return;
+    choose_mode(edit, c_style_mode_value);
+    choose_field(edit, L"FIPS");
+    hide_other_values(edit->get_val_edit()->get_other_panel());
+    input::on_next_modal([&](input::modal_window const &window) {
+        auto *const form = dynamic_cast<Tvx_vcl_val_type_form *>(window.form());
+        f_stage.check(form, "this is not the dialog of values");
+        if (!form)
+            return window.reject();
+        auto *const modes = form->get_val_panel()->get_rescale_panel();
+        auto const choose = [&](int mode, char const *picture) {
+            f_stage.check(input::choose_item(modes->get_type_panel()->get_box()->get_select_box(), mode),
+                          "the mode of the builder cannot be chosen");
+            f_stage.save(vx_qt_widget(form)->grab().toImage(), picture);
+        };
+        choose(c_val_builder_rebuild, "values_1_anew");
+        choose(c_val_builder_modify, "values_2_update");
+        choose(c_val_builder_rebuild_with_legend, "values_3_no_legend");
+        auto *const legend = modes->get_legend_panel();
+        input::on_next_modal([&](input::modal_window const &) {
+            input::press('A', {ssCtrl});
+            input::type(UnicodeString(folder.filePath("nc_legend.dbf").toStdWString()));
+            input::press(VK_RETURN);
+        });
+        f_stage.check(
+            input::click(legend->get_dbf_open_panel()->get_file_panel()->get_button()) &&
+                input::choose_item(legend->get_stdlib_box()->get_select_box(), library_name(c_general_map)),
+            "the legend cannot be chosen");
+        choose(c_val_builder_rebuild_with_legend, "values_4_legend");
+        window.press_button(plain(c_caption_apply));
+    });
+    f_stage.check(input::click(edit->get_val_edit()->get_build_btn()), "the values cannot be built anew");
+    finish("values_5_map");
 }
 
 void Tvx_tour_maps::show_countries_by_continent()

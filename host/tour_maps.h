@@ -24,6 +24,7 @@ private:
     };
 
     void show_counties_by_births();
+    void show_counties_by_legend();
     void show_countries_by_continent();
     void show_cities_by_size();
     void show_streets_by_rule();

@@ -77,8 +77,8 @@ void Tvx_tour_stage::apply()
 
 void Tvx_tour_stage::copy_example(QString const &name, QString const &folder)
 {
-    QStringList const files =
-        QDir(f_data).entryList({name + ".shp", name + ".shx", name + ".dbf", name + ".prj", name + ".cpg"});
+    QStringList const files = QDir(f_data).entryList(
+        {name + ".shp", name + ".shx", name + ".dbf", name + ".prj", name + ".cpg", name + "_legend.dbf"});
     check(files.size() >= 4, "no such example: " + name);
     for (QString const &file : files)
         check(QFile::copy(f_data + "/" + file, folder + "/" + file), "cannot copy " + file);
