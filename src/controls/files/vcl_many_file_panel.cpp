@@ -36,6 +36,11 @@ void Tvx_vcl_many_file_panel::create()
     f_caption->create();
     f_caption->SetHeight(c_caption_height);
     f_caption->SetAlign(alTop);
+    f_list = new Tvx_vcl_list_box(this);
+    f_list->SetParent(this);
+    f_list->SetAlign(alClient);
+    f_list->OnClick = make_closure<&Tvx_vcl_many_file_panel::on_list_click>(this);
+    f_caption->get_label()->SetFocusControl(f_list);
 
     auto *const buttons = new Tvx_vcl_panel(this);
     buttons->SetParent(this);
@@ -61,12 +66,6 @@ void Tvx_vcl_many_file_panel::create()
     f_clear->OnClick = make_closure<&Tvx_vcl_many_file_panel::on_clear_click>(this);
     f_up->OnClick = make_closure<&Tvx_vcl_many_file_panel::on_up_click>(this);
     f_down->OnClick = make_closure<&Tvx_vcl_many_file_panel::on_down_click>(this);
-
-    f_list = new Tvx_vcl_list_box(this);
-    f_list->SetParent(this);
-    f_list->SetAlign(alClient);
-    f_list->OnClick = make_closure<&Tvx_vcl_many_file_panel::on_list_click>(this);
-    f_caption->get_label()->SetFocusControl(f_list);
 }
 
 void Tvx_vcl_many_file_panel::load_rc()

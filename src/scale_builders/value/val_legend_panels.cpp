@@ -81,18 +81,18 @@ void propose(Tvx_dbf_prop_panel *choice, std::string const &file, char const *na
 void Tvx_vcl_dbf_open_panel::create()
 {
     Tvx_vcl_panel::create();
-    f_show = new Tvx_vcl_bit_button(this);
-    f_show->SetParent(this);
-    f_show->SetWidth(GetHeight());
-    f_show->SetAlign(alRight);
-    f_show->SetShowHint(true);
-    f_show->OnClick = make_closure<&Tvx_vcl_dbf_open_panel::on_show_click>(this);
     f_file = new Tvx_vcl_file_open_panel(this);
     f_file->SetParent(this);
     f_file->create();
     f_file->set_caption_width(c_caption_width);
     f_file->set_default_ext(L".dbf");
     f_file->SetAlign(alClient);
+    f_show = new Tvx_vcl_bit_button(this);
+    f_show->SetParent(this);
+    f_show->SetWidth(GetHeight());
+    f_show->SetAlign(alRight);
+    f_show->SetShowHint(true);
+    f_show->OnClick = make_closure<&Tvx_vcl_dbf_open_panel::on_show_click>(this);
 }
 
 void Tvx_vcl_dbf_open_panel::load_rc()
