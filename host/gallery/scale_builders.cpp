@@ -62,9 +62,7 @@ struct counties
 class mode_form final : public Tvx_vcl_val_type_form
 {
 public:
-    mode_form(int mode, bool is_filled) : Tvx_vcl_val_type_form(nullptr), f_mode(mode), f_is_filled(is_filled)
-    {
-    }
+    explicit mode_form(int mode) : Tvx_vcl_val_type_form(nullptr), f_mode(mode) {}
 
 protected:
     bool prepare(void *stl_mngr, Tvx_data_events const &data) override
@@ -73,21 +71,18 @@ protected:
         auto *const panel = get_val_panel()->get_rescale_panel();
         panel->get_type_panel()->set_val_type(f_mode);
         panel->get_type_panel()->get_box()->call_on_change();
-        if (f_is_filled) {
-            auto *const file = panel->get_legend_panel()->get_dbf_open_panel();
-            file->set_filename(VX_EXAMPLE_DATA "/nc_legend.dbf");
-            file->get_on_changed()(file);
-            panel->get_modify_panel()->get_capt_box()->SetChecked(true);
-        }
+        auto *const file = panel->get_legend_panel()->get_dbf_open_panel();
+        file->set_filename(VX_EXAMPLE_DATA "/nc_legend.dbf");
+        file->get_on_changed()(file);
+        panel->get_modify_panel()->get_capt_box()->SetChecked(true);
         return is_read;
     }
 
 private:
     int f_mode;
-    bool f_is_filled;
 };
 
-void build_values(int mode, bool is_filled)
+void build_values(int mode)
 {
     owned_mngr const mngr(vx_stl_mngr_create(c_pgn_style));
     vx_stl_mngr_set_val_prop_name_w(mngr.get(), L"FIPS");
@@ -95,7 +90,7 @@ void build_values(int mode, bool is_filled)
                                {&counties::count_fields, nullptr}, {&counties::count, nullptr},
                                {&counties::field, nullptr}, {}, {&counties::text, nullptr},
                                {&counties::value, nullptr});
-    mode_form form(mode, is_filled);
+    mode_form form(mode);
     (void)form.dialog(0, 0, mngr.get(), data);
 }
 
@@ -109,11 +104,8 @@ gallery_dialog const g_spacing(64, L"Logarithmic spacing",
                                [] { build_ranges(c_pgn_style, c_rng_type_log_space); });
 gallery_dialog const g_natural(65, L"Natural breaks",
                                [] { build_ranges(c_pgn_style, c_rng_type_natural_breaks); });
-gallery_dialog const g_values(66, L"Values anew", [] { build_values(c_val_builder_rebuild, false); });
-gallery_dialog const g_no_legend(67, L"Values without a legend",
-                                 [] { build_values(c_val_builder_rebuild_with_legend, false); });
+gallery_dialog const g_values(66, L"Values anew", [] { build_values(c_val_builder_rebuild); });
 gallery_dialog const g_legend(68, L"Values by a legend",
-                              [] { build_values(c_val_builder_rebuild_with_legend, true); });
-gallery_dialog const g_update(69, L"Values brought up to date",
-                              [] { build_values(c_val_builder_modify, true); });
+                              [] { build_values(c_val_builder_rebuild_with_legend); });
+gallery_dialog const g_update(69, L"Values brought up to date", [] { build_values(c_val_builder_modify); });
 } // namespace
