@@ -486,6 +486,25 @@ struct line_painter::impl
                 it.draw(target, piece.points, start + piece.start);
         }
     }
+    void draw(std::span<stroke_item> what, std::span<Tvx_pnt_d2 const> line, double start) const
+    {
+        if (line.size() < 2)
+            return;
+        Tvx_box_d2 const box = box_of(line);
+        if (!grown(target.clip, reach + 2).intersects(box))
+            return;
+        vx_qt_painter(target.painter)->setBrush(Qt::NoBrush);
+        for (stroke_item &it : what) {
+            if (it.delta == 0) {
+                draw_item(it, line, start, box);
+                continue;
+            }
+            // Moved before it is cut, so that the pattern stays when the view moves.
+            px_line const moved = offset_line(line, it.delta, target.meter);
+            if (moved.size() > 1)
+                draw_item(it, moved, start, box_of(moved));
+        }
+    }
 };
 
 line_painter::line_painter(surface const &target, bpln_style const &style)
@@ -548,23 +567,16 @@ bool line_painter::lend_pen(Tvx_box_d2 const &box) const
 
 void line_painter::draw(std::span<Tvx_pnt_d2 const> line, double start)
 {
-    impl &d = *f_impl;
-    if (line.size() < 2)
-        return;
-    Tvx_box_d2 const box = box_of(line);
-    if (!grown(d.target.clip, d.reach + 2).intersects(box))
-        return;
-    QPainter &painter = *vx_qt_painter(d.target.painter);
-    painter.setBrush(Qt::NoBrush);
-    for (stroke_item &it : d.items) {
-        if (it.delta == 0) {
-            d.draw_item(it, line, start, box);
-            continue;
-        }
-        // Moved before it is cut, so that the pattern stays when the view moves.
-        px_line const moved = offset_line(line, it.delta, d.target.meter);
-        if (moved.size() > 1)
-            d.draw_item(it, moved, start, box_of(moved));
-    }
+    f_impl->draw(f_impl->items, line, start);
+}
+
+unsigned line_painter::level_count() const
+{
+    return static_cast<unsigned>(f_impl->items.size());
+}
+
+void line_painter::draw_level(std::span<Tvx_pnt_d2 const> line, unsigned level)
+{
+    f_impl->draw(std::span(f_impl->items).subspan(level, 1), line, 0);
 }
 } // namespace vx::render

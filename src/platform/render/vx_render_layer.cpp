@@ -107,6 +107,8 @@ bool draw_layer(Ivx_layer *layer, Tvx_map_view const &view, void *dc, variant_of
             if (!meter.go_on(c_slice_ms * 1e6))
                 break;
         }
+        if (!meter.stopped())
+            painter.draw_upper_levels();
         if (meter.stopped())
             return false;
     }

@@ -255,6 +255,28 @@ TEST(fast_drawing, gives_the_pixels_of_one_geometry_after_the_other)
         }
 }
 
+TEST(fast_drawing, one_line_in_several_layers_is_drawn_as_ever)
+{
+    style_case const cased{"cased lines", 3, [](void *s) {
+                               void *const base = vx_pln_style_get_bpln_style_ptr(s);
+                               void *const casing = complex_line(base, "pln_line_slr");
+                               vx_pln_line_lr_set_width(casing, 2.5);
+                               vx_pln_line_lr_set_color(casing, c_clear_blue);
+                               void *const dashes = complex_line(base, "pln_tplt_slr");
+                               vx_pln_tplt_lr_set_template(dashes, "120");
+                               vx_pln_tplt_lr_set_width(dashes, 1.5);
+                               void *const beside = complex_line(base, "pln_line_slr");
+                               vx_pln_line_lr_set_delta(beside, 1);
+                               vx_pln_line_lr_set_color(beside, c_red);
+                           }};
+    for (unsigned seed = 1; seed < 8; ++seed) {
+        SCOPED_TRACE(seed);
+        memory_table table;
+        fill_table(table, 3, 1, 1, seed);
+        EXPECT_EQ(compare(cased, table, 2).largest, 0);
+    }
+}
+
 TEST(fast_drawing, changes_little_where_vertices_are_left_out)
 {
     // Rings and lines with vertices every tenth of a pixel or so, most of which are left out.

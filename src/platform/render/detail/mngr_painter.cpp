@@ -24,6 +24,27 @@ struct mngr_painter::prepared
     std::optional<point_painter> end;
     std::optional<point_painter> beg;
     double near_px = c_near_px;
+    /// Of lines: how many times all shapes are gone through. The marks of a line lie over the fills of
+    /// others.
+    unsigned levels = 1;
+
+    void count_levels()
+    {
+        if (!line || line->level_count() < 2)
+            return;
+        levels = line->level_count() + (point || end || beg ? 1 : 0);
+    }
+};
+
+/// A shape that has more to be drawn: its view, and what is known about it. There may be very many.
+struct mngr_painter::waiting_shape
+{
+    unsigned const *part_starts;
+    Tvx_pnt_d2 const *points;
+    int part_count;
+    Tvx_shape_kind kind;
+    unsigned record;
+    unsigned row;
 };
 
 mngr_painter::mngr_painter(surface const &target, Tvx_map_view const &view, stl_mngr const &mngr,
@@ -59,6 +80,7 @@ mngr_painter::prepared &mngr_painter::row_painter(unsigned row)
             p.end.emplace(f_target, pln->bend);
         if (pln->beg_visible)
             p.beg.emplace(f_target, pln->bbeg);
+        p.count_levels();
     } else if (auto const *pgn = prm.as<pgn_style>(f_variant)) {
         if (pgn->pgn_visible)
             p.fill.emplace(f_target, pgn->bpgn);
@@ -119,22 +141,34 @@ void mngr_painter::draw(unsigned record, Tvx_shape_view const &shape)
     prepared &with = row_painter(row);
     if (!with.visible)
         return;
-    switch (shape.kind) {
-    case c_shape_point:
+    if (shape.kind == c_shape_point)
         return draw_points(with, shape, angle);
-    case c_shape_polyline:
-        load_parts(shape, with.near_px);
-        if (go_on(f_target, ahead))
-            draw_lines(with, angle);
-        return;
-    case c_shape_polygon:
-        load_parts(shape, with.near_px);
-        if (go_on(f_target, ahead))
-            draw_areas(with, angle);
-        return;
-    case c_shape_none:
-        return;
+    if (draw_parts(with, shape, angle, 0) && with.levels > 1)
+        f_waiting.push_back({shape.part_starts, shape.points, shape.part_count, shape.kind, record, row});
+}
+
+void mngr_painter::draw_upper_levels()
+{
+    for (unsigned level = 1; !f_waiting.empty(); ++level) {
+        for (waiting_shape const &w : f_waiting)
+            if (!draw_parts(*f_prepared[w.row], {w.kind, w.part_count, w.part_starts, w.points, {}},
+                            f_rows.angle_of(w.record), level))
+                return;
+        std::erase_if(f_waiting,
+                      [&](waiting_shape const &w) { return f_prepared[w.row]->levels <= level + 1; });
     }
+}
+
+bool mngr_painter::draw_parts(prepared &with, Tvx_shape_view const &shape, double angle, unsigned level)
+{
+    load_parts(shape, with.near_px);
+    if (!go_on(f_target, cost::c_object * (1 + shape.part_starts[shape.part_count] - shape.part_starts[0])))
+        return false;
+    if (shape.kind == c_shape_polyline)
+        draw_lines(with, angle, level);
+    else if (shape.kind == c_shape_polygon)
+        draw_areas(with, angle, level);
+    return true;
 }
 
 void mngr_painter::draw_symbols(plain_symbol const &symbol, Tvx_shape_view const &shape)
@@ -189,12 +223,19 @@ void mngr_painter::draw_points(prepared &with, Tvx_shape_view const &shape, doub
                          turn);
 }
 
-void mngr_painter::draw_lines(prepared &with, double angle)
+void mngr_painter::draw_lines(prepared &with, double angle, unsigned level)
 {
-    if (with.line)
+    if (with.levels == 1) {
+        if (with.line)
+            for (px_line const &part : f_parts)
+                with.line->draw(part);
+        draw_marks(with, angle);
+    } else if (level < with.line->level_count()) {
         for (px_line const &part : f_parts)
-            with.line->draw(part);
-    draw_marks(with, angle);
+            with.line->draw_level(part, level);
+    } else {
+        draw_marks(with, angle);
+    }
 }
 
 void mngr_painter::draw_marks(prepared &with, double angle)
@@ -218,7 +259,7 @@ void mngr_painter::draw_marks(prepared &with, double angle)
     }
 }
 
-void mngr_painter::draw_areas(prepared &with, double angle)
+void mngr_painter::draw_areas(prepared &with, double angle, unsigned level)
 {
     // Rings may come without their first vertex at the end.
     for (px_line &ring : f_parts)
@@ -228,6 +269,6 @@ void mngr_painter::draw_areas(prepared &with, double angle)
         return draw_marks(with, angle);
     if (with.fill)
         with.fill->draw(f_parts, f_mngr.rotate_hatch_flag ? angle : 0, f_mngr.rotate_spot_flag ? angle : 0);
-    draw_lines(with, angle);
+    draw_lines(with, angle, level);
 }
 } // namespace vx::render

@@ -26,12 +26,18 @@ public:
 
     /// See `row_source`: to be called until nothing is left to read.
     bool read_on(int milliseconds) { return f_rows.read_on(milliseconds); }
+    /// Of lines in a style of several layers it draws the lowest one; the shape must live until
+    /// `draw_upper_levels`.
     void draw(unsigned record, Tvx_shape_view const &shape);
     /// Draws what waits for its turn; `draw` may leave the last few symbols.
     void finish();
+    /// After the last shape: the other layers, each over all shapes before the next one, so that no casing
+    /// crosses the fill of another line.
+    void draw_upper_levels();
 
 private:
     struct prepared;
+    struct waiting_shape;
     /// What a row of plain symbols needs, close together: a scale may have very many rows.
     struct plain_symbol
     {
@@ -52,10 +58,12 @@ private:
     void draw_first_coming();
     void draw_symbols(plain_symbol const &symbol, Tvx_shape_view const &shape);
     void draw_points(prepared &with, Tvx_shape_view const &shape, double angle);
-    void draw_lines(prepared &with, double angle);
+    /// False when the drawing is to end.
+    [[nodiscard]] bool draw_parts(prepared &with, Tvx_shape_view const &shape, double angle, unsigned level);
+    void draw_lines(prepared &with, double angle, unsigned level);
     /// Points on the vertices and at the ends of lines.
     void draw_marks(prepared &with, double angle);
-    void draw_areas(prepared &with, double angle);
+    void draw_areas(prepared &with, double angle, unsigned level);
     /// The parts in pixels, less vertices that are no farther from the one before.
     void load_parts(Tvx_shape_view const &shape, double near_px);
 
@@ -71,5 +79,6 @@ private:
     std::array<coming_symbol, c_coming> f_coming; ///< a ring
     unsigned f_coming_begin = 0;
     unsigned f_coming_count = 0;
+    std::vector<waiting_shape> f_waiting;
 };
 } // namespace vx::render

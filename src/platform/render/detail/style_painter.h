@@ -75,6 +75,10 @@ public:
     /// A ring comes with its first vertex repeated at the end. What goes by the length begins `start` pixels
     /// along the line of which this is a piece.
     void draw(std::span<Tvx_pnt_d2 const> line, double start = 0);
+    /// What the style draws one over the other: its layers, and before the stroke of a layer its casing.
+    [[nodiscard]] unsigned level_count() const;
+    /// One of them alone, 0 the lowest; all in turn are what `draw` gives.
+    void draw_level(std::span<Tvx_pnt_d2 const> line, unsigned level);
     /// Where the style is one full stroke along the line itself: makes its pen the painter's, so that whoever
     /// fills a ring that lies in `box` draws the line with it. False when more is to be done.
     [[nodiscard]] bool lend_pen(Tvx_box_d2 const &box) const;
