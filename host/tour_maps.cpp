@@ -448,7 +448,7 @@ void Tvx_tour_maps::in_library(wchar_t const *library, wchar_t const *number, ch
                               "no number can be entered");
                 search.press_button(plain(c_caption_apply));
             });
-            auto *const button = vx_tour_find<TButton>(browser.form(), plain(c_lib_search));
+            auto *const button = vx_tour_find<TButton>(browser.form(), plain(c_lib_search_title));
             f_stage.check(button && input::click(button), "nothing can be searched in a library");
             if (picture)
                 f_stage.shoot_windows(picture);
