@@ -1,5 +1,7 @@
 #include "scale_builders/common/builder_form.h"
 
+#include "scale_builders/common/detail/builder_caller.h"
+
 Tvx_vcl_builder_form::Tvx_vcl_builder_form(TComponent *owner, int width, int height)
     : Tvx_vcl_dialog_form(owner)
 {
@@ -10,9 +12,10 @@ Tvx_vcl_builder_form::Tvx_vcl_builder_form(TComponent *owner, int width, int hei
 
 void Tvx_vcl_builder_form::call_apply()
 {
-    if (!apply())
+    bool const is_applied = builder_caller::is_there() && apply();
+    if (!is_applied && builder_caller::is_there())
         return;
-    f_applied = true;
+    f_applied = is_applied;
     Close();
 }
 

@@ -7,7 +7,8 @@
 class VX_API Tvx_vcl_builder_form : public Tvx_vcl_dialog_form
 {
 public:
-    /// Builds the scale and closes; stays open where that fails.
+    /// Builds the scale and closes; stays open where that fails. Only closes when the editor that called the
+    /// builder has gone, or has another manager.
     void call_apply() override;
 
 protected:

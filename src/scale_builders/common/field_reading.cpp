@@ -1,6 +1,7 @@
 #include "scale_builders/common/detail/field_reading.h"
 
 #include "captions/builders.h"
+#include "scale_builders/common/detail/builder_caller.h"
 
 #include "platform/base/text_codec.h"
 #include "platform/basic/vx_res.h"
@@ -32,7 +33,8 @@ std::string_view vx_trimmed(char const *text)
 }
 
 field_reading::field_reading(char const *name, field_kind kind, Tvx_data_events const &data, int passes)
-    : f_data(data), f_opened(data, nullptr), f_name(compared(name, kind)), f_passes(passes)
+    : f_data(data), f_opened(data, nullptr, builder_caller::get_control()), f_name(compared(name, kind)),
+      f_passes(passes)
 {
     if (!f_opened && kind == field_kind::usable)
         return;
@@ -57,7 +59,23 @@ found_field field_reading::find(std::string const &name, field_kind kind) const
 
 std::string_view field_reading::get_text(found_field const &field, unsigned object, bool &is_defined) const
 {
+    is_defined = false;
+    if (!builder_caller::is_there())
+        return {};
     return vx_trimmed(f_data.get_str(nullptr, static_cast<unsigned>(field.prop), object, is_defined));
+}
+
+bool field_reading::is_given_up() const
+{
+    return !builder_caller::is_there() || f_opened.is_given_up();
+}
+
+double field_reading::get_number(unsigned object, bool &is_defined) const
+{
+    is_defined = false;
+    return builder_caller::is_there()
+               ? f_data.get_val(nullptr, static_cast<unsigned>(f_field.prop), object, is_defined)
+               : 0;
 }
 
 bool field_reading::goes_on(unsigned object)
@@ -71,6 +89,6 @@ bool field_reading::goes_on(unsigned object)
     }
     f_progress->set(static_cast<int>(100 * (f_pass + double(object) / f_count) / f_passes));
     // What waited for the user has had its turn: whoever opens the data too closes them here.
-    f_is_stopped = f_is_stopped || f_progress->is_stopped() || f_opened.is_given_up();
+    f_is_stopped = f_is_stopped || f_progress->is_stopped() || is_given_up();
     return !f_is_stopped;
 }

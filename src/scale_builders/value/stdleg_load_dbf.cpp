@@ -3,6 +3,7 @@
 #include "captions/builders.h"
 #include "data/filesystem/filesystem.h"
 #include "data/filesystem/tutils.h"
+#include "scale_builders/common/detail/builder_caller.h"
 
 #include "platform/base/text_codec.h"
 #include "platform/basic/vx_res.h"
@@ -76,7 +77,7 @@ void Tvx_stdleg_load_dbf::load_dbf()
     for (int row = 0; row < count; ++row) {
         if (row % c_between_questions == 0) {
             progress.set(static_cast<int>(100LL * row / count));
-            if (progress.is_stopped()) {
+            if (progress.is_stopped() || !builder_caller::is_there()) {
                 f_is_stopped = true;
                 return f_items->clear();
             }

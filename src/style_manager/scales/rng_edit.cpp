@@ -2,6 +2,7 @@
 
 #include "captions/style_manager.h"
 #include "data/filesystem/filesystem.h"
+#include "scale_builders/common/detail/builder_caller.h"
 #include "scale_builders/range/rng_type_dlg.h"
 #include "scale_engine/range/detail/classify.h"
 #include "scale_engine/range/range_scale_make_colors.h"
@@ -492,8 +493,9 @@ void Tvx_rng_edit::on_rescale_btn_click(TObject * /*sender*/)
 {
     if (!f_stl_mngr)
         return;
-    auto const &data = get_data_events();
+    Tvx_data_events const data = get_data_events();
     auto const life = Life();
+    builder_caller const caller(this, [this, mngr = f_stl_mngr] { return f_stl_mngr == mngr; });
     if (vx_rng_type_rescale(f_stl_mngr, data.open, data.close, data.get_np, data.get_no, data.get_prop,
                             data.get_stat, data.get_str, data.get_val) &&
         !life.expired())

@@ -1,4 +1,6 @@
 #include "shape_fixture.h"
+#include "style_manager/scales/rng_edit_btn.h"
+#include "style_manager/scales/val_edit_btn.h"
 #include "support/memory_source.h"
 
 #include "platform/base/text_codec.h"
@@ -213,6 +215,35 @@ TEST_F(slow_towns, may_go_while_they_are_being_read)
     }
     layer.reset();
     EXPECT_EQ(table.opened, 0);
+}
+
+TEST_F(slow_towns, may_go_while_a_builder_reads_them)
+{
+    for (bool const is_range : {false, true})
+        for (int const what : {0, 1, 2}) {
+            SCOPED_TRACE(2 * what + is_range);
+            layer.reset(vx_shp_lr2d_create("shp_pnt_lr2d", L"towns:"));
+            edit();
+            ASSERT_TRUE(choose_mode(is_range ? 2 : 1));
+            auto *const prp =
+                is_range ? mngr_edit()->get_rng_edit()->get_prp_scale() : val_edit()->get_prp_scale();
+            ASSERT_TRUE(input::choose_item(prp->get_combo_box(), is_range ? L"ANGLE" : L"NAME"));
+            meanwhile = [&] {
+                meanwhile = nullptr;
+                if (what == 0)
+                    vx_lr2d_edt_form_set_lr2d(record.get(), nullptr);
+                else if (what == 1)
+                    vx_lr2d_edt_form_set_lr2d(record.get(), layer.get());
+                else
+                    record.reset();
+            };
+            // No dialog comes up over what is no longer there.
+            TWinControl *const button =
+                is_range ? static_cast<TWinControl *>(mngr_edit()->get_rng_edit()->get_build_btn())
+                         : val_edit()->get_build_btn();
+            EXPECT_TRUE(input::click(button));
+            EXPECT_FALSE(meanwhile);
+        }
 }
 
 TEST_F(towns, are_turned_by_the_field_that_the_user_chooses)

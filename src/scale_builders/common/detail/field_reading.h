@@ -59,7 +59,7 @@ public:
             wants_more = act(i);
         }
         ++f_pass;
-        f_is_stopped = f_is_stopped || f_opened.is_given_up();
+        f_is_stopped = f_is_stopped || is_given_up();
         return !f_is_stopped;
     }
     /// The same with `take(is_defined, value)` for the field; a value that is not finite is none.
@@ -68,8 +68,7 @@ public:
     {
         return walk_objects([&](unsigned object) {
             bool is_defined = false;
-            double const value =
-                f_data.get_val(nullptr, static_cast<unsigned>(f_field.prop), object, is_defined);
+            double const value = get_number(object, is_defined);
             take(is_defined && std::isfinite(value), value);
             return true;
         });
@@ -82,6 +81,8 @@ private:
     static constexpr unsigned c_between_questions = 128;
 
     [[nodiscard]] bool goes_on(unsigned object);
+    [[nodiscard]] bool is_given_up() const;
+    [[nodiscard]] double get_number(unsigned object, bool &is_defined) const;
 
     Tvx_data_events f_data;
     open_data f_opened;

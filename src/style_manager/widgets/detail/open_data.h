@@ -13,12 +13,13 @@
 }
 
 /// Opens the data of the events and closes them however the reading ends. All events that are used must be
-/// set. Where a sender is given that is a control, whoever answers the events lives as long as it does.
+/// set. Where a sender is given that is a control, whoever answers the events lives as long as it does;
+/// without one `owner` may say who does.
 class open_data
 {
 public:
-    open_data(Tvx_data_events const &events, TObject *sender)
-        : f_events(events), f_sender(sender), f_control(dynamic_cast<TControl *>(sender)),
+    open_data(Tvx_data_events const &events, TObject *sender, TControl *owner = nullptr)
+        : f_events(events), f_sender(sender), f_control(owner ? owner : dynamic_cast<TControl *>(sender)),
           f_life(f_control ? f_control->Life() : std::weak_ptr<void const>()), f_open(events.open(sender)),
           f_count(f_open && events.get_no ? events.get_no(sender) : 0)
     {
