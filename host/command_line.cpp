@@ -1,6 +1,7 @@
 #include "host/command_line.h"
 
 #include "captions/host.h"
+#include "captions/map.h"
 
 #include "platform/base/text_codec.h"
 #include "platform/basic/vx_options.h"
@@ -63,6 +64,7 @@ private:
         else if (!take_value(argument, "--lang", f_line.language) &&
                  !take_value(argument, "--shot", f_line.shot_directory) &&
                  !take_value(argument, "--style-sheets", f_line.sheet_directory) &&
+                 !take_value(argument, "--import-property-file", f_line.import_file) &&
                  !take_value(argument, "--data", f_line.data_directory))
             f_line.error = text(c_cap_line_unknown_option, {argument});
     }
@@ -88,8 +90,11 @@ private:
             return;
         if (!f_line.language.empty() && !knows_language())
             f_line.error = text(c_cap_line_unknown_language, {f_line.language, known_languages()});
-        else if (f_line.headless && f_line.shot_directory.empty() && f_line.sheet_directory.empty())
+        else if (f_line.headless && f_line.shot_directory.empty() && f_line.sheet_directory.empty() &&
+                 f_line.import_file.empty())
             f_line.error = text(c_cap_line_needs_shot);
+        else if (!f_line.import_file.empty() && f_line.files.empty())
+            f_line.error = text(c_map_line_import_sources);
     }
 
     bool knows_language()

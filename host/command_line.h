@@ -15,6 +15,8 @@ struct Tvx_command_line
     std::string data_directory;
     /// Folder for pictures of style libraries, which `files` then are; empty for ordinary work.
     std::string sheet_directory;
+    /// The property file that is made of `files`; empty for ordinary work.
+    std::string import_file;
     bool headless = false;
     bool help = false;
     bool version = false;

@@ -13,10 +13,12 @@
 #include "platform/basic/vx_fault.h"
 #include "platform/basic/vx_res.h"
 #include "platform/data/vx_attr_data.h"
+#include "platform/data/vx_file_tos4.h"
 #include "platform/data/vx_shape_files.h"
 #include "platform/layers/layer_keys.h"
 #include "platform/layers/vx_rtr_lr2d.h"
 #include "platform/layers/vx_shp_lr2d.h"
+#include "platform/layers/vx_tos_lr2d.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -29,6 +31,17 @@
 namespace {
 /// At most so many files are named in one message.
 constexpr std::size_t c_named_files = 8;
+
+constexpr char c_vector_masks[] =
+    "*.shp *.gpkg *.geojson *.json *.kml *.kmz *.gml *.gpx *.tab *.mif *.dxf *.dgn *.fgb "
+    "*.csv *.sqlite *.db *.e00 *.shz";
+constexpr char c_raster_masks[] =
+    "*.tif *.tiff *.img *.asc *.vrt *.nc *.jp2 *.png *.jpg *.jpeg *.dem *.hgt *.grd *.bil";
+
+QString filter_line(QString const &name, QString const &masks)
+{
+    return QStringLiteral("%1 (%2)").arg(name, masks);
+}
 
 class text_receiver final : public vx::string_visitor_impl
 {
@@ -188,6 +201,21 @@ void add_grids(data_set const &set, QString const &path, std::wstring const &fil
     }
 }
 
+Tvx_opened_file open_property_file(QString const &path, std::wstring const &name)
+{
+    Tvx_opened_file result;
+    std::wstring error;
+    Tvx_layer_list::layer_ptr layer(vx_tos_lr2d_open(name.c_str(), Tvx_std_wstring_adapter(error)));
+    result.error = QString::fromStdWString(error);
+    if (!layer)
+        return result;
+    set_name(layer.get(), path, {}, false);
+    std::wstring projection;
+    vx_tos_lr2d_get_proj4(layer.get(), Tvx_std_wstring_adapter(projection));
+    result.layers.push_back({std::move(layer), vx_map_unit_from_proj4(projection)});
+    return result;
+}
+
 /// The shapes of a format that does not store where they lie, and of a server, which estimates it, while the
 /// user sees that something is being read. Those of others are read as the map shows them.
 void read_shapes(Ivx_layer *layer)
@@ -233,14 +261,22 @@ bool vx_layer_files_is_server(QString const &path)
     return scheme.match(path).hasMatch() && !QFileInfo::exists(path);
 }
 
+std::wstring vx_layer_files_source(QString const &path)
+{
+    return vx_layer_files_is_server(path) ? path.toStdWString()
+                                          : source_of(QFileInfo(path).absoluteFilePath());
+}
+
 Tvx_opened_file vx_layer_files_open(QString const &path)
 {
     Tvx_opened_file result;
     result.error = refuse_path(path);
     if (!result.error.isEmpty())
         return result;
-    std::wstring const file =
-        vx_layer_files_is_server(path) ? path.toStdWString() : source_of(QFileInfo(path).absoluteFilePath());
+    if (std::wstring const name = QFileInfo(path).absoluteFilePath().toStdWString();
+        vx_tos4_is_file_w(name.c_str()))
+        return open_property_file(path, name);
+    std::wstring const file = vx_layer_files_source(path);
     data_set set(file);
     if (!set) {
         result.error = open_error(path);
@@ -340,18 +376,23 @@ QString vx_layer_files_details(std::vector<Tvx_failed_file> const &failed)
 
 QString vx_layer_files_dialog_filter()
 {
-    QString const vectors =
-        "*.shp *.gpkg *.geojson *.json *.kml *.kmz *.gml *.gpx *.tab *.mif *.dxf *.dgn *.fgb "
-        "*.csv *.sqlite *.db *.e00 *.shz";
-    QString const rasters =
-        "*.tif *.tiff *.img *.asc *.vrt *.nc *.jp2 *.png *.jpg *.jpeg *.dem *.hgt *.grd *.bil";
-    auto const line = [](QString const &name, QString const &masks) {
-        return QStringLiteral("%1 (%2)").arg(name, masks);
-    };
-    return QStringList{line(vx_host_caption(c_cap_filter_maps), vectors + " " + rasters + " *.sn"),
+    QString const vectors = c_vector_masks;
+    QString const rasters = c_raster_masks;
+    auto const line = filter_line;
+    return QStringList{line(vx_host_caption(c_cap_filter_maps), vectors + " " + rasters + " *.tos4 *.sn"),
                        line(vx_map_caption(c_map_filter_scenes), "*.sn"),
                        line(vx_host_caption(c_cap_filter_vectors), vectors),
                        line(vx_host_caption(c_cap_filter_rasters), rasters),
+                       line(vx_map_caption(c_map_filter_property), "*.tos4"),
                        line(vx_host_caption(c_cap_filter_all), "*")}
+        .join(";;");
+}
+
+QString vx_layer_files_import_filter()
+{
+    return QStringList{
+        filter_line(vx_map_caption(c_map_filter_import), QString(c_raster_masks) + " " + c_vector_masks),
+        filter_line(vx_host_caption(c_cap_filter_rasters), c_raster_masks),
+        filter_line(vx_host_caption(c_cap_filter_all), "*")}
         .join(";;");
 }

@@ -23,9 +23,12 @@ struct Tvx_opened_file
 /// True for the connection string of a database server, such as "PG:host=localhost", that names no file.
 [[nodiscard]] bool vx_layer_files_is_server(QString const &path);
 
-/// Opens a vector or raster file, a folder that is a data set, or a database server, with every layer in it;
-/// of a server that is followed by "|layer=" and a name only that table.
-/// Nothing is shown or printed, and no file is changed.
+/// The connection string that names just this file, or the server.
+[[nodiscard]] std::wstring vx_layer_files_source(QString const &path);
+
+/// Opens a vector, raster or property file, a folder that is a data set, or a database server, with every
+/// layer in it; of a server that is followed by "|layer=" and a name only that table. Nothing is shown or
+/// printed, and no file is changed.
 [[nodiscard]] Tvx_opened_file vx_layer_files_open(QString const &path);
 
 /// The reason is that the file's last writer was broken off, which an opening for changes puts right.
@@ -57,3 +60,5 @@ struct Tvx_failed_file
 
 /// Filters for the open dialog.
 [[nodiscard]] QString vx_layer_files_dialog_filter();
+/// The same for what becomes a property file.
+[[nodiscard]] QString vx_layer_files_import_filter();

@@ -8,9 +8,11 @@
 #include "platform/base/string_adp.h"
 #include "platform/basic/vx_datasource.h"
 #include "platform/basic/vx_fault.h"
+#include "platform/basic/vx_res.h"
 #include "platform/data/vx_attr_data.h"
 #include "platform/layers/layer_keys.h"
 #include "platform/layers/vx_shp_lr2d.h"
+#include "platform/layers/vx_tos_lr2d.h"
 #include "platform/toolkit/bridge/qt_bridge.h"
 #include "platform/toolkit/graphics/bitmap.h"
 
@@ -31,13 +33,13 @@ constexpr int c_symbol_classes = 4;
 struct kind_name
 {
     std::string_view key;
-    Tvx_host_caption caption;
+    int caption;
 };
 constexpr kind_name c_kinds[] = {
-    {c_lr_key_shp_pnt, c_cap_kind_points},
-    {c_lr_key_shp_pln, c_cap_kind_lines},
-    {c_lr_key_shp_pgn, c_cap_kind_polygons},
-    {c_lr_key_rtr, c_cap_kind_raster},
+    {c_lr_key_shp_pnt, c_cap_kind_points},    {c_lr_key_shp_pln, c_cap_kind_lines},
+    {c_lr_key_shp_pgn, c_cap_kind_polygons},  {c_lr_key_rtr, c_cap_kind_raster},
+    {c_lr_key_tos_grid, c_map_kind_grid},     {c_lr_key_tos_slice, c_map_kind_slices},
+    {c_lr_key_tos_grid_1d, c_map_kind_curve}, {c_lr_key_tos_2crd, c_map_kind_cloud},
 };
 
 std::string_view key_of(Ivx_layer const *layer)
@@ -50,7 +52,7 @@ QString kind_of(Ivx_layer const *layer)
 {
     for (kind_name const &kind : c_kinds)
         if (kind.key == key_of(layer))
-            return vx_host_caption(kind.caption);
+            return QString::fromWCharArray(vx_res_get_wstr(kind.caption));
     return vx_host_caption(c_cap_kind_other);
 }
 
@@ -219,6 +221,8 @@ Tvx_box_d2 vx_layer_extent(Ivx_layer *layer)
     if (key_of(layer) == c_lr_key_rtr)
         return source_extent(layer);
     Tvx_box_d2 box;
+    if (vx_lr2d_is_tos(layer))
+        return vx_tos_lr2d_get_extent(layer, &box) ? box : Tvx_box_d2{};
     return vx_attr_data_get_extent(vx_shp_lr2d_get_attr_data_ptr(layer), &box) ? box : Tvx_box_d2{};
 }
 

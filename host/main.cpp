@@ -1,5 +1,8 @@
 #include "host/command_line.h"
 #include "host/map_application.h"
+#include "host/property_import.h"
+
+#include "platform/basic/vx_options.h"
 
 #include <cstdio>
 
@@ -17,6 +20,11 @@ int main(int argc, char **argv)
     if (line.version) {
         std::puts("vx_map " VX_MAP_VERSION);
         return 0;
+    }
+    if (!line.import_file.empty()) {
+        if (!line.language.empty())
+            vx_options_set_language(line.language.c_str());
+        return vx_property_import_run(line);
     }
     return vx_map_application_run(argc, argv, line);
 }

@@ -10,6 +10,7 @@
 #include "platform/layers/vx_rtr_lr2d.h"
 #include "platform/layers/vx_scn_2d.h"
 #include "platform/layers/vx_shp_lr2d.h"
+#include "platform/layers/vx_tos_lr2d.h"
 #include "platform/storage/vx_scn_2d_file.h"
 
 #include <QDir>
@@ -58,6 +59,15 @@ void open_vector(Tvx_scene_layer &scene, std::optional<Tvx_box_d2> const &view)
     }
     scene.layer = std::move(opened);
     scene.unit = vx_layer_files_read(scene.layer.get(), view);
+}
+
+void open_properties(Tvx_scene_layer &scene)
+{
+    std::wstring error, projection;
+    if (!vx_tos_lr2d_attach(scene.layer.get(), Tvx_std_wstring_adapter(error)))
+        return miss(scene, QString::fromStdWString(error));
+    vx_tos_lr2d_get_proj4(scene.layer.get(), Tvx_std_wstring_adapter(projection));
+    scene.unit = vx_map_unit_from_proj4(projection);
 }
 } // namespace
 
@@ -131,6 +141,8 @@ void vx_map_scene_open_layer(Tvx_scene_layer &scene, std::optional<Tvx_box_d2> c
         return miss(scene, vx_map_caption(c_map_err_password));
     if (vx_lr2d_is_shp(scene.layer.get()))
         return open_vector(scene, view);
+    if (vx_lr2d_is_tos(scene.layer.get()))
+        return open_properties(scene);
     if (vx_lr2d_get_lr_type(scene.layer.get()) != std::string_view(c_lr_key_rtr))
         return;
     QString error;

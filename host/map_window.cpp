@@ -13,6 +13,7 @@
 #include "host/map_scene.h"
 #include "host/map_text.h"
 #include "host/opening_progress.h"
+#include "host/property_import.h"
 #include "host/selection_overlay.h"
 
 #include "platform/basic/vx_fault.h"
@@ -463,6 +464,49 @@ void Tvx_map_window::on_open()
                                                             f_last_directory, vx_layer_files_dialog_filter());
     if (!files.isEmpty())
         open_files(files);
+}
+
+void Tvx_map_window::on_import_properties()
+{
+    QStringList const paths = QFileDialog::getOpenFileNames(this, vx_map_caption(c_map_import_sources),
+                                                            f_last_directory, vx_layer_files_import_filter());
+    if (paths.isEmpty())
+        return;
+    QFileInfo const first(paths.front());
+    QString target = QFileDialog::getSaveFileName(this, vx_map_caption(c_map_import_target),
+                                                  first.dir().filePath(first.completeBaseName() + ".tos4"),
+                                                  vx_map_caption(c_map_filter_property) + " (*.tos4)");
+    if (target.isEmpty())
+        return;
+    if (QFileInfo(target).suffix().isEmpty())
+        target += ".tos4";
+    import_properties(paths, target);
+}
+
+void Tvx_map_window::import_properties(QStringList const &paths, QString const &target)
+{
+    QString const name = QFileInfo(target).fileName();
+    auto progress = begin_opening();
+    auto const tell = [&](int percent) {
+        progress->set_text(vx_map_caption(c_map_importing).arg(name).arg(percent));
+        return progress->goes_on();
+    };
+    (void)tell(0);
+    QString error;
+    auto outcome = vx_property_import(paths, target, tell, error);
+    if (progress->is_cancelled() && outcome == c_import_failed)
+        outcome = c_import_given_up;
+    progress.reset();
+    if (std::exchange(f_closes_after_opening, false) && close())
+        return;
+    if (outcome == c_import_failed) {
+        auto const reason = vx_reason_split(error.toStdWString());
+        say(this, QMessageBox::Warning, QString::fromStdWString(reason.sentence),
+            QString::fromStdWString(reason.details));
+    }
+    if (outcome != c_import_done || open_files({target}) == 0)
+        return;
+    show_message(vx_map_caption(c_map_status_imported).arg(QDir::toNativeSeparators(target)));
 }
 
 void Tvx_map_window::on_save_picture()

@@ -122,6 +122,9 @@ private:
     [[nodiscard]] QString scene_name() const;
 
     void on_open();
+    void on_import_properties();
+    /// Makes the property file and opens it.
+    void import_properties(QStringList const &paths, QString const &target);
     void on_save_picture();
     void on_properties();
     void on_style();

@@ -1,10 +1,25 @@
 #pragma once
 
+#include "platform/base/geometry.h"
 #include "platform/layers/vx_lr2d.h"
 
 /// Layers over a property file: grid ("tos_grid_lr2d"), slice of a stack of grids ("tos_slice_lr2d"), curve
 /// ("tos_grid_lr1d"), points placed by two properties ("tos_2crd_lr2d"). On layers of another kind the
 /// getters give the defaults and the setters do nothing.
+
+/// A layer over a property file, of the kind that the file is: slices for a grid of three dimensions, a grid
+/// for two, a curve for one, points for objects that are no cells. The first properties feed it: those called
+/// X and Y place points. Null, with the reason in `error` (may be null), when the file cannot be opened.
+[[nodiscard]] VX_API Ivx_layer *vx_tos_lr2d_open(wchar_t const *file_name, Ivx_string_adp *error);
+/// Takes from the file of a layer what it has to know of it, the number of slices. False, with the reason in
+/// `error` (may be null), when the file cannot be opened, or the layer is of another kind.
+[[nodiscard]] VX_API bool vx_tos_lr2d_attach(Ivx_layer *layer, Ivx_string_adp *error);
+[[nodiscard]] VX_API bool vx_lr2d_is_tos(Ivx_layer const *layer);
+/// The box of all cells of a grid or slice; of points and curves that of their places, from the statistics of
+/// the properties that give them. False when it is not known.
+[[nodiscard]] VX_API bool vx_tos_lr2d_get_extent(Ivx_layer *layer, Tvx_box_d2 *box);
+/// The coordinate system of the file in PROJ.4 form; empty when it is not known.
+VX_API void vx_tos_lr2d_get_proj4(Ivx_layer const *layer, Ivx_string_adp *text);
 
 // ---- grid and slice
 

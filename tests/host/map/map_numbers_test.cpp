@@ -123,12 +123,23 @@ TEST(command_line, is_read)
     Tvx_command_line const sheets = vx_command_line_parse({"--style-sheets=out", "a.slib"});
     EXPECT_EQ(sheets.error, "");
     EXPECT_EQ(sheets.sheet_directory, "out");
+    Tvx_command_line const import =
+        vx_command_line_parse({"--import-property-file", "a.tos4", "1.tif", "2.tif"});
+    EXPECT_EQ(import.error, "");
+    EXPECT_EQ(import.import_file, "a.tos4");
+    EXPECT_EQ(import.files.size(), 2U);
 }
 
 TEST(command_line, what_is_wrong_is_told)
 {
-    for (std::vector<std::string> const &arguments : std::vector<std::vector<std::string>>{
-             {"--lang"}, {"--lang", "fr"}, {"--shot="}, {"--headless"}, {"--wat"}, {"-x", "a.shp"}})
+    for (std::vector<std::string> const &arguments :
+         std::vector<std::vector<std::string>>{{"--lang"},
+                                               {"--lang", "fr"},
+                                               {"--shot="},
+                                               {"--headless"},
+                                               {"--wat"},
+                                               {"-x", "a.shp"},
+                                               {"--import-property-file=a.tos4"}})
         EXPECT_NE(vx_command_line_parse(arguments).error, "") << arguments.front();
     EXPECT_EQ(vx_command_line_parse({"--headless", "--help"}).error, "");
 }
