@@ -7,8 +7,10 @@
 struct Ivx_layer;
 
 /// Draws a vector layer on a device (`vx_bmp_dc.h`) as its style managers say, through `view`: simple style,
-/// value scale, range scale by the manager's mode. The device has the size of the view, and keeps what it
-/// shows around the layer's objects. Layers of other kinds and layers switched off draw nothing.
+/// value scale, range scale by the manager's mode; or a grid of a property file, or a slice of one, by its
+/// colour manager or its channels, each pixel by the cell under its middle. The device has the size of the
+/// view, and keeps what it shows around the layer's objects. Layers of other kinds and layers switched off
+/// draw nothing.
 ///
 /// `cancelled` is asked at the start and then about every 20 milliseconds, inside the pattern of a large area
 /// too; true ends the drawing. The result is false if the layer's data cannot be read, or not all of them
