@@ -1,5 +1,7 @@
 #include "host/layer_drawing.h"
 
+#include "host/layer_info.h"
+
 #include "platform/base/owned.h"
 #include "platform/basic/vx_options.h"
 #include "platform/data/vx_shape_files.h"
@@ -38,7 +40,7 @@ Tvx_reading_result vx_layer_read_on(Ivx_layer *layer, int milliseconds)
 Tvx_drawing_result vx_layer_draw(Ivx_layer *layer, Tvx_canvas_view const &view, QImage &image,
                                  closure<bool()> cancelled)
 {
-    if (!vx_lr2d_is_shp(layer))
+    if (!vx_layer_is_drawn(layer))
         return c_drawing_done;
     double const ratio = image.devicePixelRatio();
     Tvx_map_view const picture{view.box(), image.width(), image.height(), vx_options_get_mm2px_x() * ratio,

@@ -228,5 +228,5 @@ Tvx_box_d2 vx_layer_extent(Ivx_layer *layer)
 
 bool vx_layer_is_drawn(Ivx_layer *layer)
 {
-    return vx_lr2d_is_shp(layer);
+    return vx_lr2d_is_shp(layer) || vx_tos_grid_lr2d_get_clr_stl_mngr_ptr(layer) != nullptr;
 }

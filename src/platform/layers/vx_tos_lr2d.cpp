@@ -2,9 +2,14 @@
 
 #include "platform/base/owned.h"
 #include "platform/basic/vx_clr_channel.h"
+#include "platform/basic/vx_palette.h"
 #include "platform/data/vx_file_tos4.h"
 #include "platform/layers/detail/tos_layer.h"
 #include "platform/layers/layer_keys.h"
+#include "platform/styles/vx_rng_scale.h"
+#include "platform/styles/vx_scale_prm.h"
+#include "platform/styles/vx_stl_mngr.h"
+#include "platform/styles/vx_stl_prm.h"
 
 #include <algorithm>
 #include <cmath>
@@ -47,26 +52,6 @@ char const *key_of(Tvx_tos4_grid const &grid)
     return c_keys[grid.dimensions];
 }
 
-void feed(Ivx_layer *layer, Ivx_tos4_file *file)
-{
-    if (auto *const grid = as<tos_grid_layer>(layer)) {
-        vx_stl_mngr_set_rng_prop_name_w(grid->colors.get(), name_of(file, 0).c_str());
-        vx_stl_mngr_set_val_prop_name_w(grid->colors.get(), name_of(file, 0).c_str());
-        unsigned const last = std::max(vx_tos4_get_prop_count(file), 1U) - 1;
-        void *const all = grid->channels.get();
-        void *const channels[] = {vx_rgb_channels_get_red(all), vx_rgb_channels_get_green(all),
-                                  vx_rgb_channels_get_blue(all)};
-        for (unsigned i = 0; i < 3; ++i)
-            vx_clr_channel_set_prop_name_w(channels[i], name_of(file, std::min(i, last)).c_str());
-        vx_clr_channel_set_prop_name_w(vx_rgb_channels_get_gray(all), name_of(file, 0).c_str());
-    } else if (auto *const curve = as<tos_curve_layer>(layer)) {
-        curve->height_property = name_of(file, 0);
-    } else if (auto *const points = as<tos_2crd_layer>(layer)) {
-        points->property_x = named_or(file, {L"X", L"x", L"lon", L"LON", L"longitude"}, 0);
-        points->property_y = named_or(file, {L"Y", L"y", L"lat", L"LAT", L"latitude"}, 1);
-    }
-}
-
 /// Least and greatest value of a property.
 bool span_of(Ivx_tos4_file *file, std::wstring const &name, double &low, double &high)
 {
@@ -78,6 +63,83 @@ bool span_of(Ivx_tos4_file *file, std::wstring const &name, double &low, double 
     low = vx_tos4_prop_get_statistic_min(prop.get());
     high = vx_tos4_prop_get_statistic_max(prop.get());
     return vx_tos4_prop_get_statistic_exist(prop.get());
+}
+
+/// Equal ranges over all values, from dark to light.
+void set_ranges(void *mngr, double low, double high)
+{
+    constexpr unsigned c_ranges = 12;
+    if (!(low < high) || !std::isfinite(high - low))
+        return;
+    void *const scale = vx_stl_mngr_get_rng_scale_ptr(mngr);
+    Tvx_color colors[c_ranges];
+    vx_clr_arrays_generate(c_palette_green_white_brown, c_ranges, colors);
+    auto const set = [](void *scale_prm, Tvx_color color) {
+        *vx_stl_prm_get_clr_style_ptr(vx_scale_prm_get_stl_prm_ptr(scale_prm), false) = color;
+        vx_scale_prm_set_visible(scale_prm, true);
+    };
+    auto const bound = [&](unsigned i) { return i == c_ranges ? high : low + (high - low) * i / c_ranges; };
+    vx_rng_scale_set_size(scale, c_ranges);
+    vx_rng_scale_set_min_value(scale, low);
+    vx_rng_scale_set_max_value(scale, high);
+    for (unsigned i = 0; i < c_ranges; ++i) {
+        vx_rng_scale_set_min(scale, i, bound(i));
+        vx_rng_scale_set_max(scale, i, bound(i + 1));
+        vx_rng_scale_set_default_caption(scale, i);
+        set(vx_rng_scale_get_scale_prm_ptr(scale, i), colors[i]);
+    }
+    set(vx_rng_scale_get_min_prm_ptr(scale), colors[0]);
+    set(vx_rng_scale_get_max_prm_ptr(scale), colors[c_ranges - 1]);
+    vx_scale_prm_set_visible(vx_rng_scale_get_other_prm_ptr(scale), false);
+    vx_stl_mngr_set_mode(mngr, c_stl_mngr_mode_range);
+}
+
+void feed_channel(void *channel, Ivx_tos4_file *file, unsigned prop)
+{
+    auto const name = name_of(file, prop);
+    double low = 0, high = 0;
+    vx_clr_channel_set_prop_name_w(channel, name.c_str());
+    if (!span_of(file, name, low, high))
+        return;
+    vx_clr_channel_set_min(channel, low);
+    vx_clr_channel_set_max(channel, high);
+}
+
+/// Somebody has said which property a layer shows.
+bool is_fed(Ivx_layer *layer)
+{
+    std::wstring name;
+    if (auto const *const grid = as<tos_grid_layer>(layer))
+        vx_stl_mngr_get_rng_prop_name_w(grid->colors.get(), Tvx_std_wstring_adapter(name));
+    else if (auto const *const curve = as<tos_curve_layer>(layer))
+        name = curve->height_property;
+    else if (auto const *const points = as<tos_2crd_layer>(layer))
+        name = points->property_x + points->property_y;
+    return !name.empty();
+}
+
+void feed(Ivx_layer *layer, Ivx_tos4_file *file)
+{
+    if (auto *const grid = as<tos_grid_layer>(layer)) {
+        auto const first = name_of(file, 0);
+        double low = 0, high = 0;
+        vx_stl_mngr_set_rng_prop_name_w(grid->colors.get(), first.c_str());
+        vx_stl_mngr_set_val_prop_name_w(grid->colors.get(), first.c_str());
+        if (span_of(file, first, low, high))
+            set_ranges(grid->colors.get(), low, high);
+        grid->interpolate = true;
+        unsigned const last = std::max(vx_tos4_get_prop_count(file), 1U) - 1;
+        void *const all = grid->channels.get();
+        feed_channel(vx_rgb_channels_get_red(all), file, 0);
+        feed_channel(vx_rgb_channels_get_green(all), file, std::min(1U, last));
+        feed_channel(vx_rgb_channels_get_blue(all), file, std::min(2U, last));
+        feed_channel(vx_rgb_channels_get_gray(all), file, 0);
+    } else if (auto *const curve = as<tos_curve_layer>(layer)) {
+        curve->height_property = name_of(file, 0);
+    } else if (auto *const points = as<tos_2crd_layer>(layer)) {
+        points->property_x = named_or(file, {L"X", L"x", L"lon", L"LON", L"longitude"}, 0);
+        points->property_y = named_or(file, {L"Y", L"y", L"lat", L"LAT", L"latitude"}, 1);
+    }
 }
 
 /// The corners of the cells, of which the grid tells the centres.
@@ -113,7 +175,6 @@ Ivx_layer *vx_tos_lr2d_open(wchar_t const *file_name, Ivx_string_adp *error)
     vx_tos4_get_grid(file.get(), &grid);
     vx::owned<Ivx_layer, &vx_lr2d_destroy> layer(vx_lr2d_create(key_of(grid)));
     vx_lr2d_set_wfilename(layer.get(), file_name);
-    feed(layer.get(), file.get());
     return vx_tos_lr2d_attach(layer.get(), error) ? layer.release() : nullptr;
 }
 
@@ -125,6 +186,8 @@ bool vx_tos_lr2d_attach(Ivx_layer *layer, Ivx_string_adp *error)
     Tvx_tos4_grid grid;
     vx_tos4_get_grid(file.get(), &grid);
     constexpr unsigned long long c_most = std::numeric_limits<int>::max();
+    if (!is_fed(layer))
+        feed(layer, file.get());
     vx_tos_slice_lr2d_set_zslice_count(layer, static_cast<int>(std::min(grid.count[2], c_most)));
     return true;
 }

@@ -9,9 +9,11 @@
 
 /// A layer over a property file, of the kind that the file is: slices for a grid of three dimensions, a grid
 /// for two, a curve for one, points for objects that are no cells. The first properties feed it: those called
-/// X and Y place points. Null, with the reason in `error` (may be null), when the file cannot be opened.
+/// X and Y place points. A grid has ranges over all values of the first one, and channels that reach over all
+/// values of theirs. Null, with the reason in `error` (may be null), when the file cannot be opened.
 [[nodiscard]] VX_API Ivx_layer *vx_tos_lr2d_open(wchar_t const *file_name, Ivx_string_adp *error);
-/// Takes from the file of a layer what it has to know of it, the number of slices. False, with the reason in
+/// Takes from the file of a layer what it has to know of it: the number of slices, and where nobody has said
+/// which property it shows, what a layer that is opened gets. False, with the reason in
 /// `error` (may be null), when the file cannot be opened, or the layer is of another kind.
 [[nodiscard]] VX_API bool vx_tos_lr2d_attach(Ivx_layer *layer, Ivx_string_adp *error);
 [[nodiscard]] VX_API bool vx_lr2d_is_tos(Ivx_layer const *layer);

@@ -62,6 +62,8 @@ TEST_F(property_import, by_hand_makes_a_file_and_shows_it)
     EXPECT_EQ(top_key(), c_lr_key_tos_grid);
     EXPECT_EQ(layers().name_at(0), "hills");
     EXPECT_TRUE(window->statusBar()->currentMessage().contains("hills.tos4"));
+    QImage const shown = picture();
+    EXPECT_GT(drawn_part(shown), 0.2);
     Tvx_box_d2 const extent = layers().extent_at(0);
     ASSERT_EQ(open({"olinda_dem_utm25s.tif"}), 1);
     Tvx_box_d2 const raster = layers().extent_at(0);
@@ -77,6 +79,7 @@ TEST_F(property_import, by_hand_makes_a_file_and_shows_it)
     EXPECT_EQ(window->open_files({path("map.sn")}), 2);
     EXPECT_EQ(vx_lr2d_get_lr_type(layers().layer_at(1)), std::string(c_lr_key_tos_grid));
     EXPECT_EQ(layers().extent_at(1).min_x, extent.min_x);
+    EXPECT_EQ(picture(), shown);
 }
 
 TEST_F(property_import, what_cannot_be_imported_is_told)
