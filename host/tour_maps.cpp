@@ -197,7 +197,7 @@ void Tvx_tour_maps::show_counties_by_legend()
                 input::choose_item(legend->get_stdlib_box()->get_select_box(), library_name(c_general_map)),
             "the legend cannot be chosen");
         choose(c_val_builder_rebuild_with_legend, "values_4_legend");
-        window.press_button(plain(c_caption_apply));
+        window.press_button(plain(c_caption_short_apply));
     });
     f_stage.check(input::click(edit->get_val_edit()->get_build_btn()), "the values cannot be built anew");
     finish("values_5_map");
