@@ -119,9 +119,16 @@ TEST_F(val_exec, rebuilds_from_the_data)
             {{"1.00", std::nullopt}},
             {{"1", "again"}},
             {{std::nullopt, "x"}}};
-    fill({{"old", "entry"}});
+    fill({{"1", "former"}, {"old", "entry"}});
+    Tvx_color const blank = color(0);
+    vx_stl_prm_set_color(style_prm(0), false, c_navy);
+    vx_val_scale_set_marked(scale(), 0, true);
+    vx_scale_prm_set_visible(vx_val_scale_get_scale_prm_ptr(scale(), 0), false);
     run(c_val_builder_rebuild, "name");
     EXPECT_EQ(entries(), "1=uno|1.0=one|1.00=?") << "compared as texts; the first object gives the caption";
+    EXPECT_EQ(color(0), blank) << "nothing stays by accident";
+    EXPECT_EQ(vx_val_scale_get_marked_count(scale()), 0U);
+    EXPECT_TRUE(vx_scale_prm_get_visible(vx_val_scale_get_scale_prm_ptr(scale(), 0)));
     run(c_val_builder_rebuild);
     EXPECT_EQ(entries(), "1=1|1.0=1.0|1.00=1.00");
     for (char const *const field : {"LENGTH", "name"}) {
