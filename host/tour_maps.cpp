@@ -1,6 +1,7 @@
 #include "host/tour_maps.h"
 
 #include "captions/attr_dialogs.h"
+#include "captions/complex.h"
 #include "captions/dialogs.h"
 #include "captions/forms.h"
 #include "captions/libraries.h"
@@ -19,6 +20,8 @@
 #include "style_manager/scales/rng_edit_btn.h"
 #include "style_manager/scales/val_edit_btn.h"
 #include "style_manager/shell/stl_mngr_edit.h"
+#include "styles/complex/cpx_style_panel.h"
+#include "styles/simple/bpgn_edit.h"
 #include "styles/simple/lib_stl_panel.h"
 #include "user_input/user_hand.h"
 #include "user_input/user_input.h"
@@ -142,6 +145,7 @@ void Tvx_tour_maps::show()
     show_cities_by_size();
     show_streets_by_rule();
     show_library_styles();
+    show_complex_style();
 }
 
 void Tvx_tour_maps::show_counties_by_births()
@@ -307,6 +311,59 @@ void Tvx_tour_maps::show_library_styles()
 }
 
 // ---- steps
+
+void Tvx_tour_maps::show_complex_style()
+{
+    QTemporaryDir const folder;
+    Tvx_stl_mngr_edit *const edit = open("nc", folder.path());
+    if (!edit)
+        return;
+    auto const dashes = [this](input::modal_window const &dialog) {
+        auto *const panel = vx_tour_find<Tvx_cpx_style_panel>(dialog.form());
+        insert(panel->get_layers_panel()->get_edit()->get_grid(), c_cpx_add_tplt);
+        auto *const tplt = vx_tour_find<Tvx_cpx_pln_tplt_edit>(dialog.form());
+        f_stage.check(tplt && input::click_tab(tplt->get_pages(), 1), "no template can be edited");
+        for (int const element : {c_cpx_elem_dash, c_cpx_elem_gap})
+            insert(tplt->get_template()->get_grid(), element);
+        f_stage.shoot_windows("complex_2_template");
+        dialog.press_button(plain(c_caption_apply));
+    };
+    auto const layers = [this, dashes](input::modal_window const &dialog) {
+        auto *const panel = vx_tour_find<Tvx_cpx_style_panel>(dialog.form());
+        auto *const list = panel->get_layers_panel()->get_edit()->get_grid();
+        insert(list, c_cpx_add_fill);
+        insert(list, c_cpx_add_htch);
+        constexpr int c_second_row = 2; // below the captions
+        f_stage.check(input::click_cell(list->get_item_grid(), 1, c_second_row), "no layer can be chosen");
+        auto *const hatch = vx_tour_find<Tvx_cpx_pgn_htch_edit>(dialog.form());
+        f_stage.check(hatch && input::enter_text(hatch->get_delta()->get_edit(), L"1.5"),
+                      "no distance can be entered");
+        f_stage.shoot_windows("complex_1_layers");
+        input::on_next_modal(dashes);
+        f_stage.check(input::click(hatch->get_line_style()->get_button()), "no nested style can be edited");
+        dialog.press_button(plain(c_caption_apply));
+    };
+    input::on_next_modal([this, layers](input::modal_window const &dialog) {
+        auto *const fill = vx_tour_find<Tvx_bpgn_edit>(dialog.form());
+        f_stage.check(fill && input::click(fill->get_use_cpx()->get_check_box()),
+                      "the style cannot be made a complex one");
+        input::on_next_modal(layers);
+        f_stage.check(input::click(fill->get_cpx_panel()->get_button()), "no layers can be edited");
+        dialog.press_button(plain(c_caption_apply));
+    });
+    f_stage.check(input::click(edit->get_smp_edit()->get_style_panel()->get_btn()),
+                  "the style of all does not open");
+    finish("complex_3_counties");
+}
+
+void Tvx_tour_maps::insert(Tvx_cpx_items_grid *list, int caption)
+{
+    auto *const tools = list->get_tool_panel();
+    input::choose_in_next_menu(plain(caption));
+    f_stage.check(input::click(tools->get_button(tools->get_actions()->get_ins_action())) &&
+                      input::menu_choice_done(),
+                  "nothing can be inserted into a complex style");
+}
 
 Tvx_stl_mngr_edit *Tvx_tour_maps::open(QString const &name, QString const &folder)
 {

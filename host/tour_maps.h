@@ -3,6 +3,7 @@
 #include <vector>
 
 class QString;
+class Tvx_cpx_items_grid;
 class Tvx_other_panel;
 class Tvx_stl_mngr_edit;
 class Tvx_tour_stage;
@@ -30,6 +31,12 @@ private:
     void show_streets_by_rule();
     /// Streets, hatches by class, cities: styles of the libraries.
     void show_library_styles();
+
+    /// Counties in dashed hatches over a fill: layers of a complex style, one of them in a dialog below
+    /// another.
+    void show_complex_style();
+    /// In the dialog of a complex style, inserts a layer or an element of a template, by the menu.
+    void insert(Tvx_cpx_items_grid *list, int caption);
 
     /// Opens a copy of an example and the editor on it; null and a failure when that does not come about.
     Tvx_stl_mngr_edit *open(QString const &name, QString const &folder);
