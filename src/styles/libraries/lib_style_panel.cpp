@@ -6,6 +6,7 @@
 #include "platform/basic/vx_res.h"
 #include "platform/dialogs/vx_msgs.h"
 #include "platform/styles/vx_style_lib.h"
+#include "platform/toolkit/graphics/font.h"
 
 #include <string>
 
@@ -41,6 +42,8 @@ Tvx_lib_style_panel::Tvx_lib_style_panel(TComponent *owner)
     f_licence_label->SetAlign(alRight);
     f_pages->SetParent(this);
     f_pages->SetAlign(alClient);
+    // All four stand side by side in the room that the tree leaves at first.
+    f_pages->GetFont()->SetSize(f_pages->GetFont()->GetSize() - 1);
     f_pages->OnChange = make_closure<&Tvx_lib_style_panel::on_pages_change>(this);
     for (std::size_t tab = 0; tab < c_tab_count; ++tab) {
         f_tabs[tab] = new Tvx_tab_sheet(this);
