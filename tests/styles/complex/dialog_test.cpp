@@ -9,6 +9,7 @@
 #include "platform/styles/vx_base_style.h"
 #include "platform/styles/vx_cpx_style.h"
 #include "platform/styles/vx_style.h"
+#include "platform/toolkit/core/screen.h"
 
 namespace input = vx::user_input;
 
@@ -143,7 +144,7 @@ TEST_F(cpx_dialog, stands_in_the_middle_with_its_least_size)
         EXPECT_EQ(window.title(), L"Complex style");
         EXPECT_EQ(form->GetWidth(), 640);
         EXPECT_EQ(form->GetHeight(), 480);
-        EXPECT_NEAR(form->GetLeft() + form->GetWidth() / 2, 960, 20);
+        EXPECT_NEAR(form->GetLeft() + form->GetWidth() / 2, Screen->GetWidth() / 2, 20);
         form->SetBounds(300, 200, 100, 100);
         EXPECT_EQ(form->GetWidth(), 640);
         EXPECT_EQ(form->GetHeight(), 480);
