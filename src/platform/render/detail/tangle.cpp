@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <chrono>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -18,11 +19,14 @@
 
 namespace vx::render {
 namespace {
-/// Steps that the painter may take to sort: some hundredths of a second.
+/// Steps that the painter may take to sort, a third of a second; more are not worth its exactness.
 constexpr double c_most_steps = 5e7;
-constexpr double c_step = 1; ///< nanoseconds
+constexpr double c_step = 7; ///< nanoseconds
+constexpr double c_painted_crossing = 60;
 /// Nanoseconds that the painter may take for one call, unless it is for one row.
 constexpr double c_most_at_once = 6e6;
+/// Times what is foretold: lines that lie close to each other take the painter longer.
+constexpr double c_most_slowness = 32;
 /// Samples across a pixel, and down it unless there are too many crossings.
 constexpr int c_across = 4;
 constexpr int c_down = 4;
@@ -176,7 +180,7 @@ bool crossings::are_many() const
 
 double crossings::cost() const
 {
-    return f_vertices * cost::c_vertex + (f_rows + f_columns) * c_crossing + steps() * c_step;
+    return f_vertices * cost::c_vertex + f_rows * c_painted_crossing + steps() * c_step;
 }
 
 area_cover::area_cover(surface const &target, px_rings rings, Tvx_box_d2 const &box, crossings const &work)
@@ -233,9 +237,12 @@ bool area_cover::paint(surface const &target, px_rings rings, int first, int las
         work.add(ring);
         vertices += ring.size();
     }
-    if (last - first == 1 || work.cost() <= c_most_at_once) {
+    if (last - first == 1 || work.cost() * f_slowness <= c_most_at_once) {
+        auto const begun = std::chrono::steady_clock::now();
         paint_rows(rings, first, last);
-        return go_on(target, work.cost());
+        std::chrono::duration<double, std::nano> const taken = std::chrono::steady_clock::now() - begun;
+        f_slowness = std::clamp(taken.count() / work.cost(), 1.0, c_most_slowness);
+        return go_on(target, taken.count());
     }
     if (!go_on(target, static_cast<double>(vertices) * cost::c_vertex / 4))
         return false;

@@ -59,6 +59,7 @@ private:
     int f_top;
     int f_width = 0;
     int f_height = 0;
+    double f_slowness = 8;              ///< of the painter, by what the last piece took
     std::vector<unsigned char> f_cover; ///< row by row, 255: covered wholly
 };
 
