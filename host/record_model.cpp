@@ -8,9 +8,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <deque>
 #include <limits>
 #include <numeric>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace {
@@ -86,9 +89,16 @@ public:
     };
     explicit patience(std::function<bool()> const &goes_on) : f_goes_on(goes_on) { f_since_asked.start(); }
 
+    static constexpr int c_interval_ms = 20;
+
     void step()
     {
-        if (++f_steps % c_steps != 0 || !f_goes_on || f_since_asked.elapsed() < c_interval_ms)
+        if (++f_steps % c_steps == 0)
+            ask();
+    }
+    void ask()
+    {
+        if (!f_goes_on || f_since_asked.elapsed() < c_interval_ms)
             return;
         if (!f_goes_on())
             throw is_over();
@@ -97,11 +107,55 @@ public:
 
 private:
     static constexpr unsigned c_steps = 256;
-    static constexpr qint64 c_interval_ms = 20;
     std::function<bool()> const &f_goes_on;
     QElapsedTimer f_since_asked;
     unsigned f_steps = 0;
 };
+
+namespace {
+/// A key of an ordered text. Most differ in the beginning, which is compared as one number.
+struct text_key
+{
+    std::uint64_t beginning;
+    std::string_view bytes;
+    unsigned number;
+
+    friend bool operator<(text_key const &a, text_key const &b)
+    {
+        return a.beginning != b.beginning ? a.beginning < b.beginning : a.bytes < b.bytes;
+    }
+};
+
+std::uint64_t beginning_of(std::string_view bytes)
+{
+    std::uint64_t value = 0;
+    for (std::size_t i = 0; i < sizeof value; ++i)
+        value = value << 8 | (i < bytes.size() ? static_cast<unsigned char>(bytes[i]) : 0U);
+    return value;
+}
+
+/// Bytes one behind the other in large pieces: a million allocations take as long to be given back as to be
+/// made, and nobody is asked on the way.
+class byte_store
+{
+public:
+    std::string_view keep(std::string_view bytes)
+    {
+        if (f_pieces.empty() || f_pieces.back().capacity() - f_pieces.back().size() < bytes.size()) {
+            f_pieces.emplace_back();
+            f_pieces.back().reserve(std::max(bytes.size(), c_piece));
+        }
+        std::string &piece = f_pieces.back();
+        std::size_t const at = piece.size();
+        piece += bytes;
+        return std::string_view(piece).substr(at);
+    }
+
+private:
+    static constexpr std::size_t c_piece = 1 << 20;
+    std::deque<std::string> f_pieces;
+};
+} // namespace
 
 std::vector<double> Tvx_record_model::number_keys(unsigned field, patience &wait) const
 {
@@ -120,9 +174,12 @@ std::vector<double> Tvx_record_model::number_keys(unsigned field, patience &wait
 std::vector<double> Tvx_record_model::text_keys(unsigned field, patience &wait) const
 {
     std::vector<double> keys(std::size_t(rowCount()), c_none);
-    std::vector<std::pair<std::string, unsigned>> texts;
+    byte_store store;
+    std::vector<text_key> texts;
     std::vector<int> place_of_number; // a text that comes again is ordered once
     std::vector<unsigned> text_of(keys.size());
+    texts.reserve(keys.size()); // what is not used costs nothing, and moving does
+    place_of_number.reserve(keys.size());
     for (unsigned record = 0; record < keys.size(); ++record) {
         wait.step();
         bool has = false;
@@ -142,23 +199,26 @@ std::vector<double> Tvx_record_model::text_keys(unsigned field, patience &wait) 
             place_of_number.resize(std::max(place_of_number.size(), place + 1), -1);
             place_of_number[place] = int(texts.size());
         }
-        texts.emplace_back(vx_text_sort_key(text), unsigned(texts.size()));
+        std::string_view const key = store.keep(vx_text_sort_key(text));
+        texts.push_back({beginning_of(key), key, unsigned(texts.size())});
     }
-    std::ranges::sort(texts, [&](auto const &a, auto const &b) {
+    std::ranges::sort(texts, [&](text_key const &a, text_key const &b) {
         wait.step();
-        return a.first < b.first;
+        return a < b;
     });
     // What people take for equal has one rank, so that it stays in the order of the file.
     std::vector<unsigned> rank(texts.size());
     for (std::size_t i = 0, current = 0; i < texts.size(); ++i) {
-        if (i > 0 && texts[i - 1].first != texts[i].first)
+        if (i > 0 && texts[i - 1].bytes != texts[i].bytes)
             current = i;
-        rank[texts[i].second] = unsigned(current);
+        rank[texts[i].number] = unsigned(current);
         wait.step();
     }
-    for (std::size_t record = 0; record < keys.size(); ++record)
+    for (std::size_t record = 0; record < keys.size(); ++record) {
         if (!std::isnan(keys[record]))
             keys[record] = rank[text_of[record]];
+        wait.step();
+    }
     return keys;
 }
 
@@ -172,6 +232,9 @@ bool Tvx_record_model::sort_by(int column, Qt::SortOrder order, std::function<bo
         patience wait(goes_on);
         try {
             unsigned const field = f_fields[std::size_t(column)];
+            while (vx_attr_files_read_on(f_table.get(), field, patience::c_interval_ms))
+                wait.ask();
+            wait.ask();
             std::vector<double> const keys =
                 is_number(field) ? number_keys(field, wait) : text_keys(field, wait);
             records.resize(keys.size());
