@@ -12,6 +12,7 @@
 #include "platform/layers/layer_keys.h"
 #include "platform/layers/vx_shp_lr2d.h"
 #include "platform/styles/vx_base_style.h"
+#include "platform/styles/vx_cpx_style.h"
 #include "platform/styles/vx_stl_mngr.h"
 #include "platform/styles/vx_stl_prm.h"
 #include "platform/styles/vx_style.h"
@@ -357,6 +358,37 @@ TEST_F(map_window, del_over_the_map_takes_no_layer_away)
     EXPECT_EQ(layers().count(), 1);
     hand::press(window->findChild<QComboBox *>("scale")->lineEdit(), Qt::Key_Delete);
     EXPECT_EQ(layers().count(), 1);
+}
+
+TEST_F(map_window, patterns_of_areas_move_with_the_map)
+{
+    ASSERT_EQ(open({"nc.shp"}), 1);
+    Tvx_layer_list::layer_ptr layer(vx_lr2d_clone(layers().layer_at(0)));
+    void *const style = vx_stl_prm_get_pgn_style_ptr(
+        vx_stl_mngr_get_simple_sp_ptr(vx_shp_pgn_lr2d_get_stl_mngr_ptr(layer.get())), false);
+    void *const fill = vx_pgn_style_get_bpgn_style_ptr(style);
+    vx_bpgn_style_set_use_complex(fill, true);
+    void *const list = vx_cpx_style_get_style_lrs_ptr(vx_bpgn_style_get_complex_style(fill));
+    void *const hatch = vx_style_lrs_add_lr(list, "pgn_htch_slr");
+    vx_pgn_htch_lr_set_angle(hatch, 30);
+    void *const dashes = vx_style_lrs_add_lr(
+        vx_cpx_style_get_style_lrs_ptr(vx_pgn_htch_lr_get_cpx_pln_style_ptr(hatch)), "pln_tplt_slr");
+    vx_pln_tplt_lr_set_template(dashes, "10");
+    void *const spots = vx_style_lrs_add_lr(list, "pgn_spot_slr");
+    vx_pgn_spot_lr_set_random_x(spots, true);
+    vx_pgn_spot_lr_set_random_y(spots, true);
+    ASSERT_TRUE(layers().replace(layers().id_at(0), std::move(layer)));
+    hand::wheel(&canvas(), {300, 250}, 4); // anywhere between the pixels
+    QImage const before = picture();
+    EXPECT_GT(drawn_part(before), 0.1);
+    constexpr int c_dx = 61, c_dy = -33;
+    hand::drag(&canvas(), {300, 250}, {300 + c_dx, 250 + c_dy});
+    QImage const after = picture();
+    int others = 0;
+    for (int y = 80; y < before.height() - 80; ++y)
+        for (int x = 80; x < before.width() - 80; ++x)
+            others += std::abs(qGray(before.pixel(x, y)) - qGray(after.pixel(x + c_dx, y + c_dy))) > 8;
+    EXPECT_EQ(others, 0);
 }
 
 TEST_F(map_window, the_hand_moves_the_map)
