@@ -50,7 +50,10 @@ QIcon icon_of(QImage const &image, int count)
     double const head[] = {double(count), double(image.width()), double(image.format()),
                            image.devicePixelRatio()};
     QByteArray key(reinterpret_cast<char const *>(head), sizeof head);
-    key.append(reinterpret_cast<char const *>(image.constBits()), image.sizeInBytes());
+    // Row by row: what fills a row up to its end is anything.
+    for (int y = 0; y < image.height(); ++y)
+        key.append(reinterpret_cast<char const *>(image.constScanLine(y)),
+                   (qsizetype(image.width()) * image.depth() + 7) / 8);
     if (QIcon const *const known = icons.object(key))
         return *known;
     QIcon const icon = make_icon(image, count);
