@@ -90,6 +90,12 @@ struct record_row
     [[nodiscard]] std::uint64_t next_save() const { return 1 + std::max(a ? a->save : 0, b ? b->save : 0); }
 };
 
+/// Callers see names as texts that end with a zero.
+bool is_short_text(std::optional<std::string_view> text)
+{
+    return text && text->size() <= c_longest_text && text->find('\0') == text->npos;
+}
+
 record_row read_row(database const &base, unsigned property, std::uint64_t objects)
 {
     auto row = base.prepare("SELECT a, b FROM tos_record WHERE id = ?");
@@ -196,9 +202,9 @@ bool file::read_properties()
     while (names.step()) {
         auto const name = names.text(1);
         auto const caption = names.text(2);
-        bool const fits = names.integer(0) == static_cast<std::int64_t>(f_properties.size()) && name &&
-                          !name->empty() && caption && name->size() <= c_longest_text &&
-                          caption->size() <= c_longest_text && f_properties.size() < c_tos4_most_properties;
+        bool const fits = names.integer(0) == static_cast<std::int64_t>(f_properties.size()) &&
+                          is_short_text(name) && !name->empty() && is_short_text(caption) &&
+                          f_properties.size() < c_tos4_most_properties;
         if (!fits)
             return false;
         property_names one;
