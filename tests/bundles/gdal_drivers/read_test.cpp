@@ -337,8 +337,9 @@ TEST(gdal_read, connection_options)
     std::wstring const folder = vx::text::utf8_to_wide(VX_EXAMPLE_DATA);
     source const all(folder);
     ASSERT_TRUE(all.is_open());
-    EXPECT_EQ(all.data.vector_count(), 5);
-    for (int i = 0; i < 5; ++i) {
+    constexpr int c_count = 6; // the layers, and a legend's table
+    EXPECT_EQ(all.data.vector_count(), c_count);
+    for (int i = 0; i < c_count; ++i) {
         source const one(text_of([&](vx::string_visitor v) { all.data.vector_source(i, v); }));
         ASSERT_TRUE(one.is_open());
         EXPECT_EQ(text_of([&](vx::string_visitor v) { one.data.with_name(v); }),
