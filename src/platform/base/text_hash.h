@@ -24,7 +24,8 @@ namespace vx::text {
         h ^= h >> 32;
     }
     word = 0;
-    std::memcpy(&word, text.data(), text.size());
+    if (!text.empty()) // an empty text may have no address
+        std::memcpy(&word, text.data(), text.size());
     h = (h ^ word) * 0x94D049BB133111EBu;
     return static_cast<std::uint32_t>(h ^ (h >> 29));
 }
