@@ -2,6 +2,7 @@
 // same widgets put together in plain Qt with its own layouts. Both are measured in turn in one run, by the
 // processor's time; the median counts.
 
+#include "plain_dialog.h"
 #include "styles/complex/cpx_styles_form.h"
 
 #include "platform/base/owned.h"
@@ -10,34 +11,19 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QFrame>
 #include <QHeaderView>
-#include <QLabel>
-#include <QLineEdit>
 #include <QMenu>
 #include <QPainter>
 #include <QPainterPath>
-#include <QPushButton>
 #include <QTabWidget>
 #include <QTableWidget>
-#include <QToolButton>
-#include <QVBoxLayout>
 
-#include <algorithm>
 #include <cstdio>
-#include <ctime>
 #include <vector>
 
 namespace {
 constexpr int c_rounds = 60;
 constexpr int c_warm_up = 5;
-
-double processor_ms()
-{
-    timespec now{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-    return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) * 1e-6;
-}
 
 double open_dialog(void *style)
 {
@@ -51,47 +37,10 @@ double open_dialog(void *style)
     return processor_ms() - start;
 }
 
-QHBoxLayout *add_row(QVBoxLayout *column, char const *caption)
-{
-    auto *area = new QWidget;
-    column->addWidget(area);
-    auto *row = new QHBoxLayout(area);
-    row->setContentsMargins(6, 3, 6, 3);
-    row->addWidget(new QLabel(QString::fromUtf8(caption)));
-    row->addStretch();
-    return row;
-}
-
-void add_button(QVBoxLayout *column, char const *caption)
-{
-    auto *button = new QPushButton(QStringLiteral("..."));
-    button->setFixedWidth(20);
-    add_row(column, caption)->addWidget(button);
-}
-
-void add_sample(QVBoxLayout *column, char const *caption)
-{
-    QHBoxLayout *row = add_row(column, caption);
-    auto *frame = new QFrame;
-    frame->setFrameShape(QFrame::Panel);
-    frame->setFixedSize(20, 20);
-    auto *sample = new QLabel(frame);
-    QPixmap picture(18, 18);
-    picture.fill(Qt::blue);
-    sample->setPixmap(picture);
-    row->addWidget(frame);
-    auto *button = new QPushButton(QStringLiteral("..."));
-    button->setFixedWidth(20);
-    row->addWidget(button);
-}
-
 void add_numbers(QVBoxLayout *column, int count)
 {
-    for (int i = 0; i < count; ++i) {
-        QHBoxLayout *row = add_row(column, "Offset to the right");
-        row->addWidget(new QLineEdit(QStringLiteral("2.00")));
-        row->addWidget(new QLabel(QStringLiteral("mm")));
-    }
+    for (int i = 0; i < count; ++i)
+        add_number(column, "Offset to the right");
 }
 
 /// A list below the buttons for its rows, the boxes that it edits cells in, and the menu that one button
@@ -100,13 +49,7 @@ void add_list(QVBoxLayout *column, std::vector<char const *> const &rows, int me
 {
     auto *tools = new QHBoxLayout;
     column->addLayout(tools);
-    QPixmap glyph(16, 16);
-    glyph.fill(Qt::gray);
-    for (int i = 0; i < 4; ++i) {
-        auto *button = new QPushButton;
-        button->setIcon(glyph);
-        tools->addWidget(button);
-    }
+    add_glyphs(tools, 4);
     tools->addStretch();
     auto *table = new QTableWidget(int(rows.size()), 1);
     table->setHorizontalHeaderLabels({QStringLiteral("Layer")});
@@ -134,7 +77,7 @@ QWidget *make_editors(bool all_kinds)
     };
     auto *hatch = editor(true);
     add_numbers(hatch, 3);
-    add_button(hatch, "Style of the lines");
+    add_button(add_row(hatch, "Style of the lines"));
     hatch->addStretch();
     if (!all_kinds)
         return all;
@@ -158,7 +101,7 @@ QWidget *make_editors(bool all_kinds)
         if (values) {
             add_sample(rows, "Colour");
             add_numbers(rows, 5);
-            add_button(rows, "Style of the symbols");
+            add_button(add_row(rows, "Style of the symbols"));
         } else {
             add_list(rows, {}, 9);
         }
@@ -179,7 +122,7 @@ QWidget *make_editors(bool all_kinds)
         if (values) {
             add_numbers(rows, 5);
             add_sample(rows, "Point colour");
-            add_button(rows, "Point style");
+            add_button(add_row(rows, "Point style"));
         }
         spot_tabs->addTab(page, QStringLiteral("Places"));
     }
@@ -246,24 +189,11 @@ double open_plain(bool all_kinds)
     add_list(add_quarter(halves, 0, 1), {"Hatch", "Fill"}, 9);
     add_quarter(halves, 1, 0)->addWidget(make_sample(260, false));
     add_quarter(halves, 1, 1)->addWidget(make_editors(all_kinds));
-    auto *bottom = new QHBoxLayout;
-    column->addLayout(bottom);
-    bottom->addStretch();
-    for (char const *caption : {"&Apply", "&Cancel", "&Help"}) {
-        auto *button = new QPushButton(QString::fromUtf8(caption));
-        button->setVisible(caption[1] != 'H');
-        bottom->addWidget(button);
-    }
+    add_bottom(column);
     window.setWindowTitle(QStringLiteral("Complex style"));
     window.show();
     QApplication::processEvents();
     return processor_ms() - start;
-}
-
-double median(std::vector<double> values)
-{
-    std::ranges::sort(values);
-    return values[values.size() / 2];
 }
 } // namespace
 

@@ -1,7 +1,8 @@
 // Opening the style dialog of a polygon layer, from its creation to the first picture on the screen, against
-// the same widgets put together in plain Qt with its own layouts. Both are measured in turn in one run; the
-// median counts.
+// the same widgets put together in plain Qt with its own layouts. Both are measured in turn in one run, by
+// the processor's time; the median counts.
 
+#include "plain_dialog.h"
 #include "styles/simple/style_dlgs.h"
 
 #include "platform/base/owned.h"
@@ -11,78 +12,30 @@
 
 #include <QApplication>
 #include <QCheckBox>
-#include <QFrame>
-#include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QTabWidget>
-#include <QToolButton>
-#include <QVBoxLayout>
 
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <vector>
 
 namespace {
-using clock_type = std::chrono::steady_clock;
 constexpr int c_rounds = 60;
 constexpr int c_warm_up = 5;
 
-double milliseconds_since(clock_type::time_point start)
-{
-    return std::chrono::duration<double, std::milli>(clock_type::now() - start).count();
-}
-
 double open_dialog(void *style)
 {
-    auto const start = clock_type::now();
+    double const start = processor_ms();
     Tvx_pgn_style_dlg dialog(nullptr);
     dialog.set_pgn_style(style);
     dialog.load_res();
     dialog.Show();
     QApplication::processEvents();
-    return milliseconds_since(start);
+    return processor_ms() - start;
 }
 
-/// A row of a label and what stands at its right.
-QHBoxLayout *add_row(QVBoxLayout *column, QString const &caption)
+void add_flag(QVBoxLayout *column, char const *caption)
 {
-    auto *area = new QWidget;
-    column->addWidget(area);
-    auto *row = new QHBoxLayout(area);
-    row->setContentsMargins(6, 3, 6, 3);
-    row->addWidget(new QLabel(caption));
-    row->addStretch();
-    return row;
-}
-
-void add_sample(QVBoxLayout *column, QString const &caption)
-{
-    QHBoxLayout *row = add_row(column, caption);
-    auto *frame = new QFrame;
-    frame->setFrameShape(QFrame::Panel);
-    frame->setFixedSize(20, 20);
-    auto *sample = new QLabel(frame);
-    QPixmap picture(18, 18);
-    picture.fill(Qt::blue);
-    sample->setPixmap(picture);
-    row->addWidget(frame);
-    auto *button = new QPushButton(QStringLiteral("..."));
-    button->setFixedWidth(20);
-    row->addWidget(button);
-}
-
-void add_number(QVBoxLayout *column, QString const &caption)
-{
-    QHBoxLayout *row = add_row(column, caption);
-    row->addWidget(new QLineEdit(QStringLiteral("2.0")));
-    row->addWidget(new QLabel(QStringLiteral("mm")));
-}
-
-void add_flag(QVBoxLayout *column, QString const &caption)
-{
-    auto *box = new QCheckBox(caption);
+    auto *box = new QCheckBox(QString::fromUtf8(caption));
     box->setLayoutDirection(Qt::RightToLeft);
     column->addWidget(box);
 }
@@ -93,24 +46,24 @@ QWidget *make_page(bool point, bool number)
     auto *page = new QWidget;
     auto *column = new QVBoxLayout(page);
     if (point) {
-        add_flag(column, QStringLiteral("Character of a font"));
-        add_sample(column, QStringLiteral("Figure"));
-        add_sample(column, QStringLiteral("Character"));
+        add_flag(column, "Character of a font");
+        add_sample(column, "Figure");
+        add_sample(column, "Character");
     }
-    add_sample(column, QStringLiteral("Colour"));
+    add_sample(column, "Colour");
     if (number)
-        add_number(column, QStringLiteral("Size"));
-    QHBoxLayout *complex = add_row(column, QStringLiteral("Layers of the style"));
+        add_number(column, "Size");
+    QHBoxLayout *complex = add_row(column, "Layers of the style");
     complex->addWidget(new QPushButton(QStringLiteral("...")));
     complex->parentWidget()->hide();
     column->addStretch();
-    add_flag(column, QStringLiteral("Complex style"));
+    add_flag(column, "Complex style");
     return page;
 }
 
 double open_plain()
 {
-    auto const start = clock_type::now();
+    double const start = processor_ms();
     QWidget window(nullptr, Qt::Tool);
     window.resize(350, 330);
     auto *column = new QVBoxLayout(&window);
@@ -127,35 +80,16 @@ double open_plain()
     tabs->setTabVisible(2, false);
     auto *library = new QHBoxLayout;
     column->addLayout(library);
-    QPixmap glyph(16, 16);
-    glyph.fill(Qt::gray);
-    for (int i = 0; i < 2; ++i) {
-        auto *button = new QPushButton;
-        button->setIcon(glyph);
-        library->addWidget(button);
-    }
+    add_glyphs(library, 2);
     auto *main = new QPushButton(QStringLiteral("Style library..."));
     library->addWidget(main);
     main->hide();
     library->addStretch();
-    auto *bottom = new QHBoxLayout;
-    column->addLayout(bottom);
-    bottom->addStretch();
-    for (char const *caption : {"&Apply", "&Cancel", "&Help"}) {
-        auto *button = new QPushButton(QString::fromUtf8(caption));
-        button->setVisible(caption[1] != 'H');
-        bottom->addWidget(button);
-    }
+    add_bottom(column);
     window.setWindowTitle(QStringLiteral("Polygon style"));
     window.show();
     QApplication::processEvents();
-    return milliseconds_since(start);
-}
-
-double median(std::vector<double> values)
-{
-    std::ranges::sort(values);
-    return values[values.size() / 2];
+    return processor_ms() - start;
 }
 } // namespace
 
