@@ -205,22 +205,10 @@ int main(int argc, char **argv)
     for (char const *key : {"pgn_htch_slr", "pgn_fill_slr"})
         if (!vx_style_lrs_add_lr(layers, key))
             return 1;
-    std::vector<double> ours;
-    std::vector<double> plain;
-    std::vector<double> plain_all;
-    for (int i = -c_warm_up; i < c_rounds; ++i) {
-        double const dialog = open_dialog(style.get());
-        double const raw = open_plain(false);
-        double const raw_all = open_plain(true);
-        if (i < 0)
-            continue;
-        ours.push_back(dialog);
-        plain.push_back(raw);
-        plain_all.push_back(raw_all);
-    }
-    std::printf("dialog:                        %.3f ms\n", median(ours));
-    std::printf("plain, the same widgets:       %.3f ms, ratio %.2f\n", median(plain),
-                median(ours) / median(plain));
-    std::printf("plain, of all kinds of layers: %.3f ms, ratio %.2f\n", median(plain_all),
-                median(ours) / median(plain_all));
+    auto const times = medians(
+        c_warm_up, c_rounds, [&] { return open_dialog(style.get()); }, [] { return open_plain(false); },
+        [] { return open_plain(true); });
+    std::printf("dialog:                        %.3f ms\n", times[0]);
+    std::printf("plain, the same widgets:       %.3f ms, ratio %.2f\n", times[1], times[0] / times[1]);
+    std::printf("plain, of all kinds of layers: %.3f ms, ratio %.2f\n", times[2], times[0] / times[2]);
 }

@@ -26,6 +26,22 @@ inline double median(std::vector<double> values)
     return values[values.size() / 2];
 }
 
+/// Runs all in turn, some times without counting to warm up, and gives the median of what each gives.
+template <class... Run>
+std::vector<double> medians(int warm_up, int rounds, Run... run)
+{
+    std::vector<std::vector<double>> all(sizeof...(run));
+    for (int i = -warm_up; i < rounds; ++i) {
+        double const values[] = {run()...};
+        for (std::size_t k = 0; i >= 0 && k < all.size(); ++k)
+            all[k].push_back(values[k]);
+    }
+    std::vector<double> result;
+    for (auto &values : all)
+        result.push_back(median(std::move(values)));
+    return result;
+}
+
 /// A row of a label and what is added at its right.
 inline QHBoxLayout *add_row(QVBoxLayout *column, char const *caption)
 {

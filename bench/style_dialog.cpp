@@ -104,16 +104,7 @@ int main(int argc, char **argv)
         std::fprintf(stderr, "nc.shp cannot be opened\n");
         return 1;
     }
-    std::vector<double> ours;
-    std::vector<double> plain;
-    for (int i = -c_warm_up; i < c_rounds; ++i) {
-        double const dialog = open_dialog(style);
-        double const raw = open_plain();
-        if (i < 0)
-            continue;
-        ours.push_back(dialog);
-        plain.push_back(raw);
-    }
-    std::printf("dialog: %.3f ms\nplain:  %.3f ms\nratio:  %.2f\n", median(ours), median(plain),
-                median(ours) / median(plain));
+    auto const times = medians(
+        c_warm_up, c_rounds, [&] { return open_dialog(style); }, &open_plain);
+    std::printf("dialog: %.3f ms\nplain:  %.3f ms\nratio:  %.2f\n", times[0], times[1], times[0] / times[1]);
 }

@@ -155,17 +155,9 @@ int main(int argc, char **argv)
     Tvx_style_libs_form::fs_idx = c_seen;
     Tvx_style_libs_form::fs_ver = 1;
     double const first = open_browser(style.get());
-    std::vector<double> ours;
-    std::vector<double> plain;
-    for (int i = -c_warm_up; i < c_rounds; ++i) {
-        double const browser = open_browser(style.get());
-        double const raw = open_plain();
-        if (i < 0)
-            continue;
-        ours.push_back(browser);
-        plain.push_back(raw);
-    }
-    std::printf("browser: %.3f ms\nplain:   %.3f ms\nratio:   %.2f\n", median(ours), median(plain),
-                median(ours) / median(plain));
+    auto const times = medians(
+        c_warm_up, c_rounds, [&] { return open_browser(style.get()); }, &open_plain);
+    std::printf("browser: %.3f ms\nplain:   %.3f ms\nratio:   %.2f\n", times[0], times[1],
+                times[0] / times[1]);
     std::printf("first, with reading: %.3f ms; read %d time(s)\n", first, loads);
 }
