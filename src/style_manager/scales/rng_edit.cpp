@@ -1,6 +1,7 @@
 #include "style_manager/scales/rng_edit.h"
 
 #include "captions/style_manager.h"
+#include "controls/prop/detail/picture_button.h"
 #include "data/filesystem/filesystem.h"
 #include "scale_builders/common/detail/builder_caller.h"
 #include "scale_builders/range/rng_type_dlg.h"
@@ -136,8 +137,8 @@ void Tvx_rng_edit::load_res()
     f_grid->load_res();
     f_other_panel->load_res();
     f_tool_panel->load_res();
-    Tvx_scale_tool_panel::load_button(f_build_btn, c_picture_build, c_scl_build);
-    Tvx_scale_tool_panel::load_button(f_rescale_btn, c_picture_rescale, c_scl_rescale);
+    vx_picture_button_load(f_build_btn, c_picture_build, c_scl_build);
+    vx_picture_button_load(f_rescale_btn, c_picture_rescale, c_scl_rescale);
     show_row_line();
 }
 

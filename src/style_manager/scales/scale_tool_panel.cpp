@@ -1,7 +1,7 @@
 #include "style_manager/scales/scale_tool_panel.h"
 
 #include "captions/style_manager.h"
-#include "controls/prop/image_convert.h"
+#include "controls/prop/detail/picture_button.h"
 #include "style_manager/scales/detail/scale_pictures.h"
 #include "style_manager/scales/scale_grid.h"
 
@@ -61,19 +61,12 @@ void Tvx_scale_tool_panel::create(Tvx_scale_grid *grid)
     EnableAlign();
 }
 
-void Tvx_scale_tool_panel::load_button(Tvx_bitbtn *button, int picture, int hint)
-{
-    vx_glyph_get_res(button->GetGlyph(), picture);
-    button->SetHint(vx_res_get_wstr(hint));
-    button->SetAccessibleName(button->GetHint());
-}
-
 void Tvx_scale_tool_panel::load_res()
 {
-    load_button(f_save_btn, c_picture_save, c_scl_save);
-    load_button(f_open_btn, c_picture_open, c_scl_open);
-    load_button(f_style_btn, c_picture_style, c_scl_styles);
-    load_button(f_sel_style_btn, c_picture_sel_style, c_scl_sel_styles);
+    vx_picture_button_load(f_save_btn, c_picture_save, c_scl_save);
+    vx_picture_button_load(f_open_btn, c_picture_open, c_scl_open);
+    vx_picture_button_load(f_style_btn, c_picture_style, c_scl_styles);
+    vx_picture_button_load(f_sel_style_btn, c_picture_sel_style, c_scl_sel_styles);
     f_ins_btn->SetAccessibleName(vx_res_get_wstr(c_scl_insert));
     f_del_btn->SetAccessibleName(vx_res_get_wstr(c_scl_delete));
 }

@@ -17,8 +17,6 @@ public:
     /// Makes the other buttons. The grid has been created.
     void create(Tvx_scale_grid *grid);
     void load_res();
-    /// Gives a button that stands here its picture, hint and name.
-    static void load_button(Tvx_bitbtn *button, int picture, int hint);
     void enable_selection_style(bool enabled) { f_sel_style_btn->SetVisible(enabled); }
     /// What lies between the buttons of the left and of the right end.
     [[nodiscard]] TRect get_free_rect() const;

@@ -1,6 +1,7 @@
 #include "style_manager/scales/val_edit.h"
 
 #include "captions/style_manager.h"
+#include "controls/prop/detail/picture_button.h"
 #include "data/filesystem/filesystem.h"
 #include "scale_builders/common/detail/distinct_texts.h"
 #include "style_manager/scales/detail/scale_data.h"
@@ -122,7 +123,7 @@ void Tvx_val_edit::load_res()
     f_grid->load_res();
     f_other_panel->load_res();
     f_tool_panel->load_res();
-    Tvx_scale_tool_panel::load_button(f_build_btn, c_picture_build, c_scl_build);
+    vx_picture_button_load(f_build_btn, c_picture_build, c_scl_build);
 }
 
 void Tvx_val_edit::update_controls()

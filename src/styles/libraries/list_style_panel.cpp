@@ -1,7 +1,7 @@
 #include "styles/libraries/list_style_panel.h"
 
 #include "captions/libraries.h"
-#include "controls/prop/image_convert.h"
+#include "controls/prop/detail/picture_button.h"
 #include "styles/libraries/lib_style_paint.h"
 
 #include "platform/basic/vx_res.h"
@@ -11,14 +11,6 @@ namespace {
 /// Numbers of the pictures on the buttons.
 constexpr int c_picture_prev = 702;
 constexpr int c_picture_next = 703;
-
-void load_button(Tvx_bitbtn *button, int picture, int caption)
-{
-    vx_glyph_get_res(button->GetGlyph(), picture);
-    UnicodeString const text = vx_res_get_wstr(caption);
-    button->SetHint(text);
-    button->SetAccessibleName(text);
-}
 } // namespace
 
 Tvx_list_style_panel::Tvx_list_style_panel(TComponent *owner)
@@ -42,8 +34,8 @@ Tvx_list_style_panel::Tvx_list_style_panel(TComponent *owner)
 
 void Tvx_list_style_panel::load_res()
 {
-    load_button(f_prev_btn, c_picture_prev, c_lib_hint_prev);
-    load_button(f_next_btn, c_picture_next, c_lib_hint_next);
+    vx_picture_button_load(f_prev_btn, c_picture_prev, c_lib_hint_prev);
+    vx_picture_button_load(f_next_btn, c_picture_next, c_lib_hint_next);
 }
 
 void *Tvx_list_style_panel::get_active_style() const

@@ -2,7 +2,7 @@
 
 #include "captions/libraries.h"
 #include "captions/simple.h"
-#include "controls/prop/image_convert.h"
+#include "controls/prop/detail/picture_button.h"
 
 #include "platform/basic/vx_res.h"
 #include "platform/styles/vx_global_lib_styles.h"
@@ -11,14 +11,6 @@ namespace {
 /// Numbers of the pictures on the buttons.
 constexpr int c_smp_picture_save = 3010;
 constexpr int c_smp_picture_load = 3011;
-
-void load_button(Tvx_bitbtn *button, int picture, int caption)
-{
-    vx_glyph_get_res(button->GetGlyph(), picture);
-    UnicodeString const text = vx_res_get_wstr(caption);
-    button->SetHint(text);
-    button->SetAccessibleName(text);
-}
 } // namespace
 
 Tvx_lib_stl_panel::Tvx_lib_stl_panel(TComponent *owner)
@@ -45,8 +37,8 @@ void Tvx_lib_stl_panel::update_controls()
 
 void Tvx_lib_stl_panel::load_res()
 {
-    load_button(f_save_btn, c_smp_picture_save, c_smp_save_file);
-    load_button(f_load_btn, c_smp_picture_load, c_smp_load_file);
+    vx_picture_button_load(f_save_btn, c_smp_picture_save, c_smp_save_file);
+    vx_picture_button_load(f_load_btn, c_smp_picture_load, c_smp_load_file);
     f_main_btn->SetCaption(vx_res_get_wstr(c_smp_library));
     f_main_btn->SetAccessibleName(vx_res_get_wstr(c_lib_title));
 }
