@@ -6,6 +6,8 @@
 #include "style_manager/api/style_events.h"
 #include "style_manager/api/style_mode.h"
 #include "style_manager/lists/stl_mngr_list_edit.h"
+#include "style_manager/rotation/grid1d_clr_mngr_edit.h"
+#include "style_manager/rotation/rotate_form.h"
 #include "style_manager/scales/name_menu.h"
 #include "style_manager/scales/rng_edit.h"
 #include "style_manager/scales/rng_edit_btn.h"
