@@ -8,4 +8,5 @@
 #include "layer_edit/page_api/lr2d_pages.h"
 #include "layer_edit/page_set/lr2d_edit.h"
 #include "layer_edit/page_set/page_table.h"
+#include "layer_edit/shape/attr_lr2d_edit.h"
 #include "layer_edit/shape/shp_lr2d_edit.h"
