@@ -1,6 +1,8 @@
 #include "layer_edit/page_set/page_table.h"
 
 #include "layer_edit/shape/shp_lr2d_edit.h"
+#include "layer_edit/text/tld_lr2d_edit.h"
+#include "layer_edit/text/txt_mngr_lr2d_edit.h"
 
 namespace vx {
 namespace {
@@ -14,6 +16,11 @@ constexpr lr2d_page_factory c_pages[] = {
     {lr2d_page::shp_pnt, &make<Tvx_shp_pnt_lr2d_edit>},
     {lr2d_page::shp_pln, &make<Tvx_shp_pln_lr2d_edit>},
     {lr2d_page::shp_pgn, &make<Tvx_shp_pgn_lr2d_edit>},
+    {lr2d_page::tld, &make<Tvx_tld_lr2d_edit>},
+    {lr2d_page::txt_pnt, &make<Tvx_txt_pnt_mngr_lr2d_edit>},
+    {lr2d_page::txt_pln, &make<Tvx_txt_pln_mngr_lr2d_edit>},
+    {lr2d_page::txt_pgn, &make<Tvx_txt_pgn_mngr_lr2d_edit>},
+    {lr2d_page::txt_tos_2crd, &make<Tvx_txt_tos_2crd_mngr_lr2d_edit>},
 };
 } // namespace
 
