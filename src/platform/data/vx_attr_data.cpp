@@ -1,5 +1,6 @@
 #include "platform/data/vx_attr_data.h"
 
+#include "platform/base/owned.h"
 #include "platform/base/text_codec.h"
 #include "platform/base/virtual_mark.h"
 #include "platform/data/detail/attr_data.h"
@@ -210,14 +211,51 @@ bool vx_attr_data_get_known_extent(Ivx_attr_data *data, Tvx_box_d2 *box)
     return set && set->known_extent(*box) && !box->is_empty();
 }
 
-bool vx_attr_data_is_field_unicode(Ivx_attr_data *data, char const *field_name)
+namespace {
+/// Number of the text field of this name; -1 for none.
+int text_field(Ivx_attr_data *data, char const *field_name)
 {
     auto const set = data && field_name ? data->opened() : nullptr;
     if (!set)
-        return false;
+        return -1;
     auto const name = vx::text::to_wide(field_name);
-    return std::any_of(set->fields().begin(), set->fields().end(),
-                       [&](auto const &f) { return f.name == name && f.type == c_attr_string; });
+    auto const &fields = set->fields();
+    auto const at = std::ranges::find_if(
+        fields, [&](auto const &f) { return f.name == name && f.type == c_attr_string; });
+    return at == fields.end() ? -1 : static_cast<int>(at - fields.begin());
+}
+
+/// Cyrillic letters of the code page 1251 are the accented ones of Latin-1, which are few among the letters
+/// of every language that is written with them.
+bool reads_as_latin1_accents(Ivx_attr_data *data, unsigned field)
+{
+    vx::owned<Ivx_attr_files, &vx_attr_files_close> const table(vx_attr_files_open(data, 1, 0));
+    unsigned const records = std::min(vx_attr_files_get_no(table.get()), c_page_records);
+    unsigned accented = 0;
+    unsigned plain = 0;
+    for (unsigned i = 0; i < records; ++i)
+        for (wchar_t const c : std::wstring_view(vx_attr_files_peek_wstr(table.get(), field, i, nullptr))) {
+            constexpr wchar_t c_first_accented = 0xC0;
+            constexpr wchar_t c_last_latin1 = 0xFF;
+            if (c > c_last_latin1)
+                return false;
+            accented += c >= c_first_accented;
+            plain += (c | 0x20) >= L'a' && (c | 0x20) <= L'z';
+        }
+    return accented > plain;
+}
+} // namespace
+
+bool vx_attr_data_is_field_unicode(Ivx_attr_data *data, char const *field_name)
+{
+    int const field = text_field(data, field_name);
+    return field >= 0 && !reads_as_latin1_accents(data, static_cast<unsigned>(field));
+}
+
+bool vx_attr_data_is_field_morvel(Ivx_attr_data *data, char const *field_name)
+{
+    int const field = text_field(data, field_name);
+    return field >= 0 && reads_as_latin1_accents(data, static_cast<unsigned>(field));
 }
 
 // ---- table

@@ -125,5 +125,8 @@ VX_API bool vx_attr_files_read_on(Ivx_attr_files *files, unsigned field, int mil
 [[nodiscard]] VX_API int vx_attr_files_get_int(Ivx_attr_files *files, unsigned field, unsigned record,
                                                bool *ok);
 
-/// How a text field is kept: true for every text field of a data set, whose drivers give wide text.
+/// How a text field is kept, by its name: its texts are as they should be read, or they were kept in the
+/// Cyrillic code page 1251 and read as Latin-1, since the file does not tell its code page. The first records
+/// are looked at for that. Both false for other fields and none.
 [[nodiscard]] VX_API bool vx_attr_data_is_field_unicode(Ivx_attr_data *data, char const *field_name);
+[[nodiscard]] VX_API bool vx_attr_data_is_field_morvel(Ivx_attr_data *data, char const *field_name);

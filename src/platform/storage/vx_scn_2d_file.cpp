@@ -6,9 +6,12 @@
 #include "platform/layers/vx_rtr_lr2d.h"
 #include "platform/layers/vx_scn_2d.h"
 #include "platform/layers/vx_shp_lr2d.h"
+#include "platform/layers/vx_tld_lr2d.h"
+#include "platform/layers/vx_tos_lr2d.h"
 #include "platform/storage/detail/mngr_xml.h"
 #include "platform/storage/detail/storage_state.h"
 #include "platform/storage/detail/stored_source.h"
+#include "platform/storage/detail/tld_xml.h"
 #include "platform/storage/detail/xml_element.h"
 #include "platform/styles/vx_txt_settings.h"
 
@@ -24,8 +27,9 @@ constexpr char const *c_view = "view";
 constexpr char const *c_styles = "managers";
 constexpr char const *c_texts = "texts";
 constexpr char const *c_raster = "raster";
-/// 2 knows the view, the managers and how rasters are drawn.
-constexpr int c_version = 2;
+constexpr char const *c_labels = "labels";
+/// 2 knows the view, the managers and how rasters are drawn, 3 the labels.
+constexpr int c_version = 3;
 /// More layers than a map is made of.
 constexpr std::size_t c_most_layers = 10'000;
 
@@ -49,8 +53,18 @@ vx::styles::stl_mngr_list *styles_of(Ivx_layer *layer)
 
 vx::styles::stl_mngr_list *texts_of(Ivx_layer *layer)
 {
+    void *const of_shape = vx_shp_lr2d_get_txt_settings(layer);
     return static_cast<vx::styles::stl_mngr_list *>(
-        vx_txt_settings_get_stl_mngr_list(vx_shp_lr2d_get_txt_settings(layer)));
+        vx_txt_settings_get_stl_mngr_list(of_shape ? of_shape : vx_tos_2crd_lr2d_get_txt_settings(layer)));
+}
+
+/// The text layer inside a layer, or a layer that is one; null for others.
+Ivx_layer *labels_of(Ivx_layer *layer)
+{
+    if (vx_dtld_lr2d_count_text_class(layer) > 0)
+        return layer;
+    auto *const of_shape = vx_shp_lr2d_get_text_layer_ptr(layer);
+    return of_shape ? of_shape : vx_tos_2crd_lr2d_get_text_layer_ptr(layer);
 }
 
 bool is_raster(Ivx_layer const *layer)
@@ -84,7 +98,8 @@ void read_raster(xml_in element, Ivx_layer *layer)
 
 // ---- layers
 
-void write_layer(xml_out element, Ivx_layer *layer, std::wstring const &folder)
+/// `parent` is the number of the layer that a text layer belongs to, -1 for none.
+void write_layer(xml_out element, Ivx_layer *layer, std::wstring const &folder, int parent)
 {
     element.field("type", std::string(vx_lr2d_get_lr_type(layer)));
     element.field("caption", text_of([&](Ivx_string_adp *text) { vx_lr2d_get_wcaption(layer, text); }));
@@ -93,18 +108,19 @@ void write_layer(xml_out element, Ivx_layer *layer, std::wstring const &folder)
         stored_source(text_of([&](Ivx_string_adp *text) { vx_lr2d_get_wfilename(layer, text); }), folder));
     element.field("visible", vx_lr2d_get_visible(layer));
     element.field("own_selected_style", vx_lr_get_own_selected_style_flag(layer));
-    if (vx_lr2d_is_shp(layer)) {
+    if (vx_lr2d_is_shp(layer))
         write_mngr_list(element.child(c_styles), *styles_of(layer));
-        if (auto const *const texts = texts_of(layer); texts && (texts->visible || !is_new(*texts)))
-            write_mngr_list(element.child(c_texts), *texts);
-    } else if (is_raster(layer)) {
+    if (auto const *const texts = texts_of(layer); texts && (texts->visible || !is_new(*texts)))
+        write_mngr_list(element.child(c_texts), *texts);
+    if (is_raster(layer))
         write_raster(element.child(c_raster), layer);
-    }
+    if (auto *const labels = labels_of(layer); labels && !has_new_text_classes(labels))
+        write_text_layer(element.child(c_labels), labels, parent);
     element.finish();
 }
 
 /// What stands in a file of version 1 is optional; null, and the reading has failed, for a layer of no kind.
-layer_ptr read_layer(xml_in element, std::wstring const &folder)
+layer_ptr read_layer(xml_in element, std::wstring const &folder, int &parent)
 {
     std::string type;
     std::wstring caption;
@@ -135,6 +151,8 @@ layer_ptr read_layer(xml_in element, std::wstring const &folder)
     }
     if (is_raster(layer.get()) && element.at(c_raster))
         read_raster(element.child(c_raster), layer.get());
+    if (auto *const labels = labels_of(layer.get()); labels && element.at(c_labels))
+        read_text_layer(element.child(c_labels), labels, parent);
     element.finish();
     return layer;
 }
@@ -157,7 +175,9 @@ std::string scene_bytes(Ivx_scn_2d const *scene, std::wstring const &folder)
         view.finish();
     }
     for (int i = 0; i < vx_scn_2d_get_count(scene); ++i)
-        write_layer(root.child(c_layer), vx_scn_2d_get_layer(scene, i), folder);
+        write_layer(
+            root.child(c_layer), vx_scn_2d_get_layer(scene, i), folder,
+            vx_scn_2d_get_index(scene, vx_dtld_lr2d_get_parent_lr2d_ptr(vx_scn_2d_get_layer(scene, i))));
     root.finish();
     return file.bytes();
 }
@@ -169,6 +189,7 @@ struct scene_record
     Tvx_pnt_d2 center{};
     double pixel = 0;
     std::vector<layer_ptr> layers;
+    std::vector<int> parents; ///< of text layers: numbers of layers, -1 for none
 };
 
 xml_fault read_scene(std::string bytes, std::wstring const &folder, scene_record &scene)
@@ -190,7 +211,7 @@ xml_fault read_scene(std::string bytes, std::wstring const &folder, scene_record
         view.finish();
     }
     while (state.good && root.at(c_layer)) {
-        scene.layers.push_back(read_layer(root.child(c_layer), folder));
+        scene.layers.push_back(read_layer(root.child(c_layer), folder, scene.parents.emplace_back(-1)));
         if (scene.layers.size() > c_most_layers)
             root.fail();
     }
@@ -206,6 +227,9 @@ void fill(Ivx_scn_2d *scene, scene_record &record)
         vx_scn_2d_set_wcaption(scene, record.caption.c_str());
     vx_scn_2d_set_izotropic(scene, record.izotropic);
     vx_scn_2d_set_view(scene, record.center, record.pixel);
+    for (std::size_t i = 0; i < record.layers.size(); ++i)
+        if (int const parent = record.parents[i]; parent >= 0 && parent < int(record.layers.size()))
+            vx_dtld_lr2d_set_parent(record.layers[i].get(), record.layers[std::size_t(parent)].get());
     for (layer_ptr &layer : record.layers)
         if (vx_scn_2d_insert(scene, vx_scn_2d_get_count(scene), layer.get()))
             static_cast<void>(layer.release());

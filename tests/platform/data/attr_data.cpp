@@ -213,6 +213,7 @@ TEST_F(attr_table, describes_its_fields)
     EXPECT_EQ(-1, vx_attr_files_get_field_index_w(f_files.get(), L"none"));
     EXPECT_TRUE(vx_attr_data_is_field_unicode(f_data.get(), "Имя"));
     EXPECT_FALSE(vx_attr_data_is_field_unicode(f_data.get(), "number"));
+    EXPECT_FALSE(vx_attr_data_is_field_morvel(f_data.get(), "Имя"));
 }
 
 TEST_F(attr_table, an_exact_name_comes_before_one_that_differs_in_case)

@@ -1,10 +1,12 @@
 #include "support/temp_dir.h"
 
 #include "platform/base/owned.h"
+#include "platform/data/vx_tld_data.h"
 #include "platform/layers/layer_keys.h"
 #include "platform/layers/vx_rtr_lr2d.h"
 #include "platform/layers/vx_scn_2d.h"
 #include "platform/layers/vx_shp_lr2d.h"
+#include "platform/layers/vx_tld_lr2d.h"
 #include "platform/storage/vx_scn_2d_file.h"
 #include "platform/storage/vx_xml_save_2d.h"
 #include "platform/styles/vx_stl_mngr_list.h"
@@ -87,6 +89,12 @@ scene_ptr sample()
     vx_rtr_lr2d_set_opacity(raster, 0.25);
     vx_scn_2d_set_view(scene.get(), {-80.25, 35.5}, 0.001);
     style(vx_scn_2d_get_layer(scene.get(), 0));
+    Ivx_layer *const labels = vx_shp_lr2d_get_text_layer_ptr(vx_scn_2d_get_layer(scene.get(), 0));
+    vx_lr2d_set_visible(labels, true);
+    void *const label = vx_dtld_lr2d_get_text_class(labels);
+    vx_textlr_info_set_property(label, 1, L"ИМЯ");
+    vx_textlr_info_set_init_scale(label, 25000);
+    vx_textlr_info_set_text_pos_x(label, -1);
     return scene;
 }
 
@@ -123,6 +131,9 @@ TEST(scene_files, come_back_as_they_were)
     vx_test::temp_dir dir;
     auto const path = (dir / "a_.sn").wstring();
     scene_ptr const scene = sample();
+    Ivx_layer *const first = vx_scn_2d_get_layer(scene.get(), 0);
+    vx_dtld_lr2d_add_text_class(vx_shp_lr2d_get_text_layer_ptr(first), L"rivers");
+    ASSERT_TRUE(vx_scn_2d_insert(scene.get(), 3, vx_dtld_lr2d_create(first)));
     ASSERT_TRUE(vx_xml_data_save_scn2d_w(nullptr, path.c_str(), scene.get()));
     scene_ptr const other(vx_scn_2d_create(L"other"));
     ASSERT_TRUE(vx_scn_2d_insert(other.get(), 0, make_layer(c_lr_key_rtr, L"goes away", L"")));
@@ -140,6 +151,16 @@ TEST(scene_files, come_back_as_they_were)
     EXPECT_EQ(center.x, -80.25);
     EXPECT_EQ(center.y, 35.5);
     EXPECT_EQ(pixel, 0.001);
+    Ivx_layer *const lakes = vx_scn_2d_get_layer(other.get(), 0);
+    Ivx_layer *const labels = vx_shp_lr2d_get_text_layer_ptr(lakes);
+    EXPECT_TRUE(vx_lr2d_get_visible(labels));
+    ASSERT_EQ(vx_dtld_lr2d_count_text_class(labels), 2);
+    for (int i = 0; i < 2; ++i)
+        EXPECT_TRUE(vx_textlr_info_equal(
+            vx_dtld_lr2d_get_text_class_by_index(labels, i),
+            vx_dtld_lr2d_get_text_class_by_index(
+                vx_shp_lr2d_get_text_layer_ptr(vx_scn_2d_get_layer(scene.get(), 0)), i)));
+    EXPECT_EQ(vx_dtld_lr2d_get_parent_lr2d_ptr(vx_scn_2d_get_layer(other.get(), 3)), lakes);
     std::string const bytes = vx_test::read_file(path);
     ASSERT_TRUE(vx_xml_data_save_scn2d_w(nullptr, path.c_str(), other.get()));
     EXPECT_EQ(vx_test::read_file(path), bytes);
@@ -157,7 +178,7 @@ TEST(scene_files, of_version_1_are_read_and_newer_ones_told)
     };
     EXPECT_TRUE(load("<vx_scene version=\"1\"><layer type=\"shp_pnt_lr2d\" source=\"/a.shp\"/></vx_scene>"));
     EXPECT_EQ(vx_scn_2d_get_count(scene.get()), 1);
-    EXPECT_FALSE(load("<vx_scene version=\"3\"/>"));
+    EXPECT_FALSE(load("<vx_scene version=\"4\"/>"));
     for (char const *wrong :
          {"<view x=\"0\" y=\"0\" pixel=\"0\"/>", "<view x=\"0\" y=\"0\" pixel=\"nan\"/>",
           "<layer type=\"shp_pnt_lr2d\"><managers/></layer>",
@@ -166,9 +187,14 @@ TEST(scene_files, of_version_1_are_read_and_newer_ones_told)
           "<layer type=\"shp_pnt_lr2d\"><managers><manager rotate_start=\"4\"><simple><styles/></simple>"
           "</manager></managers></layer>",
           "<layer type=\"rtr_lr2d\"><raster opacity=\"2\"/></layer>",
+          "<layer type=\"shp_pnt_lr2d\"><labels/></layer>",
+          "<layer type=\"shp_pnt_lr2d\"><labels current=\"1\"><class/></labels></layer>",
+          "<layer type=\"shp_pnt_lr2d\"><labels><class priority=\"10\"/></labels></layer>",
+          "<layer type=\"shp_pnt_lr2d\"><labels><class size=\"-1\"/></labels></layer>",
+          "<layer type=\"rtr_lr2d\"><labels><class/></labels></layer>",
           "<layer "
           "type=\"rtr_lr2d\"><managers><manager><simple><styles/></simple></manager></managers></layer>"})
-        EXPECT_FALSE(load((std::string("<vx_scene version=\"2\">") + wrong + "</vx_scene>").c_str()))
+        EXPECT_FALSE(load((std::string("<vx_scene version=\"3\">") + wrong + "</vx_scene>").c_str()))
             << wrong;
     EXPECT_EQ(vx_scn_2d_get_count(scene.get()), 1);
 }

@@ -36,6 +36,8 @@ struct Ivx_layer : Ivx_entity
     void *plugin = nullptr;        ///< not owned
     void *layout_plugin = nullptr; ///< not owned
     vx::owned<Ivx_event_channel, &vx_event_channel_destroy> channel{vx_event_channel_create()};
+    /// The layer, for those that do not hold it: gone with it.
+    std::shared_ptr<Ivx_layer *const> const life = std::make_shared<Ivx_layer *const>(this);
 
 protected:
     void take_common(Ivx_layer const &source);

@@ -1,6 +1,7 @@
 #include "platform/layers/detail/scene.h"
 
 #include "platform/data/vx_attr_data.h"
+#include "platform/layers/detail/tld_layer.h"
 #include "platform/layers/vx_scn_2d.h"
 #include "platform/layers/vx_shp_lr2d.h"
 
@@ -27,6 +28,10 @@ Ivx_scn_2d *vx_scn_2d_clone(Ivx_scn_2d const *scene)
     copy->pixel = scene->pixel;
     for (auto const &layer : scene->layers)
         copy->layers.push_back(layer->clone());
+    for (auto const &layer : copy->layers)
+        if (auto *const text = vx::layers::as<vx::layers::dtld_layer>(layer.get()))
+            if (int const parent = vx_scn_2d_get_index(scene, text->parent()); parent >= 0)
+                text->set_parent(copy->layers[static_cast<std::size_t>(parent)].get());
     return copy.release();
 }
 

@@ -118,7 +118,7 @@ shp_geometry const *find_shp_geometry(std::string_view key)
 shp_layer::shp_layer(std::string type_key, shp_geometry const &layer_geometry)
     : Ivx_layer(std::move(type_key)), geometry(layer_geometry),
       styles(vx_stl_mngr_list_create(layer_geometry.style)),
-      texts(vx_txt_settings_create(layer_geometry.text_style)), text_layer(std::make_unique<dtld_layer>(this))
+      texts(vx_txt_settings_create(layer_geometry.text_style)), text_layer(dtld_layer::make_inside(this))
 {
 }
 

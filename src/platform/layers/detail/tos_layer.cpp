@@ -84,7 +84,7 @@ std::unique_ptr<Ivx_layer> tos_curve_layer::clone() const
 
 tos_2crd_layer::tos_2crd_layer()
     : tos_layer(c_lr_key_tos_2crd), styles(vx_stl_mngr_create(c_pnt_style)),
-      texts(vx_txt_settings_create(c_txt_pnt_style)), text_layer(std::make_unique<dtld_layer>(this))
+      texts(vx_txt_settings_create(c_txt_pnt_style)), text_layer(dtld_layer::make_inside(this))
 {
 }
 
