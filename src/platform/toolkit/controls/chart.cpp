@@ -1,6 +1,9 @@
 #include "platform/toolkit/controls/chart.h"
 
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/graphics/canvas.h"
+
+#include <QtWidgets/QWidget>
 
 #include <algorithm>
 #include <charconv>
@@ -43,12 +46,36 @@ UnicodeString number_text(double value, double step)
     return UnicodeString(std::string_view(text, static_cast<std::size_t>(end.ptr - text)));
 }
 
+/// The same for an axis of factors: powers of ten, and twice and five times them where there is room.
+template <class F>
+void for_each_power(double low, double high, int pixels, int distance, F visit)
+{
+    double const decades = std::log10(high / low);
+    if (!(decades > 0.0) || !std::isfinite(decades))
+        return;
+    double const room = pixels / decades;
+    bool const is_wide = room > 3.5 * distance;
+    int const stride = std::max(1, static_cast<int>(std::ceil(distance / room)));
+    int const last = static_cast<int>(std::floor(std::log10(high) + 1e-9));
+    for (int power = static_cast<int>(std::floor(std::log10(low))); power <= last; ++power) {
+        if (power % stride != 0)
+            continue;
+        for (double const factor : {1.0, 2.0, 5.0}) {
+            double const value = factor * std::pow(10.0, power);
+            if (value >= low && value <= high * (1 + 1e-9) && (is_wide || factor == 1.0))
+                visit(value, value);
+        }
+    }
+}
+
 /// Calls `visit` with the round values of an axis.
 template <class F>
 void for_each_tick(TChartAxis const &axis, int pixels, int distance, F visit)
 {
     double const low = axis.GetMinimum();
     double const high = axis.GetMaximum();
+    if (axis.GetLogarithmic())
+        return for_each_power(low, high, pixels, distance, visit);
     double const step = round_step((high - low) * distance / std::max(pixels, distance));
     double const first = std::ceil(low / step - 1e-9);
     int const count = static_cast<int>(std::min(std::floor(high / step + 1e-9) - first, 1000.0));
@@ -77,7 +104,7 @@ double TChartAxis::GetMaximum() const
 
 void TChartAxis::SetMinMax(double minimum, double maximum)
 {
-    if (!is_span(minimum, maximum))
+    if (!is_span(minimum, maximum) || (f_logarithmic && !(minimum > 0.0)))
         return;
     f_chart->settle();
     f_minimum = minimum;
@@ -87,12 +114,26 @@ void TChartAxis::SetMinMax(double minimum, double maximum)
     f_chart->Invalidate();
 }
 
+void TChartAxis::SetLogarithmic(bool value)
+{
+    if (value == f_logarithmic || f_horizontal)
+        return;
+    f_logarithmic = value;
+    f_chart->series_changed();
+}
+
+double TChartAxis::scaled(double value) const
+{
+    return f_logarithmic ? std::log(value) : value;
+}
+
 int TChartAxis::CalcPosValue(double value) const
 {
     f_chart->settle();
     TRect const &area = f_chart->f_chart_rect;
     int const room = (f_horizontal ? area.Width() : area.Height()) - 1;
-    double const part = (value - f_minimum) / (f_maximum - f_minimum);
+    double const low = scaled(f_minimum);
+    double const part = (scaled(value) - low) / (scaled(f_maximum) - low);
     double const pixels = std::isnan(part) ? -c_far : std::clamp<double>(part * room, -c_far, c_far);
     int const offset = static_cast<int>(std::lround(pixels));
     return f_horizontal ? area.Left + offset : area.Bottom - 1 - offset;
@@ -104,7 +145,9 @@ double TChartAxis::CalcPosPoint(int pixel) const
     TRect const &area = f_chart->f_chart_rect;
     int const room = std::max((f_horizontal ? area.Width() : area.Height()) - 1, 1);
     int const offset = f_horizontal ? pixel - area.Left : area.Bottom - 1 - pixel;
-    return f_minimum + (f_maximum - f_minimum) * offset / room;
+    double const low = scaled(f_minimum);
+    double const value = low + (scaled(f_maximum) - low) * offset / room;
+    return f_logarithmic ? std::exp(value) : value;
 }
 
 void TBarSeries::Clear()
@@ -143,6 +186,11 @@ void TChart::SetSideMargins(bool value)
 {
     f_side_margins = value;
     series_changed();
+}
+
+void TChart::InvalidateColumns(int left, int right)
+{
+    vx_qt_widget(this)->update(left, 0, right - left, GetClientHeight());
 }
 
 TRect TChart::GetChartRect()
@@ -205,6 +253,17 @@ void TChart::fit_axes()
     bool const whole = is_span(first, last);
     f_bottom_axis.f_minimum = whole ? first : 0.0;
     f_bottom_axis.f_maximum = whole ? last : 1.0;
+    if (f_left_axis.f_logarithmic) {
+        low = high;
+        for (TBarSeries::bar const &bar : f_series.f_bars)
+            if (bar.y > 0.0)
+                low = std::min(low, bar.y);
+        low /= 2;
+        if (!(low > 0.0)) { // nothing has a height
+            low = 0.1;
+            high = 1.0;
+        }
+    }
     bool const risen = is_span(low, high);
     f_left_axis.f_minimum = risen ? low : 0.0;
     f_left_axis.f_maximum = risen ? high : 1.0;

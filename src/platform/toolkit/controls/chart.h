@@ -21,13 +21,20 @@ public:
     [[nodiscard]] int CalcPosValue(double value) const;
     /// The value at a pixel: the reverse of `CalcPosValue`.
     [[nodiscard]] double CalcPosPoint(int pixel) const;
+    [[nodiscard]] bool GetLogarithmic() const { return f_logarithmic; }
+    /// Equal distances for equal factors, not at first; for the left axis only. Fitted to the series it
+    /// begins at half of the least value above 0; what is not above 0 lies before its beginning.
+    void SetLogarithmic(bool value);
 
 private:
     friend class TChart;
     TChartAxis(TChart *chart, bool horizontal) : f_chart(chart), f_horizontal(horizontal) {}
+    /// The value as the axis measures it out.
+    [[nodiscard]] double scaled(double value) const;
 
     TChart *f_chart;
     bool f_horizontal;
+    bool f_logarithmic = false;
     double f_minimum = 0.0;
     double f_maximum = 1.0;
 };
@@ -87,6 +94,8 @@ public:
     void UndoZoom();
     [[nodiscard]] bool GetSideMargins() const { return f_side_margins; }
     void SetSideMargins(bool value);
+    /// Has the pixels of these columns drawn anew, over the whole height.
+    void InvalidateColumns(int left, int right);
 
     /// Between bars and frame, for what is drawn over the bars; the canvas is clipped to the chart's area.
     TNotifyEvent OnAfterDraw;
