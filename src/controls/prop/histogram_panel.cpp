@@ -4,22 +4,38 @@
 
 #include "platform/basic/vx_histogram.h"
 #include "platform/basic/vx_res.h"
+#include "platform/toolkit/core/application.h"
 #include "platform/toolkit/graphics/canvas.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <cstdlib>
 
 namespace {
-constexpr int c_grip = 3; // pixels on either side of a mark
 constexpr int c_mark_width = 3;
+constexpr int c_key_mark_size = 9; // of the square on the mark that the keys move
 constexpr TColor c_bar_color = 0x00FF0000;
 constexpr TColor c_mark_color = 0x000000FF;
 constexpr double c_no_total = 1e-6;
 constexpr double c_key_part = 0.01; // of the axis, for one press of an arrow key
+
+/// As many digits as tell values apart that lie `step` from each other.
+std::wstring number_text(double value, double step)
+{
+    if (!std::isfinite(value) || !(step > 0.0) || !std::isfinite(step))
+        return UnicodeString(value).str();
+    double const largest = std::max(std::abs(value), step);
+    double const digits = std::ceil(std::log10(largest / step)) + 1;
+    char text[40];
+    auto const end =
+        std::to_chars(text, text + sizeof text, std::abs(value) < step * 1e-6 ? 0.0 : value,
+                      std::chars_format::general, static_cast<int>(std::clamp(digits, 1.0, 15.0)));
+    return {text, end.ptr};
+}
 } // namespace
 
-Tvx_histogram_panel::Tvx_histogram_panel(TComponent *owner) : Tvx_panel(owner)
+Tvx_histogram_panel::Tvx_histogram_panel(TComponent *owner, int grip) : Tvx_panel(owner), f_grip(grip)
 {
 }
 
@@ -39,6 +55,8 @@ void Tvx_histogram_panel::create()
     f_chart->SetAlign(alClient);
     f_chart->SetSideMargins(true);
     f_chart->SetPopupMenu(f_menu);
+    f_chart->SetShowHint(true);
+    f_chart->GetLeftAxis()->SetLogarithmic(f_log_height);
     f_chart->OnAfterDraw = make_closure<&Tvx_histogram_panel::on_chart_after_draw>(this);
     f_chart->OnMouseDown = make_closure<&Tvx_histogram_panel::on_chart_mouse_down>(this);
     f_chart->OnMouseMove = make_closure<&Tvx_histogram_panel::on_chart_mouse_move>(this);
@@ -66,6 +84,7 @@ void Tvx_histogram_panel::update_controls()
     double total = 0.0;
     for (unsigned i = 0; i < size; ++i)
         total += vx_histogramm_get(f_histogramm, i);
+    f_total = total;
     if (size > 0) {
         double const min0 = vx_histogramm_get_bnd_min(f_histogramm, 0);
         double const max0 = vx_histogramm_get_bnd_max(f_histogramm, 0);
@@ -88,16 +107,69 @@ void Tvx_histogram_panel::repaint()
         f_chart->Invalidate();
 }
 
+void Tvx_histogram_panel::repaint_mark(double value)
+{
+    if (!f_chart)
+        return;
+    int const x = f_chart->GetBottomAxis()->CalcPosValue(value);
+    f_chart->InvalidateColumns(x - c_key_mark_size, x + c_key_mark_size + 1);
+}
+
+/// The rest of the chart stays as it is drawn.
+void Tvx_histogram_panel::set_val(double &kept, double value)
+{
+    repaint_mark(kept);
+    kept = value;
+    repaint_mark(kept);
+}
+
 void Tvx_histogram_panel::set_val1(double value)
 {
-    f_val1 = value;
-    repaint();
+    set_val(f_val1, value);
 }
 
 void Tvx_histogram_panel::set_val2(double value)
 {
-    f_val2 = value;
-    repaint();
+    set_val(f_val2, value);
+}
+
+void Tvx_histogram_panel::set_log_height(bool value)
+{
+    f_log_height = value;
+    if (f_chart)
+        f_chart->GetLeftAxis()->SetLogarithmic(value);
+}
+
+UnicodeString Tvx_histogram_panel::hint_at(double value) const
+{
+    unsigned size = 0;
+    double low = 0.0;
+    double high = 0.0;
+    vx_histogramm_get_params(f_histogramm, &size, &low, &high);
+    if (size == 0 || !(value >= low && value <= high))
+        return {};
+    double const width = (high - low) / size;
+    double const place = width > 0.0 ? std::floor((value - low) / width) : 0.0;
+    unsigned const bin = static_cast<unsigned>(std::clamp(place, 0.0, size - 1.0));
+    double const share =
+        std::abs(f_total) > c_no_total ? vx_histogramm_get(f_histogramm, bin) / f_total : 0.0;
+    double const first = vx_histogramm_get_bnd_min(f_histogramm, bin);
+    double const last = vx_histogramm_get_bnd_max(f_histogramm, bin);
+    double const percent = share * 100.0;
+    return vx_res_format_w(c_caption_histogram_hint,
+                           {number_text(value, width), number_text(percent, std::abs(percent) * 0.005),
+                            number_text(first, width), number_text(last, width)});
+}
+
+void Tvx_histogram_panel::show_hint(int x, int y)
+{
+    UnicodeString const hint = f_chart->GetChartRect().Contains({x, y})
+                                   ? hint_at(f_chart->GetBottomAxis()->CalcPosPoint(x))
+                                   : UnicodeString();
+    if (hint == f_chart->GetHint())
+        return;
+    f_chart->SetHint(hint);
+    Application->ActivateHint(f_chart->ClientToScreen({x, y}));
 }
 
 void Tvx_histogram_panel::on_chart_after_draw(TObject * /*sender*/)
@@ -119,13 +191,20 @@ void Tvx_histogram_panel::on_chart_after_draw(TObject * /*sender*/)
     draw(f_mark1, f_val1);
     draw(f_mark2, f_val2);
     canvas->GetPen()->SetWidth(1);
+    mark const &key_mark = f_key_mark == 1 ? f_mark1 : f_mark2;
+    if (!key_mark.shown || !f_chart->Focused())
+        return;
+    canvas->GetBrush()->SetStyle(bsSolid);
+    canvas->GetBrush()->SetColor(c_mark_color);
+    int const left = key_mark.x - c_key_mark_size / 2;
+    canvas->FillRect(Rect(left, area.Top, left + c_key_mark_size, area.Top + c_key_mark_size));
 }
 
 int Tvx_histogram_panel::mark_at(int x) const
 {
-    if (f_mark1.shown && std::abs(x - f_mark1.x) <= c_grip)
+    if (f_mark1.shown && std::abs(x - f_mark1.x) <= f_grip)
         return 1;
-    return f_mark2.shown && std::abs(x - f_mark2.x) <= c_grip ? 2 : 0;
+    return f_mark2.shown && std::abs(x - f_mark2.x) <= f_grip ? 2 : 0;
 }
 
 void Tvx_histogram_panel::on_chart_mouse_down(TObject * /*sender*/, TMouseButton button,
@@ -136,16 +215,20 @@ void Tvx_histogram_panel::on_chart_mouse_down(TObject * /*sender*/, TMouseButton
     f_drag = mark_at(x);
     if (f_drag != 0)
         f_key_mark = f_drag;
+    f_chart->SetHint({});
+    Application->CancelHint();
     f_chart->SetAllowZoom(f_drag == 0);
 }
 
-void Tvx_histogram_panel::on_chart_mouse_move(TObject * /*sender*/, TShiftState shift, int x, int /*y*/)
+void Tvx_histogram_panel::on_chart_mouse_move(TObject * /*sender*/, TShiftState shift, int x, int y)
 {
     // The release may have gone elsewhere, to a menu or a message.
     if (!shift.Contains(ssLeft))
         f_drag = 0;
     if (f_drag == 0) {
         f_chart->SetCursor(mark_at(x) != 0 ? crSizeWE : crDefault);
+        if (!shift.Contains(ssLeft))
+            show_hint(x, y);
         return;
     }
     // A mark that left the axis could not be taken again.
@@ -167,6 +250,7 @@ void Tvx_histogram_panel::on_chart_key_down(TObject * /*sender*/, Word &key, TSh
 {
     if (key == VK_UP || key == VK_DOWN) {
         f_key_mark = key == VK_UP ? 1 : 2;
+        repaint();
         key = 0;
         return;
     }
@@ -187,13 +271,12 @@ void Tvx_histogram_panel::on_chart_key_down(TObject * /*sender*/, Word &key, TSh
 void Tvx_histogram_panel::move_mark(int number, double value)
 {
     if (number == 1) {
-        f_val1 = value;
+        set_val1(value);
         on_val1_changed(this, value);
     } else {
-        f_val2 = value;
+        set_val2(value);
         on_val2_changed(this, value);
     }
-    repaint();
 }
 
 void Tvx_histogram_panel::on_menu1_click(TObject * /*sender*/)

@@ -11,13 +11,14 @@ struct Tvx_histogramm_data;
 ///
 /// The marks stand at two values of the bottom axis; one outside of it is not drawn and cannot be taken. By
 /// keyboard Left and Right move a mark by a hundredth of the axis, with Ctrl by a pixel, Up and Down change
-/// between the marks, and the menu key opens the menu.
+/// between the marks, and the menu key opens the menu. While the chart has the focus the mark that the keys
+/// move carries a square. A hint tells the value under the pointer and the share of its bin.
 class VX_API Tvx_histogram_panel : public Tvx_panel
 {
 public:
     using Tvx_value_event = closure<void(TObject *sender, double value)>;
 
-    explicit Tvx_histogram_panel(TComponent *owner);
+    explicit Tvx_histogram_panel(TComponent *owner) : Tvx_histogram_panel(owner, c_grip) {}
 
     /// Makes the children.
     virtual void create();
@@ -33,6 +34,10 @@ public:
     void set_val1(double value);
     [[nodiscard]] double get_val2() const { return f_val2; }
     void set_val2(double value);
+    [[nodiscard]] bool get_log_height() const { return f_log_height; }
+    /// Whether the heights of the bars are seen by their factors, so that rare values show beside frequent
+    /// ones; not at first.
+    void set_log_height(bool value);
 
     /// Null before `create`.
     [[nodiscard]] TChart *get_chart() const { return f_chart; }
@@ -45,6 +50,13 @@ public:
     TNotifyEvent on_menu1;
     TNotifyEvent on_menu2;
     TNotifyEvent on_menu3;
+
+protected:
+    static constexpr int c_grip = 3;
+    /// `grip`: pixels on either side of a mark where it can be taken.
+    Tvx_histogram_panel(TComponent *owner, int grip);
+
+    void repaint();
 
 private:
     struct mark
@@ -64,7 +76,11 @@ private:
     /// 1 or 2 for the mark at a pixel column, 0 for none; where both are, the first.
     [[nodiscard]] int mark_at(int x) const;
     void move_mark(int number, double value);
-    void repaint();
+    void set_val(double &kept, double value);
+    /// Has the columns of a mark drawn anew.
+    void repaint_mark(double value);
+    void show_hint(int x, int y);
+    [[nodiscard]] UnicodeString hint_at(double value) const;
 
     Tvx_histogramm_data const *f_histogramm = nullptr;
     TChart *f_chart = nullptr;
@@ -72,6 +88,9 @@ private:
     Tvx_popup_menu *f_menu = nullptr;
     mark f_mark1;
     mark f_mark2;
+    int f_grip;
+    bool f_log_height = false;
+    double f_total = 0.0; ///< of all bins shown
     double f_val1 = 0.0;
     double f_val2 = 0.0;
     int f_drag = 0;     ///< 0 none, 1 or 2: the mark being dragged
