@@ -3,6 +3,9 @@
 #include "layer_edit/shape/shp_lr2d_edit.h"
 #include "layer_edit/text/tld_lr2d_edit.h"
 #include "layer_edit/text/txt_mngr_lr2d_edit.h"
+#include "raster_property/property/tos_2crd_lr2d_edit.h"
+#include "raster_property/property/tos_grid_lr2d_edit.h"
+#include "raster_property/property/tos_slice_lr2d_edit.h"
 
 namespace vx {
 namespace {
@@ -21,6 +24,9 @@ constexpr lr2d_page_factory c_pages[] = {
     {lr2d_page::txt_pln, &make<Tvx_txt_pln_mngr_lr2d_edit>},
     {lr2d_page::txt_pgn, &make<Tvx_txt_pgn_mngr_lr2d_edit>},
     {lr2d_page::txt_tos_2crd, &make<Tvx_txt_tos_2crd_mngr_lr2d_edit>},
+    {lr2d_page::tos_grid, &make<Tvx_tos_grid_lr2d_edit>},
+    {lr2d_page::tos_slice, &make<Tvx_tos_slice_lr2d_edit>},
+    {lr2d_page::tos_2crd, &make<Tvx_tos_2crd_lr2d_edit>},
 };
 } // namespace
 
