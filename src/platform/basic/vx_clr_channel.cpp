@@ -4,6 +4,7 @@
 #include "platform/base/owned.h"
 
 #include <string>
+#include <tuple>
 
 using namespace vx::fields;
 
@@ -32,6 +33,15 @@ struct channel
         return *this;
     }
     ~channel() = default;
+
+    [[nodiscard]] bool draws_like(channel const &other) const
+    {
+        auto const settings = [](channel const &of) {
+            return std::tie(of.prop_name, of.min, of.max, of.histogramm_default, of.histogramm_min,
+                            of.histogramm_max);
+        };
+        return settings(*this) == settings(other);
+    }
 };
 
 struct rgb_channels
@@ -50,6 +60,9 @@ void vx_clr_channel_get_prop_name_w(void const *c, Ivx_string_adp *adp)
 
 void vx_clr_channel_set_prop_name_w(void *c, wchar_t const *name)
 {
+    auto *const to = static_cast<channel *>(c);
+    if (to && to->prop_name != (name ? name : L""))
+        vx_stat_clear(to->stat.get());
     set_text(c, &channel::prop_name, name);
 }
 
@@ -127,6 +140,16 @@ void vx_rgb_channels_destroy(void *channels)
 void vx_rgb_channels_assign(void *target, void const *source)
 {
     assign<rgb_channels>(target, source);
+}
+
+bool vx_rgb_channels_equal(void const *a, void const *b)
+{
+    auto const *const x = static_cast<rgb_channels const *>(a);
+    auto const *const y = static_cast<rgb_channels const *>(b);
+    if (!x || !y)
+        return x == y;
+    return x->red.draws_like(y->red) && x->green.draws_like(y->green) && x->blue.draws_like(y->blue) &&
+           x->gray.draws_like(y->gray);
 }
 
 void *vx_rgb_channels_get_red(void *channels)

@@ -8,6 +8,7 @@
 /// stretched, and the range of its histogram. All functions accept null.
 
 VX_API void vx_clr_channel_get_prop_name_w(void const *channel, Ivx_string_adp *adp);
+/// Another property than before has other statistics: those of the channel are forgotten.
 VX_API void vx_clr_channel_set_prop_name_w(void *channel, wchar_t const *name);
 /// The stretch: `min` shows as nothing of the colour, `max` as all of it. 0 and 255 in a new channel.
 [[nodiscard]] VX_API double vx_clr_channel_get_min(void const *channel);
@@ -29,6 +30,9 @@ VX_API void vx_clr_channel_set_histogramm_max(void *channel, double value);
 [[nodiscard]] VX_API void *vx_rgb_channels_clone(void const *channels);
 VX_API void vx_rgb_channels_destroy(void *channels);
 VX_API void vx_rgb_channels_assign(void *target, void const *source);
+/// Whether both draw alike: what feeds the channels, how it is stretched and the range of its histogram.
+/// Statistics do not count.
+[[nodiscard]] VX_API bool vx_rgb_channels_equal(void const *a, void const *b);
 [[nodiscard]] VX_API void *vx_rgb_channels_get_red(void *channels);
 [[nodiscard]] VX_API void *vx_rgb_channels_get_green(void *channels);
 [[nodiscard]] VX_API void *vx_rgb_channels_get_blue(void *channels);

@@ -141,6 +141,7 @@ bool Tvx_rtr_source::compute_stat(unsigned band, Tvx_stat_data *stat)
     vx_stat_set_maximum(stat, maximum);
     vx_stat_set_average(stat, average);
     vx_stat_set_stddev(stat, deviation);
+    vx_stat_set_histogramm(stat, false);
     return true;
 }
 
