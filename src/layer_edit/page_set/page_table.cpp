@@ -6,6 +6,7 @@
 #include "raster_property/property/tos_2crd_lr2d_edit.h"
 #include "raster_property/property/tos_grid_lr2d_edit.h"
 #include "raster_property/property/tos_slice_lr2d_edit.h"
+#include "raster_property/raster/rtr_id_lr2d_edit.h"
 
 namespace vx {
 namespace {
@@ -16,6 +17,7 @@ Tvx_basic_lr2d_edit *make(TComponent *owner)
 }
 
 constexpr lr2d_page_factory c_pages[] = {
+    {lr2d_page::rtr, &make<Tvx_rtr_id_lr2d_edit>},
     {lr2d_page::shp_pnt, &make<Tvx_shp_pnt_lr2d_edit>},
     {lr2d_page::shp_pln, &make<Tvx_shp_pln_lr2d_edit>},
     {lr2d_page::shp_pgn, &make<Tvx_shp_pgn_lr2d_edit>},

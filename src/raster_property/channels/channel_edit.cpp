@@ -110,8 +110,12 @@ bool Tvx_channel_edit::pull_histogram()
     (void)events.get_channel_stat(this, prop, f_channel, min, max, average, stddev, ok);
     if (!ok)
         return false;
-    if (f_hist_min > f_hist_max)
+    if (f_hist_min > f_hist_max) {
         std::swap(f_hist_min, f_hist_max);
+        // The owner goes by what the channel says.
+        vx_clr_channel_set_histogramm_max(f_channel, f_hist_max);
+        vx_clr_channel_set_histogramm_min(f_channel, f_hist_min);
+    }
     return events.get_channel_histogramm(this, prop, f_channel, f_histogramm.get());
 }
 
