@@ -3,6 +3,8 @@
 #include "exports/vxk_style_dialog_api.h"
 #include "styles/preview/style_example.h"
 
+#include "platform/base/string_adp.h"
+#include "platform/basic/vx_clr_channel.h"
 #include "platform/layers/layer_keys.h"
 #include "platform/layers/vx_lr.h"
 #include "platform/layers/vx_rtr_lr2d.h"
@@ -20,6 +22,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <string>
 #include <string_view>
 
 namespace {
@@ -54,6 +57,31 @@ constexpr double c_line_mm = 0.4;
 constexpr double c_point_mm = 1.8;
 
 unsigned next_color = 0;
+
+/// A channel whose band the raster has not stays as it is.
+void copy_channels(Ivx_layer *layer, Ivx_layer *like)
+{
+    void *const to = vx_rtr_lr2d_get_rgb_channels_ptr(layer);
+    void *const from = vx_rtr_lr2d_get_rgb_channels_ptr(like);
+    for (auto const part : {&vx_rgb_channels_get_red, &vx_rgb_channels_get_green, &vx_rgb_channels_get_blue,
+                            &vx_rgb_channels_get_gray}) {
+        void *const channel = part(to);
+        void const *const other = part(from);
+        std::wstring band;
+        vx_clr_channel_get_prop_name_w(other, Tvx_std_wstring_adapter(band));
+        bool has_band = false;
+        for (unsigned i = 0; !has_band && i < vx_rtr_lr2d_get_prop_count(layer); ++i)
+            has_band = band == vx_rtr_lr2d_get_prop_name(layer, i);
+        if (!has_band)
+            continue;
+        vx_clr_channel_set_prop_name_w(channel, band.c_str());
+        vx_clr_channel_set_min(channel, vx_clr_channel_get_min(other));
+        vx_clr_channel_set_max(channel, vx_clr_channel_get_max(other));
+        vx_clr_channel_set_histogramm_default(channel, vx_clr_channel_get_histogramm_default(other));
+        vx_clr_channel_set_histogramm_min(channel, vx_clr_channel_get_histogramm_min(other));
+        vx_clr_channel_set_histogramm_max(channel, vx_clr_channel_get_histogramm_max(other));
+    }
+}
 
 void *simple_prm(void *manager)
 {
@@ -182,6 +210,7 @@ bool vx_layer_copy_style(Ivx_layer *layer, Ivx_layer *like)
         vx_rtr_lr2d_set_draw_type(layer, vx_rtr_lr2d_get_draw_type(like));
         vx_rtr_lr2d_set_transparent_clr(layer, vx_rtr_lr2d_get_transparent_clr(like));
         vx_rtr_lr2d_set_opacity(layer, vx_rtr_lr2d_get_opacity(like));
+        copy_channels(layer, like);
     }
     return true;
 }
@@ -191,7 +220,9 @@ bool vx_layer_has_style_of(Ivx_layer *layer, Ivx_layer *like)
     if (!vx_lr2d_is_shp(layer))
         return vx_rtr_lr2d_get_draw_type(layer) == vx_rtr_lr2d_get_draw_type(like) &&
                vx_rtr_lr2d_get_transparent_clr(layer) == vx_rtr_lr2d_get_transparent_clr(like) &&
-               vx_rtr_lr2d_get_opacity(layer) == vx_rtr_lr2d_get_opacity(like);
+               vx_rtr_lr2d_get_opacity(layer) == vx_rtr_lr2d_get_opacity(like) &&
+               vx_rgb_channels_equal(vx_rtr_lr2d_get_rgb_channels_ptr(layer),
+                                     vx_rtr_lr2d_get_rgb_channels_ptr(like));
     void *const own = vx_shp_lr2d_get_style_mngr_list_ptr(layer);
     void *const other = vx_shp_lr2d_get_style_mngr_list_ptr(like);
     unsigned const count = vx_stl_mngr_list_get_count(own);
