@@ -48,9 +48,9 @@ struct Tvx_rtr_source;
 struct Tvx_rtr_stat;
 [[nodiscard]] VX_API Tvx_rtr_stat *vx_rtr_lr2d_rastr_stat_create(Tvx_rtr_source *source, unsigned band);
 VX_API void vx_rtr_lr2d_rastr_stat_destroy(Tvx_rtr_stat *rs);
-/// Goes over all cells, of the file as it is now, and fills the four numbers; a histogram of the cells as they
-/// were is not present any more. False, with the record as it was, when the raster cannot be read or no cell
-/// has a value.
+/// Goes over all cells, of the file as it is now, and fills the four numbers; a histogram of the cells as
+/// they were is not present any more. False, with the record as it was, when the raster cannot be read or no
+/// cell has a value.
 VX_API bool vx_rtr_lr2d_compute_stat(Tvx_rtr_stat *rs, Tvx_stat_data *stat);
 /// Fills the histogram, of 256 classes from the record's minimum to its maximum, which are worked out first
 /// where the record has none. Cells of bytes are counted once for all bounds.
