@@ -1,6 +1,7 @@
 #include "layer_edit/page_set/page_table.h"
 
 #include "layer_edit/shape/shp_lr2d_edit.h"
+#include "layer_edit/text/dtld_lr2d_edit.h"
 #include "layer_edit/text/tld_lr2d_edit.h"
 #include "layer_edit/text/txt_mngr_lr2d_edit.h"
 #include "raster_property/property/tos_2crd_lr2d_edit.h"
@@ -22,6 +23,7 @@ constexpr lr2d_page_factory c_pages[] = {
     {lr2d_page::shp_pln, &make<Tvx_shp_pln_lr2d_edit>},
     {lr2d_page::shp_pgn, &make<Tvx_shp_pgn_lr2d_edit>},
     {lr2d_page::tld, &make<Tvx_tld_lr2d_edit>},
+    {lr2d_page::dtld, &make<Tvx_dtld_lr2d_edit>},
     {lr2d_page::txt_pnt, &make<Tvx_txt_pnt_mngr_lr2d_edit>},
     {lr2d_page::txt_pln, &make<Tvx_txt_pln_mngr_lr2d_edit>},
     {lr2d_page::txt_pgn, &make<Tvx_txt_pgn_mngr_lr2d_edit>},
