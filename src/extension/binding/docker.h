@@ -4,8 +4,8 @@
 // clang-format off
 
 #include "extension/binding/element_view.h"
-#include "extension/binding/element_visitor.h"
 #include "extension/binding/elements_families.h"
+#include "extension/binding/grid_layout.h"
 #include "extension/binding/interface.h"
 #include "extension/binding/string_visitor.h"
 

@@ -10,18 +10,12 @@
 VX_BINDING_BARE(assisted_input, 3)
 VX_BINDING_BARE(bitmap, 0)
 VX_BINDING_BARE(bitmap_visitor, 0)
-VX_BINDING_BARE(button, 4,
-    [[nodiscard]] VX_LOCAL int default_button() const { return 0; })
-[[nodiscard]] VX_LOCAL inline int vxk_framework_button_default_button(t_vx_button_interface)
-{ return 0; }
-
 VX_BINDING_BARE(buttoned_output, 1)
 VX_BINDING_BARE(canvas, 2,
     [[nodiscard]] VX_LOCAL double scale() const { return 1.0; })
 [[nodiscard]] VX_LOCAL inline double vxk_framework_canvas_scale(t_vx_canvas_interface)
 { return 1.0; }
 
-VX_BINDING_BARE(checkbox, 2)
 VX_BINDING_BARE(checkbox_list, 3,
     [[nodiscard]] VX_LOCAL bool item_enabled() const { return false; })
 [[nodiscard]] VX_LOCAL inline bool vxk_framework_checkbox_list_item_enabled(t_vx_checkbox_list_interface)
@@ -35,7 +29,6 @@ VX_BINDING_BARE(floating_input, 7,
 
 VX_BINDING_BARE(floating_output, 1)
 VX_BINDING_BARE_PASSED(gauge, 0)
-VX_BINDING_BARE(groupbox, 92)
 VX_BINDING_BARE(histogram, 4)
 VX_BINDING_BARE(histogram_distribution_visitor, 1)
 VX_BINDING_BARE(image, 4)
@@ -50,21 +43,13 @@ VX_BINDING_BARE(integer_input, 6,
 { return 1; }
 
 VX_BINDING_BARE(integer_output, 1)
-VX_BINDING_BARE(label, 2)
 VX_BINDING_BARE(list, 3)
 VX_BINDING_BARE(masked_bitmap, 0)
 VX_BINDING_BARE(masked_bitmap_visitor, 0)
 VX_BINDING_BARE(multiline_input, 6)
-VX_BINDING_BARE(multiline_output, 1)
 VX_BINDING_BARE(numeric_view, 0)
-VX_BINDING_BARE(output, 2)
 VX_BINDING_BARE(radiobutton, 1)
 VX_BINDING_BARE(rich_input, 3)
-VX_BINDING_BARE(scroll_layout, 37,
-    [[nodiscard]] VX_LOCAL bool visible() const { return true; })
-[[nodiscard]] VX_LOCAL inline bool vxk_framework_scroll_layout_visible(t_vx_scroll_layout_interface)
-{ return true; }
-
 VX_BINDING_BARE(slider, 2,
     [[nodiscard]] VX_LOCAL bool tick_visible() const { return true; }
     [[nodiscard]] VX_LOCAL int single_step() const { return 1; }

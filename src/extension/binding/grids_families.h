@@ -72,20 +72,6 @@ VX_BINDING_BARE(grid_integer_cell, 8,
 [[nodiscard]] VX_LOCAL inline int vxk_framework_grid_integer_cell_increment(t_vx_grid_integer_cell_interface)
 { return 1; }
 
-VX_BINDING_BARE(grid_layout, 91,
-    [[nodiscard]] VX_LOCAL bool column_visible() const { return true; }
-    [[nodiscard]] VX_LOCAL bool row_visible() const { return true; }
-    [[nodiscard]] VX_LOCAL bool column_avid() const { return false; }
-    [[nodiscard]] VX_LOCAL bool row_avid() const { return false; })
-[[nodiscard]] VX_LOCAL inline bool vxk_framework_grid_layout_column_visible(t_vx_grid_layout_interface)
-{ return true; }
-[[nodiscard]] VX_LOCAL inline bool vxk_framework_grid_layout_row_visible(t_vx_grid_layout_interface)
-{ return true; }
-[[nodiscard]] VX_LOCAL inline bool vxk_framework_grid_layout_column_avid(t_vx_grid_layout_interface)
-{ return false; }
-[[nodiscard]] VX_LOCAL inline bool vxk_framework_grid_layout_row_avid(t_vx_grid_layout_interface)
-{ return false; }
-
 VX_BINDING_BARE(grid_range_selection, 0)
 VX_BINDING_BARE(grid_range_selection_visitor, 0)
 VX_BINDING_BARE(grid_range_visitor, 0)

@@ -179,14 +179,14 @@ TEST(handle, defaults_of_null_handles)
     EXPECT_TRUE(vxk_framework_docker_visible({}));
     EXPECT_TRUE(vxk_framework_list_tool_visible({}));
     EXPECT_TRUE(vxk_framework_slider_tick_visible({}));
-    EXPECT_TRUE(vxk_framework_grid_layout_row_visible({}));
+    EXPECT_TRUE(vxk_framework_grid_layout_row_visible({}, 0));
     EXPECT_TRUE(vxk_framework_canvas_outline_column_avid({}));
     EXPECT_TRUE(vxk_framework_outline_show_root({}));
     // Names that are like the ones above and have the plain default.
     EXPECT_FALSE(vxk_framework_modeless_dialog_visible({}) || vxk_framework_scene_adder_visible({}) ||
                  vxk_framework_layer_2d_adder_visible({}) || vxk_framework_layer_3d_adder_visible({}) ||
                  vxk_framework_properties_3d_editor_visible({}));
-    EXPECT_FALSE(vxk_framework_grid_layout_column_avid({}) || vxk_framework_grid_layout_row_avid({}));
+    EXPECT_FALSE(vxk_framework_grid_layout_column_avid({}, 0) || vxk_framework_grid_layout_row_avid({}, 0));
     EXPECT_FALSE(vxk_framework_checkbox_list_item_enabled({}));
     EXPECT_EQ(vxk_datasource_datasource_service_priority({}), 0);
     EXPECT_EQ(vxk_framework_grid_fixed_column_count({}), 0);
