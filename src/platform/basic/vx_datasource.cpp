@@ -5,18 +5,16 @@
 
 #include "platform/base/text_codec.h"
 #include "platform/base/virtual_mark.h"
+#include "platform/basic/detail/guest_failure.h"
 #include "platform/basic/vx_bundle.h"
 #include "platform/basic/vx_fault.h"
 #include "platform/basic/vx_res.h"
-#include "platform/winapi/detail/main_thread.h"
 
 #include <algorithm>
 #include <dlfcn.h>
-#include <exception>
-#include <memory>
-#include <new>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -35,35 +33,14 @@ bool is_null(t_vx_data_source_interface const &handle)
     return vx_data_source_interface_is_null(handle);
 }
 
-/// What a driver's code threw.
-struct failure
-{
-    bool is_memory = false; ///< which is no fault of the driver's
-    std::wstring details;   ///< in its own words
-};
-
-/// Of the exception that is being handled.
-failure current_failure()
-{
-    try {
-        throw;
-    } catch (std::bad_alloc const &) {
-        return {true, {}};
-    } catch (std::exception const &thrown) {
-        return {false, vx::text::utf8_to_wide(thrown.what())};
-    } catch (...) {
-        return {};
-    }
-}
-
 /// Runs a driver's code. Nothing when all went well.
 template <class Call>
-std::optional<failure> guarded(Call call)
+std::optional<guest_failure> guarded(Call call)
 {
     try {
         call();
     } catch (...) {
-        return current_failure();
+        return vx_guest_current_failure();
     }
     return std::nullopt;
 }
@@ -93,12 +70,6 @@ std::wstring drop_module(void const *table, std::wstring const &details)
         if (module_of(reinterpret_cast<void const *>(driver->open)) == module_of(table))
             reason = drop(driver, details);
     return reason;
-}
-
-void tell(void *data)
-{
-    std::unique_ptr<std::wstring const> const reason(static_cast<std::wstring const *>(data));
-    vx_reason_report(reason->c_str());
 }
 
 // Asks the drivers one after the other. The reason of the first that gives one is kept: it has the greatest
@@ -165,14 +136,11 @@ void vx_datasource_get_error(Ivx_string_adp *error)
 void vx_datasource_failed(void const *table) noexcept
 {
     try {
-        auto const thrown = current_failure();
-        auto reason = std::make_unique<std::wstring>(
-            thrown.is_memory ? vx_fault_reason({c_capt_event_no_memory, {}, 0, {}})
-                             : drop_module(table, thrown.details));
-        if (reason->empty())
-            return;
-        vx_main_thread_post(&tell, reason.get());
-        (void)reason.release();
+        auto const thrown = vx_guest_current_failure();
+        auto reason = thrown.is_memory ? vx_fault_reason({c_capt_event_no_memory, {}, 0, {}})
+                                       : drop_module(table, thrown.details);
+        if (!reason.empty())
+            vx_guest_tell_later(std::move(reason));
     } catch (...) { // no memory to tell of it
     }
 }

@@ -1,12 +1,23 @@
 #include "platform/basic/vx_service_registry.h"
 
+#include "captions/engine.h"
+#include "captions/extensions.h"
+#include "extension/binding/core_families.h"
+#include "extension/binding/polymorphic.h"
+#include "extension/binding/service_category_visitor.h"
 #include "extension/binding/service_factory.h"
+#include "extension/binding/service_registry.h"
 
+#include "platform/base/text_codec.h"
+#include "platform/basic/detail/guest_failure.h"
 #include "platform/basic/vx_bundle.h"
+#include "platform/basic/vx_fault.h"
 
 #include <algorithm>
+#include <dlfcn.h>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -40,6 +51,32 @@ auto same_as(t_vx_service_factory_interface factory)
         return vx_service_factory_interface_compare(f.factory, factory) == 0;
     };
 }
+
+/// What factories get: one object for all bundles.
+class registry_object final : public vx::polymorphic<vx::bundle_context_impl, vx::service_registry_impl>
+{
+public:
+    void with_services(wchar_t const *category, vx::service_visitor visitor) override
+    {
+        vx_service_registry_with_services(category, visitor);
+    }
+};
+
+registry_object &object()
+{
+    static auto &o = *new registry_object;
+    return o;
+}
+
+/// The file of the module that a table lies in.
+std::wstring module_file(void const *table)
+{
+    Dl_info found{};
+    if (!table || dladdr(table, &found) == 0 || !found.dli_fname)
+        return {};
+    auto const file = vx::text::utf8_to_wide(found.dli_fname);
+    return file.substr(file.rfind(L'/') + 1);
+}
 } // namespace
 
 void vx_service_registry_with_services(wchar_t const *category, t_vx_service_visitor_interface visitor)
@@ -61,7 +98,13 @@ void vx_service_registry_with_services(wchar_t const *category, t_vx_service_vis
             return;
         done = next->serial + 1;
         auto const factory = next->factory;
-        vxk_framework_service_factory_with_services(factory, vx_bundle_context_interface_null(), visitor);
+        try {
+            vxk_framework_service_factory_with_services(
+                factory, static_cast<vx::bundle_context_impl &>(object()), visitor);
+        } catch (...) {
+            vx_service_registry_remove_factory(category, factory);
+            vx_service_failed(factory.table);
+        }
     }
 }
 
@@ -86,4 +129,32 @@ int vx_service_registry_get_factory_count(wchar_t const *category)
 {
     auto const *const factories = category ? find_category(category) : nullptr;
     return factories ? static_cast<int>(factories->size()) : 0;
+}
+
+void vx_service_registry_get(t_vx_service_registry_interface *result)
+{
+    if (result)
+        *result = static_cast<vx::service_registry_impl &>(object());
+}
+
+void vx_service_registry_with_categories(t_vx_service_category_visitor_interface visitor)
+{
+    vx_bundles_load();
+    std::vector<std::wstring> names; // the visitor may add and remove factories
+    for (auto const &[category, factories] : all().categories)
+        if (!factories.empty())
+            names.push_back(category);
+    for (auto const &name : names)
+        vxk_framework_service_category_visitor_visit(visitor, name.c_str());
+}
+
+void vx_service_failed(void const *table) noexcept
+{
+    try {
+        auto const thrown = vx_guest_current_failure();
+        int const code = thrown.is_memory ? static_cast<int>(c_capt_event_no_memory)
+                                          : static_cast<int>(c_ext_service_failed);
+        vx_guest_tell_later(vx_fault_reason({code, module_file(table), 0, thrown.details}));
+    } catch (...) { // no memory to tell of it
+    }
 }

@@ -1,3 +1,7 @@
+#include "extension/binding/service_registry.h"
+
+#include "extension/binding/core_families.h"
+#include "extension/binding/service_category_visitor.h"
 #include "extension/binding/service_factory.h"
 
 #include "platform/basic/vx_service_registry.h"
@@ -16,15 +20,17 @@ struct factory final : vx::service_factory_impl
         : name(factory_name), act(act_at_visit)
     {
     }
-    void with_services(vx::bundle_context, vx::service_visitor visitor) override
+    void with_services(vx::bundle_context context, vx::service_visitor visitor) override
     {
         calls += name;
         EXPECT_TRUE(visitor);
+        registry = vx_service_registry_interface_specialize(vx_bundle_context_interface_generalize(context));
         if (act)
             act();
     }
     char name;
     void (*act)();
+    vx::service_registry registry; ///< as it is reached from what the factory got
 };
 
 struct visitor final : vx::service_visitor_impl
@@ -100,4 +106,30 @@ TEST_F(service_registry, null_is_refused)
     vx_service_registry_with_services(c_category, vx_service_visitor_interface_null());
     EXPECT_EQ("", calls);
     EXPECT_EQ(0, vx_service_registry_get_factory_count(nullptr));
+}
+
+TEST_F(service_registry, a_factory_reaches_the_registry_and_it_names_its_categories)
+{
+    vx_service_registry_add_factory(L"other", f_b);
+    vx_service_registry_add_factory(c_category, f_a);
+    visit();
+    ASSERT_TRUE(f_a.registry);
+    visitor v;
+    f_a.registry.with_services(L"other", v);
+    EXPECT_EQ("ab", calls);
+    t_vx_service_registry_interface same;
+    vx_service_registry_get(&same);
+    EXPECT_EQ(vx_service_registry_interface_compare(same, f_a.registry), 0);
+
+    struct name_list final : vx::service_category_visitor_impl
+    {
+        std::wstring names;
+        void visit(wchar_t const *name) override { names += std::wstring(name) + L";"; }
+    } names;
+    vx_service_registry_with_categories(names);
+    EXPECT_EQ(names.names, L"other;test/category;");
+    vx_service_registry_remove_factory(L"other", f_b);
+    names.names.clear();
+    vx_service_registry_with_categories(names);
+    EXPECT_EQ(names.names, L"test/category;");
 }
