@@ -39,4 +39,6 @@ class VX_API Tvx_lr2d_custom_pages : public Tvx_basic_obj
 public:
     /// Hands the layer, or null, to each service, in the order of their priority.
     virtual void set_layer(Ivx_layer *layer) = 0;
+    /// Ends what is being typed into the tabs: with `taken` it goes into the layer, else it is dropped.
+    virtual void end_edit(bool /*taken*/) {}
 };

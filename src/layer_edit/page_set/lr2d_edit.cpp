@@ -364,6 +364,8 @@ void Tvx_lr2d_edit::end_edit(bool taken)
     for (auto const field : page_fields())
         if (auto *page = this->*field; page && page->get_lr2d())
             page->end_edit(taken);
+    if (f_custom_pages)
+        f_custom_pages->end_edit(taken);
 }
 
 void Tvx_lr2d_edit::call_changed()

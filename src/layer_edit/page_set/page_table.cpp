@@ -1,5 +1,6 @@
 #include "layer_edit/page_set/page_table.h"
 
+#include "extension/service/lr2d_edit_extensions.h"
 #include "layer_edit/shape/shp_lr2d_edit.h"
 #include "layer_edit/text/dtld_lr2d_edit.h"
 #include "layer_edit/text/tld_lr2d_edit.h"
@@ -36,7 +37,10 @@ constexpr lr2d_page_factory c_pages[] = {
 
 lr2d_edit_parts const &lr2d_edit_parts_of_library()
 {
-    static constexpr lr2d_edit_parts parts = {.pages = c_pages};
+    static constexpr lr2d_edit_parts parts = {
+        .pages = c_pages,
+        .make_custom_pages = &Tvx_lr2d_edit_extensions::make,
+    };
     return parts;
 }
 } // namespace vx
