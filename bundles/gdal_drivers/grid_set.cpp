@@ -439,4 +439,16 @@ bool grid_set::with_block(int field, vx::grid_block_visitor visitor)
     visitor.visit(*new band_block(f_set, *band(field)));
     return true;
 }
+
+bool grid_set::with_index(vx::grid_block_visitor visitor)
+{
+    error_guard const guard(f_set->error());
+    GDALRasterBand *const first = band(0);
+    bool const has_mask = first && (first->GetMaskFlags() & GMF_PER_DATASET) != 0;
+    GDALRasterBand *const mask = has_mask ? first->GetMaskBand() : nullptr;
+    if (!mask || !visitor)
+        return false;
+    visitor.visit(*new band_block(f_set, *mask));
+    return true;
+}
 } // namespace vx::gdal

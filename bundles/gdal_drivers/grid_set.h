@@ -75,6 +75,9 @@ public:
     int field_kind(int field) override;
     bool field_palette(int field, vx::grid_palette_visitor visitor) override;
     bool with_block(int field, vx::grid_block_visitor visitor) override;
+    /// The mask of all fields, of bytes: 0 where the grid has no cell, else how much it covers. An alpha band
+    /// is one.
+    bool with_index(vx::grid_block_visitor visitor) override;
 
     // stat_source
     bool has_stat(int field) override;
