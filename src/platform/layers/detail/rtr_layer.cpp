@@ -64,7 +64,7 @@ void *rtr_layer::rgb_channels()
         unsigned const of = static_cast<unsigned>(std::min(band, bands.size() - 1));
         double low = 0, high = 0;
         vx_clr_channel_set_prop_name_w(channel, bands[of].c_str());
-        if (source->is_bytes(of) || !source->quick_bounds(of, low, high))
+        if (source->is_bytes(of) || !source->shown_bounds(of, low, high))
             return;
         vx_clr_channel_set_min(channel, low);
         vx_clr_channel_set_max(channel, high);

@@ -1,7 +1,9 @@
 #include "platform/layers/detail/rtr_source.h"
 
 #include "extension/binding/codes.h"
-#include "extension/binding/grid_source.h"
+#include "extension/binding/grid_block_visitor.h"
+#include "extension/binding/grid_palette.h"
+#include "extension/binding/grid_palette_visitor.h"
 #include "extension/binding/histogram_visitor.h"
 #include "extension/binding/string_visitor.h"
 
@@ -35,6 +37,45 @@ public:
     double f_high = 0;
     std::vector<long long> f_counts;
 };
+
+class block_receiver final : public vx::grid_block_visitor_impl
+{
+public:
+    void visit(vx::grid_block block) override { f_block = block; }
+    vx::grid_block f_block;
+};
+
+class palette_receiver final : public vx::grid_palette_visitor_impl
+{
+public:
+    void visit(vx::grid_palette palette) override
+    {
+        for (int i = 0; i < std::min(palette.color_count(), c_most_colors); ++i) {
+            Tvx_color color;
+            (void)palette.with_color(i, &color);
+            f_colors.push_back(color);
+        }
+        vx_datasource_end(palette);
+    }
+    std::vector<Tvx_color> f_colors;
+
+private:
+    static constexpr int c_most_colors = 1 << 16;
+};
+
+// Numbers of the drivers.
+constexpr int c_average = 5;
+constexpr int c_nearest = 0;
+
+raster_color color_of_number(int number)
+{
+    constexpr raster_color c_colors[] = {raster_color::none, raster_color::gray,  raster_color::none,
+                                         raster_color::red,  raster_color::green, raster_color::blue,
+                                         raster_color::alpha};
+    return number >= 0 && number < static_cast<int>(std::size(c_colors))
+               ? c_colors[static_cast<std::size_t>(number)]
+               : raster_color::none;
+}
 
 /// Place of a value among classes of equal width, of which the last holds the upper bound.
 std::size_t class_of(double value, double low, double high)
@@ -73,6 +114,11 @@ Tvx_rtr_source::~Tvx_rtr_source()
 
 void Tvx_rtr_source::close()
 {
+    for (auto const &[band, block] : f_blocks)
+        if (block)
+            vx_datasource_end(block);
+    f_blocks.clear();
+    f_shown_bounds.clear();
     if (f_set)
         vx_datasource_end(f_set);
     f_set = {};
@@ -189,12 +235,171 @@ bool Tvx_rtr_source::quick_bounds(unsigned band, double &low, double &high)
            });
 }
 
+int Tvx_rtr_source::cell_type(unsigned band)
+{
+    int type = vx::codes::plain::cells_none;
+    if (open())
+        (void)attempt([&] {
+            type = grid().field_datatype(static_cast<int>(band));
+            return true;
+        });
+    return type;
+}
+
 bool Tvx_rtr_source::is_bytes(unsigned band)
 {
+    int const type = cell_type(band);
+    return type == vx::codes::plain::cells_uint8 || type == vx::codes::plain::cells_int8;
+}
+
+bool Tvx_rtr_source::is_unsigned_bytes(unsigned band)
+{
+    return cell_type(band) == vx::codes::plain::cells_uint8;
+}
+
+// ---- cells
+
+vx::grid_source Tvx_rtr_source::grid() const
+{
+    return vx::grid_source(vx_grid_source_interface_specialize(vx_data_source_interface_generalize(f_set)));
+}
+
+bool Tvx_rtr_source::is_coded(unsigned band)
+{
     return open() && attempt([&] {
-               vx::grid_source const grid(
-                   vx_grid_source_interface_specialize(vx_data_source_interface_generalize(f_set)));
-               int const type = grid.field_datatype(static_cast<int>(band));
-               return type == vx::codes::plain::cells_uint8 || type == vx::codes::plain::cells_int8;
+               return grid().field_kind(static_cast<int>(band)) == vx::codes::plain::cells_coded;
            });
+}
+
+bool Tvx_rtr_source::place(raster_place &place)
+{
+    return open() && attempt([&] {
+               int counts[3] = {0, 0, 0};
+               if (!grid().with_dimensions(counts) || counts[0] <= 0 || counts[1] <= 0)
+                   return false;
+               place = {};
+               place.width = counts[0];
+               place.height = counts[1];
+               // Without a place of its own a raster lies in cells, with its first row on top.
+               if (Tvx_matrix3x3 matrix; grid().with_geotransform(&matrix))
+                   for (int i = 0; i < 3; ++i) {
+                       place.x[i] = matrix.m[0][i];
+                       place.y[i] = matrix.m[1][i];
+                   }
+               return true;
+           });
+}
+
+raster_color Tvx_rtr_source::color_of(unsigned band)
+{
+    auto color = raster_color::none;
+    if (open())
+        (void)attempt([&] {
+            color = color_of_number(grid().field_color(static_cast<int>(band)));
+            return true;
+        });
+    return color;
+}
+
+std::vector<Tvx_color> Tvx_rtr_source::palette(unsigned band)
+{
+    palette_receiver receiver;
+    bool const has =
+        open() && attempt([&] { return grid().field_palette(static_cast<int>(band), receiver); });
+    return has ? receiver.f_colors : std::vector<Tvx_color>();
+}
+
+vx::grid_block Tvx_rtr_source::block(int band)
+{
+    if (!open())
+        return {};
+    auto const known = f_blocks.find(band);
+    if (known != f_blocks.end())
+        return known->second;
+    block_receiver receiver;
+    (void)attempt([&] {
+        return band == c_raster_mask ? grid().with_index(receiver) : grid().with_block(band, receiver);
+    });
+    return f_blocks[band] = receiver.f_block;
+}
+
+vx::no_data_test Tvx_rtr_source::no_data(unsigned band)
+{
+    auto const cells = block(static_cast<int>(band));
+    double value = 0;
+    bool const has =
+        cells && attempt([&] { return cells.with_nodata(vx::codes::plain::cells_float64, &value); });
+    return has ? vx::no_data_test(value) : vx::no_data_test();
+}
+
+bool Tvx_rtr_source::has_mask()
+{
+    return static_cast<bool>(block(c_raster_mask));
+}
+
+bool Tvx_rtr_source::read_as(int band, raster_window const &window, void *cells, int type)
+{
+    auto const from = block(band);
+    if (!from || window.x < 0 || window.y < 0 || window.width <= 0 || window.height <= 0)
+        return false;
+    using counts = unsigned long long[2];
+    counts const offset{static_cast<unsigned>(window.x), static_cast<unsigned>(window.y)};
+    counts const size{static_cast<unsigned>(window.width), static_cast<unsigned>(window.height)};
+    counts const buffer{static_cast<unsigned>(window.buffer_width),
+                        static_cast<unsigned>(window.buffer_height)};
+    return attempt([&] {
+        auto const read = [&](int resampling) {
+            unsigned long long done = 0;
+            (void)from.set_resampling(resampling);
+            return from.read2d(offset, size, cells, buffer, type, nullptr, &done);
+        };
+        int const averaged = window.averages ? read(c_average) : vx::codes::plain::transfer_not_offered;
+        return (averaged == vx::codes::plain::transfer_not_offered ? read(c_nearest) : averaged) ==
+               vx::codes::plain::transfer_done;
+    });
+}
+
+bool Tvx_rtr_source::read(int band, raster_window const &window, unsigned char *cells)
+{
+    return read_as(band, window, cells, vx::codes::plain::cells_uint8);
+}
+
+bool Tvx_rtr_source::read(int band, raster_window const &window, double *cells)
+{
+    if (!read_as(band, window, cells, vx::codes::plain::cells_float64))
+        return false;
+    auto const test = no_data(static_cast<unsigned>(band));
+    for (std::size_t i = 0; i < window.buffer_cells(); ++i)
+        if (!test.counts(cells[i]) || !std::isfinite(cells[i]))
+            cells[i] = std::nan("");
+    return true;
+}
+
+bool Tvx_rtr_source::shown_bounds(unsigned band, double &low, double &high)
+{
+    constexpr int c_most = 512; ///< cells along an axis that are looked at
+    if (auto const known = f_shown_bounds.find(band); known != f_shown_bounds.end()) {
+        low = known->second.first;
+        high = known->second.second;
+        return low <= high;
+    }
+    raster_place size;
+    if (!place(size) || band >= f_bands.size())
+        return false;
+    if (!quick_bounds(band, low, high) || !std::isfinite(low) || !std::isfinite(high)) {
+        raster_window const window{
+            0, 0, size.width, size.height, std::min(size.width, c_most), std::min(size.height, c_most)};
+        std::vector<double> cells(window.buffer_cells());
+        low = HUGE_VAL;
+        high = -HUGE_VAL;
+        if (!read(static_cast<int>(band), window, cells.data()))
+            return false;
+        for (double const cell : cells)
+            if (!std::isnan(cell)) {
+                low = std::min(low, cell);
+                high = std::max(high, cell);
+            }
+    }
+    f_shown_bounds[band] = {low, high};
+    return low <= high;
 }
