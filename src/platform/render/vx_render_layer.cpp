@@ -3,14 +3,17 @@
 #include "platform/base/owned.h"
 #include "platform/data/vx_attr_data.h"
 #include "platform/data/vx_shape_files.h"
+#include "platform/layers/layer_keys.h"
 #include "platform/layers/vx_lr2d.h"
 #include "platform/layers/vx_shp_lr2d.h"
 #include "platform/layers/vx_tos_lr2d.h"
 #include "platform/render/detail/cell_painter.h"
 #include "platform/render/detail/mngr_painter.h"
+#include "platform/render/detail/raster_painter.h"
 #include "platform/styles/vx_stl_mngr_list.h"
 
 #include <cmath>
+#include <string_view>
 
 using namespace vx::render;
 
@@ -67,13 +70,16 @@ bool draw_layer(Ivx_layer *layer, Tvx_map_view const &view, void *dc, variant_of
     if (!layer || !dc || !view.is_valid())
         return false;
     bool const is_grid = vx_tos_grid_lr2d_get_clr_stl_mngr_ptr(layer) != nullptr;
-    if (!vx_lr2d_get_visible(layer) || (!vx_lr2d_is_shp(layer) && !is_grid))
+    bool const is_raster = vx_lr2d_get_lr_type(layer) == std::string_view(c_lr_key_rtr);
+    if (!vx_lr2d_get_visible(layer) || (!vx_lr2d_is_shp(layer) && !is_grid && !is_raster))
         return true;
     surface target = static_cast<bmp_dc *>(dc)->get_surface();
     if (!target.painter)
         return false;
     work_meter meter(cancelled);
     target.meter = &meter;
+    if (is_raster)
+        return variant == variant_of_style::selected || draw_raster(layer, view, target);
     if (is_grid)
         return variant == variant_of_style::selected || draw_cells(layer, view, target);
     if (view.mm2px_x > 0)

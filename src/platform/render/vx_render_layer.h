@@ -7,8 +7,9 @@
 struct Ivx_layer;
 
 /// Draws a vector layer on a device (`vx_bmp_dc.h`) as its style managers say, through `view`: simple style,
-/// value scale, range scale by the manager's mode; or a grid of a property file, or a slice of one, by its
-/// colour manager or its channels, each pixel by the cell under its middle. The device has the size of the
+/// value scale, range scale by the manager's mode; a raster by its draw type; or a grid of a property file,
+/// or a slice of one, by its colour manager or its channels. Pixels of the latter have the colour of the cell
+/// under their middle. The device has the size of the
 /// view, and keeps what it shows around the layer's objects. Layers of other kinds and layers switched off
 /// draw nothing.
 ///

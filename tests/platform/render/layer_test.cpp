@@ -475,7 +475,9 @@ TEST(render_layer, what_cannot_be_drawn_says_so)
     owned_layer const lost(vx_shp_lr2d_create(c_lr_key_shp_pgn, L"/no/such/file.shp"));
     EXPECT_FALSE(vx_render_layer(lost.get(), squares::view(), s.dc.get()));
     owned_layer const raster(vx_lr2d_create(c_lr_key_rtr));
-    EXPECT_TRUE(vx_render_layer(raster.get(), squares::view(), s.dc.get()));
+    EXPECT_FALSE(vx_render_layer(raster.get(), squares::view(), s.dc.get()));
+    owned_layer const texts(vx_lr2d_create(c_lr_key_tld));
+    EXPECT_TRUE(vx_render_layer(texts.get(), squares::view(), s.dc.get())) << "a kind that is not drawn";
     EXPECT_EQ(s.at(0), c_white);
 }
 

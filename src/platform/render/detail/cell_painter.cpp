@@ -9,6 +9,8 @@
 #include "platform/calculator/vx_calc_filter.h"
 #include "platform/data/vx_file_tos4.h"
 #include "platform/layers/vx_tos_lr2d.h"
+#include "platform/render/detail/channel_level.h"
+#include "platform/render/detail/pixel_blend.h"
 #include "platform/render/detail/work_meter.h"
 #include "platform/styles/detail/mngr_model.h"
 #include "platform/styles/vx_stl_mngr.h"
@@ -16,7 +18,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <memory>
 #include <numbers>
 #include <optional>
@@ -31,6 +32,7 @@ using object_number = unsigned long long;
 constexpr int c_draw_scale = 0;
 constexpr int c_draw_channels = 1;
 constexpr double c_cell_cost = 60; ///< nanoseconds, some of a cell that is read from the file
+constexpr int c_between_looks = 64;
 constexpr Tvx_color c_nothing{};
 
 prop_ptr open_property(Ivx_tos4_file *file, std::wstring const &name)
@@ -272,8 +274,7 @@ public:
         double value = 0;
         if (!vx_tos4_prop_get_value_double(f_prop.get(), object, &value))
             return std::nullopt;
-        double const part = f_low < f_high ? (value - f_low) / (f_high - f_low) : value > f_high ? 1 : 0;
-        return static_cast<int>(std::lround(255 * std::clamp(part, 0.0, 1.0)));
+        return channel_level(value, f_low, f_high);
     }
     [[nodiscard]] bool is_damaged() const { return vx_tos4_prop_is_damaged(f_prop.get()); }
 
@@ -365,20 +366,6 @@ private:
     double f_cosine;
     double f_sine;
 };
-
-/// Puts a colour over a pixel, which is premultiplied; `opacity` is 0 to 1.
-void put_over(unsigned char *at, Tvx_color color, double opacity)
-{
-    double const alpha = color.a / 255.0 * opacity;
-    std::uint32_t pixel = 0;
-    std::memcpy(&pixel, at, sizeof pixel);
-    auto const mixed = [&](int shift, double part) {
-        double const below = pixel >> shift & 255;
-        return static_cast<std::uint32_t>(std::lround(part * alpha + below * (1 - alpha))) << shift;
-    };
-    pixel = mixed(24, 255) | mixed(16, color.r) | mixed(8, color.g) | mixed(0, color.b);
-    std::memcpy(at, &pixel, sizeof pixel);
-}
 } // namespace
 
 bool draw_cells(Ivx_layer *layer, Tvx_map_view const &view, surface const &target)
@@ -398,21 +385,21 @@ bool draw_cells(Ivx_layer *layer, Tvx_map_view const &view, surface const &targe
     double const opacity = vx_tos_grid_lr2d_get_opacity(layer);
     int const width = std::min(view.width, target.width), height = std::min(view.height, target.height);
     std::optional<object_number> last;
-    Tvx_color color = c_nothing;
+    std::uint32_t pixel = 0;
     for (int y = 0; y < height; ++y) {
         unsigned char *const line = target.pixels + static_cast<std::ptrdiff_t>(y) * target.bytes_per_line;
         for (int x = 0; x < width; ++x) {
+            if (x % c_between_looks == 0 && target.meter &&
+                !target.meter->go_on(c_cell_cost * std::min(c_between_looks, width - x)))
+                return false;
             auto const cell = places.at(view.px_to_world_x(x + 0.5), view.px_to_world_y(y + 0.5));
             if (!cell)
                 continue;
             if (cell != last)
-                color = colors->color(first + *cell);
+                pixel = premultiplied(colors->color(first + *cell), opacity);
             last = cell;
-            if (color.a > 0)
-                put_over(line + 4 * static_cast<std::ptrdiff_t>(x), color, opacity);
+            put_over(line + 4 * static_cast<std::ptrdiff_t>(x), pixel);
         }
-        if (target.meter && !target.meter->go_on(c_cell_cost * width))
-            return false;
     }
     return !colors->is_damaged();
 }

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <algorithm>
+#include <cmath>
+
+namespace vx::render {
+/// How much of a channel's colour a value has, from 0 to 255: none of it up to `low`, all of it from `high`
+/// on.
+[[nodiscard]] inline int channel_level(double value, double low, double high)
+{
+    double const part = low < high ? (value - low) / (high - low) : value > high ? 1 : 0;
+    return static_cast<int>(std::lround(255 * std::clamp(part, 0.0, 1.0)));
+}
+} // namespace vx::render
