@@ -2,7 +2,10 @@
 
 #include "host/layer_classes.h"
 
+#include "platform/layers/layer_keys.h"
+
 #include <algorithm>
+#include <string_view>
 #include <utility>
 
 Tvx_layer_list::~Tvx_layer_list() = default;
@@ -183,11 +186,11 @@ Tvx_box_d2 Tvx_layer_list::extent_at(int row) const
     return has_row(row) ? f_items[std::size_t(row)].extent : Tvx_box_d2{};
 }
 
-Tvx_box_d2 Tvx_layer_list::extent_of(bool only_drawn) const
+Tvx_box_d2 Tvx_layer_list::extent_of(bool (*counts)(Ivx_layer *layer)) const
 {
     Tvx_box_d2 box;
     for (item const &i : f_items)
-        if (!only_drawn || vx_layer_is_drawn(i.layer.get()))
+        if (!counts || counts(i.layer.get()))
             box.add(i.extent);
     return box;
 }
@@ -198,20 +201,26 @@ Tvx_box_d2 Tvx_layer_list::extent() const
     for (int row = 0; row < count(); ++row)
         if (vx_layer_is_drawn(layer_at(row)) && !is_of_other_unit(row))
             box.add(extent_at(row));
-    return box.is_empty() ? extent_of(false) : box;
+    return box.is_empty() ? extent_of(nullptr) : box;
+}
+
+/// Pictures lie below a map, and follow what else there is.
+static bool gives_unit(Ivx_layer *layer)
+{
+    return vx_layer_is_drawn(layer) && vx_lr2d_get_lr_type(layer) != std::string_view(c_lr_key_rtr);
 }
 
 Tvx_map_unit Tvx_layer_list::map_unit() const
 {
     for (auto i = f_items.rbegin(); i != f_items.rend(); ++i)
-        if (i->unit && vx_layer_is_drawn(i->layer.get()))
+        if (i->unit && gives_unit(i->layer.get()))
             return *i->unit;
-    if (Tvx_box_d2 const drawn = extent_of(true); !drawn.is_empty())
-        return vx_map_unit_guess(drawn);
+    if (Tvx_box_d2 const box = extent_of(&gives_unit); !box.is_empty())
+        return vx_map_unit_guess(box);
     for (auto i = f_items.rbegin(); i != f_items.rend(); ++i)
         if (i->unit)
             return *i->unit;
-    return vx_map_unit_guess(extent_of(false));
+    return vx_map_unit_guess(extent_of(nullptr));
 }
 
 bool Tvx_layer_list::is_of_other_unit(int row) const

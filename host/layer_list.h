@@ -116,7 +116,8 @@ private:
     };
     void replace_classes(int row, int count);
     [[nodiscard]] QVariant class_data(int row, unsigned place, int role) const;
-    [[nodiscard]] Tvx_box_d2 extent_of(bool only_drawn) const;
+    /// Of the layers that count; null counts all.
+    [[nodiscard]] Tvx_box_d2 extent_of(bool (*counts)(Ivx_layer *layer)) const;
     [[nodiscard]] bool has_row(int row) const { return row >= 0 && row < count(); }
 
     std::vector<item> f_items;

@@ -124,7 +124,7 @@ TEST_F(map_formats, a_file_that_was_cut_is_drawn_as_far_as_it_goes_and_that_is_s
             << window->statusBar()->currentMessage().toStdString();
         EXPECT_EQ(layers().mark_at(0), c_mark_damaged) << "when the message is gone, too";
     }
-    ASSERT_EQ(open({"lc.tif"}), 1);
+    layers().add(Tvx_layer_list::layer_ptr(vx_lr2d_create(c_lr_key_tld)));
     ASSERT_EQ(open({"nc.shp"}), 1);
     EXPECT_EQ(layers().mark_at(0), c_mark_none);
     EXPECT_EQ(layers().mark_at(1), c_mark_undrawn);

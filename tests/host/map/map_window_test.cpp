@@ -535,13 +535,13 @@ TEST_F(map_window, messages_name_the_program_as_its_window_does)
     vx_reason_report(L"From the library.");
 }
 
-TEST_F(map_window, a_raster_is_listed_and_edited_and_that_it_is_not_drawn_is_said)
+TEST_F(map_window, a_raster_is_listed_and_drawn)
 {
     ASSERT_EQ(open({"olinda_dem_utm25s.tif"}), 1);
     EXPECT_STREQ(vx_lr2d_get_lr_type(layers().layer_at(0)), c_lr_key_rtr);
     EXPECT_FALSE(layers().extent_at(0).is_empty());
-    EXPECT_TRUE(window->statusBar()->currentMessage().contains("not drawn"));
-    EXPECT_EQ(drawn_part(picture()), 0);
+    EXPECT_FALSE(window->statusBar()->currentMessage().contains("not drawn"));
+    EXPECT_GT(drawn_part(picture()), 0.3);
 }
 
 TEST_F(map_window, every_layer_of_a_file_comes_areas_below_points)

@@ -73,6 +73,7 @@ TEST_F(property_import, by_hand_makes_a_file_and_shows_it)
     EXPECT_NEAR(extent.height(), raster.height(), 1e-6);
 
     // A map with it opens again.
+    vx_lr2d_set_visible(layers().layer_at(0), false);
     answerer const saves("", path("map.sn"));
     EXPECT_TRUE(window->save_scene());
     EXPECT_TRUE(window->new_scene());
