@@ -96,6 +96,7 @@
 #include "extension/binding/vector_definition.h"
 #include "extension/binding/vector_source.h"
 #include "extension/binding/viewer_visitor.h"
+#include "extension/service/dtld_editor_view.h"
 #include "extension/service/editor_view.h"
 #include "extension/service/lr2d_edit_extensions.h"
 #include "extension/service/style_editor_view.h"

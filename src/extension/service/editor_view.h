@@ -127,6 +127,9 @@ protected:
     ~editor_view_impl()
     {
         f_live = false;
+        // Editors that are left must not ask a view that is no more.
+        while (!f_sheet->IsDestroying() && f_sheet->GetControlCount() > 0)
+            delete f_sheet->GetControls(0);
         say_good_bye();
     }
 

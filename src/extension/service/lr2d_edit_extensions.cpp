@@ -5,6 +5,7 @@
 #include "extension/binding/style_editor_visitor.h"
 #include "extension/binding/style_list_editor_visitor.h"
 #include "extension/binding/text_settings_editor_visitor.h"
+#include "extension/service/dtld_editor_view.h"
 #include "extension/service/style_editor_view.h"
 #include "extension/service/text_settings_editor_view.h"
 
@@ -114,7 +115,7 @@ void Tvx_lr2d_edit_extensions::custom_pages::add_sheet(held_service &service, wc
         sheet->SetParent(f_pages);
         fill(sheet);
     } catch (...) {
-        delete sheet; // with the editors, which may know a view that is no more
+        delete sheet;
         throw;
     }
     // It ended while its model was asked.
@@ -135,6 +136,7 @@ void Tvx_lr2d_edit_extensions::custom_pages::ask(held_service &service)
 {
     static int style_editors = 0;
     static int style_list_editors = 0;
+    static int dtld_editors = 0;
     static int text_settings_editors = 0;
 
     class style_editor_visitor final : public visitor_of<vx::style_editor_visitor_impl>
@@ -154,6 +156,15 @@ void Tvx_lr2d_edit_extensions::custom_pages::ask(held_service &service)
         {
             pages.add_view<Tvx_style_list_editor_view>(service, L"_StyleListEditor_", style_list_editors,
                                                        editor);
+        }
+    };
+    class dtld_editor_visitor final : public visitor_of<vx::dtld_editor_visitor_impl>
+    {
+    public:
+        using visitor_of::visitor_of;
+        void visit(vx::dtld_editor editor) override
+        {
+            pages.add_view<Tvx_dtld_editor_view>(service, L"_DTLDEditor_", dtld_editors, editor);
         }
     };
     class text_settings_editor_visitor final : public visitor_of<vx::text_settings_editor_visitor_impl>
@@ -181,6 +192,8 @@ void Tvx_lr2d_edit_extensions::custom_pages::ask(held_service &service)
     service->with_style_editor(style_editor);
     style_list_editor_visitor style_list_editor(*this, service);
     service->with_style_list_editor(style_list_editor);
+    dtld_editor_visitor dtld_editor(*this, service);
+    service->with_dtld_editor(dtld_editor);
     text_settings_editor_visitor text_settings_editor(*this, service);
     service->with_text_settings_editor(text_settings_editor);
     docker_visitor docker(*this, service);

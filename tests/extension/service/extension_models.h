@@ -2,6 +2,8 @@
 
 #include "extension/binding/docker.h"
 #include "extension/binding/docker_visitor.h"
+#include "extension/binding/dtld_editor.h"
+#include "extension/binding/dtld_editor_visitor.h"
 #include "extension/binding/layer_2d_editor_extension_service.h"
 #include "extension/binding/layer_2d_editor_extension_service_visitor.h"
 #include "extension/binding/referent_object.h"
@@ -14,6 +16,7 @@
 #include "extension/binding/style_list_editor_visitor.h"
 #include "extension/binding/text_settings_editor.h"
 #include "extension/binding/text_settings_editor_visitor.h"
+#include "extension/service/dtld_editor_view.h"
 #include "extension/service/lr2d_edit_extensions.h"
 #include "extension/service/style_editor_view.h"
 #include "extension/service/text_settings_editor_view.h"
@@ -82,7 +85,6 @@ public:
         touch();
         visitor.visit(caption.c_str());
     }
-    bool use_selection_styles() { return selection; }
     void with_data_source(vx::style_editor_data_source_visitor visitor) override
     {
         if (source)
@@ -146,6 +148,12 @@ public:
     bool use_selection_styles() override { return selection; }
     bool use_rules() override { return true; }
 };
+class dtld_editor final : public editor<vx::dtld_editor_impl>
+{
+public:
+    using editor::editor;
+    Ivx_layer *dtld_layer() override { return static_cast<Ivx_layer *>(show()); }
+};
 class text_settings_editor final : public editor<vx::text_settings_editor_impl>
 {
 public:
@@ -208,6 +216,11 @@ public:
         for (auto &model : lists)
             visitor.visit(*model);
     }
+    void with_dtld_editor(vx::dtld_editor_visitor visitor) override
+    {
+        for (auto &model : labels)
+            visitor.visit(*model);
+    }
     void with_text_settings_editor(vx::text_settings_editor_visitor visitor) override
     {
         for (auto &model : texts)
@@ -241,6 +254,7 @@ public:
 
     std::vector<std::unique_ptr<style_editor>> style_editors;
     std::vector<std::unique_ptr<style_list_editor>> lists;
+    std::vector<std::unique_ptr<dtld_editor>> labels;
     std::vector<std::unique_ptr<text_settings_editor>> texts;
     std::vector<std::pair<wchar_t const *, std::unique_ptr<docker>>> dockers;
     std::function<void(Ivx_layer *)> on_layer;

@@ -19,6 +19,7 @@ TEST_F(extension_fixture, tabs_stand_by_priority_arrival_and_kind)
     models::service first(5), second(5), early(1);
     first.add_docker(L"first_docker", L"1d");
     first.lists.push_back(std::make_unique<models::style_list_editor>(L"1l"));
+    first.labels.push_back(std::make_unique<models::dtld_editor>(L"1n"));
     first.texts.push_back(std::make_unique<models::text_settings_editor>(L"1t"));
     first.add_style(L"1a", points.get());
     first.add_style(L"1b", lines.get());
@@ -28,14 +29,15 @@ TEST_F(extension_fixture, tabs_stand_by_priority_arrival_and_kind)
     tab_list all;
     for (int i = 0; i < pages.GetPageCount(); ++i)
         all.push_back(pages.GetPages(i)->GetCaption().c_str());
-    EXPECT_EQ(all, (tab_list{L"0", L"1a", L"1b", L"1l", L"1t", L"1d", L"2"}));
+    EXPECT_EQ(all, (tab_list{L"0", L"1a", L"1b", L"1l", L"1n", L"1t", L"1d", L"2"}));
     EXPECT_EQ(tabs(), (tab_list{L"0", L"1a", L"1b", L"1d", L"2"})) << "a list and settings that are null";
     int const start = number_of(pages.GetPages(0), L"_StyleEditor_");
     EXPECT_EQ(number_of(pages.GetPages(1), L"_StyleEditor_"), start + 1);
-    EXPECT_EQ(number_of(pages.GetPages(6), L"_StyleEditor_"), start + 3);
+    EXPECT_EQ(number_of(pages.GetPages(7), L"_StyleEditor_"), start + 3);
     int const list = number_of(pages.GetPages(3), L"_StyleListEditor_");
-    int const text = number_of(pages.GetPages(4), L"_TextSettingsEditor_");
-    EXPECT_EQ(pages.GetPages(5)->GetName(), L"first_docker");
+    int const label = number_of(pages.GetPages(4), L"_DTLDEditor_");
+    int const text = number_of(pages.GetPages(5), L"_TextSettingsEditor_");
+    EXPECT_EQ(pages.GetPages(6)->GetName(), L"first_docker");
 
     // Another page set goes on counting.
     TPageControl others(&form);
@@ -43,7 +45,8 @@ TEST_F(extension_fixture, tabs_stand_by_priority_arrival_and_kind)
     Tvx_lr2d_edit_extensions::custom_pages more(&others, c_category);
     EXPECT_EQ(number_of(others.GetPages(0), L"_StyleEditor_"), start + 4);
     EXPECT_EQ(number_of(others.GetPages(3), L"_StyleListEditor_"), list + 1);
-    EXPECT_EQ(number_of(others.GetPages(4), L"_TextSettingsEditor_"), text + 1);
+    EXPECT_EQ(number_of(others.GetPages(4), L"_DTLDEditor_"), label + 1);
+    EXPECT_EQ(number_of(others.GetPages(5), L"_TextSettingsEditor_"), text + 1);
 }
 
 TEST_F(extension_fixture, nobody_and_those_that_show_nothing_cost_a_call)

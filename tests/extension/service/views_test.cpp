@@ -1,5 +1,9 @@
 #include "extension_models.h"
 
+#include "platform/base/string_adp.h"
+#include "platform/data/vx_tld_data.h"
+#include "platform/layers/vx_shp_lr2d.h"
+#include "platform/layers/vx_tld_lr2d.h"
 #include "platform/toolkit/controls/check_box.h"
 #include "platform/toolkit/controls/combo_box.h"
 
@@ -146,6 +150,38 @@ TEST_F(views, a_list_view_follows_the_strip_and_the_type_of_the_list)
     model.update();
     EXPECT_EQ(shown(edits), "---");
     EXPECT_TRUE(tabs().empty());
+}
+
+TEST_F(views, a_label_view_edits_the_layer_with_the_properties_of_the_model)
+{
+    using owned_layer = vx::owned<Ivx_layer, &vx_lr2d_destroy>;
+    owned_layer const parent(vx_shp_lr2d_create("shp_pnt_lr2d", L""));
+    owned_layer const labels(vx_dtld_lr2d_create(parent.get()));
+    offering.labels.push_back(std::make_unique<models::dtld_editor>(L"labels"));
+    auto &model = *offering.labels[0];
+    models::values source;
+    model.source = &source;
+    open({&offering});
+    auto *const panel = view<Tvx_dtld_editor_view>(0)->get_edits().panel;
+    EXPECT_TRUE(tabs().empty());
+    model.shown = labels.get();
+    model.update();
+    input::wait_idle();
+    EXPECT_EQ(tabs().size(), 1u);
+    std::wstring name;
+    vx_textlr_info_get_property_name(vx_dtld_lr2d_get_text_class(labels.get()),
+                                     Tvx_std_wstring_adapter(name));
+    EXPECT_EQ(name, L"NAME") << "a class takes the first property";
+    ASSERT_TRUE(input::choose_item(panel->get_prop_edit()->get_combo_box(), 1));
+    vx_textlr_info_get_property_name(vx_dtld_lr2d_get_text_class(labels.get()),
+                                     Tvx_std_wstring_adapter(name));
+    EXPECT_EQ(name, L"SIZE");
+    EXPECT_EQ(model.commits, 0);
+    model.shown = nullptr;
+    model.update();
+    EXPECT_TRUE(tabs().empty());
+    EXPECT_EQ(panel->get_layer(), nullptr);
+    EXPECT_EQ(source.hold_count(), 0u);
 }
 
 TEST_F(views, a_text_view_shows_the_editor_of_the_settings_type)
