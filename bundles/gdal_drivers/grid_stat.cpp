@@ -1,5 +1,7 @@
 #include "grid_set.h"
 
+#include "platform/base/whole_number_classes.h"
+
 #include <algorithm>
 #include <cmath>
 #include <set>
@@ -71,7 +73,11 @@ std::optional<histogram_span> grid_set::known_span(int field)
     if (known == f_stats.end() && !stored)
         return std::nullopt;
     band_stat const &stat = stored ? *stored : known->second;
-    histogram_span const span{stat.minimum, stat.maximum, c_default_classes};
+    int const type = cell_type_of(*band(field));
+    bool const is_whole = type >= cells_uint8 && type <= cells_uint64;
+    int const classes = is_whole ? vx::whole_number_classes(stat.minimum, stat.maximum, c_default_classes)
+                                 : c_default_classes;
+    histogram_span const span{stat.minimum, stat.maximum, classes};
     return span.is_valid() ? std::optional(span) : std::nullopt;
 }
 

@@ -53,7 +53,8 @@ VX_API void vx_rtr_lr2d_rastr_stat_destroy(Tvx_rtr_stat *rs);
 /// cell has a value.
 VX_API bool vx_rtr_lr2d_compute_stat(Tvx_rtr_stat *rs, Tvx_stat_data *stat);
 /// Fills the histogram, of 256 classes from the record's minimum to its maximum, which are worked out first
-/// where the record has none. Cells of bytes are counted once for all bounds.
+/// where the record has none. Of whole numbers there are so few classes that each holds as many of them as
+/// its neighbours. Cells of bytes are counted once for all bounds.
 VX_API bool vx_rtr_lr2d_compute_hg(Tvx_rtr_stat *rs, Tvx_stat_data *stat);
 /// The same between bounds of the caller's, of which the lower comes first. False for bounds that are not
 /// finite or not in order.

@@ -7,6 +7,7 @@
 #include "extension/binding/histogram_visitor.h"
 #include "extension/binding/string_visitor.h"
 
+#include "platform/base/whole_number_classes.h"
 #include "platform/basic/vx_datasource.h"
 
 #include <algorithm>
@@ -78,12 +79,12 @@ raster_color color_of_number(int number)
 }
 
 /// Place of a value among classes of equal width, of which the last holds the upper bound.
-std::size_t class_of(double value, double low, double high)
+std::size_t class_of(double value, double low, double high, std::size_t count)
 {
     if (!(low < high))
         return 0;
-    double const place = (value - low) * (c_raster_classes / (high - low));
-    return std::min<std::size_t>(static_cast<std::size_t>(place), c_raster_classes - 1);
+    double const place = (value - low) * (static_cast<double>(count) / (high - low));
+    return std::min(static_cast<std::size_t>(place), count - 1);
 }
 
 /// Classes between bounds from the counts of whole numbers; false when it has others.
@@ -98,7 +99,7 @@ bool from_whole_numbers(histogram_receiver const &of, double low, double high, s
     for (std::size_t i = 0; i < of.f_counts.size(); ++i) {
         double const value = of.f_low + 0.5 + static_cast<double>(i);
         if (value >= low && value <= high)
-            counts[class_of(value, low, high)] += of.f_counts[i];
+            counts[class_of(value, low, high, counts.size())] += of.f_counts[i];
     }
     return true;
 }
@@ -212,16 +213,32 @@ bool Tvx_rtr_source::count_cells(int band, double low, double high, std::vector<
     return good;
 }
 
+bool Tvx_rtr_source::has_whole_numbers(unsigned band)
+{
+    using namespace vx::codes;
+    int type = plain::cells_none;
+    bool const is_known = attempt([&] {
+        vx::grid_source const cells(
+            vx_grid_source_interface_specialize(vx_data_source_interface_generalize(f_set)));
+        type = cells.field_datatype(static_cast<int>(band));
+        return true;
+    });
+    return is_known && type >= plain::cells_uint8 && type <= plain::cells_uint64;
+}
+
 bool Tvx_rtr_source::compute_histogram(unsigned band, Tvx_stat_data *stat, double low, double high)
 {
     if (!std::isfinite(low) || !std::isfinite(high) || !(low <= high) || !open() || band >= f_bands.size())
         return false;
-    std::vector<long long> counts(c_raster_classes);
+    int const classes =
+        has_whole_numbers(band) ? vx::whole_number_classes(low, high, c_raster_classes) : c_raster_classes;
+    std::vector<long long> counts(static_cast<std::size_t>(classes));
     if (!attempt([&] { return count_cells(static_cast<int>(band), low, high, counts); }))
         return false;
     auto *const histogram = vx_stat_get_histogramm(stat, nullptr);
-    vx_histogramm_set_params(histogram, c_raster_classes, low, high);
-    for (unsigned i = 0; i < c_raster_classes; ++i)
+    auto const count = static_cast<unsigned>(counts.size());
+    vx_histogramm_set_params(histogram, count, low, high);
+    for (unsigned i = 0; i < count; ++i)
         vx_histogramm_set(histogram, i, static_cast<double>(counts[i]));
     vx_stat_set_histogramm(stat, true);
     return true;

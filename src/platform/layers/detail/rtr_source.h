@@ -16,7 +16,7 @@
 #include <vector>
 
 namespace vx::layers {
-/// Classes of a histogram.
+/// Classes of a histogram; of whole numbers there may be fewer.
 inline constexpr unsigned c_raster_classes = 256;
 
 /// Size of a raster in cells, and where they lie: column and row, from the outer corner of the first cell, go
@@ -114,6 +114,7 @@ private:
     [[nodiscard]] bool read_as(int band, vx::layers::raster_window const &window, void *cells, int type);
     [[nodiscard]] bool open();
     void close();
+    [[nodiscard]] bool has_whole_numbers(unsigned band);
     template <class Call>
     bool attempt(Call call);
     [[nodiscard]] bool count_cells(int band, double low, double high, std::vector<long long> &counts);
