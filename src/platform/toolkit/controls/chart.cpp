@@ -21,6 +21,7 @@ constexpr int c_tick_distance_x = 48; // between two numbers, at least
 constexpr int c_tick_distance_y = 28;
 constexpr int c_min_zoom = 4; // a smaller rectangle is a click
 constexpr double c_bar_part = 0.7;
+constexpr int c_narrow_bar = 5; // pixels from bar to bar; nearer ones touch
 constexpr TColor c_grid_color = RGB(0xE4, 0xE4, 0xE4);
 constexpr TColor c_axis_color = RGB(0x80, 0x80, 0x80);
 
@@ -352,9 +353,13 @@ void TChart::paint_bars()
 {
     TCanvas *const canvas = GetCanvas();
     int const zero = f_left_axis.CalcPosValue(0.0);
+    // Gaps of a pixel between narrow bars would make a pattern of their own.
+    double const distance = f_bar_width / c_bar_part;
+    double const in_view = (f_bottom_axis.f_maximum - f_bottom_axis.f_minimum) / distance;
+    double const width = f_chart_rect.Width() < c_narrow_bar * in_view ? distance : f_bar_width;
     for (TBarSeries::bar const &bar : f_series.f_bars) {
-        int const left = f_bottom_axis.CalcPosValue(bar.x - f_bar_width / 2);
-        int const right = f_bottom_axis.CalcPosValue(bar.x + f_bar_width / 2);
+        int const left = f_bottom_axis.CalcPosValue(bar.x - width / 2);
+        int const right = f_bottom_axis.CalcPosValue(bar.x + width / 2);
         if (right < f_chart_rect.Left || left >= f_chart_rect.Right)
             continue;
         int const top = f_left_axis.CalcPosValue(bar.y);

@@ -40,7 +40,7 @@ private:
 };
 
 /// Bars that stand on zero, each at its x value. All bars have one width: 7 tenths of the usual distance (the
-/// median) between two of them.
+/// median) between two of them, or all of it where that is a few pixels.
 class VX_API TBarSeries
 {
 public:
