@@ -228,6 +228,5 @@ Tvx_box_d2 vx_layer_extent(Ivx_layer *layer)
 
 bool vx_layer_is_drawn(Ivx_layer *layer)
 {
-    return vx_lr2d_is_shp(layer) || key_of(layer) == c_lr_key_rtr ||
-           vx_tos_grid_lr2d_get_clr_stl_mngr_ptr(layer) != nullptr;
+    return vx_lr2d_is_shp(layer) || vx_lr2d_is_tos(layer) || key_of(layer) == c_lr_key_rtr;
 }

@@ -10,6 +10,7 @@
 #include "platform/render/detail/cell_painter.h"
 #include "platform/render/detail/mngr_painter.h"
 #include "platform/render/detail/raster_painter.h"
+#include "platform/render/detail/tos_painter.h"
 #include "platform/styles/vx_stl_mngr_list.h"
 
 #include <cmath>
@@ -71,7 +72,10 @@ bool draw_layer(Ivx_layer *layer, Tvx_map_view const &view, void *dc, variant_of
         return false;
     bool const is_grid = vx_tos_grid_lr2d_get_clr_stl_mngr_ptr(layer) != nullptr;
     bool const is_raster = vx_lr2d_get_lr_type(layer) == std::string_view(c_lr_key_rtr);
-    if (!vx_lr2d_get_visible(layer) || (!vx_lr2d_is_shp(layer) && !is_grid && !is_raster))
+    bool const is_curve = vx_tos_grid_1d_lr2d_get_stl_mngr_ptr(layer) != nullptr;
+    bool const is_cloud = vx_tos_2crd_lr2d_get_stl_mngr(layer) != nullptr;
+    if (!vx_lr2d_get_visible(layer) ||
+        (!vx_lr2d_is_shp(layer) && !is_grid && !is_raster && !is_curve && !is_cloud))
         return true;
     surface target = static_cast<bmp_dc *>(dc)->get_surface();
     if (!target.painter)
@@ -87,11 +91,16 @@ bool draw_layer(Ivx_layer *layer, Tvx_map_view const &view, void *dc, variant_of
     if (view.mm2px_y > 0)
         target.px_per_mm_y = view.mm2px_y;
     target.origin = pattern_origin(view);
+    if (is_curve)
+        return variant == variant_of_style::selected || draw_curve(layer, view, target);
+    if (is_cloud)
+        return draw_points(layer, view, target, search_box(view, target), variant, selected);
     Ivx_attr_data *data = vx_shp_lr2d_get_attr_data_ptr(layer);
     vx::owned<Ivx_shape_files, &vx_shape_files_close> shapes(vx_shape_files_begin(data));
     if (!shapes)
         return false;
     vx::owned<Ivx_attr_files, &vx_attr_files_close> files(vx_attr_files_open(data, 1, 0));
+    attr_table table(files.get());
     Tvx_box_d2 const box = search_box(view, target);
     void *list = vx_shp_lr2d_get_style_mngr_list_ptr(layer);
     if (!vx_stl_mngr_list_get_visible(list))
@@ -101,7 +110,7 @@ bool draw_layer(Ivx_layer *layer, Tvx_map_view const &view, void *dc, variant_of
             shapes.reset(window);
     for (unsigned i = 0; i < vx_stl_mngr_list_get_count(list); ++i) {
         auto const &mngr = *static_cast<vx::styles::stl_mngr const *>(vx_stl_mngr_list_get_mngr(list, i));
-        mngr_painter painter(target, view, mngr, files.get(), variant);
+        mngr_painter painter(target, view, mngr, table, variant);
         while (painter.read_on(c_slice_ms))
             if (!meter.go_on(c_slice_ms * 1e6))
                 return false;

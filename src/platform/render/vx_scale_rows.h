@@ -20,6 +20,9 @@ VX_API bool vx_scale_rows_count_objects(void const *stl_mngr, Ivx_attr_data *dat
 
 /// Null when the manager is null or the table cannot be read. The manager must stay as it is for as long.
 [[nodiscard]] VX_API Ivx_scale_rows *vx_scale_rows_open(void const *stl_mngr, Ivx_attr_data *data);
+/// The same over the objects of a property file.
+[[nodiscard]] VX_API Ivx_scale_rows *vx_scale_rows_open_file_w(void const *stl_mngr,
+                                                               wchar_t const *property_file);
 /// Null is accepted.
 VX_API void vx_scale_rows_close(Ivx_scale_rows *rows);
 /// The row that draws the object of this record, whether it is visible or not.

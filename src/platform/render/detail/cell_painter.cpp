@@ -3,14 +3,13 @@
 #include "platform/base/owned.h"
 #include "platform/base/shown_number.h"
 #include "platform/base/string_adp.h"
-#include "platform/base/text_codec.h"
 #include "platform/basic/detail/vx_oklab.h"
 #include "platform/basic/vx_clr_channel.h"
 #include "platform/calculator/vx_calc_filter.h"
-#include "platform/data/vx_file_tos4.h"
 #include "platform/layers/vx_tos_lr2d.h"
 #include "platform/render/detail/channel_level.h"
 #include "platform/render/detail/pixel_blend.h"
+#include "platform/render/detail/tos_table.h"
 #include "platform/render/detail/work_meter.h"
 #include "platform/styles/detail/mngr_model.h"
 #include "platform/styles/vx_stl_mngr.h"
@@ -25,8 +24,8 @@
 
 namespace vx::render {
 namespace {
-using file_ptr = vx::owned<Ivx_tos4_file, &vx_tos4_file_close>;
-using prop_ptr = vx::owned<Ivx_tos4_prop, &vx_tos4_prop_close>;
+using file_ptr = tos_file_ptr;
+using prop_ptr = tos_prop_ptr;
 using object_number = unsigned long long;
 
 constexpr int c_draw_scale = 0;
@@ -190,46 +189,6 @@ private:
     bool f_interpolates = false;
 };
 
-/// A cell with all its properties, as filters see it.
-class cell_row final : public Ivx_calc_row
-{
-public:
-    explicit cell_row(Ivx_tos4_file *file) : f_file(file) {}
-    void go_to(object_number object) { f_object = object; }
-    [[nodiscard]] bool is_damaged() const
-    {
-        return std::ranges::any_of(f_props, [](auto const &p) { return vx_tos4_prop_is_damaged(p.get()); });
-    }
-    [[nodiscard]] int field_index(std::wstring_view name) const override
-    {
-        return vx_tos4_find_prop_w(f_file, std::wstring(name).c_str());
-    }
-    [[nodiscard]] Tvx_calc_cell cell(int field, bool text_needed) override
-    {
-        Tvx_calc_cell cell;
-        if (field < 0)
-            return cell;
-        auto const f = static_cast<unsigned>(field);
-        if (f >= f_props.size())
-            f_props.resize(f + 1);
-        if (!f_props[f])
-            f_props[f].reset(vx_tos4_prop_open(f_file, f));
-        cell.known = cell.is_number = vx_tos4_prop_get_value_double(f_props[f].get(), f_object, &cell.number);
-        if (cell.known && text_needed) {
-            text::number_buffer buffer;
-            f_text = text::utf8_to_wide(text::shown_number(cell.number, buffer));
-            cell.text = f_text;
-        }
-        return cell;
-    }
-
-private:
-    Ivx_tos4_file *f_file;
-    std::vector<prop_ptr> f_props; ///< opened on first use
-    object_number f_object = 0;
-    std::wstring f_text;
-};
-
 class rule_colors final : public cell_colors
 {
 public:
@@ -252,7 +211,7 @@ public:
     [[nodiscard]] bool is_damaged() const override { return f_row.is_damaged(); }
 
 private:
-    cell_row f_row;
+    tos_row f_row;
     styles::val_scale const &f_scale;
     std::vector<vx::owned<void, &vx_calc_prepared_destroy>> f_tests; ///< null for a text that is no filter
 };
@@ -268,10 +227,13 @@ public:
         vx_clr_channel_get_prop_name_w(of, Tvx_std_wstring_adapter(name));
         f_prop = open_property(file, name);
     }
-    /// Nothing for a cell without a value.
+    [[nodiscard]] bool is_fed() const { return f_prop != nullptr; }
+    /// Nothing for a cell without a value; what nothing feeds has none of its colour.
     [[nodiscard]] std::optional<int> level(object_number object) const
     {
         double value = 0;
+        if (!is_fed())
+            return 0;
         if (!vx_tos4_prop_get_value_double(f_prop.get(), object, &value))
             return std::nullopt;
         return channel_level(value, f_low, f_high);
@@ -291,10 +253,13 @@ public:
     {
         for (auto const *const of : channels)
             f_channels.emplace_back(file, of);
+        f_is_fed = std::ranges::any_of(f_channels, &channel::is_fed);
     }
     [[nodiscard]] Tvx_color color(object_number object) override
     {
         int levels[3] = {};
+        if (!f_is_fed)
+            return c_nothing;
         for (std::size_t i = 0; i < f_channels.size(); ++i) {
             auto const level = f_channels[i].level(object);
             if (!level)
@@ -311,6 +276,7 @@ public:
 
 private:
     std::vector<channel> f_channels; ///< red, green and blue, or gray
+    bool f_is_fed = false;
 };
 
 std::unique_ptr<cell_colors> colors_of(Ivx_layer *layer, Ivx_tos4_file *file)

@@ -48,8 +48,8 @@ struct mngr_painter::waiting_shape
 };
 
 mngr_painter::mngr_painter(surface const &target, Tvx_map_view const &view, stl_mngr const &mngr,
-                           Ivx_attr_files *files, variant_of_style variant)
-    : f_target(target), f_view(view), f_mngr(mngr), f_rows(mngr, files), f_variant(variant),
+                           row_table &table, variant_of_style variant)
+    : f_target(target), f_view(view), f_mngr(mngr), f_rows(mngr, table), f_variant(variant),
       f_prepared(f_rows.row_count()), f_symbols(f_prepared.size())
 {
     f_target.masks = &f_masks;

@@ -10,7 +10,6 @@
 #include <memory>
 #include <vector>
 
-struct Ivx_attr_files;
 struct Tvx_shape_view;
 
 namespace vx::render {
@@ -19,7 +18,7 @@ class mngr_painter
 {
 public:
     mngr_painter(surface const &target, Tvx_map_view const &view, styles::stl_mngr const &mngr,
-                 Ivx_attr_files *files, styles::variant_of_style variant);
+                 row_table &table, styles::variant_of_style variant);
     mngr_painter(mngr_painter const &) = delete;
     mngr_painter &operator=(mngr_painter const &) = delete;
     ~mngr_painter();

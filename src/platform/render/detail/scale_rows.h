@@ -1,11 +1,10 @@
 #pragma once
 
+#include "platform/render/detail/row_table.h"
 #include "platform/styles/detail/mngr_model.h"
 
 #include <memory>
 #include <vector>
-
-struct Ivx_attr_files;
 
 namespace vx::render {
 /// Which row of a manager's scale in force a record falls in, and what that row draws with. This is the one
@@ -20,8 +19,8 @@ namespace vx::render {
 class row_source
 {
 public:
-    /// `files` may be null: every record then falls in the other row. Both must outlive the object.
-    row_source(styles::stl_mngr const &mngr, Ivx_attr_files *files);
+    /// Both must outlive the object.
+    row_source(styles::stl_mngr const &mngr, row_table &table);
     row_source(row_source const &) = delete;
     row_source &operator=(row_source const &) = delete;
     ~row_source();
@@ -44,7 +43,7 @@ private:
     [[nodiscard]] styles::val_scale const *entries() const;
 
     styles::stl_mngr const &f_mngr;
-    Ivx_attr_files *f_files;
+    row_table &f_table;
     std::unique_ptr<rules> f_rules;
     mutable std::vector<int> f_known_rows; ///< by the numbers of texts; -1 is not asked for yet
     int f_field = -1;
