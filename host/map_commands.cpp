@@ -5,6 +5,7 @@
 #include "host/library_dialog.h"
 #include "host/map_canvas.h"
 #include "host/map_window.h"
+#include "host/rotation.h"
 
 #include "platform/basic/vx_options.h"
 #include "platform/basic/vx_res.h"
@@ -91,6 +92,9 @@ std::vector<Tvx_map_window::command_row> const &Tvx_map_window::command_rows()
     };
     constexpr auto has_style = [](window const &w) {
         return vx_layer_has_style_dialog(w.f_layers.layer_at(w.selected_row()));
+    };
+    constexpr auto can_rotate = [](window const &w) {
+        return vx_layer_can_rotate(w.f_layers.layer_at(w.selected_row()));
     };
     constexpr auto has_single_style = [](window const &w) {
         return Tvx_library_dialog::can_take(w.selected_style());
@@ -269,6 +273,15 @@ std::vector<Tvx_map_window::command_row> const &Tvx_map_window::command_rows()
          0,
          has_style,
          [](window &w, bool) { w.on_style(); }},
+        {"rotation",
+         c_cap_menu_layer,
+         c_map_rotation,
+         c_map_hint_rotation,
+         nullptr,
+         {},
+         0,
+         can_rotate,
+         [](window &w, bool) { w.on_rotation(); }},
         {"table",
          c_cap_menu_layer,
          c_map_table,

@@ -552,6 +552,17 @@ void Tvx_map_window::on_style()
         take_over(id, std::move(copy));
 }
 
+void Tvx_map_window::on_rotation()
+{
+    int const id = f_panel->selected_id();
+    if (!f_editor->may_lose_changes(id))
+        return;
+    Tvx_layer_list::layer_ptr copy(vx_lr2d_clone(f_layers.layer_at(f_panel->selected_row())));
+    QPoint const at = f_panel->sample_corner(id);
+    if (vx_layer_rotation_dialog(copy.get(), at.x(), at.y()))
+        take_over(id, std::move(copy));
+}
+
 void Tvx_map_window::on_draw_by(Tvx_layer_scale const *scale)
 {
     int const id = f_panel->selected_id();

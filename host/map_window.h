@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/layer_list.h"
+#include "host/rotation.h"
 
 #include <QHash>
 #include <QMainWindow>
@@ -128,6 +129,7 @@ private:
     void on_save_picture();
     void on_properties();
     void on_style();
+    void on_rotation();
     void on_sample_activated(int id);
     /// Null for one style.
     void on_draw_by(Tvx_layer_scale const *scale);
@@ -158,6 +160,7 @@ private:
     void fill_recent_menu();
     void fill_draw_by_menu();
 
+    Tvx_advanced_dialog_in_force f_advanced_dialog;
     Tvx_layer_list f_layers;
     Tvx_layer_editor *f_editor;
     Tvx_map_canvas *f_canvas;
