@@ -75,6 +75,8 @@ inline void visit_gallery(std::function<void(shown const &)> const &look)
         });
         dialog->open();
         input::wait_idle();
+        EXPECT_EQ(input::pending_modals(), 0) << "dialog " << UnicodeString(dialog->caption()).to_utf8();
+        input::forget_pending_modals();
     }
 }
 
