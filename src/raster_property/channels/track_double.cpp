@@ -113,6 +113,7 @@ void Tvx_track_double::try_new_val(double value)
 void Tvx_track_double::on_track_bar_change(TObject * /*sender*/)
 {
     try_new_val(f_min + f_track->GetPosition() * 0.001 * (f_max - f_min));
+    update_track_bar(); // also where the value cannot follow
 }
 
 void Tvx_track_double::on_size_panel_change(TObject * /*sender*/)

@@ -23,6 +23,21 @@ bool tell(Tvx_stat_data const *stat, double &min, double &max, double &average, 
     stddev = vx_stat_get_stddev(stat, &known[3]);
     return known[0] && known[1] && known[2] && known[3];
 }
+/// Whether the record has a histogram between these bounds.
+bool has_histogram_of(Tvx_stat_data *stat, double wanted_low, double wanted_high)
+{
+    bool has = false;
+    double low = 0.0;
+    double high = 0.0;
+    vx_histogramm_get_params(vx_stat_get_histogramm(stat, &has), nullptr, &low, &high);
+    return has && low == wanted_low && high == wanted_high;
+}
+
+void take_histogram(Tvx_stat_data *to, Tvx_stat_data *from)
+{
+    vx_histogramm_assign(vx_stat_get_histogramm(to, nullptr), vx_stat_get_histogramm(from, nullptr));
+    vx_stat_set_histogramm(to, true);
+}
 } // namespace
 
 // ---- the bands
@@ -142,18 +157,21 @@ bool Tvx_rtr_lr2d_edit::on_data_get_channel_histogramm(TObject * /*sender*/, uns
         is_default ? vx_stat_get_minimum(stat, nullptr) : vx_clr_channel_get_histogramm_min(channel);
     double const wanted_high =
         is_default ? vx_stat_get_maximum(stat, nullptr) : vx_clr_channel_get_histogramm_max(channel);
-    Tvx_histogramm_data *const own = vx_stat_get_histogramm(stat, nullptr);
-    double low = 0.0;
-    double high = 0.0;
-    vx_histogramm_get_params(own, nullptr, &low, &high);
-    if (!vx_stat_has_histogramm(stat) || low != wanted_low || high != wanted_high) {
+    if (!has_histogram_of(stat, wanted_low, wanted_high)) {
+        Tvx_stat_data *const band = vx_rtr_lr2d_get_statistic(layer, prop);
         stat_work const work = work_on(layer, prop);
-        (void)(is_default ? vx_rtr_lr2d_compute_hg(work.get(), stat)
-                          : vx_rtr_lr2d_compute_hg_min_max(work.get(), stat, wanted_low, wanted_high));
+        if (!is_default)
+            (void)vx_rtr_lr2d_compute_hg_min_max(work.get(), stat, wanted_low, wanted_high);
+        else if (has_histogram_of(band, wanted_low, wanted_high))
+            take_histogram(stat, band);
+        else if (vx_rtr_lr2d_compute_hg(work.get(), stat) &&
+                 vx_stat_get_minimum(band, nullptr) == wanted_low &&
+                 vx_stat_get_maximum(band, nullptr) == wanted_high)
+            take_histogram(band, stat);
     }
     if (!vx_stat_has_histogramm(stat))
         return false;
-    vx_histogramm_assign(histogram, own);
+    vx_histogramm_assign(histogram, vx_stat_get_histogramm(stat, nullptr));
     return true;
 }
 

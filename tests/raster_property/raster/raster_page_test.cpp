@@ -1,0 +1,329 @@
+#include "raster_fixture.h"
+
+#include "platform/toolkit/controls/shape.h"
+#include "platform/toolkit/core/application.h"
+#include "platform/toolkit/core/strings.h"
+#include "platform/toolkit/graphics/brush.h"
+
+using raster_page_test = raster_fixture;
+
+TEST_F(raster_page_test, a_draw_type_shows_what_belongs_to_it)
+{
+    open_raster(example(L"L7_ETMs.tif"));
+    auto *const box = raster_page()->get_draw_type_cb()->get_combo_box();
+    EXPECT_EQ(box->GetText(), L"Normal");
+    EXPECT_TRUE(raster_page()->get_transparent_clr()->GetShowing());
+    EXPECT_FALSE(channels()->GetShowing());
+    struct
+    {
+        wchar_t const *text;
+        int type;
+        std::vector<std::wstring> tabs;
+    } const cases[] = {{L"Channels", c_rtr_draw_channels, {L"Red", L"Green", L"Blue"}},
+                       {L"Gray", c_rtr_draw_gray, {L"Gray"}},
+                       {L"Normal", c_rtr_draw_normal, {}},
+                       {L"Gray", c_rtr_draw_gray, {L"Gray"}},
+                       {L"Channels", c_rtr_draw_channels, {L"Red", L"Green", L"Blue"}}};
+    for (auto const &c : cases) {
+        int const before = vx_rtr_lr2d_get_draw_type(layer.get());
+        ASSERT_TRUE(choose_type(c.text));
+        EXPECT_EQ(vx_rtr_lr2d_get_draw_type(copy()), c.type);
+        EXPECT_EQ(vx_rtr_lr2d_get_draw_type(layer.get()), before) << "waits for Apply";
+        EXPECT_EQ(channels()->GetShowing(), !c.tabs.empty());
+        EXPECT_EQ(raster_page()->get_transparent_clr()->GetShowing(), c.tabs.empty());
+        std::vector<std::wstring> tabs;
+        auto *const pages = channels()->get_pages();
+        for (int i = 0; !c.tabs.empty() && i < pages->GetPageCount(); ++i)
+            if (pages->GetPages(i)->GetTabVisible())
+                tabs.push_back(pages->GetPages(i)->GetCaption().str());
+        EXPECT_EQ(tabs, c.tabs);
+        apply();
+        EXPECT_EQ(vx_rtr_lr2d_get_draw_type(layer.get()), c.type);
+    }
+    // A layer of its own shows its own: also where the former one was drawn otherwise.
+    layer.reset(vx_rtr_lr2d_create(example(L"olinda_dem_utm25s.tif").c_str()));
+    vx_lr2d_edt_form_set_lr2d(record.get(), layer.get());
+    EXPECT_EQ(box->GetText(), L"Normal");
+    EXPECT_FALSE(channels()->GetShowing());
+    vx_lr2d_edt_form_set_lr2d(record.get(), nullptr);
+    vx_lr2d_edt_form_update(record.get());
+}
+
+TEST_F(raster_page_test, transparency_counts_in_percent)
+{
+    open_raster(example(L"L7_ETMs.tif"));
+    auto *const panel = raster_page()->get_opacity();
+    struct
+    {
+        double opacity;
+        int position;
+        wchar_t const *text;
+    } const shown[] = {{1.0, -1, L"0"},  {0.0, 99, L"100"}, {0.996, -1, L"0"},
+                       {0.5, 49, L"50"}, {0.25, 74, L"75"}, {0.994, 0, L"1"}};
+    for (auto const &c : shown) {
+        vx_rtr_lr2d_set_opacity(copy(), c.opacity);
+        raster_page()->update_controls();
+        EXPECT_EQ(panel->get_position(), c.position);
+        EXPECT_EQ(panel->get_size_panel()->get_edit()->GetText(), c.text);
+        EXPECT_EQ(vx_rtr_lr2d_get_opacity(copy()), c.opacity) << "showing changes nothing";
+    }
+    auto *const edit = panel->get_size_panel()->get_edit();
+    struct
+    {
+        wchar_t const *typed;
+        double opacity;
+    } const typed[] = {{L"50", 0.5}, {L"0", 1.0}, {L"100", 0.0}, {L"250", 0.0}, {L"7", 0.93}};
+    for (auto const &c : typed) {
+        ASSERT_TRUE(input::enter_text(edit, c.typed));
+        ASSERT_TRUE(input::press(VK_TAB));
+        EXPECT_NEAR(vx_rtr_lr2d_get_opacity(copy()), c.opacity, 1e-12) << c.typed;
+    }
+    panel->get_track_bar()->SetFocus();
+    ASSERT_TRUE(input::press(VK_END));
+    EXPECT_EQ(vx_rtr_lr2d_get_opacity(copy()), 0.0);
+    apply();
+    EXPECT_EQ(vx_rtr_lr2d_get_opacity(layer.get()), 0.0);
+}
+
+TEST_F(raster_page_test, a_colour_of_the_screen_is_left_out)
+{
+    open_raster(example(L"L7_ETMs.tif"));
+    auto *const panel = raster_page()->get_transparent_clr();
+    auto *const none = raster_page()->get_no_clr_btn();
+    EXPECT_FALSE(none->GetEnabled());
+    // Something of a colour that the window does not have.
+    auto *const square = new TShape(record->get_form());
+    square->SetParent(raster_page());
+    square->SetBounds(40, 200, 60, 60);
+    square->GetBrush()->SetColor(RGB(250, 12, 130));
+    square->BringToFront();
+    input::wait_idle();
+    TPoint const middle = square->ClientToScreen({30, 30});
+    input::on_next_modal([middle](input::modal_window const &window) {
+        auto *const form = dynamic_cast<Tvx_clr_picker_form *>(window.form());
+        ASSERT_NE(form, nullptr);
+        TPoint const at = form->ScreenToClient(middle);
+        EXPECT_TRUE(input::click(form, at.X, at.Y));
+    });
+    ASSERT_TRUE(input::click(panel->get_picker_btn()));
+    EXPECT_EQ(vx_rtr_lr2d_get_transparent_clr(copy()), vx_clr_init_rgb(250, 12, 130));
+    EXPECT_EQ(vx_rtr_lr2d_get_transparent_clr(layer.get()).a, 0);
+    EXPECT_TRUE(none->GetEnabled());
+    apply();
+    EXPECT_EQ(vx_rtr_lr2d_get_transparent_clr(layer.get()), vx_clr_init_rgb(250, 12, 130));
+    ASSERT_TRUE(input::click(none));
+    EXPECT_EQ(vx_rtr_lr2d_get_transparent_clr(copy()).a, 0);
+    EXPECT_FALSE(none->GetEnabled());
+    next_color = vx_clr_init_rgb(1, 2, 3);
+    ASSERT_TRUE(input::click(panel->get_clr_panel()->get_button()));
+    EXPECT_EQ(vx_rtr_lr2d_get_transparent_clr(copy()), next_color);
+}
+
+TEST_F(raster_page_test, statistics_are_those_that_the_file_has)
+{
+    // As gdalinfo tells them, but for the deviation: ours is that of a sample.
+    struct
+    {
+        wchar_t const *file;
+        unsigned band;
+        double cells, min, max, mean, deviation;
+    } const cases[] = {
+        {L"L7_ETMs.tif", 0, 349 * 352, 47, 255, 79.147719132587, 14.694},
+        {L"L7_ETMs.tif", 3, 349 * 352, 9, 255, 59.235412867934, 23.021},
+        {L"L7_ETMs.tif", 5, 349 * 352, 1, 255, 59.975205131545, 33.380},
+        {L"olinda_dem_utm25s.tif", 0, 111 * 111, -1, 88, 21.665205746287, 20.974640760798},
+    };
+    for (auto const &c : cases) {
+        open_raster(example(c.file));
+        auto &page = *raster_page();
+        double min = 0, max = 0, mean = 0, deviation = 0;
+        bool ok = true;
+        EXPECT_FALSE(page.on_data_get_stat(nullptr, c.band, min, max, mean, deviation, ok) || ok) << "closed";
+        ASSERT_TRUE(page.on_data_open(nullptr));
+        EXPECT_EQ(page.on_data_get_no(nullptr), 0u);
+        ASSERT_TRUE(page.on_data_get_stat(nullptr, c.band, min, max, mean, deviation, ok) && ok);
+        EXPECT_EQ(min, c.min);
+        EXPECT_EQ(max, c.max);
+        EXPECT_NEAR(mean, c.mean, 1e-10);
+        EXPECT_NEAR(deviation * std::sqrt((c.cells - 1) / c.cells), c.deviation, 5e-4);
+        EXPECT_FALSE(page.on_data_get_stat(nullptr, 6, min, max, mean, deviation, ok) || ok);
+
+        vx::owned<Tvx_histogramm_data, &vx_histogramm_destroy> const h(vx_histogramm_create());
+        vx_histogramm_set_params(h.get(), 3, 7, 8);
+        EXPECT_TRUE(page.on_data_get_histogramm(nullptr, c.band, h.get()));
+        EXPECT_EQ(vx_histogramm_get_size(h.get()), 3u) << "drawn without channels";
+        vx_rtr_lr2d_set_draw_type(copy(), c_rtr_draw_gray);
+        ASSERT_TRUE(page.on_data_get_histogramm(nullptr, c.band, h.get()));
+        double sum = 0;
+        for (unsigned i = 0; i < vx_histogramm_get_size(h.get()); ++i)
+            sum += vx_histogramm_get(h.get(), i);
+        EXPECT_EQ(sum, c.cells);
+        page.on_data_close(nullptr);
+    }
+    // The classes of bytes are the counts of each.
+    open_raster(example(L"L7_ETMs.tif"));
+    ASSERT_TRUE(choose_type(L"Channels"));
+    auto const *const h = channel_edit(0)->get_histogramm();
+    ASSERT_EQ(vx_histogramm_get_size(h), 209u);
+    double const first[] = {1, 0, 0, 0, 1, 5, 3, 19, 97, 395, 1073, 1986, 2734};
+    for (unsigned i = 0; i < std::size(first); ++i)
+        EXPECT_EQ(vx_histogramm_get(h, i), first[i]) << 47 + i;
+    EXPECT_EQ(vx_histogramm_get(h, 208), 19);
+    EXPECT_NEAR(channel_edit(0)->get_chart()->get_chart()->GetSeries()->GetBar(13).y, 2734.0 / 122848, 1e-12);
+}
+
+TEST_F(raster_page_test, a_channel_is_stretched_by_numbers_sliders_and_marks)
+{
+    open_raster(example(L"L7_ETMs.tif"));
+    ASSERT_TRUE(choose_type(L"Channels"));
+    auto *const edit = channel_edit(1); // 32 to 255
+    auto *const low = edit->get_track_min();
+    auto *const high = edit->get_track_max();
+    auto const stretch = [&] { return stretch_of(copy(), 1); };
+    using pair = std::pair<double, double>;
+    EXPECT_EQ(stretch(), pair(0, 255)) << "nothing is changed by showing it";
+
+    // Numbers.
+    ASSERT_TRUE(input::enter_text(low->get_size_panel()->get_edit(), L"60"));
+    EXPECT_EQ(stretch(), pair(60, 255));
+    ASSERT_TRUE(input::enter_text(high->get_size_panel()->get_edit(), L"120.5"));
+    EXPECT_EQ(stretch(), pair(60, 120.5));
+    EXPECT_EQ(edit->get_chart()->get_val2(), 120.5);
+    ASSERT_TRUE(input::enter_text(high->get_size_panel()->get_edit(), L"9000"));
+    EXPECT_EQ(stretch(), pair(60, 255));
+    ASSERT_TRUE(input::press(VK_TAB));
+    EXPECT_EQ(high->get_size_panel()->get_edit()->GetText(), L"255") << "what was too much is replaced";
+    // They may cross; the channel has them in order.
+    ASSERT_TRUE(input::enter_text(high->get_size_panel()->get_edit(), L"50"));
+    EXPECT_EQ(stretch(), pair(50, 60));
+    EXPECT_EQ(edit->get_chart()->get_val1(), 60);
+
+    // Sliders.
+    low->get_track_bar()->SetFocus();
+    ASSERT_TRUE(input::press(VK_HOME));
+    EXPECT_EQ(stretch(), pair(32, 50));
+    for (int i = 1; i <= 5; ++i) {
+        ASSERT_TRUE(input::press(VK_RIGHT));
+        EXPECT_NEAR(stretch().first, 32 + i * 0.223, 1e-9);
+        EXPECT_EQ(low->get_track_bar()->GetPosition(), i);
+    }
+    high->get_track_bar()->SetFocus();
+    ASSERT_TRUE(input::press(VK_END));
+    EXPECT_EQ(stretch().second, 255);
+
+    // Marks in the chart.
+    auto *const chart = edit->get_chart()->get_chart();
+    ASSERT_TRUE(input::enter_text(low->get_size_panel()->get_edit(), L"80"));
+    ASSERT_TRUE(input::enter_text(high->get_size_panel()->get_edit(), L"160"));
+    ASSERT_TRUE(input::move(chart, column(edit, 80) + 3, c_row));
+    EXPECT_EQ(chart->GetCursor(), crDefault);
+    ASSERT_TRUE(input::move(chart, column(edit, 80) + 2, c_row));
+    EXPECT_EQ(chart->GetCursor(), crSizeWE);
+    ASSERT_TRUE(input::drag(chart, column(edit, 80), c_row, column(edit, 100), c_row));
+    EXPECT_NEAR(stretch().first, 100, 1);
+    EXPECT_EQ(stretch().second, 160);
+    EXPECT_FALSE(chart->GetZoomed());
+    EXPECT_EQ(low->get_val(), stretch().first);
+    ASSERT_TRUE(input::drag(chart, column(edit, low->get_val()), c_row, column(edit, 200), c_row));
+    EXPECT_EQ(stretch().first, 160) << "beyond the other mark";
+    EXPECT_NEAR(stretch().second, 200, 1);
+    ASSERT_TRUE(input::drag(chart, column(edit, 160), c_row, chart->GetWidth() + 500, c_row));
+    EXPECT_EQ(high->get_val(), 255) << "stops at the bound of the slider";
+    ASSERT_TRUE(input::drag(chart, column(edit, 255), c_row, -300, c_row));
+    EXPECT_EQ(high->get_val(), 32);
+
+    // Two at one place: the first is taken.
+    ASSERT_TRUE(input::enter_text(low->get_size_panel()->get_edit(), L"100"));
+    ASSERT_TRUE(input::enter_text(high->get_size_panel()->get_edit(), L"100"));
+    ASSERT_TRUE(input::drag(chart, column(edit, 100), c_row, column(edit, 50), c_row));
+    EXPECT_EQ(high->get_val(), 100);
+    EXPECT_NEAR(low->get_val(), 50, 1);
+    // By keys.
+    ASSERT_TRUE(input::tab_to(chart));
+    ASSERT_TRUE(input::press(VK_DOWN) && input::press(VK_RIGHT));
+    EXPECT_GT(high->get_val(), 100);
+    ASSERT_TRUE(input::press_times(VK_RIGHT, 110));
+    EXPECT_EQ(stretch().second, 255);
+
+    // The others are as they were, and the host has it with Apply.
+    EXPECT_EQ(stretch_of(copy(), 0), pair(0, 255));
+    auto const wanted = stretch();
+    apply();
+    EXPECT_EQ(stretch_of(layer.get(), 1), wanted);
+    EXPECT_EQ(stretch(), wanted);
+}
+
+TEST_F(raster_page_test, the_range_of_the_histogram_is_chosen_in_its_menu)
+{
+    open_raster(example(L"L7_ETMs.tif"));
+    ASSERT_TRUE(choose_type(L"Gray"));
+    auto *const edit = channel_edit(3);
+    void *const gray = channel_of(copy(), 3);
+    auto *const menu = edit->get_chart()->get_menu();
+    auto const range = [&] {
+        double low = 0, high = 0;
+        vx_histogramm_get_params(edit->get_histogramm(), nullptr, &low, &high);
+        return std::pair(low, high);
+    };
+    auto const counted = [&] {
+        double sum = 0;
+        for (unsigned i = 0; i < vx_histogramm_get_size(edit->get_histogramm()); ++i)
+            sum += vx_histogramm_get(edit->get_histogramm(), i);
+        return sum;
+    };
+    using pair = std::pair<double, double>;
+    EXPECT_EQ(menu->GetItems()->GetCount(), 3);
+    EXPECT_EQ(range(), pair(47, 255));
+    ASSERT_TRUE(input::enter_text(edit->get_track_min()->get_size_panel()->get_edit(), L"57"));
+    ASSERT_TRUE(input::enter_text(edit->get_track_max()->get_size_panel()->get_edit(), L"55"));
+    ASSERT_TRUE(input::choose(menu, L"Range between the marks"));
+    EXPECT_EQ(range(), pair(55, 57)) << "crossed marks too";
+    EXPECT_EQ(counted(), 97 + 395 + 1073);
+    EXPECT_EQ(pair(edit->get_track_min()->get_min(), edit->get_track_max()->get_max()), pair(55, 57));
+    EXPECT_FALSE(vx_clr_channel_get_histogramm_default(gray));
+    EXPECT_EQ(pair(vx_clr_channel_get_histogramm_min(gray), vx_clr_channel_get_histogramm_max(gray)),
+              pair(55, 57));
+    EXPECT_EQ(stretch_of(copy(), 3), pair(55, 57));
+    apply();
+    EXPECT_EQ(range(), pair(55, 57)) << "it is the channel's";
+    ASSERT_TRUE(input::choose(menu, L"Default range"));
+    EXPECT_EQ(range(), pair(47, 255));
+    EXPECT_TRUE(vx_clr_channel_get_histogramm_default(channel_of(copy(), 3)));
+    EXPECT_EQ(stretch_of(copy(), 3), pair(55, 57)) << "the stretch stays";
+    ASSERT_TRUE(input::choose(menu, L"Range between the marks"));
+    ASSERT_TRUE(input::choose(menu, L"Compute again"));
+    EXPECT_EQ(range(), pair(47, 255));
+    EXPECT_EQ(counted(), 122848);
+
+    // Another band: its values from the least to the greatest.
+    ASSERT_TRUE(input::choose_item(edit->get_prop_cb()->get_combo_box(), 3));
+    EXPECT_EQ(band_of(copy(), 3), vx_rtr_lr2d_get_prop_name(copy(), 3));
+    EXPECT_EQ(range(), pair(9, 255));
+    EXPECT_EQ(stretch_of(copy(), 3), pair(9, 255));
+}
+
+TEST_F(raster_page_test, heights_may_be_logarithmic_and_a_hint_tells_the_share)
+{
+    open_raster(example(L"L7_ETMs.tif"));
+    ASSERT_TRUE(choose_type(L"Channels"));
+    auto *const edit = channel_edit(0);
+    auto *const chart = edit->get_chart()->get_chart();
+    int const most = chart->GetChartRect().Top;
+    auto const top = [&](double share) { return chart->GetLeftAxis()->CalcPosValue(share); };
+    EXPECT_NEAR(top(3635.0 / 122848), most, 3);
+    EXPECT_GT(top(19.0 / 122848), chart->GetChartRect().Bottom - 4) << "hardly seen";
+    ASSERT_TRUE(input::click(edit->get_chart()->get_log_box(), 8, 8));
+    EXPECT_NEAR(top(3635.0 / 122848), most, 3);
+    EXPECT_LT(top(1.0 / 122848), chart->GetChartRect().Bottom - 4) << "a single cell is seen";
+    EXPECT_TRUE(channel_edit(2)->get_chart()->get_log_height()) << "on all tabs";
+    ASSERT_TRUE(input::click(channel_edit(2)->get_chart()->get_log_box(), 8, 8));
+    EXPECT_FALSE(channel_edit(0)->get_chart()->get_log_height());
+
+    ASSERT_TRUE(input::move(chart, column(edit, 60.3), c_row));
+    EXPECT_EQ(Application->GetHint(), chart->GetHint());
+    EXPECT_TRUE(chart->GetHint().str().starts_with(L"60.")) << chart->GetHint().to_utf8();
+    EXPECT_NE(chart->GetHint().Pos(L": 2.61 % of the values lie between 59.9"), 0)
+        << chart->GetHint().to_utf8();
+    ASSERT_TRUE(input::move(chart, 2, 2));
+    EXPECT_TRUE(chart->GetHint().IsEmpty());
+}
