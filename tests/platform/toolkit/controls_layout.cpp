@@ -8,6 +8,7 @@
 #include "platform/toolkit/controls/progress_bar.h"
 #include "platform/toolkit/controls/track_bar.h"
 #include "platform/toolkit/core/form.h"
+#include "platform/toolkit/graphics/font.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -135,6 +136,10 @@ TEST(label, is_as_large_as_its_text_until_told_otherwise)
     label->SetCaption(L"short");
     int const width = label->GetWidth();
     label->SetCaption(L"a longer text");
+    EXPECT_GT(label->GetWidth(), width);
+    label->SetCaption(L"short");
+    EXPECT_EQ(label->GetWidth(), width);
+    label->GetFont()->SetHeight(2 * label->GetFont()->GetHeight());
     EXPECT_GT(label->GetWidth(), width);
     label->SetAutoSize(false);
     label->SetBounds(5, 5, 60, 17);

@@ -4,8 +4,14 @@
 #include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/core/win_control.h"
 
+#include <QtCore/QCache>
+#include <QtCore/QCoreApplication>
+#include <QtCore/QMetaObject>
 #include <QtCore/QStringLiteral>
+#include <QtGui/QFont>
+#include <QtGui/QGuiApplication>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QStyle>
 
 namespace {
 QString label_without_accelerator(QString const &text)
@@ -17,6 +23,34 @@ QString label_without_accelerator(QString const &text)
         result += text[i];
     }
     return result;
+}
+
+struct sized_text
+{
+    QFont font;
+    QSize size;
+};
+
+/// The size of a label's one line. Forms show the same few texts again and again, and Qt sets each of them
+/// to know how long it is.
+QSize line_size(QLabel const &label)
+{
+    // A style sheet of the host has frames and margins of its own.
+    if (qstrcmp(label.style()->metaObject()->className(), "QStyleSheetStyle") == 0)
+        return label.sizeHint();
+    constexpr int c_texts = 1000;
+    static QCache<std::pair<QString, bool>, sized_text> texts(c_texts);
+    // Fonts that the program adds may answer to the names of others.
+    static bool const is_told =
+        (QObject::connect(qApp, &QGuiApplication::fontDatabaseChanged, [] { texts.clear(); }),
+         qAddPostRoutine([] { texts.clear(); }), true);
+    static_cast<void>(is_told);
+    std::pair const text(label.text(), label.buddy() != nullptr);
+    if (sized_text const *const known = texts.object(text); known && known->font == label.font())
+        return known->size;
+    QSize const size = label.sizeHint();
+    texts.insert(text, new sized_text{label.font(), size});
+    return size;
 }
 } // namespace
 
@@ -79,17 +113,10 @@ bool TCustomLabel::CanAutoSize(int &width, int &height)
         height = label->heightForWidth(width);
         return true;
     }
-    QSize const size = label->sizeHint();
+    QSize const size = line_size(*label);
     width = size.width();
     height = size.height();
     return true;
-}
-
-void TCustomLabel::FontChanged()
-{
-    TControl::FontChanged();
-    if (GetAutoSize())
-        AdjustSize();
 }
 
 void TCustomLabel::Click()

@@ -29,7 +29,6 @@ public:
 
 protected:
     bool CanAutoSize(int &width, int &height) override;
-    void FontChanged() override;
     void Click() override;
     void Notification(TComponent *component, TOperation operation) override;
 
