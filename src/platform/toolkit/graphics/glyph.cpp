@@ -11,6 +11,8 @@
 #include <QtGui/QPixmap>
 #include <QtWidgets/QAbstractButton>
 
+#include <utility>
+
 namespace {
 QImage clear_image(TBitmap const &bitmap)
 {
@@ -37,12 +39,9 @@ QIcon make_icon(QImage const &image, int count)
     return icon;
 }
 
-/// Equal pictures are one icon: Qt keeps what it makes of an icon, and never forgets the name of one that
-/// was, so a program whose dialogs each had icons of their own would grow with every dialog.
-QIcon icon_of(QImage const &image, int count)
+/// The icon of a picture that is new, or unlike the one that it shared its pixels with.
+QIcon icon_by_pixels(QImage const &image, int count)
 {
-    if (image.sizeInBytes() > c_shared_bytes || image.colorCount() > 0)
-        return make_icon(image, count);
     static QCache<QByteArray, QIcon> icons(c_shared_icons);
     // Pictures of the screen end with the application.
     static bool const is_told = (qAddPostRoutine([] { icons.clear(); }), true);
@@ -57,6 +56,24 @@ QIcon icon_of(QImage const &image, int count)
     if (QIcon const *const known = icons.object(key))
         return *known;
     QIcon const icon = make_icon(image, count);
+    icons.insert(key, new QIcon(icon));
+    return icon;
+}
+
+/// Equal pictures are one icon: Qt keeps what it makes of an icon, and never forgets the name of one that
+/// was, so a program whose dialogs each had icons of their own would grow with every dialog.
+QIcon icon_of(QImage const &image, int count)
+{
+    if (image.sizeInBytes() > c_shared_bytes || image.colorCount() > 0)
+        return make_icon(image, count);
+    // Most pictures come from the resources, whose pixels all their buttons share.
+    static QCache<std::pair<qint64, int>, QIcon> icons(c_shared_icons);
+    static bool const is_told = (qAddPostRoutine([] { icons.clear(); }), true);
+    static_cast<void>(is_told);
+    std::pair const key(image.cacheKey(), count);
+    if (QIcon const *const known = icons.object(key))
+        return *known;
+    QIcon const icon = icon_by_pixels(image, count);
     icons.insert(key, new QIcon(icon));
     return icon;
 }
