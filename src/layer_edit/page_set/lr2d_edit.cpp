@@ -99,14 +99,16 @@ void Tvx_lr2d_edit::create_tabs()
 {
     f_pages = new Tvx_page_control(this);
     f_pages->SetParent(this);
-    auto const make_tab = [this](wchar_t const *name) {
+    // The style tab alone shows without a layer.
+    auto const make_tab = [this](wchar_t const *name, bool visible = false) {
         auto *sheet = new Tvx_tab_sheet(this);
         sheet->SetName(name);
+        sheet->SetTabVisible(visible);
         sheet->SetPageControl(f_pages);
         return sheet;
     };
     f_prop_ts = make_tab(L"f_prop_ts");
-    f_style_ts = make_tab(L"f_style_ts");
+    f_style_ts = make_tab(L"f_style_ts", true);
     f_text_ts = make_tab(L"f_text_ts");
     f_text_mngr = make_tab(L"f_text_mngr");
 }
