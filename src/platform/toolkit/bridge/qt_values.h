@@ -12,7 +12,17 @@
 
 [[nodiscard]] inline QString vx_qt_string(UnicodeString const &text)
 {
-    return QString::fromWCharArray(text.c_str(), text.Length());
+    // Qt's own way is slow, and hardly any text has characters of two units.
+    wchar_t const *const from = text.c_str();
+    qsizetype const length = text.Length();
+    QString result(length, Qt::Uninitialized);
+    QChar *const to = result.data();
+    for (qsizetype i = 0; i < length; ++i) {
+        if (static_cast<std::uint32_t>(from[i]) >= 0xD800)
+            return QString::fromWCharArray(from, length);
+        to[i] = QChar(static_cast<char16_t>(from[i]));
+    }
+    return result;
 }
 [[nodiscard]] inline UnicodeString vx_unicode_string(QString const &text)
 {
