@@ -1,8 +1,15 @@
 #include "core_fixture.h"
 
 #include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/controls/button.h"
+#include "platform/toolkit/controls/combo_box.h"
+#include "platform/toolkit/graphics/bitmap.h"
+#include "platform/toolkit/graphics/canvas.h"
 
+#include <QtGui/QImage>
+#include <QtGui/QPixmap>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QPushButton>
 #include <QtWidgets/QVBoxLayout>
 
 #include <gtest/gtest.h>
@@ -117,4 +124,31 @@ TEST(core_host, a_foreign_widget_inside_a_control_keeps_its_input)
     EXPECT_EQ(form.GetActiveControl(), probe);
     user_input::type(L"abc");
     EXPECT_EQ(line->text(), "abc");
+}
+
+TEST(core_host, a_shown_control_hears_of_the_mouse_in_all_its_widgets)
+{
+    TForm form(nullptr);
+    auto *const combo = new TComboBox(&form);
+    combo->SetParent(&form);
+    form.Show();
+    user_input::wait_idle();
+    EXPECT_TRUE(vx_qt_widget(combo)->hasMouseTracking());
+    auto *const line = vx_qt_widget(combo)->findChild<QLineEdit *>();
+    ASSERT_TRUE(line);
+    EXPECT_TRUE(line->hasMouseTracking());
+}
+
+TEST(core_host, a_button_shows_what_its_glyph_has_become)
+{
+    TForm form(nullptr);
+    auto *const button = new TBitBtn(&form);
+    TBitmap picture(16, 16);
+    for (TColor const color : {clRed, clBlue, clRed}) {
+        picture.GetCanvas()->GetBrush()->SetColor(color);
+        picture.GetCanvas()->FillRect(Rect(4, 4, 12, 12));
+        button->SetGlyph(&picture);
+        QImage const shown = vx_qt_as<QPushButton>(button)->icon().pixmap(16).toImage();
+        EXPECT_EQ(vx_color(shown.pixelColor(8, 8)), color);
+    }
 }

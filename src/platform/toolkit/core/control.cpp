@@ -92,6 +92,7 @@ TControl::~TControl()
 {
     TComponent::Destroying();
     f_life.reset();
+    vx_control_guard::expire(*f_link);
     vx_drag_session::forget(this);
     if (f_host_dock_site)
         leave_dock_site(nullptr);
@@ -119,7 +120,7 @@ void TControl::SetParent(TWinControl *parent)
 {
     if (parent == f_parent)
         return;
-    auto *const self = dynamic_cast<TWinControl *>(this);
+    auto *const self = vx_windowed(this);
     if (self && parent && self->ContainsControl(parent))
         throw std::invalid_argument("a control cannot stand inside itself");
     if (f_parent)
@@ -212,7 +213,7 @@ void TControl::SetBounds(int left, int top, int width, int height)
         f_explicit_pos = {left, top};
     if (old == Bounds(left, top, width, height))
         return;
-    auto const life = Life();
+    vx_control_guard const life(this);
     apply_bounds(left, top, width, height);
     if (life.expired())
         return;
@@ -255,7 +256,7 @@ void TControl::Resize()
 TPoint TControl::ClientToScreen(TPoint const &point) const
 {
     QWidget *area = f_link->widget;
-    if (auto const *self = dynamic_cast<TWinControl const *>(this))
+    if (auto const *self = vx_windowed(this))
         area = vx_qt_widget(self->ClientWidget());
     return area ? vx_point(area->mapToGlobal(vx_qt_point(point))) : point;
 }
@@ -362,7 +363,7 @@ void TControl::SetVisible(bool value)
     if (f_visible == value)
         return;
     f_visible = value;
-    auto const life = Life();
+    vx_control_guard const life(this);
     VisibleChanged();
     if (!life.expired())
         apply_visible();
@@ -415,7 +416,7 @@ void TControl::SetEnabled(bool value)
 {
     if (GetEnabled() == value || !f_link->widget)
         return;
-    auto const life = Life();
+    vx_control_guard const life(this);
     f_link->widget->setEnabled(value);
     if (!life.expired())
         EnabledChanged();
@@ -477,6 +478,8 @@ UnicodeString TControl::GetAccessibleName() const
 
 void TControl::SetHint(UnicodeString const &hint)
 {
+    if (f_hint == hint)
+        return;
     f_hint = hint;
     if (f_link->widget)
         f_link->widget->setToolTip(short_hint(hint));
@@ -523,7 +526,7 @@ void TControl::parent_color_changed()
     apply_color();
     ColorChanged();
     Invalidate();
-    if (auto *const self = dynamic_cast<TWinControl *>(this))
+    if (auto *const self = vx_windowed(this))
         for (TControl *const child : self->f_controls)
             if (child->f_parent_color)
                 child->parent_color_changed();
@@ -534,20 +537,20 @@ void TControl::apply_color()
     QWidget *const widget = f_link->widget;
     if (!widget)
         return;
-    QPalette palette = widget->palette();
     bool const own = !f_parent_color && f_color != clDefault && f_color != clNone;
-    if (!own) {
+    if (own) {
+        QPalette palette = widget->palette();
+        palette.setColor(widget->backgroundRole(), vx_qt_color(f_color));
+        if (qobject_cast<QAbstractScrollArea *>(widget))
+            palette.setColor(QPalette::Base, vx_qt_color(f_color));
+        widget->setPalette(palette);
+    } else if (widget->testAttribute(Qt::WA_SetPalette)) {
         // What the parent has comes through Qt; only the marks of an own colour are taken off.
         QPalette kept;
         kept.setResolveMask(0);
         widget->setPalette(kept);
         if (f_font)
             apply_font();
-    } else {
-        palette.setColor(widget->backgroundRole(), vx_qt_color(f_color));
-        if (qobject_cast<QAbstractScrollArea *>(widget))
-            palette.setColor(QPalette::Base, vx_qt_color(f_color));
-        widget->setPalette(palette);
     }
     if (ControlStyle.Contains(csOwnPaint))
         widget->setAutoFillBackground(own);
@@ -587,7 +590,7 @@ void TControl::font_changed(TObject *)
     apply_font();
     FontChanged();
     Invalidate();
-    if (auto *const self = dynamic_cast<TWinControl *>(this))
+    if (auto *const self = vx_windowed(this))
         for (TControl *const child : self->f_controls)
             if (child->f_parent_font)
                 child->parent_font_changed();
@@ -606,7 +609,7 @@ void TControl::parent_font_changed()
     }
     FontChanged();
     Invalidate();
-    if (auto *const self = dynamic_cast<TWinControl *>(this))
+    if (auto *const self = vx_windowed(this))
         for (TControl *const child : self->f_controls)
             if (child->f_parent_font)
                 child->parent_font_changed();
@@ -743,7 +746,7 @@ void TControl::MouseLeave()
 bool TControl::DoMouseWheel(TShiftState shift, int wheel_delta, TPoint const &mouse_pos)
 {
     bool handled = false;
-    auto const life = Life();
+    vx_control_guard const life(this);
     OnMouseWheel(this, shift, wheel_delta, mouse_pos, handled);
     if (life.expired())
         return true;
@@ -755,7 +758,7 @@ bool TControl::DoMouseWheel(TShiftState shift, int wheel_delta, TPoint const &mo
 bool TControl::DoMouseWheelDown(TShiftState shift, TPoint const &mouse_pos)
 {
     bool handled = false;
-    auto const life = Life();
+    vx_control_guard const life(this);
     OnMouseWheelDown(this, shift, mouse_pos, handled);
     return handled || life.expired();
 }
@@ -763,7 +766,7 @@ bool TControl::DoMouseWheelDown(TShiftState shift, TPoint const &mouse_pos)
 bool TControl::DoMouseWheelUp(TShiftState shift, TPoint const &mouse_pos)
 {
     bool handled = false;
-    auto const life = Life();
+    vx_control_guard const life(this);
     OnMouseWheelUp(this, shift, mouse_pos, handled);
     return handled || life.expired();
 }

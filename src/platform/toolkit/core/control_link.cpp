@@ -14,6 +14,7 @@
 
 #include <QtCore/QChildEvent>
 #include <QtCore/QCoreApplication>
+#include <QtCore/QHash>
 #include <QtGui/QContextMenuEvent>
 #include <QtGui/QFocusEvent>
 #include <QtGui/QGuiApplication>
@@ -29,15 +30,46 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QComboBox>
 
-#include <unordered_map>
 #include <utility>
 
 namespace {
-/// Which widget is whose. Never destroyed: controls may end after static objects do.
-std::unordered_map<QObject const *, TControl *> &owners()
+/// Which widget is whose. Never destroyed: controls may end after static objects do. A widget that ended
+/// before its control leaves its line behind until the control ends too: see `link_of`.
+QHash<QObject const *, vx_control_link *> &links()
 {
-    static auto *const map = new std::unordered_map<QObject const *, TControl *>;
+    static auto *const map = new QHash<QObject const *, vx_control_link *>;
     return *map;
+}
+
+/// The link of the control whose own widget it is; null if there is none.
+vx_control_link *link_of(QObject const *widget)
+{
+    vx_control_link *const link = links().value(widget);
+    return link && link->widget.data() == widget ? link : nullptr;
+}
+
+/// What the toolkit looks at besides input; all other events are the widget's own business.
+bool is_watched(QEvent const &event)
+{
+    switch (event.type()) {
+    case QEvent::InputMethod:
+    case QEvent::ContextMenu:
+    case QEvent::ToolTip:
+    case QEvent::FocusIn:
+    case QEvent::FocusOut:
+    case QEvent::Paint:
+    case QEvent::Resize:
+    case QEvent::Show:
+    case QEvent::Enter:
+    case QEvent::Leave:
+    case QEvent::Close:
+    case QEvent::LayoutRequest:
+    case QEvent::WindowActivate:
+    case QEvent::WindowDeactivate:
+        return true;
+    default:
+        return event.isInputEvent();
+    }
 }
 
 /// What the handling of one event leaves for the next. Main thread only.
@@ -146,42 +178,47 @@ QWidget *vx_qt_widget(TControl const *control)
 
 TControl *vx_control_of(QWidget const *widget)
 {
-    auto const &map = owners();
     for (; widget; widget = widget->parentWidget())
-        if (auto const found = map.find(widget); found != map.end())
-            return found->second;
+        if (vx_control_link const *const link = link_of(widget))
+            return link->control;
     return nullptr;
 }
 
-vx_control_link::vx_control_link(TControl *owner, QWidget *w) : control(owner), widget(w)
+vx_control_link::vx_control_link(TControl *owner, QWidget *w) : control(owner), widget(w), f_key(w)
 {
     [[maybe_unused]] static bool const told = (vx_set_key_state_source(&key_is_down), true);
-    owners().emplace(w, owner);
-    QObject::connect(w, &QObject::destroyed, this, [w] { owners().erase(w); });
+    links().insert(w, this);
     watch(w);
 }
 
 vx_control_link::~vx_control_link()
 {
-    if (widget)
-        owners().erase(widget.data());
+    vx_control_guard::expire(*this);
+    if (links().value(f_key) == this)
+        links().remove(f_key);
 }
 
 void vx_control_link::watch(QObject *object)
 {
-    // Controls hear of the mouse while no button is down too. Before the filter is there: the widget tells of
-    // the change at once, and the control may be half made.
     if (object->isWidgetType()) {
         auto *const target = static_cast<QWidget *>(object);
-        target->setMouseTracking(true);
         // The wheel scrolls; the focus, and with it what the keys change, stays where it is.
         if (target->focusPolicy() == Qt::WheelFocus)
             target->setFocusPolicy(Qt::StrongFocus);
     }
     object->installEventFilter(this);
     for (QObject *const child : object->children())
-        if (child->isWidgetType() && !owners().contains(child))
+        if (child->isWidgetType() && !link_of(child))
             watch(child);
+}
+
+/// Controls hear of the mouse while no button is down too.
+void vx_control_link::track_mouse(QWidget *of)
+{
+    of->setMouseTracking(true);
+    for (QObject *const child : of->children())
+        if (child->isWidgetType() && !link_of(child))
+            track_mouse(static_cast<QWidget *>(child));
 }
 
 bool vx_control_link::eventFilter(QObject *object, QEvent *event)
@@ -189,11 +226,11 @@ bool vx_control_link::eventFilter(QObject *object, QEvent *event)
     if (event->type() == QEvent::ChildAdded) {
         QObject *const child = static_cast<QChildEvent *>(event)->child();
         // The child may be half made: nothing but the filter is put on it.
-        if (child->isWidgetType() && !owners().contains(child))
+        if (child->isWidgetType() && !link_of(child))
             child->installEventFilter(this);
         return false;
     }
-    if (!object->isWidgetType() || !widget || control->IsDestroying())
+    if (!is_watched(*event) || !object->isWidgetType() || !widget || control->IsDestroying())
         return false;
     auto *const target = static_cast<QWidget *>(object);
     if (target != widget && (vx_control_of(target) != control || target->window() != widget->window()))
@@ -260,6 +297,8 @@ bool vx_control_link::filter_own(QEvent *event)
         control->bounds_moved();
         return false;
     case QEvent::Show:
+        if (!std::exchange(f_tracks_mouse, true))
+            track_mouse(widget);
         control->apply_name();
         return window_event(event);
     case QEvent::Enter: {
@@ -280,7 +319,7 @@ bool vx_control_link::filter_own(QEvent *event)
 TPoint vx_control_link::to_client(QWidget *target, QPointF const &position) const
 {
     QWidget *area = widget;
-    if (auto const *windowed = dynamic_cast<TWinControl const *>(control))
+    if (auto const *windowed = vx_windowed(control))
         area = vx_qt_widget(windowed->ClientWidget());
     QPoint const point = position.toPoint();
     return vx_point(target == area || !area ? point : area->mapFromGlobal(target->mapToGlobal(point)));
@@ -428,7 +467,7 @@ bool vx_control_link::context_menu(QWidget *target, QContextMenuEvent &event)
 
 bool vx_control_link::key_press(QWidget *target, QKeyEvent &event)
 {
-    auto *const focused = dynamic_cast<TWinControl *>(control);
+    auto *const focused = vx_windowed(control);
     if (g_input.passing == &event || !focused)
         return false;
     vx_event_scope const scope;
@@ -482,7 +521,7 @@ bool vx_control_link::key_press(QWidget *target, QKeyEvent &event)
 
 bool vx_control_link::key_release(QKeyEvent &event)
 {
-    auto *const focused = dynamic_cast<TWinControl *>(control);
+    auto *const focused = vx_windowed(control);
     // A release that its widget left alone comes by again at each parent.
     if (!focused || (QApplication::focusWidget() && vx_control_of(QApplication::focusWidget()) != control))
         return false;
@@ -494,7 +533,7 @@ bool vx_control_link::key_release(QKeyEvent &event)
 
 bool vx_control_link::input_method(QWidget *target, QInputMethodEvent &event)
 {
-    auto *const focused = dynamic_cast<TWinControl *>(control);
+    auto *const focused = vx_windowed(control);
     if (g_input.passing == &event || !focused || event.commitString().isEmpty())
         return false;
     vx_event_scope const scope;
@@ -518,7 +557,7 @@ bool vx_control_link::input_method(QWidget *target, QInputMethodEvent &event)
 
 void vx_control_link::focus_in()
 {
-    auto *const focused = dynamic_cast<TWinControl *>(control);
+    auto *const focused = vx_windowed(control);
     if (!focused || focused->root() == focused)
         return;
     focused->root()->focus_came(focused);
@@ -527,7 +566,7 @@ void vx_control_link::focus_in()
 
 void vx_control_link::focus_out(QFocusEvent &event)
 {
-    auto *const focused = dynamic_cast<TWinControl *>(control);
+    auto *const focused = vx_windowed(control);
     if (!focused || event.reason() == Qt::ActiveWindowFocusReason || event.reason() == Qt::PopupFocusReason ||
         event.reason() == Qt::MenuBarFocusReason)
         return;
@@ -557,7 +596,7 @@ bool vx_control_link::window_event(QEvent *event)
         }
         return true;
     case QEvent::Show:
-        if (auto *const top = dynamic_cast<TWinControl *>(control); top && top->f_hosted)
+        if (auto *const top = vx_windowed(control); top && top->f_hosted)
             top->update_showing();
         return false;
     case QEvent::LayoutRequest:

@@ -1,5 +1,6 @@
 #include "platform/toolkit/core/win_control.h"
 
+#include "platform/toolkit/bridge/detail/control_link.h"
 #include "platform/toolkit/bridge/qt_events.h"
 #include "platform/toolkit/bridge/qt_values.h"
 #include "platform/toolkit/bridge/qt_widgets.h"
@@ -14,6 +15,7 @@
 
 TWinControl::TWinControl(TComponent *owner, vx_native_widget *widget) : TControl(owner, widget)
 {
+    Link()->windowed = this;
     f_padding.OnChange = make_closure<&TWinControl::padding_changed>(this);
 }
 
@@ -37,6 +39,7 @@ TWinControl::~TWinControl()
         remove_control(child);
         delete child;
     }
+    Link()->windowed = nullptr;
 }
 
 void TWinControl::Destroying()
@@ -105,7 +108,8 @@ void TWinControl::AttachChildWidget(TControl *child)
         return;
     QRect const bounds = widget->geometry();
     widget->setParent(area);
-    widget->setGeometry(bounds);
+    if (widget->geometry() != bounds)
+        widget->setGeometry(bounds);
 }
 
 void TWinControl::DetachChildWidget(TControl *child)
@@ -121,8 +125,12 @@ void TWinControl::DetachChildWidget(TControl *child)
 
 void TWinControl::insert_control(TControl *control)
 {
+    // Few parents have more, and hardly any has one only.
+    constexpr std::size_t c_usual_children = 4;
+    if (f_controls.empty())
+        f_controls.reserve(c_usual_children);
     f_controls.push_back(control);
-    auto *const windowed = dynamic_cast<TWinControl *>(control);
+    auto *const windowed = vx_windowed(control);
     if (windowed)
         f_tab_list.push_back(windowed);
     control->f_parent = this;
@@ -145,7 +153,7 @@ void TWinControl::remove_control(TControl *control)
         undock(control);
     root()->forget_focus(control);
     std::erase(f_controls, control);
-    if (auto *const windowed = dynamic_cast<TWinControl *>(control)) {
+    if (auto *const windowed = vx_windowed(control)) {
         std::erase(f_tab_list, windowed);
         windowed->free_window();
     }
@@ -169,7 +177,7 @@ void TWinControl::stack_graphic(TControl *control)
     if (!widget)
         return;
     for (TControl *const other : f_controls)
-        if (dynamic_cast<TWinControl *>(other) && vx_qt_widget(other) &&
+        if (vx_windowed(other) && vx_qt_widget(other) &&
             vx_qt_widget(other)->parentWidget() == widget->parentWidget()) {
             widget->stackUnder(vx_qt_widget(other));
             return;
@@ -184,7 +192,7 @@ void TWinControl::set_z_order(TControl *control, bool front)
     QWidget *const widget = vx_qt_widget(control);
     if (!widget)
         return;
-    if (!dynamic_cast<TWinControl *>(control)) {
+    if (!vx_windowed(control)) {
         if (front)
             stack_graphic(control);
         else
@@ -197,7 +205,7 @@ void TWinControl::set_z_order(TControl *control, bool front)
     }
     widget->lower();
     for (auto child = f_controls.rbegin(); child != f_controls.rend(); ++child)
-        if (!dynamic_cast<TWinControl *>(*child) && vx_qt_widget(*child))
+        if (!vx_windowed(*child) && vx_qt_widget(*child))
             vx_qt_widget(*child)->lower();
 }
 
@@ -386,7 +394,7 @@ bool TWinControl::has_below(TControl const *control) const
     for (TControl const *const child : f_controls) {
         if (child == control)
             return true;
-        auto const *const windowed = dynamic_cast<TWinControl const *>(child);
+        auto const *const windowed = vx_windowed(child);
         if (windowed && windowed->has_below(control))
             return true;
     }
@@ -395,7 +403,7 @@ bool TWinControl::has_below(TControl const *control) const
 
 void TWinControl::forget_focus(TControl const *control)
 {
-    auto const *const windowed = dynamic_cast<TWinControl const *>(control);
+    auto const *const windowed = vx_windowed(control);
     if (windowed && f_focus_child && windowed->ContainsControl(f_focus_child))
         f_focus_child = nullptr;
 }

@@ -1,3 +1,4 @@
+#include "platform/toolkit/bridge/detail/control_link.h"
 #include "platform/toolkit/core/dock_manager.h"
 #include "platform/toolkit/core/win_control.h"
 
@@ -36,7 +37,7 @@ void TWinControl::AlignControl(TControl *control)
         f_align_needed = true;
         return;
     }
-    auto const life = Life();
+    vx_control_guard const life(this);
     for (int round = 0; round < c_layout_rounds; ++round) {
         ++f_align_level;
         f_align_needed = false;
@@ -88,6 +89,7 @@ bool TWinControl::stands_before(TControl const *a, TControl const *b, TAlign ali
 std::vector<TControl *> TWinControl::sorted_for(TAlign align, TControl *control) const
 {
     std::vector<TControl *> sorted;
+    sorted.reserve(f_controls.size());
     auto const takes_part = [align](TControl const *c) {
         return c->f_align == align && (align == alNone || c->GetVisible());
     };
@@ -110,13 +112,16 @@ void TWinControl::AlignControls(TControl *control, TRect &rect)
 {
     AdjustClientRect(rect);
     // Handlers of `OnResize` may free or move away any control, this one too.
-    auto const life = Life();
+    vx_control_guard const life(this);
     auto const stands = [this](TControl const *child) {
         return std::find(f_controls.begin(), f_controls.end(), child) != f_controls.end();
     };
+    // Most parents have children of one or two kinds. What stands fast at the left and top has its place.
     auto const has = [this](TAlign align) {
-        return std::any_of(f_controls.begin(), f_controls.end(),
-                           [align](TControl const *child) { return child->f_align == align; });
+        return std::any_of(f_controls.begin(), f_controls.end(), [align](TControl const *child) {
+            return child->f_align == align &&
+                   (align != alNone || child->f_anchors != TAnchors{akLeft, akTop});
+        });
     };
     for (TAlign const align : {alTop, alBottom, alLeft, alRight, alClient, alNone}) {
         if (!has(align))
@@ -220,7 +225,7 @@ void TWinControl::place_by_anchors(TControl *control)
 
 bool TWinControl::set_in_layout(TControl *control, TRect const &rect)
 {
-    auto const life = control->Life();
+    vx_control_guard const life(control);
     control->f_in_layout = true;
     control->SetBoundsRect(rect);
     if (life.expired())
@@ -231,7 +236,7 @@ bool TWinControl::set_in_layout(TControl *control, TRect const &rect)
 
 void TWinControl::SizeChanged()
 {
-    auto const life = Life();
+    vx_control_guard const life(this);
     Realign();
     if (!life.expired())
         TControl::SizeChanged();
@@ -241,7 +246,7 @@ void TWinControl::AdjustSize()
 {
     if (!GetAutoSize())
         return;
-    auto const life = Life();
+    vx_control_guard const life(this);
     ++f_align_level;
     TControl::AdjustSize();
     if (life.expired())

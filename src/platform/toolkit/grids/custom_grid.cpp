@@ -26,7 +26,6 @@ TCustomGrid::TCustomGrid(TComponent *owner)
     ControlStyle.Exclude(csClickEvents);
     SetBounds(0, 0, c_default_width, c_default_height);
     SetTabStop(true);
-    SetParentColor(false);
     SetColor(clWindow);
 }
 
