@@ -1,13 +1,12 @@
 #include "platform/storage/vx_scn_2d_file.h"
 
 #include "platform/base/owned.h"
-#include "platform/layers/layer_keys.h"
 #include "platform/layers/vx_lr2d.h"
-#include "platform/layers/vx_rtr_lr2d.h"
 #include "platform/layers/vx_scn_2d.h"
 #include "platform/layers/vx_shp_lr2d.h"
 #include "platform/layers/vx_tld_lr2d.h"
 #include "platform/layers/vx_tos_lr2d.h"
+#include "platform/storage/detail/cell_xml.h"
 #include "platform/storage/detail/mngr_xml.h"
 #include "platform/storage/detail/storage_state.h"
 #include "platform/storage/detail/stored_source.h"
@@ -27,9 +26,11 @@ constexpr char const *c_view = "view";
 constexpr char const *c_styles = "managers";
 constexpr char const *c_texts = "texts";
 constexpr char const *c_raster = "raster";
+constexpr char const *c_properties = "properties";
 constexpr char const *c_labels = "labels";
-/// 2 knows the view, the managers and how rasters are drawn, 3 the labels.
-constexpr int c_version = 3;
+/// 2 knows the view, the managers and how rasters are drawn, 3 the labels, 4 channels and layers of property
+/// files.
+constexpr int c_version = 4;
 /// More layers than a map is made of.
 constexpr std::size_t c_most_layers = 10'000;
 
@@ -67,35 +68,6 @@ Ivx_layer *labels_of(Ivx_layer *layer)
     return of_shape ? of_shape : vx_tos_2crd_lr2d_get_text_layer_ptr(layer);
 }
 
-bool is_raster(Ivx_layer const *layer)
-{
-    return std::string_view(vx_lr2d_get_lr_type(layer)) == c_lr_key_rtr;
-}
-
-void write_raster(xml_out element, Ivx_layer const *layer)
-{
-    element.field("draw_type", vx_rtr_lr2d_get_draw_type(layer));
-    element.field("transparent", vx_rtr_lr2d_get_transparent_clr(layer));
-    element.field("opacity", vx_rtr_lr2d_get_opacity(layer));
-    element.finish();
-}
-
-void read_raster(xml_in element, Ivx_layer *layer)
-{
-    int draw_type = vx_rtr_lr2d_get_draw_type(layer);
-    Tvx_color transparent = vx_rtr_lr2d_get_transparent_clr(layer);
-    double opacity = vx_rtr_lr2d_get_opacity(layer);
-    element.field("draw_type", draw_type);
-    element.field("transparent", transparent);
-    element.field("opacity", opacity);
-    if (draw_type < c_rtr_draw_normal || draw_type > c_rtr_draw_gray || opacity < 0 || opacity > 1)
-        element.fail();
-    element.finish();
-    vx_rtr_lr2d_set_draw_type(layer, draw_type);
-    vx_rtr_lr2d_set_transparent_clr(layer, transparent);
-    vx_rtr_lr2d_set_opacity(layer, opacity);
-}
-
 // ---- layers
 
 /// `parent` is the number of the layer that a text layer belongs to, -1 for none.
@@ -114,6 +86,8 @@ void write_layer(xml_out element, Ivx_layer *layer, std::wstring const &folder, 
         write_mngr_list(element.child(c_texts), *texts);
     if (is_raster(layer))
         write_raster(element.child(c_raster), layer);
+    if (vx_lr2d_is_tos(layer))
+        write_properties(element.child(c_properties), layer);
     if (auto *const labels = labels_of(layer); labels && !has_new_text_classes(labels))
         write_text_layer(element.child(c_labels), labels, parent);
     element.finish();
@@ -151,6 +125,8 @@ layer_ptr read_layer(xml_in element, std::wstring const &folder, int &parent)
     }
     if (is_raster(layer.get()) && element.at(c_raster))
         read_raster(element.child(c_raster), layer.get());
+    if (vx_lr2d_is_tos(layer.get()) && element.at(c_properties))
+        read_properties(element.child(c_properties), layer.get());
     if (auto *const labels = labels_of(layer.get()); labels && element.at(c_labels))
         read_text_layer(element.child(c_labels), labels, parent);
     element.finish();

@@ -1,12 +1,14 @@
 #include "support/temp_dir.h"
 
 #include "platform/base/owned.h"
+#include "platform/basic/vx_clr_channel.h"
 #include "platform/data/vx_tld_data.h"
 #include "platform/layers/layer_keys.h"
 #include "platform/layers/vx_rtr_lr2d.h"
 #include "platform/layers/vx_scn_2d.h"
 #include "platform/layers/vx_shp_lr2d.h"
 #include "platform/layers/vx_tld_lr2d.h"
+#include "platform/layers/vx_tos_lr2d.h"
 #include "platform/storage/vx_scn_2d_file.h"
 #include "platform/storage/vx_xml_save_2d.h"
 #include "platform/styles/vx_stl_mngr_list.h"
@@ -178,7 +180,7 @@ TEST(scene_files, of_version_1_are_read_and_newer_ones_told)
     };
     EXPECT_TRUE(load("<vx_scene version=\"1\"><layer type=\"shp_pnt_lr2d\" source=\"/a.shp\"/></vx_scene>"));
     EXPECT_EQ(vx_scn_2d_get_count(scene.get()), 1);
-    EXPECT_FALSE(load("<vx_scene version=\"4\"/>"));
+    EXPECT_FALSE(load("<vx_scene version=\"5\"/>"));
     for (char const *wrong :
          {"<view x=\"0\" y=\"0\" pixel=\"0\"/>", "<view x=\"0\" y=\"0\" pixel=\"nan\"/>",
           "<layer type=\"shp_pnt_lr2d\"><managers/></layer>",
@@ -187,6 +189,12 @@ TEST(scene_files, of_version_1_are_read_and_newer_ones_told)
           "<layer type=\"shp_pnt_lr2d\"><managers><manager rotate_start=\"4\"><simple><styles/></simple>"
           "</manager></managers></layer>",
           "<layer type=\"rtr_lr2d\"><raster opacity=\"2\"/></layer>",
+          "<layer type=\"rtr_lr2d\"><raster opacity=\"nan\"/></layer>",
+          "<layer type=\"rtr_lr2d\"><raster><red/><green/><blue/></raster></layer>",
+          "<layer type=\"rtr_lr2d\"><properties/></layer>",
+          "<layer type=\"tos_grid_lr2d\"><properties draw_type=\"2\"/></layer>",
+          "<layer type=\"tos_slice_lr2d\"><properties slice=\"3\" slices=\"3\"/></layer>",
+          "<layer type=\"tos_grid_lr1d\"><properties x=\"a\"/></layer>",
           "<layer type=\"shp_pnt_lr2d\"><labels/></layer>",
           "<layer type=\"shp_pnt_lr2d\"><labels current=\"1\"><class/></labels></layer>",
           "<layer type=\"shp_pnt_lr2d\"><labels><class priority=\"10\"/></labels></layer>",
@@ -194,9 +202,83 @@ TEST(scene_files, of_version_1_are_read_and_newer_ones_told)
           "<layer type=\"rtr_lr2d\"><labels><class/></labels></layer>",
           "<layer "
           "type=\"rtr_lr2d\"><managers><manager><simple><styles/></simple></manager></managers></layer>"})
-        EXPECT_FALSE(load((std::string("<vx_scene version=\"3\">") + wrong + "</vx_scene>").c_str()))
+        EXPECT_FALSE(load((std::string("<vx_scene version=\"4\">") + wrong + "</vx_scene>").c_str()))
             << wrong;
     EXPECT_EQ(vx_scn_2d_get_count(scene.get()), 1);
+}
+
+TEST(scene_files, keep_how_layers_of_cells_are_drawn)
+{
+    vx_test::temp_dir dir;
+    auto const path = (dir / "a_.sn").wstring();
+    scene_ptr const scene(vx_scn_2d_create(L"")), other(vx_scn_2d_create(L""));
+    char const *const keys[] = {c_lr_key_rtr,         c_lr_key_tos_grid, c_lr_key_tos_slice,
+                                c_lr_key_tos_grid_1d, c_lr_key_tos_2crd, c_lr_key_rtr};
+    for (int i = 0; i < 6; ++i)
+        ASSERT_TRUE(vx_scn_2d_insert(
+            scene.get(), i,
+            make_layer(keys[i], L"", i == 0 ? L"" VX_EXAMPLE_DATA "/L7_ETMs.tif" : L"/gone")));
+    auto const layer = [](scene_ptr const &of, int i) { return vx_scn_2d_get_layer(of.get(), i); };
+    auto const set_channel = [](void *channel, wchar_t const *name) {
+        vx_clr_channel_set_prop_name_w(channel, name);
+        vx_clr_channel_set_min(channel, -0.1);
+        vx_clr_channel_set_max(channel, 1e300);
+        vx_clr_channel_set_histogramm_default(channel, false);
+        vx_clr_channel_set_histogramm_min(channel, 3);
+        vx_clr_channel_set_histogramm_max(channel, 4);
+    };
+    vx_rtr_lr2d_set_draw_type(layer(scene, 0), c_rtr_draw_channels);
+    vx_rtr_lr2d_set_transparent_clr(layer(scene, 0), vx_clr_init_rgb(1, 2, 3));
+    set_channel(vx_rgb_channels_get_blue(vx_rtr_lr2d_get_rgb_channels_ptr(layer(scene, 0))), L"5");
+    vx_tos_slice_lr2d_set_zslice_count(layer(scene, 2), 9);
+    vx_tos_slice_lr2d_set_zslice(layer(scene, 2), 7);
+    for (int i : {1, 2}) {
+        vx_tos_grid_lr2d_set_draw_type(layer(scene, i), 3);
+        vx_tos_grid_lr2d_set_interpolate(layer(scene, i), true);
+        vx_tos_grid_lr2d_set_opacity(layer(scene, i), 0.125);
+        set_channel(vx_rgb_channels_get_gray(vx_tos_grid_lr2d_get_rgb_channels_ptr(layer(scene, i))), L"h");
+    }
+    vx_tos_grid_1d_lr2d_set_height_prp_name(layer(scene, 3), L"высота");
+    vx_tos_2crd_lr2d_set_wprop_name_x(layer(scene, 4), L"E");
+    vx_tos_2crd_lr2d_set_wprop_name_y(layer(scene, 4), L"N");
+    auto const mngr = [&](scene_ptr const &of, int i) {
+        return i < 3    ? vx_tos_grid_lr2d_get_clr_stl_mngr_ptr(layer(of, i))
+               : i == 3 ? vx_tos_grid_1d_lr2d_get_stl_mngr_ptr(layer(of, i))
+                        : vx_tos_2crd_lr2d_get_stl_mngr(layer(of, i));
+    };
+    for (int i = 1; i < 5; ++i) {
+        vx_stl_mngr_set_rng_prop_name_w(mngr(scene, i), L"h");
+        vx_stl_mngr_set_mode(mngr(scene, i), c_stl_mngr_mode_range);
+        vx_rng_scale_set_size(vx_stl_mngr_get_rng_scale_ptr(mngr(scene, i)), 4);
+    }
+    ASSERT_TRUE(vx_xml_data_save_scn2d_w(nullptr, path.c_str(), scene.get()));
+    ASSERT_TRUE(vx_xml_data_load_scn2d_w(nullptr, path.c_str(), other.get()));
+    for (int i = 1; i < 5; ++i)
+        EXPECT_TRUE(vx_stl_mngr_equal(mngr(other, i), mngr(scene, i))) << i;
+    for (int i : {0, 5}) {
+        EXPECT_EQ(vx_rtr_lr2d_get_draw_type(layer(other, i)), vx_rtr_lr2d_get_draw_type(layer(scene, i)));
+        EXPECT_EQ(vx_rtr_lr2d_get_transparent_clr(layer(other, i)),
+                  vx_rtr_lr2d_get_transparent_clr(layer(scene, i)));
+        EXPECT_TRUE(vx_rgb_channels_equal(vx_rtr_lr2d_get_rgb_channels_ptr(layer(other, i)),
+                                          vx_rtr_lr2d_get_rgb_channels_ptr(layer(scene, i))));
+    }
+    for (int i : {1, 2}) {
+        EXPECT_EQ(vx_tos_grid_lr2d_get_draw_type(layer(other, i)), 3);
+        EXPECT_TRUE(vx_tos_grid_lr2d_get_interpolate(layer(other, i)));
+        EXPECT_EQ(vx_tos_grid_lr2d_get_opacity(layer(other, i)), 0.125);
+        EXPECT_TRUE(vx_rgb_channels_equal(vx_tos_grid_lr2d_get_rgb_channels_ptr(layer(other, i)),
+                                          vx_tos_grid_lr2d_get_rgb_channels_ptr(layer(scene, i))));
+    }
+    EXPECT_EQ(vx_tos_slice_lr2d_get_zslice(layer(other, 2)), 7);
+    std::wstring height, x, y;
+    vx_tos_grid_1d_lr2d_get_height_prp_name(layer(other, 3), Tvx_std_wstring_adapter(height));
+    vx_tos_2crd_lr2d_get_wprop_name_x(layer(other, 4), Tvx_std_wstring_adapter(x));
+    vx_tos_2crd_lr2d_get_wprop_name_y(layer(other, 4), Tvx_std_wstring_adapter(y));
+    EXPECT_EQ(height + x + y, L"высотаEN");
+    // What was read is written again, also of data that are gone.
+    std::string const bytes = vx_test::read_file(path);
+    ASSERT_TRUE(vx_xml_data_save_scn2d_w(nullptr, path.c_str(), other.get()));
+    EXPECT_EQ(vx_test::read_file(path), bytes);
 }
 
 TEST(scene_files, name_sources_near_them_from_their_folder_and_keep_no_password)

@@ -54,6 +54,12 @@ Tvx_stat_data *rtr_layer::statistic(unsigned band)
     return stat.get();
 }
 
+void rtr_layer::set_channels(void const *from)
+{
+    vx_rgb_channels_assign(channels.get(), from);
+    has_fed_channels = true;
+}
+
 void *rtr_layer::rgb_channels()
 {
     auto const &bands = opened_source().bands();

@@ -20,6 +20,10 @@ struct rtr_layer final : Ivx_layer
     /// Null past the end.
     [[nodiscard]] Tvx_stat_data *statistic(unsigned band);
     [[nodiscard]] void *rgb_channels();
+    /// Null as long as nobody has asked for the channels, nor said what they are.
+    [[nodiscard]] void const *known_channels() const { return has_fed_channels ? channels.get() : nullptr; }
+    /// Takes these, and no band feeds them by itself.
+    void set_channels(void const *from);
 
     int draw_type = 0;
     Tvx_color transparent;

@@ -32,6 +32,13 @@ void describe(Element &element, Mngr &mngr)
     element.field("rotate_direction", mngr.rotate_dir);
 }
 
+void check(xml_in &element, xml_fault::kind_type fault)
+{
+    if (fault != xml_fault::none)
+        element.fail();
+}
+} // namespace
+
 void write_mngr(xml_out element, stl_mngr const &mngr)
 {
     describe(element, mngr);
@@ -45,12 +52,6 @@ void write_mngr(xml_out element, stl_mngr const &mngr)
     if (!(mngr.rules == val_scale(kind)))
         write_scale(element.child(c_rules), mngr.rules, c_rule_scale);
     element.finish();
-}
-
-void check(xml_in &element, xml_fault::kind_type fault)
-{
-    if (fault != xml_fault::none)
-        element.fail();
 }
 
 void read_mngr(xml_in &element, stl_mngr &mngr)
@@ -76,7 +77,6 @@ void read_mngr(xml_in &element, stl_mngr &mngr)
         element.fail();
     element.finish();
 }
-} // namespace
 
 void write_mngr_list(xml_out element, stl_mngr_list const &list)
 {
