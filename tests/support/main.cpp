@@ -1,3 +1,5 @@
+#include "platform/basic/vx_options.h"
+
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
 #include <QtCore/qlogging.h>
@@ -51,6 +53,9 @@ int main(int argc, char **argv)
         qputenv("QT_QPA_PLATFORM",
                 "offscreen:configfile=" VX_SOURCE_DIR "/tests/support/offscreen_1920x1080.json");
     qInstallMessageHandler(keep_warning);
+    // Tests of plug-ins name theirs; no other test is to meet what lies in a folder of the machine.
+    vx_options_set_lr_2d_editor_plugin_mask(nullptr);
+    vx_options_set_style_editor_plugin_mask(nullptr);
     testing::UnitTest::GetInstance()->listeners().Append(new warning_listener);
     return RUN_ALL_TESTS();
 }

@@ -4,6 +4,7 @@
 #include "platform/basic/detail/caption_catalogue.h"
 #include "platform/basic/detail/options_file.h"
 #include "platform/winapi/file.h"
+#include "platform/winapi/library.h"
 
 #include <charconv>
 #include <cstdlib>
@@ -13,6 +14,7 @@ namespace {
 constexpr std::size_t c_file_limit = 1 << 20;
 constexpr double c_default_mm2px = 96 / 25.4;
 constexpr double c_max_mm2px = 1000;
+constexpr wchar_t c_default_plugins[] = L"vxk_plugins/*.so";
 constexpr char c_key_lr_2d_mask[] = "lr_2d_editor_plugin_mask";
 constexpr char c_key_style_mask[] = "style_editor_plugin_mask";
 constexpr char c_key_mm2px_x[] = "mm2px_x";
@@ -74,8 +76,8 @@ public:
         f_may_save = !f_file_name.empty() && (content || !vx_path_exists(f_file_name));
         f_saved = content.value_or(std::string());
         f_file.parse(f_saved);
-        f_lr_2d_mask = text_of(c_key_lr_2d_mask);
-        f_style_mask = text_of(c_key_style_mask);
+        f_lr_2d_mask = mask_of(c_key_lr_2d_mask);
+        f_style_mask = mask_of(c_key_style_mask);
         f_mm2px_x = number_of(c_key_mm2px_x);
         f_mm2px_y = number_of(c_key_mm2px_y);
         f_invert = f_file.get(c_key_invert) == "1";
@@ -104,10 +106,7 @@ public:
     void set_mask(char const *key, std::wstring &field, wchar_t const *mask)
     {
         field = mask ? mask : L"";
-        if (field.empty())
-            f_file.erase(key);
-        else
-            f_file.set(key, vx::text::wide_to_utf8(field));
+        f_file.set(key, vx::text::wide_to_utf8(field));
     }
     void set_mm2px(double x, double y)
     {
@@ -140,9 +139,12 @@ public:
     std::string f_language;
 
 private:
-    [[nodiscard]] std::wstring text_of(char const *key) const
+    [[nodiscard]] std::wstring mask_of(char const *key) const
     {
-        return vx::text::utf8_to_wide(f_file.get(key).value_or(std::string()));
+        if (auto const mask = f_file.get(key))
+            return vx::text::utf8_to_wide(*mask);
+        std::wstring const own = vx_library_get_own_directory();
+        return own.empty() ? own : own + c_default_plugins;
     }
     [[nodiscard]] double number_of(char const *key) const
     {

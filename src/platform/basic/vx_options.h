@@ -10,10 +10,12 @@
 /// range gives the default. Setters change the running process at once; `vx_options_save` writes the file,
 /// keeping the lines that it does not know. Main thread only.
 
-/// File masks of the native plug-ins, such as L"/usr/lib/x/plugins/*.so"; null means no plug-ins.
+/// File masks of the native plug-ins, such as L"/usr/lib/x/plugins/*.so"; null means no plug-ins. Unless set,
+/// the modules in the folder `vxk_plugins` beside this library, wherever that was loaded from: never the
+/// current folder, nor one of the user's data.
 [[nodiscard]] VX_API wchar_t const *vx_options_get_lr_2d_editor_plugin_mask();
 [[nodiscard]] VX_API wchar_t const *vx_options_get_style_editor_plugin_mask();
-/// Null or the empty text takes the mask away.
+/// Null or the empty text: no plug-ins.
 VX_API void vx_options_set_lr_2d_editor_plugin_mask(wchar_t const *mask);
 VX_API void vx_options_set_style_editor_plugin_mask(wchar_t const *mask);
 

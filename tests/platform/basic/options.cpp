@@ -3,6 +3,7 @@
 
 #include "platform/base/text_codec.h"
 #include "platform/basic/vx_options.h"
+#include "platform/winapi/library.h"
 
 #include <cstdlib>
 #include <gtest/gtest.h>
@@ -62,8 +63,10 @@ TEST_F(options, defaults)
           "mm2px_x=-1\nmm2px_y=1001\n", "mm2px_x=3,5\nmm2px_y=4 px\n", "invert_layers=yes\n"}) {
         SCOPED_TRACE(text);
         use(text);
-        EXPECT_EQ(nullptr, vx_options_get_lr_2d_editor_plugin_mask());
-        EXPECT_EQ(nullptr, vx_options_get_style_editor_plugin_mask());
+        auto const plugins = std::wstring(vx_library_get_own_directory()) + L"vxk_plugins/*.so";
+        EXPECT_EQ(L'/', plugins[0]);
+        EXPECT_EQ(plugins, vx_options_get_lr_2d_editor_plugin_mask());
+        EXPECT_EQ(plugins, vx_options_get_style_editor_plugin_mask());
         EXPECT_DOUBLE_EQ(c_default_mm2px, vx_options_get_mm2px_x());
         EXPECT_DOUBLE_EQ(c_default_mm2px, vx_options_get_mm2px_y());
         EXPECT_FALSE(vx_options_get_invert_layers());
@@ -92,12 +95,12 @@ TEST_F(options, save_keeps_foreign_lines_and_order)
     vx_options_set_lr_2d_editor_plugin_mask(L"/я/*.so\nlanguage=xx");
     vx_options_set_invert_layers(true);
     ASSERT_TRUE(vx_options_save());
-    EXPECT_EQ("# mine\nfuture_option = 7\nmm2px_x=2.5\nmm2px_y=3.125\n"
+    EXPECT_EQ("# mine\nfuture_option = 7\nmm2px_x=2.5\nstyle_editor_plugin_mask=\nmm2px_y=3.125\n"
               "lr_2d_editor_plugin_mask=/я/*.so language=xx\ninvert_layers=1\n",
               file_text());
     reread();
     EXPECT_EQ(3.125, vx_options_get_mm2px_y());
-    EXPECT_EQ(nullptr, vx_options_get_style_editor_plugin_mask());
+    EXPECT_EQ(nullptr, vx_options_get_style_editor_plugin_mask()) << "none, and not the default";
     vx_options_set_mm2px(0, 1);
     vx_options_set_mm2px(1, 1e9);
     EXPECT_EQ(2.5, vx_options_get_mm2px_x()) << "values out of range are ignored";

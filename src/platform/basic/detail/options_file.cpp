@@ -72,7 +72,3 @@ void options_file::set(std::string_view key, std::string_view value)
         *at = std::move(made);
 }
 
-void options_file::erase(std::string_view key)
-{
-    std::erase_if(f_lines, [&](line const &l) { return l.key == key; });
-}

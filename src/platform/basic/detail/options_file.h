@@ -17,7 +17,6 @@ public:
     [[nodiscard]] std::optional<std::string> get(std::string_view key) const;
     /// Line breaks in the value become spaces. Changes the line that holds, or adds one at the end.
     void set(std::string_view key, std::string_view value);
-    void erase(std::string_view key);
 
 private:
     struct line
