@@ -9,7 +9,7 @@ import re, subprocess, sys
 # Our own names, and what the compiler makes for a class: tables, type information, thunks, guards.
 OURS = re.compile(r'(vtable for |typeinfo for |typeinfo name for |VTT for |construction vtable for |'
                   r'(non-virtual|virtual|covariant return) thunk to |guard variable for )?'
-                  r'(.*\b(T[A-Z]\w*|Tvx_\w+|Ivx_\w+|Tutils|vx_\w+|vxk_\w+|vx::|vxstd::|closure<|clr_2_rgb|rgb_2_clr|clr2rgb))')
+                  r'(.*\b(T[A-Z]\w*|Tvx_\w+|Ivx_\w+|Tutils|vx_\w+|vxk_\w+|plugin_style_editor_\w+|vx::|vxstd::|closure<|clr_2_rgb|rgb_2_clr|clr2rgb))')
 FOREIGN = re.compile(r'^(vtable for |typeinfo (name )?for )?(Q[A-Z]\w+|pugi::|icu_|GDAL|OGR|sqlite3)')
 
 
