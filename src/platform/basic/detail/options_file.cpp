@@ -71,4 +71,3 @@ void options_file::set(std::string_view key, std::string_view value)
     else
         *at = std::move(made);
 }
-
