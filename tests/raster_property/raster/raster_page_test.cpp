@@ -1,11 +1,56 @@
+#include "data/grid/grid_datasource.h"
 #include "raster_fixture.h"
 
+#include "platform/base/matrix.h"
+#include "platform/render/vx_bmp_dc.h"
+#include "platform/render/vx_render_layer.h"
 #include "platform/toolkit/controls/shape.h"
 #include "platform/toolkit/core/application.h"
 #include "platform/toolkit/core/strings.h"
 #include "platform/toolkit/graphics/brush.h"
 
 using raster_page_test = raster_fixture;
+
+namespace {
+/// The cells of a raster, and a layer of it drawn with a pixel for each on white paper.
+class drawn_raster
+{
+public:
+    explicit drawn_raster(std::wstring const &file)
+    {
+        vx::data::grid_datasource grid;
+        EXPECT_TRUE(grid.open(file, vx::data::access_read));
+        bands.resize(static_cast<std::size_t>(grid.field_count()));
+        for (std::size_t i = 0; i < bands.size(); ++i)
+            EXPECT_TRUE(grid.field_values(static_cast<int>(i), bands[i]));
+        Tvx_matrix3x3 matrix;
+        EXPECT_TRUE(grid.geotransform(matrix));
+        auto const &m = matrix.m;
+        view.width = static_cast<int>(grid.xcount());
+        view.height = static_cast<int>(grid.ycount());
+        view.world = {m[0][2], m[1][2] + m[1][1] * view.height, m[0][2] + m[0][0] * view.width, m[1][2]};
+    }
+    [[nodiscard]] std::vector<Tvx_color> draw(Ivx_layer *layer) const
+    {
+        std::vector<unsigned char> pixels(bands[0].size() * 4, 255);
+        vx::owned<void, &vx_bmp_dc_destroy> const dc(vx_bmp_dc_create());
+        vx_bmp_dc_set_pixels(dc.get(), pixels.data(), view.width, view.height, 4 * view.width);
+        EXPECT_TRUE(vx_render_layer(layer, view, dc.get()));
+        std::vector<Tvx_color> colors;
+        for (std::size_t i = 0; i < pixels.size(); i += 4)
+            colors.push_back(vx_clr_init_rgb(pixels[i + 2], pixels[i + 1], pixels[i]));
+        return colors;
+    }
+
+    std::vector<std::vector<double>> bands;
+    Tvx_map_view view;
+};
+
+int level(double value, double low, double high)
+{
+    return static_cast<int>(std::lround(255 * std::clamp((value - low) / (high - low), 0.0, 1.0)));
+}
+} // namespace
 
 TEST_F(raster_page_test, a_draw_type_shows_what_belongs_to_it)
 {
@@ -326,4 +371,58 @@ TEST_F(raster_page_test, heights_may_be_logarithmic_and_a_hint_tells_the_share)
         << chart->GetHint().to_utf8();
     ASSERT_TRUE(input::move(chart, 2, 2));
     EXPECT_TRUE(chart->GetHint().IsEmpty());
+}
+
+TEST_F(raster_page_test, the_host_draws_what_was_applied)
+{
+    std::wstring const file = example(L"L7_ETMs.tif");
+    drawn_raster const raster(file);
+    open_raster(file);
+    auto const wrong = [&](auto const &wanted) {
+        auto const colors = raster.draw(layer.get());
+        std::size_t count = 0;
+        for (std::size_t i = 0; i < colors.size(); ++i)
+            count += !is_close(colors[i], wanted(i));
+        return count;
+    };
+    auto const &cells = raster.bands;
+
+    ASSERT_TRUE(choose_type(L"Gray"));
+    auto *const gray = channel_edit(3);
+    ASSERT_TRUE(input::choose_item(gray->get_prop_cb()->get_combo_box(), 3));
+    ASSERT_TRUE(input::enter_text(gray->get_track_min()->get_size_panel()->get_edit(), L"20"));
+    auto *const chart = gray->get_chart()->get_chart();
+    ASSERT_TRUE(input::drag(chart, column(gray, 255), c_row, column(gray, 110), c_row));
+    auto const [low, high] = stretch_of(copy(), 3);
+    EXPECT_NEAR(high, 110, 1);
+    apply();
+    EXPECT_EQ(wrong([&, low = low, high = high](std::size_t i) {
+                  int const g = level(cells[3][i], low, high);
+                  return vx_clr_init_rgb(g, g, g);
+              }),
+              0u);
+
+    ASSERT_TRUE(choose_type(L"Channels"));
+    int const bands[] = {4, 3, 0};
+    for (int i = 0; i < 3; ++i)
+        ASSERT_TRUE(input::choose_item(channel_edit(i)->get_prop_cb()->get_combo_box(), bands[i]));
+    ASSERT_TRUE(input::enter_text(raster_page()->get_opacity()->get_size_panel()->get_edit(), L"40"));
+    apply();
+    EXPECT_EQ(wrong([&](std::size_t i) {
+                  auto const over = [](int part) { return static_cast<int>(std::lround(0.6 * part + 102)); };
+                  return vx_clr_init_rgb(over(level(cells[4][i], 1, 255)), over(level(cells[3][i], 9, 255)),
+                                         over(level(cells[0][i], 47, 255)));
+              }),
+              0u);
+
+    ASSERT_TRUE(input::enter_text(raster_page()->get_opacity()->get_size_panel()->get_edit(), L"0"));
+    ASSERT_TRUE(choose_type(L"Normal"));
+    apply();
+    auto const normal = raster.draw(layer.get());
+    next_color = normal[normal.size() / 2];
+    ASSERT_TRUE(input::click(raster_page()->get_transparent_clr()->get_clr_panel()->get_button()));
+    apply();
+    auto const paper = vx_clr_init_rgb(255, 255, 255);
+    EXPECT_EQ(wrong([&](std::size_t i) { return normal[i] == next_color ? paper : normal[i]; }), 0u);
+    EXPECT_FALSE(is_close(raster.draw(layer.get())[normal.size() / 2], next_color));
 }
