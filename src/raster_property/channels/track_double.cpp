@@ -11,6 +11,7 @@ constexpr int c_steps = 1000;
 constexpr int c_start = 50;
 constexpr int c_thumb_length = 18;
 constexpr int c_border = 2;
+constexpr int c_line = 5; // of an arrow key: the thumb is seen to move
 constexpr int c_page = 50;
 constexpr double c_no_span = 1e-6;
 /// A position that was made a value and comes back is the same position.
@@ -38,6 +39,7 @@ void Tvx_track_double::create()
     f_track->SetThumbLength(c_thumb_length);
     f_track->SetMin(0);
     f_track->SetMax(c_steps);
+    f_track->SetLineSize(c_line);
     f_track->SetPageSize(c_page);
     f_track->SetPosition(c_start);
     f_track->SetAlign(alClient);

@@ -249,8 +249,8 @@ TEST_F(raster_page_test, a_channel_is_stretched_by_numbers_sliders_and_marks)
     EXPECT_EQ(stretch(), pair(32, 50));
     for (int i = 1; i <= 5; ++i) {
         ASSERT_TRUE(input::press(VK_RIGHT));
-        EXPECT_NEAR(stretch().first, 32 + i * 0.223, 1e-9);
-        EXPECT_EQ(low->get_track_bar()->GetPosition(), i);
+        EXPECT_NEAR(stretch().first, 32 + i * 5 * 0.223, 1e-9);
+        EXPECT_EQ(low->get_track_bar()->GetPosition(), i * 5);
     }
     high->get_track_bar()->SetFocus();
     ASSERT_TRUE(input::press(VK_END));
