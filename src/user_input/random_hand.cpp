@@ -248,8 +248,14 @@ random_hand::~random_hand() = default;
 bool random_hand::run(int milliseconds)
 {
     QDeadlineTimer const deadline(milliseconds);
-    while (!f_worker->is_at_rest() && !deadline.hasExpired())
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents); // the hand's timer is one
+    auto const rest = [&] {
+        while (!f_worker->is_at_rest() && !deadline.hasExpired())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents); // the hand's timer is one
+    };
+    rest();
+    // The last deed is posted, and may open something yet.
+    QCoreApplication::processEvents();
+    rest();
     return f_worker->is_at_rest();
 }
 
