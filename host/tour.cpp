@@ -18,6 +18,8 @@
 #include "host/tour_controls.h"
 #include "host/tour_maps.h"
 #include "layer_edit/form/lr2d_edit_form.h"
+#include "raster_property/channels/channels_edit.h"
+#include "raster_property/raster/rtr_id_lr2d_edit.h"
 #include "scale_engine/range/range_scale_default.h"
 #include "style_manager/shell/stl_mngr_edit.h"
 #include "user_input/user_hand.h"
@@ -55,6 +57,10 @@ constexpr QSize c_window_size{1360, 860};
 /// For pictures with the editor beside the map, which documents show.
 constexpr QSize c_small_window_size{900, 600};
 constexpr unsigned c_tour_ranges = 10;
+/// Draw types of rasters, by their places in the list.
+constexpr int c_gray_place = 1;
+constexpr int c_channels_place = 2;
+constexpr int c_chart_row = 60; // of a histogram, where its marks are dragged
 
 struct layer_kind
 {
@@ -105,6 +111,7 @@ bool Tvx_tour::run(QStringList const &files)
         show_layer_kinds();
         show_apply();
         show_range_editor();
+        show_raster();
         show_maps();
         show_style_dialog();
         show_broken_file();
@@ -375,6 +382,63 @@ void Tvx_tour::show_range_editor()
     shoot_windows("screen_ranges");
     show_user_palettes(*edit->get_grid());
     f_window.editor().close();
+}
+
+/// A satellite picture: its infrared bands as colours, stretched on their histograms. The raster stays as it
+/// was.
+void Tvx_tour::show_raster()
+{
+    namespace input = vx::user_input;
+    remove_all_layers();
+    f_window.resize(c_small_window_size);
+    if (!open_example({"L7_ETMs.tif"}))
+        return;
+    open_properties_of(0);
+    auto *const form = f_window.editor().handle() ? f_window.editor().handle()->get_form() : nullptr;
+    auto *const page = form ? vx_tour_find<Tvx_rtr_id_lr2d_edit>(form) : nullptr;
+    check(page, "the editor has no page of rasters");
+    if (!page)
+        return;
+    check(input::choose_item(page->get_draw_type_cb()->get_combo_box(), c_channels_place),
+          "the draw type cannot be chosen");
+    auto *const channels = page->get_channels();
+    struct
+    {
+        int band;
+        double low, high; // most of its values lie between them
+    } const stretches[] = {{3, 10, 100}, {2, 22, 120}, {1, 35, 120}};
+    for (int i = 0; i < 3; ++i) {
+        auto *const edit = channels->get_edit(i);
+        check(input::click_tab(channels->get_pages(), i) &&
+                  input::choose_item(edit->get_prop_cb()->get_combo_box(), stretches[i].band),
+              "the band cannot be chosen");
+        TChart *const chart = edit->get_chart()->get_chart();
+        for (double const to : {stretches[i].high, stretches[i].low}) {
+            double const from =
+                to == stretches[i].high ? edit->get_track_max()->get_val() : edit->get_track_min()->get_val();
+            TChartAxis const &axis = *chart->GetBottomAxis();
+            check(
+                input::drag(chart, axis.CalcPosValue(from), c_chart_row, axis.CalcPosValue(to), c_chart_row),
+                "the mark cannot be dragged");
+        }
+        check(std::abs(edit->get_track_max()->get_val() - stretches[i].high) < 2,
+              "the mark stands elsewhere");
+    }
+    apply();
+    shoot_windows("screen_raster_channels");
+    shoot_editor("editor_raster_channels");
+    check(input::choose_item(page->get_draw_type_cb()->get_combo_box(), c_gray_place), "no draw type gray");
+    auto *const gray = channels->get_edit(3);
+    check(input::click(gray->get_chart()->get_log_box(), 8, 8), "the heights cannot be logarithmic");
+    check(input::enter_text(gray->get_track_min()->get_size_panel()->get_edit(), L"50") &&
+              input::enter_text(gray->get_track_max()->get_size_panel()->get_edit(), L"120"),
+          "the numbers cannot be typed");
+    apply();
+    shoot_windows("screen_raster_gray");
+    check(input::click(gray->get_chart()->get_log_box(), 8, 8), "the heights stay logarithmic");
+    f_window.editor().close();
+    remove_all_layers();
+    f_window.resize(c_window_size);
 }
 
 void Tvx_tour::show_user_palettes(Tvx_scale_grid &grid)

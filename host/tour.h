@@ -25,6 +25,7 @@ private:
     void show_layer_kinds();
     void show_apply();
     void show_range_editor();
+    void show_raster();
     void show_user_palettes(class Tvx_scale_grid &grid);
     void show_maps();
     void show_style_dialog();

@@ -7,6 +7,7 @@
 
 namespace {
 constexpr int c_height = 50;
+constexpr int c_edit_width = 90;
 constexpr int c_steps = 1000;
 constexpr int c_start = 50;
 constexpr int c_thumb_length = 18;
@@ -30,6 +31,7 @@ void Tvx_track_double::create()
     f_size->SetParent(this);
     f_size->SetAlign(alTop);
     f_size->set_trim_trailing_zeros(true);
+    f_size->set_edt_ctrl_width(c_edit_width);
     f_size->on_changed = make_closure<&Tvx_track_double::on_size_panel_change>(this);
     f_size->on_apply = make_closure<&Tvx_track_double::on_size_panel_apply>(this);
     f_track = new Tvx_track_bar(this);
