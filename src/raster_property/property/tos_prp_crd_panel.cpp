@@ -23,6 +23,7 @@ void Tvx_tos_prp_crd_panel::create()
 {
     f_edit_x = add_edit(make_closure<&Tvx_tos_prp_crd_panel::on_edit_x_changed>(this));
     f_edit_y = add_edit(make_closure<&Tvx_tos_prp_crd_panel::on_edit_y_changed>(this));
+    SetHeight(f_edit_x->GetHeight() + f_edit_y->GetHeight());
 }
 
 void Tvx_tos_prp_crd_panel::load_res()
