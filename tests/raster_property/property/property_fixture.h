@@ -19,7 +19,7 @@
 /// The editor's window over a layer of property files made of the example rasters.
 class property_fixture : public shape_fixture
 {
-protected:
+public:
     /// Files that the tests share: none writes more than statistics into them.
     struct files
     {
@@ -82,6 +82,8 @@ protected:
             make(points, set, {{L"X", x}, {L"Y", y}, {L"value", value}});
         }
     };
+
+protected:
     static files const &shared()
     {
         static std::unique_ptr<files> const all = [] {
