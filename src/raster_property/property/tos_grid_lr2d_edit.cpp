@@ -22,28 +22,21 @@ void Tvx_tos_grid_lr2d_edit::create()
     f_draw_type_cb->set_caption_width(c_caption_width);
     f_draw_type_cb->SetAlign(alTop);
     f_draw_type_cb->on_changed = make_closure<&Tvx_tos_grid_lr2d_edit::on_draw_type_cb_changed>(this);
-    f_opacity_panel = new Tvx_fast_int_panel(this);
-    f_opacity_panel->SetParent(this);
-    f_opacity_panel->set_min(-1);
-    f_opacity_panel->set_max(99);
-    f_opacity_panel->set_caption_width(c_caption_width);
-    f_opacity_panel->SetAlign(alBottom);
-    f_opacity_panel->on_changed = make_closure<&Tvx_tos_grid_lr2d_edit::on_opacity_changed>(this);
     f_scale_panel = new Tvx_panel(this);
     f_scale_panel->SetParent(this);
     f_scale_panel->SetAlign(alClient);
     f_scale_panel->SetVisible(false);
-    f_interpolate_cb = new Tvx_interpolate_cb(this);
-    f_interpolate_cb->SetParent(f_scale_panel);
-    f_interpolate_cb->create();
-    f_interpolate_cb->SetAlign(alBottom);
-    f_interpolate_cb->on_changed = make_closure<&Tvx_tos_grid_lr2d_edit::on_interpolate_cb_changed>(this);
     f_clr_stl_mngr_edit = new Tvx_clr_stl_mngr_edit(this);
     f_clr_stl_mngr_edit->SetParent(f_scale_panel);
     f_clr_stl_mngr_edit->create();
     f_clr_stl_mngr_edit->SetAlign(alClient);
     f_clr_stl_mngr_edit->on_changed = make_closure<&Tvx_tos_grid_lr2d_edit::on_clr_stl_mngr_changed>(this);
     feed(f_clr_stl_mngr_edit);
+    f_interpolate_cb = new Tvx_interpolate_cb(this);
+    f_interpolate_cb->SetParent(f_scale_panel);
+    f_interpolate_cb->create();
+    f_interpolate_cb->SetAlign(alBottom);
+    f_interpolate_cb->on_changed = make_closure<&Tvx_tos_grid_lr2d_edit::on_interpolate_cb_changed>(this);
     f_channels_panel = new Tvx_panel(this);
     f_channels_panel->SetParent(this);
     f_channels_panel->SetAlign(alClient);
@@ -63,6 +56,13 @@ void Tvx_tos_grid_lr2d_edit::create()
          make_closure<&Tvx_tos_lr2d_edit::on_data_get_channel_stat>(this),
          make_closure<&Tvx_tos_lr2d_edit::on_data_get_channel_histogramm>(this),
          make_closure<&Tvx_tos_lr2d_edit::on_data_upd_histogramm>(this)});
+    f_opacity_panel = new Tvx_fast_int_panel(this);
+    f_opacity_panel->SetParent(this);
+    f_opacity_panel->set_min(-1);
+    f_opacity_panel->set_max(99);
+    f_opacity_panel->set_caption_width(c_caption_width);
+    f_opacity_panel->SetAlign(alBottom);
+    f_opacity_panel->on_changed = make_closure<&Tvx_tos_grid_lr2d_edit::on_opacity_changed>(this);
     update_controls();
 }
 
