@@ -2,6 +2,7 @@
 
 #include "extension/plugin/plugin_lr_edit.h"
 
+#include "platform/basic/vx_options.h"
 #include "platform/toolkit/controls/splitter.h"
 
 namespace vx {
@@ -41,7 +42,9 @@ private:
     /// When there is first something to edit: an editor has a page for each geometry, of which it shows one.
     void create_plugins()
     {
-        if (vx_get_style_edit_plugin_module_set().get_plugin_count() == 0)
+        // Who wants none has none loaded.
+        if (!vx_options_get_style_editor_plugin_mask() ||
+            vx_get_style_edit_plugin_module_set().get_plugin_count() == 0)
             return;
         f_plugins = new Tvx_plugin_lr_edit(this);
         f_plugins->SetVisible(false);

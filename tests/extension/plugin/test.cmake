@@ -38,4 +38,6 @@ endforeach()
 foreach(entry RANGE 9)
     vx_test_plugin(lacking style_${entry} style.c WITHOUT=${entry})
 endforeach()
-target_compile_definitions(${test_target} PRIVATE VX_TEST_PLUGINS="${plugins}")
+target_compile_definitions(${test_target} PRIVATE VX_TEST_PLUGINS="${plugins}"
+    VX_PLUGIN_CHECK="$<TARGET_FILE:vx_plugin_check>" VX_SAMPLES="${CMAKE_BINARY_DIR}/lib/vxk_samples")
+add_dependencies(${test_target} vx_plugin_check field_summary usual_range vxk_gdal_drivers)
