@@ -9,8 +9,10 @@
 #include "platform/basic/vx_service_registry.h"
 #include "platform/winapi/file.h"
 #include "platform/winapi/library.h"
+#include "platform/winapi/module_file.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <exception>
 #include <filesystem>
 #include <set>
@@ -40,6 +42,7 @@ struct registration
 struct bundle_set
 {
     std::wstring directory;
+    std::vector<std::wstring> more_directories;
     std::set<HMODULE> entered;
     registration *entering = nullptr;
     bool loaded = false;
@@ -106,6 +109,50 @@ int enter(Tvx_bundle_entry entry, std::wstring &details)
     return fault;
 }
 
+/// Empty for none.
+std::wstring absolute(wchar_t const *directory)
+{
+    if (!directory || !*directory)
+        return {};
+    std::error_code code;
+    auto const path = std::filesystem::absolute(vx_path_to_native(directory), code).lexically_normal();
+    return code ? std::wstring() : vx_path_from_native(path.string());
+}
+
+void load_all(std::wstring const &directory)
+{
+    for (auto const &file : bundle_files(directory)) {
+        std::wstring reason;
+        if (!vx_bundle_load(file.c_str(), Tvx_std_wstring_adapter(reason)))
+            std::fprintf(stderr, "%s\n", vx::text::wide_to_utf8(reason).c_str());
+    }
+}
+
+/// The folder of the bundles that belong to the engine; empty when it cannot be told.
+std::wstring own_directory()
+{
+    std::wstring const engine = vx_library_get_own_directory();
+    if (!bundles().directory.empty() || engine.empty())
+        return bundles().directory;
+    return engine + c_bundle_folder;
+}
+
+/// Why the file cannot be loaded, as far as that can be told without doing so.
+vx::fault look_at(std::wstring const &path)
+{
+    char const *const names[] = {c_vx_bundle_entry_name};
+    auto const state = vx_module_look(path.c_str(), names);
+    if (state == c_module_lacks_names)
+        return {c_capt_no_bundle, path, 0, {}};
+    if (state == c_module_cut) // the loader would end the process over it
+        return {c_capt_module_not_loaded, path, 0, L"file is cut"};
+    // What came with the engine is known to start.
+    bool const is_own = path.substr(0, path.rfind(L'/')) == own_directory();
+    if (state == c_module_fits && !is_own && !vx_module_starts(path.c_str()))
+        return {c_capt_module_not_loaded, path, 0, L"it fails while it starts, or lacks a library"};
+    return {}; // the loader has words for the rest
+}
+
 bool refuse(Ivx_string_adp *error, vx::fault const &fault)
 {
     vx_string_adp_feed(error, vx_fault_reason(fault).c_str());
@@ -118,26 +165,39 @@ void vx_bundles_load()
     if (bundles().loaded)
         return;
     bundles().loaded = true; // first: an entry function may call back
-    std::wstring const own = vx_library_get_own_directory();
-    auto directory = bundles().directory;
-    if (directory.empty() && !own.empty())
-        directory = own + c_bundle_folder;
-    for (auto const &file : bundle_files(directory))
-        vx_bundle_load(file.c_str(), nullptr);
+    if (auto const own = own_directory(); !own.empty())
+        load_all(own);
+    // By index: an entry function may name another folder.
+    for (std::size_t i = 0; i < bundles().more_directories.size(); ++i)
+        load_all(std::wstring(bundles().more_directories[i]));
 }
 
 void vx_bundles_set_directory(wchar_t const *directory)
 {
     // The current folder may be another one by the time of the first use.
-    std::error_code code;
-    auto const absolute = std::filesystem::absolute(vx_path_to_native(directory ? directory : L""), code);
-    bundles().directory =
-        directory && *directory && !code ? vx_path_from_native(absolute.string()) : std::wstring();
+    bundles().directory = absolute(directory);
+}
+
+void vx_bundles_add_directory(wchar_t const *directory)
+{
+    auto const path = absolute(directory);
+    auto &all = bundles().more_directories;
+    if (path.empty() || std::ranges::find(all, path) != all.end())
+        return;
+    all.push_back(path);
+    if (bundles().loaded)
+        load_all(path);
 }
 
 bool vx_bundle_load(wchar_t const *file_name, Ivx_string_adp *error)
 {
-    auto *const module = LoadLibraryW(file_name);
+    auto const file = vx_path_to_native(file_name ? file_name : L"");
+    auto const path = vx_path_from_native(file);
+    if (!std::filesystem::path(file).is_absolute())
+        return refuse(error, {c_capt_no_bundle, path, 0, {}});
+    if (auto const fault = look_at(path))
+        return refuse(error, fault);
+    auto *const module = LoadLibraryW(path.c_str());
     if (!module)
         return refuse(error, vx_library_get_fault());
     if (bundles().entered.contains(module)) {
@@ -145,7 +205,7 @@ bool vx_bundle_load(wchar_t const *file_name, Ivx_string_adp *error)
         return true;
     }
     auto const entry = reinterpret_cast<Tvx_bundle_entry>(GetProcAddress(module, c_vx_bundle_entry_name));
-    vx::fault fault{c_capt_no_bundle, file_name, 0, {}};
+    vx::fault fault{c_capt_no_bundle, path, 0, {}};
     if (entry)
         fault.code = enter(entry, fault.details);
     if (fault) {

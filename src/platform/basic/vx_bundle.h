@@ -5,8 +5,8 @@
 
 /// What a bundle and the engine know of each other.
 ///
-/// A bundle is a module that is loaded at run time and never linked: a shared library in the bundle folder
-/// (`vxk_bundles` beside the engine's own library). It exports one C function, `vxk_bundle_entry`, which the
+/// A bundle is a module that is loaded at run time and never linked: a shared library in a bundle folder (see
+/// below). It exports one C function, `vxk_bundle_entry`, which the
 /// engine calls once, on the thread that loads the bundles. The entry registers what the bundle has to offer:
 /// data set drivers and service factories. A bundle stays loaded until the process ends, so what it
 /// registered may be static.
@@ -70,16 +70,29 @@ struct Tvx_bundle_context
 /// back, as after an exception.
 using Tvx_bundle_entry = bool (*)(Tvx_bundle_context const *context);
 
-/// Loads every bundle of the bundle folder, once in the life of the process; later calls do nothing. Called
-/// by `vx_datasource_open` and `vx_service_registry_with_services` on first use, so a host need not.
+/// Where bundles are looked for, in this order:
+///
+/// 1. `vxk_bundles` beside the engine's own library, wherever that was loaded from, or the folder that
+///    `vx_bundles_set_directory` named instead;
+/// 2. the folders that the host named by `vx_bundles_add_directory`, in the order of their naming.
+///
+/// Of each folder the files that end in ".so", in the order of their names. Nothing is ever looked for in the
+/// current folder, beside data, below the user's home or in folders that variables of the environment name. A
+/// file that is no bundle, is cut, or fails is left out, and why stands on the error output; no other bundle
+/// suffers by it.
+
+/// Loads the bundles, once in the life of the process; later calls do nothing. Called by
+/// `vx_datasource_open` and `vx_service_registry_with_services` on first use, so a host need not.
 VX_API void vx_bundles_load();
-/// The folder that is searched; a relative one is meant from the folder that is the current one now. Set
-/// before the first use; empty stands for `vxk_bundles` beside the engine's library, wherever that was loaded
-/// from.
+/// A folder in place of the first; a relative one is meant from the folder that is the current one now. Set
+/// before the first use; empty stands for the first again.
 VX_API void vx_bundles_set_directory(wchar_t const *directory);
-/// Loads one bundle by its file name and runs its entry. False, with a reason in `error` (may be null),
-/// when the file is no bundle or the entry refuses. A bundle that is loaded already counts as success and is
-/// not entered again.
+/// One more folder, such as one that the user named for extensions; a relative one is meant as above. When
+/// the bundles are loaded already its own are loaded at once. A folder that is there already is not added.
+VX_API void vx_bundles_add_directory(wchar_t const *directory);
+/// Loads one bundle and runs its entry. `file_name` is absolute: any other is refused, so that the current
+/// folder never counts. False, with a reason in `error` (may be null), when the file is no bundle or the
+/// entry refuses. A bundle that is loaded already counts as success and is not entered again.
 VX_API bool vx_bundle_load(wchar_t const *file_name, Ivx_string_adp *error);
 /// Number of bundles whose entry succeeded.
 [[nodiscard]] VX_API int vx_bundles_get_count();

@@ -5,9 +5,12 @@
 #include "platform/basic/vx_bundle.h"
 #include "platform/basic/vx_datasource.h"
 #include "platform/basic/vx_fault.h"
+#include "platform/basic/vx_service_registry.h"
 #include "platform/winapi/file.h"
 
+#include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <stdexcept>
 #include <string>
@@ -192,6 +195,53 @@ TEST(bundle, what_is_none_is_refused)
     EXPECT_FALSE(vx_bundle_load((dir / "broken.so").wstring().c_str(), nullptr));
     EXPECT_FALSE(vx_bundle_load(nullptr, nullptr));
     EXPECT_EQ(before, vx_bundles_get_count());
+}
+
+TEST(bundle, broken_modules_are_left_out_of_a_folder_and_the_others_load)
+{
+    vx_test::temp_dir const dir;
+    namespace fs = std::filesystem;
+    fs::path const made = VX_TEST_BUNDLES;
+    auto const whole = made / "libvx_test_bundle_good.so";
+    // Each cut would end a process that maps it, or fail in some other way.
+    for (auto const part : {0u, 10u, 60u, 1000u, 4096u})
+        fs::resize_file((fs::copy_file(whole, dir / ("cut_" + std::to_string(part) + ".so")),
+                         dir / ("cut_" + std::to_string(part) + ".so")),
+                        part);
+    fs::copy_file(whole, dir / "cut_end.so");
+    fs::resize_file(dir / "cut_end.so", fs::file_size(whole) / 2);
+    vx_test::write_file(dir / "text.so", "this is no library");
+    fs::create_directory(dir / "folder.so");
+    for (char const *name : {"throwing_start", "faulting_start", "without_library", "without_entry"})
+        fs::copy_file(made / ("libvx_test_bundle_" + std::string(name) + ".so"),
+                      dir / (std::string(name) + ".so"));
+    fs::copy_file(made / "libvx_test_bundle_category.so", dir / "zz_good.so");
+    int const before = vx_bundles_get_count();
+    testing::internal::CaptureStderr();
+    vx_bundles_load();
+    vx_bundles_add_directory(fs::path(dir / ".").wstring().c_str());
+    auto const said = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(before + 1, vx_bundles_get_count());
+    EXPECT_EQ(1, vx_service_registry_get_factory_count(L"test/bundle"));
+    for (char const *name : {"cut_10.so", "cut_end.so", "text.so", "throwing_start.so", "without_entry.so"})
+        EXPECT_NE(said.find(name), said.npos) << name;
+    vx_bundles_add_directory(fs::path(dir / ".").wstring().c_str());
+    EXPECT_EQ(before + 1, vx_bundles_get_count());
+}
+
+TEST(bundle, nothing_is_loaded_by_a_name_that_depends_on_the_current_folder)
+{
+    namespace fs = std::filesystem;
+    auto const before = fs::current_path();
+    fs::current_path(VX_TEST_BUNDLES);
+    for (wchar_t const *name :
+         {L"libvx_test_bundle_here.so", L"./libvx_test_bundle_here.so", L"vx_test_bundle_here.dll"})
+        EXPECT_FALSE(vx_bundle_load(name, nullptr));
+    fs::current_path(before);
+    // With the other kind of stroke a path is a path, too.
+    std::wstring path = fs::path(VX_TEST_BUNDLES "/libvx_test_bundle_here.so").wstring();
+    std::ranges::replace(path, L'/', L'\\');
+    EXPECT_TRUE(vx_bundle_load(path.c_str(), nullptr));
 }
 
 TEST(bundle, what_it_registered_goes_with_its_refusal)
