@@ -247,6 +247,10 @@ public:
         : element_part(control, element), f_columns(count(element.column_count(), c_max_columns)),
           f_rows(count(element.row_count(), c_max_rows))
     {
+        control->SetBevelOuter(bvNone);
+        control->SetShowCaption(false);
+        // What is made keeps the size that it wants until all is there.
+        control->DisableAlign();
         control->SetColumnCount(static_cast<int>(f_columns.size()));
         control->SetRowCount(static_cast<int>(f_rows.size()));
         for (std::size_t row = 0; row < f_rows.size(); ++row)
@@ -260,6 +264,8 @@ public:
         for (int const size : f_rows)
             height += size > 0 ? size + c_row_gap : 0;
         control->SetBounds(0, 0, width, height);
+        grid_part::show_state();
+        control->EnableAlign();
     }
 
 private:
@@ -283,25 +289,24 @@ private:
     }
     void show_state() override
     {
-        show_lines(f_columns, c_column_gap, [this](int line, TSizeStyle style, double size) {
-            if (!f_element.column_visible(line))
-                f_control->SetColumn(line, ssAbsolute, 0);
-            else
-                f_control->SetColumn(line, f_element.column_avid(line) ? ssPercent : style, size);
-        });
-        show_lines(f_rows, c_row_gap, [this](int line, TSizeStyle style, double size) {
-            if (!f_element.row_visible(line))
-                f_control->SetRow(line, ssAbsolute, 0);
-            else
-                f_control->SetRow(line, f_element.row_avid(line) ? ssPercent : style, size);
-        });
+        for (int i = 0; i < static_cast<int>(f_columns.size()); ++i)
+            set_line<&TGridPanel::SetColumn>(i, f_element.column_visible(i), f_element.column_avid(i),
+                                             f_columns, c_column_gap);
+        for (int i = 0; i < static_cast<int>(f_rows.size()); ++i)
+            set_line<&TGridPanel::SetRow>(i, f_element.row_visible(i), f_element.row_avid(i), f_rows,
+                                          c_row_gap);
         f_control->Realign();
     }
-    template <class Set>
-    static void show_lines(std::vector<int> const &lines, int gap, Set set)
+    /// Avid lines share what is left over.
+    template <auto Set>
+    void set_line(int line, bool is_visible, bool is_avid, std::vector<int> const &sizes, int gap)
     {
-        for (std::size_t i = 0; i < lines.size(); ++i)
-            set(static_cast<int>(i), ssAbsolute, lines[i] > 0 ? lines[i] + gap : 0);
+        int const size = sizes[static_cast<std::size_t>(line)];
+        bool const shares = is_visible && is_avid;
+        (f_control->*Set)(line, shares ? ssPercent : ssAbsolute,
+                          shares                   ? 1
+                          : is_visible && size > 0 ? size + gap
+                                                   : 0);
     }
 
     std::vector<int> f_columns; ///< widths that are wanted
