@@ -40,8 +40,10 @@ set(vx_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/vxk_lr2d_edit_form)
 install(EXPORT vxk_lr2d_edit_form_targets NAMESPACE vxk:: DESTINATION ${vx_package_dir})
 install(EXPORT vxk_user_input_targets NAMESPACE vxk:: DESTINATION ${vx_package_dir} COMPONENT user_input)
 set(VXK_PLUGIN_DIR ${CMAKE_INSTALL_LIBDIR}/vxk_plugins)
+set(VXK_BUNDLE_DIR ${CMAKE_INSTALL_LIBDIR}/vxk_bundles)
 configure_package_config_file(${CMAKE_SOURCE_DIR}/cmake/vxk_lr2d_edit_form-config.cmake.in
-    ${CMAKE_BINARY_DIR}/vxk_lr2d_edit_form-config.cmake INSTALL_DESTINATION ${vx_package_dir} PATH_VARS VXK_PLUGIN_DIR)
+    ${CMAKE_BINARY_DIR}/vxk_lr2d_edit_form-config.cmake INSTALL_DESTINATION ${vx_package_dir}
+    PATH_VARS VXK_PLUGIN_DIR VXK_BUNDLE_DIR)
 write_basic_package_version_file(${CMAKE_BINARY_DIR}/vxk_lr2d_edit_form-config-version.cmake
     COMPATIBILITY SameMinorVersion)
 install(FILES ${CMAKE_BINARY_DIR}/vxk_lr2d_edit_form-config.cmake

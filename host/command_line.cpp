@@ -65,6 +65,7 @@ private:
                  !take_value(argument, "--shot", f_line.shot_directory) &&
                  !take_value(argument, "--style-sheets", f_line.sheet_directory) &&
                  !take_value(argument, "--import-property-file", f_line.import_file) &&
+                 !take_value(argument, "--extensions", f_line.extension_directory) &&
                  !take_value(argument, "--data", f_line.data_directory))
             f_line.error = text(c_cap_line_unknown_option, {argument});
     }

@@ -13,6 +13,8 @@ struct Tvx_command_line
     std::string shot_directory;
     /// Folder of the example data for the tour; empty for the one that came with the program.
     std::string data_directory;
+    /// One more folder of extensions; empty for none.
+    std::string extension_directory;
     /// Folder for pictures of style libraries, which `files` then are; empty for ordinary work.
     std::string sheet_directory;
     /// The property file that is made of `files`; empty for ordinary work.

@@ -94,6 +94,8 @@ int vx_map_application_run(int argc, char **argv, Tvx_command_line const &line)
     QApplication::setApplicationName(QStringLiteral("vx_map"));
     if (!line.language.empty())
         vx_options_set_language(line.language.c_str());
+    if (!line.extension_directory.empty())
+        vx_bundles_add_directory(QFile::decodeName(line.extension_directory.c_str()).toStdWString().c_str());
     if (sheets)
         return vx_style_sheets_write(file_names(line), QFile::decodeName(line.sheet_directory.c_str())) ? 0
                                                                                                         : 1;

@@ -115,6 +115,7 @@ bool Tvx_tour::run(QStringList const &files)
         show_maps();
         show_style_dialog();
         show_broken_file();
+        show_extensions(); // last, since they stay
     }
     f_window.close();
     return f_failures == 0;

@@ -30,4 +30,5 @@ private:
     void show_maps();
     void show_style_dialog();
     void show_broken_file();
+    void show_extensions();
 };
