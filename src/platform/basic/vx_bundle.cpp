@@ -119,15 +119,6 @@ std::wstring absolute(wchar_t const *directory)
     return code ? std::wstring() : vx_path_from_native(path.string());
 }
 
-void load_all(std::wstring const &directory)
-{
-    for (auto const &file : bundle_files(directory)) {
-        std::wstring reason;
-        if (!vx_bundle_load(file.c_str(), Tvx_std_wstring_adapter(reason)))
-            std::fprintf(stderr, "%s\n", vx::text::wide_to_utf8(reason).c_str());
-    }
-}
-
 /// The folder of the bundles that belong to the engine; empty when it cannot be told.
 std::wstring own_directory()
 {
@@ -153,10 +144,39 @@ vx::fault look_at(std::wstring const &path)
     return {}; // the loader has words for the rest
 }
 
-bool refuse(Ivx_string_adp *error, vx::fault const &fault)
+/// Loads and enters a bundle that is not loaded yet.
+vx::fault load(std::wstring const &file_name)
 {
-    vx_string_adp_feed(error, vx_fault_reason(fault).c_str());
-    return false;
+    auto const file = vx_path_to_native(file_name);
+    auto const path = vx_path_from_native(file);
+    if (!std::filesystem::path(file).is_absolute())
+        return {c_capt_no_bundle, path, 0, {}};
+    if (auto const fault = look_at(path))
+        return fault;
+    auto *const module = LoadLibraryW(path.c_str());
+    if (!module)
+        return vx_library_get_fault();
+    if (bundles().entered.contains(module)) {
+        FreeLibrary(module);
+        return {};
+    }
+    auto const entry = reinterpret_cast<Tvx_bundle_entry>(GetProcAddress(module, c_vx_bundle_entry_name));
+    vx::fault fault{c_capt_no_bundle, path, 0, {}};
+    if (entry)
+        fault.code = enter(entry, fault.details);
+    if (fault)
+        FreeLibrary(module);
+    else
+        bundles().entered.insert(module);
+    return fault;
+}
+
+void load_all(std::wstring const &directory)
+{
+    // A module of another kind may lie here, and is nobody's fault.
+    for (auto const &file : bundle_files(directory))
+        if (auto const fault = load(file); fault && fault.code != c_capt_no_bundle)
+            std::fprintf(stderr, "%s\n", vx::text::wide_to_utf8(vx_fault_reason(fault)).c_str());
 }
 } // namespace
 
@@ -191,29 +211,10 @@ void vx_bundles_add_directory(wchar_t const *directory)
 
 bool vx_bundle_load(wchar_t const *file_name, Ivx_string_adp *error)
 {
-    auto const file = vx_path_to_native(file_name ? file_name : L"");
-    auto const path = vx_path_from_native(file);
-    if (!std::filesystem::path(file).is_absolute())
-        return refuse(error, {c_capt_no_bundle, path, 0, {}});
-    if (auto const fault = look_at(path))
-        return refuse(error, fault);
-    auto *const module = LoadLibraryW(path.c_str());
-    if (!module)
-        return refuse(error, vx_library_get_fault());
-    if (bundles().entered.contains(module)) {
-        FreeLibrary(module);
-        return true;
-    }
-    auto const entry = reinterpret_cast<Tvx_bundle_entry>(GetProcAddress(module, c_vx_bundle_entry_name));
-    vx::fault fault{c_capt_no_bundle, path, 0, {}};
-    if (entry)
-        fault.code = enter(entry, fault.details);
-    if (fault) {
-        FreeLibrary(module);
-        return refuse(error, fault);
-    }
-    bundles().entered.insert(module);
-    return true;
+    auto const fault = load(file_name ? file_name : L"");
+    if (fault)
+        vx_string_adp_feed(error, vx_fault_reason(fault).c_str());
+    return !fault;
 }
 
 int vx_bundles_get_count()

@@ -78,8 +78,8 @@ using Tvx_bundle_entry = bool (*)(Tvx_bundle_context const *context);
 ///
 /// Of each folder the files that end in ".so", in the order of their names. Nothing is ever looked for in the
 /// current folder, beside data, below the user's home or in folders that variables of the environment name. A
-/// file that is no bundle, is cut, or fails is left out, and why stands on the error output; no other bundle
-/// suffers by it.
+/// file that is cut or fails is left out, and why stands on the error output; no other bundle suffers by it.
+/// Modules without the entry are passed over, and none of their code runs.
 
 /// Loads the bundles, once in the life of the process; later calls do nothing. Called by
 /// `vx_datasource_open` and `vx_service_registry_with_services` on first use, so a host need not.
