@@ -17,6 +17,7 @@
 #include "host/map_window.h"
 #include "host/tour_controls.h"
 #include "host/tour_maps.h"
+#include "host/tour_property.h"
 #include "layer_edit/form/lr2d_edit_form.h"
 #include "raster_property/channels/channels_edit.h"
 #include "raster_property/raster/rtr_id_lr2d_edit.h"
@@ -462,6 +463,7 @@ void Tvx_tour::show_maps()
     remove_all_layers();
     f_window.resize(c_small_window_size);
     Tvx_tour_maps(*this).show();
+    Tvx_tour_property(*this).show();
     f_window.resize(c_window_size);
 }
 

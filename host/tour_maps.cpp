@@ -5,6 +5,7 @@
 #include "captions/dialogs.h"
 #include "captions/forms.h"
 #include "captions/libraries.h"
+#include "captions/map.h"
 #include "captions/scale_menus.h"
 #include "captions/simple.h"
 #include "controls/forms/apply_form.h"
@@ -245,7 +246,12 @@ void Tvx_tour_maps::show_cities_by_size()
     choose_in_header(edit, c_rng_style, {c_menu_size_gradient}, "cities_2_gradient");
     click_cell(edit, c_rng_style, last_row);
     hide_other_values(edit->get_rng_edit()->get_other_panel());
-    show_dialog("advanced_settings");
+    input::on_next_modal([this](input::modal_window const &advanced) {
+        f_stage.shoot_windows("advanced_settings");
+        show_dialog("rotation");
+        f_stage.check(advanced.press_button(plain(c_map_rotation)), "the rotation does not open");
+        advanced.reject();
+    });
     f_stage.check(input::click(edit->get_rotate_btn()), "the advanced settings do not open");
     finish("cities_3_map");
 }

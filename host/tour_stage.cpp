@@ -167,13 +167,15 @@ void Tvx_tour_stage::shoot_windows(QString const &name)
 {
     check(wait_for_map(), "the map is not drawn in time: " + name);
     QCoreApplication::processEvents();
-    // The map lies below the editor, that below a dialog, and menus lie on top.
+    // The map lies below the editor, that below dialogs, of which the last is in front, and menus lie on top.
     QWidgetList windows;
     for (QWidget *window : QApplication::topLevelWidgets())
         if (window->isVisible() && window->windowType() != Qt::ToolTip)
             windows.append(window);
     std::ranges::stable_sort(windows, {}, [this](QWidget const *window) {
-        return window == &f_window ? 0 : window->windowType() == Qt::Popup ? 3 : window->isModal() ? 2 : 1;
+        if (window == QApplication::activeModalWidget())
+            return 3;
+        return window == &f_window ? 0 : window->windowType() == Qt::Popup ? 4 : window->isModal() ? 2 : 1;
     });
     QImage picture(f_window.screen()->size(), QImage::Format_RGB32);
     picture.fill(QColor(0x7d, 0x8b, 0x99));

@@ -22,6 +22,8 @@ public:
     [[nodiscard]] Tvx_map_window &window() const { return f_window; }
 
     // ---- steps
+    /// Where an example lies.
+    [[nodiscard]] QString example(QString const &name) const { return f_data + "/" + name; }
     bool open_example(QStringList const &names);
     /// Copies all files of a data set but its scales into the folder; the example data are not the tour's to
     /// write into. `name` without extension.
