@@ -294,6 +294,12 @@ bool vx_tos4_writer_append(Ivx_tos4_writer *writer, double const *values, unsign
     return writer && (count == 0 || values) && tell(writer->append(values, count, fault), fault);
 }
 
+bool vx_tos4_writer_take_props(Ivx_tos4_writer *writer, Ivx_tos4_file const *from)
+{
+    vx::fault fault;
+    return writer && from && tell(writer->take_properties(*from->file, fault), fault);
+}
+
 void vx_tos4_writer_set_statistics(Ivx_tos4_writer *writer, bool made)
 {
     if (writer)

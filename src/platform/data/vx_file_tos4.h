@@ -113,6 +113,9 @@ VX_API bool vx_tos4_writer_add_prop_w(Ivx_tos4_writer *writer, wchar_t const *na
 /// The next values of the property; what is not finite is a cell without one. More than there are objects is
 /// a failure.
 VX_API bool vx_tos4_writer_append(Ivx_tos4_writer *writer, double const *values, unsigned long long count);
+/// Begins with all properties of a file that has as many objects, and goes on with the next: so a file gets
+/// more properties, when what is made takes its place.
+VX_API bool vx_tos4_writer_take_props(Ivx_tos4_writer *writer, Ivx_tos4_file const *from);
 /// Whether statistics and histogram are made with each property, as they are unless told otherwise.
 VX_API void vx_tos4_writer_set_statistics(Ivx_tos4_writer *writer, bool made);
 /// Puts the new file in its place. After a failure, of this or a call before, the former file is what it was.

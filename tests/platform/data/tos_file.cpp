@@ -308,6 +308,53 @@ TEST(tos_file, refuses_what_cannot_be_made)
     EXPECT_FALSE(open_file(dir.path()));
 }
 
+TEST(tos_file, gets_more_properties)
+{
+    vx_test::temp_dir const dir;
+    auto const path = dir / "a.tos4";
+    auto const first = some_values(10'000), second = some_values(10'000, 3), third = some_values(10'000, 0.1);
+    ASSERT_TRUE(make_file(path, {first, second}, false));
+    auto const before = open_file(path);
+    Tvx_tos4_grid grid;
+    vx_tos4_get_grid(before.get(), &grid);
+    auto const add = [&](Ivx_tos4_file *from, Tvx_tos4_grid const &of) {
+        writer_ptr const writer(vx_tos4_writer_create_w(wide(path).c_str(), &of, L""));
+        return vx_tos4_writer_take_props(writer.get(), from) &&
+               vx_tos4_writer_add_prop_w(writer.get(), L"more", L"More of them") &&
+               vx_tos4_writer_append(writer.get(), third.data(), third.size()) &&
+               vx_tos4_writer_finish(writer.get());
+    };
+    ASSERT_TRUE(add(before.get(), grid));
+    EXPECT_EQ(vx_tos4_get_prop_count(before.get()), 2u) << "who reads goes on with the former one";
+    auto const after = open_file(path);
+    ASSERT_EQ(vx_tos4_get_prop_count(after.get()), 3u);
+    EXPECT_EQ(vx_tos4_find_prop_w(after.get(), L"more"), 2);
+    std::vector<double> const *const wanted[] = {&first, &second, &third};
+    for (unsigned i = 0; i < 3; ++i) {
+        auto const values = values_of(path, i);
+        EXPECT_TRUE(std::ranges::equal(values, *wanted[i], [](double a, double b) {
+            return a == b || (std::isnan(a) && std::isnan(b));
+        })) << i;
+        prop_ptr const prop(vx_tos4_prop_open(after.get(), i));
+        EXPECT_TRUE(vx_tos4_prop_get_statistic_exist(prop.get()) &&
+                    vx_tos4_prop_get_histogram_exist(prop.get()));
+        EXPECT_EQ(vx_tos4_prop_get_statistic_max(prop.get()),
+                  *std::ranges::max_element(values,
+                                            [](double a, double b) { return !(b <= a) && !std::isnan(b); }));
+    }
+    // The name is there already, the objects are others, a block is damaged: the file stays.
+    EXPECT_FALSE(add(after.get(), grid));
+    grid.count[0] = 9'999;
+    EXPECT_FALSE(add(before.get(), grid));
+    grid.count[0] = 10'000;
+    ASSERT_TRUE(make_file(dir / "b.tos4", {first}, false));
+    run_sql(dir / "b.tos4", "UPDATE tos_block SET cells = x'00'");
+    EXPECT_FALSE(add(open_file(dir / "b.tos4").get(), grid));
+    EXPECT_FALSE(last_error().empty());
+    EXPECT_EQ(vx_tos4_get_prop_count(open_file(path).get()), 3u);
+    EXPECT_EQ(dir.count(), 2);
+}
+
 TEST(tos_file, statistics_are_made_once)
 {
     vx_test::temp_dir const dir;

@@ -134,9 +134,63 @@ bool writer::write_block(double const *cells, std::size_t count)
         packed.unpack(kept);
         f_records.back().stat->add(kept, count);
     }
+    return insert_block(block, bytes);
+}
+
+bool writer::insert_block(std::uint64_t block, std::string_view bytes)
+{
     f_block.bind(1, block_row(static_cast<unsigned>(f_records.size() - 1), block));
     f_block.bind_blob(2, bytes);
     return f_block.run();
+}
+
+bool writer::take_blocks(file const &from, unsigned property, vx::fault &fault)
+{
+    auto blocks = from.base().prepare("SELECT id, cells FROM tos_block WHERE id >= ? AND id < ? ORDER BY id");
+    auto const first = block_row(property, 0);
+    blocks.bind(1, first);
+    blocks.bind(2, block_row(property + 1, 0));
+    auto const packed = std::make_unique<packed_block>();
+    std::vector<double> cells(c_block_cells);
+    while (blocks.step()) {
+        auto const bytes = blocks.blob(1);
+        auto const block = static_cast<std::uint64_t>(blocks.integer(0).value_or(first) - first);
+        bool const is_block = block < block_count(f_objects);
+        auto const count =
+            is_block ? std::min<std::uint64_t>(c_block_cells, f_objects - block * c_block_cells) : 0;
+        if (!bytes || !is_block || !packed->take(*bytes, static_cast<std::size_t>(count))) {
+            (void)failed(fault);
+            fault = {c_capt_tos_damaged, from.path(), 0, {}};
+            return false;
+        }
+        if (f_makes_records) {
+            packed->unpack(cells.data());
+            f_records.back().stat->add(cells.data(), packed->count());
+        }
+        if (!insert_block(block, *bytes))
+            return failed(fault);
+    }
+    f_done = f_objects;
+    if (!blocks.failed())
+        return true;
+    (void)failed(fault);
+    fault = {c_capt_tos_damaged, from.path(), 0, {}};
+    return false;
+}
+
+bool writer::take_properties(file const &from, vx::fault &fault)
+{
+    fault = {};
+    if (!f_is_good || from.objects() != f_objects) {
+        fault = {c_capt_tos_grid, from.path(), 0, {}};
+        return false;
+    }
+    for (unsigned i = 0; i < from.properties().size(); ++i) {
+        auto const &property = from.properties()[i];
+        if (!add_property(property.name, property.caption, fault) || !take_blocks(from, i, fault))
+            return false;
+    }
+    return true;
 }
 
 bool writer::append(double const *values, std::uint64_t count, vx::fault &fault)

@@ -13,6 +13,8 @@
 class Tvx_atomic_file;
 
 namespace vx::tos {
+class file;
+
 /// A new property file, made beside the one whose place it takes.
 class writer
 {
@@ -28,10 +30,14 @@ public:
     void set_statistics(bool made) { f_makes_records = made; }
     [[nodiscard]] bool add_property(std::wstring const &name, std::wstring const &caption, vx::fault &fault);
     [[nodiscard]] bool append(double const *values, std::uint64_t count, vx::fault &fault);
+    /// Adds all properties of a file with as many objects, as they lie there.
+    [[nodiscard]] bool take_properties(file const &from, vx::fault &fault);
     [[nodiscard]] bool finish(vx::fault &fault);
 
 private:
     bool write_block(double const *cells, std::size_t count);
+    bool insert_block(std::uint64_t block, std::string_view bytes);
+    bool take_blocks(file const &from, unsigned property, vx::fault &fault);
     bool write_rest();
     bool end_property();
     bool add_histogram();
