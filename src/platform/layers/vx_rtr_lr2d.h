@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/base/color.h"
+#include "platform/base/geometry.h"
 #include "platform/layers/vx_lr2d.h"
 
 struct Tvx_stat_data;
@@ -36,6 +37,12 @@ VX_API void vx_rtr_lr2d_set_opacity(Ivx_layer *layer, double opacity);
 [[nodiscard]] VX_API unsigned vx_rtr_lr2d_get_prop_count(Ivx_layer *layer);
 /// Empty past the end. Valid while the layer lives and keeps its file.
 [[nodiscard]] VX_API wchar_t const *vx_rtr_lr2d_get_prop_name(Ivx_layer *layer, unsigned band);
+/// Column and row, from 0, of the cell at a place of the map. False outside, and while the raster cannot be
+/// opened.
+[[nodiscard]] VX_API bool vx_rtr_lr2d_find_cell(Ivx_layer *layer, Tvx_pnt_d2 at, int *column, int *row);
+/// Value of a band's cell. False when it has none, or cannot be read.
+[[nodiscard]] VX_API bool vx_rtr_lr2d_get_cell(Ivx_layer *layer, unsigned band, int column, int row,
+                                               double *value);
 /// What is known of the band's cells, kept with the layer and its clones; null past the end. Whoever finds
 /// nothing in it fills it by the functions below.
 [[nodiscard]] VX_API Tvx_stat_data *vx_rtr_lr2d_get_statistic(Ivx_layer *layer, unsigned band);

@@ -5,6 +5,7 @@
 #include "platform/basic/vx_palette.h"
 #include "platform/data/vx_file_tos4.h"
 #include "platform/layers/detail/tos_layer.h"
+#include "platform/layers/detail/tos_place.h"
 #include "platform/layers/layer_keys.h"
 #include "platform/styles/vx_rng_scale.h"
 #include "platform/styles/vx_scale_prm.h"
@@ -216,6 +217,21 @@ bool vx_tos_lr2d_get_extent(Ivx_layer *layer, Tvx_box_d2 *box)
     if (is_known)
         *box = found;
     return is_known;
+}
+
+bool vx_tos_lr2d_find_cell(Ivx_layer *layer, Tvx_pnt_d2 at, unsigned long long *object)
+{
+    auto const *const cells = as<tos_grid_layer>(layer);
+    auto const file = cells && object ? open_file(layer->file_name, nullptr) : nullptr;
+    Tvx_tos4_grid grid;
+    vx_tos4_get_grid(file.get(), &grid);
+    auto const cell =
+        file && grid.dimensions >= 2 ? cell_places(grid).at(at.x, at.y) : std::optional<unsigned long long>();
+    if (!cell)
+        return false;
+    auto const slice = std::min(static_cast<unsigned long long>(cells->slice), grid.count[2] - 1);
+    *object = slice * grid.count[0] * grid.count[1] + *cell;
+    return true;
 }
 
 void vx_tos_lr2d_get_proj4(Ivx_layer const *layer, Ivx_string_adp *text)

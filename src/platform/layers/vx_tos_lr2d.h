@@ -20,6 +20,9 @@
 /// The box of all cells of a grid or slice; of points and curves that of their places, from the statistics of
 /// the properties that give them. False when it is not known.
 [[nodiscard]] VX_API bool vx_tos_lr2d_get_extent(Ivx_layer *layer, Tvx_box_d2 *box);
+/// The cell of a grid, or of the slice shown, at a place of the map, as the number of its object. False
+/// outside and for other layers.
+[[nodiscard]] VX_API bool vx_tos_lr2d_find_cell(Ivx_layer *layer, Tvx_pnt_d2 at, unsigned long long *object);
 /// The coordinate system of the file in PROJ.4 form; empty when it is not known.
 VX_API void vx_tos_lr2d_get_proj4(Ivx_layer const *layer, Ivx_string_adp *text);
 

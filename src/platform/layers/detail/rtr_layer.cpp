@@ -4,6 +4,7 @@
 #include "platform/layers/vx_rtr_lr2d.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace vx::layers {
@@ -173,6 +174,37 @@ wchar_t const *vx_rtr_lr2d_get_prop_name(Ivx_layer *layer, unsigned band)
 {
     auto *const raster = vx::layers::as<rtr_layer>(layer);
     return band < vx_rtr_lr2d_get_prop_count(layer) ? raster->opened_source().bands()[band].c_str() : L"";
+}
+
+bool vx_rtr_lr2d_find_cell(Ivx_layer *layer, Tvx_pnt_d2 at, int *column, int *row)
+{
+    auto *const raster = vx::layers::as<rtr_layer>(layer);
+    vx::layers::raster_place place;
+    if (!raster || !raster->opened_source().place(place))
+        return false;
+    double const dx = at.x - place.x[2], dy = at.y - place.y[2];
+    double const det = place.x[0] * place.y[1] - place.x[1] * place.y[0];
+    double const across = (dx * place.y[1] - dy * place.x[1]) / det,
+                 down = (dy * place.x[0] - dx * place.y[0]) / det;
+    if (!(across >= 0 && down >= 0 && across < place.width && down < place.height))
+        return false;
+    tell(column, static_cast<int>(across));
+    tell(row, static_cast<int>(down));
+    return true;
+}
+
+bool vx_rtr_lr2d_get_cell(Ivx_layer *layer, unsigned band, int column, int row, double *value)
+{
+    auto *const raster = vx::layers::as<rtr_layer>(layer);
+    vx::layers::raster_place place;
+    double cell = 0;
+    if (!raster || !raster->opened_source().place(place) || column < 0 || row < 0 || column >= place.width ||
+        row >= place.height || band >= vx_rtr_lr2d_get_prop_count(layer) ||
+        !raster->opened_source().read(static_cast<int>(band), {column, row, 1, 1, 1, 1}, &cell) ||
+        std::isnan(cell))
+        return false;
+    tell(value, cell);
+    return true;
 }
 
 Tvx_stat_data *vx_rtr_lr2d_get_statistic(Ivx_layer *layer, unsigned band)

@@ -6,6 +6,7 @@
 #include "platform/basic/detail/vx_oklab.h"
 #include "platform/basic/vx_clr_channel.h"
 #include "platform/calculator/vx_calc_filter.h"
+#include "platform/layers/detail/tos_place.h"
 #include "platform/layers/vx_tos_lr2d.h"
 #include "platform/render/detail/channel_level.h"
 #include "platform/render/detail/pixel_blend.h"
@@ -18,7 +19,6 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
-#include <numbers>
 #include <optional>
 #include <vector>
 
@@ -303,35 +303,6 @@ std::unique_ptr<cell_colors> colors_of(Ivx_layer *layer, Ivx_tos4_file *file)
         return std::make_unique<one_color>(color_of(mngr.simple));
     }
 }
-
-/// Column and row of the cell at a place of the map.
-class cell_places
-{
-public:
-    explicit cell_places(Tvx_tos4_grid const &grid) : f_grid(grid)
-    {
-        double const angle = grid.azimuth * std::numbers::pi / 180;
-        // Exact where a grid is not turned.
-        f_cosine = grid.azimuth == 0 ? 1 : std::cos(angle);
-        f_sine = grid.azimuth == 0 ? 0 : std::sin(angle);
-    }
-    /// Number of the cell in its slice; nothing outside the grid.
-    [[nodiscard]] std::optional<object_number> at(double x, double y) const
-    {
-        double const dx = x - f_grid.origin[0], dy = y - f_grid.origin[1];
-        double const column = std::floor((dx * f_cosine + dy * f_sine) / f_grid.spacing[0] + 0.5);
-        double const row = std::floor((dy * f_cosine - dx * f_sine) / f_grid.spacing[1] + 0.5);
-        if (!(column >= 0 && row >= 0 && column < static_cast<double>(f_grid.count[0]) &&
-              row < static_cast<double>(f_grid.count[1])))
-            return std::nullopt;
-        return static_cast<object_number>(row) * f_grid.count[0] + static_cast<object_number>(column);
-    }
-
-private:
-    Tvx_tos4_grid const &f_grid;
-    double f_cosine;
-    double f_sine;
-};
 } // namespace
 
 bool draw_cells(Ivx_layer *layer, Tvx_map_view const &view, surface const &target)
@@ -344,7 +315,7 @@ bool draw_cells(Ivx_layer *layer, Tvx_map_view const &view, surface const &targe
     if (!file || grid.dimensions < 2 || !target.pixels)
         return false;
     auto const colors = colors_of(layer, file.get());
-    cell_places const places(grid);
+    layers::cell_places const places(grid);
     auto const slice =
         std::min(static_cast<object_number>(vx_tos_slice_lr2d_get_zslice(layer)), grid.count[2] - 1);
     object_number const first = slice * grid.count[0] * grid.count[1];
