@@ -81,8 +81,14 @@ void Tvx_identify_panel::show_objects(std::vector<Tvx_found_object> objects, boo
         f_tree->setColumnWidth(0, name_width());
         f_more->setVisible(!is_all);
     }
-    f_zoom->setEnabled(!f_objects.empty());
-    f_table->setEnabled(!f_objects.empty());
+    enable_buttons();
+}
+
+void Tvx_identify_panel::enable_buttons()
+{
+    auto const *const object = current();
+    f_zoom->setEnabled(object && object->has_record);
+    f_table->setEnabled(object && object->has_record);
 }
 
 int Tvx_identify_panel::name_width() const
@@ -137,8 +143,13 @@ Tvx_found_object const *Tvx_identify_panel::current() const
 
 void Tvx_identify_panel::on_current_changed()
 {
-    if (auto const *object = current(); object && !f_filling)
+    if (f_filling)
+        return;
+    enable_buttons();
+    if (auto const *object = current(); object && object->has_record)
         emit object_chosen(object->layer_id, object->record);
+    else if (object)
+        emit cell_chosen();
 }
 
 void Tvx_identify_panel::copy_value()

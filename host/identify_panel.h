@@ -31,6 +31,8 @@ public:
 signals:
     /// The user looks at another of the objects.
     void object_chosen(int layer_id, unsigned record);
+    /// The user looks at a cell, which has no record.
+    void cell_chosen();
     void zoom_wanted(int layer_id, unsigned record);
     void table_wanted(int layer_id, unsigned record);
     /// Esc.
@@ -44,6 +46,7 @@ private:
     /// Room for the names of the attributes.
     [[nodiscard]] int name_width() const;
     void on_current_changed();
+    void enable_buttons();
     void copy_value();
 
     Tvx_layer_list const &f_layers;

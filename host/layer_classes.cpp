@@ -3,13 +3,12 @@
 #include "captions/style_manager.h"
 #include "host/captions.h"
 #include "host/layer_info.h"
+#include "host/layer_style.h"
 
 #include "platform/base/string_adp.h"
 #include "platform/basic/vx_options.h"
 #include "platform/basic/vx_res.h"
-#include "platform/layers/vx_shp_lr2d.h"
 #include "platform/render/vx_scale_rows.h"
-#include "platform/styles/vx_stl_mngr_list.h"
 #include "platform/styles/vxk_styles.h"
 
 #include <cmath>
@@ -64,34 +63,28 @@ struct class_row
     }
 };
 
-void *list_of(Ivx_layer *layer)
+unsigned rows_of(Ivx_layer *layer, unsigned manager)
 {
-    return vx_shp_lr2d_get_style_mngr_list_ptr(layer);
-}
-
-unsigned rows_of(void *list, unsigned manager)
-{
-    void *const mngr = vx_stl_mngr_list_get_mngr(list, manager);
-    bool const alone = vx_stl_mngr_list_get_count(list) == 1;
+    void *const mngr = vx_layer_manager_at(layer, manager);
+    bool const alone = vx_layer_manager_count(layer) == 1;
     return alone && !class_row{mngr}.is_of_scale() ? 0 : vx_scale_rows_get_count(mngr);
 }
 
 /// The manager that is listed at a place: lists of layers begin at the top or at the bottom, as the user
 /// likes.
-unsigned listed_manager(void *list, unsigned place)
+unsigned listed_manager(Ivx_layer *layer, unsigned place)
 {
-    return vx_options_get_invert_layers() ? vx_stl_mngr_list_get_count(list) - 1 - place : place;
+    return vx_options_get_invert_layers() ? vx_layer_manager_count(layer) - 1 - place : place;
 }
 
 /// A class without a manager for a place outside.
 class_row find_class(Ivx_layer *layer, unsigned index)
 {
-    void *const list = list_of(layer);
-    for (unsigned place = 0; place < vx_stl_mngr_list_get_count(list); ++place) {
-        unsigned const i = listed_manager(list, place);
-        unsigned const rows = rows_of(list, i);
+    for (unsigned place = 0; place < vx_layer_manager_count(layer); ++place) {
+        unsigned const i = listed_manager(layer, place);
+        unsigned const rows = rows_of(layer, i);
         if (index < rows)
-            return {vx_stl_mngr_list_get_mngr(list, i), i, index};
+            return {vx_layer_manager_at(layer, i), i, index};
         index -= rows;
     }
     return {};
@@ -203,10 +196,9 @@ QString range_caption(void *scale, unsigned row)
 
 unsigned vx_layer_classes_count(Ivx_layer *layer)
 {
-    void *const list = list_of(layer);
     unsigned count = 0;
-    for (unsigned i = 0; i < vx_stl_mngr_list_get_count(list); ++i)
-        count += rows_of(list, i);
+    for (unsigned i = 0; i < vx_layer_manager_count(layer); ++i)
+        count += rows_of(layer, i);
     return count;
 }
 
@@ -241,7 +233,7 @@ bool vx_layer_class_set_visible(Ivx_layer *layer, unsigned index, bool visible)
 void vx_layer_class_take_visible(Ivx_layer *layer, Ivx_layer *like, unsigned index)
 {
     class_row const found = find_class(like, index);
-    void *const mngr = found.mngr ? vx_stl_mngr_list_get_mngr(list_of(layer), found.manager) : nullptr;
+    void *const mngr = found.mngr ? vx_layer_manager_at(layer, found.manager) : nullptr;
     void *const prm = mngr ? found.scale_prm_in(mngr) : nullptr;
     if (prm && found.scale_prm())
         vx_scale_prm_set_visible(prm, vx_scale_prm_get_visible(found.scale_prm()));
@@ -263,11 +255,10 @@ QIcon vx_layer_class_symbol(Ivx_layer *layer, unsigned index)
 
 int vx_layer_class_of(Ivx_layer *layer, unsigned manager, unsigned row)
 {
-    void *const list = list_of(layer);
-    if (manager >= vx_stl_mngr_list_get_count(list) || row >= rows_of(list, manager))
+    if (manager >= vx_layer_manager_count(layer) || row >= rows_of(layer, manager))
         return -1;
     unsigned index = row;
-    for (unsigned place = 0; listed_manager(list, place) != manager; ++place)
-        index += rows_of(list, listed_manager(list, place));
+    for (unsigned place = 0; listed_manager(layer, place) != manager; ++place)
+        index += rows_of(layer, listed_manager(layer, place));
     return static_cast<int>(index);
 }

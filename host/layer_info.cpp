@@ -186,7 +186,7 @@ static QIcon framed(Draw draw)
 QIcon vx_layer_symbol(Ivx_layer *layer, Tvx_layer_mark mark)
 {
     return framed([&](QPainter &painter) {
-        if (!vx_lr2d_is_shp(layer))
+        if (vx_layer_manager_count(layer) == 0)
             draw_cells(painter);
         else if (!draw_simple(painter, layer, nullptr))
             draw_classes(painter, layer);

@@ -9,6 +9,7 @@
 #include "platform/layers/vx_lr.h"
 #include "platform/layers/vx_rtr_lr2d.h"
 #include "platform/layers/vx_shp_lr2d.h"
+#include "platform/layers/vx_tos_lr2d.h"
 #include "platform/styles/vx_base_style.h"
 #include "platform/styles/vx_rng_scale.h"
 #include "platform/styles/vx_scale_prm.h"
@@ -51,6 +52,7 @@ constexpr Tvx_color c_points[] = {
     vx_clr_init_rgb(0x00, 0x72, 0xb2), vx_clr_init_rgb(0xb0, 0x7d, 0x00), vx_clr_init_rgb(0x6b, 0x4c, 0x9a),
 };
 constexpr Tvx_color c_clear{};
+constexpr int c_draw_by_scale = 0; ///< of a grid
 constexpr wchar_t const *c_style_module = L"vxk_scene2d_editor_bdl.dll";
 constexpr double c_outline_mm = 0.15;
 constexpr double c_line_mm = 0.4;
@@ -101,6 +103,60 @@ void *area_style(Ivx_layer *layer)
     return vx_stl_prm_get_pgn_style_ptr(simple_prm(vx_shp_pgn_lr2d_get_stl_mngr_ptr(layer)), false);
 }
 
+/// The manager that a layer of a property file is drawn by; null for a grid by channels and for others.
+void *only_manager(Ivx_layer *layer)
+{
+    if (void *const colors = vx_tos_grid_lr2d_get_clr_stl_mngr_ptr(layer))
+        return vx_tos_grid_lr2d_get_draw_type(layer) == c_draw_by_scale ? colors : nullptr;
+    void *const curve = vx_tos_grid_1d_lr2d_get_stl_mngr_ptr(layer);
+    return curve ? curve : vx_tos_2crd_lr2d_get_stl_mngr(layer);
+}
+
+void *main_manager(Ivx_layer *layer)
+{
+    return vx_lr2d_is_shp(layer) ? vx_shp_lr2d_get_stl_mngr_ptr(layer) : only_manager(layer);
+}
+
+/// One of all managers of a layer of a property file.
+void *kept_manager(Ivx_layer *layer)
+{
+    void *const colors = vx_tos_grid_lr2d_get_clr_stl_mngr_ptr(layer);
+    return colors ? colors : only_manager(layer);
+}
+
+/// What a layer of a property file shows of its data.
+std::wstring shown_data(Ivx_layer *layer)
+{
+    std::wstring height, x, y;
+    vx_tos_grid_1d_lr2d_get_height_prp_name(layer, Tvx_std_wstring_adapter(height));
+    vx_tos_2crd_lr2d_get_wprop_name_x(layer, Tvx_std_wstring_adapter(x));
+    vx_tos_2crd_lr2d_get_wprop_name_y(layer, Tvx_std_wstring_adapter(y));
+    return height + L'\n' + x + L'\n' + y + L'\n' + std::to_wstring(vx_tos_slice_lr2d_get_zslice(layer));
+}
+
+void copy_properties(Ivx_layer *layer, Ivx_layer *like)
+{
+    vx_stl_mngr_assign(kept_manager(layer), kept_manager(like));
+    vx_txt_settings_assign(vx_tos_2crd_lr2d_get_txt_settings(layer), vx_tos_2crd_lr2d_get_txt_settings(like));
+    vx_tos_grid_lr2d_set_draw_type(layer, vx_tos_grid_lr2d_get_draw_type(like));
+    vx_tos_grid_lr2d_set_opacity(layer, vx_tos_grid_lr2d_get_opacity(like));
+    vx_tos_grid_lr2d_set_interpolate(layer, vx_tos_grid_lr2d_get_interpolate(like));
+    vx_rgb_channels_assign(vx_tos_grid_lr2d_get_rgb_channels_ptr(layer),
+                           vx_tos_grid_lr2d_get_rgb_channels_ptr(like));
+    vx_lr_set_own_selected_style_flag(layer, vx_lr_get_own_selected_style_flag(like));
+}
+
+bool have_equal_properties(Ivx_layer *layer, Ivx_layer *like)
+{
+    return vx_stl_mngr_equal(kept_manager(layer), kept_manager(like)) &&
+           shown_data(layer) == shown_data(like) &&
+           vx_tos_grid_lr2d_get_draw_type(layer) == vx_tos_grid_lr2d_get_draw_type(like) &&
+           vx_tos_grid_lr2d_get_opacity(layer) == vx_tos_grid_lr2d_get_opacity(like) &&
+           vx_tos_grid_lr2d_get_interpolate(layer) == vx_tos_grid_lr2d_get_interpolate(like) &&
+           vx_rgb_channels_equal(vx_tos_grid_lr2d_get_rgb_channels_ptr(layer),
+                                 vx_tos_grid_lr2d_get_rgb_channels_ptr(like));
+}
+
 void set_line(void *line, Tvx_color color, double width)
 {
     vx_bpln_style_set_color(line, color);
@@ -126,9 +182,22 @@ Tvx_layer_colors vx_layer_get_colors(Ivx_layer *layer)
     return colors;
 }
 
+unsigned vx_layer_manager_count(Ivx_layer *layer)
+{
+    return vx_lr2d_is_shp(layer) ? vx_stl_mngr_list_get_count(vx_shp_lr2d_get_style_mngr_list_ptr(layer))
+                                 : (only_manager(layer) ? 1 : 0);
+}
+
+void *vx_layer_manager_at(Ivx_layer *layer, unsigned index)
+{
+    if (vx_lr2d_is_shp(layer))
+        return vx_stl_mngr_list_get_mngr(vx_shp_lr2d_get_style_mngr_list_ptr(layer), index);
+    return index == 0 ? only_manager(layer) : nullptr;
+}
+
 std::vector<Tvx_color> vx_layer_get_class_colors(Ivx_layer *layer, unsigned count)
 {
-    void *const manager = vx_shp_lr2d_get_stl_mngr_ptr(layer);
+    void *const manager = main_manager(layer);
     std::vector<Tvx_color> colors;
     auto const take = [&](void *scale, unsigned size, auto prm_of) {
         for (unsigned i = 0; i < std::min(count, size); ++i)
@@ -161,9 +230,8 @@ bool vx_layer_is_drawn_simple(Ivx_layer *layer)
 
 void *vx_layer_simple_style(Ivx_layer *layer)
 {
-    return vx_lr2d_is_shp(layer) && vx_layer_is_drawn_simple(layer)
-               ? simple_prm(vx_shp_lr2d_get_stl_mngr_ptr(layer))
-               : nullptr;
+    void *const manager = main_manager(layer);
+    return vx_stl_mngr_get_mode(manager) == c_stl_mngr_mode_simple ? simple_prm(manager) : nullptr;
 }
 
 bool vx_layer_draw_sample(Ivx_layer *layer, TBitmap *bitmap)
@@ -180,6 +248,8 @@ bool vx_style_draw_sample(void *prm, TBitmap *bitmap)
         vx_pln_style_example_bmp(style, bitmap);
     else if (void *style = vx_stl_prm_get_pgn_style_ptr(prm, false))
         vx_pgn_style_example_bmp(style, bitmap);
+    else if (Tvx_color const *const color = vx_stl_prm_get_clr_style_ptr(prm, false))
+        vx_clr_style_example_bmp(color, bitmap);
     else
         return false;
     return true;
@@ -189,6 +259,10 @@ bool vx_layer_style_fits(Ivx_layer *layer, Ivx_layer *like)
 {
     if (!layer || !like)
         return false;
+    if (vx_lr2d_is_tos(layer))
+        return (vx_tos_grid_lr2d_get_clr_stl_mngr_ptr(layer) &&
+                vx_tos_grid_lr2d_get_clr_stl_mngr_ptr(like)) ||
+               vx_lr2d_get_lr_type(layer) == std::string_view(vx_lr2d_get_lr_type(like));
     if (!vx_lr2d_is_shp(layer))
         return vx_lr2d_get_lr_type(layer) == std::string_view(c_lr_key_rtr) &&
                vx_lr2d_get_lr_type(like) == std::string_view(c_lr_key_rtr);
@@ -206,6 +280,8 @@ bool vx_layer_copy_style(Ivx_layer *layer, Ivx_layer *like)
                                 vx_shp_lr2d_get_style_mngr_list_ptr(like));
         vx_txt_settings_assign(vx_shp_lr2d_get_txt_settings(layer), vx_shp_lr2d_get_txt_settings(like));
         vx_lr_set_own_selected_style_flag(layer, vx_lr_get_own_selected_style_flag(like));
+    } else if (vx_lr2d_is_tos(layer)) {
+        copy_properties(layer, like);
     } else {
         vx_rtr_lr2d_set_draw_type(layer, vx_rtr_lr2d_get_draw_type(like));
         vx_rtr_lr2d_set_transparent_clr(layer, vx_rtr_lr2d_get_transparent_clr(like));
@@ -217,6 +293,8 @@ bool vx_layer_copy_style(Ivx_layer *layer, Ivx_layer *like)
 
 bool vx_layer_has_style_of(Ivx_layer *layer, Ivx_layer *like)
 {
+    if (vx_lr2d_is_tos(layer))
+        return have_equal_properties(layer, like);
     if (!vx_lr2d_is_shp(layer))
         return vx_rtr_lr2d_get_draw_type(layer) == vx_rtr_lr2d_get_draw_type(like) &&
                vx_rtr_lr2d_get_transparent_clr(layer) == vx_rtr_lr2d_get_transparent_clr(like) &&

@@ -16,6 +16,10 @@ struct Tvx_layer_colors
 };
 /// All clear for other layers.
 [[nodiscard]] Tvx_layer_colors vx_layer_get_colors(Ivx_layer *layer);
+/// The managers that a layer is drawn by, the layer's own: all of a vector layer, one of a layer of a
+/// property file; none of others, nor of a grid that is drawn by channels. Null outside.
+[[nodiscard]] unsigned vx_layer_manager_count(Ivx_layer *layer);
+[[nodiscard]] void *vx_layer_manager_at(Ivx_layer *layer, unsigned index);
 /// Leading colours of the first entries of the scale by which the layer is drawn, `count` at most; none for
 /// other layers.
 [[nodiscard]] std::vector<Tvx_color> vx_layer_get_class_colors(Ivx_layer *layer, unsigned count);
@@ -28,20 +32,24 @@ struct Tvx_layer_colors
 /// Draws the sample of the simple style of a layer that is drawn so; false for others, and the bitmap is left
 /// alone.
 [[nodiscard]] bool vx_layer_draw_sample(Ivx_layer *layer, TBitmap *bitmap);
-/// The same for one style, a `stl_prm`; false for styles that are none of points, lines or areas.
+/// The same for one style, a `stl_prm`; false for styles that are none of points, lines, areas or
+/// colours.
 [[nodiscard]] bool vx_style_draw_sample(void *stl_prm, TBitmap *bitmap);
 /// Whether the style dialog can be had for the layer.
 [[nodiscard]] bool vx_layer_has_style_dialog(Ivx_layer *layer);
 /// Lets the user edit that simple style at a point of the screen; true when it has changed.
 [[nodiscard]] bool vx_layer_style_dialog(Ivx_layer *layer, int x, int y);
 
-/// Whether a layer can be drawn like another: vector layers of one geometry, and rasters.
+/// Whether a layer can be drawn like another: vector layers of one geometry, rasters, grids of property files
+/// and their slices, other layers of property files of one kind.
 [[nodiscard]] bool vx_layer_style_fits(Ivx_layer *layer, Ivx_layer *like);
-/// Draws the layer like another from now on: all managers, texts and their order, the colours of a raster.
-/// False, with the layer as it was, where it does not fit.
+/// Draws the layer like another from now on: all managers, texts and their order, the colours of a raster
+/// or grid. What it shows of its data stays: slice, coordinates, height. False, with the layer as it was,
+/// where it does not fit.
 [[nodiscard]] bool vx_layer_copy_style(Ivx_layer *layer, Ivx_layer *like);
 
-/// Whether two layers of one kind are drawn alike: all that `vx_layer_copy_style` copies but the texts.
+/// Whether two layers of one kind are drawn alike: all that `vx_layer_copy_style` copies but the texts, and
+/// what they show of their data.
 [[nodiscard]] bool vx_layer_has_style_of(Ivx_layer *layer, Ivx_layer *like);
 
 /// Gives a newly opened vector layer a simple style of its own: quiet fills with a darker outline, strong

@@ -51,6 +51,7 @@ void Tvx_map_window::connect_objects()
     connect(f_canvas, &Tvx_map_canvas::clicked, this, &Tvx_map_window::on_map_clicked);
     connect(f_identify, &Tvx_identify_panel::object_chosen, this,
             [this](int id, unsigned record) { select_objects(id, {record}); });
+    connect(f_identify, &Tvx_identify_panel::cell_chosen, this, [this] { select_objects(-1, {}); });
     connect(f_identify, &Tvx_identify_panel::zoom_wanted, this,
             [this](int id, unsigned record) { f_canvas->show_box(vx_map_object_box(f_layers, id, record)); });
     connect(f_identify, &Tvx_identify_panel::table_wanted, this, [this](int id, unsigned record) {
@@ -99,12 +100,17 @@ void Tvx_map_window::on_map_clicked(QPointF at, bool with_ctrl, bool by_key)
         return;
     }
     Tvx_found_object const first = found.front();
+    if (with_ctrl && !first.has_record)
+        return;
     if (with_ctrl) {
         f_selection->toggle(first.layer_id, first.record);
         show_selection_in_tables();
         return;
     }
-    select_objects(first.layer_id, {first.record});
+    if (first.has_record)
+        select_objects(first.layer_id, {first.record});
+    else
+        select_objects(-1, {});
     f_identify->show_objects(std::move(found), is_all);
     f_identify_dock->show();
     f_identify_dock->raise();

@@ -7,8 +7,12 @@
 #include "map_fixture.h"
 #include "support/temp_dir.h"
 
+#include "platform/base/owned.h"
+#include "platform/data/vx_file_tos4.h"
 #include "platform/data/vx_shape_files.h"
+#include "platform/layers/vx_rtr_lr2d.h"
 #include "platform/layers/vx_shp_lr2d.h"
+#include "platform/layers/vx_tos_lr2d.h"
 #include "platform/styles/vx_stl_mngr.h"
 
 #include <QClipboard>
@@ -20,6 +24,7 @@
 #include <QTreeView>
 #include <QTreeWidget>
 
+#include <cmath>
 #include <fstream>
 
 using namespace vx_test;
@@ -64,6 +69,20 @@ protected:
         }
         ASSERT_TRUE(layers().replace(layers().id_at(row), std::move(copy)));
     }
+    /// A property file with one number after the other, no number for none.
+    static QString
+    property_file(temp_dir const &folder, char const *name, Tvx_tos4_grid const &grid,
+                  std::vector<std::pair<wchar_t const *, std::vector<double>>> const &properties)
+    {
+        auto const path = QString::fromStdString((folder / name).string());
+        vx::owned<Ivx_tos4_writer, &vx_tos4_writer_destroy> const writer(
+            vx_tos4_writer_create_w(path.toStdWString().c_str(), &grid, L"+proj=utm +zone=25 +units=m"));
+        for (auto const &[property, values] : properties)
+            EXPECT_TRUE(vx_tos4_writer_add_prop_w(writer.get(), property, L"") &&
+                        vx_tos4_writer_append(writer.get(), values.data(), values.size()));
+        EXPECT_TRUE(vx_tos4_writer_finish(writer.get()));
+        return path;
+    }
     static QPoint cell(QTableView *view, int row, int column)
     {
         return view->visualRect(view->model()->index(row, column)).center();
@@ -99,6 +118,88 @@ TEST_F(map_objects, a_click_names_what_is_there_topmost_first)
     EXPECT_TRUE(selected().empty());
     hand::press(&canvas(), Qt::Key_Escape);
     EXPECT_FALSE(window->identify().isVisible());
+}
+
+TEST_F(map_objects, a_click_names_the_cell_of_a_picture)
+{
+    ASSERT_EQ(open({"L7_ETMs.tif"}), 1);
+    Ivx_layer *const raster = layers().layer_at(0);
+    canvas().show_box({292500, 9115500, 293500, 9116500});
+    click_map(293000, 9116000);
+    ASSERT_EQ(found()->topLevelItemCount(), 1);
+    int column = 0, row = 0;
+    double value_of_band = 0;
+    ASSERT_TRUE(vx_rtr_lr2d_find_cell(raster, {293000, 9116000}, &column, &row));
+    EXPECT_EQ(column, 148);
+    EXPECT_EQ(row, 167);
+    ASSERT_TRUE(vx_rtr_lr2d_get_cell(raster, 4, column, row, &value_of_band));
+    EXPECT_EQ(title(0), "Column 149, row 168");
+    EXPECT_EQ(value(0, QString::fromWCharArray(vx_rtr_lr2d_get_prop_name(raster, 4))),
+              QString::number(value_of_band));
+    EXPECT_TRUE(selected().empty());
+    for (auto const *const button : window->identify().findChildren<QPushButton *>())
+        EXPECT_FALSE(button->isEnabled()) << "cells have no record";
+    click_map(293000, 9116000, Qt::ControlModifier);
+    EXPECT_TRUE(selected().empty());
+    layers().set_layer_visible(0, false);
+    click_map(293000, 9116000);
+    EXPECT_EQ(found()->topLevelItemCount(), 0);
+}
+
+TEST_F(map_objects, layers_of_property_files_have_classes_and_are_named)
+{
+    temp_dir const folder;
+    double const none = std::nan("");
+    Tvx_tos4_grid const grid{2, {3, 2, 1}, {100, 200, 0}, {10, 10, 1}, 0};
+    auto const cells = property_file(folder, "cells.tos4", grid,
+                                     {{L"h", {0, 1, 2, 3, none, 12}}, {L"k", {7, 7, 7, 7, none, 7}}});
+    ASSERT_EQ(window->open_files({cells}), 1);
+    ASSERT_EQ(vx_layer_classes_count(layers().layer_at(0)), 15u) << "12 ranges and what lies outside";
+    canvas().show_box(layers().extent_at(0));
+    EXPECT_TRUE(hand::wait_until([&] { return canvas().is_settled(); }));
+    click_map(121, 199);
+    ASSERT_EQ(found()->topLevelItemCount(), 1);
+    EXPECT_EQ(title(0), "Column 3, row 1");
+    EXPECT_EQ(value(0, "h"), "2");
+    EXPECT_EQ(value(0, "k"), "7");
+    QString const class_of = value(0, "Drawn by");
+    EXPECT_EQ(class_of, vx_layer_class_caption(layers().layer_at(0), 2));
+    click_map(109, 211);
+    EXPECT_EQ(found()->topLevelItemCount(), 0) << "a cell without a value";
+    // The tick of a class hides its cells.
+    QImage const whole = picture();
+    EXPECT_NE(vx_layer_class_symbol(layers().layer_at(0), 2).pixmap(32, 20).toImage(),
+              vx_layer_class_symbol(layers().layer_at(0), 9).pixmap(32, 20).toImage());
+    ASSERT_TRUE(layers().set_class_visible(0, 2, false));
+    EXPECT_LT(drawn_part(picture()), drawn_part(whole) - 0.05);
+    click_map(121, 199);
+    EXPECT_EQ(found()->topLevelItemCount(), 0);
+    // Another grid can be drawn like it, points cannot.
+    auto const points = property_file(folder, "points.tos4", {0, {3, 1, 1}},
+                                      {{L"X", {100, 110, 120}}, {L"Y", {200, 210, none}}});
+    ASSERT_EQ(
+        window->open_files({points, property_file(folder, "o.tos4", grid, {{L"h", {1, 2, 3, 4, 5, 6}}})}), 2);
+    Ivx_layer *const first = layers().layer_at(2);
+    EXPECT_FALSE(vx_layer_has_style_of(layers().layer_at(0), first));
+    EXPECT_TRUE(vx_layer_copy_style(layers().layer_at(0), first));
+    EXPECT_TRUE(vx_layer_has_style_of(layers().layer_at(0), first));
+    EXPECT_FALSE(vx_layer_style_fits(layers().layer_at(1), first));
+    layers().set_layer_visible(0, false);
+    layers().set_layer_visible(2, false);
+    click_map(110, 210);
+    ASSERT_EQ(found()->topLevelItemCount(), 1);
+    EXPECT_EQ(value(0, "X"), "110");
+    EXPECT_EQ(value(0, "Drawn by"), "One Style");
+    // A curve is met where it runs.
+    auto const curve = property_file(folder, "curve.tos4", {1, {3, 1, 1}, {100, 0, 0}, {10, 1, 1}, 0},
+                                     {{L"h", {200, 210, 205}}});
+    ASSERT_EQ(window->open_files({curve}), 1);
+    layers().set_layer_visible(2, false);
+    click_map(105.5, 205.5);
+    ASSERT_EQ(found()->topLevelItemCount(), 1);
+    EXPECT_EQ(value(0, "h"), "210");
+    click_map(105.5, 201);
+    EXPECT_EQ(found()->topLevelItemCount(), 0);
 }
 
 TEST_F(map_objects, symbols_and_lines_are_met_within_a_few_pixels)
