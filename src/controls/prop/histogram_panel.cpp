@@ -118,6 +118,8 @@ void Tvx_histogram_panel::repaint_mark(double value)
 /// The rest of the chart stays as it is drawn.
 void Tvx_histogram_panel::set_val(double &kept, double value)
 {
+    if (value == kept)
+        return;
     repaint_mark(kept);
     kept = value;
     repaint_mark(kept);

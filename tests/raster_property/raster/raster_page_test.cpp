@@ -6,8 +6,11 @@
 #include "platform/render/vx_render_layer.h"
 #include "platform/toolkit/controls/shape.h"
 #include "platform/toolkit/core/application.h"
+#include "platform/toolkit/core/screen.h"
 #include "platform/toolkit/core/strings.h"
+#include "platform/toolkit/graphics/bitmap.h"
 #include "platform/toolkit/graphics/brush.h"
+#include "platform/toolkit/graphics/canvas.h"
 
 using raster_page_test = raster_fixture;
 
@@ -276,6 +279,24 @@ TEST_F(raster_page_test, a_channel_is_stretched_by_numbers_sliders_and_marks)
     EXPECT_EQ(high->get_val(), 255) << "stops at the bound of the slider";
     ASSERT_TRUE(input::drag(chart, column(edit, 255), c_row, -300, c_row));
     EXPECT_EQ(high->get_val(), 32);
+
+    // Only the columns of a mark are drawn anew: what stands there is what all of it drawn anew shows.
+    ASSERT_TRUE(input::drag(chart, column(edit, 32), c_row, column(edit, 90), c_row));
+    TBitmap partly, wholly;
+    Screen->Grab(partly);
+    chart->Invalidate();
+    input::wait_idle();
+    Screen->Grab(wholly);
+    std::size_t others = 0, marked = 0;
+    TPoint const corner = chart->ClientToScreen({0, 0});
+    for (int y = corner.Y; y < corner.Y + chart->GetHeight(); ++y)
+        for (int x = corner.X; x < corner.X + chart->GetWidth(); ++x) {
+            TColor const pixel = wholly.GetCanvas()->GetPixel(x, y);
+            others += pixel != partly.GetCanvas()->GetPixel(x, y);
+            marked += pixel == RGB(255, 0, 0);
+        }
+    EXPECT_EQ(others, 0u);
+    EXPECT_GT(marked, 300u) << "nothing of the window was seen";
 
     // Two at one place: the first is taken.
     ASSERT_TRUE(input::enter_text(low->get_size_panel()->get_edit(), L"100"));

@@ -357,10 +357,11 @@ void TChart::paint_bars()
     double const distance = f_bar_width / c_bar_part;
     double const in_view = (f_bottom_axis.f_maximum - f_bottom_axis.f_minimum) / distance;
     double const width = f_chart_rect.Width() < c_narrow_bar * in_view ? distance : f_bar_width;
+    TRect const wanted = canvas->GetClipRect();
     for (TBarSeries::bar const &bar : f_series.f_bars) {
         int const left = f_bottom_axis.CalcPosValue(bar.x - width / 2);
         int const right = f_bottom_axis.CalcPosValue(bar.x + width / 2);
-        if (right < f_chart_rect.Left || left >= f_chart_rect.Right)
+        if (right < wanted.Left || left >= wanted.Right)
             continue;
         int const top = f_left_axis.CalcPosValue(bar.y);
         canvas->GetBrush()->SetColor(bar.color);
@@ -372,6 +373,7 @@ void TChart::paint_bars()
 void TChart::paint_left_scale()
 {
     TCanvas *const canvas = GetCanvas();
+    TRect const wanted = canvas->GetClipRect();
     for_each_tick(f_left_axis, f_chart_rect.Height(), c_tick_distance_y, [&](double value, double step) {
         int const y = f_left_axis.CalcPosValue(value);
         canvas->GetPen()->SetColor(c_grid_color);
@@ -380,6 +382,8 @@ void TChart::paint_left_scale()
         canvas->GetPen()->SetColor(c_axis_color);
         canvas->MoveTo(f_chart_rect.Left - c_tick, y);
         canvas->LineTo(f_chart_rect.Left, y);
+        if (wanted.Left >= f_chart_rect.Left)
+            return;
         UnicodeString const text = number_text(value, step);
         TSize const size = canvas->TextExtent(text);
         canvas->GetBrush()->SetStyle(bsClear);
@@ -392,6 +396,7 @@ void TChart::paint_bottom_scale()
 {
     TCanvas *const canvas = GetCanvas();
     canvas->GetBrush()->SetStyle(bsClear);
+    TRect const wanted = canvas->GetClipRect();
     int free_from = 0; // numbers do not run into each other
     auto const put = [&](double value, UnicodeString const &text) {
         int const x = f_bottom_axis.CalcPosValue(value);
@@ -404,7 +409,8 @@ void TChart::paint_bottom_scale()
         int const left = std::clamp(x - width / 2, 0, std::max(GetClientWidth() - width, 0));
         if (left < free_from)
             return;
-        canvas->TextOut(left, f_chart_rect.Bottom + c_tick + c_gap, text);
+        if (left < wanted.Right && left + width > wanted.Left)
+            canvas->TextOut(left, f_chart_rect.Bottom + c_tick + c_gap, text);
         free_from = left + width + c_gap;
     };
     if (has_labels())
