@@ -266,7 +266,9 @@ void Tvx_label_style_panel::load_res()
     vx_picture_button_load(f_save_btn, c_picture_save, c_lbl_save);
     vx_picture_button_load(f_load_btn, c_picture_load, c_lbl_load);
     f_effects_btn->SetCaption(vx_res_get_wstr(c_lbl_effects_btn));
+    f_effects_btn->SetAccessibleName(vx_res_get_wstr(c_lbl_effects_title));
     f_advanced_btn->SetCaption(vx_res_get_wstr(c_lbl_advanced_btn));
+    f_advanced_btn->SetAccessibleName(vx_res_get_wstr(c_lbl_edit_title));
 }
 
 // ---- what is shown
