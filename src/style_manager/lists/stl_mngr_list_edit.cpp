@@ -170,6 +170,13 @@ void Tvx_style_stl_mngr_list_edit::on_setting_click(TObject * /*sender*/)
         call_changed();
 }
 
+void Tvx_txt_stl_mngr_list_edit::load_res()
+{
+    Tvx_stl_mngr_list_edit::load_res();
+    if (get_check_box())
+        get_check_box()->SetCaption(vx_res_get_wstr(c_stl_list_labels));
+}
+
 void Tvx_txt_stl_mngr_list_edit::on_add_click(TObject * /*sender*/)
 {
     if (auto *const mngr = vx_stl_mngr_list_add(get_stl_mngr_list())) {

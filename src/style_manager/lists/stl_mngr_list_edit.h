@@ -77,6 +77,7 @@ class VX_API Tvx_txt_stl_mngr_list_edit : public Tvx_stl_mngr_list_edit
 public:
     using Tvx_stl_mngr_list_edit::Tvx_stl_mngr_list_edit;
 
+    void load_res() override;
     void on_add_click(TObject *sender) override;
     void on_setting_click(TObject *sender) override;
 
