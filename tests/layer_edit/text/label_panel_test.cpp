@@ -1,3 +1,4 @@
+#include "exports/vxk_host_api.h"
 #include "layer_edit/text/dtld_lr2d_edit.h"
 #include "styles/label/label_style_edit_dlg.h"
 #include "styles/label/label_style_effects_dlg.h"
@@ -15,13 +16,18 @@
 #include "platform/dialogs/vx_dlg_table.h"
 #include "platform/layers/vx_shp_lr2d.h"
 #include "platform/layers/vx_tld_lr2d.h"
+#include "platform/render/vx_bmp_dc.h"
+#include "platform/render/vx_labels.h"
 #include "platform/storage/vx_xml_save_2d.h"
 #include "platform/toolkit/core/form.h"
 
 #include <cstdlib>
+#include <filesystem>
 #include <functional>
 #include <gtest/gtest.h>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace input = vx::user_input;
 
@@ -117,6 +123,28 @@ protected:
     TForm form{nullptr};
     Tvx_dtld_lr2d_edit *page = new Tvx_dtld_lr2d_edit(&form);
 };
+
+/// The labels of a layer as a number that other labels do not have; the map is an empty sheet beneath them.
+std::string picture_of(Ivx_layer *layer)
+{
+    double extent[4];
+    EXPECT_TRUE(vx_host_get_extent(layer, extent));
+    Tvx_map_view view;
+    view.world = {extent[0], extent[1], extent[2], extent[3]};
+    view.width = 900;
+    view.height = 500;
+    std::vector<unsigned char> pixels(std::size_t{900} * 500 * 4, 255);
+    vx::owned<void, &vx_bmp_dc_destroy> const dc(vx_bmp_dc_create());
+    vx_bmp_dc_set_pixels(dc.get(), pixels.data(), view.width, view.height, 4 * view.width);
+    vx::owned<Ivx_labels, &vx_labels_destroy> const labels(vx_labels_create());
+    Tvx_labelled_layer const labelled{layer, 1};
+    EXPECT_TRUE(vx_labels_place(labels.get(), &labelled, 1, view, 0));
+    EXPECT_TRUE(vx_labels_draw(labels.get(), view, dc.get()));
+    EXPECT_GT(vx_labels_get_count(labels.get(), view), 10u);
+    std::size_t const sum =
+        std::hash<std::string_view>()({reinterpret_cast<char const *>(pixels.data()), pixels.size()});
+    return std::to_string(vx_labels_get_count(labels.get(), view)) + "/" + std::to_string(sum);
+}
 
 bool tick(TCheckBox *box)
 {
@@ -429,6 +457,7 @@ TEST_F(label_page, saves_and_loads_the_classes)
     std::wstring const path = (dir / "counties._ta").wstring();
     open(L"nc.shp");
     vx_textlr_info_set_size(info(), 5.5);
+    vx_textlr_info_set_outline(info(), true, c_red, 0.5);
     ASSERT_TRUE(input::click(panel().get_class_add_btn()));
     ASSERT_TRUE(input::choose_item(panel().get_prop_edit()->get_combo_box(), L"NAME"));
     ASSERT_TRUE(input::click(panel().get_save_btn())) << "the file dialog is cancelled";
@@ -439,7 +468,8 @@ TEST_F(label_page, saves_and_loads_the_classes)
     EXPECT_EQ(message, L"");
 
     // Another process, which knows nothing of this one.
-    auto const run = "VX_LABELS='" + (dir / "counties._ta").string() + "' '" +
+    std::string const map = picture_of(layer.get());
+    auto const run = "VX_LABELS='" + (dir / "counties._ta").string() + "' VX_MAP='" + map + "' '" +
                      std::filesystem::read_symlink("/proc/self/exe").string() +
                      "' --gtest_filter=labels_of_another_process.* > /dev/null 2>&1";
     EXPECT_EQ(std::system(run.c_str()), 0);
@@ -468,8 +498,10 @@ TEST(labels_of_another_process, come_from_the_file)
     char const *const path = std::getenv("VX_LABELS");
     if (!path)
         GTEST_SKIP() << "runs inside the test that saves them";
-    owned_layer const layer(vx_lr2d_create("shp_pgn_lr2d"));
+    vx_bundles_load();
+    owned_layer const layer(vx_shp_lr2d_open(L"" VX_EXAMPLE_DATA "/nc.shp", nullptr));
     Ivx_layer *const labels = vx_shp_lr2d_get_text_layer_ptr(layer.get());
+    vx_lr2d_set_visible(labels, true);
     ASSERT_TRUE(vx_xml_data_load_lr2d_dtld(nullptr, vx::text::utf8_to_wide(path).c_str(), labels));
     EXPECT_EQ(vx_dtld_lr2d_count_text_class(labels), 2);
     EXPECT_EQ(vx_dtld_lr2d_get_text_class_index(labels), 1);
@@ -477,4 +509,5 @@ TEST(labels_of_another_process, come_from_the_file)
     std::wstring name;
     vx_textlr_info_get_property_name(vx_dtld_lr2d_get_text_class(labels), Tvx_std_wstring_adapter(name));
     EXPECT_EQ(name, L"NAME");
+    EXPECT_EQ(picture_of(layer.get()), std::getenv("VX_MAP")) << "the same map";
 }
