@@ -89,6 +89,7 @@ void add_managers(TWinControl *page)
     edit->SetBounds(strip->GetLeft(), c_edge + strip->GetHeight(), c_width, c_height - strip->GetHeight());
     edit->create();
     edit->load_res();
+    edit->enable_selection_style(false);
     edit->set_stl_mngr(mngr);
     edit->update_controls();
 }
