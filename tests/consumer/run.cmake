@@ -102,3 +102,12 @@ run(${WORK_DIR}/build/by_name ${library} ${DATA_DIR}/nc.shp)
 run(${WORK_DIR}/build/linked ${DATA_DIR}/nc.shp)
 run(${WORK_DIR}/build/styles)
 run(${WORK_DIR}/build/all_headers)
+
+# The sample extension as a stranger builds and installs it; then it is found without being named, too.
+set(desk ${prefix}/share/vxk_lr2d_edit_form/examples/layer_desk)
+run(${CMAKE_COMMAND} -S ${desk} -B ${WORK_DIR}/layer_desk -G Ninja -DCMAKE_PREFIX_PATH=${prefix}
+    -DCMAKE_INSTALL_PREFIX=${prefix} "-DCMAKE_CXX_FLAGS=${flags}")
+run(${CMAKE_COMMAND} --build ${WORK_DIR}/layer_desk)
+run(${WORK_DIR}/build/extension ${WORK_DIR}/layer_desk ${DATA_DIR}/nc.shp)
+run(${CMAKE_COMMAND} --install ${WORK_DIR}/layer_desk)
+run(${WORK_DIR}/build/extension ${WORK_DIR} ${DATA_DIR}/world.shp)
