@@ -48,6 +48,7 @@ class vx_fnt_type;
 
 /// What a style manager has beside its styles: whether symbols, spots or hatches turn by the angle in a
 /// numeric field, where an angle of 0 points and in which direction larger ones turn. The fields are those of
-/// the vector data set behind the file name or connection string; null, "" and what cannot be read: the field
-/// is typed. In the middle of the screen. False at once for a manager whose styles do not turn.
+/// the vector data set behind the file name or connection string, or the properties of a property file; null,
+/// "" and what cannot be read: the field is typed. In the middle of the screen. False at once for a manager
+/// whose styles do not turn.
 VX_API bool vx_style_advansed_setting_dialog(void *mngr, wchar_t const *file_name);

@@ -4,6 +4,7 @@
 #include "platform/base/strutil.h"
 #include "platform/base/text_codec.h"
 #include "platform/basic/vx_res.h"
+#include "platform/data/vx_file_tos4.h"
 #include "platform/dialogs/detail/common_form.h"
 #include "platform/dialogs/detail/filter_table.h"
 #include "platform/dialogs/dlg_table_priv.h"
@@ -26,6 +27,7 @@
 #include <numbers>
 #include <optional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace vx::dialogs {
@@ -81,10 +83,48 @@ private:
     vx::owned<Ivx_attr_data, &vx_attr_data_release> f_data;
 };
 
+/// The numeric fields of a table, or the properties of a property file.
+struct numeric_fields
+{
+    /// `field` is the one in force; it is named as the table writes it.
+    numeric_fields(wchar_t const *source, std::wstring field) : chosen(std::move(field))
+    {
+        if (source && vx_tos4_is_file_w(source))
+            read_properties(source);
+        else
+            read_table(source);
+    }
+    void read_properties(wchar_t const *source)
+    {
+        vx::owned<Ivx_tos4_file, &vx_tos4_file_close> const file(vx_tos4_file_open_w(source, true));
+        is_known = file != nullptr;
+        for (unsigned i = 0; i < vx_tos4_get_prop_count(file.get()); ++i) {
+            std::wstring name;
+            vx_tos4_get_prop_name_w(file.get(), i, Tvx_std_wstring_adapter(name));
+            names.emplace_back(name);
+        }
+    }
+    void read_table(wchar_t const *source)
+    {
+        named_data const data(source);
+        filter_table const table(data.get());
+        is_known = table.is_open();
+        for (filter_table::field const &field : table.get_fields())
+            if (field.numeric)
+                names.emplace_back(field.name);
+        if (filter_table::field const *const known = table.find(chosen))
+            chosen = known->name;
+    }
+
+    std::vector<UnicodeString> names;
+    std::wstring chosen;
+    bool is_known = false;
+};
+
 class advanced_form final : public common_form
 {
 public:
-    advanced_form(void const *mngr, std::vector<turned> const &what, filter_table const &table);
+    advanced_form(void const *mngr, std::vector<turned> const &what, numeric_fields const &fields);
 
     void take(void *mngr) const;
 
@@ -111,7 +151,7 @@ int height_for(std::size_t checks)
            c_zero_height + c_direction_height + 3 * common_form::c_gap + 26 + common_form::c_edge;
 }
 
-advanced_form::advanced_form(void const *mngr, std::vector<turned> const &what, filter_table const &table)
+advanced_form::advanced_form(void const *mngr, std::vector<turned> const &what, numeric_fields const &fields)
     : common_form(c_adv_title, c_width, height_for(what.size())), f_what(what)
 {
     int top = c_edge;
@@ -125,27 +165,21 @@ advanced_form::advanced_form(void const *mngr, std::vector<turned> const &what, 
         f_checks.push_back(check);
         top += c_row;
     }
-    std::vector<UnicodeString> names;
-    for (filter_table::field const &field : table.get_fields())
-        if (field.numeric)
-            names.emplace_back(field.name);
-    std::wstring name;
-    vx_stl_mngr_get_rotate_prop_name_w(mngr, Tvx_std_wstring_adapter(name));
-    filter_table::field const *const known = table.find(name);
-    UnicodeString const chosen = known ? known->name : name;
-    if (!name.empty() && std::ranges::find(names, chosen) == names.end())
+    std::vector<UnicodeString> names = fields.names;
+    UnicodeString const chosen = fields.chosen;
+    if (!chosen.IsEmpty() && std::ranges::find(names, chosen) == names.end())
         names.push_back(chosen);
     f_field = new TComboBox(this);
     f_field->SetParent(this);
     // Without a table at hand the name has to be typed.
-    f_field->SetStyle(table.is_open() ? csDropDownList : csDropDown);
+    f_field->SetStyle(fields.is_known ? csDropDownList : csDropDown);
     f_field->SetBounds(c_edge, top + 20, c_width - 2 * c_edge, c_edit_height);
     f_field->SetItemTexts(names);
     f_field->SetText(chosen);
     f_field->OnChange = make_closure<&advanced_form::on_change>(this);
     add_label(c_adv_field, c_edge, top, f_field);
     top += 20 + c_edit_height;
-    if (!table.is_open())
+    if (!fields.is_known)
         add_label(c_adv_no_table, c_edge, top + 4, nullptr);
     top += c_row;
     auto const place = std::ranges::find(c_zero_places, vx_stl_mngr_get_rotate_start(mngr));
@@ -256,11 +290,12 @@ bool vx_style_advansed_setting_dialog(void *mngr, wchar_t const *file_name)
         return false;
     if (auto const &own = table(); own.style_advanced)
         return own.style_advanced(own.user, owner_window(nullptr), mngr, file_name ? file_name : L"");
-    named_data const data(file_name);
-    std::optional<filter_table> fields;
+    std::wstring field;
+    vx_stl_mngr_get_rotate_prop_name_w(mngr, Tvx_std_wstring_adapter(field));
+    std::optional<numeric_fields> fields;
     {
         vx_wait_cursor const waiting;
-        fields.emplace(data.get());
+        fields.emplace(file_name, std::move(field));
     }
     advanced_form form(mngr, what, *fields);
     if (!form.run(nullptr, 0, 0))

@@ -1,7 +1,9 @@
 #include "dialogs_fixture.h"
 #include "support/memory_source.h"
+#include "support/temp_dir.h"
 
 #include "platform/base/owned.h"
+#include "platform/data/vx_file_tos4.h"
 #include "platform/dialogs/vx_dlgs.h"
 #include "platform/styles/vx_stl_mngr.h"
 #include "platform/toolkit/controls/button.h"
@@ -114,4 +116,30 @@ TEST_F(rotation_dialog, keeps_what_is_not_changed_and_everything_at_cancel)
     EXPECT_EQ(vx_stl_mngr_get_rotate_start(mngr.get()), 3);
     EXPECT_EQ(vx_stl_mngr_get_rotate_dir(mngr.get()), 1);
     EXPECT_EQ(field_of(mngr.get()), L"LANES");
+}
+
+TEST_F(rotation_dialog, offers_the_properties_of_a_property_file)
+{
+    vx_test::temp_dir const folder;
+    auto const file = (folder / "points.tos4").wstring();
+    Tvx_tos4_grid grid;
+    grid.count[0] = 1;
+    vx::owned<Ivx_tos4_writer, &vx_tos4_writer_destroy> const writer(
+        vx_tos4_writer_create_w(file.c_str(), &grid, L""));
+    double const value = 5;
+    for (wchar_t const *const name : {L"X", L"Y", L"azimuth"})
+        ASSERT_TRUE(vx_tos4_writer_add_prop_w(writer.get(), name, L"") &&
+                    vx_tos4_writer_append(writer.get(), &value, 1));
+    ASSERT_TRUE(vx_tos4_writer_finish(writer.get()));
+    owned_mngr const mngr(vx_stl_mngr_create("pnt_style"));
+    EXPECT_TRUE(run(
+        mngr.get(),
+        [](TCustomForm *form) {
+            ASSERT_TRUE(click(find<TCheckBox>(form, L"Turn the symbols"), 8, 10));
+            auto *const field = find<TComboBox>(form, nullptr);
+            EXPECT_EQ(field->GetItems()->GetCount(), 3);
+            ASSERT_TRUE(choose_item(field, L"azimuth"));
+        },
+        L"OK", file.c_str()));
+    EXPECT_EQ(field_of(mngr.get()), L"azimuth");
 }
