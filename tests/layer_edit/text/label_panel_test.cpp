@@ -419,6 +419,18 @@ TEST_F(label_page, placement_is_written_when_it_is_accepted)
         EXPECT_EQ(vx_textlr_info_get_min_scale(info()), 5000);
         EXPECT_TRUE(vx_textlr_info_use_max_scale(info()));
         EXPECT_EQ(vx_textlr_info_get_max_scale(info()), 250000);
+        with_dialog<dialog>(panel().get_advanced_btn(), L"Cancel", [is_line](dialog &d) {
+            EXPECT_EQ(d.get_range_group()->GetItemIndex(), 1);
+            EXPECT_EQ(d.get_duplicates_group()->GetItemIndex(), 2);
+            EXPECT_EQ(is_line ? d.get_line_type_group()->GetItemIndex()
+                              : d.get_text_pos_x_group()->GetItemIndex(),
+                      is_line ? 3 : 0);
+            EXPECT_EQ(d.get_text_pos_y_group()->GetItemIndex(), 0);
+            EXPECT_TRUE(d.get_delta_y()->get_edit()->GetEnabled());
+            EXPECT_EQ(d.get_delta_y()->get_edit()->GetText(), L"-1.00");
+            EXPECT_TRUE(d.get_max_scale()->get_edit()->GetEnabled());
+            EXPECT_EQ(d.get_max_scale()->get_edit()->GetText(), L"250000");
+        });
         page->set_lr2d(nullptr); // before its layer goes
         page->update_controls();
     }
@@ -434,6 +446,15 @@ TEST_F(label_page, a_dialog_whose_layer_goes_meanwhile_writes_nothing)
                                                  layer.reset();
                                              });
     EXPECT_EQ(panel().get_layer(), nullptr);
+    // The page itself may go.
+    open(L"nc.shp");
+    owned_class const before(vx_textlr_info_clone(info()));
+    with_dialog<Tvx_label_style_effects_dlg>(panel().get_effects_btn(), L"Apply",
+                                             [&](Tvx_label_style_effects_dlg &d) {
+                                                 EXPECT_TRUE(tick(d.get_back_check()));
+                                                 delete page;
+                                             });
+    EXPECT_TRUE(vx_textlr_info_equal(info(), before.get()));
 }
 
 TEST_F(label_page, the_dialog_of_a_new_class_asks_for_its_name)
