@@ -1,25 +1,17 @@
 #include "captions/style_manager.h"
 #include "style_manager/scales/rng_edit.h"
 #include "style_manager/scales/rng_edit_btn.h"
-#include "support/temp_dir.h"
-#include "tests/controls/prop/prop_form.h"
+#include "tests/style_manager/scales/scale_edit_form.h"
 
-#include "platform/base/owned.h"
-#include "platform/base/string_adp.h"
 #include "platform/base/text_codec.h"
 #include "platform/basic/vx_options.h"
 #include "platform/basic/vx_res.h"
-#include "platform/styles/vxk_styles.h"
-#include "platform/toolkit/core/key_codes.h"
 #include "platform/toolkit/core/strings.h"
 #include "platform/toolkit/graphics/bitmap.h"
 
 #include <functional>
 #include <limits>
 #include <optional>
-
-namespace input = vx::user_input;
-using owned_mngr = vx::owned<void, &vx_stl_mngr_destroy>;
 
 namespace {
 enum : int
@@ -42,41 +34,14 @@ std::wstring narrow(int caption_number, Texts... texts)
 }
 
 /// An editor over a table with a geometry, a text and a number.
-class rng_edit : public prop_form
+class rng_edit : public scale_edit_form<Tvx_rng_edit>
 {
 protected:
     void SetUp() override
     {
         prop_form::SetUp();
-        table.yesno = [](void *self, HWND, wchar_t const *) {
-            return static_cast<rng_edit *>(&of(self))->may_replace;
-        };
-        vx_dlg_set_table(&table);
-        edit = new Tvx_rng_edit(&form);
-        edit->SetParent(&form);
-        edit->create();
-        edit->SetAlign(alClient);
-        edit->load_res();
+        show(new Tvx_rng_edit(&form));
         edit->on_changed = make_closure<&rng_edit::on_changed>(this);
-        edit->set_on_edit_style(make_closure<&rng_edit::edit_style>(this));
-        Tvx_data_events data;
-        data.open = make_closure<&rng_edit::open>(this);
-        data.close = make_closure<&rng_edit::close>(this);
-        data.get_np = make_closure<&rng_edit::np>(this);
-        data.get_no = make_closure<&rng_edit::no>(this);
-        data.get_prop = make_closure<&rng_edit::prop>(this);
-        data.get_str = make_closure<&rng_edit::str>(this);
-        data.get_val = make_closure<&rng_edit::val>(this);
-        edit->set_data_events(data);
-        edit->set_mngr_style("pgn_mngr_style");
-        edit->set_stl_mngr(mngr.get());
-        edit->update_controls();
-        input::wait_idle();
-    }
-    void TearDown() override
-    {
-        EXPECT_EQ(opened, 0);
-        prop_form::TearDown();
     }
 
     // ---- the owner
@@ -86,23 +51,15 @@ protected:
         edit->update_controls();
         on_event(sender);
     }
-    bool edit_style(TObject *, int, int, void *stl_prm, bool sel)
-    {
-        vx_stl_prm_set_color(stl_prm, sel, vx_clr_init_rgb(1, 2, 3));
-        return true;
-    }
-    bool open(TObject *) { return has_data && ++opened > 0; }
-    void close(TObject *) { --opened; }
-    unsigned np(TObject *) { return 3; }
-    unsigned no(TObject *) { return static_cast<unsigned>(values.size()); }
-    char const *prop(TObject *, unsigned i, bool &usable, bool &numeric)
+    unsigned np(TObject *) override { return 3; }
+    unsigned no(TObject *) override { return static_cast<unsigned>(values.size()); }
+    char const *prop(TObject *, unsigned i, bool &usable, bool &numeric) override
     {
         usable = i > 0;
         numeric = i == 2;
         return i == 0 ? "GEOM" : i == 1 ? "Name" : "Births";
     }
-    char const *str(TObject *, unsigned, unsigned, bool &) { return ""; }
-    double val(TObject *, unsigned prop_index, unsigned i, bool &defined)
+    double val(TObject *, unsigned prop_index, unsigned i, bool &defined) override
     {
         ++cells_read;
         EXPECT_EQ(prop_index, 2U);
@@ -115,16 +72,6 @@ protected:
         max = 5;
         return true;
     }
-    void file_name(TObject *, unsigned, Ivx_string_adp *name)
-    {
-        vx_string_adp_feed(name, (dir.path() / "nc.Births.dat").wstring().c_str());
-    }
-    void give_files()
-    {
-        auto data = edit->get_data_events();
-        data.get_prop_file_name = make_closure<&rng_edit::file_name>(this);
-        edit->set_data_events(data);
-    }
     void give_stat()
     {
         auto data = edit->get_data_events();
@@ -133,7 +80,6 @@ protected:
     }
 
     // ---- the scale
-    void *scale() const { return edit->get_grid()->get_scale(); }
     unsigned size() const { return vx_rng_scale_get_size(scale()); }
     /// Ranges that touch at the bounds, over a span from the first to the last.
     void fill(std::vector<double> const &bounds)
@@ -163,31 +109,6 @@ protected:
                 " " + text(vx_rng_scale_get_min(scale(), i)) + ".." + text(vx_rng_scale_get_max(scale(), i));
         return result + " >" + text(vx_rng_scale_get_max_value(scale()));
     }
-    template <class Get, class... Args>
-    std::wstring read(Get get, Args... args) const
-    {
-        std::wstring result;
-        get(scale(), args..., Tvx_std_wstring_adapter(result));
-        return result;
-    }
-    template <class Is>
-    std::string rows(Is is) const
-    {
-        std::string result;
-        for (unsigned row = 0; row < edit->get_grid()->get_n_row(); ++row)
-            result += is(row) ? 'x' : '.';
-        return result;
-    }
-    std::string marks() const
-    {
-        return rows([this](unsigned row) { return edit->get_grid()->get_row_marked(row); });
-    }
-    std::string visibles() const
-    {
-        return rows([this](unsigned row) {
-            return vx_scale_prm_get_visible(edit->get_grid()->get_row_scale_prm_ptr(row));
-        });
-    }
     Tvx_color color(unsigned row, bool sel = false) const
     {
         return vx_stl_prm_get_color(
@@ -199,26 +120,9 @@ protected:
         vx_stl_prm_clr_set_all(prm, value, false);
         vx_stl_prm_clr_set_all(prm, value, true);
     }
-    bool click(int col, int row, TShiftState shift = {})
-    {
-        return input::click_cell(edit->get_grid(), col, row, mbLeft, shift);
-    }
-    /// Types over the cell of a grid row; the text stays pending unless it ends with a line feed.
-    void type(int col, int row, wchar_t const *text)
-    {
-        ASSERT_TRUE(click(col, row));
-        ASSERT_TRUE(input::press(VK_F2));
-        ASSERT_TRUE(input::press('A', {ssCtrl}));
-        ASSERT_TRUE(input::type(text));
-    }
     std::wstring line() const { return edit->get_row_line()->GetCaption().str(); }
 
-    owned_mngr mngr{vx_stl_mngr_create("pgn_style")};
-    Tvx_rng_edit *edit = nullptr;
-    vx_test::temp_dir dir;
     std::vector<std::optional<double>> values;
-    bool has_data = true, may_replace = true;
-    int opened = 0, cells_read = 0;
 };
 } // namespace
 
@@ -493,7 +397,7 @@ TEST_F(rng_edit, keeps_a_coloured_file_for_each_field)
     auto *const combo = edit->get_prp_scale()->get_combo_box();
     ASSERT_TRUE(input::choose_item(combo, L"Births"));
     EXPECT_EQ(taken_events(), 1);
-    ASSERT_TRUE(std::filesystem::exists(dir.path() / "nc.Births._rg"));
+    ASSERT_TRUE(std::filesystem::exists(dir.path() / "table.field._rg"));
     EXPECT_TRUE(color(0).b > color(0).r && color(11).r > color(11).b) << "from blue to red";
     type(upper, 2, L"12\n");
     type(caption, 2, L"kept");
@@ -506,7 +410,7 @@ TEST_F(rng_edit, keeps_a_coloured_file_for_each_field)
     EXPECT_EQ(vx_rng_scale_get_max(scale(), 0), 12);
     EXPECT_EQ(read(&vx_rng_scale_get_caption_w, 0U), L"kept");
     // One that cannot be read is told, and the scale on hand stays.
-    vx_test::write_file(dir / "nc.Births._rg", "no scale");
+    vx_test::write_file(dir / "table.field._rg", "no scale");
     fill({0, 1});
     vx_stl_mngr_set_rng_prop_name_w(mngr.get(), L"");
     edit->update_controls();
@@ -530,7 +434,7 @@ TEST_F(rng_edit, saves_opens_and_exports_by_the_filter)
     EXPECT_NE(vx_test::read_file(dir / "mine.xml").find("<ColorMap"), std::string::npos);
     EXPECT_EQ(asked_file.file_name, (dir.path() / "mine._rg").wstring())
         << "an export is not the scale's file";
-    may_replace = false;
+    says_yes = false;
     vx_test::write_file(dir / "mine.xml", "precious");
     ASSERT_TRUE(input::click(panel->get_save_btn()));
     EXPECT_EQ(vx_test::read_file(dir / "mine.xml"), "precious");

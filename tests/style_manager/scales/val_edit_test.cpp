@@ -1,25 +1,11 @@
 #include "style_manager/scales/val_edit.h"
-#include "support/temp_dir.h"
-#include "user_input/user_input.h"
+#include "tests/style_manager/scales/scale_edit_form.h"
 
-#include "platform/base/owned.h"
-#include "platform/base/string_adp.h"
 #include "platform/calculator/vx_calc_filter.h"
-#include "platform/dialogs/vx_dlg_table.h"
-#include "platform/styles/vxk_styles.h"
-#include "platform/toolkit/core/form.h"
-#include "platform/toolkit/core/key_codes.h"
 #include "platform/toolkit/core/pixel_ratio.h"
 #include "platform/toolkit/core/strings.h"
 #include "platform/toolkit/graphics/bitmap.h"
 #include "platform/toolkit/graphics/canvas.h"
-
-#include <algorithm>
-#include <gtest/gtest.h>
-#include <utility>
-
-namespace input = vx::user_input;
-using owned_mngr = vx::owned<void, &vx_stl_mngr_destroy>;
 
 namespace {
 enum : int
@@ -32,63 +18,23 @@ enum : int
     sel_style
 };
 
-/// An editor on a form with a table of texts behind it.
-class val_edit : public testing::Test
+/// An editor over a table with a geometry and a text.
+class val_edit : public scale_edit_form<Tvx_val_edit>
 {
 protected:
-    explicit val_edit(bool rule = false) : edit(new Tvx_val_edit(&form, rule)) {}
-
+    explicit val_edit(bool rule = false) : is_rule(rule) {}
     void SetUp() override
     {
-        table.user = this;
-        table.yesno = [](void *self, HWND, wchar_t const *) {
-            ++of(self).questions;
-            return of(self).answer;
-        };
-        table.message = [](void *self, HWND, Tvx_msg_kind, wchar_t const *text) {
-            ++of(self).messages;
-            of(self).last_message = text;
-        };
-        table.file = [](void *self, HWND, int, int, Tvx_file_dialog_prm *prm) {
-            prm->file_name = of(self).chosen_file;
-            return !of(self).chosen_file.empty();
-        };
-        vx_dlg_set_table(&table);
+        prop_form::SetUp();
         form.SetBounds(50, 50, 460, 420);
-        edit->SetParent(&form);
-        edit->create();
-        edit->SetAlign(alClient);
-        edit->load_res();
-        edit->on_changed = make_closure<&val_edit::on_event>(this);
+        show(new Tvx_val_edit(&form, is_rule));
+        edit->on_changed = recorder();
         edit->set_on_draw_style(make_closure<&val_edit::draw>(this));
-        edit->set_on_edit_style(make_closure<&val_edit::edit_style>(this));
         edit->set_on_edit_value_item(make_closure<&val_edit::edit_item>(this));
-        Tvx_data_events data;
-        data.open = make_closure<&val_edit::open>(this);
-        data.close = make_closure<&val_edit::close>(this);
-        data.get_np = make_closure<&val_edit::np>(this);
-        data.get_no = make_closure<&val_edit::no>(this);
-        data.get_prop = make_closure<&val_edit::prop>(this);
-        data.get_str = make_closure<&val_edit::str>(this);
-        data.get_val = make_closure<&val_edit::val>(this);
-        edit->set_data_events(data);
-        edit->set_mngr_style("pgn_mngr_style");
-        edit->set_stl_mngr(mngr.get());
-        form.Show();
         edit->update_controls();
-        input::wait_idle();
     }
-    void TearDown() override
-    {
-        vx_dlg_set_table(nullptr);
-        EXPECT_EQ(opened, closed);
-        EXPECT_EQ(input::pending_modals(), 0);
-    }
-    static val_edit &of(void *self) { return *static_cast<val_edit *>(self); }
 
     // ---- the owner
-    void on_event(TObject *) { ++events; }
-    int taken() { return std::exchange(events, 0); }
     /// Stripes of a pixel of its own each.
     void draw(TObject *, TBitmap *bitmap, void *, bool)
     {
@@ -100,53 +46,29 @@ protected:
         }
         vx_bitmap_set_pixel_scale(*bitmap, vx_screen_pixel_scale());
     }
-    bool edit_style(TObject *, int, int, void *stl_prm, bool sel)
-    {
-        ++style_dialogs;
-        dialog_sel = sel;
-        vx_stl_prm_set_color(stl_prm, sel, vx_clr_init_rgb(1, 2, 3));
-        return answer;
-    }
     bool edit_item(std::wstring &item)
     {
         seen_item = item;
         item = next_item;
-        return answer;
+        return accepts;
     }
-    bool open(TObject *)
-    {
-        if (!has_data)
-            return false;
-        ++opened;
-        return true;
-    }
-    void close(TObject *) { ++closed; }
-    unsigned np(TObject *) { return 2; }
-    unsigned no(TObject *) { return static_cast<unsigned>(cells.size()); }
-    char const *prop(TObject *, unsigned i, bool &usable, bool &numeric)
+    unsigned np(TObject *) override { return 2; }
+    unsigned no(TObject *) override { return static_cast<unsigned>(cells.size()); }
+    char const *prop(TObject *, unsigned i, bool &usable, bool &numeric) override
     {
         usable = i == 1;
         numeric = false;
         return i == 1 ? "Kind" : "GEOM";
     }
-    char const *str(TObject *, unsigned, unsigned i, bool &defined)
+    char const *str(TObject *, unsigned prop_index, unsigned i, bool &defined) override
     {
-        ++cells_read;
+        EXPECT_EQ(prop_index, 1U);
         defined = cells[i] != "-";
         buffer = cells[i]; // the text lives until the next call only
         return buffer.c_str();
     }
-    double val(TObject *, unsigned, unsigned, bool &) { return 0; }
-    void file_name(TObject *, unsigned prop_index, Ivx_string_adp *name)
-    {
-        EXPECT_EQ(prop_index, 1U);
-        vx_string_adp_feed(name, (dir.path() / "roads.Kind.dat").wstring().c_str());
-    }
-
-    Tvx_data_get_prop_file_name_event file_name_event() { return make_closure<&val_edit::file_name>(this); }
 
     // ---- the scale
-    void *scale() const { return edit->get_grid()->get_scale(); }
     unsigned size() const { return vx_val_scale_get_size(scale()); }
     void fill(std::vector<std::wstring> const &texts)
     {
@@ -158,52 +80,19 @@ protected:
         }
         edit->update_controls();
     }
-    template <class Get>
-    std::wstring read(Get get, unsigned i)
-    {
-        std::wstring result;
-        Tvx_std_wstring_adapter adapter(result);
-        get(scale(), i, adapter);
-        return result;
-    }
-    std::wstring all(bool captions = false)
+    std::wstring all(bool captions = false) const
     {
         std::wstring result;
         for (unsigned i = 0; i < size(); ++i)
-            result +=
-                (captions ? read(&vx_val_scale_get_caption_w, i) : read(&vx_val_scale_get_text_w, i)) + L"|";
+            result += read(captions ? &vx_val_scale_get_caption_w : &vx_val_scale_get_text_w, i) + L"|";
         return result;
-    }
-    std::string marks()
-    {
-        std::string result;
-        for (unsigned i = 0; i < size(); ++i)
-            result += vx_val_scale_get_marked(scale(), i) ? 'x' : '.';
-        return result;
-    }
-    std::string visibles()
-    {
-        std::string result;
-        for (unsigned i = 0; i < size(); ++i)
-            result += vx_scale_prm_get_visible(vx_val_scale_get_scale_prm_ptr(scale(), i)) ? 'v' : '.';
-        return result;
-    }
-    bool click(int col, int row, TShiftState shift = {})
-    {
-        return input::click_cell(edit->get_grid(), col, row, mbLeft, shift);
     }
 
-    vx_dlg_table table;
-    owned_mngr mngr{vx_stl_mngr_create("pgn_style")};
-    TForm form{nullptr};
-    Tvx_val_edit *edit;
-    vx_test::temp_dir dir;
+    bool const is_rule;
     std::vector<std::string> cells;
     std::string buffer;
-    std::wstring chosen_file, seen_item, next_item, last_message;
-    bool has_data = true, answer = true, dialog_sel = false;
-    int events = 0, draws = 0, style_dialogs = 0, opened = 0, closed = 0, cells_read = 0, questions = 0,
-        messages = 0;
+    std::wstring seen_item, next_item;
+    int draws = 0;
 };
 
 class rule_edit : public val_edit
@@ -234,12 +123,12 @@ TEST_F(val_edit, marks_by_click_shift_and_ctrl)
         EXPECT_EQ(marks(), step.marks);
         EXPECT_EQ(del->GetEnabled(), marks() != ".....");
     }
-    EXPECT_EQ(taken(), 1); // the visibility; marks are no change
+    EXPECT_EQ(taken_events(), 1); // the visibility; marks are no change
     ASSERT_TRUE(click(mark, 2));
     ASSERT_TRUE(click(mark, 4, {ssCtrl}));
     ASSERT_TRUE(input::click(edit->get_del_btn()));
     EXPECT_EQ(all(), L"a|c|e|");
-    EXPECT_EQ(taken(), 1);
+    EXPECT_EQ(taken_events(), 1);
     EXPECT_FALSE(del->GetEnabled());
     // Neither deletion nor insertion moves the anchor.
     ASSERT_TRUE(click(mark, 1));
@@ -256,12 +145,12 @@ TEST_F(val_edit, shows_and_hides_entries)
 {
     fill({L"a", L"b", L"c", L"d"});
     ASSERT_TRUE(click(visible, 2));
-    EXPECT_EQ(visibles(), "v.vv");
+    EXPECT_EQ(visibles(), "x.xx");
     ASSERT_TRUE(click(visible, 4, {ssShift})); // from the row left behind, by its inverse
-    EXPECT_EQ(visibles(), "vvvv");
+    EXPECT_EQ(visibles(), "xxxx");
     ASSERT_TRUE(click(visible, 1, {ssShift}));
     EXPECT_EQ(visibles(), "....");
-    EXPECT_EQ(taken(), 3);
+    EXPECT_EQ(taken_events(), 3);
     // The row left behind is gone by now.
     ASSERT_TRUE(click(visible, 4));
     ASSERT_TRUE(click(text, 1));
@@ -279,26 +168,20 @@ TEST_F(val_edit, edits_texts_in_place)
     ASSERT_TRUE(input::press(VK_F2));
     ASSERT_TRUE(input::press(VK_END));
     ASSERT_TRUE(input::type(L"!"));
-    EXPECT_EQ(taken(), 0); // pending
+    EXPECT_EQ(taken_events(), 0); // pending
     ASSERT_TRUE(input::press(VK_ESCAPE));
     EXPECT_EQ(all(true), L"a|b|");
-    EXPECT_EQ(taken(), 0);
-    ASSERT_TRUE(click(caption, 1));
-    ASSERT_TRUE(input::press(VK_F2));
-    ASSERT_TRUE(input::press('A', {ssCtrl}));
-    ASSERT_TRUE(input::type(L"Дом\n"));
+    EXPECT_EQ(taken_events(), 0);
+    type(caption, 1, L"Дом\n");
     EXPECT_EQ(all(true), L"Дом|b|");
     EXPECT_EQ(all(), L"a|b|");
-    EXPECT_EQ(taken(), 1);
+    EXPECT_EQ(taken_events(), 1);
     // Leaving the grid takes the text as well.
-    ASSERT_TRUE(click(text, 2));
-    ASSERT_TRUE(input::press(VK_F2));
-    ASSERT_TRUE(input::press('A', {ssCtrl}));
-    ASSERT_TRUE(input::type(L"x"));
+    type(text, 2, L"x");
     edit->get_prp_scale()->get_combo_box()->SetFocus();
     input::wait_idle();
     EXPECT_EQ(read(&vx_val_scale_get_text_w, 1), L"x");
-    EXPECT_EQ(taken(), 1);
+    EXPECT_EQ(taken_events(), 1);
     EXPECT_FALSE(grid->GetEditorMode() && grid->GetCol() == visible);
 }
 
@@ -307,19 +190,19 @@ TEST_F(val_edit, inserts_moves_and_keeps_an_empty_row)
     EXPECT_EQ(edit->get_grid()->GetRowCount(), 2);
     ASSERT_TRUE(click(visible, 1));
     ASSERT_TRUE(click(mark, 1));
-    EXPECT_EQ(taken(), 0);
+    EXPECT_EQ(taken_events(), 0);
     ASSERT_TRUE(input::click(edit->get_ins_btn()));
     EXPECT_EQ(size(), 1U);
-    EXPECT_EQ(taken(), 1);
+    EXPECT_EQ(taken_events(), 1);
     fill({L"a", L"b", L"c"});
     ASSERT_TRUE(click(text, 2));
     ASSERT_TRUE(input::click(edit->get_ins_btn()));
     EXPECT_EQ(all(), L"a||b|c|");
-    EXPECT_EQ(taken(), 1);
+    EXPECT_EQ(taken_events(), 1);
     fill({L"a", L"b", L"c"});
     ASSERT_TRUE(input::drag_cell(edit->get_grid(), 0, 1, 0, 3));
     EXPECT_EQ(all(), L"b|c|a|");
-    EXPECT_EQ(taken(), 1);
+    EXPECT_EQ(taken_events(), 1);
 }
 
 TEST_F(val_edit, picks_gradients_by_two_clicks)
@@ -348,14 +231,14 @@ TEST_F(val_edit, picks_gradients_by_two_clicks)
     EXPECT_LT(grey(1, false), grey(2, false));
     EXPECT_LT(grey(2, false), grey(3, false));
     EXPECT_EQ(grey(2, true), 0);
-    EXPECT_EQ(taken(), 0);
+    EXPECT_EQ(taken_events(), 0);
     start(2, true);
     ASSERT_TRUE(click(mark, 4)); // any other click ends it
     EXPECT_FALSE(grid->get_grad_mode());
     ASSERT_TRUE(click(sel_style, 4));
     EXPECT_EQ(style_dialogs, 1);
     EXPECT_TRUE(dialog_sel);
-    EXPECT_EQ(taken(), 1);
+    EXPECT_EQ(taken_events(), 1);
 }
 
 TEST_F(val_edit, a_click_near_the_edge_of_a_header_is_a_resize)
@@ -367,7 +250,7 @@ TEST_F(val_edit, a_click_near_the_edge_of_a_header_is_a_resize)
     ASSERT_TRUE(input::click(grid, rect.Left + 1, 5));
     ASSERT_TRUE(input::drag(grid, rect.Right, 5, rect.Right - 20, 5));
     EXPECT_EQ(grid->GetColWidths(text), before - 20);
-    EXPECT_EQ(taken(), 0);
+    EXPECT_EQ(taken_events(), 0);
     // Widths: an even share for the texts, the rest by the default width.
     form.SetWidth(form.GetWidth() + 100);
     input::wait_idle();
@@ -386,7 +269,7 @@ TEST_F(val_edit, makes_the_default_scale_of_the_property)
     ASSERT_TRUE(input::choose_item(combo, L"Kind"));
     EXPECT_EQ(all(), L"|Z|a|b|");
     EXPECT_EQ(all(true), L"|Z|a|b|");
-    EXPECT_EQ(taken(), 1);
+    EXPECT_EQ(taken_events(), 1);
     EXPECT_EQ(questions, 0);
     EXPECT_STREQ(vx_stl_mngr_get_val_prop_name(mngr.get()), "Kind");
     // A missing data set keeps the old scale.
@@ -400,7 +283,7 @@ TEST_F(val_edit, makes_the_default_scale_of_the_property)
         for (int i = 0; i < count; ++i)
             cells.push_back(std::to_string(100000 + i));
         for (bool const goes_on : {false, true}) {
-            answer = goes_on;
+            says_yes = goes_on;
             questions = 0;
             edit->generate_default_scale();
             EXPECT_EQ(questions, count >= 1000 ? 1 : 0);
@@ -411,15 +294,13 @@ TEST_F(val_edit, makes_the_default_scale_of_the_property)
 
 TEST_F(val_edit, keeps_a_file_for_each_property_and_spares_a_loaded_scale)
 {
-    auto data = edit->get_data_events();
-    data.get_prop_file_name = file_name_event();
-    edit->set_data_events(data);
+    give_files();
     cells = {"a", "b"};
     auto *const combo = edit->get_prp_scale()->get_combo_box();
     ASSERT_TRUE(input::choose_item(combo, L"Kind"));
-    auto const file = dir.path() / "roads.Kind._vl";
+    auto const file = dir.path() / "table.field._vl";
     ASSERT_TRUE(std::filesystem::exists(file));
-    EXPECT_EQ(taken(), 1);
+    EXPECT_EQ(taken_events(), 1);
     vx_val_scale_set_caption_w(scale(), 0, L"kept");
     edit->save_current_scl();
     fill({L"x"});
@@ -427,33 +308,33 @@ TEST_F(val_edit, keeps_a_file_for_each_property_and_spares_a_loaded_scale)
     edit->update_controls();
     ASSERT_TRUE(input::choose_item(combo, L"Kind"));
     EXPECT_EQ(all(true), L"kept|b|");
-    EXPECT_EQ(taken(), 1);
+    EXPECT_EQ(taken_events(), 1);
 
     // Saved and opened by hand, with whatever is typed behind the name.
-    chosen_file = (dir.path() / "mine.txt").wstring();
+    next_file = (dir.path() / "mine.txt").wstring();
     ASSERT_TRUE(input::click(edit->get_save_btn()));
     EXPECT_TRUE(std::filesystem::exists(dir.path() / "mine._vl"));
     fill({L"x"});
     vx_stl_mngr_set_val_prop_name_w(mngr.get(), L"");
     ASSERT_TRUE(input::click(edit->get_open_btn()));
     EXPECT_EQ(all(true), L"kept|b|");
-    EXPECT_EQ(taken(), 1);
+    EXPECT_EQ(taken_events(), 1);
     cells = {"q"};
     ASSERT_TRUE(input::choose_item(combo, L"Kind"));
     EXPECT_EQ(all(true), L"kept|b|");
     EXPECT_FALSE(vx_stl_mngr_get_just_loaded(mngr.get()));
-    EXPECT_EQ(taken(), 1);
+    EXPECT_EQ(taken_events(), 1);
 
-    chosen_file = (dir.path() / "none._vl").wstring();
+    next_file = (dir.path() / "none._vl").wstring();
     ASSERT_TRUE(input::click(edit->get_open_btn()));
-    EXPECT_EQ(messages, 1);
+    EXPECT_EQ(std::exchange(messages, {}).size(), 1U);
     vx_test::write_file(dir / "none._vl", "<vx_scale version=\"1\"\n kind=value/>");
     ASSERT_TRUE(input::click(edit->get_open_btn()));
-    EXPECT_EQ(messages, 2);
-    EXPECT_EQ(last_message, L"The scale file cannot be read.\n\nThe file \"" + chosen_file +
-                                L"\" was not loaded; line 2: an attribute is not written as name=\"value\".");
+    EXPECT_EQ(std::exchange(messages, {}),
+              (std::vector{L"The scale file cannot be read.\n\nThe file \"" + next_file.str() +
+                           L"\" was not loaded; line 2: an attribute is not written as name=\"value\"."}));
     EXPECT_EQ(all(true), L"kept|b|");
-    EXPECT_EQ(taken(), 0);
+    EXPECT_EQ(taken_events(), 0);
     EXPECT_FALSE(vx_stl_mngr_get_just_loaded(mngr.get()));
 }
 
@@ -506,11 +387,8 @@ TEST_F(val_edit, writes_the_other_row_and_does_nothing_without_a_manager)
     vx_scale_prm_set_visible(vx_val_scale_get_other_prm_ptr(scale()), true);
     edit->update_controls();
     ASSERT_TRUE(input::enter_text(edit->get_other_panel()->get_cpt_edit(), L"z"));
-    std::wstring other;
-    Tvx_std_wstring_adapter adapter(other);
-    vx_val_scale_get_other_caption_w(scale(), adapter);
-    EXPECT_EQ(other, L"z");
-    taken();
+    EXPECT_EQ(read(&vx_val_scale_get_other_caption_w), L"z");
+    taken_events();
     edit->set_stl_mngr(nullptr);
     edit->update_controls();
     for (int col = mark; col <= sel_style; ++col)
@@ -520,7 +398,7 @@ TEST_F(val_edit, writes_the_other_row_and_does_nothing_without_a_manager)
     EXPECT_TRUE(input::click(edit->get_save_btn()));
     edit->save_current_scl();
     edit->generate_default_scale();
-    EXPECT_EQ(taken(), 0);
+    EXPECT_EQ(taken_events(), 0);
 }
 
 TEST_F(rule_edit, edits_filters_by_its_owner)
@@ -537,20 +415,20 @@ TEST_F(rule_edit, edits_filters_by_its_owner)
     EXPECT_EQ(read(&vx_val_scale_get_text_w, 0), rule);
     auto const shown = read(&vx_val_scale_get_caption_w, 0);
     EXPECT_NE(shown.find(L"="), std::wstring::npos);
-    EXPECT_EQ(taken(), 1);
+    EXPECT_EQ(taken_events(), 1);
     // No editing in place of the filter; a double click asks the owner, and the caption stays.
     ASSERT_TRUE(click(text, 1));
     ASSERT_TRUE(input::press(VK_F2));
     EXPECT_FALSE(edit->get_grid()->GetEditorMode());
-    taken();
+    taken_events();
     next_item = L"";
     ASSERT_TRUE(input::double_click_cell(edit->get_grid(), text, 1));
     EXPECT_EQ(seen_item, rule);
     EXPECT_EQ(read(&vx_val_scale_get_text_w, 0), L"");
     EXPECT_EQ(read(&vx_val_scale_get_caption_w, 0), shown);
-    EXPECT_EQ(taken(), 1);
-    answer = false;
+    EXPECT_EQ(taken_events(), 1);
+    accepts = false;
     ASSERT_TRUE(input::click(edit->get_ins_btn()));
     EXPECT_EQ(size(), 1U);
-    EXPECT_EQ(taken(), 0);
+    EXPECT_EQ(taken_events(), 0);
 }
