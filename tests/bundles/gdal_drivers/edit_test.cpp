@@ -59,51 +59,6 @@ protected:
     temp_dir f_dir;
 };
 
-TEST_P(gdal_edit, what_is_written_is_read_again)
-{
-    definition fields({{L"name", 1, 0, 40, 0}, {L"n", 3}, {L"big", 4}, {L"x", 2, 0, 20, 6}, {L"day", 1, 2}},
-                      L"+proj=longlat +datum=WGS84 +no_defs");
-    {
-        source const made(path("towns"), GetParam());
-        ASSERT_TRUE(made.is_open()) << vx::text::wide_to_utf8(source::refusal());
-        ASSERT_TRUE(made.table.create_vector(L"towns", 1, 0, fields)) << vx::text::wide_to_utf8(made.error());
-        EXPECT_TRUE(add(made, [](vx::feature f) {
-            Tvx_vtx_d2 place{30.5, 50.25};
-            EXPECT_TRUE(f.set_point(&place));
-            EXPECT_TRUE(f.set_string(0, L"\u041a\u0438\u0457\u0432"));
-            EXPECT_TRUE(f.set_integer(1, -7));
-            EXPECT_TRUE(f.set_bigint(2, 5000000000LL));
-            EXPECT_TRUE(f.set_numeric(3, 0.125));
-            EXPECT_TRUE(f.set_string(4, L"2021-03-04"));
-            EXPECT_FALSE(f.set_string(1, L"seven")) << "no number";
-            EXPECT_FALSE(f.set_bigint(1, 5000000000LL)) << "out of the field's range";
-            EXPECT_FALSE(f.set_integer(9, 1));
-        }));
-        EXPECT_TRUE(add(made, [](vx::feature f) { EXPECT_TRUE(f.set_string(0, L"empty")); }));
-        EXPECT_EQ(made.table.feature_count(true), 2u);
-    }
-    source const again(path("towns"));
-    ASSERT_TRUE(again.is_open());
-    EXPECT_EQ(again.table.geom_type(), 1);
-    EXPECT_EQ(column(again, 0), (std::vector<std::wstring>{L"\u041a\u0438\u0457\u0432", L"empty"}));
-    EXPECT_EQ(column(again, 1), (std::vector<std::wstring>{L"-7", L"null"}));
-    EXPECT_EQ(column(again, 2), (std::vector<std::wstring>{L"5000000000", L"null"}));
-    EXPECT_EQ(column(again, 3), (std::vector<std::wstring>{L"0.125", L"null"}));
-    EXPECT_EQ(column(again, 4), (std::vector<std::wstring>{L"2021-03-04", L"null"}));
-    EXPECT_EQ(again.data.field_subtype(4), 2);
-    again.forward.reset_reading();
-    keeper k;
-    ASSERT_TRUE(again.forward.with_next_feature(k));
-    Tvx_vtx_d2 place;
-    ASSERT_TRUE(k.item.get_point(&place));
-    EXPECT_EQ(place, (Tvx_vtx_d2{30.5, 50.25}));
-    ASSERT_TRUE(again.forward.with_next_feature(k));
-    EXPECT_EQ(k.item.geom_type(), 0);
-    EXPECT_FALSE(k.item.get_point(&place));
-    EXPECT_NE(text_of([&](vx::string_visitor v) { again.data.with_proj4(v); }).find(L"+proj=longlat"),
-              std::wstring::npos);
-}
-
 TEST_P(gdal_edit, polygons_sort_their_rings)
 {
     // An island in a lake in a country, given in no order and all in one direction.
@@ -154,6 +109,9 @@ TEST_P(gdal_edit, changes_are_stored_when_the_feature_ends_or_the_source_is_aske
         EXPECT_TRUE(s.data.has_capability(2) && s.data.has_capability(3));
         keeper k;
         ASSERT_TRUE(s.forward.with_next_feature(k));
+        Tvx_vtx_d2 place;
+        EXPECT_EQ(k.item.geom_type(), 0) << "a feature needs no place";
+        EXPECT_FALSE(k.item.get_point(&place));
         double value = 0;
         EXPECT_TRUE(s.stat.maximum(0, &value));
         EXPECT_EQ(value, 2);
@@ -227,22 +185,6 @@ TEST_P(gdal_edit, a_feature_kept_over_a_change_of_fields_is_a_copy)
     EXPECT_EQ(before.item.field_type(1), 1);
     EXPECT_EQ(column(s, 0), std::vector<std::wstring>{L"1"});
     EXPECT_EQ(s.field(L"c"), 1);
-}
-
-TEST_P(gdal_edit, a_kept_new_feature_goes_on_as_a_stored_one)
-{
-    source const made(path("t"), GetParam());
-    ASSERT_TRUE(made.table.create_vector(L"t", 1, 0, definition({{L"a", 3}})));
-    keeper k;
-    ASSERT_TRUE(made.table.create_feature(0, k));
-    EXPECT_TRUE(k.item.set_integer(0, 5));
-    EXPECT_EQ(made.table.feature_count(true), 0u) << "it is not finished";
-    ASSERT_TRUE(made.table.flush_changes());
-    EXPECT_EQ(column(made, 0), std::vector<std::wstring>{L"5"});
-    EXPECT_EQ(made.table.feature_count(true), 1u);
-    EXPECT_GE(k.item.fid(), 0);
-    EXPECT_TRUE(k.item.set_integer(0, 6));
-    EXPECT_EQ(column(made, 0), std::vector<std::wstring>{L"6"});
 }
 
 TEST_P(gdal_edit, columns_are_counted_without_their_nulls)

@@ -329,7 +329,9 @@ TEST_P(every_format, a_feature_that_is_kept_stays_itself)
         content.erase(4);
         ASSERT_TRUE(s.table.create_feature(0, made));
         EXPECT_TRUE(fill(s, made.item, row_of(8)));
+        EXPECT_EQ(s.table.feature_count(true), 5U) << "it is not finished";
         ASSERT_TRUE(s.table.flush_changes()) << vx::text::wide_to_utf8(s.error());
+        EXPECT_EQ(s.table.feature_count(true), 6U);
         content[5].x = 55;
         content[8] = row_of(8);
         content[8].x = 88;

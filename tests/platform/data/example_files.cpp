@@ -91,25 +91,6 @@ TEST(example_files, have_their_records_and_shapes)
     }
 }
 
-TEST(example_files, have_their_cells)
-{
-    auto const data = example("nc.shp");
-    attr_files const table(vx_attr_files_open(data.get(), 1, 0));
-    ASSERT_TRUE(table);
-    auto const field = [&](wchar_t const *name) {
-        return static_cast<unsigned>(vx_attr_files_get_field_index_w(table.get(), name));
-    };
-    EXPECT_STREQ("Ashe", vx_attr_files_get_str(table.get(), field(L"NAME"), 0, nullptr));
-    EXPECT_STREQ("0.114", vx_attr_files_get_str(table.get(), field(L"AREA"), 0, nullptr));
-    EXPECT_EQ(5, vx_attr_files_get_int(table.get(), field(L"cress_id"), 0, nullptr));
-    EXPECT_EQ(c_attr_string, vx_attr_files_get_field_type(table.get(), field(L"NAME")));
-    EXPECT_EQ(c_attr_numeric, vx_attr_files_get_field_type(table.get(), field(L"BIR74")));
-    double births = 0;
-    for (unsigned i = 0; i < 100; ++i)
-        births += vx_attr_files_get_dbl(table.get(), field(L"BIR74"), i, nullptr);
-    EXPECT_EQ(329962, births);
-}
-
 TEST(example_files, bad_files_are_refused_with_a_reason)
 {
     vx_test::temp_dir const dir;
