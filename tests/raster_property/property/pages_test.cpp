@@ -241,8 +241,27 @@ TEST_F(property_pages, points_are_placed_by_two_properties)
     EXPECT_TRUE(panel->GetShowing());
     EXPECT_EQ(panel->get_edit_x()->get_prop_name(), "X");
     EXPECT_EQ(panel->get_edit_y()->get_prop_name(), "Y");
+    // Its middle has the colour of the points, wherever the properties place it.
+    auto const shown_at = [&](double x, double y) {
+        Tvx_map_view view;
+        view.world = {x - 10, y - 10, x + 10, y + 10};
+        view.width = view.height = 21;
+        std::vector<unsigned char> pixels(21 * 21 * 4, 255);
+        vx::owned<void, &vx_bmp_dc_destroy> const dc(vx_bmp_dc_create());
+        vx_bmp_dc_set_pixels(dc.get(), pixels.data(), 21, 21, 84);
+        EXPECT_TRUE(vx_render_layer(layer.get(), view, dc.get()));
+        auto const *const at = &pixels[4 * (10 * 21 + 10)];
+        return vx_clr_init_rgb(at[2], at[1], at[0]);
+    };
+    Tvx_color const color = vx_stl_prm_get_color(
+        vx_stl_mngr_get_simple_sp_ptr(vx_tos_2crd_lr2d_get_stl_mngr(layer.get())), false);
+    auto const xs = values_of(shared().points, 0), ys = values_of(shared().points, 1),
+               values = values_of(shared().points, 2);
+    EXPECT_TRUE(is_close(shown_at(xs[700], ys[700]), color));
     ASSERT_TRUE(input::choose_item(panel->get_edit_y()->get_combo_box(), L"value"));
     apply();
+    EXPECT_FALSE(is_close(shown_at(xs[700], ys[700]), color));
+    EXPECT_TRUE(is_close(shown_at(xs[700], values[700]), color));
     std::wstring x, y;
     vx_tos_2crd_lr2d_get_wprop_name_x(layer.get(), Tvx_std_wstring_adapter(x));
     vx_tos_2crd_lr2d_get_wprop_name_y(layer.get(), Tvx_std_wstring_adapter(y));
@@ -297,6 +316,24 @@ TEST_F(property_pages, a_curve_has_a_height_and_a_line)
         vx_stl_mngr_get_simple_sp_ptr(vx_tos_grid_1d_lr2d_get_stl_mngr_ptr(layer.get())), false);
     EXPECT_EQ(vx_bpln_style_get_color(vx_pln_style_get_bpln_style_ptr(line)), vx_clr_init_rgb(200, 10, 20));
     EXPECT_EQ(reports, 2);
+    // The curve runs through its values in that colour.
+    vx_tos_grid_1d_lr2d_set_height_prp_name(layer.get(), L"half");
+    auto const heights = values_of(shared().curve, 1);
+    Tvx_map_view view;
+    view.world = {0, -100, 110, 100};
+    view.width = 1101;
+    view.height = 400;
+    std::vector<unsigned char> pixels(std::size_t{1101} * 400 * 4, 255);
+    vx::owned<void, &vx_bmp_dc_destroy> const dc(vx_bmp_dc_create());
+    vx_bmp_dc_set_pixels(dc.get(), pixels.data(), 1101, 400, 1101 * 4);
+    ASSERT_TRUE(vx_render_layer(layer.get(), view, dc.get()));
+    for (std::size_t i = 1; i + 1 < heights.size(); ++i) {
+        auto const row = static_cast<std::size_t>(200 - heights[i] * 2);
+        bool is_red = false;
+        for (std::size_t y = row - 2; y <= row + 2; ++y)
+            is_red = is_red || pixels[(y * 1101 + i * 10) * 4 + 1] < 150;
+        EXPECT_TRUE(is_red) << "value " << i;
+    }
     page->set_lr2d(nullptr);
     page->update_controls();
     EXPECT_FALSE(page->get_mngr_edit()->get_smp_edit()->GetShowing());
