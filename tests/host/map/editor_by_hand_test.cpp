@@ -2,9 +2,12 @@
 #include "exports/vxk_lr2d_edit_form_api.h"
 #include "host/layer_classes.h"
 #include "host/layer_editor.h"
+#include "host/layer_style.h"
 #include "layer_edit/form/lr2d_edit_form.h"
 #include "layer_edit/shape/shp_lr2d_edit.h"
 #include "map_fixture.h"
+#include "raster_property/channels/channels_edit.h"
+#include "raster_property/raster/rtr_id_lr2d_edit.h"
 #include "tests/bundles/scene_editor/dialog_reader.h"
 #include "user_input/user_input.h"
 
@@ -54,4 +57,42 @@ TEST_F(map_fixture, a_class_that_the_editor_hides_goes_from_the_map_and_from_the
     EXPECT_EQ(
         vx_layer_class_visible(vx_lr2d_edt_form_get_lr2d_ptr(window->editor().handle()), unsigned(row) - 1),
         true);
+}
+
+TEST_F(map_fixture, a_raster_that_is_stretched_in_the_editor_is_drawn_so_with_apply)
+{
+    ASSERT_EQ(open({"L7_ETMs.tif"}), 1);
+    hand::press(list(), Qt::Key_Return);
+    ASSERT_TRUE(window->editor().is_showing());
+    Tvx_apply_form *const form = window->editor().handle()->get_form();
+    auto *const page = dialog_reader::find<Tvx_rtr_id_lr2d_edit>(form, L"");
+    ASSERT_TRUE(page);
+    auto const has_changes = [&] {
+        return !vx_layer_has_style_of(vx_lr2d_edt_form_get_lr2d_ptr(window->editor().handle()),
+                                      layers().layer_at(0));
+    };
+    QImage const as_it_is = picture();
+    ASSERT_TRUE(input::choose_item(page->get_draw_type_cb()->get_combo_box(), L"Gray"));
+    EXPECT_TRUE(has_changes());
+    ASSERT_TRUE(input::click(form->get_apply_btn()));
+    EXPECT_FALSE(has_changes());
+    QImage const gray = picture();
+    EXPECT_NE(gray, as_it_is);
+    auto *const high = page->get_channels()->get_edit(3)->get_track_max();
+    ASSERT_TRUE(input::enter_text(high->get_size_panel()->get_edit(), L"100"));
+    EXPECT_TRUE(has_changes()) << "a stretch alone is one";
+    EXPECT_EQ(picture(), gray);
+    ASSERT_TRUE(input::click(form->get_apply_btn()));
+    EXPECT_FALSE(has_changes());
+    QImage const bright = picture();
+    // No pixel is darker, and most are lighter.
+    int lighter = 0, darker = 0;
+    for (int y = 0; y < gray.height(); ++y)
+        for (int x = 0; x < gray.width(); ++x) {
+            int const more = qGray(bright.pixel(x, y)) - qGray(gray.pixel(x, y));
+            lighter += more > 0;
+            darker += more < 0;
+        }
+    EXPECT_EQ(darker, 0);
+    EXPECT_GT(lighter, gray.width() * gray.height() / 4);
 }

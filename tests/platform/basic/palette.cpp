@@ -190,5 +190,12 @@ TEST(channels, copies_keep_their_records_apart)
     vx_stat_set_minimum(vx_clr_channel_get_stat(copy), 8);
     EXPECT_EQ(vx_stat_get_minimum(vx_clr_channel_get_stat(red), &known), -1);
     EXPECT_NE(vx_rgb_channels_get_gray(a.get()), red);
+    EXPECT_TRUE(vx_rgb_channels_equal(a.get(), b.get())) << "statistics do not count";
+    vx_clr_channel_set_prop_name_w(red, L"b");
+    EXPECT_FALSE(vx_rgb_channels_equal(a.get(), b.get()));
+    EXPECT_EQ(vx_stat_get_minimum(vx_clr_channel_get_stat(red), &known), 0);
+    EXPECT_FALSE(known) << "of another property";
+    vx_clr_channel_set_prop_name_w(copy, L"");
+    EXPECT_EQ(vx_stat_get_minimum(vx_clr_channel_get_stat(copy), &known), 8) << "the same one";
 }
 } // namespace
