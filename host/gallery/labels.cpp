@@ -11,9 +11,16 @@
 #include "platform/layers/layer_keys.h"
 #include "platform/layers/vx_shp_lr2d.h"
 #include "platform/layers/vx_tld_lr2d.h"
+#include "platform/styles/vx_scale_prm.h"
 #include "platform/styles/vx_stl_mngr.h"
 #include "platform/styles/vx_stl_mngr_list.h"
+#include "platform/styles/vx_stl_prm.h"
 #include "platform/styles/vx_txt_settings.h"
+#include "platform/styles/vx_txt_style.h"
+#include "platform/styles/vx_val_scale.h"
+
+#include <iterator>
+#include <string_view>
 
 // The editor of labels with its dialogs, and the managers of texts.
 
@@ -69,6 +76,21 @@ void add_panel(TWinControl *page)
     panel->update_controls();
 }
 
+/// Larger places in larger letters.
+void fill_scale(void *scale)
+{
+    wchar_t const *const places[] = {L"city", L"town", L"village"};
+    double size = 5;
+    vx_val_scale_set_size(scale, std::size(places));
+    for (unsigned i = 0; i < std::size(places); ++i) {
+        vx_val_scale_set_text_w(scale, i, places[i]);
+        vx_val_scale_set_caption_w(scale, i, places[i]);
+        void *const prm = vx_scale_prm_get_stl_prm_ptr(vx_val_scale_get_scale_prm_ptr(scale, i));
+        vx_txt_style_set_font_size(vx_stl_prm_get_txt_pnt_style_ptr(prm, false), size);
+        size -= 1;
+    }
+}
+
 void add_managers(TWinControl *page)
 {
     static owned_layer const points(vx_lr2d_create(c_lr_key_shp_pnt));
@@ -76,6 +98,9 @@ void add_managers(TWinControl *page)
     vx_stl_mngr_list_set_visible(list, true);
     void *const mngr = vx_stl_mngr_list_get_active_mngr(list);
     vx_txt_stl_mngr_init(mngr, L"NAME");
+    vx_stl_mngr_set_mode(mngr, c_stl_mngr_mode_value);
+    vx_stl_mngr_set_val_prop_name_w(mngr, L"NAME");
+    fill_scale(vx_stl_mngr_get_val_scale_ptr(mngr));
     auto *const strip = new Tvx_txt_stl_mngr_list_edit(page, true);
     strip->SetParent(page);
     strip->create();
@@ -89,6 +114,10 @@ void add_managers(TWinControl *page)
     edit->SetBounds(strip->GetLeft(), c_edge + strip->GetHeight(), c_width, c_height - strip->GetHeight());
     edit->create();
     edit->load_res();
+    edit->set_on_data_open({&open_fields, nullptr});
+    edit->set_on_data_close({&close_fields, nullptr});
+    edit->set_on_data_get_np({&count_fields, nullptr});
+    edit->set_on_data_get_prop({&get_field, nullptr});
     edit->enable_selection_style(false);
     edit->set_stl_mngr(mngr);
     edit->update_controls();
