@@ -2,9 +2,11 @@
 // deviation.
 #include "extension/plugin/vxk_plugin.h"
 
+#include "platform/base/color.h"
 #include "platform/base/text_codec.h"
 #include "platform/styles/vx_rng_scale.h"
 #include "platform/styles/vx_stl_mngr.h"
+#include "platform/styles/vx_stl_prm.h"
 
 #include <algorithm>
 #include <cmath>
@@ -117,6 +119,8 @@ private:
     void write(std::wstring const &name, std::vector<double> const &bounds)
     {
         static constexpr wchar_t const *captions[] = {L"low", L"usual", L"high"};
+        static Tvx_color const colors[] = {vx_clr_init_rgb(33, 102, 172), vx_clr_init_rgb(190, 190, 190),
+                                           vx_clr_init_rgb(178, 24, 43)};
         void *const scale = vx_stl_mngr_get_rng_scale_ptr(f_manager);
         vx_stl_mngr_set_rng_prop_name_w(f_manager, name.c_str());
         vx_rng_scale_set_size(scale, 0);
@@ -127,6 +131,7 @@ private:
             vx_rng_scale_set_min(scale, i, bounds[i]);
             vx_rng_scale_set_max(scale, i, bounds[i + 1]);
             vx_rng_scale_set_caption_w(scale, i, captions[i]);
+            vx_stl_prm_set_color(vx_rng_scale_get_scale_prm_ptr(scale, i), false, colors[i]);
         }
         vx_stl_mngr_set_need_scale(f_manager, false);
         vxk_style_manager_set_mode(f_manager, c_stl_mngr_mode_range);
