@@ -100,6 +100,7 @@ bool Tvx_tour::run(QStringList const &files)
     f_window.show();
     f_window.activateWindow();
     QCoreApplication::processEvents();
+    leave_out_plugins();
     if (!files.isEmpty()) {
         show_files(files);
     } else {
@@ -116,6 +117,7 @@ bool Tvx_tour::run(QStringList const &files)
         show_maps();
         show_style_dialog();
         show_broken_file();
+        show_plugins();
         show_extensions(); // last, since they stay
     }
     f_window.close();

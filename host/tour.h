@@ -30,5 +30,8 @@ private:
     void show_maps();
     void show_style_dialog();
     void show_broken_file();
+    /// What plug-ins the machine has is not to be seen in the pictures.
+    void leave_out_plugins();
+    void show_plugins();
     void show_extensions();
 };
