@@ -78,6 +78,17 @@ int run_window(Tvx_command_line const &line)
 }
 } // namespace
 
+namespace {
+/// Bundles beside those of the installation, plug-ins in their place.
+void use_extensions(QDir const &folder)
+{
+    vx_bundles_add_directory(folder.absolutePath().toStdWString().c_str());
+    auto const mask = folder.absoluteFilePath("*.so").toStdWString();
+    vx_options_set_lr_2d_editor_plugin_mask(mask.c_str());
+    vx_options_set_style_editor_plugin_mask(mask.c_str());
+}
+} // namespace
+
 int vx_map_application_run(int argc, char **argv, Tvx_command_line const &line)
 {
     std::optional<Tvx_offscreen> screen;
@@ -95,7 +106,7 @@ int vx_map_application_run(int argc, char **argv, Tvx_command_line const &line)
     if (!line.language.empty())
         vx_options_set_language(line.language.c_str());
     if (!line.extension_directory.empty())
-        vx_bundles_add_directory(QFile::decodeName(line.extension_directory.c_str()).toStdWString().c_str());
+        use_extensions(QDir(QFile::decodeName(line.extension_directory.c_str())));
     if (sheets)
         return vx_style_sheets_write(file_names(line), QFile::decodeName(line.sheet_directory.c_str())) ? 0
                                                                                                         : 1;

@@ -61,5 +61,4 @@ void Tvx_tour::show_plugins()
     shoot_editor("plugin_page");
     f_window.editor().close();
     leave_out_plugins();
-    remove_all_layers();
 }
