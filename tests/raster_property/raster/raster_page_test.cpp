@@ -281,7 +281,9 @@ TEST_F(raster_page_test, a_channel_is_stretched_by_numbers_sliders_and_marks)
     EXPECT_EQ(high->get_val(), 32);
 
     // Only the columns of a mark are drawn anew: what stands there is what all of it drawn anew shows.
-    ASSERT_TRUE(input::drag(chart, column(edit, 32), c_row, column(edit, 90), c_row));
+    ASSERT_TRUE(input::mouse_down(chart, column(edit, 32), c_row));
+    ASSERT_TRUE(input::move(chart, column(edit, 60), c_row, {ssLeft}));
+    ASSERT_TRUE(input::move(chart, column(edit, 90), c_row, {ssLeft}));
     TBitmap partly, wholly;
     Screen->Grab(partly);
     chart->Invalidate();
@@ -297,6 +299,7 @@ TEST_F(raster_page_test, a_channel_is_stretched_by_numbers_sliders_and_marks)
         }
     EXPECT_EQ(others, 0u);
     EXPECT_GT(marked, 300u) << "nothing of the window was seen";
+    ASSERT_TRUE(input::mouse_up(chart, column(edit, 90), c_row));
 
     // Two at one place: the first is taken.
     ASSERT_TRUE(input::enter_text(low->get_size_panel()->get_edit(), L"100"));
