@@ -158,11 +158,12 @@ int main()
                 compare([&] { return plain(is_opened ? *open() : *set, k).isNull(); },
                         [&] { return own(is_opened ? layer_of(file, k).get() : layer.get()).isNull(); },
                         is_opened ? 5 : 15);
-            double const ratio = times.own.wall / times.plain.wall;
+            double const ratio = times.own.processor / times.plain.processor;
             std::printf(
-                "  %-16s %-12s plain %6.1f ms  own %6.1f ms  ratio %4.2f (processor %4.2f)  bound 1.30 %s\n",
-                k.name, is_opened ? "opened" : "drawn again", times.plain.wall * 1e3, times.own.wall * 1e3,
-                ratio, times.own.processor / times.plain.processor, ratio <= 1.3 ? "" : "EXCEEDED");
+                "  %-16s %-12s plain %6.1f ms  own %6.1f ms  ratio %4.2f (wall %4.2f)  bound 1.30 %s\n",
+                k.name, is_opened ? "opened" : "drawn again", times.plain.processor * 1e3,
+                times.own.processor * 1e3, ratio, times.own.wall / times.plain.wall,
+                ratio <= 1.3 ? "" : "EXCEEDED");
             std::fflush(stdout);
         }
     }
