@@ -394,7 +394,7 @@ bool Tvx_rtr_source::read(int band, raster_window const &window, double *cells)
 
 bool Tvx_rtr_source::shown_bounds(unsigned band, double &low, double &high)
 {
-    constexpr int c_most = 512; ///< cells along an axis that are looked at
+    constexpr int c_most = 128; ///< cells along an axis that are looked at
     if (auto const known = f_shown_bounds.find(band); known != f_shown_bounds.end()) {
         low = known->second.first;
         high = known->second.second;

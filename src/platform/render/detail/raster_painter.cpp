@@ -132,6 +132,8 @@ public:
             std::ranges::fill(result, 0);
             return true;
         }
+        if (f_channels.size() == 1 && f_channels[0].is_bytes)
+            return fill_gray(window, result);
         for (std::size_t i = 0; i < f_channels.size(); ++i) {
             auto const same =
                 std::ranges::find_if(f_channels.begin(), f_channels.begin() + static_cast<std::ptrdiff_t>(i),
@@ -180,6 +182,20 @@ private:
         std::vector<level> levels; ///< of the cells that were read last
     };
 
+    /// Bytes in gray: each has its pixel.
+    [[nodiscard]] bool fill_gray(raster_window const &window, pixels &result)
+    {
+        channel const &gray = f_channels[0];
+        if (f_gray.empty())
+            for (level const l : gray.of_byte)
+                f_gray.push_back(l < 0 || is_left_out(l, l, l) ? 0 : opaque(l, l, l));
+        f_bytes.resize(window.buffer_cells());
+        if (!source().read(gray.feed.band, window, f_bytes.data()))
+            return false;
+        std::ranges::transform(f_bytes, result.begin(), [this](unsigned char byte) { return f_gray[byte]; });
+        return true;
+    }
+
     [[nodiscard]] bool read(channel &of, raster_window const &window, std::size_t count)
     {
         of.levels.resize(count);
@@ -210,6 +226,7 @@ private:
     Tvx_color f_transparent;
     bool f_is_measured = false;
     bool f_is_fed = false;
+    pixels f_gray; ///< of the bytes, once they were asked for
     std::vector<unsigned char> f_bytes;
     std::vector<double> f_numbers;
 };
