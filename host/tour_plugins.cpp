@@ -17,6 +17,8 @@
 #include <QCoreApplication>
 #include <QDir>
 
+#include <algorithm>
+
 namespace input = vx::user_input;
 
 namespace {
@@ -50,14 +52,17 @@ void Tvx_tour::show_plugins()
     auto *const plugins = pages ? vx_tour_find<Tvx_plugin_lr_edit>(pages->GetActivePage()) : nullptr;
     if (!plugins)
         return check(false, "the style editor shows no plug-in");
-    check(input::click(vx_tour_find<TButton>(plugins, L"Read")), "the table cannot be read");
-    check(input::click(vx_tour_find<TButton>(plugins, L"Make")), "the ranges cannot be made");
+    check(input::click(vx_tour_find<TButton>(plugins)), "the table cannot be read");
+    check(input::click(vx_tour_find<TButton>(plugins)), "the ranges cannot be made");
     shoot_editor("plugin_style");
     apply();
     check(vx_stl_mngr_get_mode(vx_shp_lr2d_get_stl_mngr_ptr(f_window.layers().layer_at(0))) ==
               c_stl_mngr_mode_range,
           "Apply does not bring the plug-in's work to the map");
-    check(input::click_tab(pages, L"Fields"), "the plug-in has no tab");
+    int last = 0;
+    for (int i = 0; i < pages->GetPageCount(); ++i)
+        last = std::max(last, pages->GetPages(i)->GetTabIndex());
+    check(last > 0 && input::click_tab(pages, last), "the plug-in has no tab");
     shoot_editor("plugin_page");
     f_window.editor().close();
     leave_out_plugins();

@@ -4,6 +4,7 @@
 #include <math.h>
 #include <stdio.h>
 #include <stdlib.h>
+#include <string.h>
 
 VXK_PLUGIN_MODULE
 
@@ -17,6 +18,11 @@ typedef struct page
     unsigned *fields; /* of the table, for each line of the choice */
 } page;
 
+static const char *text_of(const char *english, const char *russian)
+{
+    return strcmp(vxk_plugin_get_language(), "ru") == 0 ? russian : english;
+}
+
 /* Reads the column that is chosen; the table is open no longer than that. */
 static void summarise(page *self)
 {
@@ -24,7 +30,7 @@ static void summarise(page *self)
     vxk_table *table = line >= 0 ? vxk_table_open(self->layer) : NULL;
     unsigned records = vxk_table_get_record_count(table), count = 0;
     double least = INFINITY, greatest = -INFINITY, mean = 0, squares = 0, value;
-    char text[400] = "";
+    char text[500] = "";
     for (unsigned i = 0; i < records; ++i) {
         if (!vxk_table_get_number(table, self->fields[line], i, &value))
             continue;
@@ -36,11 +42,15 @@ static void summarise(page *self)
     }
     if (count > 0)
         snprintf(text, sizeof text,
-                 "%u of %u records have a value.\n\nLeast: %.10g\nGreatest: %.10g\nMean: %.10g\n"
-                 "Standard deviation: %.10g",
+                 text_of("%u of %u records have a value.\n\nLeast: %.10g\nGreatest: %.10g\nMean: %.10g\n"
+                         "Standard deviation: %.10g",
+                         "Значение есть у %u записей из %u.\n\nНаименьшее: %.10g\nНаибольшее: %.10g\n"
+                         "Среднее: %.10g\nСтандартное отклонение: %.10g"),
                  count, records, least, greatest, mean, sqrt(squares / count));
     else if (table)
-        snprintf(text, sizeof text, "None of %u records has a value.", records);
+        snprintf(text, sizeof text,
+                 text_of("None of %u records has a value.", "Ни у одной из %u записей нет значения."),
+                 records);
     vxk_control_set_text(self->result, text);
     vxk_table_close(table);
 }
@@ -71,7 +81,8 @@ static void show_layer(page *self)
     free(self->fields);
     self->fields = fields;
     vxk_layer_get_source(self->layer, text, sizeof text);
-    vxk_control_set_text(self->source, table ? text : "This layer has no table.");
+    vxk_control_set_text(self->source,
+                         table ? text : text_of("This layer has no table.", "У этого слоя нет таблицы."));
     vxk_control_set_items(self->field, items, count);
     vxk_control_set_index(self->field, count > 0 ? 0 : -1);
     vxk_control_set_enabled(self->field, count > 0);
@@ -91,7 +102,7 @@ void *plugin_lr_2d_editor_create(void (*changed)(void *data), void *data)
         return NULL;
     self->panel = vxk_panel_create();
     self->source = vxk_panel_add_text(self->panel, "");
-    self->field = vxk_panel_add_choice(self->panel, "&Field", on_field, self);
+    self->field = vxk_panel_add_choice(self->panel, text_of("&Field", "&Поле"), on_field, self);
     self->result = vxk_panel_add_text(self->panel, "");
     return self;
 }
@@ -111,7 +122,7 @@ void plugin_lr_2d_editor_set_parent(void *instance, vxk_window window)
 
 const char *plugin_lr_2d_editor_get_caption(void)
 {
-    return "Fields";
+    return text_of("Fields", "Поля");
 }
 
 void plugin_lr_2d_editor_attach(void *instance, Ivx_layer *layer)

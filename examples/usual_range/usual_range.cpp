@@ -12,22 +12,30 @@
 #include <cmath>
 #include <cstdio>
 #include <string>
+#include <string_view>
 #include <vector>
 
 VXK_PLUGIN_MODULE
 
 namespace {
+template <class Text>
+Text const *text_of(Text const *english, Text const *russian)
+{
+    return std::string_view(vxk_plugin_get_language()) == "ru" ? russian : english;
+}
+
 class editor
 {
 public:
     editor(void (*commit)(void *), void *host) : f_commit(commit), f_host(host)
     {
-        f_read = add_button<&editor::read>("&Read the table");
-        f_field = vxk_panel_add_choice(f_panel, "&Field", nullptr, nullptr);
-        f_width =
-            vxk_panel_add_number(f_panel, "Usual within (&deviations)", 0.1, 10, false, nullptr, nullptr);
+        f_read = add_button<&editor::read>(text_of("&Read the table", "&Прочитать таблицу"));
+        f_field = vxk_panel_add_choice(f_panel, text_of("&Field", "&Поле"), nullptr, nullptr);
+        f_width = vxk_panel_add_number(
+            f_panel, text_of("Usual within (&deviations)", "Обычное в пределах (&отклонений)"), 0.1, 10,
+            false, nullptr, nullptr);
         vxk_control_set_number(f_width, 2);
-        f_apply = add_button<&editor::make_ranges>("Make &three ranges");
+        f_apply = add_button<&editor::make_ranges>(text_of("Make &three ranges", "Создать &три диапазона"));
         f_result = vxk_panel_add_text(f_panel, "");
     }
     editor(editor const &) = delete;
@@ -67,7 +75,8 @@ private:
                 names.push_back(vxk_data_field_name(table, i));
                 f_fields.push_back(i);
             }
-        vxk_control_set_text(f_result, names.empty() ? "There is no field of numbers." : "");
+        vxk_control_set_text(
+            f_result, names.empty() ? text_of("There is no field of numbers.", "Нет числовых полей.") : "");
         show_fields(names);
     }
 
@@ -93,7 +102,8 @@ private:
             if (double value = 0; vxk_data_get_number(table, i, field, &value))
                 values.push_back(value);
         if (values.empty())
-            return vxk_control_set_text(f_result, "The field has no values.");
+            return vxk_control_set_text(f_result,
+                                        text_of("The field has no values.", "В поле нет значений."));
         double mean = 0;
         for (double const value : values)
             mean += value / static_cast<double>(values.size());
@@ -109,16 +119,19 @@ private:
 
         auto const below = std::ranges::count_if(values, [&](double value) { return value <= low; });
         auto const above = std::ranges::count_if(values, [&](double value) { return value > high; });
-        char text[200];
-        std::snprintf(text, sizeof text, "%td low, %td high, of %zu. Usual: %.6g to %.6g.", below, above,
-                      values.size(), low, high);
+        char text[300];
+        std::snprintf(text, sizeof text,
+                      text_of("%td low, %td high, of %zu. Usual: %.6g to %.6g.",
+                              "Низких: %td, высоких: %td, всего %zu. Обычное: от %.6g до %.6g."),
+                      below, above, values.size(), low, high);
         vxk_control_set_text(f_result, text);
         f_commit(f_host);
     }
 
     void write(std::wstring const &name, std::vector<double> const &bounds)
     {
-        static constexpr wchar_t const *captions[] = {L"low", L"usual", L"high"};
+        wchar_t const *const captions[] = {text_of(L"low", L"низкие"), text_of(L"usual", L"обычные"),
+                                           text_of(L"high", L"высокие")};
         static Tvx_color const colors[] = {vx_clr_init_rgb(33, 102, 172), vx_clr_init_rgb(190, 190, 190),
                                            vx_clr_init_rgb(178, 24, 43)};
         void *const scale = vx_stl_mngr_get_rng_scale_ptr(f_manager);
@@ -164,7 +177,7 @@ void *plugin_style_editor_create(vxk_window /*window*/, void (*commit)(void *), 
 }
 char const *plugin_style_editor_get_caption()
 {
-    return "Usual and unusual";
+    return text_of("Usual and unusual", "Обычное и необычное");
 }
 void *plugin_style_editor_get_control(void * /*application*/, void * /*owner*/)
 {

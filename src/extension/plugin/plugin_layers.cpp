@@ -3,6 +3,7 @@
 #include "extension/plugin/plugin_text_priv.h"
 #include "extension/plugin/vxk_plugin.h"
 
+#include "platform/basic/vx_options.h"
 #include "platform/layers/vx_lr2d.h"
 #include "platform/styles/vx_stl_mngr.h"
 #include "platform/toolkit/bridge/native_window.h"
@@ -71,6 +72,11 @@ std::unique_ptr<vxk_table> open_table(Ivx_layer *layer)
 int vxk_plugin_get_revision(void)
 {
     return VXK_PLUGIN_REVISION;
+}
+
+char const *vxk_plugin_get_language(void)
+{
+    return vx_options_get_language();
 }
 
 unsigned long vxk_window_get_x11(vxk_window window)

@@ -139,6 +139,8 @@ VXK_PLUGIN_ENTRY bool plugin_style_editor_select_next(void *instance, int direct
 
 /// The revision of this header that the library was built with.
 VXK_PLUGIN_API int vxk_plugin_get_revision(void);
+/// The language of the captions, such as "en" or "ru"; valid until it is changed.
+VXK_PLUGIN_API const char *vxk_plugin_get_language(void);
 
 /// Functions that give a text write at most `size` bytes into `buffer`, ended by zero, and give the length of
 /// the whole text without the zero. `buffer` may be null where `size` is 0.
