@@ -25,7 +25,11 @@ constexpr double c_none = std::numeric_limits<double>::quiet_NaN();
 change const good_changes[] = {
     {"name", [](void *i) { vx_textlr_info_set_name(i, L"Реки"); }},
     {"property", [](void *i) { vx_textlr_info_set_property(i, 3, L"ИМЯ"); }},
-    {"font", [](void *i) { vx_textlr_info_get_font_ptr(i)->bold = true; }},
+    {"font",
+     [](void *i) {
+         if (auto *const font = vx_textlr_info_get_font_ptr(i))
+             font->bold = true;
+     }},
     {"size", [](void *i) { vx_textlr_info_set_size(i, 1e6); }},
     {"color", [](void *i) { vx_textlr_info_set_color(i, vx_clr_init_rgb(1, 2, 3)); }},
     {"angle", [](void *i) { vx_textlr_info_set_angle(i, 359.5); }},
