@@ -33,7 +33,7 @@ constexpr lr2d_page_factory c_pages[] = {
     {lr2d_page::txt_tos_2crd, &make<Tvx_txt_tos_2crd_mngr_lr2d_edit>},
     {lr2d_page::tos_grid, &make<Tvx_tos_grid_lr2d_edit>},
     {lr2d_page::tos_slice, &make<Tvx_tos_slice_lr2d_edit>},
-    {lr2d_page::tos_2crd, &make<Tvx_tos_2crd_lr2d_edit>},
+    {lr2d_page::tos_2crd, &make<style_plugin_page<Tvx_tos_2crd_lr2d_edit>>},
 };
 } // namespace
 

@@ -25,7 +25,7 @@ public:
     void update_controls() override
     {
         Page::update_controls();
-        void *const manager = this->get_edit()->get_stl_mngr();
+        void *const manager = this->get_stl_mngr_edit()->get_stl_mngr();
         if (manager && !f_plugins)
             create_plugins();
         if (!f_plugins)
@@ -51,7 +51,7 @@ private:
         f_plugins->SetAlign(alBottom);
         f_plugins->SetHeight(c_height);
         f_plugins->SetParent(this);
-        f_plugins->set_data_events(this->get_edit()->get_data_events());
+        f_plugins->set_data_events(this->get_stl_mngr_edit()->get_data_events());
         f_plugins->on_commit = make_closure<&style_plugin_page::on_plugin_commit>(this);
         f_plugins->load_res();
         f_splitter = new TSplitter(this);

@@ -335,6 +335,12 @@ TEST_F(style_tabs, stand_below_the_editor_of_a_layer_and_change_what_it_shows)
     EXPECT_TRUE(points_page->GetShowing());
     EXPECT_FALSE(find<Tvx_plugin_lr_edit>(points_page)->GetVisible()) << "no plug-in for points";
     EXPECT_EQ(find<Tvx_plugin_lr_edit>(edit->get_page(vx::lr2d_page::shp_pln)), nullptr) << "not asked for";
+    owned_layer const placed(vx_lr2d_create("tos_2crd_lr2d"));
+    edit->set_lr2d(placed.get());
+    auto *const placed_plugins = find<Tvx_plugin_lr_edit>(edit->get_page(vx::lr2d_page::tos_2crd));
+    ASSERT_NE(placed_plugins, nullptr);
+    EXPECT_NE(placed_plugins->get_stl_mgr(), nullptr);
+    EXPECT_TRUE(placed_plugins->get_data_events().get_np);
     edit->set_lr2d(layer.get());
     EXPECT_TRUE(plugins->GetShowing());
     edit->set_lr2d(nullptr);
