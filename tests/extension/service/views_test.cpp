@@ -126,6 +126,39 @@ TEST_F(views, the_values_reach_the_editors_by_the_pull_events)
     EXPECT_EQ(second.hold_count(), 0u);
 }
 
+TEST_F(views, what_is_typed_is_taken_at_apply_and_dropped_with_its_manager)
+{
+    auto &model = offering.add_style(L"styles", points.get());
+    models::values source;
+    model.source = &source;
+    open({&offering});
+    auto *const edit = view<Tvx_style_editor_view>(0)->get_edits().pnt;
+    ASSERT_TRUE(input::choose_item(edit->get_mode_edit()->get_combo_box(), 1));
+    ASSERT_TRUE(input::choose_item(edit->get_val_edit()->get_prp_scale()->get_combo_box(), L"Name"));
+    void *const scale = vx_stl_mngr_get_val_scale_ptr(points.get());
+    ASSERT_EQ(vx_val_scale_get_size(scale), 2u);
+    auto const caption = [&] {
+        std::wstring text;
+        vx_val_scale_get_caption_w(scale, 0, Tvx_std_wstring_adapter(text));
+        return text;
+    };
+    constexpr int caption_column = 2;
+    auto const type = [&](wchar_t const *text) {
+        ASSERT_TRUE(input::double_click_cell(edit->get_val_edit()->get_grid(), caption_column, 1));
+        ASSERT_TRUE(input::press('A', {ssCtrl}) && input::type(text));
+    };
+    type(L"taken");
+    custom->end_edit(true);
+    EXPECT_EQ(caption(), L"taken");
+    EXPECT_GT(model.commits, 0);
+    int const commits = model.commits;
+    type(L"dropped");
+    model.shown = areas.get();
+    model.update();
+    EXPECT_EQ(caption(), L"taken");
+    EXPECT_EQ(model.commits, commits);
+}
+
 TEST_F(views, a_list_view_follows_the_strip_and_the_type_of_the_list)
 {
     vx::owned<void, &vx_stl_mngr_list_destroy> const list(vx_stl_mngr_list_create("pln_style"));

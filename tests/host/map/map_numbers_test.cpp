@@ -120,6 +120,7 @@ TEST(command_line, is_read)
     EXPECT_EQ(line.language, "ru");
     EXPECT_EQ(line.shot_directory, "out");
     EXPECT_TRUE(line.headless);
+    EXPECT_EQ(vx_command_line_parse({"--extensions", "more"}).extension_directory, "more");
     Tvx_command_line const sheets = vx_command_line_parse({"--style-sheets=out", "a.slib"});
     EXPECT_EQ(sheets.error, "");
     EXPECT_EQ(sheets.sheet_directory, "out");
