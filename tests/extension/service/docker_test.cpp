@@ -15,6 +15,8 @@
 #include "platform/toolkit/controls/edit.h"
 #include "platform/toolkit/controls/group_box.h"
 #include "platform/toolkit/controls/label.h"
+#include "platform/toolkit/controls/memo.h"
+#include "platform/toolkit/core/strings.h"
 
 namespace {
 /// An element of a family: its texts, and what was done to it.
@@ -171,6 +173,34 @@ TEST_F(dockers, elements_are_shown_worked_and_read_anew)
     EXPECT_TRUE(name.view);
     custom.reset();
     EXPECT_FALSE(name.view);
+}
+
+TEST_F(dockers, a_text_of_many_lines_scrolls)
+{
+    struct lines_of final : element<vx::multiline_output_impl>
+    {
+        using element::element;
+        void with_text(vx::string_visitor visitor) override { visitor.visit(text.c_str()); }
+    } lines(L"one\ntwo");
+    struct scroll final : element<vx::scroll_layout_impl>
+    {
+        using element::element;
+        void with_element(vx::element_visitor visitor) override { visitor.visit_multiline_output(*content); }
+        bool visible() override { return is_visible; }
+        lines_of *content = nullptr;
+        bool is_visible = true;
+    } box(L"");
+    box.content = &lines;
+    open_docker([&](vx::element_visitor visitor) { visitor.visit_v_scroll_layout(box); });
+    auto *const memo = all_below<TMemo>(sheet).at(0);
+    EXPECT_EQ(memo->GetLines()->GetCount(), 2);
+    EXPECT_TRUE(memo->GetShowing() && memo->GetReadOnly());
+    lines.text += L"\nthree";
+    lines.view.update_data();
+    EXPECT_EQ(memo->GetLines()->GetCount(), 3);
+    box.is_visible = false;
+    box.view.update_state();
+    EXPECT_FALSE(memo->GetShowing());
 }
 
 TEST_F(dockers, what_cannot_be_shown_and_what_has_no_end_is_a_line)
