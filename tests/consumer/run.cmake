@@ -103,15 +103,6 @@ run(${WORK_DIR}/build/linked ${DATA_DIR}/nc.shp)
 run(${WORK_DIR}/build/styles)
 run(${WORK_DIR}/build/all_headers)
 
-# The sample extension as a stranger builds and installs it; then it is found without being named, too.
-set(desk ${prefix}/share/vxk_lr2d_edit_form/examples/layer_desk)
-run(${CMAKE_COMMAND} -S ${desk} -B ${WORK_DIR}/layer_desk -G Ninja -DCMAKE_PREFIX_PATH=${prefix}
-    -DCMAKE_INSTALL_PREFIX=${prefix} "-DCMAKE_CXX_FLAGS=${flags}")
-run(${CMAKE_COMMAND} --build ${WORK_DIR}/layer_desk)
-run(${WORK_DIR}/build/extension ${WORK_DIR}/layer_desk ${DATA_DIR}/nc.shp)
-run(${CMAKE_COMMAND} --install ${WORK_DIR}/layer_desk)
-run(${WORK_DIR}/build/extension ${WORK_DIR} ${DATA_DIR}/world.shp)
-
 # The sample plug-ins, and those that the guide for authors shows, as it shows them: built against the installation and
 # taken through an editor by the checker.
 get_filename_component(doc ${source_tree}/docs/extending.md ABSOLUTE)
@@ -128,8 +119,13 @@ string(REPLACE "hello.c" "modes.cpp" lists "${lists}")
 string(REPLACE "hello" "modes" lists "${lists}")
 string(REPLACE "C_VISIBILITY" "CXX_VISIBILITY" lists "${lists}")
 file(WRITE ${guide}/modes/CMakeLists.txt "${lists}")
+take_block(cpp 1 program)
+file(WRITE ${guide}/greeting/greeting.cpp "${program}")
+take_block(cmake 1 lists)
+file(WRITE ${guide}/greeting/CMakeLists.txt "${lists}")
 set(modules "")
-foreach(plugin ${guide}/hello ${guide}/modes ${source_tree}/examples/field_summary ${source_tree}/examples/usual_range)
+set(samples ${source_tree}/examples)
+foreach(plugin ${guide}/hello ${guide}/modes ${guide}/greeting ${samples}/field_summary ${samples}/layer_desk ${samples}/usual_range)
     get_filename_component(name ${plugin} NAME)
     run(${CMAKE_COMMAND} -S ${plugin} -B ${WORK_DIR}/plugins/${name} -G Ninja -DCMAKE_PREFIX_PATH=${prefix}
         "-DCMAKE_C_FLAGS=${flags} -Wall -Wextra -Werror" "-DCMAKE_CXX_FLAGS=${flags} -Wall -Wextra -Werror")
@@ -137,3 +133,12 @@ foreach(plugin ${guide}/hello ${guide}/modes ${source_tree}/examples/field_summa
     list(APPEND modules ${WORK_DIR}/plugins/${name}/${name}.so)
 endforeach()
 run(${prefix}/bin/vx_plugin_check --layer ${DATA_DIR}/nc.shp ${modules})
+
+# The sample extension as a stranger builds and installs it; then it is found without being named, too.
+set(desk ${prefix}/share/vxk_lr2d_edit_form/examples/layer_desk)
+run(${CMAKE_COMMAND} -S ${desk} -B ${WORK_DIR}/layer_desk -G Ninja -DCMAKE_PREFIX_PATH=${prefix}
+    -DCMAKE_INSTALL_PREFIX=${prefix} "-DCMAKE_CXX_FLAGS=${flags}")
+run(${CMAKE_COMMAND} --build ${WORK_DIR}/layer_desk)
+run(${WORK_DIR}/build/extension ${WORK_DIR}/layer_desk ${DATA_DIR}/nc.shp)
+run(${CMAKE_COMMAND} --install ${WORK_DIR}/layer_desk)
+run(${WORK_DIR}/build/extension ${WORK_DIR} ${DATA_DIR}/world.shp)
