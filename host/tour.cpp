@@ -1,5 +1,6 @@
 #include "host/tour.h"
 
+#include "captions/layer_edit.h"
 #include "captions/palettes.h"
 #include "captions/scale_menus.h"
 #include "controls/forms/apply_form.h"
@@ -19,6 +20,7 @@
 #include "host/tour_maps.h"
 #include "host/tour_property.h"
 #include "layer_edit/form/lr2d_edit_form.h"
+#include "layer_edit/text/txt_mngr_lr2d_edit.h"
 #include "raster_property/channels/channels_edit.h"
 #include "raster_property/raster/rtr_id_lr2d_edit.h"
 #include "scale_engine/range/range_scale_default.h"
@@ -37,6 +39,9 @@
 #include "platform/styles/vx_style.h"
 #include "platform/styles/vx_style_keys.h"
 #include "platform/toolkit/bridge/qt_bridge.h"
+#include "platform/toolkit/controls/check_box.h"
+#include "platform/toolkit/controls/combo_box.h"
+#include "platform/toolkit/controls/page_control.h"
 #include "platform/toolkit/core/form.h"
 #include "platform/toolkit/core/key_codes.h"
 
@@ -112,6 +117,7 @@ bool Tvx_tour::run(QStringList const &files)
         show_navigation();
         show_layer_kinds();
         show_apply();
+        show_text_managers();
         show_range_editor();
         show_raster();
         show_maps();
@@ -349,6 +355,29 @@ void Tvx_tour::show_apply()
 }
 
 /// Counties by births in ten ranges: the editor takes the scale from a file that lies beside the layer.
+void Tvx_tour::show_text_managers()
+{
+    namespace input = vx::user_input;
+    remove_all_layers();
+    if (!open_example({"nc.shp"}))
+        return;
+    open_properties_of(0);
+    auto *const form = f_window.editor().handle() ? f_window.editor().handle()->get_form() : nullptr;
+    auto *const pages = form ? vx_tour_find<TPageControl>(form) : nullptr;
+    check(pages && input::click_tab(pages, UnicodeString(vx_res_get_wstr(c_caption_text_mngr_tab))),
+          "the editor has no page of labels");
+    auto *const page = form ? vx_tour_find<Tvx_txt_pgn_mngr_lr2d_edit>(form) : nullptr;
+    if (!page)
+        return check(false, "the page of labels does not show");
+    check(input::click(page->get_list_edit()->get_check_box(), 8, 8), "the labels cannot be switched on");
+    auto *const edit = page->get_stl_mngr_edit();
+    check(input::choose_item(edit->get_mode_edit()->get_combo_box(), c_style_mode_value) &&
+              input::choose_item(edit->get_val_edit()->get_prp_scale()->get_combo_box(), L"NAME"),
+          "the names cannot be chosen");
+    shoot_editor("editor_text_managers");
+    f_window.editor().close();
+}
+
 void Tvx_tour::show_range_editor()
 {
     remove_all_layers();

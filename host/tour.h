@@ -24,6 +24,8 @@ private:
     [[nodiscard]] class QMenu *open_draw_by_menu();
     void show_layer_kinds();
     void show_apply();
+    /// The page of text managers, one of which writes names by their values.
+    void show_text_managers();
     void show_range_editor();
     void show_raster();
     void show_user_palettes(class Tvx_scale_grid &grid);
