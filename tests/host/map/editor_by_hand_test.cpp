@@ -12,6 +12,8 @@
 #include "user_input/user_input.h"
 
 #include "platform/base/string_adp.h"
+#include "platform/basic/vx_clr_channel.h"
+#include "platform/layers/vx_rtr_lr2d.h"
 #include "platform/styles/vx_val_scale.h"
 
 using namespace vx_test;
@@ -95,4 +97,14 @@ TEST_F(map_fixture, a_raster_that_is_stretched_in_the_editor_is_drawn_so_with_ap
         }
     EXPECT_EQ(darker, 0);
     EXPECT_GT(lighter, gray.width() * gray.height() / 4);
+
+    // Pasted on a raster of one band, the stretch of that band goes with the style; other bands stay away.
+    Tvx_layer_list::layer_ptr const other(vx_rtr_lr2d_create(L"" VX_EXAMPLE_DATA "/olinda_dem_utm25s.tif"));
+    ASSERT_TRUE(vx_layer_copy_style(other.get(), layers().layer_at(0)));
+    EXPECT_EQ(vx_rtr_lr2d_get_draw_type(other.get()), c_rtr_draw_gray);
+    void *const all = vx_rtr_lr2d_get_rgb_channels_ptr(other.get());
+    EXPECT_EQ(vx_clr_channel_get_max(vx_rgb_channels_get_gray(all)), 100);
+    std::wstring band;
+    vx_clr_channel_get_prop_name_w(vx_rgb_channels_get_green(all), Tvx_std_wstring_adapter(band));
+    EXPECT_EQ(band, vx_rtr_lr2d_get_prop_name(other.get(), 0));
 }
