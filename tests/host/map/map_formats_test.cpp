@@ -83,35 +83,6 @@ TEST_F(map_formats, are_opened_whatever_the_files_are_called)
     }
 }
 
-TEST_F(map_formats, each_refusal_is_one_sentence_about_the_file_alone)
-{
-    write_file(folder / "empty.csv", "");
-    write_file(folder / "words.csv", "a,b\n1,2\n");
-    write_file(folder / "none.geojson", "{\"type\":\"FeatureCollection\",\"features\":[]}");
-    write_file(folder / "noise.gpkg", "SQLite format 3 and so on");
-    std::filesystem::create_directory(folder / "folder.shp");
-    struct
-    {
-        char const *file;
-        char const *reason;
-    } const cases[] = {
-        {"missing.shp", "The file does not exist."},
-        {"empty.csv", "The file is empty."},
-        {"words.csv", "has no columns of coordinates."},
-        {"none.geojson", "holds no vector data."},
-        {"noise.gpkg", "No driver can open"},
-        {"folder.shp", "This folder holds no data set."},
-    };
-    for (auto const &c : cases) {
-        message_reader messages;
-        EXPECT_EQ(window->open_files({path_of(folder / c.file)}), 0) << c.file;
-        ASSERT_EQ(messages.texts.size(), 1) << c.file;
-        QString const &text = messages.texts.front();
-        EXPECT_TRUE(text.contains(c.reason)) << text.toStdString();
-        EXPECT_FALSE(text.contains("|layer=")) << text.toStdString();
-    }
-}
-
 TEST_F(map_formats, a_file_that_was_cut_is_drawn_as_far_as_it_goes_and_that_is_said)
 {
     std::filesystem::copy(VX_EXAMPLE_DATA "/nc.shx", folder.path());

@@ -146,12 +146,7 @@ TEST_F(map_window, properties_are_reached_by_every_road)
     hand::press(&canvas(), Qt::Key_Return, Qt::AltModifier);
     EXPECT_TRUE(editor().is_showing());
     EXPECT_TRUE(list()->actions().contains(window->command("properties")));
-}
-
-TEST_F(map_window, esc_closes_the_properties)
-{
-    ASSERT_EQ(open({"nc.shp"}), 1);
-    run("properties");
+    // Esc closes them, but for another command with it.
     QWidget *top = editor_window();
     ASSERT_TRUE(top);
     hand::press(top->findChild<QAbstractButton *>(), Qt::Key_Escape, Qt::ControlModifier);
@@ -475,7 +470,10 @@ TEST_F(map_window, files_that_cannot_be_opened_give_one_message_that_names_them_
         vx_test::write_file(directory / name, bytes);
     };
     std::string const whole = vx_test::read_file(VX_EXAMPLE_DATA "/nc.shp");
-    write("empty.shp", "");
+    write("empty.csv", "");
+    write("words.csv", "a,b\n1,2\n");
+    write("none.geojson", "{\"type\":\"FeatureCollection\",\"features\":[]}");
+    write("noise.gpkg", "SQLite format 3 and so on");
     write("cut.shp", whole.substr(0, 60));
     write("noise.tif", "II*\x01\xff\xff\xff\x7f not a picture");
     write("letter.txt", "Dear map,");
@@ -483,12 +481,24 @@ TEST_F(map_window, files_that_cannot_be_opened_give_one_message_that_names_them_
     std::filesystem::create_directory(directory / "folder");
     ASSERT_EQ(mkfifo((directory / "pipe.shp").c_str(), 0600), 0);
 
-    std::pair<char const *, bool> const files[] = {
-        {"missing.shp", false}, {"empty.shp", false},     {"cut.shp", true}, {"noise.tif", false},
-        {"letter.txt", false},  {"broken.geojson", true}, {"folder", false}, {"pipe.shp", false}};
+    struct
+    {
+        char const *name, *reason;
+        bool library_speaks;
+    } const files[] = {{"missing.shp", "The file does not exist.", false},
+                       {"empty.csv", "The file is empty.", false},
+                       {"cut.shp", "", true},
+                       {"noise.tif", "", false},
+                       {"noise.gpkg", "No driver can open", false},
+                       {"words.csv", "has no columns of coordinates.", false},
+                       {"none.geojson", "holds no vector data.", false},
+                       {"letter.txt", "", false},
+                       {"broken.geojson", "", true},
+                       {"folder", "This folder holds no data set.", false},
+                       {"pipe.shp", "", false}};
     for (char const *const language : {"en", "ru"}) {
         vx_options_set_language(language);
-        for (auto const &[name, library_speaks] : files) {
+        for (auto const &[name, reason, library_speaks] : files) {
             SCOPED_TRACE(testing::Message() << name << " " << language);
             message_reader messages;
             testing::internal::CaptureStderr();
@@ -505,6 +515,8 @@ TEST_F(map_window, files_that_cannot_be_opened_give_one_message_that_names_them_
             EXPECT_TRUE(library_speaks || noise.empty()) << noise;
             // A sentence that says why.
             EXPECT_GT(text.size(), path.size() + 15) << text.toStdString();
+            EXPECT_FALSE(text.contains("|layer=")) << text.toStdString();
+            EXPECT_TRUE(text.contains(reason) || std::string_view(language) == "ru") << text.toStdString();
             if (std::string_view(language) == "ru") {
                 EXPECT_EQ(vx_test::latin_words(QString(text).remove(path).toStdWString()), L"")
                     << text.toStdString();
