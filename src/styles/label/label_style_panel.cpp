@@ -331,7 +331,9 @@ void Tvx_label_style_panel::update_encoding()
 {
     Ivx_layer *const parent = f_layer ? vx_dtld_lr2d_get_parent_lr2d_ptr(f_layer) : nullptr;
     Ivx_attr_data *const data = parent ? vx_attr_data_safe_downcast(vx_lr2d_get_data_ptr(parent)) : nullptr;
-    if (f_prop_edit->get_prop_index() < 0 || !data)
+    // Records are looked at for this, which a slow source takes long to give: not for a panel that nobody
+    // sees.
+    if (f_prop_edit->get_prop_index() < 0 || !data || !GetShowing())
         return;
     std::string const name = f_prop_edit->get_prop_name();
     int encoding = c_textlr_encoding_plain;
