@@ -24,7 +24,11 @@ public:
 
     void update_controls() override
     {
+        // Windows are worked while the page reads a long table, so it may end meanwhile.
+        auto const life = this->Life();
         Page::update_controls();
+        if (life.expired())
+            return;
         void *const manager = this->get_stl_mngr_edit()->get_stl_mngr();
         if (manager && !f_plugins)
             create_plugins();
@@ -62,8 +66,10 @@ private:
 
     void on_plugin_commit(TObject * /*sender*/)
     {
+        auto const life = this->Life();
         Page::update_controls();
-        this->call_changed();
+        if (!life.expired())
+            this->call_changed();
     }
 
     Tvx_plugin_lr_edit *f_plugins = nullptr;
