@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace vx::layers {
 namespace {
@@ -392,9 +393,40 @@ bool Tvx_rtr_source::read(int band, raster_window const &window, double *cells)
     return true;
 }
 
+/// Windows all over a raster, none of which reaches into a second block; all of a small one.
+std::vector<raster_window> Tvx_rtr_source::samples(int band, raster_place const &size)
+{
+    constexpr int c_few = 512, c_places = 6, c_longest = 256;
+    if (size.width <= c_few && size.height <= c_few)
+        return {{0, 0, size.width, size.height, size.width, size.height}};
+    unsigned long long counts[3] = {1, 1, 1};
+    auto const cells = block(band);
+    if (!cells || !attempt([&] { return cells.block_size(counts); }))
+        return {};
+    auto const length = [](unsigned long long count) {
+        return static_cast<int>(std::clamp<unsigned long long>(count, 1, std::numeric_limits<int>::max()));
+    };
+    int const across = length(counts[0]), down = length(counts[1]);
+    auto const start = [](int i, int whole, int step) {
+        return static_cast<int>((whole - 1LL) * i / (c_places - 1)) / step * step;
+    };
+    std::vector<raster_window> windows;
+    for (int i = 0; i < c_places * c_places; ++i) {
+        raster_window w;
+        w.x = start(i % c_places, size.width, across);
+        w.y = start(i / c_places, size.height, down);
+        // Blocks as wide as the raster are looked at in other columns.
+        if (across > c_longest)
+            w.x = std::max(w.x, start(i % c_places, size.width - c_longest, 1));
+        w.width = w.buffer_width = std::min({c_longest, across, size.width - w.x});
+        w.height = w.buffer_height = std::min({c_longest, down, size.height - w.y});
+        windows.push_back(w);
+    }
+    return windows;
+}
+
 bool Tvx_rtr_source::shown_bounds(unsigned band, double &low, double &high)
 {
-    constexpr int c_most = 128; ///< cells along an axis that are looked at
     if (auto const known = f_shown_bounds.find(band); known != f_shown_bounds.end()) {
         low = known->second.first;
         high = known->second.second;
@@ -404,18 +436,19 @@ bool Tvx_rtr_source::shown_bounds(unsigned band, double &low, double &high)
     if (!place(size) || band >= f_bands.size())
         return false;
     if (!quick_bounds(band, low, high) || !std::isfinite(low) || !std::isfinite(high)) {
-        raster_window const window{
-            0, 0, size.width, size.height, std::min(size.width, c_most), std::min(size.height, c_most)};
-        std::vector<double> cells(window.buffer_cells());
         low = HUGE_VAL;
         high = -HUGE_VAL;
-        if (!read(static_cast<int>(band), window, cells.data()))
-            return false;
-        for (double const cell : cells)
-            if (!std::isnan(cell)) {
-                low = std::min(low, cell);
-                high = std::max(high, cell);
-            }
+        std::vector<double> cells;
+        for (auto const &window : samples(static_cast<int>(band), size)) {
+            cells.resize(window.buffer_cells());
+            if (!read(static_cast<int>(band), window, cells.data()))
+                return false;
+            for (double const cell : cells)
+                if (!std::isnan(cell)) {
+                    low = std::min(low, cell);
+                    high = std::max(high, cell);
+                }
+        }
     }
     f_shown_bounds[band] = {low, high};
     return low <= high;

@@ -111,6 +111,8 @@ private:
     [[nodiscard]] vx::grid_source grid() const;
     /// Null when there is none.
     [[nodiscard]] vx::grid_block block(int band);
+    [[nodiscard]] std::vector<vx::layers::raster_window> samples(int band,
+                                                                 vx::layers::raster_place const &size);
     [[nodiscard]] bool read_as(int band, vx::layers::raster_window const &window, void *cells, int type);
     [[nodiscard]] bool open();
     void close();
