@@ -68,6 +68,8 @@ bool goes_before(candidate const &a, candidate const &b,
 {
     if (a.rule->priority != b.rule->priority)
         return a.rule->priority > b.rule->priority;
+    if (a.rule->size != b.rule->size)
+        return a.rule->size > b.rule->size;
     unsigned const layer_a = sources[a.source]->layer();
     unsigned const layer_b = sources[b.source]->layer();
     if (layer_a != layer_b)
@@ -165,17 +167,21 @@ struct label_plan::state
     [[nodiscard]] bool measure(candidate const &c, measured_text &text);
     [[nodiscard]] verdict judge(candidate const &c, std::wstring const &text,
                                 std::vector<label_quad> const &quads);
-    /// Gives the label the place, if that can be told; one that `is_lost` may not have it any more, but what
-    /// lies there cannot be told either.
-    verdict settle(candidate const &c, measured_text const &text, placed_label &label, bool is_lost);
+    /// Gives the label the place, if that can be told, and then its ink; one that `is_lost` may not have it
+    /// any more, but what lies there cannot be told either.
+    template <class MakeInk>
+    verdict settle(candidate const &c, measured_text const &text, placed_label &label, bool is_lost,
+                   MakeInk make_ink);
     void place_one(candidate const &c);
+    /// Whether a label at a point is in the way of another, however wide it is.
+    [[nodiscard]] bool is_surely_taken(candidate const &c) const;
     void place_at(candidate const &c, measured_text const &text, Tvx_pnt_d2 anchor);
     void place_in_area(candidate const &c, measured_text const &text);
     void place_at_line(candidate const &c, measured_text const &text);
-    [[nodiscard]] bool follow(candidate const &c, measured_text const &text, measured_line const &line,
-                              double begin, placed_label &label);
-    void lay_straight(candidate const &c, measured_text const &text, Tvx_pnt_d2 anchor, double angle,
-                      int pos_x, int pos_y, double gap_x, double gap_y, placed_label &label);
+    [[nodiscard]] verdict follow(candidate const &c, measured_text const &text, measured_line const &line,
+                                 double begin, bool is_lost);
+    verdict lay_straight(candidate const &c, measured_text const &text, Tvx_pnt_d2 anchor, double angle,
+                         int pos_x, int pos_y, double gap_x, double gap_y, bool is_lost);
 };
 
 label_plan::label_plan(label_fonts &fonts, std::vector<Ivx_layer *> const &layers, label_scale const &scale)
@@ -493,8 +499,9 @@ label_plan::state::verdict label_plan::state::judge(candidate const &c, std::wst
     return sure ? c_free : c_unsure;
 }
 
+template <class MakeInk>
 label_plan::state::verdict label_plan::state::settle(candidate const &c, measured_text const &text,
-                                                     placed_label &label, bool is_lost)
+                                                     placed_label &label, bool is_lost, MakeInk make_ink)
 {
     double const margin = c_gap_px + c.rule->back_margin + looks[c.rule->look].reach();
     for (label_quad &q : label.quads) {
@@ -502,21 +509,21 @@ label_plan::state::verdict label_plan::state::settle(candidate const &c, measure
         q.half_height += margin;
         label.box.add(q.box());
     }
-    verdict v = judge(c, text.text, label.quads);
+    verdict const v = judge(c, text.text, label.quads);
     if (v == c_taken)
         return v;
-    auto &others = same_texts[{c.source, text.text}];
-    Tvx_pnt_d2 const middle{(label.box.min_x + label.box.max_x) / 2, (label.box.min_y + label.box.max_y) / 2};
-    if (v == c_unsure || is_lost) {
-        for (label_quad const &q : label.quads)
-            unsure.add(q);
-        undecided.push_back(label.box);
-        others.undecided.push_back(middle);
-        return c_unsure;
+    bool const is_sure = v == c_free && !is_lost;
+    if (c.rule->duplicates != c_textlr_duplicates_all) {
+        auto &others = same_texts[{c.source, text.text}];
+        (is_sure ? others.placed : others.undecided)
+            .push_back({(label.box.min_x + label.box.max_x) / 2, (label.box.min_y + label.box.max_y) / 2});
     }
     for (label_quad const &q : label.quads)
-        taken.add(q);
-    others.placed.push_back(middle);
+        (is_sure ? taken : unsure).add(q);
+    if (!is_sure) {
+        undecided.push_back(label.box);
+        return c_unsure;
+    }
     label.layer = sources[c.source]->layer();
     label.record = c.record;
     label.part = c.part;
@@ -524,12 +531,34 @@ label_plan::state::verdict label_plan::state::settle(candidate const &c, measure
     label.priority = c.rule->priority;
     label.may_overlap = c.rule->overlap;
     label.look = c.rule->look;
+    label.ink = std::make_shared<label_ink>();
+    make_ink(*label.ink);
     placed.push_back(std::move(label));
     return c_free;
 }
 
+bool label_plan::state::is_surely_taken(candidate const &c) const
+{
+    label_rule const &rule = *c.rule;
+    if (rule.overlap || sources[c.source]->hint() != c_textlr_hint_points)
+        return false;
+    // The place where all labels of the rule begin, just inside of them.
+    double const gap = c_point_gap_em * rule.size;
+    double const right = rule.pos_x * gap;
+    double const down = -rule.pos_y * (c_gap_px + rule.back_margin + looks[rule.look].reach());
+    double const turn = rule.angle * M_PI / 180;
+    Tvx_pnt_d2 const along{std::cos(turn), -std::sin(turn)};
+    return taken.meets({{c.anchor.x + rule.delta_x + along.x * right - along.y * down,
+                         c.anchor.y + rule.delta_y + along.y * right + along.x * down},
+                        along,
+                        c_gap_px / 2,
+                        c_gap_px / 2});
+}
+
 void label_plan::state::place_one(candidate const &c)
 {
+    if (is_surely_taken(c))
+        return;
     measured_text text;
     if (!measure(c, text))
         return;
@@ -543,9 +572,10 @@ void label_plan::state::place_one(candidate const &c)
     }
 }
 
-void label_plan::state::lay_straight(candidate const &c, measured_text const &text, Tvx_pnt_d2 anchor,
-                                     double angle, int pos_x, int pos_y, double gap_x, double gap_y,
-                                     placed_label &label)
+label_plan::state::verdict label_plan::state::lay_straight(candidate const &c, measured_text const &text,
+                                                           Tvx_pnt_d2 anchor, double angle, int pos_x,
+                                                           int pos_y, double gap_x, double gap_y,
+                                                           bool is_lost)
 {
     double const left = pos_x < 0 ? -text.width - gap_x : pos_x > 0 ? gap_x : -text.width / 2;
     double const top = pos_y > 0 ? -text.height - gap_y : pos_y < 0 ? gap_y : -text.height / 2;
@@ -554,27 +584,28 @@ void label_plan::state::lay_straight(candidate const &c, measured_text const &te
     auto const to_page = [&](double right, double down) {
         return Tvx_pnt_d2{along.x * right - along.y * down, along.y * right + along.x * down};
     };
+    placed_label label;
     label.at = anchor;
     Tvx_pnt_d2 const middle = to_page(left + text.width / 2, top + text.height / 2);
     label.quads = {{{anchor.x + middle.x, anchor.y + middle.y}, along, text.width / 2, text.height / 2}};
-    label.ink = std::make_shared<label_ink>();
-    for (std::size_t i = 0; i < text.lines.size(); ++i) {
-        double const free = text.width - text.widths[i];
-        double const from = left + (pos_x < 0 ? free : pos_x > 0 ? 0 : free / 2);
-        label.ink->add_line(
-            fonts.shape(looks[c.rule->look].font, text.lines[i]),
-            {to_page(from, top + static_cast<double>(i) * text.line_height + text.ascent), angle});
-    }
+    return settle(c, text, label, is_lost, [&](label_ink &ink) {
+        for (std::size_t i = 0; i < text.lines.size(); ++i) {
+            double const free = text.width - text.widths[i];
+            double const from = left + (pos_x < 0 ? free : pos_x > 0 ? 0 : free / 2);
+            double const down = top + static_cast<double>(i) * text.line_height + text.ascent;
+            ink.add_line(fonts.shape(looks[c.rule->look].font, text.lines[i]), {to_page(from, down), angle});
+        }
+    });
 }
 
 void label_plan::state::place_at(candidate const &c, measured_text const &text, Tvx_pnt_d2 anchor)
 {
     label_rule const &rule = *c.rule;
-    placed_label label;
     double const gap = rule.pos_x == 0 ? 0 : c_point_gap_em * rule.size;
-    lay_straight(c, text, {anchor.x + rule.delta_x, anchor.y + rule.delta_y}, rule.angle, rule.pos_x,
-                 rule.pos_y, gap, 0, label);
-    settle(c, text, label, false);
+    // Labels above and below a point do not touch.
+    double const margin = c_gap_px + rule.back_margin + looks[rule.look].reach();
+    static_cast<void>(lay_straight(c, text, {anchor.x + rule.delta_x, anchor.y + rule.delta_y}, rule.angle,
+                                   rule.pos_x, rule.pos_y, gap, margin, false));
 }
 
 void label_plan::state::place_in_area(candidate const &c, measured_text const &text)
@@ -625,10 +656,9 @@ void label_plan::state::place_at_line(candidate const &c, measured_text const &t
         double const begin = (line.length() - needed) / 2 + away * text.width;
         if (begin < 0 || begin + needed > line.length())
             continue;
-        placed_label label;
+        verdict v = c_taken;
         if (rule.line_type == c_textlr_line_bends) {
-            if (!follow(c, text, line, begin, label))
-                continue;
+            v = follow(c, text, line, begin, is_lost);
         } else {
             double const half = is_across ? text.height / 2 : text.width / 2;
             double const middle = begin + needed / 2;
@@ -642,17 +672,16 @@ void label_plan::state::place_at_line(candidate const &c, measured_text const &t
             if (!rule.line_direction && is_upside_down(angle))
                 angle = std::remainder(angle + 180, 360.0);
             Tvx_pnt_d2 const at = is_across ? line.at(middle) : Tvx_pnt_d2{(a.x + b.x) / 2, (a.y + b.y) / 2};
-            lay_straight(c, text, at, angle, 0, rule.pos_y, 0, c_line_gap_em * rule.size, label);
+            v = lay_straight(c, text, at, angle, 0, rule.pos_y, 0, c_line_gap_em * rule.size, is_lost);
         }
-        verdict const v = settle(c, text, label, is_lost);
         if (v == c_free)
             return;
         is_lost = is_lost || v == c_unsure;
     }
 }
 
-bool label_plan::state::follow(candidate const &c, measured_text const &text, measured_line const &whole,
-                               double begin, placed_label &label)
+label_plan::state::verdict label_plan::state::follow(candidate const &c, measured_text const &text,
+                                                     measured_line const &whole, double begin, bool is_lost)
 {
     label_rule const &rule = *c.rule;
     measured_line line = whole;
@@ -662,15 +691,16 @@ bool label_plan::state::follow(candidate const &c, measured_text const &text, me
         line.reverse();
         begin = line.length() - begin - text.width;
     }
-    shaped_ptr const shaped = fonts.shape(looks[rule.look].font, text.text);
+    shaped_ptr const shaped = fonts.shape_clusters(looks[rule.look].font, text.text);
     auto const clusters = label_fonts::clusters(*shaped);
     if (clusters.empty())
-        return false;
+        return c_taken;
     // The base line above, on or below the line.
     double const gap = c_line_gap_em * rule.size;
     double const up = rule.pos_y > 0   ? text.descent + gap
                       : rule.pos_y < 0 ? -text.ascent - gap
                                        : (text.descent - text.ascent) / 2;
+    placed_label label;
     label.at = line.at(begin + text.width / 2);
     std::vector<ink_place> places;
     std::optional<double> former;
@@ -685,7 +715,7 @@ bool label_plan::state::follow(candidate const &c, measured_text const &text, me
         double const turn = std::atan2(a.y - b.y, b.x - a.x);
         double const degrees = turn * 180 / M_PI;
         if (former && std::abs(std::remainder(degrees - *former, 360.0)) > c_sharpest_turn)
-            return false;
+            return c_taken;
         former = degrees;
         Tvx_pnt_d2 const along{std::cos(turn), -std::sin(turn)};
         Tvx_pnt_d2 const normal{along.y, -along.x}; // upwards from the reader
@@ -699,8 +729,7 @@ bool label_plan::state::follow(candidate const &c, measured_text const &text, me
                                width / 2,
                                (text.ascent + text.descent) / 2});
     }
-    label.ink = std::make_shared<label_ink>();
-    label.ink->add_clusters(shaped, std::move(places));
-    return true;
+    return settle(c, text, label, is_lost,
+                  [&](label_ink &ink) { ink.add_clusters(shaped, std::move(places)); });
 }
 } // namespace vx::render

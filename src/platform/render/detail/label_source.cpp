@@ -96,7 +96,7 @@ class shape_objects final : public label_objects
 {
 public:
     explicit shape_objects(Ivx_attr_data *data)
-        : f_data(data), f_files(vx_attr_files_open(data, 1, 0)), f_table(f_files.get())
+        : f_data(vx_attr_data_retain(data)), f_files(vx_attr_files_open(data, 1, 0)), f_table(f_files.get())
     {
     }
     row_table &table() override { return f_table; }
@@ -104,7 +104,7 @@ public:
     bool visit(Tvx_box_d2 const &box, work_meter &meter, visitor visit) override;
 
 private:
-    Ivx_attr_data *f_data;
+    vx::owned<Ivx_attr_data, &vx_attr_data_release> f_data;
     vx::owned<Ivx_attr_files, &vx_attr_files_close> f_files;
     attr_table f_table;
     vx::owned<Ivx_shape_files, &vx_shape_files_close> f_shapes;
@@ -112,11 +112,11 @@ private:
 
 bool shape_objects::visit(Tvx_box_d2 const &box, work_meter &meter, visitor visit)
 {
-    f_shapes.reset(vx_shape_files_begin(f_data));
+    f_shapes.reset(vx_shape_files_begin(f_data.get()));
     if (!f_shapes)
         return true;
     if (!vx_shape_files_is_whole(f_shapes.get()) && std::isfinite(box.width()))
-        if (Ivx_shape_files *const window = vx_shape_files_begin_window(f_data, &box))
+        if (Ivx_shape_files *const window = vx_shape_files_begin_window(f_data.get(), &box))
             f_shapes.reset(window);
     auto const pass = [](unsigned record, Tvx_shape_view const *shape, void *user) {
         return (*static_cast<visitor *>(user))(record, *shape);

@@ -92,6 +92,32 @@ struct text_key_hash
         return std::hash<std::wstring>()(key.text) * 31 + key.font;
     }
 };
+/// Clusters of a line that begins at `left` and is so many ems wide.
+std::vector<text_cluster> clusters_of(QTextLayout const &layout, QTextLine const &row, double left,
+                                      double width)
+{
+    std::vector<text_cluster> clusters;
+    for (int from = 0, end = static_cast<int>(layout.text().size()); from < end;) {
+        int const to = std::max(layout.nextCursorPosition(from, QTextLayout::SkipCharacters), from + 1);
+        double const a = (row.cursorToX(from) - left) / c_layout_px;
+        double const b = (row.cursorToX(to) - left) / c_layout_px;
+        if (a != b)
+            clusters.push_back({std::min(a, b), std::max(a, b)});
+        from = to;
+    }
+    std::ranges::sort(clusters, {}, &text_cluster::begin);
+    // Where directions meet, a cursor stands in two places: clusters follow each other without a gap.
+    for (std::size_t i = 0; i < clusters.size(); ++i) {
+        auto &cluster = clusters[i];
+        cluster.begin = i == 0 ? 0 : clusters[i - 1].end;
+        cluster.end = i + 1 == clusters.size()
+                          ? width
+                          : std::max(cluster.begin, std::min(cluster.end, clusters[i + 1].begin));
+        if (cluster.end <= cluster.begin && i + 1 < clusters.size())
+            cluster.end = std::max(cluster.begin, clusters[i + 1].begin);
+    }
+    return clusters;
+}
 } // namespace
 
 double label_look::reach() const
@@ -243,11 +269,12 @@ double label_fonts::width(unsigned font, std::wstring_view line)
     return sum;
 }
 
-shaped_ptr label_fonts::shape(unsigned font, std::wstring_view line)
+shaped_ptr label_fonts::shape(unsigned font, std::wstring_view line, bool with_clusters)
 {
     auto &lines = f_state->lines;
     text_key key{font, std::wstring(line)};
-    if (auto const known = lines.find(key); known != lines.end())
+    if (auto const known = lines.find(key);
+        known != lines.end() && !(with_clusters && known->second->clusters.empty()))
         return known->second;
     auto const &f = *f_state->fonts[font];
     auto shaped = std::make_shared<shaped_line>();
@@ -265,25 +292,8 @@ shaped_ptr label_fonts::shape(unsigned font, std::wstring_view line)
         shaped->runs.push_back(std::move(run));
     }
     shaped->width = row.naturalTextWidth() / c_layout_px;
-    for (int from = 0, end = static_cast<int>(layout.text().size()); from < end;) {
-        int const to = std::max(layout.nextCursorPosition(from, QTextLayout::SkipCharacters), from + 1);
-        double const a = (row.cursorToX(from) - origin.x()) / c_layout_px;
-        double const b = (row.cursorToX(to) - origin.x()) / c_layout_px;
-        if (a != b)
-            shaped->clusters.push_back({std::min(a, b), std::max(a, b)});
-        from = to;
-    }
-    std::ranges::sort(shaped->clusters, {}, &text_cluster::begin);
-    // Where directions meet, a cursor stands in two places: clusters follow each other without a gap.
-    for (std::size_t i = 0; i < shaped->clusters.size(); ++i) {
-        auto &cluster = shaped->clusters[i];
-        cluster.begin = i == 0 ? 0 : shaped->clusters[i - 1].end;
-        cluster.end = i + 1 == shaped->clusters.size()
-                          ? shaped->width
-                          : std::max(cluster.begin, std::min(cluster.end, shaped->clusters[i + 1].begin));
-        if (cluster.end <= cluster.begin && i + 1 < shaped->clusters.size())
-            cluster.end = std::max(cluster.begin, shaped->clusters[i + 1].begin);
-    }
+    if (with_clusters)
+        shaped->clusters = clusters_of(layout, row, origin.x(), shaped->width);
     shaped->underlined = f.type.underline;
     shaped->struck_out = f.type.strikeout;
     shaped->underline = f.metrics.underlinePos() / c_layout_px;
@@ -291,7 +301,17 @@ shaped_ptr label_fonts::shape(unsigned font, std::wstring_view line)
     shaped->line_width = f.metrics.lineWidth() / c_layout_px;
     if (lines.size() >= c_kept_lines)
         lines.clear();
-    return lines.emplace(std::move(key), std::move(shaped)).first->second;
+    return lines.insert_or_assign(std::move(key), std::move(shaped)).first->second;
+}
+
+shaped_ptr label_fonts::shape(unsigned font, std::wstring_view line)
+{
+    return shape(font, line, false);
+}
+
+shaped_ptr label_fonts::shape_clusters(unsigned font, std::wstring_view line)
+{
+    return shape(font, line, true);
 }
 
 std::span<text_cluster const> label_fonts::clusters(shaped_line const &line)

@@ -91,12 +91,16 @@ public:
     /// which pairs of letters may draw together a little.
     [[nodiscard]] double width(unsigned font, std::wstring_view line);
     [[nodiscard]] shaped_ptr shape(unsigned font, std::wstring_view line);
+    /// The same, with its clusters.
+    [[nodiscard]] shaped_ptr shape_clusters(unsigned font, std::wstring_view line);
+    /// Of a line that was shaped with them.
     [[nodiscard]] static std::span<text_cluster const> clusters(shaped_line const &line);
 
     struct sized_fonts;
     [[nodiscard]] sized_fonts &sized();
 
 private:
+    [[nodiscard]] shaped_ptr shape(unsigned font, std::wstring_view line, bool with_clusters);
     struct state;
     std::unique_ptr<state> f_state;
 };
