@@ -3,6 +3,7 @@
 #include "captions/style_manager.h"
 #include "host/captions.h"
 #include "host/layer_info.h"
+#include "host/layer_labels.h"
 #include "host/layer_style.h"
 
 #include "platform/base/string_adp.h"
@@ -194,7 +195,9 @@ QString range_caption(void *scale, unsigned row)
 }
 } // namespace
 
-unsigned vx_layer_classes_count(Ivx_layer *layer)
+namespace {
+/// Classes that styles draw; those of labels come behind them.
+unsigned count_style_classes(Ivx_layer *layer)
 {
     unsigned count = 0;
     for (unsigned i = 0; i < vx_layer_manager_count(layer); ++i)
@@ -202,8 +205,21 @@ unsigned vx_layer_classes_count(Ivx_layer *layer)
     return count;
 }
 
+bool is_of_labels(Ivx_layer *layer, unsigned index)
+{
+    return vx_layer_has_labels(layer) && index == count_style_classes(layer);
+}
+} // namespace
+
+unsigned vx_layer_classes_count(Ivx_layer *layer)
+{
+    return count_style_classes(layer) + (vx_layer_has_labels(layer) ? 1 : 0);
+}
+
 QString vx_layer_class_caption(Ivx_layer *layer, unsigned index)
 {
+    if (is_of_labels(layer, index))
+        return vx_layer_labels_caption(layer);
     class_row const found = find_class(layer, index);
     if (!found.mngr)
         return {};
@@ -217,6 +233,8 @@ QString vx_layer_class_caption(Ivx_layer *layer, unsigned index)
 
 std::optional<bool> vx_layer_class_visible(Ivx_layer *layer, unsigned index)
 {
+    if (is_of_labels(layer, index))
+        return vx_layer_labels_visible(layer);
     class_row const found = find_class(layer, index);
     void *const prm = found.mngr ? found.scale_prm() : nullptr;
     return prm ? std::optional(vx_scale_prm_get_visible(prm)) : std::nullopt;
@@ -224,6 +242,10 @@ std::optional<bool> vx_layer_class_visible(Ivx_layer *layer, unsigned index)
 
 bool vx_layer_class_set_visible(Ivx_layer *layer, unsigned index, bool visible)
 {
+    if (is_of_labels(layer, index)) {
+        vx_layer_labels_set_visible(layer, visible);
+        return true;
+    }
     class_row const found = find_class(layer, index);
     void *const prm = found.mngr ? found.scale_prm() : nullptr;
     vx_scale_prm_set_visible(prm, visible);
@@ -232,6 +254,8 @@ bool vx_layer_class_set_visible(Ivx_layer *layer, unsigned index, bool visible)
 
 void vx_layer_class_take_visible(Ivx_layer *layer, Ivx_layer *like, unsigned index)
 {
+    if (is_of_labels(like, index))
+        return vx_layer_labels_set_visible(layer, vx_layer_labels_visible(like));
     class_row const found = find_class(like, index);
     void *const mngr = found.mngr ? vx_layer_manager_at(layer, found.manager) : nullptr;
     void *const prm = mngr ? found.scale_prm_in(mngr) : nullptr;
@@ -250,6 +274,8 @@ void *vx_layer_class_style(Ivx_layer *layer, unsigned index)
 
 QIcon vx_layer_class_symbol(Ivx_layer *layer, unsigned index)
 {
+    if (is_of_labels(layer, index))
+        return vx_layer_labels_symbol();
     return vx_style_symbol(vx_layer_class_style(layer, index));
 }
 

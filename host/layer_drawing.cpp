@@ -1,12 +1,14 @@
 #include "host/layer_drawing.h"
 
 #include "host/layer_info.h"
+#include "host/map_unit.h"
 
 #include "platform/base/owned.h"
 #include "platform/basic/vx_options.h"
 #include "platform/data/vx_shape_files.h"
 #include "platform/layers/vx_shp_lr2d.h"
 #include "platform/render/vx_bmp_dc.h"
+#include "platform/render/vx_labels.h"
 #include "platform/render/vx_render_layer.h"
 
 #include <QImage>
@@ -24,6 +26,21 @@ struct cancel_watch
         return cancelled;
     }
 };
+
+Tvx_map_view picture_of(Tvx_canvas_view const &view, QImage const &image)
+{
+    double const ratio = image.devicePixelRatio();
+    return {view.box(), image.width(), image.height(), vx_options_get_mm2px_x() * ratio,
+            vx_options_get_mm2px_y() * ratio};
+}
+
+vx::owned<void, &vx_bmp_dc_destroy> device_on(QImage &image)
+{
+    vx::owned<void, &vx_bmp_dc_destroy> device(vx_bmp_dc_create());
+    vx_bmp_dc_set_pixels(device.get(), image.bits(), image.width(), image.height(),
+                         int(image.bytesPerLine()));
+    return device;
+}
 } // namespace
 
 Tvx_reading_result vx_layer_read_on(Ivx_layer *layer, int milliseconds)
@@ -42,14 +59,24 @@ Tvx_drawing_result vx_layer_draw(Ivx_layer *layer, Tvx_canvas_view const &view, 
 {
     if (!vx_layer_is_drawn(layer))
         return c_drawing_done;
-    double const ratio = image.devicePixelRatio();
-    Tvx_map_view const picture{view.box(), image.width(), image.height(), vx_options_get_mm2px_x() * ratio,
-                               vx_options_get_mm2px_y() * ratio};
-    vx::owned<void, &vx_bmp_dc_destroy> const device(vx_bmp_dc_create());
-    vx_bmp_dc_set_pixels(device.get(), image.bits(), image.width(), image.height(),
-                         int(image.bytesPerLine()));
+    Tvx_map_view const picture = picture_of(view, image);
+    vx::owned<void, &vx_bmp_dc_destroy> const device = device_on(image);
     cancel_watch watch{cancelled};
     if (vx_render_layer(layer, picture, device.get(), make_closure<&cancel_watch::is_cancelled>(&watch)))
         return c_drawing_done;
     return watch.cancelled ? c_drawing_cancelled : c_drawing_failed;
+}
+
+bool vx_labels_draw_on(Ivx_labels *labels, std::vector<Tvx_labelled_layer> const &layers, Tvx_map_unit unit,
+                       Tvx_canvas_view const &view, QImage &image, closure<bool()> cancelled)
+{
+    Tvx_map_view const picture = picture_of(view, image);
+    cancel_watch watch{cancelled};
+    auto const ask = make_closure<&cancel_watch::is_cancelled>(&watch);
+    double const scale = vx_map_scale(view, unit, vx_options_get_mm2px_x());
+    // What cannot be read leaves its mark when its layer is drawn.
+    vx_labels_place(labels, layers.data(), unsigned(layers.size()), picture, scale, ask);
+    if (!watch.cancelled)
+        vx_labels_draw(labels, picture, device_on(image).get(), ask);
+    return !watch.cancelled;
 }

@@ -4,8 +4,14 @@
 
 #include "platform/base/closure.h"
 
+#include <vector>
+
 class QImage;
 struct Ivx_layer;
+
+struct Ivx_labels;
+struct Tvx_labelled_layer;
+struct Tvx_map_unit;
 
 enum Tvx_drawing_result
 {
@@ -31,3 +37,9 @@ enum Tvx_reading_result
 /// Layers of kinds that are not drawn leave the image as it is.
 [[nodiscard]] Tvx_drawing_result vx_layer_draw(Ivx_layer *layer, Tvx_canvas_view const &view, QImage &image,
                                                closure<bool()> cancelled = {});
+
+/// Draws the labels of the layers, from the top, over what the image holds, at the places that `labels` knows
+/// or finds. False when it was cancelled.
+[[nodiscard]] bool vx_labels_draw_on(Ivx_labels *labels, std::vector<Tvx_labelled_layer> const &layers,
+                                     Tvx_map_unit unit, Tvx_canvas_view const &view, QImage &image,
+                                     closure<bool()> cancelled = {});

@@ -1,6 +1,7 @@
 #include "host/layer_style.h"
 
 #include "exports/vxk_style_dialog_api.h"
+#include "host/layer_labels.h"
 #include "styles/preview/style_example.h"
 
 #include "platform/base/string_adp.h"
@@ -278,7 +279,7 @@ bool vx_layer_copy_style(Ivx_layer *layer, Ivx_layer *like)
     if (vx_lr2d_is_shp(layer)) {
         vx_stl_mngr_list_assign(vx_shp_lr2d_get_style_mngr_list_ptr(layer),
                                 vx_shp_lr2d_get_style_mngr_list_ptr(like));
-        vx_txt_settings_assign(vx_shp_lr2d_get_txt_settings(layer), vx_shp_lr2d_get_txt_settings(like));
+        vx_layer_copy_labels(layer, like);
         vx_lr_set_own_selected_style_flag(layer, vx_lr_get_own_selected_style_flag(like));
     } else if (vx_lr2d_is_tos(layer)) {
         copy_properties(layer, like);
@@ -305,7 +306,8 @@ bool vx_layer_has_style_of(Ivx_layer *layer, Ivx_layer *like)
     void *const other = vx_shp_lr2d_get_style_mngr_list_ptr(like);
     unsigned const count = vx_stl_mngr_list_get_count(own);
     bool same = count == vx_stl_mngr_list_get_count(other) &&
-                vx_lr_get_own_selected_style_flag(layer) == vx_lr_get_own_selected_style_flag(like);
+                vx_lr_get_own_selected_style_flag(layer) == vx_lr_get_own_selected_style_flag(like) &&
+                vx_layer_has_labels_of(layer, like);
     for (unsigned i = 0; same && i < count; ++i)
         same = vx_stl_mngr_equal(vx_stl_mngr_list_get_mngr(own, i), vx_stl_mngr_list_get_mngr(other, i));
     return same;

@@ -1,5 +1,6 @@
 #include "host/captions.h"
 #include "host/glyphs.h"
+#include "host/layer_labels.h"
 #include "host/layer_panel.h"
 #include "host/layer_style.h"
 #include "host/library_dialog.h"
@@ -95,6 +96,9 @@ std::vector<Tvx_map_window::command_row> const &Tvx_map_window::command_rows()
     };
     constexpr auto can_rotate = [](window const &w) {
         return vx_layer_can_rotate(w.f_layers.layer_at(w.selected_row()));
+    };
+    constexpr auto can_label = [](window const &w) {
+        return vx_layer_can_label(w.f_layers.layer_at(w.selected_row()));
     };
     constexpr auto has_single_style = [](window const &w) {
         return Tvx_library_dialog::can_take(w.selected_style());
@@ -282,6 +286,15 @@ std::vector<Tvx_map_window::command_row> const &Tvx_map_window::command_rows()
          0,
          can_rotate,
          [](window &w, bool) { w.on_rotation(); }},
+        {"labels",
+         c_cap_menu_layer,
+         c_map_labels,
+         c_map_hint_labels,
+         nullptr,
+         {Qt::CTRL | Qt::SHIFT | Qt::Key_L},
+         0,
+         can_label,
+         [](window &w, bool) { w.on_labels(); }},
         {"table",
          c_cap_menu_layer,
          c_map_table,

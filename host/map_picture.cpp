@@ -51,6 +51,8 @@ Tvx_map_picture::step_result Tvx_map_picture::step(closure<bool()> cancelled)
             continue;
         return draw(row, cancelled) ? c_step_more : c_step_cancelled;
     }
+    if (!has_current_labels())
+        return draw_labels(cancelled) ? c_step_more : c_step_cancelled;
     drop_removed();
     compose();
     drop_over_budget();
@@ -76,6 +78,8 @@ void Tvx_map_picture::compose()
         if (f_in_work && f_in_work->id == f_layers.id_at(row))
             paint(painter, f_in_work->image, f_in_work->view, f_view);
     }
+    if (!f_labelled.empty())
+        paint(painter, f_label_picture.image, f_label_picture.view, f_view);
     painter.end();
     f_image = std::move(image);
     f_image_view = f_view;
@@ -83,6 +87,8 @@ void Tvx_map_picture::compose()
 
 bool Tvx_map_picture::is_work_in_vain() const
 {
+    if (f_labelled_in_work)
+        return *f_labelled_in_work != labelled_layers();
     if (!f_in_work)
         return false;
     int const row = f_layers.row_of(f_in_work->id);
@@ -156,6 +162,57 @@ bool Tvx_map_picture::draw(int row, closure<bool()> cancelled)
         *kept = std::move(drawn);
     else
         f_pictures.push_back(std::move(drawn));
+    return true;
+}
+
+Tvx_map_picture::label_key Tvx_map_picture::labelled_layers() const
+{
+    label_key key;
+    for (int row = 0; row < f_layers.count(); ++row)
+        if (f_layers.is_visible(row) && vx_labels_has_any(f_layers.layer_at(row)))
+            key.emplace_back(f_layers.id_at(row), f_layers.revision_at(row));
+    return key;
+}
+
+bool Tvx_map_picture::has_current_labels() const
+{
+    label_key const key = labelled_layers();
+    return key == f_labelled &&
+           (key.empty() || (f_label_picture.view == f_view && f_label_picture.ratio == f_ratio));
+}
+
+bool Tvx_map_picture::draw_labels(closure<bool()> cancelled)
+{
+    label_key const key = labelled_layers();
+    layer_picture drawn;
+    drawn.view = f_view;
+    drawn.ratio = f_ratio;
+    if (!key.empty()) {
+        drawn.image = QImage(std::lround(f_view.width() * f_ratio), std::lround(f_view.height() * f_ratio),
+                             QImage::Format_ARGB32_Premultiplied);
+        drawn.image.setDevicePixelRatio(f_ratio);
+        drawn.image.fill(Qt::transparent);
+        // The list may change meanwhile, so copies of the layers are labelled.
+        std::vector<Tvx_layer_list::layer_ptr> copies;
+        std::vector<Tvx_labelled_layer> layers;
+        for (auto const &[id, revision] : key) {
+            copies.emplace_back(vx_lr2d_clone(f_layers.layer_at(f_layers.row_of(id))));
+            layers.push_back({copies.back().get(), (static_cast<long long>(id) << 32) + revision});
+        }
+        // Asked for the whole picture meanwhile, that is a drawing with labels of its own.
+        auto labels = std::move(f_labels);
+        if (!labels)
+            labels.reset(vx_labels_create());
+        label_key const *const outer = std::exchange(f_labelled_in_work, &key);
+        bool const done =
+            vx_labels_draw_on(labels.get(), layers, f_layers.map_unit(), drawn.view, drawn.image, cancelled);
+        f_labelled_in_work = outer;
+        f_labels = std::move(labels);
+        if (!done)
+            return false;
+    }
+    f_labelled = key;
+    f_label_picture = std::move(drawn);
     return true;
 }
 

@@ -2,8 +2,12 @@
 
 #include "host/layer_drawing.h"
 
+#include "platform/base/owned.h"
+#include "platform/render/vx_labels.h"
+
 #include <QImage>
 
+#include <utility>
 #include <vector>
 
 class Tvx_layer_list;
@@ -11,7 +15,8 @@ class Tvx_layer_list;
 /// The picture of the map, drawn layer by layer so that the window can serve the user in between.
 ///
 /// Each layer is drawn once for a view and kept: showing, hiding and reordering layers only puts the kept
-/// pictures together again. While a new view is being drawn the picture of the one before stays at hand.
+/// pictures together again; the labels of all of them are drawn last and lie over all. While a new view is
+/// being drawn the picture of the one before stays at hand.
 class Tvx_map_picture
 {
 public:
@@ -73,6 +78,12 @@ private:
     [[nodiscard]] bool is_current(layer_picture const &picture, int revision) const;
     /// False when it was cancelled.
     [[nodiscard]] bool draw(int row, closure<bool()> cancelled);
+    /// What labels are made of: the visible layers that have some, by id and revision, the upper first.
+    using label_key = std::vector<std::pair<int, int>>;
+    [[nodiscard]] label_key labelled_layers() const;
+    [[nodiscard]] bool has_current_labels() const;
+    /// Draws the labels of all layers, which lie over all of them. False when it was cancelled.
+    [[nodiscard]] bool draw_labels(closure<bool()> cancelled);
     void drop_removed();
     void drop_over_budget();
 
@@ -83,6 +94,11 @@ private:
     std::vector<layer_picture> f_pictures;
     layer_picture *f_in_work = nullptr; ///< while a layer is being drawn
     drawer f_drawer;
+    /// The labels of the map; null while they are being placed.
+    vx::owned<Ivx_labels, &vx_labels_destroy> f_labels{vx_labels_create()};
+    label_key f_labelled;
+    label_key const *f_labelled_in_work = nullptr;
+    layer_picture f_label_picture;
     std::vector<int> f_failed;
     QImage f_image;
     Tvx_canvas_view f_image_view;

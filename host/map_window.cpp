@@ -6,6 +6,7 @@
 #include "host/layer_editor.h"
 #include "host/layer_files.h"
 #include "host/layer_info.h"
+#include "host/layer_labels.h"
 #include "host/layer_panel.h"
 #include "host/layer_scales.h"
 #include "host/layer_style.h"
@@ -560,6 +561,17 @@ void Tvx_map_window::on_rotation()
     Tvx_layer_list::layer_ptr copy(vx_lr2d_clone(f_layers.layer_at(f_panel->selected_row())));
     QPoint const at = f_panel->sample_corner(id);
     if (vx_layer_rotation_dialog(copy.get(), at.x(), at.y()))
+        take_over(id, std::move(copy));
+}
+
+void Tvx_map_window::on_labels()
+{
+    int const id = f_panel->selected_id();
+    if (!f_editor->may_lose_changes(id))
+        return;
+    Tvx_layer_list::layer_ptr copy(vx_lr2d_clone(f_layers.layer_at(f_panel->selected_row())));
+    QPoint const at = f_panel->sample_corner(id);
+    if (vx_layer_labels_dialog(copy.get(), at.x(), at.y()))
         take_over(id, std::move(copy));
 }
 

@@ -130,6 +130,7 @@ private:
     void on_properties();
     void on_style();
     void on_rotation();
+    void on_labels();
     void on_sample_activated(int id);
     /// Null for one style.
     void on_draw_by(Tvx_layer_scale const *scale);
