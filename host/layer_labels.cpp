@@ -4,6 +4,7 @@
 #include "host/captions.h"
 #include "layer_edit/text/dtld_lr2d_edit.h"
 
+#include "platform/base/owned.h"
 #include "platform/base/string_adp.h"
 #include "platform/data/vx_tld_data.h"
 #include "platform/layers/vx_lr2d.h"
@@ -25,6 +26,9 @@ namespace {
 constexpr int c_width = 400;
 constexpr int c_height = 440;
 constexpr int c_symbol_px = 16;
+/// Names can be read on whatever they lie.
+constexpr Tvx_color c_rim_color = vx_clr_init_rgb(255, 255, 255);
+constexpr double c_rim_mm = 0.3;
 
 Ivx_layer *labels_of(Ivx_layer *layer)
 {
@@ -53,8 +57,22 @@ QString name_of(Ivx_layer *layer)
     return QString::fromStdWString(name);
 }
 
+/// Whether the class is as it was made but for its property, which an editor that shows it chooses by itself.
+bool is_new(void *text_class)
+{
+    vx::owned<void, &vx_textlr_info_destroy> const fresh(
+        vx_textlr_info_create(vx_textlr_info_get_hint(text_class)));
+    std::wstring name;
+    vx_textlr_info_get_property_name(text_class, Tvx_std_wstring_adapter(name));
+    vx_textlr_info_set_property(fresh.get(), vx_textlr_info_get_property_index(text_class), name.c_str());
+    return vx_textlr_info_equal(fresh.get(), text_class);
+}
+
 bool has_same_classes(Ivx_layer *a, Ivx_layer *b)
 {
+    // Labels that are not seen are not worth a question.
+    if (!vx_lr2d_get_visible(a) && !vx_lr2d_get_visible(b))
+        return true;
     int const count = vx_dtld_lr2d_count_text_class(a);
     bool same = count == vx_dtld_lr2d_count_text_class(b) && vx_lr2d_get_visible(a) == vx_lr2d_get_visible(b);
     for (int i = 0; same && i < count; ++i)
@@ -107,7 +125,10 @@ bool vx_layer_can_label(Ivx_layer *layer)
 
 bool vx_layer_has_labels(Ivx_layer *layer)
 {
-    return !vx_layer_labels_caption(layer).isEmpty();
+    Ivx_layer *const text = labels_of(layer);
+    bool const chosen = vx_lr2d_get_visible(text) || vx_dtld_lr2d_count_text_class(text) > 1 ||
+                        (text && !is_new(vx_dtld_lr2d_get_text_class(text)));
+    return chosen && !vx_layer_labels_caption(layer).isEmpty();
 }
 
 QString vx_layer_labels_caption(Ivx_layer *layer)
@@ -168,8 +189,10 @@ bool vx_layer_labels_dialog(Ivx_layer *layer, int x, int y)
     Ivx_layer *const text = labels_of(layer);
     if (!text)
         return false;
-    if (!vx_layer_has_labels(layer))
+    if (!vx_layer_has_labels(layer)) {
         vx_lr2d_set_visible(text, true);
+        vx_textlr_info_set_outline(vx_dtld_lr2d_get_text_class(text), true, c_rim_color, c_rim_mm);
+    }
     auto const form =
         std::make_unique<labels_form>(text, vx_map_caption(c_map_labels_title).arg(name_of(layer)));
     return form->show_pos(x, y) == mrOk;

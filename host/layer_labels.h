@@ -19,5 +19,5 @@ void vx_layer_labels_set_visible(Ivx_layer *layer, bool visible);
 void vx_layer_copy_labels(Ivx_layer *layer, Ivx_layer *like);
 
 /// Lets the user say how objects are labelled, at a point of the screen; true when he did. Labels that nobody
-/// has asked for before are switched on by it.
+/// has asked for before are switched on by it, with a white rim.
 [[nodiscard]] bool vx_layer_labels_dialog(Ivx_layer *layer, int x, int y);
