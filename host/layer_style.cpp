@@ -283,6 +283,7 @@ bool vx_layer_copy_style(Ivx_layer *layer, Ivx_layer *like)
         vx_lr_set_own_selected_style_flag(layer, vx_lr_get_own_selected_style_flag(like));
     } else if (vx_lr2d_is_tos(layer)) {
         copy_properties(layer, like);
+        vx_layer_copy_labels(layer, like);
     } else {
         vx_rtr_lr2d_set_draw_type(layer, vx_rtr_lr2d_get_draw_type(like));
         vx_rtr_lr2d_set_transparent_clr(layer, vx_rtr_lr2d_get_transparent_clr(like));
@@ -295,7 +296,7 @@ bool vx_layer_copy_style(Ivx_layer *layer, Ivx_layer *like)
 bool vx_layer_has_style_of(Ivx_layer *layer, Ivx_layer *like)
 {
     if (vx_lr2d_is_tos(layer))
-        return have_equal_properties(layer, like);
+        return have_equal_properties(layer, like) && vx_layer_has_labels_of(layer, like);
     if (!vx_lr2d_is_shp(layer))
         return vx_rtr_lr2d_get_draw_type(layer) == vx_rtr_lr2d_get_draw_type(like) &&
                vx_rtr_lr2d_get_transparent_clr(layer) == vx_rtr_lr2d_get_transparent_clr(like) &&
