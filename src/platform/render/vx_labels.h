@@ -13,8 +13,8 @@ struct Ivx_layer;
 /// not drawn, and gives its place to no other. What was placed is kept until the layers or the scale change.
 ///
 /// Labels of higher priority come first, then those of larger letters, those of the upper layer, those of
-/// larger objects; among equal ones a number decides that is always the same. Those of text settings have the lowest priority. No
-/// two overlap unless the later one may.
+/// larger objects; among equal ones a number decides that is always the same. Those of text settings have the
+/// lowest priority. No two overlap unless the later one may.
 ///
 /// Texts are cut after 64 characters of a line and 8 lines; letters of less than 2 and more than 400 pixels
 /// are not drawn. Labels that are not drawn take no place. Main thread only; all functions accept null.

@@ -50,9 +50,9 @@ struct placed_label
 /// Finds places for the labels of layers. The result for a label does not depend on the region that is asked
 /// for: where it might, the label is not decided.
 ///
-/// Labels are taken by rank: priority, size of the letters, the upper layer, size of the object, and then a number that has
-/// nothing to do with where it lies. So what decides a label lies near it, and a region with a little more
-/// round about is enough to know.
+/// Labels are taken by rank: priority, size of the letters, the upper layer, size of the object, and then a
+/// number that has nothing to do with where it lies. So what decides a label lies near it, and a region with
+/// a little more round about is enough to know.
 class label_plan
 {
 public:
