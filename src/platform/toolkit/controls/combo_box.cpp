@@ -359,6 +359,9 @@ void TCustomComboBox::Clear()
 int TCustomComboBox::GetItemIndex() const
 {
     int const index = native()->currentIndex();
+    // Where there is no edit yet nothing was typed.
+    if (!native()->isEditable() && (index >= 0 || native()->count() == 0))
+        return index;
     // A text that was typed stands for the item that says the same.
     if (has_edit() && (index < 0 || native()->itemText(index) != native()->currentText()))
         return native()->findText(native()->currentText(), Qt::MatchFixedString | Qt::MatchCaseSensitive);
