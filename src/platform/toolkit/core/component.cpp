@@ -111,6 +111,8 @@ void TComponent::Notification(TComponent *component, TOperation operation)
 {
     if (operation == opRemove)
         RemoveFreeNotification(component);
+    else if (component->f_owner != this)
+        return; // who joins is told to those of the same owner alone
     // By index: a receiver may free components of its own.
     for (std::size_t i = 0; i < f_components.size(); ++i)
         f_components[i]->Notification(component, operation);
