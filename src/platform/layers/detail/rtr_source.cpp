@@ -396,7 +396,8 @@ bool Tvx_rtr_source::read(int band, raster_window const &window, double *cells)
 /// Windows all over a raster, none of which reaches into a second block; all of a small one.
 std::vector<raster_window> Tvx_rtr_source::samples(int band, raster_place const &size)
 {
-    constexpr int c_few = 512, c_places = 6, c_longest = 256;
+    constexpr int c_few = 512, c_longest = 256;
+    constexpr long long c_large_block = 1 << 15; ///< takes a millisecond or two to unpack
     if (size.width <= c_few && size.height <= c_few)
         return {{0, 0, size.width, size.height, size.width, size.height}};
     unsigned long long counts[3] = {1, 1, 1};
@@ -407,17 +408,18 @@ std::vector<raster_window> Tvx_rtr_source::samples(int band, raster_place const 
         return static_cast<int>(std::clamp<unsigned long long>(count, 1, std::numeric_limits<int>::max()));
     };
     int const across = length(counts[0]), down = length(counts[1]);
-    auto const start = [](int i, int whole, int step) {
-        return static_cast<int>((whole - 1LL) * i / (c_places - 1)) / step * step;
+    int const places = static_cast<long long>(across) * down < c_large_block ? 6 : 3;
+    auto const start = [places](int i, int whole, int step) {
+        return static_cast<int>((whole - 1LL) * i / (places - 1)) / step * step;
     };
     std::vector<raster_window> windows;
-    for (int i = 0; i < c_places * c_places; ++i) {
+    for (int i = 0; i < places * places; ++i) {
         raster_window w;
-        w.x = start(i % c_places, size.width, across);
-        w.y = start(i / c_places, size.height, down);
+        w.x = start(i % places, size.width, across);
+        w.y = start(i / places, size.height, down);
         // Blocks as wide as the raster are looked at in other columns.
         if (across > c_longest)
-            w.x = std::max(w.x, start(i % c_places, size.width - c_longest, 1));
+            w.x = std::max(w.x, start(i % places, size.width - c_longest, 1));
         w.width = w.buffer_width = std::min({c_longest, across, size.width - w.x});
         w.height = w.buffer_height = std::min({c_longest, down, size.height - w.y});
         windows.push_back(w);

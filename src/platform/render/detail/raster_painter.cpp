@@ -11,6 +11,7 @@
 #include <array>
 #include <chrono>
 #include <cmath>
+#include <limits>
 #include <memory>
 #include <vector>
 
@@ -390,7 +391,7 @@ private:
     int f_step_y = 1;
 };
 
-/// How large the pieces of a picture are that are drawn at a time: by what the last one took.
+/// How large the pieces of a picture are that are drawn at a time: by what the last ones took.
 class piece_size
 {
 public:
@@ -401,11 +402,13 @@ public:
     {
         constexpr double c_long = 8, c_short = 2;
         if (milliseconds > c_long) {
+            // What is in the cache is quick: the next of this size may not be.
+            f_most_area = f_width * f_height / 2;
             if (f_width > c_least_width)
                 f_width /= 2;
             else
                 f_height = std::max(1, f_height / 2);
-        } else if (milliseconds < c_short) {
+        } else if (milliseconds < c_short && 2 * f_width * f_height <= f_most_area) {
             if (f_width < f_most_width)
                 f_width *= 2;
             else if (f_height < c_most_height)
@@ -419,8 +422,9 @@ private:
     static constexpr int c_most_height = 128;
     static constexpr int c_least_width = 32;
     int f_most_width;
-    int f_width = 256;
-    int f_height = 32;
+    int f_width = 64;
+    int f_height = 16;
+    int f_most_area = std::numeric_limits<int>::max();
 };
 
 class raster_drawing
