@@ -48,17 +48,23 @@ double processor_ms()
 }
 
 /// The fastest of some rounds, in milliseconds.
-double best_of(
-    std::function<void()> const &work, std::function<void()> const &before = [] {})
+double best_of_rounds(
+    int rounds, std::function<void()> const &work, std::function<void()> const &before = [] {})
 {
     double best = 1e300;
-    for (int i = 0; i < c_rounds; ++i) {
+    for (int i = 0; i < rounds; ++i) {
         before();
         double const begin = processor_ms();
         work();
         best = std::min(best, processor_ms() - begin);
     }
     return best;
+}
+
+double best_of(
+    std::function<void()> const &work, std::function<void()> const &before = [] {})
+{
+    return best_of_rounds(c_rounds, work, before);
 }
 
 struct map
@@ -120,7 +126,7 @@ std::string make_file(char const *name, OGRwkbGeometryType type, int count,
 }
 
 /// Placed and drawn anew, and the accepted names by a painter that knows where.
-void time_points(int count, double &ours, double &plain, unsigned &accepted)
+void time_points(int count, double &first, double &ours, double &plain, unsigned &accepted)
 {
     std::mt19937 random(1);
     std::uniform_real_distribution<double> x(0, c_width);
@@ -129,13 +135,18 @@ void time_points(int count, double &ours, double &plain, unsigned &accepted)
     m.open(c_lr_key_shp_pnt, make_file("label_points.fgb", wkbPoint, count, [&](int) {
                return std::make_unique<OGRPoint>(x(random), y(random));
            }));
-    labels_ptr labels;
+    labels_ptr const labels(vx_labels_create());
+    first = best_of_rounds(1, [&] {
+        m.place(labels.get());
+        vx_labels_draw(labels.get(), m.view, m.device.get());
+    });
+    // As after a change of the layer: places are found anew, the painter's fonts are warm on both sides.
     ours = best_of(
         [&] {
             m.place(labels.get());
             vx_labels_draw(labels.get(), m.view, m.device.get());
         },
-        [&] { labels.reset(vx_labels_create()); });
+        [&] { ++m.revision; });
     struct known
     {
         QString text;
@@ -165,14 +176,17 @@ void time_points(int count, double &ours, double &plain, unsigned &accepted)
 
 void bench_points()
 {
+    double first = 0;
     double ours = 0;
     double plain = 0;
     unsigned accepted = 0;
-    time_points(10'000, ours, plain, accepted);
-    std::printf("10,000 points, %u labels: placed and drawn %.1f ms, a painter %.1f ms: %.2f (at most 3)\n",
-                accepted, ours, plain, ours / plain);
+    time_points(10'000, first, ours, plain, accepted);
+    std::printf(
+        "10,000 points, %u labels: placed and drawn %.1f ms (the first time %.1f), a painter %.1f ms: "
+        "%.2f (at most 3)\n",
+        accepted, ours, first, plain, ours / plain);
     double more = 0;
-    time_points(100'000, more, plain, accepted);
+    time_points(100'000, first, more, plain, accepted);
     std::printf("100,000 points, %u labels: %.1f ms, growth %.1f (at most 12)\n", accepted, more,
                 more / ours);
 }
