@@ -203,7 +203,10 @@ protected:
     virtual void DragOver(TObject *source, int x, int y, TDragState state, bool &accept);
     virtual void DoStartDrag();
     virtual void DoEndDrag(TObject *target, int x, int y);
+    /// Before the control goes into a site, or with a null one into a window at `rect` on the screen.
     virtual void DoDock(TWinControl *new_site, TRect &rect);
+    /// What accompanies a drag of this control to dock sites; the drag owns it.
+    [[nodiscard]] virtual std::unique_ptr<TDragDockObject> CreateDragDockObject();
     virtual void Resize();
     /// What `AutoSize` makes of the given size; false: keep the size.
     virtual bool CanAutoSize(int &width, int &height);

@@ -1,5 +1,6 @@
 #include "platform/toolkit/bridge/detail/drag_session.h"
 #include "platform/toolkit/bridge/qt_events.h"
+#include "platform/toolkit/bridge/qt_widgets.h"
 #include "platform/toolkit/core/control.h"
 #include "platform/toolkit/core/dock_manager.h"
 #include "platform/toolkit/core/drag_object.h"
@@ -137,6 +138,11 @@ void TControl::DoDock(TWinControl *, TRect &)
 {
 }
 
+std::unique_ptr<TDragDockObject> TControl::CreateDragDockObject()
+{
+    return std::make_unique<TDragDockObject>(this);
+}
+
 void TControl::leave_dock_site(TWinControl *)
 {
     f_host_dock_site->undock(this);
@@ -164,6 +170,16 @@ void TWinControl::DockDrop(TDragDockObject *source, int x, int y)
         client->SetAlign(side == alNone || side == alCustom ? alClient : side);
     }
     OnDockDrop(this, source, x, y);
+}
+
+void TWinControl::SetAcceptFiles(bool value)
+{
+    f_accept_files = value;
+    vx_qt_widget(this)->setAcceptDrops(value);
+}
+
+void TWinControl::DropFiles(std::vector<std::wstring> const &)
+{
 }
 
 void TWinControl::undock(TControl *control)
@@ -201,6 +217,8 @@ void TWinControl::DockOver(TDragDockObject *source, int x, int y, TDragState sta
 void TWinControl::dock_over(TDragDockObject *source, int x, int y, TDragState state, bool &accept)
 {
     TRect influence = GetClientRect();
+    if (GetDockClientCount() == 0)
+        influence.Inflate(c_dock_reach, c_dock_reach);
     bool can_dock = true;
     GetSiteInfo(source->GetControl(), influence, can_dock);
     accept = can_dock && influence.Contains({x, y});

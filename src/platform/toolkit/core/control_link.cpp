@@ -15,7 +15,10 @@
 #include <QtCore/QChildEvent>
 #include <QtCore/QCoreApplication>
 #include <QtCore/QHash>
+#include <QtCore/QMimeData>
+#include <QtCore/QUrl>
 #include <QtGui/QContextMenuEvent>
+#include <QtGui/QDropEvent>
 #include <QtGui/QFocusEvent>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QInputEvent>
@@ -53,6 +56,9 @@ bool is_watched(QEvent const &event)
 {
     switch (event.type()) {
     case QEvent::InputMethod:
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop:
     case QEvent::ContextMenu:
     case QEvent::ToolTip:
     case QEvent::FocusIn:
@@ -281,6 +287,25 @@ bool vx_control_link::filter(QWidget *target, QEvent *event)
     }
 }
 
+/// Files of the desktop over a control that takes them.
+bool vx_control_link::drop_event(QDropEvent &event)
+{
+    auto *const target = dynamic_cast<TWinControl *>(control);
+    if (!target || !target->GetAcceptFiles() || control->IsDestroying())
+        return false;
+    std::vector<std::wstring> names;
+    for (QUrl const &url : event.mimeData()->urls())
+        if (url.isLocalFile())
+            names.push_back(url.toLocalFile().toStdWString());
+    event.setDropAction(Qt::CopyAction);
+    event.setAccepted(!names.empty());
+    if (!names.empty() && event.type() == QEvent::Drop) {
+        vx_event_scope const scope;
+        target->DropFiles(names);
+    }
+    return true;
+}
+
 bool vx_control_link::filter_own(QEvent *event)
 {
     switch (event->type()) {
@@ -311,6 +336,10 @@ bool vx_control_link::filter_own(QEvent *event)
         control->MouseLeave();
         return false;
     }
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop:
+        return drop_event(*static_cast<QDropEvent *>(event));
     default:
         return window_event(event);
     }

@@ -14,6 +14,8 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
+#include <utility>
 
 namespace {
 struct session
@@ -23,7 +25,8 @@ struct session
     TControl *prepared = nullptr;
     QPoint start;
     QPoint last;
-    QPoint pointer; ///< where the mouse was last, with or without a drag
+    QPoint pointer;                        ///< where the mouse was last, with or without a drag
+    std::unique_ptr<TDragDockObject> dock; ///< of a control that is docked by the mouse
     bool accepted = false;
     bool cursor_set = false;
     bool moved = false;
@@ -41,18 +44,6 @@ TControl *control_at(QPoint screen)
     return under ? vx_control_of(under) : nullptr;
 }
 
-/// The nearest dock site at or above the control that is not part of what is dragged.
-TWinControl *site_at(QPoint screen, TControl const *source)
-{
-    auto const *const dragged = dynamic_cast<TWinControl const *>(source);
-    for (TControl *control = control_at(screen); control; control = control->GetParent()) {
-        auto *const site = dynamic_cast<TWinControl *>(control);
-        if (site && site->GetDockSite() && !(dragged && dragged->ContainsControl(site)))
-            return site;
-    }
-    return nullptr;
-}
-
 /// The side of the site that the point is nearest to.
 TAlign nearest_side(TWinControl const &site, TPoint const &at)
 {
@@ -64,6 +55,26 @@ TAlign nearest_side(TWinControl const &site, TPoint const &at)
         ->second;
 }
 
+/// On the screen; the whole of a site in which nothing is.
+TRect half_of(TWinControl const &site, TAlign side)
+{
+    TRect half = site.GetClientRect();
+    TPoint const middle = half.CenterPoint();
+    if (site.GetDockClientCount() == 0)
+        side = alClient;
+    if (side == alLeft)
+        half.Right = middle.X;
+    else if (side == alRight)
+        half.Left = middle.X;
+    else if (side == alTop)
+        half.Bottom = middle.Y;
+    else if (side == alBottom)
+        half.Top = middle.Y;
+    TPoint const origin = site.GetClientOrigin();
+    half.Offset(origin.X, origin.Y);
+    return half;
+}
+
 void show_cursor(bool accepted)
 {
     session &s = current();
@@ -73,6 +84,45 @@ void show_cursor(bool accepted)
     QGuiApplication::changeOverrideCursor(vx_qt_cursor(accepted ? crDrag : crNoDrop));
 }
 } // namespace
+
+/// A site in which nothing is may have no area to hit: there is some room around it.
+TWinControl *vx_drag_session::empty_site_in(TWinControl const &parent, TControl *source, QPoint screen)
+{
+    for (int i = 0; i < parent.GetControlCount(); ++i) {
+        auto *const site = dynamic_cast<TWinControl *>(parent.GetControls(i));
+        if (!site || !site->GetDockSite() || !site->GetShowing() || site->GetDockClientCount() > 0)
+            continue;
+        TRect room = site->GetClientRect();
+        room.Inflate(TWinControl::c_dock_reach, TWinControl::c_dock_reach);
+        if (takes(*site, source) && room.Contains(site->ScreenToClient(vx_point(screen))))
+            return site;
+    }
+    return nullptr;
+}
+
+/// Whether the site would have it at all; where it lies counts later.
+bool vx_drag_session::takes(TWinControl &site, TControl *source)
+{
+    TRect influence = site.GetClientRect();
+    bool can_dock = true;
+    site.GetSiteInfo(source, influence, can_dock);
+    return can_dock;
+}
+
+TWinControl *vx_drag_session::site_at(QPoint screen, TControl *source)
+{
+    auto const *const dragged = dynamic_cast<TWinControl const *>(source);
+    for (TControl *control = control_at(screen); control; control = control->GetParent()) {
+        auto *const parent = dynamic_cast<TWinControl *>(control);
+        if (!parent || (dragged && dragged->ContainsControl(parent)))
+            continue;
+        if (TWinControl *const site = empty_site_in(*parent, source, screen))
+            return site;
+        if (parent->GetDockSite() && takes(*parent, source))
+            return parent;
+    }
+    return nullptr;
+}
 
 TControl *vx_drag_session::source()
 {
@@ -92,6 +142,8 @@ void vx_drag_session::begin(TControl *source)
     s = {};
     s.source = source;
     s.pointer = s.start = s.last = at;
+    if (source->GetDragKind() == dkDock)
+        s.dock = source->CreateDragDockObject();
     source->drag_started();
 }
 
@@ -114,13 +166,23 @@ bool vx_drag_session::move(QMouseEvent const &event)
     if (s.source->GetDragKind() == dkDock) {
         TWinControl *const site = site_at(at, s.source);
         s.accepted = true;
+        s.dock->SetDropAlign(alNone);
         if (site) {
-            TDragDockObject object(s.source);
             TPoint const point = site->ScreenToClient(vx_point(at));
-            site->dock_over(&object, point.X, point.Y, dsDragMove, s.accepted);
+            TAlign const side = nearest_side(*site, point);
+            s.dock->SetDropAlign(side);
+            s.dock->SetDockRect(half_of(*site, side));
+            site->dock_over(s.dock.get(), point.X, point.Y, dsDragMove, s.accepted);
+        } else {
+            s.dock->SetDockRect(Bounds(at.x(), at.y(), s.source->GetWidth(), s.source->GetHeight()));
         }
-        if (s.source)
-            show_cursor(s.accepted);
+        if (!s.source)
+            return true;
+        show_cursor(s.accepted);
+        if (s.accepted)
+            s.dock->DrawDragDockImage();
+        else
+            s.dock->EraseDragDockImage();
         return true;
     }
     TControl *const under = control_at(at);
@@ -156,17 +218,19 @@ bool vx_drag_session::button(QMouseEvent const &event)
 
 void vx_drag_session::end(bool drop)
 {
-    session const ended = current();
-    current() = {};
+    session const ended = std::exchange(current(), {});
     if (ended.cursor_set)
         QGuiApplication::restoreOverrideCursor();
     if (!ended.source)
         return;
     if (ended.source->GetDragKind() == dkDock) {
+        ended.dock->EraseDragDockImage();
         TWinControl *const site = drop ? site_at(ended.last, ended.source) : nullptr;
         if (site && ended.accepted && site != ended.source->GetHostDockSite()) {
-            TPoint const point = site->ScreenToClient(vx_point(ended.last));
-            ended.source->ManualDock(site, nullptr, nearest_side(*site, point));
+            TAlign const side = ended.dock->GetDropAlign();
+            ended.source->ManualDock(
+                site, nullptr,
+                side != alNone ? side : nearest_side(*site, site->ScreenToClient(vx_point(ended.last))));
         } else if (drop && !site && ended.source->GetHostDockSite()) {
             ended.source->ManualFloat(Bounds(ended.last.x(), ended.last.y(), ended.source->GetUndockWidth(),
                                              ended.source->GetUndockHeight()));
@@ -198,6 +262,8 @@ void vx_drag_session::forget(TControl const *control)
     if (s.source == control) {
         if (s.cursor_set)
             QGuiApplication::restoreOverrideCursor();
+        if (s.dock)
+            s.dock->EraseDragDockImage();
         s = {};
     }
 }

@@ -214,6 +214,12 @@ void TCustomForm::Close()
         Release();
 }
 
+void TCustomForm::PostClose()
+{
+    QMetaObject::invokeMethod(
+        Link(), [this] { vx_guarded([this] { Close(); }); }, Qt::QueuedConnection);
+}
+
 void TCustomForm::Release()
 {
     if (f_releasing)

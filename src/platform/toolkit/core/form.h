@@ -24,6 +24,8 @@ public:
     [[nodiscard]] virtual bool CloseQuery();
     /// Runs the form until its modal result is set; gives that result. Nests.
     virtual int ShowModal();
+    /// Closes the form as soon as no event of it is being handled.
+    void PostClose();
     /// Frees the form as soon as no event of it is being handled.
     void Release();
     [[nodiscard]] TModalResult GetModalResult() const { return f_modal_result; }
@@ -66,6 +68,9 @@ public:
     [[nodiscard]] TCustomForm *GetActiveMDIChild() const;
     [[nodiscard]] int GetMDIChildCount() const;
     [[nodiscard]] TCustomForm *GetMDIChildren(int index) const;
+
+    /// Of an MDI form, on the screen: the corner that the places of its children count from.
+    [[nodiscard]] TPoint GetMDIClientOrigin() const;
 
     [[nodiscard]] TMainMenu *GetMenu() const { return f_menu; }
     /// Called by the menu itself too; the form shows the menu bar above its client area.

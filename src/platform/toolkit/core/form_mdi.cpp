@@ -110,6 +110,12 @@ TCustomForm *TCustomForm::GetActiveMDIChild() const
     return nullptr;
 }
 
+TPoint TCustomForm::GetMDIClientOrigin() const
+{
+    QWidget const *const area = f_mdi_area ? vx_qt_widget(f_mdi_area) : nullptr;
+    return area ? vx_point(area->mapToGlobal(QPoint(0, 0))) : GetClientOrigin();
+}
+
 int TCustomForm::GetMDIChildCount() const
 {
     return static_cast<int>(f_mdi_children.size());

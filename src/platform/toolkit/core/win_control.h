@@ -2,6 +2,7 @@
 
 #include "platform/toolkit/core/control.h"
 
+#include <string>
 #include <vector>
 
 class TList;
@@ -65,6 +66,8 @@ public:
     void EnableAlign();
 
     // ---- docking
+    /// Pixels around a site in which nothing is that count as the site.
+    static constexpr int c_dock_reach = 10;
     [[nodiscard]] bool GetDockSite() const { return f_dock_site; }
     void SetDockSite(bool value) { f_dock_site = value; }
     [[nodiscard]] bool GetUseDockManager() const { return f_use_dock_manager; }
@@ -73,6 +76,10 @@ public:
     [[nodiscard]] int GetDockClientCount() const { return static_cast<int>(f_dock_clients.size()); }
     [[nodiscard]] TControl *GetDockClients(int index) const;
     virtual void DockDrop(TDragDockObject *source, int x, int y);
+
+    /// Whether files of the desktop can be dropped here: they come to `DropFiles`.
+    [[nodiscard]] bool GetAcceptFiles() const { return f_accept_files; }
+    void SetAcceptFiles(bool value);
 
     TNotifyEvent OnEnter;
     TNotifyEvent OnExit;
@@ -135,6 +142,8 @@ protected:
     [[nodiscard]] virtual bool ShowsChildren() const { return true; }
 
     virtual void DockOver(TDragDockObject *source, int x, int y, TDragState state, bool &accept);
+    /// Whole paths, at least one.
+    virtual void DropFiles(std::vector<std::wstring> const &names);
     /// True if the site lets the control go.
     virtual bool DoUnDock(TWinControl *new_target, TControl *client);
     virtual void GetSiteInfo(TControl *client, TRect &influence_rect, bool &can_dock);
@@ -182,6 +191,7 @@ private:
     bool f_dock_site = false;
     bool f_use_dock_manager = false;
     bool f_aligning = false;
+    bool f_accept_files = false;
 };
 
 /// The control whose window it is; null for a window of nobody.

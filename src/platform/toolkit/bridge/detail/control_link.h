@@ -15,6 +15,7 @@
 // The tie between a control and its widget, for the toolkit's own controls.
 
 class QContextMenuEvent;
+class QDropEvent;
 class QFocusEvent;
 class QInputMethodEvent;
 class QKeyEvent;
@@ -44,6 +45,7 @@ private:
     void track_mouse(QWidget *of);
     bool filter(QWidget *target, QEvent *event);
     bool filter_own(QEvent *event);
+    bool drop_event(QDropEvent &event);
     bool key_press(QWidget *target, QKeyEvent &event);
     bool key_release(QKeyEvent &event);
     bool input_method(QWidget *target, QInputMethodEvent &event);

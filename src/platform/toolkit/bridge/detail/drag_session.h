@@ -3,6 +3,7 @@
 #include <QtCore/QPoint>
 
 class TControl;
+class TWinControl;
 class QMouseEvent;
 
 /// The drag of a control that is going on, of which there is one at most: of its content onto another
@@ -18,4 +19,10 @@ struct vx_drag_session
     static bool button(QMouseEvent const &event);
     static bool move(QMouseEvent const &event);
     static void forget(TControl const *control);
+
+private:
+    static bool takes(TWinControl &site, TControl *source);
+    static TWinControl *empty_site_in(TWinControl const &parent, TControl *source, QPoint screen);
+    /// The nearest dock site at a point that has the control and is no part of it.
+    static TWinControl *site_at(QPoint screen, TControl *source);
 };
