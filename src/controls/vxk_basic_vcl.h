@@ -2,6 +2,10 @@
 
 // Umbrella header for users of the library; written by tools/make_umbrella_headers.py.
 
+#include "controls/dock/dock_tool_form.h"
+#include "controls/dock/mdi_child_form.h"
+#include "controls/dock/mdi_child_form_drag_object.h"
+#include "controls/dock/mdi_conjoin_dock_host.h"
 #include "controls/files/vcl_file_panels.h"
 #include "controls/files/vcl_many_file_panel.h"
 #include "controls/files/vcl_new_dir_panel.h"
@@ -10,7 +14,6 @@
 #include "controls/forms/buttons.h"
 #include "controls/forms/caption_panels.h"
 #include "controls/forms/dlg_form.h"
-#include "controls/forms/dock_forms.h"
 #include "controls/forms/dock_grip.h"
 #include "controls/forms/edits.h"
 #include "controls/forms/event_off.h"

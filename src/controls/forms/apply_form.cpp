@@ -1,7 +1,7 @@
 #include "controls/forms/apply_form.h"
 
 #include "captions/forms.h"
-#include "controls/forms/form_position_priv.h"
+#include "controls/forms/detail/form_position.h"
 
 #include "platform/basic/vx_res.h"
 #include "platform/toolkit/core/application.h"

@@ -1,6 +1,6 @@
 #include "controls/forms/dlg_form.h"
 
-#include "controls/forms/form_position_priv.h"
+#include "controls/forms/detail/form_position.h"
 
 #include "platform/toolkit/core/application.h"
 

@@ -1,6 +1,6 @@
 #include "controls/forms/tool_form.h"
 
-#include "controls/forms/form_position_priv.h"
+#include "controls/forms/detail/form_position.h"
 
 Tvx_tool_form::Tvx_tool_form(TComponent *owner) : Tvx_form(owner)
 {

@@ -1,6 +1,6 @@
 #include "controls/forms/vcl_dialog_form.h"
 
-#include "controls/forms/form_position_priv.h"
+#include "controls/forms/detail/form_position.h"
 
 Tvx_vcl_dialog_form::Tvx_vcl_dialog_form(TComponent *owner)
     : Tvx_vcl_form(owner), f_client_panel(new Tvx_vcl_panel(this)),

@@ -14,7 +14,10 @@ public:
     void add(wchar_t const *text) { vx_wstrings_add(f_strings, text); }
     [[nodiscard]] unsigned get_size() const { return vx_wstrings_get_size(f_strings); }
     /// "" outside the list; good until the list changes.
-    [[nodiscard]] wchar_t const *get_str(unsigned index) const { return vx_wstrings_get_str(f_strings, index); }
+    [[nodiscard]] wchar_t const *get_str(unsigned index) const
+    {
+        return vx_wstrings_get_str(f_strings, index);
+    }
     /// The list for the plain functions.
     [[nodiscard]] void *get_ptr() const { return f_strings; }
 

@@ -1,6 +1,6 @@
+#include "controls/dock/mdi_child_form.h"
 #include "controls/forms/apply_form.h"
 #include "controls/forms/dlg_form.h"
-#include "controls/forms/dock_forms.h"
 #include "controls/forms/edits.h"
 #include "controls/forms/grids.h"
 #include "controls/forms/tool_form.h"
@@ -340,20 +340,6 @@ TEST(vcl_dialog_form, buttons_run_its_calls)
     form.set_bottom_buttons_enabled(true);
     EXPECT_TRUE(input::click(buttons->get_cancel_btn()));
     EXPECT_FALSE(form.GetShowing());
-}
-
-TEST(dock_forms, start_as_dock_sites)
-{
-    Tvx_dock_tool_form tool(nullptr);
-    EXPECT_TRUE(tool.DockPanel->GetDockSite());
-    EXPECT_EQ(tool.DockPanel->GetHeight(), 0);
-    EXPECT_EQ(tool.GetFormStyle(), fsStayOnTop);
-
-    std::unique_ptr<Tvx_mdi_conjoin_dock_host> host(new Tvx_mdi_conjoin_dock_host(nullptr));
-    EXPECT_EQ(host->GetOwner(), static_cast<TComponent *>(Application));
-    EXPECT_TRUE(host->GetDockSite());
-    EXPECT_TRUE(host->GetUseDockManager());
-    EXPECT_FALSE(host->GetVisible());
 }
 
 namespace {
