@@ -174,7 +174,10 @@ bool vx_drag_session::move(QMouseEvent const &event)
             s.dock->SetDockRect(half_of(*site, side));
             site->dock_over(s.dock.get(), point.X, point.Y, dsDragMove, s.accepted);
         } else {
-            s.dock->SetDockRect(Bounds(at.x(), at.y(), s.source->GetWidth(), s.source->GetHeight()));
+            bool const docked = s.source->GetHostDockSite();
+            s.dock->SetDockRect(Bounds(at.x(), at.y(),
+                                       docked ? s.source->GetUndockWidth() : s.source->GetWidth(),
+                                       docked ? s.source->GetUndockHeight() : s.source->GetHeight()));
         }
         if (!s.source)
             return true;

@@ -27,7 +27,7 @@ public:
         f_picture = picture;
         resize(picture.size());
         // The holes are cut out of the window, so that they are holes without a compositor too.
-        QImage const holes = picture.createMaskFromColor(key.rgb() | 0xFF000000U, Qt::MaskOutColor);
+        QImage const holes = picture.createMaskFromColor(key.rgb(), Qt::MaskInColor);
         setMask(QBitmap::fromImage(holes));
         update();
     }
