@@ -189,6 +189,7 @@ void Tvx_mdi_child_form::DockDrop(TDragDockObject *source, int x, int y)
     ManualDock(host, nullptr, alClient);
     client->ManualDock(host, nullptr, side);
     host->SetVisible(true);
+    host->ShareHalves(client, side);
 }
 
 void Tvx_mdi_child_form::FormEndDock(TObject *, TObject *target, int, int)

@@ -119,6 +119,7 @@ TEST_F(documents, two_are_joined_by_the_mouse_and_part_again)
     EXPECT_EQ(host()->GetCaption(), L"First, Second");
     EXPECT_TRUE(host()->GetShowing() && first->GetShowing() && second->GetShowing());
     EXPECT_LT(second->GetLeft(), first->GetLeft()) << "dropped on the left";
+    EXPECT_NEAR(second->GetWidth(), first->GetWidth(), 8) << "half of the window, as the frame showed";
     EXPECT_FALSE(second->GetDockSite()) << "it was dropped on a target";
     EXPECT_EQ(second->GetFormStyle(), fsNormal);
 
@@ -140,6 +141,7 @@ TEST_F(documents, the_joint_window_asks_each_before_it_closes)
     ASSERT_TRUE(join(first->GetClientWidth() - 10, 150));
     ASSERT_NE(host(), nullptr);
     EXPECT_GT(second->GetLeft(), first->GetLeft());
+    EXPECT_NEAR(second->GetWidth(), first->GetWidth(), 8);
     first->OnCloseQuery = make_closure<&document::refuse>(first);
     host()->Close();
     ui::wait_idle();
