@@ -95,6 +95,25 @@ private:
         else
             f_report.say(std::string("Its tab is called \"") + caption + "\".");
     }
+    /// Asked of the module itself: its class gives the file's name where there is none.
+    void ask_caption(Tvx_plugin_module &module, char const *entry)
+    {
+        f_step = "giving its caption";
+        auto *const get = reinterpret_cast<char const *(*)()>(module.get_proc_address(entry));
+        if (!get)
+            return;
+        try {
+            check_caption(get());
+        } catch (...) {
+            f_report.fault("It throws while giving its caption.");
+        }
+    }
+    void show_pages(TPageControl &pages)
+    {
+        pages.SetParent(&f_form);
+        pages.SetAlign(alClient);
+        f_form.Show();
+    }
     void size_window()
     {
         for (auto const &size : c_sizes) {
@@ -115,19 +134,9 @@ void drive::page()
     Tvx_lr_2d_edit_plugin_module module(f_path.c_str());
     if (!usable(module))
         return;
-    f_step = "giving its caption";
-    // Asked of the module itself: the class gives the file's name where there is none.
-    if (auto *const get = reinterpret_cast<decltype(plugin_lr_2d_editor_get_caption) *>(
-            module.get_proc_address("plugin_lr_2d_editor_get_caption")))
-        try {
-            check_caption(get());
-        } catch (...) {
-            f_report.fault("It throws while giving its caption.");
-        }
+    ask_caption(module, "plugin_lr_2d_editor_get_caption");
     TPageControl pages(&f_form);
-    pages.SetParent(&f_form);
-    pages.SetAlign(alClient);
-    f_form.Show();
+    show_pages(pages);
     void *instances[2] = {};
     std::unique_ptr<TTabSheet> sheets[2];
     for (int i = 0; i < 2; ++i) {
@@ -222,18 +231,9 @@ void drive::style()
     Tvx_style_edit_plugin module(f_path.c_str());
     if (!usable(module))
         return;
-    f_step = "giving its caption";
-    if (auto *const get = reinterpret_cast<decltype(plugin_style_editor_get_caption) *>(
-            module.get_proc_address("plugin_style_editor_get_caption")))
-        try {
-            check_caption(get());
-        } catch (...) {
-            f_report.fault("It throws while giving its caption.");
-        }
+    ask_caption(module, "plugin_style_editor_get_caption");
     TPageControl pages(&f_form);
-    pages.SetParent(&f_form);
-    pages.SetAlign(alClient);
-    f_form.Show();
+    show_pages(pages);
     step("making an instance");
     auto sheet = std::make_unique<Tvx_plugin_lr_tabsheet>(nullptr, &module);
     if (!sheet->get_edit())
