@@ -1,5 +1,6 @@
 #include "host/gallery/gallery_dialog.h"
 #include "host/gallery/gallery_page.h"
+#include "host/gallery/sample_fields.h"
 #include "style_manager/lists/stl_mngr_list_edit.h"
 #include "style_manager/shell/typed_stl_mngr_edits.h"
 #include "styles/label/label_style_edit_dlg.h"
@@ -43,23 +44,7 @@ Ivx_layer *labels_of(char const *key)
     return text;
 }
 
-bool open_fields(void *, TObject *)
-{
-    return true;
-}
-void close_fields(void *, TObject *)
-{
-}
-unsigned count_fields(void *, TObject *)
-{
-    return 2;
-}
-char const *get_field(void *, TObject *, unsigned field, bool &usable, bool &numeric)
-{
-    usable = true;
-    numeric = field == 1;
-    return field == 0 ? "NAME" : "POPULATION";
-}
+constexpr sample_fields c_fields{"NAME", "POPULATION"};
 
 void add_panel(TWinControl *page)
 {
@@ -68,10 +53,7 @@ void add_panel(TWinControl *page)
     panel->SetBounds(c_edge, c_edge, c_width, c_height);
     panel->create();
     panel->load_res();
-    panel->set_on_data_open({&open_fields, nullptr});
-    panel->set_on_data_close({&close_fields, nullptr});
-    panel->set_on_data_get_np({&count_fields, nullptr});
-    panel->set_on_data_get_prop({&get_field, nullptr});
+    c_fields.bind(panel);
     panel->set_layer(labels_of(c_lr_key_shp_pgn));
     panel->update_controls();
 }
@@ -114,10 +96,7 @@ void add_managers(TWinControl *page)
     edit->SetBounds(strip->GetLeft(), c_edge + strip->GetHeight(), c_width, c_height - strip->GetHeight());
     edit->create();
     edit->load_res();
-    edit->set_on_data_open({&open_fields, nullptr});
-    edit->set_on_data_close({&close_fields, nullptr});
-    edit->set_on_data_get_np({&count_fields, nullptr});
-    edit->set_on_data_get_prop({&get_field, nullptr});
+    c_fields.bind(edit);
     edit->enable_selection_style(false);
     edit->set_stl_mngr(mngr);
     edit->update_controls();

@@ -1,4 +1,5 @@
 #include "host/gallery/gallery_page.h"
+#include "host/gallery/sample_fields.h"
 #include "style_manager/shell/typed_stl_mngr_edits.h"
 
 #include "platform/base/owned.h"
@@ -48,30 +49,11 @@ void fill_scale(void *scale, std::array<wchar_t const *, 3> const &texts)
 
 // ---- the data of the unique values
 
-bool open_fields(void *, TObject *)
-{
-    return true;
-}
-void close_fields(void *, TObject *)
-{
-}
-unsigned count_fields(void *, TObject *)
-{
-    return 2;
-}
-char const *get_field(void *, TObject *, unsigned field, bool &usable, bool &numeric)
-{
-    usable = true;
-    numeric = field == 1;
-    return field == 0 ? "LAND" : "AREA";
-}
+constexpr sample_fields c_fields{"LAND", "AREA"};
 
 void bind_data(Tvx_stl_mngr_edit *edit)
 {
-    edit->set_on_data_open({&open_fields, nullptr});
-    edit->set_on_data_close({&close_fields, nullptr});
-    edit->set_on_data_get_np({&count_fields, nullptr});
-    edit->set_on_data_get_prop({&get_field, nullptr});
+    c_fields.bind(edit);
     edit->update_controls();
 }
 
