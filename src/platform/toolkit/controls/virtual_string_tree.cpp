@@ -559,13 +559,12 @@ protected:
     }
     bool edit(QModelIndex const &index, EditTrigger trigger, QEvent *event) override
     {
-        if (!owner || !index.isValid() || !(trigger & (editTriggers() | AllEditTriggers)) ||
-            trigger == NoEditTriggers || trigger == CurrentChanged)
-            return QTreeView::edit(index, trigger, event);
-        if (trigger != AllEditTriggers && !(trigger & editTriggers()))
-            return false;
-        bool allowed = false;
-        vx_guarded([&] { owner->OnEditing(owner, model_nodes()->node(index), index.column(), allowed); });
+        bool allowed = true;
+        bool const would_edit = trigger == AllEditTriggers || (trigger & editTriggers());
+        if (owner && index.isValid() && would_edit) {
+            allowed = false;
+            vx_guarded([&] { owner->OnEditing(owner, model_nodes()->node(index), index.column(), allowed); });
+        }
         return allowed && QTreeView::edit(index, trigger, event);
     }
 
