@@ -1,8 +1,10 @@
 #pragma once
 
+#include "platform/base/closure.h"
 #include "platform/base/export.h"
 
 class TTabSheet;
+class TWinControl;
 struct t_vx_docker_interface;
 
 /// Panels that other modules describe by the component interface, shown by controls of the toolkit.
@@ -19,3 +21,10 @@ VX_API void vx_dock_panels_tabsheet_visit_docker(TTabSheet *sheet, t_vx_docker_i
 /// The docker is not asked any more, and the tab goes. `is_dead`: it has ended already, so that it is not
 /// told either. Nothing for a sheet without a docker.
 VX_API void vx_dock_panels_tabsheet_leave_docker(TTabSheet *sheet, bool is_dead);
+
+/// A module that has a control of the toolkit to show, rather than elements, says so for its docker: the
+/// sheet then asks `make` for it, with itself as parent, in place of the docker's element. The control, or
+/// null for nothing to show, lies on all of the sheet, which owns it. Captions, visibility and updates stay
+/// the docker's. An empty closure takes the offer back, which a docker does before it ends.
+VX_API void vx_dock_panels_offer_control(t_vx_docker_interface docker,
+                                         closure<TWinControl *(TWinControl *)> make);

@@ -19,6 +19,13 @@ VX_API void vx_scn_2d_set_wcaption(Ivx_scn_2d *scene, wchar_t const *caption);
 /// True when both axes have one scale, as at the start.
 [[nodiscard]] VX_API bool vx_scn_2d_get_izotropic(Ivx_scn_2d const *scene);
 VX_API void vx_scn_2d_set_izotropic(Ivx_scn_2d *scene, bool izotropic);
+/// The unit of the scene's coordinates: degrees of longitude and latitude, or metres in one unit, 1 at first.
+/// Metres that are not above 0 or not finite are ignored.
+VX_API void vx_scn_2d_set_unit(Ivx_scn_2d *scene, bool is_degree, double metres);
+[[nodiscard]] VX_API bool vx_scn_2d_get_unit_is_degree(Ivx_scn_2d const *scene);
+/// Metres on the ground in one unit along x near this point; degrees are measured along the parallel, and one
+/// beyond 89 degrees as there. 1 for null.
+[[nodiscard]] VX_API double vx_scn_2d_get_unit_metres(Ivx_scn_2d const *scene, Tvx_pnt_d2 at);
 /// What is looked at: the point in the middle, in map units, and the size of a pixel in them. False, with
 /// both as they were, for a scene that does not tell, as at the start. Numbers that are not finite, and a
 /// size that is not above 0, take the view away.

@@ -3,6 +3,7 @@
 #include "platform/storage/vx_xml_data.h"
 
 struct Ivx_scn_2d;
+struct Ivx_scns_2d;
 
 /// Scenes in files: caption, scale rule, view, and the layers from the lowest with type, caption, source,
 /// visibility and how they are drawn: the style managers and texts of vector layers, the colours of rasters.
@@ -15,3 +16,11 @@ struct Ivx_scn_2d;
 [[nodiscard]] VX_API bool vx_xml_data_load_scn2d_w(Ivx_xml_data *xml, wchar_t const *file, Ivx_scn_2d *scene);
 /// All of the file or nothing; the same scene makes the same bytes.
 VX_API bool vx_xml_data_save_scn2d_w(Ivx_xml_data *xml, wchar_t const *file, Ivx_scn_2d const *scene);
+
+/// The same with the page layouts (platform/layers/vx_prj.h) that belong to the scene, in the same file;
+/// either may be null. A load puts the file's layouts in place of those of the list, none for a file without;
+/// which of them is active comes back too. All or nothing for both together.
+[[nodiscard]] VX_API bool vx_xml_data_load_scn2d_layouts_w(Ivx_xml_data *xml, wchar_t const *file,
+                                                           Ivx_scn_2d *scene, Ivx_scns_2d *layouts);
+VX_API bool vx_xml_data_save_scn2d_layouts_w(Ivx_xml_data *xml, wchar_t const *file, Ivx_scn_2d const *scene,
+                                             Ivx_scns_2d const *layouts);
