@@ -7,6 +7,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
+
+namespace {
+/// One degree of a great circle of the mean earth (radius 6371008.8 m).
+constexpr double c_metres_per_degree = 111195.08;
+constexpr double c_last_latitude = 89;
+} // namespace
 
 // ---- scene
 
@@ -26,6 +33,8 @@ Ivx_scn_2d *vx_scn_2d_clone(Ivx_scn_2d const *scene)
     copy->izotropic = scene->izotropic;
     copy->center = scene->center;
     copy->pixel = scene->pixel;
+    copy->unit_is_degree = scene->unit_is_degree;
+    copy->unit_metres = scene->unit_metres;
     for (auto const &layer : scene->layers)
         copy->layers.push_back(layer->clone());
     for (auto const &layer : copy->layers)
@@ -60,6 +69,36 @@ void vx_scn_2d_set_izotropic(Ivx_scn_2d *scene, bool izotropic)
 {
     if (scene)
         scene->izotropic = izotropic;
+}
+
+void vx_scn_2d_set_unit(Ivx_scn_2d *scene, bool is_degree, double metres)
+{
+    if (!scene)
+        return;
+    scene->unit_is_degree = is_degree;
+    if (std::isfinite(metres) && metres > 0)
+        scene->unit_metres = metres;
+}
+
+bool vx_scn_2d_get_unit_is_degree(Ivx_scn_2d const *scene)
+{
+    return scene && scene->unit_is_degree;
+}
+
+double vx_scn_2d_get_unit_metres(Ivx_scn_2d const *scene, Tvx_pnt_d2 at)
+{
+    return vx::layers::unit_metres(scene, at).x;
+}
+
+Tvx_pnt_d2 vx::layers::unit_metres(Ivx_scn_2d const *scene, Tvx_pnt_d2 at)
+{
+    if (!scene)
+        return {1, 1};
+    if (!scene->unit_is_degree)
+        return {scene->unit_metres, scene->unit_metres};
+    double const latitude = std::isfinite(at.y) ? std::clamp(at.y, -c_last_latitude, c_last_latitude) : 0;
+    double const x = c_metres_per_degree * std::cos(latitude * std::numbers::pi / 180);
+    return {x, scene->izotropic ? x : c_metres_per_degree};
 }
 
 bool vx_scn_2d_get_view(Ivx_scn_2d const *scene, Tvx_pnt_d2 *center, double *pixel)

@@ -22,6 +22,8 @@ struct Ivx_scn_2d final : Ivx_entity, Ivx_entities
     bool izotropic = true;
     Tvx_pnt_d2 center{};
     double pixel = 0; ///< 0 for no view
+    bool unit_is_degree = false;
+    double unit_metres = 1;
     std::vector<std::unique_ptr<Ivx_layer>> layers;
 };
 
@@ -37,3 +39,8 @@ struct Ivx_scns_2d final : Ivx_entities
     std::vector<std::unique_ptr<Ivx_scn_2d>> scenes;
     int active = 0;
 };
+
+namespace vx::layers {
+/// Metres in one unit along each axis near the point. Where both axes have one scale, that along x counts.
+[[nodiscard]] Tvx_pnt_d2 unit_metres(Ivx_scn_2d const *scene, Tvx_pnt_d2 at);
+} // namespace vx::layers
