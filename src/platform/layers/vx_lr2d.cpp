@@ -1,6 +1,7 @@
 #include "platform/layers/vx_lr2d.h"
 
 #include "platform/layers/detail/layer.h"
+#include "platform/layers/detail/layout_layer.h"
 #include "platform/layers/detail/rtr_layer.h"
 #include "platform/layers/detail/shp_layer.h"
 #include "platform/layers/detail/tld_layer.h"
@@ -26,6 +27,8 @@ std::unique_ptr<Ivx_layer> make_layer(std::string const &key)
         return std::make_unique<tos_2crd_layer>();
     if (key == c_lr_key_dynamic_tld)
         return std::make_unique<dtld_layer>();
+    if (auto element = make_layout_layer(key))
+        return element;
     return std::make_unique<Ivx_layer>(key);
 }
 } // namespace

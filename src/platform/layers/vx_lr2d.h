@@ -7,8 +7,8 @@
 // Plain functions in the full sense: hosts in other languages find them by name.
 extern "C" {
 /// A new layer of the type key, without file and with empty caption; null for a null or empty key. A key that
-/// is not one of layer_keys.h gives a layer that has only what all layers have: keys of plug-ins and of page
-/// layouts.
+/// is not one of layer_keys.h or layout_keys.h gives a layer that has only what all layers have: keys of
+/// plug-ins.
 [[nodiscard]] VX_API Ivx_layer *vx_lr2d_create(char const *key);
 /// A new layer of the same type, all of its own: caption, file name, visibility, styles, text layer, with a
 /// channel of its own. The data object behind it, which nobody edits here, is held together. The caller
