@@ -226,9 +226,9 @@ TEST(layouts, frames_show_their_part_of_the_map)
         vx_layout_scene_frame_lr2d_get_scale(frame.get(), &x, nullptr);
         EXPECT_LE(x, c_layout_greatest_scale);
     }
-    EXPECT_NEAR(c_degree * 0.0174524, vx_scn_2d_get_unit_metres(map, {0, 90}), 1) << "at a pole";
     vx_scn_2d_set_unit(map, false, 3);
     vx_scn_2d_set_unit(map, true, c_nan);
+    EXPECT_NEAR(c_degree * 0.0174524, vx_scn_2d_get_unit_metres(map, {0, 90}), 1) << "at a pole";
     scene const copy(vx_scn_2d_clone(map));
     EXPECT_TRUE(vx_scn_2d_get_unit_is_degree(copy.get()));
     EXPECT_GT(vx_scn_2d_get_unit_metres(copy.get(), {0, -1e300}), 1000);
