@@ -99,7 +99,7 @@ wchar_t const *Tvx_entities_prop_edit::on_get_wprop(TObject * /*sender*/, unsign
 {
     numeric = false;
     if (prop == 0) {
-        usable = true;
+        usable = f_can_add;
         return c_add_scene_name;
     }
     Ivx_entity *const entity = get_entity(prop);

@@ -29,6 +29,9 @@ public:
     /// Of the layers in the lists only those of this type key are offered; entities of other kinds stay.
     /// Null or empty: all layers.
     void set_filter(char const *lr_type);
+    /// Whether row 0 is offered; it is at first. The others keep their real indexes.
+    [[nodiscard]] bool get_can_add() const { return f_can_add; }
+    void set_can_add(bool value) { f_can_add = value; }
 
     /// Name of row 0.
     static wchar_t const *const c_add_scene_name;
@@ -48,4 +51,5 @@ private:
     std::vector<Ivx_entities *> f_lists;
     std::string f_filter;
     std::wstring f_name;
+    bool f_can_add = true;
 };
