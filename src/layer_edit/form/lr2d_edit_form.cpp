@@ -86,9 +86,13 @@ private:
     Tvx_lr2d_edit_form &f_record;
 };
 
-Tvx_lr2d_edit_form::Tvx_lr2d_edit_form() : f_watch(std::make_unique<end_watch>(*this))
+Tvx_lr2d_edit_form::Tvx_lr2d_edit_form() : Tvx_lr2d_edit_form(static_cast<TComponent *>(nullptr))
 {
-    auto form = std::make_unique<edit_window>(nullptr);
+}
+
+Tvx_lr2d_edit_form::Tvx_lr2d_edit_form(TComponent *owner) : f_watch(std::make_unique<end_watch>(*this))
+{
+    auto form = std::make_unique<edit_window>(owner);
     form->SetDragKind(dkDock);
     form->SetDragMode(dmAutomatic);
     // The frame of the window needs room too.

@@ -25,6 +25,8 @@ class VX_API Tvx_lr2d_edit_form
 public:
     /// With a form of its own.
     Tvx_lr2d_edit_form();
+    /// The same, with a form that ends with `owner` at the latest.
+    explicit Tvx_lr2d_edit_form(TComponent *owner);
     /// On the caller's form, whose style and title stay as they are. A null form gives a record that does
     /// nothing.
     explicit Tvx_lr2d_edit_form(Tvx_apply_form *form);
