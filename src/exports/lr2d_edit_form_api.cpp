@@ -1,5 +1,6 @@
 #include "exports/vxk_lr2d_edit_form_api.h"
 #include "layer_edit/form/lr2d_edit_form.h"
+#include "layer_edit/layout/lr_layout_edit_form.h"
 
 #include <type_traits>
 #include <utility>
@@ -122,6 +123,21 @@ void vx_lr2d_edt_form_set_height(Tvx_lr2d_edit_form *handle, int value)
 }
 
 void vx_lr2d_edt_form_destroy(Tvx_lr2d_edit_form *handle)
+{
+    delete handle;
+}
+
+Tvx_lr2d_edit_form *vx_lr_layout_edt_form_create()
+{
+    return new Tvx_lr_layout_edit_form;
+}
+
+Tvx_lr2d_edit_form *vx_lr_layout_edt_form_create_hosted(Tvx_apply_form *form)
+{
+    return new Tvx_lr_layout_edit_form(form);
+}
+
+void vx_lr_layout_edt_form_destroy(Tvx_lr2d_edit_form *handle)
 {
     delete handle;
 }

@@ -87,6 +87,12 @@ VX_API void vx_lr2d_edt_form_set_height(Tvx_lr2d_edit_form *handle, int value);
 /// Not to be called from inside the callback.
 VX_API void vx_lr2d_edt_form_destroy(Tvx_lr2d_edit_form *handle);
 
+/// The same for the elements of page layouts, which are layers too: with a title of its own, without the tab
+/// of styles, and with what extensions offer for elements. The record is driven by the functions above.
+VX_API Tvx_lr2d_edit_form *vx_lr_layout_edt_form_create(void);
+VX_API Tvx_lr2d_edit_form *vx_lr_layout_edt_form_create_hosted(Tvx_apply_form *form);
+VX_API void vx_lr_layout_edt_form_destroy(Tvx_lr2d_edit_form *handle);
+
 #ifdef __cplusplus
 }
 #endif

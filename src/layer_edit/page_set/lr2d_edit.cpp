@@ -99,7 +99,7 @@ void Tvx_lr2d_edit::create_tabs()
 {
     f_pages = new Tvx_page_control(this);
     f_pages->SetParent(this);
-    // The style tab alone shows without a layer.
+    // The style tab alone shows without a layer, where there is one at all.
     auto const make_tab = [this](wchar_t const *name, bool visible = false) {
         auto *sheet = new Tvx_tab_sheet(this);
         sheet->SetName(name);
@@ -108,7 +108,7 @@ void Tvx_lr2d_edit::create_tabs()
         return sheet;
     };
     f_prop_ts = make_tab(L"f_prop_ts");
-    f_style_ts = make_tab(L"f_style_ts", true);
+    f_style_ts = make_tab(L"f_style_ts", f_show_style_tab);
     f_text_ts = make_tab(L"f_text_ts");
     f_text_mngr = make_tab(L"f_text_mngr");
 }

@@ -105,7 +105,7 @@ protected:
     std::wstring f_slice_prop_caption;
     std::wstring f_2crd_prop_caption;
     Ivx_event_channel *f_update_channel = nullptr;
-    bool f_show_style_tab = true;
+    bool f_show_style_tab = true; ///< what derives changes it in its constructor
     bool f_notify_host = false;
 
 private:

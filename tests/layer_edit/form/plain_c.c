@@ -27,5 +27,7 @@ int main(void)
     seen = vx_lr2d_edt_form_get_lr2d_ptr(form);
     vx_lr2d_edt_form_destroy(hosted);
     vx_lr2d_edt_form_destroy(form);
+    vx_lr_layout_edt_form_destroy(vx_lr_layout_edt_form_create());
+    vx_lr_layout_edt_form_destroy(vx_lr_layout_edt_form_create_hosted((Tvx_apply_form *)0));
     return seen || vx_lr2d_edt_form_get_showing(0);
 }

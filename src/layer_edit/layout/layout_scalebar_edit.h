@@ -1,0 +1,27 @@
+#pragma once
+
+#include "controls/prop/entities_prop_edit.h"
+#include "layer_edit/page_api/basic_lr2d_edit.h"
+
+/// Edits to which scene frame of the active layout an element belongs: a scale bar, or another one that holds
+/// the frame by name, as its file name. What the user does goes into the layer at once.
+class VX_API Tvx_layout_scalebar_edit : public Tvx_basic_lr2d_edit
+{
+public:
+    explicit Tvx_layout_scalebar_edit(TComponent *owner);
+
+    void load_res() override;
+    /// Nothing without a layer: the controls keep what they show.
+    void update_controls() override;
+
+    [[nodiscard]] Tvx_entities_prop_edit *get_scene_prop() const { return f_scene_prop; }
+
+    void on_scn_prop_changed(TObject *sender);
+
+protected:
+    Tvx_entities_prop_edit *f_scene_prop;
+
+private:
+    void take_frames();
+    bool on_frames_open(TObject *sender);
+};
