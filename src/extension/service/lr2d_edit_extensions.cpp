@@ -8,6 +8,7 @@
 #include "extension/service/dtld_editor_view.h"
 #include "extension/service/style_editor_view.h"
 #include "extension/service/text_settings_editor_view.h"
+#include "layer_edit/page_api/basic_lr2d_edit.h"
 
 #include "platform/basic/vx_service_registry.h"
 #include "platform/dialogs/vx_dock_panels.h"
@@ -24,6 +25,16 @@ Tvx_editor_view *view_of(TTabSheet *sheet)
         if (auto *const view = dynamic_cast<Tvx_editor_view *>(sheet->GetComponents(i)))
             return view;
     return nullptr;
+}
+
+/// Of editors, and of pages that a module shows for its docker.
+void end_edit_on(TTabSheet *sheet, bool taken)
+{
+    if (auto *const view = view_of(sheet))
+        view->end_edit(taken);
+    for (int i = 0; i < sheet->GetControlCount(); ++i)
+        if (auto *const page = dynamic_cast<Tvx_basic_lr2d_edit *>(sheet->GetControls(i)))
+            page->end_edit(taken);
 }
 } // namespace
 
@@ -211,8 +222,7 @@ void Tvx_lr2d_edit_extensions::custom_pages::end_edit(bool taken)
     for (auto const &[priority, service] : f_services)
         guarded(*service, [&] {
             for (auto *const sheet : living_sheets(*service))
-                if (auto *const view = view_of(sheet))
-                    view->end_edit(taken);
+                end_edit_on(sheet, taken);
         });
 }
 

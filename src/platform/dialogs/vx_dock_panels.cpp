@@ -28,6 +28,7 @@
 #include "platform/toolkit/controls/scroll_box.h"
 
 #include <algorithm>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -463,17 +464,65 @@ void each_part(TComponent const *of, auto const &act)
     }
 }
 
-/// What a sheet has for a docker.
+class docker_view;
+
+/// The controls that modules offer for their dockers, and what shows dockers at present.
+struct docker_desk
+{
+    struct offer
+    {
+        t_vx_docker_interface docker;
+        closure<TWinControl *(TWinControl *)> make;
+    };
+
+    [[nodiscard]] static docker_desk &get()
+    {
+        static auto &desk = *new docker_desk; // sheets may end after all else
+        return desk;
+    }
+    [[nodiscard]] static bool is_same(t_vx_docker_interface a, t_vx_docker_interface b)
+    {
+        return a.self == b.self && a.table == b.table;
+    }
+    [[nodiscard]] std::vector<offer>::iterator find(t_vx_docker_interface docker)
+    {
+        return std::ranges::find_if(offers, [=](offer const &o) { return is_same(o.docker, docker); });
+    }
+
+    std::vector<offer> offers;
+    std::vector<docker_view *> views;
+};
+
+/// What a sheet has for a docker: its element, or the control that its module makes.
 class docker_view final : public element_part<TTabSheet, vx::docker>
 {
 public:
-    using element_part::element_part;
+    docker_view(TTabSheet *sheet, vx::docker docker) : element_part(sheet, docker), f_docker(docker.handle())
+    {
+        docker_desk::get().views.push_back(this);
+    }
+    docker_view(docker_view const &) = delete;
+    docker_view &operator=(docker_view const &) = delete;
+    ~docker_view() override { std::erase(docker_desk::get().views, this); }
 
     void leave(bool is_dead) override
     {
         if (f_content)
             each_part(f_content, [&](part *view) { view->leave(is_dead); });
         element_part::leave(is_dead);
+        drop_made();
+    }
+    [[nodiscard]] bool shows(t_vx_docker_interface docker) const
+    {
+        return docker_desk::is_same(f_docker, docker);
+    }
+    /// A control is offered from now on, another one, or none any more.
+    void take_offer()
+    {
+        drop_made();
+        f_is_asked = false;
+        update_appearance();
+        update_state();
     }
 
 private:
@@ -485,6 +534,8 @@ private:
             return;
         vx::flag_scope const building(f_building);
         delete std::exchange(f_content, nullptr);
+        if (is_offered())
+            return;
         f_content = new TPanel(f_control);
         f_content->SetBevelOuter(bvNone);
         f_content->SetShowCaption(false);
@@ -500,6 +551,8 @@ private:
     void show_state() override
     {
         bool const visible = f_element.visible();
+        if (visible)
+            ask_for_control();
         f_control->SetTabVisible(visible);
         if (!visible)
             f_control->SetVisible(false);
@@ -510,10 +563,66 @@ private:
             each_part(f_content, [](part *view) { view->refresh_data(); });
     }
 
-    TPanel *f_content = nullptr; ///< of the sheet
+    [[nodiscard]] bool is_offered() const
+    {
+        auto &desk = docker_desk::get();
+        return desk.find(f_docker) != desk.offers.end();
+    }
+    /// Once, when it would first be seen: a docker may never be.
+    void ask_for_control()
+    {
+        if (f_building || f_is_asked || !is_offered())
+            return;
+        vx::flag_scope const building(f_building);
+        f_is_asked = true;
+        auto const make = docker_desk::get().find(f_docker)->make;
+        auto *const made = make(f_control);
+        if (!made)
+            return;
+        f_made = made;
+        f_made_life = made->Life();
+        if (made->GetParent() != f_control)
+            made->SetParent(f_control);
+        // It is the sheet's, whoever its maker gave it to.
+        if (made->GetOwner() != f_control)
+            f_control->InsertComponent(made);
+        made->SetAlign(alClient);
+    }
+    void drop_made()
+    {
+        auto *const made = std::exchange(f_made, nullptr);
+        if (made && !f_made_life.expired() && !made->IsDestroying() && !f_control->IsDestroying())
+            delete made;
+    }
+
+    t_vx_docker_interface f_docker;
+    TPanel *f_content = nullptr;   ///< of the sheet
+    TWinControl *f_made = nullptr; ///< of the sheet
+    std::weak_ptr<void const> f_made_life;
+    bool f_is_asked = false;
     bool f_building = false;
 };
 } // namespace
+
+void vx_dock_panels_offer_control(t_vx_docker_interface docker, closure<TWinControl *(TWinControl *)> make)
+{
+    auto &desk = docker_desk::get();
+    auto const found = desk.find(docker);
+    if (!make) {
+        if (found == desk.offers.end())
+            return;
+        desk.offers.erase(found);
+    } else if (found == desk.offers.end()) {
+        desk.offers.push_back({docker, make});
+    } else {
+        found->make = make;
+    }
+    // Views come and go while they ask.
+    auto const views = desk.views;
+    for (auto *const view : views)
+        if (std::ranges::find(desk.views, view) != desk.views.end() && view->shows(docker))
+            view->take_offer();
+}
 
 void vx_dock_panels_tabsheet_visit_docker(TTabSheet *sheet, t_vx_docker_interface docker)
 {

@@ -23,8 +23,10 @@ VX_API void vx_dock_panels_tabsheet_visit_docker(TTabSheet *sheet, t_vx_docker_i
 VX_API void vx_dock_panels_tabsheet_leave_docker(TTabSheet *sheet, bool is_dead);
 
 /// A module that has a control of the toolkit to show, rather than elements, says so for its docker: the
-/// sheet then asks `make` for it, with itself as parent, in place of the docker's element. The control, or
-/// null for nothing to show, lies on all of the sheet, which owns it. Captions, visibility and updates stay
-/// the docker's. An empty closure takes the offer back, which a docker does before it ends.
+/// sheet then asks `make` for it, with itself as parent, in place of the docker's element: once, when the
+/// docker is first visible. The control, or null for nothing to show, lies on all of the sheet, which owns
+/// it. Captions, visibility and updates stay the docker's; what `make` throws passes through, as what a
+/// docker throws. An empty closure takes the offer back with what was made, which a docker does before it
+/// ends. A control may also be ended by its maker.
 VX_API void vx_dock_panels_offer_control(t_vx_docker_interface docker,
                                          closure<TWinControl *(TWinControl *)> make);
