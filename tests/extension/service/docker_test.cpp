@@ -8,6 +8,7 @@
 #include "extension/binding/output.h"
 #include "extension/binding/scroll_layout.h"
 #include "extension_models.h"
+#include "layer_edit/page_api/basic_lr2d_edit.h"
 
 #include "platform/dialogs/vx_dock_panels.h"
 #include "platform/toolkit/controls/button.h"
@@ -241,4 +242,146 @@ TEST_F(dockers, a_dead_docker_and_its_elements_are_left_alone)
     offering.die();
     EXPECT_TRUE(tabs().empty());
     custom.reset(); // the fixture sees that nothing was touched
+}
+
+namespace {
+/// A page of a module's own, shown for its docker.
+class own_page final : public Tvx_basic_lr2d_edit
+{
+public:
+    explicit own_page(TComponent *owner) : Tvx_basic_lr2d_edit(owner) { ++living; }
+    ~own_page() override { --living; }
+    void load_res() override {}
+    void update_controls() override {}
+    void end_edit(bool taken) override { ended.push_back(taken); }
+    static inline int living = 0;
+    static inline std::vector<bool> ended;
+};
+
+class control_dockers : public dockers
+{
+protected:
+    control_dockers() { own_page::ended.clear(); }
+    ~control_dockers() override
+    {
+        if (shown)
+            vx_dock_panels_offer_control(*shown, {});
+        custom.reset();
+        EXPECT_EQ(own_page::living, 0);
+    }
+    TWinControl *make(TWinControl *parent)
+    {
+        ++asked;
+        EXPECT_EQ(parent, pages.GetPages(0));
+        if (gives == nothing)
+            return nullptr;
+        auto *const page = new own_page(gives == without_owner ? nullptr : parent);
+        page->SetParent(parent);
+        if (gives == fault)
+            throw std::runtime_error("cannot be made");
+        return page;
+    }
+    void offer() { vx_dock_panels_offer_control(*shown, make_closure<&control_dockers::make>(this)); }
+    void open_offered(bool visible = true)
+    {
+        shown = &offering.add_docker(L"docker", L"panel");
+        shown->element = [](vx::element_visitor) { ADD_FAILURE() << "the element has no place"; };
+        shown->shown = visible;
+        offer();
+        open({&offering});
+        sheet = pages.GetPages(0);
+    }
+
+    enum
+    {
+        owned,
+        without_owner,
+        nothing,
+        fault
+    } gives = owned;
+    int asked = 0;
+};
+} // namespace
+
+TEST_F(control_dockers, a_control_is_asked_for_when_it_is_first_seen)
+{
+    gives = without_owner;
+    open_offered(false);
+    EXPECT_EQ(asked, 0);
+    EXPECT_TRUE(tabs().empty());
+    shown->shown = true;
+    shown->view.update_state();
+    input::wait_idle();
+    EXPECT_EQ(tabs(), tab_list{L"panel"});
+    auto *const page = all_below<own_page>(sheet).at(0);
+    EXPECT_EQ(page->GetWidth(), sheet->GetClientWidth());
+    EXPECT_EQ(page->GetHeight(), sheet->GetClientHeight());
+    shown->caption = L"other";
+    shown->view.update_appearance();
+    shown->view.update_data();
+    shown->shown = false;
+    shown->view.update_state();
+    EXPECT_TRUE(tabs().empty());
+    shown->shown = true;
+    shown->view.update_state();
+    EXPECT_EQ(tabs(), tab_list{L"other"});
+    EXPECT_EQ(all_below<own_page>(sheet), std::vector<own_page *>{page}) << "one for the sheet's life";
+    EXPECT_EQ(asked, 1);
+    custom->end_edit(true);
+    custom->end_edit(false);
+    EXPECT_EQ(own_page::ended, (std::vector<bool>{true, false}));
+    // Its maker ends it; the sheet does not miss it.
+    delete page;
+    shown->view.update_state();
+    custom.reset();
+}
+
+TEST_F(control_dockers, whoever_ends_first)
+{
+    open_offered();
+    EXPECT_EQ(own_page::living, 1);
+    custom.reset(); // the sheet: the control goes with it
+    EXPECT_EQ(own_page::living, 0);
+    open({&offering});
+    EXPECT_EQ(own_page::living, 1) << "an offer stands until it is taken back";
+    sheet = pages.GetPages(0);
+    shown->element = {};
+    vx_dock_panels_offer_control(*shown, {});
+    EXPECT_EQ(own_page::living, 0) << "what was made goes with the offer";
+    vx_dock_panels_offer_control(*shown, {});
+    offer();
+    EXPECT_EQ(own_page::living, 1) << "an offer that comes late";
+    // The docker: the offer first, then itself.
+    vx_dock_panels_offer_control(*shown, {});
+    offering.die();
+    EXPECT_TRUE(tabs().empty());
+    EXPECT_EQ(own_page::living, 0);
+}
+
+TEST_F(control_dockers, nothing_to_show_and_a_maker_that_throws)
+{
+    gives = nothing;
+    open_offered();
+    EXPECT_EQ(tabs(), tab_list{L"panel"});
+    shown->view.update_state();
+    EXPECT_EQ(asked, 1);
+    custom.reset();
+    gives = fault;
+    open({&offering});
+    EXPECT_TRUE(tabs().empty());
+    EXPECT_EQ(own_page::living, 0);
+    EXPECT_TRUE(input::wait_until([] { return told.size() == 1; })) << "the service is left out, once";
+    // In the middle of a change of the layer.
+    gives = fault;
+    shown->shown = false;
+    open({&offering});
+    offering.on_layer = [this](Ivx_layer *) {
+        shown->shown = true;
+        shown->view.update_state();
+    };
+    custom->set_layer(nullptr);
+    EXPECT_TRUE(tabs().empty());
+    EXPECT_TRUE(input::wait_until([] { return told.size() == 2; }));
+    custom.reset();
+    offering.on_layer = {};
 }
