@@ -59,9 +59,9 @@ TEST_F(layout_form, never_shows_the_tab_of_styles)
     ASSERT_NE(style_tab(record), nullptr);
     EXPECT_FALSE(style_tab(record)->GetTabVisible()) << "before any layer";
     EXPECT_EQ(style_tab(record)->GetCaption(), L"Element style");
-    for (char const *key :
-         {c_lr_key_layout_page, c_lr_key_layout_scene_frame, c_lr_key_layout_legend, c_lr_key_layout_table,
-          c_lr_key_layout_ole_object, c_lr_key_shp_pnt, c_lr_key_rtr, c_lr_key_tos_slice, c_lr_key_tld, "x"}) {
+    for (char const *key : {c_lr_key_layout_page, c_lr_key_layout_scene_frame, c_lr_key_layout_legend,
+                            c_lr_key_layout_table, c_lr_key_layout_ole_object, c_lr_key_shp_pnt, c_lr_key_rtr,
+                            c_lr_key_tos_slice, c_lr_key_tld, "x"}) {
         auto const layer = make_element(key);
         vx_lr2d_set_wcaption(layer.get(), L"Map of 100 %s");
         vx_lr2d_edt_form_set_lr2d(record, layer.get());
