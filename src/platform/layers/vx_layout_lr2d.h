@@ -24,8 +24,8 @@ inline constexpr double c_layout_longest_side = 10'000;
 inline constexpr double c_layout_farthest_place = 100'000; ///< mm, on either side of the page's corner
 inline constexpr double c_layout_least_scale = 1e-6;       ///< N of 1 : N
 inline constexpr double c_layout_greatest_scale = 1e12;
-inline constexpr double c_layout_longest_division = 1e9;   ///< of a scale bar, in its units
-inline constexpr std::size_t c_layout_most_items = 10'000; ///< lines of a legend, fields of a table
+inline constexpr double c_layout_longest_division = 1e9; ///< of a scale bar, in its units
+inline constexpr std::size_t c_layout_most_items = 1000; ///< lines of a legend, fields of a table
 
 // ---- plug-ins
 
