@@ -5,10 +5,10 @@
 struct Ivx_scn_2d;
 struct Ivx_scns_2d;
 
-/// Scenes in files: caption, scale rule, view, and the layers from the lowest with type, caption, source,
-/// visibility and how they are drawn: the style managers and texts of vector layers, the colours of rasters.
-/// Data are not looked at. In the file, sources near it are named from its folder, so that both can be moved
-/// together, and passwords of connection strings stand as "***".
+/// Scenes in files: caption, scale rule, view, unit, and the layers from the lowest with type, caption,
+/// source, visibility and how they are drawn: the style managers and texts of vector layers, the colours of
+/// rasters. Data are not looked at. In the file, sources near it are named from its folder, so that both can
+/// be moved together, and passwords of connection strings stand as "***".
 ///
 /// A load puts the layers of the file in place of the scene's own, and takes its caption unless that is
 /// empty. False when the file cannot be read, is damaged, newer or no scene; the scene is then as it was.
@@ -18,8 +18,10 @@ struct Ivx_scns_2d;
 VX_API bool vx_xml_data_save_scn2d_w(Ivx_xml_data *xml, wchar_t const *file, Ivx_scn_2d const *scene);
 
 /// The same with the page layouts (platform/layers/vx_prj.h) that belong to the scene, in the same file;
-/// either may be null. A load puts the file's layouts in place of those of the list, none for a file without;
-/// which of them is active comes back too. All or nothing for both together.
+/// one of both may be null. A load puts the file's layouts in place of those of the list, none for a file
+/// without; which of them is active comes back too. All or nothing for both together. Files and data sets
+/// that elements show are named as sources of layers, scenes and frames by their captions. A file holds 1,000
+/// layouts, with 10,000 elements together, and 10,000 layers; what has more is not saved.
 [[nodiscard]] VX_API bool vx_xml_data_load_scn2d_layouts_w(Ivx_xml_data *xml, wchar_t const *file,
                                                            Ivx_scn_2d *scene, Ivx_scns_2d *layouts);
 VX_API bool vx_xml_data_save_scn2d_layouts_w(Ivx_xml_data *xml, wchar_t const *file, Ivx_scn_2d const *scene,

@@ -4,6 +4,8 @@
 #include "platform/basic/vx_clr_channel.h"
 #include "platform/data/vx_tld_data.h"
 #include "platform/layers/layer_keys.h"
+#include "platform/layers/layout_keys.h"
+#include "platform/layers/vx_layout_lr2d.h"
 #include "platform/layers/vx_rtr_lr2d.h"
 #include "platform/layers/vx_scn_2d.h"
 #include "platform/layers/vx_shp_lr2d.h"
@@ -22,6 +24,7 @@
 
 namespace {
 using scene_ptr = vx::owned<Ivx_scn_2d, &vx_scn_2d_destroy>;
+using layouts_ptr = vx::owned<Ivx_scns_2d, &vx_scns_2d_destroy>;
 
 Ivx_layer *make_layer(char const *key, wchar_t const *caption, wchar_t const *source)
 {
@@ -98,6 +101,85 @@ scene_ptr sample()
     vx_textlr_info_set_init_scale(label, 25000);
     vx_textlr_info_set_text_pos_x(label, -1);
     return scene;
+}
+
+/// Two layouts, the second active, with an element of each kind in the first.
+layouts_ptr sample_layouts(std::wstring const &folder)
+{
+    struct
+    {
+        char const *key;
+        std::wstring source;
+    } const elements[] = {
+        {c_lr_key_layout_page, L""},
+        {c_lr_key_layout_scene_frame, L"./map"},
+        {c_lr_key_layout_text, L""},
+        {c_lr_key_layout_neatline, L""},
+        {c_lr_key_layout_legend, L"/frame"},
+        {c_lr_key_layout_north_arrow, folder + L"/frame"},
+        {c_lr_key_layout_scale_bar, L"password=frame"},
+        {c_lr_key_layout_scale_text, L"../frame"},
+        {c_lr_key_layout_image, folder + L"/logo.png"},
+        {c_lr_key_layout_table, L"*" + folder + L"/a.gpkg|layer=x"},
+        {c_lr_key_layout_ole_object, L""},
+    };
+    layouts_ptr layouts(vx_scns_2d_create());
+    auto *const layout = vx_scns_2d_add(layouts.get(), L"Лист <1>");
+    for (int i = 0; auto const &[key, source] : elements) {
+        auto *const layer = make_layer(key, i % 2 ? L"" : L"name", source.c_str());
+        EXPECT_TRUE(vx_scn_2d_insert(layout, i++, layer));
+        vx_layout_lr2d_set_box(layer, {0, 0, 0.1 + i, 10.0 / i});
+        vx_layout_lr2d_set_writing(layer, {{}, i / 0.7, vx_clr_init_rgb(i, 2, 3), 1, 0});
+        vx_pgn_style_set_pnt_visible(vx_layout_lr2d_get_pgn_style_ptr(layer), i % 2);
+        vx_layout_scene_frame_lr2d_set_scale(layer, 500, 1e9 / 3);
+        vx_layout_scene_frame_lr2d_set_center(layer, {-1e300, 1.0 / 3});
+        vx_layout_text_lr2d_set_wtext(layer, L"one\n\t\"two\" & три\r\n");
+        vx_layout_text_lr2d_set_angle(layer, -0.1);
+        vx_layout_scale_bar_lr2d_set(layer, {c_layout_bar_double, c_layout_unit_ft, 20, 1.0 / 3, 99});
+        vx_layout_north_arrow_lr2d_set(layer, {c_layout_arrow_plain, 359, false});
+        vx_layout_legend_lr2d_set(layer, {L"Key", 20, 1, 2, 3, {{true, L"a\nb", false}, {}}});
+        vx_layout_image_lr2d_set_keep_ratio(layer, false);
+        vx_layout_table_lr2d_set(layer, {1000, {L"NAME", L""}});
+    }
+    auto *const second = vx_scns_2d_add(layouts.get(), L"");
+    vx_scn_2d_set_view(second, {105, 148}, 0.25);
+    vx_scns_2d_set_active_scn(layouts.get(), second);
+    return layouts;
+}
+
+/// Whether all that elements have is the same.
+void expect_same_element(Ivx_layer *a, Ivx_layer *b)
+{
+    SCOPED_TRACE(vx_lr2d_get_lr_type(a));
+    Tvx_pnt_d2 scale_a, scale_b;
+    vx_layout_scene_frame_lr2d_get_scale(a, &scale_a.x, &scale_a.y);
+    vx_layout_scene_frame_lr2d_get_scale(b, &scale_b.x, &scale_b.y);
+    std::wstring text_a, text_b;
+    vx_layout_text_lr2d_get_wtext(a, Tvx_std_wstring_adapter(text_a));
+    vx_layout_text_lr2d_get_wtext(b, Tvx_std_wstring_adapter(text_b));
+    EXPECT_EQ(text_a, text_b);
+    EXPECT_EQ(scale_a, scale_b);
+    EXPECT_TRUE(vx_pgn_style_equal(vx_layout_lr2d_get_pgn_style_ptr(a), vx_layout_lr2d_get_pgn_style_ptr(b)));
+    auto const same = [&](auto get) { EXPECT_TRUE(get(a) == get(b)); };
+    same(&vx_layout_lr2d_get_box);
+    same(&vx_layout_lr2d_get_writing);
+    same(&vx_layout_scene_frame_lr2d_get_center);
+    same(&vx_layout_text_lr2d_get_angle);
+    same(&vx_layout_scale_bar_lr2d_get);
+    same(&vx_layout_north_arrow_lr2d_get);
+    same(&vx_layout_legend_lr2d_get);
+    same(&vx_layout_image_lr2d_get_keep_ratio);
+    same(&vx_layout_table_lr2d_get);
+}
+
+std::wstring content(Ivx_scns_2d const *layouts)
+{
+    std::wstring all;
+    for (int i = 0; i < vx_scns_2d_get_count(layouts); ++i) {
+        auto *const layout = vx_scns_2d_get_scn(layouts, i);
+        all += content(layout) + (layout == vx_scns_2d_get_active_scn(layouts) ? L" active\n" : L"\n");
+    }
+    return all;
 }
 
 /// A file that never reaches the disk.
@@ -180,7 +262,7 @@ TEST(scene_files, of_version_1_are_read_and_newer_ones_told)
     };
     EXPECT_TRUE(load("<vx_scene version=\"1\"><layer type=\"shp_pnt_lr2d\" source=\"/a.shp\"/></vx_scene>"));
     EXPECT_EQ(vx_scn_2d_get_count(scene.get()), 1);
-    EXPECT_FALSE(load("<vx_scene version=\"5\"/>"));
+    EXPECT_FALSE(load("<vx_scene version=\"6\"/>"));
     for (char const *wrong :
          {"<view x=\"0\" y=\"0\" pixel=\"0\"/>", "<view x=\"0\" y=\"0\" pixel=\"nan\"/>",
           "<layer type=\"shp_pnt_lr2d\"><managers/></layer>",
@@ -205,6 +287,124 @@ TEST(scene_files, of_version_1_are_read_and_newer_ones_told)
         EXPECT_FALSE(load((std::string("<vx_scene version=\"4\">") + wrong + "</vx_scene>").c_str()))
             << wrong;
     EXPECT_EQ(vx_scn_2d_get_count(scene.get()), 1);
+}
+
+TEST(scene_files, keep_layouts)
+{
+    vx_test::temp_dir dir;
+    auto const path = (dir / "a_.sn").wstring();
+    auto const plain = (dir / "b_.sn").wstring();
+    scene_ptr const scene = sample(), other(vx_scn_2d_create(L""));
+    ASSERT_TRUE(vx_xml_data_save_scn2d_w(nullptr, plain.c_str(), scene.get()));
+    EXPECT_NE(vx_test::read_file(plain).find("<vx_scene version=\"4\""), std::string::npos);
+    vx_scn_2d_set_unit(scene.get(), false, 0.3048);
+    ASSERT_TRUE(vx_scn_2d_insert(scene.get(), 0, vx_lr2d_create(c_lr_key_layout_text)));
+    vx_layout_text_lr2d_set_wtext(vx_scn_2d_get_layer(scene.get(), 0), L"on the map");
+    layouts_ptr const layouts = sample_layouts(dir.path().wstring());
+    ASSERT_TRUE(vx_xml_data_save_scn2d_layouts_w(nullptr, path.c_str(), scene.get(), layouts.get()));
+    layouts_ptr const found(vx_scns_2d_create());
+    vx_scns_2d_add(found.get(), L"goes away");
+    ASSERT_TRUE(vx_xml_data_load_scn2d_layouts_w(nullptr, path.c_str(), other.get(), found.get()));
+    EXPECT_EQ(content(other.get()), content(scene.get()));
+    EXPECT_EQ(vx_scn_2d_get_unit_metres(other.get(), {}), 0.3048);
+    expect_same_element(vx_scn_2d_get_layer(scene.get(), 0), vx_scn_2d_get_layer(other.get(), 0));
+    EXPECT_EQ(content(found.get()), content(layouts.get()));
+    for (int i = 0; i < 11; ++i)
+        expect_same_element(vx_scn_2d_get_layer(vx_scns_2d_get_scn(layouts.get(), 0), i),
+                            vx_scn_2d_get_layer(vx_scns_2d_get_scn(found.get(), 0), i));
+    auto const image = vx_scn_2d_get_layer(vx_scns_2d_get_scn(found.get(), 0), 9);
+    vx_lr2d_set_wfilename(image, L"/moved.gpkg");
+    std::wstring name;
+    vx_lr2d_get_wcaption(image, Tvx_std_wstring_adapter(name));
+    EXPECT_EQ(name, L"moved") << "what has no name of its own is called after what it shows";
+    std::string const bytes = vx_test::read_file(path);
+    for (char const *source : {"\"./map\"", "\"./logo.png\"", "\"*./a.gpkg|layer=x\"", "\"password=frame\""})
+        EXPECT_NE(bytes.find(std::string("source=") + source), std::string::npos) << source;
+    // Each half by itself.
+    ASSERT_TRUE(vx_xml_data_load_scn2d_layouts_w(nullptr, path.c_str(), nullptr, found.get()));
+    ASSERT_TRUE(vx_xml_data_load_scn2d_w(nullptr, path.c_str(), other.get()));
+    ASSERT_TRUE(vx_xml_data_save_scn2d_layouts_w(nullptr, path.c_str(), other.get(), found.get()));
+    EXPECT_EQ(vx_test::read_file(path), bytes);
+    ASSERT_TRUE(vx_xml_data_save_scn2d_layouts_w(nullptr, path.c_str(), nullptr, found.get()));
+    ASSERT_TRUE(vx_xml_data_load_scn2d_layouts_w(nullptr, path.c_str(), other.get(), found.get()));
+    EXPECT_EQ(vx_scn_2d_get_count(other.get()), 0);
+    EXPECT_EQ(content(found.get()), content(layouts.get()));
+    ASSERT_TRUE(vx_xml_data_load_scn2d_layouts_w(nullptr, plain.c_str(), other.get(), found.get()));
+    EXPECT_EQ(vx_scns_2d_get_count(found.get()), 0);
+    EXPECT_EQ(vx_scn_2d_get_unit_metres(other.get(), {}), 1);
+    EXPECT_FALSE(vx_xml_data_load_scn2d_layouts_w(nullptr, plain.c_str(), nullptr, nullptr));
+    EXPECT_FALSE(vx_xml_data_save_scn2d_layouts_w(nullptr, plain.c_str(), nullptr, nullptr));
+    for (int i = 0; i < 1001; ++i)
+        vx_scns_2d_add(found.get(), L"");
+    std::string const before = vx_test::read_file(plain);
+    EXPECT_FALSE(vx_xml_data_save_scn2d_layouts_w(nullptr, plain.c_str(), nullptr, found.get()));
+    EXPECT_EQ(vx_test::read_file(plain), before) << "nothing is written that could not be read";
+}
+
+TEST(scene_files, with_wrong_layouts_change_nothing)
+{
+    auto const repeated = [](char const *what, int count) {
+        std::string all;
+        while (count-- > 0)
+            all += what;
+        return all;
+    };
+    auto const element = [](std::string const &key, std::string const &content) {
+        return "<layouts><layout><layer type=\"layout_" + key + "\"><element>" + content +
+               "</element></layer></layout></layouts>";
+    };
+    memory_file file;
+    scene_ptr const scene(vx_scn_2d_create(L"kept"));
+    layouts_ptr const layouts = sample_layouts(L"/d");
+    std::wstring const before = content(scene.get()) + content(layouts.get());
+    auto const load = [&](std::string const &text) {
+        file.set("<vx_scene version=\"5\">" + text + "</vx_scene>");
+        return vx_xml_data_load_scn2d_layouts_w(nullptr, file.path().c_str(), scene.get(), layouts.get());
+    };
+    for (std::string const &wrong : {
+             std::string("<layouts/>"),
+             std::string("<layouts active=\"1\"><layout/></layouts>"),
+             std::string("<layouts active=\"-1\"><layout/></layouts>"),
+             std::string("<layouts><layout/></layouts><layouts><layout/></layouts>"),
+             std::string("<layouts><layout><layouts><layout/></layouts></layout></layouts>"),
+             std::string("<layer type=\"rtr_lr2d\"><element/></layer>"),
+             std::string("<unit metres=\"0\"/>"),
+             std::string("<unit metres=\"inf\"/>"),
+             "<layouts>" + repeated("<layout/>", 1001) + "</layouts>",
+             "<layouts><layout>" + repeated("<layer type=\"layout_text\"/>", 5000) + "</layout><layout>" +
+                 repeated("<layer type=\"layout_text\"/>", 5001) + "</layout></layouts>",
+             element("text", "<box left=\"1\" top=\"1\" right=\"1\" bottom=\"2\"/>"),
+             element("text", "<box left=\"0\" right=\"1e300\"/>"),
+             element("text", "<box left=\"nan\"/>"),
+             element("page", "<box left=\"1\"/>"),
+             element("text", "<writing size=\"0\"/>"),
+             element("text", "<writing align_x=\"2\"/>"),
+             element("text", "<frame/>"),
+             element("text", "<text/><text/>"),
+             element("scene_frame", "<frame scale_x=\"0\"/>"),
+             element("scene_frame", "<frame scale_y=\"1e300\"/>"),
+             element("scale_bar", "<scale_bar kind=\"3\"/>"),
+             element("scale_bar", "<scale_bar unit=\"-1\"/>"),
+             element("scale_bar", "<scale_bar divisions=\"2147483648\"/>"),
+             element("north_arrow", "<north_arrow kind=\"3\"/>"),
+             element("legend", "<legend columns=\"21\"/>"),
+             element("legend", "<legend>" + repeated("<item/>", 1001) + "</legend>"),
+             element("table", "<table rows=\"0\"/>"),
+             element("table", "<table>" + repeated("<field/>", 1001) + "</table>"),
+         }) {
+        EXPECT_FALSE(load(wrong)) << wrong.substr(0, 200);
+        EXPECT_EQ(content(scene.get()) + content(layouts.get()), before) << wrong.substr(0, 200);
+    }
+    // What is not told is as in a new element, and names may lead nowhere.
+    ASSERT_TRUE(load("<layouts><layout><layer type=\"layout_page\"/><layer type=\"layout_scene_frame\" "
+                     "source=\"gone\"><element/></layer></layout></layouts>"));
+    Ivx_scn_2d *const layout = vx_scns_2d_get_scn(layouts.get(), 0);
+    for (char const *key : {c_lr_key_layout_page, c_lr_key_layout_scene_frame}) {
+        vx::owned<Ivx_layer, &vx_lr2d_destroy> const fresh(vx_lr2d_create(key));
+        expect_same_element(fresh.get(), vx_scn_2d_get_layer(layout, key == c_lr_key_layout_scene_frame));
+    }
+    EXPECT_EQ(vx_layout_scene_frame_lr2d_get_scene(vx_scn_2d_get_layer(layout, 1)), nullptr);
+    ASSERT_TRUE(load("<layouts>" + repeated("<layout/>", 1000) + "</layouts>"));
 }
 
 TEST(scene_files, keep_how_layers_of_cells_are_drawn)
@@ -328,15 +528,20 @@ TEST(scene_files, damaged_ones_leave_the_scene_alone)
     vx_test::temp_dir dir;
     auto const path = (dir / "a_.sn").wstring();
     scene_ptr const scene = sample();
-    ASSERT_TRUE(vx_xml_data_save_scn2d_w(nullptr, path.c_str(), scene.get()));
+    layouts_ptr const layouts = sample_layouts(L"/d");
+    for (int i = 11; i-- > 0;)
+        if (i % 4 != 1) // a frame, a north arrow and a table are enough
+            vx_lr2d_destroy(vx_scn_2d_extract(vx_scns_2d_get_scn(layouts.get(), 0), i));
+    ASSERT_TRUE(vx_xml_data_save_scn2d_layouts_w(nullptr, path.c_str(), scene.get(), layouts.get()));
     std::string const bytes = vx_test::read_file(path);
     scene_ptr const target(vx_scn_2d_create(L"kept"));
-    std::wstring const before = content(target.get());
+    std::wstring const before = content(target.get()) + content(layouts.get());
     memory_file damaged;
     auto const refused = [&](std::string const &text) {
         damaged.set(text);
-        return !vx_xml_data_load_scn2d_w(nullptr, damaged.path().c_str(), target.get()) &&
-               content(target.get()) == before;
+        return !vx_xml_data_load_scn2d_layouts_w(nullptr, damaged.path().c_str(), target.get(),
+                                                 layouts.get()) &&
+               content(target.get()) + content(layouts.get()) == before;
     };
     damaged.set(bytes);
     scene_ptr const whole(vx_scn_2d_create(L""));
