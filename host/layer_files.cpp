@@ -2,6 +2,7 @@
 
 #include "captions/driver_faults.h"
 #include "data/connection/connection_params.h"
+#include "extension/binding/codes.h"
 #include "extension/binding/data_source.h"
 #include "extension/binding/string_visitor.h"
 #include "host/captions.h"
@@ -146,6 +147,72 @@ void add_vector(Tvx_layer_list::layer_ptr layer, QString const &path, std::wstri
     result.layers.push_back({std::move(layer), vx_map_unit_from_proj4(projection)});
 }
 
+/// A kind of layer that draws part of a table, and what the connection string calls its shapes.
+struct kind_of_shapes
+{
+    Tvx_shape_kind kind;
+    wchar_t const *type;
+    Tvx_host_caption caption;
+};
+constexpr kind_of_shapes c_shape_kinds[] = {
+    {c_shape_point, L"multipoint", c_cap_kind_points},
+    {c_shape_polyline, L"polyline", c_cap_kind_lines},
+    {c_shape_polygon, L"polygon", c_cap_kind_polygons},
+};
+
+/// The kinds of shapes in a table that may hold any; nothing where all are of one kind.
+std::vector<kind_of_shapes> kinds_of_mixed(Ivx_layer *layer)
+{
+    Ivx_attr_data *const data = vx_shp_lr2d_get_attr_data_ptr(layer);
+    if (vx_attr_data_get_geom_type(data) != vx::codes::plain::geom_unknown)
+        return {};
+    vx::owned<Ivx_shape_files, &vx_shape_files_close> const shapes(vx_shape_files_open(data));
+    std::vector<kind_of_shapes> kinds;
+    for (kind_of_shapes const &kind : c_shape_kinds) {
+        Tvx_shape_view view;
+        for (unsigned i = 0; vx_shape_files_get(shapes.get(), i, &view); ++i)
+            if (view.kind == kind.kind) {
+                kinds.push_back(kind);
+                break;
+            }
+    }
+    return kinds.size() > 1 ? kinds : std::vector<kind_of_shapes>();
+}
+
+/// The connection string with the option behind the place of the data: the name of a table, which stands
+/// last, may hold whatever divides options.
+std::wstring with_type(std::wstring const &source, wchar_t const *type)
+{
+    std::size_t at = source.find(L'|');
+    at = std::min(at == std::wstring::npos ? source.find(L'&') : at, source.size());
+    std::wstring const options = at < source.size() ? source.substr(at + 1) : std::wstring();
+    return source.substr(0, at) + L"|geom_type=" + type + (options.empty() ? L"" : L"&") + options;
+}
+
+/// One layer, or one for each kind where the table mixes kinds of shapes: a layer draws one.
+void add_table(Tvx_layer_list::layer_ptr layer, std::wstring const &source, QString const &path,
+               std::wstring const &name, bool one_of_many, Tvx_opened_file &result)
+{
+    auto const kinds = kinds_of_mixed(layer.get());
+    if (kinds.empty())
+        return add_vector(std::move(layer), path, name, one_of_many, result);
+    for (kind_of_shapes const &kind : kinds) {
+        std::wstring error;
+        Tvx_layer_list::layer_ptr part(
+            vx_shp_lr2d_open(with_type(source, kind.type).c_str(), Tvx_std_wstring_adapter(error)));
+        if (!part) {
+            result.error = QString::fromStdWString(error);
+            continue;
+        }
+        add_vector(std::move(part), path, name, one_of_many, result);
+        Ivx_layer *const added = result.layers.back().layer.get();
+        std::wstring caption;
+        vx_lr2d_get_wcaption(added, Tvx_std_wstring_adapter(caption));
+        caption += L" (" + vx_host_caption(kind.caption).toLower().toStdWString() + L")";
+        vx_lr2d_set_wcaption(added, caption.c_str());
+    }
+}
+
 /// The connection string of a server names the one table that is wanted.
 bool names_table(QString const &path)
 {
@@ -162,7 +229,7 @@ void add_only_vector(data_set set, QString const &path, std::wstring const &file
     std::wstring error;
     Tvx_layer_list::layer_ptr layer(vx_shp_lr2d_take(file.c_str(), &opened, Tvx_std_wstring_adapter(error)));
     if (layer)
-        add_vector(std::move(layer), path, name.text, false, result);
+        add_table(std::move(layer), file, path, name.text, false, result);
     else
         result.error = QString::fromStdWString(error);
 }
@@ -175,10 +242,10 @@ void add_vectors(data_set const &set, QString const &path, std::wstring const &f
         set->vector_source(i, source);
         set->vector_name(i, name);
         std::wstring error;
-        Tvx_layer_list::layer_ptr layer(
-            vx_shp_lr2d_open(part_source(source.text, file).c_str(), Tvx_std_wstring_adapter(error)));
+        std::wstring const part = part_source(source.text, file);
+        Tvx_layer_list::layer_ptr layer(vx_shp_lr2d_open(part.c_str(), Tvx_std_wstring_adapter(error)));
         if (layer)
-            add_vector(std::move(layer), path, name.text, count > 1, result);
+            add_table(std::move(layer), part, path, name.text, count > 1, result);
         else
             result.error = QString::fromStdWString(error);
     }

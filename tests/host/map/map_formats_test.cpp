@@ -1,4 +1,5 @@
 #include "bundles/gdal_drivers/writing.h"
+#include "host/map_scene.h"
 #include "map_fixture.h"
 #include "support/temp_dir.h"
 
@@ -135,6 +136,39 @@ TEST_F(map_formats, a_table_of_coordinates_is_one_of_points)
         EXPECT_EQ(messages.texts.front().count(path_of(folder / "t.csv")), 1);
         for (char const *const name : {"longitude", "latitude", "x", "y", "WKT"})
             EXPECT_TRUE(messages.texts.front().contains(name)) << messages.texts.front().toStdString();
+    }
+}
+
+TEST_F(map_formats, a_table_of_mixed_shapes_is_a_layer_for_each_kind)
+{
+    auto const feature = [](char const *type, char const *coordinates) {
+        return std::string(R"({"type":"Feature","properties":{"n":1},"geometry":{"type":")") + type +
+               R"(","coordinates":)" + coordinates + "}}";
+    };
+    write_file(folder / "a&b.geojson",
+               R"({"type":"FeatureCollection","features":[)" + feature("LineString", "[[0,0],[9,9]]") + "," +
+                   feature("Point", "[5,1]") + "," + feature("Polygon", "[[[0,4],[4,9],[0,9],[0,4]]]") + "," +
+                   feature("MultiPoint", "[[6,1],[7,1]]") + "]}");
+    ASSERT_EQ(window->open_files({path_of(folder / "a&b.geojson")}), 3);
+    QString const map = path_of(folder / "mixed.sn");
+    ASSERT_TRUE(vx_map_scene_save(map, layers(), canvas().view()));
+    for (bool const is_reopened : {false, true}) {
+        if (is_reopened) {
+            window = std::make_unique<Tvx_map_window>();
+            ASSERT_EQ(window->open_files({map}), 3);
+        }
+        struct
+        {
+            char const *name, *key, *count;
+        } const expected[] = {{"a&b (points)", c_lr_key_shp_pnt, "2 features"},
+                              {"a&b (lines)", c_lr_key_shp_pln, "1 feature"},
+                              {"a&b (polygons)", c_lr_key_shp_pgn, "1 feature"}};
+        for (int row = 0; row < 3; ++row) {
+            EXPECT_EQ(layers().name_at(row), expected[row].name);
+            EXPECT_STREQ(vx_lr2d_get_lr_type(layers().layer_at(row)), expected[row].key);
+            EXPECT_TRUE(
+                layers().data(layers().index(row), Qt::ToolTipRole).toString().contains(expected[row].count));
+        }
     }
 }
 
