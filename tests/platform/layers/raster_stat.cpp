@@ -151,3 +151,17 @@ TEST(raster_stat, of_what_cannot_be_read_there_is_none)
     EXPECT_EQ(vx_rtr_lr2d_get_sourse(nullptr), nullptr);
     EXPECT_EQ(vx_rtr_lr2d_rastr_stat_create(nullptr, 0), nullptr);
 }
+
+TEST(raster_layers, keep_their_channels_when_a_password_is_given_and_for_no_other_data)
+{
+    std::wstring const file = L"" VX_EXAMPLE_DATA "/L7_ETMs.tif|";
+    for (bool const is_kept : {true, false}) {
+        layer_ptr const layer(vx_rtr_lr2d_create((file + L"password=***").c_str()));
+        auto const gray = [&] {
+            return vx_rgb_channels_get_gray(vx_rtr_lr2d_get_rgb_channels_ptr(layer.get()));
+        };
+        vx_clr_channel_set_min(gray(), 123);
+        vx_lr2d_set_wfilename(layer.get(), (file + (is_kept ? L"password=tiger" : L"")).c_str());
+        EXPECT_EQ(vx_clr_channel_get_min(gray()) == 123, is_kept);
+    }
+}

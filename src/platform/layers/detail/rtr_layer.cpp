@@ -1,5 +1,6 @@
 #include "platform/layers/detail/rtr_layer.h"
 
+#include "platform/basic/vx_fault.h"
 #include "platform/layers/layer_keys.h"
 #include "platform/layers/vx_rtr_lr2d.h"
 
@@ -27,6 +28,7 @@ std::unique_ptr<Ivx_layer> rtr_layer::clone() const
     }
     copy->channels.reset(vx_rgb_channels_clone(channels.get()));
     copy->has_fed_channels = has_fed_channels;
+    copy->fed_from = fed_from;
     return copy;
 }
 
@@ -34,6 +36,9 @@ void rtr_layer::file_name_changed()
 {
     source.reset();
     statistics.clear();
+    // A password that was asked for makes no other data of them.
+    if (has_fed_channels && vx_mask_passwords(file_name) == fed_from)
+        return;
     channels.reset(vx_rgb_channels_create());
     has_fed_channels = false;
 }
@@ -58,7 +63,13 @@ Tvx_stat_data *rtr_layer::statistic(unsigned band)
 void rtr_layer::set_channels(void const *from)
 {
     vx_rgb_channels_assign(channels.get(), from);
+    note_fed();
+}
+
+void rtr_layer::note_fed()
+{
     has_fed_channels = true;
+    fed_from = vx_mask_passwords(file_name);
 }
 
 void *rtr_layer::rgb_channels()
@@ -66,7 +77,7 @@ void *rtr_layer::rgb_channels()
     auto const &bands = opened_source().bands();
     if (has_fed_channels || bands.empty())
         return channels.get();
-    has_fed_channels = true;
+    note_fed();
     auto const feed = [&](void *channel, std::size_t band) {
         unsigned const of = static_cast<unsigned>(std::min(band, bands.size() - 1));
         double low = 0, high = 0;

@@ -30,9 +30,12 @@ struct rtr_layer final : Ivx_layer
     double opacity = 1;
 
 private:
+    void note_fed();
+
     std::shared_ptr<Tvx_rtr_source> source; ///< the clones' too
     std::map<unsigned, vx::owned<Tvx_stat_data, &vx_stat_destroy>> statistics;
     vx::owned<void, &vx_rgb_channels_destroy> channels{vx_rgb_channels_create()};
     bool has_fed_channels = false;
+    std::wstring fed_from; ///< the name of the data then, without a password
 };
 } // namespace vx::layers
