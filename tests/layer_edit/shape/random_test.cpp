@@ -14,7 +14,8 @@ constexpr int c_events = 5000; ///< for each seed
 #endif
 
 /// Anything that a hand can do to the editor of a layer.
-class random_hands : public shape_fixture, public testing::WithParamInterface<wchar_t const *>
+class random_hands : public shape_fixture,
+                     public testing::WithParamInterface<std::pair<wchar_t const *, Tvx_style_mode>>
 {
 protected:
     /// The host's layer is what it was since the last Apply.
@@ -38,14 +39,23 @@ protected:
 TEST_P(random_hands, leave_the_editor_usable_and_the_layer_of_the_host_alone)
 {
     vx_dlg_set_table(nullptr);
-    open(GetParam());
+    auto const [file, mode] = GetParam();
+    open(file);
     after_apply();
+    ASSERT_TRUE(choose_mode(int(mode)));
+    TWinControl *favourite = val_edit()->get_grid();
+    if (mode == c_style_mode_range) {
+        mngr_edit()->get_rng_edit()->generate_default_scale();
+        mngr_edit()->update_controls();
+        favourite = mngr_edit()->get_rng_edit()->get_grid();
+    }
+    apply();
     for (unsigned const seed : vx_test::random_seeds()) {
         SCOPED_TRACE("VX_SEED=" + std::to_string(seed));
         std::string done;
         {
             vx::user_hand::random_hand user({.window = vx_qt_widget(record->get_form())->window(),
-                                             .favourite = vx_qt_widget(val_edit()->get_grid()),
+                                             .favourite = vx_qt_widget(favourite),
                                              .seed = seed,
                                              .events = c_events,
                                              .log = vx_test::random_log()});
@@ -68,4 +78,6 @@ TEST_P(random_hands, leave_the_editor_usable_and_the_layer_of_the_host_alone)
 }
 
 INSTANTIATE_TEST_SUITE_P(layers, random_hands,
-                         testing::Values(L"nc.shp", L"streets.shp", L"naturalearth_cities.shp"));
+                         testing::Values(std::pair(L"nc.shp", c_style_mode_value),
+                                         std::pair(L"streets.shp", c_style_mode_range),
+                                         std::pair(L"naturalearth_cities.shp", c_style_mode_value)));

@@ -215,23 +215,6 @@ TEST_F(shell, fills_a_range_scale_that_needs_it_once)
     EXPECT_EQ(vx_rng_scale_get_size(vx_stl_mngr_get_rng_scale_ptr(others.get())), 3u);
 }
 
-TEST_F(shell, hands_its_events_on)
-{
-    auto *const edit = add_edit<Tvx_pnt_stl_mngr_edit>();
-    edit->set_on_data_get_np(make_closure<&shell::get_np>(this));
-    for (Tvx_val_edit *scale : {edit->get_val_edit(), edit->get_rule_edit()}) {
-        EXPECT_TRUE(bool(scale->get_data_events().get_np));
-        EXPECT_FALSE(bool(scale->get_data_events().get_no));
-        EXPECT_TRUE(scale->get_grid()->on_draw_style && scale->get_grid()->on_edit_style);
-        EXPECT_TRUE(bool(scale->get_grid()->on_lib_symbol_style));
-    }
-    edit->set_on_edit_value_item(
-        Tvx_edit_value_item_event([](void *, std::wstring &) { return true; }, nullptr));
-    EXPECT_TRUE(bool(edit->get_rule_edit()->get_grid()->on_edit_value_item));
-    EXPECT_FALSE(bool(edit->get_val_edit()->get_grid()->on_edit_value_item)) << "of rules alone";
-    EXPECT_FALSE(bool(add_edit<Tvx_clr_stl_mngr_edit>()->get_val_edit()->get_grid()->on_lib_symbol_style));
-}
-
 /// One style of each kind under the number 7, and a line 8 that no item names.
 bool fill_symbols(void *libs)
 {
@@ -367,22 +350,6 @@ TEST_F(shell, legends_are_read_into_managers_of_geometry)
     ASSERT_TRUE(input::click(button));
     EXPECT_FALSE(vx_stl_mngr_get_just_loaded(mngr.get())) << "cancelled";
     EXPECT_EQ(taken_events(), 0);
-}
-
-TEST_F(shell, the_environment_lasts_as_long_as_its_object)
-{
-    gp_env_out *const former = gp_env_main_get_env();
-    {
-        Tvx_vx2gp_env const outer;
-        gp_env_out *const first = gp_env_main_get_env();
-        EXPECT_NE(first, former);
-        {
-            Tvx_vx2gp_env const inner;
-            EXPECT_NE(gp_env_main_get_env(), first);
-        }
-        EXPECT_EQ(gp_env_main_get_env(), first);
-    }
-    EXPECT_EQ(gp_env_main_get_env(), former);
 }
 
 TEST_F(shell, the_environment_is_the_program)
