@@ -3,7 +3,6 @@
 #include "style_manager/scales/rng_edit_btn.h"
 #include "tests/style_manager/scales/scale_edit_form.h"
 
-#include "platform/base/text_codec.h"
 #include "platform/basic/vx_options.h"
 #include "platform/basic/vx_res.h"
 #include "platform/toolkit/core/strings.h"
@@ -360,34 +359,6 @@ TEST_F(rng_edit, drags_ranges_but_no_outer_rows)
     ASSERT_TRUE(input::drag_cell(grid, mark, 3, mark, 1));
     EXPECT_EQ(bounds(), "<0 2..3 1..2 0..1 >3");
     EXPECT_EQ(taken_events(), 2);
-}
-
-TEST_F(rng_edit, shows_hides_and_colours_outer_rows_like_ranges)
-{
-    fill({0, 1, 2, 3});
-    ASSERT_TRUE(click(visible, 1));
-    EXPECT_EQ(visibles(), ".xxxx");
-    ASSERT_TRUE(click(visible, 5, {ssShift})); // by the inverse of the row left behind
-    EXPECT_EQ(visibles(), "xxxxx");
-    EXPECT_EQ(taken_events(), 2);
-    ASSERT_TRUE(click(sel_style, 5));
-    EXPECT_EQ(color(4, true), vx_clr_init_rgb(1, 2, 3));
-    EXPECT_EQ(taken_events(), 1);
-    // A gradient over the whole table, from the max row back to the min row.
-    for (unsigned row = 0; row < 5; ++row)
-        set_color(row, vx_clr_init_grey(row == 4 ? 250 : 0));
-    auto *const grid = edit->get_grid();
-    ASSERT_TRUE(click(caption, 5));
-    grid->start_gradient(c_gradient_color, false);
-    ASSERT_TRUE(grid->get_grad_mode());
-    ASSERT_TRUE(click(style, 1));
-    EXPECT_FALSE(grid->get_grad_mode());
-    for (unsigned row = 0; row < 4; ++row)
-        EXPECT_LT(color(row).g, color(row + 1).g);
-    EXPECT_EQ(color(2, true), vx_clr_init_grey(0));
-    EXPECT_EQ(taken_events(), 0);
-    edit->enable_selection_style(false);
-    EXPECT_EQ(grid->GetColCount(), 6);
 }
 
 TEST_F(rng_edit, keeps_a_coloured_file_for_each_field)

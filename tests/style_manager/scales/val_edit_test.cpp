@@ -160,31 +160,6 @@ TEST_F(val_edit, shows_and_hides_entries)
     EXPECT_EQ(size(), 2U);
 }
 
-TEST_F(val_edit, edits_texts_in_place)
-{
-    fill({L"a", L"b"});
-    auto *const grid = edit->get_grid();
-    ASSERT_TRUE(click(caption, 2));
-    ASSERT_TRUE(input::press(VK_F2));
-    ASSERT_TRUE(input::press(VK_END));
-    ASSERT_TRUE(input::type(L"!"));
-    EXPECT_EQ(taken_events(), 0); // pending
-    ASSERT_TRUE(input::press(VK_ESCAPE));
-    EXPECT_EQ(all(true), L"a|b|");
-    EXPECT_EQ(taken_events(), 0);
-    type(caption, 1, L"Дом\n");
-    EXPECT_EQ(all(true), L"Дом|b|");
-    EXPECT_EQ(all(), L"a|b|");
-    EXPECT_EQ(taken_events(), 1);
-    // Leaving the grid takes the text as well.
-    type(text, 2, L"x");
-    edit->get_prp_scale()->get_combo_box()->SetFocus();
-    input::wait_idle();
-    EXPECT_EQ(read(&vx_val_scale_get_text_w, 1), L"x");
-    EXPECT_EQ(taken_events(), 1);
-    EXPECT_FALSE(grid->GetEditorMode() && grid->GetCol() == visible);
-}
-
 TEST_F(val_edit, inserts_moves_and_keeps_an_empty_row)
 {
     EXPECT_EQ(edit->get_grid()->GetRowCount(), 2);
@@ -203,63 +178,6 @@ TEST_F(val_edit, inserts_moves_and_keeps_an_empty_row)
     ASSERT_TRUE(input::drag_cell(edit->get_grid(), 0, 1, 0, 3));
     EXPECT_EQ(all(), L"b|c|a|");
     EXPECT_EQ(taken_events(), 1);
-}
-
-TEST_F(val_edit, picks_gradients_by_two_clicks)
-{
-    fill({L"a", L"b", L"c", L"d", L"e"});
-    auto *const grid = edit->get_grid();
-    auto const prm = [&](unsigned i) {
-        return vx_scale_prm_get_stl_prm_ptr(vx_val_scale_get_scale_prm_ptr(scale(), i));
-    };
-    auto const grey = [&](unsigned i, bool sel) { return int(vx_stl_prm_get_color(prm(i), sel).g); };
-    for (unsigned i = 0; i < 5; ++i)
-        for (bool const sel : {false, true})
-            vx_stl_prm_clr_set_all(prm(i), vx_clr_init_grey(i == 4 ? 255 : 0), sel);
-    auto const start = [&](int row, bool sel) {
-        ASSERT_TRUE(click(text, row));
-        grid->start_gradient(c_gradient_color, sel);
-        ASSERT_TRUE(grid->get_grad_mode());
-    };
-    start(5, false);
-    ASSERT_TRUE(click(sel_style, 2)); // the other column: nothing, and no dialog
-    EXPECT_FALSE(grid->get_grad_mode());
-    EXPECT_EQ(style_dialogs, 0);
-    EXPECT_EQ(grey(2, false), 0);
-    start(5, false);
-    ASSERT_TRUE(click(style, 1));
-    EXPECT_LT(grey(1, false), grey(2, false));
-    EXPECT_LT(grey(2, false), grey(3, false));
-    EXPECT_EQ(grey(2, true), 0);
-    EXPECT_EQ(taken_events(), 0);
-    start(2, true);
-    ASSERT_TRUE(click(mark, 4)); // any other click ends it
-    EXPECT_FALSE(grid->get_grad_mode());
-    ASSERT_TRUE(click(sel_style, 4));
-    EXPECT_EQ(style_dialogs, 1);
-    EXPECT_TRUE(dialog_sel);
-    EXPECT_EQ(taken_events(), 1);
-}
-
-TEST_F(val_edit, a_click_near_the_edge_of_a_header_is_a_resize)
-{
-    fill({L"a"});
-    auto *const grid = edit->get_grid();
-    int const before = grid->GetColWidths(text);
-    TRect const rect = grid->CellRect(text, 0);
-    ASSERT_TRUE(input::click(grid, rect.Left + 1, 5));
-    ASSERT_TRUE(input::drag(grid, rect.Right, 5, rect.Right - 20, 5));
-    EXPECT_EQ(grid->GetColWidths(text), before - 20);
-    EXPECT_EQ(taken_events(), 0);
-    // Widths: an even share for the texts, the rest by the default width.
-    form.SetWidth(form.GetWidth() + 100);
-    input::wait_idle();
-    int const h = grid->GetDefaultColWidth();
-    EXPECT_EQ(grid->GetColWidths(mark), h / 2);
-    EXPECT_EQ(grid->GetColWidths(style), 3 * h / 2);
-    EXPECT_LE(std::abs(grid->GetColWidths(text) - grid->GetColWidths(caption)), 1);
-    edit->enable_selection_style(false);
-    EXPECT_EQ(grid->GetColCount(), 5);
 }
 
 TEST_F(val_edit, makes_the_default_scale_of_the_property)
@@ -379,26 +297,6 @@ TEST_F(val_edit, draws_samples_once_and_never_an_old_one)
     grid->Update();
     EXPECT_GE(draws, 1);
     EXPECT_LE(draws, 4); // both styles of the entry, and of the other row, which is painted with its panel
-}
-
-TEST_F(val_edit, writes_the_other_row_and_does_nothing_without_a_manager)
-{
-    fill({L"a"});
-    vx_scale_prm_set_visible(vx_val_scale_get_other_prm_ptr(scale()), true);
-    edit->update_controls();
-    ASSERT_TRUE(input::enter_text(edit->get_other_panel()->get_cpt_edit(), L"z"));
-    EXPECT_EQ(read(&vx_val_scale_get_other_caption_w), L"z");
-    taken_events();
-    edit->set_stl_mngr(nullptr);
-    edit->update_controls();
-    for (int col = mark; col <= sel_style; ++col)
-        EXPECT_TRUE(click(col, 1));
-    EXPECT_TRUE(input::click(edit->get_ins_btn()));
-    EXPECT_TRUE(input::click(edit->get_open_btn()));
-    EXPECT_TRUE(input::click(edit->get_save_btn()));
-    edit->save_current_scl();
-    edit->generate_default_scale();
-    EXPECT_EQ(taken_events(), 0);
 }
 
 TEST_F(rule_edit, edits_filters_by_its_owner)
