@@ -316,41 +316,6 @@ TEST_F(rng_dialog, what_was_cancelled_is_gone_and_what_was_applied_is_where_it_o
     }));
 }
 
-TEST_F(rng_dialog, natural_breaks_and_spacing_take_span_and_count)
-{
-    vx_rng_type_set_offer_natural(true);
-    for (double const value : {1, 2, 3, 10, 11, 12, 20, 21, 22, 500})
-        values.emplace_back(value);
-    fill(c_rng_type_equal_ranges);
-    EXPECT_TRUE(in_dialog([&](input::modal_window const &window) {
-        EXPECT_TRUE(choose_kind(L"Natural breaks"));
-        auto *const natural = params()->get_natural_panel();
-        EXPECT_TRUE(natural->GetShowing());
-        enter(natural->get_count_panel(), L"-1");
-        window.press_button(L"Apply");
-        EXPECT_TRUE(window.form());
-        enter(natural->get_count_panel(), L"3");
-        enter(natural->get_min_panel(), L"600");
-        enter(natural->get_max_panel(), L"700");
-        window.press_button(L"Apply");
-        EXPECT_TRUE(window.form()) << "there are no values in this span";
-        EXPECT_EQ(bounds(), "0 -1: <0 0..4 4..8 >8");
-        enter(natural->get_min_panel(), L"30");
-        enter(natural->get_max_panel(), L"0");
-        window.press_button(L"Apply");
-    }));
-    EXPECT_EQ(bounds(), "4 -1: <0 0..3 3..12 12..30 >30");
-    EXPECT_EQ(captions(), L"up to 0.0|0.0 - 3.0|3.0 - 12.0|12.0 - 30.0|above 30.0");
-    EXPECT_TRUE(in_dialog([&](input::modal_window const &window) {
-        EXPECT_TRUE(choose_kind(L"Logarithmic spacing"));
-        EXPECT_EQ(params()->get_logspace_panel()->get_max_panel()->get_value(), 30);
-        enter(params()->get_logspace_panel()->get_min_panel(), L"1");
-        enter(params()->get_logspace_panel()->get_max_panel(), L"1000");
-        window.press_button(L"Apply");
-    }));
-    EXPECT_EQ(bounds(), "5 -1: <1 1..10 10..100 100..1000 >1000");
-}
-
 TEST_F(rng_dialog, stopped_reading_opens_nothing)
 {
     values.assign(5000, 3.0);

@@ -126,37 +126,6 @@ TEST_F(rng_exec, standard_deviation)
     EXPECT_EQ(vx_rng_scale_get_deviation_coeff(scale()), 2);
 }
 
-TEST_F(rng_exec, logarithmic_steps)
-{
-    struct
-    {
-        bool two_sided;
-        int digits, base;
-        double min, max;
-        std::string bounds;
-    } const cases[] = {
-        {false, 0, 0, 0, 5, "2 0: <0 0..1 1..2 2..5 >5"},
-        {false, 0, 1, -9, 7, "2 0: <0 0..2 2..5 5..10 >10"},
-        {true, 0, 0, -10, 10, "2 0: <-10 -10..-5 -5..-2 -2..-1 -1..1 1..2 2..5 5..10 >10"},
-        {true, -1, 2, -0.4, 0.7, "2 -1: <-0.5 -0.5..0.5 0.5..1 >1"},
-        {false, 0, 0, 0, -8, "2 0: <0 0..1 >1"},
-        {true, 1, 2, 300, 60, "2 1: <-50 -50..50 50..100 >100"},
-    };
-    auto *const record = params.get_logarithm_params_ptr();
-    for (auto const &c : cases) {
-        record->set_is_two_sided(c.two_sided);
-        record->set_round_digits(c.digits);
-        record->set_base_idx(c.base);
-        record->set_min_val(c.min);
-        record->set_max_val(c.max);
-        EXPECT_EQ(run(c_rng_builder_logarithm), 0);
-        EXPECT_EQ(bounds(), c.bounds);
-        EXPECT_EQ(Tvx_rng_exec::logarithm_get_n_diap(c.two_sided, c.digits, c.base, c.min, c.max),
-                  static_cast<int>(size()));
-    }
-    EXPECT_EQ(captions(), L"up to -50|-50 - 50|50 - 100|above 100");
-}
-
 TEST_F(rng_exec, logarithmic_colours_run_over_zero)
 {
     set_style("clr_style");
@@ -191,29 +160,6 @@ TEST_F(rng_exec, logarithmic_colours_run_over_zero)
         for (unsigned row = c.zero_row + 1; row <= last; ++row)
             EXPECT_LT(color(row).g, color(row - 1).g) << row;
     }
-}
-
-TEST_F(rng_exec, logarithmic_spacing)
-{
-    auto *const record = params.get_logspace_params_ptr();
-    auto const set = [&](int count, double min, double max, int digits) {
-        record->set_n_diap(count);
-        record->set_min(min);
-        record->set_max(max);
-        record->set_round_digits(digits);
-        return run(c_rng_builder_log_space);
-    };
-    EXPECT_EQ(set(3, 1, 1000, 0), 0);
-    EXPECT_EQ(bounds(), "5 0: <1 1..10 10..100 100..1000 >1000");
-    EXPECT_EQ(captions(), L"up to 1|1 - 10|10 - 100|100 - 1000|above 1000");
-    EXPECT_EQ(set(2, -5, 5, -2), 0);
-    EXPECT_EQ(bounds(), "5 -2: <-5 -5..-2.68 -2.68..5 >5");
-    EXPECT_EQ(captions(), L"up to -5.00|-5.00 - -2.68|-2.68 - 5.00|above 5.00");
-    fill(c_rng_type_log);
-    EXPECT_EQ(set(-2, 0, 5, -2), 0);
-    EXPECT_EQ(bounds(), "2 -1: <0 0..4 4..8 >8");
-    EXPECT_EQ(set(0, 0, 5, -2), 0);
-    EXPECT_EQ(bounds(), "5 -2: <0 >0");
 }
 
 TEST_F(rng_exec, natural_breaks_take_the_values_of_their_record)

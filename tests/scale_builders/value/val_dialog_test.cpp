@@ -155,44 +155,6 @@ TEST_F(val_dialog, a_stop_leaves_everything)
     EXPECT_EQ(legend_panel::last_params().get_legdbf_filename(), "");
 }
 
-TEST_F(val_dialog, builds_what_was_chosen)
-{
-    EXPECT_TRUE(in_dialog([&](input::modal_window const &window) {
-        EXPECT_TRUE(
-            input::choose_item(modes()->get_rebuild_panel()->get_prp_scale()->get_combo_box(), L"NAME"));
-        EXPECT_TRUE(window.press_button(L"Apply"));
-    }));
-    EXPECT_EQ(entries(), "12=twelve|3=three|7=seven");
-
-    // It is brought up to date by the values that were listed.
-    fill({{"7", "kept"}, {"5", "gone"}});
-    EXPECT_TRUE(in_dialog([&](input::modal_window const &window) {
-        EXPECT_TRUE(choose_mode(2));
-        EXPECT_TRUE(tick(modify()->get_del_box()));
-        rows.push_back({"99", "later"});
-        EXPECT_TRUE(window.press_button(L"Apply"));
-    }));
-    EXPECT_EQ(entries(), "7=kept|12=12|3=3");
-
-    EXPECT_TRUE(in_dialog([&](input::modal_window const &window) {
-        EXPECT_TRUE(choose_mode(1));
-        choose_file(
-            legend({{"3", "7", "Three", "!", "x"}, {"8", "7", "", "", ""}, {"99", "9", "New", "", ""}}));
-        EXPECT_TRUE(tick(legends()->get_text_panel(2)->get_use_box()));
-        EXPECT_TRUE(window.press_button(L"Apply"));
-    }));
-    EXPECT_EQ(entries(), "3=Three!|99=New");
-    EXPECT_EQ(color(1), c_navy);
-
-    // Without a file nothing is found, and nobody is told.
-    legend_panel::last_params() = {};
-    EXPECT_TRUE(in_dialog([&](input::modal_window const &window) {
-        EXPECT_TRUE(choose_mode(1));
-        EXPECT_TRUE(window.press_button(L"Apply"));
-    }));
-    EXPECT_EQ(entries(), "");
-}
-
 TEST_F(val_dialog, a_legend_proposes_its_standard_fields)
 {
     struct

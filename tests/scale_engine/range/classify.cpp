@@ -5,7 +5,6 @@
 #include "scale_engine/range/range_scale_classify_stdev.h"
 #include "scale_engine/scale_fixture.h"
 
-#include "platform/basic/vx_options.h"
 #include "platform/basic/vx_stat.h"
 
 #include <cmath>
@@ -116,21 +115,6 @@ TEST(equal_ranges, keep_styles_and_refuse_what_no_scale_can_hold)
     EXPECT_EQ(1, vx_rng_scale_get_max_value(s.rng));
 }
 
-TEST(equal_ranges, know_number_step_and_span_from_each_other)
-{
-    using task = range_scale_classify_equal_ranges;
-    EXPECT_EQ(4, task::nranges(3, 0, 10));
-    EXPECT_EQ(4, task::nranges(-3, 10, 0));
-    EXPECT_EQ(2, task::nranges(5, 0, 10));
-    EXPECT_EQ(0, task::nranges(0, 1, 1));
-    EXPECT_EQ(0, task::nranges(c_nan, 0, 1));
-    EXPECT_EQ(std::numeric_limits<int>::max(), task::nranges(0, 0, 1));
-    EXPECT_EQ(std::numeric_limits<int>::max(), task::nranges(1e-300, 0, 1));
-    EXPECT_EQ(2.5, task::step(4, 0, 10));
-    EXPECT_EQ(-2, task::minval(4, 3, 10));
-    EXPECT_EQ(14, task::maxval(4, 3, 2));
-}
-
 TEST(stdev, lies_round_the_mean)
 {
     scales s;
@@ -206,14 +190,6 @@ TEST(log, goes_by_1_2_5)
             EXPECT_LT(range_scale_classify_log::estimate_nranges(make_stat(-maximum, maximum).get(), 0, true,
                                                                  digits),
                       4100);
-}
-
-TEST(log, shows_its_first_steps)
-{
-    using texts = std::array<std::wstring, 3>;
-    EXPECT_EQ((texts{L"100", L"200", L"500"}), range_scale_classify_log::fetch_logbase(2));
-    EXPECT_EQ((texts{L"1", L"2", L"5"}), range_scale_classify_log::fetch_logbase(0));
-    EXPECT_EQ((texts{L"0.01", L"0.02", L"0.05"}), range_scale_classify_log::fetch_logbase(-2));
 }
 
 TEST(log_space, has_equal_steps_of_the_logarithm)

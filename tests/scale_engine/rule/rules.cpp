@@ -30,29 +30,6 @@ std::vector<std::wstring> filter_texts(std::vector<std::wstring> const &texts)
     return out;
 }
 
-TEST(rules, from_values)
-{
-    scales s;
-    EXPECT_FALSE(rule_scale_build_values::build(s.mngr.get())) << "no field";
-    EXPECT_FALSE(rule_scale_build_values::build(nullptr));
-    vx_stl_mngr_set_val_prop_name_w(s.mngr.get(), L"my field");
-    fill_values(s.val, {{L"a \"b\"", L"first"}, {L"12", L"second"}});
-    vx_val_scale_set_other_caption_w(s.val, L"rest");
-    vx_scale_prm_set_visible(vx_val_scale_get_scale_prm_ptr(s.val, 1), false);
-    number_by_color(value_prms(s.val));
-    fill_values(s.rule, {{L"old", L"old"}, {L"old", L"old"}, {L"old", L"old"}});
-    ASSERT_TRUE(rule_scale_build_values::build(s.mngr.get()));
-    EXPECT_EQ((text_list{L"\"my field\" EQUAL \"a \"\"b\"\"\"", L"\"my field\" EQUAL \"12\""}),
-              texts_of(s.rule));
-    EXPECT_EQ((text_list{L"first", L"second"}), value_captions_of(s.rule));
-    EXPECT_EQ(L"rest", scale_text(&vx_val_scale_get_other_caption_w, s.rule));
-    EXPECT_EQ((std::vector{0, 1, 2}), numbers_by_color(value_prms(s.rule)));
-    EXPECT_FALSE(vx_scale_prm_get_visible(vx_val_scale_get_scale_prm_ptr(s.rule, 1)));
-    vx_val_scale_set_size(s.val, 0);
-    ASSERT_TRUE(rule_scale_build_values::build(s.mngr.get()));
-    EXPECT_EQ(0U, vx_val_scale_get_size(s.rule));
-}
-
 TEST(rules, from_ranges)
 {
     scales s;

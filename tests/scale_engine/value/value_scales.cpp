@@ -3,21 +3,16 @@
 #include "scale_engine/value/detail/kept_texts.h"
 #include "scale_engine/value/value_scale_append_fresh.h"
 #include "scale_engine/value/value_scale_append_value.h"
-#include "scale_engine/value/value_scale_assign_style.h"
 #include "scale_engine/value/value_scale_build_cache.h"
 #include "scale_engine/value/value_scale_build_text_cache.h"
 #include "scale_engine/value/value_scale_default.h"
-#include "scale_engine/value/value_scale_invert.h"
 #include "scale_engine/value/value_scale_make_colors.h"
 #include "scale_engine/value/value_scale_rebuild.h"
-#include "scale_engine/value/value_scale_sort.h"
 #include "scale_engine/value/value_scale_update_caption.h"
 #include "support/memory_source.h"
 
-#include "platform/basic/vx_ints.h"
 #include "platform/data/vx_attr_data.h"
 
-#include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
 #include <random>
@@ -275,56 +270,5 @@ TEST(value_captions, from_texts_and_tables)
     EXPECT_EQ((text_list{L"b", L"ready"}), value_captions_of(s.val));
     value_scale_update_caption::text(s.val);
     EXPECT_EQ((text_list{L" b ", L"z"}), value_captions_of(s.val));
-}
-
-TEST(value_styles, colors_one_style_and_inversion)
-{
-    scales s;
-    value_scale_make_colors::execute(s.val, c_palette_red, false);
-    vx_val_scale_set_size(s.val, 5);
-    auto const prms = value_prms(s.val);
-    number_by_color(prms);
-    for (unsigned const i : {1U, 3U, 4U})
-        vx_val_scale_set_marked(s.val, i, true);
-    value_scale_invert::execute(s.val, true, false);
-    EXPECT_EQ((std::vector{0, 4, 2, 3, 1, 5}), numbers_by_color(prms));
-    value_scale_invert::execute(s.val, false, false);
-    EXPECT_EQ((std::vector{1, 3, 2, 4, 0, 5}), numbers_by_color(prms));
-
-    Tvx_color wanted[5];
-    vx_clr_arrays_generate(c_palette_green, 3, wanted);
-    value_scale_make_colors::execute(s.val, c_palette_green, true, false, false);
-    EXPECT_EQ(wanted[1], color_of(prms[3]));
-    EXPECT_EQ(1, color_of(prms[0]).r);
-    vx_clr_arrays_generate_ex(c_palette_green, 5, wanted, true);
-    value_scale_make_colors::execute(s.val, c_palette_green, true);
-    for (std::size_t i = 0; i < 5; ++i)
-        EXPECT_EQ(wanted[i], color_of(prms[i]));
-    EXPECT_EQ(5, color_of(prms[5]).r) << "the other entry";
-
-    vx::owned<void, &vx_pnt_style_destroy> const style(vx_pnt_style_create());
-    vx_pnt_style_assign(style.get(),
-                        vx_stl_prm_get_pnt_style_ptr(vx_scale_prm_get_stl_prm_ptr(prms[2]), false));
-    value_scale_assign_style::execute_pnt(s.val, style.get());
-    value_scale_assign_style::execute_pln(s.val, style.get());
-    for (void *const prm : prms)
-        EXPECT_EQ(wanted[2], color_of(prm));
-}
-
-TEST(value_sort, by_text_and_caption)
-{
-    scales s;
-    fill_values(s.val, {{L"x", L"b"}, {L"1,5", L"C"}, {L"1.2", L"a"}, {L"1.2", L"A"}});
-    value_scale_sort(scale_sortby::minimum, scale_sortas::numbers).execute(s.val);
-    EXPECT_EQ((text_list{L"b", L"C", L"a", L"A"}), value_captions_of(s.val));
-    value_scale_sort(scale_sortby::text, scale_sortas::numbers).execute(s.val);
-    EXPECT_EQ((text_list{L"a", L"A", L"C", L"b"}), value_captions_of(s.val));
-    value_scale_sort(scale_sortby::text, scale_sortas::numbers, scale_sortord::descending).execute(s.val);
-    EXPECT_EQ((text_list{L"b", L"C", L"A", L"a"}), value_captions_of(s.val));
-    value_scale_sort(scale_sortby::caption, scale_sortas::strings).execute(s.val);
-    EXPECT_EQ((text_list{L"A", L"a", L"b", L"C"}), value_captions_of(s.val));
-    vx::owned<void, &vx_ints_destroy> const ints(vx_ints_create());
-    value_scale_sort(scale_sortby::maximum, scale_sortas::strings).execute(s.val, ints.get());
-    EXPECT_EQ(0U, vx_ints_get_size(ints.get()));
 }
 } // namespace
