@@ -183,33 +183,6 @@ TEST(dlg_form, help_asks_for_the_context_of_the_form)
     Application->OnHelp = {};
 }
 
-TEST(dlg_form, buttons_stand_at_the_right_edge_in_their_order)
-{
-    Tvx_apply_form form(nullptr);
-    form.SetBounds(100, 100, 400, 300);
-    form.get_help_btn()->SetVisible(true);
-    form.load_res();
-    form.Show();
-    auto const *apply = form.get_apply_btn();
-    auto *cancel = form.get_cancel_btn();
-    auto *help = form.get_help_btn();
-    auto const right = [](TControl const *control) { return control->GetLeft() + control->GetWidth(); };
-    EXPECT_LT(right(apply), cancel->GetLeft());
-    EXPECT_LT(right(cancel), help->GetLeft());
-    int const edge = right(help);
-    int const help_left = help->GetLeft();
-    help->SetVisible(false);
-    EXPECT_EQ(right(cancel), edge);
-    cancel->SetVisible(false);
-    EXPECT_EQ(right(apply), edge);
-    cancel->SetVisible(true);
-    help->SetVisible(true);
-    EXPECT_EQ(help->GetLeft(), help_left);
-    EXPECT_LT(right(apply), cancel->GetLeft());
-    form.SetWidth(500);
-    EXPECT_EQ(right(help), edge + 100);
-}
-
 TEST(apply_form, applies_without_closing)
 {
     counting_apply_form form(nullptr);

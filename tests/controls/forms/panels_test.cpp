@@ -81,17 +81,6 @@ TEST_F(panels, every_thin_class_stands_on_a_form)
     EXPECT_TRUE(form.GetShowing());
 }
 
-TEST_F(panels, sizes_at_the_start)
-{
-    EXPECT_EQ(add<Tvx_panel>()->GetHeight(), 26);
-    EXPECT_EQ(add<Tvx_panel>()->GetWidth(), 200);
-    EXPECT_EQ(add<Tvx_panel>()->GetBevelOuter(), bvNone);
-    EXPECT_EQ(add<Tvx_vcl_panel>()->GetHeight(), 22);
-    EXPECT_EQ(add<Tvx_vcl_panel>()->GetWidth(), 200);
-    EXPECT_EQ(add<Tvx_vcl_bottom_buttons>()->GetHeight(), 30);
-    EXPECT_EQ(add<Tvx_vcl_progress_panel>()->GetHeight(), 50);
-}
-
 TEST_F(panels, enables_everything_windowed_below)
 {
     auto *panel = add<Tvx_children_enabled_panel>();
@@ -227,49 +216,6 @@ TEST_F(panels, string_panel_is_quiet_but_to_the_user)
     EXPECT_EQ(panel->get_wstring(), L"x");
 }
 
-TEST_F(panels, one_width_is_fixed_and_the_other_takes_the_rest)
-{
-    auto *text = add<Tvx_string_panel>();
-    auto *combo = add<Tvx_combo_box_panel>();
-    auto *value = add<Tvx_vcl_select_box_panel>();
-    value->create();
-    for (TControl *control :
-         {static_cast<TControl *>(text), static_cast<TControl *>(combo), static_cast<TControl *>(value)})
-        control->SetWidth(300);
-    EXPECT_EQ(value->get_data_width(), 70);
-
-    text->set_caption_width(120);
-    combo->set_caption_width(120);
-    value->set_caption_width(120);
-    EXPECT_EQ(text->get_edit_width(), 180);
-    EXPECT_EQ(combo->get_box_width(), 180);
-    EXPECT_EQ(value->get_data_width(), 180);
-    text->set_edit_width(50);
-    combo->set_box_width(50);
-    value->set_data_width(50);
-    EXPECT_EQ(text->get_caption_width(), 250);
-    EXPECT_EQ(combo->get_caption_width(), 250);
-    EXPECT_EQ(value->get_caption_width(), 250);
-    value->set_end_caption_visible(true);
-    EXPECT_EQ(value->get_end_caption_width(), 30);
-    EXPECT_EQ(value->get_select_box()->GetWidth(), 20);
-
-    auto *vertical = add<Tvx_combo_box_vert_panel>();
-    vertical->set_caption(L"Above");
-    EXPECT_EQ(vertical->get_caption(), L"Above");
-    EXPECT_EQ(vertical->get_box_width(), 200);
-    EXPECT_EQ(vertical->get_caption_width(), 200);
-    int const top = vertical->get_combo_box()->GetTop();
-    Tvx_combo_box_panel &base = *vertical;
-    base.set_box_width(80);
-    EXPECT_EQ(vertical->get_combo_box()->GetWidth(), 80);
-    EXPECT_EQ(vertical->get_combo_box()->GetLeft(), 0) << "the caption stays above the box";
-    EXPECT_EQ(vertical->get_combo_box()->GetTop(), top);
-    base.set_caption_width(60);
-    EXPECT_EQ(vertical->get_caption_width(), 60);
-    EXPECT_EQ(vertical->get_combo_box()->GetWidth(), 80);
-}
-
 TEST_F(panels, captions_lead_to_their_control)
 {
     auto *text = add<Tvx_string_panel>();
@@ -287,26 +233,6 @@ TEST_F(panels, captions_lead_to_their_control)
     check(text, text->get_edit());
     check(combo, combo->get_combo_box());
     check(choice, choice->get_select_box());
-}
-
-TEST_F(panels, progress_is_held_between_its_ends)
-{
-    auto *panel = add<Tvx_vcl_progress_panel>();
-    panel->create();
-    panel->load_rc();
-    struct
-    {
-        int set, shown;
-    } const cases[] = {{150, 100}, {-1, 0}, {100, 100}, {42, 42}, {0, 0}};
-    for (auto const &c : cases) {
-        panel->set_progress(c.set);
-        EXPECT_EQ(panel->get_progress(), c.shown);
-    }
-    EXPECT_FALSE(panel->get_stop());
-    EXPECT_TRUE(input::click(panel->get_stop_btn()));
-    EXPECT_TRUE(panel->get_stop());
-    panel->set_all_visible(false);
-    EXPECT_FALSE(panel->get_all_visible());
 }
 
 TEST_F(panels, wheel_moves_a_grid_by_one_row)

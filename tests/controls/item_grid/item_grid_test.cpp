@@ -335,48 +335,6 @@ TEST_F(item_grid, drag_of_a_row_is_the_owners_move_or_swap)
     EXPECT_EQ(taken(), events());
 }
 
-TEST_F(item_grid, captions_and_panels)
-{
-    TBitmap symbol(8, 8);
-    symbol.GetCanvas()->GetBrush()->SetColor(clRed);
-    symbol.GetCanvas()->FillRect(Rect(0, 0, 8, 8));
-    symbol.GetCanvas()->GetBrush()->SetColor(clBlue);
-    symbol.GetCanvas()->FillRect(Rect(1, 1, 7, 7));
-    at(mark_col)->set_capt_type(c_item_capt_bmp);
-    at(mark_col)->set_capt_bmp(&symbol);
-    symbol.SetSize(1, 1);
-    TBitmap picture;
-    look(picture);
-    TPoint const middle = grid->CellRect(mark_col, 0).CenterPoint();
-    EXPECT_EQ(picture.GetCanvas()->GetPixel(middle.X, middle.Y), clBlue) << "a copy, in the middle";
-    at(mark_col)->set_capt_bmp(nullptr);
-    at(mark_col)->set_capt_type(7);
-    at(mark_col)->set_width_type(-1);
-    EXPECT_EQ(at(mark_col)->get_capt_type(), c_item_capt_bmp);
-    EXPECT_EQ(at(mark_col)->get_width_type(), c_item_width_share);
-
-    auto const lefts = [](Tvx_basic_item_tool_panel &tools) {
-        std::vector<int> found;
-        auto *const list = tools.get_actions();
-        for (int i = 0; i < list->GetActionCount(); ++i) {
-            auto const *const button = tools.get_button(list->GetActions(i));
-            found.push_back(button ? button->GetLeft() : -1);
-        }
-        return found;
-    };
-    // In the order of the commands: insert, delete, save, open, parameters, up, down.
-    EXPECT_EQ(lefts(*panel.get_tool_panel()), (std::vector{10, 30, -1, -1, -1, 50, 70}));
-    Tvx_scn_panel scene(&form);
-    scene.SetParent(&form);
-    EXPECT_EQ(lefts(*scene.get_tool_panel()), (std::vector{50, 70, 0, 20, -1, -1, -1}));
-    Tvx_item_panel plain(&form);
-    plain.SetParent(&form);
-    EXPECT_EQ(lefts(*plain.get_tool_panel()), (std::vector{0, 20, -1, -1, -1, -1, -1}));
-    EXPECT_EQ(plain.get_item_grid()->GetTop(), 20);
-    plain.set_item_tool_panel_visible(false);
-    EXPECT_EQ(plain.get_item_grid()->GetTop(), 0);
-}
-
 TEST_F(item_grid, ends_with_its_parent_under_the_open_box)
 {
     TForm window(nullptr);

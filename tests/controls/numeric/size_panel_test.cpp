@@ -109,25 +109,6 @@ TEST_F(size_panel, numbers_shown_by_set_size)
     EXPECT_EQ(panel->get_edit()->GetText().Length(), 309);
 }
 
-TEST_F(size_panel, trims_the_text_that_stands_there)
-{
-    TEdit *const edit = panel->get_edit();
-    for (auto const &[text, trimmed] : {std::pair(L"1.500", L"1.5"),
-                                        {L"2.", L"2"},
-                                        {L"100", L"100"},
-                                        {L"1.50e10", L"1.50e10"},
-                                        {L"", L""}}) {
-        panel->set_trim_trailing_zeros(false);
-        edit->SetText(text);
-        double const size = panel->get_size();
-        events = 0;
-        panel->set_trim_trailing_zeros(true);
-        EXPECT_EQ(edit->GetText(), trimmed);
-        EXPECT_EQ(taken_events(), 0);
-        EXPECT_TRUE(panel->get_size() == size || panel->is_empty());
-    }
-}
-
 TEST_F(size_panel, any_pasted_text_is_read_as_far_as_it_goes)
 {
     struct
@@ -211,38 +192,6 @@ TEST_F(size_panel, tells_when_it_is_entered_left_and_done)
     input::press(VK_RETURN);
     input::press(VK_ESCAPE);
     EXPECT_EQ(taken_events(), 2);
-}
-
-TEST_F(size_panel, layout)
-{
-    auto const at = [](TControl *control) { return control->GetBoundsRect(); };
-    TEdit *const edit = panel->get_edit();
-    panel->set_text(L"&Width");
-    EXPECT_EQ(edit->GetAccessibleName(), L"Width");
-    panel->SetBounds(0, 0, 300, 20);
-    EXPECT_FALSE(panel->get_end_caption_visible());
-    panel->set_edt_ctrl_width(120);
-    EXPECT_EQ(at(edit), Rect(180, 0, 300, 20));
-    panel->set_end_caption_visible(true);
-    EXPECT_EQ(at(edit), Rect(160, 0, 280, 20)) << "the end caption's room is 20";
-    panel->set_end_caption(L"a longer text");
-    EXPECT_LT(at(edit).Right, 250) << "it is not cut off";
-    EXPECT_EQ(panel->get_end_caption_width(), 20);
-    panel->set_end_caption({});
-    panel->set_text_width(80);
-    EXPECT_EQ(at(edit), Rect(80, 0, 280, 20));
-    panel->SetWidth(200);
-    EXPECT_EQ(at(edit), Rect(80, 0, 180, 20));
-    panel->set_top_location(1);
-    EXPECT_EQ(at(edit), Rect(0, 20, 180, 40));
-    EXPECT_EQ(panel->GetHeight(), 40);
-    panel->set_top_location(0);
-    panel->set_has_label(false);
-    EXPECT_EQ(at(edit), Rect(0, 0, 180, 20));
-    panel->SetWidth(5);
-    EXPECT_EQ(edit->GetWidth(), 0);
-    panel->set_enabled(false);
-    EXPECT_FALSE(edit->GetEnabled());
 }
 
 TEST_F(size_panel, buttons_tied_to_the_edit)

@@ -47,40 +47,6 @@ TEST_F(value_panels, captioned_edits)
     check(made<Tvx_vcl_text_edit_panel>(), UnicodeString(L"a"), L"bc", UnicodeString(L"bc"));
 }
 
-TEST_F(value_panels, length_and_limits_of_captioned_edits)
-{
-    auto *whole = made<Tvx_vcl_int_edit_panel>();
-    whole->set_max_length(3);
-    input::enter_text(whole->get_edit(), L"12345");
-    EXPECT_EQ(whole->get_text(), L"123");
-    whole->set_use_max(true);
-    whole->set_max(100);
-    expect_message();
-    input::press(VK_RETURN);
-    EXPECT_EQ(whole->get_text(), L"100");
-    EXPECT_EQ(whole->get_value(), 0);
-    auto *decimals = made<Tvx_vcl_dbl_edit_panel>();
-    decimals->set_can_empty(true);
-    decimals->set_empty(true);
-    EXPECT_TRUE(decimals->is_empty());
-}
-
-TEST_F(value_panels, shown_numbers)
-{
-    auto *whole = made<Tvx_vcl_int_show_panel>();
-    EXPECT_EQ(whole->get_text(), L"0");
-    whole->set_value(-1234567);
-    EXPECT_EQ(whole->get_text(), L"-1234567");
-    auto *decimals = made<Tvx_vcl_dbl_show_panel>();
-    decimals->set_value(1234.56789012);
-    EXPECT_EQ(decimals->get_text(), L"1234.5679");
-    decimals->set_precision(3);
-    EXPECT_EQ(decimals->get_text(), L"1.23E003");
-    decimals->set_digits(0);
-    EXPECT_EQ(decimals->get_text(), L"1.23E3");
-    EXPECT_EQ(decimals->get_value(), 1234.56789012);
-}
-
 TEST_F(value_panels, shares)
 {
     auto *ratio = made<Tvx_vcl_ratio_panel>();
@@ -190,23 +156,4 @@ TEST_F(value_panels, fast_whole_number_with_a_least_number_above_1)
         EXPECT_EQ(edit->GetText(), L"10");
         EXPECT_EQ(taken_events(), 1);
     }
-}
-
-TEST_F(value_panels, caption_and_text)
-{
-    auto *panel = add<Tvx_capt_edit_panel>();
-    panel->set_capt(L"Name");
-    panel->on_apply = recorder();
-    panel->set_text(L"river");
-    EXPECT_EQ(taken_events(), 0);
-    panel->set_capt_width(60);
-    EXPECT_EQ(panel->get_edit()->GetLeft(), 60);
-    input::enter_text(panel->get_edit(), L"lake");
-    EXPECT_EQ(taken_events(), 0);
-    input::click(&button);
-    EXPECT_EQ(taken_events(), 1);
-    EXPECT_EQ(panel->get_text(), L"lake");
-    panel->set_readonly(true);
-    input::enter_text(panel->get_edit(), L"sea");
-    EXPECT_EQ(panel->get_text(), L"lake");
 }

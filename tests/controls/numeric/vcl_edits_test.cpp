@@ -84,19 +84,6 @@ TEST_F(number_edits, a_whole_number_is_taken_over_or_refused)
     EXPECT_TRUE(edit->test_min(-10) && edit->test_max(100) && !edit->test_min(-11) && !edit->test_max(101));
 }
 
-TEST_F(number_edits, an_empty_whole_number_is_0)
-{
-    auto *edit = this->edit<Tvx_vcl_int_edit>(0, 0);
-    edit->set_value(5);
-    input::click(edit);
-    input::press_times(VK_BACK, 2);
-    EXPECT_EQ(edit->GetText(), L"");
-    input::click(&button);
-    EXPECT_EQ(edit->GetText(), L"0");
-    EXPECT_EQ(edit->get_value(), 0);
-    EXPECT_EQ(taken_events(), 1);
-}
-
 TEST_F(number_edits, a_pasted_page_is_cut_in_the_message)
 {
     auto *edit = this->edit<Tvx_vcl_int_edit>(0, 0);
@@ -280,49 +267,6 @@ TEST_F(number_edits, an_edit_that_may_be_empty_never_complains)
     EXPECT_TRUE(edit->is_empty());
     edit->set_value(c_nan);
     EXPECT_TRUE(edit->is_empty());
-}
-
-TEST_F(number_edits, numbers_shown_by_set_value)
-{
-    struct
-    {
-        double value;
-        int precision, digits;
-        wchar_t const *text;
-    } const cases[] = {
-        {0.1, 2, -1, L"0.1"},
-        {1e20, 2, -1, L"1E20"},
-        {-2.9, 0, 0, L"-2"},
-        {-0.9, 0, 0, L"0"},
-        {1e19, 0, 2, L"10000000000000000000"},
-        {123.456, 4, 2, L"123.5"},
-        {123.456, 2, 2, L"1.2E02"},
-        {c_nan, 0, 2, L"NAN"},
-    };
-    auto *edit = this->edit<Tvx_vcl_dbl_edit>(1, 2);
-    for (auto const &c : cases) {
-        edit->set_precision(c.precision);
-        edit->set_format_digits(c.digits);
-        edit->set_value(c.value);
-        EXPECT_EQ(edit->GetText(), c.text);
-    }
-    EXPECT_EQ(taken_events(), 0);
-}
-
-TEST_F(number_edits, copy_takes_the_whole_text_and_empty_clipboards_paste_nothing)
-{
-    auto *edit = this->edit<Tvx_vcl_dbl_edit>(0, 0);
-    edit->set_value(12.75);
-    input::click(edit);
-    edit->SetSelStart(0);
-    edit->SetSelLength(2);
-    input::press('C', {ssCtrl});
-    EXPECT_EQ(Clipboard()->GetAsText(), L"12.75");
-    EXPECT_EQ(edit->GetText(), L"12.75");
-    Clipboard()->Clear();
-    input::press('V', {ssCtrl});
-    EXPECT_EQ(edit->GetText(), L"12.75");
-    EXPECT_EQ(taken_events(), 0);
 }
 
 TEST_F(number_edits, esc_is_left_to_the_dialog)

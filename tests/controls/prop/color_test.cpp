@@ -1,4 +1,3 @@
-#include "controls/prop/bool_panel.h"
 #include "controls/prop/chrmap_panel.h"
 #include "controls/prop/clr_picker.h"
 #include "controls/prop/clr_vsb_panel.h"
@@ -44,25 +43,6 @@ protected:
 
 using dib = vx::owned<Ivx_dib, &vx_dib_destroy>;
 } // namespace
-
-TEST_F(colors, a_flag_with_its_caption)
-{
-    auto *panel = add<Tvx_bool_panel>();
-    panel->set_caption(L"Complex style");
-    panel->set_on_changed(recorder());
-    panel->set_flag(true);
-    EXPECT_TRUE(panel->get_flag());
-    EXPECT_EQ(taken_events(), 0);
-    EXPECT_EQ(panel->get_check_box()->GetAccessibleName(), L"Complex style");
-    ASSERT_TRUE(input::tab_to(panel->get_check_box()));
-    input::press(VK_SPACE);
-    EXPECT_FALSE(panel->get_flag());
-    EXPECT_EQ(taken_events(), 1);
-    EXPECT_EQ(last_sender, panel);
-    panel->set_enabled(false);
-    input::click(panel->get_check_box());
-    EXPECT_EQ(taken_events(), 0);
-}
 
 TEST_F(colors, the_dialog_opens_below_the_sample)
 {
@@ -115,36 +95,6 @@ TEST_F(colors, the_built_in_dialog_answers_too)
     EXPECT_EQ(taken_events(), 0);
 }
 
-TEST_F(colors, the_eye_turns)
-{
-    auto *panel = add<Tvx_clr_vsb_panel>(20);
-    panel->on_changed = recorder();
-    Tvx_visible_ctrl &eye = *panel->get_visible_ctrl();
-    EXPECT_TRUE(panel->get_visible());
-    EXPECT_FALSE(eye.GetGlyph()->GetEmpty());
-    UnicodeString const name = eye.GetAccessibleName();
-    ASSERT_TRUE(input::click(&eye));
-    EXPECT_FALSE(panel->get_visible());
-    EXPECT_FALSE(name == eye.GetAccessibleName());
-    EXPECT_EQ(taken_events(), 1);
-    ASSERT_TRUE(input::tab_to(&eye));
-    input::press(VK_SPACE);
-    EXPECT_TRUE(panel->get_visible());
-    EXPECT_EQ(taken_events(), 1);
-    panel->set_visible(false);
-    EXPECT_FALSE(panel->get_visible());
-    int const right = panel->get_clr_panel()->GetLeft();
-    EXPECT_LT(eye.GetLeft(), right);
-    panel->set_can_visible(false);
-    EXPECT_FALSE(eye.GetShowing());
-    EXPECT_EQ(panel->get_clr_panel()->GetLeft(), right);
-    panel->SetWidth(150);
-    panel->set_can_visible(true);
-    EXPECT_EQ(panel->get_clr_panel()->GetLeft(), 110);
-    EXPECT_EQ(eye.GetLeft(), 90) << "the eye keeps its side";
-    EXPECT_EQ(taken_events(), 0);
-}
-
 TEST_F(colors, taken_from_the_screen)
 {
     TShape *square = add_square(RGB(12, 130, 240));
@@ -194,40 +144,6 @@ TEST_F(colors, taken_from_the_screen_by_keys)
     EXPECT_EQ(color, vx_clr_init_rgb(200, 100, 50));
 }
 
-TEST(color_convert, bytes_and_numbers)
-{
-    unsigned char r = 0;
-    unsigned char g = 0;
-    unsigned char b = 0;
-    clr_2_rgb(0x00332211, r, g, b);
-    EXPECT_EQ(r, 0x11);
-    EXPECT_EQ(g, 0x22);
-    EXPECT_EQ(b, 0x33);
-    TColor color = 0;
-    rgb_2_clr(0x11, 0x22, 0x33, color);
-    EXPECT_EQ(color, 0x00332211);
-    EXPECT_EQ(clr2rgb(0x00332211), vx_clr_init_rgba(0x11, 0x22, 0x33, 255));
-    EXPECT_EQ(rgb2clr(vx_clr_init_rgba(0x11, 0x22, 0x33, 9)), 0x00332211);
-    EXPECT_EQ(mouse_btn_2_vx(mbLeft), 0);
-    EXPECT_EQ(mouse_btn_2_vx(mbRight), 1);
-    EXPECT_EQ(mouse_btn_2_vx(mbMiddle), 2);
-    EXPECT_EQ(shift_state_2_vx({}), 0);
-    EXPECT_EQ(shift_state_2_vx({ssShift, ssCtrl, ssDouble}), 1 + 4 + 64);
-    vx_fnt_type font;
-    font.set_wname(L"DejaVu Serif");
-    font.charset = RUSSIAN_CHARSET;
-    font.bold = font.strikeout = true;
-    TFont target;
-    int const size = target.GetSize();
-    fnt_type_2_font(&font, &target, 0);
-    EXPECT_EQ(target.GetName(), L"DejaVu Serif");
-    EXPECT_EQ(target.GetCharset(), RUSSIAN_CHARSET);
-    EXPECT_EQ(target.GetStyle(), (TFontStyles{fsBold, fsStrikeOut}));
-    EXPECT_EQ(target.GetSize(), size);
-    fnt_type_2_font(&font, &target, 20);
-    EXPECT_EQ(target.GetSize(), 20);
-}
-
 TEST(image_convert, pictures_go_there_and_back)
 {
     TBitmap bitmap(3, 2);
@@ -259,32 +175,6 @@ TEST(image_convert, pictures_go_there_and_back)
     EXPECT_EQ(vx_dib_get_pixel(again.get(), 1, 0), vx_clr_init_rgb(1, 2, 3));
     dib_2_bmp(nullptr, &back);
     EXPECT_TRUE(back.GetEmpty());
-}
-
-TEST(image_convert, pictures_by_number)
-{
-    TImageList list(nullptr);
-    EXPECT_EQ(vx_image_list_get_res(&list, 130), 0);
-    EXPECT_EQ(vx_image_list_get_res(&list, 131), 1);
-    EXPECT_EQ(vx_image_list_get_res(&list, 99999), -1);
-    TBitmap ground(40, 30);
-    vx_bmp_fill_color(&ground, clWhite);
-    auto const painted = [&](TRect const &rect) {
-        for (int y = rect.Top; y < rect.Bottom; ++y)
-            for (int x = rect.Left; x < rect.Right; ++x)
-                if (ground.GetCanvas()->GetPixel(x, y) != clWhite)
-                    return true;
-        return false;
-    };
-    canvas_draw_rsrc(ground.GetCanvas(), 99999, Rect(0, 0, 40, 30), true);
-    EXPECT_FALSE(painted(Rect(0, 0, 40, 30)));
-    canvas_draw_rsrc(ground.GetCanvas(), 130, Rect(0, 0, 40, 30), false);
-    EXPECT_TRUE(painted(Rect(12, 7, 28, 23))) << "16 by 16 in the middle";
-    EXPECT_FALSE(painted(Rect(0, 0, 12, 30)));
-    EXPECT_FALSE(painted(Rect(28, 0, 40, 30)));
-    ground.GetCanvas()->GetBrush()->SetColor(clYellow);
-    canvas_draw_rsrc_opaque(ground.GetCanvas(), 130, Rect(0, 0, 40, 30), true);
-    EXPECT_EQ(ground.GetCanvas()->GetPixel(0, 0), clYellow);
 }
 
 TEST_F(colors, samples_have_four_edges_and_fade_while_they_are_disabled)

@@ -129,27 +129,6 @@ TEST_F(file_panel, menu_shows_and_copies_names)
     EXPECT_FALSE(panel->get_pop_menu());
 }
 
-TEST_F(file_panel, enables_all_or_the_button_alone)
-{
-    panel->set_enabled_select(false);
-    EXPECT_TRUE(panel->get_name_view()->GetEnabled());
-    EXPECT_FALSE(panel->get_button()->GetEnabled());
-    panel->set_enabled(false);
-    EXPECT_FALSE(panel->get_name_view()->GetEnabled());
-    panel->set_enabled(true);
-    EXPECT_TRUE(panel->get_button()->GetEnabled());
-    panel->set_caption_width(90);
-    panel->set_top_location(1);
-    EXPECT_EQ(panel->GetHeight(), 38);
-    TPoint const name = form.ScreenToClient(panel->get_name_view()->ClientToScreen({0, 0}));
-    EXPECT_GE(name.Y - panel->GetTop(), 18);
-    EXPECT_GE(name.X - panel->GetLeft(), 10);
-    panel->set_top_location(0);
-    EXPECT_EQ(panel->GetHeight(), 20);
-    EXPECT_EQ(panel->ScreenToClient(panel->get_name_view()->GetParent()->ClientToScreen({0, 0})).X, 90);
-    EXPECT_TRUE(panel->get_button()->GetAccessibleName().Pos(L"Source") > 0);
-}
-
 TEST_F(file_panel, asks_about_the_name_that_it_completes_to)
 {
     vx_test::temp_dir const dir;

@@ -119,21 +119,6 @@ TEST_F(fonts, a_character)
     EXPECT_EQ(taken_events(), 0);
 }
 
-TEST_F(figures, stand_in_their_order)
-{
-    std::set<int> seen;
-    for (int place = 0; place < 26; ++place)
-        seen.insert(Tvx_basic_figure_dialog_form::get_code(place));
-    EXPECT_EQ(seen.size(), 26u);
-    EXPECT_EQ(*seen.begin(), 0);
-    EXPECT_EQ(*seen.rbegin(), 25);
-    EXPECT_EQ(Tvx_basic_figure_dialog_form::get_code(5), 5);
-    EXPECT_EQ(Tvx_basic_figure_dialog_form::get_code(6), 11);
-    EXPECT_EQ(Tvx_basic_figure_dialog_form::get_code(20), 25);
-    EXPECT_EQ(Tvx_basic_figure_dialog_form::get_code(21), 6);
-    EXPECT_EQ(Tvx_basic_figure_dialog_form::get_code(26), -1);
-}
-
 TEST_F(figures, chosen_by_mouse_and_by_key)
 {
     int figure = 12; // place 7

@@ -255,35 +255,6 @@ TEST_F(prop_choice, fields_of_a_table)
     EXPECT_EQ(panel->get_prop_name(), "COUNT");
 }
 
-TEST_F(prop_choice, entities_of_several_lists)
-{
-    vx::owned<Ivx_scns_2d, &vx_scns_2d_destroy> const first(vx_scns_2d_create());
-    vx::owned<Ivx_scns_2d, &vx_scns_2d_destroy> const second(vx_scns_2d_create());
-    vx_scns_2d_add(first.get(), L"Town");
-    vx_scns_2d_add(second.get(), L"Forest");
-    vx_scns_2d_add(second.get(), L"Лес");
-    auto *edit = add<Tvx_entities_prop_edit>();
-    edit->create();
-    edit->set_on_changed(recorder());
-    edit->update_controls();
-    EXPECT_EQ(edit->get_prop_count(), 0);
-    edit->set_entities(nullptr);
-    edit->update_controls();
-    EXPECT_EQ(edit->get_prop_count(), 0) << "no list: nothing to open";
-
-    edit->set_entities(vx_scns_2d_safe_upcast(first.get()));
-    edit->add_entities(vx_scns_2d_safe_upcast(second.get()));
-    edit->update_controls();
-    ASSERT_EQ(edit->get_prop_count(), 4);
-    EXPECT_EQ(edit->get_combo_box()->get_row_name(0), L"Добавить сцену...");
-    EXPECT_EQ(edit->get_combo_box()->get_row_name(3), L"Лес");
-    ASSERT_TRUE(input::choose_item(edit->get_combo_box(), L"Forest"));
-    EXPECT_EQ(taken_events(), 1);
-    edit->set_entities(vx_scns_2d_safe_upcast(first.get()));
-    edit->update_controls();
-    EXPECT_EQ(edit->get_prop_count(), 2);
-}
-
 TEST_F(prop_choice, entities_of_one_layer_type)
 {
     vx::owned<Ivx_scn_2d, &vx_scn_2d_destroy> const scene(vx_scn_2d_create(L"Scene"));

@@ -8,8 +8,6 @@
 #include "platform/basic/vx_histogram.h"
 #include "platform/toolkit/graphics/bitmap.h"
 
-#include <cmath>
-
 namespace input = vx::user_input;
 
 namespace {
@@ -111,31 +109,6 @@ TEST_F(tables, read_no_more_than_is_seen)
     grid->reads = 0;
     ASSERT_TRUE(input::wheel(grid, 3));
     EXPECT_LE(grid->reads, most * 3);
-}
-
-TEST_F(tables, shown_in_a_form)
-{
-    vx_test::temp_dir dir;
-    auto const path = dir / "rivers.dbf";
-    vx_test::write_file(path, dbf_bytes::make({{"NAME", 'C', 8}}, {{"\x8e\xa1\xec"}, {"Don"}}));
-    input::on_next_modal([](input::modal_window const &window) {
-        auto *shown = dynamic_cast<Tvx_dbf_show_form *>(window.form());
-        ASSERT_NE(shown, nullptr);
-        EXPECT_EQ(window.title(), L"rivers.dbf");
-        EXPECT_EQ(shown->GetWidth(), 600);
-        EXPECT_EQ(shown->get_panel()->get_grid()->GetRowCount(), 3);
-        EXPECT_EQ(shown->get_panel()->get_grid()->GetColWidths(0), 40);
-        input::press(VK_ESCAPE);
-    });
-    vx_show_dbf_modal(path.c_str(), true);
-    auto *grid = add<counting_grid>(300);
-    grid->show(path.c_str(), true);
-    grid->SetHeight(45); // one record is seen
-    input::wait_idle();
-    EXPECT_EQ(grid->highest, 1);
-    grid->show(path.c_str(), true);
-    input::wait_idle();
-    EXPECT_TRUE(grid->last == L"Обь" || grid->last == L"Don");
 }
 
 TEST_F(tables, a_file_cut_anywhere_shows_what_is_left)
@@ -241,17 +214,4 @@ TEST_F(histograms, marks_move_by_keys)
     panel->set_val2(chart->GetBottomAxis()->GetMaximum());
     input::press(VK_RIGHT);
     EXPECT_EQ(taken_events(), 0);
-}
-
-TEST_F(histograms, menu_runs_its_events)
-{
-    TNotifyEvent *const lines[] = {&panel->on_menu1, &panel->on_menu2, &panel->on_menu3};
-    for (int i = 0; i < 3; ++i) {
-        *lines[i] = recorder();
-        ASSERT_TRUE(
-            input::choose(panel->get_menu(), panel->get_menu()->GetItems()->GetItems(i)->GetCaption()));
-        EXPECT_EQ(taken_events(), 1);
-        EXPECT_EQ(last_sender, panel);
-        *lines[i] = {};
-    }
 }

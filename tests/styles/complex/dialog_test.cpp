@@ -1,6 +1,5 @@
 #include "cpx_form.h"
 #include "styles/complex/cpx_styles_form.h"
-#include "styles/complex/edit_cpx_style.h"
 #include "styles/simple/bpgn_edit.h"
 #include "support/temp_dir.h"
 
@@ -9,7 +8,6 @@
 #include "platform/styles/vx_base_style.h"
 #include "platform/styles/vx_cpx_style.h"
 #include "platform/styles/vx_style.h"
-#include "platform/toolkit/core/screen.h"
 
 namespace input = vx::user_input;
 
@@ -134,34 +132,4 @@ TEST_F(cpx_dialog, cancel_at_any_depth_leaves_the_style_byte_for_byte)
     taken_events();
     ASSERT_TRUE(input::click(edit->get_cpx_panel()->get_button()));
     EXPECT_EQ(taken_events(), 0);
-}
-
-TEST_F(cpx_dialog, stands_in_the_middle_with_its_least_size)
-{
-    vx::owned<void, &vx_cpx_pln_style_destroy> const line(vx_cpx_pln_style_create());
-    input::on_next_modal([](input::modal_window const &window) {
-        TCustomForm *const form = window.form();
-        EXPECT_EQ(window.title(), L"Complex style");
-        EXPECT_EQ(form->GetWidth(), 640);
-        EXPECT_EQ(form->GetHeight(), 480);
-        EXPECT_NEAR(form->GetLeft() + form->GetWidth() / 2, Screen->GetWidth() / 2, 20);
-        form->SetBounds(300, 200, 100, 100);
-        EXPECT_EQ(form->GetWidth(), 640);
-        EXPECT_EQ(form->GetHeight(), 480);
-        form->SetBounds(300, 100, 700, 800);
-        input::wait_idle();
-        auto *const panel = panel_of(window);
-        EXPECT_EQ(panel->get_layers_panel()->GetHeight(), panel->GetHeight() / 3);
-        EXPECT_EQ(panel->get_layers_panel()->get_draw()->GetWidth(), 200);
-        EXPECT_EQ(panel->get_layer_panel()->get_draw()->GetWidth(), 200);
-        window.reject();
-    });
-    EXPECT_FALSE(vx_edit_cpx_pln_style(line.get()));
-    for (bool (*edit_style)(void *) :
-         {&vx_edit_cpx_pnt_style, &vx_edit_cpx_pln_style, &vx_edit_cpx_pgn_style}) {
-        EXPECT_FALSE(edit_style(nullptr));
-        if (edit_style != &vx_edit_cpx_pln_style) {
-            EXPECT_FALSE(edit_style(line.get())) << "of another kind";
-        }
-    }
 }

@@ -370,50 +370,6 @@ TEST_F(lib_browser, without_a_library_there_is_a_warning_and_no_form)
     EXPECT_FALSE(vxk_lib_styles_get_pnt(pnt.get()));
 }
 
-TEST_F(lib_browser, changes_of_the_program_fire_nothing)
-{
-    Tvx_lib_panel *const panel = add<Tvx_lib_panel>(300);
-    auto *const chooser = add<Tvx_libs_select_panel>();
-    panel->SetWidth(480);
-    chooser->on_changed = recorder();
-    static_cast<void>(vx_global_lib_styles_load());
-    chooser->set_libs(vx_global_lib_styles_get_libs());
-    chooser->set_index(-5);
-    EXPECT_EQ(chooser->get_index(), 0);
-    chooser->set_index(7);
-    EXPECT_EQ(chooser->get_lib(), nullptr);
-    chooser->update_controls();
-    EXPECT_EQ(chooser->get_index(), 0);
-    auto *const tree = panel->get_tree_panel();
-    auto const tree_event = std::exchange(tree->on_changed, recorder());
-    panel->set_lib(chooser->get_lib());
-    panel->load_res();
-    panel->update_controls();
-    tree->set_index_ver(4, 1);
-    EXPECT_EQ(tree->get_tree()->GetSelected()->GetText(), L"Main road");
-    tree->set_index_ver(4, 7);
-    EXPECT_EQ(tree->get_tree()->GetSelected(), nullptr);
-    tree->set_style_item_selected(vx_global_lib_styles_get_spec_style_item(0, 2));
-    int index = 0, version = 0;
-    EXPECT_TRUE(tree->get_index_ver(index, version));
-    EXPECT_EQ(index, 2);
-    EXPECT_EQ(taken_events(), 0);
-    tree->on_changed = tree_event;
-    // Listed styles beyond the list show nothing.
-    auto *const list = panel->get_style_panel()->get_list_panel(1);
-    for (int const place : {-1, 3, 1000}) {
-        list->set_active_style_no(place);
-        list->update_controls();
-        EXPECT_EQ(list->get_active_style(), nullptr);
-        EXPECT_EQ(list->get_draw()->get_paint()->get_pnt_style(), nullptr);
-    }
-    panel->set_lib(nullptr);
-    panel->update_controls();
-    EXPECT_FALSE(tree->get_index_ver(index, version));
-    panel->set_index_ver(4, 1);
-    EXPECT_EQ(panel->get_style_panel()->get_pages()->GetActivePageIndex(), 0);
-}
-
 TEST_F(lib_browser, samples_are_made_for_what_is_seen)
 {
     Tvx_lib_panel *const panel = add<Tvx_lib_panel>(300);

@@ -1,4 +1,3 @@
-#include "controls/forms/grids.h"
 #include "controls/prop/figure_dialog_form.h"
 #include "styles/simple/bpgn_edit.h"
 #include "styles/simple/bpln_edit.h"
@@ -7,7 +6,6 @@
 
 #include "platform/base/owned.h"
 #include "platform/styles/vx_base_style.h"
-#include "platform/styles/vx_style.h"
 
 #include <algorithm>
 
@@ -138,34 +136,6 @@ TEST_F(base_edits, rows_that_count_are_seen_and_close_up)
         EXPECT_EQ(edit->get_use_symbol()->get_flag(), !c.use_figure);
     }
     EXPECT_EQ(taken_events(), 0);
-}
-
-TEST_F(base_edits, values_are_kept_while_hidden)
-{
-    auto *edit = add_edit<Tvx_bpnt_edit>();
-    vx::owned<void, &vx_bpnt_style_destroy> const mine(vx_bpnt_style_create());
-    vx_bpnt_style_set_figure(mine.get(), 12);
-    vx_bpnt_style_set_size(mine.get(), 5.5);
-    vx_bpnt_style_set_color(mine.get(), vx_clr_init_rgb(9, 8, 7));
-    vx_bpnt_style_set_symbol(mine.get(), L'Q');
-    edit->set_bpnt_style(mine.get());
-    edit->update_controls();
-    EXPECT_EQ(taken_events(), 0) << "setters fire nothing";
-
-    vx_bpnt_style_set_use_complex(edit->get_bpnt_style(), true);
-    edit->update_controls();
-    EXPECT_FALSE(edit->get_figure()->GetShowing());
-    ASSERT_TRUE(input::click(edit->get_use_cpx()->get_check_box()));
-    EXPECT_EQ(taken_events(), 1);
-    EXPECT_EQ(edit->get_figure()->get_figure(), 12);
-    EXPECT_EQ(edit->get_size()->get_size(), 5.5);
-    EXPECT_EQ(edit->get_color()->get_color(), vx_clr_init_rgb(9, 8, 7));
-    EXPECT_EQ(edit->get_symbol()->get_symbol(), unsigned(L'Q'));
-    EXPECT_TRUE(vx_bpnt_style_equal(edit->get_bpnt_style(), mine.get()));
-
-    // What was set is a copy: a change of the one leaves the other.
-    vx_bpnt_style_set_size(mine.get(), 1);
-    EXPECT_EQ(vx_bpnt_style_get_size(edit->get_bpnt_style()), 5.5);
 }
 
 TEST_F(base_edits, lines_and_fills_have_fewer_rows)

@@ -98,56 +98,6 @@ TEST_F(composed_edits, tabs_of_a_line_follow_their_boxes)
     EXPECT_EQ(visible_tabs(edit->get_pages()), (names{"bpln_ts", "bpnt_ts", "bbeg_ts"}));
 }
 
-TEST_F(composed_edits, tabs_of_a_polygon_follow_the_style)
-{
-    auto *edit = add_edit<Tvx_pgn_stl_edit>();
-    vx::owned<void, &vx_pgn_style_destroy> const style(vx_pgn_style_create());
-    for (int flags = 0; flags < 8; ++flags) {
-        vx_pgn_style_set_pgn_visible(style.get(), flags & 1);
-        vx_pgn_style_set_pln_visible(style.get(), flags & 2);
-        vx_pgn_style_set_pnt_visible(style.get(), flags & 4);
-        edit->set_pgn_style(style.get());
-        edit->update_controls();
-        names wanted;
-        for (int i = 0; i < 3; ++i)
-            if (flags >> i & 1)
-                wanted.push_back(names{"bpgn_ts", "bpln_ts", "bpnt_ts"}[std::size_t(i)]);
-        EXPECT_EQ(visible_tabs(edit->get_pages()), wanted) << flags;
-        EXPECT_EQ(edit->get_bpgn_cb()->GetChecked(), bool(flags & 1));
-        EXPECT_EQ(edit->get_bpln_cb()->GetChecked(), bool(flags & 2));
-        EXPECT_EQ(edit->get_bpnt_cb()->GetChecked(), bool(flags & 4));
-    }
-    EXPECT_EQ(taken_events(), 0) << "setters fire nothing";
-    for (Tvx_check_box *box : {edit->get_bpgn_cb(), edit->get_bpln_cb(), edit->get_bpnt_cb()}) {
-        ASSERT_TRUE(tick(box));
-        EXPECT_EQ(taken_events(), 1);
-    }
-    void *const mine = edit->get_pgn_style();
-    EXPECT_FALSE(vx_pgn_style_get_pgn_visible(mine) || vx_pgn_style_get_pln_visible(mine) ||
-                 vx_pgn_style_get_pnt_visible(mine));
-    EXPECT_EQ(edit->get_pages()->GetActivePage(), nullptr);
-    ASSERT_TRUE(tick(edit->get_bpln_cb()));
-    ASSERT_TRUE(input::click(edit->get_bpln_edit()->get_color()->get_clr_panel()->get_button()));
-    EXPECT_EQ(vx_bpln_style_get_color(vx_pgn_style_get_bpln_style_ptr(mine)), next_color);
-    ASSERT_TRUE(tick(edit->get_bpln_cb()) && tick(edit->get_bpgn_cb()));
-    ASSERT_TRUE(input::click(edit->get_bpgn_edit()->get_color()->get_clr_panel()->get_button()));
-    EXPECT_EQ(vx_bpgn_style_get_color(vx_pgn_style_get_bpgn_style_ptr(mine)), next_color);
-}
-
-TEST_F(composed_edits, tabs_come_with_the_window)
-{
-    TForm hidden(nullptr);
-    auto *edit = new Tvx_pln_stl_edit(&hidden);
-    edit->SetParent(&hidden);
-    edit->SetAlign(alClient);
-    edit->update_controls();
-    EXPECT_EQ(edit->get_pages()->GetPageCount(), 0);
-    hidden.Show();
-    EXPECT_EQ(edit->get_pages()->GetPageCount(), 4);
-    EXPECT_EQ(visible_tabs(edit->get_pages()), names{"bpln_ts"});
-    EXPECT_EQ(edit->get_pages()->GetActivePageIndex(), 0);
-}
-
 TEST_F(composed_edits, a_change_of_colour_repaints_one_sample)
 {
     auto *edit = add_edit<Tvx_pnt_stl_edit>();

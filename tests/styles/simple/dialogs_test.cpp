@@ -152,49 +152,6 @@ TEST_F(style_dialogs, leave_the_heap_as_it_was)
     }
 }
 
-TEST_F(style_dialogs, stand_where_they_are_asked_to_and_keep_their_least_size)
-{
-    style_ptr const style(vx_pnt_style_create(), &vx_pnt_style_destroy);
-    input::on_next_modal([](input::modal_window const &window) {
-        TCustomForm *form = window.form();
-        EXPECT_EQ(form->GetLeft(), 300);
-        EXPECT_EQ(form->GetTop(), 200);
-        EXPECT_EQ(form->GetWidth(), 350);
-        EXPECT_EQ(form->GetHeight(), 330);
-        form->SetBounds(300, 200, 100, 100);
-        EXPECT_EQ(form->GetWidth(), 350);
-        EXPECT_EQ(form->GetHeight(), 330);
-        window.reject();
-    });
-    EXPECT_FALSE(vx_pnt_style_dialog_vcl(300, 200, style.get()));
-}
-
-TEST_F(style_dialogs, of_base_styles_hand_their_style_out)
-{
-    vx::owned<void, &vx_bpgn_style_destroy> const style(vx_bpgn_style_create());
-    Tvx_bpgn_style_dlg dialog(nullptr);
-    dialog.set_bpgn_style(style.get());
-    input::on_next_modal([&](input::modal_window const &window) {
-        EXPECT_EQ(window.title(), L"Fill");
-        EXPECT_TRUE(input::click(dialog.get_edit()->get_color()->get_clr_panel()->get_button()));
-        window.press_button(L"Apply");
-    });
-    EXPECT_EQ(dialog.show_pos(0, 0), mrOk);
-    EXPECT_EQ(vx_bpgn_style_get_color(dialog.get_bpgn_style()), next_color);
-    EXPECT_NE(vx_bpgn_style_get_color(style.get()), next_color);
-
-    Tvx_bpnt_style_dlg point(nullptr);
-    Tvx_bpln_style_dlg line(nullptr);
-    vx::owned<void, &vx_bpnt_style_destroy> const bpnt(vx_bpnt_style_create());
-    vx_bpnt_style_set_size(bpnt.get(), 8.5);
-    point.set_bpnt_style(bpnt.get());
-    EXPECT_EQ(point.get_edit()->get_size()->get_size(), 8.5);
-    vx::owned<void, &vx_bpln_style_destroy> const bpln(vx_bpln_style_create());
-    vx_bpln_style_set_width(bpln.get(), 1.25);
-    line.set_bpln_style(bpln.get());
-    EXPECT_EQ(vx_bpln_style_get_width(line.get_bpln_style()), 1.25);
-}
-
 /// The module behind the exported dialogs is not loaded in this program.
 TEST_F(style_dialogs, without_their_module_give_false_at_once)
 {
@@ -244,34 +201,6 @@ TEST_F(style_dialogs, without_their_module_give_false_at_once)
         panels[i]->update_controls();
         EXPECT_NE(middle_of(buttons[i]), shown) << c_kinds[i].name;
     }
-}
-
-TEST_F(style_dialogs, a_colour_button_asks_below_itself)
-{
-    auto *panel = add<Tvx_clr_style_panel>(26);
-    panel->load_res();
-    panel->set_caption(L"Selection");
-    panel->on_changed = recorder();
-    panel->update_controls();
-    input::wait_idle();
-    EXPECT_EQ(panel->get_clr_style(), vx_clr_init_rgb(0, 0, 0));
-    EXPECT_EQ(panel->get_btn()->GetAccessibleName(), L"Selection: Choose the colour");
-    EXPECT_EQ(panel->get_btn()->GetBoundsRect().Right, panel->GetClientWidth());
-    next_color = vx_clr_init_rgb(40, 160, 220);
-    ASSERT_TRUE(input::click(panel->get_btn()));
-    EXPECT_EQ(asked_at, panel->get_btn()->ClientToScreen({0, panel->get_btn()->GetHeight()}));
-    EXPECT_EQ(asked_format, c_color_format_rgba);
-    EXPECT_EQ(panel->get_clr_style(), next_color);
-    EXPECT_EQ(taken_events(), 1);
-    EXPECT_EQ(last_sender, panel);
-    EXPECT_EQ(middle_of(panel->get_btn()), RGB(40, 160, 220));
-    EXPECT_EQ(panel->get_btn()->GetGlyph()->GetWidth(), 20);
-    accepts = false;
-    ASSERT_TRUE(input::click(panel->get_btn()));
-    EXPECT_EQ(taken_events(), 0);
-    panel->set_clr_style(vx_clr_init_rgb(1, 1, 1));
-    EXPECT_EQ(taken_events(), 0);
-    EXPECT_FALSE(vx_clr_style_dialog(0, 0, nullptr));
 }
 
 namespace {
