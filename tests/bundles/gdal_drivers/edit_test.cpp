@@ -8,7 +8,6 @@
 
 #include <cmath>
 #include <filesystem>
-#include <functional>
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
@@ -242,33 +241,6 @@ INSTANTIATE_TEST_SUITE_P(formats, gdal_edit, testing::Values(c_shapefile, c_geop
                          [](auto const &info) {
                              return info.param == c_shapefile ? "shapefile" : "geopackage";
                          });
-
-TEST(gdal_transaction, rolls_back_and_commits)
-{
-    temp_dir const dir;
-    std::wstring const path = wide(dir / "t.gpkg");
-    {
-        source const s(path, c_geopackage);
-        ASSERT_TRUE(s.table.create_vector(L"t", 1, 0, definition({{L"a", 3}})));
-        ASSERT_TRUE(s.data.has_capability(8));
-        ASSERT_TRUE(s.table.transaction_start());
-        EXPECT_FALSE(s.table.transaction_start()) << "one at a time";
-        ASSERT_TRUE(add(s, [](vx::feature f) { EXPECT_TRUE(f.set_integer(0, 1)); }));
-        ASSERT_TRUE(s.table.transaction_rollback());
-        EXPECT_EQ(s.table.feature_count(true), 0u);
-        ASSERT_TRUE(s.table.transaction_start());
-        ASSERT_TRUE(add(s, [](vx::feature f) { EXPECT_TRUE(f.set_integer(0, 2)); }));
-        keeper k;
-        ASSERT_TRUE(s.forward.with_next_feature(k));
-        EXPECT_TRUE(k.item.set_integer(0, 3));
-        ASSERT_TRUE(s.table.transaction_commit()) << "with what is still outside";
-        ASSERT_TRUE(s.table.transaction_start());
-        EXPECT_TRUE(k.item.set_integer(0, 4));
-        ASSERT_TRUE(s.table.transaction_rollback());
-    }
-    source const again(path);
-    EXPECT_EQ(column(again, 0), std::vector<std::wstring>{L"3"});
-}
 
 TEST(gdal_edit_refusals, a_table_that_cannot_be_made_leaves_nothing)
 {

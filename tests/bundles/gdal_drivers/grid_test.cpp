@@ -2,9 +2,7 @@
 #include "source.h"
 #include "support/temp_dir.h"
 
-#include <cmath>
 #include <gtest/gtest.h>
-#include <limits>
 #include <numeric>
 
 using namespace vx_test;
@@ -137,33 +135,6 @@ TEST_F(gdal_grid, reads_cells_in_lines_and_windows)
     EXPECT_EQ(value, -9999);
 }
 
-TEST_F(gdal_grid, counts_its_cells_without_leaving_a_trace)
-{
-    source const s(put("a.asc", c_ascii_grid));
-    EXPECT_FALSE(s.stat.has_stat(0));
-    double value = 0;
-    long long count = 0;
-    // 19 values: the sum of 10 r + c over all cells, less the last.
-    EXPECT_TRUE(s.stat.count_nonnull(0, &count) && s.stat.sum(0, &value));
-    EXPECT_EQ(count, 19);
-    EXPECT_EQ(value, 10 * 5 * (0 + 1 + 2 + 3) + 4 * (0 + 1 + 2 + 3 + 4) - 34);
-    EXPECT_TRUE(s.stat.minimum(0, &value));
-    EXPECT_EQ(value, 0);
-    EXPECT_TRUE(s.stat.maximum(0, &value));
-    EXPECT_EQ(value, 33);
-    EXPECT_TRUE(s.stat.average(0, &value));
-    EXPECT_NEAR(value, 306.0 / 19, 1e-12);
-    EXPECT_TRUE(s.stat.stdev(0, &value));
-    EXPECT_NEAR(value, 11.144977627424357, 1e-12);
-    long long counts[3] = {};
-    EXPECT_TRUE(s.stat.with_custom_histogram(0, 0, 30, 3, counts, true));
-    EXPECT_EQ(counts[0], 5);
-    EXPECT_EQ(counts[1], 5);
-    EXPECT_EQ(counts[2], 6) << "30 belongs to the last class";
-    EXPECT_FALSE(s.stat.minimum(1, &value));
-    EXPECT_EQ(f_dir.count(), 1);
-}
-
 TEST_F(gdal_grid, colours_and_statistics_that_the_file_brings_along)
 {
     source const s(put("a.vrt", R"(<VRTDataset rasterXSize="4" rasterYSize="4">
@@ -188,34 +159,6 @@ TEST_F(gdal_grid, colours_and_statistics_that_the_file_brings_along)
     double value = 0;
     EXPECT_TRUE(s.stat.maximum(0, &value));
     EXPECT_EQ(value, 9) << "taken over, not counted";
-}
-
-TEST_F(gdal_grid, the_examples)
-{
-    source const s(example("L7_ETMs.tif"));
-    vx::grid_source const grid = grid_of(s);
-    EXPECT_EQ(s.data.field_count(), 6);
-    int counts[3] = {};
-    ASSERT_TRUE(grid.with_dimensions(counts));
-    EXPECT_EQ(counts[0], 349);
-    EXPECT_EQ(counts[1], 352);
-    long long cells = 0;
-    EXPECT_TRUE(s.stat.count_nonnull(5, &cells));
-    EXPECT_EQ(cells, 349 * 352);
-    class bytes_histogram final : public vx::histogram_visitor_impl
-    {
-    public:
-        long long sum = 0;
-        int classes = 0;
-        void visit(double, double, int count, long long *values) override
-        {
-            classes = count;
-            sum = std::accumulate(values, values + count, 0LL);
-        }
-    } histogram;
-    EXPECT_TRUE(s.stat.with_default_histogram(5, true, histogram));
-    EXPECT_EQ(histogram.classes, 256);
-    EXPECT_EQ(histogram.sum, cells);
 }
 
 TEST_F(gdal_grid, a_new_grid_is_written_and_read_again)

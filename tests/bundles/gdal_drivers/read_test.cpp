@@ -6,11 +6,9 @@
 
 #include "platform/data/vx_dbf.h"
 
-#include <array>
 #include <climits>
 #include <filesystem>
 #include <gtest/gtest.h>
-#include <numeric>
 
 using namespace vx_test;
 namespace fs = std::filesystem;
@@ -80,35 +78,6 @@ TEST(gdal_read, fields)
     EXPECT_EQ(free_name(L"a_rather_long_name"), L"a_rather_l") << "the format keeps ten characters";
 }
 
-TEST(gdal_read, cells)
-{
-    source const s(example("nc.shp"));
-    keeper k;
-    ASSERT_TRUE(s.forward.with_next_feature(k));
-    EXPECT_EQ(k.item.fid(), 0);
-    EXPECT_EQ(k.text(4), L"Ashe");
-    EXPECT_EQ(k.text(0), L"0.114");
-    EXPECT_EQ(k.text(8), L"1091");
-    bool not_null = false;
-    EXPECT_EQ(k.item.get_integer(7, &not_null), 5);
-    EXPECT_TRUE(not_null);
-    EXPECT_EQ(k.item.get_numeric(0, &not_null), 0.114);
-    EXPECT_EQ(k.item.get_bigint(8, nullptr), 1091);
-    EXPECT_EQ(k.item.get_integer(77, &not_null), 0);
-    EXPECT_FALSE(not_null);
-    EXPECT_FALSE(k.item.set_integer(7, 6)) << "opened for reading";
-
-    source const world(example("world.shp"));
-    std::vector<std::wstring> without_code;
-    for (keeper w; world.forward.with_next_feature(w);) {
-        world.data.field_name(0, {});
-        w.item.get_string(0, &not_null, {});
-        if (!not_null)
-            without_code.push_back(w.text(1));
-    }
-    EXPECT_EQ(without_code.size(), 2u) << "empty text cells of the format are null";
-}
-
 TEST(gdal_read, geometry)
 {
     vertex_list const list(vx_ov_d2_create());
@@ -154,21 +123,6 @@ TEST(gdal_read, geometry)
     EXPECT_EQ(vx_ov_d2_get_vtx_count(list.get()), 1u);
     EXPECT_NE(text_of([&](vx::string_visitor v) { cities.data.with_proj4(v); }).find(L"+proj=longlat"),
               std::wstring::npos);
-}
-
-TEST(gdal_read, questions_in_between_leave_the_reading_where_it_is)
-{
-    source const s(example("nc.shp"));
-    keeper k;
-    for (int i = 0; i < 10; ++i)
-        s.forward.with_next_feature(k);
-    double value = 0;
-    EXPECT_TRUE(s.stat.maximum(9, &value));
-    EXPECT_EQ(s.table.feature_count(true), 100u);
-    EXPECT_FALSE(s.random.with_feature(100, k));
-    EXPECT_EQ(k.item.fid(), 9) << "nothing was visited";
-    ASSERT_TRUE(s.forward.with_next_feature(k));
-    EXPECT_EQ(k.item.fid(), 10);
 }
 
 TEST(gdal_read, features_outlive_their_source)
@@ -228,41 +182,6 @@ TEST(gdal_read, attribute_filters)
     EXPECT_EQ(rest_of(s), (std::vector<long long>{13, 14})) << "positions count within the page";
 }
 
-TEST(gdal_read, statistics)
-{
-    source const s(example("nc.shp"));
-    double value = 0;
-    EXPECT_FALSE(s.stat.has_stat(8));
-    EXPECT_TRUE(s.stat.minimum(8, &value));
-    EXPECT_TRUE(s.stat.has_stat(8)) << "one pass answers all";
-    EXPECT_TRUE(s.stat.stdev(8, &value));
-    EXPECT_NEAR(value, 3848.165126919634, 1e-8);
-    EXPECT_FALSE(s.stat.minimum(4, &value)) << "text has no least number";
-    EXPECT_FALSE(s.stat.minimum(14, &value));
-    // Thirds by their numbers: the classes are closed below, the last one above too.
-    std::array<long long, 3> counts{};
-    ASSERT_TRUE(s.stat.with_custom_histogram(7, 1, 100, 3, counts.data(), true));
-    EXPECT_EQ(counts, (std::array<long long, 3>{33, 33, 34}));
-    class histogram_sum final : public vx::histogram_visitor_impl
-    {
-    public:
-        double low = 0, high = 0;
-        long long sum = 0;
-        void visit(double minimum, double maximum, int count, long long *values) override
-        {
-            low = minimum;
-            high = maximum;
-            sum = std::accumulate(values, values + count, 0LL);
-        }
-    } histogram;
-    ASSERT_TRUE(s.stat.with_default_histogram(8, true, static_cast<vx::histogram_visitor>(histogram)));
-    EXPECT_EQ(histogram.low, 248);
-    EXPECT_EQ(histogram.high, 21588);
-    EXPECT_EQ(histogram.sum, 100);
-    s.forward.set_attribute_filter(L"FID < 3");
-    EXPECT_FALSE(s.stat.minimum(8, &value)) << "with a filter the caller counts";
-}
-
 TEST(gdal_read, connection_options)
 {
     std::wstring const folder = vx::text::utf8_to_wide(VX_EXAMPLE_DATA);
@@ -288,19 +207,6 @@ TEST(gdal_read, connection_options)
     EXPECT_EQ(points.table.feature_count(true), 0u);
     EXPECT_EQ(points.table.feature_count(false), ULLONG_MAX) << "not known without a look";
     EXPECT_TRUE(rest_of(points).empty());
-}
-
-TEST(gdal_read, a_grid_is_no_table)
-{
-    source const s(example("olinda_dem_utm25s.tif"));
-    ASSERT_TRUE(s.is_open());
-    EXPECT_FALSE(s.table || s.forward);
-    EXPECT_EQ(s.data.grid_count(), 1);
-    EXPECT_EQ(s.data.vector_count(), 0);
-    EXPECT_EQ(s.data.field_count(), 1);
-    Tvx_box_d2 box;
-    EXPECT_TRUE(s.data.with_extent(&box, false));
-    EXPECT_FALSE(box.is_empty());
 }
 
 TEST(gdal_read, numbers_do_not_depend_on_the_locale)

@@ -84,30 +84,6 @@ TEST(connection_string, vector_options)
     EXPECT_EQ(encoding().alter_source(L"*a"), L"*a|enc=866");
 }
 
-TEST(data_types, tables)
-{
-    for (int n : {0, 1, 3, 5, 8, 11, 13, 15, 18, 31, 100}) {
-        auto const t = static_cast<geom_type>(n);
-        EXPECT_EQ(geomtype_parse_string(geomtype_tostring(t)), t) << n;
-        EXPECT_EQ(static_cast<int>(geomtype_flatten(t)), n > 10 && n < 20 ? n - 10 : n);
-        EXPECT_EQ(geomtype_has_zcoord(t), n > 10 && n < 100);
-    }
-    EXPECT_EQ(geomtype_tostring(static_cast<geom_type>(2)), L"");
-    EXPECT_EQ(geomtype_parse_string(L""), geom_type::unknown);
-    EXPECT_EQ(geomtype_parse_string(L"line"), geom_type::unknown);
-    int const bytes[] = {0, 1, 1, 2, 2, 4, 4, 8, 8, 4, 8, 0};
-    for (int n = 0; n < 12; ++n) {
-        auto const t = static_cast<data_type>(n);
-        EXPECT_EQ(datatype_size_bytes(t), bytes[n]) << n;
-        EXPECT_EQ(datatype_size_bits(t), 8 * bytes[n]);
-        EXPECT_EQ(datatype_isfloating(t), n == 9 || n == 10);
-        EXPECT_EQ(datatype_isintegral(t), n >= 1 && n <= 8);
-    }
-    EXPECT_EQ(datatype_size_bytes(static_cast<data_type>(-1)), 0);
-    EXPECT_TRUE(fieldtype_isnumber(field_type::bigint));
-    EXPECT_FALSE(fieldtype_isnumber(field_type::string));
-}
-
 TEST(connection_value, opens_through_its_callback)
 {
     struct call

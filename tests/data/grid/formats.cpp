@@ -347,28 +347,3 @@ TEST(grid_formats, places_both_ways)
     ASSERT_TRUE(one.set_spacing({3, -3, 1}) && one.set_origin({7, 8, 0}));
     EXPECT_EQ(one.ending(), one.origin());
 }
-
-TEST(grid_formats, the_examples)
-{
-    grid_datasource land;
-    ASSERT_TRUE(land.open(vx::text::utf8_to_wide(VX_EXAMPLE_DATA "/lc.tif"), access_read));
-    GDALAllRegister();
-    GDALDatasetUniquePtr const set(GDALDataset::Open(VX_EXAMPLE_DATA "/lc.tif", GDAL_OF_RASTER));
-    auto const *const table = set->GetRasterBand(1)->GetColorTable();
-    grid_palette palette;
-    ASSERT_EQ(land.field_palette(0, palette), table != nullptr);
-    if (table) {
-        ASSERT_EQ(palette.color_count(), table->GetColorEntryCount());
-        for (int i = 0; i < palette.color_count(); ++i) {
-            GDALColorEntry entry{};
-            table->GetColorEntryAsRGB(i, &entry);
-            Tvx_color const color = palette.fetch_color(i);
-            ASSERT_EQ(color, vx_clr_init_rgba(entry.c1, entry.c2, entry.c3, entry.c4)) << i;
-        }
-        Tvx_color kept{1, 2, 3, 4};
-        EXPECT_FALSE(palette.fetch_color(palette.color_count(), kept));
-        EXPECT_EQ(kept, (Tvx_color{1, 2, 3, 4}));
-        EXPECT_EQ(land.field_index(color_interp{GCI_PaletteIndex}), 0u);
-    }
-    EXPECT_FALSE(land.field_palette(1, palette) || palette.valid());
-}

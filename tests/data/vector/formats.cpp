@@ -357,39 +357,6 @@ TEST_P(formats, filters_and_pages)
     EXPECT_EQ(rest_of(d), std::vector<int>{all[2]}) << "positions count within the page";
 }
 
-TEST_P(formats, positions_and_identifiers)
-{
-    vector_datasource d;
-    ASSERT_NO_FATAL_FAILURE(open(d));
-    vector_feature f;
-    if (!GetParam().has_positions) {
-        EXPECT_FALSE(d.moveto_feature(1));
-        EXPECT_FALSE(d.fetch_feature(1, f));
-        return;
-    }
-    std::vector<std::pair<long long, std::wstring>> all;
-    bool not_null = false;
-    while (d.fetch_next_feature(f))
-        all.emplace_back(f.fid(), f.read_string(at(d, L"big"), not_null));
-    for (std::size_t const i : {std::size_t{23}, std::size_t{0}, std::size_t{11}}) {
-        ASSERT_TRUE(d.moveto_feature(static_cast<long long>(i)));
-        ASSERT_TRUE(d.fetch_next_feature(f));
-        EXPECT_EQ(f.fid(), all[i].first);
-        ASSERT_TRUE(d.fetch_feature(all[i].first, f));
-        EXPECT_EQ(f.read_string(at(d, L"big"), not_null), all[i].second);
-    }
-    EXPECT_FALSE(d.fetch_feature(1'000'000, f));
-    EXPECT_FALSE(d.moveto_feature(-1));
-    Tvx_box_d2 box;
-    ASSERT_TRUE(d.extent(box, force_compute));
-    EXPECT_EQ(box, (Tvx_box_d2{10, 27, 33, 50}));
-    EXPECT_GE(d.files_list().size(), 1u);
-    EXPECT_EQ(d.vector_count(), 1);
-    EXPECT_EQ(d.driver_id(), GetParam().driver);
-    EXPECT_EQ(d.field_unique_name(L"NAME"), L"NAME1");
-    EXPECT_EQ(d.fetch_definition().find(L"value"), static_cast<int>(at(d, L"value")));
-}
-
 TEST_P(formats, what_is_opened_for_reading_stays)
 {
     if (GetParam().driver == 0)
@@ -424,51 +391,6 @@ TEST_P(formats, what_is_opened_for_reading_stays)
         (void)rest_of(d);
     }
     EXPECT_EQ(content(), before);
-}
-
-TEST_P(formats, changes)
-{
-    if (!GetParam().can_edit)
-        return;
-    {
-        vector_datasource d;
-        ASSERT_NO_FATAL_FAILURE(open(d, access_update));
-        transacted_feature f;
-        ASSERT_TRUE(d.fetch_next_feature(f));
-        EXPECT_EQ(d.field_maximum(at(d, L"value")), 9.5);
-        long long const first = f.fid();
-        EXPECT_TRUE(f.write_numeric(at(d, L"value"), 100));
-        EXPECT_TRUE(f.set_point2d({1, 2}));
-        f.init({}); // the change is stored when its feature ends
-        ASSERT_TRUE(d.fetch_feature(first + 1, f));
-        EXPECT_TRUE(f.write_null(at(d, L"value")));
-        EXPECT_TRUE(f.write_any(at(d, L"name"), any::from_string(L"new")));
-        f.init({});
-        EXPECT_TRUE(d.delete_feature(first + 2));
-        if (GetParam().can_roll_back) {
-            vector_transaction taken_back(d);
-            EXPECT_TRUE(d.delete_feature(first + 3));
-            EXPECT_TRUE(taken_back.rollback());
-            vector_transaction kept(d);
-            EXPECT_TRUE(d.delete_feature(first + 4));
-        } else {
-            EXPECT_TRUE(d.delete_feature(first + 4));
-        }
-    }
-    vector_datasource d;
-    ASSERT_NO_FATAL_FAILURE(open(d));
-    EXPECT_EQ(rest_of(d).size(), static_cast<std::size_t>(c_rows - 2));
-    EXPECT_EQ(d.field_maximum(at(d, L"value")), 100);
-    d.reset_reading();
-    vector_feature f;
-    Tvx_vtx_d2 place;
-    bool not_null = true;
-    ASSERT_TRUE(d.fetch_next_feature(f) && f.fetch_point2d(place));
-    EXPECT_EQ(place, (Tvx_vtx_d2{1, 2}));
-    ASSERT_TRUE(d.fetch_next_feature(f));
-    EXPECT_EQ(f.read_numeric(at(d, L"value"), not_null), 0);
-    EXPECT_FALSE(not_null);
-    EXPECT_EQ(f.read_string(at(d, L"name"), not_null), L"new");
 }
 
 INSTANTIATE_TEST_SUITE_P(each, formats, testing::ValuesIn(c_formats),

@@ -1,6 +1,5 @@
 #include "data/connection/connection.h"
 #include "data/vector/memory_driver.h"
-#include "data/vector/transacted_feature.h"
 #include "data/vector/vector_datasource.h"
 #include "data/vector/vector_transaction.h"
 
@@ -159,30 +158,6 @@ TEST(driver_first, unique_values_and_histograms)
     EXPECT_NEAR(vx_histogramm_get_bnd_max(histogram, 0), 0, 1e-15);
 }
 
-TEST(local_roads, values)
-{
-    sample s;
-    vector_datasource d;
-    ASSERT_TRUE(d.from_handle(s.handle()));
-    std::vector<double> numbers{99};
-    EXPECT_TRUE(d.field_values(1, numbers));
-    EXPECT_EQ(numbers, (std::vector<double>{2, 4, 4, 10}));
-    EXPECT_TRUE(d.field_values(3, numbers));
-    EXPECT_TRUE(numbers.empty());
-    std::set<std::wstring> names;
-    EXPECT_TRUE(d.field_unique_values(0, c_no_limit, names));
-    EXPECT_EQ(names, (std::set<std::wstring>{L"a", L"b", L"c", L"d"}));
-    EXPECT_TRUE(d.field_unique_values(0, 1, names));
-    EXPECT_EQ(names, (std::set<std::wstring>{L"b"}));
-    std::set<double> distinct;
-    EXPECT_TRUE(d.field_unique_values(1, c_no_limit, distinct));
-    EXPECT_EQ(distinct, (std::set<double>{2, 4, 10}));
-    std::map<std::wstring, std::vector<std::wstring>> rows;
-    EXPECT_TRUE(d.field_unique_values(0, {1, 2}, 3, rows));
-    EXPECT_EQ(rows, (std::map<std::wstring, std::vector<std::wstring>>{
-                        {L"b", {L"2", L"7"}}, {L"a", {L"4", L""}}, {L"c", {L"4", L""}}}));
-}
-
 TEST(local_roads, names_of_fields)
 {
     memory_driver::source s;
@@ -232,24 +207,6 @@ TEST(opening, modes_and_ownership)
     EXPECT_FALSE(generic_datasource().open(closed, access_read));
 }
 
-TEST(paging, needs_the_field_of_ids)
-{
-    sample s;
-    vector_datasource d;
-    d.from_handle(s.handle());
-    s.filter = L"kept";
-    EXPECT_FALSE(d.set_index_filter(0, 5));
-    EXPECT_EQ(s.filter, L"kept");
-    s.fid_name = L"fid";
-    EXPECT_TRUE(d.set_index_filter(100, 150));
-    EXPECT_EQ(s.filter, L"fid >= 0 LIMIT 50 OFFSET 100");
-    EXPECT_TRUE(d.set_index_filter(0, 0));
-    EXPECT_EQ(s.filter, L"fid >= 0 LIMIT 0 OFFSET 0");
-    vector_feature f;
-    EXPECT_FALSE(d.moveto_feature(0)); // the source has no random access
-    EXPECT_FALSE(d.fetch_feature(0, f));
-}
-
 TEST(transaction, keeps_its_changes_unless_told)
 {
     sample s;
@@ -285,29 +242,4 @@ TEST(transaction, keeps_its_changes_unless_told)
     }
     EXPECT_EQ(s.transactions[1], 4);
     EXPECT_EQ(s.transactions[2], 2);
-}
-
-TEST(cells, any_holds_each_kind)
-{
-    sample s;
-    vector_datasource d;
-    d.from_handle(s.handle());
-    vector_feature f;
-    d.reset_reading();
-    ASSERT_TRUE(d.fetch_next_feature(f));
-    any text = f.read_any(0);
-    any const copy = text;
-    text = any();
-    EXPECT_TRUE(text.is_null());
-    EXPECT_STREQ(copy.string(), L"b");
-    EXPECT_EQ(copy.numeric(), 0);
-    EXPECT_EQ(f.read_any(1).numeric(), 2);
-    EXPECT_TRUE(f.read_any(3).is_null());
-    EXPECT_TRUE(f.read_any(99).is_null());
-    EXPECT_TRUE(f.write_any(3, any::from_numeric(1.5)));
-    EXPECT_EQ(f.read_any(3).numeric(), 1.5);
-    EXPECT_TRUE(f.write_any(3, any()));
-    EXPECT_TRUE(f.read_any(3).is_null());
-    EXPECT_FALSE(f.write_string(0, L"x")); // this source cannot
-    EXPECT_EQ(any::from_bigint(1LL << 40).bigint(), 1LL << 40);
 }
