@@ -4,7 +4,6 @@
 #include "platform/data/vx_tld_data.h"
 #include "platform/layers/vx_shp_lr2d.h"
 #include "platform/layers/vx_tld_lr2d.h"
-#include "platform/toolkit/controls/check_box.h"
 #include "platform/toolkit/controls/combo_box.h"
 
 namespace {
@@ -55,26 +54,6 @@ TEST_F(views, a_style_view_shows_the_editor_of_the_managers_type)
         EXPECT_EQ(shown(edits), expected);
         EXPECT_EQ(tabs().size(), tab_count);
     }
-}
-
-TEST_F(views, each_change_of_a_style_is_committed_once)
-{
-    auto &model = offering.add_style(L"styles", points.get());
-    models::values source;
-    model.source = &source;
-    model.rules = false;
-    open({&offering});
-    auto *const edit = view<Tvx_style_editor_view>(0)->get_edits().pnt;
-    auto *const modes = edit->get_mode_edit()->get_combo_box();
-    EXPECT_EQ(modes->GetItems()->GetCount(), 3) << "no rules";
-    ASSERT_TRUE(input::choose_item(modes, 1));
-    EXPECT_EQ(model.commits, 1);
-    EXPECT_EQ(vx_stl_mngr_get_mode(points.get()), 1u);
-    EXPECT_EQ(source.hold_count(), 0u) << "the values are held while they are open";
-    model.rules = true;
-    model.update();
-    EXPECT_EQ(modes->GetItems()->GetCount(), 4);
-    EXPECT_EQ(model.commits, 1);
 }
 
 TEST_F(views, the_values_reach_the_editors_by_the_pull_events)
@@ -215,32 +194,4 @@ TEST_F(views, a_label_view_edits_the_layer_with_the_properties_of_the_model)
     EXPECT_TRUE(tabs().empty());
     EXPECT_EQ(panel->get_layer(), nullptr);
     EXPECT_EQ(source.hold_count(), 0u);
-}
-
-TEST_F(views, a_text_view_shows_the_editor_of_the_settings_type)
-{
-    offering.texts.push_back(std::make_unique<models::text_settings_editor>(L"texts"));
-    auto &model = *offering.texts[0];
-    open({&offering});
-    auto const &edits = view<Tvx_text_settings_editor_view>(0)->get_edits();
-    EXPECT_TRUE(tabs().empty());
-    using settings = vx::owned<void, &vx_txt_settings_destroy>;
-    std::vector<settings> kept;
-    for (auto const &[type, expected] : {std::pair("txt_pgn_style", "--x"), std::pair("txt_pln_style", "-x-"),
-                                         std::pair("txt_pnt_style", "x--")}) {
-        kept.emplace_back(vx_txt_settings_create(type));
-        model.shown = kept.back().get();
-        model.update();
-        EXPECT_EQ(shown(edits), expected);
-        EXPECT_EQ(tabs().size(), 1u);
-    }
-    input::wait_idle();
-    void *const list = vx_txt_settings_get_stl_mngr_list(model.shown);
-    bool const visible = vx_stl_mngr_list_get_visible(list);
-    ASSERT_TRUE(input::click(edits.list->get_check_box(), 8, 8));
-    EXPECT_NE(vx_stl_mngr_list_get_visible(list), visible);
-    model.shown = nullptr;
-    model.update();
-    EXPECT_EQ(shown(edits), "---");
-    EXPECT_TRUE(tabs().empty());
 }

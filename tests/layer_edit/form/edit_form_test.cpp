@@ -5,7 +5,6 @@
 #include "tests/layer_edit/page_set/page_set_fixture.h"
 #include "user_input/user_input.h"
 
-#include "platform/basic/vx_options.h"
 #include "platform/layers/vx_lr.h"
 #include "platform/layers/vx_shp_lr2d.h"
 #include "platform/toolkit/core/application.h"
@@ -184,37 +183,6 @@ TEST(edit_form, a_name_is_no_format)
     }
 }
 
-TEST(edit_form, positions)
-{
-    ASSERT_EQ(Screen->GetWidth(), 1920);
-    ASSERT_EQ(Screen->GetHeight(), 1080);
-    struct
-    {
-        int width, height, x, y, left, top;
-    } const cases[] = {
-        {300, 200, 10000, 10000, 1620, 880}, {300, 200, -50, -50, -50, -50}, {300, 200, 1620, 880, 1620, 880},
-        {2000, 200, 0, 0, -80, 0},           {300, 200, 0, 0, 0, 0},
-    };
-    for (auto const &c : cases) {
-        SCOPED_TRACE(testing::Message() << c.x << ", " << c.y);
-        handle form(vx_lr2d_edt_form_create());
-        vx_lr2d_edt_form_create_all(form.get());
-        vx_lr2d_edt_form_set_width(form.get(), c.width);
-        vx_lr2d_edt_form_set_height(form.get(), c.height);
-        vx_lr2d_edt_form_show_pos(form.get(), c.x, c.y);
-        EXPECT_EQ(vx_lr2d_edt_form_get_left(form.get()), c.left);
-        EXPECT_EQ(vx_lr2d_edt_form_get_top(form.get()), c.top);
-        EXPECT_EQ(vx_lr2d_edt_form_get_width(form.get()), c.width);
-        EXPECT_EQ(vx_lr2d_edt_form_get_height(form.get()), c.height);
-        vx_lr2d_edt_form_show_pos(form.get(), 5, 5);
-        EXPECT_EQ(vx_lr2d_edt_form_get_left(form.get()), c.left) << "a visible window does not move";
-        vx_lr2d_edt_form_set_left(form.get(), 40);
-        vx_lr2d_edt_form_set_top(form.get(), 30);
-        EXPECT_EQ(vx_lr2d_edt_form_get_left(form.get()), 40);
-        EXPECT_EQ(vx_lr2d_edt_form_get_top(form.get()), 30);
-    }
-}
-
 TEST(edit_form, a_hosted_form_stays_the_hosts)
 {
     auto own = std::make_unique<Tvx_apply_form>(nullptr);
@@ -369,26 +337,6 @@ TEST(edit_form, null_handles_are_quiet)
     vx_lr2d_edt_form_create_all(formless.get());
     vx_lr2d_edt_form_show_pos(formless.get(), 1, 1);
     EXPECT_FALSE(vx_lr2d_edt_form_get_showing(formless.get()));
-}
-
-TEST(edit_form, the_own_form_hands_the_keyboard_back_and_has_its_help)
-{
-    handle form(vx_lr2d_edt_form_create());
-    EXPECT_NE(dynamic_cast<Tvx_apply_and_leave_form *>(form->get_form()), nullptr);
-    EXPECT_EQ(form->get_form()->GetHelpContext(), 23);
-}
-
-TEST(edit_form, texts_follow_the_language)
-{
-    handle form(vx_lr2d_edt_form_create());
-    std::string const before = vx_options_get_language();
-    ASSERT_TRUE(vx_options_set_language("ru"));
-    vx_lr2d_edt_form_create_all(form.get());
-    EXPECT_EQ(title(form), L"\x421\x432\x43e\x439\x441\x442\x432\x430 \x441\x43b\x43e\x44f: ");
-    EXPECT_TRUE(vx_options_set_language(before.c_str()));
-    form->load_res();
-    vx_lr2d_edt_form_update(form.get());
-    EXPECT_EQ(title(form), L"Layer properties: ");
 }
 
 TEST(edit_form, is_worked_by_keyboard)

@@ -129,34 +129,6 @@ TEST_F(page_set, shows_the_pages_of_the_layer_and_clears_the_others)
         }
 }
 
-TEST_F(page_set, a_null_key_counts_as_unknown)
-{
-    EXPECT_EQ(&vx::lr2d_page_row_find(nullptr), &vx::lr2d_page_row_find("no such key"));
-    EXPECT_EQ(&vx::lr2d_page_row_find(nullptr), &vx::lr2d_page_row_find(""));
-}
-
-TEST_F(page_set, pages_stand_on_their_tabs)
-{
-    lines const order = {"f_prop_ts", "f_style_ts", "f_text_ts", "f_text_mngr"};
-    for (int i = 0; i < 4; ++i) {
-        EXPECT_EQ(tab(i)->GetName().to_utf8(), order[static_cast<std::size_t>(i)]);
-        if (i > 0) {
-            EXPECT_FALSE(tab(i)->GetCaption().IsEmpty());
-        }
-    }
-    std::pair<p, int> const places[] = {
-        {p::rtr, 1},       {p::shp_pnt, 1},  {p::shp_pln, 1},      {p::shp_pgn, 1}, {p::tos_grid, 1},
-        {p::tos_slice, 0}, {p::tos_2crd, 1}, {p::tld, 1},          {p::dtld, 2},    {p::txt_pnt, 3},
-        {p::txt_pln, 3},   {p::txt_pgn, 3},  {p::txt_tos_2crd, 3},
-    };
-    for (auto const &[place, index] : places) {
-        EXPECT_EQ(page(place)->GetParent(), tab(index)) << name_of(place);
-        EXPECT_EQ(page(place)->GetAlign(), alClient);
-        EXPECT_FALSE(page(place)->GetVisible());
-    }
-    EXPECT_EQ(page(p::tos_2crd)->coordinates->GetParent(), tab(0));
-}
-
 TEST_F(page_set, makes_and_refreshes_pages_in_order)
 {
     lines expected;
@@ -247,14 +219,6 @@ TEST_F(page_set, the_tab_stays_active_while_the_new_layer_has_it)
     show("shp_pnt_lr2d");
     EXPECT_EQ(active(), "f_style_ts") << "back from a layer without tabs";
     EXPECT_TRUE(page(p::shp_pnt)->GetShowing());
-}
-
-TEST_F(page_set, the_first_layer_opens_on_its_first_tab)
-{
-    show("shp_pnt_lr2d");
-    EXPECT_EQ(active(), "f_style_ts");
-    EXPECT_TRUE(page(p::shp_pnt)->GetShowing());
-    EXPECT_GT(page(p::shp_pnt)->GetWidth(), 500);
 }
 
 TEST_F(page_set, reports_upward_what_the_host_has_to_see)
@@ -414,38 +378,6 @@ private:
     int instance = 0;
 };
 
-/// A plug-in that has no instance to give, or fails.
-class empty_plugin : public Tvx_lr2d_page_plugin
-{
-public:
-    void *create(void (*)(void *), void *) override
-    {
-        if (throws)
-            throw std::runtime_error("no");
-        return nullptr;
-    }
-    void set_parent(void *i, void *) override { note(i); }
-    char const *get_caption() override { return "empty"; }
-    void destroy(void *i) override { note(i); }
-    void attach(void *i, Ivx_layer *) override { note(i); }
-
-    static inline bool throws = false;
-    static inline int null_calls = 0;
-
-private:
-    static void note(void *instance) { null_calls += instance == nullptr; }
-};
-
-class empty_plugin_set : public Tvx_lr2d_page_plugin_set
-{
-public:
-    unsigned get_plugin_count() const override { return 1; }
-    Tvx_lr2d_page_plugin *get_plugin(unsigned) const override { return &f_plugin; }
-
-private:
-    mutable empty_plugin f_plugin;
-};
-
 class test_plugin_set : public Tvx_lr2d_page_plugin_set
 {
 public:
@@ -500,14 +432,6 @@ public:
         page_set_log.clear();
     }
     ~extended_page_set() override { watched = nullptr; }
-
-    lines captions()
-    {
-        lines result;
-        for (int i = 0; i < edit->get_pages()->GetPageCount(); ++i)
-            result.push_back(tab(i)->GetCaption().to_utf8());
-        return result;
-    }
 };
 } // namespace
 
@@ -525,20 +449,6 @@ TEST_F(extended_page_set, tells_extensions_then_plug_ins_then_pages)
                                    "second attach none over tos_grid_lr2d", "tos_grid clear"}));
 }
 
-TEST_F(extended_page_set, added_tabs_stand_behind_the_fixed_ones_and_stay_there)
-{
-    auto const before = captions();
-    ASSERT_EQ(before.size(), 7u);
-    EXPECT_EQ(lines(before.begin() + 4, before.end()), (lines{"first", "second", "vxk/layer/2d"}));
-    for (char const *key : {"shp_pnt_lr2d", "tos_grid_lr1d", "tos_slice_lr2d", "shp_pnt_lr2d"}) {
-        show(key);
-        auto const after = captions();
-        EXPECT_EQ(lines(after.begin() + 1, after.end()), lines(before.begin() + 1, before.end()));
-    }
-    show("tos_grid_lr1d");
-    EXPECT_EQ(edit->get_pages()->GetActivePage(), tab(4)) << "only the added tabs are left";
-}
-
 TEST_F(extended_page_set, ends_what_it_was_given_in_order)
 {
     show("rtr_lr2d");
@@ -547,42 +457,4 @@ TEST_F(extended_page_set, ends_what_it_was_given_in_order)
     edit.reset();
     EXPECT_EQ(page_set_log,
               (lines{"first destroy", "second destroy", "extensions gone", "plugins unloaded"}));
-}
-
-TEST(page_set_parts, a_plug_in_without_an_instance_is_not_called_with_none)
-{
-    static constexpr vx::lr2d_edit_parts parts = {
-        c_test_pages,
-        [](wchar_t const *) -> std::unique_ptr<Tvx_lr2d_page_plugin_set> {
-            return std::make_unique<empty_plugin_set>();
-        },
-        nullptr,
-    };
-    for (bool const throws : {false, true}) {
-        empty_plugin::throws = throws;
-        empty_plugin::null_calls = 0;
-        TForm form(nullptr);
-        {
-            Tvx_lr2d_edit edit(nullptr, parts);
-            edit.SetParent(&form);
-            if (throws)
-                EXPECT_THROW(edit.create(), std::runtime_error);
-            else
-                edit.create();
-            if (!throws)
-                edit.set_lr2d(make_layer("shp_pnt_lr2d").get());
-        }
-        EXPECT_EQ(empty_plugin::null_calls, 0) << throws;
-    }
-}
-
-TEST(page_set_parts, plug_ins_are_made_before_extensions)
-{
-    TForm form(nullptr);
-    page_set_log.clear();
-    Tvx_lr2d_edit edit(nullptr, c_all_parts);
-    edit.SetParent(&form);
-    edit.create();
-    std::erase_if(page_set_log, [](std::string const &line) { return line.find("set_parent") == line.npos; });
-    EXPECT_EQ(page_set_log, (lines{"first set_parent", "second set_parent"}));
 }

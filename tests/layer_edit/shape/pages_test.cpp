@@ -75,73 +75,6 @@ protected:
 };
 } // namespace
 
-TEST_F(towns, answers_the_pull_events_from_the_attribute_table)
-{
-    edit();
-    Tvx_shp_lr2d_edit &page = *this->page();
-    EXPECT_EQ(page.on_data_get_np(nullptr), 0u);
-    EXPECT_EQ(page.on_data_get_no(nullptr), 0u);
-    ASSERT_TRUE(page.on_data_open(nullptr));
-    ASSERT_TRUE(page.on_data_open(nullptr)) << "the first is closed";
-    EXPECT_EQ(page.on_data_get_np(nullptr), 5u);
-    EXPECT_EQ(page.on_data_get_no(nullptr), 1500u);
-    struct
-    {
-        char const *name;
-        bool usable, numeric;
-    } const fields[] = {{"NAME", true, false},
-                        {"ANGLE", true, true},
-                        {"COUNT", true, true},
-                        {"PICTURE", false, false},
-                        {"BIG", true, true}};
-    for (unsigned i = 0; i < 5; ++i) {
-        bool usable = !fields[i].usable, numeric = !fields[i].numeric;
-        EXPECT_STREQ(page.on_data_get_prop(nullptr, i, usable, numeric), fields[i].name);
-        EXPECT_EQ(usable, fields[i].usable) << fields[i].name;
-        EXPECT_EQ(numeric, fields[i].numeric) << fields[i].name;
-    }
-    bool defined = false;
-    EXPECT_STREQ(page.on_data_get_str(nullptr, 0, 3, defined), "t1003");
-    EXPECT_TRUE(defined);
-    EXPECT_EQ(page.on_data_get_val(nullptr, 1, 3, defined), 4.5);
-    page.on_data_get_val(nullptr, 1, 7, defined);
-    EXPECT_FALSE(defined);
-    page.on_data_close(nullptr);
-    page.on_data_close(nullptr);
-    EXPECT_EQ(page.on_data_get_np(nullptr), 0u);
-    auto const &events = mngr_edit()->get_data_events();
-    EXPECT_FALSE(events.get_stat || events.get_capt_prop || events.get_prop_file_name);
-
-    vx_lr2d_edt_form_set_lr2d(record.get(), nullptr);
-    int reports = 0;
-    page.on_changed =
-        closure<void(TObject *)>([](void *count, TObject *) { ++*static_cast<int *>(count); }, &reports);
-    std::wstring text = L"kept";
-    EXPECT_FALSE(page.on_data_open(nullptr));
-    EXPECT_FALSE(page.on_edit_value_item(text));
-    EXPECT_EQ(text, L"kept");
-    EXPECT_EQ(page.get_edit()->get_stl_mngr(), nullptr);
-    page.get_edit()->call_changed();
-    EXPECT_EQ(reports, 0);
-}
-
-TEST_F(towns, many_values_are_asked_about_once)
-{
-    edit();
-    ASSERT_TRUE(choose_mode(1));
-    for (bool const goes_on : {false, true}) {
-        questions = 0;
-        answer = goes_on;
-        ASSERT_TRUE(choose_field(goes_on ? L"NAME" : L"COUNT"));
-        EXPECT_EQ(questions, 1);
-        EXPECT_EQ(vx_val_scale_get_size(scale_of(copy())), goes_on ? 1400u : 1000u);
-    }
-    // In the order of the texts, whatever the field holds.
-    answer = true;
-    ASSERT_TRUE(choose_field(L"COUNT"));
-    EXPECT_EQ(text_at(scale_of(copy()), 2), L"10");
-}
-
 TEST_F(slow_towns, a_reading_that_is_given_up_changes_nothing)
 {
     edit();
@@ -246,24 +179,6 @@ TEST_F(slow_towns, may_go_while_a_builder_reads_them)
         }
 }
 
-TEST_F(towns, are_turned_by_the_field_that_the_user_chooses)
-{
-    edit();
-    input::on_next_modal([](input::modal_window const &window) {
-        using dialog_reader::find;
-        EXPECT_TRUE(input::click(find<TCheckBox>(window.form(), L"Turn the symbols"), 8, 10));
-        EXPECT_TRUE(input::choose_item(find<TComboBox>(window.form(), L""), L"ANGLE"));
-        window.press_button(L"OK");
-    });
-    ASSERT_TRUE(input::click(mngr_edit()->get_rotate_btn()));
-    apply();
-    void *const mngr = vx_shp_lr2d_get_stl_mngr_ptr(layer.get());
-    EXPECT_TRUE(vx_stl_mngr_get_rotate_flag(mngr));
-    std::wstring field;
-    vx_stl_mngr_get_rotate_prop_name_w(mngr, Tvx_std_wstring_adapter(field));
-    EXPECT_EQ(field, L"ANGLE");
-}
-
 TEST_F(managers, of_a_layer_draw_in_turn_and_come_and_go_by_the_strip)
 {
     auto *const strip = page()->get_list_edit();
@@ -308,19 +223,6 @@ TEST_F(managers, of_a_layer_draw_in_turn_and_come_and_go_by_the_strip)
     EXPECT_FALSE(strip->get_del_btn()->GetEnabled()) << "one is always left";
     apply();
     EXPECT_EQ(map(layer.get()).at(ashe), before.at(ashe));
-}
-
-TEST_F(managers, stand_in_the_order_that_the_user_likes)
-{
-    auto *const strip = page()->get_list_edit();
-    ASSERT_TRUE(input::click(strip->get_add_btn()));
-    vx_options_set_invert_layers(true);
-    vx_lr2d_edt_form_update(record.get());
-    EXPECT_EQ(strip->get_combo_box()->GetItemIndex(), 0);
-    EXPECT_EQ(strip->get_combo_box()->GetText(), L"2");
-    ASSERT_TRUE(input::choose_item(strip->get_combo_box(), 1));
-    EXPECT_EQ(mngr_edit()->get_stl_mngr(), vx_stl_mngr_list_get_mngr(list(), 0));
-    vx_options_set_invert_layers(false);
 }
 
 TEST_F(managers, show_the_style_of_selected_objects_where_the_layer_has_one)

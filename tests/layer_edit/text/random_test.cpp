@@ -40,32 +40,6 @@ protected:
 };
 } // namespace
 
-TEST_F(random_text, leaves_the_managers_usable)
-{
-    open(L"naturalearth_cities.shp");
-    for (unsigned const seed : vx_test::random_seeds()) {
-        SCOPED_TRACE("VX_SEED=" + std::to_string(seed));
-        auto *const pages = dialog_reader::find<TPageControl>(record->get_form(), L"");
-        ASSERT_TRUE(input::click_tab(pages, L"Labels"));
-        vx_stl_mngr_list_set_visible(list_of(copy()), true);
-        vx_lr2d_edt_form_update(record.get());
-        work(record->get_form(), seed);
-        vx_lr2d_edt_form_set_lr2d(record.get(), layer.get());
-        vx_lr2d_edt_form_show(record.get());
-        record->get_form()->SetBounds(50, 50, 480, 600);
-        input::wait_idle();
-        ASSERT_TRUE(input::click_tab(pages, L"Labels"));
-        auto *const page = dialog_reader::find<Tvx_txt_pnt_mngr_lr2d_edit>(record->get_form(), L"");
-        ASSERT_TRUE(page);
-        bool const was = vx_stl_mngr_list_get_visible(list_of(copy()));
-        ASSERT_TRUE(input::click(page->get_list_edit()->get_check_box(), 8, 8));
-        EXPECT_NE(vx_stl_mngr_list_get_visible(list_of(copy())), was);
-        EXPECT_EQ(page->get_edit()->GetVisible(), !was);
-        EXPECT_EQ(page->get_edit()->get_stl_mngr(), vx_stl_mngr_list_get_active_mngr(list_of(copy())));
-        apply();
-    }
-}
-
 TEST_F(random_text, leaves_the_classes_usable)
 {
     layer.reset(vx_shp_lr2d_open(L"" VX_EXAMPLE_DATA "/streets.shp", nullptr));

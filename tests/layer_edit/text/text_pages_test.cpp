@@ -3,7 +3,6 @@
 #include "layer_edit/text/txt_mngr_lr2d_edit.h"
 #include "tests/raster_property/property/property_fixture.h"
 
-#include "platform/data/vx_tld_data.h"
 #include "platform/layers/vx_tld_lr2d.h"
 #include "platform/styles/vx_txt_settings.h"
 
@@ -42,26 +41,6 @@ protected:
     [[nodiscard]] void *list() const { return list_of(copy()); }
 };
 } // namespace
-
-TEST_F(text_pages, the_flag_of_the_list_hides_the_editor_and_the_strip_stays)
-{
-    auto *const page = open_labels<Tvx_txt_pgn_mngr_lr2d_edit>(L"nc.shp");
-    ASSERT_TRUE(page);
-    auto *const strip = page->get_list_edit();
-    auto *const edit = page->get_stl_mngr_edit();
-    EXPECT_FALSE(edit->GetVisible());
-    EXPECT_EQ(edit->get_stl_mngr(), vx_stl_mngr_list_get_active_mngr(list()));
-    for (bool const visible : {true, false, true}) {
-        ASSERT_TRUE(tick(strip->get_check_box()));
-        EXPECT_EQ(vx_stl_mngr_list_get_visible(list()), visible);
-        EXPECT_EQ(edit->GetShowing(), visible);
-        EXPECT_TRUE(strip->GetShowing());
-    }
-    EXPECT_EQ(applied, 0) << "the strip's changes wait for Apply";
-    EXPECT_FALSE(vx_stl_mngr_list_get_visible(list_of(layer.get())));
-    apply();
-    EXPECT_TRUE(vx_stl_mngr_list_get_visible(list_of(layer.get())));
-}
 
 TEST_F(text_pages, show_the_active_manager_and_report_its_changes)
 {

@@ -1,12 +1,8 @@
 #include "property_fixture.h"
 
 #include "platform/basic/vx_clr_channel.h"
-#include "platform/basic/vx_histogram.h"
-#include "platform/basic/vx_stat.h"
-#include "platform/layers/layer_keys.h"
 #include "platform/layers/vx_lr.h"
 
-#include <cmath>
 #include <filesystem>
 
 namespace {
@@ -387,76 +383,4 @@ TEST_F(property_pages, a_file_that_has_gone_leaves_the_lists_empty)
     std::wstring name;
     vx_tos_2crd_lr2d_get_wprop_name_x(layer.get(), Tvx_std_wstring_adapter(name));
     EXPECT_EQ(name, L"X");
-}
-
-TEST_F(property_pages, what_a_channel_knows_is_not_worked_out_again)
-{
-    vx_test::temp_dir const folder;
-    auto const path = folder / "bands.tos4", away = folder / "away.tos4";
-    std::filesystem::copy_file(shared().bands, path);
-    layer.reset(vx_tos_lr2d_open(path.wstring().c_str(), nullptr));
-    TForm form(nullptr);
-    auto *const page = new Tvx_tos_grid_lr2d_edit(&form);
-    page->set_lr2d(layer.get());
-    auto *const channel = static_cast<Tvx_color_channel *>(
-        vx_rgb_channels_get_gray(vx_tos_grid_lr2d_get_rgb_channels_ptr(layer.get())));
-    vx::owned<Tvx_histogramm_data, &vx_histogramm_destroy> const h(vx_histogramm_create());
-    double min = 0, max = 0, average = 0, deviation = 0;
-    bool ok = false;
-    auto const stat = [&] {
-        bool const result =
-            page->on_data_get_channel_stat(nullptr, 3, channel, min, max, average, deviation, ok);
-        EXPECT_EQ(result, ok);
-        return result;
-    };
-    auto const histogram = [&] {
-        vx_histogramm_set_params(h.get(), 1, 0, 0);
-        return page->on_data_get_channel_histogramm(nullptr, 3, channel, h.get());
-    };
-    auto const bounds = [&] {
-        double low = 0, high = 0;
-        vx_histogramm_get_params(h.get(), nullptr, &low, &high);
-        return std::pair(low, high);
-    };
-    std::filesystem::rename(path, away);
-    EXPECT_FALSE(stat()) << "no file, no numbers";
-    EXPECT_FALSE(histogram());
-    std::filesystem::rename(away, path);
-    ASSERT_TRUE(stat());
-    ASSERT_TRUE(histogram());
-    auto const values = values_of(path.wstring(), 3);
-    auto const [least, most] = std::ranges::minmax(values);
-    EXPECT_EQ(std::pair(min, max), std::pair(least, most));
-    EXPECT_EQ(bounds(), std::pair(least, most));
-    // From here on the file is away: whatever is answered was known.
-    std::filesystem::rename(path, away);
-    min = max = 0;
-    EXPECT_TRUE(stat());
-    EXPECT_EQ(std::pair(min, max), std::pair(least, most));
-    EXPECT_TRUE(histogram());
-    double counted = 0;
-    for (unsigned i = 0; i < vx_histogramm_get_size(h.get()); ++i)
-        counted += vx_histogramm_get(h.get(), i);
-    EXPECT_EQ(counted, static_cast<double>(values.size()));
-    EXPECT_FALSE(page->on_data_upd_histogramm(nullptr, 3, channel)) << "this one always goes over the cells";
-    // Other bounds need the cells, once.
-    vx_clr_channel_set_histogramm_default(channel, false);
-    vx_clr_channel_set_histogramm_min(channel, 40);
-    vx_clr_channel_set_histogramm_max(channel, 80);
-    std::filesystem::rename(away, path);
-    for (int turn = 0; turn < 2; ++turn) {
-        ASSERT_TRUE(histogram());
-        EXPECT_EQ(bounds(), std::pair(40.0, 80.0));
-        if (turn == 0)
-            std::filesystem::rename(path, away);
-    }
-    vx_clr_channel_set_histogramm_default(channel, true);
-    std::filesystem::rename(away, path);
-    ASSERT_TRUE(histogram());
-    EXPECT_EQ(bounds(), std::pair(least, most));
-    EXPECT_TRUE(page->on_data_upd_histogramm(nullptr, 3, channel));
-    page->set_lr2d(nullptr);
-    EXPECT_FALSE(stat());
-    EXPECT_FALSE(histogram());
-    EXPECT_FALSE(page->on_data_upd_histogramm(nullptr, 3, channel));
 }
