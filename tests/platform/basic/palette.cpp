@@ -1,15 +1,11 @@
 #include "platform/base/owned.h"
 #include "platform/basic/vx_clr_channel.h"
-#include "platform/basic/vx_fnt_type.h"
-#include "platform/basic/vx_ints.h"
 #include "platform/basic/vx_palette.h"
-#include "platform/basic/vx_wstrings.h"
 
 #include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <set>
-#include <string>
 #include <tuple>
 #include <vector>
 
@@ -47,20 +43,6 @@ TEST(palettes, every_palette_gives_any_number_of_opaque_colours)
     for (int const unknown : {-1, 10, 11, 12, 26, 28}) {
         EXPECT_EQ(generate(unknown, 3, true), std::vector(3, vx_clr_init_rgba(1, 2, 3, 4)));
     }
-}
-
-TEST(palettes, white_comes_first_or_in_the_middle_where_the_name_says_so)
-{
-    auto const white = vx_clr_init_rgb(255, 255, 255);
-    for (int const palette : {0, 1, 2, 3, 4})
-        EXPECT_EQ(generate(palette, 5, false).front(), white);
-    for (int const palette : {5, 6, 7})
-        EXPECT_EQ(generate(palette, 5, false)[2], white);
-    auto const up = generate(5, 9, false);
-    auto down = generate(6, 9, false);
-    std::ranges::reverse(down);
-    EXPECT_EQ(up, down);
-    EXPECT_EQ(generate(25, 2, false).back(), vx_clr_init_rgb(0, 0, 0));
 }
 
 TEST(palettes, different_colours_differ)
@@ -121,56 +103,6 @@ TEST(palettes, the_users_list_is_loaded_once)
     EXPECT_EQ(loads, 1);
     vx_user_palettes_set_loader(nullptr);
     vx_clr_palettes_clear(vx_get_user_palettes());
-}
-
-TEST(lists, ints_sets_and_strings)
-{
-    vx::owned<void, &vx_ints_destroy> const ints(vx_ints_create());
-    vx_ints_set_size(ints.get(), 3);
-    for (unsigned i = 0; i < 4; ++i)
-        vx_ints_set_int(ints.get(), i, static_cast<int>(i) + 1);
-    vx_ints_reverse(ints.get());
-    EXPECT_EQ(vx_ints_get_int(ints.get(), 0), 3);
-    EXPECT_EQ(vx_ints_get_int(ints.get(), 3), 0);
-    vx::owned<void, &vx_int_set_destroy> const set(vx_int_set_create());
-    vx_int_set_add(set.get(), -4);
-    EXPECT_TRUE(vx_int_set_find(set.get(), -4));
-    EXPECT_FALSE(vx_int_set_find(set.get(), 4));
-
-    struct
-    {
-        wchar_t const *text;
-        std::vector<std::wstring> parts;
-    } const table[] = {{L"", {}}, {L"a", {L"a"}}, {L"*.a;*.b", {L"*.a", L"*.b"}}, {L";x;", {L"", L"x", L""}}};
-    for (auto const &t : table) {
-        vx::owned<void, &vx_wstrings_destroy> const strings(vx_wstrings_create());
-        vx_wstrings_split_str(strings.get(), t.text, L';');
-        ASSERT_EQ(vx_wstrings_get_size(strings.get()), t.parts.size());
-        for (unsigned i = 0; i < t.parts.size(); ++i)
-            EXPECT_EQ(vx_wstrings_get_str(strings.get(), i), t.parts[i]);
-        EXPECT_STREQ(vx_wstrings_get_str(strings.get(), 99), L"");
-    }
-}
-
-TEST(fonts, are_values_and_the_current_one_is_a_copy)
-{
-    vx::owned<vx_fnt_type, &vx_fnt_type_destroy> const font(vx_fnt_type_create());
-    std::wstring const fallback = vx_fnt_type_get_wname_ptr(font.get());
-    EXPECT_FALSE(fallback.empty());
-    EXPECT_FALSE(vx_fnt_type_has_current_font());
-    vx_fnt_type_set_wname(font.get(), L"Liberation Serif");
-    vx_fnt_type_set_strikeout(font.get(), true);
-    vx_fnt_type_set_charset(font.get(), 204);
-    vx_fnt_type_set_charset(font.get(), 256);
-    vx_fnt_type_set_current_font(font.get());
-    vx_fnt_type_set_wname(font.get(), nullptr);
-    EXPECT_EQ(vx_fnt_type_get_wname_ptr(font.get()), fallback);
-    vx_fnt_type const *current = vx_fnt_type_get_current_font_ptr();
-    EXPECT_STREQ(vx_fnt_type_get_wname_ptr(current), L"Liberation Serif");
-    EXPECT_EQ(vx_fnt_type_get_charset(current), 204);
-    EXPECT_TRUE(vx_fnt_type_get_strikeout(current));
-    vx_fnt_type_set_current_font(nullptr);
-    EXPECT_EQ(vx_fnt_type_get_current_font_ptr(), nullptr);
 }
 
 TEST(channels, copies_keep_their_records_apart)

@@ -8,34 +8,6 @@ namespace {
 using owned_stat = vx::owned<Tvx_stat_data, &vx_stat_destroy>;
 using owned_histogram = vx::owned<Tvx_histogramm_data, &vx_histogramm_destroy>;
 
-TEST(statistics, each_value_is_known_by_itself)
-{
-    owned_stat const stat(vx_stat_create());
-    struct
-    {
-        double (*get)(Tvx_stat_data const *, bool *);
-        void (*set)(Tvx_stat_data *, double);
-    } const values[] = {{&vx_stat_get_minimum, &vx_stat_set_minimum},
-                        {&vx_stat_get_maximum, &vx_stat_set_maximum},
-                        {&vx_stat_get_average, &vx_stat_set_average},
-                        {&vx_stat_get_stddev, &vx_stat_set_stddev}};
-    double value = 1;
-    for (auto const &v : values) {
-        bool known = true;
-        EXPECT_EQ(v.get(stat.get(), &known), 0);
-        EXPECT_FALSE(known);
-        EXPECT_FALSE(vx_stat_has_statistic(stat.get()));
-        v.set(stat.get(), value);
-        EXPECT_EQ(v.get(stat.get(), &known), value++);
-        EXPECT_TRUE(known);
-    }
-    EXPECT_TRUE(vx_stat_has_statistic(stat.get()));
-    EXPECT_EQ(vx_stat_get_minimum(stat.get(), nullptr), 1);
-    bool known = true;
-    EXPECT_EQ(vx_stat_get_minimum(nullptr, &known), 0);
-    EXPECT_FALSE(known);
-}
-
 TEST(statistics, copies_take_the_histogram_along_and_null_empties)
 {
     owned_stat const a(vx_stat_create());
@@ -82,31 +54,5 @@ TEST(histograms, bins_are_contiguous_and_end_exactly_at_the_bounds)
             }
         }
     }
-}
-
-TEST(histograms, counts_follow_the_shape_and_outs_keep_their_presets)
-{
-    owned_histogram const h(vx_histogramm_create());
-    vx_histogramm_set_params(h.get(), 4, 0, 8);
-    for (unsigned i = 0; i < 5; ++i)
-        vx_histogramm_set(h.get(), i, i + 0.5);
-    EXPECT_EQ(vx_histogramm_get(h.get(), 3), 3.5);
-    EXPECT_EQ(vx_histogramm_get(h.get(), 4), 0);
-    vx_histogramm_set_min(h.get(), -8);
-    EXPECT_EQ(vx_histogramm_get_bnd_max(h.get(), 1), 0);
-    EXPECT_EQ(vx_histogramm_get(h.get(), 3), 3.5) << "a moved bound leaves the counts";
-    vx_histogramm_clear(h.get());
-    EXPECT_EQ(vx_histogramm_get(h.get(), 3), 0);
-    EXPECT_EQ(vx_histogramm_get_size(h.get()), 4u);
-
-    unsigned size = 3;
-    double minimum = 0.25;
-    double maximum = 0.75;
-    vx_histogramm_get_params(nullptr, &size, &minimum, &maximum);
-    EXPECT_EQ(size, 3u);
-    EXPECT_EQ(minimum, 0.25);
-    EXPECT_EQ(maximum, 0.75);
-    vx_histogramm_get_params(h.get(), nullptr, &minimum, nullptr);
-    EXPECT_EQ(minimum, -8);
 }
 } // namespace

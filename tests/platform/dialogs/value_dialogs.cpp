@@ -82,38 +82,6 @@ TEST_F(dialogs_test, cancel_and_null_change_nothing)
 
 // ---- colour
 
-TEST(color_values, hue_saturation_value)
-{
-    // From the definition of the colour model.
-    struct
-    {
-        Tvx_color color;
-        hsv value;
-    } const cases[] = {
-        {{255, 0, 0, 255}, {0, 1, 1}},
-        {{255, 255, 0, 255}, {1 / 6.0, 1, 1}},
-        {{0, 255, 0, 255}, {2 / 6.0, 1, 1}},
-        {{0, 255, 255, 255}, {3 / 6.0, 1, 1}},
-        {{0, 0, 255, 255}, {4 / 6.0, 1, 1}},
-        {{255, 0, 255, 255}, {5 / 6.0, 1, 1}},
-        {{51, 102, 153, 255}, {210 / 360.0, 2 / 3.0, 0.6}},
-    };
-    for (auto const &[color, value] : cases) {
-        EXPECT_EQ(to_color(value), color);
-        auto const back = to_hsv(color, {});
-        EXPECT_NEAR(back.h, value.h, 1e-9);
-        EXPECT_NEAR(back.s, value.s, 1e-9);
-        EXPECT_NEAR(back.v, value.v, 1e-9);
-    }
-    // What the colour does not tell stays.
-    EXPECT_EQ(to_hsv({90, 90, 90, 255}, {0.3, 0.4, 0.5}).h, 0.3);
-    EXPECT_EQ(to_hsv({0, 0, 0, 255}, {0.3, 0.4, 0.5}).s, 0.4);
-    for (int r = 0; r < 256; r += 17)
-        for (int g = 0; g < 256; g += 15)
-            for (int b = 0; b < 256; b += 51)
-                ASSERT_EQ(to_color(to_hsv(vx_clr_init_rgb(r, g, b), {})), vx_clr_init_rgb(r, g, b));
-}
-
 TEST_F(dialogs_test, color_by_its_edits)
 {
     struct
@@ -259,22 +227,6 @@ TEST_F(dialogs_test, font_that_is_not_installed_stays)
     on_next_modal([](modal_window const &w) { w.accept(); });
     EXPECT_TRUE(vx_font_dialog(nullptr, 0, 0, &font));
     EXPECT_STREQ(font.wname(), L"Cartographer's Own");
-}
-
-TEST_F(dialogs_test, font_families_by_keys)
-{
-    vx_fnt_type font;
-    font.set_wname(L"DejaVu Sans");
-    std::wstring expected;
-    on_next_modal([&](modal_window const &w) {
-        auto *list = find<TListBox>(w.form(), nullptr);
-        expected = list->GetItems()->GetStrings(list->GetItemIndex() + 1);
-        find<TEdit>(w.form(), nullptr)->SetFocus();
-        press(VK_DOWN);
-        w.accept();
-    });
-    EXPECT_TRUE(vx_font_dialog(nullptr, 0, 0, &font));
-    EXPECT_EQ(font.wname(), expected);
 }
 
 // ---- characters

@@ -14,39 +14,19 @@
 #include "platform/layers/vx_tld_lr2d.h"
 #include "platform/layers/vx_tos_lr2d.h"
 #include "platform/styles/vx_stl_mngr.h"
-#include "platform/styles/vx_stl_mngr_list.h"
-#include "platform/styles/vx_txt_settings.h"
 
 #include <gtest/gtest.h>
-#include <limits>
 #include <string>
 
 namespace {
 using layer = vx::owned<Ivx_layer, &vx_lr2d_destroy>;
 
-struct key_case
-{
-    char const *key;
-    char const *style; ///< of the shape manager, empty for other kinds
-    bool has_text_layer;
-    bool has_data;
-};
-key_case const keys[] = {
-    {c_lr_key_shp_pnt, "pnt_style", true, true},
-    {c_lr_key_shp_pln, "pln_style", true, true},
-    {c_lr_key_shp_pgn, "pgn_style", true, true},
-    {c_lr_key_rtr, "", false, false},
-    {c_lr_key_tos_grid, "", false, true},
-    {c_lr_key_tos_grid_1d, "", false, true},
-    {c_lr_key_tos_slice, "", false, true},
-    {c_lr_key_tos_2crd, "", true, true},
-    {c_lr_key_tld, "", false, false},
-    {c_lr_key_dynamic_tld, "", false, false},
-    {c_lr_key_shp_pntz_sub, "pnt_style", true, true},
-    {c_lr_key_shp_plnz_sub, "pln_style", true, true},
-    {c_lr_key_shp_pgnz_sub, "pgn_style", true, true},
-    {"layout_scene_frame", "", false, false},
-    {"a key of nobody", "", false, false},
+/// Of every kind, and of none.
+constexpr char const *keys[] = {
+    c_lr_key_shp_pnt,      c_lr_key_shp_pln,     c_lr_key_shp_pgn,      c_lr_key_rtr,
+    c_lr_key_tos_grid,     c_lr_key_tos_grid_1d, c_lr_key_tos_slice,    c_lr_key_tos_2crd,
+    c_lr_key_tld,          c_lr_key_dynamic_tld, c_lr_key_shp_pntz_sub, c_lr_key_shp_plnz_sub,
+    c_lr_key_shp_pgnz_sub, "layout_scene_frame", "a key of nobody",
 };
 
 std::wstring caption(Ivx_layer const *l)
@@ -85,54 +65,11 @@ void change_common(Ivx_layer *l)
 }
 } // namespace
 
-TEST(layers, of_every_key)
-{
-    for (auto const &k : keys) {
-        SCOPED_TRACE(k.key);
-        layer const l(vx_lr2d_create(k.key));
-        ASSERT_TRUE(l);
-        EXPECT_STREQ(k.key, vx_lr2d_get_lr_type(l.get()));
-        EXPECT_STREQ(k.key, vx_entity_get_type(vx_lr_safe_upcast(l.get())));
-        EXPECT_EQ(l.get(), vx_lr_safe_downcast(vx_lr_safe_upcast(l.get())));
-        EXPECT_EQ(L"", caption(l.get()));
-        EXPECT_TRUE(vx_lr2d_get_visible(l.get()));
-        EXPECT_FALSE(vx_lr_get_own_selected_style_flag(l.get()));
-        EXPECT_NE(nullptr, vx_lr_get_update_event_channel(l.get()));
-        EXPECT_EQ(nullptr, vx_lr2d_get_plugin_interface(l.get()));
-        EXPECT_EQ(nullptr, vx_layout_lr2d_get_plugin_interface(l.get()));
-        EXPECT_EQ(nullptr, vx_lr2d_get_data_ptr(l.get())) << "no file, no data";
-        vx_lr2d_set_wfilename(l.get(), L"/d/file");
-        EXPECT_EQ(k.has_data, vx_lr2d_get_data_ptr(l.get()) != nullptr);
-
-        auto *const manager = vx_shp_lr2d_get_stl_mngr_ptr(l.get());
-        EXPECT_EQ(*k.style != '\0', manager != nullptr);
-        EXPECT_EQ(manager != nullptr, vx_lr2d_is_shp(l.get()));
-        if (manager) {
-            EXPECT_STREQ(k.style, vx_stl_mngr_get_style_type(manager));
-        }
-        int typed = 0;
-        for (auto const getter : {&vx_shp_pnt_lr2d_get_stl_mngr_ptr, &vx_shp_pln_lr2d_get_stl_mngr_ptr,
-                                  &vx_shp_pgn_lr2d_get_stl_mngr_ptr})
-            typed += getter(l.get()) != nullptr;
-        EXPECT_EQ(manager ? 1 : 0, typed);
-        EXPECT_EQ(manager != nullptr, vx_shp_lr2d_get_txt_settings(l.get()) != nullptr);
-
-        auto *const text = text_layer(l.get());
-        EXPECT_EQ(k.has_text_layer, text != nullptr);
-        EXPECT_EQ(text ? l.get() : nullptr, vx_dtld_lr2d_get_parent_lr2d_ptr(text));
-        if (text) {
-            EXPECT_STREQ(c_lr_key_dynamic_tld, vx_lr2d_get_lr_type(text));
-        }
-    }
-    EXPECT_EQ(nullptr, vx_lr2d_create(nullptr));
-    EXPECT_EQ(nullptr, vx_lr2d_create(""));
-}
-
 TEST(layers, a_clone_is_all_its_own)
 {
-    for (auto const &k : keys) {
-        SCOPED_TRACE(k.key);
-        layer source(vx_lr2d_create(k.key));
+    for (auto const *key : keys) {
+        SCOPED_TRACE(key);
+        layer source(vx_lr2d_create(key));
         change_common(source.get());
         if (auto *const text = text_layer(source.get()))
             vx_lr2d_set_visible(text, false);
@@ -140,7 +77,7 @@ TEST(layers, a_clone_is_all_its_own)
             vx_stl_mngr_set_mode(manager, c_stl_mngr_mode_range);
         layer const copy(vx_lr2d_clone(source.get()));
         ASSERT_TRUE(copy);
-        EXPECT_STREQ(k.key, vx_lr2d_get_lr_type(copy.get()));
+        EXPECT_STREQ(key, vx_lr2d_get_lr_type(copy.get()));
         EXPECT_EQ(L"имя", caption(copy.get()));
         EXPECT_EQ(L"/d/file.shp", file_name(copy.get()));
         EXPECT_FALSE(vx_lr2d_get_visible(copy.get()));
@@ -273,65 +210,6 @@ TEST(layers, tell_their_clients_of_updates)
     EXPECT_EQ(1, updates);
     vx_lr_post_update(l.get());
     EXPECT_EQ(1, updates) << "a clone has a channel of its own";
-}
-
-TEST(layers, raster_settings)
-{
-    layer const l(vx_rtr_lr2d_create(L"/d/picture.tif"));
-    EXPECT_EQ(L"picture", caption(l.get()));
-    for (int const type : {1, 2, 0, 2, 3, -1})
-        vx_rtr_lr2d_set_draw_type(l.get(), type);
-    EXPECT_EQ(c_rtr_draw_gray, vx_rtr_lr2d_get_draw_type(l.get())) << "unknown types are ignored";
-    vx_rtr_lr2d_set_transparent_clr(l.get(), {1, 2, 3, 255});
-    vx_rtr_lr2d_set_opacity(l.get(), 0.25);
-    vx_rtr_lr2d_set_opacity(l.get(), std::numeric_limits<double>::quiet_NaN());
-    layer const copy(vx_lr2d_clone(l.get()));
-    EXPECT_EQ(c_rtr_draw_gray, vx_rtr_lr2d_get_draw_type(copy.get()));
-    EXPECT_EQ((Tvx_color{1, 2, 3, 255}), vx_rtr_lr2d_get_transparent_clr(copy.get()));
-    EXPECT_EQ(0.25, vx_rtr_lr2d_get_opacity(copy.get()));
-    vx_rtr_lr2d_set_opacity(copy.get(), 7);
-    EXPECT_EQ(1, vx_rtr_lr2d_get_opacity(copy.get()));
-    vx_rtr_lr2d_set_opacity(copy.get(), -7);
-    EXPECT_EQ(0, vx_rtr_lr2d_get_opacity(copy.get()));
-}
-
-TEST(layers, property_settings)
-{
-    layer const grid(vx_lr2d_create(c_lr_key_tos_slice));
-    for (int const type : {1, 2, 3, 4})
-        vx_tos_grid_lr2d_set_draw_type(grid.get(), type);
-    vx_tos_grid_lr2d_set_opacity(grid.get(), 0.5);
-    vx_tos_grid_lr2d_set_interpolate(grid.get(), true);
-    vx_tos_slice_lr2d_set_zslice(grid.get(), 5);
-    EXPECT_EQ(0, vx_tos_slice_lr2d_get_zslice(grid.get())) << "a stack of one";
-    vx_tos_slice_lr2d_set_zslice_count(grid.get(), 8);
-    vx_tos_slice_lr2d_set_zslice(grid.get(), 6);
-    layer const copy(vx_lr2d_clone(grid.get()));
-    EXPECT_EQ(3, vx_tos_grid_lr2d_get_draw_type(copy.get()));
-    EXPECT_EQ(0.5, vx_tos_grid_lr2d_get_opacity(copy.get()));
-    EXPECT_TRUE(vx_tos_grid_lr2d_get_interpolate(copy.get()));
-    EXPECT_EQ(6, vx_tos_slice_lr2d_get_zslice(copy.get()));
-    vx_tos_slice_lr2d_set_zslice_count(copy.get(), 3);
-    EXPECT_EQ(2, vx_tos_slice_lr2d_get_zslice(copy.get()));
-    vx_tos_slice_lr2d_set_zslice_count(copy.get(), -1);
-    EXPECT_EQ(1, vx_tos_slice_lr2d_get_zslice_count(copy.get()));
-    EXPECT_STREQ("clr_style", vx_stl_mngr_get_style_type(vx_tos_grid_lr2d_get_clr_stl_mngr_ptr(copy.get())));
-
-    layer const curve(vx_lr2d_create(c_lr_key_tos_grid_1d));
-    vx_tos_grid_1d_lr2d_set_height_prp_name(curve.get(), L"высота");
-    layer const curve_copy(vx_lr2d_clone(curve.get()));
-    EXPECT_EQ(L"высота", text_of(curve_copy.get(), &vx_tos_grid_1d_lr2d_get_height_prp_name));
-    EXPECT_STREQ("grid1d_clr_style",
-                 vx_stl_mngr_get_style_type(vx_tos_grid_1d_lr2d_get_stl_mngr_ptr(curve_copy.get())));
-
-    layer const points(vx_lr2d_create(c_lr_key_tos_2crd));
-    vx_tos_2crd_lr2d_set_wprop_name_x(points.get(), L"x");
-    vx_tos_2crd_lr2d_set_wprop_name_y(points.get(), L"y");
-    layer const points_copy(vx_lr2d_clone(points.get()));
-    EXPECT_EQ(L"x", text_of(points_copy.get(), &vx_tos_2crd_lr2d_get_wprop_name_x));
-    EXPECT_EQ(L"y", text_of(points_copy.get(), &vx_tos_2crd_lr2d_get_wprop_name_y));
-    EXPECT_STREQ("pnt_style", vx_stl_mngr_get_style_type(vx_tos_2crd_lr2d_get_stl_mngr(points_copy.get())));
-    EXPECT_NE(nullptr, vx_tos_2crd_lr2d_get_txt_settings(points_copy.get()));
 }
 
 TEST(layers, functions_of_another_kind_are_neutral)

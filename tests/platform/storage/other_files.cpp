@@ -101,17 +101,6 @@ TEST(style_files, come_back)
                           &maker::pgn>("x.s_a");
 }
 
-TEST(style_files, of_another_kind_are_refused)
-{
-    temp_dir const dir;
-    vx::owned<void, &vx_pnt_style_destroy> const point(vx_pnt_style_create());
-    vx::owned<void, &vx_pln_style_destroy> const line(vx_pln_style_create());
-    auto const file = wide(dir / "x");
-    ASSERT_TRUE(vx_xml_save_style_save_style_pnt_file(file.c_str(), point.get()));
-    EXPECT_FALSE(vx_xml_save_style_load_style_pln_file(file.c_str(), line.get()));
-    EXPECT_FALSE(vx_xml_save_style_load_style_pgn_file(file.c_str(), line.get()));
-}
-
 // ---- palettes
 owned_palettes some_palettes()
 {

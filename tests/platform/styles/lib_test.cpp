@@ -88,49 +88,6 @@ TEST(style_lib, is_read_once_when_first_asked_for_and_tried_again_only_by_load)
     EXPECT_EQ(loads, 3);
 }
 
-TEST(style_lib, lists_find_by_index_and_version)
-{
-    with_libs const libs;
-    void *points = vx_style_lib_get_pnt_list_ptr(first_lib());
-    struct
-    {
-        int index, version;
-        int by_index, by_both;
-    } const table[] = {{7, 1, 0, 1}, {7, 2, 0, 0}, {7, 3, 0, -1}, {9, 1, 2, 2}, {8, 1, -1, -1}};
-    for (auto const &t : table) {
-        unsigned place = 77;
-        EXPECT_EQ(vx_style_list_find_idx(points, t.index, &place), t.by_index >= 0);
-        EXPECT_EQ(place, t.by_index >= 0 ? static_cast<unsigned>(t.by_index) : 77u);
-        place = 77;
-        EXPECT_EQ(vx_style_list_find_idx_ver(points, t.index, t.version, &place), t.by_both >= 0);
-        EXPECT_EQ(place, t.by_both >= 0 ? static_cast<unsigned>(t.by_both) : 77u);
-    }
-    void *idx = vx_style_list_get_idx_style(points, 1);
-    EXPECT_STREQ(vx_idx_style_get_type(idx), "pnt_style");
-    EXPECT_EQ(vx_idx_style_get_version(idx), 1);
-    EXPECT_EQ(vx_idx_pgn_style_get_pgn_style_ptr(idx), nullptr);
-    EXPECT_EQ(vx_style_list_get_idx_style(points, 3), nullptr);
-}
-
-TEST(style_lib, codes_give_copies_of_the_first_version_of_the_right_kind)
-{
-    with_libs const libs;
-    vx::owned<void, &vx_pnt_style_destroy> const pnt(vx_pnt_style_create());
-    vx::owned<void, &vx_pln_style_destroy> const pln(vx_pln_style_create());
-    EXPECT_FALSE(vx_global_lib_styles_get_spec_pnt(0, 8, pnt.get()));
-    EXPECT_FALSE(vx_global_lib_styles_get_spec_pnt(1, 7, pnt.get()));
-    EXPECT_FALSE(vx_global_lib_styles_get_spec_pnt(-1, 7, pnt.get()));
-    EXPECT_FALSE(vx_global_lib_styles_get_spec_pln(0, 7, pln.get()));
-    EXPECT_EQ(size_of(pnt.get()), 2);
-    ASSERT_TRUE(vx_global_lib_styles_get_spec_pnt(0, 7, pnt.get()));
-    EXPECT_EQ(size_of(pnt.get()), 4);
-    vx_bpnt_style_set_size(vx_pnt_style_get_bpnt_style_ptr(pnt.get()), 1);
-    ASSERT_TRUE(vx_global_lib_styles_get_spec_pnt(0, 7, pnt.get()));
-    EXPECT_EQ(size_of(pnt.get()), 4) << "the library keeps its own";
-    EXPECT_STREQ(vx_style_item_get_caption_w(vx_global_lib_styles_get_spec_style_item(0, 7)), L"ÜBERLAUF 7");
-    EXPECT_EQ(vx_global_lib_styles_get_spec_style_item(0, -1), nullptr);
-}
-
 TEST(style_lib, steps_of_a_gradient_run_from_light_to_dark_and_keep_the_rest)
 {
     with_libs const libs;

@@ -57,18 +57,6 @@ TEST(styles, parameters_hold_the_styles_of_their_type)
     EXPECT_NE(vx_stl_prm_get_pln_style_ptr(grid.get(), false), nullptr);
 }
 
-TEST(styles, base_and_selection_style_are_two)
-{
-    for (char const *type : c_all_types) {
-        owned_prm const prm(vx_stl_prm_create(type));
-        Tvx_color const base = vx_stl_prm_get_color(prm.get(), false);
-        Tvx_color const mine = vx_clr_init_rgba(1, 2, 3, 4);
-        vx_stl_prm_set_color(prm.get(), true, mine);
-        EXPECT_EQ(vx_stl_prm_get_color(prm.get(), true), mine) << type;
-        EXPECT_EQ(vx_stl_prm_get_color(prm.get(), false), base) << type;
-    }
-}
-
 TEST(styles, clone_is_equal_and_independent)
 {
     for (char const *type : c_all_types) {
@@ -211,27 +199,6 @@ TEST(styles, layer_functions_keep_to_their_key)
     EXPECT_STREQ(vx_fnt_type_get_wname_ptr(vx_pnt_symb_lr_get_fnt_type_ptr(symb)), L"Symbola");
 }
 
-TEST(styles, text_lines)
-{
-    vx::owned<void, &vx_txt_style_destroy> const style(vx_txt_style_create());
-    void *lines = vx_txt_style_get_txt_stl_line(style.get());
-    vx_txt_stl_line_add(lines, 2);
-    vx_txt_stl_line_set_str(lines, L"NAME", 1);
-    vx_txt_stl_line_set_str(lines, L"lost", 2);
-    EXPECT_EQ(vx_txt_stl_line_count(lines), 2u);
-    EXPECT_EQ(text_from([&](Ivx_string_adp *adp) { vx_txt_stl_line_get_str(lines, adp, 1); }), L"NAME");
-    EXPECT_EQ(text_from([&](Ivx_string_adp *adp) { vx_txt_stl_line_get_str(lines, adp, 2); }), L"");
-    vx_txt_stl_line_del(lines, 0);
-    EXPECT_EQ(text_from([&](Ivx_string_adp *adp) { vx_txt_stl_line_get_str(lines, adp, 0); }), L"NAME");
-
-    auto const mngr = make_mngr("txt_pln_mngr_style");
-    vx_txt_stl_mngr_init(mngr.get(), L"STREET");
-    void *simple = vx_stl_prm_get_txt_pln_style_ptr(vx_stl_mngr_get_simple_sp_ptr(mngr.get()), false);
-    lines = vx_txt_style_get_txt_stl_line(simple);
-    ASSERT_EQ(vx_txt_stl_line_count(lines), 1u);
-    EXPECT_EQ(text_from([&](Ivx_string_adp *adp) { vx_txt_stl_line_get_str(lines, adp, 0); }), L"STREET");
-}
-
 TEST(styles, manager_copies_hold_all_of_it)
 {
     auto const a = make_mngr("pgn_style");
@@ -283,16 +250,5 @@ TEST(styles, manager_lists_keep_one_manager_and_an_active_one)
     vx_stl_mngr_list_set_active_by_idx(list.get(), 7);
     EXPECT_EQ(vx_stl_mngr_list_get_active_idx(list.get()), 0u);
     EXPECT_FALSE(vx_stl_mngr_list_can_erase(list.get(), 0));
-}
-
-TEST(styles, text_settings_are_for_text_types)
-{
-    EXPECT_EQ(vx_txt_settings_create("pnt_style"), nullptr);
-    EXPECT_EQ(vx_txt_settings_get_stl_mngr_list(nullptr), nullptr);
-    EXPECT_EQ(vx_stl_mngr_list_get_active_mngr(nullptr), nullptr);
-    vx::owned<void, &vx_txt_settings_destroy> const a(vx_txt_settings_create("txt_pgn_mngr_style"));
-    void *list = vx_txt_settings_get_stl_mngr_list(a.get());
-    EXPECT_STREQ(vx_stl_mngr_list_get_type(list), "txt_pgn_mngr_style");
-    EXPECT_FALSE(vx_stl_mngr_list_get_visible(list));
 }
 } // namespace

@@ -125,27 +125,6 @@ TEST(core_list, component_list_follows_the_life_of_its_items)
     EXPECT_THROW((void)owning[0], std::out_of_range);
 }
 
-TEST(core_list, plain_list)
-{
-    int a = 0;
-    int b = 0;
-    int c = 0;
-    TList list;
-    EXPECT_EQ(list.Add(&a), 0);
-    list.Add(nullptr);
-    list.Insert(0, &b);
-    list.Add(&c);
-    list.Move(0, 3);
-    EXPECT_EQ(list.IndexOf(&b), 3);
-    list.Pack();
-    EXPECT_EQ(list.GetCount(), 3);
-    EXPECT_EQ(list.Remove(&c), 1);
-    EXPECT_EQ(list.Remove(&c), -1);
-    EXPECT_EQ(list.Last(), &b);
-    EXPECT_THROW(list.Insert(5, &a), std::out_of_range);
-    EXPECT_THROW(list.Delete(-1), std::out_of_range);
-}
-
 TEST(core_strings, text_is_cut_at_line_ends)
 {
     struct row
@@ -215,18 +194,4 @@ TEST(core_strings, one_report_for_a_bracket_of_changes)
     list.Clear();
     list.Clear();
     EXPECT_EQ(changes.count, 3) << "an empty list does not change when it is cleared";
-}
-
-TEST(core_keys, short_cut_goes_there_and_back)
-{
-    for (Word const key : {Word{'S'}, VK_F5, VK_DELETE})
-        for (TShiftState const shift :
-             {TShiftState{}, TShiftState{ssCtrl}, TShiftState{ssShift, ssAlt, ssCtrl}}) {
-            Word back = 0;
-            TShiftState back_shift;
-            ShortCutToKey(ShortCut(key, shift), back, back_shift);
-            EXPECT_EQ(back, key);
-            EXPECT_EQ(back_shift, shift);
-        }
-    EXPECT_EQ(ShortCut(0, {ssCtrl}), 0);
 }

@@ -9,12 +9,6 @@
 
 using namespace vx;
 
-TEST(core_window, screen_has_the_size_of_the_tests)
-{
-    EXPECT_EQ(Screen->GetWidth(), 1920);
-    EXPECT_EQ(Screen->GetHeight(), 1080);
-}
-
 TEST(core_window, windows_are_made_late_and_parents_first)
 {
     event_log log;
@@ -48,17 +42,6 @@ TEST(core_window, windows_are_made_late_and_parents_first)
     inner->SetParent(outer);
     EXPECT_NE(inner->GetHandle(), nullptr);
     EXPECT_EQ(FindControl(inner->GetHandle()), inner);
-}
-
-TEST(core_window, asking_for_the_handle_makes_those_above)
-{
-    event_log log;
-    TForm form(nullptr);
-    auto *const outer = new probe_control(&form, &form, "outer", &log);
-    auto *const inner = new probe_control(&form, outer, "inner", &log);
-    EXPECT_NE(inner->GetHandle(), nullptr);
-    EXPECT_EQ(log, (event_log{"outer window", "inner window"}));
-    EXPECT_FALSE(inner->GetShowing());
 }
 
 TEST(core_window, enabled_and_visible_are_each_controls_own)

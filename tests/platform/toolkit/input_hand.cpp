@@ -12,7 +12,6 @@
 #include "platform/toolkit/core/strings.h"
 #include "platform/toolkit/menus/menu.h"
 
-#include <algorithm>
 #include <gtest/gtest.h>
 #include <string>
 #include <utility>
@@ -109,62 +108,6 @@ TEST_F(input_test, a_click_reaches_what_is_under_it)
         EXPECT_EQ(line.find("button"), std::string::npos) << line;
 }
 
-TEST_F(input_test, two_clicks_are_no_double_click)
-{
-    panel->OnMouseDown = nullptr;
-    panel->OnMouseUp = nullptr;
-    panel->OnDblClick = make_closure<&recorder::on_double_click>(&events);
-    click(panel);
-    click(panel);
-    EXPECT_EQ(events.take(), (lines{"click panel", "click panel"}));
-    double_click(panel);
-    lines const seen = events.take();
-    EXPECT_EQ(std::count(seen.begin(), seen.end(), "double panel"), 1);
-}
-
-TEST_F(input_test, a_drag_holds_the_mouse_to_its_end)
-{
-    EXPECT_TRUE(drag(panel, 5, 5, button, 4, 4));
-    EXPECT_EQ(events.take(), (lines{"down panel 0 5,5", "up panel 4,-36"})) << "the button hears nothing";
-}
-
-TEST_F(input_test, keys_go_where_the_focus_is)
-{
-    click(edit);
-    EXPECT_TRUE(edit->Focused());
-    type(L"Hello, World ß Ж");
-    EXPECT_EQ(edit->GetText(), L"Hello, World ß Ж");
-    press(VK_BACK);
-    press_times(VK_LEFT, 3, {ssShift});
-    EXPECT_EQ(edit->GetSelLength(), 3);
-    enter_text(edit, L"new");
-    EXPECT_EQ(edit->GetText(), L"new");
-    enter_text(edit, L"");
-    EXPECT_EQ(edit->GetText(), L"");
-
-    tab_to(button);
-    EXPECT_TRUE(button->Focused());
-    type(L"x ");
-    EXPECT_EQ(events.take(), lines{"click button"}) << "Space works a button, a letter does not";
-    EXPECT_EQ(edit->GetText(), L"");
-}
-
-TEST_F(input_test, modifier_keys_are_let_go)
-{
-    struct watch
-    {
-        std::vector<int> keys;
-        void on_key_down(TObject *, Word &key, TShiftState) { keys.push_back(key); }
-        void on_key_up(TObject *, Word &key, TShiftState) { keys.push_back(-key); }
-    } w;
-    edit->OnKeyDown = make_closure<&watch::on_key_down>(&w);
-    edit->OnKeyUp = make_closure<&watch::on_key_up>(&w);
-    edit->SetFocus();
-    press('K', {ssCtrl});
-    EXPECT_EQ(w.keys, (std::vector<int>{VK_CONTROL, 'K', -'K', -VK_CONTROL}));
-    EXPECT_GE(GetKeyState(VK_CONTROL), 0);
-}
-
 // ---- windows
 
 namespace {
@@ -211,73 +154,7 @@ TEST_F(input_test, a_modal_form_is_answered_inside_its_loop)
     EXPECT_EQ(opener.result, mrCancel);
 }
 
-TEST_F(input_test, a_refusing_form_stays_open)
-{
-    struct refusal
-    {
-        bool answer = false;
-        void on_close_query(TObject *, bool &can_close) { can_close = answer; }
-    } r;
-    form.OnCloseQuery = make_closure<&refusal::on_close_query>(&r);
-    EXPECT_FALSE(close(&form));
-    EXPECT_TRUE(form.GetShowing());
-    r.answer = true;
-    EXPECT_TRUE(close(&form));
-    EXPECT_FALSE(form.GetShowing());
-    EXPECT_FALSE(click(button));
-}
-
-TEST_F(input_test, a_shot_is_written)
-{
-    vx_test::temp_dir const dir;
-    EXPECT_TRUE(save_shot(&form, UnicodeString((dir / "form.png").string())));
-    EXPECT_EQ(vx_test::read_file(dir / "form.png").substr(1, 3), "PNG");
-    EXPECT_FALSE(save_shot(&form, UnicodeString((dir / "none" / "form.png").string())));
-    EXPECT_EQ(dir.count(), 1);
-}
-
 // ---- compound controls and menus
-
-TEST_F(input_test, tabs_and_lists_are_chosen_by_what_is_read)
-{
-    auto *pages = add<TPageControl>(L"pages", Bounds(10, 160, 300, 120));
-    for (wchar_t const *caption : {L"&One", L"Hidden", L"Three"}) {
-        auto *sheet = new TTabSheet(&form);
-        sheet->SetPageControl(pages);
-        sheet->SetCaption(caption);
-    }
-    pages->GetPages(1)->SetTabVisible(false);
-    EXPECT_TRUE(click_tab(pages, L"Three"));
-    EXPECT_EQ(pages->GetActivePage(), pages->GetPages(2));
-    EXPECT_TRUE(click_tab(pages, L"One"));
-    EXPECT_EQ(pages->GetActivePage(), pages->GetPages(0));
-    EXPECT_TRUE(click_tab(pages, 1));
-    EXPECT_EQ(pages->GetActivePage(), pages->GetPages(2)) << "the second that is seen";
-    EXPECT_FALSE(click_tab(pages, L"Hidden"));
-
-    auto *combo = add<TComboBox>(L"combo", Bounds(220, 40, 120, 25));
-    combo->SetStyle(csDropDownList);
-    for (wchar_t const *text : {L"red", L"green", L"blue"})
-        combo->GetItems()->Add(text);
-    combo->OnChange = make_closure<&recorder::on_click>(&events);
-    EXPECT_TRUE(choose_item(combo, L"blue"));
-    EXPECT_EQ(combo->GetItemIndex(), 2);
-    EXPECT_EQ(events.take(), lines{"click combo"});
-    EXPECT_FALSE(choose_item(combo, L"black"));
-    EXPECT_EQ(combo->GetItemIndex(), 2);
-    EXPECT_TRUE(choose_item(combo, 0));
-    EXPECT_EQ(combo->GetItemIndex(), 0);
-
-    auto *list = add<TCheckListBox>(L"list", Bounds(220, 70, 120, 60));
-    for (int i = 0; i < 20; ++i)
-        list->GetItems()->Add(UnicodeString(i));
-    EXPECT_TRUE(click_item(list, 15)) << "scrolled into sight";
-    EXPECT_EQ(list->GetItemIndex(), 15);
-    EXPECT_FALSE(list->GetChecked(15));
-    EXPECT_TRUE(click_item_check(list, 3));
-    EXPECT_TRUE(list->GetChecked(3));
-    EXPECT_FALSE(click_item(list, 20));
-}
 
 TEST_F(input_test, a_hint_is_shown_at_once_when_asked_for)
 {
@@ -293,42 +170,4 @@ TEST_F(input_test, a_hint_is_shown_at_once_when_asked_for)
     EXPECT_EQ(Application->GetHint(), L"other");
     Application->ActivateHint(form.ClientToScreen({300, 250}));
     EXPECT_EQ(Application->GetHint(), L"") << "nothing there";
-}
-
-TEST_F(input_test, menu_items_are_chosen_by_their_path)
-{
-    TPopupMenu menu(nullptr);
-    auto const add_item = [&](TMenuItem *to, wchar_t const *caption) {
-        auto *item = new TMenuItem(&menu);
-        item->SetName(caption[0] == L'&' ? caption + 1 : caption);
-        item->SetCaption(caption);
-        item->OnClick = make_closure<&recorder::on_click>(&events);
-        to->Add(item);
-        return item;
-    };
-    add_item(menu.GetItems(), L"&First");
-    TMenuItem *more = add_item(menu.GetItems(), L"More");
-    more->OnClick = nullptr;
-    add_item(more, L"Deep");
-    add_item(more, L"Grey")->SetEnabled(false);
-
-    EXPECT_TRUE(choose(&menu, L"First"));
-    EXPECT_EQ(events.take(), lines{"click First"});
-    EXPECT_TRUE(choose(&menu, L"More|Deep"));
-    EXPECT_EQ(events.take(), lines{"click Deep"});
-    EXPECT_FALSE(choose(&menu, L"More|Grey"));
-    EXPECT_FALSE(choose(&menu, L"None"));
-    EXPECT_EQ(events.take(), lines{});
-
-    panel->OnMouseDown = nullptr;
-    panel->OnMouseUp = nullptr;
-    panel->SetPopupMenu(&menu);
-    choose_in_next_menu(L"First");
-    click(panel, 5, 5, mbRight);
-    EXPECT_TRUE(menu_choice_done());
-    EXPECT_EQ(events.take(), lines{"click First"});
-    choose_in_next_menu(L"");
-    click(panel, 5, 5, mbRight);
-    EXPECT_EQ(events.take(), lines{});
-    EXPECT_TRUE(click(button)) << "no menu is left open";
 }
