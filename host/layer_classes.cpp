@@ -1,242 +1,40 @@
 #include "host/layer_classes.h"
 
-#include "captions/style_manager.h"
-#include "host/captions.h"
 #include "host/layer_info.h"
 #include "host/layer_labels.h"
-#include "host/layer_style.h"
 
 #include "platform/base/string_adp.h"
-#include "platform/basic/vx_options.h"
-#include "platform/basic/vx_res.h"
-#include "platform/render/vx_scale_rows.h"
-#include "platform/styles/vxk_styles.h"
+#include "platform/render/vx_layer_classes.h"
+#include "platform/styles/vx_scale_prm.h"
 
-#include <cmath>
+#include <string>
 
 namespace {
-/// One class: a row of a manager.
-struct class_row
-{
-    void *mngr = nullptr;
-    unsigned manager = 0;
-    unsigned row = 0;
-
-    [[nodiscard]] bool is_of_scale() const
-    {
-        unsigned const mode = vx_stl_mngr_get_mode(mngr);
-        return mode == c_stl_mngr_mode_value || mode == c_stl_mngr_mode_range || mode == c_stl_mngr_mode_rule;
-    }
-    /// The scale of entries in force; null for ranges and for one style.
-    [[nodiscard]] void *entries() const
-    {
-        switch (vx_stl_mngr_get_mode(mngr)) {
-        case c_stl_mngr_mode_value:
-            return vx_stl_mngr_get_val_scale_ptr(mngr);
-        case c_stl_mngr_mode_rule:
-            return vx_stl_mngr_get_rule_scale_ptr(mngr);
-        default:
-            return nullptr;
-        }
-    }
-    /// The same row of another manager, whatever is in force there; null for none.
-    [[nodiscard]] void *scale_prm_in(void *other) const;
-    [[nodiscard]] void *ranges() const
-    {
-        return vx_stl_mngr_get_mode(mngr) == c_stl_mngr_mode_range ? vx_stl_mngr_get_rng_scale_ptr(mngr)
-                                                                   : nullptr;
-    }
-    /// Null for one style.
-    [[nodiscard]] void *scale_prm() const
-    {
-        if (void *const scale = entries())
-            return row < vx_val_scale_get_size(scale) ? vx_val_scale_get_scale_prm_ptr(scale, row)
-                                                      : vx_val_scale_get_other_prm_ptr(scale);
-        void *const scale = ranges();
-        unsigned const size = vx_rng_scale_get_size(scale);
-        if (!scale)
-            return nullptr;
-        if (row == 0)
-            return vx_rng_scale_get_min_prm_ptr(scale);
-        if (row <= size)
-            return vx_rng_scale_get_scale_prm_ptr(scale, row - 1);
-        return row == size + 1 ? vx_rng_scale_get_max_prm_ptr(scale) : vx_rng_scale_get_other_prm_ptr(scale);
-    }
-};
-
-unsigned rows_of(Ivx_layer *layer, unsigned manager)
-{
-    void *const mngr = vx_layer_manager_at(layer, manager);
-    bool const alone = vx_layer_manager_count(layer) == 1;
-    return alone && !class_row{mngr}.is_of_scale() ? 0 : vx_scale_rows_get_count(mngr);
-}
-
-/// The manager that is listed at a place: lists of layers begin at the top or at the bottom, as the user
-/// likes.
-unsigned listed_manager(Ivx_layer *layer, unsigned place)
-{
-    return vx_options_get_invert_layers() ? vx_layer_manager_count(layer) - 1 - place : place;
-}
-
-/// A class without a manager for a place outside.
-class_row find_class(Ivx_layer *layer, unsigned index)
-{
-    for (unsigned place = 0; place < vx_layer_manager_count(layer); ++place) {
-        unsigned const i = listed_manager(layer, place);
-        unsigned const rows = rows_of(layer, i);
-        if (index < rows)
-            return {vx_layer_manager_at(layer, i), i, index};
-        index -= rows;
-    }
-    return {};
-}
-
-template <class Get>
-QString text_of(Get get)
-{
-    std::wstring text;
-    Tvx_std_wstring_adapter adapter(text);
-    get(static_cast<Ivx_string_adp *>(adapter));
-    return QString::fromStdWString(text);
-}
-
-QString entry_text(void *scale, unsigned row)
-{
-    return text_of([&](Ivx_string_adp *to) { vx_val_scale_get_text_w(scale, row, to); });
-}
-
-void *entry_like(void *scale, void *other, unsigned row)
-{
-    if (row >= vx_val_scale_get_size(scale))
-        return vx_val_scale_get_other_prm_ptr(other);
-    QString const text = entry_text(scale, row);
-    unsigned const size = vx_val_scale_get_size(other);
-    // Nearly always it has stayed where it was.
-    for (unsigned i = 0; i <= size; ++i)
-        if (unsigned const place = i == 0 ? row : i - 1; place < size && entry_text(other, place) == text)
-            return vx_val_scale_get_scale_prm_ptr(other, place);
-    return nullptr;
-}
-
-void *range_like(void *scale, void *other, unsigned row)
-{
-    unsigned const size = vx_rng_scale_get_size(scale);
-    if (row == 0)
-        return vx_rng_scale_get_min_prm_ptr(other);
-    if (row > size)
-        return row == size + 1 ? vx_rng_scale_get_max_prm_ptr(other) : vx_rng_scale_get_other_prm_ptr(other);
-    for (unsigned i = 0; i < vx_rng_scale_get_size(other); ++i)
-        if (vx_rng_scale_get_min(other, i) == vx_rng_scale_get_min(scale, row - 1) &&
-            vx_rng_scale_get_max(other, i) == vx_rng_scale_get_max(scale, row - 1))
-            return vx_rng_scale_get_scale_prm_ptr(other, i);
-    return nullptr;
-}
-
-void *class_row::scale_prm_in(void *other) const
-{
-    switch (vx_stl_mngr_get_mode(mngr)) {
-    case c_stl_mngr_mode_value:
-        return entry_like(entries(), vx_stl_mngr_get_val_scale_ptr(other), row);
-    case c_stl_mngr_mode_rule:
-        return entry_like(entries(), vx_stl_mngr_get_rule_scale_ptr(other), row);
-    case c_stl_mngr_mode_range:
-        return range_like(ranges(), vx_stl_mngr_get_rng_scale_ptr(other), row);
-    default:
-        return nullptr;
-    }
-}
-
-QString caption(int number, std::initializer_list<QString> values = {})
-{
-    QString text = QString::fromWCharArray(vx_res_get_wstr(number));
-    for (QString const &value : values)
-        text = text.arg(value);
-    return text;
-}
-
-QString bound(double value)
-{
-    return QString::number(value, 'g', 10);
-}
-
-QString entry_caption(void *scale, unsigned row)
-{
-    if (row >= vx_val_scale_get_size(scale)) {
-        QString const text =
-            text_of([&](Ivx_string_adp *to) { vx_val_scale_get_other_caption_w(scale, to); });
-        return text.isEmpty() ? caption(c_stl_other) : text;
-    }
-    QString text = text_of([&](Ivx_string_adp *to) { vx_val_scale_get_caption_w(scale, row, to); });
-    if (text.isEmpty())
-        text = text_of([&](Ivx_string_adp *to) { vx_val_scale_get_text_w(scale, row, to); });
-    return text.isEmpty() ? caption(c_map_class_empty) : text;
-}
-
-QString range_caption(void *scale, unsigned row)
-{
-    unsigned const size = vx_rng_scale_get_size(scale);
-    QString text;
-    if (row == 0) {
-        text = text_of([&](Ivx_string_adp *to) { vx_rng_scale_get_min_caption_w(scale, to); });
-        return text.isEmpty() ? caption(c_map_class_below, {bound(vx_rng_scale_get_min_value(scale))}) : text;
-    }
-    if (row <= size) {
-        text = text_of([&](Ivx_string_adp *to) { vx_rng_scale_get_caption_w(scale, row - 1, to); });
-        return text.isEmpty() ? QStringLiteral("%1 - %2").arg(bound(vx_rng_scale_get_min(scale, row - 1)),
-                                                              bound(vx_rng_scale_get_max(scale, row - 1)))
-                              : text;
-    }
-    if (row == size + 1) {
-        text = text_of([&](Ivx_string_adp *to) { vx_rng_scale_get_max_caption_w(scale, to); });
-        return text.isEmpty() ? caption(c_map_class_above, {bound(vx_rng_scale_get_max_value(scale))}) : text;
-    }
-    text = text_of([&](Ivx_string_adp *to) { vx_rng_scale_get_other_caption_w(scale, to); });
-    return text.isEmpty() ? caption(c_stl_other) : text;
-}
-} // namespace
-
-namespace {
-/// Classes that styles draw; those of labels come behind them.
-unsigned count_style_classes(Ivx_layer *layer)
-{
-    unsigned count = 0;
-    for (unsigned i = 0; i < vx_layer_manager_count(layer); ++i)
-        count += rows_of(layer, i);
-    return count;
-}
-
 bool is_of_labels(Ivx_layer *layer, unsigned index)
 {
-    return vx_layer_has_labels(layer) && index == count_style_classes(layer);
+    return vx_layer_has_labels(layer) && index == vx_layer_classes_get_count(layer);
 }
 } // namespace
 
 unsigned vx_layer_classes_count(Ivx_layer *layer)
 {
-    return count_style_classes(layer) + (vx_layer_has_labels(layer) ? 1 : 0);
+    return vx_layer_classes_get_count(layer) + (vx_layer_has_labels(layer) ? 1 : 0);
 }
 
 QString vx_layer_class_caption(Ivx_layer *layer, unsigned index)
 {
     if (is_of_labels(layer, index))
         return vx_layer_labels_caption(layer);
-    class_row const found = find_class(layer, index);
-    if (!found.mngr)
-        return {};
-    if (void *const scale = found.entries())
-        return entry_caption(scale, found.row);
-    if (void *const scale = found.ranges())
-        return range_caption(scale, found.row);
-    QString const name = text_of([&](Ivx_string_adp *to) { vx_stl_mngr_get_name_w(found.mngr, to); });
-    return name.isEmpty() ? QString::number(found.manager + 1) : name;
+    std::wstring text;
+    vx_layer_classes_get_caption_w(layer, index, Tvx_std_wstring_adapter(text));
+    return QString::fromStdWString(text);
 }
 
 std::optional<bool> vx_layer_class_visible(Ivx_layer *layer, unsigned index)
 {
     if (is_of_labels(layer, index))
         return vx_layer_labels_visible(layer);
-    class_row const found = find_class(layer, index);
-    void *const prm = found.mngr ? found.scale_prm() : nullptr;
+    void *const prm = vx_layer_classes_get_scale_prm_ptr(layer, index);
     return prm ? std::optional(vx_scale_prm_get_visible(prm)) : std::nullopt;
 }
 
@@ -246,8 +44,7 @@ bool vx_layer_class_set_visible(Ivx_layer *layer, unsigned index, bool visible)
         vx_layer_labels_set_visible(layer, visible);
         return true;
     }
-    class_row const found = find_class(layer, index);
-    void *const prm = found.mngr ? found.scale_prm() : nullptr;
+    void *const prm = vx_layer_classes_get_scale_prm_ptr(layer, index);
     vx_scale_prm_set_visible(prm, visible);
     return prm != nullptr;
 }
@@ -256,20 +53,15 @@ void vx_layer_class_take_visible(Ivx_layer *layer, Ivx_layer *like, unsigned ind
 {
     if (is_of_labels(like, index))
         return vx_layer_labels_set_visible(layer, vx_layer_labels_visible(like));
-    class_row const found = find_class(like, index);
-    void *const mngr = found.mngr ? vx_layer_manager_at(layer, found.manager) : nullptr;
-    void *const prm = mngr ? found.scale_prm_in(mngr) : nullptr;
-    if (prm && found.scale_prm())
-        vx_scale_prm_set_visible(prm, vx_scale_prm_get_visible(found.scale_prm()));
+    void *const theirs = vx_layer_classes_get_scale_prm_ptr(like, index);
+    void *const prm = vx_layer_classes_find_scale_prm_ptr(layer, like, index);
+    if (prm && theirs)
+        vx_scale_prm_set_visible(prm, vx_scale_prm_get_visible(theirs));
 }
 
 void *vx_layer_class_style(Ivx_layer *layer, unsigned index)
 {
-    class_row const found = find_class(layer, index);
-    if (!found.mngr)
-        return nullptr;
-    void *const prm = found.scale_prm();
-    return prm ? vx_scale_prm_get_stl_prm_ptr(prm) : vx_stl_mngr_get_simple_sp_ptr(found.mngr);
+    return vx_layer_classes_get_stl_prm_ptr(layer, index);
 }
 
 QIcon vx_layer_class_symbol(Ivx_layer *layer, unsigned index)
@@ -281,10 +73,5 @@ QIcon vx_layer_class_symbol(Ivx_layer *layer, unsigned index)
 
 int vx_layer_class_of(Ivx_layer *layer, unsigned manager, unsigned row)
 {
-    if (manager >= vx_layer_manager_count(layer) || row >= rows_of(layer, manager))
-        return -1;
-    unsigned index = row;
-    for (unsigned place = 0; listed_manager(layer, place) != manager; ++place)
-        index += rows_of(layer, listed_manager(layer, place));
-    return static_cast<int>(index);
+    return vx_layer_classes_find(layer, manager, row);
 }

@@ -11,6 +11,7 @@
 #include "platform/layers/vx_rtr_lr2d.h"
 #include "platform/layers/vx_shp_lr2d.h"
 #include "platform/layers/vx_tos_lr2d.h"
+#include "platform/render/vx_layer_classes.h"
 #include "platform/styles/vx_base_style.h"
 #include "platform/styles/vx_rng_scale.h"
 #include "platform/styles/vx_scale_prm.h"
@@ -53,7 +54,6 @@ constexpr Tvx_color c_points[] = {
     vx_clr_init_rgb(0x00, 0x72, 0xb2), vx_clr_init_rgb(0xb0, 0x7d, 0x00), vx_clr_init_rgb(0x6b, 0x4c, 0x9a),
 };
 constexpr Tvx_color c_clear{};
-constexpr int c_draw_by_scale = 0; ///< of a grid
 constexpr wchar_t const *c_style_module = L"vxk_scene2d_editor_bdl.dll";
 constexpr double c_outline_mm = 0.15;
 constexpr double c_line_mm = 0.4;
@@ -107,10 +107,7 @@ void *area_style(Ivx_layer *layer)
 /// The manager that a layer of a property file is drawn by; null for a grid by channels and for others.
 void *only_manager(Ivx_layer *layer)
 {
-    if (void *const colors = vx_tos_grid_lr2d_get_clr_stl_mngr_ptr(layer))
-        return vx_tos_grid_lr2d_get_draw_type(layer) == c_draw_by_scale ? colors : nullptr;
-    void *const curve = vx_tos_grid_1d_lr2d_get_stl_mngr_ptr(layer);
-    return curve ? curve : vx_tos_2crd_lr2d_get_stl_mngr(layer);
+    return vx_lr2d_is_shp(layer) ? nullptr : vx_layer_classes_get_mngr_ptr(layer, 0);
 }
 
 void *main_manager(Ivx_layer *layer)
@@ -185,15 +182,12 @@ Tvx_layer_colors vx_layer_get_colors(Ivx_layer *layer)
 
 unsigned vx_layer_manager_count(Ivx_layer *layer)
 {
-    return vx_lr2d_is_shp(layer) ? vx_stl_mngr_list_get_count(vx_shp_lr2d_get_style_mngr_list_ptr(layer))
-                                 : (only_manager(layer) ? 1 : 0);
+    return vx_layer_classes_get_mngr_count(layer);
 }
 
 void *vx_layer_manager_at(Ivx_layer *layer, unsigned index)
 {
-    if (vx_lr2d_is_shp(layer))
-        return vx_stl_mngr_list_get_mngr(vx_shp_lr2d_get_style_mngr_list_ptr(layer), index);
-    return index == 0 ? only_manager(layer) : nullptr;
+    return vx_layer_classes_get_mngr_ptr(layer, index);
 }
 
 std::vector<Tvx_color> vx_layer_get_class_colors(Ivx_layer *layer, unsigned count)
