@@ -16,7 +16,7 @@ class work_meter;
 struct surface
 {
     vx_native_painter *painter = nullptr;
-    /// The pixels under the painter, 32 bits each, premultiplied.
+    /// The pixels under the painter, 32 bits each, premultiplied; null where it has none.
     unsigned char *pixels = nullptr;
     int bytes_per_line = 0;
     int width = 0;
@@ -31,6 +31,10 @@ struct surface
     /// Where patterns of areas have their origin, in pixels: a place of the map where one is drawn, else the
     /// upper left corner. It may lie far outside.
     Tvx_pnt_d2 origin{0, 0};
+    /// What is drawn stays lines, areas and letters: nothing is drawn by way of a picture, and nothing is put
+    /// on the grid of pixels. What has pixels only becomes a picture, `picture_scale` pixels for a unit.
+    bool is_vector = false;
+    double picture_scale = 1;
 
     [[nodiscard]] double px_per_mm() const { return (px_per_mm_x + px_per_mm_y) / 2; }
 };
@@ -46,6 +50,9 @@ public:
 
     void set_size(int width, int height);
     void lend(unsigned char *pixels, int width, int height, int bytes_per_line);
+    /// Draws by somebody else's running painter from now on, on `width` by `height` of its units; it must
+    /// outlive that. The device has no pixels then. A `picture_scale` above 0 makes it a device of vectors.
+    void lend_painter(vx_native_painter *painter, int width, int height, double picture_scale);
     void set_transparent(Tvx_color color);
     void clear(Tvx_color color);
     [[nodiscard]] int width() const;

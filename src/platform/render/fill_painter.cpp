@@ -349,6 +349,8 @@ struct fill_painter::impl
     QImage const *pattern_picture(fill_item &item, Tvx_box_d2 const &box, double hatch_angle,
                                   double spot_angle)
     {
+        if (target.is_vector)
+            return nullptr;
         if (auto *h = std::get_if<hatch_item>(&item))
             return hatch_angle != 0 ? nullptr : h->page.for_area(target, box, [h](surface const &whole) {
                 return make_hatch(whole, *h->layer);
@@ -468,7 +470,8 @@ void fill_painter::draw(std::span<px_line const> rings, double hatch_angle, doub
     }
     if (shown.isEmpty())
         return;
-    if (vertices > c_few_vertices) {
+    // A painter of vectors only writes down what it is given.
+    if (vertices > c_few_vertices && !d.target.is_vector) {
         crossings work(clip);
         for (auto const &points : shown)
             work.add(points);

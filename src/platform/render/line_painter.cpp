@@ -23,6 +23,8 @@ using namespace vx::styles;
 
 constexpr double c_max_width_px = 4000;
 constexpr double c_thin_px = 1.5;
+/// The thinnest line of a device of vectors, whose units are finer than what paper shows.
+constexpr double c_hairline_mm = 0.08;
 /// Patterns that are finer than this do not show; they are drawn as a full stroke, or not at all.
 constexpr double c_min_pattern_px = 1;
 constexpr double c_max_elements_per_px = 2;
@@ -43,10 +45,11 @@ double to_px(surface const &s, double mm)
     return std::clamp(mm * s.px_per_mm(), -c_max_length_px, c_max_length_px);
 }
 
-/// A line is `width` millimetres wide, and at least one pixel.
+/// A line is `width` millimetres wide, and at least one pixel or hairline.
 QPen plain_pen(surface const &s, Tvx_color color, double width)
 {
-    QPen pen(qt_color(color), std::clamp(to_px(s, width), 1.0, c_max_width_px));
+    double const least = s.is_vector ? std::max(1.0, to_px(s, c_hairline_mm)) : 1.0;
+    QPen pen(qt_color(color), std::clamp(to_px(s, width), least, c_max_width_px));
     pen.setCapStyle(Qt::FlatCap);
     // The joins of thin lines do not show, and plain ones are much faster.
     pen.setJoinStyle(pen.widthF() <= c_thin_px ? Qt::BevelJoin : Qt::RoundJoin);
@@ -63,7 +66,7 @@ bool is_ring(std::span<Tvx_pnt_d2 const> line)
 void stroke_line(surface const &target, std::span<Tvx_pnt_d2 const> line, double start = 0)
 {
     QPainter &painter = *vx_qt_painter(target.painter);
-    if (line.size() > c_few_points) {
+    if (line.size() > c_few_points && !target.is_vector) {
         crossings work(target.clip);
         work.add(line);
         bool const is_round = painter.pen().joinStyle() == Qt::RoundJoin;

@@ -62,9 +62,13 @@ struct item
                 for (px_line &ring = rings.emplace_back(); QPointF const &v : polygon)
                     ring.push_back({v.x(), v.y()});
     }
-    /// Moved by `t` first.
-    void fill(QPainter &painter, QTransform const &t, Tvx_box_d2 const &clip) const
+    /// Moved by `t` first. A painter of vectors would write all that is saved and restored into its file.
+    void fill(QPainter &painter, QTransform const &t, Tvx_box_d2 const &clip, bool is_vector) const
     {
+        if (rings.empty() && is_vector) {
+            painter.fillPath(t.map(path), color);
+            return;
+        }
         if (rings.empty()) {
             painter.save();
             painter.setTransform(t, true);
@@ -304,7 +308,7 @@ struct point_painter::impl
         make_items();
         QRectF const room = bounds(items);
         take_room(room);
-        if (use == use_of_painter::few)
+        if (use == use_of_painter::few || target.is_vector)
             return;
         if (!target.pixels) {
             stamp = picture(items, room, QImage::Format_ARGB32_Premultiplied, stamp_at);
@@ -385,7 +389,7 @@ struct point_painter::impl
         items = layer_items(target, style);
         QRectF const room = bounds(items);
         take_room(room);
-        if (use == use_of_painter::many)
+        if (use == use_of_painter::many && !target.is_vector)
             stamp = picture(items, room, QImage::Format_ARGB32_Premultiplied, stamp_at);
     }
 
@@ -394,9 +398,10 @@ struct point_painter::impl
         QPainter &p = *vx_qt_painter(target.painter);
         Tvx_box_d2 const clip = grown(target.clip, 2);
         for (item const &it : areas)
-            it.fill(p, t, clip);
+            it.fill(p, t, clip, target.is_vector);
     }
 
+    /// At its exact place.
     void draw_turned(Tvx_pnt_d2 at, double angle)
     {
         fill(turned_items(), QTransform::fromTranslate(at.x, at.y).rotate(-angle));
@@ -470,7 +475,7 @@ void point_painter::draw(Tvx_pnt_d2 at, double angle)
         if (!go_on(d.target, cost::c_path + width * height * cost::c_pixel))
             return;
     }
-    if (angle != 0)
+    if (angle != 0 || d.target.is_vector)
         d.draw_turned(at, angle);
     else if (d.mask)
         d.mask->blend(d.target, d.mask->pixel_of(at), d.color);

@@ -43,6 +43,9 @@ struct bmp_dc::state
 {
     QImage image;
     QPainter painter;
+    QPainter *foreign = nullptr;
+    QSize foreign_size;
+    double picture_scale = 0;
     Tvx_color transparent{};
     bool lent = false;
     bool touched = false;
@@ -64,6 +67,7 @@ struct bmp_dc::state
     void let_go()
     {
         end_painting();
+        foreign = nullptr;
         if (!lent && !image.isNull() && image.sizeInBytes() <= c_max_spare_bytes)
             spare_picture() = std::move(image);
         image = QImage();
@@ -102,6 +106,17 @@ void bmp_dc::lend(unsigned char *pixels, int width, int height, int bytes_per_li
                      : QImage();
 }
 
+void bmp_dc::lend_painter(vx_native_painter *painter, int width, int height, double picture_scale)
+{
+    state &s = *f_state;
+    s.let_go();
+    s.lent = false;
+    s.touched = true;
+    s.foreign = width > 0 && height > 0 ? vx_qt_painter(painter) : nullptr;
+    s.foreign_size = QSize(width, height);
+    s.picture_scale = picture_scale;
+}
+
 void bmp_dc::set_transparent(Tvx_color color)
 {
     state &s = *f_state;
@@ -115,16 +130,18 @@ void bmp_dc::clear(Tvx_color color)
     f_state->touched = true;
     if (!f_state->image.isNull())
         f_state->fill(color);
+    else if (f_state->foreign)
+        f_state->foreign->fillRect(QRect(QPoint(), f_state->foreign_size), qt_color(color));
 }
 
 int bmp_dc::width() const
 {
-    return f_state->image.width();
+    return f_state->foreign ? f_state->foreign_size.width() : f_state->image.width();
 }
 
 int bmp_dc::height() const
 {
-    return f_state->image.height();
+    return f_state->foreign ? f_state->foreign_size.height() : f_state->image.height();
 }
 
 Tvx_color bmp_dc::pixel(int x, int y) const
@@ -138,6 +155,8 @@ Tvx_color bmp_dc::pixel(int x, int y) const
 vx_native_painter *bmp_dc::painter()
 {
     state &s = *f_state;
+    if (s.foreign)
+        return vx_native(s.foreign);
     if (s.image.isNull())
         return nullptr;
     s.touched = true;
@@ -188,7 +207,10 @@ surface bmp_dc::get_surface()
 {
     surface s;
     s.painter = painter();
-    if (s.painter) {
+    if (f_state->foreign) {
+        s.is_vector = f_state->picture_scale > 0;
+        s.picture_scale = s.is_vector ? f_state->picture_scale : 1;
+    } else if (s.painter) {
         // Not `bits()`, which would copy an image that is being painted on.
         s.pixels = const_cast<unsigned char *>(f_state->image.constBits());
         s.bytes_per_line = static_cast<int>(f_state->image.bytesPerLine());

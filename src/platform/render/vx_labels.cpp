@@ -134,9 +134,9 @@ bool place(Ivx_labels &labels, label_plan &plan, Tvx_box_d2 const &seen, work_me
 }
 
 void paint(placed_label const &label, label_look const &look, label_fonts &fonts, Tvx_map_view const &view,
-           vx_native_painter *native)
+           surface const &target)
 {
-    QPainter &painter = *vx_qt_painter(native);
+    QPainter &painter = *vx_qt_painter(target.painter);
     if (look.back)
         for (label_quad const &quad : label.quads) {
             QPolygonF corners;
@@ -148,7 +148,7 @@ void paint(placed_label const &label, label_look const &look, label_fonts &fonts
             painter.setBrush(QColor(look.back_clr.r, look.back_clr.g, look.back_clr.b, look.back_clr.a));
             painter.drawPolygon(corners);
         }
-    label.ink->paint(native, fonts, shift(view, label.at), look);
+    label.ink->paint(target.painter, fonts, shift(view, label.at), look, target.is_vector);
 }
 
 placed_label const *seen_label(Ivx_labels const *labels, Tvx_map_view const &view, unsigned index)
@@ -242,7 +242,7 @@ bool vx_labels_draw(Ivx_labels *labels, Tvx_map_view const &view, void *dc, clos
         if (!meter.go_on(c_label_cost))
             return false;
         placed_label const &label = labels->placed[*i];
-        paint(label, labels->looks[label.look], labels->fonts, view, target.painter);
+        paint(label, labels->looks[label.look], labels->fonts, view, target);
     }
     return !meter.stopped();
 }

@@ -16,8 +16,9 @@ struct Ivx_layer;
 /// larger objects; among equal ones a number decides that is always the same. Those of text settings have the
 /// lowest priority. No two overlap unless the later one may.
 ///
-/// Texts are cut after 64 characters of a line and 8 lines; letters of less than 2 and more than 400 pixels
-/// are not drawn. Labels that are not drawn take no place. Main thread only; all functions accept null.
+/// Texts are cut after 64 characters of a line and 8 lines; letters of less than 2 pixels, and of more than
+/// 400 that are larger than 100 millimetres, are not drawn. Labels that are not drawn take no place. Main
+/// thread only; all functions accept null.
 struct Ivx_labels;
 
 [[nodiscard]] VX_API Ivx_labels *vx_labels_create();

@@ -11,6 +11,7 @@
 #include "platform/render/detail/mngr_painter.h"
 #include "platform/render/detail/raster_painter.h"
 #include "platform/render/detail/tos_painter.h"
+#include "platform/render/detail/vector_picture.h"
 #include "platform/styles/vx_stl_mngr_list.h"
 
 #include <cmath>
@@ -83,9 +84,9 @@ bool draw_layer(Ivx_layer *layer, Tvx_map_view const &view, void *dc, variant_of
     work_meter meter(cancelled);
     target.meter = &meter;
     if (is_raster)
-        return variant == variant_of_style::selected || draw_raster(layer, view, target);
+        return variant == variant_of_style::selected || draw_as_picture(&draw_raster, layer, view, target);
     if (is_grid)
-        return variant == variant_of_style::selected || draw_cells(layer, view, target);
+        return variant == variant_of_style::selected || draw_as_picture(&draw_cells, layer, view, target);
     if (view.mm2px_x > 0)
         target.px_per_mm_x = view.mm2px_x;
     if (view.mm2px_y > 0)

@@ -26,15 +26,17 @@ constexpr int c_slice_ms = 10;
 /// Smaller letters nobody reads, and larger ones nobody wants.
 constexpr double c_least_size_px = 2;
 constexpr double c_most_size_px = 400;
+/// On a fine device more pixels are no larger.
+constexpr double c_most_size_mm = 100;
 constexpr double c_back_margin_em = 0.15;
 /// More is not written: longer texts are cut.
 constexpr std::size_t c_most_characters = 64;
 constexpr std::size_t c_most_lines = 8;
 constexpr wchar_t c_more = L'\u2026';
 
-[[nodiscard]] bool is_readable(double size)
+[[nodiscard]] bool is_readable(double size, label_scale const &scale)
 {
-    return size >= c_least_size_px && size <= c_most_size_px;
+    return size >= c_least_size_px && size <= std::max(c_most_size_px, c_most_size_mm * scale.px_per_mm);
 }
 
 Ivx_layer *text_layer_of(Ivx_layer *layer)
@@ -193,6 +195,7 @@ public:
         f_rule.lines.push_back({field_of(info.property_name), {}});
         f_rule.encoding = info.encoding;
         f_rule.size = info.size * mm;
+        f_is_readable = is_readable(f_rule.size, scale);
         f_rule.back_margin = info.back ? c_back_margin_em * f_rule.size : 0;
         f_rule.angle = hint == c_textlr_hint_lines ? 0 : info.angle;
         f_rule.pos_x = hint == c_textlr_hint_lines ? 0 : info.text_pos_x;
@@ -212,7 +215,7 @@ public:
                          info.shadow_clr, info.outline ? info.shadow_width * mm : 0, info.shadow_gap_x * mm,
                          -info.shadow_gap_y * mm});
     }
-    [[nodiscard]] bool writes() const { return f_rule.lines.front().field >= 0 && is_readable(f_rule.size); }
+    [[nodiscard]] bool writes() const { return f_rule.lines.front().field >= 0 && f_is_readable; }
     bool read_on(int milliseconds) override { return read_fields(f_rule, milliseconds); }
     label_rule const *rule_of(unsigned) override { return &f_rule; }
     bool needs_whole_map() const override
@@ -222,6 +225,7 @@ public:
 
 private:
     label_rule f_rule;
+    bool f_is_readable;
 };
 
 bool is_within_limits(tld::textlr_info const &info, double denominator)
@@ -267,7 +271,7 @@ private:
                    label_fonts &fonts, std::vector<label_look> &looks) const
     {
         double const mm = scale.px_per_mm;
-        if (style.lines.lines.empty() || !is_readable(style.font_size * mm))
+        if (style.lines.lines.empty() || !is_readable(style.font_size * mm, scale))
             return;
         rule.emplace();
         for (std::wstring const &text : style.lines.lines)

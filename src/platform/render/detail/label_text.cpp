@@ -396,7 +396,8 @@ void label_ink::add_clusters(shaped_ptr line, std::vector<ink_place> places)
     f_state->parts.push_back({std::move(line), std::move(places), false});
 }
 
-void label_ink::paint(vx_native_painter *native, label_fonts &fonts, Tvx_pnt_d2 at, label_look const &look)
+void label_ink::paint(vx_native_painter *native, label_fonts &fonts, Tvx_pnt_d2 at, label_look const &look,
+                      bool is_vector)
 {
     QPainter &painter = *vx_qt_painter(native);
     state &s = *f_state;
@@ -427,7 +428,7 @@ void label_ink::paint(vx_native_painter *native, label_fonts &fonts, Tvx_pnt_d2 
     auto const rim = [&](QPointF const &to, Tvx_color color, double width) {
         if (!(width > 0))
             return;
-        if (level && width <= c_wide_rim_px && color.a == 255) {
+        if (level && width <= c_wide_rim_px && color.a == 255 && !is_vector) {
             constexpr int c_around = 8;
             for (int i = 0; i < c_around; ++i) {
                 double const turn = i * 2 * M_PI / c_around;
@@ -443,7 +444,8 @@ void label_ink::paint(vx_native_painter *native, label_fonts &fonts, Tvx_pnt_d2 
         painter.translate(-to);
     };
     // Level text stands on whole pixels, as everywhere on the screen.
-    QPointF const place = level ? QPointF(std::round(at.x), std::round(at.y)) : QPointF(at.x, at.y);
+    QPointF const place =
+        level && !is_vector ? QPointF(std::round(at.x), std::round(at.y)) : QPointF(at.x, at.y);
     if (look.shadow) {
         QPointF const cast = place + QPointF(look.shadow_gap_x, look.shadow_gap_y);
         rim(cast, look.shadow_clr, look.shadow_width);

@@ -66,8 +66,9 @@ public:
     void add_line(shaped_ptr line, ink_place const &place);
     /// A place for each cluster of the line.
     void add_clusters(shaped_ptr line, std::vector<ink_place> places);
-    /// Writes the letters with outline and shadow, the point at `at`.
-    void paint(vx_native_painter *painter, label_fonts &fonts, Tvx_pnt_d2 at, label_look const &look);
+    /// Writes the letters with outline and shadow, the point at `at`. On a device of vectors that is exact.
+    void paint(vx_native_painter *painter, label_fonts &fonts, Tvx_pnt_d2 at, label_look const &look,
+               bool is_vector);
 
 private:
     struct state;
