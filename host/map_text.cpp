@@ -1,10 +1,13 @@
 #include "host/map_text.h"
 
+#include "platform/render/vx_map_view.h"
+
 #include <QLocale>
 #include <QRegularExpression>
 
 #include <algorithm>
 #include <cmath>
+#include <string>
 
 namespace {
 constexpr int c_most_decimals = 9;
@@ -27,14 +30,9 @@ QString vx_map_text_coordinates(Tvx_pnt_d2 place, Tvx_canvas_view const &view, T
 
 QString vx_map_text_scale(double scale)
 {
-    if (!std::isfinite(scale) || scale <= 0 || scale > c_most_scale)
-        return {};
-    if (scale < 10)
-        return QStringLiteral("1 : ") + QString::number(scale, 'f', 2);
-    QString digits = QString::number(std::llround(scale));
-    for (int at = int(digits.size()) - 3; at > 0; at -= 3)
-        digits.insert(at, QChar(0x2009));
-    return QStringLiteral("1 : ") + digits;
+    std::wstring text;
+    vx_map_scale_get_text_w(scale, Tvx_std_wstring_adapter(text));
+    return QString::fromStdWString(text);
 }
 
 std::optional<double> vx_map_text_parse_scale(QString const &text)

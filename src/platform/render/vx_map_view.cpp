@@ -1,7 +1,11 @@
 #include "platform/render/vx_map_view.h"
 
+#include "platform/render/detail/grouped_digits.h"
+
 #include <algorithm>
+#include <charconv>
 #include <cmath>
+#include <iterator>
 
 Tvx_map_view vx_map_view_fit(Tvx_box_d2 const &box, int width, int height, int margin_px)
 {
@@ -29,4 +33,20 @@ Tvx_map_view vx_map_view_fit(Tvx_box_d2 const &box, int width, int height, int m
     view.world.add(cx - units * width / 2, cy - units * height / 2);
     view.world.add(cx + units * width / 2, cy + units * height / 2);
     return view;
+}
+
+void vx_map_scale_get_text_w(double scale, Ivx_string_adp *text)
+{
+    constexpr double c_most = 1e12, c_with_decimals = 10;
+    if (!std::isfinite(scale) || scale <= 0 || scale > c_most)
+        return vx_string_adp_feed(text, L"");
+    std::wstring number;
+    if (scale < c_with_decimals) {
+        char digits[16];
+        auto const end = std::to_chars(digits, std::end(digits), scale, std::chars_format::fixed, 2);
+        number.assign(digits, end.ptr);
+    } else {
+        number = vx::render::grouped_digits(std::llround(scale));
+    }
+    vx_string_adp_feed(text, (L"1 : " + number).c_str());
 }

@@ -2,6 +2,7 @@
 
 #include "platform/base/export.h"
 #include "platform/base/geometry.h"
+#include "platform/base/string_adp.h"
 
 /// What part of the world a picture shows: the world box fills the picture, its upper edge at pixel row 0.
 struct Tvx_map_view
@@ -34,3 +35,7 @@ struct Tvx_map_view
 /// of its own, so the view is valid whenever the picture has pixels.
 [[nodiscard]] VX_API Tvx_map_view vx_map_view_fit(Tvx_box_d2 const &box, int width, int height,
                                                   int margin_px = 0);
+
+/// "1 : 25 000" for N of the scale 1 : N, with thin spaces, the same in every locale. Below 10 two decimals
+/// are kept; nothing sensible gives an empty text.
+VX_API void vx_map_scale_get_text_w(double scale, Ivx_string_adp *text);

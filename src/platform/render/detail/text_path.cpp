@@ -1,10 +1,13 @@
 #include "platform/render/detail/text_path.h"
 
+#include "platform/base/color.h"
 #include "platform/basic/vx_fnt_type.h"
+#include "platform/toolkit/bridge/qt_graphics.h"
 #include "platform/toolkit/bridge/qt_widgets.h"
 
 #include <QtGui/QFont>
 #include <QtGui/QFontMetricsF>
+#include <QtGui/QPainter>
 #include <QtGui/QPainterPath>
 #include <QtGui/QPolygonF>
 
@@ -72,5 +75,20 @@ text_extent measure_text(std::wstring_view text, vx_fnt_type const &font, double
     QFontMetricsF const metrics(qt_font(font));
     double const k = std::min(size_px, c_max_size_px) / c_layout_px;
     return {metrics.horizontalAdvance(qt_text(text)) * k, metrics.ascent() * k, metrics.descent() * k};
+}
+
+void write_text(vx_native_painter *painter, std::wstring_view text, vx_fnt_type const &font, double size_px,
+                Tvx_color color)
+{
+    if (text.empty() || !(size_px > 0))
+        return;
+    double const k = std::min(size_px, c_max_size_px) / c_layout_px;
+    QPainter &p = *vx_qt_painter(painter);
+    p.save();
+    p.scale(k, k);
+    p.setFont(qt_font(font));
+    p.setPen(QColor(color.r, color.g, color.b, color.a));
+    p.drawText(QPointF(), qt_text(text));
+    p.restore();
 }
 } // namespace vx::render

@@ -1,0 +1,521 @@
+#include "platform/base/string_adp.h"
+#include "platform/basic/vx_clr_channel.h"
+#include "platform/layers/layer_keys.h"
+#include "platform/layers/vx_layout_lr2d.h"
+#include "platform/layers/vx_rtr_lr2d.h"
+#include "platform/layers/vx_scn_2d.h"
+#include "platform/layers/vx_shp_lr2d.h"
+#include "platform/layers/vx_tos_lr2d.h"
+#include "platform/render/detail/layout_canvas.h"
+#include "platform/render/detail/layout_text.h"
+#include "platform/render/detail/style_painter.h"
+#include "platform/render/vx_layer_classes.h"
+#include "platform/styles/vxk_styles.h"
+#include "platform/toolkit/bridge/qt_graphics.h"
+
+#include <QtCore/QRectF>
+#include <QtGui/QLinearGradient>
+#include <QtGui/QPainter>
+#include <QtGui/QPen>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <iterator>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace vx::render {
+namespace {
+using namespace vx::styles;
+
+constexpr double c_text_gap_mm = 2; ///< between a sample and its text
+constexpr double c_column_gap_mm = 4;
+constexpr double c_title_size = 1.3; ///< of the letters of the other lines
+constexpr wchar_t c_more[] = L"\u2026";
+/// Symbols that are larger than so many samples are cut.
+constexpr double c_most_samples = 4;
+
+/// A line of a legend: a text, or a sample with one.
+struct legend_line
+{
+    enum class kind : unsigned char
+    {
+        heading,
+        text,
+        style, ///< a sample of `prm`
+        ramp,  ///< a sample from one colour to another
+    };
+    kind what = kind::text;
+    std::wstring text = {};
+    stl_prm const *prm = nullptr;
+    std::array<Tvx_color, 2> colors{};
+    std::wstring detail = {}; ///< what stands behind the text of a ramp
+    bool begins = true;       ///< the lines of a layer, or stands for itself
+    // As laid out.
+    std::vector<std::wstring> lines = {};
+    double height = 0;
+
+    [[nodiscard]] bool has_sample() const { return what == kind::style || what == kind::ramp; }
+};
+
+std::wstring one_line(std::wstring text)
+{
+    std::ranges::replace_if(
+        text, [](wchar_t c) { return c < L' '; }, L' ');
+    return text;
+}
+
+// ---- what there is to show
+
+std::wstring number_text(double value)
+{
+    constexpr int c_digits = 6;
+    char text[32];
+    auto const end = std::to_chars(text, std::end(text), value, std::chars_format::general, c_digits);
+    return {text, end.ptr};
+}
+
+void add_ramp(std::vector<legend_line> &lines, std::wstring text, Tvx_color to, void const *channel)
+{
+    legend_line &line = lines.emplace_back();
+    line.what = legend_line::kind::ramp;
+    line.text = std::move(text);
+    line.colors = {vx_clr_init_grey(0), to};
+    if (channel)
+        line.detail = number_text(vx_clr_channel_get_min(channel)) + L" \u2013 " +
+                      number_text(vx_clr_channel_get_max(channel));
+}
+
+std::wstring band_of(void const *channel)
+{
+    std::wstring name;
+    vx_clr_channel_get_prop_name_w(channel, Tvx_std_wstring_adapter(name));
+    return one_line(std::move(name));
+}
+
+/// The channels that something feeds, each from none of its colour to all.
+void add_channels(std::vector<legend_line> &lines, void *channels, bool is_gray)
+{
+    struct part
+    {
+        void *channel;
+        Tvx_color color;
+    };
+    std::vector<part> parts;
+    if (is_gray)
+        parts = {{vx_rgb_channels_get_gray(channels), vx_clr_init_grey(255)}};
+    else
+        parts = {{vx_rgb_channels_get_red(channels), vx_clr_init_rgb(255, 0, 0)},
+                 {vx_rgb_channels_get_green(channels), vx_clr_init_rgb(0, 255, 0)},
+                 {vx_rgb_channels_get_blue(channels), vx_clr_init_rgb(0, 0, 255)}};
+    for (part const &p : parts)
+        if (std::wstring name = band_of(p.channel); !name.empty())
+            add_ramp(lines, std::move(name), p.color, p.channel);
+}
+
+void add_raster(std::vector<legend_line> &lines, Ivx_layer *layer, std::wstring const &caption)
+{
+    int const type = vx_rtr_lr2d_get_draw_type(layer);
+    if (type == c_rtr_draw_normal)
+        return add_ramp(lines, caption, vx_clr_init_grey(255), nullptr);
+    lines.push_back({legend_line::kind::heading, caption});
+    add_channels(lines, vx_rtr_lr2d_get_rgb_channels_ptr(layer), type == c_rtr_draw_gray);
+}
+
+stl_prm const *prm_of(void *prm)
+{
+    return static_cast<stl_prm const *>(prm);
+}
+
+void add_lines(std::vector<legend_line> &lines, Ivx_layer *layer)
+{
+    std::wstring const caption = one_line(element_caption(layer));
+    if (vx_lr2d_get_lr_type(layer) == std::string_view(c_lr_key_rtr))
+        return add_raster(lines, layer, caption);
+    unsigned const managers = vx_layer_classes_get_mngr_count(layer);
+    if (managers == 0) {
+        if (vx_tos_grid_lr2d_get_clr_stl_mngr_ptr(layer)) {
+            constexpr int c_draw_channels = 1;
+            lines.push_back({legend_line::kind::heading, caption});
+            add_channels(lines, vx_tos_grid_lr2d_get_rgb_channels_ptr(layer),
+                         vx_tos_grid_lr2d_get_draw_type(layer) != c_draw_channels);
+        }
+        return;
+    }
+    if (vx_lr2d_is_shp(layer) && !vx_stl_mngr_list_get_visible(vx_shp_lr2d_get_style_mngr_list_ptr(layer)))
+        return;
+    unsigned const classes = vx_layer_classes_get_count(layer);
+    if (classes == 0) {
+        void *const simple = vx_stl_mngr_get_simple_sp_ptr(vx_layer_classes_get_mngr_ptr(layer, 0));
+        lines.push_back({legend_line::kind::style, caption, prm_of(simple)});
+        return;
+    }
+    lines.push_back({legend_line::kind::heading, caption});
+    for (unsigned i = 0; i < classes; ++i) {
+        void *const entry = vx_layer_classes_get_scale_prm_ptr(layer, i);
+        if (entry && !vx_scale_prm_get_visible(entry))
+            continue;
+        std::wstring text;
+        vx_layer_classes_get_caption_w(layer, i, Tvx_std_wstring_adapter(text));
+        lines.push_back({legend_line::kind::style, one_line(std::move(text)),
+                         prm_of(vx_layer_classes_get_stl_prm_ptr(layer, i))});
+    }
+}
+
+/// The lines of a layer; none for kinds that a legend does not show.
+void add_layer(std::vector<legend_line> &lines, Ivx_layer *layer)
+{
+    std::size_t const first = lines.size();
+    add_lines(lines, layer);
+    for (std::size_t i = first + 1; i < lines.size(); ++i)
+        lines[i].begins = false;
+}
+
+Ivx_layer *layer_of_caption(Ivx_scn_2d *scene, std::wstring const &caption)
+{
+    for (int i = vx_scn_2d_get_count(scene) - 1; i >= 0; --i)
+        if (Ivx_layer *const layer = vx_scn_2d_get_layer(scene, i); element_caption(layer) == caption)
+            return layer;
+    return nullptr;
+}
+
+/// False when a layer that the legend names is not there.
+bool collect(std::vector<legend_line> &lines, Tvx_layout_legend const &legend, Ivx_scn_2d *scene)
+{
+    bool is_whole = true;
+    if (legend.items.empty()) {
+        for (int i = vx_scn_2d_get_count(scene) - 1; i >= 0; --i)
+            if (Ivx_layer *const layer = vx_scn_2d_get_layer(scene, i); vx_lr2d_get_visible(layer))
+                add_layer(lines, layer);
+        return true;
+    }
+    for (Tvx_layout_legend_item const &item : legend.items) {
+        if (!item.visible)
+            continue;
+        if (item.is_text)
+            lines.push_back({legend_line::kind::text, item.text});
+        else if (Ivx_layer *const layer = layer_of_caption(scene, item.text))
+            add_layer(lines, layer);
+        else
+            is_whole = false;
+    }
+    return is_whole;
+}
+
+// ---- where it stands
+
+/// A surface to measure symbols on, so that a legend is the same on every device.
+surface const &measuring_surface()
+{
+    static surface const s = [] {
+        surface made;
+        made.px_per_mm_x = made.px_per_mm_y = 20;
+        made.is_vector = true;
+        return made;
+    }();
+    return s;
+}
+
+/// Height of the symbol in the sample of a style.
+double symbol_height(stl_prm const *prm)
+{
+    if (!prm)
+        return 0;
+    surface const &s = measuring_surface();
+    double height = 0;
+    auto const add_point = [&](bpnt_style const &point) {
+        height = std::max(height, point_painter(s, point, use_of_painter::few).box(0).height());
+    };
+    if (auto const *pnt = prm->as<pnt_style>(variant_of_style::base)) {
+        if (pnt->pnt_visible)
+            add_point(pnt->bpnt);
+    } else if (auto const *pln = prm->as<pln_style>(variant_of_style::base)) {
+        if (pln->pln_visible)
+            height = line_painter(s, pln->bpln).thickness();
+        if (pln->pnt_visible)
+            add_point(pln->bpnt);
+        if (pln->end_visible)
+            add_point(pln->bend);
+        if (pln->beg_visible)
+            add_point(pln->bbeg);
+    }
+    return height / s.px_per_mm();
+}
+
+class legend_layout
+{
+public:
+    legend_layout(Tvx_layout_legend const &legend, text_look const &look, std::vector<legend_line> lines)
+        : f_legend(legend), f_look(look), f_heading(look), f_title(look), f_lines(std::move(lines))
+    {
+        f_heading.font.bold = true;
+        f_title.font.bold = true;
+        f_title.size *= c_title_size;
+    }
+    /// Breaks texts to columns of a width, and puts the lines in them: as low as they can be, and no lower
+    /// than `most`.
+    void lay_out(double width, double most)
+    {
+        f_column_width = (width - c_column_gap_mm * (f_legend.columns - 1)) / f_legend.columns;
+        f_title_lines.clear();
+        if (!f_legend.title.empty())
+            f_title_lines = wrapped(f_legend.title, f_title, width);
+        f_top = f_title_lines.empty()
+                    ? 0
+                    : line_height(f_title) * static_cast<double>(f_title_lines.size()) + f_legend.gap;
+        double highest = 0, all = 0;
+        for (legend_line &line : f_lines) {
+            measure(line);
+            highest = std::max(highest, line.height);
+            all += line.height + 2 * f_legend.gap;
+        }
+        double low = highest, high = std::max(highest, all);
+        for (int i = 0; i < 40 && columns_at(high, nullptr) <= f_legend.columns; ++i) {
+            double const middle = (low + high) / 2;
+            (columns_at(middle, nullptr) <= f_legend.columns ? high : low) = middle;
+        }
+        f_limit = std::min(high, most - f_top);
+        f_places.clear();
+        (void)columns_at(f_limit, &f_places);
+    }
+    [[nodiscard]] Tvx_pnt_d2 natural_size()
+    {
+        double widest = 0;
+        for (legend_line const &line : f_lines)
+            for (std::wstring const &part : lines_of_text(whole_text(line)))
+                widest = std::max(widest, text_width(part, look_of_line(line)) + text_left(line));
+        double width = widest * f_legend.columns + c_column_gap_mm * (f_legend.columns - 1);
+        for (std::wstring const &part : lines_of_text(f_legend.title))
+            width = std::max(width, text_width(part, f_title));
+        // What just fits must not be broken by the last digits.
+        constexpr double c_slack_mm = 0.05, c_endless = 1e6;
+        lay_out(width + c_slack_mm, c_endless);
+        double bottom = 0;
+        for (place const &p : f_places)
+            bottom = std::max(bottom, p.y + f_lines[p.line].height);
+        return {width + c_slack_mm, f_top + bottom};
+    }
+    void draw(layout_canvas &canvas, Tvx_box_d2 const &box) const;
+
+private:
+    struct place
+    {
+        std::size_t line;
+        int column;
+        double y;
+    };
+
+    [[nodiscard]] text_look const &look_of_line(legend_line const &line) const
+    {
+        return line.what == legend_line::kind::heading ? f_heading : f_look;
+    }
+    [[nodiscard]] double text_left(legend_line const &line) const
+    {
+        return line.has_sample() ? f_legend.sample_width + c_text_gap_mm : 0;
+    }
+    [[nodiscard]] static std::wstring whole_text(legend_line const &line)
+    {
+        return line.detail.empty() ? line.text : line.text + L"  " + line.detail;
+    }
+    [[nodiscard]] double sample_height(legend_line const &line) const
+    {
+        if (!line.has_sample())
+            return 0;
+        return std::clamp(symbol_height(line.prm), f_legend.sample_height,
+                          f_legend.sample_height * c_most_samples);
+    }
+    void measure(legend_line &line) const
+    {
+        text_look const &look = look_of_line(line);
+        line.lines = wrapped(whole_text(line), look, std::max(1.0, f_column_width - text_left(line)));
+        line.height =
+            std::max(sample_height(line), line_height(look) * static_cast<double>(line.lines.size()));
+    }
+    /// Fills columns of a height from the left. A heading stays with what it is about.
+    int columns_at(double limit, std::vector<place> *places) const
+    {
+        int column = 0;
+        double y = 0;
+        for (std::size_t i = 0; i < f_lines.size(); ++i) {
+            legend_line const &line = f_lines[i];
+            bool const is_heading = line.what == legend_line::kind::heading;
+            if (y > 0)
+                y += line.begins && (is_heading || !f_lines[i - 1].begins) ? 2 * f_legend.gap : f_legend.gap;
+            double needed = line.height;
+            if (is_heading && i + 1 < f_lines.size())
+                needed += f_legend.gap + f_lines[i + 1].height;
+            constexpr double c_slack_mm = 1e-6;
+            if (y > 0 && y + needed > limit + c_slack_mm) {
+                ++column;
+                y = 0;
+            }
+            if (places)
+                places->push_back({i, column, y});
+            y += line.height;
+        }
+        return column + 1;
+    }
+
+    void draw_sample(layout_canvas &canvas, legend_line const &line, Tvx_box_d2 const &box) const;
+
+    Tvx_layout_legend const &f_legend;
+    text_look f_look;
+    text_look f_heading;
+    text_look f_title;
+    std::vector<legend_line> f_lines;
+    std::vector<std::wstring> f_title_lines;
+    double f_column_width = 0;
+    double f_top = 0; ///< below the title
+    double f_limit = 0;
+    std::vector<place> f_places;
+};
+
+px_line rectangle(Tvx_box_d2 const &b)
+{
+    return {
+        {b.min_x, b.min_y}, {b.max_x, b.min_y}, {b.max_x, b.max_y}, {b.min_x, b.max_y}, {b.min_x, b.min_y}};
+}
+
+void draw_point(surface const &target, bpnt_style const &style, Tvx_pnt_d2 at)
+{
+    point_painter(target, style, use_of_painter::few).draw(at);
+}
+
+void draw_area(surface const &target, pgn_style const &style, Tvx_box_d2 px)
+{
+    if (!target.is_vector)
+        px = {std::round(px.min_x), std::round(px.min_y), std::round(px.max_x), std::round(px.max_y)};
+    std::optional<line_painter> line;
+    if (style.pln_visible) {
+        line.emplace(target, style.bpln);
+        double const half = std::min(line->thickness(), px.height() / 2) / 2;
+        px = {px.min_x + half, px.min_y + half, px.max_x - half, px.max_y - half};
+    }
+    px_line const ring = rectangle(px);
+    if (style.pgn_visible)
+        fill_painter(target, style.bpgn).draw({&ring, 1});
+    if (line)
+        line->draw(ring);
+    if (style.pnt_visible)
+        for (std::size_t i = 0; i + 1 < ring.size(); ++i)
+            draw_point(target, style.bpnt, ring[i]);
+}
+
+void draw_line(surface const &target, pln_style const &style, Tvx_box_d2 const &px)
+{
+    double y = (px.min_y + px.max_y) / 2;
+    line_painter line(target, style.bpln);
+    if (!target.is_vector)
+        y = std::lround(line.thickness()) % 2 == 1 ? std::floor(y) + 0.5 : std::round(y);
+    px_line const ends{{px.min_x, y}, {px.max_x, y}};
+    if (style.pln_visible)
+        line.draw(ends);
+    if (style.pnt_visible)
+        draw_point(target, style.bpnt, {(px.min_x + px.max_x) / 2, y});
+    if (style.beg_visible)
+        draw_point(target, style.bbeg, ends.front());
+    if (style.end_visible)
+        draw_point(target, style.bend, ends.back());
+}
+
+void legend_layout::draw_sample(layout_canvas &canvas, legend_line const &line, Tvx_box_d2 const &box) const
+{
+    QPainter &painter = *vx_qt_painter(canvas.target().painter);
+    if (line.what == legend_line::kind::ramp) {
+        in_millimetres const lengths(canvas);
+        QRectF const rect(box.min_x, box.min_y, box.width(), box.height());
+        QLinearGradient colors(rect.topLeft(), rect.topRight());
+        colors.setColorAt(0, QColor(line.colors[0].r, line.colors[0].g, line.colors[0].b));
+        colors.setColorAt(1, QColor(line.colors[1].r, line.colors[1].g, line.colors[1].b));
+        painter.fillRect(rect, colors);
+        return;
+    }
+    if (!line.prm)
+        return;
+    surface target = canvas.target();
+    Tvx_box_d2 const px = canvas.to_px(box);
+    // Patterns begin alike in all samples.
+    target.origin = {px.min_x, px.min_y};
+    painter.save();
+    painter.setClipRect(QRectF(px.min_x, px.min_y, px.width(), px.height()).adjusted(-1, -1, 1, 1),
+                        Qt::IntersectClip);
+    stl_prm const &prm = *line.prm;
+    if (auto const *pnt = prm.as<pnt_style>(variant_of_style::base)) {
+        if (pnt->pnt_visible)
+            draw_point(target, pnt->bpnt, {(px.min_x + px.max_x) / 2, (px.min_y + px.max_y) / 2});
+    } else if (auto const *pln = prm.as<pln_style>(variant_of_style::base)) {
+        draw_line(target, *pln, px);
+    } else if (auto const *pgn = prm.as<pgn_style>(variant_of_style::base)) {
+        draw_area(target, *pgn, px);
+    } else if (auto const *color = prm.as<Tvx_color>(variant_of_style::base)) {
+        painter.fillRect(QRectF(px.min_x, px.min_y, px.width(), px.height()),
+                         QColor(color->r, color->g, color->b, color->a));
+    }
+    painter.restore();
+}
+
+void legend_layout::draw(layout_canvas &canvas, Tvx_box_d2 const &box) const
+{
+    double y = box.min_y + text_ascent(f_title);
+    for (std::wstring const &line : f_title_lines) {
+        write_line(canvas, {box.min_x, y}, line, f_title);
+        y += line_height(f_title);
+    }
+    constexpr double c_slack_mm = 1e-6;
+    for (std::size_t i = 0; i < f_places.size(); ++i) {
+        if (canvas.is_cancelled())
+            return;
+        place const &p = f_places[i];
+        legend_line const &line = f_lines[p.line];
+        double const x = box.min_x + p.column * (f_column_width + c_column_gap_mm);
+        double const top = box.min_y + f_top + p.y;
+        bool const has_room = p.column < f_legend.columns && p.y + line.height <= f_limit + c_slack_mm;
+        if (!has_room) {
+            // What has no room is not cut in the middle: a sign says that there is more.
+            write_line(canvas, {box.max_x - text_width(c_more, f_look), box.max_y}, c_more, f_look);
+            return;
+        }
+        double const middle = top + line.height / 2;
+        if (line.has_sample()) {
+            double const half = sample_height(line) / 2;
+            draw_sample(canvas, line, {x, middle - half, x + f_legend.sample_width, middle + half});
+        }
+        text_look const &look = look_of_line(line);
+        double const high = line_height(look) * static_cast<double>(line.lines.size());
+        double base = middle - high / 2 + text_ascent(look);
+        for (std::wstring const &text : line.lines) {
+            write_line(canvas, {x + text_left(line), base}, text, look);
+            base += line_height(look);
+        }
+    }
+}
+} // namespace
+
+void draw_layout_legend(layout_canvas &canvas, Ivx_scn_2d const *layout, Ivx_layer *legend)
+{
+    Ivx_layer *const frame = frame_of(canvas, layout, legend);
+    if (!frame)
+        return;
+    Tvx_layout_legend const what = vx_layout_legend_lr2d_get(legend);
+    std::vector<legend_line> lines;
+    if (!collect(lines, what, vx_layout_scene_frame_lr2d_get_scene(frame)))
+        canvas.fail();
+    legend_layout places(what, look_of(vx_layout_lr2d_get_writing(legend)), std::move(lines));
+    Tvx_box_d2 const box = vx_layout_lr2d_get_box(legend);
+    places.lay_out(box.width(), box.height());
+    places.draw(canvas, box);
+}
+
+Tvx_pnt_d2 layout_legend_size(Ivx_scn_2d const *layout, Ivx_layer *legend)
+{
+    Ivx_layer *const frame = vx_layout_find_frame_w(layout, element_file(legend).c_str());
+    Tvx_layout_legend const what = vx_layout_legend_lr2d_get(legend);
+    std::vector<legend_line> lines;
+    collect(lines, what, vx_layout_scene_frame_lr2d_get_scene(frame));
+    legend_layout places(what, look_of(vx_layout_lr2d_get_writing(legend)), std::move(lines));
+    return places.natural_size();
+}
+} // namespace vx::render
