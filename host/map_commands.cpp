@@ -11,6 +11,7 @@
 #include "platform/basic/vx_options.h"
 #include "platform/basic/vx_res.h"
 #include "platform/layers/vx_shp_lr2d.h"
+#include "platform/layers/vx_tos_lr2d.h"
 #include "platform/toolkit/bridge/qt_events.h"
 
 #include <QActionGroup>
@@ -91,6 +92,9 @@ std::vector<Tvx_map_window::command_row> const &Tvx_map_window::command_rows()
     constexpr auto is_vector = [](window const &w) {
         return vx_lr2d_is_shp(w.f_layers.layer_at(w.selected_row()));
     };
+    constexpr auto is_of_properties = [](window const &w) {
+        return vx_lr2d_is_tos(w.f_layers.layer_at(w.selected_row()));
+    };
     constexpr auto has_style = [](window const &w) {
         return vx_layer_has_style_dialog(w.f_layers.layer_at(w.selected_row()));
     };
@@ -134,6 +138,15 @@ std::vector<Tvx_map_window::command_row> const &Tvx_map_window::command_rows()
          0,
          nullptr,
          [](window &w, bool) { w.on_import_properties(); }},
+        {"add_properties",
+         c_cap_menu_file,
+         c_map_add_properties,
+         c_map_hint_add_properties,
+         nullptr,
+         {},
+         0,
+         is_of_properties,
+         [](window &w, bool) { w.on_add_properties(); }},
         {"recent", c_cap_menu_file, c_cap_menu_recent, {}, nullptr, {}, c_opens_menu, nullptr, nullptr},
         {"save_scene",
          c_cap_menu_file,

@@ -481,10 +481,22 @@ void Tvx_map_window::on_import_properties()
         return;
     if (QFileInfo(target).suffix().isEmpty())
         target += ".tos4";
-    import_properties(paths, target);
+    if (import_properties(paths, target, c_import_makes) && open_files({target}) > 0)
+        show_message(vx_map_caption(c_map_status_imported).arg(QDir::toNativeSeparators(target)));
 }
 
-void Tvx_map_window::import_properties(QStringList const &paths, QString const &target)
+void Tvx_map_window::on_add_properties()
+{
+    std::wstring name;
+    vx_lr2d_get_wfilename(f_layers.layer_at(selected_row()), Tvx_std_wstring_adapter(name));
+    QString const target = QString::fromStdWString(name);
+    QStringList const paths = QFileDialog::getOpenFileNames(this, vx_map_caption(c_map_add_sources),
+                                                            f_last_directory, vx_layer_files_import_filter());
+    if (!paths.isEmpty() && import_properties(paths, target, c_import_adds))
+        show_message(vx_map_caption(c_map_status_added).arg(QDir::toNativeSeparators(target)));
+}
+
+bool Tvx_map_window::import_properties(QStringList const &paths, QString const &target, Tvx_import_way way)
 {
     QString const name = QFileInfo(target).fileName();
     auto progress = begin_opening();
@@ -494,20 +506,18 @@ void Tvx_map_window::import_properties(QStringList const &paths, QString const &
     };
     (void)tell(0);
     QString error;
-    auto outcome = vx_property_import(paths, target, tell, error);
+    auto outcome = vx_property_import(paths, target, way, tell, error);
     if (progress->is_cancelled() && outcome == c_import_failed)
         outcome = c_import_given_up;
     progress.reset();
     if (std::exchange(f_closes_after_opening, false) && close())
-        return;
+        return false;
     if (outcome == c_import_failed) {
         auto const reason = vx_reason_split(error.toStdWString());
         say(this, QMessageBox::Warning, QString::fromStdWString(reason.sentence),
             QString::fromStdWString(reason.details));
     }
-    if (outcome != c_import_done || open_files({target}) == 0)
-        return;
-    show_message(vx_map_caption(c_map_status_imported).arg(QDir::toNativeSeparators(target)));
+    return outcome == c_import_done;
 }
 
 void Tvx_map_window::on_save_picture()

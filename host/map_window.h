@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/layer_list.h"
+#include "host/property_import.h"
 #include "host/rotation.h"
 
 #include <QHash>
@@ -124,8 +125,9 @@ private:
 
     void on_open();
     void on_import_properties();
-    /// Makes the property file and opens it.
-    void import_properties(QStringList const &paths, QString const &target);
+    void on_add_properties();
+    /// True when the file is made; the user is told why it is not.
+    bool import_properties(QStringList const &paths, QString const &target, Tvx_import_way way);
     void on_save_picture();
     void on_properties();
     void on_style();

@@ -92,7 +92,7 @@ void print(QString const &text)
 }
 } // namespace
 
-Tvx_import_outcome vx_property_import(QStringList paths, QString const &target,
+Tvx_import_outcome vx_property_import(QStringList paths, QString const &target, Tvx_import_way way,
                                       std::function<bool(int)> const &goes_on, QString &error)
 {
     std::ranges::stable_sort(paths, [](QString const &a, QString const &b) {
@@ -103,8 +103,10 @@ Tvx_import_outcome vx_property_import(QStringList paths, QString const &target,
         sources.push_back(vx_layer_files_source(path));
     percent_teller teller{goes_on};
     vx::data::property_import work;
-    auto const outcome = work.execute(sources, QFileInfo(target).absoluteFilePath().toStdWString(),
-                                      make_closure<&percent_teller::ask>(&teller));
+    auto const name = QFileInfo(target).absoluteFilePath().toStdWString();
+    auto const ask = make_closure<&percent_teller::ask>(&teller);
+    auto const outcome =
+        way == c_import_adds ? work.add(sources, name, ask) : work.execute(sources, name, ask);
     error = QString::fromStdWString(work.error());
     using result = vx::data::property_import::outcome;
     return outcome == result::done       ? c_import_done
@@ -125,7 +127,7 @@ int vx_property_import_run(Tvx_command_line const &line)
     QString error;
     interrupt_scope const interrupts;
     auto const outcome = vx_property_import(
-        paths, target,
+        paths, target, c_import_makes,
         [&](int percent) {
             if (is_watched && percent != shown)
                 print("\r" + vx_map_caption(c_map_importing).arg(name).arg(percent));

@@ -104,8 +104,8 @@ void Tvx_tour_property::show_hills(QString const &folder)
     QString const hills = folder + "/hills.tos4";
     QString error;
     f_stage.check(vx_property_import(
-                      {f_stage.example("olinda_dem_utm25s.tif")}, hills, [](int) { return true; }, error) ==
-                      c_import_done,
+                      {f_stage.example("olinda_dem_utm25s.tif")}, hills, c_import_makes,
+                      [](int) { return true; }, error) == c_import_done,
                   error);
     auto *const page = open<Tvx_tos_grid_lr2d_edit>(hills);
     if (!page)

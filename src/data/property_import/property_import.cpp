@@ -74,6 +74,8 @@ private:
 class property_names
 {
 public:
+    void take(std::wstring const &name) { f_taken.insert(name); }
+    [[nodiscard]] bool has(std::wstring const &name) const { return f_taken.contains(name); }
     [[nodiscard]] std::wstring next(std::wstring const &wanted, std::wstring const &otherwise)
     {
         std::wstring const base = (wanted.empty() ? otherwise : wanted).substr(0, c_longest_name);
@@ -85,6 +87,71 @@ public:
 
 private:
     std::set<std::wstring> f_taken;
+};
+
+/// The file that is made: a new one, or one that begins with the properties of the former file of its name.
+class made_file
+{
+public:
+    made_file(std::wstring name, bool adds, import_work &work)
+        : f_name(std::move(name)), f_adds(adds), f_work(work)
+    {
+    }
+
+    /// What was there before, where that stays.
+    bool open()
+    {
+        if (!f_adds)
+            return true;
+        f_former.reset(vx_tos4_file_open_w(f_name.c_str(), true));
+        for (unsigned i = 0; i < vx_tos4_get_prop_count(f_former.get()); ++i) {
+            std::wstring name;
+            vx_tos4_get_prop_name_w(f_former.get(), i, Tvx_std_wstring_adapter(name));
+            names.take(name);
+        }
+        return f_work.written(f_former != nullptr);
+    }
+    /// The objects of `source`; those of a former file have to be the same.
+    bool begin(Tvx_tos4_grid objects, std::wstring proj4, std::wstring const &source)
+    {
+        if (f_former) {
+            Tvx_tos4_grid place;
+            vx_tos4_get_grid(f_former.get(), &place);
+            if (!is_same(objects, place))
+                return f_work.fail(c_capt_import_other_objects, source);
+            objects = place;
+            proj4.clear();
+            vx_tos4_get_proj4(f_former.get(), Tvx_std_wstring_adapter(proj4));
+        }
+        f_writer.reset(vx_tos4_writer_create_w(f_name.c_str(), &objects, proj4.c_str()));
+        return f_work.written(f_writer &&
+                              (!f_former || vx_tos4_writer_take_props(f_writer.get(), f_former.get())));
+    }
+    bool finish() { return f_work.written(vx_tos4_writer_finish(f_writer.get())); }
+    [[nodiscard]] Ivx_tos4_writer *writer() const { return f_writer.get(); }
+
+    property_names names;
+
+private:
+    /// Up to what is lost when a place is written as text. Slices of rasters lie anywhere.
+    static bool is_same(Tvx_tos4_grid const &a, Tvx_tos4_grid const &b)
+    {
+        constexpr double c_part_of_cell = 1e-3;
+        bool same = a.dimensions == b.dimensions && std::ranges::equal(a.count, b.count);
+        for (int i = 0; same && i < std::min(a.dimensions, 2); ++i) {
+            double const cell = std::fabs(b.spacing[i]);
+            same = std::fabs(a.origin[i] - b.origin[i]) <= c_part_of_cell * cell &&
+                   std::fabs(a.spacing[i] - b.spacing[i]) * static_cast<double>(a.count[i]) <=
+                       c_part_of_cell * cell;
+        }
+        return same && (a.dimensions < 2 || std::fabs(std::remainder(a.azimuth - b.azimuth, 360)) < 1e-6);
+    }
+
+    std::wstring f_name;
+    bool f_adds;
+    import_work &f_work;
+    vx::owned<Ivx_tos4_file, &vx_tos4_file_close> f_former;
+    writer_ptr f_writer;
 };
 
 // ---- rasters
@@ -128,7 +195,7 @@ class slices
 public:
     slices(std::vector<std::wstring> const &sources, import_work &work) : f_sources(sources), f_work(work) {}
 
-    bool import_into(std::wstring const &target)
+    bool import_into(made_file &target)
     {
         f_grid = open_grid(f_sources.front());
         if (!f_grid)
@@ -138,22 +205,19 @@ public:
         Tvx_tos4_grid place;
         if (!find_place(*f_grid, f_sources.size(), place))
             return f_work.fail(c_capt_import_sheared, f_sources.front());
-        writer_ptr const writer(
-            vx_tos4_writer_create_w(target.c_str(), &place, f_grid->projection().c_str()));
-        if (!f_work.written(writer != nullptr))
+        if (!target.begin(place, f_grid->projection(), f_sources.front()))
             return false;
-        property_names names;
         for (field_index_type field = 0; field < f_channels; ++field) {
             if (!go_to(0))
                 return false;
-            auto const name = names.next(f_grid->field_name(field), std::to_wstring(field + 1));
-            if (!f_work.written(vx_tos4_writer_add_prop_w(writer.get(), name.c_str(), nullptr)))
+            auto const name = target.names.next(f_grid->field_name(field), std::to_wstring(field + 1));
+            if (!f_work.written(vx_tos4_writer_add_prop_w(target.writer(), name.c_str(), nullptr)))
                 return false;
             for (std::size_t i = 0; i < f_sources.size(); ++i)
-                if (!go_to(i) || !append(writer.get(), field))
+                if (!go_to(i) || !append(target.writer(), field))
                     return false;
         }
-        return f_work.written(vx_tos4_writer_finish(writer.get()));
+        return target.finish();
     }
 
 private:
@@ -217,10 +281,12 @@ public:
     {
     }
 
-    bool import_into(std::wstring const &target)
+    bool import_into(made_file &target)
     {
         if (!open() || !read_points() || !find_columns())
             return false;
+        // The same points need no second place.
+        f_has_points = f_has_points && !(target.names.has(L"X") && target.names.has(L"Y"));
         std::size_t const properties = f_columns.size() + (f_has_points ? 2 : 0);
         if (properties == 0 || f_count == 0)
             return f_work.fail(c_capt_import_no_numbers, f_source);
@@ -228,10 +294,8 @@ public:
         objects.count[0] = f_count;
         std::wstring proj4;
         vx_attr_data_get_proj4(f_data.get(), Tvx_std_wstring_adapter(proj4));
-        writer_ptr const writer(vx_tos4_writer_create_w(target.c_str(), &objects, proj4.c_str()));
         f_step = 1 / static_cast<double>(properties);
-        return f_work.written(writer != nullptr) && append_all(writer.get()) &&
-               f_work.written(vx_tos4_writer_finish(writer.get()));
+        return target.begin(objects, proj4, f_source) && append_all(target) && target.finish();
     }
 
 private:
@@ -299,15 +363,15 @@ private:
         return has_number;
     }
 
-    bool append_all(Ivx_tos4_writer *writer)
+    bool append_all(made_file &target)
     {
         if (f_has_points)
             for (int axis = 0; axis < 2; ++axis)
-                if (!append(writer, axis == 0 ? L"X" : L"Y",
+                if (!append(target, axis == 0 ? L"X" : L"Y",
                             [&](unsigned record) { return coordinate(record, axis); }))
                     return false;
         for (unsigned const field : f_columns)
-            if (!append(writer, vx_attr_files_get_field_name_w(f_files.get(), field),
+            if (!append(target, vx_attr_files_get_field_name_w(f_files.get(), field),
                         [&](unsigned record) { return cell(field, record); }))
                 return false;
         return true;
@@ -330,9 +394,11 @@ private:
     }
 
     template <class Value>
-    bool append(Ivx_tos4_writer *writer, std::wstring const &name, Value value)
+    bool append(made_file &target, std::wstring const &name, Value value)
     {
-        if (!f_work.written(vx_tos4_writer_add_prop_w(writer, f_names.next(name, L"?").c_str(), nullptr)))
+        Ivx_tos4_writer *const writer = target.writer();
+        if (!f_work.written(
+                vx_tos4_writer_add_prop_w(writer, target.names.next(name, L"?").c_str(), nullptr)))
             return false;
         std::vector<double> piece;
         for (unsigned record = 0; record < f_count; ++record) {
@@ -353,7 +419,6 @@ private:
     vx::owned<Ivx_attr_data, &vx_attr_data_release> f_data;
     vx::owned<Ivx_attr_files, &vx_attr_files_close> f_files;
     vx::owned<Ivx_shape_files, &vx_shape_files_close> f_shapes;
-    property_names f_names;
     unsigned f_count = 0;
     bool f_has_points = false;
     std::vector<unsigned> f_columns;
@@ -361,7 +426,8 @@ private:
     double f_done = 0;
 };
 
-bool import_all(std::vector<std::wstring> const &sources, std::wstring const &target, import_work &work)
+bool import_all(std::vector<std::wstring> const &sources, std::wstring const &target, bool adds,
+                import_work &work)
 {
     if (sources.empty())
         return work.fail(c_capt_no_file_name, {});
@@ -375,19 +441,34 @@ bool import_all(std::vector<std::wstring> const &sources, std::wstring const &ta
     }
     bool const is_raster = first.grid_count() > 0;
     first.close();
+    made_file made(target, adds, work);
+    if (!made.open())
+        return false;
     if (is_raster)
-        return slices(sources, work).import_into(target);
+        return slices(sources, work).import_into(made);
     if (sources.size() > 1)
         return work.fail(c_capt_import_slices, sources.front());
-    return table(sources.front(), work).import_into(target);
+    return table(sources.front(), work).import_into(made);
 }
 } // namespace
 
 property_import::outcome property_import::execute(std::vector<std::wstring> const &sources,
                                                   std::wstring const &target, progress goes_on)
 {
+    return run(sources, target, false, goes_on);
+}
+
+property_import::outcome property_import::add(std::vector<std::wstring> const &sources,
+                                              std::wstring const &target, progress goes_on)
+{
+    return run(sources, target, true, goes_on);
+}
+
+property_import::outcome property_import::run(std::vector<std::wstring> const &sources,
+                                              std::wstring const &target, bool adds, progress goes_on)
+{
     import_work work(goes_on);
-    bool const is_done = import_all(sources, target, work);
+    bool const is_done = import_all(sources, target, adds, work);
     f_error = is_done || work.is_given_up ? std::wstring() : work.reason;
     return is_done ? outcome::done : work.is_given_up ? outcome::given_up : outcome::failed;
 }

@@ -32,10 +32,18 @@ public:
     /// `sources` are connection strings. What was there stays where the outcome is not `done`.
     [[nodiscard]] outcome execute(std::vector<std::wstring> const &sources, std::wstring const &target,
                                   progress goes_on);
+    /// The same into a property file that is there, which keeps what it has: the cells have to lie where
+    /// those of the file do, a table has to have as many records. A name that is taken gets a number; points
+    /// whose file has properties "X" and "Y" add no coordinates.
+    [[nodiscard]] outcome add(std::vector<std::wstring> const &sources, std::wstring const &target,
+                              progress goes_on);
     /// The reason (platform/basic/vx_fault.h) why the last one failed.
     [[nodiscard]] std::wstring const &error() const { return f_error; }
 
 private:
+    outcome run(std::vector<std::wstring> const &sources, std::wstring const &target, bool adds,
+                progress goes_on);
+
     std::wstring f_error;
 };
 } // namespace vx::data

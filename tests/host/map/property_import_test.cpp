@@ -35,7 +35,10 @@ protected:
     /// The file dialogs of the command, answered in turn.
     void import_by_hand(QString const &source, QString const &target)
     {
-        QStringList texts{source, target};
+        run_with("import_properties", {source, target});
+    }
+    void run_with(char const *command, QStringList texts)
+    {
         QTimer timer;
         QObject::connect(&timer, &QTimer::timeout, [&] {
             auto *const asked = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
@@ -46,7 +49,7 @@ protected:
             hand::press(edit, Qt::Key_Return);
         });
         timer.start(5);
-        run("import_properties");
+        run(command);
     }
     [[nodiscard]] std::string top_key() { return vx_lr2d_get_lr_type(layers().layer_at(0)); }
 
@@ -93,6 +96,45 @@ TEST_F(property_import, what_cannot_be_imported_is_told)
     EXPECT_EQ(f_folder.count(), 0);
 }
 
+TEST_F(property_import, further_properties_are_added_to_the_file_of_a_layer)
+{
+    auto const grid = [&](char const *name, char const *origin, char const *values) {
+        return text_file(name, std::string("ncols 2\nnrows 1\ncellsize 1\nyllcorner 0\nxllcorner ") + origin +
+                                   "\n" + values + "\n");
+    };
+    auto const first = grid("first.asc", "0", "1 5");
+    EXPECT_FALSE(window->command("add_properties")->isEnabled());
+    import_by_hand(first, path("a.tos4"));
+    ASSERT_EQ(layers().count(), 1);
+    ASSERT_TRUE(window->command("add_properties")->isEnabled());
+    struct
+    {
+        QString source;
+        char const *names, *told;
+    } const cases[] = {
+        {grid("second.asc", "0", "7 8"), "1|1 2", nullptr},
+        {grid("moved.asc", "1", "7 8"), "1|1 2", "other cells"},
+        {text_file("t.csv", "a,b\n1,2\n3,4\n"), "1|1 2", "other cells"},
+        {first, "1|1 2|1 3", nullptr},
+    };
+    for (auto const &c : cases) {
+        SCOPED_TRACE(c.source.toStdString());
+        message_reader messages;
+        run_with("add_properties", {c.source});
+        EXPECT_EQ(messages.texts.filter(c.told ? c.told : "nothing else").size(), c.told ? 1 : 0);
+        vx::owned<Ivx_tos4_file, &vx_tos4_file_close> const file(
+            vx_tos4_file_open_w(path("a.tos4").toStdWString().c_str(), true));
+        QStringList names;
+        for (unsigned i = 0; i < vx_tos4_get_prop_count(file.get()); ++i)
+            names.append(vx_tos4_get_prop_name(file.get(), i));
+        EXPECT_EQ(names.join('|'), c.names);
+        vx::owned<Ivx_tos4_prop, &vx_tos4_prop_close> const prop(vx_tos4_prop_open(file.get(), 1));
+        double values[2] = {};
+        EXPECT_EQ(vx_tos4_prop_get_values(prop.get(), 0, 2, values), 2U);
+        EXPECT_TRUE(values[0] == 7 && values[1] == 8);
+    }
+}
+
 TEST_F(property_import, from_the_command_line)
 {
     QStringList slices;
@@ -129,7 +171,8 @@ TEST_F(property_import, can_be_given_up)
     QString error;
     int questions = 0;
     EXPECT_EQ(vx_property_import(
-                  {example_file("L7_ETMs.tif")}, path("a.tos4"), [&](int) { return ++questions < 1; }, error),
+                  {example_file("L7_ETMs.tif")}, path("a.tos4"), c_import_makes,
+                  [&](int) { return ++questions < 1; }, error),
               c_import_given_up);
     EXPECT_EQ(questions, 1);
     EXPECT_EQ(f_folder.count(), 0);
