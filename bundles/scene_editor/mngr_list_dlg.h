@@ -3,7 +3,7 @@
 #include "controls/forms/caption_panels.h"
 #include "controls/forms/dlg_form.h"
 #include "controls/forms/lists.h"
-#include "order_buttons.h"
+#include "controls/forms/order_buttons.h"
 
 #include "platform/base/owned.h"
 #include "platform/styles/vx_stl_mngr_list.h"

@@ -2,8 +2,8 @@
 
 #include "controls/forms/caption_panels.h"
 #include "controls/forms/lists.h"
+#include "controls/forms/order_buttons.h"
 #include "controls/forms/panels.h"
-#include "order_buttons.h"
 
 #include <string>
 #include <vector>

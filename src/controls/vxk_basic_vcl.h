@@ -23,6 +23,7 @@
 #include "controls/forms/lists.h"
 #include "controls/forms/menus.h"
 #include "controls/forms/misc.h"
+#include "controls/forms/order_buttons.h"
 #include "controls/forms/pages.h"
 #include "controls/forms/panels.h"
 #include "controls/forms/tool_form.h"

@@ -6,12 +6,14 @@
 #include "platform/base/closure.h"
 
 /// A column of buttons beside a list: add, delete, up, down.
-class Tvx_order_buttons final : public Tvx_panel
+class VX_API Tvx_order_buttons : public Tvx_panel
 {
 public:
     explicit Tvx_order_buttons(TComponent *owner);
 
     void load_res();
+    /// Whether items can be added and deleted; else there are only up and down. They can at first.
+    void set_can_add(bool value);
     /// For a list of `count` items with the one at `current` chosen, -1 for none; `can_delete` says whether
     /// that may go.
     void enable(int current, int count, bool can_delete);

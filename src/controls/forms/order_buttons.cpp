@@ -1,4 +1,4 @@
-#include "order_buttons.h"
+#include "controls/forms/order_buttons.h"
 
 #include "captions/scene.h"
 
@@ -26,6 +26,17 @@ Tvx_button *Tvx_order_buttons::add_button(TNotifyEvent event)
     button->OnClick = event;
     f_bottom += c_button_height + c_gap;
     return button;
+}
+
+void Tvx_order_buttons::set_can_add(bool value)
+{
+    f_add_btn->SetVisible(value);
+    f_delete_btn->SetVisible(value);
+    int top = value ? 2 * (c_button_height + c_gap) : 0;
+    for (auto *const button : {f_up_btn, f_down_btn}) {
+        button->SetTop(top);
+        top += c_button_height + c_gap;
+    }
 }
 
 void Tvx_order_buttons::load_res()
