@@ -122,6 +122,50 @@ TEST(layout_page, what_is_missing_is_told_and_the_rest_is_drawn)
     EXPECT_FALSE(vx_layout_render(s.layout.get(), s.shown, nullptr));
 }
 
+TEST(layout_page, pictures_are_drawn_and_hostile_ones_refused)
+{
+    layout_sheet s;
+    temp_dir folder;
+    std::string const red = "<rect id='r0' width='40' height='20' fill='#ff0000'/>";
+    std::string bomb = "<defs>" + red;
+    for (int i = 1; i < 12; ++i) {
+        bomb += "<g id='r" + std::to_string(i) + "'>";
+        for (int k = 0; k < 10; ++k)
+            bomb += "<use xlink:href='#r" + std::to_string(i - 1) + "'/>";
+        bomb += "</g>";
+    }
+    bomb += "</defs><use xlink:href='#r11'/>";
+    std::string deep;
+    constexpr int c_deep = 100'000;
+    for (int i = 0; i < 2 * c_deep; ++i)
+        deep += i < c_deep ? "<g>" : "</g>";
+    Ivx_layer *const image = s.add(c_lr_key_layout_image, {10, 10, 50, 50});
+    for (auto const &[content, is_drawn] :
+         {std::pair{red, true}, {bomb, false}, {deep, false}, {"<use xlink:href='#r0'/>" + red, true}}) {
+        auto const file = folder / "picture.svg";
+        std::ofstream(file)
+            << "<svg xmlns='http://www.w3.org/2000/svg' xmlns:xlink='http://www.w3.org/1999/xlink' "
+               "viewBox='0 0 40 20'>" +
+                   content + "</svg>";
+        vx_lr2d_set_wfilename(image, file.wstring().c_str());
+        EXPECT_EQ(s.draw(), is_drawn);
+        EXPECT_EQ(s.at(20, 25) == c_red, is_drawn);
+        EXPECT_EQ(s.at(20, 16), c_white) << "the picture keeps its proportions";
+    }
+    vx_layout_image_lr2d_set_keep_ratio(image, false);
+    ASSERT_TRUE(s.draw());
+    EXPECT_EQ(s.at(20, 12), c_red);
+    // A picture that says that it has 60,000 by 60,000 pixels.
+    std::string png = "\x89PNG\r\n\x1a\n";
+    png += std::string("\0\0\0\rIHDR\0\0\xea\x60\0\0\xea\x60\x8\x2\0\0\0"
+                       "\x0f\xb0\xe2\x15",
+                       25);
+    std::ofstream(folder / "large.png")
+        << png << std::string("\0\0\x3\xe8IDAT", 8) << std::string(1000, '\0');
+    vx_lr2d_set_wfilename(image, (folder / "large.png").wstring().c_str());
+    EXPECT_FALSE(s.draw());
+}
+
 TEST(layout_page, a_legend_shows_the_classes_of_the_list_in_its_order)
 {
     layout_sheet s;

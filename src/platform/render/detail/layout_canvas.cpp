@@ -72,7 +72,8 @@ bool layout_canvas::ask()
 
 bool layout_canvas::is_cancelled()
 {
-    return !f_meter.go_on(0) || f_is_cancelled;
+    constexpr double c_line_cost = 1e5; // a line of text, or an element
+    return !f_meter.go_on(c_line_cost) || f_is_cancelled;
 }
 
 closure<bool()> layout_canvas::question()
@@ -116,7 +117,7 @@ void layout_canvas::outline(styles::pgn_style const &style, Tvx_box_d2 const &mm
 
 void layout_canvas::draw_missing(Tvx_box_d2 const &mm, std::wstring const &text, bool is_crossed)
 {
-    constexpr double c_line_mm = 0.2, c_largest_mm = 3.5;
+    constexpr double c_line_mm = 0.2, c_largest_mm = 3.5, c_smallest_mm = 1.5;
     {
         in_millimetres const lengths(*this);
         QPainter &p = *vx_qt_painter(f_target.painter);
@@ -136,6 +137,16 @@ void layout_canvas::draw_missing(Tvx_box_d2 const &mm, std::wstring const &text,
     look.size = std::min(c_largest_mm, height / 2);
     if (!(width > 0 && height > 0))
         return;
+    // Words are not to be broken; but what cannot be read helps nobody.
+    double longest = 0;
+    std::wstring_view rest = text;
+    while (!rest.empty()) {
+        std::size_t const end = std::min(rest.find(L' '), rest.size());
+        longest = std::max(longest, text_width(rest.substr(0, end), look));
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+    }
+    if (longest > width)
+        look.size = std::max(look.size * width / longest * 0.99, std::min(look.size, c_smallest_mm));
     auto lines = wrapped(text, look, width);
     auto const room = static_cast<std::size_t>(std::max(1.0, height / line_height(look)));
     if (lines.size() > room) {

@@ -9,6 +9,8 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QRectF>
 #include <QtCore/QSize>
+#include <QtCore/QString>
+#include <QtCore/QXmlStreamReader>
 #include <QtGui/QImage>
 #include <QtGui/QImageReader>
 #include <QtGui/QPainter>
@@ -17,6 +19,9 @@
 #include <algorithm>
 #include <cmath>
 #include <initializer_list>
+#include <map>
+#include <string>
+#include <vector>
 
 namespace vx::render {
 namespace {
@@ -45,14 +50,77 @@ bool is_svg(std::string const &bytes)
 {
     constexpr std::size_t c_head = 4096;
     std::string const head = bytes.substr(0, c_head);
-    return head.find("<svg") != std::string::npos &&
-           head.find_first_not_of(" \t\r\n\xEF\xBB\xBF") != std::string::npos &&
-           head[head.find_first_not_of(" \t\r\n\xEF\xBB\xBF")] == '<';
+    std::size_t const first = head.find_first_not_of(" \t\r\n\xEF\xBB\xBF");
+    return first != std::string::npos && head[first] == '<' && head.find("<svg") != std::string::npos;
 }
+
+/// What a drawing asks for: its elements, with those that stand for others counted as often as they are
+/// drawn. Few bytes may ask for more than a computer can draw, or for a stack that it has not.
+class svg_work
+{
+public:
+    explicit svg_work(QByteArray const &bytes)
+    {
+        QXmlStreamReader xml(bytes);
+        std::vector<std::size_t> open;
+        while (!xml.atEnd() && f_nodes.size() < c_most) {
+            auto const token = xml.readNext();
+            if (token == QXmlStreamReader::EndElement && !open.empty())
+                open.pop_back();
+            if (token != QXmlStreamReader::StartElement)
+                continue;
+            if (open.size() >= c_deepest)
+                return;
+            std::size_t const index = f_nodes.size();
+            node &element = f_nodes.emplace_back();
+            if (!open.empty())
+                f_nodes[open.back()].parts.push_back(index);
+            open.push_back(index);
+            auto const attributes = xml.attributes();
+            if (auto const id = attributes.value(QLatin1String("id")); !id.isEmpty())
+                f_ids.emplace(id.toString(), index);
+            if (xml.name() == QLatin1String("use"))
+                for (auto const &attribute : attributes)
+                    if (attribute.name() == QLatin1String("href"))
+                        element.uses = attribute.value().mid(1).toString();
+        }
+        f_is_sane = !f_nodes.empty() && f_nodes.size() < c_most && weight(0, 0) < double(c_most);
+    }
+    [[nodiscard]] bool is_sane() const { return f_is_sane; }
+
+private:
+    static constexpr std::size_t c_most = 1'000'000;
+    static constexpr std::size_t c_deepest = 200;
+    struct node
+    {
+        std::vector<std::size_t> parts;
+        QString uses;
+        double weight = -1;
+    };
+    double weight(std::size_t index, std::size_t depth)
+    {
+        node &element = f_nodes[index];
+        if (element.weight >= 0)
+            return element.weight;
+        element.weight = HUGE_VAL; // of what stands in itself
+        if (depth > 2 * c_deepest)
+            return HUGE_VAL;
+        double sum = 1;
+        for (std::size_t const part : element.parts)
+            sum += weight(part, depth + 1);
+        if (auto const used = f_ids.find(element.uses); !element.uses.isEmpty() && used != f_ids.end())
+            sum += weight(used->second, depth + 1);
+        return f_nodes[index].weight = sum;
+    }
+
+    std::vector<node> f_nodes;
+    std::map<QString, std::size_t> f_ids;
+    bool f_is_sane = false;
+};
 
 bool draw_svg(layout_canvas &canvas, Ivx_layer *image, QByteArray const &bytes)
 {
-    if (static_cast<std::size_t>(bytes.size()) > c_most_svg_bytes)
+    if (static_cast<std::size_t>(bytes.size()) > c_most_svg_bytes || !svg_work(bytes).is_sane())
         return false;
     QSvgRenderer renderer(bytes);
     if (!renderer.isValid())

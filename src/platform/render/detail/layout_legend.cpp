@@ -96,24 +96,28 @@ std::wstring band_of(void const *channel)
     return one_line(std::move(name));
 }
 
-/// The channels that something feeds, each from none of its colour to all.
-void add_channels(std::vector<legend_line> &lines, void *channels, bool is_gray)
+/// The three colours that something feeds, each from none of it to all.
+void add_colors(std::vector<legend_line> &lines, void *channels)
 {
     struct part
     {
         void *channel;
         Tvx_color color;
     };
-    std::vector<part> parts;
-    if (is_gray)
-        parts = {{vx_rgb_channels_get_gray(channels), vx_clr_init_grey(255)}};
-    else
-        parts = {{vx_rgb_channels_get_red(channels), vx_clr_init_rgb(255, 0, 0)},
-                 {vx_rgb_channels_get_green(channels), vx_clr_init_rgb(0, 255, 0)},
-                 {vx_rgb_channels_get_blue(channels), vx_clr_init_rgb(0, 0, 255)}};
-    for (part const &p : parts)
+    for (part const &p : {part{vx_rgb_channels_get_red(channels), vx_clr_init_rgb(255, 0, 0)},
+                          part{vx_rgb_channels_get_green(channels), vx_clr_init_rgb(0, 255, 0)},
+                          part{vx_rgb_channels_get_blue(channels), vx_clr_init_rgb(0, 0, 255)}})
         if (std::wstring name = band_of(p.channel); !name.empty())
-            add_ramp(lines, std::move(name), p.color, p.channel);
+            add_ramp(lines, std::move(name) + L":", p.color, p.channel);
+}
+
+/// What is drawn by channels: one line for gray, a line for each colour below a heading.
+void add_channels(std::vector<legend_line> &lines, std::wstring const &caption, void *channels, bool is_gray)
+{
+    if (is_gray)
+        return add_ramp(lines, caption + L"\n", vx_clr_init_grey(255), vx_rgb_channels_get_gray(channels));
+    lines.push_back({legend_line::kind::heading, caption});
+    add_colors(lines, channels);
 }
 
 void add_raster(std::vector<legend_line> &lines, Ivx_layer *layer, std::wstring const &caption)
@@ -121,8 +125,7 @@ void add_raster(std::vector<legend_line> &lines, Ivx_layer *layer, std::wstring 
     int const type = vx_rtr_lr2d_get_draw_type(layer);
     if (type == c_rtr_draw_normal)
         return add_ramp(lines, caption, vx_clr_init_grey(255), nullptr);
-    lines.push_back({legend_line::kind::heading, caption});
-    add_channels(lines, vx_rtr_lr2d_get_rgb_channels_ptr(layer), type == c_rtr_draw_gray);
+    add_channels(lines, caption, vx_rtr_lr2d_get_rgb_channels_ptr(layer), type == c_rtr_draw_gray);
 }
 
 stl_prm const *prm_of(void *prm)
@@ -139,8 +142,7 @@ void add_lines(std::vector<legend_line> &lines, Ivx_layer *layer)
     if (managers == 0) {
         if (vx_tos_grid_lr2d_get_clr_stl_mngr_ptr(layer)) {
             constexpr int c_draw_channels = 1;
-            lines.push_back({legend_line::kind::heading, caption});
-            add_channels(lines, vx_tos_grid_lr2d_get_rgb_channels_ptr(layer),
+            add_channels(lines, caption, vx_tos_grid_lr2d_get_rgb_channels_ptr(layer),
                          vx_tos_grid_lr2d_get_draw_type(layer) != c_draw_channels);
         }
         return;
@@ -254,6 +256,15 @@ public:
         f_heading.font.bold = true;
         f_title.font.bold = true;
         f_title.size *= c_title_size;
+        f_line_height = line_height(f_look);
+    }
+    /// Lines that can be seen in so high a box, and one more.
+    void leave_out(double most)
+    {
+        double const least = std::min(f_legend.sample_height, f_line_height);
+        double const count = f_legend.columns * (std::floor(most / least) + 1) + 1;
+        if (static_cast<double>(f_lines.size()) > count)
+            f_lines.resize(static_cast<std::size_t>(count));
     }
     /// Breaks texts to columns of a width, and puts the lines in them: as low as they can be, and no lower
     /// than `most`.
@@ -283,6 +294,8 @@ public:
     }
     [[nodiscard]] Tvx_pnt_d2 natural_size()
     {
+        constexpr double c_most_mm = 10'000; // no element is higher
+        leave_out(c_most_mm);
         double widest = 0;
         for (legend_line const &line : f_lines)
             for (std::wstring const &part : lines_of_text(whole_text(line)))
@@ -318,7 +331,9 @@ private:
     }
     [[nodiscard]] static std::wstring whole_text(legend_line const &line)
     {
-        return line.detail.empty() ? line.text : line.text + L"  " + line.detail;
+        if (line.detail.empty())
+            return line.text;
+        return line.text.ends_with(L'\n') ? line.text + line.detail : line.text + L" " + line.detail;
     }
     [[nodiscard]] double sample_height(legend_line const &line) const
     {
@@ -331,8 +346,7 @@ private:
     {
         text_look const &look = look_of_line(line);
         line.lines = wrapped(whole_text(line), look, std::max(1.0, f_column_width - text_left(line)));
-        line.height =
-            std::max(sample_height(line), line_height(look) * static_cast<double>(line.lines.size()));
+        line.height = std::max(sample_height(line), f_line_height * static_cast<double>(line.lines.size()));
     }
     /// Fills columns of a height from the left. A heading stays with what it is about.
     int columns_at(double limit, std::vector<place> *places) const
@@ -365,6 +379,7 @@ private:
     text_look f_look;
     text_look f_heading;
     text_look f_title;
+    double f_line_height; ///< of all lines but the title
     std::vector<legend_line> f_lines;
     std::vector<std::wstring> f_title_lines;
     double f_column_width = 0;
@@ -410,7 +425,14 @@ void draw_line(surface const &target, pln_style const &style, Tvx_box_d2 const &
     line_painter line(target, style.bpln);
     if (!target.is_vector)
         y = std::lround(line.thickness()) % 2 == 1 ? std::floor(y) + 0.5 : std::round(y);
-    px_line const ends{{px.min_x, y}, {px.max_x, y}};
+    // What stands at an end has room for it.
+    auto const room = [&](bool is_visible, bpnt_style const &end) {
+        double const half =
+            is_visible ? point_painter(target, end, use_of_painter::few).box(0).width() / 2 : 0;
+        return std::min(half, px.width() / 3);
+    };
+    px_line const ends{{px.min_x + room(style.beg_visible, style.bbeg), y},
+                       {px.max_x - room(style.end_visible, style.bend), y}};
     if (style.pln_visible)
         line.draw(ends);
     if (style.pnt_visible)
@@ -484,11 +506,11 @@ void legend_layout::draw(layout_canvas &canvas, Tvx_box_d2 const &box) const
             draw_sample(canvas, line, {x, middle - half, x + f_legend.sample_width, middle + half});
         }
         text_look const &look = look_of_line(line);
-        double const high = line_height(look) * static_cast<double>(line.lines.size());
+        double const high = f_line_height * static_cast<double>(line.lines.size());
         double base = middle - high / 2 + text_ascent(look);
         for (std::wstring const &text : line.lines) {
             write_line(canvas, {x + text_left(line), base}, text, look);
-            base += line_height(look);
+            base += f_line_height;
         }
     }
 }
@@ -505,6 +527,7 @@ void draw_layout_legend(layout_canvas &canvas, Ivx_scn_2d const *layout, Ivx_lay
         canvas.fail();
     legend_layout places(what, look_of(vx_layout_lr2d_get_writing(legend)), std::move(lines));
     Tvx_box_d2 const box = vx_layout_lr2d_get_box(legend);
+    places.leave_out(box.height());
     places.lay_out(box.width(), box.height());
     places.draw(canvas, box);
 }

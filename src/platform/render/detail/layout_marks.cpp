@@ -137,7 +137,7 @@ void draw_rose(QPainter &p, QColor const &ink, double pen)
 
 void draw_layout_arrow(layout_canvas &canvas, Ivx_layer *arrow)
 {
-    constexpr double c_gap = 0.1;         // between letter and tip, of the letter's height
+    constexpr double c_gap = 0.2;         // between letter and tip, of the letter's height
     constexpr double c_most_letter = 0.3; // of the element's height
     constexpr double c_capital = 0.72;    // height of a capital, of that of the letters
     Tvx_layout_north_arrow const what = vx_layout_north_arrow_lr2d_get(arrow);

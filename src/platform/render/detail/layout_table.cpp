@@ -53,8 +53,8 @@ std::wstring cell_text(wchar_t const *text)
     return cell;
 }
 
-/// Nothing when the data cannot be read.
-std::optional<table_content> content_of(Ivx_layer *table)
+/// What fits in a room, and a column more; nothing when the data cannot be read.
+std::optional<table_content> content_of(Ivx_layer *table, Tvx_pnt_d2 room)
 {
     std::wstring const source = element_file(table);
     if (source.empty())
@@ -81,9 +81,12 @@ std::optional<table_content> content_of(Ivx_layer *table)
         fields.push_back(i);
     if (fields.size() > c_most_columns)
         fields.resize(c_most_columns);
-    unsigned const records =
-        std::min(vx_attr_files_get_no(files.get()), static_cast<unsigned>(std::max(what.rows, 0)));
+    double const most_rows = std::min<double>(std::max(what.rows, 0), room.y / content.row_height);
+    unsigned const records = std::min(vx_attr_files_get_no(files.get()), static_cast<unsigned>(most_rows));
+    double width = 0;
     for (unsigned const field : fields) {
+        if (width > room.x)
+            break;
         table_column &column = content.columns.emplace_back();
         column.is_number = is_numeric(vx_attr_files_get_field_type(files.get(), field));
         column.cells.push_back(cell_text(vx_attr_files_get_field_name_w(files.get(), field)));
@@ -93,6 +96,7 @@ std::optional<table_content> content_of(Ivx_layer *table)
             column.width = std::max(column.width, text_width(column.cells.back(), content.look));
         }
         column.width = std::min(column.width + 2 * content.padding, c_most_column_mm);
+        width += column.width;
     }
     return content;
 }
@@ -101,7 +105,7 @@ std::optional<table_content> content_of(Ivx_layer *table)
 void draw_layout_table(layout_canvas &canvas, Ivx_layer *table)
 {
     Tvx_box_d2 const box = vx_layout_lr2d_get_box(table);
-    auto const content = content_of(table);
+    auto const content = content_of(table, {box.width(), box.height()});
     if (!content) {
         canvas.fail();
         return canvas.draw_missing(box, missing_text(c_draw_no_table, element_file(table)), false);
@@ -158,7 +162,8 @@ void draw_layout_table(layout_canvas &canvas, Ivx_layer *table)
 Tvx_pnt_d2 layout_table_size(Ivx_layer *table)
 {
     Tvx_pnt_d2 size;
-    if (auto const content = content_of(table)) {
+    constexpr double c_endless_mm = 1e6;
+    if (auto const content = content_of(table, {c_endless_mm, c_endless_mm})) {
         for (table_column const &column : content->columns)
             size.x += column.width;
         if (!content->columns.empty())
