@@ -91,6 +91,19 @@ int main(int argc, char** argv)
     check(applied == 0, "nobody applied");
     destroy(form);
     destroy(NULL);
+
+    void* (*layout_create)(void) = (void* (*)(void))find("vx_lr_layout_edt_form_create");
+    void (*layout_destroy)(void*) = (void (*)(void*))find("vx_lr_layout_edt_form_destroy");
+    void* (*any_layer_create)(char const*) = (void* (*)(char const*))find("vx_lr2d_create");
+    form = layout_create();
+    create_all(form);
+    layer = any_layer_create("layout_text");
+    set_lr2d(form, layer);
+    check(get_lr2d(form) != NULL && get_lr2d(form) != layer, "working copy of an element");
+    show_pos(form, 40, 30);
+    check(showing(form), "shown for an element");
+    layer_destroy(layer);
+    layout_destroy(form);
     puts("by_name: ok");
     return 0;
 }
