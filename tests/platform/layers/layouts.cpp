@@ -210,13 +210,17 @@ TEST(layouts, frames_show_their_part_of_the_map)
         expect_box({c.center.x - c.width / 2, c.center.y - c.height / 2, c.center.x + c.width / 2,
                     c.center.y + c.height / 2},
                    world);
-        // To see a part of it, and more than it.
-        Tvx_box_d2 const low = {world.min_x, c.center.y - c.height / 8, world.max_x,
-                                c.center.y + c.height / 8};
-        vx_layout_scene_frame_lr2d_set_scale(frame.get(), 1, 1);
-        vx_layout_scene_frame_lr2d_fit(frame.get(), low);
         bool const two_scales = c.shown[0] == L'm' && !c.izotropic;
-        expect_box(two_scales ? low : world, vx_layout_scene_frame_lr2d_get_world(frame.get()));
+        Tvx_box_d2 low = world, narrow = world;
+        low.min_y = c.center.y - c.height / 8;
+        low.max_y = c.center.y + c.height / 8;
+        narrow.min_x = c.center.x - c.width / 8;
+        narrow.max_x = c.center.x + c.width / 8;
+        for (Tvx_box_d2 const &part : {low, narrow}) {
+            vx_layout_scene_frame_lr2d_set_scale(frame.get(), 1, 1);
+            vx_layout_scene_frame_lr2d_fit(frame.get(), part);
+            expect_box(two_scales ? part : world, vx_layout_scene_frame_lr2d_get_world(frame.get()));
+        }
         vx_layout_scene_frame_lr2d_fit(frame.get(), {});
         vx_layout_scene_frame_lr2d_fit(frame.get(), {0, 0, c_inf, 1});
         vx_layout_scene_frame_lr2d_fit(frame.get(), {-1e308, 0, 1e308, 1e308});
