@@ -10,21 +10,24 @@
 #include <string>
 
 namespace {
-bool is_of_labels(Ivx_layer *layer, unsigned index)
+/// Place of the class among what is written at the objects, which stands behind the others.
+std::optional<unsigned> place_in_labels(Ivx_layer *layer, unsigned index)
 {
-    return vx_layer_has_labels(layer) && index == vx_layer_classes_get_count(layer);
+    unsigned const drawn = vx_layer_classes_get_count(layer);
+    bool const is_written = index >= drawn && index - drawn < vx_layer_labels_count(layer);
+    return is_written ? std::optional(index - drawn) : std::nullopt;
 }
 } // namespace
 
 unsigned vx_layer_classes_count(Ivx_layer *layer)
 {
-    return vx_layer_classes_get_count(layer) + (vx_layer_has_labels(layer) ? 1 : 0);
+    return vx_layer_classes_get_count(layer) + vx_layer_labels_count(layer);
 }
 
 QString vx_layer_class_caption(Ivx_layer *layer, unsigned index)
 {
-    if (is_of_labels(layer, index))
-        return vx_layer_labels_caption(layer);
+    if (auto const place = place_in_labels(layer, index))
+        return vx_layer_labels_caption(layer, *place);
     std::wstring text;
     vx_layer_classes_get_caption_w(layer, index, Tvx_std_wstring_adapter(text));
     return QString::fromStdWString(text);
@@ -32,16 +35,16 @@ QString vx_layer_class_caption(Ivx_layer *layer, unsigned index)
 
 std::optional<bool> vx_layer_class_visible(Ivx_layer *layer, unsigned index)
 {
-    if (is_of_labels(layer, index))
-        return vx_layer_labels_visible(layer);
+    if (auto const place = place_in_labels(layer, index))
+        return vx_layer_labels_visible(layer, *place);
     void *const prm = vx_layer_classes_get_scale_prm_ptr(layer, index);
     return prm ? std::optional(vx_scale_prm_get_visible(prm)) : std::nullopt;
 }
 
 bool vx_layer_class_set_visible(Ivx_layer *layer, unsigned index, bool visible)
 {
-    if (is_of_labels(layer, index)) {
-        vx_layer_labels_set_visible(layer, visible);
+    if (auto const place = place_in_labels(layer, index)) {
+        vx_layer_labels_set_visible(layer, *place, visible);
         return true;
     }
     void *const prm = vx_layer_classes_get_scale_prm_ptr(layer, index);
@@ -51,8 +54,8 @@ bool vx_layer_class_set_visible(Ivx_layer *layer, unsigned index, bool visible)
 
 void vx_layer_class_take_visible(Ivx_layer *layer, Ivx_layer *like, unsigned index)
 {
-    if (is_of_labels(like, index))
-        return vx_layer_labels_set_visible(layer, vx_layer_labels_visible(like));
+    if (auto const place = place_in_labels(like, index))
+        return vx_layer_labels_take_visible(layer, like, *place);
     void *const theirs = vx_layer_classes_get_scale_prm_ptr(like, index);
     void *const prm = vx_layer_classes_find_scale_prm_ptr(layer, like, index);
     if (prm && theirs)
@@ -66,7 +69,7 @@ void *vx_layer_class_style(Ivx_layer *layer, unsigned index)
 
 QIcon vx_layer_class_symbol(Ivx_layer *layer, unsigned index)
 {
-    if (is_of_labels(layer, index))
+    if (place_in_labels(layer, index))
         return vx_layer_labels_symbol();
     return vx_style_symbol(vx_layer_class_style(layer, index));
 }

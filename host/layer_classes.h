@@ -8,10 +8,10 @@
 struct Ivx_layer;
 
 /// The classes that a layer is drawn by: the rows of the scales that its managers (host/layer_style.h) have
-/// in force, manager after manager, and last the labels that are written at its objects, as one class without
-/// a style. A layer with one manager that draws all objects alike has none; among several managers such a one
-/// is a class without a tick. Null and layers without managers have no classes; places outside give neutral
-/// values.
+/// in force, manager after manager, and last the labels and the texts that are written at its objects, each
+/// as one class without a style. A layer with one manager that draws all objects alike has none; among
+/// several managers such a one is a class without a tick. Null and layers without managers have no classes;
+/// places outside give neutral values.
 
 [[nodiscard]] unsigned vx_layer_classes_count(Ivx_layer *layer);
 /// The row's caption, else what it is about: the value, the rule, the bounds.

@@ -13,7 +13,9 @@
 #include "platform/layers/vx_tos_lr2d.h"
 #include "platform/styles/vx_stl_mngr.h"
 #include "platform/styles/vx_stl_mngr_list.h"
+#include "platform/styles/vx_stl_prm.h"
 #include "platform/styles/vx_txt_settings.h"
+#include "platform/styles/vx_txt_style.h"
 
 #include <QApplication>
 #include <QPainter>
@@ -91,6 +93,91 @@ bool has_same_managers(void *a, void *b)
     return same;
 }
 
+/// The names of the properties of text classes.
+QStringList names_of_classes(Ivx_layer *text)
+{
+    QStringList names;
+    for (int i = 0; i < vx_dtld_lr2d_count_text_class(text); ++i)
+        if (QString const name = property_of(text, i); !name.isEmpty() && !names.contains(name))
+            names << name;
+    return names;
+}
+
+/// The lines that the managers write; of a scale that gives each row its own, what it goes by.
+QStringList names_of_managers(void *list)
+{
+    QStringList names;
+    auto const add = [&](std::wstring const &name) {
+        if (!name.empty() && !names.contains(QString::fromStdWString(name)))
+            names << QString::fromStdWString(name);
+    };
+    for (unsigned i = 0; i < vx_stl_mngr_list_get_count(list); ++i) {
+        void *const mngr = vx_stl_mngr_list_get_mngr(list, i);
+        void *const prm = vx_stl_mngr_get_simple_sp_ptr(mngr);
+        void *lines = nullptr;
+        for (auto const style : {&vx_stl_prm_get_txt_pnt_style_ptr, &vx_stl_prm_get_txt_pln_style_ptr,
+                                 &vx_stl_prm_get_txt_pgn_style_ptr})
+            if (void *const found = style(prm, false))
+                lines = vx_txt_style_get_txt_stl_line(found);
+        std::wstring name;
+        for (unsigned line = 0; line < vx_txt_stl_line_count(lines); ++line) {
+            vx_txt_stl_line_get_str(lines, Tvx_std_wstring_adapter(name), line);
+            add(name);
+        }
+        name.clear();
+        if (vx_stl_mngr_get_mode(mngr) == c_stl_mngr_mode_value)
+            vx_stl_mngr_get_val_prop_name_w(mngr, Tvx_std_wstring_adapter(name));
+        else if (vx_stl_mngr_get_mode(mngr) == c_stl_mngr_mode_range)
+            vx_stl_mngr_get_rng_prop_name_w(mngr, Tvx_std_wstring_adapter(name));
+        if (names.isEmpty())
+            add(name);
+    }
+    return names;
+}
+
+/// One line below the layer: labels of text classes, or texts of managers.
+struct written
+{
+    Tvx_map_caption caption;
+    QString names;
+};
+
+/// Whether the user has said what the text classes write.
+bool has_labels(Ivx_layer *layer)
+{
+    Ivx_layer *const text = labels_of(layer);
+    bool const chosen = vx_lr2d_get_visible(text) || vx_dtld_lr2d_count_text_class(text) > 1 ||
+                        (text && !is_new(vx_dtld_lr2d_get_text_class(text)));
+    return chosen && !names_of_classes(text).isEmpty();
+}
+
+std::vector<written> written_at(Ivx_layer *layer)
+{
+    std::vector<written> all;
+    QString const comma = QStringLiteral(", ");
+    if (has_labels(layer))
+        all.push_back({c_map_labels_of, names_of_classes(labels_of(layer)).join(comma)});
+    if (QStringList const names = names_of_managers(vx_txt_settings_get_stl_mngr_list(texts_of(layer)));
+        !names.isEmpty())
+        all.push_back({c_map_texts_of, names.join(comma)});
+    return all;
+}
+
+bool is_visible(Ivx_layer *layer, Tvx_map_caption what)
+{
+    return what == c_map_labels_of
+               ? vx_lr2d_get_visible(labels_of(layer))
+               : vx_stl_mngr_list_get_visible(vx_txt_settings_get_stl_mngr_list(texts_of(layer)));
+}
+
+void set_visible(Ivx_layer *layer, Tvx_map_caption what, bool visible)
+{
+    if (what == c_map_labels_of)
+        vx_lr2d_set_visible(labels_of(layer), visible);
+    else
+        vx_stl_mngr_list_set_visible(vx_txt_settings_get_stl_mngr_list(texts_of(layer)), visible);
+}
+
 /// The editor of text classes in a window of its own.
 class labels_form final : public Tvx_dlg_form
 {
@@ -123,33 +210,33 @@ bool vx_layer_can_label(Ivx_layer *layer)
     return labels_of(layer) != nullptr;
 }
 
-bool vx_layer_has_labels(Ivx_layer *layer)
+unsigned vx_layer_labels_count(Ivx_layer *layer)
 {
-    Ivx_layer *const text = labels_of(layer);
-    bool const chosen = vx_lr2d_get_visible(text) || vx_dtld_lr2d_count_text_class(text) > 1 ||
-                        (text && !is_new(vx_dtld_lr2d_get_text_class(text)));
-    return chosen && !vx_layer_labels_caption(layer).isEmpty();
+    return static_cast<unsigned>(written_at(layer).size());
 }
 
-QString vx_layer_labels_caption(Ivx_layer *layer)
+QString vx_layer_labels_caption(Ivx_layer *layer, unsigned index)
 {
-    Ivx_layer *const text = labels_of(layer);
-    QStringList names;
-    for (int i = 0; i < vx_dtld_lr2d_count_text_class(text); ++i)
-        if (QString const name = property_of(text, i); !name.isEmpty() && !names.contains(name))
-            names << name;
-    return names.isEmpty() ? QString()
-                           : vx_map_caption(c_map_labels_of).arg(names.join(QStringLiteral(", ")));
+    auto const all = written_at(layer);
+    return index < all.size() ? vx_map_caption(all[index].caption).arg(all[index].names) : QString();
 }
 
-bool vx_layer_labels_visible(Ivx_layer *layer)
+bool vx_layer_labels_visible(Ivx_layer *layer, unsigned index)
 {
-    return vx_lr2d_get_visible(labels_of(layer));
+    auto const all = written_at(layer);
+    return index < all.size() && is_visible(layer, all[index].caption);
 }
 
-void vx_layer_labels_set_visible(Ivx_layer *layer, bool visible)
+void vx_layer_labels_set_visible(Ivx_layer *layer, unsigned index, bool visible)
 {
-    vx_lr2d_set_visible(labels_of(layer), visible);
+    if (auto const all = written_at(layer); index < all.size())
+        set_visible(layer, all[index].caption, visible);
+}
+
+void vx_layer_labels_take_visible(Ivx_layer *layer, Ivx_layer *like, unsigned index)
+{
+    if (auto const all = written_at(like); index < all.size())
+        set_visible(layer, all[index].caption, is_visible(like, all[index].caption));
 }
 
 QIcon vx_layer_labels_symbol()
@@ -181,7 +268,7 @@ void vx_layer_copy_labels(Ivx_layer *layer, Ivx_layer *like)
     if (!vx_layer_can_label(like))
         return;
     vx_dtld_lr2d_assign_text_classes(labels_of(layer), labels_of(like));
-    vx_layer_labels_set_visible(layer, vx_layer_labels_visible(like));
+    set_visible(layer, c_map_labels_of, is_visible(like, c_map_labels_of));
 }
 
 bool vx_layer_labels_dialog(Ivx_layer *layer, int x, int y)
@@ -189,7 +276,7 @@ bool vx_layer_labels_dialog(Ivx_layer *layer, int x, int y)
     Ivx_layer *const text = labels_of(layer);
     if (!text)
         return false;
-    if (!vx_layer_has_labels(layer)) {
+    if (!has_labels(layer)) {
         vx_lr2d_set_visible(text, true);
         vx_textlr_info_set_outline(vx_dtld_lr2d_get_text_class(text), true, c_rim_color, c_rim_mm);
     }

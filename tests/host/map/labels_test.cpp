@@ -7,6 +7,11 @@
 #include "tests/bundles/scene_editor/dialog_reader.h"
 #include "user_input/user_input.h"
 
+#include "platform/layers/vx_shp_lr2d.h"
+#include "platform/styles/vx_stl_mngr.h"
+#include "platform/styles/vx_stl_mngr_list.h"
+#include "platform/styles/vx_txt_settings.h"
+
 namespace input = vx::user_input;
 using namespace vx_test;
 
@@ -27,12 +32,12 @@ protected:
         });
     }
     /// The line below the layer that tells what is written; an invalid index without one.
-    QModelIndex row_of_labels()
+    QModelIndex row_of_labels(char const *kind = "Labels: ")
     {
         QAbstractItemModel const *const model = list()->model();
         QModelIndex const layer = model->index(0, 0);
         for (int i = 0; i < model->rowCount(layer); ++i)
-            if (model->index(i, 0, layer).data().toString().startsWith("Labels: "))
+            if (model->index(i, 0, layer).data().toString().startsWith(kind))
                 return model->index(i, 0, layer);
         return {};
     }
@@ -73,4 +78,27 @@ TEST_F(map_labels, are_said_shown_ticked_and_kept)
     QString const map = QString::fromStdString((folder.path() / "names.sn").string());
     ASSERT_TRUE(vx_map_scene_save(map, layers(), canvas().view()));
     expect_shown_elsewhere(map, named, QString::fromStdString(folder.path().string()));
+}
+
+TEST_F(map_labels, of_text_managers_have_a_line_with_a_tick_too)
+{
+    ASSERT_EQ(open({"large_cities.shp"}), 1);
+    QImage const bare = picture();
+    void *const list_of_texts =
+        vx_txt_settings_get_stl_mngr_list(vx_shp_lr2d_get_txt_settings(layers().layer_at(0)));
+    vx_txt_stl_mngr_init(vx_stl_mngr_list_get_active_mngr(list_of_texts), L"name");
+    EXPECT_EQ(row_of_labels().isValid(), false);
+    ASSERT_TRUE(
+        layers().replace(layers().id_at(0), Tvx_layer_list::layer_ptr(vx_lr2d_clone(layers().layer_at(0)))));
+    ASSERT_EQ(row_of_labels("Texts: ").data().toString(), "Texts: name");
+    name_by(L"country", true);
+    run("labels");
+    ASSERT_TRUE(row_of_labels().isValid());
+    QImage const named = picture();
+    for (bool const on : {true, false}) {
+        QRect const line = list()->visualRect(row_of_labels("Texts: "));
+        hand::click(list()->viewport(), {line.left() + 8, line.center().y()});
+        EXPECT_EQ(picture() == named, !on);
+    }
+    EXPECT_NE(named, bare);
 }
