@@ -27,14 +27,6 @@ template <class F>
 {
     return text_from([&](Ivx_string_adp *adp) { vx_val_scale_get_text_w(scale, i, adp); });
 }
-[[nodiscard]] inline std::wstring val_caption(void const *scale, unsigned i)
-{
-    return text_from([&](Ivx_string_adp *adp) { vx_val_scale_get_caption_w(scale, i, adp); });
-}
-[[nodiscard]] inline std::wstring rng_caption(void const *scale, unsigned i)
-{
-    return text_from([&](Ivx_string_adp *adp) { vx_rng_scale_get_caption_w(scale, i, adp); });
-}
 [[nodiscard]] inline void *val_prm(void *scale, unsigned i)
 {
     return vx_scale_prm_get_stl_prm_ptr(vx_val_scale_get_scale_prm_ptr(scale, i));

@@ -97,35 +97,6 @@ TEST_F(rng_exec, rebuilding_keeps_the_rows_that_stay)
     EXPECT_TRUE(vx_scale_prm_get_visible(vx_rng_scale_get_scale_prm_ptr(scale(), 2)));
 }
 
-TEST_F(rng_exec, standard_deviation)
-{
-    struct
-    {
-        int count;
-        double coeff;
-        std::string bounds;
-    } const cases[] = {{4, 1, "1 -2: <3 3..4 4..5 5..6 6..7 >7"},
-                       {2, 0.5, "1 -2: <4 4..5 5..6 >6"},
-                       {1, 3, "1 -2: <-1 -1..11 >11"},
-                       {0, 3, "1 -2: <5 >5"}};
-    auto *const record = params.get_std_dev_params_ptr();
-    record->set_mean(5);
-    record->set_std_dev(2);
-    for (auto const &c : cases) {
-        record->set_n_diap(c.count);
-        record->set_dev_coeff(c.coeff);
-        EXPECT_EQ(run(c_rng_builder_std_dev), 0);
-        EXPECT_EQ(bounds(), c.bounds);
-        EXPECT_EQ(vx_rng_scale_get_deviation_coeff(scale()), c.coeff);
-    }
-    fill(c_rng_type_log);
-    record->set_n_diap(-3);
-    record->set_dev_coeff(2);
-    EXPECT_EQ(run(c_rng_builder_std_dev), 0);
-    EXPECT_EQ(bounds(), "1 -2: <0 0..4 4..8 >8");
-    EXPECT_EQ(vx_rng_scale_get_deviation_coeff(scale()), 2);
-}
-
 TEST_F(rng_exec, logarithmic_colours_run_over_zero)
 {
     set_style("clr_style");

@@ -101,20 +101,6 @@ TEST(equal_ranges, divide_the_span)
         EXPECT_EQ(found[i], std::pair(i * (1.0 / 1000), (i + 1) * (1.0 / 1000)));
 }
 
-TEST(equal_ranges, keep_styles_and_refuse_what_no_scale_can_hold)
-{
-    scales s;
-    vx_rng_scale_set_size(s.rng, 3);
-    number_by_color(range_prms(s.rng));
-    range_scale_classify_equal_ranges(3, 0, 1, -2).execute(s.rng);
-    EXPECT_EQ((std::vector{0, 1, 2, 3, 4, 5}), numbers_by_color(range_prms(s.rng)));
-
-    range_scale_classify_equal_ranges(std::numeric_limits<unsigned>::max(), 0, 1, c_no_rounding)
-        .execute(s.rng);
-    EXPECT_EQ(100'000U, vx_rng_scale_get_size(s.rng));
-    EXPECT_EQ(1, vx_rng_scale_get_max_value(s.rng));
-}
-
 TEST(stdev, lies_round_the_mean)
 {
     scales s;

@@ -1,4 +1,5 @@
 #include "scale_engine/range/range_scale_assign_style.h"
+#include "scale_engine/range/range_scale_make_colors.h"
 #include "scale_engine/range/range_scale_round_digits.h"
 #include "scale_engine/range/range_scale_update_caption.h"
 #include "scale_engine/scale_fixture.h"
@@ -48,6 +49,45 @@ TEST(captions, of_ranges)
     vx_rng_scale_set_min(s.rng, 0, 0.1);
     range_scale_update_caption::interval(s.rng);
     EXPECT_EQ(L"0.1 - 2.5", captions_of(s.rng)[1]);
+}
+
+TEST(colors, run_along_the_palette_from_min_to_max_entry)
+{
+    scales s;
+    vx_rng_scale_set_size(s.rng, 3);
+    auto const prms = range_prms(s.rng);
+    auto const other = color_of(prms.back());
+    Tvx_color wanted[5];
+    vx_clr_arrays_generate(c_palette_rainbow, 5, wanted);
+    range_scale_make_colors::execute(s.rng, c_palette_rainbow, false);
+    for (int i = 0; i < 5; ++i)
+        EXPECT_EQ(wanted[i], color_of(prms[static_cast<std::size_t>(i)])) << i;
+    EXPECT_EQ(other, color_of(prms.back()));
+
+    // Marked rows alone, of the selection styles.
+    number_by_color(prms, true);
+    range_scale_make_colors::execute(s.rng, c_palette_rainbow, true, true, false);
+    EXPECT_EQ((std::vector{0, 1, 2, 3, 4, 5}), numbers_by_color(prms, true)) << "nothing is marked";
+    vx_rng_scale_set_min_marked(s.rng, true);
+    vx_rng_scale_set_marked(s.rng, 1, true);
+    vx_clr_arrays_generate(c_palette_red, 2, wanted);
+    range_scale_make_colors::execute(s.rng, c_palette_red, true, true, false);
+    EXPECT_EQ(wanted[0], color_of(prms[0], true));
+    EXPECT_EQ(wanted[1], color_of(prms[2], true));
+    EXPECT_EQ(1, color_of(prms[1], true).r);
+
+    // A palette object goes first.
+    vx::owned<void, &vx_clr_palette_destroy> const palette(vx_clr_palette_create());
+    vx_clr_palette_set_size(palette.get(), 1);
+    vx_clr_palette_set_color(palette.get(), 0, vx_clr_init_rgb(1, 2, 3));
+    range_scale_make_colors::execute(s.rng, palette.get(), false, false, true);
+    for (std::size_t i = 0; i < 5; ++i)
+        EXPECT_EQ(vx_clr_init_rgb(1, 2, 3), color_of(prms[i])) << i;
+    // An empty palette leaves the present colours.
+    vx_clr_palette_set_size(palette.get(), 0);
+    number_by_color(prms);
+    range_scale_make_colors::execute(s.rng, c_palette_red, palette.get(), false, false, false);
+    EXPECT_EQ((std::vector{0, 1, 2, 3, 4, 5}), numbers_by_color(prms));
 }
 
 TEST(one_style, for_all_rows)

@@ -1,6 +1,5 @@
 #include "scale_engine/range/range_scale_classify_equal_ranges.h"
 #include "scale_engine/real_files.h"
-#include "scale_engine/rule/rule_scale_append_rule.h"
 #include "scale_engine/rule/rule_scale_build_ranges.h"
 #include "scale_engine/rule/rule_scale_build_values.h"
 #include "scale_engine/scale_fixture.h"
@@ -16,68 +15,7 @@ namespace {
 using namespace scale_fixture;
 using namespace vx::task;
 using vx::data::connection;
-using owned_filter = vx::owned<void, &vx_calc_filter_destroy>;
 using owned_data = vx::owned<Ivx_attr_data, &vx_attr_data_release>;
-
-std::vector<std::wstring> filter_texts(std::vector<std::wstring> const &texts)
-{
-    std::vector<std::wstring> out;
-    owned_filter const filter(vx_calc_filter_create());
-    for (auto const &text : texts) {
-        EXPECT_TRUE(vx_calc_filter_from_str(filter.get(), text.c_str()));
-        out.push_back(scale_text(&vx_calc_filter_pretty_print, filter.get()));
-    }
-    return out;
-}
-
-TEST(rules, from_ranges)
-{
-    scales s;
-    EXPECT_FALSE(rule_scale_build_ranges::build(s.mngr.get())) << "no field";
-    vx_stl_mngr_set_rng_prop_name_w(s.mngr.get(), L"X");
-    vx_rng_scale_set_other_caption_w(s.rng, L"rest");
-    range_scale_classify_equal_ranges(2, 0, 1, -1).execute(s.rng);
-    number_by_color(range_prms(s.rng));
-    ASSERT_TRUE(rule_scale_build_ranges::build(s.mngr.get()));
-    EXPECT_EQ((text_list{L"X <= 0.0", L"X > 0.0 & X <= 0.5", L"X > 0.5 & X <= 1.0", L"X > 1.0"}),
-              filter_texts(texts_of(s.rule)));
-    EXPECT_EQ(captions_of(s.rng), value_captions_of(s.rule));
-    EXPECT_EQ(L"rest", scale_text(&vx_val_scale_get_other_caption_w, s.rule));
-    EXPECT_EQ((std::vector{0, 1, 2, 3, 4}), numbers_by_color(value_prms(s.rule)));
-    // Bounds are written as the digits show them.
-    vx_rng_scale_set_size(s.rng, 0);
-    vx_rng_scale_set_max_value(s.rng, 1.5);
-    vx_rng_scale_set_round_digits(s.rng, 0);
-    ASSERT_TRUE(rule_scale_build_ranges::build(s.mngr.get()));
-    EXPECT_EQ((text_list{L"X <= 0", L"X > 2"}), filter_texts(texts_of(s.rule)));
-}
-
-TEST(rules, are_appended_and_edited)
-{
-    scales s;
-    owned_filter const filter(vx_calc_filter_create());
-    vx_calc_filter_add(filter.get(), 1, L"A", c_calc_filter_rel_less, L"5", c_calc_filter_logic_empty, 1);
-    EXPECT_EQ(0, rule_scale_append_rule::execute(filter.get(), s.rule));
-    EXPECT_EQ(1, rule_scale_append_rule::execute(filter.get(), s.rule));
-    EXPECT_EQ((text_list{L"A < 5", L"A < 5"}), value_captions_of(s.rule));
-    vx_val_scale_set_caption_w(s.rule, 1, L"last");
-    vx_val_scale_set_active_idx(s.rule, 0);
-    EXPECT_EQ(1, rule_scale_append_rule::execute(filter.get(), s.rule));
-    EXPECT_EQ((text_list{L"A < 5", L"A < 5", L"last"}), value_captions_of(s.rule));
-    vx_val_scale_set_active_idx(s.rule, 2);
-    EXPECT_EQ(3, rule_scale_append_rule::execute(filter.get(), s.rule));
-
-    vx_calc_filter_clear(filter.get());
-    vx_val_scale_set_text_w(s.rule, 0, L"");
-    rule_scale_edit_rule::init(filter.get(), s.rule, 0);
-    EXPECT_EQ(0U, vx_calc_filter_get_size(filter.get()));
-    rule_scale_edit_rule::init(filter.get(), s.rule, 1);
-    EXPECT_EQ(1U, vx_calc_filter_get_size(filter.get()));
-    vx_val_scale_set_text_w(s.rule, 2, L"");
-    rule_scale_edit_rule::execute(filter.get(), s.rule, 2);
-    EXPECT_EQ(texts_of(s.rule)[1], texts_of(s.rule)[2]);
-    EXPECT_EQ(L"last", value_captions_of(s.rule)[2]);
-}
 
 /// The row of the scale in force that draws each object; the other entry is the last row.
 std::vector<unsigned> rows_of(void *mngr, Ivx_attr_data *data, unsigned mode)

@@ -2,7 +2,6 @@
 #include "scale_engine/scale_fixture.h"
 #include "scale_engine/value/detail/kept_texts.h"
 #include "scale_engine/value/value_scale_append_fresh.h"
-#include "scale_engine/value/value_scale_append_value.h"
 #include "scale_engine/value/value_scale_build_cache.h"
 #include "scale_engine/value/value_scale_build_text_cache.h"
 #include "scale_engine/value/value_scale_default.h"
@@ -97,14 +96,6 @@ TEST(value_caches, different_texts_of_a_table)
     text_map no_map{{L"old", L""}};
     EXPECT_FALSE(value_scale_build_cache(L"no such", L"key", 9).execute(entity, no_map));
     EXPECT_TRUE(no_map.empty());
-}
-
-TEST(value_caches, a_table_without_rows_has_no_values)
-{
-    table const t(rows_list{});
-    text_set none{L"old"};
-    EXPECT_TRUE(value_scale_build_text_cache(L"key", 9).execute(t.entity(), none));
-    EXPECT_TRUE(none.empty());
 }
 
 TEST(value_caches, different_numbers_of_a_table)
@@ -227,48 +218,4 @@ TEST(value_default, is_made_saved_and_found_again)
     EXPECT_EQ(before, dir.count());
 }
 
-TEST(value_entries, come_and_go_with_a_cache)
-{
-    scales s;
-    fill_values(s.val, {{L" a ", L"A"}, {L"b", L"B"}, {L"a", L"again"}});
-    std::unordered_map<std::wstring, std::wstring> cache{{L"a", L"x"}, {L"c", L"x"}};
-    for (int i = 0; i < 2; ++i) {
-        value_scale_append_fresh::execute(s.val, cache);
-        EXPECT_EQ((text_list{L" a ", L"b", L"a", L"c"}), texts_of(s.val));
-        EXPECT_EQ((text_list{L"A", L"B", L"again", L"c"}), value_captions_of(s.val));
-    }
-    value_scale_remove_absent::execute(s.val, cache);
-    EXPECT_EQ((text_list{L" a ", L"a", L"c"}), texts_of(s.val));
-    cache.clear();
-    value_scale_remove_absent::execute(s.val, cache);
-    EXPECT_EQ(0U, vx_val_scale_get_size(s.val));
-
-    EXPECT_EQ(0U, value_scale_append_value::execute(s.val));
-    EXPECT_EQ(1U, value_scale_append_value::execute(s.val));
-    vx_val_scale_set_text_w(s.val, 1, L"last");
-    vx_val_scale_set_active_idx(s.val, 0);
-    EXPECT_EQ(1U, value_scale_append_value::execute(s.val));
-    EXPECT_EQ((text_list{L"", L"", L"last"}), texts_of(s.val));
-    vx_val_scale_set_active_idx(s.val, 2);
-    EXPECT_EQ(3U, value_scale_append_value::execute(s.val));
-}
-
-TEST(value_captions, from_texts_and_tables)
-{
-    scales s;
-    fill_values(s.val, {{L" b ", L"B"}, {L"z", L"Z"}});
-    table const t(rows_list{{L"a", L"1"}, {L"b", L"2"}});
-    value_scale_modify_caption(L"key", L"caption").execute(s.val, t.entity());
-    EXPECT_EQ((text_list{L"2", L"Z"}), value_captions_of(s.val));
-    value_scale_modify_caption(L"no such", L"caption").execute(s.val, t.entity());
-    value_scale_modify_caption().execute(s.val, t.entity());
-    EXPECT_EQ((text_list{L"2", L"Z"}), value_captions_of(s.val));
-    value_scale_modify_caption(L"key", L"no such").execute(s.val, t.entity());
-    EXPECT_EQ((text_list{L"b", L"Z"}), value_captions_of(s.val));
-    text_map ready{{L"z", L"ready"}};
-    value_scale_modify_caption().execute(s.val, ready);
-    EXPECT_EQ((text_list{L"b", L"ready"}), value_captions_of(s.val));
-    value_scale_update_caption::text(s.val);
-    EXPECT_EQ((text_list{L" b ", L"z"}), value_captions_of(s.val));
-}
 } // namespace
