@@ -48,36 +48,6 @@ protected:
     temp_dir f_dir;
 };
 
-TEST_F(gdal_grid, lies_in_its_place)
-{
-    source const s(put("a.asc", c_ascii_grid));
-    vx::grid_source const grid = grid_of(s);
-    ASSERT_TRUE(grid);
-    int counts[3] = {};
-    ASSERT_TRUE(grid.with_dimensions(counts));
-    EXPECT_EQ(counts[0], 5);
-    EXPECT_EQ(counts[1], 4);
-    EXPECT_EQ(counts[2], 1);
-    Tvx_box_d2 box;
-    ASSERT_TRUE(s.data.with_extent(&box, false));
-    EXPECT_EQ(box, (Tvx_box_d2{100, 200, 150, 240}));
-    double xyz[3] = {};
-    ASSERT_TRUE(grid.with_origin(xyz));
-    EXPECT_EQ(xyz[0], 105);
-    EXPECT_EQ(xyz[1], 235);
-    ASSERT_TRUE(grid.with_spacing(xyz));
-    EXPECT_EQ(xyz[0], 10);
-    EXPECT_EQ(xyz[1], -10);
-    Tvx_matrix3x3 matrix;
-    ASSERT_TRUE(grid.with_geotransform(&matrix));
-    // The corner of cell (2, 1).
-    EXPECT_EQ(matrix.m[0][0] * 2 + matrix.m[0][1] * 1 + matrix.m[0][2], 120);
-    EXPECT_EQ(matrix.m[1][0] * 2 + matrix.m[1][1] * 1 + matrix.m[1][2], 230);
-    EXPECT_FALSE(grid.set_origin(xyz)) << "opened for reading";
-    EXPECT_EQ(s.data.field_type(0), 3);
-    EXPECT_EQ(grid.field_kind(0), 0);
-}
-
 TEST_F(gdal_grid, reads_cells_in_lines_and_windows)
 {
     block_keeper k;

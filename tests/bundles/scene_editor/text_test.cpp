@@ -227,25 +227,6 @@ TEST_F(text_dialogs, the_sample_keeps_the_empty_lines)
     EXPECT_GE(first_row({L"", L""}), 0) << "blank lines show the sample's own text";
 }
 
-TEST_F(text_dialogs, say_what_they_edit)
-{
-    struct
-    {
-        bool (*dialog)(int, int, void *, void *);
-        wchar_t const *title;
-    } const cases[] = {{&vx_txt_pnt_style_dialog, L"Text style of points"},
-                       {&vx_txt_pln_style_dialog, L"Text style of lines"},
-                       {&vx_txt_pgn_style_dialog, L"Text style of polygons"}};
-    for (auto const &c : cases) {
-        input::on_next_modal([&](input::modal_window const &window) {
-            EXPECT_EQ(window.title(), c.title);
-            window.reject();
-        });
-        EXPECT_FALSE(c.dialog(300, 300, style.get(), nullptr)) << "no list of properties is none";
-        EXPECT_FALSE(c.dialog(0, 0, nullptr, nullptr));
-    }
-}
-
 // ---- what the texts of a manager have in common
 
 TEST_F(text_dialogs, what_is_ticked_is_set_in_all_texts)

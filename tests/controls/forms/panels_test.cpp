@@ -1,9 +1,6 @@
 #include "controls/forms/caption_panels.h"
 #include "controls/forms/grids.h"
 #include "controls/forms/keys.h"
-#include "controls/forms/menus.h"
-#include "controls/forms/misc.h"
-#include "controls/forms/pages.h"
 #include "controls/forms/vcl_bottom_buttons.h"
 #include "controls/forms/vcl_progress_panel.h"
 #include "controls/forms/vcl_select_box.h"
@@ -54,32 +51,6 @@ protected:
     void DrawCell(int, int, TRect const &, TGridDrawState) override {}
 };
 } // namespace
-
-TEST_F(panels, every_thin_class_stands_on_a_form)
-{
-    auto const stand = [&]<class... T>() { (static_cast<void>(add<T>()), ...); };
-    stand.
-    operator()<Tvx_panel, Tvx_vcl_panel, Tvx_children_enabled_panel, Tvx_basic_pnl, Tvx_line_separator>();
-    stand.operator()<sized_grid, Tvx_string_grid, Tvx_vcl_string_grid, Tvx_draw_grid, Tvx_color_grid>();
-    stand.operator()<Tvx_combo_box, Tvx_vcl_combo_box, Tvx_edit, Tvx_vcl_edit, Tvx_label, Tvx_vcl_label>();
-    stand.operator()<Tvx_bitbtn, Tvx_vcl_bit_button, Tvx_button, Tvx_vcl_button, Tvx_speed_btn,
-                     Tvx_vcl_speed_button, Tvx_tool_btn, Tvx_check_box, Tvx_vcl_check_box, Tvx_radio_button,
-                     Tvx_radio_group, Tvx_vcl_radio_group, Tvx_group_box, Tvx_vcl_group_box>();
-    stand.operator()<Tvx_list_box, Tvx_vcl_list_box, Tvx_check_list_box, Tvx_vcl_check_list_box,
-                     Tvx_list_view, Tvx_tree_view, Tvx_page_control, Tvx_vcl_page_control>();
-    stand.operator()<Tvx_status_bar, Tvx_splitter, Tvx_bevel, Tvx_shape, Tvx_image, Tvx_memo, Tvx_rich_edit,
-                     Tvx_track_bar, Tvx_vcl_track_bar, Tvx_progress_bar, Tvx_gauge, Tvx_vcl_gauge, Tvx_updown,
-                     Tvx_up_down, Tvx_spin_edit, Tvx_grid_panel, Tvx_category_panel_group, Tvx_custom_ctrl,
-                     Tvx_win_ctrl>();
-    auto *actions = new Tvx_action_list(&form);
-    EXPECT_EQ((new Tvx_action(actions))->GetOwner(), actions);
-    new Tvx_main_menu(&form);
-    auto *popup = new Tvx_popup_menu(&form);
-    new Tvx_menu_item(popup);
-    new Tvx_image_list(&form);
-    input::wait_idle();
-    EXPECT_TRUE(form.GetShowing());
-}
 
 TEST_F(panels, enables_everything_windowed_below)
 {
@@ -147,73 +118,6 @@ TEST_F(panels, bottom_buttons_close_up)
     EXPECT_FALSE(buttons->get_apply_enabled());
     buttons->set_apply_focused(true);
     EXPECT_FALSE(buttons->get_apply_focused());
-}
-
-TEST_F(panels, select_box_goes_by_id)
-{
-    auto *box = add<Tvx_vcl_select_box_panel>();
-    box->create();
-    box->set_on_change(recorder());
-    EXPECT_EQ(box->get_active_idx(), 0u);
-    EXPECT_EQ(box->get_active_caption(), L"");
-    box->add_item(L"nine", 9);
-    EXPECT_EQ(box->get_active_idx(), 9u);
-    box->add_item(L"four", 4);
-    box->add_item(L"huge", 0xFFFFFFFFu);
-    EXPECT_EQ(box->get_active_idx(), 9u) << "only the first item selects itself";
-
-    unsigned id = 5;
-    EXPECT_TRUE(box->find_str(L"huge", id));
-    EXPECT_EQ(id, 0xFFFFFFFFu);
-    EXPECT_FALSE(box->find_str(L"HUGE", id));
-    EXPECT_EQ(id, 0xFFFFFFFFu);
-
-    box->set_active_idx(4);
-    EXPECT_EQ(box->get_active_caption(), L"four");
-    box->set_item_captions(1, L"fourth");
-    box->set_item_captions(0, L"ninth");
-    box->set_item_captions(3, L"outside");
-    EXPECT_EQ(box->get_active_idx(), 4u);
-    EXPECT_EQ(box->get_active_caption(), L"fourth");
-    EXPECT_EQ(box->get_item_captions(0), L"ninth");
-    EXPECT_EQ(box->get_item_captions(3), L"");
-    box->set_active_caption(L"ninth");
-    EXPECT_EQ(box->get_active_idx(), 9u);
-    box->set_active_idx(1);
-    EXPECT_EQ(box->get_active_idx(), 0u) << "no item has this id";
-    EXPECT_EQ(box->get_active_caption(), L"");
-    EXPECT_EQ(events, 0);
-
-    EXPECT_TRUE(input::choose_item(box->get_select_box(), L"huge"));
-    EXPECT_EQ(box->get_active_idx(), 0xFFFFFFFFu);
-    EXPECT_EQ(events, 1);
-    EXPECT_EQ(last_sender, box);
-    box->clear();
-    EXPECT_EQ(box->get_active_idx(), 0u);
-    box->add_item(L"new", 3);
-    EXPECT_EQ(box->get_active_idx(), 3u);
-}
-
-TEST_F(panels, string_panel_is_quiet_but_to_the_user)
-{
-    auto *panel = add<Tvx_string_panel>();
-    panel->on_changed = recorder();
-    panel->set_caption(L"Name");
-    panel->set_string(L"wide \x416");
-    EXPECT_EQ(panel->get_wstring(), L"wide \x416");
-    EXPECT_EQ(panel->get_string(), "wide \xD0\x96");
-    panel->set_string("narrow");
-    panel->set_string(static_cast<char const *>(nullptr));
-    EXPECT_EQ(panel->get_wstring(), L"");
-    EXPECT_EQ(events, 0);
-    EXPECT_TRUE(input::enter_text(panel->get_edit(), L"x"));
-    EXPECT_EQ(events, 1);
-    EXPECT_EQ(last_sender, panel);
-    EXPECT_EQ(panel->get_wstring(), L"x");
-    panel->set_read_only(true);
-    EXPECT_TRUE(panel->get_read_only());
-    input::type(L"y");
-    EXPECT_EQ(panel->get_wstring(), L"x");
 }
 
 TEST_F(panels, captions_lead_to_their_control)

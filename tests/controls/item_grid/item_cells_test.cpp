@@ -323,26 +323,4 @@ TEST_F(item_cells, a_column_that_cannot_be_chosen)
     EXPECT_FALSE(item(3).bit);
 }
 
-TEST_F(item_cells, without_events)
-{
-    grid->get_columns()->set_count(0);
-    grid->get_columns()->set_count(col_count - 1);
-    for (int col = mark_col; col < col_count; ++col)
-        at(col)->set_col_type(col);
-    grid->on_get_sel = nullptr;
-    grid->on_set_sel = nullptr;
-    show();
-    taken();
-    for (int col = mark_col; col < col_count; ++col) {
-        EXPECT_TRUE(click(col, 2));
-        click(col, 2);
-        ui::type(L"1");
-        ui::press(VK_RETURN);
-    }
-    for (std::string const &event : taken())
-        EXPECT_TRUE(event == "active 2" || event == "changed") << event;
-    EXPECT_STREQ(at(str_col)->call_get_str(0), "");
-    EXPECT_STREQ(at(wstr_col)->call_get_wstr(0), L"");
-    EXPECT_TRUE(at(wstr_cbx_col)->call_get_correct(0));
-}
 } // namespace

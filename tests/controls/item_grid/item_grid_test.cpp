@@ -63,21 +63,6 @@ public:
     }
     void move_item(TObject *, int from, int to) { shift_item(from, to); }
     void swap_item(TObject *, int from, int to) { swap_items(from, to); }
-    void up(TObject *)
-    {
-        if (active > 0) {
-            shift_item(active, active - 1);
-            --active;
-        }
-    }
-    void down(TObject *)
-    {
-        if (active + 1 < static_cast<int>(items.size())) {
-            shift_item(active, active + 1);
-            ++active;
-        }
-    }
-    bool is_active(TObject *, int row) { return row == active; }
 };
 
 TEST_F(item_grid, colours_of_rows)
@@ -295,20 +280,6 @@ TEST_F(item_grid, commands)
     EXPECT_EQ(loose.get_item_grid(), nullptr);
     Tvx_item_parm_action parm(nullptr);
     EXPECT_TRUE(parm.Execute());
-}
-
-TEST_F(item_grid, up_and_down)
-{
-    grid->on_get_sel = make_closure<&item_grid::is_active>(this);
-    grid->on_up_item = make_closure<&item_grid::up>(this);
-    grid->on_down_item = make_closure<&item_grid::down>(this);
-    ASSERT_TRUE(click(mark_col, 1));
-    EXPECT_TRUE(push(actions()->get_down_action()));
-    EXPECT_TRUE(push(actions()->get_down_action()));
-    EXPECT_EQ(order(), (events{"s0", "s2", "s3", "s1", "s4", "s5"}));
-    EXPECT_EQ(grid->GetRow(), 4);
-    EXPECT_TRUE(push(actions()->get_up_action()));
-    EXPECT_EQ(order(), (events{"s0", "s2", "s1", "s3", "s4", "s5"}));
 }
 
 TEST_F(item_grid, drag_of_a_row_is_the_owners_move_or_swap)

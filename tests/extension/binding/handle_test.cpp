@@ -4,11 +4,8 @@
 #include "extension/binding/grid_source.h"
 #include "extension/binding/layer_2d_editor_extension_service_visitor.h"
 #include "extension/binding/monitor.h"
-#include "extension/binding/scenes_families.h"
-#include "extension/binding/shell_families.h"
 #include "extension/binding/stat_source.h"
 #include "extension/binding/string_visitors.h"
-#include "extension/binding/tools_families.h"
 #include "extension/binding/vector_source.h"
 
 #include <cstddef>
@@ -87,20 +84,6 @@ TEST(handle, with_either_word_null_is_null_and_is_never_called)
     EXPECT_EQ(vxk_datasource_data_source_field_count(whole), 7);
 }
 
-TEST(handle, a_call_reaches_the_object_with_its_arguments)
-{
-    counting_source source;
-    vx::data_source const wrapper = source;
-    int index = 0;
-    EXPECT_TRUE(wrapper.field_index(L"three", &index));
-    EXPECT_EQ(index, 5);
-    std::wstring text;
-    vx::stdwstring_visitor visitor(text);
-    wrapper.with_name(visitor);
-    EXPECT_EQ(text, L"name");
-    EXPECT_EQ(vx::data_source_impl::from_interface(wrapper), &source);
-}
-
 TEST(handle, comparing_is_a_total_order)
 {
     counting_source a, b;
@@ -147,33 +130,4 @@ TEST(handle, specializing_takes_the_exact_name_only)
     EXPECT_EQ(vx_data_source_interface_is_null(vx_data_source_interface_specialize({})), 1);
 }
 
-TEST(handle, implementation_classes_have_the_same_defaults)
-{
-    struct plain_docker final : vx::docker_impl
-    {
-    } docker;
-    vx::docker const panel = docker;
-    EXPECT_TRUE(panel.visible());
-    EXPECT_EQ(panel.help_context(), -1);
-    struct plain_service final : vx::layer_2d_editor_extension_service_impl
-    {
-    } service;
-    EXPECT_EQ(vx::layer_2d_editor_extension_service_impl::handle_type(service).self, &service);
-    vx::layer_2d_editor_extension_service const offered = service;
-    EXPECT_EQ(offered.priority(), 1);
-    EXPECT_FALSE(offered.as_referent());
-    // Slots that are not known: the object's own answer is the default, too.
-    struct plain_slider final : vx::slider_impl
-    {
-    } slider;
-    EXPECT_EQ(slider.page_step(), 10);
-    EXPECT_EQ(vx::slider(static_cast<t_vx_slider_interface>(slider)).page_step(), 10);
-    struct plain_feature final : vx::feature_impl
-    {
-    } feature;
-    vx::feature const item = feature;
-    bool not_null = true;
-    EXPECT_EQ(item.get_numeric(0, &not_null), 0.0);
-    EXPECT_FALSE(item.set_undef(0));
-}
 } // namespace

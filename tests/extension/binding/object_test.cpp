@@ -7,8 +7,6 @@
 #include "extension/binding/style_editor_data_source.h"
 
 #include <gtest/gtest.h>
-#include <map>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -24,24 +22,6 @@ public:
     void visit(vx::layer_2d_editor_extension_service service) override
     {
         priorities.push_back(service.priority());
-    }
-};
-
-/// A factory that finds the visitor of its service behind the general one.
-class factory final : public vx::service_factory_impl
-{
-public:
-    class service_42 final : public vx::layer_2d_editor_extension_service_impl
-    {
-        int priority() override { return 42; }
-    } service;
-    void with_services(vx::bundle_context, vx::service_visitor visitor) override
-    {
-        t_vx_interface const general = vx_service_visitor_interface_generalize(visitor);
-        vx::layer_2d_editor_extension_service_visitor const wanted =
-            vx_layer_2d_editor_extension_service_visitor_interface_specialize(general);
-        if (wanted)
-            wanted.visit(service);
     }
 };
 
@@ -63,20 +43,6 @@ TEST(polymorphic, every_interface_leads_to_every_other)
     EXPECT_EQ(b.self, part) << "self is the part of the object that has the interface";
     EXPECT_NE(a.self, b.self);
     EXPECT_EQ(vx::service_visitor_impl::from_interface(a), &object);
-}
-
-TEST(polymorphic, a_factory_finds_the_visitor_of_its_own_service)
-{
-    factory made;
-    vx::service_factory const handle = made;
-    pages object;
-    handle.with_services({}, object);
-    EXPECT_EQ(object.priorities, std::vector<int>{42});
-    struct other_visitor final : vx::service_visitor_impl
-    {
-    } other;
-    handle.with_services({}, other);
-    handle.with_services({}, {});
 }
 
 /// Notes in one list what is done to it and to its owner.
@@ -182,19 +148,6 @@ TEST(ref, that_was_detached_is_copied_without_a_hold)
         EXPECT_EQ(source.hold_count(), 2u);
     }
     EXPECT_TRUE(held.is_null() && assigned.is_null());
-}
-
-TEST(ref, in_an_ordered_map_keeps_its_holds)
-{
-    std::vector<std::string> log;
-    living_source a(log), b(log);
-    std::multimap<int, held_source> held;
-    held.emplace(5, static_cast<vx::style_editor_data_source>(a));
-    held.emplace(1, static_cast<vx::style_editor_data_source>(b));
-    held.emplace(5, static_cast<vx::style_editor_data_source>(b));
-    EXPECT_EQ(b.hold_count(), 2u);
-    held.clear();
-    EXPECT_EQ(a.hold_count() + b.hold_count(), 0u);
 }
 
 class counted final : public vx::referent_object

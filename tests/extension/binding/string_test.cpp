@@ -1,8 +1,6 @@
 #include "extension/binding/string_visitors.h"
 #include "extension/binding/tstring.h"
 
-#include "platform/base/owned.h"
-
 #include <gtest/gtest.h>
 #include <set>
 #include <string>
@@ -65,15 +63,6 @@ TEST(string_receivers, convert_to_eight_bits)
     vx::stdstring_visitor past_the_table(text, 1000);
     past_the_table.visit(L"x");
     EXPECT_EQ(text, "x");
-}
-
-TEST(string_receivers, feed_an_adapter)
-{
-    std::wstring text;
-    Tvx_std_wstring_adapter adapter(text);
-    vx::string_adp_visitor visitor(adapter);
-    visitor.visit(L"caption");
-    EXPECT_EQ(text, L"caption");
 }
 
 TEST(tstring, takes_both_kinds_of_text)

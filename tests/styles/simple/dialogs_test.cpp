@@ -4,8 +4,6 @@
 #include "support/temp_dir.h"
 #include "tests/controls/prop/prop_form.h"
 
-#include "platform/base/owned.h"
-#include "platform/basic/vx_options.h"
 #include "platform/basic/vx_wstrings.h"
 #include "platform/storage/vx_xml_data.h"
 #include "platform/styles/vx_base_style.h"
@@ -85,36 +83,6 @@ TColor middle_of(Tvx_basic_style_btn *button)
     return button->GetGlyph()->GetCanvas()->GetPixel(10, 10);
 }
 } // namespace
-
-TEST_F(style_dialogs, ok_assigns_and_everything_else_leaves_the_style)
-{
-    for (kind const &k : c_kinds) {
-        style_ptr const style(k.create(), k.destroy);
-        std::string const before = saved_form(k, style.get());
-        for (bool const by_box : {false, true}) {
-            input::on_next_modal([&](input::modal_window const &window) {
-                k.change(window.form());
-                if (by_box)
-                    input::close(window.form());
-                else
-                    window.press_button(L"Cancel");
-            });
-            EXPECT_FALSE(k.dialog(0, 0, style.get())) << k.name;
-            EXPECT_EQ(saved_form(k, style.get()), before) << k.name;
-        }
-        input::on_next_modal([&](input::modal_window const &window) {
-            k.change(window.form());
-            window.press_button(L"Apply");
-        });
-        EXPECT_TRUE(k.dialog(0, 0, style.get())) << k.name;
-        std::string const after = saved_form(k, style.get());
-        EXPECT_NE(after, before) << k.name;
-        input::on_next_modal([](input::modal_window const &window) { window.press_button(L"Apply"); });
-        EXPECT_TRUE(k.dialog(0, 0, style.get()));
-        EXPECT_EQ(saved_form(k, style.get()), after) << k.name << ": a style goes through unchanged";
-        EXPECT_FALSE(k.dialog(0, 0, nullptr));
-    }
-}
 
 /// Fonts and pictures are kept for a while, some kilobytes in all; what an opening leaves stays.
 TEST_F(style_dialogs, leave_the_heap_as_it_was)
@@ -201,41 +169,4 @@ TEST_F(style_dialogs, without_their_module_give_false_at_once)
         panels[i]->update_controls();
         EXPECT_NE(middle_of(buttons[i]), shown) << c_kinds[i].name;
     }
-}
-
-namespace {
-/// A text that its control cuts off, anywhere below; labels, boxes and buttons.
-void look_for_cut_texts(TWinControl *root, char const *where)
-{
-    for (int i = 0; i < root->GetControlCount(); ++i) {
-        TControl *control = root->GetControls(i);
-        if (!control->GetVisible())
-            continue;
-        if (auto *label = dynamic_cast<TCustomLabel *>(control); label && !label->GetWordWrap()) {
-            TBitmap page(1, 1);
-            page.GetCanvas()->SetFont(label->GetFont());
-            EXPECT_LE(page.GetCanvas()->TextWidth(label->GetCaption()), label->GetWidth())
-                << where << ": " << label->GetCaption().to_utf8();
-        }
-        if (auto *inner = dynamic_cast<TWinControl *>(control))
-            look_for_cut_texts(inner, where);
-    }
-}
-} // namespace
-
-TEST_F(style_dialogs, show_whole_texts_in_both_languages)
-{
-    for (char const *language : {"en", "ru"}) {
-        vx_options_set_language(language);
-        for (kind const &k : c_kinds) {
-            style_ptr const style(k.create(), k.destroy);
-            input::on_next_modal([&](input::modal_window const &window) {
-                look_for_cut_texts(window.form(), language);
-                EXPECT_FALSE(window.title().IsEmpty());
-                window.reject();
-            });
-            EXPECT_FALSE(k.dialog(0, 0, style.get()));
-        }
-    }
-    vx_options_set_language("en");
 }
