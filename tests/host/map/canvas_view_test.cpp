@@ -21,41 +21,6 @@ Tvx_box_d2 box_of(double min_x, double min_y, double max_x, double max_y)
     return {min_x, min_y, max_x, max_y};
 }
 
-TEST(canvas_view, maps_places_both_ways_with_y_up)
-{
-    Tvx_canvas_view const view = view_of(100, 50, 2, 400, 200);
-    EXPECT_EQ(view.to_screen({100, 50}), (Tvx_screen_point{200, 100}));
-    EXPECT_EQ(view.to_screen({-300, 250}), (Tvx_screen_point{0, 0}));
-    EXPECT_EQ(view.box(), box_of(-300, -150, 500, 250));
-    for (Tvx_screen_point const p : {Tvx_screen_point{0, 0}, {17, 93}, {-50, 1000}}) {
-        Tvx_screen_point const back = view.to_screen(view.to_map(p));
-        EXPECT_NEAR(back.x, p.x, 1e-9);
-        EXPECT_NEAR(back.y, p.y, 1e-9);
-    }
-}
-
-TEST(canvas_view, zoom_keeps_the_place_under_the_pointer)
-{
-    for (double const factor : {1.3, 1 / 1.3, 50.0, 0.001}) {
-        Tvx_canvas_view view = view_of(-81, 35, 0.01, 800, 600);
-        Tvx_screen_point const pointer{123, 456};
-        Tvx_pnt_d2 const before = view.to_map(pointer);
-        view.zoom(factor, pointer);
-        EXPECT_NEAR(view.units_per_pixel(), 0.01 / factor, 1e-12);
-        EXPECT_NEAR(view.to_map(pointer).x, before.x, 1e-9);
-        EXPECT_NEAR(view.to_map(pointer).y, before.y, 1e-9);
-    }
-}
-
-TEST(canvas_view, panning_there_and_back_is_nothing)
-{
-    Tvx_canvas_view view = view_of(10, 20, 0.5, 300, 300);
-    view.pan(40, -30);
-    EXPECT_EQ(view.center(), (Tvx_pnt_d2{-10, 5}));
-    view.pan(-40, 30);
-    EXPECT_EQ(view, view_of(10, 20, 0.5, 300, 300));
-}
-
 TEST(canvas_view, shows_a_box_whole_and_in_the_middle)
 {
     struct

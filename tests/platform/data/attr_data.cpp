@@ -4,15 +4,12 @@
 
 #include "platform/base/owned.h"
 #include "platform/data/vx_attr_data.h"
-#include "platform/data/vx_entity.h"
 #include "platform/data/vx_shape_files.h"
 #include "platform/data/vx_table.h"
-#include "platform/winapi/codepage.h"
 #include "platform/winapi/file.h"
 
 #include <climits>
 #include <gtest/gtest.h>
-#include <limits>
 
 namespace {
 using attr_data = vx::owned<Ivx_attr_data, &vx_attr_data_release>;
@@ -113,33 +110,6 @@ TEST_F(attr_table, gives_cells_as_text_and_number)
     }
 }
 
-TEST_F(attr_table, is_the_table_of_its_entity)
-{
-    vx::owned<Ivx_table_files, &vx_table_files_close> const table(
-        vx_table_files_open(vx_attr_data_safe_upcast(f_data.get()), 1));
-    ASSERT_TRUE(table);
-    EXPECT_EQ(6, vx_table_files_get_columns_count(table.get()));
-    EXPECT_EQ(4u, vx_table_files_get_rows_count(table.get()));
-    std::wstring text = L"untouched";
-    vx_table_files_get_column_name_w(table.get(), -1, Tvx_std_wstring_adapter(text));
-    EXPECT_EQ(L"", text);
-    vx_table_files_get_column_name_w(table.get(), c_bigint, Tvx_std_wstring_adapter(text));
-    EXPECT_EQ(L"Big", text);
-    EXPECT_EQ(static_cast<int>(c_bigint), vx_table_files_get_column_index_w(table.get(), L"big"));
-    EXPECT_EQ(-1, vx_table_files_get_column_index_w(table.get(), L"none"));
-    bool ok = false;
-    vx_table_files_get_wstring(table.get(), c_text, 0, &ok, Tvx_std_wstring_adapter(text), 0);
-    EXPECT_TRUE(ok);
-    EXPECT_EQ(L"один", text);
-    EXPECT_EQ(7, vx_table_files_get_int(table.get(), c_integer, 0, &ok));
-    EXPECT_EQ(1.5, vx_table_files_get_dbl(table.get(), c_number, 0, &ok));
-    EXPECT_TRUE(ok);
-    EXPECT_EQ(0, vx_table_files_get_dbl(table.get(), -1, 0, &ok));
-    EXPECT_FALSE(ok);
-    EXPECT_EQ(nullptr, vx_table_files_open(nullptr, 1));
-    EXPECT_EQ(0u, vx_table_files_get_rows_count(nullptr));
-}
-
 TEST_F(attr_table, reads_a_column_once)
 {
     open();
@@ -194,26 +164,6 @@ TEST_F(attr_table, is_read_in_slices_beside_shapes_and_single_records)
     EXPECT_TRUE(vx_attr_files_read_on(f_files.get(), c_integer, 1));
     EXPECT_EQ(vx_attr_files_get_int(f_files.get(), c_integer, 7, nullptr), 7) << "the rest at once";
     EXPECT_EQ(0, f_table.held_features);
-}
-
-TEST_F(attr_table, describes_its_fields)
-{
-    open();
-    int const types[] = {c_attr_string, c_attr_numeric, c_attr_integer, c_attr_bigint,
-                         c_attr_date,   c_attr_binary,  c_attr_unknown};
-    for (unsigned i = 0; i < std::size(types); ++i)
-        EXPECT_EQ(types[i], vx_attr_files_get_field_type(f_files.get(), i));
-    EXPECT_EQ(6u, vx_attr_files_get_np(f_files.get()));
-    EXPECT_EQ(4u, vx_attr_files_get_no(f_files.get()));
-    EXPECT_STREQ("Имя", vx_attr_files_get_field_name(f_files.get(), 0));
-    EXPECT_STREQ(L"Big", vx_attr_files_get_field_name_w(f_files.get(), 3));
-    EXPECT_STREQ("", vx_attr_files_get_field_name(f_files.get(), 6));
-    EXPECT_EQ(0, vx_attr_files_get_field_index_w(f_files.get(), L"имя"));
-    EXPECT_EQ(3, vx_attr_files_get_field_index_w(f_files.get(), L"Big"));
-    EXPECT_EQ(-1, vx_attr_files_get_field_index_w(f_files.get(), L"none"));
-    EXPECT_TRUE(vx_attr_data_is_field_unicode(f_data.get(), "Имя"));
-    EXPECT_FALSE(vx_attr_data_is_field_unicode(f_data.get(), "number"));
-    EXPECT_FALSE(vx_attr_data_is_field_morvel(f_data.get(), "Имя"));
 }
 
 TEST_F(attr_table, an_exact_name_comes_before_one_that_differs_in_case)
@@ -331,25 +281,4 @@ TEST(attr_data, what_cannot_be_opened)
     EXPECT_TRUE(vx_attr_data_open(empty.get()));
     EXPECT_EQ(2, vx_attr_data_get_grid_count(empty.get()));
     EXPECT_EQ(nullptr, vx_attr_files_open(empty.get(), 1, 0)) << "a grid has no table";
-}
-
-TEST(attr_data, is_counted_and_an_entity)
-{
-    auto *const data = vx_attr_data_create(nullptr);
-    auto *const entity = vx_attr_data_safe_upcast(vx_attr_data_retain(data));
-    EXPECT_EQ(data, vx_attr_data_safe_downcast(entity));
-    EXPECT_STREQ("attr_data", vx_entity_get_type(entity));
-    vx_attr_data_release(data);
-    EXPECT_STREQ("attr_data", vx_entity_get_type(entity));
-    vx_attr_data_release(data);
-    vx_attr_data_release(nullptr);
-    EXPECT_EQ(nullptr, vx_attr_data_retain(nullptr));
-    EXPECT_EQ(nullptr, vx_attr_data_safe_downcast(nullptr));
-    EXPECT_EQ(nullptr, vx_attr_data_safe_upcast(nullptr));
-    EXPECT_EQ(nullptr, vx_attr_files_open(nullptr, 1, 0));
-    vx_attr_files_close(nullptr);
-    EXPECT_EQ(0u, vx_attr_files_get_np(nullptr));
-    EXPECT_EQ(0u, vx_attr_files_get_no(nullptr));
-    EXPECT_STREQ("", vx_attr_files_get_str(nullptr, 0, 0, nullptr));
-    EXPECT_STREQ("", vx_entity_get_type(nullptr));
 }

@@ -5,7 +5,6 @@
 #include "platform/data/vx_attr_data.h"
 #include "platform/data/vx_shape_files.h"
 
-#include <cmath>
 #include <gtest/gtest.h>
 
 /// The example data through the real driver. The expected values are those of the files' own bytes.
@@ -106,13 +105,4 @@ TEST(example_files, bad_files_are_refused_with_a_reason)
         EXPECT_EQ(nullptr, vx_shape_files_open(data.get()));
     }
     EXPECT_EQ(3, dir.count()) << "looking leaves nothing behind";
-}
-
-TEST(example_files, a_picture_has_no_table)
-{
-    auto const data = example("L7_ETMs.tif");
-    ASSERT_TRUE(vx_attr_data_open(data.get())) << vx::text::wide_to_utf8(error_of(data.get()));
-    EXPECT_GT(vx_attr_data_get_grid_count(data.get()), 0);
-    EXPECT_EQ(nullptr, vx_attr_files_open(data.get(), 1, 0));
-    EXPECT_EQ(0, vx_attr_data_get_geom_type(data.get()));
 }

@@ -212,13 +212,3 @@ TEST_F(shapes, are_read_once_and_outlive_the_data)
     ASSERT_TRUE(vx_shape_files_get(again.get(), 1, &view)) << "counted but not given";
     EXPECT_EQ(c_shape_none, view.kind);
 }
-
-TEST(shape_files, null_is_harmless)
-{
-    EXPECT_EQ(nullptr, vx_shape_files_open(nullptr));
-    vx_shape_files_close(nullptr);
-    EXPECT_EQ(0u, vx_shape_files_get_count(nullptr));
-    EXPECT_TRUE(vx_shape_files_get_box(nullptr).is_empty());
-    Tvx_box_d2 const box;
-    vx_shape_files_visit(nullptr, &box, nullptr, nullptr);
-}

@@ -3,7 +3,6 @@
 #include "platform/base/owned.h"
 #include "platform/base/text_codec.h"
 #include "platform/basic/vx_stat.h"
-#include "platform/data/vx_entity.h"
 #include "platform/data/vx_file_tos4.h"
 #include "platform/data/vx_tos_data.h"
 #include "platform/data/watched_disk.h"
@@ -133,16 +132,4 @@ TEST(tos_data, what_cannot_be_worked_out_changes_nothing)
     EXPECT_EQ(counts_of(stat.get(), 0, 0)[0], 100);
     EXPECT_FALSE(vx_tos_data_compute_stat(nullptr, stat.get()) ||
                  vx_tos_data_compute_hg(work.get(), nullptr));
-}
-
-TEST(tos_data, is_an_entity_that_clones_share)
-{
-    vx::owned<Ivx_tos_data, &vx_tos_data_release> const data(vx_tos_data_create(L"/maps/sea.tos4"));
-    auto *const entity = vx_tos_data_safe_upcast(data.get());
-    EXPECT_EQ(vx_tos_data_safe_downcast(entity), data.get());
-    EXPECT_STREQ(vx_entity_get_caption(entity), "sea");
-    vx_tos_data_release(vx_tos_data_retain(data.get()));
-    std::wstring name;
-    vx_tos_data_get_wfilename(data.get(), Tvx_std_wstring_adapter(name));
-    EXPECT_EQ(name, L"/maps/sea.tos4");
 }
