@@ -7,6 +7,7 @@
 #include "platform/layers/vx_scn_2d.h"
 #include "platform/render/dc_priv.h"
 #include "platform/render/detail/layout_drawing.h"
+#include "platform/render/detail/work_meter.h"
 #include "platform/render/vx_layout_render.h"
 #include "platform/toolkit/bridge/qt_graphics.h"
 #include "platform/toolkit/bridge/qt_widgets.h"
@@ -46,6 +47,28 @@ Tvx_layout_outcome failed(Ivx_string_adp *reason, std::wstring const &why)
     vx_string_adp_feed(reason, why.c_str());
     return c_layout_failed;
 }
+
+/// A file in memory that asks on the way: packing a large picture takes long. What is ended fails.
+class asking_buffer final : public QBuffer
+{
+public:
+    asking_buffer(QByteArray *bytes, closure<bool()> cancelled) : QBuffer(bytes), f_meter(cancelled)
+    {
+        open(QIODevice::WriteOnly);
+    }
+    [[nodiscard]] bool is_cancelled() const { return f_meter.stopped(); }
+
+protected:
+    qint64 writeData(char const *data, qint64 length) override
+    {
+        constexpr double c_byte_cost = 20;
+        return f_meter.go_on(static_cast<double>(length) * c_byte_cost) ? QBuffer::writeData(data, length)
+                                                                        : -1;
+    }
+
+private:
+    work_meter f_meter;
+};
 
 /// The sheet, in millimetres; empty for a layout without a page.
 Tvx_box_d2 sheet_of(Ivx_scn_2d *layout)
@@ -168,15 +191,17 @@ Tvx_layout_outcome vx_layout_save_picture_w(Ivx_scn_2d *layout, wchar_t const *f
     if (std::wstring const title = title_of(layout); keeps_alpha && !title.empty())
         image.setText(QStringLiteral("Title"), QString::fromStdWString(title));
     QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
+    asking_buffer buffer(&bytes, cancelled);
     QImageWriter writer(&buffer, format);
     constexpr int c_jpeg_quality = 92, c_tiff_lzw = 1;
     if (std::string_view(format) == "jpg")
         writer.setQuality(c_jpeg_quality);
     if (std::string_view(format) == "tiff")
         writer.setCompression(c_tiff_lzw);
-    if (!writer.write(image))
+    bool const is_made = writer.write(image);
+    if (buffer.is_cancelled())
+        return c_layout_cancelled;
+    if (!is_made)
         return failed(reason,
                       vx_reason_make(vx_res_get_wstr(c_draw_not_made), writer.errorString().toStdWString()));
     image = {};
@@ -202,8 +227,7 @@ Tvx_layout_outcome vx_layout_save_pdf_w(Ivx_scn_2d *layout, wchar_t const *file,
         std::max(1.0, std::floor(std::min(c_units_per_inch, c_most_units / (longest / c_mm_per_inch))));
     double const picture_dpi = std::isfinite(dpi) ? std::clamp(dpi, c_least_dpi, c_most_dpi) : c_least_dpi;
     QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
+    asking_buffer buffer(&bytes, cancelled);
     layout_drawing drawn = layout_drawing::cancelled;
     {
         QPdfWriter writer(&buffer);
@@ -229,7 +253,7 @@ Tvx_layout_outcome vx_layout_save_pdf_w(Ivx_scn_2d *layout, wchar_t const *file,
         if (drawn != layout_drawing::cancelled && !painter.end())
             return failed(reason, vx_res_get_wstr(c_draw_not_made));
     }
-    if (drawn == layout_drawing::cancelled || cancelled())
+    if (drawn == layout_drawing::cancelled || buffer.is_cancelled() || cancelled())
         return c_layout_cancelled;
     return save(file, bytes, drawn, reason);
 }
