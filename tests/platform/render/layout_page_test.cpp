@@ -1,6 +1,8 @@
 #include "layout_sheet.h"
 #include "support/temp_dir.h"
 
+#include "platform/data/vx_tld_data.h"
+#include "platform/layers/vx_tld_lr2d.h"
 #include "platform/render/vx_layer_classes.h"
 #include "platform/render/vx_map_view.h"
 
@@ -66,18 +68,32 @@ TEST(layout_page, elements_stand_at_their_millimetres_and_maps_are_cut_to_their_
 TEST(layout_page, a_part_of_the_page_is_drawn_as_in_the_whole)
 {
     layout_sheet s;
-    add_hatch(s.add_square(L"hatch", c_red), 2);
+    Ivx_layer *const square = s.add_square(L"hatch", c_red);
+    add_hatch(square, 2);
+    // The edge of the part cuts the label, which stands in the middle of the frame.
+    s.table.fields = {{L"NAME", 1}};
+    s.table.features[0].cells = {cell(std::wstring(L"HHHHHH"))};
+    Ivx_layer *const labels = vx_shp_lr2d_get_text_layer_ptr(square);
+    vx_lr2d_set_visible(labels, true);
+    void *const writing = vx_dtld_lr2d_get_text_class(labels);
+    vx_textlr_info_set_property(writing, 0, L"NAME");
+    vx_textlr_info_set_color(writing, c_green);
     s.add_frame({20, 10, 70, 50});
     ASSERT_TRUE(s.draw());
+    int written = 0;
+    for (double y = 25; y < 35; y += 0.25)
+        for (double x = 45; x < 60; x += 0.25)
+            written += s.at(x, y).g > s.at(x, y).r + 40;
+    EXPECT_GT(written, 5) << "the label";
     auto const whole = std::move(s.dc);
     s.dc.reset(vx_bmp_dc_create());
-    s.shown = {30, 5, 90, 45};
+    s.shown = {45, 5, 95, 45};
     ASSERT_TRUE(s.draw());
     int others = 0, inked = 0;
     for (int y = 0; y < 160; ++y)
-        for (int x = 0; x < 240; ++x) {
+        for (int x = 0; x < 200; ++x) {
             Tvx_color const here = vx_bmp_dc_get_pixel(s.dc.get(), x, y);
-            others += std::abs(here.g - vx_bmp_dc_get_pixel(whole.get(), x + 120, y + 20).g) > 16;
+            others += std::abs(here.g - vx_bmp_dc_get_pixel(whole.get(), x + 180, y + 20).g) > 16;
             inked += here != c_white;
         }
     EXPECT_GT(inked, 2000);

@@ -270,14 +270,15 @@ bar_plan plan_bar(Tvx_layout_scale_bar const &bar, bar_unit unit, double scale, 
         plan.set_step(bar.length, scale, look);
         return plan;
     }
-    double units = width / bar.divisions / 1000 * scale / unit.metres;
-    for (int tries = 0; tries < 12; ++tries) {
-        units = round_below(units);
+    double const most = round_below(width / bar.divisions / 1000 * scale / unit.metres);
+    double units = most;
+    for (int tries = 0; tries < 12; ++tries, units = round_below(units * 0.99)) {
         plan.set_step(units, scale, look);
         if (plan.width() <= width)
-            break;
-        units *= 0.99;
+            return plan;
     }
+    // The numbers alone are too wide: the bar at least stays in the element.
+    plan.set_step(most, scale, look);
     return plan;
 }
 
@@ -352,7 +353,7 @@ void draw_layout_bar(layout_canvas &canvas, Ivx_scn_2d const *layout, Ivx_layer 
     }
     // Of numbers that would touch every second one, or fewer, are written; the last one always is.
     double const room = text_width(plan.number(plan.divisions) + L" ", look);
-    int const every = std::max(1, static_cast<int>(std::ceil(room / plan.step_mm)));
+    int const every = static_cast<int>(std::clamp(std::ceil(room / plan.step_mm), 1.0, 1e6));
     double const base = y + text_ascent(look);
     for (int i = 0; i <= plan.divisions; ++i) {
         bool const is_last = i == plan.divisions;
