@@ -18,9 +18,11 @@
 #include <ogrsf_frmts.h>
 
 #include <algorithm>
+#include <charconv>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <sys/stat.h>
 
 namespace vx::gdal {
@@ -156,6 +158,75 @@ CPLStringList as_points(CPLStringList options)
         options.SetNameValue("Y_POSSIBLE_NAMES", "lat,latitude,y");
     }
     return options;
+}
+
+/// What all texts of a column are so far.
+struct column_form
+{
+    bool has_number = false;
+    bool is_real = false;
+    bool is_long = false; ///< past 32 bits
+
+    /// False for a text that is no number as programs write it: zeros in front mark a code, and digits of
+    /// a long one would be lost.
+    [[nodiscard]] bool take(std::string_view text)
+    {
+        constexpr std::size_t c_kept_digits = 18;
+        constexpr int c_long_digits = 10;
+        if (text.empty())
+            return true;
+        auto const is_digit = [](char c) { return c >= '0' && c <= '9'; };
+        std::string_view const number = text.substr(text.front() == '-' ? 1 : 0);
+        auto const whole = static_cast<std::size_t>(std::find_if_not(number.begin(), number.end(), is_digit) -
+                                                    number.begin());
+        if (whole == 0 || (whole > 1 && number.front() == '0') ||
+            (whole == number.size() && whole > c_kept_digits))
+            return false;
+        double value = 0;
+        auto const read = std::from_chars(text.data(), text.data() + text.size(), value);
+        if (read.ec != std::errc() || read.ptr != text.data() + text.size())
+            return false;
+        has_number = true;
+        is_real = is_real || whole < number.size();
+        is_long = is_long || whole >= c_long_digits;
+        return true;
+    }
+};
+
+/// Columns of a text table that hold numbers and nothing else are columns of numbers: the format says of none
+/// what it is. One pass over the file, which ends early where there is no such column.
+void find_numbers(OGRLayer &table)
+{
+    OGRFeatureDefn &fields = *table.GetLayerDefn();
+    std::map<int, column_form> columns;
+    for (int i = 0; i < fields.GetFieldCount(); ++i)
+        if (fields.GetFieldDefn(i)->GetType() == OFTString)
+            columns.try_emplace(i);
+    table.ResetReading();
+    while (!columns.empty()) {
+        OGRFeatureUniquePtr const record(table.GetNextFeature());
+        if (!record)
+            break;
+        for (auto column = columns.begin(); column != columns.end();)
+            if (record->IsFieldSetAndNotNull(column->first) &&
+                !column->second.take(record->GetFieldAsString(column->first)))
+                column = columns.erase(column);
+            else
+                ++column;
+    }
+    table.ResetReading();
+    for (auto const &[i, form] : columns)
+        if (form.has_number)
+            fields.GetFieldDefn(i)->SetType(form.is_real   ? OFTReal
+                                            : form.is_long ? OFTInteger64
+                                                           : OFTInteger);
+}
+
+/// Whether a file beside the table says what its columns are.
+bool has_column_types(std::string const &path)
+{
+    struct stat info = {};
+    return stat(CPLResetExtension(path.c_str(), "csvt"), &info) == 0;
 }
 
 /// A database in write-ahead mode would get its side files even from a reader. While no writer has it open
@@ -383,6 +454,8 @@ std::unique_ptr<dataset> dataset::open(std::wstring const &connection, bool read
         bool const is_memory = is_driver_of_memory(driver_name);
         if (is_memory)
             guard.add(c_drv_memory_place);
+        bool const is_plain_table = kind == path_kind::file && read_only && is_one_of(driver_name, {"CSV"}) &&
+                                    !options.FetchNameValue("AUTODETECT_TYPE") && !has_column_types(path);
         bool const is_over =
             is_memory || !is_ready || attend_or_leave([=] {
                 network_guard const local_work(is_local);
@@ -392,6 +465,8 @@ std::unique_ptr<dataset> dataset::open(std::wstring const &connection, bool read
                 if (read_only && work->gdal && is_one_of(driver_name, {"CSV"}) && !has_places(*work->gdal))
                     if (GDALDatasetUniquePtr points = open_with(as_points(options)))
                         work->gdal = std::move(points);
+                if (is_plain_table && work->gdal && work->gdal->GetLayerCount() == 1)
+                    find_numbers(*work->gdal->GetLayer(0));
                 if (work->gdal && is_taken_over)
                     work->take_over(driver_name, options_of(parsed));
             });

@@ -455,9 +455,28 @@ TEST(gdal_column, several_of_a_text_format_are_read_by_one_walk)
         for (std::size_t i = 0; i < fields.size(); ++i)
             EXPECT_EQ(column(s, fields[i]), alone[i]) << i;
         double highest = 0;
-        EXPECT_EQ(s.stat.maximum(s.field(L"whole"), &highest), driver != 5) << "there, all is text";
-        EXPECT_EQ(highest, driver != 5 ? 7008 : 0);
+        EXPECT_TRUE(s.stat.maximum(s.field(L"whole"), &highest));
+        EXPECT_EQ(highest, 7008);
     }
+}
+
+TEST(gdal_column, of_a_text_table_is_one_of_numbers_where_nothing_else_is_in_it)
+{
+    temp_dir const dir;
+    write_file(dir / "t.csv", "whole,wide,real,code,mixed,empty,id\n"
+                              "1,12345678901,1.50,007,1,,12345678901234567890\n"
+                              "-2,5,,12,x,,1\n"
+                              "0,-1,-2e3,0,2,,2\n");
+    source const s((dir / "t.csv").wstring());
+    using namespace vx::codes::plain;
+    int const types[] = {field_integer, field_bigint, field_numeric, field_string,
+                         field_string,  field_string, field_string};
+    for (int i = 0; i < 7; ++i)
+        EXPECT_EQ(s.data.field_type(i), types[i]) << i;
+    // Unless a file beside it says what they are.
+    write_file(dir / "t.csvt",
+               "\"String\",\"String\",\"String\",\"String\",\"String\",\"String\",\"String\"\n");
+    EXPECT_EQ(source((dir / "t.csv").wstring()).data.field_type(0), field_string);
 }
 
 TEST(gdal_column, numbers_at_the_ends_of_their_range)
