@@ -64,6 +64,17 @@ public:
     TObject *sender = nullptr;
 };
 
+class logging_vcl_form : public Tvx_vcl_dialog_form
+{
+public:
+    using Tvx_vcl_dialog_form::Tvx_vcl_dialog_form;
+    void call_apply() override { log += 'a'; }
+    void call_help() override { log += 'h'; }
+    void call_save() override { log += 's'; }
+    void call_load() override { log += 'l'; }
+    std::string log;
+};
+
 struct position_case
 {
     int x, y, left, top;
@@ -104,6 +115,23 @@ TEST(dlg_form, stands_on_the_other_side_of_a_point_where_it_does_not_fit)
         EXPECT_EQ(placed.GetTop(), c.top);
         EXPECT_FALSE(placed.GetShowing());
     }
+}
+
+TEST(dlg_form, zero_point_is_the_middle_of_the_screen)
+{
+    Tvx_dlg_form form(nullptr);
+    form.SetBounds(10, 10, 300, 200);
+    input::on_next_modal([&](input::modal_window const &window) {
+        expect_centred(*window.form());
+        window.press_button(L"Apply");
+    });
+    EXPECT_EQ(form.show_pos(0, 0), mrOk);
+
+    Tvx_dlg_form modeless(nullptr);
+    modeless.SetBounds(10, 10, 300, 200);
+    modeless.show_nomodal_pos(0, 0);
+    EXPECT_TRUE(modeless.GetShowing());
+    expect_centred(modeless);
 }
 
 TEST(dlg_form, a_refused_click_leaves_it_open)
@@ -259,6 +287,32 @@ TEST(apply_form, gives_the_keyboard_back_to_the_active_document)
 
     Application->SetMainForm(nullptr);
     EXPECT_TRUE(input::click(leaving.get_apply_btn())) << "without a main form";
+}
+
+TEST(vcl_dialog_form, buttons_run_its_calls)
+{
+    logging_vcl_form form(nullptr);
+    form.SetBounds(0, 0, 500, 300);
+    form.create();
+    form.load_rc();
+    EXPECT_EQ(form.GetPosition(), poScreenCenter);
+    form.set_help_visible(true);
+    form.set_save_visible(true);
+    form.set_load_visible(true);
+    form.Show();
+    auto *buttons = form.get_bottom_buttons();
+    for (auto *button : {buttons->get_apply_btn(), buttons->get_help_btn(), buttons->get_save_btn(),
+                         buttons->get_load_btn()})
+        EXPECT_TRUE(input::click(button));
+    EXPECT_EQ(form.log, "ahsl");
+    EXPECT_TRUE(form.GetShowing());
+    form.set_bottom_buttons_enabled(false);
+    EXPECT_FALSE(form.get_bottom_buttons_enabled());
+    input::click(buttons->get_cancel_btn());
+    EXPECT_TRUE(form.GetShowing());
+    form.set_bottom_buttons_enabled(true);
+    EXPECT_TRUE(input::click(buttons->get_cancel_btn()));
+    EXPECT_FALSE(form.GetShowing());
 }
 
 namespace {

@@ -120,6 +120,51 @@ TEST_F(panels, bottom_buttons_close_up)
     EXPECT_FALSE(buttons->get_apply_focused());
 }
 
+TEST_F(panels, select_box_goes_by_id)
+{
+    auto *box = add<Tvx_vcl_select_box_panel>();
+    box->create();
+    box->set_on_change(recorder());
+    EXPECT_EQ(box->get_active_idx(), 0u);
+    EXPECT_EQ(box->get_active_caption(), L"");
+    box->add_item(L"nine", 9);
+    EXPECT_EQ(box->get_active_idx(), 9u);
+    box->add_item(L"four", 4);
+    box->add_item(L"huge", 0xFFFFFFFFu);
+    EXPECT_EQ(box->get_active_idx(), 9u) << "only the first item selects itself";
+
+    unsigned id = 5;
+    EXPECT_TRUE(box->find_str(L"huge", id));
+    EXPECT_EQ(id, 0xFFFFFFFFu);
+    EXPECT_FALSE(box->find_str(L"HUGE", id));
+    EXPECT_EQ(id, 0xFFFFFFFFu);
+
+    box->set_active_idx(4);
+    EXPECT_EQ(box->get_active_caption(), L"four");
+    box->set_item_captions(1, L"fourth");
+    box->set_item_captions(0, L"ninth");
+    box->set_item_captions(3, L"outside");
+    EXPECT_EQ(box->get_active_idx(), 4u);
+    EXPECT_EQ(box->get_active_caption(), L"fourth");
+    EXPECT_EQ(box->get_item_captions(0), L"ninth");
+    EXPECT_EQ(box->get_item_captions(3), L"");
+    box->set_active_caption(L"ninth");
+    EXPECT_EQ(box->get_active_idx(), 9u);
+    box->set_active_idx(1);
+    EXPECT_EQ(box->get_active_idx(), 0u) << "no item has this id";
+    EXPECT_EQ(box->get_active_caption(), L"");
+    EXPECT_EQ(events, 0);
+
+    EXPECT_TRUE(input::choose_item(box->get_select_box(), L"huge"));
+    EXPECT_EQ(box->get_active_idx(), 0xFFFFFFFFu);
+    EXPECT_EQ(events, 1);
+    EXPECT_EQ(last_sender, box);
+    box->clear();
+    EXPECT_EQ(box->get_active_idx(), 0u);
+    box->add_item(L"new", 3);
+    EXPECT_EQ(box->get_active_idx(), 3u);
+}
+
 TEST_F(panels, captions_lead_to_their_control)
 {
     auto *text = add<Tvx_string_panel>();
@@ -137,6 +182,26 @@ TEST_F(panels, captions_lead_to_their_control)
     check(text, text->get_edit());
     check(combo, combo->get_combo_box());
     check(choice, choice->get_select_box());
+}
+
+TEST_F(panels, progress_is_held_between_its_ends)
+{
+    auto *panel = add<Tvx_vcl_progress_panel>();
+    panel->create();
+    panel->load_rc();
+    struct
+    {
+        int set, shown;
+    } const cases[] = {{150, 100}, {-1, 0}, {100, 100}, {42, 42}, {0, 0}};
+    for (auto const &c : cases) {
+        panel->set_progress(c.set);
+        EXPECT_EQ(panel->get_progress(), c.shown);
+    }
+    EXPECT_FALSE(panel->get_stop());
+    EXPECT_TRUE(input::click(panel->get_stop_btn()));
+    EXPECT_TRUE(panel->get_stop());
+    panel->set_all_visible(false);
+    EXPECT_FALSE(panel->get_all_visible());
 }
 
 TEST_F(panels, wheel_moves_a_grid_by_one_row)

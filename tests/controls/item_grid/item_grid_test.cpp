@@ -306,6 +306,27 @@ TEST_F(item_grid, drag_of_a_row_is_the_owners_move_or_swap)
     EXPECT_EQ(taken(), events());
 }
 
+TEST_F(item_grid, a_caption_may_be_a_picture)
+{
+    TBitmap symbol(8, 8);
+    symbol.GetCanvas()->GetBrush()->SetColor(clRed);
+    symbol.GetCanvas()->FillRect(Rect(0, 0, 8, 8));
+    symbol.GetCanvas()->GetBrush()->SetColor(clBlue);
+    symbol.GetCanvas()->FillRect(Rect(1, 1, 7, 7));
+    at(mark_col)->set_capt_type(c_item_capt_bmp);
+    at(mark_col)->set_capt_bmp(&symbol);
+    symbol.SetSize(1, 1);
+    TBitmap picture;
+    look(picture);
+    TPoint const middle = grid->CellRect(mark_col, 0).CenterPoint();
+    EXPECT_EQ(picture.GetCanvas()->GetPixel(middle.X, middle.Y), clBlue) << "a copy, in the middle";
+    at(mark_col)->set_capt_bmp(nullptr);
+    at(mark_col)->set_capt_type(7);
+    at(mark_col)->set_width_type(-1);
+    EXPECT_EQ(at(mark_col)->get_capt_type(), c_item_capt_bmp);
+    EXPECT_EQ(at(mark_col)->get_width_type(), c_item_width_share);
+}
+
 TEST_F(item_grid, ends_with_its_parent_under_the_open_box)
 {
     TForm window(nullptr);

@@ -47,6 +47,22 @@ TEST_F(value_panels, captioned_edits)
     check(made<Tvx_vcl_text_edit_panel>(), UnicodeString(L"a"), L"bc", UnicodeString(L"bc"));
 }
 
+TEST_F(value_panels, shown_numbers)
+{
+    auto *whole = made<Tvx_vcl_int_show_panel>();
+    EXPECT_EQ(whole->get_text(), L"0");
+    whole->set_value(-1234567);
+    EXPECT_EQ(whole->get_text(), L"-1234567");
+    auto *decimals = made<Tvx_vcl_dbl_show_panel>();
+    decimals->set_value(1234.56789012);
+    EXPECT_EQ(decimals->get_text(), L"1234.5679");
+    decimals->set_precision(3);
+    EXPECT_EQ(decimals->get_text(), L"1.23E003");
+    decimals->set_digits(0);
+    EXPECT_EQ(decimals->get_text(), L"1.23E3");
+    EXPECT_EQ(decimals->get_value(), 1234.56789012);
+}
+
 TEST_F(value_panels, shares)
 {
     auto *ratio = made<Tvx_vcl_ratio_panel>();

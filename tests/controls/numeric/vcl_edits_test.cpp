@@ -84,6 +84,19 @@ TEST_F(number_edits, a_whole_number_is_taken_over_or_refused)
     EXPECT_TRUE(edit->test_min(-10) && edit->test_max(100) && !edit->test_min(-11) && !edit->test_max(101));
 }
 
+TEST_F(number_edits, an_empty_whole_number_is_0)
+{
+    auto *edit = this->edit<Tvx_vcl_int_edit>(0, 0);
+    edit->set_value(5);
+    input::click(edit);
+    input::press_times(VK_BACK, 2);
+    EXPECT_EQ(edit->GetText(), L"");
+    input::click(&button);
+    EXPECT_EQ(edit->GetText(), L"0");
+    EXPECT_EQ(edit->get_value(), 0);
+    EXPECT_EQ(taken_events(), 1);
+}
+
 TEST_F(number_edits, a_pasted_page_is_cut_in_the_message)
 {
     auto *edit = this->edit<Tvx_vcl_int_edit>(0, 0);

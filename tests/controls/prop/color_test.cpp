@@ -144,6 +144,40 @@ TEST_F(colors, taken_from_the_screen_by_keys)
     EXPECT_EQ(color, vx_clr_init_rgb(200, 100, 50));
 }
 
+TEST(color_convert, bytes_and_numbers)
+{
+    unsigned char r = 0;
+    unsigned char g = 0;
+    unsigned char b = 0;
+    clr_2_rgb(0x00332211, r, g, b);
+    EXPECT_EQ(r, 0x11);
+    EXPECT_EQ(g, 0x22);
+    EXPECT_EQ(b, 0x33);
+    TColor color = 0;
+    rgb_2_clr(0x11, 0x22, 0x33, color);
+    EXPECT_EQ(color, 0x00332211);
+    EXPECT_EQ(clr2rgb(0x00332211), vx_clr_init_rgba(0x11, 0x22, 0x33, 255));
+    EXPECT_EQ(rgb2clr(vx_clr_init_rgba(0x11, 0x22, 0x33, 9)), 0x00332211);
+    EXPECT_EQ(mouse_btn_2_vx(mbLeft), 0);
+    EXPECT_EQ(mouse_btn_2_vx(mbRight), 1);
+    EXPECT_EQ(mouse_btn_2_vx(mbMiddle), 2);
+    EXPECT_EQ(shift_state_2_vx({}), 0);
+    EXPECT_EQ(shift_state_2_vx({ssShift, ssCtrl, ssDouble}), 1 + 4 + 64);
+    vx_fnt_type font;
+    font.set_wname(L"DejaVu Serif");
+    font.charset = RUSSIAN_CHARSET;
+    font.bold = font.strikeout = true;
+    TFont target;
+    int const size = target.GetSize();
+    fnt_type_2_font(&font, &target, 0);
+    EXPECT_EQ(target.GetName(), L"DejaVu Serif");
+    EXPECT_EQ(target.GetCharset(), RUSSIAN_CHARSET);
+    EXPECT_EQ(target.GetStyle(), (TFontStyles{fsBold, fsStrikeOut}));
+    EXPECT_EQ(target.GetSize(), size);
+    fnt_type_2_font(&font, &target, 20);
+    EXPECT_EQ(target.GetSize(), 20);
+}
+
 TEST(image_convert, pictures_go_there_and_back)
 {
     TBitmap bitmap(3, 2);

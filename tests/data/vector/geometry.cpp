@@ -125,3 +125,33 @@ TEST(geometry, written_by_vector_type)
     EXPECT_EQ(written(two, geom_type::point_z), "refused");
     EXPECT_EQ(written(two, geomtype_flatten(geom_type::point_z)), "set_point ");
 }
+
+TEST(definition, is_read_back_through_its_interface)
+{
+    vector_definition d;
+    d.append(L"b", field_type::numeric, 12, 3, true, L"0.5");
+    d.prepend(L"a", field_type::string, 20, 0, false, L"");
+    d.append_geom({L"shape", L"+proj=longlat", geom_type::polygon});
+    EXPECT_EQ(d.find(L"b"), 1);
+    EXPECT_EQ(d.find(L"B"), -1);
+    EXPECT_EQ(d.name(2), L"");
+    EXPECT_EQ(d.type(2), field_type::none);
+    d.set_width(7, 1);
+    d.set_width(1, 14);
+
+    vx::vector_definition const w = d;
+    std::wstring text;
+    vx::stdwstring_visitor visitor(text);
+    EXPECT_EQ(w.field_count(), 2);
+    w.field_name(1, visitor);
+    EXPECT_EQ(text, L"b");
+    w.field_default(1, visitor);
+    EXPECT_EQ(text, L"0.5");
+    EXPECT_EQ(w.field_width(1), 14);
+    EXPECT_EQ(w.field_precision(1), 3);
+    EXPECT_TRUE(w.field_nullable(1));
+    EXPECT_EQ(w.field_type(-1), 0);
+    EXPECT_EQ(w.geom_field_type(0), 5);
+    w.geom_field_proj4(0, visitor);
+    EXPECT_EQ(text, L"+proj=longlat");
+}

@@ -1,11 +1,16 @@
+#include "extension/binding/data_sets_families.h"
 #include "extension/binding/data_source.h"
 #include "extension/binding/docker.h"
 #include "extension/binding/feature.h"
 #include "extension/binding/grid_source.h"
+#include "extension/binding/grids_families.h"
 #include "extension/binding/layer_2d_editor_extension_service_visitor.h"
 #include "extension/binding/monitor.h"
+#include "extension/binding/scenes_families.h"
+#include "extension/binding/shell_families.h"
 #include "extension/binding/stat_source.h"
 #include "extension/binding/string_visitors.h"
+#include "extension/binding/tools_families.h"
 #include "extension/binding/vector_source.h"
 
 #include <cstddef>
@@ -53,6 +58,17 @@ TEST(handle, is_two_words_and_a_table_is_an_array_of_functions)
     static_assert(offsetof(vx_feature_interface_table, get_style) == 22 * c_word);
     static_assert(sizeof(vx_feature_interface_table) == 36 * c_word);
     static_assert(sizeof(vx_element_visitor_interface_table) == 36 * c_word);
+}
+
+TEST(handle, names_hold_the_family_and_its_revision)
+{
+    EXPECT_STREQ(vx_monitor_interface_name, "vx_monitor_interface_0");
+    EXPECT_STREQ(vx_data_source_interface_name, "vx_data_source_interface_23");
+    EXPECT_STREQ(vx_layer_2d_editor_extension_service_interface_name,
+                 "vx_layer_2d_editor_extension_service_interface_98");
+    EXPECT_STREQ(vx_docker_interface_name, "vx_docker_interface_92");
+    EXPECT_STREQ(vx_docker_visitor_interface_name, "vx_docker_visitor_interface_91");
+    EXPECT_STREQ(vx_modal_dialog_service_interface_name, "vx_modal_dialog_service_interface_102");
 }
 
 TEST(handle, with_either_word_null_is_null_and_is_never_called)
@@ -130,4 +146,41 @@ TEST(handle, specializing_takes_the_exact_name_only)
     EXPECT_EQ(vx_data_source_interface_is_null(vx_data_source_interface_specialize({})), 1);
 }
 
+TEST(handle, defaults_of_null_handles)
+{
+    EXPECT_EQ(vxk_framework_layer_2d_editor_extension_service_priority({}), 1);
+    EXPECT_EQ(vxk_framework_dock_panel_service_priority({}), 1);
+    EXPECT_EQ(vxk_framework_tool_service_priority({}), 1);
+    EXPECT_EQ(vxk_framework_docker_help_context({}), -1);
+    EXPECT_EQ(vxk_framework_mru_multiaction_tool_help_context({}), -1);
+    EXPECT_EQ(vxk_framework_button_box_default_button({}), -1);
+    EXPECT_EQ(vxk_framework_button_box_cancel_button({}), -1);
+    EXPECT_EQ(vxk_framework_slider_page_step({}), 10);
+    EXPECT_EQ(vxk_framework_slider_single_step({}), 1);
+    EXPECT_EQ(vxk_framework_integer_tool_increment({}), 1);
+    EXPECT_EQ(vxk_framework_floating_tool_increment({}), 1.0);
+    EXPECT_EQ(vxk_framework_canvas_scale({}), 1.0);
+    EXPECT_EQ(vxk_framework_outline_fixed_column_count({}), 1);
+    EXPECT_TRUE(vxk_framework_docker_visible({}));
+    EXPECT_TRUE(vxk_framework_list_tool_visible({}));
+    EXPECT_TRUE(vxk_framework_slider_tick_visible({}));
+    EXPECT_TRUE(vxk_framework_grid_layout_row_visible({}, 0));
+    EXPECT_TRUE(vxk_framework_canvas_outline_column_avid({}));
+    EXPECT_TRUE(vxk_framework_outline_show_root({}));
+    // Names that are like the ones above and have the plain default.
+    EXPECT_FALSE(vxk_framework_modeless_dialog_visible({}) || vxk_framework_scene_adder_visible({}) ||
+                 vxk_framework_layer_2d_adder_visible({}) || vxk_framework_layer_3d_adder_visible({}) ||
+                 vxk_framework_properties_3d_editor_visible({}));
+    EXPECT_FALSE(vxk_framework_grid_layout_column_avid({}, 0) || vxk_framework_grid_layout_row_avid({}, 0));
+    EXPECT_FALSE(vxk_framework_checkbox_list_item_enabled({}));
+    EXPECT_EQ(vxk_datasource_datasource_service_priority({}), 0);
+    EXPECT_EQ(vxk_framework_grid_fixed_column_count({}), 0);
+    EXPECT_EQ(vxk_framework_button_default_button({}), 0);
+    // Everything else gives nothing.
+    EXPECT_EQ(vxk_framework_referent_owner({}).table, nullptr);
+    EXPECT_FALSE(vxk_framework_referrer_reachable({}));
+    EXPECT_EQ(vxk_framework_style_editor_style_manager({}), nullptr);
+    EXPECT_EQ(vxk_framework_style_editor_data_source_item_property_value({}, 0, 0), 0.0);
+    EXPECT_EQ(vxk_datasource_vector_source_feature_count({}, true), 0u);
+}
 } // namespace

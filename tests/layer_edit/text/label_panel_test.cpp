@@ -2,6 +2,7 @@
 #include "layer_edit/text/dtld_lr2d_edit.h"
 #include "styles/label/label_style_edit_dlg.h"
 #include "styles/label/label_style_effects_dlg.h"
+#include "styles/label/label_style_new_class_dlg.h"
 #include "support/temp_dir.h"
 #include "user_input/user_input.h"
 
@@ -454,6 +455,21 @@ TEST_F(label_page, a_dialog_whose_layer_goes_meanwhile_writes_nothing)
                                                  delete page;
                                              });
     EXPECT_TRUE(vx_textlr_info_equal(info(), before.get()));
+}
+
+TEST_F(label_page, the_dialog_of_a_new_class_asks_for_its_name)
+{
+    Tvx_label_style_new_class_dlg dialog(nullptr);
+    dialog.create_controls();
+    dialog.set_class_name("Rivers");
+    input::on_next_modal([&](input::modal_window const &window) {
+        EXPECT_EQ(window.title(), L"Enter New Class Name");
+        EXPECT_EQ(dialog.get_name_panel()->get_caption(), L"Class Name");
+        EXPECT_TRUE(input::enter_text(dialog.get_name_panel()->get_edit(), L"Lakes"));
+        window.press_button(L"Apply");
+    });
+    EXPECT_EQ(dialog.show_pos(0, 0), mrOk);
+    EXPECT_EQ(dialog.get_class_name(), "Lakes");
 }
 
 TEST_F(label_page, saves_and_loads_the_classes)

@@ -1,11 +1,14 @@
 #include "platform/base/owned.h"
 #include "platform/basic/vx_clr_channel.h"
+#include "platform/basic/vx_ints.h"
 #include "platform/basic/vx_palette.h"
+#include "platform/basic/vx_wstrings.h"
 
 #include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <set>
+#include <string>
 #include <tuple>
 #include <vector>
 
@@ -103,6 +106,35 @@ TEST(palettes, the_users_list_is_loaded_once)
     EXPECT_EQ(loads, 1);
     vx_user_palettes_set_loader(nullptr);
     vx_clr_palettes_clear(vx_get_user_palettes());
+}
+
+TEST(lists, ints_sets_and_strings)
+{
+    vx::owned<void, &vx_ints_destroy> const ints(vx_ints_create());
+    vx_ints_set_size(ints.get(), 3);
+    for (unsigned i = 0; i < 4; ++i)
+        vx_ints_set_int(ints.get(), i, static_cast<int>(i) + 1);
+    vx_ints_reverse(ints.get());
+    EXPECT_EQ(vx_ints_get_int(ints.get(), 0), 3);
+    EXPECT_EQ(vx_ints_get_int(ints.get(), 3), 0);
+    vx::owned<void, &vx_int_set_destroy> const set(vx_int_set_create());
+    vx_int_set_add(set.get(), -4);
+    EXPECT_TRUE(vx_int_set_find(set.get(), -4));
+    EXPECT_FALSE(vx_int_set_find(set.get(), 4));
+
+    struct
+    {
+        wchar_t const *text;
+        std::vector<std::wstring> parts;
+    } const table[] = {{L"", {}}, {L"a", {L"a"}}, {L"*.a;*.b", {L"*.a", L"*.b"}}, {L";x;", {L"", L"x", L""}}};
+    for (auto const &t : table) {
+        vx::owned<void, &vx_wstrings_destroy> const strings(vx_wstrings_create());
+        vx_wstrings_split_str(strings.get(), t.text, L';');
+        ASSERT_EQ(vx_wstrings_get_size(strings.get()), t.parts.size());
+        for (unsigned i = 0; i < t.parts.size(); ++i)
+            EXPECT_EQ(vx_wstrings_get_str(strings.get(), i), t.parts[i]);
+        EXPECT_STREQ(vx_wstrings_get_str(strings.get(), 99), L"");
+    }
 }
 
 TEST(channels, copies_keep_their_records_apart)

@@ -282,6 +282,42 @@ TEST(val_scale, a_long_scale_at_defaults_is_small)
     }
 }
 
+TEST(rng_scale, each_value_has_one_row_and_a_bound_belongs_below)
+{
+    auto const mngr = make_mngr("pgn_style");
+    void *s = vx_stl_mngr_get_rng_scale_ptr(mngr.get());
+    vx_rng_scale_set_size(s, 3);
+    vx_rng_scale_set_min_value(s, 0);
+    vx_rng_scale_set_max_value(s, 30);
+    // 0 to 10, 10 to 20, a gap, 25 to 30.
+    double const bounds[][2] = {{0, 10}, {10, 20}, {25, 30}};
+    for (unsigned i = 0; i < 3; ++i) {
+        vx_rng_scale_set_min(s, i, bounds[i][0]);
+        vx_rng_scale_set_max(s, i, bounds[i][1]);
+    }
+    double const inf = std::numeric_limits<double>::infinity();
+    struct
+    {
+        double value;
+        unsigned row;
+    } const table[] = {{-inf, 0},    {-1, 0},   {0, 0},    {1e-300, 1},      {10, 1},
+                       {10.0001, 2}, {20, 2},   {20.1, 5}, {25, 5},          {25.1, 3},
+                       {30, 3},      {30.1, 4}, {inf, 4},  {std::nan(""), 5}};
+    for (auto const &t : table)
+        EXPECT_EQ(vx_rng_scale_find(s, t.value), t.row) << t.value;
+    // Rows follow the ranges when these change places.
+    vx_rng_scale_move(s, 0, 2);
+    EXPECT_EQ(vx_rng_scale_find(s, 5), 3u);
+    vx_rng_scale_set_order(s, ints{2, 1, 0}.list.get());
+    EXPECT_EQ(vx_rng_scale_find(s, 5), 1u);
+    vx_rng_scale_set_max(s, 0, 12);
+    EXPECT_EQ(vx_rng_scale_find(s, 11), 1u) << "the first of two ranges counts";
+    vx_rng_scale_set_size(s, 0);
+    EXPECT_EQ(vx_rng_scale_find(s, 11), 2u);
+    EXPECT_EQ(vx_rng_scale_find(s, 0), 0u);
+    EXPECT_EQ(vx_rng_scale_find(s, 31), 1u);
+}
+
 TEST(rng_scale, rows_of_random_scales_agree_with_a_plain_search)
 {
     std::mt19937 random(11);

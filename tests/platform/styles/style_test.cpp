@@ -199,6 +199,27 @@ TEST(styles, layer_functions_keep_to_their_key)
     EXPECT_STREQ(vx_fnt_type_get_wname_ptr(vx_pnt_symb_lr_get_fnt_type_ptr(symb)), L"Symbola");
 }
 
+TEST(styles, text_lines)
+{
+    vx::owned<void, &vx_txt_style_destroy> const style(vx_txt_style_create());
+    void *lines = vx_txt_style_get_txt_stl_line(style.get());
+    vx_txt_stl_line_add(lines, 2);
+    vx_txt_stl_line_set_str(lines, L"NAME", 1);
+    vx_txt_stl_line_set_str(lines, L"lost", 2);
+    EXPECT_EQ(vx_txt_stl_line_count(lines), 2u);
+    EXPECT_EQ(text_from([&](Ivx_string_adp *adp) { vx_txt_stl_line_get_str(lines, adp, 1); }), L"NAME");
+    EXPECT_EQ(text_from([&](Ivx_string_adp *adp) { vx_txt_stl_line_get_str(lines, adp, 2); }), L"");
+    vx_txt_stl_line_del(lines, 0);
+    EXPECT_EQ(text_from([&](Ivx_string_adp *adp) { vx_txt_stl_line_get_str(lines, adp, 0); }), L"NAME");
+
+    auto const mngr = make_mngr("txt_pln_mngr_style");
+    vx_txt_stl_mngr_init(mngr.get(), L"STREET");
+    void *simple = vx_stl_prm_get_txt_pln_style_ptr(vx_stl_mngr_get_simple_sp_ptr(mngr.get()), false);
+    lines = vx_txt_style_get_txt_stl_line(simple);
+    ASSERT_EQ(vx_txt_stl_line_count(lines), 1u);
+    EXPECT_EQ(text_from([&](Ivx_string_adp *adp) { vx_txt_stl_line_get_str(lines, adp, 0); }), L"STREET");
+}
+
 TEST(styles, manager_copies_hold_all_of_it)
 {
     auto const a = make_mngr("pgn_style");

@@ -10,6 +10,7 @@
 #include "platform/toolkit/core/form.h"
 #include "platform/toolkit/graphics/font.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <vector>
 
@@ -103,6 +104,28 @@ TEST(category_panel_group, opens_and_closes)
     group->CollapseAll();
     EXPECT_TRUE(second->GetCollapsed());
     EXPECT_EQ(group->GetPanels(2), nullptr);
+}
+
+TEST(ranges, hold_their_numbers)
+{
+    TProgressBar bar(nullptr);
+    TGauge gauge(nullptr);
+    TTrackBar track(nullptr);
+    for (int value : {-5, 150, 30}) {
+        bar.SetPosition(value);
+        gauge.SetProgress(value);
+        track.SetPosition(value);
+        EXPECT_EQ(bar.GetPosition(), std::clamp(value, 0, 100));
+        EXPECT_EQ(gauge.GetProgress(), std::clamp(value, 0, 100));
+        EXPECT_EQ(track.GetPosition(), std::clamp(value, 0, 10));
+    }
+    bar.SetMax(20);
+    EXPECT_EQ(bar.GetPosition(), 20);
+    bar.SetMin(25);
+    EXPECT_EQ(bar.GetPosition(), 25);
+    gauge.SetMinValue(20);
+    gauge.SetMaxValue(60);
+    EXPECT_EQ(gauge.GetPercentDone(), 25);
 }
 
 TEST(label, is_as_large_as_its_text_until_told_otherwise)

@@ -1,5 +1,6 @@
 #include "scale_engine/range/range_scale_classify_equal_ranges.h"
 #include "scale_engine/real_files.h"
+#include "scale_engine/rule/rule_scale_append_rule.h"
 #include "scale_engine/rule/rule_scale_build_ranges.h"
 #include "scale_engine/rule/rule_scale_build_values.h"
 #include "scale_engine/scale_fixture.h"
@@ -15,6 +16,7 @@ namespace {
 using namespace scale_fixture;
 using namespace vx::task;
 using vx::data::connection;
+using owned_filter = vx::owned<void, &vx_calc_filter_destroy>;
 using owned_data = vx::owned<Ivx_attr_data, &vx_attr_data_release>;
 
 /// The row of the scale in force that draws each object; the other entry is the last row.
@@ -27,6 +29,33 @@ std::vector<unsigned> rows_of(void *mngr, Ivx_attr_data *data, unsigned mode)
     for (unsigned record = 0; record < rows.size(); ++record)
         rows[record] = vx_scale_rows_find(scale.get(), record);
     return rows;
+}
+
+TEST(rules, are_appended_and_edited)
+{
+    scales s;
+    owned_filter const filter(vx_calc_filter_create());
+    vx_calc_filter_add(filter.get(), 1, L"A", c_calc_filter_rel_less, L"5", c_calc_filter_logic_empty, 1);
+    EXPECT_EQ(0, rule_scale_append_rule::execute(filter.get(), s.rule));
+    EXPECT_EQ(1, rule_scale_append_rule::execute(filter.get(), s.rule));
+    EXPECT_EQ((text_list{L"A < 5", L"A < 5"}), value_captions_of(s.rule));
+    vx_val_scale_set_caption_w(s.rule, 1, L"last");
+    vx_val_scale_set_active_idx(s.rule, 0);
+    EXPECT_EQ(1, rule_scale_append_rule::execute(filter.get(), s.rule));
+    EXPECT_EQ((text_list{L"A < 5", L"A < 5", L"last"}), value_captions_of(s.rule));
+    vx_val_scale_set_active_idx(s.rule, 2);
+    EXPECT_EQ(3, rule_scale_append_rule::execute(filter.get(), s.rule));
+
+    vx_calc_filter_clear(filter.get());
+    vx_val_scale_set_text_w(s.rule, 0, L"");
+    rule_scale_edit_rule::init(filter.get(), s.rule, 0);
+    EXPECT_EQ(0U, vx_calc_filter_get_size(filter.get()));
+    rule_scale_edit_rule::init(filter.get(), s.rule, 1);
+    EXPECT_EQ(1U, vx_calc_filter_get_size(filter.get()));
+    vx_val_scale_set_text_w(s.rule, 2, L"");
+    rule_scale_edit_rule::execute(filter.get(), s.rule, 2);
+    EXPECT_EQ(texts_of(s.rule)[1], texts_of(s.rule)[2]);
+    EXPECT_EQ(L"last", value_captions_of(s.rule)[2]);
 }
 
 TEST(rules, select_what_the_scale_draws)

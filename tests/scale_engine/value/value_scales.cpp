@@ -2,9 +2,12 @@
 #include "scale_engine/scale_fixture.h"
 #include "scale_engine/value/detail/kept_texts.h"
 #include "scale_engine/value/value_scale_append_fresh.h"
+#include "scale_engine/value/value_scale_append_value.h"
+#include "scale_engine/value/value_scale_assign_style.h"
 #include "scale_engine/value/value_scale_build_cache.h"
 #include "scale_engine/value/value_scale_build_text_cache.h"
 #include "scale_engine/value/value_scale_default.h"
+#include "scale_engine/value/value_scale_invert.h"
 #include "scale_engine/value/value_scale_make_colors.h"
 #include "scale_engine/value/value_scale_rebuild.h"
 #include "scale_engine/value/value_scale_update_caption.h"
@@ -218,4 +221,82 @@ TEST(value_default, is_made_saved_and_found_again)
     EXPECT_EQ(before, dir.count());
 }
 
+TEST(value_entries, come_and_go_with_a_cache)
+{
+    scales s;
+    fill_values(s.val, {{L" a ", L"A"}, {L"b", L"B"}, {L"a", L"again"}});
+    std::unordered_map<std::wstring, std::wstring> cache{{L"a", L"x"}, {L"c", L"x"}};
+    for (int i = 0; i < 2; ++i) {
+        value_scale_append_fresh::execute(s.val, cache);
+        EXPECT_EQ((text_list{L" a ", L"b", L"a", L"c"}), texts_of(s.val));
+        EXPECT_EQ((text_list{L"A", L"B", L"again", L"c"}), value_captions_of(s.val));
+    }
+    value_scale_remove_absent::execute(s.val, cache);
+    EXPECT_EQ((text_list{L" a ", L"a", L"c"}), texts_of(s.val));
+    cache.clear();
+    value_scale_remove_absent::execute(s.val, cache);
+    EXPECT_EQ(0U, vx_val_scale_get_size(s.val));
+
+    EXPECT_EQ(0U, value_scale_append_value::execute(s.val));
+    EXPECT_EQ(1U, value_scale_append_value::execute(s.val));
+    vx_val_scale_set_text_w(s.val, 1, L"last");
+    vx_val_scale_set_active_idx(s.val, 0);
+    EXPECT_EQ(1U, value_scale_append_value::execute(s.val));
+    EXPECT_EQ((text_list{L"", L"", L"last"}), texts_of(s.val));
+    vx_val_scale_set_active_idx(s.val, 2);
+    EXPECT_EQ(3U, value_scale_append_value::execute(s.val));
+}
+
+TEST(value_captions, from_texts_and_tables)
+{
+    scales s;
+    fill_values(s.val, {{L" b ", L"B"}, {L"z", L"Z"}});
+    table const t(rows_list{{L"a", L"1"}, {L"b", L"2"}});
+    value_scale_modify_caption(L"key", L"caption").execute(s.val, t.entity());
+    EXPECT_EQ((text_list{L"2", L"Z"}), value_captions_of(s.val));
+    value_scale_modify_caption(L"no such", L"caption").execute(s.val, t.entity());
+    value_scale_modify_caption().execute(s.val, t.entity());
+    EXPECT_EQ((text_list{L"2", L"Z"}), value_captions_of(s.val));
+    value_scale_modify_caption(L"key", L"no such").execute(s.val, t.entity());
+    EXPECT_EQ((text_list{L"b", L"Z"}), value_captions_of(s.val));
+    text_map ready{{L"z", L"ready"}};
+    value_scale_modify_caption().execute(s.val, ready);
+    EXPECT_EQ((text_list{L"b", L"ready"}), value_captions_of(s.val));
+    value_scale_update_caption::text(s.val);
+    EXPECT_EQ((text_list{L" b ", L"z"}), value_captions_of(s.val));
+}
+
+TEST(value_styles, colors_one_style_and_inversion)
+{
+    scales s;
+    value_scale_make_colors::execute(s.val, c_palette_red, false);
+    vx_val_scale_set_size(s.val, 5);
+    auto const prms = value_prms(s.val);
+    number_by_color(prms);
+    for (unsigned const i : {1U, 3U, 4U})
+        vx_val_scale_set_marked(s.val, i, true);
+    value_scale_invert::execute(s.val, true, false);
+    EXPECT_EQ((std::vector{0, 4, 2, 3, 1, 5}), numbers_by_color(prms));
+    value_scale_invert::execute(s.val, false, false);
+    EXPECT_EQ((std::vector{1, 3, 2, 4, 0, 5}), numbers_by_color(prms));
+
+    Tvx_color wanted[5];
+    vx_clr_arrays_generate(c_palette_green, 3, wanted);
+    value_scale_make_colors::execute(s.val, c_palette_green, true, false, false);
+    EXPECT_EQ(wanted[1], color_of(prms[3]));
+    EXPECT_EQ(1, color_of(prms[0]).r);
+    vx_clr_arrays_generate_ex(c_palette_green, 5, wanted, true);
+    value_scale_make_colors::execute(s.val, c_palette_green, true);
+    for (std::size_t i = 0; i < 5; ++i)
+        EXPECT_EQ(wanted[i], color_of(prms[i]));
+    EXPECT_EQ(5, color_of(prms[5]).r) << "the other entry";
+
+    vx::owned<void, &vx_pnt_style_destroy> const style(vx_pnt_style_create());
+    vx_pnt_style_assign(style.get(),
+                        vx_stl_prm_get_pnt_style_ptr(vx_scale_prm_get_stl_prm_ptr(prms[2]), false));
+    value_scale_assign_style::execute_pnt(s.val, style.get());
+    value_scale_assign_style::execute_pln(s.val, style.get());
+    for (void *const prm : prms)
+        EXPECT_EQ(wanted[2], color_of(prm));
+}
 } // namespace

@@ -215,6 +215,26 @@ TEST_F(shell, fills_a_range_scale_that_needs_it_once)
     EXPECT_EQ(vx_rng_scale_get_size(vx_stl_mngr_get_rng_scale_ptr(others.get())), 3u);
 }
 
+TEST_F(shell, a_style_is_edited_by_its_button)
+{
+    auto *const edit = add_edit<Tvx_clr_stl_mngr_edit>();
+    owned_mngr const colors(vx_stl_mngr_create("clr_style"));
+    edit->set_clr_stl_mngr(colors.get());
+    edit->update_controls();
+    void *const prm = vx_stl_mngr_get_simple_sp_ptr(colors.get());
+    Tvx_color const before = *vx_stl_prm_get_clr_style_ptr(prm, false);
+    ASSERT_TRUE(input::click(edit->get_smp_edit()->get_style_panel()->get_btn_s()));
+    EXPECT_EQ(*vx_stl_prm_get_clr_style_ptr(prm, true), next_color);
+    EXPECT_EQ(*vx_stl_prm_get_clr_style_ptr(prm, false), before);
+    EXPECT_EQ(taken_events(), 1);
+    EXPECT_EQ(last_sender, edit);
+    accepts = false;
+    ASSERT_TRUE(input::click(edit->get_smp_edit()->get_style_panel()->get_btn()));
+    EXPECT_EQ(taken_events(), 0);
+    edit->enable_selection_style(false);
+    EXPECT_FALSE(edit->get_smp_edit()->get_style_panel()->get_btn_s()->GetShowing());
+}
+
 TEST_F(shell, legends_are_read_into_managers_of_geometry)
 {
     auto const has_row = [this](char const *type) {
