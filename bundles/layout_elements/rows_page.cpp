@@ -32,14 +32,23 @@ constexpr value c_writing_size =
     field<&vx_layout_lr2d_get_writing, &vx_layout_lr2d_set_writing, &Tvx_layout_writing::size>;
 } // namespace
 
+rows_page::rows_page(TComponent *owner)
+    : Tvx_basic_lr2d_edit(owner), f_area(new TScrollBox(this)), f_parent(f_area)
+{
+    f_area->SetBorderStyle(bsNone);
+    f_area->SetParent(this);
+    f_area->SetAlign(alClient);
+}
+
 /// Below what stands there.
 void rows_page::place_row(TControl *row)
 {
-    auto *const parent = f_parent ? f_parent : this;
     int bottom = 0;
-    for (int i = 0; i < parent->GetControlCount(); ++i)
-        bottom = std::max(bottom, parent->GetControls(i)->GetTop() + parent->GetControls(i)->GetHeight());
-    row->SetParent(parent);
+    for (int i = 0; i < f_parent->GetControlCount(); ++i) {
+        TControl const *const above = f_parent->GetControls(i);
+        bottom = std::max(bottom, above->GetTop() + above->GetHeight());
+    }
+    row->SetParent(f_parent);
     row->SetTop(bottom);
     set_margins(row);
     row->SetAlign(alTop);
@@ -57,15 +66,14 @@ void rows_page::place_page(Tvx_basic_lr2d_edit *edit)
     f_pages.push_back(edit);
 }
 
-TWinControl *rows_page::add_group(int caption, int height, TAlign align)
+TWinControl *rows_page::add_group(int caption, int height)
 {
-    add_to(this);
+    end_group();
     auto *const box = new Tvx_group_box(this);
     box->SetHeight(height);
     place_row(box);
-    box->SetAlign(align);
     f_groups.push_back({box, caption});
-    add_to(box);
+    f_parent = box;
     return box;
 }
 
@@ -206,7 +214,7 @@ void rows_page::add_writing()
             writing.color = color->get_color();
             vx_layout_lr2d_set_writing(f_lr2d, writing);
         });
-    add_to(this);
+    end_group();
 }
 
 void rows_page::set_row_visible(TControl const *control, bool visible)

@@ -5,6 +5,8 @@
 #include "controls/numeric/size_panel.h"
 #include "layer_edit/page_api/basic_lr2d_edit.h"
 
+#include "platform/toolkit/controls/scroll_box.h"
+
 #include <algorithm>
 #include <functional>
 #include <type_traits>
@@ -56,10 +58,11 @@ struct flag_row
 /// A page of an element of a layout: rows of controls from the top, each for one value of the element. What
 /// the user does goes into the element at once; what could not be taken gives way to what is in force when
 /// the user leaves the row.
+/// A page that is higher than its window scrolls.
 class rows_page : public Tvx_basic_lr2d_edit
 {
 public:
-    using Tvx_basic_lr2d_edit::Tvx_basic_lr2d_edit;
+    explicit rows_page(TComponent *owner);
 
     void load_res() override;
     void update_controls() override;
@@ -70,9 +73,9 @@ protected:
     static constexpr int c_label_width = 160;
     static constexpr int c_row_height = 22;
 
-    /// The parent of the rows that are added next: the page, or a group on it.
-    void add_to(TWinControl *parent) { f_parent = parent; }
-    TWinControl *add_group(int caption, int height, TAlign align = alTop);
+    /// The parent of the rows that are added next, until `end_group`.
+    TWinControl *add_group(int caption, int height);
+    void end_group() { f_parent = f_area; }
     Tvx_size_panel *add_number(number_row const &row);
     void add_choice(choice_row const &row);
     void add_flag(flag_row const &row);
@@ -118,17 +121,14 @@ private:
         Tvx_group_box *box;
         int caption;
     };
-    struct page
-    {
-        Tvx_basic_lr2d_edit *edit;
-    };
 
     void place_page(Tvx_basic_lr2d_edit *edit);
     void on_row_changed(TObject *sender);
     void on_row_left(TObject *sender);
     void on_page_changed(TObject *sender);
 
-    TWinControl *f_parent = nullptr;
+    TScrollBox *f_area;
+    TWinControl *f_parent; ///< of the next row
     std::vector<row> f_rows;
     std::vector<group> f_groups;
     std::vector<Tvx_basic_lr2d_edit *> f_pages;

@@ -8,6 +8,7 @@
 #include "platform/toolkit/core/key_codes.h"
 
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QScrollArea>
 #include <QtWidgets/QWidget>
 
 #include <functional>
@@ -27,10 +28,19 @@ struct stop
     TWinControl *control;
 
     [[nodiscard]] std::string name() const { return control->GetAccessibleName().to_utf8(); }
-    [[nodiscard]] QRect place() const
+    /// Where it stands beside another: what lies in an area that scrolls stands where that does.
+    [[nodiscard]] QRect place_beside(stop const &other) const
     {
-        return QRect(widget->mapTo(widget->window(), QPoint()), widget->size());
+        QWidget const *seen = widget;
+        for (QWidget const *w = widget; w; w = w->parentWidget())
+            if (qobject_cast<QScrollArea const *>(w) && !w->isAncestorOf(other.widget))
+                seen = w;
+        return place_of(seen);
     }
+    [[nodiscard]] QRect place() const { return place_of(widget); }
+
+private:
+    static QRect place_of(QWidget const *w) { return QRect(w->mapTo(w->window(), QPoint()), w->size()); }
 };
 
 inline stop current_stop()
@@ -91,8 +101,8 @@ inline void expect_reading_order(std::vector<stop> const &stops)
 {
     for (std::size_t i = 0; i < stops.size(); ++i)
         for (std::size_t k = i + 1; k < stops.size(); ++k) {
-            QRect const before = stops[i].place();
-            QRect const after = stops[k].place();
+            QRect const before = stops[i].place_beside(stops[k]);
+            QRect const after = stops[k].place_beside(stops[i]);
             bool const above = after.bottom() < before.top() && after.left() <= before.right() &&
                                before.left() <= after.right();
             bool const left = after.right() < before.left() && after.top() <= before.bottom() &&

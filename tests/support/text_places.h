@@ -140,12 +140,13 @@ inline bool covered(QWidget *w, QRect const &letters)
     });
 }
 
-/// The number of texts below the scope that show; each has to be seen whole.
-inline int expect_texts_fit(TWinControl *scope)
+/// The number of texts below the scope that show; each has to be seen whole, of those in areas that scroll
+/// only where `in_areas` says that nothing is to scroll.
+inline int expect_texts_fit(TWinControl *scope, bool in_areas = false)
 {
     int count = 0;
     for (QWidget *const w : vx_qt_widget(scope)->findChildren<QWidget *>()) {
-        if (!w->isVisible() || scrolls_away(w))
+        if (!w->isVisible() || (!in_areas && scrolls_away(w)))
             continue;
         text_place const t = text_of(w);
         if (t.text.isEmpty())

@@ -93,7 +93,7 @@ TEST_F(element_pages, each_element_has_its_tabs_which_are_read_in_both_languages
             ASSERT_EQ(tabs().size(), has_own ? 2u : 1u);
             for (int i = 0; i < static_cast<int>(tabs().size()); ++i) {
                 ASSERT_TRUE(input::click_tab(pages(), i));
-                vx_test::expect_texts_fit(pages()->GetActivePage());
+                vx_test::expect_texts_fit(pages()->GetActivePage(), true);
                 pages()->SetFocus();
                 auto const stops = vx_test::round(pages()->GetActivePage(), true);
                 vx_test::expect_reading_order(stops);
@@ -359,4 +359,24 @@ TEST_F(element_pages, bars_arrows_pictures_and_tables)
     EXPECT_EQ(table.fields, (lines{fields[2].substr(1), fields[0].substr(1)}));
     vx_lr2d_edt_form_set_lr2d(record.get(), nullptr);
     EXPECT_TRUE(tabs().empty());
+}
+
+TEST_F(element_pages, a_low_window_scrolls_to_what_has_the_focus)
+{
+    open(c_lr_key_layout_legend, L"Left");
+    vx_lr2d_edt_form_set_height(record.get(), 260);
+    input::wait_idle();
+    auto *const page = pages()->GetActivePage();
+    auto const in_sight = [&](TControl *control) {
+        auto const at = page->ScreenToClient(control->ClientToScreen({0, control->GetHeight() / 2}));
+        return at.Y > 0 && at.Y < page->GetClientHeight();
+    };
+    auto *const frame = find<TComboBox>(window(), L"Frame");
+    auto *const color = find<TButton>(window(), L"Colour");
+    ASSERT_TRUE(frame && color);
+    EXPECT_TRUE(in_sight(frame) && !in_sight(color));
+    ASSERT_TRUE(input::tab_to(color));
+    EXPECT_TRUE(in_sight(color));
+    ASSERT_TRUE(input::tab_to(frame));
+    EXPECT_TRUE(in_sight(frame));
 }

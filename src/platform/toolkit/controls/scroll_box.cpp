@@ -3,6 +3,7 @@
 #include "platform/toolkit/bridge/qt_widgets.h"
 
 #include <QtGui/QResizeEvent>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QFrame>
 #include <QtWidgets/QScrollArea>
 #include <QtWidgets/QScrollBar>
@@ -10,6 +11,8 @@
 #include <algorithm>
 
 namespace {
+constexpr int c_focus_margin = 6;
+
 class scroll_widget final : public QScrollArea
 {
 public:
@@ -20,6 +23,12 @@ public:
         setFrameShape(QFrame::StyledPanel);
         viewport()->setAutoFillBackground(false);
         widget()->setAutoFillBackground(false);
+        // Who comes by keys sees where. A click has been seen, and must not move what it falls on.
+        connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) {
+            if (now && widget() && widget()->isAncestorOf(now) &&
+                QApplication::mouseButtons() == Qt::NoButton)
+                ensureWidgetVisible(now, 0, c_focus_margin);
+        });
     }
 
     closure<void()> resized;

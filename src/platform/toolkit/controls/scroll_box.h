@@ -3,7 +3,8 @@
 #include "platform/toolkit/core/win_control.h"
 
 /// An area that scrolls when its controls do not fit; 185 by 41. Controls aligned to the client area or a
-/// side get the visible room; those that stand free make the area as large as they need.
+/// side get the visible room; those that stand free make the area as large as they need. A control that gets
+/// the focus by keys or by the program is scrolled into sight.
 class VX_API TScrollBox : public TWinControl
 {
 public:
