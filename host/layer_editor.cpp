@@ -3,6 +3,7 @@
 #include "exports/vxk_lr2d_edit_form_api.h"
 #include "host/captions.h"
 #include "host/layer_classes.h"
+#include "host/layer_info.h"
 #include "host/layer_list.h"
 #include "host/layer_style.h"
 
@@ -15,10 +16,36 @@
 #include <array>
 #include <utility>
 
-Tvx_layer_editor::Tvx_layer_editor(Tvx_layer_list &layers, QWidget *window)
-    : QObject(window), f_layers(layers), f_window(window)
+namespace {
+/// Those of a map.
+class map_layers : public Tvx_edited_layers
 {
-    connect(&layers, &Tvx_layer_list::layer_removed, this, &Tvx_layer_editor::on_layer_removed);
+public:
+    explicit map_layers(Tvx_layer_list &layers) : f_layers(layers) {}
+
+    [[nodiscard]] Ivx_layer *find(int id) const override { return f_layers.layer_at(f_layers.row_of(id)); }
+    bool replace(int id, layer_ptr layer) override { return f_layers.replace(id, std::move(layer)); }
+    [[nodiscard]] bool are_alike(Ivx_layer *copy, Ivx_layer *unchanged) const override
+    {
+        return vx_layer_has_style_of(copy, unchanged);
+    }
+    [[nodiscard]] Tvx_lr2d_edit_form *create_form() const override { return vx_lr2d_edt_form_create(); }
+    void destroy_form(Tvx_lr2d_edit_form *form) const override { vx_lr2d_edt_form_destroy(form); }
+
+private:
+    Tvx_layer_list &f_layers;
+};
+} // namespace
+
+Tvx_layer_editor::Tvx_layer_editor(Tvx_layer_list &layers, QWidget *window)
+    : Tvx_layer_editor(std::make_unique<map_layers>(layers), window)
+{
+    connect(&layers, &Tvx_layer_list::layer_removed, this, &Tvx_layer_editor::forget);
+}
+
+Tvx_layer_editor::Tvx_layer_editor(std::unique_ptr<Tvx_edited_layers> layers, QWidget *window)
+    : QObject(window), f_layers(std::move(layers)), f_window(window)
+{
 }
 
 Tvx_layer_editor::~Tvx_layer_editor()
@@ -28,7 +55,7 @@ Tvx_layer_editor::~Tvx_layer_editor()
 
 void Tvx_layer_editor::open(int id, QPoint where)
 {
-    if (f_layers.row_of(id) < 0)
+    if (!f_layers->find(id))
         return;
     bool const fresh = !is_showing();
     ensure_window();
@@ -64,7 +91,7 @@ void Tvx_layer_editor::ask_to_follow()
 bool Tvx_layer_editor::has_changes() const
 {
     Ivx_layer *const copy = is_showing() ? vx_lr2d_edt_form_get_lr2d_ptr(f_form) : nullptr;
-    return copy && f_unchanged && !vx_layer_has_style_of(copy, f_unchanged.get());
+    return copy && f_unchanged && !f_layers->are_alike(copy, f_unchanged.get());
 }
 
 bool Tvx_layer_editor::may_lose_changes(int id)
@@ -72,7 +99,7 @@ bool Tvx_layer_editor::may_lose_changes(int id)
     if ((id >= 0 && id != f_layer_id) || !has_changes())
         return true;
     QMessageBox box(QMessageBox::Question, vx_host_caption(c_cap_application),
-                    vx_map_caption(c_map_apply_question).arg(f_layers.name_at(f_layers.row_of(f_layer_id))),
+                    vx_map_caption(c_map_apply_question).arg(vx_layer_name(f_layers->find(f_layer_id))),
                     QMessageBox::NoButton, f_window);
     box.setTextFormat(Qt::PlainText);
     QPushButton *const apply = box.addButton(vx_map_caption(c_map_apply_yes), QMessageBox::AcceptRole);
@@ -95,24 +122,30 @@ void Tvx_layer_editor::refresh(int id)
         show_layer(id);
 }
 
-void Tvx_layer_editor::take_class(int id, int place)
+void Tvx_layer_editor::take(int id, std::function<void(Ivx_layer *copy, Ivx_layer *layer)> const &take)
 {
     if (!f_form || id != f_layer_id)
         return;
-    Ivx_layer *const layer = f_layers.layer_at(f_layers.row_of(id));
+    Ivx_layer *const layer = f_layers->find(id);
     for (Ivx_layer *const copy : std::array{vx_lr2d_edt_form_get_lr2d_ptr(f_form), f_unchanged.get()})
-        vx_layer_class_take_visible(copy, layer, unsigned(place));
+        take(copy, layer);
     update();
+}
+
+void Tvx_layer_editor::take_class(int id, int place)
+{
+    take(id, [place](Ivx_layer *copy, Ivx_layer *layer) {
+        vx_layer_class_take_visible(copy, layer, unsigned(place));
+    });
 }
 
 void Tvx_layer_editor::take_name(int id)
 {
-    if (!f_form || id != f_layer_id)
-        return;
-    std::wstring name;
-    vx_lr2d_get_wcaption(f_layers.layer_at(f_layers.row_of(id)), Tvx_std_wstring_adapter(name));
-    vx_lr2d_set_wcaption(vx_lr2d_edt_form_get_lr2d_ptr(f_form), name.c_str());
-    update();
+    take(id, [](Ivx_layer *copy, Ivx_layer *layer) {
+        std::wstring name;
+        vx_lr2d_get_wcaption(layer, Tvx_std_wstring_adapter(name));
+        vx_lr2d_set_wcaption(copy, name.c_str());
+    });
 }
 
 void Tvx_layer_editor::update()
@@ -126,7 +159,8 @@ void Tvx_layer_editor::close()
     // The handle is forgotten first: ending the window runs events that may ask about it.
     Tvx_lr2d_edit_form *const form = std::exchange(f_form, nullptr);
     f_layer_id = -1;
-    vx_lr2d_edt_form_destroy(form);
+    if (form)
+        f_layers->destroy_form(form);
 }
 
 bool Tvx_layer_editor::is_showing() const
@@ -138,7 +172,7 @@ void Tvx_layer_editor::ensure_window()
 {
     if (f_form)
         return;
-    f_form = vx_lr2d_edt_form_create();
+    f_form = f_layers->create_form();
     vx_lr2d_edt_form_create_all(f_form);
     vx_lr2d_edt_form_set_callback(f_form, this,
                                   [](void *self) { static_cast<Tvx_layer_editor *>(self)->on_apply(); });
@@ -146,15 +180,15 @@ void Tvx_layer_editor::ensure_window()
 
 void Tvx_layer_editor::show_layer(int id)
 {
-    int const row = f_layers.row_of(id);
-    f_layer_id = row < 0 ? -1 : id;
-    vx_lr2d_edt_form_set_lr2d(f_form, f_layers.layer_at(row));
+    Ivx_layer *const layer = f_layers->find(id);
+    f_layer_id = layer ? id : -1;
+    vx_lr2d_edt_form_set_lr2d(f_form, layer);
     // The title follows the layer at an update only.
     vx_lr2d_edt_form_update(f_form);
     f_unchanged.reset(vx_lr2d_clone(vx_lr2d_edt_form_get_lr2d_ptr(f_form)));
 }
 
-void Tvx_layer_editor::on_layer_removed(int id)
+void Tvx_layer_editor::forget(int id)
 {
     if (f_form && id == f_layer_id)
         show_layer(-1);
@@ -166,6 +200,6 @@ void Tvx_layer_editor::on_apply()
     if (!copy || f_layer_id < 0)
         return;
     f_unchanged.reset(vx_lr2d_clone(copy));
-    if (f_layers.replace(f_layer_id, Tvx_layer_list::layer_ptr(vx_lr2d_clone(copy))))
+    if (f_layers->replace(f_layer_id, Tvx_edited_layers::layer_ptr(vx_lr2d_clone(copy))))
         emit applied(f_layer_id);
 }

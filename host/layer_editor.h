@@ -6,12 +6,32 @@
 #include <QObject>
 #include <QPoint>
 
+#include <functional>
+#include <memory>
+
 class Tvx_layer_list;
 class QWidget;
 class Tvx_lr2d_edit_form;
 
-/// The layer editor of the map: one window, made when it is first needed, that shows the layer selected in
-/// the list.
+/// What a layer editor edits: layers known by their ids, in a form of their kind.
+class Tvx_edited_layers
+{
+public:
+    using layer_ptr = vx::owned<Ivx_layer, &vx_lr2d_destroy>;
+
+    virtual ~Tvx_edited_layers() = default;
+    /// Null when there is none; the layer stays its owner's.
+    [[nodiscard]] virtual Ivx_layer *find(int id) const = 0;
+    /// Puts an edited layer in the place of the one with this id; false when there is none.
+    virtual bool replace(int id, layer_ptr layer) = 0;
+    /// Whether nothing was changed that Apply would bring to the layer.
+    [[nodiscard]] virtual bool are_alike(Ivx_layer *copy, Ivx_layer *unchanged) const = 0;
+    [[nodiscard]] virtual Tvx_lr2d_edit_form *create_form() const = 0;
+    virtual void destroy_form(Tvx_lr2d_edit_form *form) const = 0;
+};
+
+/// The editor of layers: one window, made when it is first needed, that shows the layer selected in the
+/// list.
 ///
 /// The editor works on a copy. At Apply the layer in the list is replaced by a clone of that copy, so
 /// whatever becomes of the list, the editor and the map never share a layer. Changes that were not applied
@@ -23,6 +43,8 @@ class Tvx_layer_editor : public QObject
 public:
     /// The list must outlive the editor. Questions are asked over `window`.
     Tvx_layer_editor(Tvx_layer_list &layers, QWidget *window);
+    /// For other layers than those of a map; who owns them tells by `forget` of those that go.
+    Tvx_layer_editor(std::unique_ptr<Tvx_edited_layers> layers, QWidget *window);
     ~Tvx_layer_editor() override;
 
     /// Shows the window on this layer, at `where` on the screen unless it is on the screen already.
@@ -39,6 +61,10 @@ public:
     void take_class(int id, int place);
     /// Takes the layer's name over in the same way.
     void take_name(int id);
+    /// Takes over what else was changed: `take` brings it to a copy from the layer.
+    void take(int id, std::function<void(Ivx_layer *copy, Ivx_layer *layer)> const &take);
+    /// The layer is gone.
+    void forget(int id);
     /// Brings the window in line with settings of the program.
     void update();
     /// Ends the window. `open` makes a new one.
@@ -58,12 +84,11 @@ signals:
 private:
     void ensure_window();
     void show_layer(int id);
-    void on_layer_removed(int id);
     void on_apply();
     void ask_to_follow();
     [[nodiscard]] bool has_changes() const;
 
-    Tvx_layer_list &f_layers;
+    std::unique_ptr<Tvx_edited_layers> f_layers;
     QWidget *f_window;
     /// The copy as it was when it came.
     vx::owned<Ivx_layer, &vx_lr2d_destroy> f_unchanged;
