@@ -1,10 +1,11 @@
 #include "host/captions.h"
-#include "host/glyphs.h"
+#include "host/command_action.h"
 #include "host/layer_labels.h"
 #include "host/layer_panel.h"
 #include "host/layer_style.h"
 #include "host/library_dialog.h"
 #include "host/map_canvas.h"
+#include "host/map_layouts.h"
 #include "host/map_window.h"
 #include "host/rotation.h"
 
@@ -38,15 +39,6 @@ QString caption(int number)
 {
     return QString::fromWCharArray(vx_res_get_wstr(number));
 }
-
-/// Text of a menu command without its access key and dots, for hints and small buttons.
-QString plain(QString text)
-{
-    text.remove('&');
-    while (text.endsWith('.'))
-        text.chop(1);
-    return text;
-}
 } // namespace
 
 /// The commands of the window in the order of the menus; those of the menu "Layer" are the context menu of
@@ -56,7 +48,7 @@ struct Tvx_map_window::command_row
     using window = Tvx_map_window;
 
     char const *name;
-    Tvx_host_caption menu;
+    int menu; ///< number of its caption
     int caption;
     std::optional<int> hint;
     char const *glyph;
@@ -84,6 +76,7 @@ std::vector<Tvx_map_window::command_row> const &Tvx_map_window::command_rows()
         return vx_layer_style_fits(layer, layer);
     };
     constexpr auto has_layers = [](window const &w) { return w.f_layers.count() > 0; };
+    constexpr auto has_layouts = [](window const &w) { return w.f_page_layouts->count() > 0; };
     constexpr auto has_selection = [](window const &w) { return w.selected_row() >= 0; };
     constexpr auto is_below = [](window const &w) { return w.selected_row() > 0; };
     constexpr auto is_above = [](window const &w) {
@@ -441,6 +434,27 @@ std::vector<Tvx_map_window::command_row> const &Tvx_map_window::command_rows()
          has_selection,
          [](window &w, bool) { w.f_layers.remove(w.selected_row()); }},
 
+        {"new_layout",
+         c_lay_menu,
+         c_lay_new,
+         c_lay_hint_new,
+         nullptr,
+         {Qt::CTRL | Qt::SHIFT | Qt::Key_N},
+         0,
+         has_layers,
+         [](window &w, bool) { w.f_page_layouts->add(); }},
+        {"open_layout", c_lay_menu, c_lay_open, {}, nullptr, {}, c_opens_menu, has_layouts, nullptr},
+        {"rename_layout",
+         c_lay_menu,
+         c_lay_rename_of,
+         {},
+         nullptr,
+         {},
+         c_begins_group | c_opens_menu,
+         has_layouts,
+         nullptr},
+        {"delete_layout", c_lay_menu, c_lay_delete_of, {}, nullptr, {}, c_opens_menu, has_layouts, nullptr},
+
         {"shortcuts",
          c_cap_menu_help,
          c_cap_shortcuts,
@@ -465,18 +479,10 @@ std::vector<Tvx_map_window::command_row> const &Tvx_map_window::command_rows()
 
 QAction *Tvx_map_window::make_command(command_row const &row)
 {
-    QString const text = caption(row.caption);
-    QAction *action = row.is(c_opens_menu) ? (new QMenu(text, this))->menuAction() : new QAction(text, this);
-    action->setObjectName(QLatin1String(row.name));
-    action->setIconText(plain(text));
-    action->setShortcuts(row.keys);
-    QString tip = row.hint ? caption(*row.hint) : plain(text);
-    action->setStatusTip(row.hint ? tip : QString());
-    if (!row.keys.isEmpty())
-        tip += QStringLiteral(" (%1)").arg(row.keys.front().toString(QKeySequence::NativeText));
-    action->setToolTip(tip);
-    if (row.glyph)
-        action->setIcon(vx_host_glyph(row.glyph));
+    QAction *const action =
+        vx_command_action({row.name, caption(row.caption), row.hint ? caption(*row.hint) : QString(),
+                           row.glyph, row.keys, row.is(c_opens_menu)},
+                          this);
     action->setCheckable(row.is(c_checkable));
     if (row.is(c_of_panel))
         action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
@@ -500,6 +506,21 @@ void Tvx_map_window::create_commands()
     connect(command("draw_by")->menu(), &QMenu::aboutToShow, this,
             [this] { vx_guarded([this] { fill_draw_by_menu(); }); });
     command("draw_by")->menu()->setObjectName(QStringLiteral("draw_by_menu"));
+    struct layout_menu
+    {
+        char const *name;
+        void (*run)(Tvx_map_window &window, int index);
+    };
+    constexpr layout_menu c_layout_menus[] = {
+        {"open_layout", [](Tvx_map_window &w, int index) { w.f_page_layouts->open(index); }},
+        {"rename_layout", [](Tvx_map_window &w, int index) { w.f_page_layouts->rename(index, &w); }},
+        {"delete_layout", [](Tvx_map_window &w, int index) { w.f_page_layouts->remove(index, &w); }},
+    };
+    for (layout_menu const &m : c_layout_menus) {
+        QMenu *const menu = command(m.name)->menu();
+        connect(menu, &QMenu::aboutToShow, this,
+                [this, menu, run = m.run] { vx_guarded([&] { fill_layout_menu(*menu, run); }); });
+    }
 }
 
 void Tvx_map_window::create_menus()
@@ -508,7 +529,7 @@ void Tvx_map_window::create_menus()
     for (command_row const &row : command_rows()) {
         QMenu *&menu = menus[row.menu];
         if (!menu)
-            menu = menuBar()->addMenu(vx_host_caption(row.menu));
+            menu = menuBar()->addMenu(caption(row.menu));
         else if (row.is(c_begins_group))
             menu->addSeparator();
         menu->addAction(command(row.name));
@@ -570,4 +591,12 @@ void Tvx_map_window::update_commands()
 QAction *Tvx_map_window::command(char const *name) const
 {
     return f_commands.value(QLatin1String(name));
+}
+
+void Tvx_map_window::fill_layout_menu(QMenu &menu, void (*run)(Tvx_map_window &window, int index))
+{
+    menu.clear();
+    for (int i = 0; i < f_page_layouts->count(); ++i)
+        connect(menu.addAction(f_page_layouts->name_at(i).replace('&', "&&")), &QAction::triggered, this,
+                [this, run, i] { vx_guarded([&] { run(*this, i); }); });
 }

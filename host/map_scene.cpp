@@ -90,18 +90,21 @@ QString vx_map_scene_name(QString const &path)
     return name;
 }
 
-Tvx_loaded_scene vx_map_scene_load(QString const &path)
+Tvx_loaded_scene vx_map_scene_load(QString const &path, Ivx_scns_2d *layouts)
 {
     Tvx_loaded_scene result;
     scene_ptr const scene(vx_scn_2d_create(L""));
     xml_ptr const xml(vx_xml_save_style_create());
-    if (!vx_xml_data_load_scn2d_w(xml.get(), QFileInfo(path).absoluteFilePath().toStdWString().c_str(),
-                                  scene.get())) {
+    if (!vx_xml_data_load_scn2d_layouts_w(
+            xml.get(), QFileInfo(path).absoluteFilePath().toStdWString().c_str(), scene.get(), layouts)) {
         std::wstring error;
         vx_xml_data_get_error_w(xml.get(), Tvx_std_wstring_adapter(error));
         result.error = QString::fromStdWString(error);
         return result;
     }
+    std::wstring name;
+    vx_scn_2d_get_wcaption(scene.get(), Tvx_std_wstring_adapter(name));
+    result.name = QString::fromStdWString(name);
     Tvx_pnt_d2 center{};
     double pixel = 0;
     if (vx_scn_2d_get_view(scene.get(), &center, &pixel)) {
@@ -151,9 +154,12 @@ void vx_map_scene_open_layer(Tvx_scene_layer &scene, std::optional<Tvx_box_d2> c
         miss(scene, error);
 }
 
-bool vx_map_scene_save(QString const &path, Tvx_layer_list const &layers, Tvx_canvas_view const &view)
+bool vx_map_scene_save(QString const &path, Tvx_layer_list const &layers, Tvx_canvas_view const &view,
+                       Tvx_scene_layouts const &layouts)
 {
-    scene_ptr const scene(vx_scn_2d_create(L""));
+    // The name is in the file for the frames of its layouts alone: a map is called as its file.
+    bool const has_layouts = vx_scns_2d_get_count(layouts.layouts) > 0;
+    scene_ptr const scene(vx_scn_2d_create(has_layouts ? layouts.map_name.toStdWString().c_str() : L""));
     vx_scn_2d_set_view(scene.get(), view.center(), view.units_per_pixel());
     for (int row = layers.count() - 1; row >= 0; --row) {
         Tvx_layer_list::layer_ptr copy(vx_lr2d_clone(layers.layer_at(row)));
@@ -161,6 +167,6 @@ bool vx_map_scene_save(QString const &path, Tvx_layer_list const &layers, Tvx_ca
             static_cast<void>(copy.release());
     }
     xml_ptr const xml(vx_xml_save_style_create());
-    return vx_xml_data_save_scn2d_w(xml.get(), QFileInfo(path).absoluteFilePath().toStdWString().c_str(),
-                                    scene.get());
+    return vx_xml_data_save_scn2d_layouts_w(
+        xml.get(), QFileInfo(path).absoluteFilePath().toStdWString().c_str(), scene.get(), layouts.layouts);
 }

@@ -9,6 +9,8 @@
 #include <optional>
 #include <vector>
 
+struct Ivx_scns_2d;
+
 /// Maps in files (docs/file-formats.md, *Scenes*): the layers with how they are drawn, and the view.
 
 /// A layer of a file. It is there whatever becomes of its data.
@@ -26,6 +28,8 @@ struct Tvx_loaded_scene
     /// From the lowest; their data are not opened yet.
     std::vector<Tvx_scene_layer> layers;
     std::optional<Tvx_canvas_view> view;
+    /// What frames of its layouts call the map; empty where it has none.
+    QString name;
     /// A reason why there is nothing; empty when the file was read.
     QString error;
 };
@@ -37,8 +41,8 @@ struct Tvx_loaded_scene
 /// What the window calls the map of a file.
 [[nodiscard]] QString vx_map_scene_name(QString const &path);
 
-/// Reads a file, and nothing else.
-[[nodiscard]] Tvx_loaded_scene vx_map_scene_load(QString const &path);
+/// Reads a file, and nothing else. Layouts of the map come to `layouts`, which may be null.
+[[nodiscard]] Tvx_loaded_scene vx_map_scene_load(QString const &path, Ivx_scns_2d *layouts = nullptr);
 /// Asks for a password; the argument names the server without one. Nothing when the user has none.
 using Tvx_password_question = std::function<std::optional<QString>(QString const &server)>;
 /// Puts passwords in the places that the file has for them; asks once for each server.
@@ -48,6 +52,13 @@ void vx_map_scene_ask_passwords(std::vector<Tvx_scene_layer> &layers, Tvx_passwo
 /// its own.
 void vx_map_scene_open_layer(Tvx_scene_layer &layer, std::optional<Tvx_box_d2> const &view);
 
-/// Saves the layers and the view. False when that fails, which the user has been told.
+/// The page layouts of a map, and what their frames call the map.
+struct Tvx_scene_layouts
+{
+    QString map_name = {};
+    Ivx_scns_2d const *layouts = nullptr;
+};
+
+/// Saves the layers, the view and the layouts. False when that fails, which the user has been told.
 [[nodiscard]] bool vx_map_scene_save(QString const &path, Tvx_layer_list const &layers,
-                                     Tvx_canvas_view const &view);
+                                     Tvx_canvas_view const &view, Tvx_scene_layouts const &layouts = {});

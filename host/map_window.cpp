@@ -11,6 +11,7 @@
 #include "host/layer_scales.h"
 #include "host/layer_style.h"
 #include "host/map_canvas.h"
+#include "host/map_layouts.h"
 #include "host/map_scene.h"
 #include "host/map_text.h"
 #include "host/opening_progress.h"
@@ -76,6 +77,7 @@ Tvx_map_window::Tvx_map_window(QSettings *settings)
     f_canvas->setObjectName(QStringLiteral("canvas"));
     f_canvas->setAccessibleName(vx_host_caption(c_cap_map));
     setCentralWidget(f_canvas);
+    f_page_layouts = std::make_unique<Tvx_map_layouts>(*this);
     create_commands();
     create_layer_dock();
     create_identify_dock();
@@ -100,6 +102,7 @@ Tvx_map_window::~Tvx_map_window()
     // A text that loses the focus reports it, which must come while there is somebody to report to.
     hide();
     // The parts look at the list while they end, so they end before it does.
+    f_page_layouts.reset();
     f_tables.clear();
     delete f_identify_dock;
     delete f_editor;
@@ -323,6 +326,7 @@ void Tvx_map_window::closeEvent(QCloseEvent *event)
     }
     save_state();
     f_editor->close();
+    f_page_layouts->close_windows();
     event->accept();
 }
 
@@ -674,6 +678,7 @@ void Tvx_map_window::update_title()
     setWindowTitle(text.isEmpty() ? vx_host_caption(c_cap_application)
                                   : vx_host_caption(c_cap_window_title).arg(text));
     setWindowModified(f_changed);
+    f_page_layouts->update_name();
 }
 
 void Tvx_map_window::show_message(QString const &text)

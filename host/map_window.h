@@ -19,6 +19,7 @@ class Tvx_layer_panel;
 class Tvx_attribute_table;
 class Tvx_identify_panel;
 class Tvx_map_canvas;
+class Tvx_map_layouts;
 class Tvx_map_selection;
 class Tvx_selection_overlay;
 class Tvx_opening_progress;
@@ -28,6 +29,7 @@ struct Tvx_layer_scale;
 class QComboBox;
 class QDockWidget;
 class QLabel;
+class QMenu;
 class QSettings;
 
 /// The main window: the map, the list of its layers beside it, and the commands.
@@ -64,6 +66,9 @@ public:
     [[nodiscard]] Tvx_layer_panel &panel() { return *f_panel; }
     [[nodiscard]] Tvx_layer_editor &editor() { return *f_editor; }
     [[nodiscard]] Tvx_map_selection &selection() { return *f_selection; }
+    [[nodiscard]] Tvx_map_layouts &layouts() { return *f_page_layouts; }
+    /// What the map is called: its file without folder and suffix.
+    [[nodiscard]] QString scene_name() const;
     [[nodiscard]] Tvx_identify_panel &identify() { return *f_identify; }
     /// The table of the layer, opened if need be; null, and the user is told, when it cannot be read.
     Tvx_attribute_table *open_table(int id);
@@ -121,7 +126,6 @@ private:
     /// Of those layers that could not be opened for that, and opens them. What stays as it is keeps its
     /// reason.
     void repair_layers(std::vector<Tvx_scene_layer> &layers, std::optional<Tvx_box_d2> const &view);
-    [[nodiscard]] QString scene_name() const;
 
     void on_open();
     void on_import_properties();
@@ -162,6 +166,8 @@ private:
     void remember_file(QString const &path);
     void fill_recent_menu();
     void fill_draw_by_menu();
+    /// Lines with the names of the map's layouts.
+    void fill_layout_menu(QMenu &menu, void (*run)(Tvx_map_window &window, int index));
 
     Tvx_advanced_dialog_in_force f_advanced_dialog;
     Tvx_layer_list f_layers;
@@ -188,6 +194,7 @@ private:
         Tvx_attribute_table *table = nullptr;
     };
     QHash<int, table_dock> f_tables;
+    std::unique_ptr<Tvx_map_layouts> f_page_layouts;
     QString f_scene_path;
     bool f_changed = false;
     bool f_loading = false;

@@ -7,6 +7,7 @@
 #include "host/layer_style.h"
 #include "host/library_dialog.h"
 #include "host/map_canvas.h"
+#include "host/map_layouts.h"
 #include "host/map_scene.h"
 #include "host/map_window.h"
 #include "host/opening_progress.h"
@@ -15,6 +16,7 @@
 #include "platform/base/string_adp.h"
 #include "platform/basic/vx_fault.h"
 #include "platform/basic/vx_options.h"
+#include "platform/layers/vx_scn_2d.h"
 #include "platform/styles/vx_stl_prm.h"
 
 #include <QApplication>
@@ -26,11 +28,14 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include <utility>
+
 // The map as a document: its file, what is not in it yet, and what is asked before that is lost.
 
 void Tvx_map_window::watch_changes()
 {
     auto const changed = [this] { set_changed(true); };
+    connect(f_page_layouts.get(), &Tvx_map_layouts::changed, this, changed);
     connect(&f_layers, &Tvx_layer_list::layer_replaced, this, changed);
     connect(&f_layers, &Tvx_layer_list::layer_renamed, this, changed);
     connect(&f_layers, &Tvx_layer_list::rowsMoved, this, changed);
@@ -43,7 +48,7 @@ void Tvx_map_window::watch_changes()
         if (!parent.isValid() && (!f_scene_path.isEmpty() || f_layers.count() > 0))
             set_changed(true);
         else if (!parent.isValid())
-            set_changed(false); // nothing is left that anybody could want to keep
+            set_changed(f_page_layouts->count() > 0); // nothing else is left that anybody could want to keep
     });
     connect(&f_layers, &Tvx_layer_list::dataChanged, this,
             [this](QModelIndex const &, QModelIndex const &, QList<int> const &roles) {
@@ -67,7 +72,7 @@ QString Tvx_map_window::scene_name() const
 
 bool Tvx_map_window::may_lose_changes()
 {
-    if (!f_editor->may_lose_changes())
+    if (!f_editor->may_lose_changes() || !f_page_layouts->may_lose_changes())
         return false;
     if (!f_changed)
         return true;
@@ -93,6 +98,7 @@ bool Tvx_map_window::new_scene()
     if (!may_lose_changes())
         return false;
     f_loading = true;
+    f_page_layouts->clear();
     f_layers.clear();
     f_loading = false;
     f_scene_path.clear();
@@ -143,9 +149,14 @@ bool Tvx_map_window::may_replace(QString const &path)
 
 bool Tvx_map_window::save_scene_in(QString const &path)
 {
-    if (!vx_map_scene_save(path, f_layers, f_canvas->view()))
+    // Frames name the map, whose name is that of its file.
+    QString const former = std::exchange(f_scene_path, QFileInfo(path).absoluteFilePath());
+    f_page_layouts->update_name();
+    if (!vx_map_scene_save(path, f_layers, f_canvas->view(), {scene_name(), f_page_layouts->list()})) {
+        f_scene_path = former;
+        f_page_layouts->update_name();
         return false;
-    f_scene_path = QFileInfo(path).absoluteFilePath();
+    }
     f_last_directory = QFileInfo(f_scene_path).absolutePath();
     set_changed(false);
     update_title();
@@ -177,7 +188,8 @@ void Tvx_map_window::repair_layers(std::vector<Tvx_scene_layer> &layers,
 
 int Tvx_map_window::open_scene(QString const &path, std::vector<Tvx_failed_file> &failed)
 {
-    Tvx_loaded_scene scene = vx_map_scene_load(path);
+    vx::owned<Ivx_scns_2d, &vx_scns_2d_destroy> const layouts(vx_scns_2d_create());
+    Tvx_loaded_scene scene = vx_map_scene_load(path, layouts.get());
     if (!scene.error.isEmpty()) {
         failed.push_back({path, scene.error});
         return 0;
@@ -196,6 +208,7 @@ int Tvx_map_window::open_scene(QString const &path, std::vector<Tvx_failed_file>
     }
     QApplication::setOverrideCursor(Qt::WaitCursor);
     f_loading = true;
+    f_page_layouts->clear();
     f_layers.clear();
     int opened = 0;
     {
@@ -223,6 +236,7 @@ int Tvx_map_window::open_scene(QString const &path, std::vector<Tvx_failed_file>
         ++opened;
     }
     f_scene_path = QFileInfo(path).absoluteFilePath();
+    f_page_layouts->take(*layouts, scene.name);
     f_last_directory = QFileInfo(path).absolutePath();
     f_changed = false;
     f_loading = false;

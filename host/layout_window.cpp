@@ -1,0 +1,505 @@
+#include "host/layout_window.h"
+
+#include "exports/vxk_lr2d_edit_form_api.h"
+#include "host/captions.h"
+#include "host/layer_editor.h"
+#include "host/layer_info.h"
+#include "host/layout_clipboard.h"
+#include "host/layout_view.h"
+#include "host/map_canvas.h"
+#include "host/map_layouts.h"
+#include "host/map_text.h"
+#include "host/map_window.h"
+#include "host/opening_progress.h"
+
+#include "platform/base/string_adp.h"
+#include "platform/basic/vx_fault.h"
+#include "platform/basic/vx_options.h"
+#include "platform/layers/layout_keys.h"
+#include "platform/layers/vx_prj.h"
+#include "platform/layers/vx_shp_lr2d.h"
+#include "platform/render/vx_layout_render.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDir>
+#include <QDockWidget>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QLabel>
+#include <QListView>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScreen>
+#include <QStatusBar>
+
+#include <utility>
+
+namespace {
+constexpr int c_message_ms = 8000;
+constexpr int c_editor_gap = 12;
+constexpr int c_title_room = 40;
+constexpr int c_list_width = 210;
+constexpr double c_pdf_raster_dpi = 300;
+constexpr int c_resolutions[] = {96, 150, 300, 600};
+constexpr int c_usual_resolution = 2;
+constexpr double c_copy_shift = 5; ///< a copy lies so far from what it is one of, mm
+
+/// The elements of a layout, for the editor.
+class edited_elements : public Tvx_edited_layers
+{
+public:
+    explicit edited_elements(Tvx_layout_document &document) : f_document(document) {}
+
+    [[nodiscard]] Ivx_layer *find(int id) const override { return f_document.element(id); }
+    bool replace(int id, layer_ptr layer) override { return f_document.replace(id, std::move(layer)); }
+    [[nodiscard]] bool are_alike(Ivx_layer *copy, Ivx_layer *unchanged) const override
+    {
+        return vx_layout_are_alike(copy, unchanged);
+    }
+    [[nodiscard]] Tvx_lr2d_edit_form *create_form() const override { return vx_lr_layout_edt_form_create(); }
+    void destroy_form(Tvx_lr2d_edit_form *form) const override { vx_lr_layout_edt_form_destroy(form); }
+
+private:
+    Tvx_layout_document &f_document;
+};
+
+void say(QWidget *parent, QMessageBox::Icon icon, QString const &text, QString const &details = {})
+{
+    vx_reason_print({text.toStdWString(), details.toStdWString()});
+    QMessageBox box(icon, vx_host_caption(c_cap_application), text, QMessageBox::NoButton, parent);
+    box.setTextFormat(Qt::PlainText);
+    box.setDetailedText(details);
+    box.setDefaultButton(box.addButton(vx_host_caption(c_cap_ok), QMessageBox::AcceptRole));
+    box.exec();
+}
+} // namespace
+
+Tvx_layout_window::Tvx_layout_window(Tvx_map_layouts &layouts, Ivx_scn_2d *layout)
+    : f_layouts(layouts), f_document(layout),
+      f_editor(new Tvx_layer_editor(std::make_unique<edited_elements>(f_document), this)),
+      f_view(new Tvx_layout_view(f_document, layouts.sync(), this)),
+      f_directory(layouts.map().scene_path().isEmpty() ? QDir::homePath()
+                                                       : QFileInfo(layouts.map().scene_path()).absolutePath())
+{
+    setObjectName(QStringLiteral("layout_window"));
+    setWindowIcon(layouts.map().windowIcon());
+    resize(QSize(1180, 800).boundedTo(screen()->availableSize() - QSize(0, c_title_room)));
+    f_view->setObjectName(QStringLiteral("page"));
+    setCentralWidget(f_view);
+    create_commands();
+    create_element_dock();
+    create_menus();
+    create_tool_bar();
+    create_status_bar();
+    connect_document();
+    update_commands();
+    f_view->setFocus();
+}
+
+Tvx_layout_window::~Tvx_layout_window()
+{
+    hide();
+    // The parts look at the document while they end, so they end before it does.
+    delete f_editor;
+    delete f_dock;
+    delete f_view;
+}
+
+// ---- building
+
+void Tvx_layout_window::create_element_dock()
+{
+    f_dock = new QDockWidget(vx_layout_caption(c_lay_elements), this);
+    f_dock->setObjectName(QStringLiteral("element_dock"));
+    f_dock->setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
+    f_list = new QListView(f_dock);
+    f_list->setObjectName(QStringLiteral("elements"));
+    f_list->setAccessibleName(vx_layout_caption(c_lay_element_list));
+    f_list->setModel(&f_document);
+    f_list->setEditTriggers(QAbstractItemView::EditKeyPressed);
+    f_list->setContextMenuPolicy(Qt::ActionsContextMenu);
+    f_list->setMinimumWidth(160);
+    f_dock->setWidget(f_list);
+    addDockWidget(Qt::RightDockWidgetArea, f_dock);
+    resizeDocks({f_dock}, {c_list_width}, Qt::Horizontal);
+}
+
+void Tvx_layout_window::create_status_bar()
+{
+    f_place_text = new QLabel;
+    f_place_text->setObjectName(QStringLiteral("place"));
+    f_zoom_text = new QLabel;
+    f_zoom_text->setObjectName(QStringLiteral("zoom"));
+    for (QLabel *const label : {f_place_text, f_zoom_text}) {
+        label->setContentsMargins(8, 0, 8, 0);
+        statusBar()->addPermanentWidget(label);
+    }
+}
+
+void Tvx_layout_window::connect_document()
+{
+    connect(&f_document, &Tvx_layout_document::changed, this, [this] {
+        update_place_text();
+        emit changed();
+    });
+    connect(&f_document, &Tvx_layout_document::history_changed, this, &Tvx_layout_window::update_commands);
+    connect(&f_document, &Tvx_layout_document::modelReset, this, [this] { show_selection(selected_id()); });
+    connect(&f_document, &Tvx_layout_document::rowsMoved, this, [this] { show_selection(selected_id()); });
+    connect(&f_document, &Tvx_layout_document::element_changed, this, &Tvx_layout_window::take_into_editor);
+    connect(&f_document, &Tvx_layout_document::element_restored, f_editor, &Tvx_layer_editor::refresh);
+    connect(&f_document, &Tvx_layout_document::element_removed, f_editor, &Tvx_layer_editor::forget);
+    connect(f_view, &Tvx_layout_view::selection_changed, this, &Tvx_layout_window::show_selection);
+    connect(f_view, &Tvx_layout_view::properties_wanted, this, &Tvx_layout_window::on_properties);
+    connect(f_view, &Tvx_layout_view::zoom_changed, this, &Tvx_layout_window::update_place_text);
+    connect(f_view, &Tvx_layout_view::element_failed, this, [this](int id) {
+        show_message(vx_layout_caption(c_lay_status_failed).arg(f_document.name_of(id)));
+    });
+    connect(f_list->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            &Tvx_layout_window::on_list_selection);
+    connect(f_list, &QListView::doubleClicked, this, &Tvx_layout_window::on_properties);
+    connect(f_editor, &Tvx_layer_editor::stayed, f_view, &Tvx_layout_view::select_id);
+}
+
+// ---- one element
+
+int Tvx_layout_window::selected_id() const
+{
+    return f_view ? f_view->selected_id() : -1;
+}
+
+bool Tvx_layout_window::is_selection_movable() const
+{
+    Ivx_layer const *const element = f_document.element(selected_id());
+    return element && !vx_layout_has_page_kind(element);
+}
+
+void Tvx_layout_window::show_selection(int id)
+{
+    bool const outer = std::exchange(f_shows_selection, true);
+    QModelIndex const row = f_document.index(f_document.row_of(id));
+    f_list->setCurrentIndex(row);
+    if (!row.isValid())
+        f_list->clearSelection();
+    f_shows_selection = outer;
+    f_editor->follow(id);
+    update_commands();
+    update_place_text();
+}
+
+void Tvx_layout_window::on_list_selection()
+{
+    if (!f_shows_selection)
+        f_view->select_id(f_document.id_at(f_list->currentIndex().row()));
+}
+
+/// What the hand does to an element whose properties are open goes into them too.
+void Tvx_layout_window::take_into_editor(int id)
+{
+    f_editor->take(id, [](Ivx_layer *copy, Ivx_layer *element) {
+        std::wstring name;
+        vx_lr2d_get_wcaption(element, Tvx_std_wstring_adapter(name));
+        vx_lr2d_set_wcaption(copy, name.c_str());
+        vx_lr2d_set_visible(copy, vx_lr2d_get_visible(element));
+        vx_layout_lr2d_set_box(copy, vx_layout_lr2d_get_box(element));
+        if (!vx_layout_is(element, c_lr_key_layout_scene_frame))
+            return;
+        double x = 0, y = 0;
+        vx_layout_scene_frame_lr2d_get_scale(element, &x, &y);
+        vx_layout_scene_frame_lr2d_set_scale(copy, x, y);
+        vx_layout_scene_frame_lr2d_set_center(copy, vx_layout_scene_frame_lr2d_get_center(element));
+    });
+}
+
+void Tvx_layout_window::on_properties()
+{
+    // The page of scale bars looks for frames in the layout that is active.
+    vx_scns_2d_set_active_scn(f_layouts.list(), f_document.layout());
+    f_layouts.sync().refresh();
+    f_editor->open(selected_id(), frameGeometry().topRight() + QPoint(c_editor_gap, 0));
+}
+
+void Tvx_layout_window::add_element(char const *key, std::function<bool(Ivx_layer *)> const &fill)
+{
+    Tvx_layout_element_ptr element =
+        vx_layout_make_element(key, vx_layout_kind_name(key), f_document.layout());
+    if (vx_layout_names_frame(element.get()))
+        vx_layout_set_file(element.get(), f_document.name_of(f_view->map_frame()));
+    if (fill && !fill(element.get()))
+        return;
+    f_view->select_id(f_document.add(std::move(element)));
+    f_view->setFocus();
+}
+
+void Tvx_layout_window::add_frame()
+{
+    f_layouts.sync().refresh();
+    add_element(c_lr_key_layout_scene_frame, [this](Ivx_layer *frame) {
+        vx_layout_set_file(frame, f_layouts.sync().name());
+        if (f_layouts.map().layers().count() > 0)
+            vx_layout_show_box(frame, f_layouts.map().canvas().view().box());
+        return true;
+    });
+}
+
+void Tvx_layout_window::add_image()
+{
+    QString const file = QFileDialog::getOpenFileName(
+        this, vx_layout_caption(c_lay_image_title), f_directory,
+        vx_layout_caption(c_lay_filter_images) + " (*.png *.jpg *.jpeg *.bmp *.gif *.tif *.tiff *.svg)");
+    if (file.isEmpty())
+        return;
+    f_directory = QFileInfo(file).absolutePath();
+    add_element(c_lr_key_layout_image, [&file](Ivx_layer *image) {
+        vx_layout_set_file(image, file);
+        return true;
+    });
+}
+
+void Tvx_layout_window::add_table()
+{
+    Tvx_layer_list const &layers = f_layouts.map().layers();
+    QStringList names, sources;
+    for (int row = 0; row < layers.count(); ++row)
+        if (vx_lr2d_is_shp(layers.layer_at(row))) {
+            names.append(layers.name_at(row));
+            sources.append(vx_layout_file_of(layers.layer_at(row)));
+        }
+    if (names.isEmpty())
+        return say(this, QMessageBox::Information, vx_layout_caption(c_lay_table_none));
+    bool given = false;
+    QString const name = QInputDialog::getItem(this, vx_layout_caption(c_lay_table_title),
+                                               vx_layout_caption(c_lay_table_text), names, 0, false, &given);
+    if (!given)
+        return;
+    add_element(c_lr_key_layout_table, [&](Ivx_layer *table) {
+        vx_layout_set_file(table, sources.value(int(names.indexOf(name))));
+        return true;
+    });
+}
+
+void Tvx_layout_window::on_take_view()
+{
+    int const frame = f_view->map_frame();
+    if (frame < 0 || f_layouts.map().layers().count() == 0)
+        return;
+    f_layouts.sync().refresh();
+    f_document.change(frame, [this](Ivx_layer *element) {
+        vx_layout_show_box(element, f_layouts.map().canvas().view().box());
+    });
+    f_document.finish_step(Tvx_layout_document::c_step_single, frame);
+}
+
+void Tvx_layout_window::on_remove()
+{
+    int const row = f_document.row_of(selected_id());
+    if (f_editor->may_lose_changes(selected_id()) && f_document.remove(selected_id()))
+        f_view->select_id(f_document.id_at(std::min(row, f_document.count() - 2)));
+}
+
+void Tvx_layout_window::on_copy()
+{
+    vx_layout_clipboard_put(f_document.element(selected_id()));
+    update_commands();
+}
+
+void Tvx_layout_window::on_paste()
+{
+    Tvx_layout_element_ptr element = vx_layout_clipboard_get();
+    if (!element || vx_layout_has_page_kind(element.get()))
+        return;
+    // Where it was, unless it would lie on what it is a copy of.
+    Tvx_box_d2 const box = vx_layout_lr2d_get_box(element.get());
+    for (int row = 0; row < f_document.count(); ++row)
+        if (f_document.box_of(f_document.id_at(row)) == box) {
+            vx_layout_lr2d_set_box(element.get(), {box.min_x + c_copy_shift, box.min_y + c_copy_shift,
+                                                   box.max_x + c_copy_shift, box.max_y + c_copy_shift});
+            break;
+        }
+    f_view->select_id(f_document.add(std::move(element)));
+}
+
+void Tvx_layout_window::on_duplicate()
+{
+    Tvx_layout_element_ptr copy(vx_lr2d_clone(f_document.element(selected_id())));
+    Tvx_box_d2 const box = f_document.box_of(selected_id());
+    vx_layout_lr2d_set_box(copy.get(), {box.min_x + c_copy_shift, box.min_y + c_copy_shift,
+                                        box.max_x + c_copy_shift, box.max_y + c_copy_shift});
+    f_view->select_id(f_document.add(std::move(copy)));
+}
+
+// ---- files
+
+QString Tvx_layout_window::ask_file(QString const &title, QStringList const &filters, QString const &suffix)
+{
+    QFileDialog dialog(this, title, f_directory);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setNameFilters(filters);
+    dialog.setDefaultSuffix(suffix);
+    connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](QString const &filter) {
+        QString const pattern = filter.section("(*.", 1).section(')', 0, 0);
+        dialog.setDefaultSuffix(pattern.section(' ', 0, 0));
+    });
+    QString name = layout_name();
+    name.replace('/', '_');
+    dialog.selectFile(name + '.' + suffix);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return {};
+    QString const path = dialog.selectedFiles().front();
+    f_directory = QFileInfo(path).absolutePath();
+    return path;
+}
+
+void Tvx_layout_window::on_export_pdf()
+{
+    QString const path = ask_file(vx_layout_caption(c_lay_export_pdf_title),
+                                  {vx_layout_caption(c_lay_filter_pdf) + " (*.pdf)"}, "pdf");
+    if (!path.isEmpty())
+        export_pdf(path);
+}
+
+void Tvx_layout_window::on_export_picture()
+{
+    QStringList resolutions;
+    for (int const resolution : c_resolutions)
+        resolutions.append(QString::number(resolution));
+    bool given = false;
+    QString const resolution = QInputDialog::getItem(this, vx_layout_caption(c_lay_export_picture_title),
+                                                     vx_layout_caption(c_lay_resolution), resolutions,
+                                                     c_usual_resolution, false, &given);
+    if (!given)
+        return;
+    QString const path = ask_file(
+        vx_layout_caption(c_lay_export_picture_title),
+        {vx_layout_caption(c_lay_filter_png) + " (*.png)", vx_layout_caption(c_lay_filter_jpg) + " (*.jpg)",
+         vx_layout_caption(c_lay_filter_tif) + " (*.tif)", vx_layout_caption(c_lay_filter_bmp) + " (*.bmp)"},
+        "png");
+    if (!path.isEmpty())
+        export_picture(path, resolution.toInt());
+}
+
+bool Tvx_layout_window::export_pdf(QString const &path)
+{
+    return write(path, [&path](Ivx_scn_2d *layout, std::wstring &reason, closure<bool()> cancelled) {
+        return vx_layout_save_pdf_w(layout, path.toStdWString().c_str(), c_pdf_raster_dpi,
+                                    Tvx_std_wstring_adapter(reason), cancelled);
+    });
+}
+
+bool Tvx_layout_window::export_picture(QString const &path, int pixels_per_inch)
+{
+    return write(path, [&](Ivx_scn_2d *layout, std::wstring &reason, closure<bool()> cancelled) {
+        return vx_layout_save_picture_w(layout, path.toStdWString().c_str(), pixels_per_inch,
+                                        Tvx_std_wstring_adapter(reason), cancelled);
+    });
+}
+
+bool Tvx_layout_window::write(QString const &path, writer const &write)
+{
+    f_layouts.sync().refresh();
+    Tvx_layout_sync::use const use(f_layouts.sync());
+    // The user may go on with the layout.
+    vx::owned<Ivx_scn_2d, &vx_scn_2d_destroy> const copy(vx_scn_2d_clone(f_document.layout()));
+    std::wstring reason;
+    int outcome = c_layout_failed;
+    {
+        Tvx_opening_progress progress(this, command("close"), Tvx_opening_progress::c_own);
+        progress.set_text(vx_layout_caption(c_lay_exporting).arg(QFileInfo(path).fileName()));
+        struct asker
+        {
+            Tvx_opening_progress &progress;
+            bool is_given_up() { return !progress.goes_on(); }
+        } asker{progress};
+        outcome = write(copy.get(), reason, make_closure<&asker::is_given_up>(&asker));
+    }
+    auto const parts = vx_reason_split(reason);
+    QString const sentence = QString::fromStdWString(parts.sentence);
+    QString const details = QString::fromStdWString(parts.details);
+    QString const shown = QDir::toNativeSeparators(path);
+    if (outcome == c_layout_failed)
+        say(this, QMessageBox::Warning,
+            sentence.isEmpty() ? vx_host_caption(c_cap_err_save_picture).arg(shown) : sentence, details);
+    if (outcome != c_layout_written)
+        return false;
+    if (reason.empty())
+        show_message(vx_layout_caption(c_lay_status_exported).arg(shown));
+    else
+        say(this, QMessageBox::Warning, vx_layout_caption(c_lay_left_out).arg(shown),
+            details.isEmpty() ? sentence : sentence + '\n' + details);
+    return true;
+}
+
+// ---- the window
+
+QString Tvx_layout_window::layout_name() const
+{
+    return f_layouts.name_at(f_layouts.index_of(f_document.layout()));
+}
+
+void Tvx_layout_window::update_title()
+{
+    // "[*]" is the place of the mark for changes, so it must not come from a name.
+    QString const name = layout_name().replace("[*]", "[*][*]");
+    setWindowTitle(vx_layout_caption(c_lay_window_title).arg(name));
+    setWindowModified(f_layouts.map().is_changed());
+}
+
+void Tvx_layout_window::update_place_text()
+{
+    Tvx_box_d2 const box = f_document.box_of(selected_id());
+    auto const mm = [](double value) { return QString::number(value, 'f', 1); };
+    f_place_text->setText(f_document.row_of(selected_id()) < 0
+                              ? QString()
+                              : vx_layout_caption(c_lay_status_place)
+                                    .arg(mm(box.min_x), mm(box.min_y), mm(box.width()), mm(box.height())));
+    QString text =
+        QStringLiteral("%1 %").arg(std::lround(100 * f_view->place().zoom / vx_options_get_mm2px_x()));
+    if (int const frame = f_view->map_frame(); frame >= 0) {
+        double x = 0, y = 0;
+        vx_layout_scene_frame_lr2d_get_scale(f_document.element(frame), &x, &y);
+        text = vx_layout_caption(c_lay_status_scale).arg(f_document.name_of(frame), vx_map_text_scale(x)) +
+               QStringLiteral("     ") + text;
+    }
+    f_zoom_text->setText(text);
+}
+
+void Tvx_layout_window::show_message(QString const &text)
+{
+    statusBar()->showMessage(text, c_message_ms);
+}
+
+void Tvx_layout_window::refresh()
+{
+    f_view->refresh();
+    QStringList const failed = f_layouts.sync().take_failed();
+    if (!failed.isEmpty())
+        show_message(vx_layout_caption(c_lay_scene_failed).arg(failed.join(", ")));
+}
+
+bool Tvx_layout_window::may_lose_changes()
+{
+    return f_editor->may_lose_changes();
+}
+
+void Tvx_layout_window::end_editing()
+{
+    f_editor->close();
+}
+
+void Tvx_layout_window::detach()
+{
+    end_editing();
+    hide();
+    f_document.detach();
+}
+
+void Tvx_layout_window::closeEvent(QCloseEvent *event)
+{
+    if (!may_lose_changes()) {
+        event->ignore();
+        return;
+    }
+    end_editing();
+    event->accept();
+}
