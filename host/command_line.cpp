@@ -1,6 +1,7 @@
 #include "host/command_line.h"
 
 #include "captions/host.h"
+#include "captions/layout_window.h"
 #include "captions/map.h"
 
 #include "platform/base/text_codec.h"
@@ -65,6 +66,8 @@ private:
                  !take_value(argument, "--shot", f_line.shot_directory) &&
                  !take_value(argument, "--style-sheets", f_line.sheet_directory) &&
                  !take_value(argument, "--import-property-file", f_line.import_file) &&
+                 !take_value(argument, "--layout", f_line.layout_name) &&
+                 !take_value(argument, "--pdf", f_line.pdf_file) &&
                  !take_value(argument, "--extensions", f_line.extension_directory) &&
                  !take_value(argument, "--data", f_line.data_directory))
             f_line.error = text(c_cap_line_unknown_option, {argument});
@@ -92,10 +95,13 @@ private:
         if (!f_line.language.empty() && !knows_language())
             f_line.error = text(c_cap_line_unknown_language, {f_line.language, known_languages()});
         else if (f_line.headless && f_line.shot_directory.empty() && f_line.sheet_directory.empty() &&
-                 f_line.import_file.empty())
+                 f_line.import_file.empty() && f_line.pdf_file.empty())
             f_line.error = text(c_cap_line_needs_shot);
         else if (!f_line.import_file.empty() && f_line.files.empty())
             f_line.error = text(c_map_line_import_sources);
+        else if ((!f_line.pdf_file.empty() && f_line.files.size() != 1) ||
+                 (f_line.pdf_file.empty() && !f_line.layout_name.empty()))
+            f_line.error = text(c_lay_line_pdf_needs);
     }
 
     bool knows_language()

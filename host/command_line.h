@@ -19,6 +19,10 @@ struct Tvx_command_line
     std::string sheet_directory;
     /// The property file that is made of `files`; empty for ordinary work.
     std::string import_file;
+    /// The file that a layout of the map is written to; empty for ordinary work.
+    std::string pdf_file;
+    /// The layout; empty for the only one.
+    std::string layout_name;
     bool headless = false;
     bool help = false;
     bool version = false;

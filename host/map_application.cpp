@@ -1,5 +1,6 @@
 #include "host/map_application.h"
 
+#include "host/layout_printing.h"
 #include "host/map_window.h"
 #include "host/offscreen.h"
 #include "host/style_sheets.h"
@@ -93,7 +94,8 @@ int vx_map_application_run(int argc, char **argv, Tvx_command_line const &line)
 {
     std::optional<Tvx_offscreen> screen;
     bool const sheets = !line.sheet_directory.empty();
-    if (line.headless || sheets) {
+    bool const prints = !line.pdf_file.empty();
+    if (line.headless || sheets || prints) {
         screen.emplace("vx_map");
     } else if (!has_display(argc, argv)) {
         std::fputs("vx_map: there is no display. Use --headless --shot DIR for pictures without one.\n",
@@ -112,6 +114,9 @@ int vx_map_application_run(int argc, char **argv, Tvx_command_line const &line)
                                                                                                         : 1;
     // The style dialogs come from one of the bundles, which nothing else asks for.
     vx_bundles_load();
+    if (prints)
+        return vx_layout_print(file_names(line).front(), QFile::decodeName(line.layout_name.c_str()),
+                               QFile::decodeName(line.pdf_file.c_str()));
     vx_rng_type_set_offer_natural(true);
     return line.shot_directory.empty() ? run_window(line) : run_tour(line);
 }
