@@ -18,6 +18,7 @@
 #include "host/map_window.h"
 #include "host/tour_controls.h"
 #include "host/tour_labels.h"
+#include "host/tour_layout.h"
 #include "host/tour_maps.h"
 #include "host/tour_property.h"
 #include "layer_edit/form/lr2d_edit_form.h"
@@ -499,6 +500,7 @@ void Tvx_tour::show_maps()
     Tvx_tour_maps(*this).show();
     Tvx_tour_property(*this).show();
     Tvx_tour_labels(*this).show();
+    Tvx_tour_layout(*this).show();
     f_window.resize(c_window_size);
 }
 

@@ -48,6 +48,11 @@ QRect draw_window(QPainter &painter, QWidget &window)
     painter.drawPixmap(body.topLeft(), window.grab());
     return all;
 }
+/// A map or a layout, to which the other windows belong.
+bool is_document(QWidget const *window)
+{
+    return window->objectName() == "map_window" || window->objectName() == "layout_window";
+}
 } // namespace
 
 Tvx_tour_stage::Tvx_tour_stage(Tvx_map_window &window, QString data_directory, QString picture_directory)
@@ -128,7 +133,7 @@ void Tvx_tour_stage::open_properties_of(int row)
 QWidget *Tvx_tour_stage::editor_window()
 {
     for (QWidget *window : QApplication::topLevelWidgets())
-        if (window->isVisible() && window != &f_window && window->windowType() != Qt::ToolTip &&
+        if (window->isVisible() && !is_document(window) && window->windowType() != Qt::ToolTip &&
             window->windowType() != Qt::Popup)
             return window;
     check(false, "the editor is not on the screen");
@@ -167,15 +172,18 @@ void Tvx_tour_stage::shoot_windows(QString const &name)
 {
     check(wait_for_map(), "the map is not drawn in time: " + name);
     QCoreApplication::processEvents();
-    // The map lies below the editor, that below dialogs, of which the last is in front, and menus lie on top.
+    // The map lies below its layouts, those below the editor, that below dialogs, of which the last is in
+    // front, and menus lie on top.
     QWidgetList windows;
     for (QWidget *window : QApplication::topLevelWidgets())
         if (window->isVisible() && window->windowType() != Qt::ToolTip)
             windows.append(window);
     std::ranges::stable_sort(windows, {}, [this](QWidget const *window) {
         if (window == QApplication::activeModalWidget())
-            return 3;
-        return window == &f_window ? 0 : window->windowType() == Qt::Popup ? 4 : window->isModal() ? 2 : 1;
+            return 4;
+        if (window->windowType() == Qt::Popup)
+            return 5;
+        return window == &f_window ? 0 : is_document(window) ? 1 : window->isModal() ? 3 : 2;
     });
     QImage picture(f_window.screen()->size(), QImage::Format_RGB32);
     picture.fill(QColor(0x7d, 0x8b, 0x99));

@@ -32,7 +32,7 @@ public:
     void open_properties_of(int row);
     /// Presses Apply in the editor.
     void apply();
-    /// The window of the editor; null and a failure when it is not on the screen.
+    /// The window of the editor, over map and layouts; null and a failure when it is not on the screen.
     [[nodiscard]] QWidget *editor_window();
     /// The button of the editor's window; null and a failure when it is not there.
     [[nodiscard]] QAbstractButton *apply_button();
@@ -44,6 +44,8 @@ public:
     /// only what they take up.
     void shoot_windows(QString const &name);
     void save(QImage const &picture, QString const &name);
+    /// A file beside the pictures.
+    [[nodiscard]] QString picture_path(QString const &name) const { return f_pictures + "/" + name; }
 
     void check(bool ok, QString const &what);
     [[nodiscard]] bool wait_for_map();
