@@ -1,0 +1,245 @@
+#include "answerer.h"
+#include "controls/forms/apply_form.h"
+#include "host/layer_editor.h"
+#include "host/layout_view.h"
+#include "host/layout_window.h"
+#include "host/map_layouts.h"
+#include "host/tour_controls.h"
+#include "layer_edit/form/lr2d_edit_form.h"
+#include "layer_edit/layout/layout_scene_edit.h"
+#include "map_fixture.h"
+#include "support/temp_dir.h"
+#include "user_input/user_input.h"
+
+#include "platform/base/string_adp.h"
+#include "platform/layers/layout_keys.h"
+#include "platform/toolkit/controls/memo.h"
+
+#include <QFile>
+#include <QListView>
+
+using namespace vx_test;
+namespace input = vx::user_input;
+
+namespace {
+constexpr int c_patience_ms = 60000;
+constexpr int c_resolution = 50;
+
+class layouts : public map_fixture
+{
+protected:
+    QString file(char const *name) { return QString::fromStdString((folder / name).string()); }
+
+    void SetUp() override
+    {
+        map_fixture::SetUp();
+        ASSERT_EQ(open({"nc.shp"}), 1);
+        canvas().show_all();
+        hand::press(&canvas(), Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
+        ASSERT_NO_FATAL_FAILURE(take_page());
+    }
+    void take_page()
+    {
+        ASSERT_EQ(window->layouts().count(), 1);
+        page = window->layouts().open(0);
+        ASSERT_TRUE(page->isVisible());
+        ASSERT_TRUE(hand::wait_until([this] { return page->view().is_settled(); }, c_patience_ms));
+    }
+    Tvx_layout_document &document() { return page->document(); }
+    QWidget *paper() { return page->view().viewport(); }
+    int find(char const *key)
+    {
+        for (int row = 0; row < document().count(); ++row)
+            if (vx_layout_is(document().element(document().id_at(row)), key))
+                return document().id_at(row);
+        return -1;
+    }
+    QPoint middle_of(int id)
+    {
+        Tvx_box_d2 const box = document().box_of(id);
+        return page->view().to_screen({(box.min_x + box.max_x) / 2, (box.min_y + box.max_y) / 2}).toPoint();
+    }
+    double scale_of(int frame)
+    {
+        double x = 0, y = 0;
+        vx_layout_scene_frame_lr2d_get_scale(document().element(frame), &x, &y);
+        return x;
+    }
+    QString text_of(int id)
+    {
+        std::wstring text;
+        vx_layout_text_lr2d_get_wtext(document().element(id), Tvx_std_wstring_adapter(text));
+        return QString::fromStdWString(text);
+    }
+    /// The control in the window of properties.
+    template <class T>
+    T *control()
+    {
+        auto *const form = page->editor().handle() ? page->editor().handle()->get_form() : nullptr;
+        return form ? vx_tour_find<T>(form) : nullptr;
+    }
+    void open_properties(int id)
+    {
+        page->view().select_id(id);
+        hand::press(&page->view(), Qt::Key_Return, Qt::AltModifier);
+        ASSERT_TRUE(page->editor().is_showing());
+    }
+    void apply() { ASSERT_TRUE(input::click(page->editor().handle()->get_form()->get_apply_btn())); }
+    /// The page as a picture file of this name.
+    QImage exported(char const *name)
+    {
+        EXPECT_TRUE(page->export_picture(file(name), c_resolution));
+        return QImage(file(name));
+    }
+
+    temp_dir folder;
+    Tvx_layout_window *page = nullptr;
+};
+
+TEST_F(layouts, elements_go_with_the_hand_and_come_back)
+{
+    int const title = find(c_lr_key_layout_text);
+    int const legend = find(c_lr_key_layout_legend);
+    int const frame = find(c_lr_key_layout_scene_frame);
+    Tvx_box_d2 const place = document().box_of(legend);
+    double const mm = page->view().place().zoom;
+    QImage const before = exported("before.png");
+    EXPECT_GT(drawn_part(before), 0.05);
+
+    // Ctrl: not to the edge of another one.
+    hand::drag(paper(), middle_of(legend), middle_of(legend) + QPoint(-50, 30), Qt::LeftButton,
+               Qt::ControlModifier);
+    EXPECT_EQ(page->view().selected_id(), legend);
+    EXPECT_NEAR(document().box_of(legend).min_x, place.min_x - 50 / mm, 0.01);
+    EXPECT_NEAR(document().box_of(legend).height(), place.height(), 1e-6);
+    hand::press(&page->view(), Qt::Key_Right);
+    hand::press(&page->view(), Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_NEAR(document().box_of(legend).min_x, place.min_x - 50 / mm + 0.5, 0.01);
+    EXPECT_NEAR(document().box_of(legend).min_y, place.min_y + 30 / mm + 5, 0.01);
+    EXPECT_NE(exported("moved.png"), before);
+
+    // The lower right grip.
+    QPoint const corner =
+        page->view().to_screen({document().box_of(legend).max_x, document().box_of(legend).max_y}).toPoint();
+    hand::drag(paper(), corner, corner + QPoint(20, 10), Qt::LeftButton, Qt::ControlModifier);
+    EXPECT_NEAR(document().box_of(legend).width(), place.width() + 20 / mm, 0.02);
+
+    // The map in its frame, by hand and by key, and its scale by the wheel.
+    double const scale = scale_of(frame);
+    Tvx_pnt_d2 const center = vx_layout_scene_frame_lr2d_get_center(document().element(frame));
+    hand::drag(paper(), middle_of(frame), middle_of(frame) + QPoint(40, 0), Qt::LeftButton, Qt::AltModifier);
+    EXPECT_LT(vx_layout_scene_frame_lr2d_get_center(document().element(frame)).x, center.x);
+    hand::press(&page->view(), Qt::Key_Plus, Qt::AltModifier);
+    EXPECT_NEAR(scale_of(frame), scale / 1.25, scale * 0.005);
+
+    // One element less, one of its kind more, another order.
+    page->view().select_id(title);
+    hand::press(&page->view(), Qt::Key_D, Qt::ControlModifier);
+    EXPECT_EQ(document().name_of(page->view().selected_id()), "Title 2");
+    hand::press(&page->view(), Qt::Key_Delete);
+    page->view().select_id(title);
+    hand::press(page->list(), Qt::Key_Home, Qt::ControlModifier);
+    EXPECT_EQ(document().row_of(title), 0);
+    page->view().select_id(find(c_lr_key_layout_page));
+    hand::press(&page->view(), Qt::Key_Delete);
+    EXPECT_GE(find(c_lr_key_layout_page), 0) << "a layout has a page";
+
+    for (int i = 0; document().can_undo() && i < 100; ++i)
+        hand::press(&page->view(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(document().box_of(legend), place);
+    EXPECT_EQ(exported("undone.png"), before);
+    while (document().can_redo())
+        page->command("redo")->trigger();
+    EXPECT_EQ(document().row_of(title), 0);
+}
+
+TEST_F(layouts, properties_change_an_element_when_they_are_applied)
+{
+    int const frame = find(c_lr_key_layout_scene_frame);
+    int const title = find(c_lr_key_layout_text);
+    QImage const before = exported("before.png");
+    ASSERT_NO_FATAL_FAILURE(open_properties(frame));
+    auto *const scene = control<Tvx_layout_scene_edit>();
+    ASSERT_TRUE(scene);
+    ASSERT_TRUE(input::enter_text(scene->get_scale_x()->get_edit(), L"7000000"));
+    EXPECT_NE(scale_of(frame), 7000000);
+    // What the hand does meanwhile is not undone by Apply.
+    Tvx_box_d2 const place = document().box_of(frame);
+    hand::press(&page->view(), Qt::Key_Left, Qt::ShiftModifier);
+    apply();
+    EXPECT_EQ(scale_of(frame), 7000000);
+    EXPECT_NEAR(document().box_of(frame).min_x, place.min_x - 5, 1e-6);
+    EXPECT_NE(exported("after.png"), before);
+
+    ASSERT_NO_FATAL_FAILURE(open_properties(title));
+    auto *const memo = control<TMemo>();
+    ASSERT_TRUE(memo);
+    ASSERT_TRUE(input::click(memo));
+    input::press('A', {ssCtrl});
+    input::type(L"Counties");
+    // Who goes on to another element is asked, and may stay.
+    {
+        answerer answers("cancel");
+        page->view().select_id(frame);
+        ASSERT_TRUE(hand::wait_until([&] { return !answers.questions.isEmpty(); }));
+    }
+    EXPECT_EQ(page->view().selected_id(), title);
+    apply();
+    EXPECT_EQ(text_of(title), "Counties");
+    page->command("undo")->trigger();
+    EXPECT_EQ(text_of(title), "nc");
+}
+
+TEST_F(layouts, come_back_with_their_map)
+{
+    EXPECT_TRUE(window->is_changed());
+    {
+        answerer answers("cancel");
+        EXPECT_FALSE(window->close());
+        EXPECT_EQ(answers.questions.size(), 1) << "the layout is in no file";
+    }
+    int const frame = find(c_lr_key_layout_scene_frame);
+    page->view().select_id(frame);
+    hand::press(&page->view(), Qt::Key_Minus, Qt::AltModifier);
+    {
+        answerer answers("", file("counties"));
+        hand::press(&page->view(), Qt::Key_S, Qt::ControlModifier);
+    }
+    EXPECT_FALSE(window->is_changed());
+    EXPECT_EQ(vx_layout_file_of(document().element(frame)), "counties") << "the map has a name by now";
+    QImage const saved = exported("saved.png");
+    hand::press(&page->view(), Qt::Key_Left);
+    EXPECT_TRUE(window->is_changed());
+    hand::press(&page->view(), Qt::Key_Z, Qt::ControlModifier);
+
+    // The file has another name when it is opened again.
+    ASSERT_TRUE(QFile::rename(file("counties_.sn"), file("births_.sn")));
+    {
+        answerer answers("lose");
+        ASSERT_EQ(window->open_files({file("births_.sn")}), 1);
+    }
+    ASSERT_NO_FATAL_FAILURE(take_page());
+    EXPECT_EQ(exported("opened.png"), saved);
+    EXPECT_FALSE(window->is_changed());
+
+    QProcess other;
+    other.start(QCoreApplication::applicationDirPath() + "/vx_map",
+                {"--pdf", file("a.pdf"), "--layout", window->layouts().name_at(0), file("births_.sn")});
+    ASSERT_TRUE(other.waitForFinished(c_patience_ms));
+    EXPECT_EQ(other.exitCode(), 0) << other.readAllStandardError().toStdString();
+    ASSERT_TRUE(page->export_pdf(file("b.pdf")));
+    EXPECT_GT(QFileInfo(file("a.pdf")).size(), 5000);
+    EXPECT_NEAR(double(QFileInfo(file("a.pdf")).size()), double(QFileInfo(file("b.pdf")).size()), 200);
+    other.start(QCoreApplication::applicationDirPath() + "/vx_map",
+                {"--pdf", file("c.pdf"), "--layout", "no such", file("births_.sn")});
+    ASSERT_TRUE(other.waitForFinished(c_patience_ms));
+    EXPECT_EQ(other.exitCode(), 1);
+    EXPECT_FALSE(QFile::exists(file("c.pdf")));
+
+    answerer answers("delete");
+    page->command("delete_layout")->trigger();
+    EXPECT_EQ(window->layouts().count(), 0);
+    EXPECT_TRUE(window->is_changed());
+    ASSERT_TRUE(window->save_scene());
+}
+} // namespace
