@@ -122,26 +122,26 @@ void Tvx_layer_editor::refresh(int id)
         show_layer(id);
 }
 
-void Tvx_layer_editor::take(int id, std::function<void(Ivx_layer *copy, Ivx_layer *layer)> const &take)
+void Tvx_layer_editor::take(int id, taker const &take)
 {
     if (!f_form || id != f_layer_id)
         return;
     Ivx_layer *const layer = f_layers->find(id);
     for (Ivx_layer *const copy : std::array{vx_lr2d_edt_form_get_lr2d_ptr(f_form), f_unchanged.get()})
-        take(copy, layer);
+        take(copy, f_unchanged.get(), layer);
     update();
 }
 
 void Tvx_layer_editor::take_class(int id, int place)
 {
-    take(id, [place](Ivx_layer *copy, Ivx_layer *layer) {
+    take(id, [place](Ivx_layer *copy, Ivx_layer *, Ivx_layer *layer) {
         vx_layer_class_take_visible(copy, layer, unsigned(place));
     });
 }
 
 void Tvx_layer_editor::take_name(int id)
 {
-    take(id, [](Ivx_layer *copy, Ivx_layer *layer) {
+    take(id, [](Ivx_layer *copy, Ivx_layer *, Ivx_layer *layer) {
         std::wstring name;
         vx_lr2d_get_wcaption(layer, Tvx_std_wstring_adapter(name));
         vx_lr2d_set_wcaption(copy, name.c_str());

@@ -61,8 +61,10 @@ public:
     void take_class(int id, int place);
     /// Takes the layer's name over in the same way.
     void take_name(int id);
-    /// Takes over what else was changed: `take` brings it to a copy from the layer.
-    void take(int id, std::function<void(Ivx_layer *copy, Ivx_layer *layer)> const &take);
+    /// Takes over what else was changed: `take` brings it to a copy from the layer, which was like `former`
+    /// when it came or last changed so.
+    using taker = std::function<void(Ivx_layer *copy, Ivx_layer *former, Ivx_layer *layer)>;
+    void take(int id, taker const &take);
     /// The layer is gone.
     void forget(int id);
     /// Brings the window in line with settings of the program.

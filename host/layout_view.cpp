@@ -234,39 +234,11 @@ void Tvx_layout_view::paintEvent(QPaintEvent *)
     painter.fillRect(page.translated(3, 3), QColor(0, 0, 0, 70));
     painter.fillRect(page, Qt::white);
     f_picture.paint(painter, f_place);
-    paint_placeholders(painter);
     paint_selection(painter);
     if (hasFocus()) {
         painter.setBrush(Qt::NoBrush);
         painter.setPen(QPen(palette().color(QPalette::Highlight), 1));
         painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));
-    }
-}
-
-/// Elements that show nothing for want of something to show.
-void Tvx_layout_view::paint_placeholders(QPainter &painter) const
-{
-    for (int row = f_document.count() - 1; row >= 0; --row) {
-        int const id = f_document.id_at(row);
-        Ivx_layer const *const element = f_document.element(id);
-        if (!vx_lr2d_get_visible(element))
-            continue;
-        QString const file = vx_layout_file_of(element);
-        QString text;
-        if (vx_layout_is(element, c_lr_key_layout_scene_frame) &&
-            !vx_layout_scene_frame_lr2d_get_scene(element))
-            text = file.isEmpty() ? f_document.name_of(id) : vx_layout_caption(c_lay_empty_frame).arg(file);
-        else if ((vx_layout_is(element, c_lr_key_layout_image) ||
-                  vx_layout_is(element, c_lr_key_layout_table)) &&
-                 file.isEmpty())
-            text = f_document.name_of(id);
-        if (text.isEmpty())
-            continue;
-        QRectF const box = f_place.to_screen(f_document.box_of(id));
-        painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(QColor(0x80, 0x86, 0x8e), 1, Qt::DashLine));
-        painter.drawRect(box);
-        painter.drawText(box.adjusted(4, 4, -4, -4), Qt::AlignCenter | Qt::TextWordWrap, text);
     }
 }
 

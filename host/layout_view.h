@@ -120,7 +120,6 @@ private:
     [[nodiscard]] bool key_moves_element(QKeyEvent const &event);
     void zoom_map_of(int frame, double factor, std::optional<QPointF> at);
     void move_map_of(int frame, double dx, double dy);
-    void paint_placeholders(QPainter &painter) const;
     void paint_selection(QPainter &painter) const;
 
     Tvx_layout_document &f_document;

@@ -6,7 +6,6 @@
 #include "host/layer_info.h"
 #include "host/layout_clipboard.h"
 #include "host/layout_view.h"
-#include "host/map_canvas.h"
 #include "host/map_layouts.h"
 #include "host/map_text.h"
 #include "host/map_window.h"
@@ -197,18 +196,23 @@ void Tvx_layout_window::on_list_selection()
 /// What the hand does to an element whose properties are open goes into them too.
 void Tvx_layout_window::take_into_editor(int id)
 {
-    f_editor->take(id, [](Ivx_layer *copy, Ivx_layer *element) {
-        std::wstring name;
-        vx_lr2d_get_wcaption(element, Tvx_std_wstring_adapter(name));
-        vx_lr2d_set_wcaption(copy, name.c_str());
+    f_editor->take(id, [](Ivx_layer *copy, Ivx_layer *former, Ivx_layer *element) {
+        // What was typed and not applied stays, but for what the hand changed.
+        if (QString const name = vx_layer_name(element); name != vx_layer_name(former))
+            vx_lr2d_set_wcaption(copy, name.toStdWString().c_str());
         vx_lr2d_set_visible(copy, vx_lr2d_get_visible(element));
-        vx_layout_lr2d_set_box(copy, vx_layout_lr2d_get_box(element));
+        if (Tvx_box_d2 const box = vx_layout_lr2d_get_box(element); box != vx_layout_lr2d_get_box(former))
+            vx_layout_lr2d_set_box(copy, box);
         if (!vx_layout_is(element, c_lr_key_layout_scene_frame))
             return;
-        double x = 0, y = 0;
+        double x = 0, y = 0, former_x = 0, former_y = 0;
         vx_layout_scene_frame_lr2d_get_scale(element, &x, &y);
-        vx_layout_scene_frame_lr2d_set_scale(copy, x, y);
-        vx_layout_scene_frame_lr2d_set_center(copy, vx_layout_scene_frame_lr2d_get_center(element));
+        vx_layout_scene_frame_lr2d_get_scale(former, &former_x, &former_y);
+        if (x != former_x || y != former_y)
+            vx_layout_scene_frame_lr2d_set_scale(copy, x, y);
+        Tvx_pnt_d2 const center = vx_layout_scene_frame_lr2d_get_center(element);
+        if (center != vx_layout_scene_frame_lr2d_get_center(former))
+            vx_layout_scene_frame_lr2d_set_center(copy, center);
     });
 }
 
@@ -237,8 +241,7 @@ void Tvx_layout_window::add_frame()
     f_layouts.sync().refresh();
     add_element(c_lr_key_layout_scene_frame, [this](Ivx_layer *frame) {
         vx_layout_set_file(frame, f_layouts.sync().name());
-        if (f_layouts.map().layers().count() > 0)
-            vx_layout_show_box(frame, f_layouts.map().canvas().view().box());
+        vx_layout_show_box(frame, f_layouts.shown_box());
         return true;
     });
 }
@@ -285,9 +288,8 @@ void Tvx_layout_window::on_take_view()
     if (frame < 0 || f_layouts.map().layers().count() == 0)
         return;
     f_layouts.sync().refresh();
-    f_document.change(frame, [this](Ivx_layer *element) {
-        vx_layout_show_box(element, f_layouts.map().canvas().view().box());
-    });
+    f_document.change(frame,
+                      [this](Ivx_layer *element) { vx_layout_show_box(element, f_layouts.shown_box()); });
     f_document.finish_step(Tvx_layout_document::c_step_single, frame);
 }
 

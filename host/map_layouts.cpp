@@ -13,6 +13,13 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include <algorithm>
+
+namespace {
+/// Of the data, left free at their edges.
+constexpr double c_margin_part = 0.01;
+} // namespace
+
 Tvx_map_layouts::Tvx_map_layouts(Tvx_map_window &window)
     : f_map(window), f_sync(window.layers(), window.scene_name())
 {
@@ -72,11 +79,25 @@ Tvx_layout_window *Tvx_map_layouts::add()
     for (int number = 2; index_of(name) >= 0; ++number)
         name = QStringLiteral("%1 %2").arg(title).arg(number);
     Ivx_scn_2d *const layout = vx_scns_2d_add(list(), name.toStdWString().c_str());
-    vx_layout_make_page(layout, f_sync.scene(),
-                        f_map.layers().count() > 0 ? f_map.canvas().view().box() : Tvx_box_d2{},
-                        title);
+    vx_layout_make_page(layout, f_sync.scene(), shown_box(),
+                        f_map.scene_path().isEmpty() && f_map.layers().count() > 0 ? f_map.layers().name_at(0)
+                                                                                   : title);
     emit changed();
     return open(count() - 1);
+}
+
+Tvx_box_d2 Tvx_map_layouts::shown_box() const
+{
+    if (f_map.layers().count() == 0)
+        return {};
+    Tvx_box_d2 const view = f_map.canvas().view().box();
+    // Land round the data is not worth the paper.
+    Tvx_box_d2 data = f_map.layers().extent();
+    double const x = data.width() * c_margin_part;
+    double const y = data.height() * c_margin_part;
+    data = {std::max(view.min_x, data.min_x - x), std::max(view.min_y, data.min_y - y),
+            std::min(view.max_x, data.max_x + x), std::min(view.max_y, data.max_y + y)};
+    return data.is_empty() || data.width() <= 0 || data.height() <= 0 ? view : data;
 }
 
 Tvx_layout_window *Tvx_map_layouts::open(int index)

@@ -52,6 +52,8 @@ public:
     void close_windows();
 
     [[nodiscard]] Tvx_map_window &map() const { return f_map; }
+    /// What the map window shows of its data; empty without any.
+    [[nodiscard]] Tvx_box_d2 shown_box() const;
     [[nodiscard]] Tvx_layout_sync &sync() { return f_sync; }
 
 signals:

@@ -49,6 +49,7 @@ void Tvx_tour_layout::show()
     for (QString const &name : data.entryList({"world.*", "nc.*", "naturalearth_cities.*", c_example_map}))
         f_stage.check(QFile::copy(data.filePath(name), folder.filePath(name)), "cannot copy " + name);
     f_stage.check(map.open_files({folder.filePath(c_example_map)}) == 3, "the sample map was not opened");
+    hand::press(&map.canvas(), Qt::Key_Home);
     hand::press(&map.canvas(), Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
     Tvx_layout_window *const window = map.layouts().window_at(0);
     f_stage.check(window && window->isVisible(), "the command opens no layout");
