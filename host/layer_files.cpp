@@ -35,7 +35,7 @@ constexpr std::size_t c_named_files = 8;
 
 constexpr char c_vector_masks[] =
     "*.shp *.gpkg *.geojson *.json *.kml *.kmz *.gml *.gpx *.tab *.mif *.dxf *.dgn *.fgb "
-    "*.csv *.sqlite *.db *.e00 *.shz";
+    "*.csv *.sqlite *.db *.e00 *.shz *.zip";
 constexpr char c_raster_masks[] =
     "*.tif *.tiff *.img *.asc *.vrt *.nc *.jp2 *.png *.jpg *.jpeg *.dem *.hgt *.grd *.bil";
 

@@ -257,6 +257,41 @@ bool is_database_file(std::string const &path)
     return file.read(head.data(), static_cast<std::streamsize>(head.size())) && head == c_mark;
 }
 
+/// What is read of an archive: the shapefiles of its uppermost folder that has any, since they are sent round
+/// so; else a raster.
+struct archive
+{
+    /// Not of formats that name other files: those are looked at before they are opened.
+    explicit archive(std::string const &path)
+    {
+        if (!EQUAL(CPLGetExtension(path.c_str()), "zip"))
+            return;
+        std::string const root = "/vsizip/{" + path + "}";
+        CPLStringList const names(VSIReadDirRecursive(root.c_str()));
+        for (int i = 0; i < names.Count(); ++i) {
+            std::string const folder = root + "/" + CPLGetPath(names[i]);
+            char const *const ending = CPLGetExtension(names[i]);
+            bool const is_raster = EQUAL(ending, "tif") || EQUAL(ending, "tiff");
+            // Some systems pack files of their own beside, of the same name.
+            if (std::string_view(CPLGetFilename(names[i])).starts_with("._"))
+                continue;
+            if (EQUAL(ending, "shp") && (has_no_shapes() || folder.size() < opened.size())) {
+                driver = "ESRI Shapefile";
+                opened = folder;
+            } else if (is_raster && !driver) {
+                driver = "GTiff";
+                opened = root + "/" + names[i];
+            }
+        }
+    }
+
+    char const *driver = nullptr; ///< null for what is no such archive
+    std::string opened;
+
+private:
+    [[nodiscard]] bool has_no_shapes() const { return !driver || EQUAL(driver, "GTiff"); }
+};
+
 /// Changes of such a file are written by writing all of it anew.
 bool is_rewritten(char const *driver)
 {
@@ -422,11 +457,15 @@ std::unique_ptr<dataset> dataset::open(std::wstring const &connection, bool read
         GDALDriverH driver = GDALIdentifyDriverEx(opened.c_str(), GDAL_OF_VECTOR, nullptr, nullptr);
         if (!driver)
             driver = GDALIdentifyDriverEx(opened.c_str(), GDAL_OF_RASTER, nullptr, nullptr);
-        char const *const driver_name = driver ? GDALGetDriverShortName(driver) : nullptr;
-        CPLStringList options = open_options(parsed, driver_name, read_only);
+        archive const packed(driver || kind != path_kind::file || !read_only ? std::string() : path);
+        if (packed.driver)
+            opened = packed.opened;
+        char const *const driver_name = driver ? GDALGetDriverShortName(driver) : packed.driver;
+        // What lies beside an archive says nothing of what is in it.
+        CPLStringList options = open_options(parsed, packed.driver ? nullptr : driver_name, read_only);
         if (read_only && !work->copy && is_idle_write_ahead_database(path, driver_name))
             options.SetNameValue("IMMUTABLE", "YES");
-        if (kind == path_kind::file && is_one_of(driver_name, {"ESRI Shapefile"}))
+        if (kind == path_kind::file && !packed.driver && is_one_of(driver_name, {"ESRI Shapefile"}))
             if (shapefile_index const index(path); index.is_short() && (read_only || !index.mend())) {
                 guard.add(c_drv_not_closed);
                 is_ready = false;

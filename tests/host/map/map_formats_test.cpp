@@ -41,6 +41,64 @@ void write_towns(std::filesystem::path const &path, int driver, wchar_t const *t
         }));
 }
 
+/// An archive of files that are not packed smaller.
+std::string archive_of(std::vector<std::pair<std::string, std::string>> const &files)
+{
+    std::string packed, directory;
+    auto const number = [](std::size_t value, int bytes) {
+        std::string text;
+        for (; bytes > 0; --bytes, value >>= 8)
+            text += static_cast<char>(value & 0xff);
+        return text;
+    };
+    for (auto const &[name, bytes] : files) {
+        std::string const head = number(20, 14) + number(bytes.size(), 4) + number(bytes.size(), 4) +
+                                 number(name.size(), 2) + number(0, 2);
+        directory += "PK\1\2" + number(20, 2) + head + number(0, 10) + number(packed.size(), 4) + name;
+        packed += "PK\3\4" + head + name + bytes;
+    }
+    return packed + directory + "PK\5\6" + number(0, 4) + number(files.size(), 2) + number(files.size(), 2) +
+           number(directory.size(), 4) + number(packed.size(), 4) + number(0, 2);
+}
+
+TEST_F(map_formats, what_is_in_an_archive_is_shown)
+{
+    auto const example = [](char const *name) { return read_file(std::string(VX_EXAMPLE_DATA "/") + name); };
+    struct
+    {
+        std::vector<std::pair<std::string, std::string>> files;
+        QStringList layers;
+    } const cases[] = {
+        {{{"in/nc.shp", example("nc.shp")}, {"in/nc.shx", example("nc.shx")}}, {"packed"}},
+        {{{"nc.shp", example("nc.shp")},
+          {"nc.shx", example("nc.shx")},
+          {"__MACOSX/._nc.shp", "mine"},
+          {"L7.tif", example("L7_ETMs.tif")},
+          {"streets.shp", example("streets.shp")},
+          {"streets.shx", example("streets.shx")}},
+         {"streets", "nc"}},
+        {{{"read.me", "read me"}, {"L7.tif", example("L7_ETMs.tif")}}, {"packed"}},
+        {{{"read.me", "read me"}}, {}},
+    };
+    for (auto const &c : cases) {
+        SCOPED_TRACE(c.files.front().first);
+        write_file(folder / "packed.zip", archive_of(c.files));
+        message_reader messages;
+        EXPECT_EQ(window->open_files({path_of(folder / "packed.zip")}), c.layers.size());
+        EXPECT_EQ(messages.texts.size(), c.layers.empty() ? 1 : 0);
+        for (int row = 0; row < c.layers.size(); ++row)
+            EXPECT_EQ(layers().name_at(row), c.layers[row]);
+        EXPECT_EQ(folder.count(), 1);
+        if (c.layers.empty())
+            continue;
+        select(0);
+        run("zoom_to_layer");
+        EXPECT_GT(drawn_part(picture()), 0.01);
+        while (layers().count() > 0)
+            layers().remove(0);
+    }
+}
+
 TEST_F(map_formats, are_opened_whatever_the_files_are_called)
 {
     struct
