@@ -95,13 +95,13 @@ TEST(layout_files, a_pdf_keeps_lines_areas_symbols_and_letters)
         std::size_t least;
     };
     std::vector<Tvx_pnt_d2> tangle;
-    for (int i = 0; i < 6000; ++i)
-        tangle.push_back({std::fmod(i * 37.7, 60) - 30, std::fmod(i * 17.3, 40) - 20});
+    for (int i = 0; i < 2500; ++i)
+        tangle.push_back({std::fmod(i * 37.7, 48) - 24, std::fmod(i * 17.3, 38) - 19});
     for (scene_kind const &k : {scene_kind{"fill", c_lr_key_shp_pgn, 5, nullptr, "\nf\\*", 1},
                                 {"hatch", c_lr_key_shp_pgn, 5, c_pgn_htch_style_lr, " l\nS", 20},
                                 {"spots", c_lr_key_shp_pgn, 5, c_pgn_spot_style_lr, "\nf", 20},
                                 {"dashes", c_lr_key_shp_pln, 3, c_pln_tplt_style_lr, "\nS", 20},
-                                {"line", c_lr_key_shp_pln, 3, nullptr, " l\n", 3000},
+                                {"line", c_lr_key_shp_pln, 3, nullptr, " l\n", 2000},
                                 {"symbols", c_lr_key_shp_pnt, 1, nullptr, "\nf", 200}}) {
         SCOPED_TRACE(k.name);
         saved_sheet s;
@@ -109,8 +109,12 @@ TEST(layout_files, a_pdf_keeps_lines_areas_symbols_and_letters)
             for (int i = 0; i < 300; ++i)
                 s.add_feature({tangle[static_cast<std::size_t>(i)]}, 1);
         else
-            s.add_feature(tangle, k.geom_type);
+            for (int i = 0; i < 2; ++i)
+                s.add_feature(tangle, k.geom_type);
         Ivx_layer *const layer = s.add_layer(k.key, L"layer");
+        // What is seen through is another matter for painters of pixels.
+        vx_stl_prm_set_color(vx_stl_mngr_get_simple_sp_ptr(vx_shp_lr2d_get_stl_mngr_ptr(layer)), false,
+                             vx_clr_init_rgba(200, 0, 0, 128));
         if (k.style) {
             void *const part = complex_layer(layer, k.geom_type == 3, k.style);
             if (k.geom_type == 3)
