@@ -6,6 +6,7 @@
 #include "platform/base/owned.h"
 #include "platform/basic/vx_res.h"
 #include "platform/data/vx_attr_data.h"
+#include "platform/dialogs/vx_msgs.h"
 #include "platform/layers/vx_layout_lr2d.h"
 #include "platform/toolkit/core/screen.h"
 
@@ -23,10 +24,11 @@ std::wstring source_of(Ivx_layer const *layer)
     return source;
 }
 
-/// Names of the fields; none where the data cannot be opened.
-std::vector<std::wstring> fields_of(std::wstring const &source)
+/// Names of the fields; none where the data cannot be opened, with the reason.
+std::vector<std::wstring> fields_of(std::wstring const &source, std::wstring &reason)
 {
     std::vector<std::wstring> names;
+    reason.clear();
     if (source.empty())
         return names;
     vx_wait_cursor const wait;
@@ -34,6 +36,8 @@ std::vector<std::wstring> fields_of(std::wstring const &source)
     vx::owned<Ivx_attr_files, &vx_attr_files_close> const table(vx_attr_files_open(data.get(), 1, 0));
     for (unsigned i = 0; i < vx_attr_files_get_np(table.get()); ++i)
         names.emplace_back(vx_attr_files_get_field_name_w(table.get(), i));
+    if (!table)
+        vx_attr_data_get_werror(data.get(), Tvx_std_wstring_adapter(reason));
     return names;
 }
 
@@ -58,6 +62,8 @@ public:
             [this, file] {
                 vx_lr2d_set_wfilename(f_lr2d, file->get_wfilename().c_str());
                 show_others();
+                if (!f_reason.empty())
+                    vx_show_reason(f_reason.c_str());
             });
         add_number({c_le_records, 0, 0, false,
                     field<&vx_layout_table_lr2d_get, &vx_layout_table_lr2d_set, &Tvx_layout_table::rows>});
@@ -83,7 +89,7 @@ private:
         auto const source = source_of(f_lr2d);
         if (source != f_source) {
             f_source = source;
-            f_fields = fields_of(source);
+            f_fields = fields_of(source, f_reason);
         }
         auto const chosen = vx_layout_table_lr2d_get(f_lr2d).fields;
         std::vector<ordered_list::line> lines;
@@ -110,6 +116,7 @@ private:
     ordered_list *f_list = nullptr;
     std::wstring f_source; ///< whose fields these are
     std::vector<std::wstring> f_fields;
+    std::wstring f_reason; ///< why there are none
 };
 } // namespace
 

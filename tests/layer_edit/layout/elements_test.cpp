@@ -357,6 +357,10 @@ TEST_F(element_pages, bars_arrows_pictures_and_tables)
     auto const table = vx_layout_table_lr2d_get(layer());
     EXPECT_EQ(table.rows, 7);
     EXPECT_EQ(table.fields, (lines{fields[2].substr(1), fields[0].substr(1)}));
+    next_file = L"" VX_EXAMPLE_DATA "/nc_legend.nothing";
+    press(window(), L"Data set");
+    EXPECT_EQ(std::exchange(messages, {}).size(), 1u) << "which cannot be opened";
+    EXPECT_EQ(list_lines(window()), (lines{L"+" + fields[2].substr(1), L"+" + fields[0].substr(1)}));
     vx_lr2d_edt_form_set_lr2d(record.get(), nullptr);
     EXPECT_TRUE(tabs().empty());
 }
