@@ -110,7 +110,11 @@ std::wstring elided(std::wstring_view line, text_look const &look, double width)
 void write_line(layout_canvas &canvas, Tvx_pnt_d2 at, std::wstring_view line, text_look const &look,
                 double angle)
 {
-    if (line.empty() || !(look.size > 0))
+    // What nobody can read, and what no font can be drawn as.
+    constexpr double c_least_px = 0.2, c_most_px = 20'000, c_most_stretched = 20;
+    auto const [low, high] =
+        std::minmax({look.size * canvas.px_per_mm_x(), look.size * canvas.px_per_mm_y()});
+    if (line.empty() || !(low > c_least_px && high < c_most_px && high < low * c_most_stretched))
         return;
     Tvx_pnt_d2 const px = canvas.to_px(at);
     QPainter &p = *vx_qt_painter(canvas.target().painter);
