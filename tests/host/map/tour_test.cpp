@@ -30,6 +30,10 @@ TEST(tour, goes_through_in_each_language_and_writes_nothing_but_pictures)
         EXPECT_EQ(tour.exitCode(), 0) << tour.readAllStandardError().toStdString();
         int pictures = 0;
         for (auto const &entry : std::filesystem::directory_iterator(folder.path())) {
+            if (entry.path().filename() == "layout.pdf") {
+                EXPECT_GT(entry.file_size(), 10000);
+                continue;
+            }
             EXPECT_FALSE(QImage(QString::fromStdString(entry.path().string())).isNull()) << entry.path();
             ++pictures;
         }
