@@ -30,22 +30,6 @@ Function *by_name(Function * /*like*/, char const *name)
 {
     return reinterpret_cast<Function *>(dlsym(RTLD_DEFAULT, name));
 }
-
-/// The services of one category while the object lives.
-class offered
-{
-public:
-    offered(wchar_t const *category, models::service &service) : f_category(category)
-    {
-        f_factory.services.push_back(&service);
-        vx_service_registry_add_factory(category, f_factory);
-    }
-    ~offered() { vx_service_registry_remove_factory(f_category, f_factory); }
-
-private:
-    wchar_t const *f_category;
-    models::factory f_factory;
-};
 } // namespace
 
 TEST_F(layout_form, never_shows_the_tab_of_styles)
@@ -105,18 +89,22 @@ TEST_F(layout_form, on_a_form_of_the_host_or_of_another_window)
 
 TEST_F(layout_form, has_a_category_of_its_own)
 {
-    models::service for_layers;
-    models::service for_elements;
-    offered const layers(L"vxk/layer/2d", for_layers);
-    offered const elements(L"vxk/layer/layout", for_elements);
-    auto const text = make_element(c_lr_key_layout_text);
-    for (bool const is_layout : {true, false}) {
-        for_layers.layers = for_elements.layers = 0;
-        vx::owned<Tvx_lr2d_edit_form, &vx_lr2d_edt_form_destroy> const record(
-            is_layout ? vx_lr_layout_edt_form_create() : vx_lr2d_edt_form_create());
-        vx_lr2d_edt_form_create_all(record.get());
-        vx_lr2d_edt_form_set_lr2d(record.get(), text.get());
-        EXPECT_EQ(for_elements.layers > 0, is_layout);
-        EXPECT_EQ(for_layers.layers > 0, !is_layout);
+    models::service services[2];
+    models::factory factories[2];
+    wchar_t const *const categories[] = {L"vxk/layer/2d", L"vxk/layer/layout"};
+    for (int i = 0; i < 2; ++i) {
+        factories[i].services.push_back(&services[i]);
+        vx_service_registry_add_factory(categories[i], factories[i]);
     }
+    for (int i = 0; i < 2; ++i) {
+        vx::owned<Tvx_lr2d_edit_form, &vx_lr2d_edt_form_destroy> const record(
+            i == 0 ? vx_lr2d_edt_form_create() : vx_lr_layout_edt_form_create());
+        vx_lr2d_edt_form_create_all(record.get());
+        services[0].layers = services[1].layers = 0;
+        vx_lr2d_edt_form_set_lr2d(record.get(), make_element(c_lr_key_layout_text).get());
+        EXPECT_GT(services[i].layers, 0);
+        EXPECT_EQ(services[1 - i].layers, 0);
+    }
+    for (int i = 0; i < 2; ++i)
+        vx_service_registry_remove_factory(categories[i], factories[i]);
 }
