@@ -72,13 +72,26 @@ std::uint64_t size_of(VSILFILE *file)
     return VSIFTellL(file);
 }
 
+/// Whether a table of attributes holds fewer records than it says.
+bool is_cut(VSILFILE *table)
+{
+    unsigned char head[12];
+    std::uint64_t const size = size_of(table);
+    VSIFSeekL(table, 0, SEEK_SET);
+    if (VSIFReadL(head, 1, sizeof head, table) != sizeof head)
+        return true;
+    return little<std::uint16_t>(head + 8) +
+               std::uint64_t{little<std::uint32_t>(head + 4)} * little<std::uint16_t>(head + 10) >
+           size;
+}
+
 class shapefile_walk final : public shape_walk
 {
 public:
     shapefile_walk(file_holder shapes, file_holder index, OGRLayer &layer, std::size_t records,
-                   std::vector<long long> deleted, shape_window const *window)
+                   std::vector<long long> deleted, shape_window const *window, bool table_is_cut)
         : f_shapes(std::move(shapes)), f_index(std::move(index)), f_layer(layer), f_records(records),
-          f_deleted(std::move(deleted)), f_size(size_of(f_shapes.get())),
+          f_deleted(std::move(deleted)), f_size(size_of(f_shapes.get())), f_table_is_cut(table_is_cut),
           f_window(window ? std::optional(*window) : std::nullopt)
     {
     }
@@ -89,7 +102,7 @@ public:
             return read_large(run);
         for (int i = 0; i < c_at_once && !run.is_large(); ++i, ++f_next) {
             if (f_next == f_records)
-                return c_end;
+                return f_table_is_cut ? c_broken : c_end;
             if (f_deleted_seen < f_deleted.size() &&
                 f_deleted[f_deleted_seen] == static_cast<long long>(f_next)) {
                 ++f_deleted_seen;
@@ -307,6 +320,7 @@ private:
     std::size_t f_records;
     std::vector<long long> f_deleted;
     std::uint64_t f_size;
+    bool f_table_is_cut;
     std::optional<shape_window> f_window;
     std::size_t f_next = 0;
     std::size_t f_deleted_seen = 0;
@@ -344,7 +358,8 @@ std::unique_ptr<shape_walk> walk_shapefile(std::string const &path, OGRLayer &la
     auto const records = static_cast<std::size_t>((told - c_head) / c_entry);
     if (static_cast<GIntBig>(records) != layer.GetFeatureCount(FALSE))
         return nullptr;
+    file_holder const table = open_part(path, layer, "dbf");
     return std::make_unique<shapefile_walk>(std::move(shapes), std::move(index), layer, records,
-                                            std::move(deleted), window);
+                                            std::move(deleted), window, table && is_cut(table.get()));
 }
 } // namespace vx::gdal

@@ -145,8 +145,10 @@ TEST_F(map_formats, are_opened_whatever_the_files_are_called)
 TEST_F(map_formats, a_file_that_was_cut_is_drawn_as_far_as_it_goes_and_that_is_said)
 {
     std::filesystem::copy(VX_EXAMPLE_DATA "/nc.shx", folder.path());
-    for (std::size_t const size : {30000, 46000}) {
-        write_file(folder / "nc.shp", read_file(VX_EXAMPLE_DATA "/nc.shp").substr(0, size));
+    for (auto const &[shapes, table] : {std::pair{30000, 0}, {46000, 0}, {-1, 3000}}) {
+        write_file(folder / "nc.shp", read_file(VX_EXAMPLE_DATA "/nc.shp").substr(0, std::size_t(shapes)));
+        if (table > 0)
+            write_file(folder / "nc.dbf", read_file(VX_EXAMPLE_DATA "/nc.dbf").substr(0, std::size_t(table)));
         ASSERT_EQ(window->open_files({path_of(folder / "nc.shp")}), 1);
         EXPECT_TRUE(hand::wait_until([&] { return canvas().is_settled(); }));
         EXPECT_GT(drawn_part(picture()), 0.01);
