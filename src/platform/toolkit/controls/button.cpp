@@ -23,8 +23,11 @@ namespace {
 constexpr int c_max_glyphs = 4;
 
 /// Styles draw the default button as one that has the focus, so there the focus gets a frame of its own.
-class push_widget final : public QPushButton
+class push_widget : public QPushButton
 {
+public:
+    using QPushButton::QPushButton;
+
 protected:
     void paintEvent(QPaintEvent *event) override
     {

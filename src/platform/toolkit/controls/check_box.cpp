@@ -22,9 +22,11 @@ Qt::CheckState to_qt(TCheckBoxState state)
 /// A person's click leaves the grey state out unless it is allowed, also while the box shows it. With the
 /// text left of the box, text and box stand at the two edges of the control, so that boxes below one another
 /// are in line and so are their texts.
-class check_widget final : public QCheckBox
+class check_widget : public QCheckBox
 {
 public:
+    using QCheckBox::QCheckBox;
+
     bool allow_grayed = false;
 
 protected:

@@ -32,9 +32,11 @@ constexpr int c_text_inset = 2;
 } // namespace
 
 /// Tells when its list opens and closes, and lets the control draw the chosen item.
-class TCustomComboBox::box final : public QComboBox
+class TCustomComboBox::box : public QComboBox
 {
 public:
+    using QComboBox::QComboBox;
+
     TCustomComboBox *owner = nullptr;
     bool opening = false;
 
@@ -168,8 +170,7 @@ private:
 };
 
 TCustomComboBox::TCustomComboBox(TComponent *owner)
-    : TWinControl(owner, vx_make_widget<box>()), f_items(std::make_unique<strings>(this)),
-      f_canvas(std::make_unique<TCanvas>())
+    : TWinControl(owner, vx_make_widget<box>()), f_items(std::make_unique<strings>(this))
 {
     ControlStyle.Exclude(csClickEvents);
     ControlStyle.Exclude(csSetCaption);
@@ -516,9 +517,16 @@ void TCustomComboBox::SelectAll()
         native()->lineEdit()->selectAll();
 }
 
+TCanvas *TCustomComboBox::GetCanvas() const
+{
+    if (!f_canvas)
+        f_canvas = std::make_unique<TCanvas>();
+    return f_canvas.get();
+}
+
 void TCustomComboBox::draw(void *painter, int index, TRect const &rect, TOwnerDrawState const &state)
 {
-    f_canvas->Attach(static_cast<vx_native_painter *>(painter));
+    GetCanvas()->Attach(static_cast<vx_native_painter *>(painter));
     bool const selected = state.Contains(odSelected);
     f_canvas->SetFont(GetFont());
     f_canvas->GetBrush()->SetColor(selected                         ? clHighlight

@@ -71,7 +71,7 @@ public:
     void SetSelLength(int length);
     void SelectAll();
     /// For `OnDrawItem`; open only during it.
-    [[nodiscard]] TCanvas *GetCanvas() const { return f_canvas.get(); }
+    [[nodiscard]] TCanvas *GetCanvas() const;
 
     TNotifyEvent OnChange;
     TNotifyEvent OnSelect;
@@ -110,8 +110,8 @@ private:
     void draw(void *painter, int index, TRect const &rect, TOwnerDrawState const &state);
 
     std::unique_ptr<vx_item_strings> f_items;
-    std::unique_ptr<TCanvas> f_canvas;
-    delegate *f_delegate = nullptr; ///< of the list; null until there is one
+    mutable std::unique_ptr<TCanvas> f_canvas; ///< made when somebody draws
+    delegate *f_delegate = nullptr;            ///< of the list; null until there is one
     TComboBoxStyle f_style = csDropDown;
     int f_item_height = 16;
     int f_drop_down_width = 0;

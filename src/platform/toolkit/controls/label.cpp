@@ -89,7 +89,8 @@ void TCustomLabel::apply()
     QWidget *const buddy = f_focus_control ? vx_qt_widget(f_focus_control) : nullptr;
     if (label->buddy() != buddy)
         label->setBuddy(buddy);
-    label->setText(text);
+    if (label->text() != text)
+        label->setText(text);
     if (label->wordWrap() != f_word_wrap)
         label->setWordWrap(f_word_wrap);
     Qt::Alignment alignment = f_alignment == taCenter         ? Qt::AlignHCenter
@@ -98,8 +99,10 @@ void TCustomLabel::apply()
     alignment |= f_layout == tlCenter   ? Qt::AlignVCenter
                  : f_layout == tlBottom ? Qt::AlignBottom
                                         : Qt::AlignTop;
-    label->setAlignment(alignment);
-    label->setAutoFillBackground(!f_transparent);
+    if (label->alignment() != alignment)
+        label->setAlignment(alignment);
+    if (label->autoFillBackground() == f_transparent)
+        label->setAutoFillBackground(!f_transparent);
     if (GetAutoSize())
         AdjustSize();
 }

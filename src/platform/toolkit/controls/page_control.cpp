@@ -20,10 +20,10 @@
 #include <algorithm>
 
 /// The row of tabs and the frame of the pages below or above it.
-class TPageControl::area final : public QWidget
+class TPageControl::area : public QWidget
 {
 public:
-    area() : tabs(this)
+    explicit area(QWidget *parent) : QWidget(parent), tabs(this)
     {
         tabs.setExpanding(false);
         tabs.setDrawBase(false);
@@ -263,7 +263,6 @@ void TPageControl::update_tabs()
             update_tab(page);
         tabs.setCurrentIndex(f_active ? f_active->GetTabIndex() : -1);
     }
-    widget->lay_out();
     Realign();
 }
 
@@ -273,11 +272,14 @@ void TPageControl::update_tab(TTabSheet *page)
     if (tab < 0)
         return;
     QTabBar &tabs = native()->tabs;
-    tabs.setTabText(tab, vx_qt_string(page->GetCaption()));
+    // Qt measures all tabs anew for each that is set.
+    if (QString const text = vx_qt_string(page->GetCaption()); tabs.tabText(tab) != text)
+        tabs.setTabText(tab, text);
     tabs.setTabToolTip(tab, vx_qt_string(page->GetHint()));
     TBitmap picture;
     bool const has_picture = f_images && f_images->GetBitmap(page->f_image_index, &picture);
-    tabs.setTabIcon(tab, has_picture ? QIcon(QPixmap::fromImage(vx_qt_image(picture))) : QIcon());
+    if (has_picture || !tabs.tabIcon(tab).isNull())
+        tabs.setTabIcon(tab, has_picture ? QIcon(QPixmap::fromImage(vx_qt_image(picture))) : QIcon());
 }
 
 void TPageControl::tab_chosen(int tab)

@@ -36,9 +36,14 @@ void draw_bevel(TCanvas &canvas, TRect &rect, TPanelBevel bevel, int width)
 }
 } // namespace
 
-TCustomPanel::TCustomPanel(TComponent *owner) : TCustomControl(owner)
+TCustomPanel::TCustomPanel(TComponent *owner) : TCustomPanel(owner, bvRaised, c_width, c_height)
 {
-    SetBounds(0, 0, c_width, c_height);
+}
+
+TCustomPanel::TCustomPanel(TComponent *owner, TPanelBevel outer, int width, int height)
+    : TCustomControl(owner), f_bevel_outer(outer)
+{
+    SetBounds(0, 0, width, height);
 }
 
 void TCustomPanel::SetText(UnicodeString const &text)

@@ -26,6 +26,8 @@ public:
     void SetText(UnicodeString const &text) override;
 
 protected:
+    TCustomPanel(TComponent *owner, TPanelBevel outer, int width, int height);
+
     void Paint() override;
     void AdjustClientRect(TRect &rect) override;
 

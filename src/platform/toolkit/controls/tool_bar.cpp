@@ -26,10 +26,10 @@ constexpr int c_separator_width = 8;
 constexpr int c_picture_margin = 7;
 } // namespace
 
-class TToolButton::native_button final : public QToolButton
+class TToolButton::native_button : public QToolButton
 {
 public:
-    native_button()
+    explicit native_button(QWidget *parent) : QToolButton(parent)
     {
         setFocusPolicy(Qt::TabFocus);
         setAutoRaise(true);

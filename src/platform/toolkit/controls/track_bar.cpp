@@ -22,7 +22,7 @@ constexpr int c_band = 3; ///< thickness of a marked range
 class TTrackBar::slider final : public QSlider
 {
 public:
-    slider() : QSlider(Qt::Horizontal) {}
+    explicit slider(QWidget *parent) : QSlider(Qt::Horizontal, parent) {}
 
     int from = 0;
     int to = 0;

@@ -55,6 +55,10 @@ void TComponent::InsertComponent(TComponent *component)
         return;
     if (component->f_owner)
         component->f_owner->RemoveComponent(component);
+    // Who owns one mostly owns several.
+    constexpr std::size_t c_usual_components = 8;
+    if (f_components.empty())
+        f_components.reserve(c_usual_components);
     f_components.push_back(component);
     component->f_owner = this;
     Notification(component, opInsert);

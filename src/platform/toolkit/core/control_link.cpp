@@ -90,6 +90,17 @@ struct input_state
 };
 constinit input_state g_input;
 
+/// Where the next widget is made, and where one is being made.
+constinit vx_native_widget *g_birth_place = nullptr;
+constinit QWidget *g_birth_area = nullptr;
+
+/// The last widget that offered its hook.
+struct
+{
+    QWidget const *widget = nullptr;
+    vx_event_hook *hook = nullptr;
+} constinit g_offer;
+
 TMouseButton button_of(Qt::MouseButton button)
 {
     if (button == Qt::RightButton)
@@ -177,6 +188,30 @@ bool vx_event_scope::active()
     return g_input.scopes > 0;
 }
 
+vx_birth_place::vx_birth_place(TWinControl *parent)
+    : f_former(std::exchange(g_birth_place, parent ? parent->ClientWidget() : nullptr))
+{
+}
+
+vx_birth_place::~vx_birth_place()
+{
+    g_birth_place = f_former;
+}
+
+vx_native_widget *vx_birth_place::take()
+{
+    return std::exchange(g_birth_place, nullptr);
+}
+
+vx_birth_scope::vx_birth_scope(QWidget *area) : f_former(std::exchange(g_birth_area, area))
+{
+}
+
+vx_birth_scope::~vx_birth_scope()
+{
+    g_birth_area = f_former;
+}
+
 QWidget *vx_qt_widget(TControl const *control)
 {
     return control && control->Link() ? control->Link()->widget.data() : nullptr;
@@ -190,8 +225,23 @@ TControl *vx_control_of(QWidget const *widget)
     return nullptr;
 }
 
+void vx_offer_hook(QWidget *widget, vx_event_hook *hook)
+{
+    g_offer = {widget, hook};
+}
+
+bool vx_hooked_event(vx_control_link &link, QWidget *widget, QEvent *event)
+{
+    return link.eventFilter(widget, event);
+}
+
 vx_control_link::vx_control_link(TControl *owner, QWidget *w) : control(owner), widget(w), f_key(w)
 {
+    if (g_offer.widget == w) {
+        f_hook = g_offer.hook;
+        f_hook->link = this;
+        g_offer = {};
+    }
     [[maybe_unused]] static bool const told = (vx_set_key_state_source(&key_is_down), true);
     links().insert(w, this);
     watch(w);
@@ -200,6 +250,8 @@ vx_control_link::vx_control_link(TControl *owner, QWidget *w) : control(owner), 
 vx_control_link::~vx_control_link()
 {
     vx_control_guard::expire(*this);
+    if (f_hook && widget)
+        f_hook->link = nullptr;
     if (links().value(f_key) == this)
         links().remove(f_key);
 }
@@ -212,7 +264,8 @@ void vx_control_link::watch(QObject *object)
         if (target->focusPolicy() == Qt::WheelFocus)
             target->setFocusPolicy(Qt::StrongFocus);
     }
-    object->installEventFilter(this);
+    if (!f_hook || object != widget)
+        object->installEventFilter(this);
     for (QObject *const child : object->children())
         if (child->isWidgetType() && !link_of(child))
             watch(child);
@@ -231,8 +284,8 @@ bool vx_control_link::eventFilter(QObject *object, QEvent *event)
 {
     if (event->type() == QEvent::ChildAdded) {
         QObject *const child = static_cast<QChildEvent *>(event)->child();
-        // The child may be half made: nothing but the filter is put on it.
-        if (child->isWidgetType() && !link_of(child))
+        // The child may be half made: nothing but the filter is put on it. A control's own gets its link.
+        if (child->isWidgetType() && object != g_birth_area && !link_of(child))
             child->installEventFilter(this);
         return false;
     }

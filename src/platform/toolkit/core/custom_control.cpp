@@ -7,8 +7,7 @@ TCustomControl::TCustomControl(TComponent *owner) : TCustomControl(owner, vx_mak
 {
 }
 
-TCustomControl::TCustomControl(TComponent *owner, vx_native_widget *widget)
-    : TWinControl(owner, widget), f_canvas(std::make_unique<TCanvas>())
+TCustomControl::TCustomControl(TComponent *owner, vx_native_widget *widget) : TWinControl(owner, widget)
 {
     ControlStyle <<= csOwnPaint;
     ControlStyle <<= csAcceptsControls;
@@ -18,8 +17,15 @@ TCustomControl::~TCustomControl() = default;
 
 void TCustomControl::PaintWidget(vx_native_painter *painter)
 {
-    f_canvas->Attach(painter);
+    GetCanvas()->Attach(painter);
     Paint();
     OnPaint(this);
     f_canvas->Detach();
+}
+
+TCanvas *TCustomControl::GetCanvas() const
+{
+    if (!f_canvas)
+        f_canvas = std::make_unique<TCanvas>();
+    return f_canvas.get();
 }

@@ -11,7 +11,8 @@ public:
     explicit TCustomControl(TComponent *owner);
     ~TCustomControl() override;
 
-    [[nodiscard]] TCanvas *GetCanvas() const { return f_canvas.get(); }
+    /// Made when it is asked for: few controls of a page ever draw.
+    [[nodiscard]] TCanvas *GetCanvas() const;
 
     /// Runs after the control has drawn itself.
     TNotifyEvent OnPaint;
@@ -25,5 +26,5 @@ protected:
     void PaintWidget(vx_native_painter *painter) override;
 
 private:
-    std::unique_ptr<TCanvas> f_canvas;
+    mutable std::unique_ptr<TCanvas> f_canvas;
 };

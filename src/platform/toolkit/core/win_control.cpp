@@ -104,7 +104,7 @@ void TWinControl::AttachChildWidget(TControl *child)
 {
     QWidget *const widget = vx_qt_widget(child);
     QWidget *const area = vx_qt_widget(ClientWidget());
-    if (!widget || !area)
+    if (!widget || !area || widget->parentWidget() == area)
         return;
     QRect const bounds = widget->geometry();
     widget->setParent(area);
@@ -131,8 +131,11 @@ void TWinControl::insert_control(TControl *control)
         f_controls.reserve(c_usual_children);
     f_controls.push_back(control);
     auto *const windowed = vx_windowed(control);
-    if (windowed)
+    if (windowed) {
+        if (f_tab_list.empty())
+            f_tab_list.reserve(c_usual_children);
         f_tab_list.push_back(windowed);
+    }
     control->f_parent = this;
     AttachChildWidget(control);
     if (!windowed)

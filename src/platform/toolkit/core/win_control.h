@@ -99,6 +99,7 @@ protected:
     friend struct vx_control_link;
     friend struct vx_drag_session;
     friend class TDockManager;
+    friend class vx_birth_place;
 
     /// Runs once the window exists, also after `RecreateWnd`; an override calls the base first.
     virtual void CreateWnd();
@@ -157,6 +158,7 @@ private:
     void apply_visible() override;
     void update_showing();
     void free_window();
+    [[nodiscard]] static bool takes_part(TControl const *control, TAlign align);
     [[nodiscard]] std::vector<TControl *> sorted_for(TAlign align, TControl *control) const;
     void place(TControl *control, TRect &rect);
     void place_by_anchors(TControl *control);

@@ -86,19 +86,22 @@ bool TWinControl::stands_before(TControl const *a, TControl const *b, TAlign ali
     }
 }
 
+bool TWinControl::takes_part(TControl const *control, TAlign align)
+{
+    return control->f_align == align && (align == alNone || control->f_visible);
+}
+
 std::vector<TControl *> TWinControl::sorted_for(TAlign align, TControl *control) const
 {
     std::vector<TControl *> sorted;
     sorted.reserve(f_controls.size());
-    auto const takes_part = [align](TControl const *c) {
-        return c->f_align == align && (align == alNone || c->GetVisible());
-    };
     // The control that changed goes first among equals once the window exists: it was put there just now.
-    bool const ahead = f_handle_allocated && control && control->f_parent == this && takes_part(control);
+    bool const ahead =
+        f_handle_allocated && control && control->f_parent == this && takes_part(control, align);
     if (ahead)
         sorted.push_back(control);
     for (TControl *const child : f_controls) {
-        if (!takes_part(child) || (ahead && child == control))
+        if (!takes_part(child, align) || (ahead && child == control))
             continue;
         auto const place = std::find_if(sorted.begin(), sorted.end(), [&](TControl const *other) {
             return stands_before(child, other, align);
@@ -116,26 +119,37 @@ void TWinControl::AlignControls(TControl *control, TRect &rect)
     auto const stands = [this](TControl const *child) {
         return std::find(f_controls.begin(), f_controls.end(), child) != f_controls.end();
     };
-    // Most parents have children of one or two kinds. What stands fast at the left and top has its place.
-    auto const has = [this](TAlign align) {
-        return std::any_of(f_controls.begin(), f_controls.end(), [align](TControl const *child) {
-            return child->f_align == align &&
-                   (align != alNone || child->f_anchors != TAnchors{akLeft, akTop});
-        });
+    auto const put = [&](TControl *child, TAlign align) {
+        if (align == alNone)
+            place_by_anchors(child);
+        else
+            place(child, rect);
     };
-    for (TAlign const align : {alTop, alBottom, alLeft, alRight, alClient, alNone}) {
-        if (!has(align))
-            continue;
-        for (TControl *const child : sorted_for(align, control)) {
-            if (!stands(child))
-                continue;
-            if (align == alNone)
-                place_by_anchors(child);
-            else
-                place(child, rect);
-            if (life.expired())
-                return;
+    // Most parents have one child of a kind, or none. What stands fast at the left and top has its place.
+    // What a handler changes on the way is for the next round.
+    struct
+    {
+        TControl *last = nullptr;
+        int count = 0;
+    } kinds[alCustom + 1];
+    for (TControl *const child : f_controls)
+        if (takes_part(child, child->f_align) &&
+            (child->f_align != alNone || child->f_anchors != TAnchors{akLeft, akTop})) {
+            kinds[child->f_align].last = child;
+            ++kinds[child->f_align].count;
         }
+    for (TAlign const align : {alTop, alBottom, alLeft, alRight, alClient, alNone}) {
+        if (kinds[align].count == 1 && stands(kinds[align].last))
+            put(kinds[align].last, align);
+        else if (kinds[align].count > 1)
+            for (TControl *const child : sorted_for(align, control)) {
+                if (stands(child))
+                    put(child, align);
+                if (life.expired())
+                    return;
+            }
+        if (life.expired())
+            return;
     }
     if (f_use_dock_manager && f_dock_manager)
         f_dock_manager->ResetBounds();

@@ -81,7 +81,10 @@ std::vector<std::unique_ptr<TBitmap>> TCustomImageList::cut(TBitmap const &image
     for (int i = 0; i < count; ++i) {
         auto picture = std::make_unique<TBitmap>();
         // Beyond the edge of a picture that is too small the copy is transparent.
-        vx_set_image(*picture, whole.copy(i * f_width, 0, f_width, f_height));
+        // What is no larger shares its pixels with its source, by which buttons know their icon again.
+        vx_set_image(*picture, whole.size() == QSize(f_width, f_height)
+                                   ? whole
+                                   : whole.copy(i * f_width, 0, f_width, f_height));
         pictures.push_back(std::move(picture));
     }
     return pictures;

@@ -20,13 +20,15 @@ bool contains_any(TGridOptions options, TGridOptions wanted)
 
 TCustomGrid::TCustomGrid(TComponent *owner)
     : TCustomControl(owner), f_cols(c_default_count, c_default_col_width),
-      f_rows(c_default_count, c_default_row_height), f_native(std::make_unique<native>(this))
+      f_rows(c_default_count, c_default_row_height)
 {
+    // Before there are bars that would have to be told.
+    SetColor(clWindow);
+    f_native = std::make_unique<native>(this);
     // `Click` runs when a cell was chosen, by mouse or key, not wherever the mouse is let go.
     ControlStyle.Exclude(csClickEvents);
     SetBounds(0, 0, c_default_width, c_default_height);
     SetTabStop(true);
-    SetColor(clWindow);
 }
 
 TCustomGrid::~TCustomGrid() = default;

@@ -160,8 +160,9 @@ void TMenuItem::Insert(int index, TMenuItem *item)
         index < GetCount() ? &f_items[static_cast<std::size_t>(index)]->f_native->action : nullptr;
     f_items.insert(f_items.begin() + index, item);
     item->f_parent = this;
-    f_native->holder()->insertAction(before, &item->f_native->action);
+    // Before it stands in the menu, which lays itself out at every change of a line.
     item->apply();
+    f_native->holder()->insertAction(before, &item->f_native->action);
     item->apply_below();
 }
 
@@ -230,9 +231,10 @@ void TMenuItem::apply()
     }
     action.setCheckable(f_checked || f_radio_item || f_auto_check);
     action.setChecked(f_checked);
-    QFont font = action.font();
-    font.setBold(f_default);
-    action.setFont(font);
+    if (QFont font = action.font(); font.bold() != f_default) {
+        font.setBold(f_default);
+        action.setFont(font);
+    }
     action.setShortcut(to_sequence(f_short_cut));
     // The toolkit runs the shortcuts itself; here they are only shown.
     action.setShortcutContext(Qt::WidgetShortcut);

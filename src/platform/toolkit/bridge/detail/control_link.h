@@ -23,9 +23,11 @@ class QMouseEvent;
 class QWheelEvent;
 
 class vx_control_guard;
+struct vx_event_hook;
 
-/// The end of a control in Qt's eyes: event filter of its widget and of the inner widgets that Qt puts into
-/// it, and context of its connections, which end with it.
+/// The end of a control in Qt's eyes: it gets the events of its widget, by the hook or as a filter, and
+/// filters those of the inner widgets that Qt puts into it, and context of its connections, which end with
+/// it.
 struct VX_API vx_control_link final : QObject
 {
     vx_control_link(TControl *control, QWidget *widget);
@@ -63,6 +65,7 @@ private:
     QWidget *f_host = nullptr;
     std::unique_ptr<QObject> f_follower;
     vx_control_guard *f_guards = nullptr; ///< those that stand, the newest first
+    vx_event_hook *f_hook = nullptr;      ///< of the widget, if it has one
     bool f_pressed_here = false;
     bool f_tracks_mouse = false;
 

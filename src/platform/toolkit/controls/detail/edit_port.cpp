@@ -31,9 +31,11 @@ Qt::Alignment to_alignment(TAlignment alignment)
 }
 
 /// Shows the characters hidden by one that the program chose.
-class password_line final : public QLineEdit
+class password_line : public QLineEdit
 {
 public:
+    using QLineEdit::QLineEdit;
+
     void set_password_character(wchar_t character)
     {
         setStyleSheet(character == 0 ? QString()
@@ -109,8 +111,7 @@ protected:
 
     explicit line_port(QLineEdit *edit)
     {
-        vx_qt_ensure_application();
-        f_edit = edit ? edit : new password_line;
+        f_edit = edit ? edit : vx_born<password_line>();
         if (!edit)
             f_limit = new vx_line_limit(f_edit);
     }
