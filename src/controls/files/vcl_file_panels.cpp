@@ -8,6 +8,7 @@
 
 #include "platform/basic/vx_res.h"
 #include "platform/dialogs/file_dialogs.h"
+#include "platform/toolkit/core/new_on.h"
 #include "platform/toolkit/core/strings.h"
 
 namespace {
@@ -22,19 +23,16 @@ void Tvx_vcl_path_panel::create()
 {
     Tvx_vcl_caption_panel::create();
     set_caption_width(c_caption_width);
-    f_button = new Tvx_vcl_button(this);
-    f_button->SetParent(get_data_panel());
+    f_button = vx_new_on<Tvx_vcl_button>(get_data_panel(), this);
     f_button->SetWidth(c_button_width);
     f_button->SetAlign(alRight);
     f_button->SetCaption(L"...");
     f_button->SetShowHint(true);
     f_button->OnClick = make_closure<&Tvx_vcl_path_panel::on_button_click>(this);
-    auto *const frame = new Tvx_sample_frame(this);
-    frame->SetParent(get_data_panel());
+    auto *const frame = vx_new_on<Tvx_sample_frame>(get_data_panel(), this);
     frame->SetAlign(alClient);
     frame->GetPadding()->SetBounds(c_text_inset, 0, c_text_inset, 0);
-    f_view = new Tvx_path_view(this);
-    f_view->SetParent(frame);
+    f_view = vx_new_on<Tvx_path_view>(frame, this);
     f_view->SetAlign(alClient);
     set_focus_control(f_button);
 }

@@ -6,6 +6,7 @@
 
 #include "platform/basic/vx_res.h"
 #include "platform/dialogs/file_dialogs.h"
+#include "platform/toolkit/core/new_on.h"
 
 #include <algorithm>
 
@@ -31,19 +32,16 @@ void Tvx_vcl_many_file_panel::create()
 {
     Tvx_vcl_panel::create();
     SetHeight(c_least_height);
-    f_caption = new Tvx_vcl_label_panel(this);
-    f_caption->SetParent(this);
+    f_caption = vx_new_on<Tvx_vcl_label_panel>(this, this);
     f_caption->create();
     f_caption->SetHeight(c_caption_height);
     f_caption->SetAlign(alTop);
-    f_list = new Tvx_vcl_list_box(this);
-    f_list->SetParent(this);
+    f_list = vx_new_on<Tvx_vcl_list_box>(this, this);
     f_list->SetAlign(alClient);
     f_list->OnClick = make_closure<&Tvx_vcl_many_file_panel::on_list_click>(this);
     f_caption->get_label()->SetFocusControl(f_list);
 
-    auto *const buttons = new Tvx_vcl_panel(this);
-    buttons->SetParent(this);
+    auto *const buttons = vx_new_on<Tvx_vcl_panel>(this, this);
     buttons->SetWidth(c_buttons_width + c_button_gap);
     buttons->SetAlign(alRight);
     int top = 0;

@@ -6,6 +6,7 @@
 #include "platform/basic/vx_res.h"
 #include "platform/toolkit/core/application.h"
 #include "platform/toolkit/core/list.h"
+#include "platform/toolkit/core/new_on.h"
 
 namespace {
 void focus_active_document()
@@ -22,7 +23,7 @@ void focus_active_document()
 } // namespace
 
 Tvx_apply_form::Tvx_apply_form(TComponent *owner)
-    : Tvx_form(owner), f_bottom_panel(new Tvx_bottom_panel(this))
+    : Tvx_form(owner), f_bottom_panel(vx_new_for<Tvx_bottom_panel>(this, this))
 {
     SetBorderStyle(bsSizeToolWin);
     SetFormStyle(fsStayOnTop);

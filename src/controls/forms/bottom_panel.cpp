@@ -3,6 +3,7 @@
 #include "captions/forms.h"
 
 #include "platform/basic/vx_res.h"
+#include "platform/toolkit/core/new_on.h"
 
 namespace {
 constexpr int c_edge = 8;  // free room at the sides of the strip
@@ -27,8 +28,7 @@ Tvx_bottom_panel::Tvx_bottom_panel(TComponent *owner)
 
 Tvx_button *Tvx_bottom_panel::make_button()
 {
-    auto *button = new Tvx_button(this);
-    button->SetParent(this);
+    auto *button = vx_new_on<Tvx_button>(this, this);
     button->SetWidth(c_button_width);
     return button;
 }

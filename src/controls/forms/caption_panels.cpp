@@ -2,6 +2,8 @@
 
 #include "controls/forms/event_off.h"
 
+#include "platform/toolkit/core/new_on.h"
+
 namespace {
 constexpr int c_caption_width = 100;
 constexpr int c_vert_caption_height = 20;
@@ -22,7 +24,8 @@ void fix_right(TControl &left, TControl &right, int width)
 }
 } // namespace
 
-Tvx_caption_panel::Tvx_caption_panel(TComponent *owner) : Tvx_panel(owner), f_label(new Tvx_label(this))
+Tvx_caption_panel::Tvx_caption_panel(TComponent *owner)
+    : Tvx_panel(owner), f_label(vx_new_for<Tvx_label>(this, this))
 {
     f_label->SetParent(this);
     f_label->SetAutoSize(false);
@@ -47,7 +50,8 @@ void Tvx_caption_panel::EnabledChanged()
 }
 
 Tvx_string_panel::Tvx_string_panel(TComponent *owner)
-    : Tvx_panel(owner), f_caption(new Tvx_caption_panel(this)), f_edit(new Tvx_edit(this))
+    : Tvx_panel(owner), f_caption(vx_new_for<Tvx_caption_panel>(this, this)),
+      f_edit(vx_new_for<Tvx_edit>(this, this))
 {
     f_caption->SetParent(this);
     f_edit->SetParent(this);
@@ -124,7 +128,8 @@ void Tvx_string_panel::on_edit_change(TObject * /*sender*/)
 }
 
 Tvx_str_info_panel::Tvx_str_info_panel(TComponent *owner)
-    : Tvx_panel(owner), f_caption(new Tvx_caption_panel(this)), f_text(new Tvx_edit(this))
+    : Tvx_panel(owner), f_caption(vx_new_for<Tvx_caption_panel>(this, this)),
+      f_text(vx_new_for<Tvx_edit>(this, this))
 {
     f_caption->SetParent(this);
     f_text->SetParent(this);
@@ -165,7 +170,8 @@ void Tvx_str_info_panel::set_caption_width(int width)
 }
 
 Tvx_combo_box_panel::Tvx_combo_box_panel(TComponent *owner)
-    : Tvx_panel(owner), f_caption(new Tvx_caption_panel(this)), f_box(new Tvx_combo_box(this))
+    : Tvx_panel(owner), f_caption(vx_new_for<Tvx_caption_panel>(this, this)),
+      f_box(vx_new_for<Tvx_combo_box>(this, this))
 {
     f_caption->SetParent(this);
     f_box->SetParent(this);
@@ -205,7 +211,7 @@ void Tvx_combo_box_panel::set_caption_width(int width)
 }
 
 Tvx_combo_box_vert_panel::Tvx_combo_box_vert_panel(TComponent *owner)
-    : Tvx_combo_box_panel(owner), f_top(new Tvx_panel(this))
+    : Tvx_combo_box_panel(owner), f_top(vx_new_for<Tvx_panel>(this, this))
 {
     SetHeight(c_vert_height);
     f_top->SetParent(this);

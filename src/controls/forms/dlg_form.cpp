@@ -3,9 +3,11 @@
 #include "controls/forms/detail/form_position.h"
 
 #include "platform/toolkit/core/application.h"
+#include "platform/toolkit/core/new_on.h"
 
 Tvx_dlg_form::Tvx_dlg_form(TComponent *owner)
-    : Tvx_form(owner), f_bottom_panel(new Tvx_bottom_panel(this)), f_content_panel(new Tvx_panel(this))
+    : Tvx_form(owner), f_bottom_panel(vx_new_for<Tvx_bottom_panel>(this, this)),
+      f_content_panel(vx_new_for<Tvx_panel>(this, this))
 {
     SetPosition(poDesigned);
     SetBorderStyle(bsSizeToolWin);

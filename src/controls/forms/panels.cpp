@@ -13,17 +13,12 @@ void set_enabled_below(TWinControl &parent, bool enabled)
 }
 } // namespace
 
-Tvx_panel::Tvx_panel(TComponent *owner) : TCustomPanel(owner)
+Tvx_panel::Tvx_panel(TComponent *owner) : TCustomPanel(owner, bvNone, 200, 26)
 {
-    SetBevelOuter(bvNone);
-    SetBounds(0, 0, 200, 26);
 }
 
-Tvx_vcl_panel::Tvx_vcl_panel(TComponent *owner) : TCustomPanel(owner)
+Tvx_vcl_panel::Tvx_vcl_panel(TComponent *owner) : TCustomPanel(owner, bvNone, 200, 22)
 {
-    SetBevelOuter(bvNone);
-    SetCaption({});
-    SetBounds(0, 0, 200, 22);
 }
 
 void Tvx_children_enabled_panel::set_enabled(bool enabled)
@@ -35,9 +30,6 @@ void Tvx_children_enabled_panel::set_enabled(bool enabled)
     }
 }
 
-Tvx_line_separator::Tvx_line_separator(TComponent *owner) : TCustomPanel(owner)
+Tvx_line_separator::Tvx_line_separator(TComponent *owner) : TCustomPanel(owner, bvLowered, 200, 2)
 {
-    SetBevelOuter(bvLowered);
-    SetCaption({});
-    SetBounds(0, 0, 200, 2);
 }

@@ -3,6 +3,7 @@
 #include "captions/forms.h"
 
 #include "platform/basic/vx_res.h"
+#include "platform/toolkit/core/new_on.h"
 
 #include <algorithm>
 
@@ -24,8 +25,7 @@ void Tvx_vcl_bottom_buttons::create()
     static constexpr std::array<wchar_t const *, c_button_count> captions = {L"Apply", L"Cancel", L"Help",
                                                                              L"Save", L"Load"};
     for (int i = 0; i < c_button_count; ++i) {
-        auto *button = new Tvx_vcl_button(this);
-        button->SetParent(this);
+        auto *button = vx_new_on<Tvx_vcl_button>(this, this);
         button->SetBounds(0, 0, c_button_width, c_button_height);
         button->SetCaption(captions[static_cast<std::size_t>(i)]);
         button->SetVisible(i == apply || i == cancel);

@@ -1,5 +1,7 @@
 #include "controls/forms/vcl_caption_panel.h"
 
+#include "platform/toolkit/core/new_on.h"
+
 namespace {
 constexpr int c_data_width = 70;
 constexpr int c_end_caption_width = 30;
@@ -9,8 +11,7 @@ constexpr int c_end_caption_gap = 3;
 void Tvx_vcl_label_panel::create()
 {
     Tvx_vcl_panel::create();
-    f_label = new Tvx_vcl_label(this);
-    f_label->SetParent(this);
+    f_label = vx_new_on<Tvx_vcl_label>(this, this);
     f_label->SetAutoSize(false);
     f_label->SetLayout(tlCenter);
     f_label->SetAlign(alClient);
@@ -29,18 +30,14 @@ void Tvx_vcl_label_panel::set_caption(UnicodeString const &caption)
 void Tvx_vcl_caption_panel::create()
 {
     Tvx_vcl_panel::create();
-    f_caption = new Tvx_vcl_label_panel(this);
-    f_caption->SetParent(this);
+    f_caption = vx_new_on<Tvx_vcl_label_panel>(this, this);
     f_caption->create();
-    f_right = new Tvx_vcl_panel(this);
-    f_right->SetParent(this);
+    f_right = vx_new_on<Tvx_vcl_panel>(this, this);
     f_right->create();
-    f_data = new Tvx_vcl_panel(this);
-    f_data->SetParent(f_right);
+    f_data = vx_new_on<Tvx_vcl_panel>(f_right, this);
     f_data->create();
     f_data->SetAlign(alClient);
-    f_end_caption = new Tvx_vcl_label_panel(this);
-    f_end_caption->SetParent(f_right);
+    f_end_caption = vx_new_on<Tvx_vcl_label_panel>(f_right, this);
     f_end_caption->create();
     f_end_caption->SetVisible(false);
     f_end_caption->SetWidth(c_end_caption_width);

@@ -3,6 +3,7 @@
 #include "captions/forms.h"
 
 #include "platform/basic/vx_res.h"
+#include "platform/toolkit/core/new_on.h"
 
 #include <algorithm>
 
@@ -14,18 +15,15 @@ Tvx_vcl_progress_panel::Tvx_vcl_progress_panel(TComponent *owner) : Tvx_vcl_pane
 void Tvx_vcl_progress_panel::create()
 {
     Tvx_vcl_panel::create();
-    f_caption = new Tvx_vcl_label_panel(this);
-    f_caption->SetParent(this);
+    f_caption = vx_new_on<Tvx_vcl_label_panel>(this, this);
     f_caption->create();
     f_caption->SetHeight(22);
     f_caption->SetAlign(alTop);
-    f_stop_btn = new Tvx_vcl_button(this);
-    f_stop_btn->SetParent(this);
+    f_stop_btn = vx_new_on<Tvx_vcl_button>(this, this);
     f_stop_btn->SetWidth(92);
     f_stop_btn->SetAlign(alRight);
     f_stop_btn->OnClick = make_closure<&Tvx_vcl_progress_panel::on_stop_btn_click>(this);
-    f_gauge = new Tvx_vcl_gauge(this);
-    f_gauge->SetParent(this);
+    f_gauge = vx_new_on<Tvx_vcl_gauge>(this, this);
     f_gauge->SetMinValue(0);
     f_gauge->SetMaxValue(100);
     f_gauge->SetAlign(alClient);

@@ -1,5 +1,7 @@
 #include "controls/forms/vcl_select_box.h"
 
+#include "platform/toolkit/core/new_on.h"
+
 #include <algorithm>
 
 Tvx_vcl_select_box::Tvx_vcl_select_box(TComponent *owner) : Tvx_vcl_combo_box(owner)
@@ -86,8 +88,7 @@ int Tvx_vcl_select_box::position_of(UnicodeString const &text) const
 void Tvx_vcl_select_box_panel::create()
 {
     Tvx_vcl_caption_panel::create();
-    f_box = new Tvx_vcl_select_box(this);
-    f_box->SetParent(get_data_panel());
+    f_box = vx_new_on<Tvx_vcl_select_box>(get_data_panel(), this);
     f_box->SetAlign(alClient);
     set_focus_control(f_box);
     f_box->OnChange = make_closure<&Tvx_vcl_select_box_panel::on_box_change>(this);

@@ -2,6 +2,8 @@
 
 #include "controls/forms/event_off.h"
 
+#include "platform/toolkit/core/new_on.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -12,8 +14,9 @@ constexpr int c_thumb_length = 10;
 } // namespace
 
 Tvx_fast_int_panel::Tvx_fast_int_panel(TComponent *owner)
-    : Tvx_children_enabled_panel(owner), f_top(new Tvx_panel(this)), f_size(new Tvx_size_panel(this)),
-      f_updown(new Tvx_updown(this)), f_track(new Tvx_track_bar(this))
+    : Tvx_children_enabled_panel(owner), f_top(vx_new_for<Tvx_panel>(this, this)),
+      f_size(new Tvx_size_panel(this)), f_updown(new Tvx_updown(this)),
+      f_track(vx_new_for<Tvx_track_bar>(this, this))
 {
     SetHeight(2 * c_row_height);
     f_top->SetParent(this);

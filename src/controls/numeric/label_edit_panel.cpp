@@ -2,6 +2,7 @@
 
 #include "controls/forms/event_off.h"
 
+#include "platform/toolkit/core/new_on.h"
 #include "platform/toolkit/graphics/font.h"
 
 #include <algorithm>
@@ -15,8 +16,9 @@ constexpr int c_gap = 3;
 } // namespace
 
 Tvx_label_edit_panel::Tvx_label_edit_panel(TComponent *owner)
-    : Tvx_children_enabled_panel(owner), f_label(new Tvx_label(this)), f_edit(new Tvx_edit(this)),
-      f_end_caption(new Tvx_label(this)), f_fixed_width(c_edit_width), f_end_width(c_end_width)
+    : Tvx_children_enabled_panel(owner), f_label(vx_new_for<Tvx_label>(this, this)),
+      f_edit(vx_new_for<Tvx_edit>(this, this)), f_end_caption(vx_new_for<Tvx_label>(this, this)),
+      f_fixed_width(c_edit_width), f_end_width(c_end_width)
 {
     f_label->SetParent(this);
     f_label->SetAutoSize(false);

@@ -2,7 +2,10 @@
 
 #include "controls/forms/event_off.h"
 
-Tvx_updown_panel::Tvx_updown_panel(TComponent *owner) : Tvx_size_panel(owner), f_updown(new Tvx_updown(this))
+#include "platform/toolkit/core/new_on.h"
+
+Tvx_updown_panel::Tvx_updown_panel(TComponent *owner)
+    : Tvx_size_panel(owner), f_updown(vx_new_for<Tvx_updown>(this, this))
 {
     f_updown->SetParent(this);
     f_updown->OnClick = make_closure<&Tvx_updown_panel::on_updown_click>(this);

@@ -2,13 +2,14 @@
 
 #include "controls/forms/event_off.h"
 
+#include "platform/toolkit/core/new_on.h"
+
 namespace {
 /// Makes the edit of a captioned panel, over the whole data area.
 template <class Edit>
 Edit *make_edit(Tvx_vcl_panel &data)
 {
-    auto *edit = new Edit(&data);
-    edit->SetParent(&data);
+    auto *edit = vx_new_on<Edit>(&data, &data);
     edit->SetAlign(alClient);
     return edit;
 }

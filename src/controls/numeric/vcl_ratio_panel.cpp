@@ -1,5 +1,7 @@
 #include "controls/numeric/vcl_ratio_panel.h"
 
+#include "platform/toolkit/core/new_on.h"
+
 #include <algorithm>
 
 namespace {
@@ -18,15 +20,13 @@ void Tvx_vcl_ratio_panel::create()
 {
     Tvx_vcl_panel::create();
     auto const make_label = [this](TAlign align, TAlignment alignment) {
-        auto *panel = new Tvx_vcl_label_panel(this);
-        panel->SetParent(f_top);
+        auto *panel = vx_new_on<Tvx_vcl_label_panel>(f_top, this);
         panel->create();
         panel->get_label()->SetAlignment(alignment);
         panel->SetAlign(align);
         return panel;
     };
-    f_top = new Tvx_vcl_panel(this);
-    f_top->SetParent(this);
+    f_top = vx_new_on<Tvx_vcl_panel>(this, this);
     f_top->create();
     f_top->SetHeight(c_top_height);
     f_top->SetAlign(alTop);
@@ -36,8 +36,7 @@ void Tvx_vcl_ratio_panel::create()
     f_top->OnResize = make_closure<&Tvx_vcl_ratio_panel::on_top_resize>(this);
     on_top_resize(f_top);
 
-    f_track = new Tvx_vcl_track_bar(this);
-    f_track->SetParent(this);
+    f_track = vx_new_on<Tvx_vcl_track_bar>(this, this);
     f_track->SetTop(c_top_height);
     f_track->SetHeight(c_track_height);
     f_track->SetAlign(alTop);

@@ -2,6 +2,8 @@
 
 #include "controls/numeric/detail/number_text.h"
 
+#include "platform/toolkit/core/new_on.h"
+
 namespace {
 constexpr int c_inset = 5;
 } // namespace
@@ -9,13 +11,11 @@ constexpr int c_inset = 5;
 void Tvx_vcl_show_panel::create()
 {
     Tvx_vcl_caption_panel::create();
-    auto *sunken = new Tvx_vcl_panel(this);
-    sunken->SetParent(get_data_panel());
+    auto *sunken = vx_new_on<Tvx_vcl_panel>(get_data_panel(), this);
     sunken->create();
     sunken->SetBevelOuter(bvLowered);
     sunken->SetAlign(alClient);
-    f_label = new Tvx_vcl_label(sunken);
-    f_label->SetParent(sunken);
+    f_label = vx_new_on<Tvx_vcl_label>(sunken, sunken);
     f_label->SetAutoSize(false);
     f_label->SetShowAccelChar(false);
     f_label->SetLayout(tlCenter);

@@ -2,8 +2,10 @@
 
 #include "controls/forms/event_off.h"
 
+#include "platform/toolkit/core/new_on.h"
+
 Tvx_bool_panel::Tvx_bool_panel(TComponent *owner)
-    : Tvx_children_enabled_panel(owner), f_check_box(new Tvx_check_box(this))
+    : Tvx_children_enabled_panel(owner), f_check_box(vx_new_for<Tvx_check_box>(this, this))
 {
     f_check_box->SetParent(this);
     f_check_box->SetAlignment(taLeftJustify);

@@ -7,6 +7,7 @@
 
 #include "platform/basic/vx_res.h"
 #include "platform/dialogs/vx_dlgs.h"
+#include "platform/toolkit/core/new_on.h"
 
 namespace {
 constexpr int c_height = 20;
@@ -26,8 +27,8 @@ bool is_character(unsigned code)
 } // namespace
 
 Tvx_chrmap_panel::Tvx_chrmap_panel(TComponent *owner)
-    : Tvx_caption_panel(owner), f_frame(new Tvx_sample_frame(this)), f_symbol_label(new Tvx_label(this)),
-      f_button(new Tvx_button(this))
+    : Tvx_caption_panel(owner), f_frame(vx_new_for<Tvx_sample_frame>(this, this)),
+      f_symbol_label(new Tvx_label(this)), f_button(vx_new_for<Tvx_button>(this, this))
 {
     SetHeight(c_height);
     f_button->SetParent(this);

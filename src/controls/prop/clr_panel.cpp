@@ -7,6 +7,7 @@
 
 #include "platform/basic/vx_res.h"
 #include "platform/dialogs/vx_dlgs.h"
+#include "platform/toolkit/core/new_on.h"
 #include "platform/toolkit/graphics/canvas.h"
 
 namespace {
@@ -33,8 +34,8 @@ private:
 };
 
 Tvx_clr_panel::Tvx_clr_panel(TComponent *owner)
-    : Tvx_children_enabled_panel(owner), f_frame(new Tvx_panel(this)), f_sample(nullptr),
-      f_button(new Tvx_button(this))
+    : Tvx_children_enabled_panel(owner), f_frame(vx_new_for<Tvx_panel>(this, this)), f_sample(nullptr),
+      f_button(vx_new_for<Tvx_button>(this, this))
 {
     SetBounds(0, 0, c_width, c_height);
     f_button->SetParent(this);
@@ -46,8 +47,7 @@ Tvx_clr_panel::Tvx_clr_panel(TComponent *owner)
     f_frame->SetBevelOuter(bvLowered);
     f_frame->SetBounds(0, 0, c_sample_width, c_height);
     f_frame->SetAlign(alRight);
-    f_sample = new sample(this);
-    f_sample->SetParent(f_frame);
+    f_sample = vx_new_on<sample>(f_frame, this);
     f_sample->SetAlign(alClient);
     f_sample->OnMouseDown = make_closure<&Tvx_clr_panel::on_sample_mouse_down>(this);
     load_res();

@@ -2,14 +2,17 @@
 
 #include "controls/prop/clr_picker.h"
 
+#include "platform/toolkit/core/new_on.h"
+
 namespace {
 constexpr int c_height = 20;
 constexpr int c_eye_width = 20;
 } // namespace
 
 Tvx_clr_vsb_panel::Tvx_clr_vsb_panel(TComponent *owner)
-    : Tvx_children_enabled_panel(owner), f_clr_panel(new Tvx_clr_panel(this)),
-      f_visible_ctrl(new Tvx_visible_ctrl(this)), f_caption(new Tvx_caption_panel(this))
+    : Tvx_children_enabled_panel(owner), f_clr_panel(vx_new_for<Tvx_clr_panel>(this, this)),
+      f_visible_ctrl(vx_new_for<Tvx_visible_ctrl>(this, this)),
+      f_caption(vx_new_for<Tvx_caption_panel>(this, this))
 {
     SetHeight(c_height);
     // Right-aligned controls stand in the order of their places: the colour at the edge, the eye beside it.
@@ -97,7 +100,7 @@ void Tvx_clr_vsb_panel::on_color_changed(TObject * /*sender*/)
 }
 
 Tvx_clr_vsb_pick_panel::Tvx_clr_vsb_pick_panel(TComponent *owner)
-    : Tvx_clr_vsb_panel(owner), f_picker_btn(new Tvx_clr_picker_btn(this))
+    : Tvx_clr_vsb_panel(owner), f_picker_btn(vx_new_for<Tvx_clr_picker_btn>(this, this))
 {
     f_picker_btn->SetParent(this);
     // Right of the sample.

@@ -1,9 +1,10 @@
 #include "controls/prop/dbf_prop_panel.h"
 
 #include "platform/base/text_codec.h"
+#include "platform/toolkit/core/new_on.h"
 
 Tvx_dbf_prop_panel::Tvx_dbf_prop_panel(TComponent *owner)
-    : Tvx_panel(owner), f_prop_edit(new Tvx_prop_edit(this))
+    : Tvx_panel(owner), f_prop_edit(vx_new_for<Tvx_prop_edit>(this, this))
 {
     f_prop_edit->SetParent(this);
     f_prop_edit->create();

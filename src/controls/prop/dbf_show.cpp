@@ -4,6 +4,7 @@
 #include "data/filesystem/filesystem.h"
 
 #include "platform/basic/vx_res.h"
+#include "platform/toolkit/core/new_on.h"
 #include "platform/toolkit/graphics/canvas.h"
 
 #include <algorithm>
@@ -108,7 +109,7 @@ void Tvx_dbf_show_grid::DrawCell(int col, int row, TRect const &rect, TGridDrawS
 }
 
 Tvx_dbf_show_panel::Tvx_dbf_show_panel(TComponent *owner)
-    : Tvx_panel(owner), f_grid(new Tvx_dbf_show_grid(this))
+    : Tvx_panel(owner), f_grid(vx_new_for<Tvx_dbf_show_grid>(this, this))
 {
     f_grid->SetParent(this);
     f_grid->SetAlign(alClient);
@@ -120,7 +121,7 @@ void Tvx_dbf_show_panel::show(wchar_t const *name, bool dos)
 }
 
 Tvx_dbf_show_form::Tvx_dbf_show_form(TComponent *owner)
-    : Tvx_form(owner), f_panel(new Tvx_dbf_show_panel(this))
+    : Tvx_form(owner), f_panel(vx_new_for<Tvx_dbf_show_panel>(this, this))
 {
     SetBounds(0, 0, c_form_width, c_form_height);
     SetPosition(poScreenCenter);

@@ -6,6 +6,7 @@
 #include "styles/preview/style_example.h"
 
 #include "platform/basic/vx_res.h"
+#include "platform/toolkit/core/new_on.h"
 #include "platform/toolkit/core/pixel_ratio.h"
 #include "platform/toolkit/graphics/bitmap.h"
 #include "platform/toolkit/graphics/canvas.h"
@@ -70,8 +71,7 @@ void Tvx_basic_figure_dialog_form::create_controls()
     if (f_grid)
         return;
     f_panel = get_content_panel();
-    f_grid = new Tvx_draw_grid(this);
-    f_grid->SetParent(f_panel);
+    f_grid = vx_new_on<Tvx_draw_grid>(f_panel, this);
     f_grid->SetAlign(alClient);
     f_grid->SetFixedCols(0);
     f_grid->SetFixedRows(0);

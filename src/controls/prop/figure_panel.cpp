@@ -9,6 +9,7 @@
 #include "styles/preview/style_example.h"
 
 #include "platform/basic/vx_res.h"
+#include "platform/toolkit/core/new_on.h"
 #include "platform/toolkit/core/pixel_ratio.h"
 #include "platform/toolkit/graphics/bitmap.h"
 #include "platform/toolkit/graphics/picture.h"
@@ -22,8 +23,8 @@ constexpr double c_sample_size = 3.6; // mm
 } // namespace
 
 Tvx_basic_figure_panel::Tvx_basic_figure_panel(TComponent *owner)
-    : Tvx_caption_panel(owner), f_frame(new Tvx_sample_frame(this)), f_image(new Tvx_fading<Tvx_image>(this)),
-      f_button(new Tvx_button(this))
+    : Tvx_caption_panel(owner), f_frame(vx_new_for<Tvx_sample_frame>(this, this)),
+      f_image(new Tvx_fading<Tvx_image>(this)), f_button(vx_new_for<Tvx_button>(this, this))
 {
     SetHeight(c_height);
     f_button->SetParent(this);

@@ -13,6 +13,7 @@
 #include "platform/dialogs/vx_dlgs.h"
 #include "platform/dialogs/vx_file_dialog.h"
 #include "platform/toolkit/core/clipboard.h"
+#include "platform/toolkit/core/new_on.h"
 #include "platform/toolkit/core/strings.h"
 
 #include <algorithm>
@@ -107,8 +108,8 @@ void Tvx_menu_file_panel_item::on_item_click(TObject *sender)
 }
 
 Tvx_file_panel::Tvx_file_panel(TComponent *owner)
-    : Tvx_children_enabled_panel(owner), f_caption_panel(new Tvx_caption_panel(this)),
-      f_name_panel(new Tvx_sample_frame(this)), f_name(new Tvx_path_view(this)),
+    : Tvx_children_enabled_panel(owner), f_caption_panel(vx_new_for<Tvx_caption_panel>(this, this)),
+      f_name_panel(vx_new_for<Tvx_sample_frame>(this, this)), f_name(new Tvx_path_view(this)),
       f_button(new Tvx_button(this))
 {
     SetHeight(c_height);

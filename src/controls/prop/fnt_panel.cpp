@@ -7,6 +7,7 @@
 
 #include "platform/basic/vx_res.h"
 #include "platform/dialogs/vx_dlgs.h"
+#include "platform/toolkit/core/new_on.h"
 
 namespace {
 constexpr int c_caption_width = 65;
@@ -15,8 +16,9 @@ constexpr int c_current_btn_width = 15;
 } // namespace
 
 Tvx_fnt_panel::Tvx_fnt_panel(TComponent *owner)
-    : Tvx_panel(owner), f_caption_panel(new Tvx_caption_panel(this)), f_button(new Tvx_button(this)),
-      f_current_btn(new Tvx_speed_btn(this)), f_edit(new Tvx_edit(this))
+    : Tvx_panel(owner), f_caption_panel(vx_new_for<Tvx_caption_panel>(this, this)),
+      f_button(vx_new_for<Tvx_button>(this, this)), f_current_btn(vx_new_for<Tvx_speed_btn>(this, this)),
+      f_edit(vx_new_for<Tvx_edit>(this, this))
 {
     f_caption_panel->SetParent(this);
     f_caption_panel->SetWidth(c_caption_width);

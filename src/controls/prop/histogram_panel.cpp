@@ -5,6 +5,7 @@
 #include "platform/basic/vx_histogram.h"
 #include "platform/basic/vx_res.h"
 #include "platform/toolkit/core/application.h"
+#include "platform/toolkit/core/new_on.h"
 #include "platform/toolkit/graphics/canvas.h"
 
 #include <algorithm>
@@ -50,8 +51,7 @@ void Tvx_histogram_panel::create()
         item->OnClick = click;
         f_menu->GetItems()->Add(item);
     }
-    f_chart = new TChart(this);
-    f_chart->SetParent(this);
+    f_chart = vx_new_on<TChart>(this, this);
     f_chart->SetAlign(alClient);
     f_chart->SetSideMargins(true);
     f_chart->SetPopupMenu(f_menu);

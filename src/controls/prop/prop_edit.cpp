@@ -1,5 +1,6 @@
 #include "controls/prop/prop_edit.h"
 
+#include "platform/toolkit/core/new_on.h"
 #include "platform/toolkit/graphics/font.h"
 
 namespace {
@@ -10,12 +11,10 @@ constexpr int c_top_caption_height = 20;
 
 void Tvx_prop_edit::create()
 {
-    f_caption_panel = new Tvx_caption_panel(this);
-    f_caption_panel->SetParent(this);
+    f_caption_panel = vx_new_on<Tvx_caption_panel>(this, this);
     f_caption_panel->SetWidth(f_capt_width);
     f_caption_panel->SetAlign(alLeft);
-    f_combo_box = new Tvx_prop_combo_box(this);
-    f_combo_box->SetParent(this);
+    f_combo_box = vx_new_on<Tvx_prop_combo_box>(this, this);
     f_combo_box->SetAlign(alClient);
     f_combo_box->on_changed = make_closure<&Tvx_prop_edit::on_combo_box_changed>(this);
     f_caption_panel->set_focus_control(f_combo_box);

@@ -9,6 +9,7 @@
 #include "platform/base/string_adp.h"
 #include "platform/basic/vx_res.h"
 #include "platform/layers/vx_lr2d.h"
+#include "platform/toolkit/core/new_on.h"
 #include "platform/toolkit/core/screen.h"
 
 #include <algorithm>
@@ -99,8 +100,7 @@ Tvx_lr2d_edit_form::Tvx_lr2d_edit_form(TComponent *owner) : f_watch(std::make_un
     TRect const area = Screen->GetWorkAreaRect();
     form->SetWidth(std::min(c_form_width, area.Width()));
     form->SetHeight(std::min(c_form_height, area.Height() - c_title_room));
-    auto *grip = new Tvx_dock_grip(form.get());
-    grip->SetParent(form.get());
+    auto *grip = vx_new_on<Tvx_dock_grip>(form.get(), form.get());
     grip->SetAlign(alTop);
     take_form(form.get());
     f_owns_form = true;

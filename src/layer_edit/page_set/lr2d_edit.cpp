@@ -11,6 +11,7 @@
 #include "platform/layers/vx_plugin_lr2d.h"
 #include "platform/layers/vx_shp_lr2d.h"
 #include "platform/layers/vx_tos_lr2d.h"
+#include "platform/toolkit/core/new_on.h"
 
 #include <algorithm>
 #include <utility>
@@ -97,8 +98,8 @@ void Tvx_lr2d_edit::create()
 
 void Tvx_lr2d_edit::create_tabs()
 {
-    f_pages = new Tvx_page_control(this);
-    f_pages->SetParent(this);
+    f_pages = vx_new_on<Tvx_page_control>(this, this);
+    f_pages->DisableAlign();
     // The style tab alone shows without a layer, where there is one at all.
     auto const make_tab = [this](wchar_t const *name, bool visible = false) {
         auto *sheet = new Tvx_tab_sheet(this);
@@ -111,6 +112,7 @@ void Tvx_lr2d_edit::create_tabs()
     f_style_ts = make_tab(L"f_style_ts", f_show_style_tab);
     f_text_ts = make_tab(L"f_text_ts");
     f_text_mngr = make_tab(L"f_text_mngr");
+    f_pages->EnableAlign();
 }
 
 void Tvx_lr2d_edit::create_page(vx::lr2d_page_place const &place)
@@ -120,10 +122,14 @@ void Tvx_lr2d_edit::create_page(vx::lr2d_page_place const &place)
         return;
     auto *page = factory->make(this);
     this->*page_fields()[static_cast<std::size_t>(place.page)] = page;
-    page->SetParent(tab(place.tab));
+    auto *const sheet = tab(place.tab);
+    // A page gets its place when it is first shown.
+    sheet->DisableAlign();
+    page->SetParent(sheet);
     page->create();
     page->SetAlign(alClient);
     page->SetVisible(false);
+    sheet->EnableAlign();
     if (auto *panel = page->get_coordinate_panel()) {
         panel->SetParent(f_prop_ts);
         panel->SetAlign(alClient);

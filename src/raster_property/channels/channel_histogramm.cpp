@@ -4,6 +4,7 @@
 #include "controls/forms/event_off.h"
 
 #include "platform/basic/vx_res.h"
+#include "platform/toolkit/core/new_on.h"
 
 namespace {
 /// A mark is taken nearer than 3 pixels.
@@ -20,8 +21,7 @@ Tvx_channel_histogramm::Tvx_channel_histogramm(TComponent *owner) : Tvx_histogra
 void Tvx_channel_histogramm::create()
 {
     Tvx_histogram_panel::create();
-    f_log_box = new Tvx_check_box(this);
-    f_log_box->SetParent(this);
+    f_log_box = vx_new_on<Tvx_check_box>(this, this);
     f_log_box->SetHeight(c_box_height);
     f_log_box->SetAlign(alBottom);
     f_log_box->OnClick = make_closure<&Tvx_channel_histogramm::on_log_box_click>(this);

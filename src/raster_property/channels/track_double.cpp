@@ -2,6 +2,8 @@
 
 #include "controls/forms/event_off.h"
 
+#include "platform/toolkit/core/new_on.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -27,15 +29,13 @@ Tvx_track_double::Tvx_track_double(TComponent *owner) : Tvx_panel(owner)
 
 void Tvx_track_double::create()
 {
-    f_size = new Tvx_size_panel(this);
-    f_size->SetParent(this);
+    f_size = vx_new_on<Tvx_size_panel>(this, this);
     f_size->SetAlign(alTop);
     f_size->set_trim_trailing_zeros(true);
     f_size->set_edt_ctrl_width(c_edit_width);
     f_size->on_changed = make_closure<&Tvx_track_double::on_size_panel_change>(this);
     f_size->on_apply = make_closure<&Tvx_track_double::on_size_panel_apply>(this);
-    f_track = new Tvx_track_bar(this);
-    f_track->SetParent(this);
+    f_track = vx_new_on<Tvx_track_bar>(this, this);
     f_track->SetTickStyle(tsNone);
     f_track->SetShowSelRange(false);
     f_track->SetThumbLength(c_thumb_length);

@@ -5,6 +5,7 @@
 
 #include "platform/basic/vx_res.h"
 #include "platform/layers/vx_tos_lr2d.h"
+#include "platform/toolkit/core/new_on.h"
 
 namespace {
 constexpr int c_height = 24;
@@ -15,8 +16,7 @@ constexpr int c_check_height = 20;
 void Tvx_interpolate_cb::create()
 {
     SetHeight(c_height);
-    f_check_box = new Tvx_check_box(this);
-    f_check_box->SetParent(this);
+    f_check_box = vx_new_on<Tvx_check_box>(this, this);
     f_check_box->SetCaption(L"Interpolate");
     f_check_box->SetBounds(c_edge, c_edge, GetClientWidth() - 2 * c_edge, c_check_height);
     f_check_box->OnClick = make_closure<&Tvx_interpolate_cb::on_check_box_click>(this);

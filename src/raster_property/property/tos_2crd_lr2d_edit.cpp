@@ -4,11 +4,11 @@
 #include "platform/layers/vx_lr.h"
 #include "platform/layers/vx_tos_lr2d.h"
 #include "platform/styles/vx_stl_mngr.h"
+#include "platform/toolkit/core/new_on.h"
 
 void Tvx_tos_2crd_lr2d_edit::create()
 {
-    f_xycrd_panel = new Tvx_tos_prp_crd_panel(this);
-    f_xycrd_panel->SetParent(this);
+    f_xycrd_panel = vx_new_on<Tvx_tos_prp_crd_panel>(this, this);
     f_xycrd_panel->create();
     f_xycrd_panel->SetAlign(alTop);
     f_xycrd_panel->set_on_data_open(make_closure<&Tvx_tos_lr2d_edit::on_data_open>(this));
@@ -18,8 +18,7 @@ void Tvx_tos_2crd_lr2d_edit::create()
     f_xycrd_panel->set_on_data_get_capt_prop(make_closure<&Tvx_tos_lr2d_edit::on_data_get_capt_prop>(this));
     f_xycrd_panel->on_changed = make_closure<&Tvx_tos_2crd_lr2d_edit::on_xycrd_changed>(this);
     // What changes in the manager waits for Apply, which takes the whole layer.
-    f_stl_mngr_edit = new Tvx_pnt_stl_mngr_edit(this);
-    f_stl_mngr_edit->SetParent(this);
+    f_stl_mngr_edit = vx_new_on<Tvx_pnt_stl_mngr_edit>(this, this);
     f_stl_mngr_edit->create();
     f_stl_mngr_edit->SetAlign(alClient);
     feed(f_stl_mngr_edit);

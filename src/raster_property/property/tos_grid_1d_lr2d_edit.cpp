@@ -5,6 +5,7 @@
 #include "platform/base/string_adp.h"
 #include "platform/basic/vx_res.h"
 #include "platform/layers/vx_tos_lr2d.h"
+#include "platform/toolkit/core/new_on.h"
 
 namespace {
 constexpr int c_caption_width = 120;
@@ -14,19 +15,16 @@ Tvx_panel *Tvx_tos_grid_1d_lr2d_edit::add_tab()
 {
     auto *const sheet = new Tvx_tab_sheet(this);
     sheet->SetPageControl(f_pages);
-    auto *const panel = new Tvx_panel(this);
-    panel->SetParent(sheet);
+    auto *const panel = vx_new_on<Tvx_panel>(sheet, this);
     panel->SetAlign(alClient);
     return panel;
 }
 
 void Tvx_tos_grid_1d_lr2d_edit::create()
 {
-    f_pages = new Tvx_page_control(this);
-    f_pages->SetParent(this);
+    f_pages = vx_new_on<Tvx_page_control>(this, this);
     f_pages->SetAlign(alClient);
-    f_hprop_edit = new Tvx_prop_edit(this);
-    f_hprop_edit->SetParent(add_tab());
+    f_hprop_edit = vx_new_on<Tvx_prop_edit>(add_tab(), this);
     f_hprop_edit->create();
     f_hprop_edit->SetAlign(alTop);
     f_hprop_edit->set_capt_width(c_caption_width);
@@ -36,8 +34,7 @@ void Tvx_tos_grid_1d_lr2d_edit::create()
     f_hprop_edit->set_on_data_get_np(make_closure<&Tvx_tos_lr2d_edit::on_data_get_np>(this));
     f_hprop_edit->set_on_data_get_prop(make_closure<&Tvx_tos_lr2d_edit::on_data_get_prop>(this));
     f_hprop_edit->on_changed = make_closure<&Tvx_tos_grid_1d_lr2d_edit::on_hprop_edit_changed>(this);
-    f_mngr_edit = new Tvx_grid1d_clr_mngr_edit(this);
-    f_mngr_edit->SetParent(add_tab());
+    f_mngr_edit = vx_new_on<Tvx_grid1d_clr_mngr_edit>(add_tab(), this);
     f_mngr_edit->create();
     f_mngr_edit->SetAlign(alClient);
     f_mngr_edit->on_changed = make_closure<&Tvx_tos_grid_1d_lr2d_edit::on_mngr_edit_changed>(this);

@@ -7,6 +7,7 @@
 #include "platform/layers/vx_tos_lr2d.h"
 #include "platform/styles/vx_rng_scale.h"
 #include "platform/styles/vx_stl_mngr.h"
+#include "platform/toolkit/core/new_on.h"
 
 #include <utility>
 
@@ -16,33 +17,27 @@ constexpr int c_caption_width = 120;
 
 void Tvx_tos_grid_lr2d_edit::create()
 {
-    f_draw_type_cb = new Tvx_tos_draw_type_combo_box(this);
-    f_draw_type_cb->SetParent(this);
+    f_draw_type_cb = vx_new_on<Tvx_tos_draw_type_combo_box>(this, this);
     f_draw_type_cb->create();
     f_draw_type_cb->set_caption_width(c_caption_width);
     f_draw_type_cb->SetAlign(alTop);
     f_draw_type_cb->on_changed = make_closure<&Tvx_tos_grid_lr2d_edit::on_draw_type_cb_changed>(this);
-    f_scale_panel = new Tvx_panel(this);
-    f_scale_panel->SetParent(this);
+    f_scale_panel = vx_new_on<Tvx_panel>(this, this);
     f_scale_panel->SetAlign(alClient);
     f_scale_panel->SetVisible(false);
-    f_clr_stl_mngr_edit = new Tvx_clr_stl_mngr_edit(this);
-    f_clr_stl_mngr_edit->SetParent(f_scale_panel);
+    f_clr_stl_mngr_edit = vx_new_on<Tvx_clr_stl_mngr_edit>(f_scale_panel, this);
     f_clr_stl_mngr_edit->create();
     f_clr_stl_mngr_edit->SetAlign(alClient);
     f_clr_stl_mngr_edit->on_changed = make_closure<&Tvx_tos_grid_lr2d_edit::on_clr_stl_mngr_changed>(this);
     feed(f_clr_stl_mngr_edit);
-    f_interpolate_cb = new Tvx_interpolate_cb(this);
-    f_interpolate_cb->SetParent(f_scale_panel);
+    f_interpolate_cb = vx_new_on<Tvx_interpolate_cb>(f_scale_panel, this);
     f_interpolate_cb->create();
     f_interpolate_cb->SetAlign(alBottom);
     f_interpolate_cb->on_changed = make_closure<&Tvx_tos_grid_lr2d_edit::on_interpolate_cb_changed>(this);
-    f_channels_panel = new Tvx_panel(this);
-    f_channels_panel->SetParent(this);
+    f_channels_panel = vx_new_on<Tvx_panel>(this, this);
     f_channels_panel->SetAlign(alClient);
     // What changes in a channel waits for Apply, which takes the whole layer.
-    f_channels_edit = new Tvx_channels_edit(this);
-    f_channels_edit->SetParent(f_channels_panel);
+    f_channels_edit = vx_new_on<Tvx_channels_edit>(f_channels_panel, this);
     f_channels_edit->create();
     f_channels_edit->SetAlign(alClient);
     f_channels_edit->set_channel_events(

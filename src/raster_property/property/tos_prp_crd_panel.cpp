@@ -3,6 +3,7 @@
 #include "captions/property_layers.h"
 
 #include "platform/basic/vx_res.h"
+#include "platform/toolkit/core/new_on.h"
 
 namespace {
 constexpr int c_caption_width = 100;
@@ -10,8 +11,7 @@ constexpr int c_caption_width = 100;
 
 Tvx_prop_edit *Tvx_tos_prp_crd_panel::add_edit(TNotifyEvent changed)
 {
-    auto *const edit = new Tvx_prop_edit(this);
-    edit->SetParent(this);
+    auto *const edit = vx_new_on<Tvx_prop_edit>(this, this);
     edit->create();
     edit->SetTop(GetControlCount() * edit->GetHeight());
     edit->SetAlign(alTop);

@@ -4,6 +4,7 @@
 
 #include "platform/basic/vx_res.h"
 #include "platform/layers/vx_tos_lr2d.h"
+#include "platform/toolkit/core/new_on.h"
 
 namespace {
 constexpr int c_caption_width = 120;
@@ -11,8 +12,7 @@ constexpr int c_caption_width = 120;
 
 void Tvx_tos_slice_lr2d_edit::create()
 {
-    f_slice_panel = new Tvx_fast_int_panel(this);
-    f_slice_panel->SetParent(this);
+    f_slice_panel = vx_new_on<Tvx_fast_int_panel>(this, this);
     f_slice_panel->SetAlign(alTop);
     f_slice_panel->set_min(0);
     f_slice_panel->set_caption_width(c_caption_width);

@@ -8,6 +8,7 @@
 
 #include "platform/basic/vx_res.h"
 #include "platform/layers/vx_rtr_lr2d.h"
+#include "platform/toolkit/core/new_on.h"
 
 namespace {
 constexpr int c_color_height = 20;
@@ -38,45 +39,37 @@ void Tvx_rtr_id_lr2d_edit::create()
 {
     Tvx_rtr_lr2d_edit::create();
     DisableAlign();
-    f_draw_type = new Tvx_rtr_draw_type_combo_box(this);
-    f_draw_type->SetParent(this);
+    f_draw_type = vx_new_on<Tvx_rtr_draw_type_combo_box>(this, this);
     f_draw_type->create();
     f_draw_type->SetAlign(alTop);
     f_draw_type->on_changed = make_closure<&Tvx_rtr_id_lr2d_edit::on_draw_type_cb_changed>(this);
 
-    f_normal_panel = new Tvx_panel(this);
-    f_normal_panel->SetParent(this);
+    f_normal_panel = vx_new_on<Tvx_panel>(this, this);
     f_normal_panel->SetAlign(alClient);
-    f_transparent = new Tvx_clr_vsb_pick_panel(this);
-    f_transparent->SetParent(f_normal_panel);
+    f_transparent = vx_new_on<Tvx_clr_vsb_pick_panel>(f_normal_panel, this);
     f_transparent->SetHeight(c_color_height);
     f_transparent->SetAlign(alTop);
     f_transparent->set_can_visible(false);
     f_transparent->set_format(c_color_format_rgb);
     f_transparent->on_changed = make_closure<&Tvx_rtr_id_lr2d_edit::on_transparent_clr_change>(this);
-    auto *const row = new Tvx_panel(this);
-    row->SetParent(f_normal_panel);
+    auto *const row = vx_new_on<Tvx_panel>(f_normal_panel, this);
     row->SetHeight(c_button_height + c_gap);
     row->SetTop(c_color_height);
     row->SetAlign(alTop);
-    f_no_clr = new Tvx_button(this);
-    f_no_clr->SetParent(row);
+    f_no_clr = vx_new_on<Tvx_button>(row, this);
     f_no_clr->SetBounds(0, c_gap, 220, c_button_height);
     f_no_clr->OnClick = make_closure<&Tvx_rtr_id_lr2d_edit::on_no_clr_click>(this);
 
-    f_channels_panel = new Tvx_panel(this);
-    f_channels_panel->SetParent(this);
+    f_channels_panel = vx_new_on<Tvx_panel>(this, this);
     f_channels_panel->SetAlign(alClient);
     f_channels_panel->SetVisible(false);
-    f_channels = new Tvx_channels_edit(this);
-    f_channels->SetParent(f_channels_panel);
+    f_channels = vx_new_on<Tvx_channels_edit>(f_channels_panel, this);
     f_channels->create();
     f_channels->SetAlign(alClient);
     f_channels->set_channel_events(channel_events());
     f_channels->on_changed = make_closure<&Tvx_rtr_id_lr2d_edit::on_channels_changed>(this);
 
-    f_opacity = new Tvx_fast_int_panel(this);
-    f_opacity->SetParent(this);
+    f_opacity = vx_new_on<Tvx_fast_int_panel>(this, this);
     f_opacity->set_min(-1);
     f_opacity->set_max(99);
     f_opacity->set_caption_width(c_caption_width);

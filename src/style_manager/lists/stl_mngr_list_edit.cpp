@@ -13,6 +13,7 @@
 #include "platform/layers/vx_lr2d.h"
 #include "platform/styles/vx_stl_mngr.h"
 #include "platform/styles/vx_stl_mngr_list.h"
+#include "platform/toolkit/core/new_on.h"
 #include "platform/toolkit/core/strings.h"
 #include "platform/toolkit/graphics/image_list.h"
 
@@ -34,33 +35,28 @@ Tvx_stl_mngr_list_edit::Tvx_stl_mngr_list_edit(TComponent *owner, bool show_chec
 void Tvx_stl_mngr_list_edit::create()
 {
     if (f_show_check) {
-        auto *const panel = new Tvx_panel(this);
-        panel->SetParent(this);
+        auto *const panel = vx_new_on<Tvx_panel>(this, this);
         panel->SetHeight(c_check_height);
         panel->SetAlign(alTop);
-        f_check_box = new Tvx_check_box(this);
-        f_check_box->SetParent(panel);
+        f_check_box = vx_new_on<Tvx_check_box>(panel, this);
         f_check_box->SetBounds(2, 2, panel->GetWidth() - 4, c_check_height - 4);
         f_check_box->SetAnchors({akLeft, akTop, akRight});
         f_check_box->OnClick = make_closure<&Tvx_stl_mngr_list_edit::on_check_click>(this);
         SetHeight(GetHeight() + c_check_height);
     }
-    f_combo_panel = new Tvx_combo_box_panel(this);
-    f_combo_panel->SetParent(this);
+    f_combo_panel = vx_new_on<Tvx_combo_box_panel>(this, this);
     f_combo_panel->SetAlign(alClient);
     f_combo_panel->set_caption_width(c_caption_width);
     get_combo_box()->SetStyle(csDropDownList);
     get_combo_box()->OnChange = make_closure<&Tvx_stl_mngr_list_edit::on_active_changed>(this);
 
     auto *const images = new TImageList(this);
-    f_tool_bar = new TToolBar(this);
-    f_tool_bar->SetParent(this);
+    f_tool_bar = vx_new_on<TToolBar>(this, this);
     f_tool_bar->SetImages(images);
     f_tool_bar->SetAlign(alRight);
     f_tool_bar->SetShowHint(true);
     auto const add = [&](int picture) {
-        auto *const button = new Tvx_tool_btn(this);
-        button->SetParent(f_tool_bar);
+        auto *const button = vx_new_on<Tvx_tool_btn>(f_tool_bar, this);
         button->SetImageIndex(vx_image_list_get_res(images, picture));
         button->SetShowHint(true);
         return button;

@@ -22,6 +22,7 @@
 #include "platform/storage/vx_xml_save_2d.h"
 #include "platform/styles/vx_rng_scale.h"
 #include "platform/styles/vx_stl_mngr.h"
+#include "platform/toolkit/core/new_on.h"
 #include "platform/toolkit/core/screen.h"
 #include "platform/toolkit/graphics/canvas.h"
 #include "platform/winapi/file.h"
@@ -78,27 +79,23 @@ Tvx_rng_edit::~Tvx_rng_edit() = default;
 void Tvx_rng_edit::create()
 {
     DisableAlign();
-    f_prp_scale = new Tvx_prp_scale(this);
-    f_prp_scale->SetParent(this);
+    f_prp_scale = vx_new_on<Tvx_prp_scale>(this, this);
     f_prp_scale->create();
     f_prp_scale->set_only_numeric(true);
     f_prp_scale->SetAlign(alTop);
     f_prp_scale->on_changed = make_closure<&Tvx_rng_edit::on_prop_edit_changed>(this);
 
-    f_tool_panel = new Tvx_scale_tool_panel(this);
-    f_tool_panel->SetParent(this);
+    f_tool_panel = vx_new_on<Tvx_scale_tool_panel>(this, this);
     f_tool_panel->SetTop(f_prp_scale->GetHeight());
     f_tool_panel->SetAlign(alTop);
 
-    f_grid = new Tvx_rng_grid(this);
-    f_grid->SetParent(this);
+    f_grid = vx_new_on<Tvx_rng_grid>(this, this);
     f_grid->SetAlign(alClient);
     f_grid->create();
     f_grid->on_changed = make_closure<&Tvx_rng_edit::on_rng_grid_changed>(this);
     f_grid->on_row_selected = make_closure<&Tvx_rng_edit::on_row_selected>(this);
 
-    f_other_panel = new Tvx_other_panel(this);
-    f_other_panel->SetParent(this);
+    f_other_panel = vx_new_on<Tvx_other_panel>(this, this);
     f_other_panel->create();
     f_other_panel->SetAlign(alBottom);
     f_other_panel->on_changed = make_closure<&Tvx_rng_edit::on_other_panel_changed>(this);
@@ -112,8 +109,7 @@ void Tvx_rng_edit::create()
     f_tool_panel->create(f_grid);
     f_tool_panel->get_save_btn()->OnClick = make_closure<&Tvx_rng_edit::on_save_btn_click>(this);
     f_tool_panel->get_open_btn()->OnClick = make_closure<&Tvx_rng_edit::on_open_btn_click>(this);
-    f_row_line = new Tvx_label(this);
-    f_row_line->SetParent(f_tool_panel);
+    f_row_line = vx_new_on<Tvx_label>(f_tool_panel, this);
     f_row_line->SetAutoSize(false);
     f_row_line->SetLayout(tlCenter);
     f_row_line->SetAlignment(taCenter);

@@ -6,6 +6,7 @@
 #include "style_manager/scales/scale_grid.h"
 
 #include "platform/basic/vx_res.h"
+#include "platform/toolkit/core/new_on.h"
 
 namespace {
 constexpr int c_height = 20;
@@ -26,8 +27,7 @@ void Tvx_scale_tool_panel::add_builder(Tvx_bitbtn *button)
 
 Tvx_bitbtn *Tvx_scale_tool_panel::add_left(int gap)
 {
-    auto *const button = new Tvx_bitbtn(this);
-    button->SetParent(this);
+    auto *const button = vx_new_on<Tvx_bitbtn>(this, this);
     button->SetBounds(f_left + gap, 0, c_height, c_height);
     button->SetShowHint(true);
     f_left += gap + c_height;
@@ -36,8 +36,7 @@ Tvx_bitbtn *Tvx_scale_tool_panel::add_left(int gap)
 
 Tvx_bitbtn *Tvx_scale_tool_panel::add_right(bool sel)
 {
-    auto *const button = new Tvx_bitbtn(this);
-    button->SetParent(this);
+    auto *const button = vx_new_on<Tvx_bitbtn>(this, this);
     button->SetWidth(c_height);
     button->SetLeft(sel ? GetWidth() : 0); // the one of selected objects outermost, as the columns stand
     button->SetAlign(alRight);

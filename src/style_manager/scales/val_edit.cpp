@@ -20,6 +20,7 @@
 #include "platform/storage/vx_xml_save_2d.h"
 #include "platform/styles/vx_stl_mngr.h"
 #include "platform/styles/vx_val_scale.h"
+#include "platform/toolkit/core/new_on.h"
 #include "platform/toolkit/core/screen.h"
 #include "platform/winapi/file.h"
 
@@ -75,26 +76,22 @@ Tvx_val_edit::Tvx_val_edit(TComponent *owner, bool rule)
 void Tvx_val_edit::create()
 {
     DisableAlign();
-    f_prp_scale = new Tvx_prp_scale(this);
-    f_prp_scale->SetParent(this);
+    f_prp_scale = vx_new_on<Tvx_prp_scale>(this, this);
     f_prp_scale->create();
     f_prp_scale->SetAlign(alTop);
     f_prp_scale->SetVisible(!f_rule);
     f_prp_scale->on_changed = make_closure<&Tvx_val_edit::on_prop_edit_changed>(this);
 
-    f_tool_panel = new Tvx_scale_tool_panel(this);
-    f_tool_panel->SetParent(this);
+    f_tool_panel = vx_new_on<Tvx_scale_tool_panel>(this, this);
     f_tool_panel->SetTop(f_prp_scale->GetHeight());
     f_tool_panel->SetAlign(alTop);
 
-    f_grid = new Tvx_val_grid(this, f_rule);
-    f_grid->SetParent(this);
+    f_grid = vx_new_on<Tvx_val_grid>(this, this, f_rule);
     f_grid->SetAlign(alClient);
     f_grid->create();
     f_grid->on_changed = make_closure<&Tvx_val_edit::on_val_grid_changed>(this);
 
-    f_other_panel = new Tvx_other_panel(this);
-    f_other_panel->SetParent(this);
+    f_other_panel = vx_new_on<Tvx_other_panel>(this, this);
     f_other_panel->create();
     f_other_panel->SetAlign(alBottom);
     f_other_panel->on_changed = make_closure<&Tvx_val_edit::on_other_panel_changed>(this);

@@ -1,16 +1,15 @@
 #include "style_manager/shell/smp_edit.h"
 
 #include "platform/styles/vx_stl_mngr.h"
+#include "platform/toolkit/core/new_on.h"
 
 void Tvx_smp_edit::create()
 {
-    f_style_panel = new Tvx_style_panel(this);
-    f_style_panel->SetParent(this);
+    f_style_panel = vx_new_on<Tvx_style_panel>(this, this);
     f_style_panel->create();
     f_style_panel->SetAlign(alTop);
     f_style_panel->on_changed = make_closure<&Tvx_smp_edit::on_child_changed>(this);
-    f_avl_panel = new Tvx_style_avl_panel(this);
-    f_avl_panel->SetParent(this);
+    f_avl_panel = vx_new_on<Tvx_style_avl_panel>(this, this);
     f_avl_panel->create();
     f_avl_panel->SetAlign(alBottom);
     f_avl_panel->on_changed = make_closure<&Tvx_smp_edit::on_child_changed>(this);

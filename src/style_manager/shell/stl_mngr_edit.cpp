@@ -12,6 +12,7 @@
 #include "platform/dialogs/vx_dlgs.h"
 #include "platform/layers/vx_lr.h"
 #include "platform/styles/vx_stl_mngr.h"
+#include "platform/toolkit/core/new_on.h"
 
 namespace {
 constexpr int c_top_height = 22;
@@ -20,8 +21,7 @@ constexpr int c_top_height = 22;
 template <class Edit, class... Args>
 Edit *Tvx_stl_mngr_edit::add_edit(Args... args)
 {
-    auto *const edit = new Edit(this, args...);
-    edit->SetParent(this);
+    auto *const edit = vx_new_on<Edit>(this, this, args...);
     edit->create();
     edit->SetAlign(alClient);
     edit->on_changed = make_closure<&Tvx_stl_mngr_edit::on_edit_changed>(this);
@@ -46,12 +46,10 @@ void Tvx_stl_mngr_edit::each_editor(Act const &act)
 void Tvx_stl_mngr_edit::create()
 {
     DisableAlign();
-    f_top_panel = new Tvx_panel(this);
-    f_top_panel->SetParent(this);
+    f_top_panel = vx_new_on<Tvx_panel>(this, this);
     f_top_panel->SetHeight(c_top_height);
     f_top_panel->SetAlign(alTop);
-    f_mode_edit = new Tvx_style_mode_edit(this);
-    f_mode_edit->SetParent(f_top_panel);
+    f_mode_edit = vx_new_on<Tvx_style_mode_edit>(f_top_panel, this);
     f_mode_edit->create();
     f_mode_edit->SetAlign(alClient);
     f_mode_edit->on_changed = make_closure<&Tvx_stl_mngr_edit::on_style_mode_changed>(this);

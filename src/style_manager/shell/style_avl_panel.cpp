@@ -14,6 +14,7 @@
 #include "platform/storage/vx_gis_prg.h"
 #include "platform/styles/vx_stl_mngr.h"
 #include "platform/styles/vx_style_keys.h"
+#include "platform/toolkit/core/new_on.h"
 
 #include <algorithm>
 
@@ -31,8 +32,7 @@ Tvx_style_avl_panel::Tvx_style_avl_panel(TComponent *owner) : Tvx_caption_panel(
 
 void Tvx_style_avl_panel::create()
 {
-    f_btn = new Tvx_bitbtn(this);
-    f_btn->SetParent(this);
+    f_btn = vx_new_on<Tvx_bitbtn>(this, this);
     f_btn->SetWidth(c_height);
     f_btn->SetAlign(alRight);
     f_btn->SetShowHint(true);

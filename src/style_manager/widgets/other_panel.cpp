@@ -5,6 +5,7 @@
 
 #include "platform/basic/vx_res.h"
 #include "platform/styles/vx_scale_prm.h"
+#include "platform/toolkit/core/new_on.h"
 
 namespace {
 constexpr int c_height = 22;
@@ -21,22 +22,18 @@ Tvx_other_panel::Tvx_other_panel(TComponent *owner) : Tvx_panel(owner)
 void Tvx_other_panel::create()
 {
     DisableAlign();
-    f_use_panel = new Tvx_bool_panel(this);
-    f_use_panel->SetParent(this);
+    f_use_panel = vx_new_on<Tvx_bool_panel>(this, this);
     f_use_panel->SetHeight(c_use_height);
     f_use_panel->SetWidth(c_use_width);
     f_use_panel->SetAlign(alLeft);
     f_use_panel->on_changed = make_closure<&Tvx_other_panel::on_use_panel_changed>(this);
-    f_edit_panel = new Tvx_panel(this);
-    f_edit_panel->SetParent(this);
+    f_edit_panel = vx_new_on<Tvx_panel>(this, this);
     f_edit_panel->SetAlign(alClient);
-    f_cpt_edit = new Tvx_edit(this);
-    f_cpt_edit->SetParent(f_edit_panel);
+    f_cpt_edit = vx_new_on<Tvx_edit>(f_edit_panel, this);
     f_cpt_edit->SetAlign(alClient);
     f_cpt_edit->OnChange = make_closure<&Tvx_other_panel::on_cpt_edit_changed>(this);
     auto const add = [this](bool selected) {
-        auto *const button = new Tvx_style_btn(this);
-        button->SetParent(f_edit_panel);
+        auto *const button = vx_new_on<Tvx_style_btn>(f_edit_panel, this);
         button->SetWidth(c_button_width);
         button->SetAlign(alRight);
         button->SetLeft(f_edit_panel->GetWidth()); // at the right of the one before

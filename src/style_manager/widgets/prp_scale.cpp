@@ -3,6 +3,7 @@
 #include "captions/style_manager.h"
 
 #include "platform/basic/vx_res.h"
+#include "platform/toolkit/core/new_on.h"
 
 namespace {
 constexpr int c_height = 26;
@@ -16,12 +17,10 @@ Tvx_prp_scale::Tvx_prp_scale(TComponent *owner) : Tvx_panel(owner)
 
 void Tvx_prp_scale::create()
 {
-    f_label = new Tvx_label(this);
-    f_label->SetParent(this);
+    f_label = vx_new_on<Tvx_label>(this, this);
     f_label->SetLeft(2);
     f_label->SetTop(2);
-    f_combo = new Tvx_prop_combo_box(this);
-    f_combo->SetParent(this);
+    f_combo = vx_new_on<Tvx_prop_combo_box>(this, this);
     f_combo->SetWidth(c_combo_width);
     f_combo->SetAlign(alRight);
     f_combo->set_forbid_empty(false);

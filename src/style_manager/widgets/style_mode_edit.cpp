@@ -3,6 +3,7 @@
 #include "captions/style_manager.h"
 
 #include "platform/basic/vx_res.h"
+#include "platform/toolkit/core/new_on.h"
 #include "platform/toolkit/core/strings.h"
 
 namespace {
@@ -18,12 +19,10 @@ Tvx_style_mode_edit::Tvx_style_mode_edit(TComponent *owner) : Tvx_panel(owner)
 
 void Tvx_style_mode_edit::create()
 {
-    f_label = new Tvx_label(this);
-    f_label->SetParent(this);
+    f_label = vx_new_on<Tvx_label>(this, this);
     f_label->SetLeft(2);
     f_label->SetTop(2);
-    f_combo = new Tvx_combo_box(this);
-    f_combo->SetParent(this);
+    f_combo = vx_new_on<Tvx_combo_box>(this, this);
     f_combo->SetWidth(c_combo_width);
     f_combo->SetAlign(alRight);
     f_combo->SetStyle(csDropDownList);

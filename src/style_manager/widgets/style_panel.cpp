@@ -3,6 +3,7 @@
 #include "captions/style_manager.h"
 
 #include "platform/basic/vx_res.h"
+#include "platform/toolkit/core/new_on.h"
 
 namespace {
 constexpr int c_height = 26;
@@ -15,13 +16,11 @@ Tvx_style_panel::Tvx_style_panel(TComponent *owner) : Tvx_basic_pnl(owner)
 
 void Tvx_style_panel::create()
 {
-    f_label = new Tvx_label(this);
-    f_label->SetParent(this);
+    f_label = vx_new_on<Tvx_label>(this, this);
     f_label->SetLeft(2);
     f_label->SetTop(2);
     auto const add = [this](bool selected) {
-        auto *const button = new Tvx_style_btn(this);
-        button->SetParent(this);
+        auto *const button = vx_new_on<Tvx_style_btn>(this, this);
         button->SetWidth(c_height);
         button->SetAlign(alRight);
         button->SetLeft(GetWidth()); // at the right of the one before

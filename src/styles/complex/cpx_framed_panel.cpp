@@ -3,6 +3,7 @@
 #include "controls/forms/edits.h"
 
 #include "platform/basic/vx_res.h"
+#include "platform/toolkit/core/new_on.h"
 #include "platform/toolkit/graphics/font.h"
 
 namespace {
@@ -13,8 +14,7 @@ constexpr int c_margin = 3;
 Tvx_cpx_framed_panel::Tvx_cpx_framed_panel(TComponent *owner, int caption)
     : Tvx_cpx_panel(owner), f_label(new Tvx_label(this)), f_frame(new Tvx_panel(this)), f_caption(caption)
 {
-    auto *const top = new Tvx_panel(this);
-    top->SetParent(this);
+    auto *const top = vx_new_on<Tvx_panel>(this, this);
     top->SetHeight(c_caption_height);
     top->SetAlign(alTop);
     f_label->SetParent(top);

@@ -7,6 +7,7 @@
 #include "platform/basic/vx_res.h"
 #include "platform/data/vx_tld_data.h"
 #include "platform/layers/vx_tld_lr2d.h"
+#include "platform/toolkit/core/new_on.h"
 #include "platform/toolkit/core/strings.h"
 
 using namespace vx::label_dlg;
@@ -39,8 +40,7 @@ void Tvx_label_style_edit_dlg::create_controls()
     if (f_range_group)
         return;
     DisableAlign();
-    auto *const grid = new TGridPanel(this);
-    grid->SetParent(get_content_panel());
+    auto *const grid = vx_new_on<TGridPanel>(get_content_panel(), this);
     grid->SetBevelOuter(bvNone);
     grid->SetAlign(alClient);
     grid->SetRowCount(c_rows);
@@ -50,8 +50,7 @@ void Tvx_label_style_edit_dlg::create_controls()
     grid->SetColumn(1, ssPercent, c_half);
 
     auto const add_cell = [&](int column, int row, int columns) {
-        auto *const cell = new Tvx_panel(this);
-        cell->SetParent(grid);
+        auto *const cell = vx_new_on<Tvx_panel>(grid, this);
         grid->SetCell(cell, column, row, columns);
         cell->SetAlign(alTop);
         return cell;
@@ -74,8 +73,7 @@ void Tvx_label_style_edit_dlg::create_controls()
     f_line_type_group->SetVisible(false);
     f_line_type_group->OnClick = make_closure<&Tvx_label_style_edit_dlg::on_layout_line_clicked>(this);
     f_line_direction_panel = left.add<Tvx_panel>();
-    f_line_direction_check = new Tvx_check_box(this);
-    f_line_direction_check->SetParent(f_line_direction_panel);
+    f_line_direction_check = vx_new_on<Tvx_check_box>(f_line_direction_panel, this);
     f_line_direction_check->SetAlign(alClient);
     rows right(this, f_sides[1]);
     f_delta_y = right.add_number(true);
@@ -92,8 +90,7 @@ void Tvx_label_style_edit_dlg::create_scales(TWinControl *cell)
     auto const add_line = [&](Tvx_check_box *&box, Tvx_size_panel *&number) {
         auto *const line = lines.add<Tvx_panel>();
         number = new Tvx_size_panel(this);
-        box = new Tvx_check_box(this);
-        box->SetParent(line);
+        box = vx_new_on<Tvx_check_box>(line, this);
         number->SetParent(line);
         number->set_precision(c_decimals);
         number->set_trim_trailing_zeros(true);

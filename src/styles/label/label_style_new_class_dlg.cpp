@@ -3,6 +3,7 @@
 #include "captions/labels.h"
 
 #include "platform/basic/vx_res.h"
+#include "platform/toolkit/core/new_on.h"
 
 namespace {
 constexpr int c_width = 200;
@@ -21,8 +22,7 @@ void Tvx_label_style_new_class_dlg::create_controls()
 {
     if (f_name_panel)
         return;
-    f_name_panel = new Tvx_string_panel(this);
-    f_name_panel->SetParent(get_content_panel());
+    f_name_panel = vx_new_on<Tvx_string_panel>(get_content_panel(), this);
     f_name_panel->SetHeight(c_row_height);
     f_name_panel->set_caption_width(c_caption_width);
     f_name_panel->SetAlignWithMargins(true);

@@ -14,6 +14,7 @@
 #include "platform/dialogs/vx_msgs.h"
 #include "platform/layers/vx_tld_lr2d.h"
 #include "platform/storage/vx_xml_save_2d.h"
+#include "platform/toolkit/core/new_on.h"
 #include "platform/toolkit/core/strings.h"
 #include "platform/toolkit/graphics/image_list.h"
 
@@ -75,8 +76,7 @@ UnicodeString property_of(void const *info)
 template <class Control>
 Control *Tvx_label_style_panel::add_row(int height)
 {
-    auto *const control = new Control(this);
-    control->SetParent(f_content);
+    auto *const control = vx_new_on<Control>(f_content, this);
     control->SetBounds(0, f_rows_bottom, f_content->GetClientWidth(), height);
     set_margins(control, c_row_margin);
     control->SetAlign(alTop);
@@ -87,14 +87,12 @@ Control *Tvx_label_style_panel::add_row(int height)
 void Tvx_label_style_panel::create()
 {
     DisableAlign();
-    f_visible_check = new Tvx_check_box(this);
-    f_visible_check->SetParent(this);
+    f_visible_check = vx_new_on<Tvx_check_box>(this, this);
     f_visible_check->SetBounds(0, 0, GetClientWidth(), c_check_height);
     set_margins(f_visible_check, c_row_margin);
     f_visible_check->SetAlign(alTop);
     f_visible_check->OnClick = make_closure<&Tvx_label_style_panel::on_visible_clicked>(this);
-    f_content = new Tvx_children_enabled_panel(this);
-    f_content->SetParent(this);
+    f_content = vx_new_on<Tvx_children_enabled_panel>(this, this);
     f_content->SetAlign(alClient);
 
     create_class_row();
@@ -136,21 +134,18 @@ void Tvx_label_style_panel::create()
 void Tvx_label_style_panel::create_class_row()
 {
     auto *const row = add_row<Tvx_panel>(c_class_height);
-    f_class_panel = new Tvx_combo_box_panel(this);
-    f_class_panel->SetParent(row);
+    f_class_panel = vx_new_on<Tvx_combo_box_panel>(row, this);
     f_class_panel->SetAlign(alClient);
     f_class_panel->set_caption_width(c_caption_width);
     f_class_panel->get_combo_box()->SetStyle(csDropDownList);
     f_class_panel->get_combo_box()->OnChange = make_closure<&Tvx_label_style_panel::on_class_changed>(this);
     auto *const images = new TImageList(this);
-    auto *const bar = new TToolBar(this);
-    bar->SetParent(row);
+    auto *const bar = vx_new_on<TToolBar>(row, this);
     bar->SetImages(images);
     bar->SetAlign(alRight);
     bar->SetWidth(c_tool_bar_width); // a bar that is turned changes sides
     auto const add = [&](int picture) {
-        auto *const button = new Tvx_tool_btn(this);
-        button->SetParent(bar);
+        auto *const button = vx_new_on<Tvx_tool_btn>(bar, this);
         button->SetImageIndex(vx_image_list_get_res(images, picture));
         button->SetShowHint(true);
         return button;
@@ -164,14 +159,12 @@ void Tvx_label_style_panel::create_class_row()
 void Tvx_label_style_panel::create_font_rows()
 {
     auto *row = add_row<Tvx_panel>(c_row_height);
-    f_font_panel = new Tvx_fnt_panel(this);
-    f_font_panel->SetParent(row);
+    f_font_panel = vx_new_on<Tvx_fnt_panel>(row, this);
     f_font_panel->set_capt_width(c_caption_width);
     f_font_panel->SetAlign(alClient);
     f_font_panel->on_changed = make_closure<&Tvx_label_style_panel::on_font_changed>(this);
     auto const add_number = [&](int least) {
-        auto *const panel = new Tvx_size_panel(this);
-        panel->SetParent(row);
+        auto *const panel = vx_new_on<Tvx_size_panel>(row, this);
         panel->set_precision(c_decimals);
         panel->set_min(least);
         panel->set_end_caption_width(c_unit_width);
@@ -187,8 +180,7 @@ void Tvx_label_style_panel::create_font_rows()
     f_size_panel->on_changed = make_closure<&Tvx_label_style_panel::on_size_changed>(this);
 
     row = add_row<Tvx_panel>(c_row_height);
-    f_clr_panel = new Tvx_clr_vsb_panel(this);
-    f_clr_panel->SetParent(row);
+    f_clr_panel = vx_new_on<Tvx_clr_vsb_panel>(row, this);
     f_clr_panel->set_can_visible(false);
     f_clr_panel->SetWidth(c_color_width);
     f_clr_panel->SetAlign(alLeft);
@@ -205,8 +197,7 @@ void Tvx_label_style_panel::create_font_rows()
 
 void Tvx_label_style_panel::create_bottom_row()
 {
-    auto *const row = new Tvx_panel(this);
-    row->SetParent(f_content);
+    auto *const row = vx_new_on<Tvx_panel>(f_content, this);
     row->SetHeight(c_bottom_height);
     set_margins(row, c_row_margin);
     row->SetAlign(alBottom);

@@ -6,6 +6,7 @@
 #include "platform/basic/vx_res.h"
 #include "platform/dialogs/vx_msgs.h"
 #include "platform/styles/vx_style_lib.h"
+#include "platform/toolkit/core/new_on.h"
 #include "platform/toolkit/graphics/font.h"
 
 #include <string>
@@ -50,8 +51,7 @@ Tvx_lib_style_panel::Tvx_lib_style_panel(TComponent *owner)
         f_tabs[tab]->SetPageControl(f_pages);
         if (!c_lists[tab])
             continue;
-        f_lists[tab] = new Tvx_list_style_panel(this);
-        f_lists[tab]->SetParent(f_tabs[tab]);
+        f_lists[tab] = vx_new_on<Tvx_list_style_panel>(f_tabs[tab], this);
         f_lists[tab]->SetAlign(alClient);
         f_lists[tab]->on_changed = make_closure<&Tvx_lib_style_panel::on_list_changed>(this);
     }

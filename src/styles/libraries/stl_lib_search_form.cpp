@@ -5,6 +5,7 @@
 #include "controls/numeric/size_panel.h"
 
 #include "platform/basic/vx_res.h"
+#include "platform/toolkit/core/new_on.h"
 
 #include <cmath>
 #include <limits>
@@ -35,8 +36,7 @@ void Tvx_stl_lib_search_form::create_controls()
 {
     if (f_pages)
         return;
-    f_pages = new Tvx_page_control(this);
-    f_pages->SetParent(get_content_panel());
+    f_pages = vx_new_on<Tvx_page_control>(get_content_panel(), this);
     f_pages->SetAlign(alClient);
     for (Tvx_tab_sheet **tab : {&f_idx_tab, &f_str_tab}) {
         *tab = new Tvx_tab_sheet(this);

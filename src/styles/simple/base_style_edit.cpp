@@ -3,6 +3,7 @@
 #include "captions/simple.h"
 
 #include "platform/basic/vx_res.h"
+#include "platform/toolkit/core/new_on.h"
 
 namespace {
 constexpr int c_row_height = 20;
@@ -50,13 +51,11 @@ void Tvx_base_style_edit::add_common_rows()
     place_row(f_cpx_panel);
     f_cpx_panel->on_click = make_closure<&Tvx_base_style_edit::on_edt_cpx_click>(this);
     // At the bottom, so that the switch does not move away from under the pointer that turns it.
-    auto *flat = new Tvx_panel(this);
-    flat->SetParent(this);
+    auto *flat = vx_new_on<Tvx_panel>(this, this);
     flat->SetHeight(c_row_height);
     set_margins(flat);
     flat->SetAlign(alBottom);
-    f_use_cpx = new Tvx_bool_panel(this);
-    f_use_cpx->SetParent(flat);
+    f_use_cpx = vx_new_on<Tvx_bool_panel>(flat, this);
     f_use_cpx->SetAlign(alClient);
     f_use_cpx->on_changed = make_closure<&Tvx_base_style_edit::on_use_cpx_changed>(this);
 }

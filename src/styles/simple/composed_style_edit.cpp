@@ -7,6 +7,7 @@
 #include "platform/basic/vx_res.h"
 #include "platform/dialogs/file_dialogs.h"
 #include "platform/dialogs/vx_msgs.h"
+#include "platform/toolkit/core/new_on.h"
 #include "platform/winapi/file.h"
 
 namespace {
@@ -15,8 +16,9 @@ constexpr int c_lib_margin = 3;
 } // namespace
 
 Tvx_composed_style_edit::Tvx_composed_style_edit(TComponent *owner, composed_style const &style)
-    : Tvx_style_edit(owner, style.type), f_functions(style), f_lib_panel(new Tvx_lib_stl_panel(this)),
-      f_open_dialog(new TOpenDialog(this)), f_save_dialog(new TSaveDialog(this))
+    : Tvx_style_edit(owner, style.type), f_functions(style),
+      f_lib_panel(vx_new_for<Tvx_lib_stl_panel>(this, this)), f_open_dialog(new TOpenDialog(this)),
+      f_save_dialog(new TSaveDialog(this))
 {
     f_lib_panel->SetParent(this);
     f_lib_panel->SetAlignWithMargins(true);

@@ -3,6 +3,7 @@
 #include "captions/simple.h"
 
 #include "platform/basic/vx_res.h"
+#include "platform/toolkit/core/new_on.h"
 
 namespace {
 constexpr int c_height = 20;
@@ -10,7 +11,7 @@ constexpr int c_button_width = 20;
 } // namespace
 
 Tvx_cpx_stl_panel::Tvx_cpx_stl_panel(TComponent *owner)
-    : Tvx_caption_panel(owner), f_button(new Tvx_button(this))
+    : Tvx_caption_panel(owner), f_button(vx_new_for<Tvx_button>(this, this))
 {
     SetHeight(c_height);
     f_button->SetParent(this);

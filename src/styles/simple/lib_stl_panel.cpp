@@ -6,6 +6,7 @@
 
 #include "platform/basic/vx_res.h"
 #include "platform/styles/vx_global_lib_styles.h"
+#include "platform/toolkit/core/new_on.h"
 
 namespace {
 /// Numbers of the pictures on the buttons.
@@ -15,7 +16,7 @@ constexpr int c_smp_picture_load = 3011;
 
 Tvx_lib_stl_panel::Tvx_lib_stl_panel(TComponent *owner)
     : Tvx_panel(owner), f_save_btn(new Tvx_bitbtn(this)), f_load_btn(new Tvx_bitbtn(this)),
-      f_main_btn(new Tvx_button(this))
+      f_main_btn(vx_new_for<Tvx_button>(this, this))
 {
     int const side = GetHeight();
     int left = 0;

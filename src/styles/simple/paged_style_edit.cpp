@@ -3,6 +3,7 @@
 #include "controls/forms/event_off.h"
 
 #include "platform/basic/vx_res.h"
+#include "platform/toolkit/core/new_on.h"
 
 #include <algorithm>
 
@@ -13,7 +14,8 @@ constexpr int c_strip_margin = 4;
 } // namespace
 
 Tvx_paged_style_edit::Tvx_paged_style_edit(TComponent *owner, composed_style const &style)
-    : Tvx_composed_style_edit(owner, style), f_strip(new Tvx_panel(this)), f_pages(new Tvx_page_control(this))
+    : Tvx_composed_style_edit(owner, style), f_strip(vx_new_for<Tvx_panel>(this, this)),
+      f_pages(vx_new_for<Tvx_page_control>(this, this))
 {
     f_strip->SetParent(this);
     f_strip->SetAlign(alTop);
@@ -31,8 +33,7 @@ void Tvx_paged_style_edit::place_page(Tvx_style_edit *edit, component const &com
     edit->SetParent(sheet);
     edit->SetAlign(alClient);
     edit->on_changed = make_closure<&Tvx_paged_style_edit::on_edit_changed>(this);
-    auto *box = new Tvx_check_box(this);
-    box->SetParent(f_strip);
+    auto *box = vx_new_on<Tvx_check_box>(f_strip, this);
     box->OnClick = make_closure<&Tvx_paged_style_edit::on_box_click>(this);
     f_page_list.push_back({component, box, sheet, edit});
     int const rows = (static_cast<int>(f_page_list.size()) + c_columns - 1) / c_columns;

@@ -6,6 +6,7 @@
 #include "platform/storage/vx_xml_data.h"
 #include "platform/styles/vx_style.h"
 #include "platform/styles/vx_style_keys.h"
+#include "platform/toolkit/core/new_on.h"
 
 Tvx_pnt_stl_edit::Tvx_pnt_stl_edit(TComponent *owner)
     : Tvx_composed_style_edit(owner, {{&vx_pnt_style_create, &vx_pnt_style_destroy, &vx_pnt_style_assign},
@@ -14,7 +15,7 @@ Tvx_pnt_stl_edit::Tvx_pnt_stl_edit(TComponent *owner)
                                       &vx_xml_save_style_load_style_pnt_file,
                                       &vx_xml_save_style_save_style_pnt_file,
                                       &vxk_lib_styles_get_pnt}),
-      f_bpnt_edit(new Tvx_bpnt_edit(this))
+      f_bpnt_edit(vx_new_for<Tvx_bpnt_edit>(this, this))
 {
     f_bpnt_edit->SetParent(this);
     f_bpnt_edit->SetAlign(alClient);

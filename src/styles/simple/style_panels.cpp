@@ -2,12 +2,14 @@
 
 #include "controls/prop/detail/action_name.h"
 
+#include "platform/toolkit/core/new_on.h"
+
 namespace {
 constexpr int c_height = 26;
 }
 
 Tvx_basic_style_panel::Tvx_basic_style_panel(TComponent *owner)
-    : Tvx_basic_pnl(owner), f_caption(new Tvx_caption_panel(this))
+    : Tvx_basic_pnl(owner), f_caption(vx_new_for<Tvx_caption_panel>(this, this))
 {
     SetHeight(c_height);
     f_caption->SetParent(this);

@@ -20,8 +20,8 @@ private:
     vx_native_widget *const f_former;
 };
 
-/// `new T(args...)`, the first of which is the owner, for a control whose next step is `SetParent(parent)`: the
-/// widget is made where it will stay, which spares Qt the move.
+/// `new T(args...)`, the first of which is the owner, for a control whose next step is `SetParent(parent)`:
+/// the widget is made where it will stay, which spares Qt the move.
 template <class T, class... Args>
 [[nodiscard]] T *vx_new_for(TWinControl *parent, Args &&...args)
 {
