@@ -163,17 +163,41 @@ void *Tvx_lr2d_edit::plugin_instance(int index) const
     return reinterpret_cast<void *>(f_plugin_tabs->GetItems(index)->GetTag());
 }
 
+/// Marks the page set as being refreshed, if it lives on to the end of that.
+class Tvx_lr2d_edit::refreshing_scope
+{
+public:
+    explicit refreshing_scope(Tvx_lr2d_edit &owner)
+        : f_owner(owner), f_life(owner.Life()), f_before(std::exchange(owner.f_refreshing, true))
+    {
+    }
+    refreshing_scope(refreshing_scope const &) = delete;
+    refreshing_scope &operator=(refreshing_scope const &) = delete;
+    ~refreshing_scope()
+    {
+        if (!f_life.expired())
+            f_owner.f_refreshing = f_before;
+    }
+
+private:
+    Tvx_lr2d_edit &f_owner;
+    std::weak_ptr<void const> f_life;
+    bool f_before;
+};
+
 void Tvx_lr2d_edit::set_lr2d(Ivx_layer *layer)
 {
     if (!f_pages)
         return;
+    auto const life = Life();
     take_lr2d(layer);
-    catch_up();
+    if (!life.expired())
+        catch_up();
 }
 
 void Tvx_lr2d_edit::take_lr2d(Ivx_layer *layer)
 {
-    vx::flag_scope const refreshing(f_refreshing);
+    refreshing_scope const refreshing(*this);
     auto *const remembered = f_pages->GetActivePage();
     owned_layer clone(layer ? vx_lr2d_clone(layer) : nullptr);
     hand_to_extensions(clone.get());
@@ -184,35 +208,39 @@ void Tvx_lr2d_edit::take_lr2d(Ivx_layer *layer)
     unhook_update_channel();
     f_lr2d = std::move(clone);
     hook_update_channel();
-    update_tabs();
-    keep_active_tab(remembered);
+    if (show_tabs())
+        keep_active_tab(remembered);
 }
 
 void Tvx_lr2d_edit::update_controls()
 {
     if (!f_pages)
         return;
+    auto const life = Life();
     refresh();
-    catch_up();
+    if (!life.expired())
+        catch_up();
 }
 
 void Tvx_lr2d_edit::catch_up()
 {
     if (f_refreshing || !f_update_missed)
         return;
+    auto const life = Life();
     refresh();
     // What is posted during this one is the doing of the pages that are refreshed: it would not end.
-    f_update_missed = false;
+    if (!life.expired())
+        f_update_missed = false;
 }
 
 void Tvx_lr2d_edit::refresh()
 {
-    vx::flag_scope const refreshing(f_refreshing);
+    refreshing_scope const refreshing(*this);
     f_update_missed = false;
     auto *const remembered = f_pages->GetActivePage();
     hand_to_extensions(f_lr2d.get());
-    update_tabs();
-    keep_active_tab(remembered);
+    if (show_tabs())
+        keep_active_tab(remembered);
 }
 
 void Tvx_lr2d_edit::hand_to_extensions(Ivx_layer *layer)
@@ -259,15 +287,26 @@ void Tvx_lr2d_edit::vx_lr2d_edit_event_channel_callback_proc(Tvx_table *queue, v
 
 void Tvx_lr2d_edit::update_tabs()
 {
+    static_cast<void>(show_tabs());
+}
+
+bool Tvx_lr2d_edit::show_tabs()
+{
     if (!f_pages)
-        return;
+        return true;
     if (!f_lr2d) {
         clear_tabs();
-        return;
+        return true;
     }
+    auto const life = Life();
+    auto const *const layer = f_lr2d.get();
     auto const &row = vx::lr2d_page_row_find(vx_lr2d_get_lr_type(f_lr2d.get()));
     for (auto const page : vx::c_lr2d_page_update_order) {
         update_page(page, row);
+        // A page that reads for a while lets the user close the editor, and the host show another layer in
+        // it.
+        if (life.expired() || f_lr2d.get() != layer)
+            return false;
         if (page == vx::lr2d_page::dtld) {
             f_text_mngr->SetTabVisible(row.text_mngr_tab);
             f_text_ts->SetTabVisible(false);
@@ -275,6 +314,7 @@ void Tvx_lr2d_edit::update_tabs()
         }
     }
     update_style_tab(row);
+    return true;
 }
 
 void Tvx_lr2d_edit::clear_tabs()

@@ -109,6 +109,7 @@ protected:
     bool f_notify_host = false;
 
 private:
+    class refreshing_scope;
     using page_field = Tvx_basic_lr2d_edit *Tvx_lr2d_edit::*;
     static std::array<page_field, vx::c_lr2d_page_count> const &page_fields();
 
@@ -119,6 +120,8 @@ private:
     void attach_plugins(Ivx_layer *layer);
     [[nodiscard]] void *plugin_instance(int index) const;
     void take_lr2d(Ivx_layer *layer);
+    /// False when this ended, or got another layer, while a page read.
+    [[nodiscard]] bool show_tabs();
     void end_edit(bool taken);
     void refresh();
     /// One more refresh if an update event came during the last.

@@ -41,8 +41,10 @@ void Tvx_txt_mngr_parts::show_mngr()
     void *const list = f_list_edit->get_stl_mngr_list();
     f_edit->enable_selection_style(false);
     f_edit->set_stl_mngr(vx_stl_mngr_list_get_active_mngr(list));
+    // What it reads may take a while, in which the user can close the page.
+    auto const life = f_edit->Life();
     f_edit->update_controls();
-    if (list)
+    if (!life.expired() && list && f_list_edit->get_stl_mngr_list() == list)
         f_edit->SetVisible(vx_stl_mngr_list_get_visible(list));
 }
 

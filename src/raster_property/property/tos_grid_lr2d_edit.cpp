@@ -51,8 +51,7 @@ void Tvx_tos_grid_lr2d_edit::create()
          make_closure<&Tvx_tos_lr2d_edit::on_data_get_channel_stat>(this),
          make_closure<&Tvx_tos_lr2d_edit::on_data_get_channel_histogramm>(this),
          make_closure<&Tvx_tos_lr2d_edit::on_data_upd_histogramm>(this)});
-    f_opacity_panel = new Tvx_fast_int_panel(this);
-    f_opacity_panel->SetParent(this);
+    f_opacity_panel = vx_new_on<Tvx_fast_int_panel>(this, this);
     f_opacity_panel->set_min(-1);
     f_opacity_panel->set_max(99);
     f_opacity_panel->set_caption_width(c_caption_width);
@@ -83,7 +82,11 @@ void Tvx_tos_grid_lr2d_edit::update_controls()
         f_clr_stl_mngr_edit->enable_selection_style(vx_lr_get_own_selected_style_flag(layer));
     f_clr_stl_mngr_edit->set_clr_stl_mngr(by_scale ? vx_tos_grid_lr2d_get_clr_stl_mngr_ptr(layer) : nullptr);
     f_clr_stl_mngr_edit->set_lr(layer);
+    // What it reads may take a while, in which the page can end, or get another layer and be shown anew.
+    auto const life = Life();
     f_clr_stl_mngr_edit->update_controls();
+    if (life.expired() || get_tos_grid_lr2d() != layer)
+        return;
     bool const by_channels = layer && !by_scale;
     if (by_channels || !layer)
         f_channels_edit->set_draw_type(static_cast<Tvx_basic_lr2d_draw_type>(draw_type));
@@ -149,8 +152,10 @@ void Tvx_tos_grid_lr2d_edit::on_draw_type_cb_changed(TObject * /*sender*/)
         return;
     end_edit(true);
     vx_tos_grid_lr2d_set_draw_type(layer, f_draw_type_cb->get_draw_type());
+    auto const life = Life();
     update_controls();
-    call_changed();
+    if (!life.expired() && get_tos_grid_lr2d() == layer)
+        call_changed();
 }
 
 void Tvx_tos_grid_lr2d_edit::on_clr_stl_mngr_changed(TObject * /*sender*/)

@@ -53,8 +53,7 @@ void Tvx_stl_mngr_edit::create()
     f_mode_edit->create();
     f_mode_edit->SetAlign(alClient);
     f_mode_edit->on_changed = make_closure<&Tvx_stl_mngr_edit::on_style_mode_changed>(this);
-    f_rotate_btn = new Tvx_bitbtn(this);
-    f_rotate_btn->SetParent(f_top_panel);
+    f_rotate_btn = vx_new_on<Tvx_bitbtn>(f_top_panel, this);
     f_rotate_btn->SetWidth(c_top_height);
     f_rotate_btn->SetAlign(alRight);
     f_rotate_btn->SetShowHint(true);
@@ -241,6 +240,8 @@ void Tvx_stl_mngr_edit::on_edit_changed(TObject * /*sender*/)
 {
     if (!f_stl_mngr)
         return;
+    auto const life = Life();
     update_controls();
-    call_changed();
+    if (!life.expired())
+        call_changed();
 }
