@@ -1,5 +1,6 @@
 #include "host/captions.h"
 #include "host/command_action.h"
+#include "host/layer_editor.h"
 #include "host/layout_clipboard.h"
 #include "host/layout_view.h"
 #include "host/layout_window.h"
@@ -136,7 +137,7 @@ std::vector<Tvx_layout_window::command_row> const &Tvx_layout_window::command_ro
          {QKeySequence::Undo},
          c_begins_group | c_on_tool_bar,
          can_undo,
-         [](window &w, bool) { w.f_document.undo(); }},
+         [](window &w, bool) { w.go_back(false); }},
         {"redo",
          c_lay_menu_edit,
          c_lay_redo,
@@ -145,7 +146,7 @@ std::vector<Tvx_layout_window::command_row> const &Tvx_layout_window::command_ro
          {QKeySequence::Redo},
          c_on_tool_bar,
          can_redo,
-         [](window &w, bool) { w.f_document.redo(); }},
+         [](window &w, bool) { w.go_back(true); }},
         {"cut",
          c_lay_menu_edit,
          c_lay_cut,
@@ -497,6 +498,17 @@ void Tvx_layout_window::update_commands()
         if (row.is_checked)
             command(row.name)->setChecked(row.is_checked(*this));
     }
+}
+
+void Tvx_layout_window::go_back(bool forward)
+{
+    // What is brought back takes the place of what was typed and not applied.
+    if (!f_editor->may_lose_changes())
+        return;
+    if (forward)
+        f_document.redo();
+    else
+        f_document.undo();
 }
 
 void Tvx_layout_window::on_rename()

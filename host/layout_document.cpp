@@ -336,6 +336,19 @@ void Tvx_layout_document::give_up_step()
     restore(f_states[f_at]);
 }
 
+void Tvx_layout_document::rename_scene(QString const &from, QString const &to)
+{
+    auto const rename = [&](Ivx_layer *layer) {
+        if (vx_layout_is(layer, c_lr_key_layout_scene_frame) && vx_layout_file_of(layer) == from)
+            vx_layout_set_file(layer, to);
+    };
+    for (entry const &e : f_entries)
+        rename(element(e.id));
+    for (state const &s : f_states)
+        for (kept_element const &kept : s)
+            rename(kept.layer.get());
+}
+
 void Tvx_layout_document::detach()
 {
     beginResetModel();

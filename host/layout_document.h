@@ -66,6 +66,8 @@ public:
     /// What was done since the last step is undone.
     void give_up_step();
 
+    /// A scene has another name: so it is called in what undo brings back, too.
+    void rename_scene(QString const &from, QString const &to);
     /// The layout ends; the document is empty from now on.
     void detach();
 

@@ -196,6 +196,8 @@ void Tvx_layout_view::on_draw_timer()
     f_busy_drawing = result != Tvx_layout_picture::c_step_done;
     if (f_busy_drawing && isVisible())
         f_draw_timer.start(0);
+    else
+        emit settled();
 }
 
 bool Tvx_layout_view::is_drawing_unwanted()

@@ -62,6 +62,8 @@ signals:
     /// Not all of it could be drawn.
     void element_failed(int id);
     void zoom_changed();
+    /// The page is shown as it is.
+    void settled();
 
 protected:
     bool viewportEvent(QEvent *event) override;

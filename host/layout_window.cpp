@@ -152,6 +152,11 @@ void Tvx_layout_window::connect_document()
     connect(f_view, &Tvx_layout_view::selection_changed, this, &Tvx_layout_window::show_selection);
     connect(f_view, &Tvx_layout_view::properties_wanted, this, &Tvx_layout_window::on_properties);
     connect(f_view, &Tvx_layout_view::zoom_changed, this, &Tvx_layout_window::update_place_text);
+    connect(f_view, &Tvx_layout_view::settled, this, [this] {
+        QStringList const failed = f_layouts.sync().take_failed();
+        if (!failed.isEmpty())
+            show_message(vx_layout_caption(c_lay_scene_failed).arg(failed.join(", ")));
+    });
     connect(f_view, &Tvx_layout_view::element_failed, this, [this](int id) {
         show_message(vx_layout_caption(c_lay_status_failed).arg(f_document.name_of(id)));
     });
@@ -471,12 +476,18 @@ void Tvx_layout_window::show_message(QString const &text)
     statusBar()->showMessage(text, c_message_ms);
 }
 
+void Tvx_layout_window::rename_scene(QString const &from, QString const &to)
+{
+    f_document.rename_scene(from, to);
+    f_editor->take(f_editor->layer_id(), [&](Ivx_layer *copy, Ivx_layer *, Ivx_layer *) {
+        if (vx_layout_is(copy, c_lr_key_layout_scene_frame) && vx_layout_file_of(copy) == from)
+            vx_layout_set_file(copy, to);
+    });
+}
+
 void Tvx_layout_window::refresh()
 {
     f_view->refresh();
-    QStringList const failed = f_layouts.sync().take_failed();
-    if (!failed.isEmpty())
-        show_message(vx_layout_caption(c_lay_scene_failed).arg(failed.join(", ")));
 }
 
 bool Tvx_layout_window::may_lose_changes()

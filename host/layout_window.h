@@ -36,6 +36,7 @@ public:
     [[nodiscard]] QAction *command(char const *name) const { return f_commands.value(QLatin1String(name)); }
 
     void update_title();
+    void rename_scene(QString const &from, QString const &to);
     /// What scenes show may have changed.
     void refresh();
     [[nodiscard]] bool may_lose_changes();
@@ -80,6 +81,7 @@ private:
     void on_remove();
     void on_take_view();
     void on_rename();
+    void go_back(bool forward);
     void move_by(int rows);
     void on_export_pdf();
     void on_export_picture();

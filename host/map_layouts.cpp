@@ -197,9 +197,12 @@ bool Tvx_map_layouts::may_lose_changes()
 
 bool Tvx_map_layouts::update_name()
 {
+    QString const former = f_sync.name();
     bool const any = f_sync.set_name(f_map.scene_name());
     for (Tvx_layout_window *const window : std::as_const(f_windows)) {
         window->update_title();
+        if (f_sync.name() != former)
+            window->rename_scene(former, f_sync.name());
         if (any)
             window->refresh();
     }

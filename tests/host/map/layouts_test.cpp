@@ -4,6 +4,7 @@
 #include "host/layout_view.h"
 #include "host/layout_window.h"
 #include "host/map_layouts.h"
+#include "host/map_scene.h"
 #include "host/tour_controls.h"
 #include "layer_edit/form/lr2d_edit_form.h"
 #include "layer_edit/layout/layout_scene_edit.h"
@@ -13,6 +14,8 @@
 
 #include "platform/base/string_adp.h"
 #include "platform/layers/layout_keys.h"
+#include "platform/layers/vx_prj.h"
+#include "platform/storage/vx_scn_2d_file.h"
 #include "platform/toolkit/controls/memo.h"
 
 #include <QFile>
@@ -190,6 +193,24 @@ TEST_F(layouts, properties_change_an_element_when_they_are_applied)
     EXPECT_EQ(text_of(title), "nc");
 }
 
+TEST_F(layouts, frames_show_maps_of_other_files)
+{
+    QImage const before = exported("before.png");
+    ASSERT_TRUE(vx_map_scene_save(file("other_.sn"), layers(), canvas().view()));
+    Ivx_scns_2d *const scenes = vx_prj_get_scns_2d_ptr(vx_prj_get_instance());
+    int const place = vx_scns_2d_get_count(scenes);
+    // As the choice of a scene brings it: its data are not open yet.
+    ASSERT_TRUE(vx_xml_data_load_scn2d_w(nullptr, file("other_.sn").toStdWString().c_str(),
+                                         vx_scns_2d_add(scenes, L"other")));
+    layers().clear();
+    EXPECT_NE(exported("empty.png"), before);
+    int const frame = find(c_lr_key_layout_scene_frame);
+    document().change(frame, [](Ivx_layer *element) { vx_layout_set_file(element, "other"); });
+    document().finish_step(Tvx_layout_document::c_step_single, frame);
+    EXPECT_EQ(exported("other.png"), before);
+    vx_scns_2d_erase(scenes, place);
+}
+
 TEST_F(layouts, come_back_with_their_map)
 {
     EXPECT_TRUE(window->is_changed());
@@ -208,6 +229,12 @@ TEST_F(layouts, come_back_with_their_map)
     EXPECT_FALSE(window->is_changed());
     EXPECT_EQ(vx_layout_file_of(document().element(frame)), "counties") << "the map has a name by now";
     QImage const saved = exported("saved.png");
+    hand::press(&page->view(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(vx_layout_file_of(document().element(frame)), "counties") << "what undo brings back, too";
+    EXPECT_GT(drawn_part(exported("undone.png")), 0.05);
+    page->command("redo")->trigger();
+    EXPECT_EQ(exported("redone.png"), saved);
+    ASSERT_TRUE(window->save_scene());
     hand::press(&page->view(), Qt::Key_Left);
     EXPECT_TRUE(window->is_changed());
     hand::press(&page->view(), Qt::Key_Z, Qt::ControlModifier);
