@@ -125,6 +125,21 @@ TEST(gdal_read, geometry)
               std::wstring::npos);
 }
 
+TEST(gdal_read, questions_in_between_leave_the_reading_where_it_is)
+{
+    source const s(example("nc.shp"));
+    keeper k;
+    for (int i = 0; i < 10; ++i)
+        s.forward.with_next_feature(k);
+    double value = 0;
+    EXPECT_TRUE(s.stat.maximum(9, &value));
+    EXPECT_EQ(s.table.feature_count(true), 100u);
+    EXPECT_FALSE(s.random.with_feature(100, k));
+    EXPECT_EQ(k.item.fid(), 9) << "nothing was visited";
+    ASSERT_TRUE(s.forward.with_next_feature(k));
+    EXPECT_EQ(k.item.fid(), 10);
+}
+
 TEST(gdal_read, features_outlive_their_source)
 {
     keeper k;

@@ -1,7 +1,4 @@
-#include "controls/numeric/size_panel.h"
-#include "controls/numeric/vcl_dbl_edit.h"
-#include "controls/numeric/vcl_int_edit.h"
-#include "controls/numeric/vcl_spin_edit.h"
+#include "controls/vxk_basic_vcl.h"
 #include "numeric_form.h"
 
 #include <cmath>
@@ -280,6 +277,33 @@ TEST_F(number_edits, an_edit_that_may_be_empty_never_complains)
     EXPECT_TRUE(edit->is_empty());
     edit->set_value(c_nan);
     EXPECT_TRUE(edit->is_empty());
+}
+
+TEST_F(number_edits, numbers_shown_by_set_value)
+{
+    struct
+    {
+        double value;
+        int precision, digits;
+        wchar_t const *text;
+    } const cases[] = {
+        {0.1, 2, -1, L"0.1"},
+        {1e20, 2, -1, L"1E20"},
+        {-2.9, 0, 0, L"-2"},
+        {-0.9, 0, 0, L"0"},
+        {1e19, 0, 2, L"10000000000000000000"},
+        {123.456, 4, 2, L"123.5"},
+        {123.456, 2, 2, L"1.2E02"},
+        {c_nan, 0, 2, L"NAN"},
+    };
+    auto *edit = this->edit<Tvx_vcl_dbl_edit>(1, 2);
+    for (auto const &c : cases) {
+        edit->set_precision(c.precision);
+        edit->set_format_digits(c.digits);
+        edit->set_value(c.value);
+        EXPECT_EQ(edit->GetText(), c.text);
+    }
+    EXPECT_EQ(taken_events(), 0);
 }
 
 TEST_F(number_edits, esc_is_left_to_the_dialog)

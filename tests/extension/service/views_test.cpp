@@ -195,3 +195,31 @@ TEST_F(views, a_label_view_edits_the_layer_with_the_properties_of_the_model)
     EXPECT_EQ(panel->get_layer(), nullptr);
     EXPECT_EQ(source.hold_count(), 0u);
 }
+
+TEST_F(views, a_text_view_shows_the_editor_of_the_settings_type)
+{
+    offering.texts.push_back(std::make_unique<models::text_settings_editor>(L"texts"));
+    auto &model = *offering.texts[0];
+    open({&offering});
+    auto const &edits = view<Tvx_text_settings_editor_view>(0)->get_edits();
+    EXPECT_TRUE(tabs().empty());
+    using settings = vx::owned<void, &vx_txt_settings_destroy>;
+    std::vector<settings> kept;
+    for (auto const &[type, expected] : {std::pair("txt_pgn_style", "--x"), std::pair("txt_pln_style", "-x-"),
+                                         std::pair("txt_pnt_style", "x--")}) {
+        kept.emplace_back(vx_txt_settings_create(type));
+        model.shown = kept.back().get();
+        model.update();
+        EXPECT_EQ(shown(edits), expected);
+        EXPECT_EQ(tabs().size(), 1u);
+    }
+    input::wait_idle();
+    void *const list = vx_txt_settings_get_stl_mngr_list(model.shown);
+    bool const visible = vx_stl_mngr_list_get_visible(list);
+    ASSERT_TRUE(input::click(edits.list->get_check_box(), 8, 8));
+    EXPECT_NE(vx_stl_mngr_list_get_visible(list), visible);
+    model.shown = nullptr;
+    model.update();
+    EXPECT_EQ(shown(edits), "---");
+    EXPECT_TRUE(tabs().empty());
+}

@@ -133,6 +133,40 @@ TEST_F(raster_page_test, transparency_counts_in_percent)
     EXPECT_EQ(vx_rtr_lr2d_get_opacity(layer.get()), 0.0);
 }
 
+TEST_F(raster_page_test, a_colour_of_the_screen_is_left_out)
+{
+    open_raster(example(L"L7_ETMs.tif"));
+    auto *const panel = raster_page()->get_transparent_clr();
+    auto *const none = raster_page()->get_no_clr_btn();
+    EXPECT_FALSE(none->GetEnabled());
+    // Something of a colour that the window does not have.
+    auto *const square = new TShape(record->get_form());
+    square->SetParent(raster_page());
+    square->SetBounds(40, 200, 60, 60);
+    square->GetBrush()->SetColor(RGB(250, 12, 130));
+    square->BringToFront();
+    input::wait_idle();
+    TPoint const middle = square->ClientToScreen({30, 30});
+    input::on_next_modal([middle](input::modal_window const &window) {
+        auto *const form = dynamic_cast<Tvx_clr_picker_form *>(window.form());
+        ASSERT_NE(form, nullptr);
+        TPoint const at = form->ScreenToClient(middle);
+        EXPECT_TRUE(input::click(form, at.X, at.Y));
+    });
+    ASSERT_TRUE(input::click(panel->get_picker_btn()));
+    EXPECT_EQ(vx_rtr_lr2d_get_transparent_clr(copy()), vx_clr_init_rgb(250, 12, 130));
+    EXPECT_EQ(vx_rtr_lr2d_get_transparent_clr(layer.get()).a, 0);
+    EXPECT_TRUE(none->GetEnabled());
+    apply();
+    EXPECT_EQ(vx_rtr_lr2d_get_transparent_clr(layer.get()), vx_clr_init_rgb(250, 12, 130));
+    ASSERT_TRUE(input::click(none));
+    EXPECT_EQ(vx_rtr_lr2d_get_transparent_clr(copy()).a, 0);
+    EXPECT_FALSE(none->GetEnabled());
+    next_color = vx_clr_init_rgb(1, 2, 3);
+    ASSERT_TRUE(input::click(panel->get_clr_panel()->get_button()));
+    EXPECT_EQ(vx_rtr_lr2d_get_transparent_clr(copy()), next_color);
+}
+
 TEST_F(raster_page_test, a_channel_is_stretched_by_numbers_sliders_and_marks)
 {
     open_raster(example(L"L7_ETMs.tif"));

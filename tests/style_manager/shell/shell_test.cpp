@@ -6,14 +6,7 @@
 #include "platform/base/owned.h"
 #include "platform/basic/vx_wstrings.h"
 #include "platform/storage/detail/gp_env.h"
-#include "platform/styles/vx_base_style.h"
-#include "platform/styles/vx_global_lib_styles.h"
-#include "platform/styles/vx_rng_scale.h"
-#include "platform/styles/vx_stl_mngr.h"
-#include "platform/styles/vx_stl_prm.h"
-#include "platform/styles/vx_style.h"
-#include "platform/styles/vx_style_lib.h"
-#include "platform/styles/vx_val_scale.h"
+#include "platform/styles/vxk_styles.h"
 #include "platform/toolkit/core/screen.h"
 #include "platform/toolkit/core/strings.h"
 
@@ -215,6 +208,52 @@ TEST_F(shell, fills_a_range_scale_that_needs_it_once)
     EXPECT_EQ(vx_rng_scale_get_size(vx_stl_mngr_get_rng_scale_ptr(others.get())), 3u);
 }
 
+/// One style of each kind under the number 7, and a line 8 that no item names.
+bool fill_symbols(void *libs)
+{
+    void *const lib = vx_style_libs_add_lib(libs, L"Signs");
+    void *(*const lists[])(void *) = {&vx_style_lib_get_pnt_list_ptr, &vx_style_lib_get_pln_list_ptr,
+                                      &vx_style_lib_get_pgn_list_ptr};
+    for (auto const list : lists)
+        vx_style_list_add_idx_style(list(lib), 7, 1);
+    void *const line = vx_idx_pln_style_get_pln_style_ptr(
+        vx_style_list_add_idx_style(vx_style_lib_get_pln_list_ptr(lib), 8, 1));
+    vx_bpln_style_set_width(vx_pln_style_get_bpln_style_ptr(line), 3);
+    vx_style_items_add(vx_style_item_get_style_items_ptr(vx_style_lib_get_root_item_ptr(lib)), L"Seven", 7,
+                       1);
+    return true;
+}
+
+TEST_F(shell, symbols_of_a_library_come_in_the_kind_of_the_manager)
+{
+    auto const loader = vx_global_lib_styles_set_loader(&fill_symbols);
+    struct
+    {
+        Tvx_stl_mngr_edit *edit;
+        char const *type;
+        bool has_eight;
+    } const table[] = {{add_edit<Tvx_pnt_stl_mngr_edit>(), "pnt_style", false},
+                       {add_edit<Tvx_pln_stl_mngr_edit>(), "pln_style", true},
+                       {add_edit<Tvx_pgn_stl_mngr_edit>(), "pgn_style", false}};
+    for (auto const &[edit, type, has_eight] : table) {
+        SCOPED_TRACE(type);
+        vx::owned<void, &vx_stl_prm_destroy> const prm(vx_stl_prm_create(type));
+        auto const take = [&, e = edit](int lib, int code) {
+            std::wstring caption = L"before";
+            return e->get_val_edit()->get_grid()->on_lib_symbol_style(e, lib, code, prm.get(), false, caption)
+                       ? caption
+                       : L"none, " + caption;
+        };
+        EXPECT_EQ(take(0, 7), L"Seven");
+        EXPECT_EQ(take(0, 8), has_eight ? L"" : L"none, before");
+        EXPECT_EQ(vx_stl_prm_get_size(prm.get(), false) == 3, has_eight);
+        EXPECT_EQ(take(0, 9), L"none, before");
+        EXPECT_EQ(take(1, 7), L"none, before");
+        EXPECT_EQ(take(-1, 7), L"none, before");
+    }
+    vx_global_lib_styles_set_loader(loader);
+}
+
 TEST_F(shell, a_style_is_edited_by_its_button)
 {
     auto *const edit = add_edit<Tvx_clr_stl_mngr_edit>();
@@ -233,6 +272,31 @@ TEST_F(shell, a_style_is_edited_by_its_button)
     EXPECT_EQ(taken_events(), 0);
     edit->enable_selection_style(false);
     EXPECT_FALSE(edit->get_smp_edit()->get_style_panel()->get_btn_s()->GetShowing());
+}
+
+TEST_F(shell, lists_all_properties)
+{
+    auto *const edit = add_edit<Tvx_txt_pnt_stl_mngr_edit>();
+    auto const list = [edit] {
+        vx::owned<void, &vx_wstrings_destroy> const strings(edit->create_property_list());
+        std::vector<std::wstring> result;
+        for (unsigned i = 0; i < vx_wstrings_get_size(strings.get()); ++i)
+            result.emplace_back(vx_wstrings_get_str(strings.get(), i));
+        return result;
+    };
+    EXPECT_TRUE(list().empty()) << "no events";
+    edit->set_on_data_open(make_closure<&shell::open>(this));
+    edit->set_on_data_close(make_closure<&shell::close>(this));
+    edit->set_on_data_get_np(make_closure<&shell::get_np>(this));
+    edit->set_on_data_get_prop(make_closure<&shell::get_prop>(this));
+    EXPECT_TRUE(list().empty());
+    EXPECT_EQ(opens, 0) << "closed without properties too";
+    names = {"NAME", "AREA", ""};
+    EXPECT_EQ(list(), (std::vector<std::wstring>{L"NAME", L"AREA", L""}));
+    EXPECT_EQ(opens, 0);
+    has_data = false;
+    EXPECT_TRUE(list().empty());
+    EXPECT_EQ(opens, 1) << "what did not open is not closed";
 }
 
 TEST_F(shell, legends_are_read_into_managers_of_geometry)

@@ -1,19 +1,14 @@
-#include "styles/libraries/lib_panel.h"
-#include "styles/libraries/lib_style_panel.h"
-#include "styles/libraries/style_libs_form.h"
 #include "styles/simple/pgn_stl_edit.h"
 #include "styles/simple/pln_stl_edit.h"
 #include "styles/simple/pnt_stl_edit.h"
+#include "styles/vxk_lib_styles_vcl.h"
 #include "support/paint_counter.h"
 #include "support/temp_dir.h"
 #include "tests/controls/prop/prop_form.h"
 
 #include "platform/base/owned.h"
 #include "platform/storage/vx_xml_data.h"
-#include "platform/styles/vx_base_style.h"
-#include "platform/styles/vx_global_lib_styles.h"
-#include "platform/styles/vx_style.h"
-#include "platform/styles/vx_style_lib.h"
+#include "platform/styles/vxk_styles.h"
 #include "platform/winapi/file.h"
 
 #include <cerrno>
@@ -96,6 +91,42 @@ TEST_F(composed_edits, tabs_of_a_line_follow_their_boxes)
     EXPECT_EQ(vx_bpnt_style_get_size(vx_pln_style_get_bpnt_style_ptr(style)), 8);
     EXPECT_EQ(vx_bpln_style_get_width(vx_pln_style_get_bpln_style_ptr(style)), 9);
     EXPECT_EQ(visible_tabs(edit->get_pages()), (names{"bpln_ts", "bpnt_ts", "bbeg_ts"}));
+}
+
+TEST_F(composed_edits, tabs_of_a_polygon_follow_the_style)
+{
+    auto *edit = add_edit<Tvx_pgn_stl_edit>();
+    vx::owned<void, &vx_pgn_style_destroy> const style(vx_pgn_style_create());
+    for (int flags = 0; flags < 8; ++flags) {
+        vx_pgn_style_set_pgn_visible(style.get(), flags & 1);
+        vx_pgn_style_set_pln_visible(style.get(), flags & 2);
+        vx_pgn_style_set_pnt_visible(style.get(), flags & 4);
+        edit->set_pgn_style(style.get());
+        edit->update_controls();
+        names wanted;
+        for (int i = 0; i < 3; ++i)
+            if (flags >> i & 1)
+                wanted.push_back(names{"bpgn_ts", "bpln_ts", "bpnt_ts"}[std::size_t(i)]);
+        EXPECT_EQ(visible_tabs(edit->get_pages()), wanted) << flags;
+        EXPECT_EQ(edit->get_bpgn_cb()->GetChecked(), bool(flags & 1));
+        EXPECT_EQ(edit->get_bpln_cb()->GetChecked(), bool(flags & 2));
+        EXPECT_EQ(edit->get_bpnt_cb()->GetChecked(), bool(flags & 4));
+    }
+    EXPECT_EQ(taken_events(), 0) << "setters fire nothing";
+    for (Tvx_check_box *box : {edit->get_bpgn_cb(), edit->get_bpln_cb(), edit->get_bpnt_cb()}) {
+        ASSERT_TRUE(tick(box));
+        EXPECT_EQ(taken_events(), 1);
+    }
+    void *const mine = edit->get_pgn_style();
+    EXPECT_FALSE(vx_pgn_style_get_pgn_visible(mine) || vx_pgn_style_get_pln_visible(mine) ||
+                 vx_pgn_style_get_pnt_visible(mine));
+    EXPECT_EQ(edit->get_pages()->GetActivePage(), nullptr);
+    ASSERT_TRUE(tick(edit->get_bpln_cb()));
+    ASSERT_TRUE(input::click(edit->get_bpln_edit()->get_color()->get_clr_panel()->get_button()));
+    EXPECT_EQ(vx_bpln_style_get_color(vx_pgn_style_get_bpln_style_ptr(mine)), next_color);
+    ASSERT_TRUE(tick(edit->get_bpln_cb()) && tick(edit->get_bpgn_cb()));
+    ASSERT_TRUE(input::click(edit->get_bpgn_edit()->get_color()->get_clr_panel()->get_button()));
+    EXPECT_EQ(vx_bpgn_style_get_color(vx_pgn_style_get_bpgn_style_ptr(mine)), next_color);
 }
 
 TEST_F(composed_edits, a_change_of_colour_repaints_one_sample)

@@ -4,13 +4,10 @@
 #include "support/temp_dir.h"
 #include "tests/controls/prop/prop_form.h"
 
+#include "platform/base/owned.h"
 #include "platform/basic/vx_wstrings.h"
 #include "platform/storage/vx_xml_data.h"
-#include "platform/styles/vx_base_style.h"
-#include "platform/styles/vx_stl_mngr.h"
-#include "platform/styles/vx_stl_mngr_list.h"
-#include "platform/styles/vx_style.h"
-#include "platform/styles/vx_txt_style.h"
+#include "platform/styles/vxk_styles.h"
 #include "platform/toolkit/graphics/bitmap.h"
 #include "platform/toolkit/graphics/canvas.h"
 #include "platform/winapi/library.h"
@@ -118,6 +115,32 @@ TEST_F(style_dialogs, leave_the_heap_as_it_was)
         double const grown = used_after(c_openings) - before;
         EXPECT_LT(grown, c_openings * c_tolerance) << name;
     }
+}
+
+TEST_F(style_dialogs, of_base_styles_hand_their_style_out)
+{
+    vx::owned<void, &vx_bpgn_style_destroy> const style(vx_bpgn_style_create());
+    Tvx_bpgn_style_dlg dialog(nullptr);
+    dialog.set_bpgn_style(style.get());
+    input::on_next_modal([&](input::modal_window const &window) {
+        EXPECT_EQ(window.title(), L"Fill");
+        EXPECT_TRUE(input::click(dialog.get_edit()->get_color()->get_clr_panel()->get_button()));
+        window.press_button(L"Apply");
+    });
+    EXPECT_EQ(dialog.show_pos(0, 0), mrOk);
+    EXPECT_EQ(vx_bpgn_style_get_color(dialog.get_bpgn_style()), next_color);
+    EXPECT_NE(vx_bpgn_style_get_color(style.get()), next_color);
+
+    Tvx_bpnt_style_dlg point(nullptr);
+    Tvx_bpln_style_dlg line(nullptr);
+    vx::owned<void, &vx_bpnt_style_destroy> const bpnt(vx_bpnt_style_create());
+    vx_bpnt_style_set_size(bpnt.get(), 8.5);
+    point.set_bpnt_style(bpnt.get());
+    EXPECT_EQ(point.get_edit()->get_size()->get_size(), 8.5);
+    vx::owned<void, &vx_bpln_style_destroy> const bpln(vx_bpln_style_create());
+    vx_bpln_style_set_width(bpln.get(), 1.25);
+    line.set_bpln_style(bpln.get());
+    EXPECT_EQ(vx_bpln_style_get_width(line.get_bpln_style()), 1.25);
 }
 
 /// The module behind the exported dialogs is not loaded in this program.
