@@ -1,7 +1,4 @@
-#include "extension/binding/codes.h"
-#include "extension/binding/column_reading.h"
-#include "extension/binding/column_reading_visitor.h"
-#include "extension/binding/column_source.h"
+#include "extension/vxk_extension.h"
 #include "source.h"
 #include "support/temp_dir.h"
 #include "writing.h"

@@ -1,11 +1,6 @@
 #pragma once
 
-#include "extension/binding/data_source.h"
-#include "extension/binding/feature_forward_request.h"
-#include "extension/binding/feature_random_request.h"
-#include "extension/binding/stat_source.h"
-#include "extension/binding/string_visitors.h"
-#include "extension/binding/vector_source.h"
+#include "extension/vxk_extension.h"
 
 #include "platform/base/owned.h"
 #include "platform/base/vertex_list.h"

@@ -1,7 +1,4 @@
-#include "controls/dock/dock_tool_form.h"
-#include "controls/dock/mdi_child_form.h"
-#include "controls/dock/mdi_child_form_drag_object.h"
-#include "controls/dock/mdi_conjoin_dock_host.h"
+#include "controls/vxk_basic_vcl.h"
 #include "user_input/user_input.h"
 
 #include "platform/basic/vx_wstrings_obj.h"

@@ -1,7 +1,5 @@
-#include "controls/files/vcl_file_panels.h"
-#include "controls/files/vcl_many_file_panel.h"
-#include "controls/files/vcl_new_dir_panel.h"
 #include "controls/prop/prop_form.h"
+#include "controls/vxk_basic_vcl.h"
 #include "support/temp_dir.h"
 
 #include "platform/toolkit/controls/list_box.h"

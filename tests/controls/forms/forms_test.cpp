@@ -1,10 +1,4 @@
-#include "controls/dock/mdi_child_form.h"
-#include "controls/forms/apply_form.h"
-#include "controls/forms/dlg_form.h"
-#include "controls/forms/edits.h"
-#include "controls/forms/grids.h"
-#include "controls/forms/tool_form.h"
-#include "controls/forms/vcl_dialog_form.h"
+#include "controls/vxk_basic_vcl.h"
 #include "user_input/user_input.h"
 
 #include "platform/toolkit/core/application.h"

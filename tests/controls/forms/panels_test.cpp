@@ -1,9 +1,4 @@
-#include "controls/forms/caption_panels.h"
-#include "controls/forms/grids.h"
-#include "controls/forms/keys.h"
-#include "controls/forms/vcl_bottom_buttons.h"
-#include "controls/forms/vcl_progress_panel.h"
-#include "controls/forms/vcl_select_box.h"
+#include "controls/vxk_basic_vcl.h"
 #include "user_input/user_input.h"
 
 #include "platform/toolkit/core/form.h"

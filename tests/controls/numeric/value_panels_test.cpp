@@ -1,8 +1,4 @@
-#include "controls/numeric/capt_edit_panel.h"
-#include "controls/numeric/fast_int_panel.h"
-#include "controls/numeric/vcl_edit_panels.h"
-#include "controls/numeric/vcl_ratio_panel.h"
-#include "controls/numeric/vcl_show_panels.h"
+#include "controls/vxk_basic_vcl.h"
 #include "numeric_form.h"
 
 namespace input = vx::user_input;

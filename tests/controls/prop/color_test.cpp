@@ -1,9 +1,4 @@
-#include "controls/prop/chrmap_panel.h"
-#include "controls/prop/clr_picker.h"
-#include "controls/prop/clr_vsb_panel.h"
-#include "controls/prop/color_convert.h"
-#include "controls/prop/figure_panel.h"
-#include "controls/prop/image_convert.h"
+#include "controls/vxk_prop_edit.h"
 #include "prop_form.h"
 
 #include "platform/base/owned.h"

@@ -1,7 +1,4 @@
-#include "controls/prop/chrmap_panel.h"
-#include "controls/prop/figure_dialog_form.h"
-#include "controls/prop/figure_panel.h"
-#include "controls/prop/fnt_panel.h"
+#include "controls/vxk_prop_edit.h"
 #include "prop_form.h"
 
 #include "platform/toolkit/graphics/bitmap.h"

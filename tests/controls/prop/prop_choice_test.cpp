@@ -1,6 +1,4 @@
-#include "controls/prop/dbf_prop_panel.h"
-#include "controls/prop/entities_prop_edit.h"
-#include "controls/prop/prop_edit.h"
+#include "controls/vxk_prop_edit.h"
 #include "dbf_bytes.h"
 #include "prop_form.h"
 #include "support/temp_dir.h"

@@ -1,8 +1,4 @@
-#include "data/editor_source/attr_source_strategy.h"
-#include "data/editor_source/data_source.h"
-#include "data/editor_source/data_source_strategy_mngr.h"
-#include "data/editor_source/tos_prop_work.h"
-#include "data/editor_source/tos_source_strategy.h"
+#include "data/vxk_data.h"
 #include "support/temp_dir.h"
 
 #include "platform/base/text_codec.h"

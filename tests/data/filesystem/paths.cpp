@@ -1,6 +1,4 @@
-#include "data/filesystem/filesystem.h"
-#include "data/filesystem/strutil.h"
-#include "data/filesystem/tutils.h"
+#include "data/vxk_data.h"
 
 #include <clocale>
 #include <cmath>

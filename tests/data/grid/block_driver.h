@@ -2,9 +2,7 @@
 
 #include "data/grid/copy_words.h"
 #include "data/grid/grid_datasource.h"
-#include "extension/binding/data_source.h"
-#include "extension/binding/grid_source.h"
-#include "extension/binding/polymorphic.h"
+#include "extension/vxk_extension.h"
 
 #include <cmath>
 #include <cstring>

@@ -1,9 +1,6 @@
 // What the data classes read of files is compared, cell by cell, with what GDAL reads of them.
 
-#include "data/grid/copy_words.h"
-#include "data/grid/grid_datasource.h"
-#include "data/grid/grid_io.h"
-#include "data/grid/grid_iterator.h"
+#include "data/vxk_data.h"
 #include "support/temp_dir.h"
 
 #include "platform/base/text_codec.h"

@@ -1,10 +1,6 @@
 #include "data/grid/random_sample_task.h"
 #include "data/server/server_test.h"
-#include "extension/binding/codes.h"
-#include "extension/binding/column_source.h"
-#include "extension/binding/shape_reading_visitor.h"
-#include "extension/binding/shape_source.h"
-#include "extension/binding/shape_visitor.h"
+#include "extension/vxk_extension.h"
 #include "scale_engine/value/value_scale_build_cache.h"
 
 #include "platform/base/owned.h"

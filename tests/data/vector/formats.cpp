@@ -1,9 +1,5 @@
-#include "data/connection/connection_params.h"
 #include "data/vector/memory_driver.h"
-#include "data/vector/transacted_feature.h"
-#include "data/vector/vector_datasource.h"
-#include "data/vector/vector_definition.h"
-#include "data/vector/vector_transaction.h"
+#include "data/vxk_data.h"
 #include "support/temp_dir.h"
 
 #include "platform/base/owned.h"

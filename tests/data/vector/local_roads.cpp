@@ -1,7 +1,5 @@
-#include "data/connection/connection.h"
 #include "data/vector/memory_driver.h"
-#include "data/vector/vector_datasource.h"
-#include "data/vector/vector_transaction.h"
+#include "data/vxk_data.h"
 
 #include "platform/base/owned.h"
 #include "platform/basic/vx_stat.h"

@@ -1,14 +1,7 @@
 #pragma once
 
 #include "data/connection/data_types.h"
-#include "extension/binding/data_source.h"
-#include "extension/binding/feature.h"
-#include "extension/binding/feature_forward_request.h"
-#include "extension/binding/feature_visitor.h"
-#include "extension/binding/polymorphic.h"
-#include "extension/binding/stat_source.h"
-#include "extension/binding/string_visitor.h"
-#include "extension/binding/vector_source.h"
+#include "extension/vxk_extension.h"
 
 #include <charconv>
 #include <optional>

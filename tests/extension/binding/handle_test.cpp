@@ -1,17 +1,4 @@
-#include "extension/binding/data_sets_families.h"
-#include "extension/binding/data_source.h"
-#include "extension/binding/docker.h"
-#include "extension/binding/feature.h"
-#include "extension/binding/grid_source.h"
-#include "extension/binding/grids_families.h"
-#include "extension/binding/layer_2d_editor_extension_service_visitor.h"
-#include "extension/binding/monitor.h"
-#include "extension/binding/scenes_families.h"
-#include "extension/binding/shell_families.h"
-#include "extension/binding/stat_source.h"
-#include "extension/binding/string_visitors.h"
-#include "extension/binding/tools_families.h"
-#include "extension/binding/vector_source.h"
+#include "extension/vxk_extension.h"
 
 #include <cstddef>
 #include <gtest/gtest.h>

@@ -1,10 +1,4 @@
-#include "extension/binding/layer_2d_editor_extension_service_visitor.h"
-#include "extension/binding/polymorphic.h"
-#include "extension/binding/ref.h"
-#include "extension/binding/referent_object.h"
-#include "extension/binding/service_factory.h"
-#include "extension/binding/service_visitor.h"
-#include "extension/binding/style_editor_data_source.h"
+#include "extension/vxk_extension.h"
 
 #include <gtest/gtest.h>
 #include <string>

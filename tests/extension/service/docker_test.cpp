@@ -1,12 +1,4 @@
-#include "extension/binding/button.h"
-#include "extension/binding/checkbox.h"
-#include "extension/binding/element_visitor.h"
-#include "extension/binding/grid_layout.h"
-#include "extension/binding/groupbox.h"
-#include "extension/binding/label.h"
-#include "extension/binding/multiline_output.h"
-#include "extension/binding/output.h"
-#include "extension/binding/scroll_layout.h"
+#include "extension/vxk_extension.h"
 #include "extension_models.h"
 #include "layer_edit/page_api/basic_lr2d_edit.h"
 

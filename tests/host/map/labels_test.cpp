@@ -8,9 +8,7 @@
 #include "user_input/user_input.h"
 
 #include "platform/layers/vx_shp_lr2d.h"
-#include "platform/styles/vx_stl_mngr.h"
-#include "platform/styles/vx_stl_mngr_list.h"
-#include "platform/styles/vx_txt_settings.h"
+#include "platform/styles/vxk_styles.h"
 
 namespace input = vx::user_input;
 using namespace vx_test;

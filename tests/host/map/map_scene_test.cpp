@@ -8,7 +8,6 @@
 #include "support/temp_dir.h"
 
 #include "platform/layers/vx_shp_lr2d.h"
-#include "platform/styles/vx_stl_mngr_list.h"
 #include "platform/styles/vxk_styles.h"
 
 #include <QDir>

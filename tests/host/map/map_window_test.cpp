@@ -11,11 +11,7 @@
 #include "platform/basic/vx_res.h"
 #include "platform/layers/layer_keys.h"
 #include "platform/layers/vx_shp_lr2d.h"
-#include "platform/styles/vx_base_style.h"
-#include "platform/styles/vx_cpx_style.h"
-#include "platform/styles/vx_stl_mngr.h"
-#include "platform/styles/vx_stl_prm.h"
-#include "platform/styles/vx_style.h"
+#include "platform/styles/vxk_styles.h"
 
 #include <QAbstractButton>
 #include <QComboBox>

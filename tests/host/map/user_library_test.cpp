@@ -1,10 +1,5 @@
 #include "map_fixture.h"
-#include "styles/libraries/lib_panel.h"
-#include "styles/libraries/lib_style_panel.h"
-#include "styles/libraries/lib_tree_panel.h"
-#include "styles/libraries/libs_select_panel.h"
-#include "styles/libraries/style_libs_form.h"
-#include "styles/libraries/vxk_lib_styles.h"
+#include "styles/vxk_lib_styles_vcl.h"
 #include "support/temp_dir.h"
 #include "user_input/user_input.h"
 
@@ -12,11 +7,7 @@
 #include "platform/basic/vx_res.h"
 #include "platform/layers/vx_shp_lr2d.h"
 #include "platform/storage/vx_ini_data.h"
-#include "platform/styles/vx_base_style.h"
-#include "platform/styles/vx_global_lib_styles.h"
-#include "platform/styles/vx_stl_mngr.h"
-#include "platform/styles/vx_stl_prm.h"
-#include "platform/styles/vx_style.h"
+#include "platform/styles/vxk_styles.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>

@@ -4,9 +4,7 @@
 #include "platform/base/owned.h"
 #include "platform/storage/vx_style_lib_file.h"
 #include "platform/styles/detail/lib_model.h"
-#include "platform/styles/vx_global_lib_styles.h"
-#include "platform/styles/vx_style.h"
-#include "platform/styles/vx_style_lib.h"
+#include "platform/styles/vxk_styles.h"
 
 #include <QImage>
 #include <QPainter>

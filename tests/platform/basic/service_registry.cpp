@@ -1,8 +1,4 @@
-#include "extension/binding/service_registry.h"
-
-#include "extension/binding/core_families.h"
-#include "extension/binding/service_category_visitor.h"
-#include "extension/binding/service_factory.h"
+#include "extension/vxk_extension.h"
 
 #include "platform/basic/vx_service_registry.h"
 

@@ -8,11 +8,7 @@
 #include "platform/layers/vx_tos_lr2d.h"
 #include "platform/render/vx_bmp_dc.h"
 #include "platform/render/vx_render_layer.h"
-#include "platform/styles/vx_rng_scale.h"
-#include "platform/styles/vx_scale_prm.h"
-#include "platform/styles/vx_stl_mngr.h"
-#include "platform/styles/vx_stl_prm.h"
-#include "platform/styles/vx_val_scale.h"
+#include "platform/styles/vxk_styles.h"
 
 #include <algorithm>
 #include <cmath>

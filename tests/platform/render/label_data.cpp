@@ -2,10 +2,6 @@
 
 #include "platform/basic/vx_fnt_type.h"
 #include "platform/layers/vx_lr.h"
-#include "platform/styles/vx_stl_mngr.h"
-#include "platform/styles/vx_stl_mngr_list.h"
-#include "platform/styles/vx_stl_prm.h"
-#include "platform/styles/vx_txt_settings.h"
 #include "platform/styles/vxk_styles.h"
 
 #include <algorithm>

@@ -7,9 +7,7 @@
 #include "platform/storage/file_names.h"
 #include "platform/storage/vx_ini_data.h"
 #include "platform/storage/vx_style_lib_file.h"
-#include "platform/styles/vx_cpx_style.h"
-#include "platform/styles/vx_global_lib_styles.h"
-#include "platform/styles/vx_style_lib.h"
+#include "platform/styles/vxk_styles.h"
 
 #include <pugixml.hpp>
 

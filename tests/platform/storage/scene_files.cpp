@@ -13,8 +13,6 @@
 #include "platform/layers/vx_tos_lr2d.h"
 #include "platform/storage/vx_scn_2d_file.h"
 #include "platform/storage/vx_xml_save_2d.h"
-#include "platform/styles/vx_stl_mngr_list.h"
-#include "platform/styles/vx_txt_settings.h"
 #include "platform/styles/vxk_styles.h"
 
 #include <cstring>

@@ -1,11 +1,6 @@
 #pragma once
 
-#include "extension/binding/codes.h"
-#include "extension/binding/data_source.h"
-#include "extension/binding/grid_source.h"
-#include "extension/binding/histogram_visitor.h"
-#include "extension/binding/polymorphic.h"
-#include "extension/binding/stat_source.h"
+#include "extension/vxk_extension.h"
 
 #include "platform/basic/vx_bundle.h"
 #include "platform/basic/vx_datasource.h"

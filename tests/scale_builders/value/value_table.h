@@ -7,8 +7,6 @@
 #include "platform/base/owned.h"
 #include "platform/base/string_adp.h"
 #include "platform/dialogs/vx_dlg_table.h"
-#include "platform/styles/vx_global_lib_styles.h"
-#include "platform/styles/vx_style_lib.h"
 #include "platform/styles/vxk_styles.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,4 @@
-#include "scale_engine/model/scale_path.h"
-#include "scale_engine/model/scale_prm.h"
-#include "scale_engine/model/scale_save_load.h"
+#include "scale_engine/vxk_task.h"
 #include "support/temp_dir.h"
 
 #include "platform/base/owned.h"

@@ -1,9 +1,5 @@
-#include "scale_engine/range/range_scale_classify_equal_area.h"
-#include "scale_engine/range/range_scale_classify_equal_ranges.h"
-#include "scale_engine/range/range_scale_classify_log.h"
-#include "scale_engine/range/range_scale_classify_log_space.h"
-#include "scale_engine/range/range_scale_classify_stdev.h"
 #include "scale_engine/scale_fixture.h"
+#include "scale_engine/vxk_task.h"
 
 #include "platform/basic/vx_stat.h"
 

@@ -1,8 +1,5 @@
-#include "scale_engine/range/range_scale_assign_style.h"
-#include "scale_engine/range/range_scale_make_colors.h"
-#include "scale_engine/range/range_scale_round_digits.h"
-#include "scale_engine/range/range_scale_update_caption.h"
 #include "scale_engine/scale_fixture.h"
+#include "scale_engine/vxk_task.h"
 #include "support/comma_locale.h"
 
 #include <gtest/gtest.h>

@@ -1,9 +1,6 @@
-#include "scale_engine/range/range_scale_default.h"
-#include "scale_engine/range/range_scale_make_colors.h"
-#include "scale_engine/range/range_scale_reset.h"
-#include "scale_engine/range/range_scale_round_digits.h"
 #include "scale_engine/real_files.h"
 #include "scale_engine/scale_fixture.h"
+#include "scale_engine/vxk_task.h"
 
 #include <algorithm>
 #include <cmath>

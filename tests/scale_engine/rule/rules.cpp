@@ -1,10 +1,6 @@
-#include "scale_engine/range/range_scale_classify_equal_ranges.h"
 #include "scale_engine/real_files.h"
-#include "scale_engine/rule/rule_scale_append_rule.h"
-#include "scale_engine/rule/rule_scale_build_ranges.h"
-#include "scale_engine/rule/rule_scale_build_values.h"
 #include "scale_engine/scale_fixture.h"
-#include "scale_engine/value/value_scale_default.h"
+#include "scale_engine/vxk_task.h"
 
 #include "platform/data/vx_attr_data.h"
 #include "platform/render/vx_scale_rows.h"

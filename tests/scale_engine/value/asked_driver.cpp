@@ -1,10 +1,8 @@
 #include "data/source/generic_datasource.h"
 #include "data/vector/memory_driver.h"
 #include "extension/binding/feature_random_request.h"
-#include "scale_engine/natural_breaks/range_scale_classify_natural_breaks.h"
-#include "scale_engine/range/range_scale_reset.h"
 #include "scale_engine/scale_fixture.h"
-#include "scale_engine/value/value_scale_rebuild.h"
+#include "scale_engine/vxk_task.h"
 
 #include <gtest/gtest.h>
 

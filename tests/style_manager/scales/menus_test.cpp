@@ -7,8 +7,6 @@
 #include "platform/base/string_adp.h"
 #include "platform/storage/vx_ini_data.h"
 #include "platform/storage/vx_xml_save_2d.h"
-#include "platform/styles/vx_global_lib_styles.h"
-#include "platform/styles/vx_style_lib.h"
 #include "platform/styles/vxk_styles.h"
 #include "platform/toolkit/core/key_codes.h"
 

@@ -5,9 +5,7 @@
 
 #include "platform/base/owned.h"
 #include "platform/storage/vx_xml_data.h"
-#include "platform/styles/vx_base_style.h"
-#include "platform/styles/vx_cpx_style.h"
-#include "platform/styles/vx_style.h"
+#include "platform/styles/vxk_styles.h"
 
 namespace input = vx::user_input;
 
