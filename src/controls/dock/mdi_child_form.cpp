@@ -5,6 +5,7 @@
 
 #include "platform/basic/vx_wstrings_obj.h"
 #include "platform/toolkit/core/application.h"
+#include "platform/toolkit/core/screen.h"
 #include "platform/toolkit/graphics/canvas.h"
 
 namespace {
@@ -13,6 +14,18 @@ constexpr int c_border_width = 2;
 /// A zone takes a fifth of the form.
 constexpr int c_zones = 5;
 constexpr wchar_t const *c_main_tool_panel = L"MainToolPanel";
+
+/// The form that documents stand in: the main form, else the first that takes any. Null if there is none.
+TCustomForm *form_of_documents()
+{
+    TCustomForm *const main = Application->GetMainForm();
+    if (main && main->GetFormStyle() == fsMDIForm)
+        return main;
+    for (int i = 0; i < Screen->GetFormCount(); ++i)
+        if (Screen->GetForms(i)->GetFormStyle() == fsMDIForm)
+            return Screen->GetForms(i);
+    return nullptr;
+}
 } // namespace
 
 Tvx_mdi_child_form::Tvx_mdi_child_form(TComponent *owner, bool plain)
@@ -203,9 +216,8 @@ void Tvx_mdi_child_form::DoDock(TWinControl *new_site, TRect &rect)
         if (!f_plain)
             SetFormStyle(fsNormal);
     } else if (!f_closing && !f_plain) {
-        TCustomForm *const main = Application->GetMainForm();
-        if (main && main->GetFormStyle() == fsMDIForm) {
-            TPoint const origin = main->GetMDIClientOrigin();
+        if (TCustomForm const *const form = form_of_documents()) {
+            TPoint const origin = form->GetMDIClientOrigin();
             rect.Offset(-origin.X, -origin.Y);
         }
         SetFormStyle(fsMDIChild);
