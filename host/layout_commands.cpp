@@ -513,9 +513,12 @@ void Tvx_layout_window::go_back(bool forward)
 
 void Tvx_layout_window::on_rename()
 {
+    QModelIndex const row = f_document.index(f_document.row_of(selected_id()));
+    if (f_list->isPersistentEditorOpen(row))
+        return; // its name is being written
     f_dock->show();
     f_list->setFocus();
-    f_list->edit(f_document.index(f_document.row_of(selected_id())));
+    f_list->edit(row);
 }
 
 void Tvx_layout_window::move_by(int rows)

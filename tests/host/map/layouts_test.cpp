@@ -156,6 +156,33 @@ TEST_F(layouts, elements_go_with_the_hand_and_come_back)
     EXPECT_EQ(document().row_of(title), 0);
 }
 
+TEST_F(layouts, keys_go_where_the_focus_is)
+{
+    int const title = find(c_lr_key_layout_text);
+    Tvx_box_d2 const place = document().box_of(title);
+    page->view().setFocus();
+    for (QWidget *const stop : std::initializer_list<QWidget *>{page->list(), &page->view(), page->list()}) {
+        hand::press(QApplication::focusWidget(), Qt::Key_Tab);
+        ASSERT_EQ(QApplication::focusWidget(), stop);
+        EXPECT_FALSE(stop->accessibleName().isEmpty());
+    }
+    // While a name is written the element it is the name of stays as it is.
+    page->view().select_id(title);
+    hand::press(page->list(), Qt::Key_F2);
+    QPointer<QLineEdit> const editor = page->list()->findChild<QLineEdit *>();
+    ASSERT_TRUE(editor);
+    hand::press(editor, Qt::Key_Home);
+    for (Qt::Key const key : {Qt::Key_Delete, Qt::Key_F2, Qt::Key_Right, Qt::Key_Delete})
+        hand::press(editor, key);
+    ASSERT_TRUE(editor && editor->isVisible());
+    EXPECT_EQ(editor->text(), "ile");
+    hand::press(editor, Qt::Key_Return);
+    EXPECT_EQ(document().name_of(title), "ile");
+    EXPECT_EQ(document().box_of(title), place);
+    hand::press(page->list(), Qt::Key_Delete);
+    EXPECT_LT(document().row_of(title), 0);
+}
+
 TEST_F(layouts, properties_change_an_element_when_they_are_applied)
 {
     int const frame = find(c_lr_key_layout_scene_frame);
