@@ -1,3 +1,7 @@
+#include "answerer.h"
+#include "host/layout_view.h"
+#include "host/layout_window.h"
+#include "host/map_layouts.h"
 #include "map_fixture.h"
 #include "support/random_seeds.h"
 #include "support/temp_dir.h"
@@ -5,6 +9,8 @@
 
 #include <QPainter>
 #include <QThread>
+
+#include <random>
 
 using namespace vx_test;
 
@@ -97,6 +103,78 @@ TEST_F(random_events, leave_the_window_usable)
     if (c_counts_memory) {
         EXPECT_LT(hand::resident_memory(), first + 48)
             << "MiB after the first " << c_events << " events: " << first;
+    }
+}
+
+/// Whoever works on a page layout while a hand is in its window: brings elements back, runs commands that a
+/// hand seldom finds, takes layers out of the map.
+class page_company
+{
+public:
+    page_company(Tvx_map_window &window, unsigned seed) : f_window(window), f_random(seed) {}
+
+    void before_each()
+    {
+        Tvx_layout_window &page = *f_window.layouts().window_at(0);
+        // The hand goes on in this window.
+        auto *const question = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        if (question && question->findChild<QAbstractButton *>("delete"))
+            question->close();
+        int const turn = f_turn++ % 40;
+        if (turn == 0 && page.document().count() < 6)
+            page.command(c_adding[f_random() % std::size(c_adding)])->trigger();
+        else if (turn == 10)
+            page.view().select_id(page.document().id_at(int(f_random() % 6)));
+        else if (turn == 15 || turn == 25)
+            page.command(c_running[f_random() % std::size(c_running)])->trigger();
+        else if (turn == 30 && f_window.layers().count() == 2)
+            f_window.layers().remove(int(f_random() % 2));
+        else if (turn == 35 && f_window.layers().count() < 2)
+            f_window.open_files({example_file("nc.shp")});
+    }
+
+private:
+    static constexpr char const *c_adding[] = {"add_frame",       "add_text",     "add_legend",
+                                               "add_scale_bar",   "duplicate",    "add_scale_text",
+                                               "add_north_arrow", "add_neatline", "paste"};
+    static constexpr char const *c_running[] = {"properties", "properties", "properties", "undo",  "redo",
+                                                "copy",       "paste",      "cut",        "rename"};
+    Tvx_map_window &f_window;
+    std::mt19937 f_random;
+    int f_turn = 0;
+};
+
+TEST_F(random_events, leave_a_page_layout_usable)
+{
+    for (unsigned const seed : vx_test::random_seeds()) {
+        SCOPED_TRACE("VX_SEED=" + std::to_string(seed));
+        ASSERT_EQ(open({"nc.shp", "world.shp"}), 2);
+        Tvx_layout_window &page = *window->layouts().add();
+        int const elements = page.document().count();
+        {
+            page_company company(*window, seed);
+            hand::random_hand user({.window = &page,
+                                    .favourite = page.view().viewport(),
+                                    .seed = seed,
+                                    .events = c_events / 8,
+                                    .before_each = make_closure<&page_company::before_each>(&company),
+                                    .log = vx_test::random_log()});
+            ASSERT_TRUE(user.run()) << user.last_lines();
+            ASSERT_TRUE(hand::wait_until([&] { return page.view().is_settled(); }, 60000))
+                << "drawing without end after\n"
+                << user.last_lines();
+        }
+        while (page.document().can_undo())
+            page.document().undo();
+        EXPECT_EQ(page.document().count(), elements);
+        // The map goes, and the layout with it, while its properties are open and it is drawn.
+        page.view().select_id(page.document().id_at(0));
+        page.command("properties")->trigger();
+        page.view().refresh();
+        answerer const answers("lose");
+        run("new_scene");
+        EXPECT_EQ(window->layouts().count(), 0) << answers.questions.join('\n').toStdString();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 }
 } // namespace
