@@ -6,6 +6,8 @@
 #include "host/layer_info.h"
 #include "host/layer_list.h"
 #include "host/layer_style.h"
+#include "layer_edit/form/lr2d_edit_form.h"
+#include "layer_edit/page_set/lr2d_edit.h"
 
 #include "platform/base/string_adp.h"
 
@@ -35,6 +37,21 @@ public:
 private:
     Tvx_layer_list &f_layers;
 };
+
+[[nodiscard]] TPageControl *pages_of(Tvx_lr2d_edit_form const *form)
+{
+    Tvx_lr2d_edit *const edit = form ? form->get_lr2d_edit() : nullptr;
+    return edit ? edit->get_pages() : nullptr;
+}
+
+/// Null when none is seen.
+[[nodiscard]] TTabSheet *first_tab(TPageControl *pages)
+{
+    for (int i = 0; pages && i < pages->GetPageCount(); ++i)
+        if (pages->GetPages(i)->GetTabVisible())
+            return pages->GetPages(i);
+    return nullptr;
+}
 } // namespace
 
 Tvx_layer_editor::Tvx_layer_editor(Tvx_layer_list &layers, QWidget *window)
@@ -181,8 +198,18 @@ void Tvx_layer_editor::ensure_window()
 void Tvx_layer_editor::show_layer(int id)
 {
     Ivx_layer *const layer = f_layers->find(id);
+    TPageControl *const pages = pages_of(f_form);
+    if (f_layer_id >= 0 && pages)
+        f_at_first_tab = pages->GetActivePage() == first_tab(pages);
     f_layer_id = layer ? id : -1;
     vx_lr2d_edt_form_set_lr2d(f_form, layer);
+    // A tab that both have stays active. But the first tab of one kind may be the last of another, and who
+    // did not turn to it wants what the layer has of its own.
+    if (char const *const kind = vx_lr2d_get_lr_type(layer); layer && f_kind != kind) {
+        f_kind = kind;
+        if (TTabSheet *const first = f_at_first_tab ? first_tab(pages) : nullptr)
+            pages->SetActivePage(first);
+    }
     // The title follows the layer at an update only.
     vx_lr2d_edt_form_update(f_form);
     f_unchanged.reset(vx_lr2d_clone(vx_lr2d_edt_form_get_lr2d_ptr(f_form)));

@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 
 class Tvx_layer_list;
 class QWidget;
@@ -98,4 +99,6 @@ private:
     bool f_asks = false;
     Tvx_lr2d_edit_form *f_form = nullptr;
     int f_layer_id = -1;
+    std::string f_kind;         ///< of the layer shown last
+    bool f_at_first_tab = true; ///< when that layer left
 };

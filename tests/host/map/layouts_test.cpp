@@ -188,9 +188,11 @@ TEST_F(layouts, properties_change_an_element_when_they_are_applied)
     int const frame = find(c_lr_key_layout_scene_frame);
     int const title = find(c_lr_key_layout_text);
     QImage const before = exported("before.png");
+    // The line round the page has less to set than what is selected next.
+    ASSERT_NO_FATAL_FAILURE(open_properties(find(c_lr_key_layout_neatline)));
     ASSERT_NO_FATAL_FAILURE(open_properties(frame));
     auto *const scene = control<Tvx_layout_scene_edit>();
-    ASSERT_TRUE(scene);
+    ASSERT_TRUE(scene && scene->GetShowing());
     ASSERT_TRUE(input::enter_text(scene->get_scale_x()->get_edit(), L"7000000"));
     EXPECT_NE(scale_of(frame), 7000000);
     // What the hand does meanwhile is not undone by Apply.
