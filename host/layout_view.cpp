@@ -375,8 +375,9 @@ void Tvx_layout_view::update_cursor(QPointF at, Qt::KeyboardModifiers keys)
 
 void Tvx_layout_view::mousePressEvent(QMouseEvent *event)
 {
-    if (f_drag != c_drag_none)
+    if (f_drag != c_drag_none && event->button() != f_drag_button)
         return;
+    end_drag(true); // whose release went elsewhere
     QPointF const at = event->position();
     if (event->button() == Qt::MiddleButton)
         return begin_drag(c_drag_page, *event);
@@ -418,6 +419,9 @@ void Tvx_layout_view::mouseMoveEvent(QMouseEvent *event)
 {
     QPointF const at = event->position();
     bool const snaps = !(event->modifiers() & Qt::ControlModifier);
+    // A question that came with the press has taken the release.
+    if (!(event->buttons() & f_drag_button))
+        end_drag(true);
     if (f_drag != c_drag_none && (at - f_drag_from).manhattanLength() >= c_least_move)
         f_drag_moved = true;
     if (f_drag_moved && f_drag != c_drag_page && f_document.row_of(f_drag_id) < 0)
@@ -562,6 +566,8 @@ void Tvx_layout_view::mouseReleaseEvent(QMouseEvent *event)
 
 void Tvx_layout_view::end_drag(bool keep)
 {
+    if (f_drag == c_drag_none)
+        return;
     drag const ended = f_drag;
     int const id = f_drag_id;
     f_drag = c_drag_none;
