@@ -203,11 +203,10 @@ void Tvx_layer_editor::show_layer(int id)
         f_at_first_tab = pages->GetActivePage() == first_tab(pages);
     f_layer_id = layer ? id : -1;
     vx_lr2d_edt_form_set_lr2d(f_form, layer);
-    // A tab that both have stays active. But the first tab of one kind may be the last of another, and who
-    // did not turn to it wants what the layer has of its own.
     if (char const *const kind = vx_lr2d_get_lr_type(layer); layer && f_kind != kind) {
         f_kind = kind;
-        if (TTabSheet *const first = f_at_first_tab ? first_tab(pages) : nullptr)
+        if (TTabSheet *const first = first_tab(pages);
+            first && f_at_first_tab && f_layers->has_own_tab_first())
             pages->SetActivePage(first);
     }
     // The title follows the layer at an update only.

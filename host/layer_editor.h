@@ -29,6 +29,9 @@ public:
     [[nodiscard]] virtual bool are_alike(Ivx_layer *copy, Ivx_layer *unchanged) const = 0;
     [[nodiscard]] virtual Tvx_lr2d_edit_form *create_form() const = 0;
     virtual void destroy_form(Tvx_lr2d_edit_form *form) const = 0;
+    /// Whether the first tab is what layers of one kind have of their own, and is shown of another kind
+    /// unless the user had turned to another one. Else a tab that both have stays.
+    [[nodiscard]] virtual bool has_own_tab_first() const { return false; }
 };
 
 /// The editor of layers: one window, made when it is first needed, that shows the layer selected in the

@@ -59,6 +59,7 @@ public:
     }
     [[nodiscard]] Tvx_lr2d_edit_form *create_form() const override { return vx_lr_layout_edt_form_create(); }
     void destroy_form(Tvx_lr2d_edit_form *form) const override { vx_lr_layout_edt_form_destroy(form); }
+    [[nodiscard]] bool has_own_tab_first() const override { return true; }
 
 private:
     Tvx_layout_document &f_document;
