@@ -65,6 +65,13 @@ private:
     Tvx_layout_document &f_document;
 };
 
+/// Where a copy lies.
+Tvx_box_d2 shifted(Tvx_box_d2 const &box)
+{
+    return {box.min_x + c_copy_shift, box.min_y + c_copy_shift, box.max_x + c_copy_shift,
+            box.max_y + c_copy_shift};
+}
+
 void say(QWidget *parent, QMessageBox::Icon icon, QString const &text, QString const &details = {})
 {
     vx_reason_print({text.toStdWString(), details.toStdWString()});
@@ -238,6 +245,7 @@ void Tvx_layout_window::add_element(char const *key, std::function<bool(Ivx_laye
         vx_layout_set_file(element.get(), f_document.name_of(f_view->map_frame()));
     if (fill && !fill(element.get()))
         return;
+    move_aside(element.get());
     f_view->select_id(f_document.add(std::move(element)));
     f_view->setFocus();
 }
@@ -312,28 +320,34 @@ void Tvx_layout_window::on_copy()
     update_commands();
 }
 
+/// It stays where it is, unless it would hide another just as large: what it is a copy of, or the one before.
+void Tvx_layout_window::move_aside(Ivx_layer *element)
+{
+    Tvx_box_d2 box = vx_layout_lr2d_get_box(element);
+    auto const is_taken = [&] {
+        for (int row = 0; row < f_document.count(); ++row)
+            if (f_document.box_of(f_document.id_at(row)) == box)
+                return true;
+        return false;
+    };
+    for (int tries = f_document.count(); tries > 0 && is_taken(); --tries)
+        box = shifted(box);
+    vx_layout_lr2d_set_box(element, box);
+}
+
 void Tvx_layout_window::on_paste()
 {
     Tvx_layout_element_ptr element = vx_layout_clipboard_get();
     if (!element || vx_layout_has_page_kind(element.get()))
         return;
-    // Where it was, unless it would lie on what it is a copy of.
-    Tvx_box_d2 const box = vx_layout_lr2d_get_box(element.get());
-    for (int row = 0; row < f_document.count(); ++row)
-        if (f_document.box_of(f_document.id_at(row)) == box) {
-            vx_layout_lr2d_set_box(element.get(), {box.min_x + c_copy_shift, box.min_y + c_copy_shift,
-                                                   box.max_x + c_copy_shift, box.max_y + c_copy_shift});
-            break;
-        }
+    move_aside(element.get());
     f_view->select_id(f_document.add(std::move(element)));
 }
 
 void Tvx_layout_window::on_duplicate()
 {
     Tvx_layout_element_ptr copy(vx_lr2d_clone(f_document.element(selected_id())));
-    Tvx_box_d2 const box = f_document.box_of(selected_id());
-    vx_layout_lr2d_set_box(copy.get(), {box.min_x + c_copy_shift, box.min_y + c_copy_shift,
-                                        box.max_x + c_copy_shift, box.max_y + c_copy_shift});
+    vx_layout_lr2d_set_box(copy.get(), shifted(f_document.box_of(selected_id())));
     f_view->select_id(f_document.add(std::move(copy)));
 }
 

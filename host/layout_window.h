@@ -70,6 +70,7 @@ private:
     void take_into_editor(int id);
 
     void add_element(char const *key, std::function<bool(Ivx_layer *)> const &fill = {});
+    void move_aside(Ivx_layer *element);
     void add_frame();
     void add_text();
     void add_image();

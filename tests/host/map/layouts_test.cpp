@@ -142,6 +142,13 @@ TEST_F(layouts, elements_go_with_the_hand_and_come_back)
     EXPECT_EQ(document().name_of(page->view().selected_id()), "Title 2");
     hand::press(&page->view(), Qt::Key_Delete);
     page->view().select_id(title);
+    hand::press(&page->view(), Qt::Key_C, Qt::ControlModifier);
+    for (int shift : {5, 10}) {
+        hand::press(&page->view(), Qt::Key_V, Qt::ControlModifier);
+        EXPECT_NEAR(document().box_of(page->view().selected_id()).min_x,
+                    document().box_of(title).min_x + shift, 1e-6);
+    }
+    page->view().select_id(title);
     hand::press(page->list(), Qt::Key_Home, Qt::ControlModifier);
     EXPECT_EQ(document().row_of(title), 0);
     page->view().select_id(find(c_lr_key_layout_page));
