@@ -156,7 +156,7 @@ TEST_F(random_events, leave_a_page_layout_usable)
             hand::random_hand user({.window = &page,
                                     .favourite = page.view().viewport(),
                                     .seed = seed,
-                                    .events = c_events / 8,
+                                    .events = c_events / 10,
                                     .before_each = make_closure<&page_company::before_each>(&company),
                                     .log = vx_test::random_log()});
             ASSERT_TRUE(user.run()) << user.last_lines();
