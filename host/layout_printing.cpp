@@ -53,7 +53,8 @@ Ivx_scn_2d *find(Ivx_scns_2d const *layouts, QString const &name)
 int vx_layout_print(QString const &map, QString const &layout, QString const &pdf)
 {
     Ivx_scns_2d *const layouts = vx_prj_get_layouts_data_ptr(vx_prj_get_instance());
-    Tvx_loaded_scene scene = vx_map_scene_load(map, layouts);
+    Tvx_scene_list_ptr const others(vx_scns_2d_create());
+    Tvx_loaded_scene scene = vx_map_scene_load(map, layouts, others.get());
     if (!scene.error.isEmpty())
         return fail_for(scene.error);
     Ivx_scn_2d *const page = find(layouts, layout);
@@ -73,7 +74,10 @@ int vx_layout_print(QString const &map, QString const &layout, QString const &pd
         layers.add(std::move(opened.layer), opened.unit);
     }
     Tvx_layout_sync sync(layers, scene.name);
+    sync.take_other_scenes(*others);
     sync.refresh();
+    if (QStringList const failed = sync.take_failed(); !failed.isEmpty())
+        result = fail(vx_layout_caption(c_lay_scene_failed).arg(failed.join(", ")));
     std::wstring reason;
     if (vx_layout_save_pdf_w(page, pdf.toStdWString().c_str(), c_raster_dpi,
                              Tvx_std_wstring_adapter(reason)) != c_layout_written ||

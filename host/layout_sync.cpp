@@ -7,10 +7,12 @@
 #include "platform/base/string_adp.h"
 #include "platform/layers/layout_keys.h"
 #include "platform/layers/vx_prj.h"
+#include "platform/storage/vx_scn_2d_file.h"
 
 #include <QGuiApplication>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 QString caption_of(Ivx_scn_2d const *scene)
@@ -23,6 +25,40 @@ QString caption_of(Ivx_scn_2d const *scene)
 Ivx_scns_2d *scenes()
 {
     return vx_prj_get_scns_2d_ptr(vx_prj_get_instance());
+}
+
+QString file_of(Ivx_scn_2d const *scene)
+{
+    std::wstring file;
+    vx_scn_2d_get_wfilename(scene, Tvx_std_wstring_adapter(file));
+    return QString::fromStdWString(file);
+}
+
+/// Null for none.
+Ivx_scn_2d *find(Ivx_scns_2d const *list, QString const &name)
+{
+    for (int i = 0; i < vx_scns_2d_get_count(list); ++i)
+        if (caption_of(vx_scns_2d_get_scn(list, i)) == name)
+            return vx_scns_2d_get_scn(list, i);
+    return nullptr;
+}
+
+/// In all layouts of the project. True where there are some.
+bool rename_in_frames(QString const &from, QString const &to)
+{
+    bool any = false;
+    Ivx_scns_2d *const layouts = vx_prj_get_layouts_data_ptr(vx_prj_get_instance());
+    for (int i = 0; i < vx_scns_2d_get_count(layouts); ++i) {
+        Ivx_scn_2d *const layout = vx_scns_2d_get_scn(layouts, i);
+        for (int place = 0; place < vx_scn_2d_get_count(layout); ++place) {
+            Ivx_layer *const element = vx_scn_2d_get_layer(layout, place);
+            if (!vx_layout_is(element, c_lr_key_layout_scene_frame) || vx_layout_file_of(element) != from)
+                continue;
+            vx_layout_set_file(element, to);
+            any = true;
+        }
+    }
+    return any;
 }
 
 int index_of(Ivx_scns_2d const *list, Ivx_scn_2d const *scene)
@@ -45,25 +81,100 @@ Tvx_layout_sync::~Tvx_layout_sync()
         vx_scns_2d_erase(scenes(), index);
 }
 
-bool Tvx_layout_sync::set_name(QString const &name)
+std::vector<Tvx_layout_sync::renaming> Tvx_layout_sync::set_name(QString const &name)
 {
     if (name == f_name)
-        return false;
-    bool any = false;
-    Ivx_scns_2d *const layouts = vx_prj_get_layouts_data_ptr(vx_prj_get_instance());
-    for (int i = 0; i < vx_scns_2d_get_count(layouts); ++i) {
-        Ivx_scn_2d *const layout = vx_scns_2d_get_scn(layouts, i);
-        for (int place = 0; place < vx_scn_2d_get_count(layout); ++place) {
-            Ivx_layer *const element = vx_scn_2d_get_layer(layout, place);
-            if (!vx_layout_is(element, c_lr_key_layout_scene_frame) || vx_layout_file_of(element) != f_name)
-                continue;
-            vx_layout_set_file(element, name);
-            any = true;
-        }
-    }
-    f_name = name;
+        return {};
+    std::vector<renaming> all = make_way(name);
+    rename_in_frames(f_name, name);
+    all.push_back({std::exchange(f_name, name), name});
     vx_scn_2d_set_wcaption(f_scene, name.toStdWString().c_str());
-    return any;
+    return all;
+}
+
+QString Tvx_layout_sync::free_name(QString const &name) const
+{
+    QString free;
+    int number = 2;
+    do
+        free = name + ' ' + QString::number(number++);
+    while (free == f_name || find(f_absent.get(), free) ||
+           vx_prj_find_scn_2d_w(vx_prj_get_instance(), free.toStdWString().c_str()));
+    return free;
+}
+
+std::vector<Tvx_layout_sync::renaming> Tvx_layout_sync::make_way(QString const &name)
+{
+    std::vector<renaming> all;
+    QString const free = free_name(name);
+    for (Ivx_scns_2d *const list : {scenes(), f_absent.get()})
+        for (int i = 0; i < vx_scns_2d_get_count(list); ++i) {
+            Ivx_scn_2d *const scene = vx_scns_2d_get_scn(list, i);
+            if (scene == f_scene || caption_of(scene) != name || is_leaving(scene))
+                continue;
+            vx_scn_2d_set_wcaption(scene, free.toStdWString().c_str());
+            if (all.empty())
+                all.push_back({name, free});
+        }
+    if (!all.empty())
+        rename_in_frames(name, free);
+    return all;
+}
+
+void Tvx_layout_sync::take_other_scenes(Ivx_scns_2d const &loaded)
+{
+    f_absent.reset(vx_scns_2d_create());
+    for (int i = 0; i < vx_scns_2d_get_count(&loaded); ++i) {
+        Ivx_scn_2d const *const scene = vx_scns_2d_get_scn(&loaded, i);
+        vx_scn_2d_set_wfilename(vx_scns_2d_add(f_absent.get(), caption_of(scene).toStdWString().c_str()),
+                                file_of(scene).toStdWString().c_str());
+    }
+    make_way(f_name);
+    f_is_read = false;
+}
+
+Tvx_scene_list_ptr Tvx_layout_sync::other_scenes() const
+{
+    Tvx_scene_list_ptr all(vx_scns_2d_create());
+    for (Ivx_scns_2d const *const list : {scenes(), f_absent.get()})
+        for (int i = 0; i < vx_scns_2d_get_count(list); ++i) {
+            Ivx_scn_2d *const scene = vx_scns_2d_get_scn(list, i);
+            QString const file = file_of(scene);
+            if (scene == f_scene || file.isEmpty() || is_leaving(scene))
+                continue;
+            vx_scn_2d_set_wfilename(vx_scns_2d_add(all.get(), caption_of(scene).toStdWString().c_str()),
+                                    file.toStdWString().c_str());
+        }
+    return all;
+}
+
+void Tvx_layout_sync::forget_other_scenes()
+{
+    f_leaving.clear();
+    for (int i = 0; i < vx_scns_2d_get_count(scenes()); ++i)
+        if (Ivx_scn_2d *const scene = vx_scns_2d_get_scn(scenes(), i);
+            scene != f_scene && !file_of(scene).isEmpty())
+            f_leaving.push_back(scene);
+    f_absent.reset(vx_scns_2d_create());
+    f_is_read = true;
+    f_failed.clear();
+    if (!is_used())
+        erase_leaving();
+}
+
+bool Tvx_layout_sync::is_leaving(Ivx_scn_2d const *scene) const
+{
+    return std::ranges::find(f_leaving, scene) != f_leaving.end();
+}
+
+void Tvx_layout_sync::erase_leaving()
+{
+    for (Ivx_scn_2d *const scene : std::exchange(f_leaving, {})) {
+        std::erase(f_opened, scene);
+        if (int const index = index_of(scenes(), scene); index >= 0)
+            vx_scns_2d_erase(scenes(), index);
+        ++f_revision;
+    }
 }
 
 void Tvx_layout_sync::set_view(Tvx_canvas_view const &view)
@@ -80,6 +191,7 @@ void Tvx_layout_sync::refresh()
 {
     if (is_used())
         return;
+    erase_leaving();
     std::vector<face> faces = make_faces();
     Tvx_map_unit const unit = f_layers.map_unit();
     if (faces != f_faces || unit != f_unit) {
@@ -89,6 +201,7 @@ void Tvx_layout_sync::refresh()
         vx_scn_2d_set_izotropic(f_scene, true);
         ++f_revision;
     }
+    read_other_scenes();
     open_other_scenes();
 }
 
@@ -121,6 +234,26 @@ void Tvx_layout_sync::copy_layers(std::vector<face> faces)
             static_cast<void>(layer.release());
     }
     f_faces = std::move(faces);
+}
+
+void Tvx_layout_sync::read_other_scenes()
+{
+    if (std::exchange(f_is_read, true))
+        return;
+    for (int i = 0; i < vx_scns_2d_get_count(f_absent.get());) {
+        Ivx_scn_2d const *const absent = vx_scns_2d_get_scn(f_absent.get(), i);
+        std::wstring const file = file_of(absent).toStdWString();
+        Ivx_scn_2d *const scene = vx_scns_2d_add(scenes(), L"");
+        if (!vx_xml_data_load_scn2d_w(nullptr, file.c_str(), scene)) {
+            vx_scns_2d_erase(scenes(), index_of(scenes(), scene));
+            f_failed.append(file_of(absent));
+            ++i;
+            continue;
+        }
+        vx_scn_2d_set_wcaption(scene, caption_of(absent).toStdWString().c_str());
+        vx_scn_2d_set_wfilename(scene, file.c_str());
+        vx_scns_2d_erase(f_absent.get(), i);
+    }
 }
 
 void Tvx_layout_sync::open_other_scenes()

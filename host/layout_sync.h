@@ -3,6 +3,9 @@
 #include "host/canvas_view.h"
 #include "host/map_unit.h"
 
+#include "platform/base/owned.h"
+#include "platform/layers/vx_scn_2d.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -10,10 +13,12 @@
 #include <vector>
 
 class Tvx_layer_list;
-struct Ivx_scn_2d;
+
+using Tvx_scene_list_ptr = vx::owned<Ivx_scns_2d, &vx_scns_2d_destroy>;
 
 /// The map as a scene of the project, so that frames of layouts can name it: clones of the map's layers, made
-/// when they are needed. Scenes that came to the project from files get their data in the same way.
+/// when they are needed. Scenes that came to the project from files get their data in the same way, and those
+/// that a saved map only names are read then.
 class Tvx_layout_sync
 {
 public:
@@ -44,11 +49,25 @@ public:
     [[nodiscard]] int revision() const { return f_revision; }
     [[nodiscard]] Ivx_scn_2d *scene() const { return f_scene; }
     [[nodiscard]] QString const &name() const { return f_name; }
-    /// Frames of all layouts that name the map go with its name. True where there are some.
-    bool set_name(QString const &name);
+    struct renaming
+    {
+        QString from;
+        QString to;
+    };
+    /// Frames of all layouts that name the map go with its name. A scene of another file that has the name
+    /// gets a free one, and its frames go with it. Gives what was renamed, in this order.
+    std::vector<renaming> set_name(QString const &name);
+    /// Scenes of other files that frames of the layouts name, as the storage of maps gives them. Layouts are
+    /// there already.
+    void take_other_scenes(Ivx_scns_2d const &loaded);
+    /// For the storage of maps: the scenes of other files, also those that could not be read.
+    [[nodiscard]] Tvx_scene_list_ptr other_scenes() const;
+    /// Takes the scenes of other files away from the project, as soon as nobody draws them.
+    void forget_other_scenes();
     /// What the map window shows.
     void set_view(Tvx_canvas_view const &view);
-    /// Layers of scenes from files whose data could not be opened since this was last asked.
+    /// Files of scenes that could not be read, and layers of such whose data could not be opened, since this
+    /// was last asked.
     [[nodiscard]] QStringList take_failed();
 
 private:
@@ -69,6 +88,12 @@ private:
     };
     [[nodiscard]] std::vector<face> make_faces() const;
     void copy_layers(std::vector<face> faces);
+    [[nodiscard]] QString free_name(QString const &name) const;
+    /// Gives a scene of another file that has the name a free one. Empty where there is none.
+    std::vector<renaming> make_way(QString const &name);
+    [[nodiscard]] bool is_leaving(Ivx_scn_2d const *scene) const;
+    void erase_leaving();
+    void read_other_scenes();
     void open_other_scenes();
 
     Tvx_layer_list const &f_layers;
@@ -77,6 +102,10 @@ private:
     std::vector<face> f_faces; ///< of the scene's layers, from the lowest
     Tvx_map_unit f_unit;
     std::vector<Ivx_scn_2d *> f_opened;
+    std::vector<Ivx_scn_2d *> f_leaving; ///< of a map that was closed while they were drawn
+    /// Scenes of other files, empty: those that are still to be read, later those that could not be.
+    Tvx_scene_list_ptr f_absent{vx_scns_2d_create()};
+    bool f_is_read = true;
     QStringList f_failed;
     int f_revision = 1;
     int f_uses = 0;

@@ -176,14 +176,17 @@ void Tvx_map_layouts::clear()
         forget_window(vx_scns_2d_get_scn(list(), count() - 1));
         vx_scns_2d_erase(list(), count() - 1);
     }
+    f_sync.forget_other_scenes();
 }
 
-void Tvx_map_layouts::take(Ivx_scns_2d const &loaded, QString const &map_name)
+void Tvx_map_layouts::take(Ivx_scns_2d const &loaded, Ivx_scns_2d const &other_scenes,
+                           QString const &map_name)
 {
     clear();
     if (!map_name.isEmpty())
         f_sync.set_name(map_name);
     vx_layouts_copy(loaded, *list());
+    f_sync.take_other_scenes(other_scenes);
     update_name();
 }
 
@@ -195,18 +198,16 @@ bool Tvx_map_layouts::may_lose_changes()
     return true;
 }
 
-bool Tvx_map_layouts::update_name()
+void Tvx_map_layouts::update_name()
 {
-    QString const former = f_sync.name();
-    bool const any = f_sync.set_name(f_map.scene_name());
+    std::vector<Tvx_layout_sync::renaming> const all = f_sync.set_name(f_map.scene_name());
     for (Tvx_layout_window *const window : std::as_const(f_windows)) {
         window->update_title();
-        if (f_sync.name() != former)
-            window->rename_scene(former, f_sync.name());
-        if (any)
+        for (Tvx_layout_sync::renaming const &one : all)
+            window->rename_scene(one.from, one.to);
+        if (!all.empty())
             window->refresh();
     }
-    return any;
 }
 
 void Tvx_map_layouts::close_windows()

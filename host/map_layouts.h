@@ -40,15 +40,16 @@ public:
     /// Ask the user, over `parent`.
     void rename(int index, QWidget *parent);
     void remove(int index, QWidget *parent);
-    /// Puts the layouts of a map that was loaded in place of these; their frames call the map so.
-    void take(Ivx_scns_2d const &loaded, QString const &map_name);
-    /// Takes all layouts away, unasked.
+    /// Puts the layouts of a map that was loaded in place of these, with the scenes of other files that their
+    /// frames name; the frames call the map so.
+    void take(Ivx_scns_2d const &loaded, Ivx_scns_2d const &other_scenes, QString const &map_name);
+    /// Takes all layouts away, unasked, and the scenes of other files.
     void clear();
 
     /// Asks about changes of elements that were not applied. False when the user wants to go on with them.
     [[nodiscard]] bool may_lose_changes();
-    /// The map's name or whether it is saved has changed. True where layouts changed by that.
-    bool update_name();
+    /// The map's name or whether it is saved has changed.
+    void update_name();
     void close_windows();
 
     [[nodiscard]] Tvx_map_window &map() const { return f_map; }

@@ -90,13 +90,14 @@ QString vx_map_scene_name(QString const &path)
     return name;
 }
 
-Tvx_loaded_scene vx_map_scene_load(QString const &path, Ivx_scns_2d *layouts)
+Tvx_loaded_scene vx_map_scene_load(QString const &path, Ivx_scns_2d *layouts, Ivx_scns_2d *other_scenes)
 {
     Tvx_loaded_scene result;
     scene_ptr const scene(vx_scn_2d_create(L""));
     xml_ptr const xml(vx_xml_save_style_create());
-    if (!vx_xml_data_load_scn2d_layouts_w(
-            xml.get(), QFileInfo(path).absoluteFilePath().toStdWString().c_str(), scene.get(), layouts)) {
+    if (!vx_xml_data_load_scn2d_layouts_w(xml.get(),
+                                          QFileInfo(path).absoluteFilePath().toStdWString().c_str(),
+                                          scene.get(), layouts, other_scenes)) {
         std::wstring error;
         vx_xml_data_get_error_w(xml.get(), Tvx_std_wstring_adapter(error));
         result.error = QString::fromStdWString(error);
@@ -167,6 +168,7 @@ bool vx_map_scene_save(QString const &path, Tvx_layer_list const &layers, Tvx_ca
             static_cast<void>(copy.release());
     }
     xml_ptr const xml(vx_xml_save_style_create());
-    return vx_xml_data_save_scn2d_layouts_w(
-        xml.get(), QFileInfo(path).absoluteFilePath().toStdWString().c_str(), scene.get(), layouts.layouts);
+    return vx_xml_data_save_scn2d_layouts_w(xml.get(),
+                                            QFileInfo(path).absoluteFilePath().toStdWString().c_str(),
+                                            scene.get(), layouts.layouts, layouts.other_scenes);
 }

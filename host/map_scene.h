@@ -41,8 +41,10 @@ struct Tvx_loaded_scene
 /// What the window calls the map of a file.
 [[nodiscard]] QString vx_map_scene_name(QString const &path);
 
-/// Reads a file, and nothing else. Layouts of the map come to `layouts`, which may be null.
-[[nodiscard]] Tvx_loaded_scene vx_map_scene_load(QString const &path, Ivx_scns_2d *layouts = nullptr);
+/// Reads a file, and nothing else. Layouts of the map come to `layouts`, the names and files of other scenes
+/// that their frames name to `other_scenes`; both may be null.
+[[nodiscard]] Tvx_loaded_scene vx_map_scene_load(QString const &path, Ivx_scns_2d *layouts = nullptr,
+                                                 Ivx_scns_2d *other_scenes = nullptr);
 /// Asks for a password; the argument names the server without one. Nothing when the user has none.
 using Tvx_password_question = std::function<std::optional<QString>(QString const &server)>;
 /// Puts passwords in the places that the file has for them; asks once for each server.
@@ -52,11 +54,12 @@ void vx_map_scene_ask_passwords(std::vector<Tvx_scene_layer> &layers, Tvx_passwo
 /// its own.
 void vx_map_scene_open_layer(Tvx_scene_layer &layer, std::optional<Tvx_box_d2> const &view);
 
-/// The page layouts of a map, and what their frames call the map.
+/// The page layouts of a map, what their frames call the map, and the scenes of other files.
 struct Tvx_scene_layouts
 {
     QString map_name = {};
     Ivx_scns_2d const *layouts = nullptr;
+    Ivx_scns_2d const *other_scenes = nullptr;
 };
 
 /// Saves the layers, the view and the layouts. False when that fails, which the user has been told.

@@ -152,7 +152,9 @@ bool Tvx_map_window::save_scene_in(QString const &path)
     // Frames name the map, whose name is that of its file.
     QString const former = std::exchange(f_scene_path, QFileInfo(path).absoluteFilePath());
     f_page_layouts->update_name();
-    if (!vx_map_scene_save(path, f_layers, f_canvas->view(), {scene_name(), f_page_layouts->list()})) {
+    auto const others = f_page_layouts->sync().other_scenes();
+    if (!vx_map_scene_save(path, f_layers, f_canvas->view(),
+                           {scene_name(), f_page_layouts->list(), others.get()})) {
         f_scene_path = former;
         f_page_layouts->update_name();
         return false;
@@ -188,8 +190,9 @@ void Tvx_map_window::repair_layers(std::vector<Tvx_scene_layer> &layers,
 
 int Tvx_map_window::open_scene(QString const &path, std::vector<Tvx_failed_file> &failed)
 {
-    vx::owned<Ivx_scns_2d, &vx_scns_2d_destroy> const layouts(vx_scns_2d_create());
-    Tvx_loaded_scene scene = vx_map_scene_load(path, layouts.get());
+    vx::owned<Ivx_scns_2d, &vx_scns_2d_destroy> const layouts(vx_scns_2d_create()),
+        others(vx_scns_2d_create());
+    Tvx_loaded_scene scene = vx_map_scene_load(path, layouts.get(), others.get());
     if (!scene.error.isEmpty()) {
         failed.push_back({path, scene.error});
         return 0;
@@ -236,7 +239,7 @@ int Tvx_map_window::open_scene(QString const &path, std::vector<Tvx_failed_file>
         ++opened;
     }
     f_scene_path = QFileInfo(path).absoluteFilePath();
-    f_page_layouts->take(*layouts, scene.name);
+    f_page_layouts->take(*layouts, *others, scene.name);
     f_last_directory = QFileInfo(path).absolutePath();
     f_changed = false;
     f_loading = false;

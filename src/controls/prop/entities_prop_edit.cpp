@@ -27,6 +27,13 @@ std::wstring scene_name(std::wstring const &path)
         name.resize(name.size() - std::size(c_scene_suffix) + 1);
     return name;
 }
+std::wstring caption_of(Ivx_entity const *entity)
+{
+    std::wstring caption;
+    Tvx_std_wstring_adapter adapter(caption);
+    vx_entity_get_wcaption(entity, adapter);
+    return caption;
+}
 } // namespace
 
 wchar_t const *const Tvx_entities_prop_edit::c_add_scene_name = L"Добавить сцену...";
@@ -150,7 +157,25 @@ bool Tvx_entities_prop_edit::add_scene()
         vx_show_werror(vx_res_format_w(c_caption_scene_unreadable, file.str()).c_str());
         return false;
     }
+    vx_scn_2d_set_wfilename(scene, file.c_str());
+    int const row = vx_entities_get_count(f_lists.front());
+    give_free_name(scene, static_cast<unsigned>(row));
     update_controls();
-    set_real_index(vx_entities_get_count(f_lists.front())); // of several of one name, the one just added
+    set_real_index(row);
     return true;
+}
+
+void Tvx_entities_prop_edit::give_free_name(Ivx_scn_2d *scene, unsigned row)
+{
+    auto const is_taken = [&](std::wstring const &name) {
+        for (unsigned i = 1; i < on_get_np(nullptr); ++i)
+            if (i != row && caption_of(get_entity(i)) == name)
+                return true;
+        return false;
+    };
+    std::wstring const name = caption_of(get_entity(row));
+    std::wstring free = name;
+    for (int number = 2; is_taken(free); ++number)
+        free = name + L' ' + std::to_wstring(number);
+    vx_scn_2d_set_wcaption(scene, free.c_str());
 }

@@ -7,11 +7,12 @@
 
 struct Ivx_entities;
 struct Ivx_entity;
+struct Ivx_scn_2d;
 
 /// A choice among the entities of several lists, by caption. Row 0 is a command: it asks for a scene file,
-/// adds the scene in it to the first list and chooses it; where the first list holds no scenes the command
-/// itself stays the choice. Giving up, or a file that cannot be read, leaves the former choice and fires
-/// nothing.
+/// adds the scene in it to the first list, under a name that no other one has, and chooses it; where the
+/// first list holds no scenes the command itself stays the choice. Giving up, or a file that cannot be read,
+/// leaves the former choice and fires nothing.
 class VX_API Tvx_entities_prop_edit : public Tvx_prop_edit
 {
 public:
@@ -47,6 +48,8 @@ private:
     [[nodiscard]] Ivx_entity *get_entity(unsigned prop) const;
     /// False when the user gave up or the file cannot be read.
     [[nodiscard]] bool add_scene();
+    /// Scenes are told apart by their names.
+    void give_free_name(Ivx_scn_2d *scene, unsigned row);
 
     std::vector<Ivx_entities *> f_lists;
     std::string f_filter;

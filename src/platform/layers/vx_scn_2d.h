@@ -16,6 +16,10 @@ struct Ivx_scn_2d;
 VX_API void vx_scn_2d_destroy(Ivx_scn_2d *scene);
 VX_API void vx_scn_2d_get_wcaption(Ivx_scn_2d const *scene, Ivx_string_adp *caption);
 VX_API void vx_scn_2d_set_wcaption(Ivx_scn_2d *scene, wchar_t const *caption);
+/// The whole path of the file that the scene was brought from, told by whoever did that; empty for a scene
+/// that is in no file of its own.
+VX_API void vx_scn_2d_get_wfilename(Ivx_scn_2d const *scene, Ivx_string_adp *file);
+VX_API void vx_scn_2d_set_wfilename(Ivx_scn_2d *scene, wchar_t const *file);
 /// True when both axes have one scale, as at the start.
 [[nodiscard]] VX_API bool vx_scn_2d_get_izotropic(Ivx_scn_2d const *scene);
 VX_API void vx_scn_2d_set_izotropic(Ivx_scn_2d *scene, bool izotropic);

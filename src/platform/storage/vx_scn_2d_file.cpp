@@ -2,6 +2,7 @@
 
 #include "platform/base/owned.h"
 #include "platform/layers/detail/layer.h"
+#include "platform/layers/layout_keys.h"
 #include "platform/layers/vx_layout_lr2d.h"
 #include "platform/layers/vx_lr2d.h"
 #include "platform/layers/vx_scn_2d.h"
@@ -17,7 +18,10 @@
 #include "platform/storage/detail/xml_element.h"
 #include "platform/styles/vx_txt_settings.h"
 
+#include <algorithm>
+#include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 using namespace vx::storage;
@@ -29,6 +33,7 @@ constexpr char const *c_view = "view";
 constexpr char const *c_unit = "unit";
 constexpr char const *c_layouts = "layouts";
 constexpr char const *c_layout = "layout";
+constexpr char const *c_other_scene = "scene";
 constexpr char const *c_element = "element";
 constexpr char const *c_styles = "managers";
 constexpr char const *c_texts = "texts";
@@ -42,6 +47,8 @@ constexpr int c_version_without_layouts = 4;
 /// More layers than a map is made of, and than all layouts together have.
 constexpr std::size_t c_most_layers = 10'000;
 constexpr std::size_t c_most_layouts = 1000;
+constexpr std::size_t c_most_others = 1000;
+constexpr std::size_t c_longest_name = 32'767;
 
 using layer_ptr = vx::owned<Ivx_layer, &vx_lr2d_destroy>;
 
@@ -188,7 +195,46 @@ void write_scene(xml_out &element, Ivx_scn_2d const *scene, std::wstring const &
             vx_scn_2d_get_index(scene, vx_dtld_lr2d_get_parent_lr2d_ptr(vx_scn_2d_get_layer(scene, i))));
 }
 
-void write_layouts(xml_out element, Ivx_scns_2d const *layouts, std::wstring const &folder)
+/// A scene of another file.
+struct other_scene
+{
+    std::wstring name;
+    std::wstring file;
+
+    [[nodiscard]] bool is_good() const
+    {
+        return !name.empty() && name.size() <= c_longest_name && !file.empty() &&
+               file.size() <= c_longest_name;
+    }
+};
+
+/// Those that frames name, the first of each name.
+std::vector<other_scene> others_in_use(Ivx_scn_2d const *scene, Ivx_scns_2d const *layouts,
+                                       Ivx_scns_2d const *others, std::wstring const &folder)
+{
+    std::set<std::wstring> wanted;
+    for (int i = 0; i < vx_scns_2d_get_count(layouts); ++i) {
+        Ivx_scn_2d const *const layout = vx_scns_2d_get_scn(layouts, i);
+        for (int place = 0; place < vx_scn_2d_get_count(layout); ++place)
+            if (Ivx_layer *const frame = vx_scn_2d_get_layer(layout, place);
+                vx_lr2d_get_lr_type(frame) == std::string_view(c_lr_key_layout_scene_frame))
+                wanted.insert(text_of([&](Ivx_string_adp *text) { vx_lr2d_get_wfilename(frame, text); }));
+    }
+    wanted.erase(text_of([&](Ivx_string_adp *text) { vx_scn_2d_get_wcaption(scene, text); }));
+    std::vector<other_scene> found;
+    for (int i = 0; i < vx_scns_2d_get_count(others); ++i) {
+        Ivx_scn_2d const *const other = vx_scns_2d_get_scn(others, i);
+        std::wstring name = text_of([&](Ivx_string_adp *text) { vx_scn_2d_get_wcaption(other, text); });
+        std::wstring const file =
+            text_of([&](Ivx_string_adp *text) { vx_scn_2d_get_wfilename(other, text); });
+        if (!name.empty() && !file.empty() && wanted.erase(name) > 0)
+            found.push_back({std::move(name), stored_source(file, folder)});
+    }
+    return found;
+}
+
+void write_layouts(xml_out element, Ivx_scns_2d const *layouts, std::vector<other_scene> const &others,
+                   std::wstring const &folder)
 {
     int active = 0;
     for (int i = 0; i < vx_scns_2d_get_count(layouts); ++i)
@@ -200,17 +246,25 @@ void write_layouts(xml_out element, Ivx_scns_2d const *layouts, std::wstring con
         write_scene(layout, vx_scns_2d_get_scn(layouts, i), folder);
         layout.finish();
     }
+    for (other_scene const &other : others) {
+        xml_out scene = element.child(c_other_scene);
+        scene.field("name", other.name);
+        scene.field("file", other.file);
+        scene.finish();
+    }
     element.finish();
 }
 
-/// Whether a file of both could be read again.
-bool within_limits(Ivx_scn_2d const *scene, Ivx_scns_2d const *layouts)
+/// Whether a file of all could be read again.
+bool within_limits(Ivx_scn_2d const *scene, Ivx_scns_2d const *layouts,
+                   std::vector<other_scene> const &others)
 {
     std::size_t elements = 0;
     for (int i = 0; i < vx_scns_2d_get_count(layouts); ++i)
         elements += std::size_t(vx_scn_2d_get_count(vx_scns_2d_get_scn(layouts, i)));
     return std::size_t(vx_scn_2d_get_count(scene)) <= c_most_layers &&
-           std::size_t(vx_scns_2d_get_count(layouts)) <= c_most_layouts && elements <= c_most_layers;
+           std::size_t(vx_scns_2d_get_count(layouts)) <= c_most_layouts && elements <= c_most_layers &&
+           others.size() <= c_most_others && std::ranges::all_of(others, &other_scene::is_good);
 }
 
 /// The version of the file: as before where nothing is new, so that what knows no layouts reads it too.
@@ -223,16 +277,18 @@ int version_for(Ivx_scn_2d const *scene, Ivx_scns_2d const *layouts)
     return is_new ? c_version : c_version_without_layouts;
 }
 
-/// Empty when a file of both could not be read again.
-std::string scene_bytes(Ivx_scn_2d const *scene, Ivx_scns_2d const *layouts, std::wstring const &folder)
+/// Empty when a file of all could not be read again.
+std::string scene_bytes(Ivx_scn_2d const *scene, Ivx_scns_2d const *layouts, Ivx_scns_2d const *all_others,
+                        std::wstring const &folder)
 {
-    if (!within_limits(scene, layouts))
+    auto const others = others_in_use(scene, layouts, all_others, folder);
+    if (!within_limits(scene, layouts, others))
         return {};
     xml_file file;
     xml_out root = file.make(c_scene_root, version_for(scene, layouts));
     write_scene(root, scene, folder);
     if (vx_scns_2d_get_count(layouts) > 0)
-        write_layouts(root.child(c_layouts), layouts, folder);
+        write_layouts(root.child(c_layouts), layouts, others, folder);
     root.finish();
     return file.bytes();
 }
@@ -253,6 +309,7 @@ struct file_record
 {
     scene_record scene;
     std::vector<scene_record> layouts;
+    std::vector<other_scene> others;
     int active = 0;
 };
 
@@ -285,6 +342,22 @@ void read_scene(xml_in &element, std::wstring const &folder, scene_record &scene
     }
 }
 
+void read_others(xml_in &element, std::wstring const &folder, file_record &record)
+{
+    std::set<std::wstring> names{record.scene.caption};
+    while (element.good() && element.at(c_other_scene)) {
+        xml_in scene = element.child(c_other_scene);
+        other_scene other;
+        scene.field("name", other.name);
+        scene.field("file", other.file);
+        scene.finish();
+        if (record.others.size() == c_most_others || !other.is_good() || !names.insert(other.name).second)
+            return element.fail();
+        other.file = found_source(other.file, folder);
+        record.others.push_back(std::move(other));
+    }
+}
+
 void read_layouts(xml_in element, std::wstring const &folder, file_record &record)
 {
     element.field("active", record.active);
@@ -295,6 +368,7 @@ void read_layouts(xml_in element, std::wstring const &folder, file_record &recor
         read_scene(layout, folder, record.layouts.emplace_back(), room);
         layout.finish();
     }
+    read_others(element, folder, record);
     if (record.active < 0 || record.active >= int(record.layouts.size()))
         element.fail();
     element.finish();
@@ -332,12 +406,26 @@ void fill(Ivx_scn_2d *scene, scene_record &record)
             static_cast<void>(layer.release());
 }
 
+void clear(Ivx_scns_2d *scenes)
+{
+    for (int i = vx_scns_2d_get_count(scenes); i-- > 0;)
+        vx_scns_2d_erase(scenes, i);
+}
+
+void fill_others(Ivx_scns_2d *others, file_record const &record)
+{
+    if (!others)
+        return;
+    clear(others);
+    for (other_scene const &other : record.others)
+        vx_scn_2d_set_wfilename(vx_scns_2d_add(others, other.name.c_str()), other.file.c_str());
+}
+
 void fill(Ivx_scns_2d *layouts, file_record &record)
 {
     if (!layouts)
         return;
-    for (int i = vx_scns_2d_get_count(layouts); i-- > 0;)
-        vx_scns_2d_erase(layouts, i);
+    clear(layouts);
     for (scene_record &layout : record.layouts)
         fill(vx_scns_2d_add(layouts, L""), layout);
     vx_scns_2d_set_active_scn(layouts, vx_scns_2d_get_scn(layouts, record.active));
@@ -345,7 +433,7 @@ void fill(Ivx_scns_2d *layouts, file_record &record)
 } // namespace
 
 bool vx_xml_data_load_scn2d_layouts_w(Ivx_xml_data *xml, wchar_t const *file, Ivx_scn_2d *scene,
-                                      Ivx_scns_2d *layouts)
+                                      Ivx_scns_2d *layouts, Ivx_scns_2d *others)
 {
     if (!scene && !layouts)
         return done(xml, fault_text({xml_fault::other}, file ? file : L""));
@@ -358,16 +446,17 @@ bool vx_xml_data_load_scn2d_layouts_w(Ivx_xml_data *xml, wchar_t const *file, Iv
     if (!fault) {
         fill(scene, record.scene);
         fill(layouts, record);
+        fill_others(others, record);
     }
     return done(xml, fault_text(fault, file));
 }
 
 bool vx_xml_data_save_scn2d_layouts_w(Ivx_xml_data *xml, wchar_t const *file, Ivx_scn_2d const *scene,
-                                      Ivx_scns_2d const *layouts)
+                                      Ivx_scns_2d const *layouts, Ivx_scns_2d const *others)
 {
     if (!scene && !layouts)
         return saved(xml, fault_text({xml_fault::other}, file ? file : L""));
-    return saved(xml, save_bytes(file, scene_bytes(scene, layouts, folder_of(file ? file : L""))));
+    return saved(xml, save_bytes(file, scene_bytes(scene, layouts, others, folder_of(file ? file : L""))));
 }
 
 bool vx_xml_data_load_scn2d_w(Ivx_xml_data *xml, wchar_t const *file, Ivx_scn_2d *scene)

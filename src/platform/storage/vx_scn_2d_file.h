@@ -22,7 +22,13 @@ VX_API bool vx_xml_data_save_scn2d_w(Ivx_xml_data *xml, wchar_t const *file, Ivx
 /// without; which of them is active comes back too. All or nothing for both together. Files and data sets
 /// that elements show are named as sources of layers, scenes and frames by their captions. A file holds 1,000
 /// layouts, with 10,000 elements together, and 10,000 layers; what has more is not saved.
+///
+/// `others` are scenes of other files, and may be null: of those that a frame of the layouts names, the file
+/// keeps the name and where they lie, 1,000 at most with 32,767 letters each. A load puts empty scenes in
+/// place of those of the list, each with its name, never twice the same nor that of `scene`, and its file,
+/// which is not looked at.
 [[nodiscard]] VX_API bool vx_xml_data_load_scn2d_layouts_w(Ivx_xml_data *xml, wchar_t const *file,
-                                                           Ivx_scn_2d *scene, Ivx_scns_2d *layouts);
+                                                           Ivx_scn_2d *scene, Ivx_scns_2d *layouts,
+                                                           Ivx_scns_2d *others = nullptr);
 VX_API bool vx_xml_data_save_scn2d_layouts_w(Ivx_xml_data *xml, wchar_t const *file, Ivx_scn_2d const *scene,
-                                             Ivx_scns_2d const *layouts);
+                                             Ivx_scns_2d const *layouts, Ivx_scns_2d const *others = nullptr);

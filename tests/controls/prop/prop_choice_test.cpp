@@ -4,6 +4,7 @@
 #include "support/temp_dir.h"
 
 #include "platform/base/owned.h"
+#include "platform/base/string_adp.h"
 #include "platform/layers/layer_keys.h"
 #include "platform/layers/vx_scn_2d.h"
 #include "platform/storage/vx_scn_2d_file.h"
@@ -324,5 +325,9 @@ TEST_F(prop_choice, adds_a_scene_from_a_file)
     ASSERT_TRUE(vx_xml_data_save_scn2d_w(nullptr, path.wstring().c_str(), saved.get()));
     ASSERT_TRUE(input::choose_item(edit->get_combo_box(), 0));
     EXPECT_EQ(edit->get_prop_index(), 2) << "the scene just added, not its namesake";
+    EXPECT_EQ(edit->get_prop_name(), "Saved scene 2") << "frames tell scenes apart by their names";
+    std::wstring file;
+    vx_scn_2d_get_wfilename(vx_scns_2d_get_scn(scenes.get(), 1), Tvx_std_wstring_adapter(file));
+    EXPECT_EQ(file, path.wstring());
     EXPECT_EQ(taken_events(), 1);
 }

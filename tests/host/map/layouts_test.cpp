@@ -18,9 +18,11 @@
 #include "platform/storage/vx_scn_2d_file.h"
 #include "platform/toolkit/controls/memo.h"
 
+#include <QDir>
 #include <QFile>
 #include <QListView>
 #include <QMouseEvent>
+#include <QStatusBar>
 
 using namespace vx_test;
 namespace input = vx::user_input;
@@ -47,6 +49,8 @@ protected:
         ASSERT_EQ(window->layouts().count(), 1);
         page = window->layouts().open(0);
         ASSERT_TRUE(page->isVisible());
+        QObject::connect(page->statusBar(), &QStatusBar::messageChanged, page,
+                         [this](QString const &text) { told.append(text); });
         ASSERT_TRUE(hand::wait_until([this] { return page->view().is_settled(); }, c_patience_ms));
     }
     Tvx_layout_document &document() { return page->document(); }
@@ -97,6 +101,7 @@ protected:
     }
 
     temp_dir folder;
+    QStringList told; ///< by the status line of the page
     Tvx_layout_window *page = nullptr;
 };
 
@@ -239,20 +244,57 @@ TEST_F(layouts, properties_change_an_element_when_they_are_applied)
 
 TEST_F(layouts, frames_show_maps_of_other_files)
 {
+    ASSERT_TRUE(QDir().mkdir(file("maps")));
     QImage const before = exported("before.png");
-    ASSERT_TRUE(vx_map_scene_save(file("other_.sn"), layers(), canvas().view()));
+    ASSERT_TRUE(vx_map_scene_save(file("maps/other_.sn"), layers(), canvas().view()));
     Ivx_scns_2d *const scenes = vx_prj_get_scns_2d_ptr(vx_prj_get_instance());
     int const place = vx_scns_2d_get_count(scenes);
     // As the choice of a scene brings it: its data are not open yet.
-    ASSERT_TRUE(vx_xml_data_load_scn2d_w(nullptr, file("other_.sn").toStdWString().c_str(),
-                                         vx_scns_2d_add(scenes, L"other")));
-    layers().clear();
+    Ivx_scn_2d *const scene = vx_scns_2d_add(scenes, L"other");
+    ASSERT_TRUE(vx_xml_data_load_scn2d_w(nullptr, file("maps/other_.sn").toStdWString().c_str(), scene));
+    vx_scn_2d_set_wfilename(scene, file("maps/other_.sn").toStdWString().c_str());
+    {
+        answerer answers("", file("map"));
+        ASSERT_TRUE(window->save_scene());
+    }
+    layers().set_all_visible(false);
     EXPECT_NE(exported("empty.png"), before);
     int const frame = find(c_lr_key_layout_scene_frame);
     document().change(frame, [](Ivx_layer *element) { vx_layout_set_file(element, "other"); });
     document().finish_step(Tvx_layout_document::c_step_single, frame);
     EXPECT_EQ(exported("other.png"), before);
-    vx_scns_2d_erase(scenes, place);
+
+    // The map remembers where the scene came from, also when it takes the scene's own name.
+    auto const reopen = [&](char const *name) {
+        ASSERT_TRUE(window->save_scene());
+        ASSERT_TRUE(window->new_scene());
+        EXPECT_EQ(vx_scns_2d_get_count(scenes), place) << "a closed map leaves no scenes to choose from";
+        ASSERT_EQ(window->open_files({file(name)}), 1);
+        told.clear();
+        ASSERT_NO_FATAL_FAILURE(take_page());
+    };
+    ASSERT_NO_FATAL_FAILURE(reopen("map_.sn"));
+    EXPECT_EQ(exported("opened.png"), before);
+    {
+        // A file that the dialog finds selected would go before the name that is typed.
+        ASSERT_TRUE(QFile::remove(file("map_.sn")));
+        answerer answers("", file("other"));
+        run("save_scene_as");
+    }
+    EXPECT_EQ(vx_layout_file_of(document().element(find(c_lr_key_layout_scene_frame))), "other 2");
+    EXPECT_EQ(exported("renamed.png"), before);
+    ASSERT_TRUE(QFile::rename(file("maps/other_.sn"), file("maps/away_.sn")));
+    ASSERT_NO_FATAL_FAILURE(reopen("other_.sn"));
+    EXPECT_TRUE(told.join(' ').contains(file("maps/other_.sn"))) << told.join('|').toStdString();
+    {
+        answerer answers("none");
+        EXPECT_NE(exported("missing.png"), before);
+        EXPECT_EQ(answers.questions.size(), 1) << "it is told";
+    }
+    ASSERT_TRUE(window->save_scene());
+    ASSERT_TRUE(QFile::rename(file("maps/away_.sn"), file("maps/other_.sn")));
+    ASSERT_NO_FATAL_FAILURE(reopen("other_.sn"));
+    EXPECT_EQ(exported("found.png"), before);
 }
 
 TEST_F(layouts, come_back_with_their_map)

@@ -329,6 +329,48 @@ TEST(scene_files, keep_layouts)
     EXPECT_EQ(vx_scns_2d_get_count(found.get()), 0);
     EXPECT_EQ(vx_scn_2d_get_unit_metres(other.get(), {}), 1);
     EXPECT_FALSE(vx_xml_data_load_scn2d_layouts_w(nullptr, plain.c_str(), nullptr, nullptr));
+
+    // Scenes of other files, of which one is shown twice, one has no file and one is not shown.
+    layouts_ptr const others(vx_scns_2d_create()), read(vx_scns_2d_create());
+    vx_scns_2d_add(read.get(), L"goes away");
+    auto const shown = [&](std::wstring const &name) {
+        auto *const frame = vx_lr2d_create(c_lr_key_layout_scene_frame);
+        vx_lr2d_set_wfilename(frame, name.c_str());
+        EXPECT_TRUE(vx_scn_2d_insert(vx_scns_2d_get_scn(layouts.get(), 0), 0, frame));
+    };
+    for (auto const &[name, file] : std::initializer_list<std::pair<std::wstring, std::wstring>>{
+             {L"озёра", dir.path().wstring() + L"/lakes_.sn"},
+             {L"озёра", L"/second"},
+             {L"new", L""},
+             {L"far", L"/far_.sn"},
+             {L"idle", L"/idle_.sn"}}) {
+        vx_scn_2d_set_wfilename(vx_scns_2d_add(others.get(), name.c_str()), file.c_str());
+        if (name != L"idle")
+            shown(name);
+    }
+    ASSERT_TRUE(
+        vx_xml_data_save_scn2d_layouts_w(nullptr, path.c_str(), other.get(), layouts.get(), others.get()));
+    EXPECT_NE(vx_test::read_file(path).find("file=\"./lakes_.sn\""), std::string::npos);
+    ASSERT_TRUE(
+        vx_xml_data_load_scn2d_layouts_w(nullptr, path.c_str(), other.get(), found.get(), read.get()));
+    std::wstring all;
+    for (int i = 0; i < vx_scns_2d_get_count(read.get()); ++i) {
+        scene_ptr const one(vx_scn_2d_clone(vx_scns_2d_get_scn(read.get(), i)));
+        std::wstring text;
+        vx_scn_2d_get_wcaption(one.get(), Tvx_std_wstring_adapter(text));
+        all += text + L'=';
+        vx_scn_2d_get_wfilename(one.get(), Tvx_std_wstring_adapter(text));
+        all += text + L';';
+    }
+    EXPECT_EQ(all, L"озёра=" + dir.path().wstring() + L"/lakes_.sn;far=/far_.sn;");
+
+    std::wstring const long_name(32768, L'x');
+    vx_scn_2d_set_wfilename(vx_scns_2d_add(others.get(), long_name.c_str()), L"/x");
+    shown(long_name);
+    std::string const before_long = vx_test::read_file(path);
+    EXPECT_FALSE(
+        vx_xml_data_save_scn2d_layouts_w(nullptr, path.c_str(), nullptr, layouts.get(), others.get()));
+    EXPECT_EQ(vx_test::read_file(path), before_long);
     for (int i = 0; i < 1001; ++i)
         vx_scns_2d_add(found.get(), L"");
     std::string const before = vx_test::read_file(plain);
@@ -348,6 +390,10 @@ TEST(scene_files, with_wrong_layouts_change_nothing)
         return "<layouts><layout><layer type=\"layout_" + key + "\"><element>" + content +
                "</element></layer></layout></layouts>";
     };
+    auto const others = [](std::string const &scenes) {
+        return "<layouts><layout/>" + scenes + "</layouts>";
+    };
+    std::string const other = "<scene name=\"a\" file=\"/a\"/>";
     memory_file file;
     scene_ptr const scene(vx_scn_2d_create(L"kept"));
     layouts_ptr const layouts = sample_layouts(L"/d");
@@ -357,15 +403,25 @@ TEST(scene_files, with_wrong_layouts_change_nothing)
         return vx_xml_data_load_scn2d_layouts_w(nullptr, file.path().c_str(), scene.get(), layouts.get());
     };
     for (std::string const &wrong :
-         {std::string("<layouts/>"), std::string("<layouts active=\"1\"><layout/></layouts>"),
+         {std::string("<layouts/>"),
+          std::string("<layouts active=\"1\"><layout/></layouts>"),
           std::string("<layouts><layout><layouts><layout/></layouts></layout></layouts>"),
-          std::string("<layer type=\"rtr_lr2d\"><element/></layer>"), std::string("<unit metres=\"0\"/>"),
+          std::string("<layer type=\"rtr_lr2d\"><element/></layer>"),
+          std::string("<unit metres=\"0\"/>"),
           "<layouts>" + repeated("<layout/>", 1001) + "</layouts>",
+          others("<scene name=\"a\"/>"),
+          others("<scene file=\"/a\"/>"),
+          others(other + other),
+          others("<scene name=\"a\" file=\"/a\"><layer/></scene>"),
+          others("<scene name=\"a\" file=\"" + std::string(32768, 'x') + "\"/>"),
           "<layouts><layout>" + repeated("<layer type=\"layout_text\"/>", 5000) + "</layout><layout>" +
               repeated("<layer type=\"layout_text\"/>", 5001) + "</layout></layouts>",
-          element("text", "<box left=\"0\" right=\"1e300\"/>"), element("text", "<box left=\"nan\"/>"),
-          element("page", "<box left=\"1\"/>"), element("text", "<writing align_x=\"2\"/>"),
-          element("text", "<frame/>"), element("scene_frame", "<frame scale_y=\"1e300\"/>"),
+          element("text", "<box left=\"0\" right=\"1e300\"/>"),
+          element("text", "<box left=\"nan\"/>"),
+          element("page", "<box left=\"1\"/>"),
+          element("text", "<writing align_x=\"2\"/>"),
+          element("text", "<frame/>"),
+          element("scene_frame", "<frame scale_y=\"1e300\"/>"),
           element("scale_bar", "<scale_bar unit=\"-1\"/>"),
           element("scale_bar", "<scale_bar divisions=\"2147483648\"/>"),
           element("legend", "<legend>" + repeated("<item/>", 1001) + "</legend>"),

@@ -30,6 +30,7 @@ Ivx_scn_2d *vx_scn_2d_clone(Ivx_scn_2d const *scene)
         return nullptr;
     auto copy = std::make_unique<Ivx_scn_2d>();
     copy->caption = scene->caption;
+    copy->file_name = scene->file_name;
     copy->izotropic = scene->izotropic;
     copy->center = scene->center;
     copy->pixel = scene->pixel;
@@ -58,6 +59,17 @@ void vx_scn_2d_set_wcaption(Ivx_scn_2d *scene, wchar_t const *caption)
 {
     if (scene)
         scene->caption = caption ? caption : L"";
+}
+
+void vx_scn_2d_get_wfilename(Ivx_scn_2d const *scene, Ivx_string_adp *file)
+{
+    vx_string_adp_feed(file, scene ? scene->file_name.c_str() : nullptr);
+}
+
+void vx_scn_2d_set_wfilename(Ivx_scn_2d *scene, wchar_t const *file)
+{
+    if (scene)
+        scene->file_name = file ? file : L"";
 }
 
 bool vx_scn_2d_get_izotropic(Ivx_scn_2d const *scene)

@@ -19,6 +19,7 @@ struct Ivx_scn_2d final : Ivx_entity, Ivx_entities
     [[nodiscard]] bool has(int index) const { return index >= 0 && index < entity_count(); }
 
     std::wstring caption;
+    std::wstring file_name;
     bool izotropic = true;
     Tvx_pnt_d2 center{};
     double pixel = 0; ///< 0 for no view
