@@ -41,7 +41,8 @@ struct slow_drawer
     }
 };
 
-/// Puts the layers back that the user has removed.
+/// Puts the layers back that the user has removed, and takes page layouts away that he has made: their
+/// windows keep pictures.
 class taken_layers
 {
 public:
@@ -55,6 +56,8 @@ public:
         for (auto const &layer : f_layers)
             if (f_window.layers().count() < int(f_layers.size()))
                 f_window.add_layer(Tvx_layer_list::layer_ptr(vx_lr2d_clone(layer.get())));
+        if (f_window.layouts().count() > 1 && !QApplication::activeModalWidget())
+            f_window.layouts().clear();
     }
 
 private:
