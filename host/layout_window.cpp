@@ -9,6 +9,7 @@
 #include "host/map_layouts.h"
 #include "host/map_text.h"
 #include "host/map_window.h"
+#include "host/message.h"
 #include "host/opening_progress.h"
 
 #include "platform/base/string_adp.h"
@@ -70,16 +71,6 @@ Tvx_box_d2 shifted(Tvx_box_d2 const &box)
 {
     return {box.min_x + c_copy_shift, box.min_y + c_copy_shift, box.max_x + c_copy_shift,
             box.max_y + c_copy_shift};
-}
-
-void say(QWidget *parent, QMessageBox::Icon icon, QString const &text, QString const &details = {})
-{
-    vx_reason_print({text.toStdWString(), details.toStdWString()});
-    QMessageBox box(icon, vx_host_caption(c_cap_application), text, QMessageBox::NoButton, parent);
-    box.setTextFormat(Qt::PlainText);
-    box.setDetailedText(details);
-    box.setDefaultButton(box.addButton(vx_host_caption(c_cap_ok), QMessageBox::AcceptRole));
-    box.exec();
 }
 } // namespace
 
@@ -284,7 +275,7 @@ void Tvx_layout_window::add_table()
             sources.append(vx_layout_file_of(layers.layer_at(row)));
         }
     if (names.isEmpty())
-        return say(this, QMessageBox::Information, vx_layout_caption(c_lay_table_none));
+        return vx_say(this, QMessageBox::Information, vx_layout_caption(c_lay_table_none));
     bool given = false;
     QString const name = QInputDialog::getItem(this, vx_layout_caption(c_lay_table_title),
                                                vx_layout_caption(c_lay_table_text), names, 0, false, &given);
@@ -440,15 +431,15 @@ bool Tvx_layout_window::write(QString const &path, writer const &write)
     QString const details = QString::fromStdWString(parts.details);
     QString const shown = QDir::toNativeSeparators(path);
     if (outcome == c_layout_failed)
-        say(this, QMessageBox::Warning,
-            sentence.isEmpty() ? vx_host_caption(c_cap_err_save_picture).arg(shown) : sentence, details);
+        vx_say(this, QMessageBox::Warning,
+               sentence.isEmpty() ? vx_host_caption(c_cap_err_save_picture).arg(shown) : sentence, details);
     if (outcome != c_layout_written)
         return false;
     if (reason.empty())
         show_message(vx_layout_caption(c_lay_status_exported).arg(shown));
     else
-        say(this, QMessageBox::Warning, vx_layout_caption(c_lay_left_out).arg(shown),
-            details.isEmpty() ? sentence : sentence + '\n' + details);
+        vx_say(this, QMessageBox::Warning, vx_layout_caption(c_lay_left_out).arg(shown),
+               details.isEmpty() ? sentence : sentence + '\n' + details);
     return true;
 }
 

@@ -14,6 +14,7 @@
 #include "host/map_layouts.h"
 #include "host/map_scene.h"
 #include "host/map_text.h"
+#include "host/message.h"
 #include "host/opening_progress.h"
 #include "host/property_import.h"
 #include "host/selection_overlay.h"
@@ -50,17 +51,6 @@ constexpr int c_editor_gap = 12;
 constexpr int c_title_room = 40; ///< what the title bar takes of the screen
 constexpr int c_scales[] = {500,    1000,   2500,    5000,    10000,   25000,    50000,    100000,
                             250000, 500000, 1000000, 2500000, 5000000, 10000000, 50000000, 100000000};
-
-/// The details are shown when the user asks for them, and stand on the error output.
-void say(QWidget *parent, QMessageBox::Icon icon, QString const &text, QString const &details = {})
-{
-    vx_reason_print({text.toStdWString(), details.toStdWString()});
-    QMessageBox box(icon, vx_host_caption(c_cap_application), text, QMessageBox::NoButton, parent);
-    box.setTextFormat(Qt::PlainText);
-    box.setDetailedText(details);
-    box.setDefaultButton(box.addButton(vx_host_caption(c_cap_ok), QMessageBox::AcceptRole));
-    box.exec();
-}
 } // namespace
 
 Tvx_map_window::Tvx_map_window(QSettings *settings)
@@ -398,7 +388,7 @@ int Tvx_map_window::open_files(QStringList const &paths)
                 failed.push_back({path, problem});
         }
     if (!failed.empty())
-        say(this, QMessageBox::Warning, vx_layer_files_message(failed), vx_layer_files_details(failed));
+        vx_say(this, QMessageBox::Warning, vx_layer_files_message(failed), vx_layer_files_details(failed));
     return repaired.isEmpty() ? opened : opened + open_files(repaired);
 }
 
@@ -518,8 +508,8 @@ bool Tvx_map_window::import_properties(QStringList const &paths, QString const &
         return false;
     if (outcome == c_import_failed) {
         auto const reason = vx_reason_split(error.toStdWString());
-        say(this, QMessageBox::Warning, QString::fromStdWString(reason.sentence),
-            QString::fromStdWString(reason.details));
+        vx_say(this, QMessageBox::Warning, QString::fromStdWString(reason.sentence),
+               QString::fromStdWString(reason.details));
     }
     return outcome == c_import_done;
 }
@@ -542,10 +532,10 @@ void Tvx_map_window::on_save_picture()
         show_message(vx_host_caption(c_cap_status_saved).arg(QDir::toNativeSeparators(path)));
     else {
         auto const reason = vx_reason_split(vx_fault_reason(fault));
-        say(this, QMessageBox::Warning,
-            fault ? QString::fromStdWString(reason.sentence)
-                  : vx_host_caption(c_cap_err_save_picture).arg(QDir::toNativeSeparators(path)),
-            QString::fromStdWString(reason.details));
+        vx_say(this, QMessageBox::Warning,
+               fault ? QString::fromStdWString(reason.sentence)
+                     : vx_host_caption(c_cap_err_save_picture).arg(QDir::toNativeSeparators(path)),
+               QString::fromStdWString(reason.details));
     }
 }
 
@@ -602,8 +592,8 @@ void Tvx_map_window::on_draw_by(Tvx_layer_scale const *scale)
         take_over(id, std::move(copy));
     } else if (scale) {
         QString const path = QDir::toNativeSeparators(QString::fromStdWString(scale->file));
-        say(this, QMessageBox::Warning,
-            reason.empty() ? vx_host_caption(c_cap_err_scale).arg(path) : QString::fromStdWString(reason));
+        vx_say(this, QMessageBox::Warning,
+               reason.empty() ? vx_host_caption(c_cap_err_scale).arg(path) : QString::fromStdWString(reason));
     }
 }
 
@@ -688,10 +678,10 @@ void Tvx_map_window::show_message(QString const &text)
 
 void Tvx_map_window::on_about()
 {
-    say(this, QMessageBox::Information, vx_host_caption(c_cap_about_text));
+    vx_say(this, QMessageBox::Information, vx_host_caption(c_cap_about_text));
 }
 
 void Tvx_map_window::on_shortcuts()
 {
-    say(this, QMessageBox::Information, vx_host_caption(c_cap_shortcuts_text));
+    vx_say(this, QMessageBox::Information, vx_host_caption(c_cap_shortcuts_text));
 }

@@ -1,6 +1,6 @@
 #include "captions/layout_elements.h"
 #include "captions/units.h"
-#include "layer_edit/layout/layout_scalebar_edit.h"
+#include "framed_page.h"
 #include "ordered_list.h"
 #include "pages.h"
 
@@ -68,16 +68,14 @@ std::vector<ordered_list::line> lines_of(Ivx_layer const *layer)
     return lines;
 }
 
-class legend_page final : public rows_page
+class legend_page final : public framed_page
 {
 public:
-    using rows_page::rows_page;
+    using framed_page::framed_page;
 
     void create() override
     {
-        auto *const frame = add_page<Tvx_layout_scalebar_edit>();
-        frame->SetHeight(c_row_height + 2 * frame->get_scene_prop()->GetMargins()->GetTop());
-        frame->get_scene_prop()->set_capt_width(c_label_width);
+        framed_page::create();
         add_text(
             c_le_title, [](Ivx_layer const *layer) { return vx_layout_legend_lr2d_get(layer).title; },
             [](Ivx_layer *layer, wchar_t const *text) {
@@ -103,7 +101,7 @@ public:
     }
     void load_res() override
     {
-        rows_page::load_res();
+        framed_page::load_res();
         f_list->load_res(c_le_legend_lines, c_le_add_text, c_le_line_text, c_le_text_line);
     }
 

@@ -2,8 +2,8 @@
 #include "captions/units.h"
 #include "controls/forms/edits.h"
 #include "controls/forms/event_off.h"
+#include "framed_page.h"
 #include "layer_edit/layout/layout_image_edit.h"
-#include "layer_edit/layout/layout_scalebar_edit.h"
 #include "pages.h"
 
 #include "platform/basic/vx_res.h"
@@ -63,20 +63,6 @@ public:
                     true,
                     {&vx_layout_text_lr2d_get_angle, &vx_layout_text_lr2d_set_angle}});
         add_writing();
-    }
-};
-
-/// Base of the pages of what belongs to a frame.
-class framed_page : public rows_page
-{
-public:
-    using rows_page::rows_page;
-
-    void create() override
-    {
-        auto *const frame = add_page<Tvx_layout_scalebar_edit>();
-        frame->SetHeight(c_row_height + 2 * frame->get_scene_prop()->GetMargins()->GetTop());
-        frame->get_scene_prop()->set_capt_width(c_label_width);
     }
 };
 
