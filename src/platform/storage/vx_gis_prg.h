@@ -28,10 +28,10 @@ inline constexpr int c_gp_stopped = 4;    ///< the environment asked to stop
 /// scale, graduated symbols into the range scale, each with the mode and, where the legend names a field, the
 /// property name. Objects fall into the class that the legend puts them in, bounds included: classes of a
 /// legend are closed at both ends, ranges of a scale at the upper one, so a lower bound becomes the upper
-/// bound of the class before where no number lies between, else the next smaller number. The bounds are kept
-/// exactly (nothing is rounded). The no-data class becomes the other entry; without one the other entry is
-/// hidden, as are the entries below and above the classes. Scales, styles and flags that the legend does not
-/// speak of stay.
+/// bound of the class before where no number lies between, else the next smaller number. Of classes that
+/// overlap the first one counts. The bounds are kept exactly (nothing is rounded). The no-data class becomes
+/// the other entry; without one the other entry is hidden, as are the entries below and above the classes.
+/// Scales, styles and flags that the legend does not speak of stay.
 [[nodiscard]] VX_API int gp_avl_to_stlmngr_execute(gp_avl_to_stlmgr_params const *params);
 
 /// What the work of this module reports to. Any function may be null. Texts are in the system code page and

@@ -198,6 +198,46 @@ TEST_F(legend_files, put_objects_into_the_class_that_the_legend_says)
     EXPECT_EQ(text_of([&](auto *a) { vx_rng_scale_get_caption_w(scale, 0, a); }), L"a");
     EXPECT_FALSE(vx_scale_prm_get_visible(vx_rng_scale_get_min_prm_ptr(scale)));
     EXPECT_FALSE(vx_scale_prm_get_visible(vx_rng_scale_get_max_prm_ptr(scale)));
+
+    // Of classes that overlap the first one counts. This legend names no field.
+    legend_text nested;
+    nested.lclass("\tMinNum:\t-5e-1\n\tMaxNum:\t1E+001\n", nested.fill(1, 0, 0));
+    nested.lclass("\tMinNum:\t-20\n\tMaxNum:\t20\n", nested.fill(2, 0, 0));
+    nested.lclass("\tMinNum:\t15\n\tMaxNum:\t30\n", nested.fill(3, 0, 0));
+    ASSERT_EQ(import(nested.done("0x02", "\"\""), mngr.get()), c_gp_ok);
+    std::pair<double, unsigned> const nested_cases[] = {{-20.1, low}, {-20, 2}, {-0.5, 1}, {10, 1},
+                                                        {10.1, 2},    {20, 2},  {20.1, 3}, {30.1, high}};
+    for (auto const &[value, row] : nested_cases)
+        EXPECT_EQ(vx_rng_scale_find(scale, value), row) << value;
+    EXPECT_EQ(text_of([&](auto *a) { vx_rng_scale_get_caption_w(scale, 0, a); }), L"-0.5 - 10");
+    EXPECT_STREQ(vx_stl_mngr_get_rng_prop_name(mngr.get()), "POP") << "that of before";
+}
+
+TEST_F(legend_files, come_as_other_programs_leave_them)
+{
+    auto const legend = [](char const *version, char const *end) {
+        legend_text l(version, end);
+        l.lclass("\tLabel:\t\"(a) 1.5\\\" : b\"\n\tMinStr:\t\"x\"\n\tIsText:\t1\n", l.fill(1, 2, 3));
+        return l.done("0x08");
+    };
+    auto const replaced = [](std::string text, std::string const &what, std::string const &by) {
+        for (std::size_t at = 0; (at = text.find(what, at)) != text.npos; at += by.size())
+            text.replace(at, what.size(), by);
+        return text;
+    };
+    auto const plain = legend("/3.1", "\n");
+    std::string const forms[] = {legend("/3.3", "\r"), "\xEF\xBB\xBF" + legend("/3.0", "\r\n"),
+                                 replaced(plain, ":\t", "  :   "), replaced(plain, "\n", " \t\n\n \n"),
+                                 replaced(replaced(plain, "(AV", " ( AV"), ")\n", "\t)  \n")};
+    for (auto const &text : forms) {
+        auto const mngr = make_mngr("pgn_style");
+        ASSERT_EQ(import(text, mngr.get()), c_gp_ok) << text;
+        auto *const scale = vx_stl_mngr_get_val_scale_ptr(mngr.get());
+        EXPECT_EQ(vx_val_scale_find_w(scale, L"x"), 0);
+        EXPECT_EQ(text_of([&](auto *a) { vx_val_scale_get_caption_w(scale, 0, a); }), L"(a) 1.5\" : b");
+        EXPECT_STREQ(vx_stl_mngr_get_val_prop_name(mngr.get()), "POP");
+    }
+    EXPECT_EQ(import(legend("/4.0", "\n"), make_mngr("pgn_style").get()), c_gp_no_legend);
 }
 
 TEST_F(legend_files, map_symbols_to_styles)
@@ -361,6 +401,13 @@ TEST_F(legend_files, long_and_foreign_texts_are_read)
     EXPECT_EQ(vx_val_scale_find_w(scale, L"5"), 0);
     EXPECT_EQ(vx_val_scale_find_w(scale, L"2.5"), 1);
     EXPECT_EQ(text_of([&](auto *a) { vx_stl_mngr_get_val_prop_name_w(mngr.get(), a); }), L"Имя");
+
+    legend_text cyrillic; // by code page 1251, one text among others
+    cyrillic.lclass("\tLabel:\t\"\xCB\xE5\xF1 (pine)\"\n\tMinStr:\t\"\xE5\xEB\xFC\"\n\tIsText:\t1\n",
+                    cyrillic.fill(1, 1, 1));
+    ASSERT_EQ(import(cyrillic.done("0x08"), mngr.get()), c_gp_ok);
+    EXPECT_EQ(text_of([&](auto *a) { vx_val_scale_get_caption_w(scale, 0, a); }), L"Лес (pine)");
+    EXPECT_EQ(vx_val_scale_find_w(scale, L"ель"), 0);
 }
 
 TEST_F(legend_files, report_to_the_current_environment)

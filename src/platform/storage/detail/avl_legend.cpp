@@ -12,6 +12,7 @@
 #include <cmath>
 #include <limits>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace vx::avl {
@@ -26,7 +27,8 @@ constexpr unsigned c_most_layers = 64;       ///< of one compound symbol
 constexpr int c_deepest = 8;                 ///< compound symbols inside compound symbols
 constexpr unsigned c_most_parts = 100'000;   ///< of all compound symbols together
 constexpr unsigned c_largest_stipple = 256;  ///< cells in a row or column
-constexpr unsigned c_no_bytes_page = 1252;   ///< of texts that are no UTF-8
+constexpr unsigned c_western_page = 1252;    ///< of texts that are no UTF-8
+constexpr unsigned c_cyrillic_page = 1251;   ///< the same where they read as Cyrillic
 
 enum class legend_type
 {
@@ -35,12 +37,27 @@ enum class legend_type
     unique = 0x08
 };
 
-std::wstring decoded(std::string const &text)
+bool is_utf8(std::wstring const &decoded)
 {
-    auto wide = vx::text::to_wide(text);
-    if (vx::text::system_code_page() == vx::text::c_cp_utf8 && wide.find(L'\xFFFD') != std::wstring::npos)
-        wide = vx::text::to_wide(text, c_no_bytes_page);
-    return wide;
+    return decoded.find(L'\xFFFD') == std::wstring::npos;
+}
+
+/// The code page of the texts that are no UTF-8, which a legend does not tell. Cyrillic letters are the
+/// accented ones of the western page, which are few among the letters of every language written with them.
+unsigned page_of(odb::database const &objects)
+{
+    unsigned accented = 0, plain = 0;
+    for (auto const &[id, object] : objects)
+        for (auto const &[name, value] : object.attributes) {
+            auto const text = value.starts_with('"') ? odb::to_text(value) : std::nullopt;
+            if (!text || is_utf8(vx::text::utf8_to_wide(*text)))
+                continue;
+            for (unsigned char const c : *text) {
+                accented += c >= 0xC0;
+                plain += (c | 0x20) >= 'a' && (c | 0x20) <= 'z';
+            }
+        }
+    return accented > plain ? c_cyrillic_page : c_western_page;
 }
 
 std::string number_text(double value)
@@ -74,7 +91,10 @@ struct legend_class
 class reader
 {
 public:
-    reader(odb::database const &objects, char const *type) : f_objects(objects), f_type(type) {}
+    reader(odb::database const &objects, char const *type)
+        : f_objects(objects), f_type(type), f_page(page_of(objects))
+    {
+    }
 
     /// Fills the manager, a copy that is thrown away where the result is not `c_gp_ok`.
     int run(void *mngr);
@@ -87,6 +107,7 @@ private:
     double number(record const &r, std::string_view name, double absent = 0);
     unsigned whole(record const &r, std::string_view name, unsigned absent = 0);
     std::wstring text(record const &r, std::string_view name);
+    [[nodiscard]] std::wstring decoded(std::string const &text) const;
     void fault(int result = c_gp_no_legend) { f_result = f_result == c_gp_ok ? result : f_result; }
 
     Tvx_color color(record const &symbol, std::string_view name, Tvx_color absent);
@@ -106,14 +127,16 @@ private:
     bool font_of(record const &symbol, vx_fnt_type &font);
     std::vector<record const *> parts(record const &symbol, std::initializer_list<std::string_view> types);
 
-    void read_classes(record const &legend);
+    void read_classes(record const &legend, bool graduated);
     void set_base(void *target_prm, void *source_prm);
     void other_entry(void *prm, legend_class const *no_data);
     void fill_values(void *mngr);
+    [[nodiscard]] bool do_overlap() const;
     void fill_ranges(void *mngr);
 
     odb::database const &f_objects;
     std::string f_type;
+    unsigned f_page; ///< of texts that are no UTF-8
     int f_result = c_gp_ok;
     unsigned f_parts = 0;                ///< of compound symbols, looked at so far
     std::vector<legend_class> f_classes; ///< without the no-data class
@@ -159,6 +182,14 @@ std::wstring reader::text(record const &r, std::string_view name)
     if (!value)
         fault();
     return decoded(value.value_or(std::string()));
+}
+
+std::wstring reader::decoded(std::string const &text) const
+{
+    auto wide = vx::text::to_wide(text);
+    if (vx::text::system_code_page() == vx::text::c_cp_utf8 && !is_utf8(wide))
+        wide = vx::text::to_wide(text, f_page);
+    return wide;
 }
 
 Tvx_color reader::color(record const &symbol, std::string_view name, Tvx_color absent)
@@ -467,7 +498,7 @@ void reader::marker_layers(record const &symbol, void *list, int depth)
     vx_pnt_figr_lr_set_angle(layer, angle);
 }
 
-void reader::read_classes(record const &legend)
+void reader::read_classes(record const &legend, bool graduated)
 {
     auto const *const symbols = object_of(legend, "Symbols", {"SymList"});
     auto const classes = legend.all("Class");
@@ -482,10 +513,11 @@ void reader::read_classes(record const &legend)
         c.min = number(*r, "MinNum");
         c.max = number(*r, "MaxNum");
         c.no_data = whole(*r, "IsNoData") != 0;
-        c.text = whole(*r, "IsText") != 0 ? text(*r, "MinStr") : decoded(number_text(c.min));
+        auto const min_text = decoded(number_text(c.min)), max_text = decoded(number_text(c.max));
+        c.text = whole(*r, "IsText") != 0 ? text(*r, "MinStr") : min_text;
         c.label = text(*r, "Label");
         if (c.label.empty() && !c.no_data)
-            c.label = c.text;
+            c.label = graduated && c.min != c.max ? min_text + L" - " + max_text : c.text;
         c.look = look(children[i]);
         (c.no_data ? f_no_data : f_classes).push_back(std::move(c));
     }
@@ -527,29 +559,49 @@ void reader::fill_values(void *mngr)
     other_entry(vx_val_scale_get_other_prm_ptr(scale), no_data);
 }
 
+/// Whether some value, but for a bound that neighbours share, lies in two classes.
+bool reader::do_overlap() const
+{
+    std::vector<std::pair<double, double>> spans;
+    for (auto const &c : f_classes)
+        spans.emplace_back(c.min, c.max);
+    std::ranges::sort(spans);
+    double reached = -std::numeric_limits<double>::infinity();
+    for (auto const &[min, max] : spans) {
+        if (min < reached)
+            return true;
+        reached = std::max(reached, max);
+    }
+    return false;
+}
+
 void reader::fill_ranges(void *mngr)
 {
     constexpr double c_infinity = std::numeric_limits<double>::infinity();
     if (std::ranges::any_of(f_classes, [](auto const &c) { return c.min > c.max; }))
         return fault();
-    std::ranges::stable_sort(f_classes, {}, &legend_class::min);
+    // Of classes that overlap the first one counts, in a legend as in a scale: these keep their order.
+    bool const overlap = do_overlap();
+    if (!overlap)
+        std::ranges::stable_sort(f_classes, {}, &legend_class::min);
     auto *const scale = vx_stl_mngr_get_rng_scale_ptr(mngr);
     vx_rng_scale_set_size(scale, 0);
     vx_rng_scale_set_size(scale, static_cast<unsigned>(f_classes.size()));
     vx_rng_scale_set_round_digits(scale, -30);
+    double least = c_infinity;
     double reached = -c_infinity; // what the classes before hold goes up to here
     for (unsigned i = 0; i < f_classes.size(); ++i) {
         auto const &c = f_classes[i];
-        bool const touches = c.min <= std::nextafter(reached, c_infinity);
+        bool const touches = !overlap && c.min <= std::nextafter(reached, c_infinity);
         double const lower = touches ? std::min(reached, c.max) : std::nextafter(c.min, -c_infinity);
         vx_rng_scale_set_min(scale, i, lower);
         vx_rng_scale_set_max(scale, i, c.max);
-        if (i == 0)
-            vx_rng_scale_set_min_value(scale, lower);
+        least = std::min(least, lower);
         reached = std::max(reached, c.max);
         vx_rng_scale_set_caption_w(scale, i, c.label.c_str());
         vx_rng_scale_set_stl_prm(scale, i, c.look.get(), false);
     }
+    vx_rng_scale_set_min_value(scale, least);
     vx_rng_scale_set_max_value(scale, reached);
     vx_scale_prm_set_visible(vx_rng_scale_get_min_prm_ptr(scale), false);
     vx_scale_prm_set_visible(vx_rng_scale_get_max_prm_ptr(scale), false);
@@ -567,11 +619,11 @@ int reader::run(void *mngr)
     auto const *const legend = object_of(root->second, "Roots", {"Legend"});
     if (!legend)
         return c_gp_no_legend;
-    read_classes(*legend);
+    auto const type = static_cast<legend_type>(whole(*legend, "LegType"));
+    read_classes(*legend, type == legend_type::graduated);
     std::wstring field;
     if (auto const *const name = object_of(*legend, "FieldNames", {"AVStr"}))
         field = text(*name, "S");
-    auto const type = static_cast<legend_type>(whole(*legend, "LegType"));
     if (f_result != c_gp_ok)
         return f_result;
     switch (type) {
@@ -581,12 +633,14 @@ int reader::run(void *mngr)
         break;
     case legend_type::unique:
         fill_values(mngr);
-        vx_stl_mngr_set_val_prop_name_w(mngr, field.c_str());
+        if (!field.empty())
+            vx_stl_mngr_set_val_prop_name_w(mngr, field.c_str());
         vx_stl_mngr_set_mode(mngr, c_stl_mngr_mode_value);
         break;
     case legend_type::graduated:
         fill_ranges(mngr);
-        vx_stl_mngr_set_rng_prop_name_w(mngr, field.c_str());
+        if (!field.empty())
+            vx_stl_mngr_set_rng_prop_name_w(mngr, field.c_str());
         vx_stl_mngr_set_need_scale(mngr, false);
         vx_stl_mngr_set_mode(mngr, c_stl_mngr_mode_range);
         break;

@@ -8,7 +8,8 @@
 namespace vx::odb {
 namespace {
 constexpr std::string_view c_blanks = " \t\r";
-constexpr std::string_view c_versions[] = {"/3.0", "/3.1", "/3.2"};
+constexpr std::string_view c_versions[] = {"/3.0", "/3.1", "/3.2", "/3.3"};
+constexpr std::string_view c_utf8_mark = "\xEF\xBB\xBF"; ///< editors put it before a text
 
 std::string_view trimmed(std::string_view text)
 {
@@ -81,33 +82,14 @@ char escaped(std::string_view text, std::size_t &at)
     return static_cast<char>(value);
 }
 
-std::optional<std::string> unquoted(std::string_view text)
-{
-    if (text.empty() || text.front() != '"')
-        return std::nullopt;
-    std::string result;
-    for (std::size_t i = 1; i < text.size();) {
-        char const c = text[i++];
-        if (c == '"') {
-            // Strings that stand behind one another are one, as they are in C.
-            auto const rest = trimmed(text.substr(i));
-            if (rest.empty())
-                return result;
-            if (rest.front() != '"')
-                return std::nullopt;
-            i = text.size() - (text.end() - rest.begin()) + 1;
-        } else if (c == '\\' && i < text.size())
-            result += escaped(text, i);
-        else
-            result += c;
-    }
-    return std::nullopt;
-}
-
 class reader
 {
 public:
-    explicit reader(std::string_view text) : f_rest(text) {}
+    explicit reader(std::string_view text) : f_rest(text)
+    {
+        if (f_rest.starts_with(c_utf8_mark))
+            f_rest.remove_prefix(c_utf8_mark.size());
+    }
 
     std::optional<database> run()
     {
@@ -120,10 +102,13 @@ public:
             if (head.empty())
                 continue;
             auto const dot = head.rfind('.');
-            if (head.front() != '(' || dot == std::string_view::npos || !is_name(head.substr(1, dot - 1)))
+            if (head.front() != '(' || dot == std::string_view::npos)
                 return std::nullopt;
+            auto const type = trimmed(head.substr(1, dot - 1));
             auto const id = to_whole(head.substr(dot + 1));
-            record object{std::string(head.substr(1, dot - 1)), {}};
+            record object{std::string(type), {}};
+            if (!is_name(type))
+                return std::nullopt;
             if (!id || *id == 0 || !attributes(object) || !objects.emplace(*id, std::move(object)).second)
                 return std::nullopt;
         }
@@ -131,15 +116,15 @@ public:
     }
 
 private:
+    /// The next line; it ends in LF, CRLF or CR.
     std::optional<std::string_view> next()
     {
         if (f_rest.empty())
             return std::nullopt;
-        auto const end = f_rest.find('\n');
-        auto line = f_rest.substr(0, end);
-        f_rest.remove_prefix(end == std::string_view::npos ? f_rest.size() : end + 1);
-        if (!line.empty() && line.back() == '\r')
-            line.remove_suffix(1);
+        auto const end = std::min(f_rest.find_first_of("\r\n"), f_rest.size());
+        auto const line = f_rest.substr(0, end);
+        f_rest.remove_prefix(end);
+        f_rest.remove_prefix(f_rest.starts_with("\r\n") ? 2 : f_rest.empty() ? 0 : 1);
         return line;
     }
 
@@ -153,11 +138,12 @@ private:
             if (line == ")")
                 return true;
             auto const colon = line.find(':');
-            if (colon != std::string_view::npos && is_name(line.substr(0, colon))) {
+            auto const name = trimmed(line.substr(0, colon));
+            if (colon != std::string_view::npos && is_name(name)) {
                 std::string value(trimmed(line.substr(colon + 1)));
                 if (!value.empty() && value.front() == '"' && !finish_string(value, *raw))
                     return false;
-                object.attributes.emplace_back(std::string(line.substr(0, colon)), std::move(value));
+                object.attributes.emplace_back(std::string(name), std::move(value));
             } else if (object.attributes.empty())
                 return false;
             else
@@ -208,7 +194,7 @@ std::optional<std::uint32_t> record::whole(std::string_view name, std::uint32_t 
 std::optional<std::string> record::text(std::string_view name) const
 {
     auto const *const value = find(name);
-    return value ? unquoted(*value) : std::string();
+    return value ? to_text(*value) : std::string();
 }
 
 std::vector<std::string_view> record::all(std::string_view name) const
@@ -247,6 +233,29 @@ std::optional<std::uint32_t> to_whole(std::string_view text)
     if (text.empty() || code != std::errc() || end != text.data() + text.size())
         return std::nullopt;
     return value;
+}
+
+std::optional<std::string> to_text(std::string_view text)
+{
+    if (text.empty() || text.front() != '"')
+        return std::nullopt;
+    std::string result;
+    for (std::size_t i = 1; i < text.size();) {
+        char const c = text[i++];
+        if (c == '"') {
+            // Strings that stand behind one another are one, as they are in C.
+            auto const rest = trimmed(text.substr(i));
+            if (rest.empty())
+                return result;
+            if (rest.front() != '"')
+                return std::nullopt;
+            i = text.size() - (text.end() - rest.begin()) + 1;
+        } else if (c == '\\' && i < text.size())
+            result += escaped(text, i);
+        else
+            result += c;
+    }
+    return std::nullopt;
 }
 
 std::optional<database> read(std::string_view text)

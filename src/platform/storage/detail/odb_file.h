@@ -35,12 +35,14 @@ struct record
 /// Objects by their number.
 using database = std::map<std::uint32_t, record>;
 
-/// Reads the text form of an object database: a first line "/3.0", "/3.1" or "/3.2", then records
-/// "(Class.id", attribute lines, ")". A value that is longer than a line goes on in the next lines. Nothing
-/// where the text is no such database, an object number stands twice, or it was cut off.
+/// Reads the text form of an object database: a first line "/3.0" to "/3.3", then records "(Class.id",
+/// attribute lines, ")". Lines end in LF, CRLF or CR. A value that is longer than a line goes on in the next
+/// lines. Nothing where the text is no such database, an object number stands twice, or it was cut off.
 [[nodiscard]] VX_API std::optional<database> read(std::string_view text);
 
 /// A decimal number, or a hexadecimal one behind "0x"; nothing for anything else and for what is not finite.
 [[nodiscard]] std::optional<double> to_number(std::string_view text);
 [[nodiscard]] std::optional<std::uint32_t> to_whole(std::string_view text);
+/// A quoted string without its quotes and escapes; nothing for anything else.
+[[nodiscard]] std::optional<std::string> to_text(std::string_view text);
 } // namespace vx::odb
