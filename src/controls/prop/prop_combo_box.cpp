@@ -93,7 +93,10 @@ void Tvx_prop_combo_box::read_rows(row_list &rows)
 
 int Tvx_prop_combo_box::find_row(std::wstring const &name) const
 {
-    auto const found = std::ranges::find(f_names, name);
+    auto found = std::ranges::find(f_names, name);
+    if (found == f_names.end())
+        found =
+            std::ranges::find_if(f_names, [&](auto const &own) { return vx_compare_text(own, name) == 0; });
     return found == f_names.end() ? -1 : static_cast<int>(found - f_names.begin());
 }
 

@@ -9,9 +9,9 @@
 /// A list of the properties of a data set, read anew from the owner's events each time it drops down.
 ///
 /// Properties are counted by two numbers: rows of the list, and the real index, by which the data set counts
-/// all of its properties, those included that the list leaves out. Both start at 0, and -1 means none. The
-/// *active name* is the chosen property's name; it may name a property that the list does not hold, and is
-/// found again when a later list brings it. Narrow texts are in the system code page.
+/// all properties, those included that the list leaves out. Both start at 0, and -1 means none. The *active
+/// name* is the chosen property's name; it may name one that the list does not hold, and is found again, in
+/// another case if need be, when a later list brings it. Narrow texts are in the system code page.
 class VX_API Tvx_prop_combo_box : public Tvx_combo_box
 {
 public:

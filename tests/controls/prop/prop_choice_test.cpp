@@ -143,6 +143,10 @@ TEST_F(prop_choice, a_name_waits_for_the_list_that_brings_it)
     data.props.push_back({L"later", true, false});
     edit->update_controls();
     EXPECT_EQ(edit->get_prop_index(), 3);
+    edit->set_prop_name("Later");
+    EXPECT_EQ(edit->get_prop_index(), 3) << "files name fields in a case of their own";
+    EXPECT_EQ(edit->get_prop_name(), "Later");
+    edit->set_prop_name("later");
 
     data.props.pop_back();
     edit->set_forbid_empty(true);
