@@ -8,6 +8,7 @@
 
 #include "platform/base/ascii_case.h"
 #include "platform/base/owned.h"
+#include "platform/base/text_codec.h"
 #include "platform/basic/vx_res.h"
 #include "platform/dialogs/file_dialogs.h"
 #include "platform/dialogs/vx_msgs.h"
@@ -21,6 +22,15 @@
 namespace {
 constexpr int c_height = 22;
 constexpr wchar_t c_suffix[] = L".avl";
+
+/// The legend that was meant by the name that was chosen: a file ".AVL" is one too.
+std::wstring legend_file(std::wstring const &chosen)
+{
+    auto const suffix = vx::text::wide_to_utf8(vx::filesystem::extension(chosen));
+    return vx::text::ascii_same(suffix, ".avl") && vx::filesystem::path_exist(chosen)
+               ? chosen
+               : vx::filesystem::change_extension(chosen, c_suffix);
+}
 
 using owned_params = vx::owned<gp_avl_to_stlmgr_params, &gp_avl_to_stlmgr_params_destroy>;
 } // namespace
@@ -66,7 +76,7 @@ void Tvx_style_avl_panel::on_btn_click(TObject * /*sender*/)
     dialog.SetFilter(vx_res_get_wstr(c_stl_avl_files));
     if (!dialog.Execute(GetHandle()))
         return;
-    UnicodeString const file = vx::filesystem::change_extension(dialog.GetFileName().str(), c_suffix);
+    UnicodeString const file = legend_file(dialog.GetFileName().str());
     owned_params const params(gp_avl_to_stlmgr_params_create());
     gp_avl_to_stlmgr_params_set_filename(params.get(), file.to_bytes().c_str());
     gp_avl_to_stlmgr_params_set_stl_mngr(params.get(), f_stl_mngr);

@@ -317,6 +317,7 @@ TEST_F(shell, legends_are_read_into_managers_of_geometry)
 
     vx_test::temp_dir const dir;
     vx_test::write_file(dir / "land.avl", legend());
+    vx_test::write_file(dir / "SEA.AVL", legend());
     vx_test::write_file(dir / "broken.avl", legend().substr(0, 200));
     auto *const edit = add_edit<Tvx_pgn_stl_mngr_edit>();
     edit->set_pgn_stl_mngr(mngr.get());
@@ -330,7 +331,7 @@ TEST_F(shell, legends_are_read_into_managers_of_geometry)
     EXPECT_EQ(fill_of(mngr.get()), before);
     EXPECT_TRUE(vx_stl_mngr_get_just_loaded(mngr.get()));
     EXPECT_EQ(taken_events(), 0);
-    for (char const *typed : {"land", "land.txt", "land.avl"}) {
+    for (char const *typed : {"land", "land.txt", "land.avl", "SEA.AVL"}) {
         vx_stl_mngr_set_just_loaded(mngr.get(), false);
         next_file = UnicodeString((dir / typed).string());
         ASSERT_TRUE(input::click(button));
