@@ -5,6 +5,7 @@
 
 #include "platform/base/owned.h"
 #include "platform/base/string_adp.h"
+#include "platform/basic/vx_fault.h"
 #include "platform/basic/vx_res.h"
 #include "platform/data/vx_entity.h"
 #include "platform/dialogs/vx_dlgs.h"
@@ -154,7 +155,9 @@ bool Tvx_entities_prop_edit::add_scene()
     vx::owned<Ivx_xml_data, &vx_xml_save_2d_destroy> const xml(vx_xml_save_2d_create());
     if (!vx_xml_data_load_scn2d_w(xml.get(), file.c_str(), scene)) {
         vx_scns_2d_erase(scenes, vx_scns_2d_get_count(scenes) - 1);
-        vx_show_werror(vx_res_format_w(c_caption_scene_unreadable, file.str()).c_str());
+        std::wstring why;
+        vx_xml_data_get_error_w(xml.get(), Tvx_std_wstring_adapter(why));
+        vx_show_reason(vx_reason_make(vx_res_format_w(c_caption_scene_unreadable, file.str()), why).c_str());
         return false;
     }
     vx_scn_2d_set_wfilename(scene, file.c_str());
