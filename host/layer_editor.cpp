@@ -167,8 +167,10 @@ void Tvx_layer_editor::take_name(int id)
 
 void Tvx_layer_editor::update()
 {
-    if (f_form)
-        vx_lr2d_edt_form_update(f_form);
+    if (!f_form)
+        return;
+    f_layers->become_current();
+    vx_lr2d_edt_form_update(f_form);
 }
 
 void Tvx_layer_editor::close()
@@ -202,6 +204,7 @@ void Tvx_layer_editor::show_layer(int id)
     if (f_layer_id >= 0 && pages)
         f_at_first_tab = pages->GetActivePage() == first_tab(pages);
     f_layer_id = layer ? id : -1;
+    f_layers->become_current();
     vx_lr2d_edt_form_set_lr2d(f_form, layer);
     if (char const *const kind = vx_lr2d_get_lr_type(layer); layer && f_kind != kind) {
         f_kind = kind;
@@ -225,6 +228,7 @@ void Tvx_layer_editor::on_apply()
     Ivx_layer const *const copy = vx_lr2d_edt_form_get_lr2d_ptr(f_form);
     if (!copy || f_layer_id < 0)
         return;
+    f_layers->become_current(); // the form is refreshed behind this
     f_unchanged.reset(vx_lr2d_clone(copy));
     if (f_layers->replace(f_layer_id, Tvx_edited_layers::layer_ptr(vx_lr2d_clone(copy))))
         emit applied(f_layer_id);

@@ -32,6 +32,8 @@ public:
     /// Whether the first tab is what layers of one kind have of their own, and is shown of another kind
     /// unless the user had turned to another one. Else a tab that both have stays.
     [[nodiscard]] virtual bool has_own_tab_first() const { return false; }
+    /// The form is about to show one of the layers, or to show it anew.
+    virtual void become_current() const {}
 };
 
 /// The editor of layers: one window, made when it is first needed, that shows the layer selected in the

@@ -61,6 +61,11 @@ public:
     [[nodiscard]] Tvx_lr2d_edit_form *create_form() const override { return vx_lr_layout_edt_form_create(); }
     void destroy_form(Tvx_lr2d_edit_form *form) const override { vx_lr_layout_edt_form_destroy(form); }
     [[nodiscard]] bool has_own_tab_first() const override { return true; }
+    /// Pages look for frames in the layout that is active.
+    void become_current() const override
+    {
+        vx_scns_2d_set_active_scn(vx_prj_get_layouts_data_ptr(vx_prj_get_instance()), f_document.layout());
+    }
 
 private:
     Tvx_layout_document &f_document;
@@ -222,8 +227,6 @@ void Tvx_layout_window::take_into_editor(int id)
 
 void Tvx_layout_window::on_properties()
 {
-    // The page of scale bars looks for frames in the layout that is active.
-    vx_scns_2d_set_active_scn(f_layouts.list(), f_document.layout());
     f_layouts.sync().refresh();
     f_editor->open(selected_id(), frameGeometry().topRight() + QPoint(c_editor_gap, 0));
 }

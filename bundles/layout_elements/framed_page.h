@@ -12,9 +12,16 @@ public:
 
     void create() override
     {
-        auto *const frame = add_page<Tvx_layout_scalebar_edit>();
-        frame->SetHeight(c_row_height + 2 * frame->get_scene_prop()->GetMargins()->GetTop());
-        frame->get_scene_prop()->set_capt_width(c_label_width);
+        f_frame = add_page<Tvx_layout_scalebar_edit>();
+        f_frame->SetHeight(c_row_height + 2 * f_frame->get_scene_prop()->GetMargins()->GetTop());
+        f_frame->get_scene_prop()->set_capt_width(c_label_width);
     }
+
+protected:
+    /// Where the element stands.
+    [[nodiscard]] Ivx_scn_2d *layout() const { return f_frame->get_layout(); }
+
+private:
+    Tvx_layout_scalebar_edit *f_frame = nullptr;
 };
 } // namespace vx::layout_elements

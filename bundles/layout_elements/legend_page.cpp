@@ -6,7 +6,7 @@
 
 #include "platform/basic/vx_res.h"
 #include "platform/layers/vx_layout_lr2d.h"
-#include "platform/layers/vx_prj.h"
+#include "platform/layers/vx_scn_2d.h"
 
 #include <algorithm>
 
@@ -27,18 +27,16 @@ std::wstring name_of(Ivx_layer const *layer)
 }
 
 /// The scene of the frame that the legend belongs to, or null.
-Ivx_scn_2d *scene_of(Ivx_layer const *layer)
+Ivx_scn_2d *scene_of(Ivx_scn_2d const *layout, Ivx_layer const *layer)
 {
     std::wstring frame;
     vx_lr2d_get_wfilename(layer, Tvx_std_wstring_adapter(frame));
-    auto *const layouts = vx_prj_get_layouts_data_ptr(vx_prj_get_instance());
-    return vx_layout_scene_frame_lr2d_get_scene(
-        vx_layout_find_frame_w(vx_scns_2d_get_active_scn(layouts), frame.c_str()));
+    return vx_layout_scene_frame_lr2d_get_scene(vx_layout_find_frame_w(layout, frame.c_str()));
 }
 
 /// The items in their order, and behind them the layers that are none, switched off; without items the
 /// layers as the map has them.
-std::vector<ordered_list::line> lines_of(Ivx_layer const *layer)
+std::vector<ordered_list::line> lines_of(Ivx_scn_2d const *scene, Ivx_layer const *layer)
 {
     using origin = ordered_list::origin;
     auto const items = vx_layout_legend_lr2d_get(layer).items;
@@ -46,7 +44,6 @@ std::vector<ordered_list::line> lines_of(Ivx_layer const *layer)
         return std::ranges::any_of(
             items, [&](Tvx_layout_legend_item const &item) { return !item.is_text && item.text == name; });
     };
-    auto *const scene = scene_of(layer);
     int const count = vx_scn_2d_get_count(scene);
     std::vector<std::wstring> names;
     std::vector<ordered_list::line> unnamed;
@@ -108,7 +105,7 @@ public:
 private:
     void show_others() override
     {
-        f_list->set_lines(lines_of(f_lr2d));
+        f_list->set_lines(lines_of(scene_of(layout(), f_lr2d), f_lr2d));
         show_reset();
     }
     void show_reset() { f_reset->SetEnabled(!vx_layout_legend_lr2d_get(f_lr2d).items.empty()); }

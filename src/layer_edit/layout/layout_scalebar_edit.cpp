@@ -21,11 +21,19 @@ Tvx_layout_scalebar_edit::Tvx_layout_scalebar_edit(TComponent *owner)
     SetHeight(c_height);
 }
 
-/// Another layout may be active by the time the choice is read.
-void Tvx_layout_scalebar_edit::take_frames()
+Ivx_scn_2d *Tvx_layout_scalebar_edit::get_layout() const
 {
     auto *const layouts = vx_prj_get_layouts_data_ptr(vx_prj_get_instance());
-    f_scene_prop->set_entities(vx_scn_2d_safe_upcast(vx_scns_2d_get_active_scn(layouts)));
+    for (int i = 0; i < vx_scns_2d_get_count(layouts); ++i)
+        if (auto *const layout = vx_scns_2d_get_scn(layouts, i); layout == f_layout)
+            return layout;
+    return vx_scns_2d_get_active_scn(layouts);
+}
+
+/// The layout may have ended by the time the choice is read.
+void Tvx_layout_scalebar_edit::take_frames()
+{
+    f_scene_prop->set_entities(vx_scn_2d_safe_upcast(get_layout()));
     f_scene_prop->set_on_data_open(make_closure<&Tvx_layout_scalebar_edit::on_frames_open>(this));
 }
 
@@ -44,6 +52,7 @@ void Tvx_layout_scalebar_edit::update_controls()
 {
     if (!f_lr2d)
         return;
+    f_layout = vx_scns_2d_get_active_scn(vx_prj_get_layouts_data_ptr(vx_prj_get_instance()));
     take_frames();
     vx::layout_rows::show_name(f_scene_prop, f_lr2d);
 }
