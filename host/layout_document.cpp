@@ -99,11 +99,12 @@ int Tvx_layout_document::frame_of(int id) const
     return place < 0 ? -1 : f_entries[std::size_t(place)].id;
 }
 
-QString Tvx_layout_document::free_name(QString const &name) const
+QString Tvx_layout_document::free_name(QString const &name, int id) const
 {
     QString free = name;
     for (int number = 2;
-         std::ranges::any_of(f_entries, [&](entry const &e) { return name_of(e.id) == free; }); ++number)
+         std::ranges::any_of(f_entries, [&](entry const &e) { return e.id != id && name_of(e.id) == free; });
+         ++number)
         free = QStringLiteral("%1 %2").arg(name).arg(number);
     return free;
 }
@@ -154,7 +155,7 @@ bool Tvx_layout_document::replace(int id, Tvx_layout_element_ptr element)
     QString const former = name_of(id);
     QString const wanted = name_of_layer(element.get());
     if (wanted != former)
-        set_name(element.get(), free_name(wanted));
+        set_name(element.get(), free_name(wanted, id));
     QString const now = name_of_layer(element.get());
     Tvx_layout_element_ptr const old(vx_scn_2d_extract(f_layout, place));
     if (!vx_scn_2d_insert(f_layout, place, element.get()))
@@ -165,6 +166,8 @@ bool Tvx_layout_document::replace(int id, Tvx_layout_element_ptr element)
         rename_references(former, now);
     tell_row(place);
     push(c_step_single, id);
+    if (now != wanted) // whoever gave the name has to learn of the other
+        emit element_changed(id);
     emit changed();
     return true;
 }
@@ -215,7 +218,9 @@ bool Tvx_layout_document::rename(int id, QString const &name)
     int const place = place_of(id);
     if (place < 0 || wanted.isEmpty() || wanted == former)
         return false;
-    QString const now = free_name(wanted);
+    QString const now = free_name(wanted, id);
+    if (now == former)
+        return false;
     set_name(element(id), now);
     touch(place, false);
     if (vx_layout_is(element(id), c_lr_key_layout_scene_frame))
@@ -237,6 +242,7 @@ void Tvx_layout_document::rename_references(QString const &from, QString const &
             continue;
         vx_layout_set_file(layer, to);
         touch(place, false);
+        emit element_changed(f_entries[std::size_t(place)].id);
     }
 }
 

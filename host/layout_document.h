@@ -47,8 +47,8 @@ public:
     [[nodiscard]] Tvx_box_d2 page_box() const;
     /// The frame that the element belongs to, or itself; -1 for none.
     [[nodiscard]] int frame_of(int id) const;
-    /// A name that no element has, made of this one.
-    [[nodiscard]] QString free_name(QString const &name) const;
+    /// A name that no element but `id` has, made of this one.
+    [[nodiscard]] QString free_name(QString const &name, int id = -1) const;
 
     /// Puts the element on top, with a name of its own; its id.
     int add(Tvx_layout_element_ptr element);
@@ -86,7 +86,8 @@ signals:
     void changed();
     /// A step was done, or undone.
     void history_changed();
-    /// By other hands than those of who edits its properties: box, name, visibility, what a frame shows.
+    /// By other hands than those of who edits its properties: box, name, visibility, what a frame shows, the
+    /// name of the frame that the element belongs to.
     void element_changed(int id);
     /// As it was before, by undo or redo.
     void element_restored(int id);

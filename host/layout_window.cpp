@@ -210,6 +210,10 @@ void Tvx_layout_window::take_into_editor(int id)
         if (QString const name = vx_layer_name(element); name != vx_layer_name(former))
             vx_lr2d_set_wcaption(copy, name.toStdWString().c_str());
         vx_lr2d_set_visible(copy, vx_lr2d_get_visible(element));
+        // A frame has another name now. Where the user has chosen another frame, that is what counts.
+        if (QString const file = vx_layout_file_of(former);
+            vx_layout_file_of(element) != file && vx_layout_file_of(copy) == file)
+            vx_layout_set_file(copy, vx_layout_file_of(element));
         if (Tvx_box_d2 const box = vx_layout_lr2d_get_box(element); box != vx_layout_lr2d_get_box(former))
             vx_layout_lr2d_set_box(copy, box);
         if (!vx_layout_is(element, c_lr_key_layout_scene_frame))
