@@ -22,7 +22,9 @@ constexpr value place = {
     [](Ivx_layer const *layer) { return vx_layout_lr2d_get_box(layer).*Least; },
     [](Ivx_layer *layer, double to) {
         auto box = vx_layout_lr2d_get_box(layer);
-        box.*Most += to - box.*Least;
+        // Beyond its bounds a place is too large a number for a length to be kept behind it.
+        to = std::clamp(to, -c_layout_farthest_place, c_layout_farthest_place);
+        box.*Most = to + (box.*Most - box.*Least);
         box.*Least = to;
         vx_layout_lr2d_set_box(layer, box);
     },

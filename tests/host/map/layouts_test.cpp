@@ -1,12 +1,15 @@
 #include "answerer.h"
 #include "controls/forms/apply_form.h"
+#include "exports/vxk_lr2d_edit_form_api.h"
 #include "host/layer_editor.h"
+#include "host/layer_info.h"
 #include "host/layout_view.h"
 #include "host/layout_window.h"
 #include "host/map_layouts.h"
 #include "host/map_scene.h"
 #include "host/tour_controls.h"
 #include "layer_edit/form/lr2d_edit_form.h"
+#include "layer_edit/layout/layout_scalebar_edit.h"
 #include "layer_edit/layout/layout_scene_edit.h"
 #include "map_fixture.h"
 #include "support/temp_dir.h"
@@ -16,7 +19,9 @@
 #include "platform/layers/layout_keys.h"
 #include "platform/layers/vx_prj.h"
 #include "platform/storage/vx_scn_2d_file.h"
+#include "platform/toolkit/controls/check_list_box.h"
 #include "platform/toolkit/controls/memo.h"
+#include "platform/toolkit/core/strings.h"
 
 #include <QDir>
 #include <QFile>
@@ -240,6 +245,42 @@ TEST_F(layouts, properties_change_an_element_when_they_are_applied)
     EXPECT_EQ(text_of(title), "Counties");
     page->command("undo")->trigger();
     EXPECT_EQ(text_of(title), "nc");
+}
+
+TEST_F(layouts, properties_go_with_names_and_with_their_layout)
+{
+    int const frame = find(c_lr_key_layout_scene_frame);
+    int const bar = find(c_lr_key_layout_scale_bar);
+    int const legend = find(c_lr_key_layout_legend);
+    ASSERT_NO_FATAL_FAILURE(open_properties(bar));
+    ASSERT_TRUE(document().rename(frame, "Main map"));
+    apply();
+    EXPECT_EQ(vx_layout_file_of(document().element(bar)), "Main map");
+
+    // A name that another element has.
+    ASSERT_NO_FATAL_FAILURE(open_properties(legend));
+    QString const taken = document().name_of(bar);
+    vx_lr2d_set_wcaption(vx_lr2d_edt_form_get_lr2d_ptr(page->editor().handle()),
+                         taken.toStdWString().c_str());
+    for (int times = 0; times < 2; ++times) {
+        apply();
+        EXPECT_EQ(document().name_of(legend), taken + " 2");
+        EXPECT_EQ(vx_layer_name(vx_lr2d_edt_form_get_lr2d_ptr(page->editor().handle())), taken + " 2");
+    }
+
+    // Two layouts are edited at once.
+    page->view().select_id(bar);
+    Tvx_layout_window *const first = page;
+    page = window->layouts().add();
+    ASSERT_TRUE(document().rename(find(c_lr_key_layout_scene_frame), "Another map"));
+    ASSERT_NO_FATAL_FAILURE(open_properties(find(c_lr_key_layout_scale_bar)));
+    page = first;
+    auto *const choice = control<Tvx_layout_scalebar_edit>();
+    ASSERT_TRUE(choice);
+    EXPECT_TRUE(input::choose_item(choice->get_scene_prop()->get_combo_box(), L"Main map"));
+    page->view().select_id(legend);
+    auto *const lines = control<TCheckListBox>();
+    EXPECT_TRUE(lines && lines->GetItems()->GetCount() > 0);
 }
 
 TEST_F(layouts, frames_show_maps_of_other_files)

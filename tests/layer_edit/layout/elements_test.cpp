@@ -221,6 +221,10 @@ TEST_F(element_pages, what_is_done_is_in_the_copy_at_once)
 TEST_F(element_pages, what_cannot_be_gives_way_when_it_is_left_and_at_an_apply)
 {
     open(c_lr_key_layout_neatline);
+    work(window(), L"Left", L"99999999999999999999");
+    EXPECT_EQ(edit_text(window(), L"Width"), L"190") << "of an element that is moved too far";
+    EXPECT_TRUE(input::press(VK_TAB));
+    EXPECT_EQ(edit_text(window(), L"Left"), L"100000");
     work(window(), L"Width", L"0");
     EXPECT_EQ(edit_text(window(), L"Width"), L"0");
     EXPECT_TRUE(input::press(VK_TAB));
