@@ -8,6 +8,7 @@
 #include "platform/styles/vx_scale_prm.h"
 
 #include <string>
+#include <vector>
 
 namespace {
 /// Place of the class among what is written at the objects, which stands behind the others.
@@ -71,7 +72,11 @@ QIcon vx_layer_class_symbol(Ivx_layer *layer, unsigned index)
 {
     if (place_in_labels(layer, index))
         return vx_layer_labels_symbol();
-    return vx_style_symbol(vx_layer_class_style(layer, index));
+    std::vector<Tvx_color> colors(vx_layer_classes_get_colors(layer, index, nullptr, 0));
+    if (colors.empty())
+        return vx_style_symbol(vx_layer_class_style(layer, index));
+    vx_layer_classes_get_colors(layer, index, colors.data(), unsigned(colors.size()));
+    return vx_colors_symbol(colors);
 }
 
 int vx_layer_class_of(Ivx_layer *layer, unsigned manager, unsigned row)

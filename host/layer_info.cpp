@@ -202,6 +202,20 @@ QIcon vx_style_symbol(void *stl_prm)
     });
 }
 
+QIcon vx_colors_symbol(std::vector<Tvx_color> const &colors)
+{
+    return framed([&](QPainter &painter) {
+        if (colors.empty())
+            return;
+        QLinearGradient across(1, 0, c_symbol_width - 1, 0);
+        // One colour is at both ends.
+        for (std::size_t i = 0; i < colors.size(); ++i)
+            across.setColorAt(double(i) / double(std::max<std::size_t>(1, colors.size() - 1)),
+                              QColor(colors[i].r, colors[i].g, colors[i].b, colors[i].a));
+        painter.fillRect(0, 0, c_symbol_width, c_symbol_height, across);
+    });
+}
+
 QString vx_layer_mark_text(Tvx_layer_mark mark)
 {
     switch (mark) {

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "platform/base/color.h"
 #include "platform/base/geometry.h"
 
 #include <QIcon>
 #include <QString>
+
+#include <vector>
 
 struct Ivx_layer;
 
@@ -24,6 +27,8 @@ enum Tvx_layer_mark
 [[nodiscard]] QIcon vx_layer_symbol(Ivx_layer *layer, Tvx_layer_mark mark = c_mark_none);
 /// The same for one style: a `stl_prm` of points, lines or areas; null gives an empty frame.
 [[nodiscard]] QIcon vx_style_symbol(void *stl_prm);
+/// The same for colours that go from one into the next; one fills it.
+[[nodiscard]] QIcon vx_colors_symbol(std::vector<Tvx_color> const &colors);
 /// The sentence for the mark; empty for none.
 [[nodiscard]] QString vx_layer_mark_text(Tvx_layer_mark mark);
 /// Extent in map units; empty when the layer has nothing that has a place.

@@ -7,14 +7,21 @@
 #include "platform/basic/vx_res.h"
 #include "platform/layers/vx_shp_lr2d.h"
 #include "platform/layers/vx_tos_lr2d.h"
+#include "platform/render/detail/color_classes.h"
 #include "platform/render/vx_scale_rows.h"
 #include "platform/styles/vxk_styles.h"
 
+#include <algorithm>
 #include <charconv>
 #include <iterator>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace {
+using vx::render::color_class;
+using vx::render::color_classes;
+
 constexpr int c_draw_by_scale = 0; ///< of a grid
 
 /// The manager that a layer of a property file is drawn by; null for a grid by channels and for others.
@@ -203,14 +210,21 @@ std::wstring range_caption(void *scale, unsigned row)
 
 std::wstring caption_of(class_row const &found)
 {
-    if (!found.mngr)
-        return {};
     if (void *const scale = found.entries())
         return entry_caption(scale, found.row);
     if (void *const scale = found.ranges())
         return range_caption(scale, found.row);
     std::wstring const name = text_of([&](Ivx_string_adp *to) { vx_stl_mngr_get_name_w(found.mngr, to); });
     return name.empty() ? std::to_wstring(found.manager + 1) : name;
+}
+
+/// One without colours for layers with managers and for places outside.
+color_class color_class_at(Ivx_layer *layer, unsigned index)
+{
+    if (vx_layer_classes_get_mngr_count(layer) > 0)
+        return {};
+    std::vector<color_class> rows = color_classes(layer);
+    return index < rows.size() ? std::move(rows[index]) : color_class{};
 }
 } // namespace
 
@@ -229,15 +243,20 @@ void *vx_layer_classes_get_mngr_ptr(Ivx_layer *layer, unsigned index)
 
 unsigned vx_layer_classes_get_count(Ivx_layer *layer)
 {
+    unsigned const managers = vx_layer_classes_get_mngr_count(layer);
+    if (managers == 0)
+        return static_cast<unsigned>(color_classes(layer).size());
     unsigned count = 0;
-    for (unsigned i = 0; i < vx_layer_classes_get_mngr_count(layer); ++i)
+    for (unsigned i = 0; i < managers; ++i)
         count += rows_of(layer, i);
     return count;
 }
 
 void vx_layer_classes_get_caption_w(Ivx_layer *layer, unsigned index, Ivx_string_adp *caption)
 {
-    vx_string_adp_feed(caption, caption_of(find_class(layer, index)).c_str());
+    class_row const found = find_class(layer, index);
+    std::wstring const text = found.mngr ? caption_of(found) : color_class_at(layer, index).caption;
+    vx_string_adp_feed(caption, text.c_str());
 }
 
 void *vx_layer_classes_get_stl_prm_ptr(Ivx_layer *layer, unsigned index)
@@ -247,6 +266,13 @@ void *vx_layer_classes_get_stl_prm_ptr(Ivx_layer *layer, unsigned index)
         return nullptr;
     void *const prm = found.scale_prm();
     return prm ? vx_scale_prm_get_stl_prm_ptr(prm) : vx_stl_mngr_get_simple_sp_ptr(found.mngr);
+}
+
+unsigned vx_layer_classes_get_colors(Ivx_layer *layer, unsigned index, Tvx_color *colors, unsigned size)
+{
+    std::vector<Tvx_color> const all = color_class_at(layer, index).colors;
+    std::copy_n(all.begin(), std::min<std::size_t>(size, all.size()), colors);
+    return static_cast<unsigned>(all.size());
 }
 
 void *vx_layer_classes_get_scale_prm_ptr(Ivx_layer *layer, unsigned index)

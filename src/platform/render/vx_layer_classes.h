@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/base/color.h"
 #include "platform/base/export.h"
 #include "platform/base/string_adp.h"
 
@@ -8,7 +9,8 @@ struct Ivx_layer;
 /// What a layer is drawn by: its managers, and the classes of a legend, which are the rows (vx_scale_rows.h)
 /// of the scales that the managers have in force, manager after manager as lists of layers show them. A layer
 /// with one manager that draws all objects alike has no classes; among several managers such a one is a class
-/// of its own. Null and layers without managers have neither; places outside give neutral values.
+/// of its own. What is drawn by the palette of a raster or by channels has classes without managers: colours.
+/// Null and other layers have neither; places outside give neutral values.
 
 /// All of a vector layer, one of a layer of a property file; none of others, nor of a grid that is drawn by
 /// channels.
@@ -17,10 +19,14 @@ struct Ivx_layer;
 [[nodiscard]] VX_API void *vx_layer_classes_get_mngr_ptr(Ivx_layer *layer, unsigned index);
 
 [[nodiscard]] VX_API unsigned vx_layer_classes_get_count(Ivx_layer *layer);
-/// The row's caption, else what it is about: the value, the rule, the bounds.
+/// The row's caption, else what it is about: the value, the rule, the bounds, the band.
 VX_API void vx_layer_classes_get_caption_w(Ivx_layer *layer, unsigned index, Ivx_string_adp *caption);
-/// The style parameters (vx_stl_prm.h) of the class, the layer's own.
+/// The style parameters (vx_stl_prm.h) of the class, the layer's own; null for one of colours.
 [[nodiscard]] VX_API void *vx_layer_classes_get_stl_prm_ptr(Ivx_layer *layer, unsigned index);
+/// How many colours the class has that is one of colours, and the first `size` of them: one, or several that
+/// go from one into the next. 0 for classes with a style.
+VX_API unsigned vx_layer_classes_get_colors(Ivx_layer *layer, unsigned index, Tvx_color *colors,
+                                            unsigned size);
 /// The entry (vx_scale_prm.h) of the class, which says whether its objects are drawn; null for a class that
 /// is no row of a scale.
 [[nodiscard]] VX_API void *vx_layer_classes_get_scale_prm_ptr(Ivx_layer *layer, unsigned index);

@@ -2,10 +2,12 @@
 #include "support/temp_dir.h"
 
 #include "platform/base/owned.h"
+#include "platform/base/string_adp.h"
 #include "platform/base/text_codec.h"
 #include "platform/basic/vx_clr_channel.h"
 #include "platform/layers/vx_rtr_lr2d.h"
 #include "platform/render/vx_bmp_dc.h"
+#include "platform/render/vx_layer_classes.h"
 #include "platform/render/vx_render_layer.h"
 
 #include <algorithm>
@@ -14,6 +16,8 @@
 #include <gtest/gtest.h>
 #include <limits>
 #include <random>
+#include <set>
+#include <string>
 #include <vector>
 
 namespace {
@@ -226,6 +230,74 @@ TEST_F(rasters, with_a_palette_are_drawn_by_it)
     vx_rtr_lr2d_set_transparent_clr(layer.get(), {});
     expect(
         view_of(5, 5, 3.4), [&](int x, int y) { return color(x + 1, y + 1); }, 3);
+}
+
+TEST_F(rasters, have_the_colors_of_their_cells_as_classes)
+{
+    struct row
+    {
+        std::wstring caption;
+        std::vector<Tvx_color> colors;
+        bool operator==(row const &) const = default;
+    };
+    auto const classes = [&] {
+        std::vector<row> found(vx_layer_classes_get_count(layer.get()));
+        for (unsigned i = 0; i < found.size(); ++i) {
+            EXPECT_EQ(vx_layer_classes_get_stl_prm_ptr(layer.get(), i), nullptr);
+            vx_layer_classes_get_caption_w(layer.get(), i, Tvx_std_wstring_adapter(found[i].caption));
+            found[i].colors.resize(vx_layer_classes_get_colors(layer.get(), i, nullptr, 0));
+            vx_layer_classes_get_colors(layer.get(), i, found[i].colors.data(),
+                                        static_cast<unsigned>(found[i].colors.size()));
+        }
+        return found;
+    };
+    constexpr Tvx_color black = vx_clr_init_grey(0);
+
+    // Of a palette what cells have, and is drawn.
+    ASSERT_NO_FATAL_FAILURE(open(c_classes));
+    std::set<int> const numbers(cells[0].begin(), cells[0].end());
+    std::vector<row> wanted;
+    for (int const number : numbers)
+        wanted.push_back({std::to_wstring(number), {palette[static_cast<std::size_t>(number)]}});
+    ASSERT_GT(wanted.size(), 3U);
+    EXPECT_EQ(classes(), wanted);
+    vx_rtr_lr2d_set_transparent_clr(layer.get(), wanted[1].colors[0]);
+    vx_rtr_lr2d_set_opacity(layer.get(), 0.5);
+    std::erase_if(wanted, [left_out = wanted[1].colors[0]](row const &r) { return r.colors[0] == left_out; });
+    for (row &r : wanted)
+        r.colors[0].a = 128;
+    EXPECT_EQ(classes(), wanted);
+
+    ASSERT_NO_FATAL_FAILURE(open(c_landsat));
+    auto const name = [&](unsigned band) {
+        return std::wstring(vx_rtr_lr2d_get_prop_name(layer.get(), band));
+    };
+    EXPECT_EQ(classes(),
+              (std::vector<row>{{name(0) + L": 0 \u2013 255", {black, vx_clr_init_rgb(255, 0, 0)}},
+                                {name(1) + L": 0 \u2013 255", {black, vx_clr_init_rgb(0, 255, 0)}},
+                                {name(2) + L": 0 \u2013 255", {black, vx_clr_init_rgb(0, 0, 255)}}}));
+    vx_rtr_lr2d_set_draw_type(layer.get(), c_rtr_draw_gray);
+    feed(vx_rgb_channels_get_gray(vx_rtr_lr2d_get_rgb_channels_ptr(layer.get())), 4, 9.5, 61);
+    EXPECT_EQ(classes(), (std::vector<row>{{L"9.5 \u2013 61", {black, vx_clr_init_grey(255)}}}));
+
+    // A palette whose colours go from one into the next is one line.
+    std::string entries;
+    for (int i = 0; i < 256; ++i)
+        entries += "<Entry c1=\"" + std::to_string(i) + "\" c2=\"90\" c3=\"0\" c4=\"255\"/>";
+    ASSERT_NO_FATAL_FAILURE(open(
+        put("ramp.vrt",
+            vrt(40, 30, "",
+                vrt_band(put_numbers("ramp.pgm", 40, 30, [](int x, int) { return 20 + x; }), 1,
+                         "<ColorInterp>Palette</ColorInterp><ColorTable>" + entries + "</ColorTable>")))));
+    auto const ramp = classes();
+    ASSERT_EQ(ramp.size(), 1U);
+    EXPECT_EQ(ramp[0].caption, L"20 \u2013 59");
+    EXPECT_EQ(ramp[0].colors.front(), vx_clr_init_rgb(20, 90, 0));
+    EXPECT_EQ(ramp[0].colors.back(), vx_clr_init_rgb(59, 90, 0));
+    EXPECT_EQ(ramp[0].colors.size(), 40U);
+
+    layer.reset(vx_rtr_lr2d_create(L"/nowhere/gone.tif"));
+    EXPECT_TRUE(classes().empty());
 }
 
 TEST_F(rasters, lie_where_their_place_says)

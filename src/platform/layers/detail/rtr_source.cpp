@@ -121,6 +121,7 @@ void Tvx_rtr_source::close()
             vx_datasource_end(block);
     f_blocks.clear();
     f_shown_bounds.clear();
+    f_used_numbers.clear();
     if (f_set)
         vx_datasource_end(f_set);
     f_set = {};
@@ -339,6 +340,40 @@ vx::grid_block Tvx_rtr_source::block(int band)
         return band == c_raster_mask ? grid().with_index(receiver) : grid().with_block(band, receiver);
     });
     return f_blocks[band] = receiver.f_block;
+}
+
+/// False when there are too many cells, or some cannot be read.
+bool Tvx_rtr_source::note_numbers(unsigned band, std::vector<bool> &used)
+{
+    constexpr double c_most_cells = 4e6;
+    constexpr int c_cells_at_once = 1 << 16;
+    raster_place size;
+    if (!place(size) || static_cast<double>(size.width) * size.height > c_most_cells)
+        return false;
+    std::vector<double> cells;
+    int const rows = std::max(1, c_cells_at_once / size.width);
+    for (int y = 0; y < size.height; y += rows) {
+        int const height = std::min(rows, size.height - y);
+        raster_window const window{0, y, size.width, height, size.width, height};
+        cells.resize(window.buffer_cells());
+        if (!read(static_cast<int>(band), window, cells.data()))
+            return false;
+        for (double const cell : cells)
+            if (cell >= 0 && cell < static_cast<double>(used.size()))
+                used[static_cast<std::size_t>(cell)] = true;
+    }
+    return true;
+}
+
+std::vector<bool> const &Tvx_rtr_source::used_numbers(unsigned band, std::size_t count)
+{
+    std::vector<bool> &used = f_used_numbers[band];
+    if (used.size() != count) {
+        used.assign(count, false);
+        if (!note_numbers(band, used))
+            used.assign(count, true);
+    }
+    return used;
 }
 
 vx::no_data_test Tvx_rtr_source::no_data(unsigned band)

@@ -94,6 +94,9 @@ public:
     [[nodiscard]] vx::layers::raster_color color_of(unsigned band);
     /// The colours of a band's numbers; empty where it has none.
     [[nodiscard]] std::vector<Tvx_color> palette(unsigned band);
+    /// Which of the numbers below `count` cells of the band have; all of them where there are too many cells
+    /// to look at each, or not all can be read.
+    [[nodiscard]] std::vector<bool> const &used_numbers(unsigned band, std::size_t count);
     [[nodiscard]] vx::no_data_test no_data(unsigned band);
     /// The raster tells of each cell whether it is one, beside the numbers that mean no value.
     [[nodiscard]] bool has_mask();
@@ -117,6 +120,7 @@ private:
     [[nodiscard]] bool open();
     void close();
     [[nodiscard]] bool has_whole_numbers(unsigned band);
+    [[nodiscard]] bool note_numbers(unsigned band, std::vector<bool> &used);
     template <class Call>
     bool attempt(Call call);
     [[nodiscard]] bool count_cells(int band, double low, double high, std::vector<long long> &counts);
@@ -127,4 +131,5 @@ private:
     std::vector<std::wstring> f_bands;
     std::map<int, vx::grid_block> f_blocks;
     std::map<unsigned, std::pair<double, double>> f_shown_bounds;
+    std::map<unsigned, std::vector<bool>> f_used_numbers;
 };

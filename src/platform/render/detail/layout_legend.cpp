@@ -1,8 +1,6 @@
 #include "platform/base/string_adp.h"
-#include "platform/basic/vx_clr_channel.h"
 #include "platform/layers/layer_keys.h"
 #include "platform/layers/vx_layout_lr2d.h"
-#include "platform/layers/vx_rtr_lr2d.h"
 #include "platform/layers/vx_scn_2d.h"
 #include "platform/layers/vx_shp_lr2d.h"
 #include "platform/layers/vx_tos_lr2d.h"
@@ -19,10 +17,7 @@
 #include <QtGui/QPen>
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cmath>
-#include <iterator>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -45,21 +40,26 @@ struct legend_line
     {
         heading,
         text,
-        style, ///< a sample of `prm`
-        ramp,  ///< a sample from one colour to another
+        style,  ///< a sample of `prm`
+        colors, ///< a sample of `colors`, from one to the next
     };
     kind what = kind::text;
     std::wstring text = {};
     stl_prm const *prm = nullptr;
-    std::array<Tvx_color, 2> colors{};
-    std::wstring detail = {}; ///< what stands behind the text of a ramp
-    bool begins = true;       ///< the lines of a layer, or stands for itself
+    std::vector<Tvx_color> colors = {};
+    double opacity = 1; ///< of a style that is a colour
+    bool begins = true; ///< the lines of a layer, or stands for itself
     // As laid out.
     std::vector<std::wstring> lines = {};
     double height = 0;
 
-    [[nodiscard]] bool has_sample() const { return what == kind::style || what == kind::ramp; }
+    [[nodiscard]] bool has_sample() const { return what == kind::style || what == kind::colors; }
 };
+
+QColor qt_color(Tvx_color c)
+{
+    return {c.r, c.g, c.b, c.a};
+}
 
 std::wstring one_line(std::wstring text)
 {
@@ -70,62 +70,19 @@ std::wstring one_line(std::wstring text)
 
 // ---- what there is to show
 
-std::wstring number_text(double value)
+/// The colours of a class that has no style.
+std::vector<Tvx_color> colors_of(Ivx_layer *layer, unsigned index)
 {
-    constexpr int c_digits = 6;
-    char text[32];
-    auto const end = std::to_chars(text, std::end(text), value, std::chars_format::general, c_digits);
-    return {text, end.ptr};
+    std::vector<Tvx_color> colors(vx_layer_classes_get_colors(layer, index, nullptr, 0));
+    vx_layer_classes_get_colors(layer, index, colors.data(), static_cast<unsigned>(colors.size()));
+    return colors;
 }
 
-void add_ramp(std::vector<legend_line> &lines, std::wstring text, Tvx_color to, void const *channel)
+std::wstring class_caption(Ivx_layer *layer, unsigned index)
 {
-    legend_line &line = lines.emplace_back();
-    line.what = legend_line::kind::ramp;
-    line.text = std::move(text);
-    line.colors = {vx_clr_init_grey(0), to};
-    if (channel)
-        line.detail = number_text(vx_clr_channel_get_min(channel)) + L" \u2013 " +
-                      number_text(vx_clr_channel_get_max(channel));
-}
-
-std::wstring band_of(void const *channel)
-{
-    std::wstring name;
-    vx_clr_channel_get_prop_name_w(channel, Tvx_std_wstring_adapter(name));
-    return one_line(std::move(name));
-}
-
-/// The three colours that something feeds, each from none of it to all.
-void add_colors(std::vector<legend_line> &lines, void *channels)
-{
-    struct part
-    {
-        void *channel;
-        Tvx_color color;
-    };
-    for (part const &p : {part{vx_rgb_channels_get_red(channels), vx_clr_init_rgb(255, 0, 0)},
-                          part{vx_rgb_channels_get_green(channels), vx_clr_init_rgb(0, 255, 0)},
-                          part{vx_rgb_channels_get_blue(channels), vx_clr_init_rgb(0, 0, 255)}})
-        if (std::wstring name = band_of(p.channel); !name.empty())
-            add_ramp(lines, std::move(name) + L":", p.color, p.channel);
-}
-
-/// What is drawn by channels: one line for gray, a line for each colour below a heading.
-void add_channels(std::vector<legend_line> &lines, std::wstring const &caption, void *channels, bool is_gray)
-{
-    if (is_gray)
-        return add_ramp(lines, caption + L"\n", vx_clr_init_grey(255), vx_rgb_channels_get_gray(channels));
-    lines.push_back({legend_line::kind::heading, caption});
-    add_colors(lines, channels);
-}
-
-void add_raster(std::vector<legend_line> &lines, Ivx_layer *layer, std::wstring const &caption)
-{
-    int const type = vx_rtr_lr2d_get_draw_type(layer);
-    if (type == c_rtr_draw_normal)
-        return add_ramp(lines, caption, vx_clr_init_grey(255), nullptr);
-    add_channels(lines, caption, vx_rtr_lr2d_get_rgb_channels_ptr(layer), type == c_rtr_draw_gray);
+    std::wstring text;
+    vx_layer_classes_get_caption_w(layer, index, Tvx_std_wstring_adapter(text));
+    return one_line(std::move(text));
 }
 
 stl_prm const *prm_of(void *prm)
@@ -136,34 +93,34 @@ stl_prm const *prm_of(void *prm)
 void add_lines(std::vector<legend_line> &lines, Ivx_layer *layer)
 {
     std::wstring const caption = one_line(element_caption(layer));
-    if (vx_lr2d_get_lr_type(layer) == std::string_view(c_lr_key_rtr))
-        return add_raster(lines, layer, caption);
-    unsigned const managers = vx_layer_classes_get_mngr_count(layer);
-    if (managers == 0) {
-        if (vx_tos_grid_lr2d_get_clr_stl_mngr_ptr(layer)) {
-            constexpr int c_draw_channels = 1;
-            add_channels(lines, caption, vx_tos_grid_lr2d_get_rgb_channels_ptr(layer),
-                         vx_tos_grid_lr2d_get_draw_type(layer) != c_draw_channels);
-        }
-        return;
-    }
     if (vx_lr2d_is_shp(layer) && !vx_stl_mngr_list_get_visible(vx_shp_lr2d_get_style_mngr_list_ptr(layer)))
         return;
+    unsigned const managers = vx_layer_classes_get_mngr_count(layer);
     unsigned const classes = vx_layer_classes_get_count(layer);
-    if (classes == 0) {
+    double const opacity = vx_tos_grid_lr2d_get_opacity(layer);
+    auto const add = [&](std::wstring text, unsigned index) {
+        legend_line &line = lines.emplace_back();
+        line.text = std::move(text);
+        line.prm = prm_of(vx_layer_classes_get_stl_prm_ptr(layer, index));
+        line.colors = colors_of(layer, index);
+        line.what = line.colors.empty() ? legend_line::kind::style : legend_line::kind::colors;
+        line.opacity = opacity;
+    };
+    if (managers > 0 && classes == 0) {
         void *const simple = vx_stl_mngr_get_simple_sp_ptr(vx_layer_classes_get_mngr_ptr(layer, 0));
-        lines.push_back({legend_line::kind::style, caption, prm_of(simple)});
+        lines.push_back({legend_line::kind::style, caption, prm_of(simple), {}, opacity});
         return;
     }
+    if (managers == 0 && classes == 1)
+        return add(caption + L"\n" + class_caption(layer, 0), 0);
+    if (classes == 0 && vx_lr2d_get_lr_type(layer) != std::string_view(c_lr_key_rtr) &&
+        !vx_tos_grid_lr2d_get_clr_stl_mngr_ptr(layer))
+        return;
     lines.push_back({legend_line::kind::heading, caption});
     for (unsigned i = 0; i < classes; ++i) {
         void *const entry = vx_layer_classes_get_scale_prm_ptr(layer, i);
-        if (entry && !vx_scale_prm_get_visible(entry))
-            continue;
-        std::wstring text;
-        vx_layer_classes_get_caption_w(layer, i, Tvx_std_wstring_adapter(text));
-        lines.push_back({legend_line::kind::style, one_line(std::move(text)),
-                         prm_of(vx_layer_classes_get_stl_prm_ptr(layer, i))});
+        if (!entry || vx_scale_prm_get_visible(entry))
+            add(class_caption(layer, i), i);
     }
 }
 
@@ -298,7 +255,7 @@ public:
         leave_out(c_most_mm);
         double widest = 0;
         for (legend_line const &line : f_lines)
-            for (std::wstring const &part : lines_of_text(whole_text(line)))
+            for (std::wstring const &part : lines_of_text(line.text))
                 widest = std::max(widest, text_width(part, look_of_line(line)) + text_left(line));
         double width = widest * f_legend.columns + c_column_gap_mm * (f_legend.columns - 1);
         for (std::wstring const &part : lines_of_text(f_legend.title))
@@ -329,12 +286,6 @@ private:
     {
         return line.has_sample() ? f_legend.sample_width + c_text_gap_mm : 0;
     }
-    [[nodiscard]] static std::wstring whole_text(legend_line const &line)
-    {
-        if (line.detail.empty())
-            return line.text;
-        return line.text.ends_with(L'\n') ? line.text + line.detail : line.text + L" " + line.detail;
-    }
     [[nodiscard]] double sample_height(legend_line const &line) const
     {
         if (!line.has_sample())
@@ -345,7 +296,7 @@ private:
     void measure(legend_line &line) const
     {
         text_look const &look = look_of_line(line);
-        line.lines = wrapped(whole_text(line), look, std::max(1.0, f_column_width - text_left(line)));
+        line.lines = wrapped(line.text, look, std::max(1.0, f_column_width - text_left(line)));
         line.height = std::max(sample_height(line), f_line_height * static_cast<double>(line.lines.size()));
     }
     /// Fills columns of a height from the left. A heading stays with what it is about.
@@ -446,14 +397,16 @@ void draw_line(surface const &target, pln_style const &style, Tvx_box_d2 const &
 void legend_layout::draw_sample(layout_canvas &canvas, legend_line const &line, Tvx_box_d2 const &box) const
 {
     QPainter &painter = *vx_qt_painter(canvas.target().painter);
-    if (line.what == legend_line::kind::ramp) {
+    if (line.what == legend_line::kind::colors) {
         in_millimetres const lengths(canvas);
         QRectF const rect(box.min_x, box.min_y, box.width(), box.height());
+        if (line.colors.size() == 1)
+            return painter.fillRect(rect, qt_color(line.colors.front()));
         QLinearGradient colors(rect.topLeft(), rect.topRight());
-        colors.setColorAt(0, QColor(line.colors[0].r, line.colors[0].g, line.colors[0].b));
-        colors.setColorAt(1, QColor(line.colors[1].r, line.colors[1].g, line.colors[1].b));
-        painter.fillRect(rect, colors);
-        return;
+        for (std::size_t i = 0; i < line.colors.size(); ++i)
+            colors.setColorAt(static_cast<double>(i) / static_cast<double>(line.colors.size() - 1),
+                              qt_color(line.colors[i]));
+        return painter.fillRect(rect, colors);
     }
     if (!line.prm)
         return;
@@ -473,8 +426,9 @@ void legend_layout::draw_sample(layout_canvas &canvas, legend_line const &line, 
     } else if (auto const *pgn = prm.as<pgn_style>(variant_of_style::base)) {
         draw_area(target, *pgn, px);
     } else if (auto const *color = prm.as<Tvx_color>(variant_of_style::base)) {
-        painter.fillRect(QRectF(px.min_x, px.min_y, px.width(), px.height()),
-                         QColor(color->r, color->g, color->b, color->a));
+        QColor shown = qt_color(*color);
+        shown.setAlphaF(shown.alphaF() * static_cast<float>(line.opacity));
+        painter.fillRect(QRectF(px.min_x, px.min_y, px.width(), px.height()), shown);
     }
     painter.restore();
 }

@@ -1,10 +1,10 @@
 #include "platform/render/detail/raster_painter.h"
 
-#include "platform/base/string_adp.h"
 #include "platform/layers/detail/rtr_layer.h"
 #include "platform/layers/vx_rtr_lr2d.h"
 #include "platform/render/detail/channel_level.h"
 #include "platform/render/detail/pixel_blend.h"
+#include "platform/render/detail/raster_feeds.h"
 #include "platform/render/detail/work_meter.h"
 
 #include <algorithm>
@@ -17,7 +17,6 @@
 
 namespace vx::render {
 namespace {
-using layers::raster_color;
 using layers::raster_place;
 using layers::raster_window;
 using pixels = std::vector<std::uint32_t>;
@@ -100,14 +99,6 @@ private:
     pixels f_pixels;
     std::vector<unsigned char> f_bytes;
     std::vector<double> f_numbers;
-};
-
-/// What feeds a colour, and the values that are none and all of it.
-struct channel_feed
-{
-    int band = -1; ///< nothing feeds it
-    double low = 0;
-    double high = 255;
 };
 
 /// By the values of three bands, or of one in gray. A cell without a value in one of them has no colour.
@@ -232,71 +223,16 @@ private:
     std::vector<double> f_numbers;
 };
 
-channel_feed feed_of(Tvx_rtr_source &source, void const *channel)
-{
-    std::wstring name;
-    vx_clr_channel_get_prop_name_w(channel, Tvx_std_wstring_adapter(name));
-    auto const &bands = source.bands();
-    auto const found = std::ranges::find(bands, name);
-    return {found == bands.end() ? -1 : static_cast<int>(found - bands.begin()),
-            vx_clr_channel_get_min(channel), vx_clr_channel_get_max(channel)};
-}
-
-/// As the raster itself is meant: the bands that say that they are colours, else the first three, or the only
-/// one in gray. Bytes are levels; other numbers reach over what there is.
-std::vector<channel_feed> natural_feeds(Tvx_rtr_source &source)
-{
-    auto const count = static_cast<unsigned>(source.bands().size());
-    int colors[3] = {-1, -1, -1};
-    std::vector<int> plain;
-    for (unsigned band = 0; band < count; ++band) {
-        auto const color = source.color_of(band);
-        auto const place = static_cast<int>(color) - static_cast<int>(raster_color::red);
-        if (color == raster_color::alpha)
-            continue;
-        if (place >= 0 && place < 3)
-            colors[place] = static_cast<int>(band);
-        plain.push_back(static_cast<int>(band));
-    }
-    std::vector<int> bands(std::begin(colors), std::end(colors));
-    if (std::ranges::find(bands, -1) != bands.end())
-        bands.assign(plain.begin(), plain.size() < 3 ? plain.begin() + std::min<long>(1, std::ssize(plain))
-                                                     : plain.begin() + 3);
-    std::vector<channel_feed> feeds;
-    for (int const band : bands) {
-        channel_feed feed{band};
-        if (!source.is_unsigned_bytes(static_cast<unsigned>(band)) &&
-            !source.shown_bounds(static_cast<unsigned>(band), feed.low, feed.high))
-            feed.low = feed.high = 0;
-        feeds.push_back(feed);
-    }
-    return feeds;
-}
-
 /// Null when there is no band.
 std::unique_ptr<raster_colors> colors_of(Ivx_layer *layer, Tvx_rtr_source &source)
 {
     double const opacity = vx_rtr_lr2d_get_opacity(layer);
-    int const type = vx_rtr_lr2d_get_draw_type(layer);
-    void *const channels = type == c_rtr_draw_normal ? nullptr : vx_rtr_lr2d_get_rgb_channels_ptr(layer);
-    switch (type) {
-    case c_rtr_draw_channels:
-        return std::make_unique<channel_colors>(
-            source,
-            std::vector{feed_of(source, vx_rgb_channels_get_red(channels)),
-                        feed_of(source, vx_rgb_channels_get_green(channels)),
-                        feed_of(source, vx_rgb_channels_get_blue(channels))},
-            Tvx_color{}, opacity);
-    case c_rtr_draw_gray:
-        return std::make_unique<channel_colors>(
-            source, std::vector{feed_of(source, vx_rgb_channels_get_gray(channels))}, Tvx_color{}, opacity);
-    default:
-        break;
-    }
-    Tvx_color const transparent = vx_rtr_lr2d_get_transparent_clr(layer);
-    if (auto const palette = source.palette(0); !palette.empty())
-        return std::make_unique<palette_colors>(source, 0, palette, transparent, opacity);
-    auto const feeds = natural_feeds(source);
+    bool const is_natural = vx_rtr_lr2d_get_draw_type(layer) == c_rtr_draw_normal;
+    Tvx_color const transparent = is_natural ? vx_rtr_lr2d_get_transparent_clr(layer) : Tvx_color{};
+    if (is_natural)
+        if (auto const palette = source.palette(0); !palette.empty())
+            return std::make_unique<palette_colors>(source, 0, palette, transparent, opacity);
+    auto const feeds = raster_feeds(layer, source);
     return feeds.empty() ? nullptr : std::make_unique<channel_colors>(source, feeds, transparent, opacity);
 }
 
