@@ -1,5 +1,6 @@
 #include "host/layer_editor.h"
 
+#include "controls/forms/apply_form.h"
 #include "exports/vxk_lr2d_edit_form_api.h"
 #include "host/captions.h"
 #include "host/layer_classes.h"
@@ -171,6 +172,13 @@ void Tvx_layer_editor::update()
         return;
     f_layers->become_current();
     vx_lr2d_edt_form_update(f_form);
+    // Without a layer no name follows what leads to it.
+    if (Tvx_apply_form *const form = f_form->get_form(); form && f_layer_id < 0) {
+        QString title = QString::fromStdWString(form->GetCaption()).trimmed();
+        while (title.endsWith(':'))
+            title.chop(1);
+        form->SetCaption(title.toStdWString());
+    }
 }
 
 void Tvx_layer_editor::close()
@@ -213,7 +221,7 @@ void Tvx_layer_editor::show_layer(int id)
             pages->SetActivePage(first);
     }
     // The title follows the layer at an update only.
-    vx_lr2d_edt_form_update(f_form);
+    update();
     f_unchanged.reset(vx_lr2d_clone(vx_lr2d_edt_form_get_lr2d_ptr(f_form)));
 }
 
