@@ -18,41 +18,53 @@ using xml_ptr = vx::owned<Ivx_xml_data, &vx_xml_data_destroy>;
 /// More is no element.
 constexpr qint64 c_most_bytes = 64 << 20;
 
-QString format()
+QString format_of_one()
 {
     return QString::fromWCharArray(c_layout_lr2d_clipboard_type);
 }
+
+QString format_of_several()
+{
+    return QString::fromWCharArray(c_layout_lr2d_clipboard_group_type);
+}
 } // namespace
 
-void vx_layout_clipboard_put(Ivx_layer const *element)
+void vx_layout_clipboard_put(std::vector<Ivx_layer const *> const &elements)
 {
     QTemporaryDir const folder;
     QString const path = folder.filePath("element_.sn");
     scene_ptr const scene(vx_scn_2d_create(L""));
-    Tvx_layout_element_ptr copy(vx_lr2d_clone(element));
-    if (!copy || !vx_scn_2d_insert(scene.get(), 0, copy.get()))
+    for (Ivx_layer const *const element : elements) {
+        Tvx_layout_element_ptr copy(vx_lr2d_clone(element));
+        if (copy && vx_scn_2d_insert(scene.get(), vx_scn_2d_get_count(scene.get()), copy.get()))
+            static_cast<void>(copy.release());
+    }
+    int const count = vx_scn_2d_get_count(scene.get());
+    if (count == 0)
         return;
-    static_cast<void>(copy.release());
     xml_ptr const xml(vx_xml_save_style_create());
     QFile file(path);
     if (!vx_xml_data_save_scn2d_w(xml.get(), path.toStdWString().c_str(), scene.get()) ||
         !file.open(QFile::ReadOnly))
         return;
     auto *const data = new QMimeData;
-    data->setData(format(), file.readAll());
+    data->setData(count == 1 ? format_of_one() : format_of_several(), file.readAll());
     QGuiApplication::clipboard()->setMimeData(data);
 }
 
 bool vx_layout_clipboard_has_any()
 {
     QMimeData const *const data = QGuiApplication::clipboard()->mimeData();
-    return data && data->hasFormat(format());
+    return data && (data->hasFormat(format_of_one()) || data->hasFormat(format_of_several()));
 }
 
-Tvx_layout_element_ptr vx_layout_clipboard_get()
+std::vector<Tvx_layout_element_ptr> vx_layout_clipboard_get()
 {
     QMimeData const *const data = QGuiApplication::clipboard()->mimeData();
-    QByteArray const bytes = data ? data->data(format()) : QByteArray();
+    if (!data)
+        return {};
+    QByteArray const bytes =
+        data->data(data->hasFormat(format_of_several()) ? format_of_several() : format_of_one());
     QTemporaryDir const folder;
     QFile file(folder.filePath("element_.sn"));
     if (bytes.isEmpty() || bytes.size() > c_most_bytes || !file.open(QFile::WriteOnly) ||
@@ -63,6 +75,11 @@ Tvx_layout_element_ptr vx_layout_clipboard_get()
     xml_ptr const xml(vx_xml_save_style_create());
     if (!vx_xml_data_load_scn2d_w(xml.get(), file.fileName().toStdWString().c_str(), scene.get()))
         return {};
-    Tvx_layout_element_ptr element(vx_scn_2d_extract(scene.get(), 0));
-    return vx_layout_lr2d_is(element.get()) ? std::move(element) : Tvx_layout_element_ptr{};
+    std::vector<Tvx_layout_element_ptr> elements;
+    while (vx_scn_2d_get_count(scene.get()) > 0) {
+        Tvx_layout_element_ptr element(vx_scn_2d_extract(scene.get(), 0));
+        if (vx_layout_lr2d_is(element.get()))
+            elements.push_back(std::move(element));
+    }
+    return elements;
 }

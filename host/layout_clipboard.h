@@ -2,10 +2,12 @@
 
 #include "host/layout_elements.h"
 
-/// An element of a layout on the clipboard, as a scene file of one layer, so that another program of ours
-/// can take it.
+#include <vector>
 
-void vx_layout_clipboard_put(Ivx_layer const *element);
+/// Elements of a layout on the clipboard, the lowest first, as a scene file whose layers they are, so that
+/// another program of ours can take them. One has a format of its own.
+
+void vx_layout_clipboard_put(std::vector<Ivx_layer const *> const &elements);
 [[nodiscard]] bool vx_layout_clipboard_has_any();
-/// Null where the clipboard holds no element.
-[[nodiscard]] Tvx_layout_element_ptr vx_layout_clipboard_get();
+/// Empty when there are none.
+[[nodiscard]] std::vector<Tvx_layout_element_ptr> vx_layout_clipboard_get();

@@ -63,7 +63,7 @@ std::vector<Tvx_layout_window::command_row> const &Tvx_layout_window::command_ro
     constexpr auto can_redo = [](window const &w) { return w.f_document.can_redo(); };
     constexpr auto can_paste = [](window const &) { return vx_layout_clipboard_has_any(); };
     constexpr auto has_selection = [](window const &w) { return w.f_document.row_of(w.selected_id()) >= 0; };
-    constexpr auto is_movable = [](window const &w) { return w.is_selection_movable(); };
+    constexpr auto is_movable = [](window const &w) { return !w.movable_selection().empty(); };
     constexpr auto has_frame = [](window const &w) { return w.f_view->map_frame() >= 0; };
     constexpr auto is_visible = [](window const &w) {
         return vx_lr2d_get_visible(w.f_document.element(w.selected_id()));
@@ -186,6 +186,15 @@ std::vector<Tvx_layout_window::command_row> const &Tvx_layout_window::command_ro
          0,
          is_movable,
          [](window &w, bool) { w.on_duplicate(); }},
+        {"select_all",
+         c_lay_menu_edit,
+         c_lay_select_all,
+         {},
+         nullptr,
+         {QKeySequence::SelectAll},
+         0,
+         nullptr,
+         [](window &w, bool) { w.f_view->select_all(); }},
         {"remove",
          c_lay_menu_edit,
          c_lay_remove,
@@ -302,7 +311,7 @@ std::vector<Tvx_layout_window::command_row> const &Tvx_layout_window::command_ro
          {QKeySequence(Qt::CTRL | Qt::Key_H)},
          c_checkable | c_of_element,
          has_selection,
-         [](window &w, bool on) { w.f_document.set_visible(w.selected_id(), on); },
+         [](window &w, bool on) { w.set_visible(on); },
          is_visible},
         {"forward",
          c_lay_menu_element,
@@ -521,10 +530,23 @@ void Tvx_layout_window::on_rename()
     f_list->edit(row);
 }
 
+/// Those that are moved stay in their order, and stop at those that stand at the end.
 void Tvx_layout_window::move_by(int rows)
 {
-    int const id = selected_id();
-    f_document.move_to(id, std::clamp(f_document.row_of(id) + rows, 0, f_document.count() - 1));
+    std::vector<int> ids = movable_selection();
+    if (rows < 0)
+        std::ranges::reverse(ids);
+    int const lowest = vx_layout_has_page_kind(f_document.element(f_document.id_at(f_document.count() - 1)))
+                           ? f_document.count() - 2
+                           : f_document.count() - 1;
+    f_document.as_one_step([&] {
+        int least = 0, most = lowest;
+        for (int const id : ids) {
+            int const row = std::clamp(f_document.row_of(id) + rows, least, most);
+            f_document.move_to(id, row);
+            (rows < 0 ? least : most) = rows < 0 ? row + 1 : row - 1;
+        }
+    });
 }
 
 void Tvx_layout_window::add_text()

@@ -4,6 +4,8 @@
 #include "platform/layers/layout_keys.h"
 #include "platform/layers/vx_scn_2d.h"
 
+#include <QScopedValueRollback>
+
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -306,8 +308,23 @@ Tvx_layout_document::state Tvx_layout_document::make_state() const
     return made;
 }
 
+void Tvx_layout_document::as_one_step(std::function<void()> const &work)
+{
+    f_has_collected = false;
+    {
+        QScopedValueRollback const collects(f_collects, true);
+        work();
+    }
+    if (f_has_collected)
+        push(c_step_single, -1);
+}
+
 void Tvx_layout_document::push(step kind, int id)
 {
+    if (f_collects) {
+        f_has_collected = true;
+        return;
+    }
     bool const same = kind != c_step_single && kind == f_last_step && id == f_last_id && f_at > 0 &&
                       f_at + 1 == f_states.size() && f_since_step.isValid() &&
                       f_since_step.elapsed() < c_one_step_ms;

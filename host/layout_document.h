@@ -63,6 +63,8 @@ public:
     void set_box(int id, Tvx_box_d2 const &box);
     void change(int id, std::function<void(Ivx_layer *)> const &change);
     void finish_step(step kind, int id);
+    /// Whatever `work` does is one step.
+    void as_one_step(std::function<void()> const &work);
     /// What was done since the last step is undone.
     void give_up_step();
 
@@ -123,6 +125,8 @@ private:
     std::size_t f_at = 0;
     step f_last_step = c_step_single;
     int f_last_id = -1;
+    bool f_collects = false; ///< steps are one
+    bool f_has_collected = false;
     QElapsedTimer f_since_step;
     int f_last_number = 0;
 };

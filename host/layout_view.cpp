@@ -17,6 +17,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 /// Drawing gives way to the user's events after this long, and shows what it has so often.
@@ -43,6 +44,11 @@ QColor ground_color(QPalette const &palette)
 {
     bool const is_dark = palette.color(QPalette::Window).lightness() < 128;
     return is_dark ? QColor(0x3a, 0x3d, 0x41) : QColor(0xa9, 0xae, 0xb4);
+}
+
+Tvx_box_d2 moved(Tvx_box_d2 const &box, double dx, double dy)
+{
+    return {box.min_x + dx, box.min_y + dy, box.max_x + dx, box.max_y + dy};
 }
 
 /// Three digits, which a person can remember.
@@ -216,8 +222,7 @@ bool Tvx_layout_view::is_drawing_unwanted()
 
 void Tvx_layout_view::on_document_changed()
 {
-    if (f_selected >= 0 && f_document.row_of(f_selected) < 0)
-        select_id(-1);
+    select_ids(f_selection); // those that are still there
     update_place();
 }
 
@@ -246,21 +251,33 @@ void Tvx_layout_view::paintEvent(QPaintEvent *)
 
 void Tvx_layout_view::paint_selection(QPainter &painter) const
 {
-    if (f_document.row_of(f_selected) < 0)
-        return;
+    bool const is_band = f_drag == c_drag_band && f_drag_moved;
+    for (int const id : is_band ? f_banded : f_selection)
+        paint_frame(painter, id);
     QColor const color = palette().color(QPalette::Highlight);
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(Qt::white, 1));
-    QRectF const box = f_place.to_screen(f_document.box_of(f_selected));
-    painter.drawRect(box);
-    painter.setPen(QPen(color, 1, is_movable(f_selected) ? Qt::SolidLine : Qt::DashLine));
-    painter.drawRect(box);
-    if (!is_movable(f_selected))
+    if (is_band) {
+        painter.setPen(QPen(color, 1));
+        painter.setBrush(QColor(color.red(), color.green(), color.blue(), 40));
+        painter.drawRect(QRectF(f_drag_from, f_drag_last).normalized());
+        return;
+    }
+    if (f_selection.size() != 1 || !is_movable(selected_id()))
         return;
     painter.setBrush(Qt::white);
     painter.setPen(QPen(color, 1.5));
     for (grip const &g : c_grips)
         painter.drawRect(grip_rect(g));
+}
+
+void Tvx_layout_view::paint_frame(QPainter &painter, int id) const
+{
+    QRectF const box = f_place.to_screen(f_document.box_of(id));
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(Qt::white, 1));
+    painter.drawRect(box);
+    painter.setPen(
+        QPen(palette().color(QPalette::Highlight), 1, is_movable(id) ? Qt::SolidLine : Qt::DashLine));
+    painter.drawRect(box);
 }
 
 // ---- what lies where
@@ -304,7 +321,7 @@ int Tvx_layout_view::frame_at(QPointF at) const
 
 int Tvx_layout_view::map_frame() const
 {
-    if (int const frame = f_document.frame_of(f_selected); frame >= 0)
+    if (int const frame = f_document.frame_of(selected_id()); frame >= 0)
         return frame;
     int only = -1;
     for (int row = 0; row < f_document.count(); ++row) {
@@ -320,14 +337,14 @@ int Tvx_layout_view::map_frame() const
 
 QRectF Tvx_layout_view::grip_rect(grip const &g) const
 {
-    QRectF const box = f_place.to_screen(f_document.box_of(f_selected));
+    QRectF const box = f_place.to_screen(f_document.box_of(selected_id()));
     QPointF const at(box.center().x() + g.x * box.width() / 2, box.center().y() + g.y * box.height() / 2);
     return {at.x() - c_grip / 2, at.y() - c_grip / 2, c_grip, c_grip};
 }
 
 int Tvx_layout_view::grip_at(QPointF at) const
 {
-    if (!is_movable(f_selected) || f_tool != c_tool_select)
+    if (f_selection.size() != 1 || !is_movable(selected_id()) || f_tool != c_tool_select)
         return -1;
     double const more = c_grip_reach - c_grip / 2;
     for (int i = 0; i < 8; ++i)
@@ -336,15 +353,44 @@ int Tvx_layout_view::grip_at(QPointF at) const
     return -1;
 }
 
+bool Tvx_layout_view::is_selected(int id) const
+{
+    return std::ranges::find(f_selection, id) != f_selection.end();
+}
+
 void Tvx_layout_view::select_id(int id)
 {
-    if (f_document.row_of(id) < 0)
-        id = -1;
-    if (id == f_selected)
+    select_ids({id});
+}
+
+void Tvx_layout_view::select_ids(std::vector<int> ids)
+{
+    std::erase_if(ids, [this](int id) { return f_document.row_of(id) < 0; });
+    if (ids.size() > 1)
+        std::erase_if(ids, [this](int id) { return !is_movable(id); });
+    if (ids == f_selection)
         return;
-    f_selected = id;
+    f_selection = std::move(ids);
     viewport()->update();
-    emit selection_changed(id);
+    emit selection_changed(selected_id());
+}
+
+void Tvx_layout_view::select_all()
+{
+    std::vector<int> ids;
+    for (int row = f_document.count() - 1; row >= 0; --row)
+        if (int const id = f_document.id_at(row);
+            is_movable(id) && vx_lr2d_get_visible(f_document.element(id)))
+            ids.push_back(id);
+    select_ids(std::move(ids));
+}
+
+Tvx_box_d2 Tvx_layout_view::selected_box() const
+{
+    Tvx_box_d2 all;
+    for (int const id : f_selection)
+        all.add(f_document.box_of(id));
+    return all;
 }
 
 void Tvx_layout_view::set_tool(tool tool)
@@ -382,7 +428,7 @@ void Tvx_layout_view::mousePressEvent(QMouseEvent *event)
     if (event->button() == Qt::MiddleButton)
         return begin_drag(c_drag_page, *event);
     if (event->button() == Qt::RightButton) {
-        if (int const id = element_at(at); id >= 0)
+        if (int const id = element_at(at); id >= 0 && !is_selected(id))
             select_id(id);
         return;
     }
@@ -395,14 +441,41 @@ void Tvx_layout_view::mousePressEvent(QMouseEvent *event)
         return begin_drag(f_drag_id >= 0 ? c_drag_map : c_drag_page, *event);
     }
     if (int const g = grip_at(at); g >= 0) {
-        f_drag_id = f_selected;
+        f_drag_id = selected_id();
         f_drag_grip = c_grips[g];
         return begin_drag(c_drag_grip, *event);
     }
-    int const id = element_at(at);
-    select_id(id);
-    f_drag_id = id;
-    begin_drag(is_movable(id) ? c_drag_move : c_drag_page, *event);
+    f_drag_id = element_at(at);
+    press_on(f_drag_id, event->modifiers() & (Qt::ControlModifier | Qt::ShiftModifier));
+    begin_drag(is_movable(f_drag_id) ? c_drag_move : c_drag_band, *event);
+}
+
+/// What is selected goes with the drag that may follow, so it is not given up before the button is released.
+void Tvx_layout_view::press_on(int id, bool extends)
+{
+    f_click = c_click_none;
+    f_beside_band.clear();
+    if (is_movable(id) && is_selected(id)) {
+        f_click = extends ? c_click_drop : c_click_alone;
+    } else if (!extends) {
+        select_id(id);
+    } else if (is_movable(id)) {
+        std::vector<int> ids = f_selection;
+        ids.push_back(id);
+        select_ids(std::move(ids));
+    } else {
+        f_beside_band = f_selection;
+    }
+}
+
+void Tvx_layout_view::end_click(int id)
+{
+    std::vector<int> ids = f_selection;
+    std::erase(ids, id);
+    if (f_click == c_click_alone)
+        select_id(id);
+    else if (f_click == c_click_drop)
+        select_ids(std::move(ids));
 }
 
 void Tvx_layout_view::begin_drag(drag what, QMouseEvent const &event)
@@ -411,8 +484,14 @@ void Tvx_layout_view::begin_drag(drag what, QMouseEvent const &event)
     f_drag_button = event.button();
     f_drag_moved = false;
     f_drag_from = f_drag_last = event.position();
-    if (f_drag_id >= 0)
-        f_drag_box = f_document.box_of(f_drag_id);
+    f_drag_box = what == c_drag_move ? selected_box() : f_document.box_of(f_drag_id);
+    f_dragged.clear();
+    if (what == c_drag_move)
+        for (int const id : f_selection)
+            f_dragged.emplace_back(id, f_document.box_of(id));
+    else if (what == c_drag_grip)
+        f_dragged.emplace_back(f_drag_id, f_drag_box);
+    f_banded.clear();
 }
 
 void Tvx_layout_view::mouseMoveEvent(QMouseEvent *event)
@@ -424,11 +503,13 @@ void Tvx_layout_view::mouseMoveEvent(QMouseEvent *event)
         end_drag(true);
     if (f_drag != c_drag_none && (at - f_drag_from).manhattanLength() >= c_least_move)
         f_drag_moved = true;
-    if (f_drag_moved && f_drag != c_drag_page && f_document.row_of(f_drag_id) < 0)
+    if (f_drag_moved && f_drag != c_drag_page && f_drag != c_drag_band && f_document.row_of(f_drag_id) < 0)
         f_drag = c_drag_none; // it went meanwhile
     if (f_drag_moved) {
         if (f_drag == c_drag_move)
-            drag_element(at, snaps);
+            drag_elements(at, snaps);
+        else if (f_drag == c_drag_band)
+            drag_band(at);
         else if (f_drag == c_drag_grip)
             drag_grip(at, snaps, event->modifiers() & Qt::ShiftModifier);
         else if (f_drag == c_drag_map)
@@ -457,7 +538,8 @@ double Tvx_layout_view::snap(std::initializer_list<double> edges, bool across) c
     for (int row = 0; row < f_document.count(); ++row) {
         int const id = f_document.id_at(row);
         Ivx_layer const *const element = f_document.element(id);
-        if (id == f_drag_id || !vx_lr2d_get_visible(element))
+        if (std::ranges::find(f_dragged, id, &std::pair<int, Tvx_box_d2>::first) != f_dragged.end() ||
+            !vx_lr2d_get_visible(element))
             continue;
         Tvx_box_d2 const box = f_document.box_of(id);
         double const from = across ? box.min_x : box.min_y;
@@ -472,18 +554,32 @@ double Tvx_layout_view::snap(std::initializer_list<double> edges, bool across) c
     return by;
 }
 
-void Tvx_layout_view::drag_element(QPointF to, bool snaps)
+void Tvx_layout_view::drag_elements(QPointF to, bool snaps)
 {
-    double const dx = (to.x() - f_drag_from.x()) / f_place.zoom;
-    double const dy = (to.y() - f_drag_from.y()) / f_place.zoom;
-    Tvx_box_d2 box = f_drag_box;
-    box = {box.min_x + dx, box.min_y + dy, box.max_x + dx, box.max_y + dy};
+    double dx = (to.x() - f_drag_from.x()) / f_place.zoom;
+    double dy = (to.y() - f_drag_from.y()) / f_place.zoom;
     if (snaps) {
-        double const x = snap({box.min_x, box.max_x, (box.min_x + box.max_x) / 2}, true);
-        double const y = snap({box.min_y, box.max_y, (box.min_y + box.max_y) / 2}, false);
-        box = {box.min_x + x, box.min_y + y, box.max_x + x, box.max_y + y};
+        Tvx_box_d2 const box = moved(f_drag_box, dx, dy);
+        dx += snap({box.min_x, box.max_x, (box.min_x + box.max_x) / 2}, true);
+        dy += snap({box.min_y, box.max_y, (box.min_y + box.max_y) / 2}, false);
     }
-    f_document.set_box(f_drag_id, box);
+    for (auto const &[id, box] : f_dragged)
+        f_document.set_box(id, moved(box, dx, dy));
+}
+
+/// What lies in the frame as a whole.
+void Tvx_layout_view::drag_band(QPointF to)
+{
+    QRectF const band = QRectF(f_drag_from, to).normalized();
+    f_banded = f_beside_band;
+    for (int row = f_document.count() - 1; row >= 0; --row) {
+        int const id = f_document.id_at(row);
+        if (is_movable(id) && vx_lr2d_get_visible(f_document.element(id)) &&
+            band.contains(f_place.to_screen(f_document.box_of(id))) &&
+            std::ranges::find(f_banded, id) == f_banded.end())
+            f_banded.push_back(id);
+    }
+    viewport()->update();
 }
 
 void Tvx_layout_view::drag_grip(QPointF to, bool snaps, bool keeps_ratio)
@@ -560,7 +656,10 @@ void Tvx_layout_view::mouseReleaseEvent(QMouseEvent *event)
 {
     if (f_drag == c_drag_none || event->button() != f_drag_button)
         return;
+    int const clicked = f_drag == c_drag_move && !f_drag_moved ? f_drag_id : -1;
     end_drag(true);
+    if (clicked >= 0)
+        end_click(clicked);
     update_cursor(event->position(), event->modifiers());
 }
 
@@ -568,18 +667,19 @@ void Tvx_layout_view::end_drag(bool keep)
 {
     if (f_drag == c_drag_none)
         return;
-    drag const ended = f_drag;
-    int const id = f_drag_id;
-    f_drag = c_drag_none;
+    drag const ended = std::exchange(f_drag, c_drag_none);
     f_drag_button = Qt::NoButton;
-    f_drag_id = -1;
-    if (ended != c_drag_page && f_drag_moved && id >= 0) {
+    bool const has_moved = std::exchange(f_drag_moved, false);
+    int const id = std::exchange(f_drag_id, -1);
+    f_dragged.clear();
+    if (ended == c_drag_band && has_moved && keep)
+        select_ids(std::exchange(f_banded, {}));
+    else if (ended != c_drag_page && ended != c_drag_band && has_moved && id >= 0) {
         if (keep)
             f_document.finish_step(Tvx_layout_document::c_step_single, id);
         else
             f_document.give_up_step();
     }
-    f_drag_moved = false;
     start_drawing();
     viewport()->update();
 }
@@ -643,7 +743,7 @@ bool Tvx_layout_view::key_moves_element(QKeyEvent const &event)
         f_document.finish_step(Tvx_layout_document::c_step_map, frame);
         return true;
     }
-    if (!is_movable(f_selected)) {
+    if (!is_movable(selected_id())) {
         if (control || shift)
             return false;
         horizontalScrollBar()->setValue(horizontalScrollBar()->value() +
@@ -654,17 +754,19 @@ bool Tvx_layout_view::key_moves_element(QKeyEvent const &event)
     }
     if (control && !shift)
         return false;
-    Tvx_box_d2 box = f_document.box_of(f_selected);
     double const step = shift && !control ? c_large_key_step : c_key_step;
-    if (control) {
-        box.max_x = std::max(box.max_x + x * step, box.min_x + c_least_side);
-        box.max_y = std::max(box.max_y + y * step, box.min_y + c_least_side);
-    } else {
-        box = {box.min_x + x * step, box.min_y + y * step, box.max_x + x * step, box.max_y + y * step};
+    for (int const id : std::vector(f_selection)) {
+        Tvx_box_d2 box = f_document.box_of(id);
+        if (control) {
+            box.max_x = std::max(box.max_x + x * step, box.min_x + c_least_side);
+            box.max_y = std::max(box.max_y + y * step, box.min_y + c_least_side);
+        } else {
+            box = moved(box, x * step, y * step);
+        }
+        f_document.set_box(id, box);
     }
-    f_document.set_box(f_selected, box);
     f_document.finish_step(control ? Tvx_layout_document::c_step_resize : Tvx_layout_document::c_step_move,
-                           f_selected);
+                           selected_id());
     return true;
 }
 
@@ -678,8 +780,8 @@ void Tvx_layout_view::keyPressEvent(QKeyEvent *event)
         return;
     }
     bool const command = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
-    if (!command && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && f_selected >= 0) {
-        emit properties_wanted(f_selected);
+    if (!command && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && selected_id() >= 0) {
+        emit properties_wanted(selected_id());
         return;
     }
     if (!command && event->key() == Qt::Key_Home)

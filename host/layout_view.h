@@ -7,12 +7,15 @@
 #include <QTimer>
 
 #include <optional>
+#include <utility>
+#include <vector>
 
 class Tvx_layout_document;
 class Tvx_layout_sync;
 
 /// The page of a layout at true proportions, and the user's hand on its elements: one is selected by a click,
-/// moved by dragging or the arrow keys and resized at its grips.
+/// several by clicks with Ctrl or Shift or by a frame drawn round them; they are moved by dragging or the
+/// arrow keys, and one is resized at its grips.
 ///
 /// As in the map, painting never waits for drawing: elements are drawn one by one between the user's events.
 class Tvx_layout_view : public QAbstractScrollArea
@@ -29,9 +32,18 @@ public:
     /// Both must outlive the view.
     Tvx_layout_view(Tvx_layout_document &document, Tvx_layout_sync &sync, QWidget *parent = nullptr);
 
-    /// -1 while nothing is selected.
-    [[nodiscard]] int selected_id() const { return f_selected; }
+    /// The one selected last, which the properties are of; -1 while nothing is selected.
+    [[nodiscard]] int selected_id() const { return f_selection.empty() ? -1 : f_selection.back(); }
+    [[nodiscard]] std::vector<int> const &selected_ids() const { return f_selection; }
+    [[nodiscard]] bool is_selected(int id) const;
+    /// This one alone; none for -1.
     void select_id(int id);
+    /// A page is selected alone or not at all.
+    void select_ids(std::vector<int> ids);
+    /// All that are seen.
+    void select_all();
+    /// What holds all that is selected; empty for none.
+    [[nodiscard]] Tvx_box_d2 selected_box() const;
 
     [[nodiscard]] tool current_tool() const { return f_tool; }
     void set_tool(tool tool);
@@ -57,6 +69,7 @@ public:
     [[nodiscard]] QSize sizeHint() const override { return {900, 680}; }
 
 signals:
+    /// The one selected last.
     void selection_changed(int id);
     void properties_wanted(int id);
     /// Not all of it could be drawn.
@@ -87,7 +100,15 @@ private:
         c_drag_move,
         c_drag_grip,
         c_drag_map,
-        c_drag_page
+        c_drag_page,
+        c_drag_band ///< a frame round what is to be selected
+    };
+    /// What a press does to what was selected already, when no drag follows.
+    enum click
+    {
+        c_click_none,
+        c_click_alone,
+        c_click_drop
     };
     /// Which edges a grip moves: -1 left or top, 0 none, 1 right or bottom.
     struct grip
@@ -112,9 +133,12 @@ private:
     [[nodiscard]] int grip_at(QPointF at) const;
     [[nodiscard]] bool is_movable(int id) const;
     void update_cursor(QPointF at, Qt::KeyboardModifiers keys);
+    void press_on(int id, bool extends);
     void begin_drag(drag what, QMouseEvent const &event);
     void end_drag(bool keep);
-    void drag_element(QPointF to, bool snaps);
+    void end_click(int id);
+    void drag_elements(QPointF to, bool snaps);
+    void drag_band(QPointF to);
     void drag_grip(QPointF to, bool snaps, bool keeps_ratio);
     void drag_map(QPointF to);
     /// The distance to the nearest edge that an edge of the box should stand at; 0 for none near.
@@ -123,13 +147,14 @@ private:
     void zoom_map_of(int frame, double factor, std::optional<QPointF> at);
     void move_map_of(int frame, double dx, double dy);
     void paint_selection(QPainter &painter) const;
+    void paint_frame(QPainter &painter, int id) const;
 
     Tvx_layout_document &f_document;
     Tvx_layout_sync &f_sync;
     Tvx_layout_picture f_picture;
     Tvx_layout_place f_place;
     bool f_fits = true;
-    int f_selected = -1;
+    std::vector<int> f_selection;
     tool f_tool = c_tool_select;
     QTimer f_draw_timer;
     QElapsedTimer f_slice;
@@ -144,5 +169,9 @@ private:
     grip f_drag_grip{};
     QPointF f_drag_from;
     QPointF f_drag_last;
-    Tvx_box_d2 f_drag_box;
+    Tvx_box_d2 f_drag_box; ///< of what is dragged, as it was
+    std::vector<std::pair<int, Tvx_box_d2>> f_dragged;
+    click f_click = c_click_none;
+    std::vector<int> f_banded; ///< what the frame holds, and what stays selected beside it
+    std::vector<int> f_beside_band;
 };

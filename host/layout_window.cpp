@@ -31,9 +31,12 @@
 #include <QListView>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QScreen>
 #include <QStatusBar>
 
+#include <algorithm>
+#include <functional>
 #include <utility>
 
 namespace {
@@ -121,6 +124,7 @@ void Tvx_layout_window::create_element_dock()
     f_list->setObjectName(QStringLiteral("elements"));
     f_list->setAccessibleName(vx_layout_caption(c_lay_element_list));
     f_list->setModel(&f_document);
+    f_list->setSelectionMode(QAbstractItemView::ExtendedSelection);
     f_list->setEditTriggers(QAbstractItemView::EditKeyPressed);
     f_list->setContextMenuPolicy(Qt::ActionsContextMenu);
     f_list->setMinimumWidth(160);
@@ -164,7 +168,7 @@ void Tvx_layout_window::connect_document()
     connect(f_view, &Tvx_layout_view::element_failed, this, [this](int id) {
         show_message(vx_layout_caption(c_lay_status_failed).arg(f_document.name_of(id)));
     });
-    connect(f_list->selectionModel(), &QItemSelectionModel::currentChanged, this,
+    connect(f_list->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &Tvx_layout_window::on_list_selection);
     connect(f_list, &QListView::doubleClicked, this, &Tvx_layout_window::on_properties);
     connect(f_editor, &Tvx_layer_editor::stayed, f_view, &Tvx_layout_view::select_id);
@@ -177,19 +181,26 @@ int Tvx_layout_window::selected_id() const
     return f_view ? f_view->selected_id() : -1;
 }
 
-bool Tvx_layout_window::is_selection_movable() const
+std::vector<int> Tvx_layout_window::movable_selection() const
 {
-    Ivx_layer const *const element = f_document.element(selected_id());
-    return element && !vx_layout_has_page_kind(element);
+    std::vector<int> ids = f_view ? f_view->selected_ids() : std::vector<int>();
+    std::erase_if(ids, [this](int id) {
+        Ivx_layer const *const element = f_document.element(id);
+        return !element || vx_layout_has_page_kind(element);
+    });
+    std::ranges::sort(ids, std::greater(), [this](int id) { return f_document.row_of(id); });
+    return ids;
 }
 
 void Tvx_layout_window::show_selection(int id)
 {
     bool const outer = std::exchange(f_shows_selection, true);
-    QModelIndex const row = f_document.index(f_document.row_of(id));
-    f_list->setCurrentIndex(row);
-    if (!row.isValid())
-        f_list->clearSelection();
+    f_list->setCurrentIndex(f_document.index(f_document.row_of(id)));
+    QItemSelection rows;
+    for (int const selected : f_view->selected_ids())
+        if (QModelIndex const row = f_document.index(f_document.row_of(selected)); row.isValid())
+            rows.select(row, row);
+    f_list->selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect);
     f_shows_selection = outer;
     f_editor->follow(id);
     update_commands();
@@ -198,8 +209,19 @@ void Tvx_layout_window::show_selection(int id)
 
 void Tvx_layout_window::on_list_selection()
 {
-    if (!f_shows_selection)
-        f_view->select_id(f_document.id_at(f_list->currentIndex().row()));
+    if (f_shows_selection)
+        return;
+    QModelIndex const current = f_list->currentIndex();
+    std::vector<int> ids;
+    for (QModelIndex const &row : f_list->selectionModel()->selectedIndexes())
+        if (row != current)
+            ids.push_back(f_document.id_at(row.row()));
+    if (f_list->selectionModel()->isSelected(current))
+        ids.push_back(f_document.id_at(current.row()));
+    f_view->select_ids(std::move(ids));
+    // A page is not selected with others.
+    if (f_list->selectionModel()->selectedIndexes().size() != qsizetype(f_view->selected_ids().size()))
+        show_selection(selected_id());
 }
 
 /// What the hand does to an element whose properties are open goes into them too.
@@ -243,8 +265,10 @@ void Tvx_layout_window::add_element(char const *key, std::function<bool(Ivx_laye
         vx_layout_set_file(element.get(), f_document.name_of(f_view->map_frame()));
     if (fill && !fill(element.get()))
         return;
-    move_aside(element.get());
-    f_view->select_id(f_document.add(std::move(element)));
+    std::vector<Tvx_layout_element_ptr> one;
+    one.push_back(std::move(element));
+    move_aside(one);
+    f_view->select_id(f_document.add(std::move(one.front())));
     f_view->setFocus();
 }
 
@@ -307,46 +331,96 @@ void Tvx_layout_window::on_take_view()
 
 void Tvx_layout_window::on_remove()
 {
-    int const row = f_document.row_of(selected_id());
-    if (f_editor->may_lose_changes(selected_id()) && f_document.remove(selected_id()))
-        f_view->select_id(f_document.id_at(std::min(row, f_document.count() - 2)));
+    std::vector<int> const ids = movable_selection();
+    if (ids.empty() || !std::ranges::all_of(ids, [this](int id) { return f_editor->may_lose_changes(id); }))
+        return;
+    int const row = f_document.row_of(ids.back());
+    {
+        // What the list selects meanwhile is not what anybody means.
+        QScopedValueRollback const own(f_shows_selection, true);
+        f_document.as_one_step([&] {
+            for (int const id : ids)
+                f_document.remove(id);
+        });
+    }
+    f_view->select_id(f_document.id_at(std::min(row, f_document.count() - 2)));
+    show_selection(selected_id());
 }
 
 void Tvx_layout_window::on_copy()
 {
-    vx_layout_clipboard_put(f_document.element(selected_id()));
+    std::vector<Ivx_layer const *> elements;
+    for (int const id : movable_selection())
+        elements.push_back(f_document.element(id));
+    vx_layout_clipboard_put(elements);
     update_commands();
 }
 
-/// It stays where it is, unless it would hide another just as large: what it is a copy of, or the one before.
-void Tvx_layout_window::move_aside(Ivx_layer *element)
+/// They stay where they are, unless one would hide another just as large: what it is a copy of, or the one
+/// before.
+void Tvx_layout_window::move_aside(std::vector<Tvx_layout_element_ptr> const &elements)
 {
-    Tvx_box_d2 box = vx_layout_lr2d_get_box(element);
     auto const is_taken = [&] {
         for (int row = 0; row < f_document.count(); ++row)
-            if (f_document.box_of(f_document.id_at(row)) == box)
-                return true;
+            for (Tvx_layout_element_ptr const &element : elements)
+                if (f_document.box_of(f_document.id_at(row)) == vx_layout_lr2d_get_box(element.get()))
+                    return true;
         return false;
     };
     for (int tries = f_document.count(); tries > 0 && is_taken(); --tries)
-        box = shifted(box);
-    vx_layout_lr2d_set_box(element, box);
+        for (Tvx_layout_element_ptr const &element : elements)
+            vx_layout_lr2d_set_box(element.get(), shifted(vx_layout_lr2d_get_box(element.get())));
+}
+
+/// What belongs to a frame belongs to the frame's copy where that comes along.
+void Tvx_layout_window::add_copies(std::vector<Tvx_layout_element_ptr> copies)
+{
+    std::vector<int> ids;
+    f_document.as_one_step([&] {
+        QHash<QString, QString> frames;
+        for (Tvx_layout_element_ptr &copy : copies) {
+            QString const name = vx_layer_name(copy.get());
+            int const id = f_document.add(std::move(copy));
+            if (id < 0)
+                continue;
+            ids.push_back(id);
+            if (vx_layout_is(f_document.element(id), c_lr_key_layout_scene_frame))
+                frames.insert(name, f_document.name_of(id));
+        }
+        for (int const id : ids)
+            if (Ivx_layer const *const element = f_document.element(id); vx_layout_names_frame(element))
+                if (QString const frame = frames.value(vx_layout_file_of(element)); !frame.isEmpty())
+                    f_document.change(id, [&frame](Ivx_layer *copy) { vx_layout_set_file(copy, frame); });
+    });
+    f_view->select_ids(std::move(ids));
 }
 
 void Tvx_layout_window::on_paste()
 {
-    Tvx_layout_element_ptr element = vx_layout_clipboard_get();
-    if (!element || vx_layout_has_page_kind(element.get()))
+    std::vector<Tvx_layout_element_ptr> elements = vx_layout_clipboard_get();
+    std::erase_if(elements, [](auto const &element) { return vx_layout_has_page_kind(element.get()); });
+    if (elements.empty())
         return;
-    move_aside(element.get());
-    f_view->select_id(f_document.add(std::move(element)));
+    move_aside(elements);
+    add_copies(std::move(elements));
 }
 
 void Tvx_layout_window::on_duplicate()
 {
-    Tvx_layout_element_ptr copy(vx_lr2d_clone(f_document.element(selected_id())));
-    vx_layout_lr2d_set_box(copy.get(), shifted(f_document.box_of(selected_id())));
-    f_view->select_id(f_document.add(std::move(copy)));
+    std::vector<Tvx_layout_element_ptr> copies;
+    for (int const id : movable_selection()) {
+        copies.emplace_back(vx_lr2d_clone(f_document.element(id)));
+        vx_layout_lr2d_set_box(copies.back().get(), shifted(f_document.box_of(id)));
+    }
+    add_copies(std::move(copies));
+}
+
+void Tvx_layout_window::set_visible(bool visible)
+{
+    f_document.as_one_step([&] {
+        for (int const id : std::vector(f_view->selected_ids()))
+            f_document.set_visible(id, visible);
+    });
 }
 
 // ---- files
@@ -467,12 +541,16 @@ void Tvx_layout_window::update_title()
 
 void Tvx_layout_window::update_place_text()
 {
-    Tvx_box_d2 const box = f_document.box_of(selected_id());
+    Tvx_box_d2 const box = f_view->selected_box();
     auto const mm = [](double value) { return QString::number(value, 'f', 1); };
-    f_place_text->setText(f_document.row_of(selected_id()) < 0
-                              ? QString()
-                              : vx_layout_caption(c_lay_status_place)
-                                    .arg(mm(box.min_x), mm(box.min_y), mm(box.width()), mm(box.height())));
+    std::size_t const count = f_view->selected_ids().size();
+    QString place;
+    if (count > 0)
+        place = vx_layout_caption(c_lay_status_place)
+                    .arg(mm(box.min_x), mm(box.min_y), mm(box.width()), mm(box.height()));
+    if (count > 1)
+        place = vx_layout_caption(c_lay_status_several).arg(count) + QStringLiteral("     ") + place;
+    f_place_text->setText(place);
     QString text =
         QStringLiteral("%1 %").arg(std::lround(100 * f_view->place().zoom / vx_options_get_mm2px_x()));
     if (int const frame = f_view->map_frame(); frame >= 0) {

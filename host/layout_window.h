@@ -70,7 +70,8 @@ private:
     void take_into_editor(int id);
 
     void add_element(char const *key, std::function<bool(Ivx_layer *)> const &fill = {});
-    void move_aside(Ivx_layer *element);
+    void add_copies(std::vector<Tvx_layout_element_ptr> copies);
+    void move_aside(std::vector<Tvx_layout_element_ptr> const &elements);
     void add_frame();
     void add_text();
     void add_image();
@@ -80,6 +81,7 @@ private:
     void on_paste();
     void on_duplicate();
     void on_remove();
+    void set_visible(bool visible);
     void on_take_view();
     void on_rename();
     void go_back(bool forward);
@@ -92,7 +94,8 @@ private:
     bool write(QString const &path, writer const &write);
     [[nodiscard]] QString layout_name() const;
     [[nodiscard]] int selected_id() const;
-    [[nodiscard]] bool is_selection_movable() const;
+    /// All but the page, from the lowest.
+    [[nodiscard]] std::vector<int> movable_selection() const;
 
     Tvx_map_layouts &f_layouts;
     Tvx_layout_document f_document;

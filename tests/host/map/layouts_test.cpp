@@ -29,6 +29,8 @@
 #include <QMouseEvent>
 #include <QStatusBar>
 
+#include <set>
+
 using namespace vx_test;
 namespace input = vx::user_input;
 
@@ -174,6 +176,84 @@ TEST_F(layouts, elements_go_with_the_hand_and_come_back)
     EXPECT_EQ(document().row_of(title), 0);
 }
 
+TEST_F(layouts, several_elements_go_together_and_are_one_step)
+{
+    int const title = find(c_lr_key_layout_text);
+    int const legend = find(c_lr_key_layout_legend);
+    int const frame = find(c_lr_key_layout_scene_frame);
+    Tvx_layout_view &view = page->view();
+    std::vector const both{title, legend};
+    int const count = document().count();
+    Tvx_box_d2 const places[] = {document().box_of(title), document().box_of(legend)};
+    auto const order = [&] {
+        std::vector<int> ids;
+        for (int row = 0; row < document().count(); ++row)
+            ids.push_back(document().id_at(row));
+        return ids;
+    };
+    std::vector const before = order();
+    auto const undo = [&] {
+        hand::press(&view, Qt::Key_Z, Qt::ControlModifier);
+        EXPECT_EQ(document().box_of(title), places[0]);
+        EXPECT_EQ(document().box_of(legend), places[1]);
+        EXPECT_EQ(order(), before);
+    };
+
+    hand::click(paper(), middle_of(title));
+    hand::click(paper(), middle_of(legend), Qt::LeftButton, Qt::ControlModifier);
+    EXPECT_EQ(view.selected_ids(), both);
+    EXPECT_EQ(page->list()->selectionModel()->selectedIndexes().size(), 2);
+    hand::drag(paper(), middle_of(title), middle_of(title) + QPoint(9, 14));
+    Tvx_box_d2 const now = document().box_of(legend);
+    EXPECT_NEAR(now.min_x - places[1].min_x, document().box_of(title).min_x - places[0].min_x, 1e-9);
+    EXPECT_NE(now.min_y, places[1].min_y);
+    undo();
+    hand::press(&view, Qt::Key_Right);
+    EXPECT_NEAR(document().box_of(title).min_x, places[0].min_x + 0.5, 1e-9);
+    EXPECT_NEAR(document().box_of(legend).min_x, places[1].min_x + 0.5, 1e-9);
+    undo();
+    page->command("to_front")->trigger();
+    EXPECT_EQ(std::set({document().row_of(title), document().row_of(legend)}), std::set({0, 1}));
+    undo();
+    page->command("to_back")->trigger();
+    EXPECT_EQ(std::set({document().row_of(title), document().row_of(legend)}),
+              std::set({count - 3, count - 2}));
+    undo();
+    hand::press(&view, Qt::Key_Delete);
+    EXPECT_EQ(document().count(), count - 2);
+    EXPECT_EQ(view.selected_ids().size(), 1U);
+    undo();
+
+    // The copy of a legend that comes with its map is of the copied map.
+    view.select_ids({frame, legend});
+    hand::press(&view, Qt::Key_C, Qt::ControlModifier);
+    hand::press(&view, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(document().count(), count + 2);
+    ASSERT_EQ(view.selected_ids().size(), 2U);
+    for (int const id : view.selected_ids())
+        EXPECT_NE(document().frame_of(id), frame);
+    undo();
+
+    // A click takes one of them, another click with Ctrl gives it up; Ctrl and A takes all, Esc none.
+    view.select_ids(both);
+    hand::click(paper(), middle_of(title));
+    EXPECT_EQ(view.selected_ids(), std::vector{title});
+    hand::click(paper(), middle_of(title), Qt::LeftButton, Qt::ShiftModifier);
+    EXPECT_TRUE(view.selected_ids().empty());
+    hand::press(&view, Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(view.selected_ids().size(), std::size_t(count - 1)) << "all but the page";
+    hand::press(&view, Qt::Key_Escape);
+    EXPECT_EQ(view.selected_id(), -1);
+    // A frame round all of the page, and the list.
+    hand::drag(paper(), QPoint(2, 2), QPoint(paper()->width() - 2, paper()->height() - 2));
+    EXPECT_EQ(view.selected_ids().size(), std::size_t(count - 1));
+    hand::click(page->list()->viewport(), hand::text_of(page->list(), document().row_of(title)));
+    EXPECT_EQ(view.selected_ids(), std::vector{title});
+    hand::click(page->list()->viewport(), hand::text_of(page->list(), document().row_of(legend)),
+                Qt::LeftButton, Qt::ControlModifier);
+    EXPECT_EQ(view.selected_ids(), both);
+}
+
 TEST_F(layouts, keys_go_where_the_focus_is)
 {
     int const title = find(c_lr_key_layout_text);
@@ -245,6 +325,8 @@ TEST_F(layouts, properties_change_an_element_when_they_are_applied)
     EXPECT_EQ(text_of(title), "Counties");
     page->command("undo")->trigger();
     EXPECT_EQ(text_of(title), "nc");
+    hand::press(&page->view(), Qt::Key_Escape);
+    EXPECT_EQ(page->editor().handle()->get_form()->GetCaption(), L"Element properties");
 }
 
 TEST_F(layouts, properties_go_with_names_and_with_their_layout)
