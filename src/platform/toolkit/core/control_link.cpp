@@ -335,21 +335,30 @@ bool vx_control_link::filter(QWidget *target, QEvent *event)
     case QEvent::FocusOut:
         focus_out(*static_cast<QFocusEvent *>(event));
         return false;
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop:
+        return drop_event(*static_cast<QDropEvent *>(event));
     default:
         return target == widget && filter_own(event);
     }
 }
 
-/// Files of the desktop over a control that takes them.
+/// Files of the desktop over a control that takes them, or over one that stands in it: an edit would take
+/// their names for text.
 bool vx_control_link::drop_event(QDropEvent &event)
 {
-    auto *const target = dynamic_cast<TWinControl *>(control);
-    if (!target || !target->GetAcceptFiles() || control->IsDestroying())
+    TWinControl *target = vx_windowed(control);
+    while (target && !target->GetAcceptFiles())
+        target = target->GetParent();
+    if (!target || target->IsDestroying())
         return false;
     std::vector<std::wstring> names;
     for (QUrl const &url : event.mimeData()->urls())
         if (url.isLocalFile())
             names.push_back(url.toLocalFile().toStdWString());
+    if (names.empty() && target != control)
+        return false;
     event.setDropAction(Qt::CopyAction);
     event.setAccepted(!names.empty());
     if (!names.empty() && event.type() == QEvent::Drop) {
@@ -389,10 +398,6 @@ bool vx_control_link::filter_own(QEvent *event)
         control->MouseLeave();
         return false;
     }
-    case QEvent::DragEnter:
-    case QEvent::DragMove:
-    case QEvent::Drop:
-        return drop_event(*static_cast<QDropEvent *>(event));
     default:
         return window_event(event);
     }
