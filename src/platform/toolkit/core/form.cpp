@@ -16,6 +16,7 @@
 #include <QtWidgets/QApplication>
 
 #include <algorithm>
+#include <vector>
 
 namespace {
 constexpr int c_width = 320;
@@ -185,7 +186,17 @@ bool TCustomForm::CloseQuery()
 {
     bool can_close = true;
     vx_event_scope const scope;
-    OnCloseQuery(this, can_close);
+    auto const life = Life();
+    // The documents in it close along; each is asked, and a question may end others.
+    for (TCustomForm *const child : std::vector<TCustomForm *>(f_mdi_children)) {
+        if (life.expired())
+            return false;
+        if (std::find(f_mdi_children.begin(), f_mdi_children.end(), child) != f_mdi_children.end() &&
+            !child->CloseQuery())
+            return false;
+    }
+    if (!life.expired())
+        OnCloseQuery(this, can_close);
     return can_close;
 }
 

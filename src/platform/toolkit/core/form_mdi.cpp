@@ -29,6 +29,9 @@ void TCustomForm::make_mdi_area()
         return;
     auto *const area = new QMdiArea(vx_qt_widget(ClientWidget()));
     f_mdi_area = vx_native(static_cast<QWidget *>(area));
+    // A window that was put outside stays in reach.
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     area->lower();
     area->show();
     vx_connect(this, area, &QMdiArea::subWindowActivated, [this](QMdiSubWindow *window) {
