@@ -85,6 +85,10 @@ bool TControl::ManualDock(TWinControl *site, TControl *drop_control, TAlign side
     if (f_host_dock_site && f_host_dock_site != site && !f_host_dock_site->DoUnDock(site, this))
         return false;
     if (!f_host_dock_site) {
+        // What comes loose again has its size of before, not the screen's.
+        auto *const form = dynamic_cast<TCustomForm *>(this);
+        if (form && form->GetWindowState() == wsMaximized)
+            form->SetWindowState(wsNormal);
         f_undock_width = GetWidth();
         f_undock_height = GetHeight();
         f_float_rect = GetBoundsRect();

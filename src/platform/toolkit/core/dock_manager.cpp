@@ -210,3 +210,14 @@ void TDockManager::MoveBorder(TControl *client, TAlign side, int distance)
         }
     }
 }
+
+void TDockManager::ShareEvenly(TControl *client)
+{
+    zone const *const found = f_root ? f_root->find(client) : nullptr;
+    if (!found || !found->parent)
+        return;
+    zone &both = *found->parent;
+    TRect const &first = both.first->rect;
+    int const room = (both.side_by_side ? both.rect.Width() : both.rect.Height()) - c_border;
+    move_border(both, room / 2 - (both.side_by_side ? first.Width() : first.Height()));
+}

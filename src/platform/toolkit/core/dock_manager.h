@@ -23,6 +23,8 @@ public:
     [[nodiscard]] TRect GetControlBounds(TControl const *client) const;
     /// Moves the border beside the client on that side (alLeft, alTop, alRight, alBottom) by some pixels.
     void MoveBorder(TControl *client, TAlign side, int distance);
+    /// The client and what it was put beside get the same room.
+    void ShareEvenly(TControl *client);
 
 private:
     struct zone;

@@ -10,6 +10,11 @@
 #include <QtGui/QPixmap>
 #include <QtWidgets/QWidget>
 
+namespace {
+/// Where the window system can; elsewhere the holes are all that one sees through.
+constexpr double c_opacity = 0.7;
+} // namespace
+
 class TOverlayWindow::view final : public QWidget
 {
 public:
@@ -21,6 +26,7 @@ public:
         setAttribute(Qt::WA_ShowWithoutActivating);
         setAttribute(Qt::WA_TransparentForMouseEvents);
         setAttribute(Qt::WA_QuitOnClose, false);
+        setWindowOpacity(c_opacity);
     }
     void take(QImage const &picture, QColor const &key)
     {

@@ -7,7 +7,8 @@
 
 class TBitmap;
 
-/// A picture above all windows that takes no mouse and no focus. Pixels of the key colour are holes.
+/// A translucent picture above all windows that takes no mouse and no focus. Pixels of the key colour are
+/// holes.
 class VX_API TOverlayWindow : public TObject
 {
 public:
