@@ -35,8 +35,16 @@ public:
         lines->SetAlignWithMargins(true);
         lines->SetAlign(alClient);
         lines->SetAccessibleName(GetCaption());
+        auto *const close = new TButton(this);
+        close->SetParent(this);
+        close->SetCaption(L"\u00d7");
+        close->SetAccessibleName(text(L"Close", L"Закрыть"));
+        close->SetTabStop(false);
+        close->SetAnchors(TAnchors{akTop, akRight});
+        close->SetBounds(GetClientWidth() - c_inset - c_close, c_inset - 2, c_close, c_close);
+        close->OnClick = make_closure<&document::on_close_click>(this);
         f_lines = lines->GetLines();
-        f_lines->Add(text(L"Files can be dropped on the strip.", L"На полосу можно бросать файлы."));
+        f_lines->Add(text(L"Files can be dropped here.", L"Сюда можно бросать файлы."));
         parse_drop_files(true);
         Show();
     }
@@ -53,12 +61,15 @@ protected:
         TCanvas &canvas = *GetCanvas();
         canvas.SetFont(GetFont());
         canvas.GetBrush()->SetStyle(bsClear);
-        canvas.TextOut(c_inset, c_inset, text(L"Drag here", L"Тащите здесь"));
+        canvas.TextOut(c_inset, c_inset, GetCaption() + text(L": drag here", L": тащите здесь"));
     }
 
 private:
     static constexpr int c_strip = 24;
     static constexpr int c_inset = 8;
+    static constexpr int c_close = 18;
+
+    void on_close_click(TObject *) { Close(); }
 
     TStrings *f_lines = nullptr;
 };

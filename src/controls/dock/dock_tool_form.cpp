@@ -20,6 +20,7 @@ Tvx_dock_tool_form::Tvx_dock_tool_form(TComponent *owner)
     DockPanel->SetAlign(alBottom);
     DockPanel->SetAutoSize(true);
     DockPanel->SetDockSite(true);
+    DockPanel->SetUseDockManager(true);
     DockSplitter->SetVisible(false);
     DockSplitter->SetParent(this);
     DockSplitter->SetAlign(alBottom);
@@ -71,7 +72,6 @@ void Tvx_dock_tool_form::DockPanelDockDrop(TObject *, TDragDockObject *source, i
     DockPanel->SetAutoSize(false);
     double const own = GetHeight(), dragged = source->GetControl()->GetUndockHeight();
     DockPanel->SetHeight(std::max(static_cast<int>((own * dragged) / (own + dragged + 1)), 1));
-    source->GetControl()->SetAlign(alClient);
     DockSplitter->SetVisible(true);
     DockSplitter->SetTop(DockPanel->GetTop() - DockSplitter->GetHeight());
     keep_share();

@@ -5,6 +5,7 @@
 
 #include "platform/basic/vx_wstrings_obj.h"
 #include "platform/toolkit/core/application.h"
+#include "platform/toolkit/core/dock_manager.h"
 #include "platform/toolkit/core/screen.h"
 #include "platform/toolkit/graphics/canvas.h"
 
@@ -29,7 +30,7 @@ TCustomForm *form_of_documents()
 } // namespace
 
 Tvx_mdi_child_form::Tvx_mdi_child_form(TComponent *owner, bool plain)
-    : Tvx_form(owner ? owner : static_cast<TComponent *>(Application)), f_plain(plain)
+    : Tvx_form(owner ? owner : static_cast<TComponent *>(Application))
 {
     SetDockSite(true);
     SetDragKind(dkDock);
@@ -133,6 +134,15 @@ void Tvx_mdi_child_form::Activate()
         show_tool_panel();
 }
 
+/// A docked form is no window that is activated: the focus comes into it.
+void Tvx_mdi_child_form::DoEnter()
+{
+    auto const life = Life();
+    Tvx_form::DoEnter();
+    if (!life.expired() && GetHostDockSite())
+        show_tool_panel();
+}
+
 void Tvx_mdi_child_form::Notification(TComponent *component, TOperation operation)
 {
     Tvx_form::Notification(component, operation);
@@ -185,7 +195,24 @@ void Tvx_mdi_child_form::FormDockOver(TObject *, TDragDockObject *source, int x,
     accept = !GetHostDockSite() && dynamic_cast<Tvx_mdi_child_form *>(source->GetControl());
     if (!accept)
         return;
-    TRect place;
+    // In the middle there is no zone: the form goes to the nearest side, and that half is shown.
+    TRect place = GetClientRect();
+    TPoint const origin = GetClientOrigin(), middle = place.CenterPoint();
+    switch (source->GetDropAlign()) {
+    case alLeft:
+        place.Right = middle.X;
+        break;
+    case alRight:
+        place.Left = middle.X;
+        break;
+    case alTop:
+        place.Bottom = middle.Y;
+        break;
+    default:
+        place.Top = middle.Y;
+        break;
+    }
+    place.Offset(origin.X, origin.Y);
     source->SetDropAlign(ComputeDockingRect(place, {x, y}));
     source->SetDockRect(place);
 }
@@ -196,13 +223,16 @@ void Tvx_mdi_child_form::DockDrop(TDragDockObject *source, int x, int y)
     auto *const client = dynamic_cast<Tvx_mdi_child_form *>(source->GetControl());
     if (side == alClient || !client)
         return Tvx_form::DockDrop(source, x, y);
+    TWindowState const state = GetWindowState();
+    SetWindowState(wsNormal);
     TRect const place = GetBoundsRect();
     auto *const host = new Tvx_mdi_conjoin_dock_host(GetOwner());
     host->SetBoundsRect(place);
     ManualDock(host, nullptr, alClient);
     client->ManualDock(host, nullptr, side);
     host->SetVisible(true);
-    host->ShareHalves(client, side);
+    host->SetWindowState(state);
+    host->GetDockManager()->ShareEvenly(client); // as the frame of the drag showed
 }
 
 void Tvx_mdi_child_form::FormEndDock(TObject *, TObject *target, int, int)
@@ -213,9 +243,10 @@ void Tvx_mdi_child_form::FormEndDock(TObject *, TObject *target, int, int)
 void Tvx_mdi_child_form::DoDock(TWinControl *new_site, TRect &rect)
 {
     if (new_site) {
-        if (!f_plain)
-            SetFormStyle(fsNormal);
-    } else if (!f_closing && !f_plain) {
+        SetFormStyle(fsNormal);
+    } else if (!f_closing) {
+        // What was dropped somewhere takes others in again, however it came loose.
+        SetDockSite(true);
         if (TCustomForm const *const form = form_of_documents()) {
             TPoint const origin = form->GetMDIClientOrigin();
             rect.Offset(-origin.X, -origin.Y);

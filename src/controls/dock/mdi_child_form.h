@@ -9,7 +9,8 @@ class Tvx_wstrings_obj;
 class VX_API Tvx_mdi_child_form : public Tvx_form
 {
 public:
-    /// `owner` null: the application. `plain` true leaves the style a normal form's, until the form floats.
+    /// `owner` null: the application. `plain` true leaves the style a normal form's, until the form has
+    /// been docked and floats again.
     explicit Tvx_mdi_child_form(TComponent *owner, bool plain = false);
     ~Tvx_mdi_child_form() override;
 
@@ -24,6 +25,8 @@ public:
     /// What the main form shows in its `MainToolPanel` while this one is active; not owned. A former panel is
     /// taken off.
     void set_tool_panel(TWinControl *panel);
+    /// Shows it, and hides what else stands in `MainToolPanel`.
+    void show_tool_panel();
 
     /// The zone at a point of the client area and the rectangle on the screen that a form dropped there
     /// takes: left, top, right, bottom are tried in this order. `alNone` leaves the rectangle alone.
@@ -31,6 +34,7 @@ public:
 
 protected:
     void Activate() override;
+    void DoEnter() override;
     void Paint() override;
     void DoDock(TWinControl *new_site, TRect &rect) override;
     void DockDrop(TDragDockObject *source, int x, int y) override;
@@ -39,13 +43,11 @@ protected:
     void Notification(TComponent *component, TOperation operation) override;
 
 private:
-    void show_tool_panel();
     void FormGetSiteInfo(TObject *sender, TControl *client, TRect &influence, bool &can_dock);
     void FormDockOver(TObject *sender, TDragDockObject *source, int x, int y, TDragState state, bool &accept);
     void FormEndDock(TObject *sender, TObject *target, int x, int y);
     void on_self_close(TObject *sender, TCloseAction &action);
 
     TWinControl *f_tool_panel = nullptr;
-    bool f_plain;
     bool f_closing = false;
 };

@@ -43,15 +43,17 @@ void Tvx_mdi_conjoin_dock_host::UpdateCaption(TControl *exclude)
     SetCaption(caption);
 }
 
-void Tvx_mdi_conjoin_dock_host::ShareHalves(TControl *client, TAlign side)
+void Tvx_mdi_conjoin_dock_host::Activate()
 {
-    TRect const now = GetDockManager()->GetControlBounds(client);
-    bool const is_beside = side == alLeft || side == alRight;
-    int const less = is_beside ? now.Width() - GetClientWidth() / 2 : now.Height() - GetClientHeight() / 2;
-    if (side == alLeft || side == alTop)
-        GetDockManager()->MoveBorder(client, side == alLeft ? alRight : alBottom, -less);
-    else
-        GetDockManager()->MoveBorder(client, side == alBottom ? alTop : alLeft, less);
+    auto const life = Life();
+    Tvx_form::Activate();
+    if (life.expired())
+        return;
+    for (int i = 0; i < GetDockClientCount(); ++i) {
+        auto *const client = dynamic_cast<Tvx_mdi_child_form *>(GetDockClients(i));
+        if (client && client->ContainsControl(GetActiveControl()))
+            return client->show_tool_panel();
+    }
 }
 
 void Tvx_mdi_conjoin_dock_host::FormGetSiteInfo(TObject *, TControl *client, TRect &, bool &can_dock)

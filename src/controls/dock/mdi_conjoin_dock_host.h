@@ -12,8 +12,9 @@ public:
 
     /// The captions of all that are docked and seen, but for `exclude`, which may be null.
     void UpdateCaption(TControl *exclude);
-    /// Gives a client on this side half of the window, as the frame of its drag showed.
-    void ShareHalves(TControl *client, TAlign side);
+
+protected:
+    void Activate() override;
 
 private:
     void FormGetSiteInfo(TObject *sender, TControl *client, TRect &influence, bool &can_dock);

@@ -3,8 +3,10 @@
 
 #include "platform/basic/vx_wstrings_obj.h"
 #include "platform/toolkit/bridge/qt_widgets.h"
+#include "platform/toolkit/controls/memo.h"
 #include "platform/toolkit/core/application.h"
 #include "platform/toolkit/core/dock_manager.h"
+#include "platform/toolkit/core/key_codes.h"
 
 #include <QtCore/QMimeData>
 #include <QtCore/QUrl>
@@ -143,13 +145,14 @@ TEST_F(documents, the_joint_window_asks_each_before_it_closes)
     host()->Close();
     ui::wait_idle();
     ASSERT_NE(host(), nullptr) << "one refuses";
+    EXPECT_FALSE(main.CloseQuery()) << "for the window around them too";
     first->OnCloseQuery = {};
     host()->Close();
     ui::wait_idle();
     EXPECT_EQ(first->GetHostDockSite(), nullptr);
     EXPECT_EQ(second->GetHostDockSite(), nullptr);
     EXPECT_EQ(main.GetMDIChildCount(), 2) << "both are documents again";
-    EXPECT_TRUE(first->GetDockSite());
+    EXPECT_TRUE(first->GetDockSite() && second->GetDockSite());
     // What is docked takes nobody in.
     second->SetLeft(450);
     ASSERT_TRUE(join(10, 150));
@@ -160,6 +163,53 @@ TEST_F(documents, the_joint_window_asks_each_before_it_closes)
     ui::wait_idle();
     EXPECT_EQ(third->GetHostDockSite(), host());
     EXPECT_EQ(host()->GetCaption(), L"First, Second, Third");
+}
+
+TEST_F(documents, one_document_of_several_is_divided_and_moved)
+{
+    ASSERT_TRUE(join(10, 150));
+    ASSERT_NE(host(), nullptr);
+    auto *const third = new document(&main, L"Third", Bounds(500, 400, 200, 150));
+    ui::wait_idle();
+    auto const drop = [&](document *on, int x, int y) {
+        EXPECT_TRUE(ui::drag(third, 40, 40, on, x, y));
+        ui::wait_idle();
+        ASSERT_EQ(third->GetHostDockSite(), host());
+    };
+    drop(first, first->GetClientWidth() / 2, first->GetClientHeight() - 8);
+    EXPECT_EQ(third->GetLeft(), first->GetLeft());
+    EXPECT_GT(third->GetTop(), first->GetTop());
+    EXPECT_NEAR(third->GetHeight(), first->GetHeight(), 2);
+    EXPECT_GT(second->GetHeight(), 2 * first->GetHeight()) << "the other one is not divided";
+    drop(second, 8, 100);
+    EXPECT_LT(third->GetLeft(), second->GetLeft());
+    EXPECT_NEAR(third->GetWidth(), second->GetWidth(), 2);
+    EXPECT_EQ(first->GetHeight(), second->GetHeight());
+}
+
+TEST_F(documents, a_drag_is_given_up_by_esc_and_shows_where_it_would_end)
+{
+    ASSERT_TRUE(ui::mouse_down(second, 40, 40) && ui::move(second, 20, 60) && ui::move(first, 10, 150));
+    ASSERT_TRUE(second->Dragging());
+    TRect const place = second->GetBoundsRect();
+    ui::press(VK_ESCAPE);
+    EXPECT_FALSE(second->Dragging());
+    ui::mouse_up(first, 10, 150);
+    ui::wait_idle();
+    EXPECT_EQ(host(), nullptr);
+    EXPECT_EQ(second->GetBoundsRect(), place);
+    EXPECT_TRUE(second->GetDockSite());
+
+    // In the middle there is no zone, but a frame.
+    int const w = first->GetClientWidth(), h = first->GetClientHeight();
+    TDragDockObject object(second);
+    object.SetDropAlign(alRight);
+    bool accept = false;
+    first->OnDockOver(first, &object, w / 2 + 10, h / 2, dsDragMove, accept);
+    EXPECT_TRUE(accept);
+    EXPECT_EQ(object.GetDropAlign(), alNone);
+    EXPECT_EQ(object.GetDockRect().Width(), w - w / 2);
+    EXPECT_EQ(object.GetDockRect().Height(), h);
 }
 
 TEST_F(documents, the_tool_panel_follows_the_active_one)
@@ -178,6 +228,18 @@ TEST_F(documents, the_tool_panel_follows_the_active_one)
     ui::wait_idle();
     EXPECT_TRUE(own->GetVisible());
     EXPECT_FALSE(other->GetVisible());
+    // In a joint window the focus says which is the active one.
+    for (document *const each : {first, second}) {
+        auto *const lines = new TMemo(each);
+        lines->SetParent(each);
+        lines->SetBounds(100, 100, 50, 50);
+    }
+    ASSERT_TRUE(join(10, 150));
+    for (document *const each : {second, first, second}) {
+        ASSERT_TRUE(ui::click(each->GetControls(0), 20, 20));
+        EXPECT_EQ(own->GetVisible(), each == first);
+        EXPECT_EQ(other->GetVisible(), each == second);
+    }
     first->set_tool_panel(nullptr);
     EXPECT_EQ(own->GetParent(), nullptr);
     delete other;
@@ -187,7 +249,7 @@ TEST_F(documents, the_tool_panel_follows_the_active_one)
 
 TEST_F(documents, files_are_dropped_once_they_are_asked_for)
 {
-    QWidget *const widget = vx_qt_widget(static_cast<TControl *>(first));
+    QWidget *widget = vx_qt_widget(static_cast<TControl *>(first));
     QMimeData files;
     files.setUrls({QUrl::fromLocalFile("/data/a b.shp"), QUrl("https://example.org/x"),
                    QUrl::fromLocalFile("/data/" + QString(300, 'n') + ".tif")});
@@ -202,6 +264,14 @@ TEST_F(documents, files_are_dropped_once_they_are_asked_for)
     first->parse_drop_files(true);
     drop();
     EXPECT_EQ(first->files, L"/data/a b.shp;/data/" + std::wstring(300, L'n') + L".tif;");
+    first->files.clear();
+    auto *const lines = new TMemo(first);
+    lines->SetParent(first);
+    widget = vx_qt_widget(static_cast<TControl *>(lines));
+    drop();
+    EXPECT_NE(first->files, L"") << "what stands in the form takes none";
+    EXPECT_EQ(lines->GetLines()->GetCount(), 0);
+    widget = vx_qt_widget(static_cast<TControl *>(first));
     first->files.clear();
     first->parse_drop_files(false);
     drop();
