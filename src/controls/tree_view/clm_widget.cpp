@@ -55,6 +55,8 @@ void Tvx_clm_widget::set_column(Ivx_geo_column *column)
 void Tvx_clm_widget::update_controls()
 {
     f_grid->SetRowCount(1 + (f_column ? f_column->get_item_count() : 1));
+    // An empty list has left none of them fixed.
+    f_grid->SetFixedRows(1);
     f_grid->Invalidate();
 }
 

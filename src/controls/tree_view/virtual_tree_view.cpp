@@ -109,8 +109,8 @@ void Tvx_virtual_tree_view::set_model(Tvx_abstract_item_model *model)
     for (int i = 0; i < count; ++i)
         f_tree->AddColumn();
     f_tree->SetAutoSizeIndex(0);
-    load_header();
     for (int i = 0; i < count; ++i) {
+        load_header(i);
         TVirtualTreeColumn *const column = f_tree->GetColumn(i);
         column->SetImageIndex(model->header_image(i));
         column->SetWidth(model->header_size(i));
@@ -124,18 +124,16 @@ void Tvx_virtual_tree_view::set_model(Tvx_abstract_item_model *model)
     }
 }
 
-void Tvx_virtual_tree_view::load_header()
+void Tvx_virtual_tree_view::load_header(int column)
 {
-    for (int i = 0; i < f_tree->GetColumnCount(); ++i) {
-        Tvx_vcl_text_adapter<TVirtualTreeColumn> adapter(f_tree->GetColumn(i));
-        f_model->header_caption(i, adapter);
-    }
+    Tvx_vcl_text_adapter<TVirtualTreeColumn> adapter(f_tree->GetColumn(column));
+    f_model->header_caption(column, adapter);
 }
 
 void Tvx_virtual_tree_view::load_res()
 {
-    if (f_model)
-        load_header();
+    for (int i = 0; f_model && i < f_tree->GetColumnCount(); ++i)
+        load_header(i);
 }
 
 void Tvx_virtual_tree_view::update_tree()
@@ -351,13 +349,14 @@ void Tvx_virtual_tree_view::on_drag_allowed(TObject *, PVirtualNode node, int co
     allowed = f_model && f_model->moveable(index_of(node, column));
 }
 
-void Tvx_virtual_tree_view::on_drag_over(TObject *, TObject *, TDragState, TPoint const &point, TDropMode,
-                                         int &effect, bool &accept)
+void Tvx_virtual_tree_view::on_drag_over(TObject *, TObject *source, TDragState, TPoint const &point,
+                                         TDropMode, int &effect, bool &accept)
 {
     effect = DROPEFFECT_MOVE;
     PVirtualNode const to = f_tree->GetNodeAt(point.X, point.Y);
     PVirtualNode const from = f_tree->GetFocusedNode();
-    accept = f_model && to && from && f_model->moveable(index_of(from), index_of(to));
+    // What comes from elsewhere is no item of the model.
+    accept = f_model && source == f_tree && to && from && f_model->moveable(index_of(from), index_of(to));
 }
 
 void Tvx_virtual_tree_view::on_drag_drop(TObject *, TObject *, TPoint const &, int &effect, TDropMode mode)

@@ -42,7 +42,7 @@ public:
 
 private:
     [[nodiscard]] Tvx_model_index index_of(PVirtualNode node, int column = 0) const;
-    void load_header();
+    void load_header(int column);
     void tell_selection(PVirtualNode node, int level);
     void end_press();
 

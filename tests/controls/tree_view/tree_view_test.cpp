@@ -80,10 +80,17 @@ public:
     }
     void header_caption(int column, Ivx_string_adp *caption) override
     {
+        note_head("caption", column);
         vx_string_adp_feed(caption, column == 0 ? L"Name" : L"x");
     }
-    int header_flags(int column) override { return column == 2 ? 0 : c_header_resizable; }
-    int header_size(int column) override { return 40 + column; }
+    int header_image(int column) override { return note_head("image", column), -1; }
+    int header_flags(int column) override
+    {
+        note_head("flags", column);
+        return column == 2 ? 0 : c_header_resizable;
+    }
+    int header_size(int column) override { return note_head("size", column), 40 + column; }
+    void note_head(std::string const &what, int column) { heads += what + std::to_string(column) + " "; }
     bool headr_click(int column) override
     {
         note("header " + std::to_string(column));
@@ -125,6 +132,7 @@ public:
     item &of(Tvx_model_index const &index) { return index.data ? *static_cast<item *>(index.data) : root; }
 
     item root;
+    std::string heads; ///< what was asked about columns
     item *focus = nullptr;
     int asked = 0;
     Tvx_virtual_tree_view *when_told = nullptr; ///< updated while the model is told something
@@ -334,6 +342,8 @@ TEST_F(tree_view, drops_above_on_and_below)
 TEST_F(tree_view, shows_columns_wrong_items_and_hides_nothing_of_them)
 {
     EXPECT_EQ(tree->GetColumnCount(), 3);
+    EXPECT_EQ(model.heads, "caption0 image0 size0 flags0 caption1 image1 size1 flags1 "
+                           "caption2 image2 size2 flags2 ");
     EXPECT_EQ(tree->GetColumn(1)->GetWidth(), 41);
     EXPECT_FALSE(tree->GetColumn(2)->GetResizable());
     EXPECT_EQ(tree->GetColumn(0)->GetText(), L"Name");
@@ -343,7 +353,9 @@ TEST_F(tree_view, shows_columns_wrong_items_and_hides_nothing_of_them)
     EXPECT_EQ(pixel(place.Right - 3, place.CenterPoint().Y), clRed);
     EXPECT_NE(pixel(other.Right - 3, place.CenterPoint().Y), clRed);
     ASSERT_TRUE(click(node(0)));
-    EXPECT_EQ(pixel(place.Right - 3, tree->GetDisplayRect(node(0), 0).CenterPoint().Y), clYellow);
+    int const chosen = tree->GetDisplayRect(node(0), 0).CenterPoint().Y;
+    EXPECT_EQ(pixel(place.Right - 3, chosen), clYellow);
+    EXPECT_NE(pixel(other.Right - 3, chosen), clYellow) << "buttons are no part of the selection";
     // The header is a row of buttons as well.
     changes = 0;
     model.take();
@@ -351,6 +363,44 @@ TEST_F(tree_view, shows_columns_wrong_items_and_hides_nothing_of_them)
     ASSERT_TRUE(ui::click(tree, other.Left + 10, 9));
     EXPECT_EQ(model.take(), (calls{"header 0", "header 1"}));
     EXPECT_EQ(changes, 1);
+}
+
+TEST_F(tree_view, a_double_click_edits_and_buttons_bear_an_unsteady_hand)
+{
+    TPoint const name = at(node(1)), button = at(node(2), 1);
+    ASSERT_TRUE(ui::double_click(tree, name.X, name.Y));
+    EXPECT_TRUE(tree->IsEditing());
+    EXPECT_FALSE(tree->GetExpanded(node(1)));
+    ASSERT_TRUE(ui::press(VK_ESCAPE));
+    model.take();
+    ASSERT_TRUE(ui::click(tree, button.X, button.Y, mbRight));
+    EXPECT_EQ(model.take(), calls()) << "neither focus nor selection";
+    EXPECT_EQ(tree->GetFocusedColumn(), 0);
+    ASSERT_TRUE(ui::drag(tree, button.X - 6, button.Y, button.X + 16, button.Y));
+    EXPECT_EQ(model.take(), (calls{"begin", "end", "click 0/2/1"})) << "a slip is no drag of other items";
+}
+
+TEST_F(tree_view, a_drag_scrolls_opens_what_it_rests_on_and_is_given_up_by_esc)
+{
+    for (int i = 0; i < 40; ++i)
+        model.root.add(L"more");
+    view->update_controls();
+    ui::wait_idle();
+    TPoint const from = at(node(0)), to = at(node(1));
+    model.take();
+    ASSERT_TRUE(ui::mouse_down(tree, from.X, from.Y) && ui::move(tree, to.X, to.Y - 2) &&
+                ui::move(tree, to.X, to.Y));
+    ASSERT_TRUE(tree->Dragging());
+    EXPECT_TRUE(ui::wait_until([&] { return tree->GetExpanded(node(1)); }, 20'000));
+    ASSERT_TRUE(ui::move(tree, to.X, tree->GetClientHeight() - 4));
+    EXPECT_TRUE(ui::wait_until([&] { return tree->GetDisplayRect(node(0), 0).IsEmpty(); }, 20'000));
+    ASSERT_TRUE(ui::press(VK_ESCAPE));
+    EXPECT_FALSE(tree->Dragging());
+    EXPECT_TRUE(form.GetVisible());
+    ui::mouse_up(tree, to.X, to.Y);
+    calls const told = model.take_short();
+    EXPECT_EQ(std::ranges::count(told, "begin"), std::ranges::count(told, "end"));
+    EXPECT_TRUE(std::ranges::none_of(told, [](auto const &c) { return c.starts_with("move"); }));
 }
 
 /// The view ends while the model is told something: nothing of it is touched afterwards.
@@ -415,6 +465,13 @@ TEST(clm_widget, names_and_switches)
     form.Show();
     ui::wait_idle();
     EXPECT_EQ(grid->GetRowCount(), 3);
+    std::unique_ptr<Ivx_geo_column, decltype(&vx_geo_column_destroy)> const empty(vx_geo_column_create(),
+                                                                                  &vx_geo_column_destroy);
+    for (Ivx_geo_column *const shown : {empty.get(), column.get()}) {
+        widget->set_column(shown);
+        widget->update_controls();
+    }
+    EXPECT_EQ(grid->GetFixedRows(), 1) << "the header is one after an empty list too";
     EXPECT_EQ(grid->GetColWidths(0), 32);
     EXPECT_EQ(grid->GetColWidths(3), 96);
     EXPECT_EQ(grid->GetColWidths(1),

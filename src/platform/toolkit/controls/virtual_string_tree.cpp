@@ -2,6 +2,7 @@
 
 #include "platform/base/flag_scope.h"
 #include "platform/toolkit/bridge/detail/control_link.h"
+#include "platform/toolkit/bridge/detail/drag_session.h"
 #include "platform/toolkit/bridge/qt_events.h"
 #include "platform/toolkit/bridge/qt_graphics.h"
 #include "platform/toolkit/bridge/qt_values.h"
@@ -11,6 +12,8 @@
 #include "platform/toolkit/graphics/image_list.h"
 
 #include <QtCore/QAbstractItemModel>
+#include <QtCore/QBasicTimer>
+#include <QtCore/QElapsedTimer>
 #include <QtCore/QItemSelectionModel>
 #include <QtCore/QPersistentModelIndex>
 #include <QtCore/QPointer>
@@ -20,6 +23,7 @@
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPainter>
 #include <QtGui/QPixmap>
+#include <QtGui/QTextDocument>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QHeaderView>
 #include <QtWidgets/QScrollBar>
@@ -37,9 +41,10 @@ constexpr int c_line_height = 18;
 constexpr int c_header_height = 18;
 constexpr int c_most_header_height = 100;
 constexpr int c_least_column = 10;
-/// Near an edge of the tree a drag scrolls.
+/// Near an edge of the tree a drag scrolls, a line each tick; a closed branch it opens after a while.
 constexpr int c_scroll_zone = 12;
-
+constexpr int c_drag_tick = 80;         ///< milliseconds
+constexpr int c_drag_open_delay = 1000; ///< milliseconds
 } // namespace
 
 /// Children of one node. They stand in a few blocks, mostly one, that never move.
@@ -274,16 +279,16 @@ public:
     }
     [[nodiscard]] QVariant data(QModelIndex const &index, int role) const override
     {
-        if (!index.isValid() || !f_owner || f_owner->IsDestroying())
+        bool const hint = role == Qt::ToolTipRole && f_owner && f_owner->GetShowHint();
+        if (!index.isValid() || !f_owner || f_owner->IsDestroying() ||
+            (!hint && role != Qt::DisplayRole && role != Qt::EditRole))
             return {};
+        auto const &asked = hint ? f_owner->OnGetHint : f_owner->OnGetText;
         UnicodeString text;
-        if (role == Qt::DisplayRole || role == Qt::EditRole)
-            vx_guarded([&] { f_owner->OnGetText(f_owner, node(index), index.column(), text); });
-        else if (role == Qt::ToolTipRole && f_owner->GetShowHint())
-            vx_guarded([&] { f_owner->OnGetHint(f_owner, node(index), index.column(), text); });
-        else
-            return {};
-        return vx_qt_string(text);
+        vx_guarded([&] { asked(f_owner, node(index), index.column(), text); });
+        QString const shown = vx_qt_string(text);
+        // A hint is a text too, whatever is in it.
+        return hint && Qt::mightBeRichText(shown) ? Qt::convertFromPlainText(shown) : shown;
     }
     bool setData(QModelIndex const &index, QVariant const &value, int role) override
     {
@@ -431,6 +436,7 @@ protected:
         TVirtualTreeColumn const *const column =
             owner ? owner->GetColumn(logicalIndexAt(event->position().toPoint())) : nullptr;
         setSectionsMovable(column && column->GetDraggable());
+        setFirstSectionMovable(true);
         QHeaderView::mousePressEvent(event);
     }
 };
@@ -469,8 +475,99 @@ public:
         if (is_stale && owner)
             take_over();
     }
+    /// Something is dragged over the tree; nothing any more.
+    void drag_at(QPoint at)
+    {
+        QModelIndex const now = indexAt(at).siblingAtColumn(0);
+        if (now != f_drag_over || !f_drag_timer.isActive())
+            f_drag_since.start();
+        f_drag_over = now;
+        f_drag_at = at;
+        if (!f_drag_timer.isActive())
+            f_drag_timer.start(c_drag_tick, this);
+    }
+    void drag_gone()
+    {
+        f_drag_timer.stop();
+        f_drag_over = QPersistentModelIndex();
+    }
+    /// A branch that the user opens shows as much of itself as there is room for.
+    void branch_opened(QModelIndex const &index)
+    {
+        if (!f_by_user)
+            return;
+        if (int const count = model()->rowCount(index); count > 0)
+            scrollTo(model()->index(count - 1, 0, index));
+        scrollTo(index);
+    }
 
 protected:
+    void timerEvent(QTimerEvent *event) override
+    {
+        if (event->timerId() != f_drag_timer.timerId())
+            return QTreeView::timerEvent(event);
+        if (!owner || !vx_drag_session::source())
+            return drag_gone();
+        QScrollBar *const bar = verticalScrollBar();
+        int const before = bar->value();
+        if (f_drag_at.y() < c_scroll_zone)
+            bar->setValue(before - 1);
+        else if (f_drag_at.y() >= viewport()->height() - c_scroll_zone)
+            bar->setValue(before + 1);
+        bool const opens = f_drag_over.isValid() && f_drag_since.hasExpired(c_drag_open_delay) &&
+                           model()->hasChildren(f_drag_over) && !isExpanded(f_drag_over);
+        if (opens) {
+            vx::flag_scope const by_user(f_by_user);
+            expand(f_drag_over);
+            executeDelayedItemsLayout();
+        }
+        if (opens || bar->value() != before)
+            vx_guarded([] { vx_drag_session::again(); });
+    }
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        QPointer<view> const alive(this);
+        f_by_user = true;
+        QTreeView::keyPressEvent(event);
+        if (alive)
+            f_by_user = false;
+    }
+    /// Lines between the cells and between the branches.
+    void drawRow(QPainter *painter, QStyleOptionViewItem const &option,
+                 QModelIndex const &index) const override
+    {
+        QTreeView::drawRow(painter, option, index);
+        QRect const row = option.rect;
+        painter->save();
+        painter->setPen(palette().color(QPalette::Button));
+        int right = row.left();
+        for (int i = 0; i < header()->count(); ++i) {
+            int const edge = columnViewportPosition(i) + columnWidth(i) - 1;
+            painter->drawLine(edge, row.top(), edge, row.bottom());
+            right = std::max(right, edge);
+        }
+        painter->drawLine(row.left(), row.bottom(), right, row.bottom());
+        painter->restore();
+    }
+    void drawBranches(QPainter *painter, QRect const &rect, QModelIndex const &index) const override
+    {
+        int const indent = indentation(), middle = rect.center().y();
+        int const forth = isRightToLeft() ? -1 : 1;
+        int x = (isRightToLeft() ? rect.left() : rect.right()) - forth * indent / 2;
+        painter->save();
+        painter->setPen(QPen(palette().color(QPalette::Mid), 1, Qt::DotLine));
+        painter->drawLine(x, middle, x + forth * indent / 2, middle);
+        for (QModelIndex at = index; at.isValid(); at = at.parent(), x -= forth * indent) {
+            bool const is_first = at.row() == 0 && !at.parent().isValid();
+            bool const is_last = !at.siblingAtRow(at.row() + 1).isValid();
+            int const from = at == index && is_first ? middle : rect.top();
+            int const to = at == index && is_last ? middle : rect.bottom();
+            if (at == index || !is_last)
+                painter->drawLine(x, from, x, to);
+        }
+        painter->restore();
+        QTreeView::drawBranches(painter, rect, index);
+    }
     void paintEvent(QPaintEvent *event) override
     {
         settle();
@@ -510,23 +607,27 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent *event) override { press(*event, true); }
     void mouseMoveEvent(QMouseEvent *event) override
     {
-        // Nothing is selected by drawing the mouse over it: a node that is drawn away is dragged.
+        // Nothing is selected by drawing the mouse over it: a node that is drawn away is dragged. A press
+        // that was refused is a button's, however unsteady the hand.
         if (!(event->buttons() & Qt::LeftButton)) {
             QTreeView::mouseMoveEvent(event);
             return;
         }
         QPoint const at = event->position().toPoint();
-        if (!owner || !f_pressed.isValid() ||
+        if (!owner || f_is_refused || f_is_still || !f_pressed.isValid() ||
             (at - f_pressed_at).manhattanLength() < QApplication::startDragDistance())
             return;
-        QModelIndex const pressed = std::exchange(f_pressed, QPersistentModelIndex());
+        f_is_still = true;
+        QModelIndex const pressed = f_pressed;
         QPointer<view> const alive(this);
         vx_guarded([&] {
             vx_event_scope const scope;
             bool allowed = false;
             owner->OnDragAllowed(owner, model_nodes()->node(pressed), pressed.column(), allowed);
-            if (allowed && alive && owner)
-                owner->BeginDrag(true);
+            if (!allowed || !alive || !owner)
+                return;
+            f_pressed = QPersistentModelIndex();
+            owner->BeginDrag(true);
         });
     }
     void mouseReleaseEvent(QMouseEvent *event) override
@@ -620,32 +721,43 @@ private:
         bool const left = event.button() == Qt::LeftButton;
         settle();
         f_pressed = QPersistentModelIndex();
-        f_is_refused = false;
+        f_is_refused = f_is_still = false;
         if (!tell(event, true))
             return;
         QPersistentModelIndex const under = indexAt(at);
         bool const on_mark = under.isValid() && is_on_mark(under, at);
-        if (left && under.isValid() && !on_mark) {
+        if (under.isValid() && !on_mark) {
             bool allowed = true;
             vx_guarded([&] { allowed = owner->may_focus(model_nodes()->node(under), under.column()); });
             if (!owner || !under.isValid())
                 return;
-            f_pressed = under;
+            if (left)
+                f_pressed = under;
             f_pressed_at = at;
             if (!allowed) {
                 f_is_refused = true;
                 return;
             }
         }
-        if (twice)
+        QPointer<view> const alive(this);
+        f_by_user = true;
+        if (twice && !on_mark)
             QTreeView::mouseDoubleClickEvent(&event);
         else
             QTreeView::mousePressEvent(&event);
+        if (alive)
+            f_by_user = false;
     }
 
     QPersistentModelIndex f_pressed;
     QPoint f_pressed_at;
     bool f_is_refused = false;
+    bool f_is_still = false; ///< the pressed node may not be dragged
+    bool f_by_user = false;
+    QBasicTimer f_drag_timer;
+    QPersistentModelIndex f_drag_over;
+    QPoint f_drag_at;
+    QElapsedTimer f_drag_since; ///< it is over that node
 };
 
 /// Draws a cell: what the program paints below, picture, text in the font that it chose.
@@ -663,7 +775,9 @@ public:
         QStyle const *const style = option.widget->style();
         QPalette::ColorGroup const group =
             option.state & QStyle::State_Enabled ? QPalette::Active : QPalette::Disabled;
-        if (node->is_selected)
+        // The cell that takes the focus shows the selection; the others are no part of it.
+        bool const lit = node->is_selected && index.column() == f_owner->f_nodes->focused_column();
+        if (lit)
             painter->fillRect(option.rect, option.palette.color(group, QPalette::Highlight));
         TVirtualTreeColumn const *const column = f_owner->GetColumn(index.column());
         int const margin = column ? column->GetMargin() : 4, spacing = column ? column->GetSpacing() : 4;
@@ -689,8 +803,7 @@ public:
         });
         painter->save();
         painter->setFont(font);
-        painter->setPen(
-            option.palette.color(group, node->is_selected ? QPalette::HighlightedText : QPalette::Text));
+        painter->setPen(option.palette.color(group, lit ? QPalette::HighlightedText : QPalette::Text));
         QString const text =
             painter->fontMetrics().elidedText(index.data().toString(), Qt::ElideRight, room.width());
         painter->drawText(room, Qt::AlignVCenter | Qt::AlignLeading | Qt::TextSingleLine, text);
@@ -810,7 +923,11 @@ void TVirtualStringTree::SetHeaderHeight(int height)
 
 void TVirtualStringTree::SetHeaderFont(TFont const *font)
 {
-    native()->header()->setFont(vx_qt_font(*font));
+    QHeaderView *const head = native()->header();
+    head->setFont(vx_qt_font(*font));
+    QPalette colors = head->palette();
+    colors.setColor(QPalette::ButtonText, vx_qt_color(font->GetColor()));
+    head->setPalette(colors);
 }
 
 // ---- the tree
@@ -841,10 +958,14 @@ TVirtualStringTree::TVirtualStringTree(TComponent *owner)
     tree->setItemDelegate(draws);
     tree->setUniformRowHeights(true);
     tree->setAllColumnsShowFocus(false);
+    tree->setTreePosition(0);
+    tree->setExpandsOnDoubleClick(false);
     tree->setSelectionMode(QAbstractItemView::ExtendedSelection);
     tree->setSelectionBehavior(QAbstractItemView::SelectRows);
-    tree->setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::SelectedClicked);
+    tree->setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::DoubleClicked);
     tree->setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
+    vx_connect(this, tree, &QTreeView::expanded,
+               [tree](QModelIndex const &branch) { tree->branch_opened(branch); });
     vx_connect(this, head, &QHeaderView::sectionClicked, [this](int column) { OnHeaderClick(this, column); });
     vx_connect(this, chosen, &QItemSelectionModel::currentChanged,
                [this](QModelIndex const &now, QModelIndex const &) {
@@ -1212,12 +1333,11 @@ void TVirtualStringTree::DragOver(TObject *source, int x, int y, TDragState stat
     accept = accept && state != dsDragLeave;
     if (!accept)
         show_drop(nullptr, dmNowhere);
-    QScrollBar *const bar = native()->verticalScrollBar();
-    int const top = native()->viewport()->y(), bottom = top + native()->viewport()->height();
-    if (state != dsDragLeave && y < top + c_scroll_zone)
-        bar->setValue(bar->value() - 1);
-    else if (state != dsDragLeave && y >= bottom - c_scroll_zone)
-        bar->setValue(bar->value() + 1);
+    view *const tree = native();
+    if (state == dsDragLeave)
+        tree->drag_gone();
+    else
+        tree->drag_at(tree->viewport()->mapFrom(tree, QPoint(x, y)));
 }
 
 void TVirtualStringTree::DragDrop(TObject *source, int x, int y)
@@ -1236,5 +1356,6 @@ void TVirtualStringTree::DragDrop(TObject *source, int x, int y)
 void TVirtualStringTree::DoEndDrag(TObject *target, int x, int y)
 {
     show_drop(nullptr, dmNowhere);
+    native()->drag_gone();
     TWinControl::DoEndDrag(target, x, y);
 }

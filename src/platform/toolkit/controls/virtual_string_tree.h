@@ -85,10 +85,12 @@ private:
 /// has children. `OnInitNode` runs when a node comes to be, which is when the children of its parent are
 /// first shown or walked over; `OnInitChildren` when its own children are.
 ///
-/// The user selects several nodes as long as they have one parent. A press that `OnFocusChanging` refuses
-/// changes neither focus nor selection; its release in the same cell runs `OnColumnClick` like any other.
-/// Nothing that the program does fires `OnChange`, `OnFocusChanging`, `OnFocusChanged`; the user's actions
-/// do. `OnMouseDown` runs before a press selects, `OnMouseUp` before the click is told.
+/// The user selects several nodes as long as they have one parent; the cell with the focus shows it. A double
+/// click edits, and while something is dragged the tree scrolls at its edges and opens branches. A press that
+/// `OnFocusChanging` refuses changes neither focus nor selection; its release in the same cell runs
+/// `OnColumnClick` like any other. Nothing that the program does fires `OnChange`, `OnFocusChanging`,
+/// `OnFocusChanged`; the user's actions do. `OnMouseDown` runs before a press selects, `OnMouseUp` before the
+/// click is told.
 class VX_API TVirtualStringTree : public TWinControl
 {
 public:
