@@ -106,6 +106,19 @@ void TCustomForm::apply_visible()
         DoHide();
 }
 
+/// Window managers take a tool window for a helper that never gets the focus back, not even from a dialog of
+/// its own, unless it says that it is a dialog. That can be said only of a native window not yet shown.
+static void become_dialog(QWidget *window)
+{
+    if (window->windowType() != Qt::Tool || window->isVisible())
+        return;
+    bool const is_native = window->testAttribute(Qt::WA_NativeWindow);
+    window->setAttribute(Qt::WA_X11NetWmWindowTypeDialog, false);
+    window->winId();
+    window->setAttribute(Qt::WA_X11NetWmWindowTypeDialog);
+    window->setAttribute(Qt::WA_NativeWindow, is_native); // it may come to lie in another window
+}
+
 void TCustomForm::show_window()
 {
     if (!f_shown) {
@@ -122,6 +135,7 @@ void TCustomForm::show_window()
         vx_qt_widget(f_mdi_frame)->show();
     } else {
         focus_first();
+        become_dialog(vx_qt_widget(this));
         vx_qt_widget(this)->show();
     }
     settle_activation();
