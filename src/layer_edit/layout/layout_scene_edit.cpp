@@ -113,8 +113,11 @@ void Tvx_layout_scene_edit::on_scn_scale_changed(TObject *sender)
     // Decimals can be typed as soon as the number has come down to where they count.
     auto *const typed = sender == f_scale_y ? f_scale_y : f_scale_x;
     typed->set_precision(precision_of(typed->get_size()));
-    if (!has_two)
-        show(f_scale_y, x);
+    if (!has_two) {
+        double now = 0;
+        vx_layout_scene_frame_lr2d_get_scale(f_lr2d, nullptr, &now);
+        show(f_scale_y, now); // which what cannot be a scale has not changed
+    }
     call_changed();
 }
 

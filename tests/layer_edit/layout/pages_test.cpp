@@ -105,6 +105,8 @@ TEST_F(layout_pages, scales_go_by_the_axes_of_the_scene)
     EXPECT_EQ(scale_of(frame), std::pair(2.5, 2.5))
         << "decimals count from 10 downwards, while one types too";
     EXPECT_EQ(shown(page->get_scale_y()), L"2.500");
+    ASSERT_TRUE(input::enter_text(page->get_scale_x()->get_edit(), L"-3"));
+    EXPECT_EQ(shown(page->get_scale_y()), L"2.500") << "the scale in force";
     ASSERT_TRUE(input::enter_text(page->get_scale_x()->get_edit(), L"0"));
     EXPECT_TRUE(input::press(VK_RETURN));
     EXPECT_EQ(shown(page->get_scale_x()), L"2.500") << "what is no scale gives way at the end";
