@@ -6,7 +6,10 @@
 #include "platform/render/vx_layer_classes.h"
 #include "platform/render/vx_map_view.h"
 
+#include <QtCore/QByteArray>
+
 #include <set>
+#include <sys/stat.h>
 #include <vector>
 
 namespace {
@@ -156,18 +159,44 @@ TEST(layout_page, pictures_are_drawn_and_hostile_ones_refused)
     for (int i = 0; i < 2 * c_deep; ++i)
         deep += i < c_deep ? "<g>" : "</g>";
     Ivx_layer *const image = s.add(c_lr_key_layout_image, {10, 10, 50, 50});
-    for (auto const &[content, is_drawn] :
-         {std::pair{red, true}, {bomb, false}, {deep, false}, {"<use xlink:href='#r0'/>" + red, true}}) {
+    auto const set_drawing = [&](std::string const &content, std::string const &before = {}) {
         auto const file = folder / "picture.svg";
         std::ofstream(file)
-            << "<svg xmlns='http://www.w3.org/2000/svg' xmlns:xlink='http://www.w3.org/1999/xlink' "
-               "viewBox='0 0 40 20'>" +
+            << before +
+                   "<svg xmlns='http://www.w3.org/2000/svg' xmlns:xlink='http://www.w3.org/1999/xlink' "
+                   "viewBox='0 0 40 20'>" +
                    content + "</svg>";
         vx_lr2d_set_wfilename(image, file.wstring().c_str());
+    };
+    for (auto const &[content, is_drawn] :
+         {std::pair{red, true}, {bomb, false}, {deep, false}, {"<use xlink:href='#r0'/>" + red, true}}) {
+        set_drawing(content);
         EXPECT_EQ(s.draw(), is_drawn);
         EXPECT_EQ(s.at(20, 25) == c_red, is_drawn);
         EXPECT_EQ(s.at(20, 16), c_white) << "the picture keeps its proportions";
     }
+    // What it would take from other files is left out, and that is told. Who reads the pipe waits forever.
+    std::string const pipe = (folder / "pipe").string();
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    std::string const other = "<image width='9' height='9' xlink:href='";
+    QByteArray const inner = ("<svg xmlns='http://www.w3.org/2000/svg' xmlns:xlink='http://www.w3.org/1999/"
+                              "xlink' width='9' height='9'>" +
+                              other + pipe + "'/></svg>")
+                                 .c_str();
+    for (auto const &[before, content] :
+         {std::pair<std::string, std::string>{"", other + pipe + "'/>"},
+          {"", other + "data:image/png;base64," + inner.toBase64().toStdString() + "'/>"},
+          {"<?xml version=\"1.0\"?><?xml-stylesheet type=\"text/css\" href=\"" + pipe + "\"?>", ""}}) {
+        set_drawing(content + red, before);
+        EXPECT_FALSE(s.draw());
+        EXPECT_EQ(s.at(20, 25), c_red);
+    }
+    constexpr char c_dot[] =
+        "iVBORw0KGgoAAAANSUhEUgAAAAEAAAABCAYAAAAfFcSJAAAADUlEQVR42mNkYPhfDwAChwGA60e6kgAAAABJRU5"
+        "ErkJggg==";
+    set_drawing(red + other + "data:image/png;base64," + c_dot + "'/>");
+    EXPECT_TRUE(s.draw()) << "what stands in it is drawn";
+
     vx_layout_image_lr2d_set_keep_ratio(image, false);
     ASSERT_TRUE(s.draw());
     EXPECT_EQ(s.at(20, 12), c_red);

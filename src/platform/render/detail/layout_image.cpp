@@ -11,6 +11,7 @@
 #include <QtCore/QSize>
 #include <QtCore/QString>
 #include <QtCore/QXmlStreamReader>
+#include <QtCore/QXmlStreamWriter>
 #include <QtGui/QImage>
 #include <QtGui/QImageReader>
 #include <QtGui/QPainter>
@@ -118,13 +119,71 @@ private:
     bool f_is_sane = false;
 };
 
+bool has_known_format(QImageReader &reader)
+{
+    reader.setDecideFormatFromContent(true);
+    auto const formats = {"png", "jpeg", "jpg", "tiff", "tif", "bmp", "gif", "webp"};
+    return std::ranges::any_of(formats, [&](char const *format) { return reader.format() == format; });
+}
+
+/// Whether a picture in a drawing stands there itself, not larger than `room` pixels, of which it takes its
+/// part. It may not be another drawing.
+bool is_embedded(QString const &source, double &room)
+{
+    constexpr QLatin1String c_begin("data:"), c_mark("base64,");
+    auto const at = source.lastIndexOf(c_mark);
+    if (!source.startsWith(c_begin) || at < 0)
+        return source.isEmpty();
+    QByteArray bytes = QByteArray::fromBase64(source.mid(at + c_mark.size()).toLatin1());
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer);
+    if (!has_known_format(reader))
+        return false;
+    QSize const size = reader.size();
+    room -= double(size.width()) * size.height();
+    return room >= 0;
+}
+
+/// The drawing without what its reader would take from other files, which may be anything: a pipe that
+/// nobody writes to, or a device without end. The same bytes where there is nothing of that; none where they
+/// cannot be read.
+QByteArray without_other_files(QByteArray const &bytes)
+{
+    QByteArray kept;
+    QXmlStreamReader xml(bytes);
+    xml.setNamespaceProcessing(false); // names stay as they are written
+    QXmlStreamWriter writer(&kept);
+    auto const name_of = [](QStringView whole) { return whole.mid(whole.lastIndexOf(u':') + 1); };
+    bool is_changed = false;
+    double room = c_most_pixels;
+    while (!xml.atEnd()) {
+        auto const token = xml.readNext();
+        bool is_other = token == QXmlStreamReader::ProcessingInstruction; // a style sheet
+        if (token == QXmlStreamReader::StartElement && name_of(xml.name()) == QLatin1String("image")) {
+            for (auto const &attribute : xml.attributes())
+                is_other = is_other || (name_of(attribute.qualifiedName()) == QLatin1String("href") &&
+                                        !is_embedded(attribute.value().toString(), room));
+            if (is_other)
+                xml.skipCurrentElement();
+        }
+        is_changed = is_changed || is_other;
+        if (!is_other && !xml.hasError())
+            writer.writeCurrentToken(xml);
+    }
+    return xml.hasError() ? QByteArray() : is_changed ? kept : bytes;
+}
+
 bool draw_svg(layout_canvas &canvas, Ivx_layer *image, QByteArray const &bytes)
 {
     if (static_cast<std::size_t>(bytes.size()) > c_most_svg_bytes || !svg_work(bytes).is_sane())
         return false;
-    QSvgRenderer renderer(bytes);
+    QByteArray const drawing = without_other_files(bytes);
+    QSvgRenderer renderer(drawing);
     if (!renderer.isValid())
         return false;
+    if (drawing != bytes)
+        canvas.fail();
     QPainter &painter = *vx_qt_painter(canvas.target().painter);
     painter.save();
     renderer.render(&painter, place_of(canvas, image, renderer.viewBoxF().size()));
@@ -137,11 +196,9 @@ bool draw_pixels(layout_canvas &canvas, Ivx_layer *image, QByteArray &bytes)
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer);
-    reader.setDecideFormatFromContent(true);
-    reader.setAutoTransform(true);
-    auto const formats = {"png", "jpeg", "jpg", "tiff", "tif", "bmp", "gif", "webp"};
-    if (std::ranges::none_of(formats, [&](char const *format) { return reader.format() == format; }))
+    if (!has_known_format(reader))
         return false;
+    reader.setAutoTransform(true);
     QSize const size = reader.size();
     if (size.isEmpty() || size.width() > c_most_side || size.height() > c_most_side ||
         double(size.width()) * size.height() > c_most_pixels)
