@@ -1,5 +1,6 @@
 #include "platform/styles/vx_round_digits.h"
 
+#include "platform/base/shown_number.h"
 #include "platform/styles/detail/round_digits.h"
 
 #include <array>
@@ -17,12 +18,25 @@ double round_to(int digits, double value)
     return std::isfinite(rounded) ? std::copysign(rounded, value) : value;
 }
 
+/// The number beside the value that is written with fewer digits; the value itself where there is none.
+static double round_neighbour(double value)
+{
+    if (std::nextafter(0.0, value) == value)
+        return 0;
+    text::number_buffer buffer;
+    auto const text = text::shown_number(value, buffer);
+    double round = value;
+    std::from_chars(text.data(), text.data() + text.size(), round);
+    return std::nextafter(round, value) == value ? round : value;
+}
+
 std::wstring format_number(int digits, double value)
 {
     std::array<char, 400> text;
     std::to_chars_result end{};
     if (digits == c_no_rounding) {
-        end = std::to_chars(text.data(), text.data() + text.size(), value == 0 ? 0.0 : value);
+        double const shown = round_neighbour(value);
+        end = std::to_chars(text.data(), text.data() + text.size(), shown == 0 ? 0.0 : shown);
     } else {
         if (digits < -10 || digits > 10)
             digits = -2;

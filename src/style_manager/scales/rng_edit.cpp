@@ -16,6 +16,7 @@
 
 #include "platform/base/owned.h"
 #include "platform/base/string_adp.h"
+#include "platform/base/strutil.h"
 #include "platform/basic/vx_res.h"
 #include "platform/dialogs/file_dialogs.h"
 #include "platform/storage/file_names.h"
@@ -34,6 +35,7 @@
 namespace {
 constexpr unsigned c_default_ranges = 10;
 constexpr std::size_t c_shortest_file_name = 4;
+constexpr int c_no_rounding = -30;
 constexpr int c_export_filter = 2; ///< place in the filter of the dialogs, from 1
 constexpr wchar_t const *c_export_ext = L".xml";
 
@@ -344,13 +346,19 @@ void Tvx_rng_edit::show_row_line()
         return fit_row_line({});
     }
     auto *const scale = f_grid->get_scale();
-    auto const lower =
-        f_grid->dbl2str(is_max ? vx_rng_scale_get_max_value(scale) : vx_rng_scale_get_min(scale, index));
-    auto const upper =
-        f_grid->dbl2str(is_min ? vx_rng_scale_get_min_value(scale) : vx_rng_scale_get_max(scale, index));
-    auto const holds = is_min   ? vx_res_format_w(c_scl_row_up_to, upper)
-                       : is_max ? vx_res_format_w(c_scl_row_above, lower)
-                                : vx_res_format_w(c_scl_row_between, {lower, upper});
+    double const above = is_max ? vx_rng_scale_get_max_value(scale) : vx_rng_scale_get_min(scale, index);
+    double const up_to = is_min ? vx_rng_scale_get_min_value(scale) : vx_rng_scale_get_max(scale, index);
+    auto const lower = f_grid->dbl2str(above), upper = f_grid->dbl2str(up_to);
+    // The bound next below a number is written as that number, which belongs to the row above it.
+    bool const is_exact = vx_rng_scale_get_round_digits(scale) == c_no_rounding;
+    auto const is_below = [&](double bound, std::wstring const &text) {
+        return is_exact && bound < vx::strutil::to_double(text.c_str(), nullptr);
+    };
+    auto const holds =
+        is_min ? vx_res_format_w(is_below(up_to, upper) ? c_scl_row_below : c_scl_row_up_to, upper)
+        : is_max
+            ? vx_res_format_w(c_scl_row_above, lower)
+            : vx_res_format_w(is_below(above, lower) ? c_scl_row_from : c_scl_row_between, {lower, upper});
     std::vector<unsigned> const *counts = nullptr;
     if (f_counting && GetShowing()) {
         auto const life = Life();

@@ -8,6 +8,7 @@
 #include "platform/toolkit/core/strings.h"
 #include "platform/toolkit/graphics/bitmap.h"
 
+#include <cmath>
 #include <functional>
 #include <limits>
 #include <optional>
@@ -455,6 +456,19 @@ TEST_F(rng_edit, tells_what_the_current_row_holds)
     type(upper, 2, L"10\n");
     EXPECT_EQ(line(), L"0.00 < x ≤ 10.00: objects 2, other values 1");
     EXPECT_EQ(cells_read, 18);
+    // Bounds that take a number in are written as the number.
+    vx_rng_scale_set_round_digits(scale(), -30);
+    vx_rng_scale_set_min(scale(), 0, std::nextafter(0.5, 0));
+    vx_rng_scale_set_min_value(scale(), std::nextafter(0.0, -1));
+    edit->update_controls();
+    EXPECT_EQ(line(), L"0.5 ≤ x ≤ 10: objects 2, other values 2");
+    ASSERT_TRUE(click(caption, 1));
+    EXPECT_EQ(line(), L"x < 0: objects 0, other values 2");
+    vx_rng_scale_set_round_digits(scale(), -2);
+    vx_rng_scale_set_min(scale(), 0, 0);
+    vx_rng_scale_set_min_value(scale(), 0);
+    ASSERT_TRUE(click(caption, 2));
+    cells_read = 18;
     values.emplace_back(3.0);
     edit->update_controls(); // the owner has other data
     EXPECT_EQ(line(), L"0.00 < x ≤ 10.00: objects 3, other values 1");
