@@ -15,6 +15,7 @@
 
 #include <QtCore/QBuffer>
 #include <QtCore/QByteArray>
+#include <QtCore/QList>
 #include <QtCore/QMarginsF>
 #include <QtCore/QSizeF>
 #include <QtGui/QImage>
@@ -212,6 +213,31 @@ Tvx_layout_outcome vx_layout_save_picture_w(Ivx_scn_2d *layout, wchar_t const *f
 
 // ---- PDF
 
+namespace {
+/// Sheets of Qt's writer have whole points, which can be 0.2 millimetres too much or too little. The file
+/// keeps its length, since it says where its parts are; what is drawn hangs on the upper edge.
+void set_exact_size(QByteArray &pdf, Tvx_box_d2 const &sheet)
+{
+    constexpr double c_points_per_mm = 72 / c_mm_per_inch;
+    constexpr int c_digits = 4;
+    QByteArray const key = "/MediaBox [";
+    qsizetype const begin = pdf.indexOf(key) + key.size();
+    qsizetype const room = pdf.indexOf(']', begin) - begin;
+    QList<QByteArray> const numbers = pdf.mid(begin, room).split(' ');
+    if (begin < key.size() || numbers.size() != 4)
+        return;
+    double const width = sheet.width() * c_points_per_mm, height = sheet.height() * c_points_per_mm;
+    double const top = numbers[3].toDouble();
+    // Very large ones are in other units.
+    if (std::abs(numbers[2].toDouble() - width) > 1 || std::abs(top - height) > 1)
+        return;
+    QByteArray const exact = "0 " + QByteArray::number(top - height, 'f', c_digits) + ' ' +
+                             QByteArray::number(width, 'f', c_digits) + ' ' + QByteArray::number(top, 'f', 0);
+    if (exact.size() <= room)
+        pdf.replace(begin, room, exact.leftJustified(room));
+}
+} // namespace
+
 Tvx_layout_outcome vx_layout_save_pdf_w(Ivx_scn_2d *layout, wchar_t const *file, double dpi,
                                         Ivx_string_adp *reason, closure<bool()> cancelled)
 {
@@ -255,5 +281,6 @@ Tvx_layout_outcome vx_layout_save_pdf_w(Ivx_scn_2d *layout, wchar_t const *file,
     }
     if (drawn == layout_drawing::cancelled || buffer.is_cancelled() || cancelled())
         return c_layout_cancelled;
+    set_exact_size(bytes, sheet);
     return save(file, bytes, drawn, reason);
 }
