@@ -34,6 +34,7 @@ enum command_trait : unsigned
     c_checkable = 4,
     c_is_tool = 8,
     c_of_element = 16, ///< in the menus of page and list; its key works there, and nowhere else
+    c_in_context = 32, ///< in those menus, too
 };
 } // namespace
 
@@ -153,7 +154,7 @@ std::vector<Tvx_layout_window::command_row> const &Tvx_layout_window::command_ro
          {},
          nullptr,
          {QKeySequence::Cut},
-         c_begins_group,
+         c_begins_group | c_in_context,
          is_movable,
          [](window &w, bool) {
              w.on_copy();
@@ -165,7 +166,7 @@ std::vector<Tvx_layout_window::command_row> const &Tvx_layout_window::command_ro
          {},
          nullptr,
          {QKeySequence::Copy},
-         0,
+         c_in_context,
          is_movable,
          [](window &w, bool) { w.on_copy(); }},
         {"paste",
@@ -174,7 +175,7 @@ std::vector<Tvx_layout_window::command_row> const &Tvx_layout_window::command_ro
          {},
          nullptr,
          {QKeySequence::Paste},
-         0,
+         c_in_context,
          can_paste,
          [](window &w, bool) { w.on_paste(); }},
         {"duplicate",
@@ -183,7 +184,7 @@ std::vector<Tvx_layout_window::command_row> const &Tvx_layout_window::command_ro
          {},
          nullptr,
          {QKeySequence(Qt::CTRL | Qt::Key_D)},
-         0,
+         c_in_context,
          is_movable,
          [](window &w, bool) { w.on_duplicate(); }},
         {"select_all",
@@ -477,10 +478,17 @@ void Tvx_layout_window::create_menus()
     view->addAction(elements);
     // What concerns one element stands in the menus of the page and of the list too.
     f_view->setContextMenuPolicy(Qt::ActionsContextMenu);
-    for (command_row const &row : command_rows())
-        if (row.is(c_of_element))
-            for (QWidget *const widget : {static_cast<QWidget *>(f_view), static_cast<QWidget *>(f_list)})
-                widget->addAction(command(row.name));
+    for (QWidget *const widget : {static_cast<QWidget *>(f_view), static_cast<QWidget *>(f_list)})
+        for (command_row const &row : command_rows()) {
+            if (!row.is(c_of_element) && !row.is(c_in_context))
+                continue;
+            if (row.is(c_begins_group) && !widget->actions().isEmpty()) {
+                auto *const line = new QAction(widget);
+                line->setSeparator(true);
+                widget->addAction(line);
+            }
+            widget->addAction(command(row.name));
+        }
 }
 
 void Tvx_layout_window::create_tool_bar()
