@@ -92,7 +92,9 @@ void Tvx_layout_view::update_place()
                                            (room.height() - 2 * c_margin) / page.height()),
                                   c_least_zoom, c_most_zoom);
     auto const place = [](double size, double page_size, QScrollBar *bar) {
-        double const all = page_size + 2 * c_margin;
+        // What just fits must not be scrolled by the last digits.
+        constexpr double c_slack = 0.01;
+        double const all = page_size + 2 * c_margin - c_slack;
         bar->setRange(0, std::max(0, int(std::ceil(all - size))));
         bar->setPageStep(int(size));
         bar->setSingleStep(int(size / 10));
