@@ -1,5 +1,6 @@
 #include "controls/dock/mdi_child_form.h"
 
+#include "controls/dock/document_frame_priv.h"
 #include "controls/dock/mdi_child_form_drag_object.h"
 #include "controls/dock/mdi_conjoin_dock_host.h"
 
@@ -15,9 +16,9 @@ constexpr int c_border_width = 2;
 /// A zone takes a fifth of the form.
 constexpr int c_zones = 5;
 constexpr wchar_t const *c_main_tool_panel = L"MainToolPanel";
+} // namespace
 
-/// The form that documents stand in: the main form, else the first that takes any. Null if there is none.
-TCustomForm *form_of_documents()
+TCustomForm *vx_document_frame()
 {
     TCustomForm *const main = Application->GetMainForm();
     if (main && main->GetFormStyle() == fsMDIForm)
@@ -27,7 +28,6 @@ TCustomForm *form_of_documents()
             return Screen->GetForms(i);
     return nullptr;
 }
-} // namespace
 
 Tvx_mdi_child_form::Tvx_mdi_child_form(TComponent *owner, bool plain)
     : Tvx_form(owner ? owner : static_cast<TComponent *>(Application))
@@ -247,7 +247,7 @@ void Tvx_mdi_child_form::DoDock(TWinControl *new_site, TRect &rect)
     } else if (!f_closing) {
         // What was dropped somewhere takes others in again, however it came loose.
         SetDockSite(true);
-        if (TCustomForm const *const form = form_of_documents()) {
+        if (TCustomForm const *const form = vx_document_frame()) {
             TPoint const origin = form->GetMDIClientOrigin();
             rect.Offset(-origin.X, -origin.Y);
         }

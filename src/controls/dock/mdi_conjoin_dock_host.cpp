@@ -1,5 +1,6 @@
 #include "controls/dock/mdi_conjoin_dock_host.h"
 
+#include "controls/dock/document_frame_priv.h"
 #include "controls/dock/mdi_child_form.h"
 
 #include "platform/toolkit/core/application.h"
@@ -91,7 +92,11 @@ void Tvx_mdi_conjoin_dock_host::FormClose(TObject *, TCloseAction &action)
 {
     // Leaving one by one would post another close for the last but one.
     OnUnDock = {};
-    TPoint const corner = GetClientOrigin();
+    TPoint corner = GetClientOrigin();
+    if (TCustomForm const *const frame = vx_document_frame()) {
+        TPoint const origin = frame->GetMDIClientOrigin();
+        corner = {origin.X + GetLeft(), origin.Y + GetTop()};
+    }
     Hide();
     while (GetDockClientCount() > 0) {
         TControl *const client = GetDockClients(GetDockClientCount() - 1);

@@ -119,11 +119,15 @@ TEST_F(documents, two_are_joined_by_the_mouse_and_part_again)
     EXPECT_TRUE(host()->GetShowing() && first->GetShowing() && second->GetShowing());
     EXPECT_LT(second->GetLeft(), first->GetLeft()) << "dropped on the left";
     EXPECT_NEAR(second->GetWidth(), first->GetWidth(), 8) << "half of the window, as the frame showed";
+    host()->SetWidth(900);
+    ui::wait_idle();
+    EXPECT_NEAR(second->GetWidth(), first->GetWidth(), 8) << "they grow together";
     EXPECT_FALSE(second->GetDockSite()) << "it was dropped on a target";
     EXPECT_EQ(second->GetFormStyle(), fsNormal);
 
     // Closing one leaves the other as a document by itself, and the joint window goes.
     int ended = 0;
+    EXPECT_EQ(second->GetUndockHeight(), 200);
     second->ended = &ended;
     second->Close();
     ui::wait_idle();
@@ -131,7 +135,7 @@ TEST_F(documents, two_are_joined_by_the_mouse_and_part_again)
     EXPECT_EQ(first->GetHostDockSite(), nullptr);
     EXPECT_EQ(first->GetFormStyle(), fsMDIChild);
     EXPECT_TRUE(first->GetShowing());
-    EXPECT_EQ(first->GetWidth(), 400);
+    EXPECT_EQ(first->GetBoundsRect(), place) << "where both were";
     EXPECT_EQ(main.GetMDIChildCount(), 1);
 }
 

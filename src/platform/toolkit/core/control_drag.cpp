@@ -10,6 +10,24 @@
 #include <QtGui/QCursor>
 
 #include <algorithm>
+#include <utility>
+
+namespace {
+/// The control that is just handed to a site, which may hand it on to another one.
+constinit TControl const *g_docking = nullptr;
+
+class docking_scope
+{
+public:
+    explicit docking_scope(TControl const *control) : f_before(std::exchange(g_docking, control)) {}
+    docking_scope(docking_scope const &) = delete;
+    docking_scope &operator=(docking_scope const &) = delete;
+    ~docking_scope() { g_docking = f_before; }
+
+private:
+    TControl const *f_before;
+};
+} // namespace
 
 // ---- dragging something from a control
 
@@ -84,7 +102,7 @@ bool TControl::ManualDock(TWinControl *site, TControl *drop_control, TAlign side
     vx_event_scope const scope;
     if (f_host_dock_site && f_host_dock_site != site && !f_host_dock_site->DoUnDock(site, this))
         return false;
-    if (!f_host_dock_site) {
+    if (!f_host_dock_site && g_docking != this) {
         // What comes loose again has its size of before, not the screen's.
         auto *const form = dynamic_cast<TCustomForm *>(this);
         if (form && form->GetWindowState() == wsMaximized)
@@ -92,7 +110,7 @@ bool TControl::ManualDock(TWinControl *site, TControl *drop_control, TAlign side
         f_undock_width = GetWidth();
         f_undock_height = GetHeight();
         f_float_rect = GetBoundsRect();
-    } else if (f_host_dock_site != site) {
+    } else if (f_host_dock_site && f_host_dock_site != site) {
         f_host_dock_site->undock(this);
     }
     TDragDockObject object(this);
@@ -102,6 +120,7 @@ bool TControl::ManualDock(TWinControl *site, TControl *drop_control, TAlign side
     TRect rect = GetBoundsRect();
     DoDock(site, rect);
     TRect const client = site->GetClientRect();
+    docking_scope const docking(this);
     site->DockDrop(&object, client.Width() / 2, client.Height() / 2);
     return true;
 }

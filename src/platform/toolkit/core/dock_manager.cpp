@@ -25,6 +25,7 @@ struct TDockManager::zone
     int first_size = 0;        ///< pixels that the first half has when there is room
     bool keeps_second = false; ///< the second half keeps its size when the site grows
     int second_size = 0;
+    int scales_from = 0; ///< the room for which the sizes were given, if they go along with the site
     TRect rect;
     std::unique_ptr<handle> border;
 
@@ -165,8 +166,10 @@ void TDockManager::lay_out(zone &z, TRect const &rect)
     }
     int const room = (z.side_by_side ? rect.Width() : rect.Height()) - c_border;
     int const largest = std::max(room - c_least_size, 0);
-    int const first = std::clamp(z.keeps_second ? room - z.second_size : z.first_size,
-                                 std::min(c_least_size, largest), largest);
+    int wanted = z.keeps_second ? room - z.second_size : z.first_size;
+    if (z.scales_from > 0)
+        wanted = static_cast<int>(static_cast<long long>(z.first_size) * room / z.scales_from);
+    int const first = std::clamp(wanted, std::min(c_least_size, largest), largest);
     TRect a = rect;
     TRect b = rect;
     TRect border = rect;
@@ -188,6 +191,8 @@ void TDockManager::move_border(zone &z, int distance)
     int const now = z.side_by_side ? z.first->rect.Width() : z.first->rect.Height();
     z.first_size = std::clamp(now + distance, c_least_size, std::max(room - c_least_size, c_least_size));
     z.second_size = room - z.first_size;
+    if (z.scales_from > 0)
+        z.scales_from = std::max(room, 1);
     lay_out(z, z.rect);
 }
 
@@ -219,5 +224,6 @@ void TDockManager::ShareEvenly(TControl *client)
     zone &both = *found->parent;
     TRect const &first = both.first->rect;
     int const room = (both.side_by_side ? both.rect.Width() : both.rect.Height()) - c_border;
+    both.scales_from = std::max(room, 1);
     move_border(both, room / 2 - (both.side_by_side ? first.Width() : first.Height()));
 }

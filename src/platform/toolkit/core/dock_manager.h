@@ -23,7 +23,8 @@ public:
     [[nodiscard]] TRect GetControlBounds(TControl const *client) const;
     /// Moves the border beside the client on that side (alLeft, alTop, alRight, alBottom) by some pixels.
     void MoveBorder(TControl *client, TAlign side, int distance);
-    /// The client and what it was put beside get the same room.
+    /// The client and what it was put beside get the same room, and keep their shares of it when the site
+    /// changes its size.
     void ShareEvenly(TControl *client);
 
 private:
