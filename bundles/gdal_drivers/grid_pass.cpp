@@ -165,7 +165,7 @@ private:
     {
         gap const none = f_filter.none();
         run_sums const sums = sum_run(cells, count, none, start);
-        if (std::isinf(sums.minimum) || std::isinf(sums.maximum))
+        if (std::isinf(sums.minimum) || std::isinf(sums.maximum) || !std::isfinite(sums.distance))
             return false;
         band_stat run;
         auto const number = static_cast<double>(sums.count);
@@ -174,7 +174,10 @@ private:
         run.count = sums.count;
         run.mean = start + sums.distance / number;
         run.sum = start * number + sums.distance;
-        run.squares = square_run(cells, count, none, run.mean);
+        double const squares = square_run(cells, count, none, run.mean);
+        if (!std::isfinite(squares))
+            return false;
+        run.squares = squares;
         stat.add(run);
         return true;
     }
@@ -333,8 +336,9 @@ void band_stat::add(band_stat const &other)
     maximum = std::max(maximum, other.maximum);
     auto const here = static_cast<double>(count);
     auto const there = static_cast<double>(other.count);
-    double const away = other.mean - mean;
-    mean += away * (there / (here + there));
+    // The difference of two doubles may be beyond all doubles.
+    long double const away = static_cast<long double>(other.mean) - mean;
+    mean = static_cast<double>(mean + away * (there / (here + there)));
     squares += other.squares + away * away * (here * (there / (here + there)));
     sum += other.sum;
     count += other.count;

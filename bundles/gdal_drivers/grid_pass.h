@@ -14,7 +14,8 @@ struct band_stat
     double maximum = 0;
     double mean = 0;
     double sum = 0;
-    double squares = 0; ///< sum of the squared distances from the mean
+    long double squares =
+        0; ///< sum of the squared distances from the mean; has room for those of any numbers
     long long count = 0;
 
     /// The statistics of both sets of cells together.

@@ -161,7 +161,10 @@ bool grid_set::stdev(int field, double *value)
 {
     auto const *const stat = value ? stat_of(field) : nullptr;
     if (stat)
-        *value = stat->count > 1 ? std::sqrt(stat->squares / static_cast<double>(stat->count - 1)) : 0;
+        *value =
+            stat->count > 1
+                ? static_cast<double>(std::sqrt(stat->squares / static_cast<long double>(stat->count - 1)))
+                : 0;
     return stat != nullptr;
 }
 

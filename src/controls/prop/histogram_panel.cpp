@@ -150,8 +150,10 @@ UnicodeString Tvx_histogram_panel::hint_at(double value) const
     vx_histogramm_get_params(f_histogramm, &size, &low, &high);
     if (size == 0 || !(value >= low && value <= high))
         return {};
-    double const width = (high - low) / size;
-    double const place = width > 0.0 ? std::floor((value - low) / width) : 0.0;
+    bool const is_finite = std::isfinite(high - low); // the difference of two doubles need not be
+    double const width = is_finite ? (high - low) / size : high / size - low / size;
+    double const way = is_finite ? (value - low) / width : value / width - low / width;
+    double const place = width > 0.0 ? std::floor(way) : 0.0;
     unsigned const bin = static_cast<unsigned>(std::clamp(place, 0.0, size - 1.0));
     double const share =
         std::abs(f_total) > c_no_total ? vx_histogramm_get(f_histogramm, bin) / f_total : 0.0;

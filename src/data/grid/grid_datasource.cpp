@@ -102,7 +102,7 @@ bool grid_datasource::compute_stat_common(field_index_type field, statistic &sta
 {
     double minimum = std::numeric_limits<double>::max();
     double maximum = std::numeric_limits<double>::lowest();
-    double sum = 0;
+    long double sum = 0; // has room for the sum of any numbers
     std::uint64_t quantity = 0;
     int const status = walk_values(*this, field, [&](double value) {
         if (value < minimum)
@@ -118,7 +118,7 @@ bool grid_datasource::compute_stat_common(field_index_type field, statistic &sta
     bool const has_span = minimum <= maximum;
     stat.minimum = has_span ? minimum : 0;
     stat.maximum = has_span ? maximum : 0;
-    stat.average = quantity ? sum / static_cast<double>(quantity) : 0;
+    stat.average = quantity ? static_cast<double>(sum / static_cast<long double>(quantity)) : 0;
     stat.quantity = quantity;
     stat.common_done = true;
     return true;
@@ -126,12 +126,16 @@ bool grid_datasource::compute_stat_common(field_index_type field, statistic &sta
 
 bool grid_datasource::compute_stat_stdev(field_index_type field, statistic &stat)
 {
-    double squares = 0;
-    int const status = walk_values(
-        *this, field, [&](double value) { squares += (value - stat.average) * (value - stat.average); });
+    long double squares = 0;
+    int const status = walk_values(*this, field, [&](double value) {
+        long double const away = static_cast<long double>(value) - stat.average;
+        squares += away * away;
+    });
     if (status == read_not_offered)
         return false;
-    stat.stdev = stat.quantity > 1 ? std::sqrt(squares / static_cast<double>(stat.quantity - 1)) : 0;
+    stat.stdev = stat.quantity > 1
+                     ? static_cast<double>(std::sqrt(squares / static_cast<long double>(stat.quantity - 1)))
+                     : 0;
     stat.stdev_done = true;
     return true;
 }

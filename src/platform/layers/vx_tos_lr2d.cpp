@@ -70,7 +70,7 @@ bool span_of(Ivx_tos4_file *file, std::wstring const &name, double &low, double 
 void set_ranges(void *mngr, double low, double high)
 {
     constexpr unsigned c_ranges = 12;
-    if (!(low < high) || !std::isfinite(high - low))
+    if (!(low < high) || !std::isfinite(low) || !std::isfinite(high))
         return;
     void *const scale = vx_stl_mngr_get_rng_scale_ptr(mngr);
     Tvx_color colors[c_ranges];
@@ -79,7 +79,9 @@ void set_ranges(void *mngr, double low, double high)
         *vx_stl_prm_get_clr_style_ptr(vx_scale_prm_get_stl_prm_ptr(scale_prm), false) = color;
         vx_scale_prm_set_visible(scale_prm, true);
     };
-    auto const bound = [&](unsigned i) { return i == c_ranges ? high : low + (high - low) * i / c_ranges; };
+    // The difference of the bounds may not be a finite number.
+    double const step = high / c_ranges - low / c_ranges;
+    auto const bound = [&](unsigned i) { return i == c_ranges ? high : std::fma(step, i, low); };
     vx_rng_scale_set_size(scale, c_ranges);
     vx_rng_scale_set_min_value(scale, low);
     vx_rng_scale_set_max_value(scale, high);

@@ -75,6 +75,8 @@ void Tvx_track_double::update_track_bar()
         return;
     double const span = f_max - f_min;
     double place = span > c_no_span ? (f_val - f_min) * c_steps / span : c_start;
+    if (std::isinf(span)) // of two numbers that are far from 0 on both sides
+        place = (f_val / 2 - f_min / 2) / (f_max / 2 - f_min / 2) * c_steps;
     if (!std::isfinite(place))
         place = c_start;
     vx::event_off const quiet(f_track->OnChange);
@@ -116,7 +118,9 @@ void Tvx_track_double::try_new_val(double value)
 
 void Tvx_track_double::on_track_bar_change(TObject * /*sender*/)
 {
-    try_new_val(f_min + f_track->GetPosition() * 0.001 * (f_max - f_min));
+    double const part = f_track->GetPosition() * 0.001;
+    double const span = f_max - f_min;
+    try_new_val(std::isfinite(span) ? f_min + part * span : f_min * (1 - part) + f_max * part);
     update_track_bar(); // also where the value cannot follow
 }
 

@@ -94,7 +94,9 @@ int Tvx_rng_exec::do_execute_std_dev()
     vx_rng_scale_set_deviation_coeff(f_scale, params.get_dev_coeff());
     double const mean = params.get_mean();
     double const reach = params.get_std_dev() * params.get_dev_coeff();
-    write_equal_ranges(params.get_n_diap(), mean - reach, mean + reach, mean, params.get_round_digits());
+    using vx::task::detail::within_numbers;
+    write_equal_ranges(params.get_n_diap(), within_numbers(mean - reach), within_numbers(mean + reach), mean,
+                       params.get_round_digits());
     return 0;
 }
 
@@ -106,7 +108,7 @@ void Tvx_rng_exec::write_equal_ranges(int count, double min, double max, double 
         vx_rng_scale_set_size(f_scale, 0);
         vx::task::detail::set_span(f_scale, middle, middle);
     } else {
-        vx::task::detail::equal_ranges(f_scale, static_cast<unsigned>(count), min, max);
+        vx::task::detail::equal_ranges_of_any_span(f_scale, static_cast<unsigned>(count), min, max);
     }
     round_rng_scale(digits);
     set_scale_names();

@@ -5,10 +5,12 @@
 #include "scale_builders/range/rng_choice_panels.h"
 #include "scale_builders/range/rng_exec.h"
 #include "scale_builders/range/rng_params.h"
+#include "scale_engine/range/detail/classify.h"
 
 #include "platform/basic/vx_res.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace builders = vx::builders;
@@ -61,7 +63,9 @@ void Tvx_vcl_min_max_params_panel::values2controls()
 void Tvx_vcl_min_max_params_panel::update_step()
 {
     // No ranges have no step.
-    f_step = f_ndiap == 0 ? 0 : (f_max - f_min) / f_ndiap;
+    double const span = f_max - f_min;
+    // The span of two numbers may be beyond all numbers, and its parts are not.
+    f_step = f_ndiap == 0 ? 0 : std::isfinite(span) ? span / f_ndiap : f_max / f_ndiap - f_min / f_ndiap;
 }
 
 void Tvx_vcl_min_max_params_panel::set_round_digits(int digits)
@@ -99,7 +103,10 @@ bool Tvx_vcl_min_max_params_panel::load_params(Tvx_rng_min_max_params *params) c
     double const min = f_min_panel->get_value();
     params->set_n_diap(count);
     params->set_min(min);
-    params->set_max(count * f_step_panel->get_value() + min);
+    double const step = f_step_panel->get_value();
+    double const span = count * step;
+    params->set_max(
+        vx::task::detail::within_numbers(std::isfinite(span) ? span + min : std::fma(step, count, min)));
     params->set_round_digits(f_round_panel->get_digits_count());
     return true;
 }
@@ -128,7 +135,9 @@ void Tvx_vcl_min_max_params_panel::on_step_change(TObject * /*sender*/)
     if (f_step > 0) {
         constexpr double c_least = std::numeric_limits<int>::min();
         constexpr double c_most = std::numeric_limits<int>::max();
-        f_ndiap = static_cast<int>(std::clamp((f_max - f_min) / f_step + 0.5, c_least, c_most));
+        double const span = f_max - f_min;
+        double const count = std::isfinite(span) ? span / f_step : f_max / f_step - f_min / f_step;
+        f_ndiap = static_cast<int>(std::clamp(count + 0.5, c_least, c_most));
     }
     values2controls();
 }

@@ -62,7 +62,7 @@ bool Tvx_rng_statistic_calc::do_execute()
     if (bool has_values = false; take_ready(static_cast<unsigned>(field.get_field().prop), has_values))
         return has_values;
     auto &found = f_statistic;
-    double sum = 0;
+    long double sum = 0; // has room for the sum of any numbers, and of their squares
     field.walk([&](bool is_defined, double value) {
         ++found.total;
         if (!is_defined) {
@@ -75,13 +75,14 @@ bool Tvx_rng_statistic_calc::do_execute()
         ++found.defined;
     });
     if (found.defined > 0 && !field.is_stopped()) {
-        found.average = sum / found.defined;
-        double squares = 0;
+        found.average = static_cast<double>(sum / found.defined);
+        long double squares = 0;
         field.walk([&](bool is_defined, double value) {
+            long double const away = static_cast<long double>(value) - found.average;
             if (is_defined)
-                squares += (value - found.average) * (value - found.average);
+                squares += away * away;
         });
-        found.std_dev = std::sqrt(squares / found.defined);
+        found.std_dev = static_cast<double>(std::sqrt(squares / found.defined));
     }
     f_is_stopped = field.is_stopped();
     return found.defined > 0;

@@ -82,7 +82,17 @@ std::vector<double> range_scale_classify_natural_breaks::build_breaks(std::vecto
     if (values.empty() || f_nranges < 2)
         return {};
     std::sort(values.begin(), values.end());
-    return f_nranges >= values.size() ? values : detail::find_breaks(values, f_nranges);
+    if (f_nranges >= values.size())
+        return values;
+    // The squares of very large numbers are beyond all numbers. A power of two changes no digit.
+    constexpr double c_most = 1e150;
+    constexpr int c_power = 600;
+    if (std::max(-values.front(), values.back()) <= c_most)
+        return detail::find_breaks(values, f_nranges);
+    std::ranges::transform(values, values.begin(), [](double value) { return std::ldexp(value, -c_power); });
+    auto breaks = detail::find_breaks(values, f_nranges);
+    std::ranges::transform(breaks, breaks.begin(), [](double value) { return std::ldexp(value, c_power); });
+    return breaks;
 }
 
 void range_scale_classify_natural_breaks::make_scale(void *scale, std::vector<double> const &breaks) const

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace vx::task {
 namespace {
@@ -33,6 +34,8 @@ public:
         double const step = c_steps[static_cast<std::size_t>(f_base_idx)];
         return f_exponent < 0 ? step / power : step * power;
     }
+    /// The same within what a number can be: no value lies beyond.
+    [[nodiscard]] double bound() const { return std::min(value(), std::numeric_limits<double>::max()); }
     void advance()
     {
         f_base_idx = (f_base_idx + 1) % c_step_count;
@@ -71,10 +74,10 @@ std::vector<double> range_scale_classify_log::log_values(double minval, double m
     std::vector<double> bounds;
     auto const add_up_to = [&](double limit, double sign) {
         step_series steps(std::clamp(base_idx, 0, c_step_count - 1), digits);
-        bounds.push_back(sign * steps.value());
+        bounds.push_back(sign * steps.bound());
         while (limit > steps.value()) {
             steps.advance();
-            bounds.push_back(sign * steps.value());
+            bounds.push_back(sign * steps.bound());
         }
     };
     add_up_to(maxval, 1);

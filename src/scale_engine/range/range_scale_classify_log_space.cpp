@@ -5,6 +5,7 @@
 #include "platform/styles/vx_rng_scale.h"
 
 #include <cmath>
+#include <numbers>
 #include <utility>
 
 namespace vx::task {
@@ -34,7 +35,12 @@ void range_scale_classify_log_space::log_space(void *scale) const
     // A shifted span begins at 1, whose logarithm is 0, and reaches 1 + maxval - minval; the shift is never
     // added, since a minimum far below 0 would swallow the 1.
     bool const shifted = f_minval <= 0;
-    double const whole = shifted ? std::log1p(f_maxval - f_minval) : std::log(f_maxval) - std::log(f_minval);
+    double const span = f_maxval - f_minval;
+    bool const is_huge = shifted && std::isinf(span) && std::isfinite(f_minval) && std::isfinite(f_maxval);
+    // Of a span beyond all numbers the half is one.
+    double const whole = is_huge   ? std::log(f_maxval / 2 - f_minval / 2) + std::numbers::ln2
+                         : shifted ? std::log1p(span)
+                                   : std::log(f_maxval) - std::log(f_minval);
     double step = whole / count;
     if (!std::isfinite(step))
         step = 0;
@@ -43,6 +49,8 @@ void range_scale_classify_log_space::log_space(void *scale) const
             return f_minval;
         if (i == count) // so that the greatest value lies in a row
             return f_maxval;
+        if (is_huge)
+            return 2 * (std::exp(i * step - std::numbers::ln2) + f_minval / 2);
         return shifted ? std::expm1(i * step) + f_minval : std::exp(i * step + std::log(f_minval));
     };
     for (unsigned i = 0; i < count; ++i)

@@ -27,7 +27,8 @@ void range_scale_classify_stdev::execute(void *scale) const
         detail::set_span(scale, f_mean, f_mean);
     } else {
         double const half = f_coeff * f_stddev;
-        detail::equal_ranges(scale, f_nranges, f_mean - half, f_mean + half);
+        detail::equal_ranges(scale, f_nranges, detail::within_numbers(f_mean - half),
+                             detail::within_numbers(f_mean + half));
     }
     detail::finish_classify(scale, f_digits);
 }

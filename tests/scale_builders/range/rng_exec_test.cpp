@@ -248,6 +248,28 @@ TEST_F(rng_data, a_rescale_classifies_what_the_field_holds_now)
     EXPECT_EQ(bounds(), "1 -1: <0 0..4 4..8 >8");
 }
 
+TEST_F(rng_data, values_whose_span_is_no_number_make_finite_ranges)
+{
+    values = {-1.7e308, 1.7e308, 1e308, -1e308, 1.0, 2.0};
+    for (int const type : {c_rng_type_equal_ranges, c_rng_type_stdev, c_rng_type_log,
+                           c_rng_type_natural_breaks, c_rng_type_log_space}) {
+        fill(type);
+        EXPECT_TRUE(Tvx_rng_rescale::execute(mngr.get(), data()));
+        ASSERT_GE(size(), 2U) << type;
+        double last = vx_rng_scale_get_min_value(scale());
+        EXPECT_TRUE(std::isfinite(last)) << type;
+        for (unsigned i = 0; i < size(); ++i) {
+            EXPECT_EQ(vx_rng_scale_get_min(scale(), i), last) << type;
+            // The logarithm's first steps from so low a number are too small to be seen beside it.
+            double const least = type == c_rng_type_log_space ? last : std::nextafter(last, c_inf);
+            EXPECT_GE(vx_rng_scale_get_max(scale(), i), least) << type;
+            last = vx_rng_scale_get_max(scale(), i);
+        }
+        EXPECT_TRUE(std::isfinite(last)) << type;
+        EXPECT_EQ(last, vx_rng_scale_get_max_value(scale())) << type;
+    }
+}
+
 TEST_F(rng_data, a_sample_is_the_same_each_time_and_favours_no_part)
 {
     std::vector<double> sample{1}, again;

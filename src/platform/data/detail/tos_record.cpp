@@ -103,11 +103,12 @@ void cell_stat::add(cell_stat const &other)
     }
     auto const a = static_cast<double>(count);
     auto const b = static_cast<double>(other.count);
-    double const distance = other.average - average;
+    // The difference of two doubles may be beyond all doubles.
+    long double const distance = static_cast<long double>(other.average) - average;
     minimum = std::min(minimum, other.minimum);
     maximum = std::max(maximum, other.maximum);
-    average = std::clamp(average + distance * (b / (a + b)), minimum, maximum);
-    squares += other.squares + distance * distance * (a * b / (a + b));
+    average = std::clamp(static_cast<double>(average + distance * (b / (a + b))), minimum, maximum);
+    squares = static_cast<double>(squares + other.squares + distance * distance * (a * b / (a + b)));
     count += other.count;
 }
 

@@ -8,7 +8,8 @@ namespace vx::render {
 /// on.
 [[nodiscard]] inline int channel_level(double value, double low, double high)
 {
-    double const part = low < high ? (value - low) / (high - low) : value > high ? 1 : 0;
+    // By halves, since the difference of two doubles may be beyond all doubles.
+    double const part = low < high ? (value / 2 - low / 2) / (high / 2 - low / 2) : value > high ? 1 : 0;
     return static_cast<int>(std::lround(255 * std::clamp(part, 0.0, 1.0)));
 }
 } // namespace vx::render

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace vx::task::detail {
 void begin_classify(void *scale, int type, int digits)
@@ -49,5 +50,22 @@ void equal_ranges(void *scale, unsigned nranges, double minval, double maxval)
     for (unsigned i = 0; i < count; ++i)
         set_range(scale, i, i * step + minval, (i + 1) * step + minval);
     set_span(scale, minval, count * step + minval);
+}
+
+void equal_ranges_of_any_span(void *scale, unsigned nranges, double minval, double maxval)
+{
+    if (!std::isfinite(minval) || !std::isfinite(maxval) || std::isfinite(maxval - minval))
+        return equal_ranges(scale, nranges, minval, maxval);
+    unsigned const count = set_range_count(scale, nranges);
+    auto const bound = [&](unsigned i) { return std::lerp(minval, maxval, double(i) / count); };
+    for (unsigned i = 0; i < count; ++i)
+        set_range(scale, i, bound(i), bound(i + 1));
+    set_span(scale, minval, maxval);
+}
+
+double within_numbers(double value)
+{
+    constexpr double c_most = std::numeric_limits<double>::max();
+    return std::isnan(value) ? value : std::clamp(value, -c_most, c_most);
 }
 } // namespace vx::task::detail

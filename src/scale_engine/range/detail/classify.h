@@ -16,5 +16,10 @@ unsigned set_range_count(void *scale, unsigned nranges);
 void set_range(void *scale, unsigned index, double min_bound, double max_bound);
 void set_span(void *scale, double min_value, double max_value);
 /// `nranges` ranges of one width, at least one, that lie next to each other from `minval` on.
+/// Where their span is beyond all numbers they have no width.
 void equal_ranges(void *scale, unsigned nranges, double minval, double maxval);
+/// The same with a width for any two numbers.
+void equal_ranges_of_any_span(void *scale, unsigned nranges, double minval, double maxval);
+/// The greatest number or the least one in place of infinities.
+[[nodiscard]] double within_numbers(double value);
 } // namespace vx::task::detail
