@@ -382,6 +382,7 @@ public:
                 kind_of(file) == path_kind::file)
                 f_table = file;
     }
+    [[nodiscard]] bool is_missing() const { return f_index.empty(); }
     [[nodiscard]] bool is_short() const
     {
         return size_at(f_index) >= c_head && number_in(f_index, c_length_at, 4, true) * 2 > size_at(f_index);
@@ -442,6 +443,7 @@ std::unique_ptr<dataset> dataset::open(std::wstring const &connection, bool read
         std::string opened = with_time_limit(path);
         auto const work = std::make_shared<opening_work>();
         bool is_ready = true;
+        bool lacks_index = false;
         // Before anybody asks the file what it is: some drivers open a database for that, and work off its
         // log.
         if (kind == path_kind::file && read_only && is_database_file(path) && has_abandoned_log(path)) {
@@ -465,11 +467,24 @@ std::unique_ptr<dataset> dataset::open(std::wstring const &connection, bool read
         CPLStringList options = open_options(parsed, packed.driver ? nullptr : driver_name, read_only);
         if (read_only && !work->copy && is_idle_write_ahead_database(path, driver_name))
             options.SetNameValue("IMMUTABLE", "YES");
-        if (kind == path_kind::file && !packed.driver && is_one_of(driver_name, {"ESRI Shapefile"}))
-            if (shapefile_index const index(path); index.is_short() && (read_only || !index.mend())) {
+        if (kind == path_kind::file && !packed.driver && is_one_of(driver_name, {"ESRI Shapefile"})) {
+            shapefile_index const index(path);
+            lacks_index = index.is_missing() && EQUAL(CPLGetExtension(path.c_str()), "shp");
+            if (index.is_short() && (read_only || !index.mend())) {
                 guard.add(c_drv_not_closed);
                 is_ready = false;
             }
+        }
+        if (lacks_index && read_only) {
+            // It is made anew, but not in somebody's folder.
+            work->copy = private_copy::of_links(path);
+            if (work->copy)
+                opened = work->copy->path();
+        }
+        if (lacks_index && !work->copy) {
+            guard.add(read_only ? c_drv_no_room_for_copy : c_drv_no_index);
+            is_ready = false;
+        }
         if (kind == path_kind::file && is_rewritten(driver_name) && !read_only) {
             std::wstring refusal;
             work->whole = whole_file::load(parsed.source, refusal);
@@ -486,6 +501,9 @@ std::unique_ptr<dataset> dataset::open(std::wstring const &connection, bool read
                                (read_only || is_taken_over ? GDAL_OF_READONLY : GDAL_OF_UPDATE);
         auto const open_with = [=](CPLStringList const &with) {
             char const *const only[] = {driver_name, nullptr};
+            std::optional<CPLConfigOptionSetter> makes_index;
+            if (lacks_index)
+                makes_index.emplace("SHAPE_RESTORE_SHX", "YES", false);
             return GDALDatasetUniquePtr(
                 GDALDataset::Open(opened.c_str(), flags, driver_name ? only : nullptr, with.List()));
         };
@@ -524,6 +542,8 @@ std::unique_ptr<dataset> dataset::open(std::wstring const &connection, bool read
             guard.add(c_drv_not_closed);
         } else if (work->is_spent)
             guard.add(c_drv_endless_view);
+        else if (lacks_index && is_ready)
+            guard.add(c_drv_index_not_made);
     }
     if (!result)
         error = reason.empty() ? L"" : reason_about(c_drv_not_opened, parsed.source, reason);

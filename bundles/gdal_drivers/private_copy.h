@@ -4,12 +4,15 @@
 #include <memory>
 
 namespace vx::gdal {
-/// A copy of a database with its log in a folder that nobody else reads, gone with the object.
+/// A stand-in for a file in a folder that nobody else reads, gone with the object.
 class private_copy
 {
 public:
-    /// Null when there is no room for it.
+    /// A copy of a database with its log. Null when there is no room for it.
     [[nodiscard]] static std::unique_ptr<private_copy> make(std::filesystem::path const &base);
+    /// Links to the file and to those beside it that have its name and other endings, so that more of them
+    /// can be made. Null when there is no room.
+    [[nodiscard]] static std::unique_ptr<private_copy> of_links(std::filesystem::path const &file);
     ~private_copy();
     private_copy(private_copy const &) = delete;
     private_copy &operator=(private_copy const &) = delete;
@@ -18,6 +21,8 @@ public:
 
 private:
     private_copy() = default;
+    /// An empty folder, and the file's name.
+    [[nodiscard]] static std::unique_ptr<private_copy> begin(std::filesystem::path const &file);
 
     std::filesystem::path f_folder;
     std::filesystem::path f_name;
