@@ -123,7 +123,7 @@ OGRGeometry const *gdal_feature::geometry() const
 
 int gdal_feature::geom_type()
 {
-    return geom_type_of_geometry(geometry());
+    return geom_type_of_geometry(geometry(), f_only_type);
 }
 
 void gdal_feature::with_proj4(vx::string_visitor visitor)
@@ -174,27 +174,35 @@ bool gdal_feature::get_point_z(Tvx_vtx_d3 *vertex)
 
 bool gdal_feature::get_multipoint(Tvx_op2d *list)
 {
-    return list && gdal::get_multipoint(geometry(), list);
+    return list && gdal::get_multipoint(geometry(), list, f_only_type);
 }
 
 bool gdal_feature::get_multipoint_z(Tvx_ovtx_d3 *list)
 {
-    return list && gdal::get_multipoint(geometry(), list);
+    return list && gdal::get_multipoint(geometry(), list, f_only_type);
 }
 
 bool gdal_feature::get_polypoint(Tvx_op2d *list)
 {
-    return list && gdal::get_polypoint(geometry(), list);
+    return list && gdal::get_polypoint(geometry(), list, f_only_type);
 }
 
 bool gdal_feature::get_polypoint_z(Tvx_ovtx_d3 *list)
 {
-    return list && gdal::get_polypoint(geometry(), list);
+    return list && gdal::get_polypoint(geometry(), list, f_only_type);
+}
+
+bool gdal_feature::refuses_geometry()
+{
+    bool const holds_more = f_only_type != geom_unknown && geom_type_of_geometry(geometry()) == geom_unknown;
+    if (holds_more)
+        f_store->refuse(vx_res_get_wstr(c_drv_other_parts));
+    return holds_more;
 }
 
 bool gdal_feature::set_geometry(std::unique_ptr<OGRGeometry> geometry)
 {
-    if (!geometry || f_geom_field >= f_record->GetGeomFieldCount() || !can_change())
+    if (!geometry || f_geom_field >= f_record->GetGeomFieldCount() || !can_change() || refuses_geometry())
         return false;
     OGRGeomFieldDefn const *const defn = f_record->GetGeomFieldDefnRef(f_geom_field);
     geometry->assignSpatialReference(defn->GetSpatialRef());
@@ -217,7 +225,7 @@ bool gdal_feature::set_geometry(std::unique_ptr<OGRGeometry> geometry)
 
 bool gdal_feature::set_empty()
 {
-    if (f_geom_field >= f_record->GetGeomFieldCount() || !can_change())
+    if (f_geom_field >= f_record->GetGeomFieldCount() || !can_change() || refuses_geometry())
         return false;
     f_record->SetGeomFieldDirectly(f_geom_field, nullptr);
     f_changed = true;

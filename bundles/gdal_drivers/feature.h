@@ -40,11 +40,13 @@ protected:
 class gdal_feature final : public feature_impl
 {
 public:
+    /// Of a collection the parts of type `only_type` are given, with `geom_unknown` all of its main kind.
     /// `new_fid` is the identifier of a new feature until it is stored; 0 for one that is stored.
     gdal_feature(feature_store *store, OGRLayer *table, OGRFeatureUniquePtr record, int geom_field,
-                 long long new_fid = 0)
+                 int only_type, long long new_fid = 0)
         : f_store(store), f_table(table), f_record(std::move(record)),
-          f_field_count(f_record->GetFieldCount()), f_geom_field(geom_field), f_new_fid(new_fid)
+          f_field_count(f_record->GetFieldCount()), f_geom_field(geom_field), f_only_type(only_type),
+          f_new_fid(new_fid)
     {
     }
     ~gdal_feature() = default;
@@ -107,6 +109,8 @@ public:
 private:
     [[nodiscard]] OGRGeometry const *geometry() const;
     [[nodiscard]] bool set_geometry(std::unique_ptr<OGRGeometry> geometry);
+    /// Another geometry would take parts away that are not given here; then with the reason.
+    [[nodiscard]] bool refuses_geometry();
     [[nodiscard]] bool can_change();
     [[nodiscard]] bool can_change(int field);
     /// What follows an attempt to put a value into a cell.
@@ -118,6 +122,7 @@ private:
     OGRFeatureUniquePtr f_record;
     int f_field_count;
     int f_geom_field;
+    int f_only_type;
     long long f_new_fid;
     bool f_changed = false;
     bool f_is_refused = false;

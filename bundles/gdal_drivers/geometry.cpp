@@ -82,40 +82,109 @@ struct space_list
     }
 };
 
-void collect_lines(OGRGeometry const *geometry, std::vector<OGRSimpleCurve const *> &lines)
+/// Of one kind only: a collection may hold others too.
+void collect_points(OGRGeometry const *geometry, std::vector<OGRPoint const *> &points)
 {
     switch (wkbFlatten(geometry->getGeometryType())) {
-    case wkbLineString:
-        lines.push_back(geometry->toSimpleCurve());
+    case wkbPoint:
+        points.push_back(geometry->toPoint());
         return;
-    case wkbPolygon:
-    case wkbTriangle:
-        for (OGRLinearRing const *ring : *geometry->toPolygon())
-            lines.push_back(ring);
-        return;
-    case wkbMultiLineString:
-    case wkbMultiPolygon:
+    case wkbMultiPoint:
+    case wkbGeometryCollection:
         for (OGRGeometry const *item : *geometry->toGeometryCollection())
-            collect_lines(item, lines);
+            collect_points(item, points);
         return;
     default:
         return;
     }
 }
 
+void collect_lines(OGRGeometry const *geometry, bool of_polygons, std::vector<OGRSimpleCurve const *> &lines)
+{
+    switch (wkbFlatten(geometry->getGeometryType())) {
+    case wkbLineString:
+        if (!of_polygons)
+            lines.push_back(geometry->toSimpleCurve());
+        return;
+    case wkbPolygon:
+    case wkbTriangle:
+        if (of_polygons)
+            for (OGRLinearRing const *ring : *geometry->toPolygon())
+                lines.push_back(ring);
+        return;
+    case wkbMultiLineString:
+    case wkbMultiPolygon:
+    case wkbGeometryCollection:
+        for (OGRGeometry const *item : *geometry->toGeometryCollection())
+            collect_lines(item, of_polygons, lines);
+        return;
+    case wkbPolyhedralSurface:
+    case wkbTIN:
+        for (OGRPolygon const *face : *geometry->toPolyhedralSurface())
+            collect_lines(face, of_polygons, lines);
+        return;
+    default:
+        return;
+    }
+}
+
+/// What kinds of parts a collection has.
+struct part_kinds
+{
+    bool points = false;
+    bool lines = false;
+    bool polygons = false;
+
+    void note(OGRGeometry const &geometry)
+    {
+        if (geometry.IsEmpty())
+            return;
+        switch (flat(geom_type_of(geometry.getGeometryType()))) {
+        case geom_point:
+        case geom_multipoint:
+            points = true;
+            return;
+        case geom_polyline:
+            lines = true;
+            return;
+        case geom_polygon:
+        case geom_multipatch:
+            polygons = true;
+            return;
+        default:
+            if (wkbFlatten(geometry.getGeometryType()) == wkbGeometryCollection)
+                for (OGRGeometry const *item : *geometry.toGeometryCollection())
+                    note(*item);
+        }
+    }
+    [[nodiscard]] bool has(int kind) const
+    {
+        return kind == geom_multipoint ? points
+               : kind == geom_polyline ? lines
+                                       : kind == geom_polygon && polygons;
+    }
+    [[nodiscard]] int of(int wanted) const
+    {
+        if (has(wanted))
+            return wanted;
+        int const count = points + lines + polygons;
+        return count > 1    ? geom_unknown
+               : count == 0 ? geom_none
+               : points     ? geom_multipoint
+               : lines      ? geom_polyline
+                            : geom_polygon;
+    }
+};
+
 template <class Form>
-bool read_multipoint(OGRGeometry const *geometry, typename Form::list *list)
+bool read_multipoint(OGRGeometry const *geometry, typename Form::list *list, int wanted)
 {
     Form::clear(list);
-    int const type = flat(geom_type_of_geometry(geometry));
+    int const type = flat(geom_type_of_geometry(geometry, wanted));
     if (type != geom_multipoint && type != geom_point)
         return false;
     std::vector<OGRPoint const *> points;
-    if (type == geom_point)
-        points.push_back(geometry->toPoint());
-    else
-        for (OGRPoint const *point : *geometry->toMultiPoint())
-            points.push_back(point);
+    collect_points(geometry, points);
     std::erase_if(points, [](OGRPoint const *p) { return p->IsEmpty(); });
     Form::set_size(list, points.size());
     for (std::size_t i = 0; i < points.size(); ++i)
@@ -125,10 +194,14 @@ bool read_multipoint(OGRGeometry const *geometry, typename Form::list *list)
 }
 
 template <class Form>
-bool read_polypoint(OGRGeometry const *geometry, typename Form::list *list)
+bool read_polypoint(OGRGeometry const *geometry, typename Form::list *list, int wanted)
 {
     Form::clear(list);
-    int const type = flat(geom_type_of_geometry(geometry));
+    int type = flat(geom_type_of_geometry(geometry, wanted));
+    // Of several kinds the areas are what is seen first.
+    for (int const kind : {geom_polygon, geom_polyline})
+        if (type == geom_unknown)
+            type = flat(geom_type_of_geometry(geometry, kind));
     if (type != geom_polyline && type != geom_polygon)
         return false;
     std::unique_ptr<OGRGeometry> straight;
@@ -138,7 +211,7 @@ bool read_polypoint(OGRGeometry const *geometry, typename Form::list *list)
     }
     std::vector<OGRSimpleCurve const *> lines;
     if (geometry)
-        collect_lines(geometry, lines);
+        collect_lines(geometry, type == geom_polygon, lines);
     std::erase_if(lines, [](OGRSimpleCurve const *line) { return line->getNumPoints() == 0; });
     Form::set_size(list, lines.size());
     for (std::size_t i = 0; i < lines.size(); ++i)
@@ -237,9 +310,14 @@ std::unique_ptr<OGRGeometry> write_polygon(typename Form::list const *list)
 }
 } // namespace
 
-int geom_type_of_geometry(OGRGeometry const *geometry)
+int geom_type_of_geometry(OGRGeometry const *geometry, int wanted)
 {
-    return geometry ? geom_type_of(geometry->getGeometryType()) : geom_none;
+    if (!geometry || wkbFlatten(geometry->getGeometryType()) != wkbGeometryCollection)
+        return geometry ? geom_type_of(geometry->getGeometryType()) : geom_none;
+    part_kinds kinds;
+    kinds.note(*geometry);
+    int const type = kinds.of(flat(wanted));
+    return geometry->Is3D() && type != geom_none && type != geom_unknown ? type + 10 : type;
 }
 
 bool get_point(OGRGeometry const *geometry, Tvx_vtx_d3 &vertex)
@@ -251,24 +329,24 @@ bool get_point(OGRGeometry const *geometry, Tvx_vtx_d3 &vertex)
     return true;
 }
 
-bool get_multipoint(OGRGeometry const *geometry, Tvx_op2d *list)
+bool get_multipoint(OGRGeometry const *geometry, Tvx_op2d *list, int wanted)
 {
-    return read_multipoint<flat_list>(geometry, list);
+    return read_multipoint<flat_list>(geometry, list, wanted);
 }
 
-bool get_multipoint(OGRGeometry const *geometry, Tvx_ovtx_d3 *list)
+bool get_multipoint(OGRGeometry const *geometry, Tvx_ovtx_d3 *list, int wanted)
 {
-    return read_multipoint<space_list>(geometry, list);
+    return read_multipoint<space_list>(geometry, list, wanted);
 }
 
-bool get_polypoint(OGRGeometry const *geometry, Tvx_op2d *list)
+bool get_polypoint(OGRGeometry const *geometry, Tvx_op2d *list, int wanted)
 {
-    return read_polypoint<flat_list>(geometry, list);
+    return read_polypoint<flat_list>(geometry, list, wanted);
 }
 
-bool get_polypoint(OGRGeometry const *geometry, Tvx_ovtx_d3 *list)
+bool get_polypoint(OGRGeometry const *geometry, Tvx_ovtx_d3 *list, int wanted)
 {
-    return read_polypoint<space_list>(geometry, list);
+    return read_polypoint<space_list>(geometry, list, wanted);
 }
 
 std::unique_ptr<OGRGeometry> make_multipoint(Tvx_op2d const *list)

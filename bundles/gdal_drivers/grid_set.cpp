@@ -5,6 +5,7 @@
 
 #include "platform/base/matrix.h"
 #include "platform/base/text_codec.h"
+#include "platform/basic/vx_res.h"
 
 #include <ogr_spatialref.h>
 
@@ -60,6 +61,27 @@ bool are_finite(double const *numbers, int count)
 {
     return std::all_of(numbers, numbers + count, [](double number) { return std::isfinite(number); });
 }
+
+/// Cells have an area, and those at the corners of such a grid have places.
+bool can_be_place(double const *m, int columns, int rows)
+{
+    double const longest = std::max({std::abs(m[1]), std::abs(m[2]), std::abs(m[4]), std::abs(m[5])});
+    double const corners[] = {m[0] + columns * m[1],
+                              m[3] + columns * m[4],
+                              m[0] + rows * m[2],
+                              m[3] + rows * m[5],
+                              m[0] + columns * m[1] + rows * m[2],
+                              m[3] + columns * m[4] + rows * m[5]};
+    return are_finite(m, 6) && are_finite(corners, std::size(corners)) && longest > 0 &&
+           m[1] / longest * (m[5] / longest) != m[2] / longest * (m[4] / longest);
+}
+
+/// False for a grid that states no place, or one that cells cannot have.
+bool place_of(GDALDataset &gdal, double *m)
+{
+    return gdal.GetGeoTransform(m) == CE_None &&
+           can_be_place(m, gdal.GetRasterXSize(), gdal.GetRasterYSize());
+}
 } // namespace
 
 void grid_set::detach()
@@ -75,10 +97,12 @@ bool grid_set::with_extent(Tvx_box_d2 *box, bool)
     if (!box || gdal.GetRasterCount() == 0)
         return false;
     error_guard const guard(f_set->error());
-    double m[6] = {0, 1, 0, 0, 0, 1};
+    double m[6];
     // Without a place of its own a grid lies in cells, with its first row on top.
-    if (gdal.GetGeoTransform(m) != CE_None)
-        m[5] = -1;
+    if (!place_of(gdal, m)) {
+        double const in_cells[6] = {0, 1, 0, 0, 0, -1};
+        std::copy(in_cells, in_cells + 6, m);
+    }
     *box = {};
     for (int corner = 0; corner < 4; ++corner) {
         double const column = corner & 1 ? gdal.GetRasterXSize() : 0;
@@ -138,8 +162,12 @@ bool grid_set::field_index(wchar_t const *name, int *index)
 
 void grid_set::with_error(vx::string_visitor visitor)
 {
+    GDALDataset &gdal = f_set->gdal();
+    double m[6];
     if (!f_set->error().empty())
         visitor.visit(f_set->error().c_str());
+    else if (gdal.GetRasterCount() > 0 && gdal.GetGeoTransform(m) == CE_None && !place_of(gdal, m))
+        visitor.visit(vx_res_get_wstr(c_drv_no_place));
 }
 
 GDALRasterBand *grid_set::band(int field) const
@@ -211,7 +239,7 @@ bool grid_set::with_dimensions(int *counts)
 bool grid_set::with_geotransform(Tvx_matrix3x3 *matrix)
 {
     double m[6];
-    if (!matrix || f_set->gdal().GetGeoTransform(m) != CE_None)
+    if (!matrix || !place_of(f_set->gdal(), m))
         return false;
     *matrix = {{{m[1], m[2], m[0]}, {m[4], m[5], m[3]}, {0, 0, 1}}};
     return true;
@@ -224,8 +252,8 @@ bool grid_set::change_place(std::function<bool(double *matrix)> const &change)
         guard.add(c_drv_read_only);
         return false;
     }
-    double m[6] = {0, 1, 0, 0, 0, -1};
-    if (f_set->gdal().GetGeoTransform(m) != CE_None) {
+    double m[6];
+    if (!place_of(f_set->gdal(), m)) {
         double const in_cells[6] = {0, 1, 0, 0, 0, -1};
         std::copy(in_cells, in_cells + 6, m);
     }
@@ -265,7 +293,7 @@ bool grid_set::set_geotransform_z(Tvx_matrix4x4 *matrix)
 bool grid_set::with_origin(double *xyz)
 {
     double m[6];
-    if (!xyz || f_set->gdal().GetGeoTransform(m) != CE_None)
+    if (!xyz || !place_of(f_set->gdal(), m))
         return false;
     // GDAL counts from the corner of the first cell.
     xyz[0] = m[0] + (m[1] + m[2]) / 2;
@@ -286,7 +314,7 @@ bool grid_set::set_origin(double *xyz)
 bool grid_set::with_spacing(double *xyz)
 {
     double m[6];
-    if (!xyz || f_set->gdal().GetGeoTransform(m) != CE_None)
+    if (!xyz || !place_of(f_set->gdal(), m))
         return false;
     lattice const cells(m);
     xyz[0] = cells.x;
@@ -309,7 +337,7 @@ bool grid_set::set_spacing(double *xyz)
 double grid_set::azimuth()
 {
     double m[6];
-    return f_set->gdal().GetGeoTransform(m) == CE_None ? lattice(m).angle / c_degree : 0;
+    return place_of(f_set->gdal(), m) ? lattice(m).angle / c_degree : 0;
 }
 
 bool grid_set::set_azimuth(double angle)

@@ -89,18 +89,19 @@ void shape_run::add_shape(int kind, std::vector<unsigned> const &vertex_counts, 
 
 void shape_run::add(OGRGeometry const *geometry, unsigned long long record)
 {
-    int const kind = flat(geom_type_of_geometry(geometry));
+    int kind = flat(geom_type_of_geometry(geometry));
     if (kind == geom_point) {
         if (geometry->IsEmpty())
             return add_none(record);
         return add_point(geometry->toPoint()->getX(), geometry->toPoint()->getY(), record);
     }
     vertex_list const list(vx_ov_d2_create());
-    bool const is_read = kind == geom_multipoint ? get_multipoint(geometry, list.get())
-                         : kind == geom_polyline || kind == geom_polygon ? get_polypoint(geometry, list.get())
-                                                                         : false;
-    if (!is_read)
+    if (!(kind == geom_multipoint ? get_multipoint(geometry, list.get())
+                                  : geometry && get_polypoint(geometry, list.get())))
         return add_none(record);
+    // The areas or lines of a collection that has other parts as well.
+    if (kind == geom_unknown)
+        kind = vx_ov_d2_get_vector_type(list.get()) == c_vector_polygon ? -geom_polygon : -geom_polyline;
     std::vector<unsigned> counts;
     for (std::size_t part = 0; part < vx_ov_d2_get_size(list.get()); ++part)
         counts.push_back(static_cast<unsigned>(vx_pv_d2_get_size(vx_ov_d2_get_pv_ptr(list.get(), part))));

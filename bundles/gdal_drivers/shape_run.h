@@ -34,7 +34,8 @@ public:
     /// A shape with its vertices, which are taken over where the run is empty, and copied elsewhere.
     void add_shape(int kind, std::vector<unsigned> const &vertex_counts, unsigned long long record,
                    std::unique_ptr<double[]> vertices, std::size_t count);
-    /// The same of a geometry of the format library; null counts as none.
+    /// The same of a geometry of the format library; null counts as none. Of a collection of several kinds
+    /// there is the main one.
     void add(OGRGeometry const *geometry, unsigned long long record);
     /// What is in the run is worth handing out.
     [[nodiscard]] bool is_large() const { return f_count >= c_shapes || f_place_count >= c_numbers; }

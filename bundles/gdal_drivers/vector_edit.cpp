@@ -527,7 +527,8 @@ bool vector_set::create_feature(long long fid, vx::feature_visitor visitor)
         return false;
     OGRFeatureUniquePtr record(OGRFeature::CreateFeature(f_layer->GetLayerDefn()));
     record->SetFID(fid > 0 ? fid : OGRNullFID);
-    auto *const outside = new gdal_feature(this, f_layer, std::move(record), f_geom_field, f_next_new_fid--);
+    auto *const outside =
+        new gdal_feature(this, f_layer, std::move(record), f_geom_field, f_only_type, f_next_new_fid--);
     f_outside.push_back(outside);
     f_making = outside;
     f_set->error().clear();

@@ -1,6 +1,7 @@
 #include "data_types.h"
 #include "database_guard.h"
 #include "dbf_column.h"
+#include "geometry.h"
 #include "long_work.h"
 #include "paged_filter.h"
 #include "sql_names.h"
@@ -27,6 +28,22 @@ std::string names_of_type(int type)
         return "'ST_PolyhedralSurface', 'ST_Tin'";
     default:
         return "''";
+    }
+}
+
+/// The same of the single parts without curves that a collection belongs to the type by; empty where it
+/// belongs to none.
+std::string names_of_parts(int type)
+{
+    switch (flat(type)) {
+    case geom_multipoint:
+        return "'ST_Point'";
+    case geom_polyline:
+        return "'ST_LineString'";
+    case geom_polygon:
+        return "'ST_Polygon', 'ST_Triangle'";
+    default:
+        return {};
     }
 }
 } // namespace
@@ -153,8 +170,15 @@ server_table const *vector_set::server()
         if (!geom_field_at(f_geom_field))
             return nullptr;
         std::string const shape = quoted_name(geom_field_at(f_geom_field)->GetNameRef());
-        add("(" + shape + " IS NULL OR ST_GeometryType(" + shape + ") IN (" + names_of_type(f_only_type) +
-            "))");
+        std::string const parts = names_of_parts(f_only_type);
+        std::string const kind = "ST_GeometryType(" + shape + ")";
+        add("(" + shape + " IS NULL OR " + kind + " IN (" + names_of_type(f_only_type) + ") OR (" + kind +
+            " = 'ST_GeometryCollection' AND (ST_IsEmpty(" + shape + ")" +
+            (parts.empty()
+                 ? std::string()
+                 : " OR EXISTS (SELECT 1 FROM ST_Dump(ST_CurveToLine(" + shape +
+                       ")) d WHERE NOT ST_IsEmpty(d.geom) AND ST_GeometryType(d.geom) IN (" + parts + "))") +
+            ")))");
     }
     f_server->set_condition(condition);
     f_server->set_in_transaction(f_in_transaction);
@@ -220,8 +244,8 @@ bool vector_set::is_wanted(OGRFeature const &record) const
         return true;
     OGRGeometry const *const shape =
         f_geom_field < record.GetGeomFieldCount() ? record.GetGeomFieldRef(f_geom_field) : nullptr;
-    int const type = shape ? geom_type_of(shape->getGeometryType()) : geom_none;
-    // A feature without geometry belongs to every type.
+    int const type = geom_type_of_geometry(shape, f_only_type);
+    // A feature without geometry belongs to every type, a collection to those of its parts.
     return type == geom_none || flat(type) == flat(f_only_type) ||
            (flat(f_only_type) == geom_multipoint && flat(type) == geom_point);
 }
@@ -302,7 +326,7 @@ void vector_set::hand_out(OGRFeatureUniquePtr record, vx::feature_visitor visito
     if (!visitor)
         return;
     feature_store *const store = f_set->read_only() ? nullptr : this;
-    auto *const outside = new gdal_feature(store, f_layer, std::move(record), f_geom_field);
+    auto *const outside = new gdal_feature(store, f_layer, std::move(record), f_geom_field, f_only_type);
     if (store)
         f_outside.push_back(outside);
     visitor.visit(*outside);

@@ -42,8 +42,9 @@ public:
     VX_LOCAL void visit_points(unsigned long long count, double const* places,
         unsigned long long const* records) const
     { vxk_datasource_shape_visitor_visit_points(f_handle, count, places, records); }
-    /// Kinds are flat types of geometry; a vertex count for each part of all shapes, then x and y of each
-    /// vertex.
+    /// Kinds are flat types of geometry, below zero where the record has parts of other kinds as well, which
+    /// a connection with that type of geometry gives; a vertex count for each part of all shapes, then x and
+    /// y of each vertex.
     VX_LOCAL void visit_shapes(unsigned long long count, int const* kinds, unsigned const* part_counts,
         unsigned const* vertex_counts, double const* places, unsigned long long const* records) const
     { vxk_datasource_shape_visitor_visit_shapes(f_handle, count, kinds, part_counts, vertex_counts, places,

@@ -74,6 +74,11 @@ bool vx_shape_files_is_damaged(Ivx_shape_files const *shapes)
     return shapes && shapes->shapes->is_damaged();
 }
 
+bool vx_shape_files_has_more_kinds(Ivx_shape_files const *shapes)
+{
+    return shapes && shapes->shapes->has_more_kinds();
+}
+
 Tvx_box_d2 vx_shape_files_get_box(Ivx_shape_files const *shapes)
 {
     return shapes ? shapes->shapes->box() : Tvx_box_d2{};

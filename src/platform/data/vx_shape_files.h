@@ -54,6 +54,9 @@ VX_API void vx_shape_files_close(Ivx_shape_files *shapes);
 [[nodiscard]] VX_API unsigned vx_shape_files_get_count(Ivx_shape_files const *shapes);
 /// True when the source could not read all shapes, as of a file that was cut; those have no geometry here.
 [[nodiscard]] VX_API bool vx_shape_files_is_damaged(Ivx_shape_files const *shapes);
+/// True when a record that was read has parts of other kinds than its shape is of: a collection is given by
+/// its areas, or by its lines where it has none. A connection string with another "geom_type" gives the rest.
+[[nodiscard]] VX_API bool vx_shape_files_has_more_kinds(Ivx_shape_files const *shapes);
 /// Box of all shapes; empty when none has a geometry.
 [[nodiscard]] VX_API Tvx_box_d2 vx_shape_files_get_box(Ivx_shape_files const *shapes);
 /// False past the end; a record without geometry gives true and an empty view.

@@ -64,7 +64,7 @@ public:
 
     void visit(vx::feature item) override
     {
-        int const kind = flat(item.geom_type());
+        int kind = flat(item.geom_type());
         vertex_list const list(vx_ov_d2_create());
         std::vector<part> parts;
         Tvx_vtx_d2 at;
@@ -77,6 +77,9 @@ public:
                 for (std::size_t v = 0; v < vx_pv_d2_get_size(from); ++v)
                     parts.back().emplace_back(vx_pv_d2_get_data(from)[v].x, vx_pv_d2_get_data(from)[v].y);
             }
+        // A run says of which kind the parts are, and that there are others.
+        if (item.geom_type() == geom_unknown && !parts.empty())
+            kind = vx_ov_d2_get_vector_type(list.get()) == c_vector_polygon ? -geom_polygon : -geom_polyline;
         shapes[shapes.size()] = made(kind, parts);
         item.detach();
     }
@@ -365,7 +368,9 @@ TEST(shapes_in_runs, of_geopackages_with_everything_in_them)
         .add(4.0, true);
     forms.emplace_back().head(0x80000002).vertices({0, 0, 9, 1, 2, 9}, 3);
     forms.emplace_back().head(7).add(1u).head(1).add(1.0).add(2.0); // a collection
-    forms.emplace_back().head(8).vertices({0, 0, 1, 1, 2, 0});      // an arc
+    forms.emplace_back().head(7).add(2u).head(1).add(1.0).add(2.0).head(2).vertices({3, 4, 5, 6});
+    forms.emplace_back().head(7).add(0u);
+    forms.emplace_back().head(8).vertices({0, 0, 1, 1, 2, 0}); // an arc
     forms.emplace_back().head(3).add(0u);
     forms.emplace_back().head(2).add(1000000u).add(1.0);       // cut off
     forms.emplace_back().head(6).add(1u).head(2).vertices({}); // not of its kind

@@ -91,11 +91,14 @@ TEST_F(server_questions, about_fields_take_a_statement_each_and_answer_as_the_fi
 
 TEST_F(server_questions, about_what_filters_let_pass_are_answered_by_the_server_too)
 {
-    server().sql(
-        "CREATE TABLE mixed (id serial PRIMARY KEY, v int, g geometry);"
-        "INSERT INTO mixed (v, g) SELECT n, CASE n % 4 WHEN 0 THEN ST_Point(n, n) WHEN 1 THEN "
-        "ST_MakeLine(ST_Point(n, n), ST_Point(n + 1, 0)) WHEN 2 THEN ST_Buffer(ST_Point(n, n), 1) END "
-        "FROM generate_series(1, 400) n");
+    server().sql("CREATE TABLE mixed (id serial PRIMARY KEY, v int, g geometry);"
+                 "INSERT INTO mixed (v, g) SELECT n, CASE n % 4 WHEN 0 THEN ST_Point(n, n) WHEN 1 THEN "
+                 "ST_MakeLine(ST_Point(n, n), ST_Point(n + 1, 0)) WHEN 2 THEN ST_Buffer(ST_Point(n, n), 1) "
+                 "ELSE CASE n % 5 WHEN 0 THEN ST_Collect(ST_Point(n, n), ST_Buffer(ST_Point(n, n), 1)) "
+                 "WHEN 1 THEN ST_Collect(ST_Point(n, n), ST_MakeLine(ST_Point(n, n), ST_Point(0, n))) "
+                 "WHEN 2 THEN 'GEOMETRYCOLLECTION(CURVEPOLYGON(CIRCULARSTRING(0 0,9 9,0 0)),POINT EMPTY)' "
+                 "WHEN 3 THEN 'GEOMETRYCOLLECTION EMPTY' END END "
+                 "FROM generate_series(1, 400) n");
     struct
     {
         wchar_t const *type;
@@ -109,6 +112,7 @@ TEST_F(server_questions, about_what_filters_let_pass_are_answered_by_the_server_
         {L"point", L"", {}, false},
         {L"polyline", L"v < 100", {20, 0, 80, 60}, false},
         {L"polygon", L"v > 7", {}, false},
+        {L"multipoint", L"", {}, false},
         {L"", L"", {}, true},
         {L"", L"", {100, 100, 300, 300}, true},
     };

@@ -10,6 +10,7 @@
 #include "platform/basic/vx_datasource.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace vx::attr {
 namespace {
@@ -84,7 +85,8 @@ public:
         if (!records) {
             std::size_t const taken = std::min<std::size_t>(count, f_feed.f_record_count - f_feed.f_taken);
             f_kinds.assign(taken, c_shape_none);
-            std::transform(kinds, kinds + taken, f_kinds.begin(), kind_of);
+            std::transform(kinds, kinds + taken, f_kinds.begin(),
+                           [this](int kind) { return taken_kind(kind); });
             f_feed.f_shapes->append_run(f_kinds, part_counts, vertex_counts, points);
             f_feed.f_taken += taken;
             return;
@@ -92,7 +94,7 @@ public:
         for (unsigned long long i = 0; i < count; ++i) {
             std::span<unsigned const> const sizes(vertex_counts, part_counts[i]);
             if (takes(records, i))
-                f_feed.f_shapes->append(kind_of(kinds[i]), sizes, points);
+                f_feed.f_shapes->append(taken_kind(kinds[i]), sizes, points);
             for (unsigned const size : sizes)
                 points += size;
             vertex_counts += sizes.size();
@@ -107,6 +109,14 @@ private:
             return false;
         f_feed.f_records->push_back(static_cast<unsigned>(records[i]));
         return true;
+    }
+
+    /// Below zero the record has parts of other kinds as well.
+    [[nodiscard]] Tvx_shape_kind taken_kind(int kind)
+    {
+        if (kind < 0)
+            f_feed.f_shapes->set_has_more_kinds();
+        return kind_of(std::abs(kind));
     }
 
     shape_feed &f_feed;
@@ -133,18 +143,28 @@ private:
     void read(vx::feature const &item)
     {
         int const type = item.geom_type();
-        Tvx_shape_kind const kind = kind_of(type);
+        Tvx_shape_kind kind = kind_of(type);
         bool const is_single = (type > c_geom_z ? type - c_geom_z : type) == geom_point;
         if (is_single) {
             Tvx_vtx_d2 vertex;
             Tvx_pnt_d2 const point = item.get_point(&vertex) ? Tvx_pnt_d2{vertex.x, vertex.y} : c_nowhere;
             return f_shapes.append_points({&point, 1});
         }
-        bool const is_read = kind == c_shape_point  ? item.get_multipoint(f_list.get())
-                             : kind != c_shape_none ? item.get_polypoint(f_list.get())
-                                                    : false;
-        if (!is_read)
+        // A collection of several kinds gives its areas, else its lines.
+        bool const has_more_kinds = type == geom_unknown;
+        bool const is_read = kind == c_shape_point                    ? item.get_multipoint(f_list.get())
+                             : kind != c_shape_none || has_more_kinds ? item.get_polypoint(f_list.get())
+                                                                      : false;
+        if (has_more_kinds) {
+            Tvx_vector_type const of = vx_ov_d2_get_vector_type(f_list.get());
+            kind = of == c_vector_polygon    ? c_shape_polygon
+                   : of == c_vector_polyline ? c_shape_polyline
+                                             : c_shape_none;
+        }
+        if (!is_read || kind == c_shape_none)
             return f_shapes.append_none();
+        if (has_more_kinds)
+            f_shapes.set_has_more_kinds();
         f_sizes.clear();
         f_points.clear();
         for (std::size_t p = 0; p < vx_ov_d2_get_size(f_list.get()); ++p) {

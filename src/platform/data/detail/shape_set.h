@@ -42,11 +42,14 @@ public:
     void finish();
     /// The source could not read all shapes; those are without geometry here.
     void set_damaged() { f_is_damaged = true; }
+    /// Some record has parts of other kinds than its shape is of.
+    void set_has_more_kinds() { f_has_more_kinds = true; }
 
     [[nodiscard]] std::size_t size() const { return f_size; }
     [[nodiscard]] Tvx_box_d2 const &box() const { return f_box; }
     [[nodiscard]] bool is_finished() const { return f_is_finished; }
     [[nodiscard]] bool is_damaged() const { return f_is_damaged; }
+    [[nodiscard]] bool has_more_kinds() const { return f_has_more_kinds; }
     [[nodiscard]] Tvx_shape_view view(std::size_t index) const;
     /// Calls `visit` with the number and the view of each shape from `first` on whose box meets `box`, in
     /// order, until it gives false. What is appended meanwhile is not visited.
@@ -173,5 +176,6 @@ private:
     mutable shape_grid f_grid;
     bool f_is_finished = false;
     bool f_is_damaged = false;
+    bool f_has_more_kinds = false;
 };
 } // namespace vx::attr
