@@ -79,6 +79,13 @@ public:
         f_source.with_proj4(projection);
         return vx_map_unit_from_proj4(projection.text);
     }
+    /// What the driver has to say against it.
+    [[nodiscard]] QString flaw() const
+    {
+        text_receiver reason;
+        f_source.with_error(reason);
+        return QString::fromStdWString(vx_reason_split(reason.text).sentence);
+    }
     /// The handle is the caller's from now on.
     [[nodiscard]] t_vx_data_source_interface release() { return std::exchange(f_source, vx::data_source()); }
 
@@ -160,7 +167,15 @@ constexpr kind_of_shapes c_shape_kinds[] = {
     {c_shape_polygon, L"polygon", c_cap_kind_polygons},
 };
 
-/// The kinds of shapes in a table that may hold any; nothing where all are of one kind.
+bool has_shapes(Ivx_layer *layer)
+{
+    vx::owned<Ivx_shape_files, &vx_shape_files_close> const shapes(
+        vx_shape_files_open(vx_shp_lr2d_get_attr_data_ptr(layer)));
+    return !vx_shape_files_get_box(shapes.get()).is_empty();
+}
+
+/// The kinds of shapes in a table that may hold any; nothing where all are of one kind. With collections of
+/// several kinds all that there may be.
 std::vector<kind_of_shapes> kinds_of_mixed(Ivx_layer *layer)
 {
     Ivx_attr_data *const data = vx_shp_lr2d_get_attr_data_ptr(layer);
@@ -176,6 +191,8 @@ std::vector<kind_of_shapes> kinds_of_mixed(Ivx_layer *layer)
                 break;
             }
     }
+    if (vx_shape_files_has_more_kinds(shapes.get()))
+        return {std::begin(c_shape_kinds), std::end(c_shape_kinds)};
     return kinds.size() > 1 ? kinds : std::vector<kind_of_shapes>();
 }
 
@@ -204,6 +221,8 @@ void add_table(Tvx_layer_list::layer_ptr layer, std::wstring const &source, QStr
             result.error = QString::fromStdWString(error);
             continue;
         }
+        if (!has_shapes(part.get()))
+            continue;
         add_vector(std::move(part), path, name, one_of_many, result);
         Ivx_layer *const added = result.layers.back().layer.get();
         std::wstring caption;
@@ -263,8 +282,11 @@ void add_grids(data_set const &set, QString const &path, std::wstring const &fil
         if (!layer)
             continue;
         set_name(layer.get(), path, name.text, count > 1);
-        std::optional<Tvx_map_unit> const unit = part == file ? set.unit() : data_set(part).unit();
-        result.layers.push_back({std::move(layer), unit});
+        std::optional<data_set> apart;
+        if (part != file)
+            apart.emplace(part);
+        data_set const &raster = apart ? *apart : set;
+        result.layers.push_back({std::move(layer), raster.unit(), raster.flaw()});
     }
 }
 
@@ -398,11 +420,13 @@ std::optional<Tvx_map_unit> vx_layer_files_read(Ivx_layer *layer, std::optional<
     return vx_map_unit_from_proj4(projection);
 }
 
-std::optional<Tvx_map_unit> vx_layer_files_raster_unit(QString const &source, QString &error)
+std::optional<Tvx_map_unit> vx_layer_files_raster_unit(QString const &source, QString &error, QString &flaw)
 {
     data_set const set(source.toStdWString());
-    if (set && set->grid_count() > 0)
+    if (set && set->grid_count() > 0) {
+        flaw = set.flaw();
         return set.unit();
+    }
     error = set ? vx_host_caption(c_cap_err_no_layers) : open_error(source);
     return {};
 }

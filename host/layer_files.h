@@ -15,6 +15,8 @@ struct Tvx_opened_file
     {
         Tvx_layer_list::layer_ptr layer;
         std::optional<Tvx_map_unit> unit;
+        /// What of the data cannot be used; empty when all can.
+        QString flaw = {};
     };
     std::vector<layer> layers;
     QString error;
@@ -41,8 +43,10 @@ struct Tvx_opened_file
 /// Where a server tells what is in `view`, the part that the map shows, nothing is read yet: the map draws
 /// that first. The unit of its coordinates, where the data tell.
 std::optional<Tvx_map_unit> vx_layer_files_read(Ivx_layer *layer, std::optional<Tvx_box_d2> const &view = {});
-/// The unit of a raster's coordinates, where it tells; a reason in `error` when it cannot be opened.
-[[nodiscard]] std::optional<Tvx_map_unit> vx_layer_files_raster_unit(QString const &source, QString &error);
+/// The unit of a raster's coordinates, where it tells; a reason in `error` when it cannot be opened, and in
+/// `flaw` what of it cannot be used.
+[[nodiscard]] std::optional<Tvx_map_unit> vx_layer_files_raster_unit(QString const &source, QString &error,
+                                                                     QString &flaw);
 
 /// What a file or server is called where there is little room: no folders, no passwords.
 [[nodiscard]] QString vx_layer_files_name(QString const &path);

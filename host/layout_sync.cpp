@@ -274,7 +274,7 @@ void Tvx_layout_sync::open_other_scenes()
             vx_map_scene_open_layer(opened, {});
             if (!unit)
                 unit = opened.unit;
-            if (opened.mark != c_mark_none)
+            if (opened.mark == c_mark_missing)
                 f_failed.append(vx_layer_name(opened.layer.get()));
             if (vx_scn_2d_insert(scene, place, opened.layer.get()))
                 static_cast<void>(opened.layer.release());

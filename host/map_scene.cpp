@@ -149,10 +149,14 @@ void vx_map_scene_open_layer(Tvx_scene_layer &scene, std::optional<Tvx_box_d2> c
         return open_properties(scene);
     if (vx_lr2d_get_lr_type(scene.layer.get()) != std::string_view(c_lr_key_rtr))
         return;
-    QString error;
-    scene.unit = vx_layer_files_raster_unit(source, error);
+    QString error, flaw;
+    scene.unit = vx_layer_files_raster_unit(source, error, flaw);
     if (!error.isEmpty())
-        miss(scene, error);
+        return miss(scene, error);
+    if (flaw.isEmpty())
+        return;
+    scene.mark = c_mark_damaged;
+    scene.flaw = flaw;
 }
 
 bool vx_map_scene_save(QString const &path, Tvx_layer_list const &layers, Tvx_canvas_view const &view,

@@ -21,6 +21,8 @@ struct Tvx_scene_layer
     Tvx_layer_mark mark = c_mark_none;
     /// A reason (platform/basic/vx_fault.h) why the layer is not as it was saved; empty when it is.
     QString reason = {};
+    /// What of the data cannot be used, though they are opened.
+    QString flaw = {};
 };
 
 struct Tvx_loaded_scene

@@ -357,7 +357,10 @@ int Tvx_map_window::open_files(QStringList const &paths)
             continue;
         }
         for (auto &layer : file.layers) {
-            f_panel->select_id(f_layers.add(std::move(layer.layer), layer.unit));
+            int const id = f_layers.add(std::move(layer.layer), layer.unit);
+            if (!layer.flaw.isEmpty())
+                f_layers.set_damaged(id, c_mark_damaged, layer.flaw);
+            f_panel->select_id(id);
             ++opened;
         }
         if (vx_layer_files_is_server(path))

@@ -235,7 +235,7 @@ int Tvx_map_window::open_scene(QString const &path, std::vector<Tvx_failed_file>
         if (layer.mark != c_mark_none)
             f_layers.set_damaged(
                 id, layer.mark,
-                QString::fromStdWString(vx_reason_split(layer.reason.toStdWString()).sentence));
+                layer.flaw + QString::fromStdWString(vx_reason_split(layer.reason.toStdWString()).sentence));
         ++opened;
     }
     f_scene_path = QFileInfo(path).absoluteFilePath();

@@ -232,6 +232,95 @@ TEST_F(map_formats, a_table_of_mixed_shapes_is_a_layer_for_each_kind)
     }
 }
 
+TEST_F(map_formats, parts_of_a_collection_are_in_the_layers_of_their_kinds)
+{
+    std::string const polygon = R"({"type":"Polygon","coordinates":[[[0,40],[40,90],[0,90],[0,40]]]})";
+    std::string const line = R"({"type":"LineString","coordinates":[[0,0],[90,90]]})";
+    std::string const point = R"({"type":"Point","coordinates":[50,10]})";
+    auto const of = [](std::string const &parts) {
+        return R"({"type":"GeometryCollection","geometries":[)" + parts + "]}";
+    };
+    std::string text = R"({"type":"FeatureCollection","features":[)";
+    for (std::string const &shape :
+         {of(polygon + "," + of(point + "," + point)), of(line + "," + point), polygon, of(line), of("")})
+        text += R"({"type":"Feature","properties":{"n":1},"geometry":)" + shape + "},";
+    text.back() = ']';
+    write_file(folder / "t.geojson", text + "}");
+    ASSERT_EQ(window->open_files({path_of(folder / "t.geojson")}), 3);
+    QString const map = path_of(folder / "t.sn");
+    ASSERT_TRUE(vx_map_scene_save(map, layers(), canvas().view()));
+    QImage shown[3];
+    for (bool const is_reopened : {false, true}) {
+        if (is_reopened) {
+            map_fixture::SetUp();
+            ASSERT_EQ(window->open_files({map}), 3);
+        }
+        // Each has the object without a shape too.
+        char const *const counts[] = {"3 features", "3 features", "3 features"};
+        for (int row = 0; row < 3; ++row) {
+            EXPECT_TRUE(layers().data(layers().index(row), Qt::ToolTipRole).toString().contains(counts[row]));
+            run("hide_all");
+            layers().set_layer_visible(row, true);
+            EXPECT_GT(drawn_part(picture()), 1e-5) << row;
+            if (!is_reopened)
+                shown[row] = picture();
+            EXPECT_EQ(picture(), shown[row]) << row;
+        }
+    }
+}
+
+TEST_F(map_formats, a_raster_whose_place_is_none_lies_in_cells_and_is_marked)
+{
+    for (char const *const place : {"nan,1,0,0,0,-1", "0,inf,0,0,0,-1", "0,0,0,0,0,0", "5,1,2,7,2,4",
+                                    "0,1e308,0,0,0,-1", "3,2,0,9,0,-2"}) {
+        write_file(folder / "r.vrt",
+                   std::string(R"(<VRTDataset rasterXSize="20" rasterYSize="30"><GeoTransform>)") + place +
+                       R"(</GeoTransform><VRTRasterBand dataType="Byte" band="1"/>)" + "</VRTDataset>");
+        bool const is_place = place[0] == '3';
+        for (char const *const file : {"r.vrt", "r.sn"}) {
+            map_fixture::SetUp();
+            ASSERT_EQ(window->open_files({path_of(folder / file)}), 1) << place;
+            EXPECT_EQ(layers().mark_at(0), is_place ? c_mark_none : c_mark_damaged) << place;
+            QString const tip = layers().data(layers().index(0), Qt::ToolTipRole).toString();
+            EXPECT_EQ(tip.contains("lies in cells"), !is_place) << tip.toStdString();
+            Tvx_box_d2 const box = layers().extent_at(0);
+            EXPECT_EQ(box.max_x - box.min_x, is_place ? 40 : 20) << place;
+            EXPECT_EQ(box.max_y, is_place ? 9 : 0) << place;
+            run("show_all");
+            EXPECT_GT(drawn_part(picture()), 0.01) << place;
+            ASSERT_TRUE(vx_map_scene_save(path_of(folder / "r.sn"), layers(), canvas().view()));
+        }
+    }
+}
+
+TEST_F(map_formats, a_shapefile_without_its_index_is_read_and_nothing_appears_beside_it)
+{
+    for (char const *const name : {"nc.shp", "nc.dbf", "nc.prj"})
+        if (std::filesystem::exists(std::string(VX_EXAMPLE_DATA "/") + name))
+            std::filesystem::copy(std::string(VX_EXAMPLE_DATA "/") + name, folder.path());
+    int const files = folder.count();
+    ASSERT_EQ(window->open_files({path_of(folder / "nc.shp"), example_file("nc.shp")}), 2);
+    auto const tip = [&](int row) {
+        return layers().data(layers().index(row), Qt::ToolTipRole).toString().section('\n', 1);
+    };
+    EXPECT_EQ(tip(1), tip(0));
+    layers().set_layer_visible(0, false);
+    double const with_index = drawn_part(picture());
+    layers().set_layer_visible(0, true);
+    layers().set_layer_visible(1, false);
+    EXPECT_EQ(drawn_part(picture()), with_index);
+    EXPECT_EQ(folder.count(), files);
+    // It cannot be changed, and one that is damaged too cannot be read: both are said in our own words.
+    EXPECT_FALSE(source((folder / "nc.shp").wstring(), false).is_open());
+    EXPECT_NE(source::refusal().find(L"“.shx”, is missing. It can be opened for reading"), std::wstring::npos)
+        << vx::text::wide_to_utf8(source::refusal());
+    write_file(folder / "nc.shp", read_file(folder / "nc.shp").substr(0, 50));
+    EXPECT_FALSE(source((folder / "nc.shp").wstring()).is_open());
+    EXPECT_NE(source::refusal().find(L"too damaged"), std::wstring::npos)
+        << vx::text::wide_to_utf8(source::refusal());
+    EXPECT_EQ(folder.count(), files);
+}
+
 TEST_F(map_formats, a_raster_does_not_give_its_unit_to_a_map_of_degrees)
 {
     std::filesystem::copy(VX_EXAMPLE_DATA "/nc.shp", folder.path());
