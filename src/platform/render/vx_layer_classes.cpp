@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <iterator>
 #include <string>
 #include <utility>
@@ -167,6 +168,8 @@ void *class_row::scale_prm_in(void *other) const
 std::wstring bound(double value)
 {
     constexpr int c_digits = 10;
+    if (std::isfinite(value) && !std::isnormal(value)) // zero, or what lies next to it
+        value = 0;
     char text[32];
     auto const end = std::to_chars(text, std::end(text), value, std::chars_format::general, c_digits);
     return {text, end.ptr};
