@@ -26,6 +26,8 @@
 #include <QDir>
 #include <QDockWidget>
 #include <QFileDialog>
+#include <QImageReader>
+#include <QImageWriter>
 #include <QInputDialog>
 #include <QLabel>
 #include <QListView>
@@ -73,6 +75,16 @@ public:
 private:
     Tvx_layout_document &f_document;
 };
+
+/// Of the formats that pages show, those that the installed Qt reads.
+QStringList patterns_of_images()
+{
+    QStringList patterns;
+    for (char const *const suffix : {"png", "jpg", "jpeg", "bmp", "gif", "tif", "tiff", "webp", "svg"})
+        if (QImageReader::supportedImageFormats().contains(suffix))
+            patterns.append(QStringLiteral("*.") + QLatin1String(suffix));
+    return patterns;
+}
 
 /// Where a copy lies.
 Tvx_box_d2 shifted(Tvx_box_d2 const &box)
@@ -284,9 +296,9 @@ void Tvx_layout_window::add_frame()
 
 void Tvx_layout_window::add_image()
 {
-    QString const file = QFileDialog::getOpenFileName(
-        this, vx_layout_caption(c_lay_image_title), f_directory,
-        vx_layout_caption(c_lay_filter_images) + " (*.png *.jpg *.jpeg *.bmp *.gif *.tif *.tiff *.svg)");
+    QString const file = QFileDialog::getOpenFileName(this, vx_layout_caption(c_lay_image_title), f_directory,
+                                                      vx_layout_caption(c_lay_filter_images) + " (" +
+                                                          patterns_of_images().join(' ') + ')');
     if (file.isEmpty())
         return;
     f_directory = QFileInfo(file).absolutePath();
@@ -432,8 +444,12 @@ QString Tvx_layout_window::ask_file(QString const &title, QStringList const &fil
     dialog.setNameFilters(filters);
     dialog.setDefaultSuffix(suffix);
     connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](QString const &filter) {
-        QString const pattern = filter.section("(*.", 1).section(')', 0, 0);
-        dialog.setDefaultSuffix(pattern.section(' ', 0, 0));
+        QString const chosen = filter.section("(*.", 1).section(')', 0, 0);
+        dialog.setDefaultSuffix(chosen);
+        // The name says what is written, so it follows the choice.
+        QFileInfo const named(dialog.selectedFiles().value(0));
+        if (QStringList{"png", "jpg", "tif", "bmp"}.contains(named.suffix().toLower()))
+            dialog.selectFile(named.dir().filePath(named.completeBaseName() + '.' + chosen));
     });
     QString name = layout_name();
     name.replace('/', '_');
@@ -464,11 +480,19 @@ void Tvx_layout_window::on_export_picture()
                                                      c_usual_resolution, false, &given);
     if (!given)
         return;
-    QString const path = ask_file(
-        vx_layout_caption(c_lay_export_picture_title),
-        {vx_layout_caption(c_lay_filter_png) + " (*.png)", vx_layout_caption(c_lay_filter_jpg) + " (*.jpg)",
-         vx_layout_caption(c_lay_filter_tif) + " (*.tif)", vx_layout_caption(c_lay_filter_bmp) + " (*.bmp)"},
-        "png");
+    struct picture_kind
+    {
+        Tvx_layout_window_caption caption;
+        char const *suffix;
+    };
+    QStringList kinds;
+    for (auto const &[caption, suffix] : {picture_kind{c_lay_filter_png, "png"},
+                                          {c_lay_filter_jpg, "jpg"},
+                                          {c_lay_filter_tif, "tif"},
+                                          {c_lay_filter_bmp, "bmp"}})
+        if (QImageWriter::supportedImageFormats().contains(suffix))
+            kinds.append(vx_layout_caption(caption) + " (*." + suffix + ')');
+    QString const path = ask_file(vx_layout_caption(c_lay_export_picture_title), kinds, "png");
     if (!path.isEmpty())
         export_picture(path, resolution.toInt());
 }
