@@ -296,6 +296,20 @@ TEST_F(rasters, have_the_colors_of_their_cells_as_classes)
     EXPECT_EQ(ramp[0].colors.back(), vx_clr_init_rgb(59, 90, 0));
     EXPECT_EQ(ramp[0].colors.size(), 40U);
 
+    // Of a raster with too many cells those that somebody has set.
+    entries.clear();
+    for (int i = 0; i < 256; ++i)
+        entries +=
+            "<Entry c1=\"" + std::to_string(i < 3 ? 70 * i + 50 : 0) + "\" c2=\"0\" c3=\"0\" c4=\"255\"/>";
+    put("large.vrt", vrt(9000, 9000, "",
+                         "<VRTRasterBand dataType=\"Byte\" band=\"1\"><ColorInterp>Palette</ColorInterp>"
+                         "<ColorTable>" +
+                             entries + "</ColorTable></VRTRasterBand>"));
+    layer.reset(vx_rtr_lr2d_create((folder / "large.vrt").wstring().c_str()));
+    EXPECT_EQ(classes(), (std::vector<row>{{L"0", {vx_clr_init_rgb(50, 0, 0)}},
+                                           {L"1", {vx_clr_init_rgb(120, 0, 0)}},
+                                           {L"2", {vx_clr_init_rgb(190, 0, 0)}}}));
+
     layer.reset(vx_rtr_lr2d_create(L"/nowhere/gone.tif"));
     EXPECT_TRUE(classes().empty());
 }

@@ -19,6 +19,7 @@ constexpr Tvx_color c_parts[] = {vx_clr_init_rgb(255, 0, 0), vx_clr_init_rgb(0, 
                                  vx_clr_init_rgb(0, 0, 255)};
 constexpr std::size_t c_most_rows = 100; ///< of a palette
 constexpr std::size_t c_most_stops = 64; ///< of the colours of a row
+constexpr std::ptrdiff_t c_filler = 8;   ///< entries of one colour
 /// So many colours that differ by so little on average are one that changes.
 constexpr std::size_t c_least_of_ramp = 16;
 constexpr double c_ramp_step = 24;
@@ -69,12 +70,17 @@ std::vector<color_class> palette_classes(Ivx_layer *layer, Tvx_rtr_source &sourc
     Tvx_color const out = vx_rtr_lr2d_get_transparent_clr(layer);
     auto const no_data = source.no_data(0);
     auto const &used = source.used_numbers(0, palette.size());
+    // Where nobody knows which occur, those that share a colour with many others are left out: nobody set it.
+    bool const is_known = std::ranges::find(used, false) != used.end();
+    auto const is_filler = [&](Tvx_color c) {
+        return !is_known && std::ranges::count(palette, c) >= c_filler;
+    };
     std::vector<std::size_t> numbers;
     std::vector<Tvx_color> colors;
     for (std::size_t i = 0; i < palette.size(); ++i) {
         Tvx_color const c = palette[i];
         bool const is_left_out = out.a > 0 && c.r == out.r && c.g == out.g && c.b == out.b;
-        if (!used[i] || c.a == 0 || is_left_out || !no_data.counts(static_cast<double>(i)))
+        if (!used[i] || c.a == 0 || is_left_out || is_filler(c) || !no_data.counts(static_cast<double>(i)))
             continue;
         numbers.push_back(i);
         colors.push_back(c);
