@@ -263,7 +263,7 @@ void Tvx_layout_view::paint_selection(QPainter &painter) const
         painter.drawRect(QRectF(f_drag_from, f_drag_last).normalized());
         return;
     }
-    if (f_selection.size() != 1 || !is_movable(selected_id()))
+    if (f_selection.size() != 1 || !is_movable(selected_id()) || f_tool != c_tool_select)
         return;
     painter.setBrush(Qt::white);
     painter.setPen(QPen(color, 1.5));
@@ -399,6 +399,7 @@ void Tvx_layout_view::set_tool(tool tool)
 {
     f_tool = tool;
     viewport()->unsetCursor();
+    viewport()->update();
 }
 
 void Tvx_layout_view::update_cursor(QPointF at, Qt::KeyboardModifiers keys)

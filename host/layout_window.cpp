@@ -19,6 +19,7 @@
 #include "platform/layers/vx_prj.h"
 #include "platform/layers/vx_shp_lr2d.h"
 #include "platform/render/vx_layout_render.h"
+#include "platform/styles/vx_style.h"
 
 #include <QAction>
 #include <QApplication>
@@ -290,6 +291,8 @@ void Tvx_layout_window::add_frame()
     add_element(c_lr_key_layout_scene_frame, [this](Ivx_layer *frame) {
         vx_layout_set_file(frame, f_layouts.sync().name());
         vx_layout_show_box(frame, f_layouts.shown_box());
+        // It may lie on another map.
+        vx_pgn_style_set_pgn_visible(vx_layout_lr2d_get_pgn_style_ptr(frame), true);
         return true;
     });
 }
