@@ -236,14 +236,15 @@ void val_scale::take_over(val_entries entries, unsigned marked, int active)
 void val_scale::resize(unsigned size)
 {
     f_index.clear();
-    auto entries = f_entries.take();
-    auto const old = entries.size();
-    if (size < old)
+    if (size < this->size()) {
+        auto entries = f_entries.take();
         f_marked -= static_cast<unsigned>(std::count_if(entries.begin() + size, entries.end(), is_marked));
-    entries.resize(size);
-    for (auto i = old; i < size; ++i)
-        entries[i] = std::make_shared<val_entry>(f_kind);
-    f_entries.put(std::move(entries));
+        entries.resize(size);
+        f_entries.put(std::move(entries));
+    }
+    // Who reads a file asks for one more again and again.
+    while (this->size() < size)
+        f_entries.append(std::make_shared<val_entry>(f_kind));
     set_active(f_active);
 }
 
