@@ -32,6 +32,8 @@ constexpr double c_title_size = 1.3; ///< of the letters of the other lines
 constexpr wchar_t c_more[] = L"\u2026";
 /// Symbols that are larger than so many samples are cut.
 constexpr double c_most_samples = 4;
+/// Files of strangers may ask for millions of lines, each of millions of characters.
+constexpr double c_most_lines = 20'000;
 
 /// A line of a legend: a text, or a sample with one.
 struct legend_line
@@ -61,8 +63,10 @@ QColor qt_color(Tvx_color c)
     return {c.r, c.g, c.b, c.a};
 }
 
+/// As much as is written of it.
 std::wstring one_line(std::wstring text)
 {
+    text.resize(std::min(text.size(), c_most_line_characters));
     std::ranges::replace_if(
         text, [](wchar_t c) { return c < L' '; }, L' ');
     return text;
@@ -90,7 +94,7 @@ stl_prm const *prm_of(void *prm)
     return static_cast<stl_prm const *>(prm);
 }
 
-void add_lines(std::vector<legend_line> &lines, Ivx_layer *layer)
+void add_lines(std::vector<legend_line> &lines, Ivx_layer *layer, std::size_t most)
 {
     std::wstring const caption = one_line(element_caption(layer));
     if (vx_lr2d_is_shp(layer) && !vx_stl_mngr_list_get_visible(vx_shp_lr2d_get_style_mngr_list_ptr(layer)))
@@ -117,18 +121,19 @@ void add_lines(std::vector<legend_line> &lines, Ivx_layer *layer)
         !vx_tos_grid_lr2d_get_clr_stl_mngr_ptr(layer))
         return;
     lines.push_back({legend_line::kind::heading, caption});
-    for (unsigned i = 0; i < classes; ++i) {
+    for (unsigned i = 0; i < classes && lines.size() < most; ++i) {
         void *const entry = vx_layer_classes_get_scale_prm_ptr(layer, i);
         if (!entry || vx_scale_prm_get_visible(entry))
             add(class_caption(layer, i), i);
     }
 }
 
-/// The lines of a layer; none for kinds that a legend does not show.
-void add_layer(std::vector<legend_line> &lines, Ivx_layer *layer)
+/// The lines of a layer, as long as there is room for them; none for kinds that a legend does not show.
+void add_layer(std::vector<legend_line> &lines, Ivx_layer *layer, std::size_t most)
 {
     std::size_t const first = lines.size();
-    add_lines(lines, layer);
+    if (first < most)
+        add_lines(lines, layer, most);
     for (std::size_t i = first + 1; i < lines.size(); ++i)
         lines[i].begins = false;
 }
@@ -141,14 +146,23 @@ Ivx_layer *layer_of_caption(Ivx_scn_2d *scene, std::wstring const &caption)
     return nullptr;
 }
 
-/// False when a layer that the legend names is not there.
-bool collect(std::vector<legend_line> &lines, Tvx_layout_legend const &legend, Ivx_scn_2d *scene)
+/// How many lines can be seen in so high a box, and one more.
+std::size_t most_lines(Tvx_layout_legend const &legend, text_look const &look, double height)
+{
+    double const least = std::min(legend.sample_height, line_height(look));
+    return static_cast<std::size_t>(
+        std::min(legend.columns * (std::floor(height / least) + 1) + 1, c_most_lines));
+}
+
+/// Not many more than `most`. False when a layer that the legend names is not there.
+bool collect(std::vector<legend_line> &lines, Tvx_layout_legend const &legend, Ivx_scn_2d *scene,
+             std::size_t most)
 {
     bool is_whole = true;
     if (legend.items.empty()) {
         for (int i = vx_scn_2d_get_count(scene) - 1; i >= 0; --i)
             if (Ivx_layer *const layer = vx_scn_2d_get_layer(scene, i); vx_lr2d_get_visible(layer))
-                add_layer(lines, layer);
+                add_layer(lines, layer, most);
         return true;
     }
     for (Tvx_layout_legend_item const &item : legend.items) {
@@ -157,7 +171,7 @@ bool collect(std::vector<legend_line> &lines, Tvx_layout_legend const &legend, I
         if (item.is_text)
             lines.push_back({legend_line::kind::text, item.text});
         else if (Ivx_layer *const layer = layer_of_caption(scene, item.text))
-            add_layer(lines, layer);
+            add_layer(lines, layer, most);
         else
             is_whole = false;
     }
@@ -215,18 +229,11 @@ public:
         f_title.size *= c_title_size;
         f_line_height = line_height(f_look);
     }
-    /// Lines that can be seen in so high a box, and one more.
-    void leave_out(double most)
-    {
-        double const least = std::min(f_legend.sample_height, f_line_height);
-        double const count = f_legend.columns * (std::floor(most / least) + 1) + 1;
-        if (static_cast<double>(f_lines.size()) > count)
-            f_lines.resize(static_cast<std::size_t>(count));
-    }
     /// Breaks texts to columns of a width, and puts the lines in them: as low as they can be, and no lower
-    /// than `most`.
-    void lay_out(double width, double most)
+    /// than `most`. The canvas, if any, is asked whether to go on.
+    void lay_out(double width, double most, layout_canvas *canvas = nullptr)
     {
+        f_places.clear();
         f_column_width = (width - c_column_gap_mm * (f_legend.columns - 1)) / f_legend.columns;
         f_title_lines.clear();
         if (!f_legend.title.empty())
@@ -236,6 +243,8 @@ public:
                     : line_height(f_title) * static_cast<double>(f_title_lines.size()) + f_legend.gap;
         double highest = 0, all = 0;
         for (legend_line &line : f_lines) {
+            if (canvas && canvas->is_cancelled())
+                return;
             measure(line);
             highest = std::max(highest, line.height);
             all += line.height + 2 * f_legend.gap;
@@ -246,13 +255,10 @@ public:
             (columns_at(middle, nullptr) <= f_legend.columns ? high : low) = middle;
         }
         f_limit = std::min(high, most - f_top);
-        f_places.clear();
         (void)columns_at(f_limit, &f_places);
     }
     [[nodiscard]] Tvx_pnt_d2 natural_size()
     {
-        constexpr double c_most_mm = 10'000; // no element is higher
-        leave_out(c_most_mm);
         double widest = 0;
         for (legend_line const &line : f_lines)
             for (std::wstring const &part : lines_of_text(line.text))
@@ -476,13 +482,14 @@ void draw_layout_legend(layout_canvas &canvas, Ivx_scn_2d const *layout, Ivx_lay
     if (!frame)
         return;
     Tvx_layout_legend const what = vx_layout_legend_lr2d_get(legend);
-    std::vector<legend_line> lines;
-    if (!collect(lines, what, vx_layout_scene_frame_lr2d_get_scene(frame)))
-        canvas.fail();
-    legend_layout places(what, look_of(vx_layout_lr2d_get_writing(legend)), std::move(lines));
+    text_look const look = look_of(vx_layout_lr2d_get_writing(legend));
     Tvx_box_d2 const box = vx_layout_lr2d_get_box(legend);
-    places.leave_out(box.height());
-    places.lay_out(box.width(), box.height());
+    std::vector<legend_line> lines;
+    if (!collect(lines, what, vx_layout_scene_frame_lr2d_get_scene(frame),
+                 most_lines(what, look, box.height())))
+        canvas.fail();
+    legend_layout places(what, look, std::move(lines));
+    places.lay_out(box.width(), box.height(), &canvas);
     places.draw(canvas, box);
 }
 
@@ -490,9 +497,11 @@ Tvx_pnt_d2 layout_legend_size(Ivx_scn_2d const *layout, Ivx_layer *legend)
 {
     Ivx_layer *const frame = vx_layout_find_frame_w(layout, element_file(legend).c_str());
     Tvx_layout_legend const what = vx_layout_legend_lr2d_get(legend);
+    text_look const look = look_of(vx_layout_lr2d_get_writing(legend));
     std::vector<legend_line> lines;
-    collect(lines, what, vx_layout_scene_frame_lr2d_get_scene(frame));
-    legend_layout places(what, look_of(vx_layout_lr2d_get_writing(legend)), std::move(lines));
+    collect(lines, what, vx_layout_scene_frame_lr2d_get_scene(frame),
+            most_lines(what, look, c_layout_longest_side));
+    legend_layout places(what, look, std::move(lines));
     return places.natural_size();
 }
 } // namespace vx::render

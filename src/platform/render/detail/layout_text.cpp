@@ -14,9 +14,8 @@
 namespace vx::render {
 namespace {
 constexpr wchar_t c_more = L'\u2026';
-/// More lines are not written: texts come from files of strangers.
+/// More lines are not written either.
 constexpr std::size_t c_most_lines = 1000;
-constexpr std::size_t c_most_characters = 2000;
 
 text_extent extent(std::wstring_view line, text_look const &look)
 {
@@ -64,7 +63,7 @@ std::vector<std::wstring> lines_of_text(std::wstring_view text)
     std::vector<std::wstring> lines;
     while (lines.size() < c_most_lines) {
         auto const end = std::min(text.find(L'\n'), text.size());
-        std::wstring &line = lines.emplace_back(text.substr(0, std::min(end, c_most_characters)));
+        std::wstring &line = lines.emplace_back(text.substr(0, std::min(end, c_most_line_characters)));
         std::erase(line, L'\r');
         std::ranges::replace(line, L'\t', L' ');
         if (end == text.size())

@@ -11,6 +11,9 @@
 struct Tvx_layout_writing;
 
 namespace vx::render {
+/// More of a line is not written: texts come from files of strangers.
+inline constexpr std::size_t c_most_line_characters = 2000;
+
 class layout_canvas;
 
 /// How a text of a page is written; `size` is in millimetres, and so is all that is measured.
