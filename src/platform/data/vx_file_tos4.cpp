@@ -151,8 +151,18 @@ void vx_tos4_prop_get_prop_file_name_w(Ivx_tos4_file const *file, unsigned prop,
     std::wstring const &path = file->file->path();
     auto const folder_end = path.find_last_of(L"/\\") + 1; // npos + 1 is 0
     auto const dot = path.rfind(L'.');
-    auto const base = path.substr(0, dot != path.npos && dot > folder_end ? dot : path.size());
-    vx_string_adp_feed(name, (base + L'.' + names->name).c_str());
+    auto const base_end = dot != path.npos && dot > folder_end ? dot : path.size();
+    std::wstring text = path.substr(0, base_end) + L'.';
+    for (wchar_t const c : names->name)
+        if (c == L'/')
+            text += L"%2F";
+        else if (c == L'\\')
+            text += L"%5C";
+        else
+            text += c;
+    // Whoever changes the extension must not cut the name of the property.
+    text += base_end < path.size() ? path.substr(base_end) : L".tos4";
+    vx_string_adp_feed(name, text.c_str());
 }
 
 // ---- property

@@ -97,8 +97,8 @@ VX_API bool vx_tos4_prop_histogram_update(Ivx_tos4_prop *prop);
 /// Cells of a class. Where one has more than the type holds, all are smaller by one factor.
 [[nodiscard]] VX_API int vx_tos4_prop_get_histogram_value(Ivx_tos4_prop const *prop, unsigned i);
 
-/// Base name of the scale files of a property: that of the file, with the property's name in place of the
-/// extension.
+/// Base name of the scale files of a property, which have another extension: that of the file, with the
+/// property's name before the extension, in which "/" and "\" stand as "%2F" and "%5C".
 VX_API void vx_tos4_prop_get_prop_file_name_w(Ivx_tos4_file const *file, unsigned prop, Ivx_string_adp *name);
 
 // ---- making

@@ -162,7 +162,7 @@ TEST(editor_source, property_files_answer)
     // Without an open file, and without leaving one open.
     std::wstring name;
     source.on_data_get_prop_file_name(nullptr, 1, Tvx_std_wstring_adapter(name));
-    EXPECT_EQ(name, b.substr(0, b.size() - 5) + L".temp");
+    EXPECT_EQ(name, b.substr(0, b.size() - 5) + L".temp.tos4");
     EXPECT_EQ(source.on_data_get_np(nullptr), 0U);
     source.set_filename(L"/no/such/file.tos4");
     EXPECT_EQ(told_by(source), "closed");

@@ -254,7 +254,7 @@ TEST(tos_file, keeps_names_grid_and_values)
                 std::ranges::equal(back.spacing, grid.spacing) && back.azimuth == 30);
     std::wstring name;
     vx_tos4_prop_get_prop_file_name_w(file.get(), 0, Tvx_std_wstring_adapter(name));
-    EXPECT_EQ(name, wide(dir / "Seiches & 100% #1?") + L".Höhe");
+    EXPECT_EQ(name, wide(dir / "Seiches & 100% #1?") + L".Höhe.tos");
 
     prop_ptr const prop(vx_tos4_prop_open(file.get(), 0));
     std::mt19937 random(1);

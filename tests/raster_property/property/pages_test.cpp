@@ -271,6 +271,35 @@ TEST_F(property_pages, points_are_placed_by_two_properties)
     EXPECT_EQ(vx_stl_mngr_get_mode(vx_tos_2crd_lr2d_get_stl_mngr(layer.get())), c_style_mode_range);
 }
 
+TEST_F(property_pages, each_property_has_a_scale_file_of_its_own)
+{
+    vx_test::temp_dir const folder;
+    auto const file = vx::text::utf8_to_wide((folder / "wells.tos4").string());
+    Tvx_tos4_grid set;
+    set.count[0] = 4;
+    make(file, set,
+         {{L"X", {0, 1, 2, 3}}, {L"Y", {0, 1, 2, 3}}, {L"kind", {1, 2, 1, 2}}, {L"kg/m3", {5, 6, 7, 5}}});
+    open_file(file);
+    auto *const edit = shown<Tvx_tos_2crd_lr2d_edit>()->get_stl_mngr_edit();
+    ASSERT_TRUE(input::choose_item(edit->get_mode_edit()->get_combo_box(), 1));
+    auto *const fields = edit->get_val_edit()->get_prp_scale()->get_combo_box();
+    void *const scale = vx_stl_mngr_get_val_scale_ptr(vx_tos_2crd_lr2d_get_stl_mngr(copy()));
+    auto const texts = [&] {
+        std::wstring all;
+        for (unsigned i = 0; i < vx_val_scale_get_size(scale); ++i)
+            all += text_at(scale, i) + L"=" + caption_at(scale, i) + L" ";
+        return all;
+    };
+    ASSERT_TRUE(input::choose_item(fields, L"kind"));
+    EXPECT_EQ(texts(), L"1=1 2=2 ");
+    ASSERT_TRUE(input::choose_item(fields, L"kg/m3"));
+    EXPECT_EQ(texts(), L"5=5 6=6 7=7 ");
+    ASSERT_TRUE(input::choose_item(fields, L"kind"));
+    EXPECT_EQ(texts(), L"1=1 2=2 ") << "from its file";
+    EXPECT_TRUE(std::filesystem::exists(folder / "wells.kind._vl"));
+    EXPECT_TRUE(std::filesystem::exists(folder / "wells.kg%2Fm3._vl"));
+}
+
 TEST_F(property_pages, a_curve_has_a_height_and_a_line)
 {
     layer.reset(vx_tos_lr2d_open(shared().curve.c_str(), nullptr));
