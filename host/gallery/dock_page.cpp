@@ -7,6 +7,7 @@
 #include "platform/toolkit/controls/button.h"
 #include "platform/toolkit/controls/label.h"
 #include "platform/toolkit/controls/memo.h"
+#include "platform/toolkit/controls/speed_button.h"
 #include "platform/toolkit/core/strings.h"
 #include "platform/toolkit/graphics/canvas.h"
 
@@ -35,11 +36,10 @@ public:
         lines->SetAlignWithMargins(true);
         lines->SetAlign(alClient);
         lines->SetAccessibleName(GetCaption());
-        auto *const close = new TButton(this);
+        auto *const close = new TSpeedButton(this);
         close->SetParent(this);
         close->SetCaption(L"\u00d7");
         close->SetAccessibleName(text(L"Close", L"Закрыть"));
-        close->SetTabStop(false);
         close->SetAnchors(TAnchors{akTop, akRight});
         close->SetBounds(GetClientWidth() - c_inset - c_close, c_inset - 2, c_close, c_close);
         close->OnClick = make_closure<&document::on_close_click>(this);

@@ -238,6 +238,10 @@ void Tvx_mdi_child_form::DockDrop(TDragDockObject *source, int x, int y)
 void Tvx_mdi_child_form::FormEndDock(TObject *, TObject *target, int, int)
 {
     SetDockSite(!target);
+    // What was just in the user's hand stays the active one.
+    TWinControl *const active = GetActiveControl();
+    if (target && active && active->CanFocus())
+        active->SetFocus();
 }
 
 void Tvx_mdi_child_form::DoDock(TWinControl *new_site, TRect &rect)

@@ -238,7 +238,10 @@ TEST_F(documents, the_tool_panel_follows_the_active_one)
         lines->SetParent(each);
         lines->SetBounds(100, 100, 50, 50);
     }
-    ASSERT_TRUE(join(10, 150));
+    ASSERT_TRUE(ui::click(second->GetControls(0), 20, 20) && join(10, 150));
+    EXPECT_TRUE(ui::type(L"x"));
+    EXPECT_EQ(static_cast<TMemo *>(second->GetControls(0))->GetText(), L"x")
+        << "what was dragged has the keys";
     for (document *const each : {second, first, second}) {
         ASSERT_TRUE(ui::click(each->GetControls(0), 20, 20));
         EXPECT_EQ(own->GetVisible(), each == first);

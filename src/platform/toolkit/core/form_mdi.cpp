@@ -91,6 +91,8 @@ void TCustomForm::leave_mdi_parent()
     auto *const area = static_cast<QMdiArea *>(vx_qt_widget(f_mdi_parent->f_mdi_area));
     f_mdi_parent = nullptr;
     QWidget *const widget = vx_qt_widget(this);
+    // A widget that hides hands the focus on to its neighbour.
+    TWinControl *const active = GetActiveControl();
     window->hide();
     window->setWidget(nullptr);
     if (widget) {
@@ -99,6 +101,7 @@ void TCustomForm::leave_mdi_parent()
     }
     area->removeSubWindow(window);
     window->deleteLater();
+    f_wanted_focus = active;
     if (!IsDestroying())
         apply_flags();
 }
