@@ -17,6 +17,7 @@
 
 namespace {
 constexpr int c_place_role = Qt::UserRole;
+constexpr int c_least_most_width = 190; ///< that names may have of the panel
 } // namespace
 
 Tvx_identify_panel::Tvx_identify_panel(Tvx_layer_list const &layers, QWidget *parent)
@@ -98,7 +99,9 @@ int Tvx_identify_panel::name_width() const
         for (int line = 0; line < f_tree->topLevelItem(i)->childCount(); ++line)
             width = std::max(width,
                              fontMetrics().horizontalAdvance(f_tree->topLevelItem(i)->child(line)->text(0)));
-    return std::min(width + 2 * f_tree->indentation() + 12, std::max(100, f_tree->width() * 3 / 5));
+    // The panel has its width only when it has been shown.
+    int const most = std::max(c_least_most_width, f_tree->width() * 3 / 5);
+    return std::min(width + 2 * f_tree->indentation() + 12, most);
 }
 
 void Tvx_identify_panel::add_object(int place)
