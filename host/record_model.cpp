@@ -7,6 +7,7 @@
 #include <QElapsedTimer>
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <deque>
@@ -167,7 +168,32 @@ std::vector<double> Tvx_record_model::number_keys(unsigned field, patience &wait
             keys[record] = value;
         wait.step();
     }
+    constexpr double c_exact = 9007199254740992.0; // past it only texts have all digits
+    if (vx_attr_files_get_field_type(f_table.get(), field) == c_attr_bigint &&
+        std::ranges::any_of(keys, [](double key) { return std::abs(key) >= c_exact; }))
+        make_exact(keys, field, wait);
     return keys;
+}
+
+/// Puts in place of each whole number its place among the different ones.
+void Tvx_record_model::make_exact(std::vector<double> &keys, unsigned field, patience &wait) const
+{
+    std::vector<std::int64_t> numbers(keys.size());
+    for (unsigned record = 0; record < keys.size(); ++record) {
+        auto const text = vx_attr_files_get_utf8(f_table.get(), field, record, nullptr);
+        std::from_chars(text.data(), text.data() + text.size(), numbers[record]);
+        wait.step();
+    }
+    std::vector<std::int64_t> sorted = numbers;
+    std::ranges::sort(sorted, [&](std::int64_t a, std::int64_t b) {
+        wait.step();
+        return a < b;
+    });
+    for (std::size_t record = 0; record < keys.size(); ++record) {
+        if (!std::isnan(keys[record]))
+            keys[record] = double(std::ranges::lower_bound(sorted, numbers[record]) - sorted.begin());
+        wait.step();
+    }
 }
 
 /// The place of each cell's text among the different texts.

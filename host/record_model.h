@@ -45,6 +45,7 @@ private:
 
     [[nodiscard]] bool is_number(unsigned field) const;
     [[nodiscard]] std::vector<double> number_keys(unsigned field, patience &wait) const;
+    void make_exact(std::vector<double> &keys, unsigned field, patience &wait) const;
     [[nodiscard]] std::vector<double> text_keys(unsigned field, patience &wait) const;
 
     vx::owned<Ivx_attr_data, &vx_attr_data_release> f_data;
