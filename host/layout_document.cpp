@@ -35,6 +35,7 @@ Tvx_layout_document::Tvx_layout_document(Ivx_scn_2d *layout, QObject *parent)
         ++f_last_number;
         f_entries.push_back({f_last_number, f_last_number, f_last_number});
     }
+    find_places();
     f_states.push_back(make_state());
 }
 
@@ -45,8 +46,15 @@ int Tvx_layout_document::count() const
 
 int Tvx_layout_document::place_of(int id) const
 {
-    auto const found = std::ranges::find(f_entries, id, &entry::id);
-    return found == f_entries.end() ? -1 : int(found - f_entries.begin());
+    auto const found = f_places.find(id);
+    return found == f_places.end() ? -1 : found->second;
+}
+
+void Tvx_layout_document::find_places()
+{
+    f_places.clear();
+    for (std::size_t place = 0; place < f_entries.size(); ++place)
+        f_places[f_entries[place].id] = int(place);
 }
 
 int Tvx_layout_document::id_at(int row) const
@@ -139,6 +147,7 @@ int Tvx_layout_document::add(Tvx_layout_element_ptr element)
         static_cast<void>(element.release());
         ++f_last_number;
         f_entries.push_back({f_last_number, f_last_number, f_last_number});
+        find_places();
     }
     endInsertRows();
     if (!added)
@@ -183,6 +192,7 @@ bool Tvx_layout_document::remove(int id)
     beginRemoveRows({}, row, row);
     Tvx_layout_element_ptr const old(vx_scn_2d_extract(f_layout, place));
     f_entries.erase(f_entries.begin() + place);
+    find_places();
     endRemoveRows();
     push(c_step_single, id);
     emit element_removed(id);
@@ -207,6 +217,7 @@ bool Tvx_layout_document::move_to(int id, int row)
     entry const moved = f_entries[std::size_t(from)];
     f_entries.erase(f_entries.begin() + from);
     f_entries.insert(f_entries.begin() + to, moved);
+    find_places();
     endMoveRows();
     push(c_step_single, id);
     emit changed();
@@ -377,6 +388,7 @@ void Tvx_layout_document::detach()
     beginResetModel();
     f_layout = nullptr;
     f_entries.clear();
+    find_places();
     f_states.assign(1, {});
     f_at = 0;
     endResetModel();
@@ -420,6 +432,7 @@ void Tvx_layout_document::restore(state const &to)
             f_entries.push_back(kept.what);
         }
     }
+    find_places();
     endResetModel();
     f_last_step = c_step_single;
     for (entry const &e : former)

@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <memory>
+#include <unordered_map>
 #include <vector>
 
 struct Ivx_scn_2d;
@@ -111,6 +112,8 @@ private:
     using state = std::vector<kept_element>;
 
     [[nodiscard]] int place_of(int id) const;
+    /// After each change of what stands where.
+    void find_places();
     [[nodiscard]] state make_state() const;
     void restore(state const &to);
     void touch(int place, bool looks_other);
@@ -120,7 +123,8 @@ private:
     void push(step kind, int id);
 
     Ivx_scn_2d *f_layout;
-    std::vector<entry> f_entries; ///< of the layout's layers, from the lowest
+    std::vector<entry> f_entries;          ///< of the layout's layers, from the lowest
+    std::unordered_map<int, int> f_places; ///< in them, by ids
     std::vector<state> f_states;
     std::size_t f_at = 0;
     step f_last_step = c_step_single;
