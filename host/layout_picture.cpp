@@ -102,10 +102,13 @@ Tvx_layout_picture::step_result Tvx_layout_picture::step(closure<bool()> cancell
 bool Tvx_layout_picture::draw(int id, closure<bool()> cancelled)
 {
     Tvx_layout_sync::use const use(f_sync);
-    // The layout may change while the user is served in between, so a copy of it is drawn.
-    vx::owned<Ivx_scn_2d, &vx_scn_2d_destroy> const copy(vx_scn_2d_clone(f_document.layout()));
-    Ivx_layer *const element =
-        vx_scn_2d_get_layer(copy.get(), f_document.count() - 1 - f_document.row_of(id));
+    // The layout may change while the user is served in between, so a copy is drawn: of the element, and of
+    // the frame that it belongs to.
+    vx::owned<Ivx_scn_2d, &vx_scn_2d_destroy> const copy(vx_scn_2d_create(L""));
+    if (int const frame = f_document.frame_of(id); frame >= 0 && frame != id)
+        vx_scn_2d_insert(copy.get(), 0, vx_lr2d_clone(f_document.element(frame)));
+    vx_scn_2d_insert(copy.get(), 0, vx_lr2d_clone(f_document.element(id)));
+    Ivx_layer *const element = vx_scn_2d_get_layer(copy.get(), 0);
     Tvx_box_d2 const box = f_document.box_of(id);
     picture drawn{id, look_of(id), f_pixels_per_mm, {}, {box.width(), box.height()}, {}, {}};
     Tvx_box_d2 const whole = grown({0, 0, box.width(), box.height()}, c_reach, c_reach);
