@@ -275,7 +275,7 @@ void Tvx_layout_window::add_element(char const *key, std::function<bool(Ivx_laye
     Tvx_layout_element_ptr element =
         vx_layout_make_element(key, vx_layout_kind_name(key), f_document.layout());
     if (vx_layout_names_frame(element.get()))
-        vx_layout_set_file(element.get(), f_document.name_of(f_view->map_frame()));
+        vx_layout_set_file(element.get(), f_document.name_of(frame_for_new()));
     if (fill && !fill(element.get()))
         return;
     std::vector<Tvx_layout_element_ptr> one;
@@ -283,6 +283,23 @@ void Tvx_layout_window::add_element(char const *key, std::function<bool(Ivx_laye
     move_aside(one);
     f_view->select_id(f_document.add(std::move(one.front())));
     f_view->setFocus();
+}
+
+/// The frame that is meant, else the largest: that of the page.
+int Tvx_layout_window::frame_for_new() const
+{
+    int found = f_view->map_frame();
+    double largest = 0;
+    for (int row = 0; f_view->map_frame() < 0 && row < f_document.count(); ++row) {
+        int const id = f_document.id_at(row);
+        Tvx_box_d2 const box = f_document.box_of(id);
+        if (vx_layout_is(f_document.element(id), c_lr_key_layout_scene_frame) &&
+            box.width() * box.height() > largest) {
+            found = id;
+            largest = box.width() * box.height();
+        }
+    }
+    return found;
 }
 
 void Tvx_layout_window::add_frame()

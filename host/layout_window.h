@@ -71,6 +71,7 @@ private:
 
     void add_element(char const *key, std::function<bool(Ivx_layer *)> const &fill = {});
     void add_copies(std::vector<Tvx_layout_element_ptr> copies);
+    [[nodiscard]] int frame_for_new() const;
     void move_aside(std::vector<Tvx_layout_element_ptr> const &elements);
     void add_frame();
     void add_text();

@@ -234,6 +234,15 @@ TEST_F(layouts, several_elements_go_together_and_are_one_step)
         EXPECT_NE(document().frame_of(id), frame);
     undo();
 
+    // With several maps and none of them selected a new element is of the largest.
+    hand::press(&view, Qt::Key_Escape);
+    page->command("add_frame")->trigger();
+    hand::press(&view, Qt::Key_Escape);
+    page->command("add_legend")->trigger();
+    EXPECT_EQ(document().frame_of(view.selected_id()), frame);
+    page->command("undo")->trigger();
+    undo();
+
     // A click takes one of them, another click with Ctrl gives it up; Ctrl and A takes all, Esc none.
     view.select_ids(both);
     hand::click(paper(), middle_of(title));
