@@ -105,14 +105,51 @@ std::string encoding_of(unsigned page)
     return page != 0 && CPLCanRecode("a", name.c_str(), CPL_ENC_UTF8) ? name : std::string();
 }
 
-/// The code page of a shapefile's texts, found as whoever reads its table alone finds it.
+/// So much of a file tells its code page.
+constexpr std::size_t c_looked_at = 1 << 22;
+
+/// As much of the file as there is up to a bound.
+std::string bytes_of(std::string const &path, std::size_t most)
+{
+    std::error_code problem;
+    std::uintmax_t const size = std::filesystem::file_size(path, problem);
+    if (problem)
+        return {};
+    std::string bytes(static_cast<std::size_t>(std::min<std::uintmax_t>(size, most)), '\0');
+    std::ifstream file(path, std::ios::binary);
+    bytes.resize(static_cast<std::size_t>(
+        file.read(bytes.data(), static_cast<std::streamsize>(bytes.size())).gcount()));
+    return bytes;
+}
+
+/// The code page of a shapefile's texts: found as whoever reads its table alone finds it, else guessed.
 std::string encoding_of_shapefile(std::string const &path)
 {
-    for (char const *const ending : {"dbf", "DBF"})
-        if (unsigned const page =
-                vx_dbf_find_code_page_w(text::utf8_to_wide(CPLResetExtension(path.c_str(), ending)).c_str()))
+    constexpr std::size_t c_head = 32;
+    for (char const *const ending : {"dbf", "DBF"}) {
+        std::string const table = CPLResetExtension(path.c_str(), ending);
+        if (unsigned const marked = vx_dbf_find_code_page_w(text::utf8_to_wide(table).c_str()))
+            return encoding_of(marked);
+        std::string const bytes = bytes_of(table, c_looked_at);
+        unsigned const page =
+            bytes.size() > c_head ? vx_guess_code_page(std::string_view(bytes).substr(c_head)) : CP_UTF8;
+        if (page != CP_UTF8)
             return encoding_of(page);
+    }
     return {};
+}
+
+/// The text of a table that is in another code page than UTF-8, in UTF-8; empty for any other.
+std::string recoded_text(std::string const &path)
+{
+    constexpr std::uintmax_t c_most = 1 << 28;
+    std::string const begin = bytes_of(path, c_looked_at);
+    unsigned const page = vx_guess_code_page(begin);
+    std::error_code problem;
+    if (page == CP_UTF8 || begin.find('\0') != std::string::npos ||
+        std::filesystem::file_size(path, problem) > c_most || problem)
+        return {};
+    return text::wide_to_utf8(vx_bytes_to_wide(bytes_of(path, c_most), page));
 }
 
 /// Options of the driver's own by which it makes no files beside the source.
@@ -481,11 +518,22 @@ std::unique_ptr<dataset> dataset::open(std::wstring const &connection, bool read
             if (work->copy)
                 opened = work->copy->path();
         }
+        if (kind == path_kind::file && !packed.driver && is_one_of(driver_name, {"CSV"}))
+            if (std::string const recoded = recoded_text(path); !recoded.empty()) {
+                work->copy = read_only ? private_copy::of_links(path) : nullptr;
+                if (work->copy && work->copy->put(recoded))
+                    opened = work->copy->path();
+                else {
+                    guard.add(read_only ? vx_res_get_wstr(c_drv_no_room_for_copy)
+                                        : vx_res_get_wstr(c_drv_not_utf8));
+                    is_ready = false;
+                }
+            }
         if (lacks_index && !work->copy) {
             guard.add(read_only ? c_drv_no_room_for_copy : c_drv_no_index);
             is_ready = false;
         }
-        if (kind == path_kind::file && is_rewritten(driver_name) && !read_only) {
+        if (kind == path_kind::file && is_rewritten(driver_name) && !read_only && is_ready) {
             std::wstring refusal;
             work->whole = whole_file::load(parsed.source, refusal);
             is_ready = work->whole != nullptr;

@@ -1,6 +1,7 @@
 #include "private_copy.h"
 
 #include <cstdlib>
+#include <fstream>
 #include <string>
 
 namespace vx::gdal {
@@ -40,6 +41,14 @@ std::unique_ptr<private_copy> private_copy::make(fs::path const &base)
         !fs::copy_file(base.string() + "-wal", result->path().string() + "-wal", problem))
         return nullptr;
     return result;
+}
+
+bool private_copy::put(std::string_view content) const
+{
+    std::error_code problem;
+    fs::remove(path(), problem); // what it links to is somebody else's
+    std::ofstream file(path(), std::ios::binary);
+    return !problem && file.write(content.data(), static_cast<std::streamsize>(content.size())).flush();
 }
 
 private_copy::~private_copy()

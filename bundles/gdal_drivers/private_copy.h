@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <string_view>
 
 namespace vx::gdal {
 /// A stand-in for a file in a folder that nobody else reads, gone with the object.
@@ -13,6 +14,8 @@ public:
     /// Links to the file and to those beside it that have its name and other endings, so that more of them
     /// can be made. Null when there is no room.
     [[nodiscard]] static std::unique_ptr<private_copy> of_links(std::filesystem::path const &file);
+    /// Another content in the place of the file. False when there is no room.
+    [[nodiscard]] bool put(std::string_view content) const;
     ~private_copy();
     private_copy(private_copy const &) = delete;
     private_copy &operator=(private_copy const &) = delete;

@@ -182,6 +182,18 @@ std::string_view without_cut_tail(std::string_view text)
     return text;
 }
 
+/// Where nothing says what the texts are; 0 for UTF-8, which each text may still not be.
+unsigned guessed_page(std::FILE *file)
+{
+    constexpr std::size_t c_looked_at = 1 << 22;
+    constexpr off_t c_head = 32; // has no text
+    std::string bytes(c_looked_at, '\0');
+    auto const read = pread(fileno(file), bytes.data(), bytes.size(), c_head);
+    bytes.resize(read > 0 ? static_cast<std::size_t>(read) : 0);
+    unsigned const page = vx_guess_code_page(bytes);
+    return page == CP_UTF8 ? 0 : page;
+}
+
 bool is_utf8(std::string_view text)
 {
     constexpr wchar_t replacement = 0xFFFD;
@@ -409,6 +421,8 @@ Ivx_dbf *vx_dbf_open_w(wchar_t const *name, int, int dos_flag)
         table->page = c_dos_page;
     else
         table->page = marked_page(path, table->header.driver);
+    if (table->page == 0)
+        table->page = guessed_page(table->file.get());
     for (auto const &field : table->header.fields) {
         auto wide = decode(field.name, table->page, false);
         auto narrow = vx::text::to_bytes(wide);

@@ -39,8 +39,8 @@ enum Tvx_dbf_type : int
 /// whatever `read_only` says.
 ///
 /// The texts in the file are in code page 866 with `dos_flag`. Otherwise the mark of the file decides: the
-/// .cpg file beside it, or the mark in its header. Without one they are in the system code page, and a text
-/// that is no valid UTF-8 then counts as Windows 1252.
+/// .cpg file beside it, or the mark in its header. Without one the page is guessed (`vx_guess_code_page`),
+/// and where that gives UTF-8, a text that is none counts as Windows 1252.
 ///
 /// A file that ends early has the records that it holds wholly.
 [[nodiscard]] VX_API Ivx_dbf *vx_dbf_open(char const *name, int read_only, int dos_flag);

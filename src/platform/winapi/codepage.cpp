@@ -292,3 +292,59 @@ std::string vx_wide_to_bytes(std::wstring_view text, unsigned code_page)
     auto converted = encode(text, code_page);
     return converted ? std::move(*converted) : vx::text::wide_to_utf8(text);
 }
+
+namespace {
+bool is_high(char c)
+{
+    return (static_cast<unsigned char>(c) & 0x80U) != 0;
+}
+
+/// Length of the character of UTF-8 that begins there; 0 for bytes that are none.
+std::size_t utf8_length(std::string_view text, std::size_t at)
+{
+    auto const lead = static_cast<unsigned char>(text[at]);
+    std::size_t const length = lead >= 0xC2 && lead <= 0xDF   ? 2
+                               : lead >= 0xE0 && lead <= 0xEF ? 3
+                               : lead >= 0xF0 && lead <= 0xF4 ? 4
+                                                              : 0;
+    for (std::size_t i = at + 1; i < at + length; ++i)
+        if (i >= text.size() || (static_cast<unsigned char>(text[i]) & 0xC0U) != 0x80)
+            return 0;
+    return length;
+}
+} // namespace
+
+unsigned vx_guess_code_page(std::string_view text)
+{
+    constexpr unsigned c_western = 1252;
+    constexpr unsigned c_cyrillic = 1251;
+    constexpr unsigned c_dos_cyrillic = 866;
+    // Fields of a fixed width may cut characters, so that a few are none in a text that is UTF-8.
+    std::size_t characters = 0;
+    std::size_t others = 0;
+    for (std::size_t i = 0; i < text.size();) {
+        std::size_t const length = is_high(text[i]) ? utf8_length(text, i) : 0;
+        characters += length > 0 ? 1 : 0;
+        others += length == 0 && is_high(text[i]) ? 1 : 0;
+        i += length > 0 ? length : 1;
+    }
+    if (others <= characters)
+        return CP_UTF8;
+    if (vx_get_system_code_page() != CP_UTF8)
+        return vx_get_system_code_page();
+    std::size_t high = 0;
+    std::size_t beside = 0;
+    std::size_t low_half = 0; // where the other Cyrillic page has no letters
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (!is_high(text[i]))
+            continue;
+        ++high;
+        bool const is_beside =
+            (i > 0 && is_high(text[i - 1])) || (i + 1 < text.size() && is_high(text[i + 1]));
+        beside += is_beside ? 1 : 0;
+        low_half += static_cast<unsigned char>(text[i]) < 0xB0 ? 1 : 0;
+    }
+    if (2 * beside <= high)
+        return c_western;
+    return 2 * low_half > high ? c_dos_cyrillic : c_cyrillic;
+}

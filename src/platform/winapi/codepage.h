@@ -32,3 +32,8 @@ VX_API bool vx_set_system_code_page(unsigned code_page);
 /// The whole text at once. An unknown page counts as UTF-8.
 [[nodiscard]] VX_API std::wstring vx_bytes_to_wide(std::string_view text, unsigned code_page);
 [[nodiscard]] VX_API std::string vx_wide_to_bytes(std::wstring_view text, unsigned code_page);
+
+/// The code page of bytes that nothing is said about: UTF-8 where most of what is not ASCII reads as that,
+/// the system's where that is another one, else a Cyrillic page where letters that are not ASCII stand side
+/// by side, and the Western one where they stand alone.
+[[nodiscard]] VX_API unsigned vx_guess_code_page(std::string_view text);

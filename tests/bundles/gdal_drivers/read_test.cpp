@@ -312,7 +312,9 @@ TEST(gdal_read, code_pages_are_those_of_the_table)
         {"ANSI 1251", 0, "\xC6\xE6", L"Жж"}, {"ISO88595", 0, "\xB6\xD6", L"Жж"},
         {nullptr, 0xC9, "\xC6\xE6", L"Жж"},  {nullptr, 0x26, "\x86\xA6", L"Жж"},
         {"Shift_JIS", 0, "\x93\xFA", L"日"}, {"Big5", 0, "\xA4\xE9", L"日"},
-        {"UTF-8", 0x57, "\xD0\x96", L"Ж"},
+        {"UTF-8", 0x57, "\xD0\x96", L"Ж"},   {nullptr, 0, "\xC6\xE6", L"Жж"},
+        {nullptr, 0, "\x86\xA6", L"Жж"},     {"nonsense", 0, "\xD0\x96", L"Ж"},
+        {nullptr, 0, "\xE9-", L"é-"},
     };
     for (auto const &[beside, mark, bytes, expected] : cases) {
         SCOPED_TRACE((beside ? beside : "no mark beside") + std::string(" ") + std::to_string(mark));
@@ -333,6 +335,36 @@ TEST(gdal_read, code_pages_are_those_of_the_table)
             EXPECT_EQ(texts_of([&](vx::string_visitor v) { s.stat.with_unique_strings(0, -1, v); }),
                       std::vector<std::wstring>{expected});
         }
+    }
+}
+
+TEST(gdal_read, tables_of_text_are_read_in_the_page_that_they_look_like)
+{
+    temp_dir const dir;
+    struct
+    {
+        char const *bytes;
+        wchar_t const *expected;
+    } const cases[] = {
+        {"\xCC\xEE\xF1\xEA\xE2\xE0", L"Москва"},
+        {"\x8A\xA0\xA7\xA0\xAD\xEC", L"Казань"},
+        {"Z\xFCrich Gen\xE8ve", L"Zürich Genève"},
+        {"Тверь", L"Тверь"},
+    };
+    for (auto const &[bytes, expected] : cases) {
+        std::string const content = "x;y;" + std::string(bytes) + "\n1;2;" + bytes + "\n";
+        write_file(dir / "t.csv", content);
+        source const s((dir / "t.csv").wstring());
+        EXPECT_EQ(s.field(expected), 2);
+        keeper k;
+        ASSERT_TRUE(s.forward.with_next_feature(k));
+        EXPECT_EQ(k.text(2), expected);
+        // What would be written in another page is not changed.
+        bool const is_utf8 = std::wstring(expected) == L"Тверь";
+        EXPECT_EQ(source((dir / "t.csv").wstring(), false).is_open(), is_utf8);
+        EXPECT_EQ(source::refusal().find(L"not in UTF-8") == std::wstring::npos, is_utf8);
+        EXPECT_EQ(read_file(dir / "t.csv"), content);
+        EXPECT_EQ(dir.count(), 1);
     }
 }
 
