@@ -174,9 +174,13 @@ bool has_shapes(Ivx_layer *layer)
     return !vx_shape_files_get_box(shapes.get()).is_empty();
 }
 
-/// The kinds of shapes in a table that may hold any; nothing where all are of one kind. With collections of
-/// several kinds all that there may be.
-std::vector<kind_of_shapes> kinds_of_mixed(Ivx_layer *layer)
+/// The kinds of shapes in a table that may hold any; nothing where all are of one kind.
+struct mixed_kinds
+{
+    std::vector<kind_of_shapes> kinds;
+    bool are_sure = true; ///< not with collections of several kinds, which may have any
+};
+mixed_kinds kinds_of_mixed(Ivx_layer *layer)
 {
     Ivx_attr_data *const data = vx_shp_lr2d_get_attr_data_ptr(layer);
     if (vx_attr_data_get_geom_type(data) != vx::codes::plain::geom_unknown)
@@ -192,8 +196,8 @@ std::vector<kind_of_shapes> kinds_of_mixed(Ivx_layer *layer)
             }
     }
     if (vx_shape_files_has_more_kinds(shapes.get()))
-        return {std::begin(c_shape_kinds), std::end(c_shape_kinds)};
-    return kinds.size() > 1 ? kinds : std::vector<kind_of_shapes>();
+        return {{std::begin(c_shape_kinds), std::end(c_shape_kinds)}, false};
+    return {kinds.size() > 1 ? kinds : std::vector<kind_of_shapes>()};
 }
 
 /// The connection string with the option behind the place of the data: the name of a table, which stands
@@ -210,10 +214,10 @@ std::wstring with_type(std::wstring const &source, wchar_t const *type)
 void add_table(Tvx_layer_list::layer_ptr layer, std::wstring const &source, QString const &path,
                std::wstring const &name, bool one_of_many, Tvx_opened_file &result)
 {
-    auto const kinds = kinds_of_mixed(layer.get());
-    if (kinds.empty())
+    mixed_kinds const mixed = kinds_of_mixed(layer.get());
+    if (mixed.kinds.empty())
         return add_vector(std::move(layer), path, name, one_of_many, result);
-    for (kind_of_shapes const &kind : kinds) {
+    for (kind_of_shapes const &kind : mixed.kinds) {
         std::wstring error;
         Tvx_layer_list::layer_ptr part(
             vx_shp_lr2d_open(with_type(source, kind.type).c_str(), Tvx_std_wstring_adapter(error)));
@@ -221,7 +225,7 @@ void add_table(Tvx_layer_list::layer_ptr layer, std::wstring const &source, QStr
             result.error = QString::fromStdWString(error);
             continue;
         }
-        if (!has_shapes(part.get()))
+        if (!mixed.are_sure && !has_shapes(part.get()))
             continue;
         add_vector(std::move(part), path, name, one_of_many, result);
         Ivx_layer *const added = result.layers.back().layer.get();
