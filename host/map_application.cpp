@@ -1,14 +1,18 @@
 #include "host/map_application.h"
 
 #include "host/layout_printing.h"
+#include "host/map_scene.h"
 #include "host/map_window.h"
 #include "host/offscreen.h"
 #include "host/style_sheets.h"
 #include "host/tour.h"
 #include "scale_builders/range/rng_type_dlg.h"
 
+#include "platform/base/owned.h"
+#include "platform/base/string_adp.h"
 #include "platform/basic/vx_bundle.h"
 #include "platform/basic/vx_options.h"
+#include "platform/storage/vx_ini_data.h"
 #include "platform/toolkit/bridge/qt_application.h"
 
 #include <QDir>
@@ -64,6 +68,15 @@ int run_tour(Tvx_command_line const &line)
     return tour.run(file_names(line)) ? 0 : 1;
 }
 
+/// Empty where the user has no storage.
+QString kept_folder()
+{
+    vx::owned<Ivx_ini_data, &vx_ini_data_destroy> const ini(vx_ini_data_create());
+    std::wstring folder;
+    vx_ini_data_get_storage_path(ini.get(), L"unsaved_maps", Tvx_std_wstring_adapter(folder));
+    return QString::fromStdWString(folder);
+}
+
 int run_window(Tvx_command_line const &line)
 {
     QSettings settings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("vxk"),
@@ -72,9 +85,16 @@ int run_window(Tvx_command_line const &line)
     vx_bundles_load();
     Tvx_map_window window(&settings);
     window.show();
-    QStringList const files = file_names(line);
-    if (!files.isEmpty())
-        QTimer::singleShot(0, &window, [&window, files] { window.open_files(files); });
+    QTimer::singleShot(0, &window, [&window, files = file_names(line), folder = kept_folder()]() mutable {
+        if (!folder.isEmpty()) {
+            window.keep_copies(folder);
+            // The map that was asked for may be the one whose copy is open now.
+            if (window.offer_kept_copy())
+                files.removeIf(&vx_map_scene_is_name);
+        }
+        if (!files.isEmpty())
+            window.open_files(files);
+    });
     return QApplication::exec();
 }
 } // namespace

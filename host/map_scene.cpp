@@ -69,6 +69,26 @@ void open_properties(Tvx_scene_layer &scene)
     vx_tos_lr2d_get_proj4(scene.layer.get(), Tvx_std_wstring_adapter(projection));
     scene.unit = vx_map_unit_from_proj4(projection);
 }
+
+std::wstring absolute(QString const &path)
+{
+    return QFileInfo(path).absoluteFilePath().toStdWString();
+}
+
+scene_ptr make_scene(Tvx_layer_list const &layers, Tvx_canvas_view const &view,
+                     Tvx_scene_layouts const &layouts)
+{
+    // The name is in the file for the frames of its layouts alone: a map is called as its file.
+    bool const has_layouts = vx_scns_2d_get_count(layouts.layouts) > 0;
+    scene_ptr scene(vx_scn_2d_create(has_layouts ? layouts.map_name.toStdWString().c_str() : L""));
+    vx_scn_2d_set_view(scene.get(), view.center(), view.units_per_pixel());
+    for (int row = layers.count() - 1; row >= 0; --row) {
+        Tvx_layer_list::layer_ptr copy(vx_lr2d_clone(layers.layer_at(row)));
+        if (vx_scn_2d_insert(scene.get(), vx_scn_2d_get_count(scene.get()), copy.get()))
+            static_cast<void>(copy.release());
+    }
+    return scene;
+}
 } // namespace
 
 bool vx_map_scene_is_name(QString const &path)
@@ -95,9 +115,8 @@ Tvx_loaded_scene vx_map_scene_load(QString const &path, Ivx_scns_2d *layouts, Iv
     Tvx_loaded_scene result;
     scene_ptr const scene(vx_scn_2d_create(L""));
     xml_ptr const xml(vx_xml_save_style_create());
-    if (!vx_xml_data_load_scn2d_layouts_w(xml.get(),
-                                          QFileInfo(path).absoluteFilePath().toStdWString().c_str(),
-                                          scene.get(), layouts, other_scenes)) {
+    if (!vx_xml_data_load_scn2d_layouts_w(xml.get(), absolute(path).c_str(), scene.get(), layouts,
+                                          other_scenes)) {
         std::wstring error;
         vx_xml_data_get_error_w(xml.get(), Tvx_std_wstring_adapter(error));
         result.error = QString::fromStdWString(error);
@@ -162,17 +181,15 @@ void vx_map_scene_open_layer(Tvx_scene_layer &scene, std::optional<Tvx_box_d2> c
 bool vx_map_scene_save(QString const &path, Tvx_layer_list const &layers, Tvx_canvas_view const &view,
                        Tvx_scene_layouts const &layouts)
 {
-    // The name is in the file for the frames of its layouts alone: a map is called as its file.
-    bool const has_layouts = vx_scns_2d_get_count(layouts.layouts) > 0;
-    scene_ptr const scene(vx_scn_2d_create(has_layouts ? layouts.map_name.toStdWString().c_str() : L""));
-    vx_scn_2d_set_view(scene.get(), view.center(), view.units_per_pixel());
-    for (int row = layers.count() - 1; row >= 0; --row) {
-        Tvx_layer_list::layer_ptr copy(vx_lr2d_clone(layers.layer_at(row)));
-        if (vx_scn_2d_insert(scene.get(), vx_scn_2d_get_count(scene.get()), copy.get()))
-            static_cast<void>(copy.release());
-    }
+    scene_ptr const scene = make_scene(layers, view, layouts);
     xml_ptr const xml(vx_xml_save_style_create());
-    return vx_xml_data_save_scn2d_layouts_w(xml.get(),
-                                            QFileInfo(path).absoluteFilePath().toStdWString().c_str(),
-                                            scene.get(), layouts.layouts, layouts.other_scenes);
+    return vx_xml_data_save_scn2d_layouts_w(xml.get(), absolute(path).c_str(), scene.get(), layouts.layouts,
+                                            layouts.other_scenes);
+}
+
+std::string vx_map_scene_bytes(QString const &path, Tvx_layer_list const &layers, Tvx_canvas_view const &view,
+                               Tvx_scene_layouts const &layouts)
+{
+    return vx_scn2d_layouts_bytes_w(absolute(path).c_str(), make_scene(layers, view, layouts).get(),
+                                    layouts.layouts, layouts.other_scenes);
 }

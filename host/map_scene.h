@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <optional>
+#include <string>
 #include <vector>
 
 struct Ivx_scns_2d;
@@ -67,3 +68,6 @@ struct Tvx_scene_layouts
 /// Saves the layers, the view and the layouts. False when that fails, which the user has been told.
 [[nodiscard]] bool vx_map_scene_save(QString const &path, Tvx_layer_list const &layers,
                                      Tvx_canvas_view const &view, Tvx_scene_layouts const &layouts = {});
+/// The bytes of the file that this would write, without writing it. Empty when it could not be read again.
+[[nodiscard]] std::string vx_map_scene_bytes(QString const &path, Tvx_layer_list const &layers,
+                                             Tvx_canvas_view const &view, Tvx_scene_layouts const &layouts);

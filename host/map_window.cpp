@@ -1,8 +1,10 @@
 #include "host/map_window.h"
 
 #include "host/captions.h"
+#include "host/end_signals.h"
 #include "host/glyphs.h"
 #include "host/identify_panel.h"
+#include "host/kept_map.h"
 #include "host/layer_editor.h"
 #include "host/layer_files.h"
 #include "host/layer_info.h"
@@ -91,6 +93,8 @@ Tvx_map_window::~Tvx_map_window()
 {
     // A text that loses the focus reports it, which must come while there is somebody to report to.
     hide();
+    f_end_signals.reset();
+    f_kept.reset();
     // The parts look at the list while they end, so they end before it does.
     f_page_layouts.reset();
     f_tables.clear();
@@ -310,10 +314,12 @@ void Tvx_map_window::closeEvent(QCloseEvent *event)
         event->ignore();
         return;
     }
-    if (!may_lose_changes()) {
+    if (!f_is_given_up && !may_lose_changes()) {
         event->ignore();
         return;
     }
+    if (f_kept)
+        f_kept->forget();
     save_state();
     f_editor->close();
     f_page_layouts->close_windows();
@@ -332,7 +338,7 @@ int Tvx_map_window::open_files(QStringList const &paths)
     if (scene != paths.end()) {
         if (!may_lose_changes())
             return 0;
-        opened = open_scene(*scene, failed);
+        opened = open_scene(*scene, failed).value_or(0);
     }
     bool const first = f_layers.count() == 0;
     QApplication::setOverrideCursor(Qt::WaitCursor);

@@ -11,25 +11,30 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 class Tvx_layer_editor;
 class Tvx_layer_panel;
 class Tvx_attribute_table;
+class Tvx_end_signals;
 class Tvx_identify_panel;
+class Tvx_kept_map;
 class Tvx_map_canvas;
 class Tvx_map_layouts;
 class Tvx_map_selection;
 class Tvx_selection_overlay;
 class Tvx_opening_progress;
 struct Tvx_failed_file;
+struct Tvx_found_map;
 struct Tvx_scene_layer;
 struct Tvx_layer_scale;
 class QComboBox;
 class QDockWidget;
 class QLabel;
 class QMenu;
+class QSessionManager;
 class QSettings;
 
 /// The main window: the map, the list of its layers beside it, and the commands.
@@ -54,6 +59,12 @@ public:
     bool save_scene();
     /// Takes all layers off. False, with everything as it was, when the user wants to keep what is not saved.
     bool new_scene();
+    /// From now on copies of unsaved work are kept in the folder, for the case that the program ends before
+    /// it is saved: by a fault, by the system, or with the session.
+    void keep_copies(QString const &folder);
+    /// Asks what to do with copies that were left there. True when one has been opened.
+    bool offer_kept_copy();
+    [[nodiscard]] Tvx_kept_map *kept() const { return f_kept.get(); }
     /// Whether there is work that no file has.
     [[nodiscard]] bool is_changed() const { return f_changed; }
     /// Empty for a map without a file.
@@ -119,8 +130,20 @@ private:
     bool save_scene_as();
     bool save_scene_in(QString const &path);
     [[nodiscard]] bool may_replace(QString const &path);
-    /// Number of layers that came; what went wrong is added to `failed`.
-    int open_scene(QString const &path, std::vector<Tvx_failed_file> &failed);
+    /// What to do where the map's file is no more what it was.
+    enum newer_file
+    {
+        c_newer_replaced,
+        c_newer_saved_as,
+        c_newer_left
+    };
+    [[nodiscard]] newer_file ask_about_newer();
+    /// Number of layers that came, nothing when there is no map to open; what went wrong is added to
+    /// `failed`. A copy that was kept becomes the unsaved map that it is a copy of.
+    std::optional<int> open_scene(QString const &path, std::vector<Tvx_failed_file> &failed,
+                                  Tvx_found_map const *kept = nullptr);
+    bool open_kept(Tvx_found_map const &found);
+    void on_session_end(QSessionManager &manager);
     /// Asks whether a file whose last writer was broken off may be changed to put it right.
     [[nodiscard]] bool may_repair(QString const &path);
     /// Of those layers that could not be opened for that, and opens them. What stays as it is keeps its
@@ -196,11 +219,15 @@ private:
     QHash<int, table_dock> f_tables;
     std::unique_ptr<Tvx_map_layouts> f_page_layouts;
     QString f_scene_path;
+    QByteArray f_scene_print; ///< of the file when it was opened or saved here
     bool f_changed = false;
+    bool f_is_given_up = false; ///< by the user, at the end of the session
     bool f_loading = false;
     /// While something is being opened.
     QPointer<Tvx_opening_progress> f_opening;
     bool f_closes_after_opening = false;
     /// A copy of the layer whose style was copied.
     Tvx_layer_list::layer_ptr f_copied_style;
+    std::unique_ptr<Tvx_kept_map> f_kept; ///< null where no copies are kept
+    std::unique_ptr<Tvx_end_signals> f_end_signals;
 };

@@ -1,4 +1,5 @@
 #include "host/captions.h"
+#include "host/kept_map.h"
 #include "host/layer_classes.h"
 #include "host/layer_editor.h"
 #include "host/layer_files.h"
@@ -59,7 +60,14 @@ void Tvx_map_window::watch_changes()
 
 void Tvx_map_window::set_changed(bool changed)
 {
-    if (f_loading || f_changed == changed)
+    if (f_loading)
+        return;
+    f_is_given_up = false;
+    if (f_kept && changed)
+        f_kept->note_change();
+    else if (f_kept)
+        f_kept->forget();
+    if (f_changed == changed)
         return;
     f_changed = changed;
     update_title();
@@ -102,6 +110,7 @@ bool Tvx_map_window::new_scene()
     f_layers.clear();
     f_loading = false;
     f_scene_path.clear();
+    f_scene_print.clear();
     set_changed(false);
     f_canvas->forget_steps();
     update_title();
@@ -147,8 +156,30 @@ bool Tvx_map_window::may_replace(QString const &path)
     return box.clickedButton() == replace;
 }
 
+Tvx_map_window::newer_file Tvx_map_window::ask_about_newer()
+{
+    QMessageBox box(QMessageBox::Warning, vx_host_caption(c_cap_application),
+                    vx_map_caption(c_map_newer_question).arg(QDir::toNativeSeparators(f_scene_path)),
+                    QMessageBox::NoButton, this);
+    box.setTextFormat(Qt::PlainText);
+    QPushButton *const other = box.addButton(vx_map_caption(c_map_save_scene_as), QMessageBox::AcceptRole);
+    QPushButton *const replace = box.addButton(vx_map_caption(c_map_replace), QMessageBox::DestructiveRole);
+    QPushButton *const cancel = box.addButton(vx_host_caption(c_cap_cancel), QMessageBox::RejectRole);
+    other->setObjectName(QStringLiteral("save_as"));
+    replace->setObjectName(QStringLiteral("replace"));
+    box.setDefaultButton(cancel);
+    box.setEscapeButton(cancel);
+    box.exec();
+    if (box.clickedButton() == other)
+        return save_scene_as() ? c_newer_saved_as : c_newer_left;
+    return box.clickedButton() == replace ? c_newer_replaced : c_newer_left;
+}
+
 bool Tvx_map_window::save_scene_in(QString const &path)
 {
+    if (path == f_scene_path && QFileInfo::exists(path) && vx_file_print(path) != f_scene_print)
+        if (newer_file const chosen = ask_about_newer(); chosen != c_newer_replaced)
+            return chosen == c_newer_saved_as;
     // Frames name the map, whose name is that of its file.
     QString const former = std::exchange(f_scene_path, QFileInfo(path).absoluteFilePath());
     f_page_layouts->update_name();
@@ -160,6 +191,7 @@ bool Tvx_map_window::save_scene_in(QString const &path)
         return false;
     }
     f_last_directory = QFileInfo(f_scene_path).absolutePath();
+    f_scene_print = vx_file_print(f_scene_path);
     set_changed(false);
     update_title();
     remember_file(f_scene_path);
@@ -188,14 +220,17 @@ void Tvx_map_window::repair_layers(std::vector<Tvx_scene_layer> &layers,
     }
 }
 
-int Tvx_map_window::open_scene(QString const &path, std::vector<Tvx_failed_file> &failed)
+std::optional<int> Tvx_map_window::open_scene(QString const &path, std::vector<Tvx_failed_file> &failed,
+                                              Tvx_found_map const *kept)
 {
+    // A change while it is being read is one of another program's.
+    QByteArray const print = kept ? kept->print : vx_file_print(path);
     vx::owned<Ivx_scns_2d, &vx_scns_2d_destroy> const layouts(vx_scns_2d_create()),
         others(vx_scns_2d_create());
     Tvx_loaded_scene scene = vx_map_scene_load(path, layouts.get(), others.get());
     if (!scene.error.isEmpty()) {
         failed.push_back({path, scene.error});
-        return 0;
+        return std::nullopt;
     }
     vx_map_scene_ask_passwords(scene.layers, [this](QString const &server) -> std::optional<QString> {
         bool given = false;
@@ -238,12 +273,19 @@ int Tvx_map_window::open_scene(QString const &path, std::vector<Tvx_failed_file>
                 layer.flaw + QString::fromStdWString(vx_reason_split(layer.reason.toStdWString()).sentence));
         ++opened;
     }
-    f_scene_path = QFileInfo(path).absoluteFilePath();
+    f_scene_path = kept ? kept->map : QFileInfo(path).absoluteFilePath();
+    f_scene_print = print;
     f_page_layouts->take(*layouts, *others, scene.name);
-    f_last_directory = QFileInfo(path).absolutePath();
-    f_changed = false;
     f_loading = false;
-    remember_file(f_scene_path);
+    set_changed(false);
+    if (kept) {
+        f_kept->adopt(*kept);
+        f_changed = true;
+    }
+    if (!f_scene_path.isEmpty()) {
+        f_last_directory = QFileInfo(f_scene_path).absolutePath();
+        remember_file(f_scene_path);
+    }
     f_panel->select_id(f_layers.id_at(0));
     if (scene.view)
         f_canvas->go_to(*scene.view);

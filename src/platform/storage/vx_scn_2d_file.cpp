@@ -459,6 +459,13 @@ bool vx_xml_data_save_scn2d_layouts_w(Ivx_xml_data *xml, wchar_t const *file, Iv
     return saved(xml, save_bytes(file, scene_bytes(scene, layouts, others, folder_of(file ? file : L""))));
 }
 
+std::string vx_scn2d_layouts_bytes_w(wchar_t const *file, Ivx_scn_2d const *scene, Ivx_scns_2d const *layouts,
+                                     Ivx_scns_2d const *others)
+{
+    return scene || layouts ? scene_bytes(scene, layouts, others, folder_of(file ? file : L""))
+                            : std::string();
+}
+
 bool vx_xml_data_load_scn2d_w(Ivx_xml_data *xml, wchar_t const *file, Ivx_scn_2d *scene)
 {
     return vx_xml_data_load_scn2d_layouts_w(xml, file, scene, nullptr);

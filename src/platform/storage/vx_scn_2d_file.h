@@ -2,6 +2,8 @@
 
 #include "platform/storage/vx_xml_data.h"
 
+#include <string>
+
 struct Ivx_scn_2d;
 struct Ivx_scns_2d;
 
@@ -32,3 +34,8 @@ VX_API bool vx_xml_data_save_scn2d_w(Ivx_xml_data *xml, wchar_t const *file, Ivx
                                                            Ivx_scns_2d *others = nullptr);
 VX_API bool vx_xml_data_save_scn2d_layouts_w(Ivx_xml_data *xml, wchar_t const *file, Ivx_scn_2d const *scene,
                                              Ivx_scns_2d const *layouts, Ivx_scns_2d const *others = nullptr);
+/// The bytes of the file that such a save would write, with sources named from the folder of `file`; nothing
+/// is written. Empty for what is not saved.
+[[nodiscard]] VX_API std::string vx_scn2d_layouts_bytes_w(wchar_t const *file, Ivx_scn_2d const *scene,
+                                                          Ivx_scns_2d const *layouts,
+                                                          Ivx_scns_2d const *others = nullptr);
