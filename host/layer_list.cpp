@@ -10,17 +10,38 @@
 
 Tvx_layer_list::~Tvx_layer_list() = default;
 
+class Tvx_layer_list::state
+{
+public:
+    struct place
+    {
+        item layer;
+        QString name;
+        friend bool operator==(place const &a, place const &b)
+        {
+            return a.layer.id == b.layer.id && a.layer.layer == b.layer.layer && a.name == b.name;
+        }
+    };
+    std::vector<place> places;
+};
+
 int Tvx_layer_list::add(layer_ptr layer, std::optional<Tvx_map_unit> unit)
 {
     if (!layer)
         return -1;
-    beginInsertRows({}, 0, 0);
     Tvx_box_d2 const extent = vx_layer_extent(layer.get());
-    f_items.insert(f_items.begin(), item{++f_last_id, 0, std::move(layer), extent, unit});
-    endInsertRows();
-    replace_classes(0, int(vx_layer_classes_count(layer_at(0))));
+    insert(0, {++f_last_id, 0, {layer.release(), &vx_lr2d_destroy}, extent, unit});
     emit picture_changed();
     return f_last_id;
+}
+
+void Tvx_layer_list::insert(int row, item added)
+{
+    added.classes = 0;
+    beginInsertRows({}, row, row);
+    f_items.insert(f_items.begin() + row, std::move(added));
+    endInsertRows();
+    replace_classes(row, int(vx_layer_classes_count(layer_at(row))));
 }
 
 bool Tvx_layer_list::replace(int id, layer_ptr layer)
@@ -28,6 +49,13 @@ bool Tvx_layer_list::replace(int id, layer_ptr layer)
     int const row = row_of(id);
     if (row < 0 || !layer)
         return false;
+    put(row, {layer.release(), &vx_lr2d_destroy}, revision_at(row) + 1);
+    emit picture_changed();
+    return true;
+}
+
+void Tvx_layer_list::put(int row, std::shared_ptr<Ivx_layer> layer, int revision)
+{
     vx_lr2d_set_visible(layer.get(), is_visible(row));
     item &place = f_items[std::size_t(row)];
     place.extent = vx_layer_extent(layer.get());
@@ -35,14 +63,58 @@ bool Tvx_layer_list::replace(int id, layer_ptr layer)
     if (classes != place.classes)
         replace_classes(row, 0);
     place.layer = std::move(layer);
-    ++place.revision;
+    place.revision = revision;
     replace_classes(row, classes);
     emit dataChanged(index(row), index(row));
     if (classes > 0)
         emit dataChanged(index(0, 0, index(row)), index(classes - 1, 0, index(row)));
-    emit layer_replaced(id);
+    emit layer_replaced(id_at(row));
+}
+
+std::shared_ptr<Tvx_layer_list::state const> Tvx_layer_list::remember() const
+{
+    auto all = std::make_shared<state>();
+    for (int row = 0; row < count(); ++row)
+        all->places.push_back({f_items[std::size_t(row)], name_at(row)});
+    return all;
+}
+
+bool Tvx_layer_list::differ(state const &a, state const &b)
+{
+    return a.places != b.places;
+}
+
+std::size_t Tvx_layer_list::count_classes_only_in(state const &a, state const &b)
+{
+    std::size_t classes = 0;
+    for (state::place const &place : a.places)
+        if (std::ranges::none_of(b.places,
+                                 [&](state::place const &p) { return p.layer.layer == place.layer.layer; }))
+            classes += std::size_t(place.layer.classes);
+    return classes;
+}
+
+void Tvx_layer_list::restore(state const &to)
+{
+    auto const has = [&to](int id) {
+        return std::ranges::any_of(to.places, [id](state::place const &p) { return p.layer.id == id; });
+    };
+    for (int row = count() - 1; row >= 0; --row)
+        if (!has(id_at(row)))
+            remove(row);
+    for (int row = 0; row < int(to.places.size()); ++row) {
+        auto const &[layer, name] = to.places[std::size_t(row)];
+        if (int const now = row_of(layer.id); now < 0)
+            insert(row, layer);
+        else if (now != row)
+            move(now, row);
+        // What was drawn of another layer in this place is stale.
+        if (layer_at(row) != layer.layer.get())
+            put(row, layer.layer, std::max(revision_at(row), layer.revision) + 1);
+        if (name_at(row) != name)
+            rename(row, name);
+    }
     emit picture_changed();
-    return true;
 }
 
 /// The number of classes below a layer changes; while it does, there are none.

@@ -9,6 +9,7 @@
 
 #include <QAbstractItemModel>
 
+#include <memory>
 #include <vector>
 
 /// The map's layers, first row on top of the picture: the model of the list in the window and of the picture.
@@ -52,6 +53,17 @@ public:
     void refresh_classes();
     /// Takes all layers off.
     void clear() { removeRows(0, count()); }
+
+    /// The layers as they are, to come back to. Those that are the same in two states are shared.
+    class state;
+    [[nodiscard]] std::shared_ptr<state const> remember() const;
+    /// Puts layers, names and order of the state in place of the present ones. Layers that were there show
+    /// or hide as they do.
+    void restore(state const &to);
+    /// Whether there is another layer, name or order in them.
+    [[nodiscard]] static bool differ(state const &a, state const &b);
+    /// Classes of the layers of `a` that are not in `b`.
+    [[nodiscard]] static std::size_t count_classes_only_in(state const &a, state const &b);
 
     [[nodiscard]] int count() const { return int(f_items.size()); }
     /// -1 when there is none.
@@ -107,13 +119,15 @@ private:
     {
         int id;
         int revision;
-        layer_ptr layer;
+        std::shared_ptr<Ivx_layer> layer;
         Tvx_box_d2 extent;
         std::optional<Tvx_map_unit> unit;
         Tvx_layer_mark mark = c_mark_none;
         QString reason = {};
         int classes = 0;
     };
+    void insert(int row, item added);
+    void put(int row, std::shared_ptr<Ivx_layer> layer, int revision);
     void replace_classes(int row, int count);
     [[nodiscard]] QVariant class_data(int row, unsigned place, int role) const;
     /// Of the layers that count; null counts all.

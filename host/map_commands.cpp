@@ -2,6 +2,7 @@
 #include "host/command_action.h"
 #include "host/layer_labels.h"
 #include "host/layer_panel.h"
+#include "host/layer_steps.h"
 #include "host/layer_style.h"
 #include "host/library_dialog.h"
 #include "host/map_canvas.h"
@@ -178,6 +179,24 @@ std::vector<Tvx_map_window::command_row> const &Tvx_map_window::command_rows()
          nullptr,
          [](window &w, bool) { w.close(); }},
 
+        {"undo",
+         c_lay_menu_edit,
+         c_lay_undo,
+         {},
+         "undo",
+         {QKeySequence::Undo},
+         0,
+         [](window const &w) { return w.f_steps->can_undo(); },
+         [](window &w, bool) { w.go_back(false); }},
+        {"redo",
+         c_lay_menu_edit,
+         c_lay_redo,
+         {},
+         "redo",
+         {QKeySequence::Redo},
+         0,
+         [](window const &w) { return w.f_steps->can_redo(); },
+         [](window &w, bool) { w.go_back(true); }},
         {"pan_tool",
          c_cap_menu_view,
          c_cap_pan_tool,

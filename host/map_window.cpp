@@ -11,6 +11,7 @@
 #include "host/layer_labels.h"
 #include "host/layer_panel.h"
 #include "host/layer_scales.h"
+#include "host/layer_steps.h"
 #include "host/layer_style.h"
 #include "host/map_canvas.h"
 #include "host/map_layouts.h"
@@ -56,8 +57,8 @@ constexpr int c_scales[] = {500,    1000,   2500,    5000,    10000,   25000,   
 } // namespace
 
 Tvx_map_window::Tvx_map_window(QSettings *settings)
-    : f_editor(new Tvx_layer_editor(f_layers, this)), f_canvas(new Tvx_map_canvas(f_layers, this)),
-      f_settings(settings)
+    : f_steps(std::make_unique<Tvx_layer_steps>(f_layers)), f_editor(new Tvx_layer_editor(f_layers, this)),
+      f_canvas(new Tvx_map_canvas(f_layers, this)), f_settings(settings)
 {
     setObjectName(QStringLiteral("map_window"));
     setWindowIcon(vx_host_glyph("app"));
@@ -81,6 +82,7 @@ Tvx_map_window::Tvx_map_window(QSettings *settings)
     connect_canvas();
     connect_objects();
     watch_changes();
+    connect(f_steps.get(), &Tvx_layer_steps::changed, this, &Tvx_map_window::update_commands);
     restore_state();
     for (QDockWidget *const dock : {f_layer_dock, f_identify_dock})
         connect(dock, &QDockWidget::dockLocationChanged, this, &Tvx_map_window::order_stops);
@@ -629,6 +631,16 @@ void Tvx_map_window::on_move(int by)
     int const row = f_panel->selected_row();
     if (row >= 0)
         f_layers.move(row, std::clamp(row + by, 0, f_layers.count() - 1));
+}
+
+void Tvx_map_window::go_back(bool forward)
+{
+    if (!f_editor->may_lose_changes())
+        return;
+    forward ? f_steps->redo() : f_steps->undo();
+    f_editor->refresh(f_editor->layer_id());
+    if (selected_row() < 0)
+        f_panel->select_id(f_layers.id_at(0));
 }
 
 // ---- what the window tells

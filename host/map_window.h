@@ -17,6 +17,7 @@
 
 class Tvx_layer_editor;
 class Tvx_layer_panel;
+class Tvx_layer_steps;
 class Tvx_attribute_table;
 class Tvx_end_signals;
 class Tvx_identify_panel;
@@ -164,6 +165,7 @@ private:
     /// Null for one style.
     void on_draw_by(Tvx_layer_scale const *scale);
     void on_move(int by);
+    void go_back(bool forward);
     void on_copy_style();
     void on_paste_style();
     void on_to_library();
@@ -194,6 +196,7 @@ private:
 
     Tvx_advanced_dialog_in_force f_advanced_dialog;
     Tvx_layer_list f_layers;
+    std::unique_ptr<Tvx_layer_steps> f_steps;
     Tvx_layer_editor *f_editor;
     Tvx_map_canvas *f_canvas;
     Tvx_layer_panel *f_panel = nullptr;

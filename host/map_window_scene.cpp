@@ -5,6 +5,7 @@
 #include "host/layer_files.h"
 #include "host/layer_info.h"
 #include "host/layer_panel.h"
+#include "host/layer_steps.h"
 #include "host/layer_style.h"
 #include "host/library_dialog.h"
 #include "host/map_canvas.h"
@@ -109,6 +110,7 @@ bool Tvx_map_window::new_scene()
     f_page_layouts->clear();
     f_layers.clear();
     f_loading = false;
+    f_steps->forget();
     f_scene_path.clear();
     f_scene_print.clear();
     set_changed(false);
@@ -275,6 +277,7 @@ std::optional<int> Tvx_map_window::open_scene(QString const &path, std::vector<T
     }
     f_scene_path = kept ? kept->map : QFileInfo(path).absoluteFilePath();
     f_scene_print = print;
+    f_steps->forget();
     f_page_layouts->take(*layouts, *others, scene.name);
     f_loading = false;
     set_changed(false);

@@ -284,7 +284,7 @@ void Tvx_tour::show_navigation()
     hand::press(list, Qt::Key_Down, Qt::ControlModifier);
     check(f_window.layers().name_at(1) == "naturalearth_cities", "Ctrl+Down does not move the layer down");
     shoot_map("cities_below_world");
-    show_menu(2);
+    show_menu(3);
     remove_all_layers();
 }
 
@@ -302,7 +302,7 @@ void Tvx_tour::show_menu(int place)
 QMenu *Tvx_tour::open_draw_by_menu()
 {
     QMenuBar *bar = f_window.menuBar();
-    QMenu *menu = hand::open_menu(bar, bar->actions().at(2));
+    QMenu *menu = hand::open_menu(bar, bar->actions().at(3));
     if (menu)
         menu = hand::open_menu(menu, f_window.command("draw_by"));
     check(menu, "a click does not open the menu of the scales");

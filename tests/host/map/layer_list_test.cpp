@@ -1,5 +1,11 @@
 #include "host/layer_list.h"
+#include "host/layer_steps.h"
 
+#include "platform/toolkit/bridge/qt_bridge.h"
+
+#include <QCoreApplication>
+
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace {
@@ -9,6 +15,7 @@ class layer_list : public testing::Test
 protected:
     void SetUp() override
     {
+        vx_qt_ensure_application();
         for (wchar_t const *name : {L"c", L"b", L"a"})
             ids.push_back(list.add(make(name)));
         QObject::connect(&list, &Tvx_layer_list::picture_changed, [this] { ++changes; });
@@ -133,5 +140,62 @@ TEST_F(layer_list, rows_outside_give_neutral_values)
         EXPECT_TRUE(list.extent_at(row).is_empty());
     }
     EXPECT_EQ(list.rowCount(list.index(0)), 0);
+}
+
+TEST_F(layer_list, goes_back_to_former_states_step_by_step)
+{
+    Tvx_layer_steps steps(list);
+    QStringList seen;
+    int former = -1;
+    /// Order and names, and whether the middle layer is another one, with a number never given before.
+    auto const look = [&] {
+        int const row = list.row_of(ids[1]);
+        EXPECT_TRUE(row < 0 || list.revision_at(row) >= former);
+        former = row < 0 ? former : list.revision_at(row);
+        return order() + (row >= 0 && vx_lr_get_own_selected_style_flag(list.layer_at(row)) ? "*" : "");
+    };
+    std::function<void()> const acts[] = {
+        [&] { list.remove(0); },
+        [&] {
+            auto changed = make(L"b");
+            vx_lr_set_own_selected_style_flag(changed.get(), true);
+            list.replace(ids[1], std::move(changed));
+        },
+        [&] { list.rename(list.row_of(ids[1]), "x"); },
+        [&] { list.move(0, 1); },
+        [&] { list.remove(list.row_of(ids[1])); },
+        [&] { list.add(make(L"n")); },
+        [&] { list.clear(); },
+    };
+    seen += look();
+    for (auto const &act : acts) {
+        act();
+        list.set_layer_visible(0, false); // which is no step
+        QCoreApplication::processEvents();
+        seen += look();
+    }
+    ASSERT_EQ(seen, (QStringList{"abc", "bc", "bc*", "xc*", "cx*", "c", "nc", ""}));
+    for (int turn = 0; turn < 2; ++turn) {
+        for (int i = int(seen.size()) - 2; i >= 0; --i) {
+            ASSERT_TRUE(steps.can_undo());
+            steps.undo();
+            EXPECT_EQ(look(), seen[i]);
+        }
+        EXPECT_FALSE(steps.can_undo());
+        for (int i = 1; i < seen.size(); ++i) {
+            steps.redo();
+            EXPECT_EQ(look(), seen[i]);
+        }
+        EXPECT_FALSE(steps.can_redo());
+    }
+    // What is done after a step back is another way.
+    steps.undo();
+    list.rename(0, "m");
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(steps.can_redo());
+    steps.undo();
+    EXPECT_EQ(look(), "nc");
+    steps.forget();
+    EXPECT_FALSE(steps.can_undo());
 }
 } // namespace

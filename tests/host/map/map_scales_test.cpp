@@ -48,7 +48,7 @@ protected:
     QMenu *menu()
     {
         QMenuBar *bar = window->menuBar();
-        QMenu *layer = hand::open_menu(bar, bar->actions().at(2));
+        QMenu *layer = hand::open_menu(bar, bar->actions().at(3));
         return layer ? hand::open_menu(layer, window->command("draw_by")) : nullptr;
     }
 
