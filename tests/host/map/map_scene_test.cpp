@@ -100,6 +100,14 @@ TEST_F(map_scene, keeps_all_that_it_was_given)
     ASSERT_TRUE(window->save_scene());
     EXPECT_EQ(read_file(folder / "a_.sn"), bytes);
     EXPECT_EQ(folder.count(), 8) << "a save leaves nothing beside it";
+
+    // By a link the same map is opened and saved, with its data where they are.
+    std::filesystem::create_directory(folder / "links");
+    std::filesystem::create_symlink(folder / "a_.sn", folder / "links" / "b_.sn");
+    ASSERT_EQ(window->open_files({file("links/b_.sn")}), 2);
+    EXPECT_EQ(layers().mark_at(0), c_mark_none);
+    ASSERT_TRUE(window->save_scene());
+    EXPECT_EQ(read_file(folder / "a_.sn"), bytes);
 }
 
 TEST_F(map_scene, is_asked_about_before_it_is_lost)

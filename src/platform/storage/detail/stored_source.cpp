@@ -18,6 +18,7 @@ constexpr std::wstring_view c_up = L"../";
 /// Levels of folders that a file and the scene must share, so that "../" leads to something that belongs to
 /// both: below "/home" lies what is nobody's, below "/home/anna" what can be moved together.
 constexpr std::size_t c_least_shared = 2;
+constexpr int c_link_limit = 40;
 
 bool is_letter(wchar_t c)
 {
@@ -109,7 +110,10 @@ std::wstring found_source(std::wstring const &stored, std::wstring const &folder
 std::wstring folder_of(std::wstring const &file)
 {
     std::error_code ignored;
-    auto const path = std::filesystem::absolute(vx_path_to_native(file), ignored).lexically_normal();
+    auto path = std::filesystem::absolute(vx_path_to_native(file), ignored).lexically_normal();
+    // Folders that are links stay what the user calls them.
+    for (int i = 0; i < c_link_limit && std::filesystem::is_symlink(path, ignored); ++i)
+        path = (path.parent_path() / std::filesystem::read_symlink(path, ignored)).lexically_normal();
     return vx_path_from_native(path.parent_path().string());
 }
 } // namespace vx::storage

@@ -10,6 +10,7 @@ namespace vx::storage {
 [[nodiscard]] std::wstring stored_source(std::wstring const &source, std::wstring const &folder);
 /// The source of a text that `stored_source` gave, with the file's folder as it is now.
 [[nodiscard]] std::wstring found_source(std::wstring const &stored, std::wstring const &folder);
-/// Folder of a file whose name may be relative to the working directory.
+/// Folder of a file whose name may be relative to the working directory; of one that is a link, where the
+/// link leads.
 [[nodiscard]] std::wstring folder_of(std::wstring const &file);
 } // namespace vx::storage
