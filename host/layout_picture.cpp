@@ -156,6 +156,12 @@ bool Tvx_layout_picture::draw(int id, closure<bool()> cancelled)
     return true;
 }
 
+void Tvx_layout_picture::forget()
+{
+    if (!f_in_work)
+        f_pictures.clear();
+}
+
 bool Tvx_layout_picture::is_work_in_vain() const
 {
     return f_in_work && (f_document.row_of(f_in_work->id) < 0 || !(look_of(f_in_work->id) == f_in_work->of) ||

@@ -54,6 +54,8 @@ public:
     void request(Tvx_box_d2 const &part, double pixels_per_mm);
     /// Draws one element that has no picture or an old one. `cancelled` ends that.
     [[nodiscard]] step_result step(closure<bool()> cancelled = {});
+    /// Gives back the memory of the pictures; nothing while one is being drawn.
+    void forget();
     /// The element that is being drawn is another one by now, or gone.
     [[nodiscard]] bool is_work_in_vain() const;
     /// Paints what there is, with the lowest element first.

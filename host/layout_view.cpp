@@ -148,6 +148,13 @@ void Tvx_layout_view::resizeEvent(QResizeEvent *)
         emit zoom_changed();
 }
 
+void Tvx_layout_view::hideEvent(QHideEvent *event)
+{
+    // Windows of layouts stay when they are closed; one that is only minimised keeps its pictures.
+    if (!event->spontaneous())
+        f_picture.forget();
+}
+
 void Tvx_layout_view::showEvent(QShowEvent *)
 {
     // Nothing is drawn for a window that is not seen.
