@@ -38,6 +38,7 @@ void Tvx_map_window::watch_changes()
 {
     auto const changed = [this] { set_changed(true); };
     connect(f_page_layouts.get(), &Tvx_map_layouts::changed, this, changed);
+    connect(f_page_layouts.get(), &Tvx_map_layouts::changed, this, &Tvx_map_window::update_commands);
     connect(&f_layers, &Tvx_layer_list::layer_replaced, this, changed);
     connect(&f_layers, &Tvx_layer_list::layer_renamed, this, changed);
     connect(&f_layers, &Tvx_layer_list::rowsMoved, this, changed);

@@ -42,7 +42,9 @@ protected:
         ASSERT_EQ(open({"nc.shp"}), 1);
         answerer answers("", file("counties"));
         run("save_scene");
+        EXPECT_FALSE(window->command("open_layout")->isEnabled());
         ASSERT_TRUE(window->layouts().add());
+        EXPECT_TRUE(window->command("open_layout")->isEnabled());
         ASSERT_TRUE(layers().rename(0, "unsaved"));
     }
 
