@@ -2,7 +2,9 @@
 
 #include "host/layer_classes.h"
 
+#include "platform/data/vx_attr_data.h"
 #include "platform/layers/layer_keys.h"
+#include "platform/layers/vx_shp_lr2d.h"
 
 #include <algorithm>
 #include <string_view>
@@ -437,8 +439,11 @@ bool Tvx_layer_list::removeRows(int row, int count, QModelIndex const &parent)
     removed.assign(std::make_move_iterator(first), std::make_move_iterator(first + count));
     f_items.erase(first, first + count);
     endRemoveRows();
-    for (item const &i : removed)
+    for (item const &i : removed) {
         emit layer_removed(i.id);
+        // A state may keep the layer, but not its file open and all that was read of it.
+        vx_attr_data_reload(vx_shp_lr2d_get_attr_data_ptr(i.layer.get()));
+    }
     emit picture_changed();
     return true;
 }

@@ -54,7 +54,8 @@ public:
     /// Takes all layers off.
     void clear() { removeRows(0, count()); }
 
-    /// The layers as they are, to come back to. Those that are the same in two states are shared.
+    /// The layers as they are, to come back to. Those that are the same in two states are shared; of one that
+    /// was removed what was read is read again when it comes back.
     class state;
     [[nodiscard]] std::shared_ptr<state const> remember() const;
     /// Puts layers, names and order of the state in place of the present ones. Layers that were there show
