@@ -18,6 +18,7 @@
 #include "platform/layers/vx_shp_lr2d.h"
 #include "platform/layers/vx_tos_lr2d.h"
 #include "platform/styles/vx_stl_mngr.h"
+#include "platform/styles/vx_stl_mngr_life.h"
 #include "platform/styles/vx_style_keys.h"
 
 #include <QApplication>
@@ -133,8 +134,8 @@ bool vx_layer_rotation_dialog(Ivx_layer *layer, int x, int y)
 }
 
 Tvx_advanced_dialog::Tvx_advanced_dialog(void *mngr, QString file_name, QWidget *parent)
-    : QDialog(parent), f_mngr(mngr), f_copy(vx_stl_mngr_clone(mngr)), f_file_name(std::move(file_name)),
-      f_rotation(new QLabel(this))
+    : QDialog(parent), f_mngr(mngr), f_life(vx_stl_mngr_life(mngr)), f_copy(vx_stl_mngr_clone(mngr)),
+      f_file_name(std::move(file_name)), f_rotation(new QLabel(this))
 {
     setObjectName(QStringLiteral("advanced_dialog"));
     setWindowTitle(vx_map_caption(c_map_advanced_title));
@@ -212,7 +213,8 @@ void Tvx_advanced_dialog::on_rotation()
 
 void Tvx_advanced_dialog::accept()
 {
-    take_rotation(f_mngr, f_copy);
+    if (!f_life.expired())
+        take_rotation(f_mngr, f_copy);
     QDialog::accept();
 }
 

@@ -2,6 +2,8 @@
 
 #include <QDialog>
 
+#include <memory>
+
 class QLabel;
 struct Ivx_layer;
 
@@ -16,7 +18,8 @@ class Tvx_advanced_dialog : public QDialog
     Q_OBJECT
 
 public:
-    /// The manager must outlive the dialog; `file_name` is that of its layer, empty for none.
+    /// `file_name` is that of the manager's layer, empty for none. Where the manager ends before the dialog
+    /// does, OK writes nothing.
     Tvx_advanced_dialog(void *mngr, QString file_name, QWidget *parent = nullptr);
     ~Tvx_advanced_dialog() override;
 
@@ -27,7 +30,8 @@ private:
     void show_rotation();
 
     void *f_mngr;
-    void *f_copy; ///< what is edited
+    std::weak_ptr<void const> f_life; ///< the manager's
+    void *f_copy;                     ///< what is edited
     QString f_file_name;
     QLabel *f_rotation;
 };

@@ -10,6 +10,7 @@
 #include "platform/dialogs/dlg_table_priv.h"
 #include "platform/dialogs/vx_dlgs.h"
 #include "platform/styles/vx_stl_mngr.h"
+#include "platform/styles/vx_stl_mngr_life.h"
 #include "platform/styles/vx_style_keys.h"
 #include "platform/toolkit/controls/check_box.h"
 #include "platform/toolkit/controls/combo_box.h"
@@ -298,7 +299,8 @@ bool vx_style_advansed_setting_dialog(void *mngr, wchar_t const *file_name)
         fields.emplace(file_name, std::move(field));
     }
     advanced_form form(mngr, what, *fields);
-    if (!form.run(nullptr, 0, 0))
+    auto const life = vx_stl_mngr_life(mngr);
+    if (!form.run(nullptr, 0, 0) || life.expired())
         return false;
     form.take(mngr);
     return true;

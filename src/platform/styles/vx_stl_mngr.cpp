@@ -3,6 +3,7 @@
 #include "platform/base/detail/fields.h"
 #include "platform/base/text_codec.h"
 #include "platform/styles/detail/mngr_model.h"
+#include "platform/styles/vx_stl_mngr_life.h"
 
 using namespace vx::fields;
 using namespace vx::styles;
@@ -32,6 +33,11 @@ void *vx_stl_mngr_clone(void const *mngr)
 void vx_stl_mngr_destroy(void *mngr)
 {
     destroy<stl_mngr>(mngr);
+}
+
+std::weak_ptr<void const> vx_stl_mngr_life(void const *mngr)
+{
+    return mngr ? mngr_of(mngr)->life.watch() : std::weak_ptr<void const>();
 }
 
 void vx_stl_mngr_assign(void *target, void const *source)

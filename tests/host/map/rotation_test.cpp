@@ -10,6 +10,7 @@
 #include "platform/base/string_adp.h"
 #include "platform/layers/vx_shp_lr2d.h"
 #include "platform/styles/vx_stl_mngr.h"
+#include "platform/styles/vx_stl_mngr_life.h"
 
 #include <QLabel>
 
@@ -89,5 +90,28 @@ TEST_F(map_rotation, stands_in_the_advanced_settings_of_the_editor)
         EXPECT_TRUE(told);
         EXPECT_EQ(field_of(copy), button == std::wstring(L"OK") ? L"population" : L"off ");
     }
+    EXPECT_EQ(input::pending_modals(), 0);
+}
+
+TEST_F(map_rotation, of_a_layer_that_has_gone_meanwhile_is_given_up)
+{
+    ASSERT_EQ(open({"large_cities.shp"}), 1);
+    select(0);
+    run("properties");
+    input::wait_idle();
+    auto *const page = dialog_reader::find<Tvx_shp_lr2d_edit>(window->editor().handle()->get_form(), L"");
+    ASSERT_TRUE(page);
+    bool told = false;
+    input::on_next_modal([&](input::modal_window const &advanced) {
+        void *const mngr = vx_shp_lr2d_get_stl_mngr_ptr(window->editor().handle()->get_lr2d());
+        auto const life = vx_stl_mngr_life(mngr);
+        EXPECT_FALSE(life.expired());
+        layers().remove(0);
+        EXPECT_TRUE(life.expired());
+        told = true;
+        EXPECT_TRUE(advanced.press_button(L"OK"));
+    });
+    (void)input::click(page->get_edit()->get_rotate_btn());
+    EXPECT_TRUE(told);
     EXPECT_EQ(input::pending_modals(), 0);
 }

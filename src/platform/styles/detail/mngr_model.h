@@ -8,6 +8,26 @@
 
 /// Style managers, their lists and text settings behind the opaque pointers.
 namespace vx::styles {
+/// Goes with one object: what is copied into it does not change that.
+class life_token
+{
+public:
+    life_token() = default;
+    life_token(life_token const &) noexcept {}
+    life_token &operator=(life_token const &) noexcept { return *this; }
+    ~life_token() = default;
+
+    [[nodiscard]] std::weak_ptr<void const> watch() const
+    {
+        if (!f_token)
+            f_token = std::make_shared<char>();
+        return f_token;
+    }
+
+private:
+    mutable std::shared_ptr<char const> f_token; ///< made when it is first asked for
+};
+
 struct stl_mngr
 {
     explicit stl_mngr(style_kind kind) : simple(kind), values(kind), ranges(kind), rules(kind) {}
@@ -28,6 +48,7 @@ struct stl_mngr
     std::wstring rotate_prop_name;
     int rotate_start = 0;
     int rotate_dir = 0;
+    life_token life;
 
     /// What the 8-bit getters handed out last.
     mutable std::string narrow_val_prop_name;
