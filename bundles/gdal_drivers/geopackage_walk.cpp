@@ -384,6 +384,22 @@ bool is_table(sqlite3 *base, std::string const &name)
 }
 } // namespace
 
+std::optional<fid_span> consecutive_fids(sqlite3 *base, OGRLayer &layer)
+{
+    std::string const fid = layer.GetFIDColumn();
+    if (!base || fid.empty() || !is_table(base, layer.GetName()))
+        return std::nullopt;
+    std::string const table = quoted_name(layer.GetName());
+    fid_span fids = {0, 0};
+    if (!number_of(base, "SELECT min(" + quoted_name(fid) + ") FROM " + table, fids.first) ||
+        !number_of(base, "SELECT max(" + quoted_name(fid) + ") FROM " + table, fids.last) ||
+        fids.last < fids.first ||
+        static_cast<unsigned long long>(fids.last) - static_cast<unsigned long long>(fids.first) + 1 !=
+            static_cast<unsigned long long>(layer.GetFeatureCount(FALSE)))
+        return std::nullopt;
+    return fids;
+}
+
 std::unique_ptr<shape_walk> walk_geopackage(sqlite3 *base, OGRLayer &layer, shape_window const *window)
 {
     std::string const fid = layer.GetFIDColumn();
@@ -399,12 +415,8 @@ std::unique_ptr<shape_walk> walk_geopackage(sqlite3 *base, OGRLayer &layer, shap
     }
     if (!layer.TestCapability(OLCFastSpatialFilter))
         return nullptr;
-    long long first = 0;
-    long long last = 0;
-    if (!number_of(base, "SELECT min(" + quoted_name(fid) + ") FROM " + table, first) ||
-        !number_of(base, "SELECT max(" + quoted_name(fid) + ") FROM " + table, last) || last < first ||
-        static_cast<unsigned long long>(last) - static_cast<unsigned long long>(first) + 1 !=
-            static_cast<unsigned long long>(layer.GetFeatureCount(FALSE)))
+    auto const fids = consecutive_fids(base, layer);
+    if (!fids)
         return nullptr;
     statement index =
         prepared(base, "SELECT id FROM " + quoted_name("rtree_" + std::string(layer.GetName()) + "_" + geom) +
@@ -418,8 +430,8 @@ std::unique_ptr<shape_walk> walk_geopackage(sqlite3 *base, OGRLayer &layer, shap
     sqlite3_bind_double(index.get(), 2, window->max_x);
     sqlite3_bind_double(index.get(), 3, window->min_y);
     sqlite3_bind_double(index.get(), 4, window->max_y);
-    return std::make_unique<window_walk>(layer, std::move(lock), std::move(index), std::move(row), first,
-                                         last);
+    return std::make_unique<window_walk>(layer, std::move(lock), std::move(index), std::move(row),
+                                         fids->first, fids->last);
 }
 
 std::unique_ptr<column_walk> walk_geopackage_column(sqlite3 *base, OGRLayer &layer, int field)

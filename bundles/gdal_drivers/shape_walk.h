@@ -6,6 +6,7 @@
 #include <gdal_priv.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -52,6 +53,15 @@ struct shape_window
 /// have gaps, so that it does not tell which record has which.
 [[nodiscard]] std::unique_ptr<shape_walk> walk_geopackage(sqlite3 *base, OGRLayer &layer,
                                                           shape_window const *window);
+
+/// The identifiers of a table's records.
+struct fid_span
+{
+    long long first, last;
+};
+
+/// Those of a GeoPackage's table, where they have no gaps: records are found by them. Nothing elsewhere.
+[[nodiscard]] std::optional<fid_span> consecutive_fids(sqlite3 *base, OGRLayer &layer);
 
 /// The cells of a field straight from the rows of a GeoPackage's table, in the same order; null for what is
 /// no number and no text. A cell of another kind than its column's breaks it: GDAL makes of it what it will.

@@ -70,8 +70,22 @@ std::vector<long long> const &vector_set::deleted_records()
     return *f_deleted;
 }
 
+std::optional<fid_span> vector_set::fids_in_a_row()
+{
+    if (!f_set->read_only() || has_filter() || !f_set->is_driver("GPKG"))
+        return std::nullopt;
+    return consecutive_fids(static_cast<sqlite3 *>(f_set->gdal().GetInternalHandle("SQLITE_HANDLE")),
+                            *f_layer);
+}
+
 bool vector_set::seek(long long index)
 {
+    if (auto const fids = fids_in_a_row()) {
+        if (index > fids->last - fids->first)
+            return false;
+        f_coming = {fids->first + index, fids->last};
+        return true;
+    }
     // Without a filter such formats count records.
     long long record = index;
     if (!f_has_box && f_filter.empty())
@@ -232,6 +246,7 @@ bool vector_set::reset_reading()
     renew_connection();
     f_started = f_is_broken_off = false;
     f_position = f_delivered = 0;
+    f_coming.reset();
     if (!f_layer)
         return false;
     f_layer->ResetReading();
@@ -252,6 +267,13 @@ bool vector_set::is_wanted(OGRFeature const &record) const
 
 OGRFeatureUniquePtr vector_set::next_record()
 {
+    if (f_coming) {
+        // One may have gone since.
+        OGRFeatureUniquePtr found;
+        while (!found && f_coming->first <= f_coming->last)
+            found.reset(f_layer->GetFeature(f_coming->first++));
+        return found;
+    }
     // A server sends them in parts, and may take its time for each.
     constexpr long long c_part = 500;
     if (!f_server)
@@ -387,7 +409,8 @@ bool vector_set::with_feature(long long fid, vx::feature_visitor visitor)
 
 bool vector_set::has_moveto_index()
 {
-    return f_layer && f_layer->TestCapability(OLCFastSetNextByIndex) && f_only_type == geom_unknown;
+    return f_layer && f_only_type == geom_unknown &&
+           (f_layer->TestCapability(OLCFastSetNextByIndex) || fids_in_a_row());
 }
 
 bool vector_set::moveto_index(long long index)

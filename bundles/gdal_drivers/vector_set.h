@@ -16,6 +16,7 @@
 #include "field_stat.h"
 #include "kept_columns.h"
 #include "server_table.h"
+#include "shape_walk.h"
 
 #include <ogrsf_frmts.h>
 
@@ -163,7 +164,7 @@ private:
     };
 
     explicit vector_set(std::unique_ptr<dataset> set) : f_set(std::move(set)) {}
-    ~vector_set();
+    ~vector_set() override;
 
     // feature_store
     bool store(OGRLayer &table, OGRFeature &record, bool is_new) override;
@@ -188,6 +189,8 @@ private:
     [[nodiscard]] OGRFeatureUniquePtr read_next();
     /// Reads on from feature `index` of those that the layer gives.
     [[nodiscard]] bool seek(long long index);
+    /// Where records are found by their identifiers, which have no gaps.
+    [[nodiscard]] std::optional<fid_span> fids_in_a_row();
     /// Numbers of the deleted records that are still in the file, ascending; such formats count them as
     /// features.
     [[nodiscard]] std::vector<long long> const &deleted_records();
@@ -267,8 +270,10 @@ private:
     bool f_started = false;       ///< the offset is passed
     bool f_is_stuck = false;      ///< the connection to a server has to be made anew
     bool f_is_broken_off = false; ///< the server gives nothing more before reading begins anew
-    long long f_position = 0;     ///< features that the layer gave since its start
-    long long f_delivered = 0;    ///< features handed out since the start
+    /// Those that are to come, where a place was found by its identifier; nothing where the layer goes on.
+    std::optional<fid_span> f_coming;
+    long long f_position = 0;  ///< features that the layer gave since its start
+    long long f_delivered = 0; ///< features handed out since the start
     bool f_in_transaction = false;
     static constexpr long long c_never_kept = -1'000'000'000;
     std::unique_ptr<kept_columns> f_kept;

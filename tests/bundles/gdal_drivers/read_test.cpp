@@ -396,6 +396,22 @@ TEST(gdal_read, pages_by_identifiers_of_any_name)
         ASSERT_EQ(vx::text::wide_to_utf8(fid), name);
         ASSERT_TRUE(s.forward.set_attribute_filter((fid + L" >= 0 LIMIT 3 OFFSET 4").c_str()));
         EXPECT_EQ(rest_of(s), (std::vector<long long>{5, 6, 7}));
+
+        // Without gaps a place is found by the identifier, else by walking there.
+        ASSERT_TRUE(s.forward.set_attribute_filter(nullptr));
+        EXPECT_TRUE(s.random.has_moveto_index());
+        ASSERT_TRUE(s.random.moveto_index(7));
+        EXPECT_EQ(rest_of(s), (std::vector<long long>{8, 9, 10}));
+        EXPECT_FALSE(s.random.moveto_index(10));
+        ASSERT_TRUE(s.forward.reset_reading());
+        EXPECT_EQ(rest_of(s).size(), 10u);
+        run_sql(path, "DELETE FROM t WHERE n = 2");
+        ASSERT_TRUE(s.random.moveto_index(1));
+        EXPECT_EQ(rest_of(s), (std::vector<long long>{2, 4, 5, 6, 7, 8, 9, 10})) << "one has gone meanwhile";
+        source const with_gap(wide + L"|layer=t");
+        EXPECT_FALSE(with_gap.random.has_moveto_index());
+        ASSERT_TRUE(with_gap.random.moveto_index(7));
+        EXPECT_EQ(rest_of(with_gap), (std::vector<long long>{9, 10}));
     }
 }
 
