@@ -242,9 +242,12 @@ void val_scale::resize(unsigned size)
         entries.resize(size);
         f_entries.put(std::move(entries));
     }
-    // Who reads a file asks for one more again and again.
-    while (this->size() < size)
-        f_entries.append(std::make_shared<val_entry>(f_kind));
+    // Who reads a file asks for one more again and again. Many at once lie one behind the other in memory.
+    val_entries::list added(size - this->size());
+    for (auto &entry : added)
+        entry = std::make_shared<val_entry>(f_kind);
+    for (auto &entry : added)
+        f_entries.append(std::move(entry));
     set_active(f_active);
 }
 
